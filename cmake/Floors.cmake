@@ -1,0 +1,40 @@
+# One target per folder of src/. A floor is a static library whose sources are the files of its folder;
+# what it may include is checked by the test "layers", what it links is said where it is declared.
+
+add_library(velmarch_flags INTERFACE)
+target_compile_options(velmarch_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Werror)
+target_compile_definitions(velmarch_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
+target_include_directories(velmarch_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(VELMARCH_SANITIZE)
+    target_compile_options(velmarch_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                    -fno-omit-frame-pointer)
+    target_link_options(velmarch_flags INTERFACE -fsanitize=address,undefined)
+endif()
+
+# velmarch_floor(NAME LINKS target...): the static library of the current folder, alias Velmarch::NAME.
+function(velmarch_floor name)
+    cmake_parse_arguments(FLOOR "" "" "LINKS" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
+         ${CMAKE_CURRENT_SOURCE_DIR}/*.qrc)
+    list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+    add_library(velmarch_${name} STATIC ${sources})
+    add_library(Velmarch::${name} ALIAS velmarch_${name})
+    set_target_properties(velmarch_${name} PROPERTIES LINKER_LANGUAGE CXX)
+    target_link_libraries(velmarch_${name} PUBLIC velmarch_flags ${FLOOR_LINKS})
+endfunction()
+
+# velmarch_tests(LINKS target...): every Test*.cpp of the current folder is a Qt Test program and a ctest.
+function(velmarch_tests)
+    cmake_parse_arguments(TESTS "" "" "LINKS" ${ARGN})
+    file(GLOB tests CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/Test*.cpp)
+    foreach(file ${tests})
+        get_filename_component(name ${file} NAME_WE)
+        add_executable(${name} ${file})
+        target_link_libraries(${name} PRIVATE ${TESTS_LINKS} Velmarch::test_support Qt6::Test)
+        target_compile_definitions(${name} PRIVATE
+            TEST_SOURCE_DIR="${CMAKE_CURRENT_SOURCE_DIR}" TEST_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+        add_test(NAME ${name} COMMAND ${name})
+        set_tests_properties(${name} PROPERTIES TIMEOUT 300
+            ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8")
+    endforeach()
+endfunction()

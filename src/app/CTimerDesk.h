@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+/// What a timer is doing. Stored as these numbers.
+enum class TimerState : int {
+    Stopped = 0,  ///< only for the instant of a start or a stop
+    Paused = 1,
+    Running = 2,
+    Unused = 3,
+    None = 4  ///< answer of a lookup that found no timer
+};
+
+/// What filters and rules of entry need of the timers, without knowing the timer set.
+class CTimerDesk {
+ public:
+    virtual ~CTimerDesk() = default;
+    [[nodiscard]] virtual TimerState StateOf(const QString& recordId) const = 0;
+    /// Runs what the setting timerOnNewTimer says over all timers (0 nothing, 1 pause the running ones, 2
+    /// stop all).
+    virtual bool RunNewTimerAction() = 0;
+    /// A timer from zero for a record that may not be in the document yet.
+    virtual bool StartFromZero(const QString& recordId) = 0;
+    /// Takes a timer out without a fold and without touching a record.
+    virtual void Drop(const QString& recordId) = 0;
+
+    [[nodiscard]] bool HasTimer(const QString& recordId) const {
+        return StateOf(recordId) != TimerState::None;
+    }
+};

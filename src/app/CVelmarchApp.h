@@ -1,0 +1,93 @@
+#pragma once
+
+#include "app/CVelmarchDoc.h"
+#include "config/CCfgStore.h"
+#include "platform/CProfile.h"
+#include "platform/CSettingsTree.h"
+#include "records/CRecordStore.h"
+
+#include <QString>
+#include <QStringList>
+#include <memory>
+#include <optional>
+
+class CClock;
+class CMessagePump;
+class CPrompt;
+class CViewNotifier;
+
+/// What a command line asks a running instance for instead of starting the program.
+enum class Verb { Shutdown, SyncEnd, RegisterSync };
+
+/// The first verb of a command line ("-syncend" or "/syncend", case-sensitive), tried in the order shutdown,
+/// syncend, regadosync over all arguments.
+[[nodiscard]] std::optional<Verb> FindVerb(const QStringList& arguments);
+
+/// The records that screens edit, made once and reused. Process-wide names for those of the application in
+/// use.
+class CTRecord;
+class CERecord;
+extern CTRecord* theTimeEntry;     ///< what the time entry screens edit
+extern CTRecord* theClockEntry;    ///< behind the start and end time pickers
+extern CTRecord* theSpanEntry;     ///< behind the duration picker
+extern CERecord* theExpenseEntry;  ///< what the expense screens edit
+
+/// The application object of window and console: opens home, settings and store in the order of the start,
+/// owns the document, and closes everything in the reverse order, the store last. Timers and views are wired
+/// by main().
+class CVelmarchApp {
+ public:
+    /// What the application needs from outside. All must outlive it.
+    struct Outside {
+        const CClock& clock;
+        CPrompt& prompt;
+        CMessagePump& pump;
+        CViewNotifier& views;
+    };
+    explicit CVelmarchApp(const Outside& outside);
+    ~CVelmarchApp();
+    CVelmarchApp(const CVelmarchApp&) = delete;
+    CVelmarchApp& operator=(const CVelmarchApp&) = delete;
+
+    /// The folder of records and settings: the one given (created when absent, no install check), else the
+    /// environment variable VELMARCH_HOME, else the installed location after its check. False after telling
+    /// the user why.
+    [[nodiscard]] bool ResolveHome(const QString& homeOption);
+    [[nodiscard]] const QString& Home() const { return m_home; }
+
+    /// Opens the settings and makes the settings object and the working records; sets theRecordMode. A
+    /// settings file that can't be read was put aside; the user is told once.
+    [[nodiscard]] bool OpenSettings();
+    /// Opens the record store and makes its tables when it is new. A home that had a store before never
+    /// starts empty in silence: a missing store is asked about, any other trouble told. False then.
+    [[nodiscard]] bool OpenStore();
+    /// Reloads the records of the mode, rebuilds the visible ones, hint Rebuild. Also the handler of Refresh.
+    bool LoadStep();
+
+    [[nodiscard]] CCfgStore& Settings() { return *m_settings; }
+    [[nodiscard]] CSettingsTree& Tree() { return m_tree; }
+    [[nodiscard]] CProfile& Profile() { return *m_profile; }
+    [[nodiscard]] CVOSrcMgr& Manager() { return m_srcMgr; }
+    [[nodiscard]] CRecordStore& Store() { return *m_store; }
+    [[nodiscard]] CVelmarchDoc& Document() { return *m_document; }
+    /// Saves and destroys the settings object; at the end of the window, before the store closes.
+    void CloseSettings();
+
+    static constexpr const char* kMutexName = "Dv.Win.Velmarch.{5E1C7A20-93D4-4C7F-A1B6-2F08D6C4B711}";
+
+ private:
+    [[nodiscard]] bool CheckInstallLocation();
+    [[nodiscard]] bool AskAboutMissingStore(const QString& path);
+
+    Outside m_outside;
+    QString m_home;
+    CVOSrcMgr m_srcMgr;
+    CSettingsTree m_tree;
+    std::unique_ptr<CProfile> m_profile;
+    std::unique_ptr<CCfgStore> m_settings;
+    std::unique_ptr<PrecisionScope> m_precisions;
+    std::unique_ptr<CTRecord> m_timeEntry, m_clockEntry, m_spanEntry;
+    std::unique_ptr<CERecord> m_expenseEntry;
+    std::unique_ptr<CRecordStore> m_store;
+    std::unique_ptr<CVelmarchDoc> m_document;
+};

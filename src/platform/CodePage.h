@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QString>
+
+/// 8-bit text of the system's code page (the locale's encoding) as text; bytes that mean nothing become
+/// U+FFFD.
+[[nodiscard]] QString FromCodePage(QByteArrayView bytes);
+/// The reverse; characters that the code page lacks become a question mark.
+[[nodiscard]] QByteArray ToCodePage(const QString& text);

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "records/CVOSrcMgr.h"
+
+#include <QString>
+#include <functional>
+
+class CPrompt;
+
+/// The program's store access: composes every statement from the language library's pieces, calls the manager
+/// and shows each failure in a box. Holds no connection of its own.
+class CRecordStore {
+ public:
+    CRecordStore(CVOSrcMgr& manager, CPrompt& prompt, const QString& dataSourceName);
+
+    /// 0 when the last operation succeeded or found no row; otherwise the manager's code.
+    std::int32_t m_lastError = 0;
+
+    [[nodiscard]] bool Query(const QString& statement);
+    /// The next row of the query; false with m_lastError 0 after the last one.
+    [[nodiscard]] bool NextRecord(CVORec& record, QString& id, bool advance);
+    [[nodiscard]] bool ReadRecord(CVORec& record, const QString& id);
+    [[nodiscard]] bool ModifyRecord(const CVORec& record, const QString& id, bool noCommit, bool seek);
+    /// A commit that fails after the insert shows its message, sets m_lastError and still returns true: the
+    /// row stands in the open state, and the caller goes on as if it were written. The same holds for
+    /// ModifyRecord.
+    [[nodiscard]] bool InsertRecord(const CVORec& record, bool noCommit);
+    [[nodiscard]] bool DeleteRecord(RecordKind kind, const QString& id);
+    [[nodiscard]] bool Commit();
+    [[nodiscard]] bool IsEOF() const;
+    [[nodiscard]] bool MoveNext();
+
+    [[nodiscard]] QString TableName(RecordKind kind) const;
+    /// "all columns of the kind's table".
+    [[nodiscard]] QString SelectAll(RecordKind kind) const;
+    /// The same for the days from first to last (each month, day, year), through the table's date index.
+    [[nodiscard]] QString SelectDays(RecordKind kind, const int (&first)[3], const int (&last)[3]) const;
+    [[nodiscard]] CVOSrcMgr& Manager() { return m_manager; }
+
+ private:
+    [[nodiscard]] QString ById(Text opening, RecordKind kind, const QString& id) const;
+    bool Fail(Text what, const QString& statement);
+
+    CVOSrcMgr& m_manager;
+    CPrompt& m_prompt;
+    QString m_dataSourceName;
+};
+
+/// A text as a literal of a statement: in apostrophes, those inside doubled. The one place that quotes.
+[[nodiscard]] QString QuoteText(const QString& text);

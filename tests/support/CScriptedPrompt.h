@@ -1,0 +1,33 @@
+#pragma once
+
+#include "lang/Text.h"
+#include "platform/CPrompt.h"
+
+#include <QStringList>
+#include <deque>
+
+/// A script of expected messages and questions. One that wasn't expected, or an expected one that never came,
+/// fails the test.
+class CScriptedPrompt final : public CPrompt {
+ public:
+    ~CScriptedPrompt() override;
+    void Expect(Text question, Answer answer);
+    void ExpectTold(Text message);
+    /// Fails the test when something expected hasn't come.
+    void Finish();
+
+    [[nodiscard]] Answer Ask(const MessageBox& box) override;
+    void Tell(const MessageBox& box) override;
+    [[nodiscard]] std::optional<QString> ChooseFile(const FileChoice& choice) override;
+
+    QStringList told;  ///< all texts shown, in order
+
+ private:
+    struct Expected {
+        int textId;
+        bool isQuestion;
+        Answer answer;
+    };
+    Answer Meet(const MessageBox& box, bool isQuestion);
+    std::deque<Expected> m_expected;
+};

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "app/CVelmarchDoc.h"
+#include "config/CCfgStore.h"
+#include "platform/CProfile.h"
+#include "platform/CSettingsTree.h"
+#include "records/CRecordStore.h"
+#include "support/CScriptedPrompt.h"
+#include "support/CTestClock.h"
+
+#include <QTemporaryDir>
+#include <memory>
+
+/// A scratch home with settings and store, all objects of the core wired as the programs wire them, the clock
+/// and the user's answers in the test's hands. Loads the language library of the build.
+class TestHome {
+ public:
+    TestHome();
+    ~TestHome();
+
+    [[nodiscard]] QString Path() const { return m_folder.path(); }
+    /// A stored record with these times ("09:00", "17:00", empty for none) on a date.
+    QString AddTime(int year, int month, int day, const QString& start = {}, const QString& end = {});
+
+    /// Notes every hint with its identities.
+    class Views final : public CViewNotifier {
+     public:
+        void NotifyViews(Hint hint, const QStringList& ids) override { seen.append({hint, ids}); }
+        QList<std::pair<Hint, QStringList>> seen;
+    };
+
+ private:
+    QTemporaryDir m_folder;
+
+ public:
+    CTestClock clock;
+    CScriptedPrompt prompt;
+    CRegionalInfo region;
+    Views views;
+    CSettingsTree tree;
+    std::unique_ptr<CProfile> profile;
+    std::unique_ptr<CCfgStore> settings;
+    CVOSrcMgr manager;
+    std::unique_ptr<CRecordStore> store;
+    std::unique_ptr<CVelmarchDoc> document;
+};
