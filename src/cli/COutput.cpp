@@ -70,6 +70,11 @@ void COutput::NoteBare(const QString& text) {
     (void)WriteAll(m_notes, WithoutControls(text, true).toUtf8());
 }
 
+void COutput::Progress(const QString& text) {
+    (void)WriteAll(m_notes, "\r");
+    NoteBare(text);
+}
+
 void COutput::Note(const QString& text) {
     if (!isQuiet) NoteBare(text + u'\n');
 }

@@ -24,8 +24,10 @@ class COutput {
 
     void Note(const QString& text);
     void Complain(const QString& text);
-    /// Without a line feed at the end: for questions and progress.
+    /// Without a line feed at the end: for questions.
     void NoteBare(const QString& text);
+    /// In place of what stands on the terminal's line.
+    void Progress(const QString& text);
 
  private:
     void Flush();

@@ -49,7 +49,7 @@ ExitCode FillDemo(const CArguments& arguments, Console& console, RecordDesk& des
     const DemoCounts counts = ShareOut(*count);
     const bool showsProgress = !console.out.isQuiet && ::isatty(STDERR_FILENO) != 0;
     const auto progress = [&](int written) {
-        console.out.NoteBare(FormatText<Text::CliProgress>(written, *count));
+        console.out.Progress(FormatText<Text::CliProgress>(written, *count));
     };
     const DemoOutcome outcome =
         FillWithDemoData(desk.document.Store(), console.clock, counts, static_cast<std::uint32_t>(*seed),
