@@ -58,8 +58,9 @@ void CRecordCommands::Delete(const QStringList& ids, bool ask) {
         !Confirmed(Text::AskDeleteRecords, Text::AskDeleteTitle, Text::AskDeleteTitle))
         return;
     m_around.document.NotifyViews(Hint::AboutToGo, ids);
-    const int done = RunOver(ids, m_around.progress, FormatText<Text::ProgressDelete>(static_cast<int>(ids.size())),
-                             [this](const QString& id) { return DeleteOne(id); });
+    const int done =
+        RunOver(ids, m_around.progress, FormatText<Text::ProgressDelete>(static_cast<int>(ids.size())),
+                [this](const QString& id) { return DeleteOne(id); });
     m_around.document.FlushPending(Hint::Deleted);
     // What stayed, because one failed or the user cancelled, was taken out of the views above.
     if (done < ids.size()) m_around.document.NotifyViews(Hint::Rebuild);

@@ -33,7 +33,8 @@ class CRecordCommands {
     };
     explicit CRecordCommands(const Around& around) : m_around(around) {}
 
-    /// The views drop the records first, then they go one by one with their timers. ask: as confirmDelete says.
+    /// The views drop the records first, then they go one by one with their timers. ask: as confirmDelete
+    /// says.
     void Delete(const QStringList& ids, bool ask);
     void Copy(const QStringList& ids);
     /// A record that bears the mark already is left alone.
