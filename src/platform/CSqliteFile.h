@@ -4,21 +4,24 @@
 #include <QString>
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 struct sqlite3;
 struct sqlite3_stmt;
+class CLockWait;
+class CStatementCache;
 
 /// How opening a database file ended.
 enum class OpenOutcome {
     Created,  ///< the file was absent and has been made
     Existed,
     Missing,   ///< absent, and creating was not asked for
-    ReadOnly,  ///< readable, but not writable
+    ReadOnly,  ///< open for reading, but not writable
     Locked,    ///< another program held it for too long
-    Damaged,
-    Foreign,  ///< no database, or another program's
-    Newer,    ///< made by a newer version of the program
-    Failed    ///< anything else: see Error()
+    Damaged,   ///< or no database at all
+    Foreign,   ///< another program's, an empty file where none is to be made, or a folder
+    Newer,     ///< made by a newer version of the program
+    Failed     ///< anything else: see Error()
 };
 
 /// What identifies a file of ours and how it is to be opened.
@@ -38,6 +41,10 @@ class CSqliteFile {
     CSqliteFile(const CSqliteFile&) = delete;
     CSqliteFile& operator=(const CSqliteFile&) = delete;
 
+    /// Opens the file; it is open afterwards if the outcome is Created, Existed or ReadOnly. Two programs
+    /// that create a file at once both succeed, one of them with Existed; the tables are then the caller's to
+    /// make, IF NOT EXISTS and in one transaction. The path ":memory:" makes a database that is gone at the
+    /// end.
     [[nodiscard]] OpenOutcome Open(const QString& path, const SqliteFileKind& kind, bool create);
     void Close();
     [[nodiscard]] bool IsOpen() const { return m_db != nullptr; }
@@ -50,6 +57,8 @@ class CSqliteFile {
 
     /// BEGIN IMMEDIATE; nothing when a transaction is open already.
     [[nodiscard]] bool Begin();
+    /// Nothing when no transaction was begun. False also when SQLite has undone the transaction by itself
+    /// after a failed statement. After another failure it is still open: see InTransaction.
     [[nodiscard]] bool Commit();
     void Rollback();
     [[nodiscard]] bool InTransaction() const;
@@ -67,13 +76,27 @@ class CSqliteFile {
     [[nodiscard]] const QString& Path() const { return m_path; }
 
  private:
-    class Statements;
+    struct Identity;
+    [[nodiscard]] std::optional<OpenOutcome> Examine(bool create);
+    [[nodiscard]] bool Connect(const SqliteFileKind& kind);
+    [[nodiscard]] bool ReadIdentity(Identity& identity) const;
+    [[nodiscard]] OpenOutcome Identify(const SqliteFileKind& kind, bool create);
+    [[nodiscard]] bool Stamp(const SqliteFileKind& kind, bool& created);
+    [[nodiscard]] bool UseRollbackJournal();
+    [[nodiscard]] OpenOutcome Fail();
+    [[nodiscard]] OpenOutcome Refuse(OpenOutcome outcome, const QString& sentence);
+    [[nodiscard]] bool Run(const QByteArray& sql);
+    void NoteErrorCode(int code);
+
     sqlite3* m_db = nullptr;
-    std::unique_ptr<Statements> m_statements;
+    std::unique_ptr<CStatementCache> m_statements;
+    std::unique_ptr<CLockWait> m_lockWait;
     QString m_path;
     QString m_error;
     int m_errorCode = 0;
     bool m_readOnly = false;
+    bool m_began = false;
+    bool m_isMemory = false;
     std::uint64_t m_device = 0;
     std::uint64_t m_inode = 0;
 };

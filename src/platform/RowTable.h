@@ -1,8 +1,8 @@
 #pragma once
 
+#include <QByteArray>
 #include <QByteArrayView>
 #include <cstdint>
-#include <string>
 #include <vector>
 
 /// What a column of a row table holds.
@@ -30,12 +30,17 @@ class RowTable {
     /// A text column of a row, valid as long as the table lives and doesn't grow.
     [[nodiscard]] QByteArrayView Text(int column, std::size_t row) const;
 
-    /// Filling: the values of a row column by column, then EndRow. A value goes to the column of its own
-    /// type.
-    void PutInteger(int column, std::int64_t value);
-    void PutReal(int column, double value);
+    /// Filling: the values of a row column by column, every column once, then EndRow. A value goes to the
+    /// column of its own type. A text has at most 4 GiB (the store's limit is far lower).
+    void PutInteger(int column, std::int64_t value) {
+        m_columns[static_cast<std::size_t>(column)].integers.push_back(static_cast<std::int16_t>(value));
+    }
+    void PutReal(int column, double value) {
+        m_columns[static_cast<std::size_t>(column)].reals.push_back(value);
+    }
     void PutText(int column, const char* text, std::size_t bytes);
     void EndRow() { ++m_rows; }
+    /// Makes room for this many rows in all.
     void Reserve(std::size_t rows);
 
  private:
@@ -43,8 +48,9 @@ class RowTable {
         RowColumnType type = RowColumnType::Integer;
         std::vector<std::int16_t> integers;
         std::vector<double> reals;
-        std::string block;              ///< the texts end to end
-        std::vector<std::size_t> ends;  ///< where each text ends in the block
+        QByteArray block;                    ///< the texts end to end; grows without being copied
+        std::vector<std::uint32_t> lengths;  ///< bytes of each text
+        std::vector<std::size_t> starts;     ///< where every eighth text starts in the block
     };
     std::vector<Column> m_columns;
     std::size_t m_rows = 0;
