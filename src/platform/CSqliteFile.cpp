@@ -308,5 +308,5 @@ void CSqliteFile::NoteErrorCode(int code) {
     if (mayBeGone && m_inode != 0 && !IsStillInPlace()) code = SQLITE_READONLY_DBMOVED;
     m_errorCode = code;
     m_error =
-        SqliteSentence(code, sqlite3_system_errno(m_db), m_path, QString::fromUtf8(sqlite3_errmsg(m_db)));
+        SqliteSentence(code, SystemError(m_db, primary), m_path, QString::fromUtf8(sqlite3_errmsg(m_db)));
 }

@@ -26,10 +26,6 @@ constexpr qsizetype kDigestSize = 16;
 /// More than any row can hold, packed as tightly as can be.
 constexpr qsizetype kMaxUnpacked = 1 << 20;
 
-constexpr int kBadEncoding = -1;
-constexpr int kBadDigest = -2;
-constexpr int kTooLong = -3;
-
 QByteArray Md5(QByteArrayView bytes) {
     return QCryptographicHash::hash(bytes, QCryptographicHash::Md5);
 }
@@ -81,7 +77,7 @@ std::span<const FieldDef> CDRecord::GetFieldDefs() const {
 bool CDRecord::WriteFields(CVORecordset& row) const {
     const QString block = QString::fromLatin1(Guarded(*this).toHex().toUpper());
     if (block.size() > kLongTextLength)
-        return Refuse(row, kTooLong, BlockTooLong, BlockTooLong, BlockTooLong);
+        return Refuse(row, RowError::kTooLong, BlockTooLong, BlockTooLong, BlockTooLong);
     RowWriter out(row, kFields);
     out.PutInt(number);
     out.PutText(block);
@@ -92,10 +88,10 @@ bool CDRecord::WriteFields(CVORecordset& row) const {
 bool CDRecord::ReadFields(CVORecordset& row) {
     number = row.GetFieldValueString(kNumberColumn).toInt();
     const std::optional<QByteArray> block = FromHex(row.GetFieldValueString(kBlockColumn));
-    if (!block) return Refuse(row, kBadEncoding, BadBlockTitle, BadBlockEncoding, BadBlockAdvice);
+    if (!block) return Refuse(row, RowError::kBadEncoding, BadBlockTitle, BadBlockEncoding, BadBlockAdvice);
     const BlockState state = CheckGuarded(*block);
     if (state == BlockState::DigestDiffers)
-        return Refuse(row, kBadDigest, BadBlockTitle, BadBlockDigest, BadBlockAdvice);
+        return Refuse(row, RowError::kBadDigest, BadBlockTitle, BadBlockDigest, BadBlockAdvice);
     if (state != BlockState::Sound || !Unguard(*block, isPacked, data)) return false;
     SetId(row.GetFieldValueString(kIdentityColumn));
     return true;

@@ -256,6 +256,17 @@ class TestCVelmarchApp : public QObject {
         QVERIFY(start.prompt.told.first().contains(u"velmarch.store"_s));
     }
 
+    void OpenStoreWhoseTablesAreGone() {
+        {
+            Start start;
+            QVERIFY(start.OpenAll(Path(u"home"_s)));
+            QVERIFY(start.app.Manager().File().Execute("DROP TABLE time_velmarch"));
+        }
+        Start start;
+        start.prompt.Expect(Text::StoreMissing, Answer::No);
+        QVERIFY(!start.OpenAll(Path(u"home"_s)));
+    }
+
     void OpenStoreThatCanNotBeOpened_data() {
         QTest::addColumn<QString>("trouble");
         QTest::newRow("damaged") << u"damaged"_s;

@@ -57,7 +57,7 @@ class TestVORecPtrCol : public QObject {
         QTest::newRow("an identity") << u"0192A4B8C7D6E5F40011223344556677"_s;
         QTest::newRow("an empty text") << QString();
         QTest::newRow("one letter") << u"a"_s;
-        QTest::newRow("a text with a null character") << QString(u"ab") + QChar(0) + u"cd"_s;
+        QTest::newRow("a text with a null character") << u"ab"_s + QChar(0) + u"cd"_s;
         QTest::newRow("umlauts and an emoji") << u"Grüße 🕒"_s;
         QTest::newRow("ten thousand characters") << QString(10000, u'x');
         QTest::newRow("a lone surrogate") << QString(QChar(0xD83D));
