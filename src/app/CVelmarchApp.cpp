@@ -165,17 +165,26 @@ bool CVelmarchApp::OpenStore() {
     const QString path = m_home + u'/' + m_srcMgr.m_fileName;
     const QString section = kStoreSection.toString(), entry = kStoreKnown.toString();
     const bool isKnown = m_profile->GetInt(section, entry, 0) == 1;
-    if (isKnown && QFileInfo(path).size() == 0 && !AskAboutMissingStore(path)) return false;
+    const bool isMissing = isKnown && QFileInfo(path).size() == 0;
+    if (isMissing && !AskAboutMissingStore(path)) return false;
 
+    m_srcMgr.m_mayCreate = isMissing || !isKnown;
     eActionDisposition source{}, second{};
-    if (!m_srcMgr.InitDataSrc(source, second) || (source == eActionDisposition::Created && !MakeTables())) {
-        const QString text = FormatText<Text::StoreCantOpen>(path, m_srcMgr.m_error);
-        Tell(Text::StoreCantOpen, text, Text::StoreProblemTitle);
-        return false;
+    if (!m_srcMgr.InitDataSrc(source, second)) return TellStoreCantOpen(path);
+    if (source == eActionDisposition::Created) {
+        // A file is there, but its tables are gone: the same question.
+        if (isKnown && !isMissing && !AskAboutMissingStore(path)) return false;
+        if (!MakeTables()) return TellStoreCantOpen(path);
     }
     // Where it can't be noted, a later loss goes unnoticed, and nothing else.
     if (!isKnown) m_profile->WriteInt(section, entry, 1);
     return true;
+}
+
+bool CVelmarchApp::TellStoreCantOpen(const QString& path) {
+    Tell(Text::StoreCantOpen, FormatText<Text::StoreCantOpen>(path, m_srcMgr.m_error),
+         Text::StoreProblemTitle);
+    return false;
 }
 
 bool CVelmarchApp::MakeTables() {

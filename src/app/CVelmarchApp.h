@@ -83,6 +83,7 @@ class CVelmarchApp {
     [[nodiscard]] bool CheckInstallLocation();
     [[nodiscard]] bool UseFolder(const QString& path);
     [[nodiscard]] bool AskAboutMissingStore(const QString& path);
+    bool TellStoreCantOpen(const QString& path);
     [[nodiscard]] bool MakeTables();
     void TellNotInstalled(const QString& why);
     void Tell(Text id, const QString& text, Text title);

@@ -44,6 +44,14 @@ bool IsWritable(const QString& path) {
     return may(path) && may(QFileInfo(path).path());
 }
 
+/// The errno behind a failure. After a failed read or write SQLite's own answer is that of the clean-up that
+/// followed; the file itself remembers the real one.
+int SystemError(sqlite3* db, int primaryCode) {
+    int error = 0;
+    if (primaryCode == SQLITE_IOERR) sqlite3_file_control(db, "main", SQLITE_FCNTL_LAST_ERRNO, &error);
+    return error != 0 ? error : sqlite3_system_errno(db);
+}
+
 /// The settings of every connection that change nothing in the file.
 constexpr char kConnectionSettings[] =
     "PRAGMA cell_size_check=ON; PRAGMA mmap_size=0; PRAGMA synchronous=EXTRA;";
@@ -234,15 +242,25 @@ bool CSqliteFile::Run(const QByteArray& sql) {
 }
 
 bool CSqliteFile::Begin() {
-    return InTransaction() || Run("BEGIN IMMEDIATE");
+    if (InTransaction()) return true;
+    m_began = Run("BEGIN IMMEDIATE");
+    return m_began;
 }
 
 bool CSqliteFile::Commit() {
-    return !InTransaction() || Run("COMMIT");
+    if (InTransaction()) {
+        if (!Run("COMMIT")) return false;
+        m_began = false;
+        return true;
+    }
+    // A full disk, for instance, makes SQLite undo the whole transaction by itself.
+    const bool wasUndone = std::exchange(m_began, false);
+    return !wasUndone;
 }
 
 /// Keeps the error that led here.
 void CSqliteFile::Rollback() {
+    m_began = false;
     if (InTransaction()) sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
@@ -290,5 +308,5 @@ void CSqliteFile::NoteErrorCode(int code) {
     if (mayBeGone && m_inode != 0 && !IsStillInPlace()) code = SQLITE_READONLY_DBMOVED;
     m_errorCode = code;
     m_error =
-        SqliteSentence(code, sqlite3_system_errno(m_db), m_path, QString::fromUtf8(sqlite3_errmsg(m_db)));
+        SqliteSentence(code, SystemError(m_db, primary), m_path, QString::fromUtf8(sqlite3_errmsg(m_db)));
 }
