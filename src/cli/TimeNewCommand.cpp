@@ -1,6 +1,7 @@
 #include "app/CVelmarchDoc.h"
 #include "cli/CArguments.h"
 #include "cli/COutput.h"
+#include "cli/CTimerAccess.h"
 #include "cli/CWindowLink.h"
 #include "cli/RecordDesk.h"
 #include "cli/RecordSteps.h"

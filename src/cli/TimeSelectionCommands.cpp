@@ -2,6 +2,7 @@
 #include "cli/CArguments.h"
 #include "cli/CJsonText.h"
 #include "cli/COutput.h"
+#include "cli/CTimerAccess.h"
 #include "cli/CWindowLink.h"
 #include "cli/RecordDesk.h"
 #include "cli/RecordSteps.h"
@@ -9,6 +10,7 @@
 #include "config/CCfgStore.h"
 #include "entry/RecordMarks.h"
 #include "lang/FormatText.h"
+#include "records/CTRecord.h"
 
 #include <QJsonObject>
 #include <algorithm>
@@ -56,8 +58,8 @@ void PrintCount(COutput& out, const char* key, Text sentence, qsizetype count) {
     out.Put("\n");
 }
 
-/// Runs the work on every identity and makes it durable with one commit. Undone as a whole when one fails or
-/// when beforeCommit doesn't agree.
+/// Runs the work on every identity within one transaction, which the caller commits. Undone as a whole when one
+/// fails.
 bool AsOneChange(RecordDesk& desk, const QStringList& ids, const std::function<bool(const QString&)>& work) {
     CVOSrcMgr& manager = desk.document.Store().Manager();
     if (!desk.document.BeginBatch()) return false;

@@ -102,6 +102,15 @@ ExitCode PauseAllTimers(const CArguments&, Console& console, RecordDesk& desk) {
     return RunAndShow(u"pause-all"_s, {}, console, desk);
 }
 
+ExitCode DropTimer(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const QString typed = arguments.Words().first();
+    const auto id = EnteredValues::ReadIdentity(typed);
+    desk.timers.Read();
+    if (!id || !desk.timers.Find(*id))
+        return Refuse(ExitCode::NotFound, FormatText<Text::CliNoSuchTimer>(typed), console);
+    return RunAndShow(u"drop"_s, *id, console, desk);
+}
+
 ExitCode ShowTimers(const CArguments&, Console& console, RecordDesk& desk) {
     return RunAndShow(u"status"_s, {}, console, desk);
 }
