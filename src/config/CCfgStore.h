@@ -95,6 +95,7 @@ class CCfgStore : public Settings, public CPrecisionSource {
 
     [[nodiscard]] CProfile& Profile() { return m_profile; }
     [[nodiscard]] CSettingsTree& Tree() { return m_tree; }
+    [[nodiscard]] const CSettingsTree& Tree() const { return m_tree; }
     [[nodiscard]] const CRegionalInfo& Region() const { return m_region; }
 
     // Decimal places for records: the settings, brought into 0 to 6.

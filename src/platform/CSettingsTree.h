@@ -93,5 +93,6 @@ class CSettingsTree {
     std::unique_ptr<CSqliteFile> m_file;
     QString m_keptAside;
     QString m_error;
+    QString m_reason;  ///< why the file at the path isn't used as it was found
     bool m_inChange = false;
 };

@@ -1,9 +1,5 @@
 #include "records/FieldValues.h"
 
-#include "calendar/DateText.h"
-#include "calendar/NumberText.h"
-#include "lang/FormatText.h"
-#include "platform/CRegionalInfo.h"
 #include "records/FieldTexts.h"
 
 #include <algorithm>

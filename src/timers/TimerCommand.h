@@ -7,7 +7,8 @@ class CVelmarchDoc;
 
 /// Carries out one timer command as it travels between console and window, the same in both:
 /// {"action": "start"|"pause"|"stop"|"stop-all"|"pause-all"|"status", "id": "..."}.
-/// Answer {"ok": true, "timers": [{"id", "state", "seconds"}]} or {"ok": false, "exit": 1|4, "error":
-/// "words"}. All running timers are folded, and the fold stored, before anything is paused, stopped or shown.
+/// Answer {"ok": true, "timers": [{"id", "state", "seconds"}]}, all timers as they are afterwards, counted on
+/// to now, or {"ok": false, "exit": 1|4, "error": "words"}. All running timers are folded, and the fold
+/// stored, before anything is paused, stopped or asked for.
 [[nodiscard]] QJsonObject RunTimerCommand(const QJsonObject& command, CRecordTimers& timers,
                                           CVelmarchDoc& document);

@@ -42,7 +42,7 @@ QString Hints(TestHome& home, const QStringList& ids = {}) {
     QStringList told;
     for (const auto& [hint, carried] : home.views.seen) {
         QString one = QString::number(static_cast<int>(hint));
-        for (const QString& id : carried) one += u' ' + QString(QChar(u'A' + ids.indexOf(id)));
+        for (const QString& id : carried) one += u' ' + QChar(static_cast<char16_t>(u'A' + ids.indexOf(id)));
         told.append(one);
     }
     home.views.seen.clear();

@@ -1,0 +1,16 @@
+#include "shell/CEventPump.h"
+
+#include <QCoreApplication>
+
+namespace {
+constexpr int kEveryMs = 50;
+}
+
+/// Sockets wait: a command of another process must not find half of the records.
+bool CEventPump::Pump() {
+    if (m_quit) return false;
+    if (m_since.isValid() && m_since.elapsed() < kEveryMs) return true;
+    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
+    m_since.start();
+    return !m_quit;
+}
