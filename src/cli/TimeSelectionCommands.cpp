@@ -121,7 +121,7 @@ std::span<const OptionRow> TimeMarkOptions() {
 
 ExitCode DeleteTimes(const CArguments& arguments, Console& console, RecordDesk& desk) {
     const auto ids = FindTimeRecords(arguments.Words(), console, desk);
-    if (!ids) return ExitCode::NotFound;
+    if (!ids) return LookupFailed(desk);
     const bool isAgreed = !desk.settings.confirmDelete ||
                           Confirm(Text::AskDeleteRecords, Text::AskDeleteTitle, Text::AskDeleteTitle, console);
     const ExitCode exit = isAgreed ? DeleteNow(desk, *ids, console) : ExitCode::Failed;
@@ -132,7 +132,7 @@ ExitCode DeleteTimes(const CArguments& arguments, Console& console, RecordDesk& 
 
 ExitCode CopyTimes(const CArguments& arguments, Console& console, RecordDesk& desk) {
     const auto ids = FindTimeRecords(arguments.Words(), console, desk);
-    if (!ids) return ExitCode::NotFound;
+    if (!ids) return LookupFailed(desk);
     if (desk.settings.confirmCopy &&
         !Confirm(Text::AskCopyRecords, Text::AskCopyTitle, Text::AskCopyTitle, console))
         return ExitCode::Failed;
@@ -163,7 +163,7 @@ ExitCode MarkTimes(const CArguments& arguments, Console& console, RecordDesk& de
     const MarkRow* row = FindMark(name);
     if (!row) return Refuse(ExitCode::Usage, FormatText<Text::CliNoSuchMark>(name, MarkNames()), console);
     const auto ids = FindTimeRecords(arguments.Words(), console, desk);
-    if (!ids) return ExitCode::NotFound;
+    if (!ids) return LookupFailed(desk);
     const bool isAgreed =
         !desk.settings.confirmMark || Confirm(Text::AskMarkRecords, Text::AskMarkTitle, Text::AskMarkTitle, console);
     QStringList changed;
