@@ -1,6 +1,10 @@
 // Makes the language library's source and the header of its names from the list of texts.
 // usage: maketexts LIST HEADER SOURCE
+#include "lang/TextFormat.h"
+
+#include <algorithm>
 #include <cctype>
+#include <cstdlib>
 #include <fstream>
 #include <iostream>
 #include <map>
@@ -10,7 +14,7 @@
 
 namespace {
 
-struct TextRow {
+struct ListRow {
     std::string name;
     std::string text;
 };
@@ -28,7 +32,8 @@ std::string Unquote(const std::string& quoted, const std::string& list, int line
             out += quoted[i];
             continue;
         }
-        switch (quoted[++i]) {
+        if (++i + 1 == quoted.size()) Fail(list, line, "the closing quote is escaped");
+        switch (quoted[i]) {
             case 'n':
                 out += '\n';
                 break;
@@ -59,25 +64,11 @@ std::string Plain(const std::string& text) {
     return out;
 }
 
-/// The kinds of arguments that a format takes: d whole number, g floating point, s text.
+/// The kinds of arguments that a format takes; a text with an unknown form ends the run.
 std::string Signature(const std::string& text, const std::string& list, int line) {
-    std::string kinds;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '%') continue;
-        ++i;
-        if (i < text.size() && text[i] == '%') continue;
-        while (i < text.size() && (std::isdigit(static_cast<unsigned char>(text[i])) || text[i] == '.')) ++i;
-        const char kind = i < text.size() ? text[i] : '\0';
-        if (kind == 'd')
-            kinds += 'd';
-        else if (kind == 'f' || kind == 'g')
-            kinds += 'g';
-        else if (kind == 's')
-            kinds += 's';
-        else
-            Fail(list, line, "a percent sign that starts no known form; write %% for a percent sign");
-    }
-    return kinds;
+    const auto kinds = FormatKinds(text);
+    if (!kinds) Fail(list, line, "a percent sign that starts no known form; write %% for a percent sign");
+    return *kinds;
 }
 
 std::string Literal(const std::string& text) {
@@ -97,22 +88,38 @@ std::string Literal(const std::string& text) {
     return out.str();
 }
 
-std::map<int, TextRow> ReadList(const std::string& path) {
+/// The name becomes an enumerator, so it must be one word of letters and digits with a capital in front.
+bool IsName(const std::string& name) {
+    const auto isPart = [](unsigned char c) { return std::isalnum(c) != 0; };
+    return std::isupper(static_cast<unsigned char>(name[0])) && std::all_of(name.begin(), name.end(), isPart);
+}
+
+/// The text of a row, as it stands behind number and name.
+std::string ReadText(const std::string& rest, const std::string& list, int line) {
+    if (rest.starts_with('"')) {
+        if (rest.size() < 2 || rest.back() != '"') Fail(list, line, "the closing quote is missing");
+        return Unquote(rest, list, line);
+    }
+    if (rest.ends_with(' ')) Fail(list, line, "a text with a blank at its end needs quotes");
+    return Plain(rest);
+}
+
+std::map<int, ListRow> ReadList(const std::string& path) {
     std::ifstream in(path);
     if (!in) Fail(path, 0, "can't be read");
-    std::map<int, TextRow> rows;
+    std::map<int, ListRow> rows;
     std::set<std::string> names;
     std::string line;
     for (int number = 1; std::getline(in, line); ++number) {
         if (line.empty() || line[0] == '#') continue;
         std::istringstream parts(line);
         int id = 0;
-        TextRow row;
-        if (!(parts >> id >> row.name)) Fail(path, number, "expected: number name text");
+        ListRow row;
+        if (!(parts >> id >> row.name) || id < 1 || !IsName(row.name))
+            Fail(path, number, "expected: number Name text");
         std::string rest;
         std::getline(parts >> std::ws, rest);
-        const bool quoted = rest.size() >= 2 && rest.front() == '"' && rest.back() == '"';
-        row.text = quoted ? Unquote(rest, path, number) : Plain(rest);
+        row.text = ReadText(rest, path, number);
         if (!names.insert(row.name).second) Fail(path, number, "the name " + row.name + " comes twice");
         Signature(row.text, path, number);
         if (!rows.emplace(id, row).second)
@@ -121,7 +128,13 @@ std::map<int, TextRow> ReadList(const std::string& path) {
     return rows;
 }
 
-void WriteHeader(const std::string& path, const std::map<int, TextRow>& rows, const std::string& list) {
+/// A full disk must not leave half a file that compiles.
+void Finish(std::ofstream& out, const std::string& path) {
+    out.close();
+    if (!out) Fail(path, 0, "can't be written");
+}
+
+void WriteHeader(const std::string& path, const std::map<int, ListRow>& rows, const std::string& list) {
     std::ofstream out(path);
     out << "// Made from lang/eng.txt. Don't edit.\n#pragma once\n\n#include <string_view>\n\n"
         << "/// The texts of the language library by readable names.\nenum class Text : int {\n";
@@ -134,9 +147,10 @@ void WriteHeader(const std::string& path, const std::map<int, TextRow>& rows, co
         if (!kinds.empty()) out << "        case Text::" << row.name << ": return \"" << kinds << "\";\n";
     }
     out << "        default: return \"\";\n    }\n}\n";
+    Finish(out, path);
 }
 
-void WriteSource(const std::string& path, const std::map<int, TextRow>& rows) {
+void WriteSource(const std::string& path, const std::map<int, ListRow>& rows) {
     std::ofstream out(path);
     out << "// Made from lang/eng.txt. Don't edit.\n#include \"lang/TextRow.h\"\n\n"
         << "extern \"C\" __attribute__((visibility(\"default\"))) const TextRow* LanguageTexts(int* count) "
@@ -146,6 +160,7 @@ void WriteSource(const std::string& path, const std::map<int, TextRow>& rows) {
         out << "        {" << id << ", " << Literal(row.name) << ", " << Literal(row.text) << "},\n";
     out << "    };\n    *count = static_cast<int>(sizeof kTexts / sizeof kTexts[0]);\n    return "
            "kTexts;\n}\n";
+    Finish(out, path);
 }
 
 }  // namespace

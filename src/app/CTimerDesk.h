@@ -23,6 +23,9 @@ class CTimerDesk {
     virtual bool StartFromZero(const QString& recordId) = 0;
     /// Takes a timer out without a fold and without touching a record.
     virtual void Drop(const QString& recordId) = 0;
+    /// The record of a timer that was started for it in advance is in the store now: the timer is saved from
+    /// here on.
+    virtual void Keep(const QString&) {}
 
     [[nodiscard]] bool HasTimer(const QString& recordId) const {
         return StateOf(recordId) != TimerState::None;

@@ -4,7 +4,9 @@
 #include "config/CCfgStore.h"
 #include "platform/CProfile.h"
 #include "platform/CSettingsTree.h"
+#include "records/CERecord.h"
 #include "records/CRecordStore.h"
+#include "records/CTRecord.h"
 
 #include <QString>
 #include <QStringList>
@@ -25,8 +27,6 @@ enum class Verb { Shutdown, SyncEnd, RegisterSync };
 
 /// The records that screens edit, made once and reused. Process-wide names for those of the application in
 /// use.
-class CTRecord;
-class CERecord;
 extern CTRecord* theTimeEntry;     ///< what the time entry screens edit
 extern CTRecord* theClockEntry;    ///< behind the start and end time pickers
 extern CTRecord* theSpanEntry;     ///< behind the duration picker
@@ -56,11 +56,19 @@ class CVelmarchApp {
     [[nodiscard]] const QString& Home() const { return m_home; }
 
     /// Opens the settings and makes the settings object and the working records; sets theRecordMode. A
-    /// settings file that can't be read was put aside; the user is told once.
+    /// settings file that can't be read was put aside; the user is told once. False when the settings can't
+    /// be kept (a newer or locked file): the user is told, and they live in memory. The window goes on like
+    /// that; a console command, whose effect would be lost with its end, doesn't.
     [[nodiscard]] bool OpenSettings();
     /// Opens the record store and makes its tables when it is new. A home that had a store before never
-    /// starts empty in silence: a missing store is asked about, any other trouble told. False then.
+    /// starts empty in silence: a missing store is asked about, any other trouble told. False then. A store
+    /// that can only be read is opened: changes fail one by one, in words.
     [[nodiscard]] bool OpenStore();
+    /// For whoever examines a home without starting from it: the suffix of table names, the name of the
+    /// settings file, and whether a home had a store before.
+    [[nodiscard]] static QString DataSourceName();
+    [[nodiscard]] static QString SettingsFileName();
+    [[nodiscard]] static bool ExpectsStore(const CProfile& profile);
     /// Reloads the records of the mode, rebuilds the visible ones, hint Rebuild. Also the handler of Refresh.
     bool LoadStep();
 
@@ -70,14 +78,20 @@ class CVelmarchApp {
     [[nodiscard]] CVOSrcMgr& Manager() { return m_srcMgr; }
     [[nodiscard]] CRecordStore& Store() { return *m_store; }
     [[nodiscard]] CVelmarchDoc& Document() { return *m_document; }
-    /// Saves and destroys the settings object; at the end of the window, before the store closes.
+    /// Saves and destroys the settings object; at the end of the window, before the store closes. The window
+    /// has noted the mode in them before (lastModeWasTime); a console command leaves that as it was.
     void CloseSettings();
 
     static constexpr const char* kMutexName = "Dv.Win.Velmarch.{5E1C7A20-93D4-4C7F-A1B6-2F08D6C4B711}";
 
  private:
     [[nodiscard]] bool CheckInstallLocation();
+    [[nodiscard]] bool UseFolder(const QString& path);
     [[nodiscard]] bool AskAboutMissingStore(const QString& path);
+    bool TellStoreCantOpen(const QString& path);
+    [[nodiscard]] bool MakeTables();
+    void TellNotInstalled(const QString& why);
+    void Tell(Text id, const QString& text, Text title);
 
     Outside m_outside;
     QString m_home;

@@ -6,15 +6,16 @@
 #include "app/VORecPtrCol.h"
 #include "records/CRecordStore.h"
 
-#include <QHash>
 #include <QStringList>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class CCfgStore;
 class CClock;
 class CMessagePump;
 class CTimerDesk;
+class CTRecord;
 
 /// What the document needs from outside, handed in at its making.
 struct DocumentSurroundings {
@@ -27,50 +28,68 @@ struct DocumentSurroundings {
 
 /// Holds the records of the current mode in memory, decides which pass the filter, and is the only one that
 /// changes time and expense records: the store first, then memory, then a hint to the views.
+///
+/// Pointers to records stay good until the views have been told that the record changed or went: at the
+/// latest by the hint that a batch ends with, or by Rebuild or Clear.
 class CVelmarchDoc {
  public:
+    /// More identities than these aren't refreshed one by one.
+    static constexpr qsizetype kMostRefreshed = 1000;
+
     explicit CVelmarchDoc(const DocumentSurroundings& around);
     ~CVelmarchDoc();
+    CVelmarchDoc(const CVelmarchDoc&) = delete;
+    CVelmarchDoc& operator=(const CVelmarchDoc&) = delete;
 
     /// Who knows the timers; null: no record has one.
     void SetTimers(const CTimerDesk* timers) { m_timers = timers; }
 
     /// Reloads all records of a kind (time or expense): hint Clear, then the bulk path, then row by row where
-    /// that fails.
+    /// that fails. True as well when the rows can't be read: the store has told the user, and the collection
+    /// holds what came.
     bool LoadRecords(RecordKind kind);
     bool LoadCurrentMode() { return LoadRecords(KindOf(theRecordMode)); }
     /// Rebuilds the visible records by the mode's filter.
     void BuildVisible();
     void ResetTimeFilter();
     void CollectTimeIds(QStringList& out);
-    /// For console commands about one record: the record from memory, or read into it from the store. Null
-    /// when absent.
+    /// For commands about one record: the record from memory, or read from the store and kept apart from the
+    /// loaded ones, so that neither filter, views nor the other mode see it. Null when absent.
     [[nodiscard]] CVORec* FetchRecord(RecordKind kind, const QString& id);
-    /// For console commands about one period: reads only the records of these days into memory.
+    /// For console commands about one period: as LoadRecords, but only the records of these days.
     bool LoadDays(RecordKind kind, const DateTimeVal& first, const DateTimeVal& last);
     /// What another program changed: re-reads these records and announces them by hints, in place of a whole
     /// reload. False when that wasn't possible and a whole refresh is due.
     [[nodiscard]] bool RefreshRecords(RecordKind kind, const QStringList& ids);
 
-    [[nodiscard]] CVORec* FindRecord(const QString& id) const { return m_records.Find(id); }
+    /// A loaded record, or one that FetchRecord read; null when neither.
+    [[nodiscard]] CVORec* FindRecord(const QString& id) const;
     [[nodiscard]] CTRecord* FindTime(const QString& id) const;
+    /// A new object with the same content; null for records other than times and expenses.
     [[nodiscard]] static std::unique_ptr<CVORec> CloneRecord(const CVORec& record);
 
-    /// Adds a copy of the record. newId receives the identity under which it was stored.
+    /// Adds a copy of the record, visible whatever the filter says. newId receives the identity under which
+    /// it was stored.
     [[nodiscard]] bool AddRecord(const CVORec& record, bool notify, bool noCommit, bool newIdentity,
                                  QString* newId = nullptr);
+    /// After a failure the visible record shows the change that could not be stored, until the next reload.
     [[nodiscard]] bool ModifyRecord(const CVORec& record, const QString& id, bool notify, bool noCommit,
                                     bool seek, bool keep);
     [[nodiscard]] bool DeleteRecord(RecordKind kind, const QString& id, bool notify);
+    /// Ends a batch of changes made with notify false: one hint for all of them, none when there were none.
     void FlushPending(Hint hint);
+    /// Opens one transaction for a batch: what follows, deletes included, is durable with Commit.
+    [[nodiscard]] bool BeginBatch();
     bool Commit();
 
-    /// The visible records in no promised order. Places of removed records are null until the next look: use
-    /// ForEachVisible.
+    /// The visible records in no promised order.
     template <class Visit>
     void ForEachVisible(Visit&& visit) const {
         for (CVORec* record : m_visible)
             if (record) visit(*record);
+    }
+    [[nodiscard]] bool IsVisible(const QString& id) const {
+        return m_records.PlaceOf(id) != VORecPtrCol::kNoPlace;
     }
     [[nodiscard]] std::size_t VisibleCount() const { return m_visibleCount; }
     [[nodiscard]] std::size_t RecordCount() const { return m_records.Count(); }
@@ -81,14 +100,30 @@ class CVelmarchDoc {
     [[nodiscard]] CRecordStore& Store() { return m_store; }
     [[nodiscard]] const CCfgStore& GetSettings() const { return m_settings; }
     [[nodiscard]] const CClock& Clock() const { return m_clock; }
-    void NotifyViews(Hint hint, const QStringList& ids = {}) { m_views.NotifyViews(hint, ids); }
+    void NotifyViews(Hint hint, const QStringList& ids = {});
 
  private:
-    bool LoadBulk(RecordKind kind, const QString& statement);
-    void LoadRowByRow(RecordKind kind, const QString& statement);
+    enum class LoadEnd { Complete, Failed, Left };
+    struct Refresh;
+
+    void Load(RecordKind kind, const QString& statement);
+    [[nodiscard]] LoadEnd LoadBulk(RecordKind kind, const QString& statement, unsigned loading);
+    [[nodiscard]] LoadEnd LoadRowByRow(RecordKind kind, const QString& statement, unsigned loading);
+    void Keep(std::unique_ptr<CVORec> loaded);
+    [[nodiscard]] bool MayGoOn(unsigned loading);
+    [[nodiscard]] bool IsLoadedKind(RecordKind kind) const;
+
     [[nodiscard]] bool Passes(const CVORec& record) const;
-    [[nodiscard]] std::size_t VisiblePlace(const QString& id);
+    void AppendVisible(CVORec& record);
+    bool ReplaceVisible(const QString& id, CVORec& record);
+    void RemoveVisible(const QString& id);
+
+    void StandInFor(std::unique_ptr<CVORec> changed, bool isShown, bool keep);
     void Announce(Hint hint, const QString& id, bool notify);
+
+    [[nodiscard]] bool ReadChanges(RecordKind kind, const QStringList& ids, Refresh& refresh);
+    void SortOut(const QString& id, std::unique_ptr<CVORec> stored, Refresh& refresh);
+    void TakeOver(std::unique_ptr<CVORec> stored);
 
     CRecordStore& m_store;
     CViewNotifier& m_views;
@@ -97,11 +132,14 @@ class CVelmarchDoc {
     const CCfgStore& m_settings;
     const CTimerDesk* m_timers = nullptr;
     QStringList m_pendingIds;
-    std::vector<CVORec*> m_visible;
+    std::vector<CVORec*> m_visible;  ///< null where a record was removed; places are kept in m_records
     std::size_t m_visibleCount = 0;
-    QHash<QString, std::size_t> m_visiblePlaces;  ///< made at the first change after a rebuild
-    bool m_placesKnown = false;
     TimeFilter m_timeFilter;
     VORecPtrCol m_records;
-    std::vector<std::unique_ptr<CVORec>> m_retired;  ///< objects that m_visible may still point to
+    VORecPtrCol m_fetched;                             ///< records read one by one, of either kind
+    std::optional<RecordKind> m_loadedKind;            ///< of m_records; nothing before the first load
+    bool m_loadedAll = false;                          ///< m_records holds every record of its kind
+    unsigned m_loading = 0;                            ///< counts the loads, so that one notices a newer one
+    std::vector<std::unique_ptr<CVORec>> m_shownOnly;  ///< not in m_records, but m_visible points to them
+    std::vector<std::unique_ptr<CVORec>> m_displaced;  ///< gone, but views may not have been told yet
 };

@@ -3,6 +3,10 @@
 #include "calendar/PeriodFilter.h"
 
 #include <array>
+#include <cstdint>
+#include <optional>
+#include <utility>
+#include <vector>
 
 class CTimerDesk;
 class CTRecord;
@@ -39,10 +43,23 @@ class TimeFilter final : public PeriodFilter {
         [[nodiscard]] bool Matches(const CTRecord& record) const;
 
      private:
-        const TimeFilter& m_filter;
+        struct TextTest {
+            QString CTRecord::*field;
+            QString wanted;  ///< in lower case unless case counts
+        };
+        struct FlagTest {
+            bool CTRecord::*flag;
+            int wanted;
+        };
+        [[nodiscard]] bool MatchesText(const TextTest& test, const CTRecord& record) const;
+        [[nodiscard]] bool MatchesTimer(const CTRecord& record) const;
+
         const CTimerDesk* m_timers;
-        DateTimeVal m_start, m_end;
-        std::array<QString, 5> m_items;
-        bool m_hasDates = false;
+        std::optional<std::pair<std::int64_t, std::int64_t>> m_days;  ///< first and last, as DayKey
+        bool m_matchWhole;
+        bool m_matchCase;
+        std::vector<TextTest> m_texts;  ///< only the criteria that aren't any
+        std::vector<FlagTest> m_flags;
+        int m_timer;
     };
 };

@@ -12,11 +12,12 @@ struct CalendarDay {
     bool operator==(const CalendarDay&) const = default;
 };
 
-/// Julian Day Number of a Gregorian date. 1 January 2000 is 2451545.
+/// Julian Day Number of a Gregorian date. 1 January 2000 is 2451545. A day past the end of its month counts
+/// on: 31 February is the 2nd or 3rd of March.
 [[nodiscard]] int DayNumber(int month, int day, int year);
 [[nodiscard]] CalendarDay FromDayNumber(int dayNumber);
 [[nodiscard]] bool IsLeapYear(int year);
-/// Year 0 counts as a leap year.
+/// 28 to 31; 0 for a month outside 1 to 12. Year 0 counts as a leap year.
 [[nodiscard]] int DaysInMonth(int month, int year);
 /// 0 is Sunday to 6 Saturday.
 [[nodiscard]] int DayOfWeek(int month, int day, int year);
@@ -53,6 +54,6 @@ struct ClockSpan {
 /// Repairs a time for a record: an hour outside 1 to 12 becomes 12, a minute is brought into 0 to 59.
 void NormaliseTime(int& hour, int& minute);
 
-/// 12-hour to 24-hour and back: 12 AM is 0, 12 PM is 12.
+/// 12-hour to 24-hour and back: 12 AM is 0, 12 PM is 12. A 24-hour figure above 23 gives an hour above 12.
 [[nodiscard]] int Hour24Of(int hour12, bool isPm);
 void Hour12Of(int hour24, int& hour12, bool& isPm);

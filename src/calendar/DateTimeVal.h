@@ -29,6 +29,7 @@ class DateTimeVal {
 
     bool SetDate(int newMonth, int newDay, int newYear);
     bool SetTime(int newHour12, int newMinute, bool newIsPm);
+    /// An hour outside 0 to 23 fails.
     bool SetTime24(int hour24, int newMinute);
     bool SetTimeFromClock(const SYSTEMTIME& clockTime);
     bool SetToday(const CClock& clock);
@@ -41,6 +42,8 @@ class DateTimeVal {
     /// Reads a date in the user's form. When the text can't be read the value becomes today, valid, and the
     /// result is false.
     bool ParseDateText(const QString& text, const CRegionalInfo& locale, const CClock& clock);
+    /// Reads "9:05 PM" or, in 24 hours, "21:05". False zeroes the time; an unknown word behind a good hour
+    /// and minute leaves these two as read, with the verdict invalid.
     bool ParseTimeText(const QString& text, bool is24Hour);
 
     [[nodiscard]] bool IsLaterDate(const DateTimeVal& other) const;
@@ -49,6 +52,9 @@ class DateTimeVal {
     [[nodiscard]] bool IsEarlierTime(const DateTimeVal& other) const;
     [[nodiscard]] bool IsLaterTime(const DateTimeVal& other) const;
 
+    /// Arithmetic changes the fields and leaves the verdict. Days carry over month and year ends; months and
+    /// years lower the day to the length of the new month; hours and minutes wrap around midnight, the date
+    /// stays. Months, years, hours and minutes take n from 0 upward.
     DateTimeVal& AddDays(int n);
     DateTimeVal& SubtractDays(int n);
     DateTimeVal& AddMonths(int n);

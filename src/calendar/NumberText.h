@@ -18,7 +18,9 @@ enum class RoundType : int { None = 0, Expansion = 16, Nearest = 32 };
 /// becomes 12:00 PM.
 void RoundMinutes(int& hours, int& minutes, int divisor, int roundType, bool* pmFlag);
 
-/// Reads a number written with a full stop or the locale's decimal character, not both. True if one was read.
+/// Reads a number written with a full stop or the locale's decimal character, not both. Blanks in front and
+/// what follows the number are passed over. True if one was read; out stays untouched otherwise. "inf",
+/// "nan", hexadecimal digits and numbers too large to be held are none.
 [[nodiscard]] bool ParseFloat(const CRegionalInfo& locale, const QString& text, float& out);
 [[nodiscard]] bool ParseDouble(const CRegionalInfo& locale, const QString& text, double& out);
 
@@ -29,5 +31,5 @@ void RoundMinutes(int& hours, int& minutes, int divisor, int roundType, bool* pm
 /// The date in the locale's order; a year below 1 is left out.
 [[nodiscard]] QString FormatDate(const CRegionalInfo& locale, int month, int day, int year);
 /// Reads three numbers in the locale's order with its separator. False leaves the clock value untouched. The
-/// year is taken as written, two digits included.
+/// year is taken as written, two digits included. A part outside 0 to 65535 can't be read.
 [[nodiscard]] bool ParseDate(const CRegionalInfo& locale, const QString& text, SYSTEMTIME& outClock);

@@ -1,3 +1,78 @@
-int main() {
-    return 0;
+#include "cli/CCommandLine.h"
+#include "cli/CConsolePrompt.h"
+#include "cli/COutput.h"
+#include "cli/CommandTable.h"
+#include "cli/Dispatch.h"
+#include "cli/HelpText.h"
+#include "lang/FormatText.h"
+#include "platform/CClock.h"
+#include "platform/CInstallLocation.h"
+
+#include <QStringDecoder>
+#include <csignal>
+#include <fcntl.h>
+#include <string>
+#include <vector>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr const char* kVersion = "velmarch-cli 8.03.0105\n";
+
+/// A caller may have closed the standard descriptors; then the store would be opened as one of them and be
+/// written to as output. What can't be written to stands in their place.
+void HoldStandardDescriptors() {
+    for (int descriptor = 0; descriptor <= 2; ++descriptor)
+        if (::fcntl(descriptor, F_GETFD) == -1 && ::open("/dev/null", O_RDONLY) == -1) return;
+}
+
+/// What isn't UTF-8 would be stored as something else than was typed.
+bool IsReadable(const std::vector<std::string>& arguments) {
+    for (const std::string& argument : arguments) {
+        QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+        const QString text = decoder(QByteArrayView(argument.data(), qsizetype(argument.size())));
+        if (decoder.hasError()) return false;
+    }
+    return true;
+}
+
+ExitCode AnswerTo(const CommandRequest& request, Console& console, CConsolePrompt& prompt) {
+    console.out.isJson = request.isJson;
+    console.out.isQuiet = request.isQuiet;
+    if (request.isYes) prompt.SayYesToAll();
+    if (!request.problem.isEmpty()) {
+        const QString place = request.group ? QString::fromLatin1(request.group->name) + u' ' : QString();
+        console.out.Complain(request.problem + u'\n' + FormatText<Text::CliSeeHelp>(place));
+        return ExitCode::Usage;
+    }
+    if (request.wantsVersion)
+        console.out.Put(kVersion);
+    else if (request.wantsHelp)
+        WriteHelp(console.out, request.group, request.command);
+    else
+        return RunCommandOf(request, console);
+    return ExitCode::Done;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+    HoldStandardDescriptors();
+    std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is a failed write, which is told
+    // Without it no text exists to report with.
+    if (!LoadLanguageLibrary(FolderOf(ModulePath()))) return static_cast<int>(ExitCode::Failed);
+
+    COutput out;
+    CConsolePrompt prompt(out);
+    const CSystemClock clock;
+    Console console{out, prompt, clock};
+    const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    ExitCode exit = ExitCode::Usage;
+    if (IsReadable(arguments))
+        exit = AnswerTo(ReadCommandLine(arguments), console, prompt);
+    else
+        out.Complain(LoadText(Text::CliNotUtf8));
+    if (!out.Finish() && exit == ExitCode::Done) exit = ExitCode::Failed;
+    return static_cast<int>(exit);
 }

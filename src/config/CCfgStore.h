@@ -1,7 +1,10 @@
 #pragma once
 
+#include "config/CCfgValue.h"
+#include "config/FontRecord.h"
 #include "config/Settings.h"
 #include "config/SettingsTable.h"
+#include "lang/Text.h"
 #include "platform/CProfile.h"
 #include "platform/CRegionalInfo.h"
 #include "platform/CSettingsTree.h"
@@ -12,21 +15,10 @@
 #include <QStringList>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
-class CCfgValue;
 class CPrompt;
-
-/// The description of a font as it is stored: 92 bytes, see docs/settings-tree.md.
-struct FontRecord {
-    std::int32_t tenthsOfPoint = 85;
-    std::int32_t weight = 400;
-    bool italic = false;
-    QString face;
-    [[nodiscard]] QByteArray ToBytes() const;
-    [[nodiscard]] static bool FromBytes(const QByteArray& bytes, FontRecord& out);
-    static constexpr int kSize = 92;
-};
 
 /// The settings object: holds the settings and the list font and moves them between memory and the settings
 /// tree, in two areas that stay apart: the profile (numbered values) and the base key (named blobs and keys
@@ -34,20 +26,28 @@ struct FontRecord {
 /// or wrote, so that a window and a console that change different settings at once lose none.
 class CCfgStore : public Settings, public CPrecisionSource {
  public:
-    /// basePath: name of the base key below the tree's root.
+    /// A value of the base key is never empty and never longer: bytes of a blob, characters of a text.
+    static constexpr int kMostOfValue = 4096;
+
+    /// basePath: name of the base key below the tree's root. Where it doesn't exist yet, it is made and all
+    /// defaults are written; otherwise everything is loaded. Where it can't be opened the user is told, and
+    /// the object works from memory.
     CCfgStore(CSettingsTree& tree, CProfile& profile, CPrompt& prompt, const CRegionalInfo& region,
               const QString& basePath);
+    /// Saves everything.
     ~CCfgStore() override;
     CCfgStore(const CCfgStore&) = delete;
     CCfgStore& operator=(const CCfgStore&) = delete;
 
+    /// The font, then the values, as far as they have changed. The first failure ends it.
     bool SaveAll();
-    bool LoadAll();
+    void LoadAll();
     void ResetAll();
+    /// All that have changed as one change of the tree: all of them or, on failure, none.
     bool SaveValues();
-    bool LoadValues();
-    bool ResetValues();
-    /// Saves one setting at once (console, or a running window on its behalf).
+    void LoadValues();
+    void ResetValues();
+    /// Saves one setting at once, changed or not (console, or a running window on its behalf).
     [[nodiscard]] bool SaveValue(int index);
     /// Drops what memory holds at the end instead of saving it: a console command that only reads writes
     /// nothing.
@@ -56,16 +56,23 @@ class CCfgStore : public Settings, public CPrecisionSource {
     [[nodiscard]] const FontRecord& ListFont() const { return m_listFont; }
     void SetListFont(const FontRecord& font) { m_listFont = font; }
 
+    // Values of the base key. report: a failed read or write is shown to the user; that a value is empty or
+    // too long to be written is always shown. A value that isn't read leaves the target empty or 0.
     bool ReadBinary(const QString& name, QByteArray& out, bool report);
     bool ReadText(const QString& name, QString& out, bool report);
     bool WriteBinary(const QString& name, const QByteArray& data, bool report);
     bool WriteText(const QString& name, const QString& text, bool report);
+    /// A number is a blob of 4 bytes, little-endian.
     bool WriteInt(const QString& name, std::int32_t value);
+    /// The first 4 bytes of a blob; a shorter one counts as followed by zeros.
     bool ReadInt(const QString& name, std::int32_t& out, bool report);
     bool DeleteKey(const QString& name);
     bool DeleteValue(const QString& name);
+    /// Names of the keys below a key, in order of creation.
     bool EnumKeys(const QString& subkey, QStringList& out);
 
+    // The same on the key "entry" below the key "prefix", both data, not paths. Reading, too, makes the keys
+    // when they don't exist; that is how it has always been.
     bool ReadSubBinary(const QString& prefix, const QString& entry, const QString& name, QByteArray& out,
                        bool report);
     bool ReadSubText(const QString& prefix, const QString& entry, const QString& name, QString& out,
@@ -78,23 +85,43 @@ class CCfgStore : public Settings, public CPrecisionSource {
                       bool report);
     bool WriteSubInt(const QString& prefix, const QString& entry, const QString& name, std::int32_t value);
 
+    // Records that are kept as one blob in a key of their own.
     bool ReadEntry(QByteArray& out, const QString& prefix, const QString& entry);
     bool WriteEntry(const QString& prefix, const QString& entry, const QByteArray& data);
     bool DeleteEntry(const QString& prefix, const QString& entry);
+    /// False, and the old entry as it was, when it has no value or can't be moved. An entry that has the new
+    /// name already is overwritten.
     bool RenameEntry(const QString& prefix, const QString& oldName, const QString& newName);
 
     [[nodiscard]] CProfile& Profile() { return m_profile; }
     [[nodiscard]] CSettingsTree& Tree() { return m_tree; }
+    [[nodiscard]] const CSettingsTree& Tree() const { return m_tree; }
     [[nodiscard]] const CRegionalInfo& Region() const { return m_region; }
 
-    [[nodiscard]] int DurationPrecision() const override { return precisionDuration; }
-    [[nodiscard]] int DistancePrecision() const override { return precisionDistance; }
-    [[nodiscard]] int RatePrecision() const override { return precisionRate; }
-    [[nodiscard]] int AmountPrecision() const override { return precisionAmount; }
+    // Decimal places for records: the settings, brought into 0 to 6.
+    [[nodiscard]] int DurationPrecision() const override;
+    [[nodiscard]] int DistancePrecision() const override;
+    [[nodiscard]] int RatePrecision() const override;
+    [[nodiscard]] int AmountPrecision() const override;
 
  private:
     class OpenKeySwap;
-    bool Refuse(int textId, const QString& text, int titleId);
+
+    void AddBool(bool& setting, bool preset);
+    void AddInt(std::int32_t& setting, std::int32_t preset);
+    void AddColour(std::uint32_t& setting, std::uint32_t preset);
+    void Adopt(std::unique_ptr<CCfgValue> value, const SettingAddress& setting, const SettingContent& preset);
+    void RegisterValues();
+    void OpenBaseKey();
+    bool MakeBaseKey();
+    bool SaveFont(bool report);
+    void LoadFont();
+    [[nodiscard]] ProfileSection ReadSection() const;
+    void Tell(Text message, const QString& text, Text title);
+    template <class T>
+    bool ReadAs(const QString& name, T& out, bool report);
+    bool HasFittingSize(const QString& name, qsizetype size);
+    bool Write(const QString& name, const SettingsValue& value, bool report);
 
     CSettingsTree& m_tree;
     CProfile& m_profile;
@@ -103,6 +130,7 @@ class CCfgStore : public Settings, public CPrecisionSource {
     QString m_sectionName;
     std::vector<std::unique_ptr<CCfgValue>> m_values;
     FontRecord m_listFont;
+    std::optional<QByteArray> m_storedFont;  ///< what this process last read or wrote
     QString m_basePath;
     CSettingsKey m_openKey;
     bool m_saveAtEnd = true;

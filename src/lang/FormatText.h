@@ -12,6 +12,8 @@ namespace FormatTextDetail {
 /// text.
 template <class T>
 constexpr char LetterOf() {
+    // printf takes what it is given at face value: a wider number under %d would be read wrongly.
+    static_assert(!std::is_integral_v<T> || sizeof(T) <= sizeof(int), "%d takes numbers of at most int size");
     if constexpr (std::is_integral_v<T> || std::is_enum_v<T>) return 'd';
     if constexpr (std::is_floating_point_v<T>) return 'g';
     return 's';
@@ -20,6 +22,8 @@ template <class T>
 auto Pass(const T& value) {
     if constexpr (std::is_arithmetic_v<T>)
         return value;
+    else if constexpr (std::is_enum_v<T>)
+        return static_cast<int>(value);
     else
         return QString(value).toUtf8();
 }

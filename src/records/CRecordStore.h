@@ -39,6 +39,7 @@ class CRecordStore {
 
  private:
     [[nodiscard]] QString ById(Text opening, RecordKind kind, const QString& id) const;
+    [[nodiscard]] bool TakeRecord(CVORec& record, bool advance, Text failure);
     bool Fail(Text what, const QString& statement);
 
     CVOSrcMgr& m_manager;

@@ -19,6 +19,11 @@ enum class FieldType : int { Text = 0, Integer = 1, LongText = 2, Float = 3 };
 /// The flag of the identity column, the table's key.
 inline constexpr int kKeyFlag = 256;
 
+/// Greatest number of characters (UTF-16 units) of the columns of texts.
+inline constexpr int kTextLength = 255;
+inline constexpr int kLongTextLength = 32000;
+inline constexpr int kIdentityLength = 32;
+
 /// One column of a record's table. The order of rows is the order of columns; the identity is always the
 /// last.
 struct FieldDef {
@@ -26,6 +31,16 @@ struct FieldDef {
     FieldType type;
     int length;  ///< greatest number of characters of a text, 1 otherwise
     int flags;   ///< kKeyFlag or 0
+
+    [[nodiscard]] static constexpr FieldDef Int(Text name) { return {name, FieldType::Integer, 1, 0}; }
+    [[nodiscard]] static constexpr FieldDef Real(Text name) { return {name, FieldType::Float, 1, 0}; }
+    [[nodiscard]] static constexpr FieldDef Str(Text name) { return {name, FieldType::Text, kTextLength, 0}; }
+    [[nodiscard]] static constexpr FieldDef Long(Text name) {
+        return {name, FieldType::LongText, kLongTextLength, 0};
+    }
+    [[nodiscard]] static constexpr FieldDef Key(Text name) {
+        return {name, FieldType::Text, kIdentityLength, kKeyFlag};
+    }
 };
 
 /// Base of every record class: an identity and the ways between an object, a row of its table and a block of
@@ -48,6 +63,8 @@ class CVORec : public CVOId {
     [[nodiscard]] virtual std::unique_ptr<CVORec> Clone() const = 0;
 };
 
+/// What a bulk read makes of a column.
+[[nodiscard]] RowColumnType ColumnTypeOf(FieldType type);
 /// The columns of a kind, for whoever has no record at hand.
 [[nodiscard]] std::span<const FieldDef> FieldDefsOf(RecordKind kind);
 /// An empty record of a kind.

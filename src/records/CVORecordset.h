@@ -2,35 +2,48 @@
 
 #include "platform/RowTable.h"
 #include "platform/VARIANT.h"
+#include "records/QueryCursor.h"
 
 #include <QString>
 #include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
-class CVOSrcMgr;
+class CStoreTable;
+struct FieldDef;
 
-/// The rows of the last query. Stands before the first row after a query; no statement stays open longer than
-/// a call of the manager or a bulk read needs.
+/// A record's own reports of a bad row.
+namespace RowError {
+inline constexpr std::int32_t kBadEncoding = -1;
+inline constexpr std::int32_t kBadDigest = -2;
+inline constexpr std::int32_t kTooLong = -3;
+}  // namespace RowError
+
+/// The rows of the last query and the row being written. Stands before the first row after a query: that one
+/// is current.
 class CVORecordset {
  public:
-    explicit CVORecordset(CVOSrcMgr& manager);
-
     /// Sets a column of the row being written, by name. False for a name that the table lacks or a text too
     /// long for it.
     [[nodiscard]] bool SetFieldValue(const QString& name, const VARIANT& value);
     /// A value of the current row.
-    [[nodiscard]] VARIANT GetFieldValue(int index) const;
-    [[nodiscard]] QString GetFieldValueString(int index) const;
+    [[nodiscard]] VARIANT GetFieldValue(int index) const { return m_cursor.Value(index); }
+    [[nodiscard]] QString GetFieldValueString(int index) const { return ToText(m_cursor.Value(index)); }
     /// All remaining rows; false when the query can't be read.
     [[nodiscard]] bool GetRows(RowTable& out);
 
-    std::int32_t m_errorCode = 0;         ///< a record's own report of a bad row: -1, -2, -3
+    std::int32_t m_errorCode = 0;         ///< a record's own report of a bad row, see RowError
     std::array<QString, 3> m_errorTexts;  ///< and its words
 
  private:
     friend class CVOSrcMgr;
-    CVOSrcMgr& m_manager;
-    std::vector<VARIANT> m_written;  ///< the row being written, column by column
-    std::size_t m_nextColumn = 0;    ///< where SetFieldValue looks first: columns are set in order
+    void StartRow(const CStoreTable& table, std::span<const FieldDef> fields);
+    [[nodiscard]] bool IsTooLong(std::size_t column, const VARIANT& value);
+
+    QueryCursor m_cursor;
+    const CStoreTable* m_table = nullptr;  ///< of the row being written, null without one
+    std::span<const FieldDef> m_fields;    ///< its columns
+    std::vector<VARIANT> m_written;        ///< its values, column by column
+    std::size_t m_nextColumn = 0;          ///< where SetFieldValue looks first: columns are set in order
 };

@@ -8,6 +8,7 @@
 #include <memory>
 
 class CSqliteFile;
+class CStoreTable;
 
 /// How InitDataSrc found the store.
 enum class eActionDisposition : int { Created = 0, Existed = 1 };
@@ -32,12 +33,19 @@ class CVOSrcMgr {
     QString m_fileName;
     QString m_thirdLocation;
     bool m_mayCreate = true;  ///< false: a missing store is an error, not an empty start
+    int m_busySeconds = 30;   ///< how long to wait for another program's lock
     QString m_error;
     std::int32_t m_errorCode = 0;
     std::unique_ptr<CVORecordset> m_recordset;  ///< null before the first query
 
+    /// Opens the store. source: Created as long as the store lacks tables, so a creation that was cut off is
+    /// finished at the next start. A store that can only be read opens; changing it fails.
     [[nodiscard]] bool InitDataSrc(eActionDisposition& source, eActionDisposition& second);
+    /// Makes a table; one that is there already stays.
     [[nodiscard]] bool InitDataSrcTable(const QString& name, const CVORec& description);
+    /// Runs one statement. One that reads stands on its first row then; when updatable, its rows are held in
+    /// memory, so no lock is kept while they are changed. One that changes data is durable by itself, or
+    /// joins the open transaction.
     [[nodiscard]] bool Query(const QString& statement, bool updatable);
     [[nodiscard]] bool GetQueryRecord(CVORec& record, bool& found, bool advance);
     [[nodiscard]] bool IsEOF() const;
@@ -50,6 +58,7 @@ class CVOSrcMgr {
     [[nodiscard]] bool BeginBatch();
     /// Undoes all changes since the last Update.
     void Discard();
+    /// Whether something waits for an Update: after a failed one, too.
     [[nodiscard]] bool HasOpenChanges() const;
     /// Frees the query and its statement: nothing stays open across a turn of the event loop.
     void CloseQuery();
@@ -57,7 +66,16 @@ class CVOSrcMgr {
     [[nodiscard]] CSqliteFile& File();
 
  private:
-    friend class CVORecordset;
     class Impl;
+    using Table = std::shared_ptr<const CStoreTable>;
+    bool Fail(std::int32_t code, const QString& words);
+    bool FailByFile();
+    bool FailByRecord();
+    bool FailChange(bool isOwn);
+    [[nodiscard]] bool CheckPlace();
+    [[nodiscard]] bool EnterTransaction();
+    [[nodiscard]] bool RunChange(const QByteArray& sql);
+    [[nodiscard]] bool FillRow(const CVORec& record, Table& table);
+
     std::unique_ptr<Impl> m_impl;
 };

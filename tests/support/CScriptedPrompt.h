@@ -5,14 +5,17 @@
 
 #include <QStringList>
 #include <deque>
+#include <optional>
 
-/// A script of expected messages and questions. One that wasn't expected, or an expected one that never came,
-/// fails the test.
+/// A script of expected messages and questions, in the order in which they come. One that wasn't expected, or
+/// an expected one that never came, fails the test; an unexpected question is answered by its default.
 class CScriptedPrompt final : public CPrompt {
  public:
     ~CScriptedPrompt() override;
     void Expect(Text question, Answer answer);
     void ExpectTold(Text message);
+    /// The next choice of a file ends with this one; nothing: it is called off.
+    void ExpectFile(const std::optional<QString>& chosen);
     /// Fails the test when something expected hasn't come.
     void Finish();
 
@@ -30,4 +33,5 @@ class CScriptedPrompt final : public CPrompt {
     };
     Answer Meet(const MessageBox& box, bool isQuestion);
     std::deque<Expected> m_expected;
+    std::deque<std::optional<QString>> m_files;
 };

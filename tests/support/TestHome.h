@@ -2,6 +2,7 @@
 
 #include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
+#include "platform/CMessagePump.h"
 #include "platform/CProfile.h"
 #include "platform/CSettingsTree.h"
 #include "records/CRecordStore.h"
@@ -12,13 +13,18 @@
 #include <memory>
 
 /// A scratch home with settings and store, all objects of the core wired as the programs wire them, the clock
-/// and the user's answers in the test's hands. Loads the language library of the build.
+/// and the user's answers in the test's hands. Loads the language library of the build. The mode is time, the
+/// regional values are the defaults (12 hours, month first, full stop) unless others are handed in.
 class TestHome {
  public:
-    TestHome();
+    explicit TestHome(const CRegionalInfo& regionalInfo = {});
+    /// A second program on the home of another, or the next start on a folder that outlives this object.
+    explicit TestHome(const QString& folder, const CRegionalInfo& regionalInfo = {});
     ~TestHome();
+    TestHome(const TestHome&) = delete;
+    TestHome& operator=(const TestHome&) = delete;
 
-    [[nodiscard]] QString Path() const { return m_folder.path(); }
+    [[nodiscard]] QString Path() const { return m_path; }
     /// A stored record with these times ("09:00", "17:00", empty for none) on a date.
     QString AddTime(int year, int month, int day, const QString& start = {}, const QString& end = {});
 
@@ -30,7 +36,14 @@ class TestHome {
     };
 
  private:
+    void Open();
+
     QTemporaryDir m_folder;
+    QString m_path;
+    RecordModeScope m_mode{RecordMode::Time};
+    std::unique_ptr<RegionScope> m_regionScope;
+    std::unique_ptr<PrecisionScope> m_precisions;
+    CNoPump m_pump;
 
  public:
     CTestClock clock;

@@ -1,0 +1,120 @@
+// The waiting moments inside the program, measured on its own classes. Prints "name value", a line each.
+
+#include "app/CVelmarchApp.h"
+#include "app/DemoData.h"
+#include "lang/LoadText.h"
+#include "platform/CClock.h"
+#include "platform/CInstallLocation.h"
+#include "platform/CMessagePump.h"
+#include "platform/CPrompt.h"
+
+#include <unistd.h>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <cstdio>
+#include <random>
+#include <vector>
+
+namespace {
+
+/// Nothing is expected to be asked or told; what is, ends the run.
+class LoudPrompt final : public CPrompt {
+ public:
+    Answer Ask(const MessageBox& box) override {
+        Tell(box);
+        return box.defaultAnswer;
+    }
+    void Tell(const MessageBox& box) override { qFatal("%s", qPrintable(box.text)); }
+    std::optional<QString> ChooseFile(const FileChoice&) override { return std::nullopt; }
+};
+
+struct Program {
+    CSystemClock clock;
+    LoudPrompt prompt;
+    CNoPump pump;
+    CNoViews views;
+    CVelmarchApp app{{clock, prompt, pump, views}};
+
+    explicit Program(const QString& home) {
+        if (!app.ResolveHome(home) || !app.OpenSettings() || !app.OpenStore())
+            qFatal("the home can't be opened");
+    }
+};
+
+void Say(const char* name, double value) {
+    std::printf("%s %.3f\n", name, value);
+}
+
+double Microseconds(const QElapsedTimer& timer) {
+    return static_cast<double>(timer.nsecsElapsed()) / 1000;
+}
+
+double ResidentBytes() {
+    QFile statm(QStringLiteral("/proc/self/statm"));
+    if (!statm.open(QIODevice::ReadOnly)) qFatal("no /proc/self/statm");
+    return statm.readAll().split(' ').at(1).toDouble() * static_cast<double>(sysconf(_SC_PAGESIZE));
+}
+
+int Fill(const QString& home, int times, std::uint32_t seed) {
+    Program program(home);
+    QElapsedTimer timer;
+    timer.start();
+    if (FillWithDemoData(program.app.Store(), program.clock, {times, 0}, seed) != DemoOutcome::Filled)
+        return 1;
+    Say("fill_us", Microseconds(timer));
+    return 0;
+}
+
+void Filter(CVelmarchDoc& document) {
+    document.Filter().ApplyPreset(PeriodCode::kThisMonth, document.PeriodNeeds());
+    QElapsedTimer timer;
+    timer.start();
+    document.BuildVisible();
+    Say("filter_us", Microseconds(timer));
+    Say("visible", static_cast<double>(document.VisibleCount()));
+}
+
+void Find(CVelmarchDoc& document) {
+    std::vector<QString> all, wanted(200000);
+    document.ForEachVisible([&all](const CVORec& record) { all.push_back(record.GetId()); });
+    std::mt19937 random(1);
+    // Texts of their own: a caller's identity doesn't share the record's memory.
+    for (QString& id : wanted)
+        id = QString::fromUtf16(reinterpret_cast<const char16_t*>(all[random() % all.size()].utf16()));
+    QElapsedTimer timer;
+    timer.start();
+    int sum = 0;
+    for (const QString& id : wanted) sum += document.FindTime(id)->startHour;
+    Say("find_ns", Microseconds(timer) * 1000 / static_cast<double>(wanted.size()));
+    Say("sum", sum);
+}
+
+int Load(const QString& home) {
+    Program program(home);
+    CVelmarchDoc& document = program.app.Document();
+    const double before = ResidentBytes();
+    QElapsedTimer timer;
+    timer.start();
+    if (!document.LoadRecords(RecordKind::Time)) return 1;
+    Say("load_us", Microseconds(timer));
+    Say("bytes", ResidentBytes() - before);
+    Say("records", static_cast<double>(document.RecordCount()));
+    document.BuildVisible();
+    Find(document);
+    Filter(document);
+    return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (!LoadLanguageLibrary(FolderOf(ModulePath()))) return 1;
+    if (arguments.size() == 3 && arguments[1] == QStringLiteral("load")) return Load(arguments[2]);
+    if (arguments.size() == 5 && arguments[1] == QStringLiteral("fill"))
+        return Fill(arguments[2], arguments[3].toInt(), arguments[4].toUInt());
+    std::fputs("usage: bench-ours load HOME | fill HOME RECORDS SEED\n", stderr);
+    return 2;
+}

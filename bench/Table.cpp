@@ -1,0 +1,206 @@
+// Measures every waiting moment beside its floor and prints the table.
+//   bench-table PROGRAMS SCRATCH SIZE...
+
+#include "Measure.h"
+
+#include <cmath>
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The store that small homes are compared with.
+constexpr int kSmall = 1000;
+constexpr int kSeed = 1;
+constexpr int kCommandRounds = 21;
+
+/// "Last month", the preset of the program and the month that it means today.
+constexpr const char* kLastMonth = "19";
+struct Month {
+    int year, month;
+};
+Month LastMonth() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return local.tm_mon == 0 ? Month{local.tm_year + 1899, 12} : Month{local.tm_year + 1900, local.tm_mon};
+}
+
+/// Where the programs and the scratch homes are.
+struct Places {
+    fs::path programs, scratch;
+    [[nodiscard]] std::string Program(const char* name) const { return programs / name; }
+    [[nodiscard]] fs::path Home(int size) const { return scratch / std::to_string(size); }
+    [[nodiscard]] std::string Store(int size) const { return Home(size) / "velmarch.store"; }
+    [[nodiscard]] Command Cli(int size, const Command& words) const {
+        Command command{Program("velmarch-cli"), "--home", Home(size)};
+        command.insert(command.end(), words.begin(), words.end());
+        return command;
+    }
+};
+
+/// What is remembered of a size for the growth at the end.
+struct Times {
+    double fill = 0, load = 0, filter = 0;
+};
+
+void Head(const std::string& title) {
+    std::printf("\n%s\n%-46s %12s %12s %8s %8s\n", title.c_str(), "", "ours", "floor", "ratio", "goal");
+}
+
+/// One line: two figures, their ratio, and the goal that the ratio is to keep (0: none).
+void Line(const char* name, double ours, double floor, double goal, const char* unit) {
+    const double ratio = ours / floor;
+    std::printf("%-46s %9.2f %-2s %9.2f %-2s %8.2f", name, ours, unit, floor, unit, ratio);
+    if (goal > 0) std::printf(" %8.2f%s", goal, ratio > goal ? "  MISSED" : "");
+    std::printf("\n");
+    std::fflush(stdout);
+}
+
+/// One line against a limit of its own.
+void Limit(const char* name, double ours, double floor, double limit, const char* unit) {
+    std::printf("%-46s %9.2f %-2s %9.2f %-2s %8.2f %5.0f %-2s%s\n", name, ours, unit, floor, unit,
+                ours / floor, limit, unit, ours > limit ? "  MISSED" : "");
+    std::fflush(stdout);
+}
+
+void FillHome(const Places& places, int size, Times& times, int rounds) {
+    std::vector<double> ours, floor;
+    const std::string target = places.scratch / "floor.store";
+    for (int round = 0; round < rounds; ++round) {
+        fs::remove_all(places.Home(size));
+        const Command fill{places.Program("bench-ours"), "fill", places.Home(size), std::to_string(size),
+                           std::to_string(kSeed)};
+        ours.push_back(Run(fill).Figure("fill_us"));
+        fs::remove(target);
+        floor.push_back(
+            Run({places.Program("bench-floor"), "fill", places.Store(size), target}).Figure("fill_us"));
+    }
+    fs::remove(target);
+    times.fill = Median(ours);
+    Line("fill with made-up records, per record", times.fill / size, Median(floor) / size, 2, "us");
+}
+
+void InMemory(const Places& places, int size, Times& times) {
+    std::vector<double> load[2], bytes[2], filter[2], find[2];
+    for (int round = 0; round < 3; ++round) {
+        const Finished runs[] = {Run({places.Program("bench-ours"), "load", places.Home(size)}),
+                                 Run({places.Program("bench-floor"), "load", places.Store(size)})};
+        for (int i = 0; i < 2; ++i) {
+            load[i].push_back(runs[i].Figure("load_us"));
+            bytes[i].push_back(runs[i].Figure("bytes"));
+            filter[i].push_back(runs[i].Figure("filter_us"));
+            find[i].push_back(runs[i].Figure("find_ns"));
+        }
+    }
+    times.load = Median(load[0]);
+    times.filter = Median(filter[0]);
+    Line("load into the document, per record", times.load / size, Median(load[1]) / size, 3, "us");
+    Limit("memory, per record", Median(bytes[0]) / size, Median(bytes[1]) / size, 1536, "B");
+    Line("filter by month (floor: two compares per row)", times.filter, Median(filter[1]), 0, "us");
+    Line("filter by month (floor: the load)", times.filter, times.load, 0.5, "us");
+    Limit("find by identity", Median(find[0]), Median(find[1]), 1000, "ns");
+}
+
+/// A new record's identity, out of the JSON of "time add".
+std::string AddOne(const Places& places, int size) {
+    const std::string json = Run(places.Cli(size, {"--json", "time", "add", "--duration", "1:00"})).output;
+    const std::size_t key = json.find("\"id\"");
+    const std::size_t first = key == std::string::npos ? key : json.find('"', key + 4);
+    if (first == std::string::npos) {
+        std::fprintf(stderr, "bench: time add printed no id\n");
+        std::exit(1);
+    }
+    return json.substr(first + 1, 32);
+}
+
+void StartTimers(const Places& places, int size) {
+    std::vector<double> large, small, bare;
+    for (int round = 0; round < kCommandRounds; ++round) {
+        const std::string largeId = AddOne(places, size), smallId = AddOne(places, kSmall);
+        large.push_back(Run(places.Cli(size, {"timer", "start", largeId})).microseconds);
+        small.push_back(Run(places.Cli(kSmall, {"timer", "start", smallId})).microseconds);
+        bare.push_back(Run({places.Program("bench-floor"), "add", places.Store(size)}).microseconds);
+        (void)Run(places.Cli(size, {"timer", "stop", largeId}));
+        (void)Run(places.Cli(kSmall, {"timer", "stop", smallId}));
+    }
+    Line("timer start (floor: a bare insert)", Median(large) / 1000, Median(bare) / 1000, 3, "ms");
+    Line("timer start (floor: itself at 1,000 records)", Median(large) / 1000, Median(small) / 1000, 1.5,
+         "ms");
+}
+
+void Commands(const Places& places, int size) {
+    const Command add{"time", "add", "--start", "09:00", "--end", "10:30", "--item1", "Alder Clinic"};
+    const std::vector<double> adds =
+        InTurns(kCommandRounds, {places.Cli(size, add),
+                                 places.Cli(kSmall, add),
+                                 {places.Program("bench-floor"), "add", places.Store(size)}});
+    Line("time add (floor: a bare insert)", adds[0] / 1000, adds[2] / 1000, 3, "ms");
+    Line("time add (floor: itself at 1,000 records)", adds[0] / 1000, adds[1] / 1000, 1.5, "ms");
+    StartTimers(places, size);
+
+    const Month month = LastMonth();
+    const std::vector<double> lists =
+        InTurns(kCommandRounds, {places.Cli(size, {"time", "list", "--period", kLastMonth}),
+                                 {places.Program("bench-floor"), "month", places.Store(size),
+                                  std::to_string(month.year), std::to_string(month.month)}});
+    Line("time list of a month (floor: the bare query)", lists[0] / 1000, lists[1] / 1000, 4, "ms");
+}
+
+void ProcessStart(const Places& places) {
+    Head("Start of a process");
+    const std::vector<double> starts =
+        InTurns(61, {{places.Program("velmarch-cli"), "--version"},
+                     {places.Program("velmarch-cli"), "--home", places.Home(kSmall), "day", "today"},
+                     {places.Program("bench-empty")}});
+    Line("velmarch-cli --version", starts[0] / 1000, starts[2] / 1000, 1.5, "ms");
+    Line("velmarch-cli day today", starts[1] / 1000, starts[2] / 1000, 1.5, "ms");
+}
+
+/// How a figure grew between two sizes: 1 is linear.
+void Growth(const char* name, double small, double large, int factor) {
+    const double exponent = std::log(large / small) / std::log(factor);
+    std::printf("%-46s %12s %12s %8.2f %8.2f%s\n", name, "", "", exponent, 1.1,
+                exponent > 1.1 ? "  MISSED" : "");
+}
+
+void GrowthOf(const std::vector<int>& sizes, const std::vector<Times>& times) {
+    for (std::size_t i = 1; i < sizes.size(); ++i) {
+        Head("Growth from " + std::to_string(sizes[i - 1]) + " to " + std::to_string(sizes[i]) +
+             " records (exponent; 1 is linear)");
+        const int factor = sizes[i] / sizes[i - 1];
+        Growth("fill", times[i - 1].fill, times[i].fill, factor);
+        Growth("load", times[i - 1].load, times[i].load, factor);
+        Growth("filter", times[i - 1].filter, times[i].filter, factor);
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc < 4) {
+        std::fputs("usage: bench-table PROGRAMS SCRATCH SIZE...\n", stderr);
+        return 2;
+    }
+    const Places places{argv[1], argv[2]};
+    std::vector<int> sizes;
+    for (int i = 3; i < argc; ++i) sizes.push_back(std::atoi(argv[i]));
+
+    Head(std::to_string(kSmall) + " records");
+    Times small;
+    FillHome(places, kSmall, small, 5);
+    ProcessStart(places);
+    std::vector<Times> times(sizes.size());
+    for (std::size_t i = 0; i < sizes.size(); ++i) {
+        Head(std::to_string(sizes[i]) + " records");
+        FillHome(places, sizes[i], times[i], sizes[i] > 500000 ? 1 : 3);
+        InMemory(places, sizes[i], times[i]);
+        Commands(places, sizes[i]);
+        fs::remove_all(places.Home(sizes[i]));
+    }
+    GrowthOf(sizes, times);
+    return 0;
+}

@@ -1,0 +1,228 @@
+#include "app/CVelmarchApp.h"
+
+#include "lang/FormatText.h"
+#include "platform/CInstallLocation.h"
+#include "platform/CPrompt.h"
+#include "platform/CRegionalInfo.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <array>
+#include <cerrno>
+
+using namespace Qt::Literals::StringLiterals;
+
+CTRecord* theTimeEntry = nullptr;
+CTRecord* theClockEntry = nullptr;
+CTRecord* theSpanEntry = nullptr;
+CERecord* theExpenseEntry = nullptr;
+
+namespace {
+
+/// Suffix of all table names.
+constexpr QStringView kDataSourceName = u"velmarch";
+constexpr QStringView kSettingsFileName = u"velmarch.settings";
+
+/// Where the settings note that this folder has a store, so that its loss is noticed.
+constexpr QStringView kStoreSection = u"Store";
+constexpr QStringView kStoreKnown = u"Known";
+
+struct VerbRow {
+    QStringView name;
+    Verb verb;
+};
+/// In the order in which they are tried: with "-syncend -shutdown" the program shuts down.
+constexpr VerbRow kVerbs[] = {
+    {u"shutdown", Verb::Shutdown},
+    {u"syncend", Verb::SyncEnd},
+    {u"regadosync", Verb::RegisterSync},
+};
+
+/// The tables in the order of their making.
+constexpr RecordKind kTables[] = {RecordKind::Time, RecordKind::Expense, RecordKind::PulldownItem,
+                                  RecordKind::Dependency};
+
+bool IsVerb(const QString& token, QStringView name) {
+    return (token.startsWith(u'-') || token.startsWith(u'/')) && QStringView(token).mid(1) == name;
+}
+
+}  // namespace
+
+std::optional<Verb> FindVerb(const QStringList& arguments) {
+    for (const VerbRow& row : kVerbs)
+        for (const QString& token : arguments)
+            if (IsVerb(token, row.name)) return row.verb;
+    return std::nullopt;
+}
+
+CVelmarchApp::CVelmarchApp(const Outside& outside) : m_outside(outside) {}
+
+CVelmarchApp::~CVelmarchApp() {
+    m_document.reset();
+    theTimeEntry = theClockEntry = theSpanEntry = nullptr;
+    theExpenseEntry = nullptr;
+    CloseSettings();
+}
+
+// --- Home
+
+bool CVelmarchApp::ResolveHome(const QString& homeOption) {
+    const QString named = homeOption.isEmpty() ? qEnvironmentVariable("VELMARCH_HOME") : homeOption;
+    return named.isEmpty() ? CheckInstallLocation() : UseFolder(named);
+}
+
+/// One folder, however it is written, is one home: the running window is found by it.
+bool CVelmarchApp::UseFolder(const QString& path) {
+    const QString folder = QDir::cleanPath(QDir::current().absoluteFilePath(path));
+    const QFileInfo present(folder);
+    if (present.exists() && !present.isDir()) {
+        Tell(Text::HomeIsNoFolder, FormatText<Text::HomeIsNoFolder>(folder), Text::HomeTitle);
+        return false;
+    }
+    // Records and settings are nobody else's business.
+    errno = 0;
+    if (!present.exists() &&
+        !(QDir().mkpath(present.path()) &&
+          QDir().mkdir(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))) {
+        const QString why = qt_error_string(errno);
+        Tell(Text::HomeCantBeMade, FormatText<Text::HomeCantBeMade>(folder, why), Text::HomeTitle);
+        return false;
+    }
+    m_home = QFileInfo(folder).canonicalFilePath();
+    return true;
+}
+
+/// The program runs only from the folder that the installer wrote down, where the store lies too.
+bool CVelmarchApp::CheckInstallLocation() {
+    const InstalledPlace installed = ReadInstallLocation();
+    if (!installed.known || installed.directory.isEmpty()) {
+        TellNotInstalled(installed.reason);
+        return false;
+    }
+    errno = 0;
+    const QString module = ModulePath();
+    if (module.isEmpty()) {
+        TellNotInstalled(qt_error_string(errno));
+        return false;
+    }
+    const QString folder = FolderOf(module);
+    if (folder.isEmpty() || folder.compare(installed.directory, Qt::CaseInsensitive) != 0) {
+        TellNotInstalled(u"\"%1\"\n\"%2\""_s.arg(installed.directory, folder));
+        return false;
+    }
+    m_home = installed.directory;
+    return true;
+}
+
+void CVelmarchApp::TellNotInstalled(const QString& why) {
+    QString text = LoadText(Text::NotInstalledHere);
+    if (!why.isEmpty()) text += u"\n\n"_s + why;
+    Tell(Text::NotInstalledHere, text, Text::ProgramTitle);
+}
+
+// --- Settings
+
+bool CVelmarchApp::OpenSettings() {
+    const QString path = m_home + u'/' + SettingsFileName();
+    const bool areKept = m_tree.Open(path);
+    if (!areKept)
+        Tell(Text::SettingsInMemory, FormatText<Text::SettingsInMemory>(m_tree.Error()), Text::SettingsTitle);
+    else if (!m_tree.KeptAside().isEmpty())
+        Tell(Text::SettingsKeptAside, FormatText<Text::SettingsKeptAside>(m_tree.KeptAside()),
+             Text::SettingsTitle);
+    m_profile = std::make_unique<CProfile>(m_tree, LoadText(Text::ProfileKeyName));
+    m_settings = std::make_unique<CCfgStore>(m_tree, *m_profile, m_outside.prompt, TheRegion(),
+                                             LoadText(Text::BaseKeyPath));
+    m_precisions = std::make_unique<PrecisionScope>(*m_settings);
+    // After the precisions: a record takes them over when it is made.
+    m_timeEntry = std::make_unique<CTRecord>();
+    m_clockEntry = std::make_unique<CTRecord>();
+    m_spanEntry = std::make_unique<CTRecord>();
+    m_expenseEntry = std::make_unique<CERecord>();
+    theTimeEntry = m_timeEntry.get();
+    theClockEntry = m_clockEntry.get();
+    theSpanEntry = m_spanEntry.get();
+    theExpenseEntry = m_expenseEntry.get();
+    theRecordMode = m_settings->lastModeWasTime ? RecordMode::Time : RecordMode::Expense;
+    return areKept;
+}
+
+void CVelmarchApp::CloseSettings() {
+    m_precisions.reset();
+    m_settings.reset();
+}
+
+// --- Store
+
+bool CVelmarchApp::OpenStore() {
+    m_srcMgr.m_directory = m_home;
+    m_srcMgr.m_fileName = LoadText(Text::StoreFileName);
+    m_srcMgr.m_thirdLocation = LoadText(Text::StoreThirdLocation);
+    m_store = std::make_unique<CRecordStore>(m_srcMgr, m_outside.prompt, DataSourceName());
+    m_document = std::make_unique<CVelmarchDoc>(
+        DocumentSurroundings{*m_store, m_outside.views, m_outside.pump, m_outside.clock, *m_settings});
+
+    const QString path = m_home + u'/' + m_srcMgr.m_fileName;
+    const bool isKnown = ExpectsStore(*m_profile);
+    const bool isMissing = isKnown && QFileInfo(path).size() == 0;
+    if (isMissing && !AskAboutMissingStore(path)) return false;
+
+    m_srcMgr.m_mayCreate = isMissing || !isKnown;
+    eActionDisposition source{}, second{};
+    if (!m_srcMgr.InitDataSrc(source, second)) return TellStoreCantOpen(path);
+    if (source == eActionDisposition::Created) {
+        // A file is there, but its tables are gone: the same question.
+        if (isKnown && !isMissing && !AskAboutMissingStore(path)) return false;
+        if (!MakeTables()) return TellStoreCantOpen(path);
+    }
+    // Where it can't be noted, a later loss goes unnoticed, and nothing else.
+    if (!isKnown) m_profile->WriteInt(kStoreSection.toString(), kStoreKnown.toString(), 1);
+    return true;
+}
+
+bool CVelmarchApp::TellStoreCantOpen(const QString& path) {
+    Tell(Text::StoreCantOpen, FormatText<Text::StoreCantOpen>(path, m_srcMgr.m_error),
+         Text::StoreProblemTitle);
+    return false;
+}
+
+QString CVelmarchApp::DataSourceName() {
+    return kDataSourceName.toString();
+}
+
+QString CVelmarchApp::SettingsFileName() {
+    return kSettingsFileName.toString();
+}
+
+bool CVelmarchApp::ExpectsStore(const CProfile& profile) {
+    return profile.GetInt(kStoreSection.toString(), kStoreKnown.toString(), 0) == 1;
+}
+
+bool CVelmarchApp::MakeTables() {
+    for (const RecordKind kind : kTables)
+        if (!m_srcMgr.InitDataSrcTable(m_store->TableName(kind), *NewRecord(kind))) return false;
+    return true;
+}
+
+bool CVelmarchApp::AskAboutMissingStore(const QString& path) {
+    const MessageBox box{static_cast<int>(Text::StoreMissing),
+                         LoadText(Text::StoreProblemTitle),
+                         FormatText<Text::StoreMissing>(path),
+                         BoxIcon::Warning,
+                         Buttons::YesNo,
+                         Answer::No,
+                         LoadText(Text::StartWithoutRecords)};
+    return m_outside.prompt.Ask(box) == Answer::Yes;
+}
+
+bool CVelmarchApp::LoadStep() {
+    if (!m_document->LoadCurrentMode()) return false;
+    m_document->BuildVisible();
+    m_document->NotifyViews(Hint::Rebuild);
+    return true;
+}
+
+void CVelmarchApp::Tell(Text id, const QString& text, Text title) {
+    m_outside.prompt.Tell(
+        {static_cast<int>(id), LoadText(title), text, BoxIcon::Warning, Buttons::Ok, Answer::Ok, {}});
+}

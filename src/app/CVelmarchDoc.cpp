@@ -1,0 +1,212 @@
+#include "app/CVelmarchDoc.h"
+
+#include "config/CCfgStore.h"
+#include "records/CTRecord.h"
+
+#include <utility>
+
+CVelmarchDoc::CVelmarchDoc(const DocumentSurroundings& around)
+    : m_store(around.store),
+      m_views(around.views),
+      m_pump(around.pump),
+      m_clock(around.clock),
+      m_settings(around.settings) {}
+
+CVelmarchDoc::~CVelmarchDoc() = default;
+
+// --- What passes the filter
+
+void CVelmarchDoc::BuildVisible() {
+    for (auto& record : m_shownOnly) m_displaced.push_back(std::move(record));
+    m_shownOnly.clear();
+    m_visible.clear();
+    const TimeFilter::Prepared filter(m_timeFilter, PeriodNeeds(), m_timers);
+    for (CVORec* record = m_records.GetFirst(); record; record = m_records.GetNext()) {
+        // Expense records aren't narrowed: the time filter knows nothing of their fields.
+        const bool passes =
+            record->Kind() != RecordKind::Time || filter.Matches(static_cast<const CTRecord&>(*record));
+        m_records.SetPlaceHere(passes ? static_cast<std::uint32_t>(m_visible.size()) : VORecPtrCol::kNoPlace);
+        if (passes) m_visible.push_back(record);
+    }
+    m_visibleCount = m_visible.size();
+}
+
+bool CVelmarchDoc::Passes(const CVORec& record) const {
+    if (record.Kind() != RecordKind::Time) return true;
+    return m_timeFilter.Matches(static_cast<const CTRecord&>(record), PeriodNeeds(), m_timers);
+}
+
+void CVelmarchDoc::ResetTimeFilter() {
+    m_timeFilter.Reset();
+    BuildVisible();
+}
+
+void CVelmarchDoc::CollectTimeIds(QStringList& out) {
+    out.clear();
+    const TimeFilter::Prepared filter(m_timeFilter, PeriodNeeds(), m_timers);
+    for (const CVORec* record = m_records.GetFirst(); record; record = m_records.GetNext())
+        if (record->Kind() == RecordKind::Time && filter.Matches(static_cast<const CTRecord&>(*record)))
+            out.append(record->GetId());
+}
+
+PeriodSurroundings CVelmarchDoc::PeriodNeeds() const {
+    return {m_clock, m_settings.Region(), m_settings.firstDayOfWeek, m_settings.yearDisplayFormat};
+}
+
+void CVelmarchDoc::AppendVisible(CVORec& record) {
+    m_records.SetPlace(record.GetId(), static_cast<std::uint32_t>(m_visible.size()));
+    m_visible.push_back(&record);
+    ++m_visibleCount;
+}
+
+bool CVelmarchDoc::ReplaceVisible(const QString& id, CVORec& record) {
+    const std::uint32_t place = m_records.PlaceOf(id);
+    if (place == VORecPtrCol::kNoPlace) return false;
+    m_visible[place] = &record;
+    return true;
+}
+
+void CVelmarchDoc::RemoveVisible(const QString& id) {
+    const std::uint32_t place = m_records.PlaceOf(id);
+    if (place == VORecPtrCol::kNoPlace) return;
+    m_visible[place] = nullptr;  // the others keep their places, so a batch of deletes costs O(batch)
+    --m_visibleCount;
+    m_records.SetPlace(id, VORecPtrCol::kNoPlace);
+}
+
+// --- Finding
+
+CVORec* CVelmarchDoc::FindRecord(const QString& id) const {
+    CVORec* loaded = m_records.Find(id);
+    return loaded ? loaded : m_fetched.Find(id);
+}
+
+CTRecord* CVelmarchDoc::FindTime(const QString& id) const {
+    CVORec* record = FindRecord(id);
+    return record && record->Kind() == RecordKind::Time ? static_cast<CTRecord*>(record) : nullptr;
+}
+
+CVORec* CVelmarchDoc::FetchRecord(RecordKind kind, const QString& id) {
+    CVORec* loaded = m_records.Find(id);
+    if (loaded) return loaded->Kind() == kind ? loaded : nullptr;
+    // Nobody tells of changes to a record that isn't loaded, so it is read each time, into the object that
+    // an earlier call may have handed out.
+    CVORec* known = m_fetched.Find(id);
+    if (known && known->Kind() != kind) return nullptr;
+    if (!IsIdentity(id)) return nullptr;
+    std::unique_ptr<CVORec> fresh = known ? nullptr : NewRecord(kind);
+    CVORec& target = known ? *known : *fresh;
+    if (!m_store.ReadRecord(target, id)) {
+        if (known) m_displaced.push_back(m_fetched.Take(id));
+        return nullptr;
+    }
+    if (fresh) m_fetched.Add(std::move(fresh));
+    return &target;
+}
+
+std::unique_ptr<CVORec> CVelmarchDoc::CloneRecord(const CVORec& record) {
+    const bool isOurs = record.Kind() == RecordKind::Time || record.Kind() == RecordKind::Expense;
+    return isOurs ? record.Clone() : nullptr;
+}
+
+bool CVelmarchDoc::IsLoadedKind(RecordKind kind) const {
+    return kind == m_loadedKind.value_or(KindOf(theRecordMode));
+}
+
+// --- Changes: the store first, then memory, then the views
+
+bool CVelmarchDoc::AddRecord(const CVORec& record, bool notify, bool noCommit, bool newIdentity,
+                             QString* newId) {
+    std::unique_ptr<CVORec> clone = CloneRecord(record);
+    if (!clone) return false;
+    if (newIdentity) clone->GenUnique();
+    if (!m_store.InsertRecord(*clone, noCommit)) return false;
+    const QString id = clone->GetId();
+    CVORec& added = *clone;
+    if (IsLoadedKind(added.Kind())) {
+        m_records.Add(std::move(clone));
+        AppendVisible(added);  // without asking the filter: who adds a record wants to see it
+    } else {
+        m_fetched.Add(std::move(clone));
+    }
+    if (newId) *newId = id;
+    Announce(Hint::Added, id, notify);
+    return true;
+}
+
+bool CVelmarchDoc::ModifyRecord(const CVORec& record, const QString& id, bool notify, bool noCommit,
+                                bool seek, bool keep) {
+    const QString formerId = id;  // the caller's text may belong to the object that is replaced below
+    if (notify) NotifyViews(Hint::AboutToChange, {formerId});
+    std::unique_ptr<CVORec> clone = CloneRecord(record);
+    if (!clone) return false;
+    const QString newId = clone->GetId();
+    const bool isShown = ReplaceVisible(formerId, *clone);
+    if (!m_store.ModifyRecord(*clone, formerId, noCommit, seek)) {
+        // The view shows what was entered, while the collection has what is stored. The next reload mends it.
+        if (isShown) m_shownOnly.push_back(std::move(clone));
+        return false;
+    }
+    StandInFor(std::move(clone), isShown, keep);
+    Announce(Hint::Changed, newId, notify);
+    return true;
+}
+
+/// Puts a changed record in the place of the former one wherever that is held.
+void CVelmarchDoc::StandInFor(std::unique_ptr<CVORec> changed, bool isShown, bool keep) {
+    if (keep && m_records.Replace(changed)) {
+        m_displaced.push_back(std::move(changed));
+        return;
+    }
+    if (isShown) {
+        m_shownOnly.push_back(std::move(changed));
+        return;
+    }
+    // A record that isn't loaded: where FetchRecord has it, it is kept up to date.
+    if (m_fetched.Replace(changed)) m_displaced.push_back(std::move(changed));
+}
+
+bool CVelmarchDoc::DeleteRecord(RecordKind kind, const QString& id, bool notify) {
+    const QString goneId = id;  // the caller's text may belong to the object that goes
+    if (notify) NotifyViews(Hint::AboutToGo, {goneId});
+    RemoveVisible(goneId);
+    if (!m_store.DeleteRecord(kind, goneId)) return false;
+    std::unique_ptr<CVORec> gone = m_records.Take(goneId);
+    if (!gone) gone = m_fetched.Take(goneId);
+    // Absent from the collection is a failure where every record of the kind is loaded. A console command
+    // deletes without loading, and there the store's word counts.
+    if (!gone && m_loadedAll && IsLoadedKind(kind)) return false;
+    if (gone) m_displaced.push_back(std::move(gone));
+    Announce(Hint::Deleted, goneId, notify);
+    return true;
+}
+
+bool CVelmarchDoc::BeginBatch() {
+    return m_store.Manager().BeginBatch();
+}
+
+bool CVelmarchDoc::Commit() {
+    return m_store.Commit();
+}
+
+// --- Telling the views
+
+void CVelmarchDoc::Announce(Hint hint, const QString& id, bool notify) {
+    if (notify)
+        NotifyViews(hint, {id});
+    else
+        m_pendingIds.append(id);
+}
+
+void CVelmarchDoc::FlushPending(Hint hint) {
+    if (m_pendingIds.isEmpty()) return;
+    const QStringList ids = std::exchange(m_pendingIds, {});
+    NotifyViews(hint, ids);
+}
+
+void CVelmarchDoc::NotifyViews(Hint hint, const QStringList& ids) {
+    m_views.NotifyViews(hint, ids);
+    const bool told = hint == Hint::Added || hint == Hint::Changed || hint == Hint::Deleted;
+    // While a batch is open, its records go on being held: their hint is still to come.
+    if (hint == Hint::Rebuild || (told && m_pendingIds.isEmpty())) m_displaced.clear();
+}

@@ -1,0 +1,3 @@
+#include "app/RecordMode.h"
+
+RecordMode theRecordMode = RecordMode::Time;

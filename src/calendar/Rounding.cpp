@@ -1,0 +1,56 @@
+#include "calendar/NumberText.h"
+#include "calendar/Saturated.h"
+
+#include <cmath>
+
+namespace {
+
+/// Adds half a unit of the place behind the last one, away from zero.
+template <class Number>
+Number AwayFromZero(Number shifted, Number value) {
+    return value < 0 ? shifted - 5 : shifted + 5;
+}
+
+/// Minutes that are a multiple of the divisor, by the bits of the type; minutes as they are for another type.
+std::int64_t RoundedMinutes(std::int64_t minutes, int divisor, int roundType) {
+    const std::int64_t rest = minutes % divisor;
+    const std::int64_t down = minutes - rest;
+    if ((roundType & static_cast<int>(RoundType::Expansion)) != 0) return down + divisor;
+    if ((roundType & static_cast<int>(RoundType::Nearest)) != 0)
+        return rest > divisor / 2 ? down + divisor : down;
+    return minutes;
+}
+
+}  // namespace
+
+/// Shifts one place further than wanted, adds half, cuts the digit: 1.005 at 2 goes by way of 1005, 1010 and
+/// 101 to 1.01. Every step is in single precision, as the results of many years are. A value that can't be
+/// shifted (infinite, or too large) has nothing to round and stays.
+float RoundDecimal(float value, int precision) {
+    const double power = std::pow(10.0, precision);
+    const auto shift = static_cast<float>(std::pow(10.0, precision + 1.0));
+    const float tenths = AwayFromZero(value * shift, value);
+    const auto rounded = static_cast<float>(std::trunc(tenths * 0.1F) / power);
+    return std::isfinite(rounded) ? rounded : value;
+}
+
+double RoundDecimalWide(double value, int precision) {
+    const double tenths = AwayFromZero(value * std::pow(10.0, precision + 1.0), value);
+    const double rounded = std::trunc(tenths / 10.0) / std::pow(10.0, precision);
+    return std::isfinite(rounded) ? rounded : value;
+}
+
+void RoundMinutes(int& hours, int& minutes, int divisor, int roundType, bool* pmFlag) {
+    if (divisor < 1 || divisor > 59 || minutes % divisor == 0) return;
+    const std::int64_t rounded = RoundedMinutes(minutes, divisor, roundType);
+    if (rounded < 60) {
+        minutes = static_cast<int>(rounded);
+        return;
+    }
+    const int oldHours = hours;
+    hours = Saturated(hours + rounded / 60);
+    minutes = static_cast<int>(rounded % 60);
+    if (!pmFlag) return;
+    if (oldHours < 12 && hours >= 12) *pmFlag = !*pmFlag;
+    if (hours > 12) hours -= 12;
+}

@@ -1,0 +1,49 @@
+#include "cli/CConsolePrompt.h"
+
+#include "cli/COutput.h"
+#include "lang/FormatText.h"
+
+#include <array>
+#include <unistd.h>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// One line from the terminal, without its line feed; what doesn't fit is no answer to anything.
+QString ReadLine() {
+    std::array<char, 256> buffer{};
+    const ssize_t count = ::read(STDIN_FILENO, buffer.data(), buffer.size());
+    return count > 0 ? QString::fromLocal8Bit(buffer.data(), count).trimmed() : QString();
+}
+
+bool IsYes(const QString& line) {
+    return line.compare(LoadText(Text::CliYes), Qt::CaseInsensitive) == 0 ||
+           line.compare(LoadText(Text::CliYesShort), Qt::CaseInsensitive) == 0;
+}
+
+/// Paragraphs of a box stand apart by an empty line; on a terminal a line feed is enough.
+QString OnLines(QString text) {
+    return text.replace(u"\n\n"_s, u"\n"_s).trimmed();
+}
+
+}  // namespace
+
+void CConsolePrompt::Tell(const MessageBox& box) {
+    if (box.icon == BoxIcon::Information)
+        m_out.Note(OnLines(box.text));
+    else
+        m_out.Complain(OnLines(box.text));
+}
+
+/// The console has no command that retries or ignores, so every answer but yes is the box's harmless one.
+Answer CConsolePrompt::Ask(const MessageBox& box) {
+    const bool takesYes = box.buttons == Buttons::YesNo || box.buttons == Buttons::YesNoCancel;
+    if (takesYes && m_sayYes) return Answer::Yes;
+    if (!takesYes || ::isatty(STDIN_FILENO) == 0) {
+        m_out.Complain(FormatText<Text::CliNotConfirmed>(OnLines(box.text)));
+        return takesYes ? Answer::No : box.defaultAnswer;
+    }
+    m_out.NoteBare(FormatText<Text::CliQuestion>(OnLines(box.text)));
+    return IsYes(ReadLine()) ? Answer::Yes : Answer::No;
+}

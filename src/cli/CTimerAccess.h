@@ -1,0 +1,57 @@
+#pragma once
+
+#include "timers/ActiveTimerSet.h"
+#include "timers/CRecordTimers.h"
+
+#include <QJsonObject>
+#include <QString>
+#include <functional>
+#include <optional>
+
+class CCfgStore;
+class CVelmarchDoc;
+class CWindowLink;
+
+/// A timer as it is shown.
+struct TimerShown {
+    bool isRunning = false;
+    qint64 seconds = 0;
+};
+
+/// The timers of the home for a console command. A running window owns them: it is asked then. Without one they
+/// are read from the settings, changed and written back as one change, so that two programs at once lose
+/// nothing.
+class CTimerAccess {
+ public:
+    CTimerAccess(const CClock& clock, CVelmarchDoc& document, CCfgStore& settings, CWindowLink& window);
+
+    /// Reads the timers as they are stored.
+    void Read();
+    /// Reads them and brings the counts up to now: folds and stores the fold, or lets the window do it.
+    void Look();
+
+    [[nodiscard]] CTimerDesk& Desk() { return m_timers; }
+    [[nodiscard]] std::optional<TimerShown> Shown(const QString& recordId) const;
+
+    /// Carries out a timer command where the timers are owned; its answer as RunTimerCommand gives it, "exit" 3
+    /// when the window can't be told.
+    [[nodiscard]] QJsonObject Run(const QJsonObject& command);
+
+    enum class Changed { Done, Failed, WindowOwns };
+    /// Runs work on the timers as stored, with all that it writes into the settings as one change; work returns
+    /// false to undo it. Nothing is done while a window runs.
+    [[nodiscard]] Changed ChangeHere(const std::function<bool()>& work);
+    /// Puts back a timer that a change took out whose other half then failed.
+    [[nodiscard]] bool PutBack(const ActiveTimer& timer);
+    [[nodiscard]] const ActiveTimer* Find(const QString& recordId) { return m_set.Find(recordId); }
+
+ private:
+    void TakeOver(const QJsonObject& answer);
+    [[nodiscard]] QJsonObject RunHere(const QJsonObject& command, Changed& changed);
+
+    CVelmarchDoc& m_document;
+    CCfgStore& m_settings;
+    CWindowLink& m_window;
+    ActiveTimerSet m_set;
+    CRecordTimers m_timers;
+};

@@ -1,0 +1,99 @@
+#include "cli/FilterArguments.h"
+
+#include "cli/CArguments.h"
+#include "cli/EnteredValues.h"
+#include "lang/FormatText.h"
+
+#include <algorithm>
+#include <iterator>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr OptionRow kOptions[] = {
+    {"period", OptionShape::Value, "ID", Text::CliOptPeriod},
+    {"day", OptionShape::Value, "DATE", Text::CliOptDay},
+    {"from", OptionShape::Value, "DATE", Text::CliOptFrom},
+    {"to", OptionShape::Value, "DATE", Text::CliOptTo},
+    {"item1", OptionShape::Value, "TEXT", Text::CliOptWithItem1},
+    {"item2", OptionShape::Value, "TEXT", Text::CliOptWithItem2},
+    {"item3", OptionShape::Value, "TEXT", Text::CliOptWithItem3},
+    {"item4", OptionShape::Value, "TEXT", Text::CliOptWithItem4},
+    {"item5", OptionShape::Value, "TEXT", Text::CliOptWithItem5},
+    {"whole", OptionShape::Flag, "", Text::CliOptWhole},
+    {"case", OptionShape::Flag, "", Text::CliOptCase},
+    {"billable", OptionShape::YesNo, "", Text::CliOptWithBillable},
+    {"billed", OptionShape::YesNo, "", Text::CliOptWithBilled},
+    {"exported", OptionShape::YesNo, "", Text::CliOptWithExported},
+    {"timers", OptionShape::YesNo, "", Text::CliOptWithTimers},
+};
+
+constexpr const char* kItems[] = {"item1", "item2", "item3", "item4", "item5"};
+
+struct FlagRow {
+    const char* option;
+    int TimeFilter::*criterion;
+};
+constexpr FlagRow kFlags[] = {
+    {"billable", &TimeFilter::billable},
+    {"billed", &TimeFilter::billed},
+    {"exported", &TimeFilter::exported},
+    {"timers", &TimeFilter::timer},
+};
+
+FilterProblem Usage(const QString& words) {
+    return {ExitCode::Usage, words};
+}
+
+FilterProblem NoDate(const char* option, const QString& typed) {
+    return Usage(FormatText<Text::CliOptionRefused>(QString::fromLatin1(option),
+                                                    FormatText<Text::CliNoDate>(typed)));
+}
+
+FilterProblem ReadPreset(const QString& typed, const PeriodSurroundings& around, TimeFilter& filter) {
+    const auto preset = EnteredValues::ReadCount(typed);
+    if (preset && filter.ApplyPreset(*preset, around)) return {};
+    return {ExitCode::NotFound, FormatText<Text::CliNoSuchPeriod>(typed)};
+}
+
+/// One day, or all days between two; ends that are swapped give the day of the later option.
+FilterProblem ReadDays(const char* firstOption, const QString& first, const char* lastOption, const QString& last,
+                       const PeriodSurroundings& around, TimeFilter& filter) {
+    const auto start = EnteredValues::ReadDate(first, around.region, around.clock);
+    if (!start) return NoDate(firstOption, first);
+    const auto end = EnteredValues::ReadDate(last, around.region, around.clock);
+    if (!end) return NoDate(lastOption, last);
+    filter.SetRange(*start, *end, around);
+    return {};
+}
+
+FilterProblem ReadPeriod(const CArguments& arguments, const PeriodSurroundings& around, TimeFilter& filter) {
+    const auto preset = arguments.Value("period"), day = arguments.Value("day");
+    const auto from = arguments.Value("from"), to = arguments.Value("to");
+    if (int{preset.has_value()} + int{day.has_value()} + int{from || to} > 1)
+        return Usage(LoadText(Text::CliOnePeriod));
+    if (preset) return ReadPreset(*preset, around, filter);
+    if (day) return ReadDays("day", *day, "day", *day, around, filter);
+    if (from && to) return ReadDays("from", *from, "to", *to, around, filter);
+    return from || to ? Usage(LoadText(Text::CliFromAndTo)) : FilterProblem{};
+}
+
+}  // namespace
+
+std::span<const OptionRow> TimeFilterOptions() {
+    return kOptions;
+}
+
+FilterProblem ReadTimeFilter(const CArguments& arguments, const PeriodSurroundings& around, TimeFilter& filter) {
+    filter.Reset();
+    for (std::size_t i = 0; i < std::size(kItems); ++i)
+        if (const auto text = arguments.Value(kItems[i])) filter.items[i] = *text;
+    filter.matchWhole = arguments.Has("whole");
+    filter.matchCase = arguments.Has("case");
+    for (const FlagRow& flag : kFlags)
+        if (const auto typed = arguments.Value(flag.option))
+            filter.*flag.criterion = EnteredValues::ReadYesNo(*typed).value_or(true) ? FlagCriterion::kSet
+                                                                                     : FlagCriterion::kClear;
+    return ReadPeriod(arguments, around, filter);
+}

@@ -1,0 +1,214 @@
+#include "config/CCfgStore.h"
+
+#include "config/CCfgBool.h"
+#include "config/CCfgColour.h"
+#include "config/CCfgInt.h"
+#include "lang/FormatText.h"
+#include "platform/CPrompt.h"
+
+#include <algorithm>
+#include <type_traits>
+#include <utility>
+
+namespace {
+
+/// The name under which a setting is stored: its place in the table, nothing else.
+QString EntryName(std::size_t index) {
+    return QStringLiteral("VirtualCfgObj%1").arg(index, 4, 10, QLatin1Char('0'));
+}
+
+FontRecord DefaultFont() {
+    FontRecord font;
+    font.face = LoadText(Text::DefaultFontFace);
+    return font;
+}
+
+int Places(std::int32_t setting) {
+    return std::clamp(setting, 0, 6);
+}
+
+}  // namespace
+
+CCfgStore::CCfgStore(CSettingsTree& tree, CProfile& profile, CPrompt& prompt, const CRegionalInfo& region,
+                     const QString& basePath)
+    : m_tree(tree),
+      m_profile(profile),
+      m_prompt(prompt),
+      m_region(region),
+      m_sectionName(QStringLiteral("CoreRuntime")),
+      m_listFont(DefaultFont()),
+      m_basePath(basePath) {
+    RegisterValues();
+    ResetValues();
+    clock24 = region.is24Hour;
+    metricUnits = region.isMetric;
+    OpenBaseKey();
+}
+
+CCfgStore::~CCfgStore() {
+    if (m_saveAtEnd) SaveAll();
+}
+
+// --- The values, in the order of their table
+
+void CCfgStore::RegisterValues() {
+    for (const SettingRow& row : SettingsTable())
+        std::visit(
+            [this, &row](auto member) {
+                auto& setting = this->*member;
+                using Value = std::remove_reference_t<decltype(setting)>;
+                const auto preset = static_cast<Value>(row.preset);
+                if constexpr (std::is_same_v<Value, bool>) AddBool(setting, preset);
+                if constexpr (std::is_same_v<Value, std::int32_t>) AddInt(setting, preset);
+                if constexpr (std::is_same_v<Value, std::uint32_t>) AddColour(setting, preset);
+            },
+            row.member);
+}
+
+void CCfgStore::AddBool(bool& setting, bool preset) {
+    Adopt(std::make_unique<CCfgBool>(), &setting, preset);
+}
+
+void CCfgStore::AddInt(std::int32_t& setting, std::int32_t preset) {
+    Adopt(std::make_unique<CCfgInt>(), &setting, preset);
+}
+
+void CCfgStore::AddColour(std::uint32_t& setting, std::uint32_t preset) {
+    Adopt(std::make_unique<CCfgColour>(), &setting, preset);
+}
+
+void CCfgStore::Adopt(std::unique_ptr<CCfgValue> value, const SettingAddress& setting,
+                      const SettingContent& preset) {
+    value->Bind(setting, preset);
+    m_values.push_back(std::move(value));
+}
+
+ProfileSection CCfgStore::ReadSection() const {
+    ProfileSection section;
+    for (auto& [entry, value] : m_profile.Section(m_sectionName)) section.insert(entry, std::move(value));
+    return section;
+}
+
+void CCfgStore::LoadValues() {
+    const ProfileSection stored = ReadSection();
+    for (std::size_t i = 0; i < m_values.size(); ++i) {
+        m_values[i]->Load(stored, EntryName(i));
+        m_values[i]->NoteKnown(stored.contains(EntryName(i)));
+    }
+}
+
+/// A value that isn't stored yet is written as well, unless another program has stored it in the meantime.
+bool CCfgStore::SaveValues() {
+    const auto isDue = [](const auto& value) { return value->IsChanged() || !value->IsStored(); };
+    if (std::ranges::none_of(m_values, isDue)) return true;
+
+    std::vector<CCfgValue*> written;
+    const bool done = m_profile.Change([&] {
+        const ProfileSection stored = ReadSection();
+        for (std::size_t i = 0; i < m_values.size(); ++i) {
+            CCfgValue& value = *m_values[i];
+            const QString entry = EntryName(i);
+            if (!value.IsChanged() && (value.IsStored() || stored.contains(entry))) continue;
+            if (!value.Save(m_profile, m_sectionName, entry)) return false;
+            written.push_back(&value);
+        }
+        return true;
+    });
+    if (done)
+        for (CCfgValue* value : written) value->NoteKnown(true);
+    return done;
+}
+
+bool CCfgStore::SaveValue(int index) {
+    if (index < 0 || index >= static_cast<int>(m_values.size())) return false;
+    CCfgValue& value = *m_values[static_cast<std::size_t>(index)];
+    if (!value.Save(m_profile, m_sectionName, EntryName(static_cast<std::size_t>(index)))) return false;
+    value.NoteKnown(true);
+    return true;
+}
+
+void CCfgStore::ResetValues() {
+    for (const auto& value : m_values) value->Reset();
+}
+
+// --- Everything
+
+void CCfgStore::OpenBaseKey() {
+    m_openKey = m_tree.OpenKey(m_tree.Root(), m_basePath);
+    if (m_openKey.IsOpen()) return LoadAll();
+    if (MakeBaseKey()) return;
+    m_openKey = {};
+    Tell(Text::BaseKeyFailed, FormatText<Text::BaseKeyFailed>(m_basePath), Text::WriteSettingTitle);
+}
+
+/// The first run: key, font and all values come into being as one change, so that a second program that
+/// starts at the same moment finds nothing or everything.
+bool CCfgStore::MakeBaseKey() {
+    auto created = CSettingsTree::Created::No;
+    const bool done = m_tree.Change([&] {
+        m_openKey = m_tree.CreateKey(m_tree.Root(), m_basePath, &created);
+        if (!m_openKey.IsOpen()) return false;
+        if (created == CSettingsTree::Created::No) return true;
+        ResetAll();
+        return SaveFont(false) && SaveValues();
+    });
+    if (done && created == CSettingsTree::Created::No) LoadAll();
+    return done;
+}
+
+void CCfgStore::ResetAll() {
+    ResetValues();
+    m_listFont = DefaultFont();
+}
+
+void CCfgStore::LoadAll() {
+    LoadFont();
+    LoadValues();
+}
+
+bool CCfgStore::SaveAll() {
+    if (!m_openKey.IsOpen()) return false;  // the user was told when it could not be opened
+    return SaveFont(true) && SaveValues();
+}
+
+void CCfgStore::LoadFont() {
+    QByteArray bytes;
+    m_storedFont.reset();
+    if (ReadBinary(LoadText(Text::ValueListFont), bytes, false)) m_storedFont = bytes;
+    if (!FontRecord::FromBytes(bytes, m_listFont)) m_listFont = DefaultFont();
+}
+
+bool CCfgStore::SaveFont(bool report) {
+    const QByteArray bytes = m_listFont.ToBytes();
+    if (m_storedFont == bytes) return true;
+    if (!WriteBinary(LoadText(Text::ValueListFont), bytes, report)) return false;
+    m_storedFont = bytes;
+    return true;
+}
+
+void CCfgStore::Tell(Text message, const QString& text, Text title) {
+    MessageBox box;
+    box.textId = static_cast<int>(message);
+    box.title = LoadText(title);
+    box.text = text;
+    box.icon = BoxIcon::Warning;
+    m_prompt.Tell(box);
+}
+
+// --- Decimal places
+
+int CCfgStore::DurationPrecision() const {
+    return Places(precisionDuration);
+}
+
+int CCfgStore::DistancePrecision() const {
+    return Places(precisionDistance);
+}
+
+int CCfgStore::RatePrecision() const {
+    return Places(precisionRate);
+}
+
+int CCfgStore::AmountPrecision() const {
+    return Places(precisionAmount);
+}

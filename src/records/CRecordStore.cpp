@@ -1,0 +1,137 @@
+#include "records/CRecordStore.h"
+
+#include "lang/FormatText.h"
+#include "platform/CPrompt.h"
+
+namespace {
+
+Text PrefixOf(RecordKind kind) {
+    switch (kind) {
+        case RecordKind::Time:
+            return Text::TimeTablePrefix;
+        case RecordKind::Expense:
+            return Text::ExpenseTablePrefix;
+        case RecordKind::PulldownItem:
+            return Text::ItemTablePrefix;
+        case RecordKind::Dependency:
+            return Text::DependencyTablePrefix;
+    }
+    return Text::UnknownTable;
+}
+
+}  // namespace
+
+CRecordStore::CRecordStore(CVOSrcMgr& manager, CPrompt& prompt, const QString& dataSourceName)
+    : m_manager(manager), m_prompt(prompt), m_dataSourceName(dataSourceName) {}
+
+QString CRecordStore::TableName(RecordKind kind) const {
+    const Text prefix = PrefixOf(kind);
+    if (prefix == Text::UnknownTable) return LoadText(prefix);
+    return (LoadText(prefix) + m_dataSourceName).toLower();
+}
+
+QString CRecordStore::SelectAll(RecordKind kind) const {
+    return LoadText(Text::SqlSelectFrom) + TableName(kind);
+}
+
+QString CRecordStore::SelectDays(RecordKind kind, const int (&first)[3], const int (&last)[3]) const {
+    return SelectAll(kind) +
+           FormatText<Text::SqlBetweenDays>(first[2], first[0], first[1], last[2], last[0], last[1]);
+}
+
+QString CRecordStore::ById(Text opening, RecordKind kind, const QString& id) const {
+    return LoadText(opening) + TableName(kind) + LoadText(Text::SqlWhereIdentity) + id +
+           LoadText(Text::SqlEndOfIdentity);
+}
+
+/// Tells a failure: what failed, the statement where one was composed, the manager's words.
+bool CRecordStore::Fail(Text what, const QString& statement) {
+    m_lastError = m_manager.m_errorCode;
+    MessageBox box;
+    box.textId = static_cast<int>(what);
+    box.title = LoadText(Text::StoreFailureTitle);
+    box.text = LoadText(what);
+    if (!statement.isEmpty()) box.text += statement + LoadText(Text::BetweenStatementAndError);
+    box.text += m_manager.m_error;
+    box.icon = BoxIcon::Stop;
+    m_prompt.Tell(box);
+    return false;
+}
+
+bool CRecordStore::Query(const QString& statement) {
+    m_lastError = 0;
+    return m_manager.Query(statement, false) || Fail(Text::QueryFailed, statement);
+}
+
+bool CRecordStore::TakeRecord(CVORec& record, bool advance, Text failure) {
+    m_lastError = 0;
+    bool found = false;
+    if (!m_manager.GetQueryRecord(record, found, advance)) return Fail(failure, {});
+    return found;
+}
+
+bool CRecordStore::NextRecord(CVORec& record, QString& id, bool advance) {
+    if (!TakeRecord(record, advance, Text::NextRecordFailed)) return false;
+    id = record.GetId();
+    return true;
+}
+
+bool CRecordStore::ReadRecord(CVORec& record, const QString& id) {
+    m_lastError = 0;
+    if (!IsIdentity(id)) return false;  // no record has such an identity
+    const QString statement = ById(Text::SqlSelectFrom, record.Kind(), id);
+    if (!m_manager.Query(statement, false)) return Fail(Text::ReadQueryFailed, statement);
+    const bool isRead = TakeRecord(record, true, Text::ReadFailed);
+    m_manager.CloseQuery();
+    return isRead;
+}
+
+bool CRecordStore::ModifyRecord(const CVORec& record, const QString& id, bool noCommit, bool seek) {
+    m_lastError = 0;
+    // A text that is no identity finds no row, like any identity that isn't there.
+    const QString statement =
+        seek ? ById(Text::SqlSelectFrom, record.Kind(), IsIdentity(id) ? id : QString()) : QString();
+    if (seek && !m_manager.Query(statement, true)) return Fail(Text::SeekFailed, statement);
+    if (!m_manager.Modify(record)) return Fail(Text::ModifyFailed, {});
+    // The row stands in the open state even where the commit fails: the caller goes on as if it were written.
+    if (!noCommit && !m_manager.Update()) (void)Fail(Text::ModifyCommitFailed, {});
+    return true;
+}
+
+bool CRecordStore::InsertRecord(const CVORec& record, bool noCommit) {
+    m_lastError = 0;
+    const QString statement = SelectAll(record.Kind()) + LoadText(Text::SqlNoRows);
+    if (!m_manager.Query(statement, true)) return Fail(Text::InsertQueryFailed, statement);
+    if (!m_manager.Insert(record)) return Fail(Text::InsertFailed, {});
+    if (!noCommit && !m_manager.Update()) (void)Fail(Text::InsertCommitFailed, {});
+    return true;
+}
+
+bool CRecordStore::DeleteRecord(RecordKind kind, const QString& id) {
+    m_lastError = 0;
+    if (!IsIdentity(id)) return true;  // an absent record is as good as deleted
+    const QString statement = ById(Text::SqlDeleteFrom, kind, id);
+    return m_manager.Query(statement, true) || Fail(Text::DeleteFailed, statement);
+}
+
+bool CRecordStore::Commit() {
+    m_lastError = 0;
+    return m_manager.Update() || Fail(Text::CommitFailed, {});
+}
+
+bool CRecordStore::IsEOF() const {
+    return m_manager.IsEOF();
+}
+
+bool CRecordStore::MoveNext() {
+    return m_manager.MoveNext();
+}
+
+QString QuoteText(const QString& text) {
+    QString inner = text;
+    inner.replace(u'\'', QStringLiteral("''"));
+    if (!inner.contains(QChar::Null)) return u'\'' + inner + u'\'';
+    // A statement ends at a null character, so it is put in by its number.
+    inner.replace(QChar::Null, QStringLiteral("'||char(0)||'"));
+    return QStringLiteral("('") + inner + QStringLiteral("')");
+}

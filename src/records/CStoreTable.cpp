@@ -1,0 +1,166 @@
+#include "records/CStoreTable.h"
+
+#include "lang/LoadText.h"
+#include "platform/CSqliteFile.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <type_traits>
+
+namespace {
+
+/// A name as it stands in a statement: in quotation marks, those inside doubled.
+QByteArray Quoted(const QString& name) {
+    QString inner = name;
+    return (u'"' + inner.replace(u'"', QStringLiteral("\"\"")) + u'"').toUtf8();
+}
+
+QByteArray SqlType(FieldType type) {
+    switch (type) {
+        case FieldType::Integer:
+            return "INTEGER";
+        case FieldType::Float:
+            return "REAL";
+        case FieldType::Text:
+        case FieldType::LongText:
+            break;
+    }
+    return "TEXT";
+}
+
+QByteArray CreateSql(const QString& name, std::span<const FieldDef> fields) {
+    QByteArray sql = "CREATE TABLE IF NOT EXISTS " + Quoted(name) + " (";
+    for (const FieldDef& field : fields) {
+        sql += Quoted(LoadText(field.nameId)) + ' ' + SqlType(field.type);
+        sql += (field.flags & kKeyFlag) != 0 ? " PRIMARY KEY) WITHOUT ROWID" : ", ";
+    }
+    return sql;
+}
+
+bool HasField(std::span<const FieldDef> fields, Text name) {
+    return std::any_of(fields.begin(), fields.end(),
+                       [&](const FieldDef& field) { return field.nameId == name; });
+}
+
+/// An index over the days of a table, empty for a table without date.
+QByteArray IndexSql(const QString& name, std::span<const FieldDef> fields) {
+    QByteArrayList columns;
+    for (const Text part : {Text::ColumnYear, Text::ColumnMonth, Text::ColumnDay}) {
+        if (!HasField(fields, part)) return {};
+        columns += Quoted(LoadText(part));
+    }
+    return "CREATE INDEX IF NOT EXISTS " + Quoted(name + QStringLiteral("_days")) + " ON " + Quoted(name) +
+           " (" + columns.join(", ") + ')';
+}
+
+void Bind(sqlite3_stmt* statement, int place, const VARIANT& value) {
+    std::visit(
+        [&](const auto& held) {
+            using Held = std::decay_t<decltype(held)>;
+            if constexpr (std::is_same_v<Held, std::monostate>) {
+                sqlite3_bind_null(statement, place);
+            } else if constexpr (std::is_same_v<Held, QString>) {
+                const QByteArray text = held.toUtf8();
+                sqlite3_bind_text(statement, place, text.constData(), static_cast<int>(text.size()),
+                                  SQLITE_TRANSIENT);
+            } else if constexpr (std::is_floating_point_v<Held>) {
+                sqlite3_bind_double(statement, place, static_cast<double>(held));
+            } else {
+                sqlite3_bind_int(statement, place, held);
+            }
+        },
+        value);
+}
+
+/// Runs a statement of the table, binding the values from the first place on and the key behind them.
+/// result: SQLITE_ROW or SQLITE_DONE.
+bool Run(CSqliteFile& file, const QByteArray& sql, const std::vector<VARIANT>& values, const QString& key,
+         int& result) {
+    sqlite3_stmt* statement = file.Prepare(sql);
+    if (!statement) return false;
+    int place = 0;
+    for (const VARIANT& value : values) Bind(statement, ++place, value);
+    if (place < sqlite3_bind_parameter_count(statement)) Bind(statement, ++place, key);
+    result = sqlite3_step(statement);
+    const bool isDone = result == SQLITE_ROW || result == SQLITE_DONE;
+    if (!isDone) file.NoteError();
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement);
+    return isDone;
+}
+
+}  // namespace
+
+bool CStoreTable::Make(CSqliteFile& file, const QString& name, std::span<const FieldDef> fields) {
+    const QByteArray index = IndexSql(name, fields);
+    if (!file.Begin()) return false;
+    if (file.Execute(CreateSql(name, fields)) && (index.isEmpty() || file.Execute(index)) && file.Commit())
+        return true;
+    file.Rollback();
+    return false;
+}
+
+bool CStoreTable::Count(CSqliteFile& file, int& count) {
+    sqlite3_stmt* statement = file.Prepare("SELECT count(*) FROM sqlite_schema WHERE type='table'");
+    if (!statement) return false;
+    const bool isRead = sqlite3_step(statement) == SQLITE_ROW;
+    if (isRead)
+        count = sqlite3_column_int(statement, 0);
+    else
+        file.NoteError();
+    sqlite3_reset(statement);
+    return isRead;
+}
+
+std::optional<CStoreTable> CStoreTable::Look(CSqliteFile& file, const QByteArray& name) {
+    sqlite3_stmt* statement = file.Prepare("SELECT * FROM " + Quoted(QString::fromUtf8(name)) + " WHERE 0");
+    if (!statement) return std::nullopt;
+    std::vector<QString> columns;
+    for (int i = 0; i < sqlite3_column_count(statement); ++i)
+        columns.push_back(QString::fromUtf8(sqlite3_column_name(statement, i)));
+    CStoreTable table(std::move(columns));
+    table.Compose(Quoted(QString::fromUtf8(name)));
+    return table;
+}
+
+void CStoreTable::Compose(const QByteArray& name) {
+    QByteArrayList names;
+    QByteArrayList places;
+    QByteArrayList sets;
+    for (const QString& column : m_columns) {
+        names += Quoted(column);
+        places += "?";
+        sets += Quoted(column) + "=?";
+    }
+    const QByteArray ofKey = " WHERE " + Quoted(KeyColumn()) + "=?";
+    m_insert = "INSERT INTO " + name + " (" + names.join(',') + ") VALUES (" + places.join(',') + ')';
+    m_modify = "UPDATE " + name + " SET " + sets.join(',') + ofKey;
+    m_contains = "SELECT 1 FROM " + name + ofKey;
+}
+
+bool CStoreTable::Fits(std::span<const FieldDef> fields) const {
+    return std::equal(
+        m_columns.begin(), m_columns.end(), fields.begin(), fields.end(),
+        [](const QString& column, const FieldDef& field) { return column == LoadText(field.nameId); });
+}
+
+bool CStoreTable::Insert(CSqliteFile& file, const std::vector<VARIANT>& values) const {
+    int result = 0;
+    return Run(file, m_insert, values, {}, result);
+}
+
+bool CStoreTable::Modify(CSqliteFile& file, const QString& key, const std::vector<VARIANT>& values,
+                         bool& found) const {
+    int result = 0;
+    if (!Run(file, m_modify, values, key, result)) return false;
+    found = sqlite3_changes(file.Handle()) > 0;
+    return true;
+}
+
+bool CStoreTable::Contains(CSqliteFile& file, const QString& key, bool& found) const {
+    int result = 0;
+    if (!Run(file, m_contains, {}, key, result)) return false;
+    found = result == SQLITE_ROW;
+    return true;
+}

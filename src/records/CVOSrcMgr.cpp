@@ -1,0 +1,269 @@
+#include "records/CVOSrcMgr.h"
+
+#include "lang/LoadText.h"
+#include "platform/CSqliteFile.h"
+#include "platform/SqliteErrors.h"
+#include "records/CStoreTable.h"
+#include "records/OpenChanges.h"
+
+#include <sqlite3.h>
+
+#include <QDir>
+#include <QHash>
+#include <QStringList>
+#include <utility>
+
+namespace {
+
+/// "VLMR": PRAGMA application_id of the record store.
+constexpr std::uint32_t kApplicationId = 0x564C4D52U;
+constexpr int kVersion = 1;
+constexpr int kTables = 4;
+
+/// What a failure without a code of its own gets (DISP_E_EXCEPTION).
+constexpr std::int32_t kUnnamedFailure = -2147352567;
+
+}  // namespace
+
+/// The connection with what is known about its tables and its open transaction.
+class CVOSrcMgr::Impl {
+ public:
+    CSqliteFile file;
+    OpenChanges changes;
+    bool isUpdateDue = false;  ///< an Update failed: its changes wait for the next chance
+
+    [[nodiscard]] OpenChanges::Table TableOf(const QByteArray& name);
+    void ForgetTables() { m_tables.clear(); }
+
+ private:
+    QHash<QByteArray, OpenChanges::Table> m_tables;
+};
+
+OpenChanges::Table CVOSrcMgr::Impl::TableOf(const QByteArray& name) {
+    OpenChanges::Table& known = m_tables[name];
+    if (!known) {
+        if (auto table = CStoreTable::Look(file, name))
+            known = std::make_shared<CStoreTable>(std::move(*table));
+    }
+    return known;
+}
+
+CVOSrcMgr::CVOSrcMgr() : m_impl(std::make_unique<Impl>()) {}
+
+CVOSrcMgr::CVOSrcMgr(const QString&, const QString&) : CVOSrcMgr() {}
+
+CVOSrcMgr::~CVOSrcMgr() {
+    Close();
+}
+
+CSqliteFile& CVOSrcMgr::File() {
+    return m_impl->file;
+}
+
+bool CVOSrcMgr::FailByFile() {
+    return Fail(m_impl->file.ErrorCode(), m_impl->file.Error());
+}
+
+bool CVOSrcMgr::Fail(std::int32_t code, const QString& words) {
+    m_errorCode = code == 0 ? kUnnamedFailure : code;
+    m_error = words;
+    return false;
+}
+
+/// A row that its record refused: the record's code and words, where it gave any.
+bool CVOSrcMgr::FailByRecord() {
+    QStringList words;
+    for (const QString& text : m_recordset->m_errorTexts)
+        if (!text.isEmpty() && !words.contains(text)) words += text;
+    if (words.isEmpty()) words += LoadText(Text::UnreadableRow);
+    return Fail(m_recordset->m_errorCode, words.join(u' '));
+}
+
+bool CVOSrcMgr::InitDataSrc(eActionDisposition& source, eActionDisposition& second) {
+    Close();
+    second = eActionDisposition::Existed;
+    const QString path = QDir(m_directory).filePath(m_fileName);
+    const OpenOutcome outcome =
+        m_impl->file.Open(path, {kApplicationId, kVersion, m_busySeconds}, m_mayCreate);
+    if (!m_impl->file.IsOpen()) return FailByFile();
+    int tables = 0;
+    if (!CStoreTable::Count(m_impl->file, tables)) return FailByFile();
+    const bool isNew = outcome == OpenOutcome::Created || tables < kTables;
+    source = isNew ? eActionDisposition::Created : eActionDisposition::Existed;
+    return true;
+}
+
+bool CVOSrcMgr::InitDataSrcTable(const QString& name, const CVORec& description) {
+    return CStoreTable::Make(m_impl->file, name, description.GetFieldDefs()) || FailByFile();
+}
+
+/// A file that was moved away or replaced would take every change and lose it.
+bool CVOSrcMgr::CheckPlace() {
+    const CSqliteFile& file = m_impl->file;
+    if (!file.IsOpen() || file.IsStillInPlace()) return true;
+    return Fail(SQLITE_READONLY_DBMOVED, SqliteSentence(SQLITE_READONLY_DBMOVED, 0, file.Path(), {}));
+}
+
+/// The transaction of the next change. One that a failed commit took away comes back with its changes.
+bool CVOSrcMgr::EnterTransaction() {
+    Impl& impl = *m_impl;
+    if (impl.file.InTransaction()) return true;
+    if (!impl.changes.CanRepeat()) return Fail(SQLITE_ABORT, LoadText(Text::BatchLost));
+    if (!CheckPlace()) return false;
+    if (impl.file.Begin() && impl.changes.Repeat(impl.file)) return true;
+    impl.file.Rollback();
+    return FailByFile();
+}
+
+bool CVOSrcMgr::Query(const QString& statement, bool updatable) {
+    CloseQuery();
+    if (!m_recordset) m_recordset = std::make_unique<CVORecordset>();
+    if (!CheckPlace()) return false;
+    const QByteArray sql = statement.trimmed().toUtf8();
+    sqlite3_stmt* prepared = m_impl->file.Prepare(sql);
+    if (!prepared) return FailByFile();
+    if (qstrlen(sqlite3_sql(prepared)) != static_cast<std::size_t>(sql.size()))
+        return Fail(SQLITE_MISUSE, LoadText(Text::OneStatementOnly));
+    if (!sqlite3_stmt_readonly(prepared)) return RunChange(sql);
+    // Rows that an update still owes the store can be changed again: they are put in place first.
+    if (updatable && m_impl->isUpdateDue && !EnterTransaction()) return false;
+    prepared = m_impl->file.Prepare(sql);
+    return (prepared && m_recordset->m_cursor.Open(m_impl->file, prepared, updatable)) || FailByFile();
+}
+
+/// Outside of a transaction the change is one by itself, and durable when this returns.
+bool CVOSrcMgr::RunChange(const QByteArray& sql) {
+    Impl& impl = *m_impl;
+    const bool isOwn = !impl.file.InTransaction();
+    if (!EnterTransaction()) return false;
+    if (!impl.file.Execute(sql)) {
+        if (isOwn) impl.file.Rollback();
+        return FailByFile();
+    }
+    if (!isOwn) {
+        impl.changes.NoteStatement(sql);
+        return true;
+    }
+    if (!impl.file.Commit()) {
+        impl.file.Rollback();
+        return FailByFile();
+    }
+    impl.changes.Clear();
+    impl.isUpdateDue = false;
+    return true;
+}
+
+bool CVOSrcMgr::GetQueryRecord(CVORec& record, bool& found, bool advance) {
+    found = m_recordset && !m_recordset->m_cursor.IsEof();
+    if (!found) return true;
+    m_recordset->m_errorCode = 0;
+    m_recordset->m_errorTexts = {};
+    if (!record.ReadFields(*m_recordset)) return FailByRecord();
+    return !advance || MoveNext();
+}
+
+bool CVOSrcMgr::IsEOF() const {
+    return !m_recordset || m_recordset->m_cursor.IsEof();
+}
+
+bool CVOSrcMgr::MoveNext() {
+    return !m_recordset || m_recordset->m_cursor.Next() || FailByFile();
+}
+
+/// Fills the row to be written from a record. table: that of the last query.
+bool CVOSrcMgr::FillRow(const CVORec& record, Table& table) {
+    if (!m_recordset || m_recordset->m_cursor.Table().isEmpty())
+        return Fail(SQLITE_MISUSE, LoadText(Text::NoTableToWrite));
+    if (!IsIdentity(record.GetId())) return Fail(SQLITE_CONSTRAINT, LoadText(Text::RecordWithoutIdentity));
+    table = m_impl->TableOf(m_recordset->m_cursor.Table());
+    if (!table) return FailByFile();
+    if (!table->Fits(record.GetFieldDefs())) return Fail(SQLITE_MISMATCH, LoadText(Text::NoTableToWrite));
+    m_recordset->StartRow(*table, record.GetFieldDefs());
+    return record.WriteFields(*m_recordset) || FailByRecord();
+}
+
+/// Leaves the transaction that a failed change has opened for itself.
+bool CVOSrcMgr::FailChange(bool isOwn) {
+    if (isOwn) m_impl->file.Rollback();
+    return FailByFile();
+}
+
+bool CVOSrcMgr::Insert(const CVORec& record) {
+    Table table;
+    if (!FillRow(record, table)) return false;
+    const bool isOwn = !m_impl->file.InTransaction();
+    if (!EnterTransaction()) return false;
+    if (!table->Insert(m_impl->file, m_recordset->m_written)) return FailChange(isOwn);
+    m_impl->changes.NoteInsert(table, record.GetId(), m_recordset->m_written);
+    return true;
+}
+
+bool CVOSrcMgr::Modify(const CVORec& record) {
+    Table table;
+    if (!FillRow(record, table)) return false;
+    const QueryCursor& cursor = m_recordset->m_cursor;
+    if (cursor.IsEof()) return Fail(SQLITE_NOTFOUND, LoadText(Text::RecordGone));
+    const QString key = ToText(cursor.Value(cursor.ColumnOf(table->KeyColumn())));
+    const bool isOwn = !m_impl->file.InTransaction();
+    if (!EnterTransaction()) return false;
+    bool found = false;
+    if (!table->Modify(m_impl->file, key, m_recordset->m_written, found)) return FailChange(isOwn);
+    if (!found) {
+        if (isOwn) m_impl->file.Rollback();
+        return Fail(SQLITE_NOTFOUND, LoadText(Text::RecordGone));
+    }
+    m_impl->changes.NoteModify(table, key, m_recordset->m_written);
+    return true;
+}
+
+/// A commit that fails leaves its changes to the next one. The transaction is ended all the same where they
+/// are known, so that no lock stays that would keep other programs out.
+bool CVOSrcMgr::Update() {
+    Impl& impl = *m_impl;
+    if (!HasOpenChanges()) return true;
+    impl.isUpdateDue = true;
+    if (!EnterTransaction()) {
+        if (!impl.changes.CanRepeat()) Discard();
+        return false;
+    }
+    const bool isDone = CheckPlace() && (impl.file.Commit() || FailByFile());
+    if (!isDone) {
+        if (impl.changes.CanRepeat())
+            impl.file.Rollback();
+        else if (!impl.file.InTransaction())
+            Discard();
+        return false;
+    }
+    impl.changes.Clear();
+    impl.isUpdateDue = false;
+    return true;
+}
+
+bool CVOSrcMgr::BeginBatch() {
+    return EnterTransaction();
+}
+
+void CVOSrcMgr::Discard() {
+    CloseQuery();
+    m_impl->file.Rollback();
+    m_impl->changes.Clear();
+    m_impl->isUpdateDue = false;
+}
+
+bool CVOSrcMgr::HasOpenChanges() const {
+    return m_impl->file.InTransaction() || !m_impl->changes.IsEmpty();
+}
+
+void CVOSrcMgr::CloseQuery() {
+    if (m_recordset) m_recordset->m_cursor.Close();
+}
+
+/// Changes that an Update could not write get a last chance; those that nobody asked to keep are undone.
+void CVOSrcMgr::Close() {
+    CloseQuery();
+    if (m_impl->isUpdateDue) (void)Update();
+    Discard();
+    m_recordset.reset();
+    m_impl->ForgetTables();
+    m_impl->file.Close();
+}

@@ -1,0 +1,143 @@
+#include "records/QueryCursor.h"
+
+#include "platform/CSqliteFile.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+
+namespace {
+
+/// A column counts as what its table declares; one that is computed counts as text.
+RowColumnType DeclaredType(const char* declared) {
+    if (qstrcmp(declared, "INTEGER") == 0) return RowColumnType::Integer;
+    if (qstrcmp(declared, "REAL") == 0) return RowColumnType::Real;
+    return RowColumnType::Text;
+}
+
+const char* TextOf(sqlite3_stmt* statement, int column) {
+    return reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+}
+
+}  // namespace
+
+bool QueryCursor::Open(CSqliteFile& file, sqlite3_stmt* statement, bool buffered) {
+    Close();
+    m_file = &file;
+    m_statement = statement;
+    Describe();
+    if (!Step()) return false;
+    if (!buffered) return true;
+    while (m_statement) {
+        std::vector<VARIANT>& row = m_buffer.emplace_back();
+        for (int column = 0; column < static_cast<int>(m_names.size()); ++column)
+            row.push_back(StatementValue(column));
+        if (!Step()) return false;
+    }
+    return true;
+}
+
+void QueryCursor::Describe() {
+    const int count = sqlite3_column_count(m_statement);
+    for (int column = 0; column < count; ++column) {
+        m_names.push_back(QString::fromUtf8(sqlite3_column_name(m_statement, column)));
+        m_types.push_back(DeclaredType(sqlite3_column_decltype(m_statement, column)));
+    }
+    m_table = count > 0 ? QByteArray(sqlite3_column_table_name(m_statement, 0)) : QByteArray();
+}
+
+void QueryCursor::Close() {
+    if (m_statement) sqlite3_reset(m_statement);
+    m_statement = nullptr;
+    m_table.clear();
+    m_names.clear();
+    m_types.clear();
+    m_buffer.clear();
+    m_at = 0;
+}
+
+/// One row on. At the end, and after a failure, the statement lets go of its lock.
+bool QueryCursor::Step() {
+    const int result = sqlite3_step(m_statement);
+    if (result == SQLITE_ROW) return true;
+    if (result != SQLITE_DONE) m_file->NoteError();
+    sqlite3_reset(m_statement);
+    m_statement = nullptr;
+    return result == SQLITE_DONE;
+}
+
+bool QueryCursor::Next() {
+    if (m_statement) return Step();
+    if (m_at < m_buffer.size()) ++m_at;
+    return true;
+}
+
+VARIANT QueryCursor::StatementValue(int column) const {
+    switch (m_types[static_cast<std::size_t>(column)]) {
+        case RowColumnType::Integer:
+            return static_cast<std::int32_t>(sqlite3_column_int64(m_statement, column));
+        case RowColumnType::Real:
+            return sqlite3_column_double(m_statement, column);
+        case RowColumnType::Text:
+            break;
+    }
+    const char* text = TextOf(m_statement, column);
+    return QString::fromUtf8(text, sqlite3_column_bytes(m_statement, column));
+}
+
+VARIANT QueryCursor::Value(int column) const {
+    if (IsEof() || column < 0 || column >= static_cast<int>(m_names.size())) return {};
+    return m_statement ? StatementValue(column) : m_buffer[m_at][static_cast<std::size_t>(column)];
+}
+
+int QueryCursor::ColumnOf(const QString& name) const {
+    const auto found = std::find(m_names.begin(), m_names.end(), name);
+    return found == m_names.end() ? -1 : static_cast<int>(found - m_names.begin());
+}
+
+void QueryCursor::TakeRow(RowTable& out) const {
+    for (int column = 0; column < out.ColumnCount(); ++column) {
+        switch (m_types[static_cast<std::size_t>(column)]) {
+            case RowColumnType::Integer:
+                out.PutInteger(column, sqlite3_column_int64(m_statement, column));
+                break;
+            case RowColumnType::Real:
+                out.PutReal(column, sqlite3_column_double(m_statement, column));
+                break;
+            case RowColumnType::Text: {
+                const char* text = TextOf(m_statement, column);
+                out.PutText(column, text,
+                            static_cast<std::size_t>(sqlite3_column_bytes(m_statement, column)));
+                break;
+            }
+        }
+    }
+    out.EndRow();
+}
+
+/// The same of a row that lies in memory.
+void QueryCursor::TakeBuffered(RowTable& out) const {
+    for (int column = 0; column < out.ColumnCount(); ++column) {
+        const VARIANT& value = m_buffer[m_at][static_cast<std::size_t>(column)];
+        const QByteArray text = ToText(value).toUtf8();
+        if (const auto* integer = std::get_if<std::int32_t>(&value))
+            out.PutInteger(column, *integer);
+        else if (const auto* real = std::get_if<double>(&value))
+            out.PutReal(column, *real);
+        else
+            out.PutText(column, text.constData(), static_cast<std::size_t>(text.size()));
+    }
+    out.EndRow();
+}
+
+bool QueryCursor::TakeAll(RowTable& out) {
+    out = RowTable(m_types);
+    while (!IsEof()) {
+        if (m_statement)
+            TakeRow(out);
+        else
+            TakeBuffered(out);
+        if (!Next()) return false;
+    }
+    return true;
+}

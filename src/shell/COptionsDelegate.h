@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+class COptionsModel;
+
+/// Draws and edits the options: check boxes and radio buttons change with Space or a click anywhere on the
+/// row, values open a combo box or a number field with Space, F2 or a click.
+class COptionsDelegate final : public QStyledItemDelegate {
+    Q_OBJECT
+
+ public:
+    /// The view's model is a proxy of the model.
+    COptionsDelegate(COptionsModel& model, QObject* parent);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    [[nodiscard]] QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                        const QModelIndex& index) const override;
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+
+ Q_SIGNALS:
+    /// Space was pressed on a row whose value has an editor.
+    void EditWanted(const QModelIndex& valueIndex);
+
+ protected:
+    [[nodiscard]] bool editorEvent(QEvent* event, QAbstractItemModel* model,
+                                   const QStyleOptionViewItem& option, const QModelIndex& index) override;
+
+ private:
+    [[nodiscard]] QModelIndex Source(const QModelIndex& index) const;
+    void PaintRadio(QPainter* painter, const QStyleOptionViewItem& item) const;
+    void PaintArrow(QPainter* painter, const QStyleOptionViewItem& item) const;
+    [[nodiscard]] QWidget* MakeChoice(QWidget* parent, const QModelIndex& source) const;
+    [[nodiscard]] QWidget* MakeNumber(QWidget* parent, const QModelIndex& source) const;
+
+    COptionsModel& m_model;
+};

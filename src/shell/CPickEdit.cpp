@@ -1,0 +1,141 @@
+#include "shell/CPickEdit.h"
+
+#include "lang/LoadText.h"
+#include "shell/FormRows.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QToolButton>
+
+namespace {
+
+struct StepKey {
+    int key;
+    int steps;
+    bool isLarge;
+};
+constexpr StepKey kStepKeys[] = {
+    {Qt::Key_Up, 1, false},
+    {Qt::Key_Down, -1, false},
+    {Qt::Key_PageUp, 1, true},
+    {Qt::Key_PageDown, -1, true},
+};
+
+const StepKey* FindStep(const QKeyEvent& event) {
+    if (event.modifiers() & ~Qt::KeypadModifier) return nullptr;
+    for (const StepKey& row : kStepKeys)
+        if (row.key == event.key()) return &row;
+    return nullptr;
+}
+
+bool OpensPopup(const QKeyEvent& event) {
+    const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    return (event.key() == Qt::Key_Down && modifiers == Qt::AltModifier) ||
+           (event.key() == Qt::Key_F4 && modifiers == Qt::NoModifier);
+}
+
+/// Whether a key would change the text.
+bool Changes(const QKeyEvent& event) {
+    if (event.matches(QKeySequence::Paste) || event.matches(QKeySequence::Cut)) return true;
+    if (event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete) return true;
+    const bool isCommand = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return !isCommand && !event.text().isEmpty() && event.text().front().isPrint();
+}
+
+/// Below the field, or above where there is no room below.
+QPoint PlaceFor(const QWidget& popup, const QWidget& field) {
+    const QRect room = field.screen()->availableGeometry();
+    const QSize size = popup.sizeHint();
+    QPoint place = field.mapToGlobal(QPoint(0, field.height()));
+    if (place.y() + size.height() > room.bottom())
+        place.setY(field.mapToGlobal(QPoint()).y() - size.height());
+    place.setX(qMax(room.left(), qMin(place.x(), room.right() - size.width())));
+    return place;
+}
+
+}  // namespace
+
+CPickEdit::CPickEdit(const QString& forms, QWidget* parent)
+    : QLineEdit(parent), m_button(new QToolButton(this)), m_forms(forms) {
+    m_button->setArrowType(Qt::DownArrow);
+    m_button->setAutoRaise(true);
+    m_button->setFocusPolicy(Qt::NoFocus);
+    m_button->setCursor(Qt::ArrowCursor);
+    m_button->setToolTip(LoadText(Text::OpenPicker));
+    NameWidget(*m_button, QStringLiteral("pickButton"), LoadText(Text::OpenPicker));
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addStretch();
+    row->addWidget(m_button);
+    setTextMargins(0, 0, m_button->sizeHint().width(), 0);
+    setToolTip(m_forms);
+    connect(m_button, &QToolButton::clicked, this, &CPickEdit::OpenPopup);
+    connect(this, &QLineEdit::textEdited, this, &CPickEdit::Reread);
+    connect(this, &QLineEdit::editingFinished, this, [this] {
+        if (m_isTouched) Q_EMIT Settled();
+    });
+}
+
+void CPickEdit::Lock(const QString& reason) {
+    setReadOnly(!reason.isEmpty());
+    setToolTip(reason.isEmpty() ? m_forms : reason);
+    setAccessibleDescription(reason);
+}
+
+void CPickEdit::OpenPopup() {
+    if (IsLocked()) {
+        Q_EMIT EntryTried();
+        return;
+    }
+    setFocus(Qt::PopupFocusReason);
+    QWidget* popup = MakePopup();
+    popup->setAttribute(Qt::WA_DeleteOnClose);
+    popup->ensurePolished();
+    popup->move(PlaceFor(*popup, *this));
+    popup->show();
+}
+
+void CPickEdit::keyPressEvent(QKeyEvent* event) {
+    if (IsLocked() && (Changes(*event) || FindStep(*event) || OpensPopup(*event))) {
+        event->accept();
+        Q_EMIT EntryTried();
+        return;
+    }
+    if (TryPickKeys(*event))
+        event->accept();
+    else
+        QLineEdit::keyPressEvent(event);
+}
+
+bool CPickEdit::TryPickKeys(const QKeyEvent& event) {
+    if (OpensPopup(event)) {
+        OpenPopup();
+        return true;
+    }
+    const StepKey* step = FindStep(event);
+    if (step) StepBy(step->steps, step->isLarge);
+    return step != nullptr;
+}
+
+void CPickEdit::ShowText(const QString& text) {
+    m_isTouched = false;
+    m_isReadable = true;
+    m_shownText = text;
+    // An equal text isn't set again, which would lose the cursor and what is selected.
+    if (text != this->text()) setText(text);
+    MarkUnreadable(*this, false, {});
+}
+
+void CPickEdit::EnterText(const QString& text) {
+    setText(text);
+    selectAll();
+    Reread();
+}
+
+void CPickEdit::Reread() {
+    m_isTouched = true;
+    m_isReadable = ReadText();
+    MarkUnreadable(*this, !m_isReadable, m_isReadable ? QString() : WhyUnreadable());
+    Q_EMIT Entered();
+}

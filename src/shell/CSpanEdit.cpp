@@ -1,0 +1,76 @@
+#include "shell/CSpanEdit.h"
+
+#include "lang/FormatText.h"
+#include "shell/CPickPopup.h"
+#include "shell/core/TypedTimes.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kMostMinutes = 24 * 60 - 1;
+
+QString TextOf(const EnteredSpan& span) {
+    return FormatText<Text::SpanClock>(span.hours, span.minutes);
+}
+
+QStringList HourCaptions() {
+    QStringList captions;
+    for (int hour = 0; hour < 24; ++hour) captions << FormatText<Text::NumberGrid>(hour);
+    return captions;
+}
+
+}  // namespace
+
+CSpanEdit::CSpanEdit(const CRegionalInfo& region, int step, QWidget* parent)
+    : CPickEdit(FormatText<Text::SpanForms>(QString(QChar(region.decimalChar))), parent),
+      m_region(region),
+      m_step(step) {}
+
+void CSpanEdit::SetSpan(const std::optional<EnteredSpan>& span) {
+    m_span = span;
+    ShowText(span ? TextOf(*span) : QString());
+}
+
+int CSpanEdit::UnreadableTextId() const {
+    return static_cast<int>(Text::SpanUnreadable);
+}
+
+QString CSpanEdit::WhyUnreadable() const {
+    return FormatText<Text::SpanUnreadable>(text());
+}
+
+bool CSpanEdit::ReadText() {
+    EnteredSpan span;
+    const Typed read = ReadTypedSpan(text(), m_region, span.hours, span.minutes);
+    if (read == Typed::Nothing) m_span.reset();
+    if (read == Typed::Value) m_span = span;
+    return read != Typed::Unreadable;
+}
+
+void CSpanEdit::EnterMinutes(int minutes) {
+    const int within = std::clamp(minutes, 0, kMostMinutes);
+    EnterText(TextOf({within / 60, within % 60}));
+}
+
+/// To the next multiple of the step, between nothing and a day; a large step is an hour.
+void CSpanEdit::StepBy(int steps, bool isLarge) {
+    const int now = m_span ? m_span->hours * 60 + m_span->minutes : 0;
+    if (isLarge) {
+        EnterMinutes(now + 60 * steps);
+        return;
+    }
+    const int over = now % 60 % m_step;
+    const bool isDownToMultiple = steps < 0 && over > 0;
+    EnterMinutes(isDownToMultiple ? now - over : now - over + steps * m_step);
+}
+
+QWidget* CSpanEdit::MakePopup() {
+    const EnteredSpan start = m_span.value_or(EnteredSpan{});
+    const CPickPopup::Choice choice{HourCaptions(), m_step, std::min(start.hours, 23), start.minutes, false};
+    auto* popup = new CPickPopup(choice, this);
+    connect(popup, &CPickPopup::Picked, this,
+            [this](int hour, int minute) { EnterMinutes(hour * 60 + minute); });
+    connect(popup, &CPickPopup::Cleared, this, [this] { EnterText({}); });
+    return popup;
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "entry/TimeEntryRules.h"
+#include "platform/CRegionalInfo.h"
+#include "shell/CPickEdit.h"
+
+#include <optional>
+
+/// A field for a length of time, or none. It shows any length; what is typed or picked stays under 24 hours.
+class CSpanEdit final : public CPickEdit {
+    Q_OBJECT
+
+ public:
+    /// step: minutes from one step, and one choice, to the next.
+    CSpanEdit(const CRegionalInfo& region, int step, QWidget* parent = nullptr);
+
+    void SetSpan(const std::optional<EnteredSpan>& span);
+    /// The span as entered; the last one that could be read while the text can't be.
+    [[nodiscard]] const std::optional<EnteredSpan>& GetSpan() const { return m_span; }
+    [[nodiscard]] QString WhyUnreadable() const override;
+    [[nodiscard]] int UnreadableTextId() const override;
+
+ protected:
+    [[nodiscard]] bool ReadText() override;
+    void StepBy(int steps, bool isLarge) override;
+    [[nodiscard]] QWidget* MakePopup() override;
+
+ private:
+    void EnterMinutes(int minutes);
+
+    CRegionalInfo m_region;
+    int m_step;
+    std::optional<EnteredSpan> m_span;
+};

@@ -1,0 +1,80 @@
+#include "shell/FormRows.h"
+
+#include "lang/LoadText.h"
+#include "shell/CMnemonics.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStyle>
+
+namespace {
+
+QString MarkName() {
+    return QStringLiteral("unreadableMark");
+}
+
+}  // namespace
+
+void NameWidget(QWidget& widget, const QString& objectName, const QString& accessibleName) {
+    widget.setObjectName(objectName);
+    widget.setAccessibleName(accessibleName);
+}
+
+QLabel* AddLabel(QGridLayout& form, int row, const QString& text, QWidget& field, const QString& objectName,
+                 CMnemonics& mnemonics) {
+    auto* label = new QLabel(mnemonics.Give(text));
+    label->setBuddy(&field);
+    label->setObjectName(objectName + QStringLiteral("Label"));
+    NameWidget(field, objectName, text);
+    form.addWidget(label, row, 0);
+    return label;
+}
+
+QCheckBox* MakeCheckBox(const QString& text, const QString& objectName, CMnemonics& mnemonics) {
+    auto* box = new QCheckBox(mnemonics.Give(text));
+    NameWidget(*box, objectName, text);
+    return box;
+}
+
+QDialogButtonBox* MakeDialogButtons(QDialog& dialog, Text acceptText, CMnemonics& mnemonics) {
+    auto* box = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    const auto dress = [&mnemonics, box](QDialogButtonBox::StandardButton which, Text text,
+                                         const QString& name) {
+        box->button(which)->setText(mnemonics.Give(LoadText(text)));
+        NameWidget(*box->button(which), name, LoadText(text));
+    };
+    dress(QDialogButtonBox::Ok, acceptText, QStringLiteral("acceptButton"));
+    dress(QDialogButtonBox::Cancel, Text::DialogCancel, QStringLiteral("cancelButton"));
+    box->button(QDialogButtonBox::Ok)->setDefault(true);
+    QObject::connect(box, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(box, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    return box;
+}
+
+void MarkUnreadable(QLineEdit& field, bool isUnreadable, const QString& reason) {
+    auto* mark = field.findChild<QAction*>(MarkName());
+    if (!isUnreadable) {
+        delete mark;
+        field.setAccessibleDescription({});
+        return;
+    }
+    if (!mark) {
+        const QIcon icon = QIcon::fromTheme(QStringLiteral("dialog-warning"),
+                                            field.style()->standardIcon(QStyle::SP_MessageBoxWarning));
+        mark = field.addAction(icon, QLineEdit::LeadingPosition);
+        mark->setObjectName(MarkName());
+    }
+    mark->setToolTip(reason);
+    field.setAccessibleDescription(reason);
+}
+
+bool IsMarked(const QLineEdit& field) {
+    return field.findChild<QAction*>(MarkName()) != nullptr;
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "lang/Text.h"
+
+#include <QString>
+
+class CMnemonics;
+class QCheckBox;
+class QDialogButtonBox;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QWidget;
+
+/// The rhythm of forms: the space between rows, and three times as much between groups.
+inline constexpr int kFormSpace = 8;
+
+/// Names a widget for tests and for screen readers.
+void NameWidget(QWidget& widget, const QString& objectName, const QString& accessibleName);
+
+/// The label of a field in column 0 of a form with its mnemonic, as the field's buddy; the field takes the
+/// label's words as its accessible name.
+QLabel* AddLabel(QGridLayout& form, int row, const QString& text, QWidget& field, const QString& objectName,
+                 CMnemonics& mnemonics);
+[[nodiscard]] QCheckBox* MakeCheckBox(const QString& text, const QString& objectName, CMnemonics& mnemonics);
+/// The button that accepts, which is the default, and Cancel; both are connected to the dialog. The caller
+/// lays them out, last, so that they come last with Tab as well.
+[[nodiscard]] QDialogButtonBox* MakeDialogButtons(class QDialog& dialog, Text acceptText,
+                                                  CMnemonics& mnemonics);
+
+/// Marks a field whose text can't be read by an icon with the reason as its tip, and takes the mark off
+/// again.
+void MarkUnreadable(QLineEdit& field, bool isUnreadable, const QString& reason);
+[[nodiscard]] bool IsMarked(const QLineEdit& field);

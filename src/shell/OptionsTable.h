@@ -1,0 +1,33 @@
+#pragma once
+
+#include "lang/Text.h"
+
+#include <cstdint>
+#include <span>
+
+/// How an option is edited in the tree.
+enum class OptionKind {
+    Group,   ///< holds others
+    Check,   ///< a flag
+    Choice,  ///< one of several values, from a combo box
+    Radios,  ///< a group whose leaves are its values
+    Number,  ///< a whole number within the setting's bounds
+};
+
+/// One value of a choice. The numbers are stored as they stand.
+struct OptionChoice {
+    std::int32_t value;
+    Text text;
+};
+
+/// One row of the tree of options.
+struct OptionRow {
+    int depth;  ///< 0 at the top; a row belongs to the last one above it of a smaller depth
+    OptionKind kind;
+    Text text;
+    const char* setting;  ///< its name; null for a group
+    std::span<const OptionChoice> choices;
+};
+
+/// All rows from top to bottom.
+[[nodiscard]] std::span<const OptionRow> OptionRows();

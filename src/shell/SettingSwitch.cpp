@@ -1,0 +1,31 @@
+#include "shell/SettingSwitch.h"
+
+#include "config/CCfgStore.h"
+#include "config/SettingsTable.h"
+#include "lang/LoadText.h"
+#include "platform/CPrompt.h"
+#include "shell/FormRows.h"
+
+#include <QCheckBox>
+
+QCheckBox* MakeSettingSwitch(const QString& settingName, const QString& text, CCfgStore& settings,
+                             CPrompt& prompt, CMnemonics& mnemonics) {
+    const SettingRow* row = FindSetting(settingName);
+    Q_ASSERT(row);
+    QCheckBox* box = MakeCheckBox(text, settingName + QStringLiteral("Box"), mnemonics);
+    box->setChecked(SettingValue(settings, *row) != 0);
+    QObject::connect(box, &QCheckBox::clicked, box, [row, &settings, &prompt](bool isOn) {
+        PutSetting(settings, *row, isOn ? 1 : 0);
+        if (!settings.SaveValue(row->index)) TellNotSaved(prompt);
+    });
+    return box;
+}
+
+void TellNotSaved(CPrompt& prompt) {
+    MessageBox box;
+    box.textId = static_cast<int>(Text::OptionsNotSaved);
+    box.title = LoadText(Text::OptionsTitle);
+    box.text = LoadText(Text::OptionsNotSaved);
+    box.icon = BoxIcon::Warning;
+    prompt.Tell(box);
+}

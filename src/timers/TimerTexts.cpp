@@ -1,0 +1,16 @@
+#include "timers/TimerTexts.h"
+
+#include "lang/FormatText.h"
+#include "records/FieldValues.h"
+#include "timers/ActiveTimer.h"
+
+QString TimerCountText(const ActiveTimer& timer) {
+    return FormatText<Text::TimerCount>(timer.hours, timer.minutes, timer.seconds);
+}
+
+QString LiveDurationText(const ActiveTimer* timer, const SpanField& duration) {
+    if (timer && (timer->state == TimerState::Running || timer->state == TimerState::Paused))
+        return TimerCountText(*timer);
+    if (!duration.IsSet()) return LoadText(Text::NoTime);
+    return FormatText<Text::PanelDuration>(duration.hours, duration.minutes);
+}

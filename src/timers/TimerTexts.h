@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+class ActiveTimer;
+struct SpanField;
+
+/// The count of a timer, "01:30:00".
+[[nodiscard]] QString TimerCountText(const ActiveTimer& timer);
+
+/// What the record dialog shows as duration: the count of a running or paused timer, otherwise hours and
+/// minutes of the duration ("01:30"), "--:--" when it isn't set. timer: null without one.
+[[nodiscard]] QString LiveDurationText(const ActiveTimer* timer, const SpanField& duration);

@@ -1,0 +1,338 @@
+#include "SettingsHome.h"
+
+#include <QTemporaryDir>
+
+using Created = CSettingsTree::Created;
+
+/// What is stored of the settings, and how it is loaded.
+class TestCCfgStore : public QObject {
+    Q_OBJECT
+
+ private Q_SLOTS:
+    void FirstRunWritesEverything();
+    void SecondStartLoadsUnchanged();
+    void StoredForm_data();
+    void StoredForm();
+    void Load_data();
+    void Load();
+    void EmptyKeyGivesDefaults();
+    void EmptyKeyIsFilledAtTheNextSave();
+    void OnlyChangesAreWritten();
+    void TwoProgramsLoseNothing_data();
+    void TwoProgramsLoseNothing();
+    void ConsoleThatOnlyReadsWritesNothing();
+    void SaveValueWritesAtOnce();
+    void SaveValueRefusesUnknownIndex();
+    void Font_data();
+    void Font();
+    void FontOfAnotherProgramStays();
+    void UnreachableBaseKey();
+    void RegionalFlags_data();
+    void RegionalFlags();
+    void PrecisionsStayInRange();
+    void ResetAllGivesDefaults();
+
+ private:
+    [[nodiscard]] static QString Entry(int index) {
+        return QStringLiteral("VirtualCfgObj%1").arg(index, 4, 10, QLatin1Char('0'));
+    }
+    [[nodiscard]] static QByteArray FontBytes(SettingsHome& home) {
+        const auto value = home.tree.ReadValue(home.BaseKey(), QStringLiteral("ListFont"));
+        return value && std::holds_alternative<QByteArray>(*value) ? std::get<QByteArray>(*value)
+                                                                   : QByteArray();
+    }
+};
+
+void TestCCfgStore::FirstRunWritesEverything() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    QVERIFY(home.isOpen);
+    home.Start();
+    const auto stored = home.profile->Section(QStringLiteral("CoreRuntime"));
+    QCOMPARE(stored.size(), std::size_t(75));
+    for (int i = 0; i < 75; ++i) QCOMPARE(stored[static_cast<std::size_t>(i)].first, Entry(i));
+    QCOMPARE(FontBytes(home).size(), 92);
+}
+
+void TestCCfgStore::SecondStartLoadsUnchanged() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    CCfgStore& first = home.Start();
+    first.confirmDelete = false;
+    first.roundStartType = 32;
+    first.lineColour2 = 0x123456;
+    first.odometerLastEnd = 98765;
+    CCfgStore& second = home.Start();
+    QCOMPARE(second.confirmDelete, false);
+    QCOMPARE(second.roundStartType, 32);
+    QCOMPARE(second.lineColour2, 0x123456U);
+    QCOMPARE(second.odometerLastEnd, 98765);
+    QCOMPARE(second.precisionDuration, 4);
+    QCOMPARE(second.timerOnExit, 1);
+    QCOMPARE(second.listLayout, 4);
+}
+
+void TestCCfgStore::StoredForm_data() {
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<bool>("isNumber");
+    QTest::addColumn<int>("number");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("a flag is an integer") << "VirtualCfgObj0000" << true << 1 << QByteArray();
+    QTest::newRow("a number is an integer") << "VirtualCfgObj0033" << true << -1 << QByteArray();
+    QTest::newRow("a colour is 4 bytes: red, green, blue, 0")
+        << "VirtualCfgObj0056" << false << 0 << QByteArray::fromHex("eae9e100");
+    QTest::newRow("the last one") << "VirtualCfgObj0074" << true << 1 << QByteArray();
+}
+
+void TestCCfgStore::StoredForm() {
+    QFETCH(QString, entry);
+    QFETCH(bool, isNumber);
+    QFETCH(int, number);
+    QFETCH(QByteArray, bytes);
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    home.Start();
+    const auto stored = home.profile->Section(QStringLiteral("CoreRuntime"));
+    for (const auto& [name, value] : stored) {
+        if (name != entry) continue;
+        QCOMPARE(value, isNumber ? SettingsValue(number) : SettingsValue(bytes));
+        return;
+    }
+    QFAIL("the entry isn't stored");
+}
+
+void TestCCfgStore::Load_data() {
+    QTest::addColumn<QString>("setting");
+    QTest::addColumn<QByteArray>("bytes");  // stored as bytes, or
+    QTest::addColumn<int>("number");        // as this number when there are none
+    QTest::addColumn<int>("loaded");
+    QTest::newRow("a flag stored as 0") << "confirmCopy" << QByteArray() << 0 << 0;
+    QTest::newRow("a flag stored as 2 loads as its default, here 1")
+        << "confirmCopy" << QByteArray() << 2 << 1;
+    QTest::newRow("a flag stored as 2 loads as its default, here 0")
+        << "confirmAddListItem" << QByteArray() << 2 << 0;
+    QTest::newRow("a flag stored as -1") << "confirmCopy" << QByteArray() << -1 << 1;
+    QTest::newRow("a flag stored as bytes") << "confirmCopy" << QByteArray("\0\0\0\0", 4) << 0 << 1;
+    QTest::newRow("a rounding type of 1 stays 1") << "roundStartType" << QByteArray() << 1 << 1;
+    QTest::newRow("a list layout of 0 stays 0 until the view is laid out")
+        << "listLayout" << QByteArray() << 0 << 0;
+    QTest::newRow("a number stored as bytes") << "listLayout" << QByteArray("\1\0\0\0", 4) << 0 << 4;
+    QTest::newRow("a colour of 4 bytes") << "lineColour4" << QByteArray::fromHex("01020300") << 0 << 0x030201;
+    QTest::newRow("a colour of 3 bytes") << "lineColour4" << QByteArray::fromHex("010203") << 0 << 0x8C8C8C;
+    QTest::newRow("a colour of 5 bytes")
+        << "lineColour4" << QByteArray::fromHex("0102030405") << 0 << 0x8C8C8C;
+    QTest::newRow("a colour stored as a number") << "lineColour4" << QByteArray() << 7 << 0x8C8C8C;
+}
+
+void TestCCfgStore::Load() {
+    QFETCH(QString, setting);
+    QFETCH(QByteArray, bytes);
+    QFETCH(int, number);
+    QFETCH(int, loaded);
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    home.Start();
+    home.settings.reset();
+    const SettingRow* row = FindSetting(setting);
+    QVERIFY(row);
+    if (bytes.isEmpty())
+        QVERIFY(home.profile->WriteInt(SettingsHome::Section(), Entry(row->index), number));
+    else
+        QVERIFY(home.profile->WriteBinary(SettingsHome::Section(), Entry(row->index), bytes));
+    QCOMPARE(SettingValue(home.Start(), *row), static_cast<std::int64_t>(loaded));
+}
+
+void TestCCfgStore::EmptyKeyGivesDefaults() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    QVERIFY(home.tree.CreateKey(home.tree.Root(), LoadText(Text::BaseKeyPath)).IsOpen());
+    const CCfgStore& settings = home.Start();  // an unexpected message would fail the test
+    for (const SettingRow& row : SettingsTable()) QCOMPARE(SettingValue(settings, row), row.preset);
+    QCOMPARE(settings.ListFont().face, LoadText(Text::DefaultFontFace));
+    QCOMPARE(settings.ListFont().tenthsOfPoint, 85);
+    QCOMPARE(home.profile->Section(SettingsHome::Section()).size(), std::size_t(0));
+}
+
+void TestCCfgStore::EmptyKeyIsFilledAtTheNextSave() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    QVERIFY(home.tree.CreateKey(home.tree.Root(), LoadText(Text::BaseKeyPath)).IsOpen());
+    QVERIFY(home.Start().SaveAll());
+    QCOMPARE(home.profile->Section(SettingsHome::Section()).size(), std::size_t(75));
+    QCOMPARE(FontBytes(home).size(), 92);
+}
+
+void TestCCfgStore::OnlyChangesAreWritten() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    CCfgStore& settings = home.Start();
+    // Marks beside the stored values: whoever writes all of them would take the marks away.
+    QVERIFY(home.profile->WriteInt(SettingsHome::Section(), Entry(40), 4711));
+    QVERIFY(home.tree.WriteValue(home.BaseKey(), QStringLiteral("ListFont"), QByteArray("mark")));
+    settings.weekNumberType = 0;
+    QVERIFY(settings.SaveAll());
+    QCOMPARE(home.profile->GetInt(SettingsHome::Section(), Entry(72), -5), 0);
+    QCOMPARE(home.profile->GetInt(SettingsHome::Section(), Entry(40), -5), 4711);
+    QCOMPARE(FontBytes(home), QByteArray("mark"));
+    settings.weekNumberType = 1;  // back again is a change as well
+    home.settings.reset();
+    QCOMPARE(home.profile->GetInt(SettingsHome::Section(), Entry(72), -5), 1);
+    QCOMPARE(home.profile->GetInt(SettingsHome::Section(), Entry(40), -5), 4711);
+}
+
+void TestCCfgStore::TwoProgramsLoseNothing_data() {
+    QTest::addColumn<bool>("isFirstRun");
+    QTest::newRow("on stored settings") << false;
+    QTest::newRow("on a key that holds nothing yet") << true;
+}
+
+void TestCCfgStore::TwoProgramsLoseNothing() {
+    QFETCH(bool, isFirstRun);
+    const QTemporaryDir folder;
+    SettingsHome window(folder.path());
+    SettingsHome console(folder.path());
+    if (isFirstRun) QVERIFY(window.tree.CreateKey(window.tree.Root(), LoadText(Text::BaseKeyPath)).IsOpen());
+    window.Start().confirmCopy = false;
+    console.Start().firstDayOfWeek = 1;
+    console.settings->lineColour1 = 0x0000FF;
+    console.settings.reset();
+    window.settings.reset();
+    SettingsHome later(folder.path());
+    const CCfgStore& settings = later.Start();
+    QCOMPARE(settings.confirmCopy, false);
+    QCOMPARE(settings.firstDayOfWeek, 1);
+    QCOMPARE(settings.lineColour1, 0x0000FFU);
+}
+
+void TestCCfgStore::ConsoleThatOnlyReadsWritesNothing() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    home.Start();
+    CCfgStore& console = home.Start();
+    console.KeepStoreUntouched();
+    console.confirmCopy = false;
+    QCOMPARE(home.Start().confirmCopy, true);
+}
+
+void TestCCfgStore::SaveValueWritesAtOnce() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    CCfgStore& settings = home.Start();
+    settings.timerOnExit = 2;
+    settings.confirmCopy = false;
+    QVERIFY(settings.SaveValue(69));
+    QCOMPARE(home.profile->GetInt(SettingsHome::Section(), Entry(69), -5), 2);
+    QCOMPARE(home.profile->GetInt(SettingsHome::Section(), Entry(0), -5), 1);
+}
+
+void TestCCfgStore::SaveValueRefusesUnknownIndex() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    QVERIFY(!home.Start().SaveValue(-1));
+    QVERIFY(!home.settings->SaveValue(75));
+}
+
+void TestCCfgStore::Font_data() {
+    QTest::addColumn<QByteArray>("stored");
+    QTest::addColumn<QString>("face");
+    QTest::addColumn<int>("tenthsOfPoint");
+    QTest::newRow("92 bytes") << FontRecord{140, 700, true, QStringLiteral("Serif")}.ToBytes() << "Serif"
+                              << 140;
+    QTest::newRow("91 bytes give the default font") << QByteArray(91, '\1') << "Sans Serif" << 85;
+    QTest::newRow("93 bytes give the default font") << QByteArray(93, '\1') << "Sans Serif" << 85;
+}
+
+void TestCCfgStore::Font() {
+    QFETCH(QByteArray, stored);
+    QFETCH(QString, face);
+    QFETCH(int, tenthsOfPoint);
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    home.Start();
+    home.settings.reset();
+    QVERIFY(home.tree.WriteValue(home.BaseKey(), QStringLiteral("ListFont"), stored));
+    const CCfgStore& settings = home.Start();
+    QCOMPARE(settings.ListFont().face, face);
+    QCOMPARE(settings.ListFont().tenthsOfPoint, tenthsOfPoint);
+}
+
+void TestCCfgStore::FontOfAnotherProgramStays() {
+    const QTemporaryDir folder;
+    SettingsHome window(folder.path());
+    SettingsHome other(folder.path());
+    window.Start();
+    const FontRecord chosen{200, 400, false, QStringLiteral("Mono")};
+    other.Start().SetListFont(chosen);
+    other.settings.reset();
+    window.settings.reset();
+    QCOMPARE(FontBytes(window), chosen.ToBytes());
+}
+
+void TestCCfgStore::UnreachableBaseKey() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    QVERIFY(home.tree.File().Execute("PRAGMA query_only=ON"));
+    home.prompt.ExpectTold(Text::BaseKeyFailed);
+    CCfgStore& settings = home.Start();
+    QVERIFY(home.prompt.told.first().contains(QStringLiteral("Software\\Velmarch\\Settings")));
+    QCOMPARE(settings.precisionRate, 3);
+    settings.precisionRate = 5;
+    QCOMPARE(settings.precisionRate, 5);
+    QVERIFY(!settings.SaveAll());
+}
+
+void TestCCfgStore::RegionalFlags_data() {
+    QTest::addColumn<bool>("is24Hour");
+    QTest::addColumn<bool>("isMetric");
+    QTest::newRow("12 hours, miles") << false << false;
+    QTest::newRow("24 hours, kilometres") << true << true;
+    QTest::newRow("24 hours, miles") << true << false;
+}
+
+void TestCCfgStore::RegionalFlags() {
+    QFETCH(bool, is24Hour);
+    QFETCH(bool, isMetric);
+    const QTemporaryDir folder;
+    CRegionalInfo region;
+    region.is24Hour = is24Hour;
+    region.isMetric = isMetric;
+    {
+        SettingsHome before(folder.path());
+        before.Start().clock24 = !is24Hour;  // not stored
+    }
+    SettingsHome home(folder.path(), region);
+    const CCfgStore& settings = home.Start();
+    QCOMPARE(settings.clock24, is24Hour);
+    QCOMPARE(settings.metricUnits, isMetric);
+    for (const SettingRow& row : SettingsTable()) QCOMPARE(SettingValue(settings, row), row.preset);
+}
+
+void TestCCfgStore::PrecisionsStayInRange() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    CCfgStore& settings = home.Start();
+    settings.precisionDuration = 1000000;
+    settings.precisionDistance = -3;
+    settings.precisionRate = 6;
+    settings.precisionAmount = 0;
+    QCOMPARE(settings.DurationPrecision(), 6);
+    QCOMPARE(settings.DistancePrecision(), 0);
+    QCOMPARE(settings.RatePrecision(), 6);
+    QCOMPARE(settings.AmountPrecision(), 0);
+}
+
+void TestCCfgStore::ResetAllGivesDefaults() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    CCfgStore& settings = home.Start();
+    settings.confirmCopy = false;
+    settings.gridLineColour = 1;
+    settings.SetListFont({300, 900, true, QStringLiteral("Big")});
+    settings.ResetAll();
+    QCOMPARE(settings.confirmCopy, true);
+    QCOMPARE(settings.gridLineColour, 0xE1E9EAU);
+    QCOMPARE(settings.ListFont(), (FontRecord{85, 400, false, QStringLiteral("Sans Serif")}));
+}
+
+QTEST_GUILESS_MAIN(TestCCfgStore)
+#include "TestCCfgStore.moc"
