@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+/// What commands ask of the window itself.
+class CFrameDoor {
+ public:
+    virtual ~CFrameDoor() = default;
+    [[nodiscard]] virtual QWidget& Window() = 0;
+    virtual void ToggleBar1() = 0;
+    virtual void ToggleBar2() = 0;
+    virtual void ToggleStatusBar() = 0;
+    /// Reads all records again; commands wait meanwhile.
+    virtual void Refresh() = 0;
+    /// Layout and widths into the settings.
+    virtual void KeepLayout() = 0;
+    /// A calendar under the period button; the day picked is applied.
+    virtual void PickDay() = 0;
+    virtual void Leave() = 0;
+};

@@ -1,0 +1,325 @@
+#include "shell/CMainFrame.h"
+
+#include "app/CVelmarchApp.h"
+#include "calendar/NumberText.h"
+#include "lang/LoadText.h"
+#include "shell/CActions.h"
+#include "shell/CCalendarPopup.h"
+#include "shell/CEmptyNote.h"
+#include "shell/CEventPump.h"
+#include "shell/CPeriodButton.h"
+#include "shell/CProgressBox.h"
+#include "shell/CRecordListView.h"
+#include "shell/CStatusBar.h"
+#include "shell/Glyphs.h"
+#include "shell/IconTheme.h"
+#include "shell/WindowMemory.h"
+#include "shell/core/CRecordListModel.h"
+#include "shell/core/CTimerTicker.h"
+#include "shell/core/CViewHub.h"
+#include "shell/core/PeriodMemory.h"
+#include "timers/CRecordTimers.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStackedWidget>
+#include <QToolBar>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr QSize kStartSize(1000, 680);
+constexpr QSize kLeastSize(480, 360);
+/// A selection of at most so many records is taken up again after the list was rebuilt.
+constexpr int kKeptSelection = 1000;
+
+}  // namespace
+
+/// While it lives, records are being read or changed and no command is offered.
+class CMainFrame::BusyScope {
+ public:
+    explicit BusyScope(CMainFrame& frame) : m_frame(frame) {
+        if (++m_frame.m_busy == 1) m_frame.UpdateActions();
+    }
+    ~BusyScope() {
+        if (--m_frame.m_busy == 0) m_frame.UpdateActions();
+    }
+    BusyScope(const BusyScope&) = delete;
+    BusyScope& operator=(const BusyScope&) = delete;
+
+ private:
+    CMainFrame& m_frame;
+};
+
+CMainFrame::CMainFrame(const Surroundings& around) : m_around(around) {
+    setObjectName(u"mainFrame"_s);
+    // The title is how other processes find the window: it never changes.
+    setWindowTitle(LoadText(Text::ProgramTitle));
+    setWindowIcon(Glyphs::ProgramIcon());
+    setMinimumSize(kLeastSize);
+    resize(kStartSize);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    MakePanes();
+    m_actions = new CActions(*this);
+    MakeCommands();
+    RestoreLayout();
+    m_around.timers.RestoreTimers();
+    RestorePeriod(m_around.app.Profile(), m_around.app.Document().Filter(),
+                  m_around.app.Document().PeriodNeeds());
+    Connect();
+    m_around.hub.Attach(*this);
+    m_around.hub.Attach(*m_status);
+    ShowListOrNote();
+    UpdateActions();
+}
+
+CMainFrame::~CMainFrame() {
+    m_around.hub.Detach(*m_status);
+    m_around.hub.Detach(*this);
+}
+
+void CMainFrame::MakePanes() {
+    CVelmarchDoc& document = m_around.app.Document();
+    CCfgStore& settings = m_around.app.Settings();
+    m_model = new CRecordListModel(document, m_around.timers.Set(), settings, this);
+    m_view = new CRecordListView(*m_model, m_around.timers.Set(), settings, this);
+    m_note = new CEmptyNote(this);
+    m_pane = new QStackedWidget(this);
+    m_pane->setObjectName(u"pane1"_s);
+    m_pane->addWidget(m_note);
+    m_pane->addWidget(m_view);
+    setCentralWidget(m_pane);
+    m_status = new CStatusBar(
+        document, [this] { return State().listIsActive ? m_view->SelectedIds() : QStringList(); }, this);
+    setStatusBar(m_status);
+    m_ticker = new CTimerTicker(
+        m_around.timers.Set(), *m_model, [this] { return m_view->RowsInSight(); }, this);
+    m_progress = std::make_unique<CProgressBox>(*this);
+}
+
+void CMainFrame::MakeCommands() {
+    m_commands = std::make_unique<CFrameCommands>(CFrameCommands::Around{
+        .document = m_around.app.Document(),
+        .timers = m_around.timers,
+        .settings = m_around.app.Settings(),
+        .prompt = m_around.prompt,
+        .progress = *m_progress,
+        .clock = m_around.clock,
+        .model = *m_model,
+        .view = *m_view,
+        .door = *this,
+        .home = m_around.app.Home(),
+        .edit = [this](CTRecord& record) { return m_around.edit(this, record); },
+        .options = [this] { return m_around.options(this); },
+    });
+}
+
+void CMainFrame::Connect() {
+    connect(m_actions, &CActions::Triggered, this, &CMainFrame::RunCommand);
+    connect(m_note, &CEmptyNote::CommandWanted, this, &CMainFrame::RunCommand);
+    connect(m_view, &CRecordListView::SelectionChanged, this,
+            [this] { m_around.hub.NotifyViews(Hint::SelectionChanged, {}); });
+    connect(m_view, &CRecordListView::EditWanted, this, [this](const QString& id) {
+        if (!IsBusy()) m_commands->EditRecord(id);
+    });
+    connect(m_view, &CRecordListView::MenuWanted, this,
+            [this](const QPoint& at) { m_actions->ContextMenu().popup(at); });
+    CPeriodButton& period = m_actions->PeriodButton();
+    connect(&period, &CPeriodButton::PresetChosen, this,
+            [this](int preset) { m_commands->Period().Preset(preset); });
+    connect(&period, &CPeriodButton::AllChosen, this, [this] { m_commands->Period().All(); });
+    connect(&period, &CPeriodButton::DayWanted, this, [this] { PickDay(); });
+}
+
+void CMainFrame::RunCommand(int command) {
+    const CommandState state = State();
+    const CommandRow* row = RouteCommand(command, state);
+    if (row && IsOffered(*row, state)) {
+        // Leaving isn't work that something else has to wait for.
+        if (row->run == Run::Exit) return m_commands->Run(*row);
+        m_commands->Run(*row);
+    }
+    UpdateActions();
+}
+
+CommandState CMainFrame::State() const {
+    const CVelmarchDoc& document = m_around.app.Document();
+    const bool listIsActive = m_pane->currentWidget() == m_view;
+    return {.timeMode = theRecordMode == RecordMode::Time,
+            .listIsActive = listIsActive,
+            .busy = IsBusy(),
+            .selected = listIsActive ? m_view->SelectedCount() : 0,
+            .listed = m_model->rowCount(),
+            .preset = document.Filter().preset,
+            .canStep = document.Filter().CanStep(),
+            .anyTimer = m_around.timers.Set().AnyActive(),
+            .anyRunning = m_around.timers.Set().AnyRunning(),
+            .listLayout = static_cast<int>(m_model->Layout()),
+            .bar1Shown = m_actions->RecordsBar().isVisibleTo(this),
+            .bar2Shown = m_actions->FiltersBar().isVisibleTo(this),
+            .statusBarShown = m_status->isVisibleTo(this)};
+}
+
+void CMainFrame::NotifyViews(Hint hint, const QStringList& ids) {
+    if (hint == Hint::Clear || hint == Hint::Rebuild) KeepPlace();
+    if (hint != Hint::SelectionChanged) m_model->OnHint(hint, ids);
+    if (hint == Hint::AboutToGo) m_view->SelectNone();
+    if (hint == Hint::Rebuild) {
+        m_view->ApplyLayout();
+        TakePlaceUp();
+    }
+    m_ticker->Reconsider();
+    ShowListOrNote();
+    UpdateActions();
+}
+
+/// The list is rebuilt for many reasons; whoever looks at it shouldn't lose the place.
+void CMainFrame::KeepPlace() {
+    if (m_model->rowCount() == 0) return;
+    m_keptSelection = m_view->SelectedCount() <= kKeptSelection ? m_view->SelectedIds() : QStringList();
+    const QModelIndex current = m_view->currentIndex();
+    m_keptCurrent = current.isValid() ? m_model->IdAt(current.row()) : QString();
+}
+
+void CMainFrame::TakePlaceUp() {
+    if (!m_keptSelection.isEmpty()) m_view->SelectIds(m_keptSelection);
+    const std::vector<int> current =
+        m_keptCurrent.isEmpty() ? std::vector<int>() : m_model->RowsOf({m_keptCurrent});
+    const int row = current.empty() ? 0 : current.front();
+    if (m_model->rowCount() > 0 && m_keptSelection.isEmpty())
+        m_view->selectionModel()->setCurrentIndex(m_model->index(row, 0), QItemSelectionModel::NoUpdate);
+}
+
+void CMainFrame::Refresh() {
+    if (IsBusy()) return;
+    {
+        const BusyScope busy(*this);
+        ShowListOrNote();
+        m_around.app.LoadStep();
+        m_isLoading = false;
+    }
+    ShowListOrNote();
+}
+
+void CMainFrame::ShowListOrNote() {
+    const CVelmarchDoc& document = m_around.app.Document();
+    const EmptyReason reason = WhyEmpty(static_cast<std::size_t>(m_model->rowCount()), document.RecordCount(),
+                                        m_isLoading || IsBusy(), document.Filter());
+    const bool showsList = m_model->rowCount() > 0;
+    if (!showsList) m_note->Show(reason, document.Filter().displayName);
+    QWidget* wanted = showsList ? static_cast<QWidget*>(m_view) : m_note;
+    if (m_pane->currentWidget() == wanted) return;
+    m_pane->setCurrentWidget(wanted);
+    wanted->setFocus();
+}
+
+void CMainFrame::UpdateActions() {
+    m_actions->Update(State());
+    const TimeFilter& filter = m_around.app.Document().Filter();
+    m_actions->PeriodButton().ShowPeriod(filter.displayName, filter.preset);
+}
+
+void CMainFrame::RestoreLayout() {
+    const WindowMemory memory(m_around.app.Profile());
+    m_status->setVisible(memory.IsShown(Text::SectionStatusBar));
+    m_actions->RecordsBar().setVisible(memory.IsShown(Text::SectionBar1));
+    m_actions->FiltersBar().setVisible(memory.IsShown(Text::SectionBar2));
+    m_view->TakeWidths(memory.Binary(Text::EntryHeader));
+    restoreGeometry(memory.Binary(Text::EntryGeometry));
+    m_view->ApplyLayout();
+}
+
+void CMainFrame::KeepLayout() {
+    WindowMemory memory(m_around.app.Profile());
+    memory.KeepShown(Text::SectionStatusBar, m_status->isVisibleTo(this));
+    memory.KeepShown(Text::SectionBar2, m_actions->FiltersBar().isVisibleTo(this));
+    memory.KeepShown(Text::SectionBar1, m_actions->RecordsBar().isVisibleTo(this));
+    memory.KeepBinary(Text::EntryHeader, m_view->CaptureWidths());
+    memory.KeepBinary(Text::EntryGeometry, saveGeometry());
+    memory.KeepListStyle(m_model->Layout());
+    memory.KeepView();
+}
+
+void CMainFrame::KeepEverything() {
+    m_around.timers.SaveTimers();
+    KeepLayout();
+    StorePeriod(m_around.app.Profile(), m_around.app.Document().Filter());
+    m_around.app.Settings().lastModeWasTime = theRecordMode == RecordMode::Time;
+}
+
+void CMainFrame::ComeForward() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+    QApplication::alert(this);
+}
+
+void CMainFrame::ToggleBar1() {
+    m_actions->RecordsBar().setVisible(m_actions->RecordsBar().isHidden());
+    WrapBars();
+}
+
+void CMainFrame::ToggleBar2() {
+    m_actions->FiltersBar().setVisible(m_actions->FiltersBar().isHidden());
+    WrapBars();
+}
+
+void CMainFrame::ToggleStatusBar() {
+    m_status->setVisible(m_status->isHidden());
+}
+
+/// The two bars share a row where both fit, else the second goes below the first.
+void CMainFrame::WrapBars() {
+    QToolBar &first = m_actions->RecordsBar(), &second = m_actions->FiltersBar();
+    const int needed = first.sizeHint().width() + second.sizeHint().width();
+    const bool breaks = first.isVisibleTo(this) && second.isVisibleTo(this) && needed > width();
+    if (breaks == toolBarBreak(&second)) return;
+    if (breaks)
+        insertToolBarBreak(&second);
+    else
+        removeToolBarBreak(&second);
+}
+
+void CMainFrame::PickDay() {
+    const CVelmarchDoc& document = m_around.app.Document();
+    DateTimeVal day;
+    if (!day.ParseDateText(document.Filter().startText, TheRegion(), m_around.clock))
+        day.SetToday(m_around.clock);
+    auto* popup = new CCalendarPopup(day, m_around.app.Settings().firstDayOfWeek, this);
+    popup->setAttribute(Qt::WA_DeleteOnClose);
+    popup->setAccessibleName(LoadText(Text::DayPopup));
+    const auto apply = [this](const DateTimeVal& picked) {
+        m_commands->Period().Day(FormatDate(TheRegion(), picked.month, picked.day, picked.year));
+    };
+    connect(popup, &CCalendarPopup::Picked, this, apply);
+    connect(popup, &CCalendarPopup::TodayWanted, this,
+            [this] { m_commands->Period().Preset(PeriodCode::kToday); });
+    const QWidget& button = m_actions->PeriodButton();
+    const bool underButton = button.isVisible();
+    popup->move(underButton ? button.mapToGlobal(QPoint(0, button.height()))
+                            : mapToGlobal(QPoint(0, menuBar()->height())));
+    popup->show();
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event) {
+    // A load that is still running ends after its present record.
+    m_around.pump.AskToQuit();
+    event->accept();
+}
+
+void CMainFrame::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || !m_actions) return;
+    ChooseIconTheme();
+    m_actions->RefreshIcons();
+    m_view->ApplyLayout();
+}
+
+void CMainFrame::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (m_actions) WrapBars();
+}

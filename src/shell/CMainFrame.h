@@ -1,0 +1,96 @@
+#pragma once
+
+#include "app/Hints.h"
+#include "shell/CFrameCommands.h"
+#include "shell/CFrameDoor.h"
+
+#include <QMainWindow>
+#include <memory>
+
+class CActions;
+class CCalendarPopup;
+class CEmptyNote;
+class CEventPump;
+class CProgressBox;
+class CRecordListModel;
+class CRecordListView;
+class CRecordTimers;
+class CStatusBar;
+class CTimerTicker;
+class CVelmarchApp;
+class CViewHub;
+class QStackedWidget;
+
+/// The one top-level window. It builds the panes, makes the actions and connects them; the work is done by
+/// the classes it holds.
+class CMainFrame final : public QMainWindow, public CViewNotifier, private CFrameDoor {
+    Q_OBJECT
+
+ public:
+    /// All must outlive the frame.
+    struct Surroundings {
+        CVelmarchApp& app;
+        CRecordTimers& timers;
+        CViewHub& hub;
+        CPrompt& prompt;
+        CEventPump& pump;
+        const CClock& clock;
+        /// Lets the user edit a record, or change the settings; true when accepted.
+        std::function<bool(QWidget* parent, CTRecord& record)> edit;
+        std::function<bool(QWidget* parent)> options;
+    };
+    explicit CMainFrame(const Surroundings& around);
+    ~CMainFrame() override;
+
+    /// The load step, with the window on screen.
+    void Refresh() override;
+    /// At the end: timers, layout and period are kept. Before the settings are closed.
+    void KeepEverything();
+    void ComeForward();
+    [[nodiscard]] bool IsBusy() const { return m_busy > 0; }
+
+    void NotifyViews(Hint hint, const QStringList& ids) override;
+    /// Carries a command out as a menu would: the view first, then the frame, if it is offered.
+    void RunCommand(int command);
+    [[nodiscard]] CommandState State() const;
+
+ protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+ private:
+    class BusyScope;
+    void MakePanes();
+    void MakeCommands();
+    void Connect();
+    void RestoreLayout();
+    void KeepLayout() override;
+    void ShowListOrNote();
+    void UpdateActions();
+    void WrapBars();
+    void KeepPlace();
+    void TakePlaceUp();
+
+    [[nodiscard]] QWidget& Window() override { return *this; }
+    void ToggleBar1() override;
+    void ToggleBar2() override;
+    void ToggleStatusBar() override;
+    void PickDay() override;
+    void Leave() override { close(); }
+
+    Surroundings m_around;
+    int m_busy = 0;
+    bool m_isLoading = true;  ///< until the first load step has run
+    QStringList m_keptSelection;
+    QString m_keptCurrent;
+    CRecordListModel* m_model = nullptr;
+    CRecordListView* m_view = nullptr;
+    CEmptyNote* m_note = nullptr;
+    QStackedWidget* m_pane = nullptr;
+    CStatusBar* m_status = nullptr;
+    CActions* m_actions = nullptr;
+    CTimerTicker* m_ticker = nullptr;
+    std::unique_ptr<CProgressBox> m_progress;
+    std::unique_ptr<CFrameCommands> m_commands;
+};

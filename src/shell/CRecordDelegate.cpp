@@ -1,0 +1,179 @@
+#include "shell/CRecordDelegate.h"
+
+#include "config/Settings.h"
+#include "shell/core/CRecordListModel.h"
+#include "shell/core/ColumnDefaults.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+#include <algorithm>
+
+namespace {
+
+constexpr int kGap = 2;
+constexpr int kMargin = 4;
+constexpr int kLargeImage = 32;
+
+bool IsSelected(const QStyleOptionViewItem& option) {
+    return option.state.testFlag(QStyle::State_Selected);
+}
+
+bool HasFocus(const QStyleOptionViewItem& option) {
+    return option.widget && option.widget->hasFocus();
+}
+
+Glyph StateGlyph(int image) {
+    switch (static_cast<RowImage>(image)) {
+        case RowImage::TimerRunning:
+            return Glyph::TimerRunning;
+        case RowImage::TimerPaused:
+            return Glyph::TimerPaused;
+        default:
+            return Glyph::Record;
+    }
+}
+
+Glyph FlagGlyph(int column) {
+    switch (column) {
+        case Column::kBilled:
+            return Glyph::Billed;
+        case Column::kExported:
+            return Glyph::Exported;
+        case Column::kNotes:
+            return Glyph::Notes;
+        default:
+            return Glyph::Billable;
+    }
+}
+
+/// Figures and colons only, as in "01:42:17": such a text must not tremble while it counts.
+bool IsCount(const QString& text) {
+    return text.size() > 5 &&
+           std::all_of(text.begin(), text.end(), [](QChar c) { return c.isDigit() || c == u':'; });
+}
+
+}  // namespace
+
+CRecordDelegate::CRecordDelegate(const Settings& settings, QObject* parent)
+    : QStyledItemDelegate(parent), m_settings(settings) {}
+
+int CRecordDelegate::RowHeight(const QFontMetrics& metrics) const {
+    const bool large = m_settings.listLayout == static_cast<int>(ListLayout::Icons);
+    return std::max(metrics.height(), large ? kLargeImage : kImage) + 2 * kMargin;
+}
+
+void CRecordDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const {
+    painter->save();
+    painter->setClipRect(option.rect);
+    painter->fillRect(option.rect, Ground(option, index.row()));
+    if (index.column() == 0)
+        PaintState(*painter, option, index);
+    else
+        PaintCell(*painter, option, index);
+    PaintGridLine(*painter, option.rect);
+    painter->restore();
+}
+
+QColor CRecordDelegate::Ground(const QStyleOptionViewItem& option, int row) const {
+    if (IsSelected(option)) return HasFocus(option) ? m_colours.highlight : m_colours.highlightNoFocus;
+    return m_settings.alternateRows != 0 && IsAlternate(row) ? m_colours.alternate : m_colours.window;
+}
+
+QColor CRecordDelegate::Ink(const QStyleOptionViewItem& option, int lineColour) const {
+    if (IsSelected(option))
+        return HasFocus(option) ? m_colours.highlightText : m_colours.highlightTextNoFocus;
+    return m_colours.lines[static_cast<std::size_t>(lineColour - 1)];
+}
+
+/// The check box stands at the row's left edge, the row's picture behind it.
+void CRecordDelegate::PaintState(QPainter& painter, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const {
+    const QColor ink = Ink(option, 1), paper = Ground(option, index.row());
+    QRect place(option.rect.left(), option.rect.top(), kImage, option.rect.height());
+    const Glyph check = IsSelected(option) ? Glyph::CheckSet : Glyph::CheckClear;
+    Glyphs::Paint(painter, QRect(place.left(), place.center().y() - kImage / 2, kImage, kImage), check, ink,
+                  paper);
+    const bool large = m_settings.listLayout == static_cast<int>(ListLayout::Icons);
+    const int size = large ? kLargeImage : kImage;
+    const QRect state(place.right() + 1 + kGap, place.center().y() - size / 2, size, size);
+    Glyphs::Paint(painter, state, StateGlyph(index.data(CRecordListModel::ImageRole).toInt()), ink, paper);
+}
+
+void CRecordDelegate::PaintCell(QPainter& painter, const QStyleOptionViewItem& option,
+                                const QModelIndex& index) const {
+    const QVariant image = index.data(CRecordListModel::ImageRole);
+    if (image.isValid()) {
+        const int column = index.data(CRecordListModel::ColumnRole).toInt();
+        const bool isSet = image.toInt() == static_cast<int>(RowImage::FlagSet);
+        return PaintFlag(painter, option.rect, column, isSet, option, index.row());
+    }
+    painter.setPen(Ink(option, 1));
+    const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
+    PaintText(painter, option.rect.adjusted(kMargin, 0, -kMargin, 0), index.data().toString(), alignment,
+              option.font);
+}
+
+void CRecordDelegate::PaintFlag(QPainter& painter, const QRect& place, int column, bool isSet,
+                                const QStyleOptionViewItem& option, int row) const {
+    QRect square(0, 0, kImage, kImage);
+    square.moveCenter(place.center());
+    Glyphs::Paint(painter, square, isSet ? FlagGlyph(column) : Glyph::FlagClear, Ink(option, 1),
+                  Ground(option, row));
+}
+
+void CRecordDelegate::PaintText(QPainter& painter, const QRect& place, const QString& text,
+                                Qt::Alignment alignment, const QFont& font) const {
+    painter.setFont(font);
+    const QFontMetrics metrics(font);
+    constexpr int kFlags = Qt::TextSingleLine;
+    int figure = 0;
+    if (IsCount(text))
+        for (char16_t c = u'0'; c <= u'9'; ++c)
+            figure = std::max(figure, metrics.horizontalAdvance(QChar(c)));
+    const int colon = metrics.horizontalAdvance(u':');
+    int width = 0;
+    for (const QChar c : text) width += c == u':' ? colon : figure;
+    if (figure == 0 || width > place.width()) {
+        // A line break inside a text would end it on one line.
+        const QString line = metrics.elidedText(text.simplified(), Qt::ElideRight, place.width());
+        painter.drawText(place, static_cast<int>(alignment) | kFlags, line);
+        return;
+    }
+    QRect digit = place;
+    if (alignment & Qt::AlignRight) digit.setLeft(place.right() + 1 - width);
+    for (const QChar c : text) {
+        digit.setWidth(c == u':' ? colon : figure);
+        painter.drawText(digit, Qt::AlignHCenter | Qt::AlignVCenter | kFlags, QString(c));
+        digit.moveLeft(digit.right() + 1);
+    }
+}
+
+/// Width 0 is the thinnest line that the screen has.
+void CRecordDelegate::PaintGridLine(QPainter& painter, const QRect& row) const {
+    if (m_settings.gridLines == 0) return;
+    QPen pen(m_colours.grid, 2.0 * m_settings.gridLineWidth);
+    const int style = std::clamp(m_settings.gridLineStyle, 0, 4);
+    pen.setStyle(static_cast<Qt::PenStyle>(style + static_cast<int>(Qt::SolidLine)));
+    pen.setCapStyle(Qt::FlatCap);
+    painter.setPen(pen);
+    painter.drawLine(row.bottomLeft(), row.bottomRight());
+}
+
+bool CRecordDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                const QStyleOptionViewItem& option, const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip) return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString tip = TipAt(event->pos(), option, index);
+    QToolTip::showText(event->globalPos(), tip.isEmpty() ? tip : tip.toHtmlEscaped(), view);
+    return true;
+}
+
+QString CRecordDelegate::TipAt(const QPoint&, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const {
+    const QString inWords = index.data(Qt::AccessibleTextRole).toString();
+    if (index.column() == 0 || index.data(CRecordListModel::ImageRole).isValid()) return inWords;
+    const int needed = QFontMetrics(option.font).horizontalAdvance(inWords) + 2 * kMargin;
+    return needed > option.rect.width() ? inWords : QString();
+}

@@ -1,0 +1,218 @@
+#include "shell/CRecordListView.h"
+
+#include "config/CCfgStore.h"
+#include "lang/LoadText.h"
+#include "shell/CRecordLineDelegate.h"
+#include "shell/core/CRecordListModel.h"
+#include "shell/core/ColumnDefaults.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <algorithm>
+
+namespace {
+
+/// The height of the font for which the default widths of the columns were chosen.
+constexpr int kWidthsMadeFor = 12;
+constexpr int kLeastWidth = 5;
+
+/// A list font that was never chosen is the desktop's.
+QFont ListFontOf(const FontRecord& record) {
+    if (record.ToBytes() == FontRecord{.face = LoadText(Text::DefaultFontFace)}.ToBytes() ||
+        record.face.isEmpty())
+        return QApplication::font();
+    QFont font(record.face);
+    font.setPointSizeF(record.tenthsOfPoint / 10.0);
+    font.setWeight(static_cast<QFont::Weight>(std::clamp(record.weight, 1, 1000)));
+    font.setItalic(record.italic);
+    return font;
+}
+
+}  // namespace
+
+CRecordListView::CRecordListView(CRecordListModel& model, const ActiveTimerSet& timers, CCfgStore& settings,
+                                 QWidget* parent)
+    : QTableView(parent),
+      m_model(model),
+      m_settings(settings),
+      m_cells(new CRecordDelegate(settings, this)),
+      m_lines(new CRecordLineDelegate(settings, model, timers, this)) {
+    setObjectName(QStringLiteral("recordList"));
+    setAccessibleName(LoadText(Text::ListName));
+    setModel(&model);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setShowGrid(false);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setCornerButtonEnabled(false);
+    setVerticalScrollMode(ScrollPerItem);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setSectionsClickable(true);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setMinimumSectionSize(kLeastWidth);
+    horizontalHeader()->setTextElideMode(Qt::ElideRight);
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int position) {
+        m_model.SortByHeader(position);
+        ApplyLayout();
+    });
+}
+
+void CRecordListView::ApplyLayout() {
+    ApplyFont();
+    const ListColours colours = MakeListColours(m_settings, QApplication::palette());
+    m_cells->SetColours(colours);
+    m_lines->SetColours(colours);
+    m_lines->SetLines(BuildLines(m_model.VisibleColumns(), TimeLineBreaks()));
+    const ListLayout layout = m_model.Layout();
+    CRecordDelegate* delegate = layout == ListLayout::Lines ? m_lines : m_cells;
+    setItemDelegate(delegate);
+    const int height = delegate->RowHeight(fontMetrics());
+    verticalHeader()->setMinimumSectionSize(1);
+    verticalHeader()->setDefaultSectionSize(height);
+    horizontalHeader()->setVisible(layout == ListLayout::Columns);
+    setHorizontalScrollBarPolicy(layout == ListLayout::Columns ? Qt::ScrollBarAsNeeded
+                                                               : Qt::ScrollBarAlwaysOff);
+    ApplyWidths();
+    const int sorted = m_model.ModelColumnOf(m_model.SortColumn());
+    horizontalHeader()->setSortIndicatorShown(sorted > 0);
+    if (sorted > 0)
+        horizontalHeader()->setSortIndicator(
+            sorted, m_model.SortsAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
+    viewport()->update();
+}
+
+void CRecordListView::ApplyFont() {
+    const QFont listFont = ListFontOf(m_settings.ListFont());
+    if (font() != listFont) setFont(listFont);
+    if (horizontalHeader()->font() != listFont) horizontalHeader()->setFont(listFont);
+}
+
+void CRecordListView::ApplyWidths() {
+    QHeaderView& header = *horizontalHeader();
+    const bool inColumns = m_model.Layout() == ListLayout::Columns;
+    header.setStretchLastSection(true);
+    header.setSectionResizeMode(QHeaderView::Interactive);
+    header.resizeSection(0, std::max(m_settings.iconColumnWidth, 1));
+    if (!inColumns) return;
+    if (!m_widths.isEmpty() && header.restoreState(m_widths)) return;
+    const double scale = std::max(1.0, static_cast<double>(fontMetrics().height()) / kWidthsMadeFor);
+    for (int section = 1; section < m_model.columnCount(); ++section) {
+        const int column = m_model.VisibleColumns()[static_cast<std::size_t>(section - 1)];
+        const int width = ColumnDefaults()[static_cast<std::size_t>(column)].width;
+        header.resizeSection(section, static_cast<int>(width * scale));
+    }
+}
+
+QByteArray CRecordListView::CaptureWidths() {
+    const int first = horizontalHeader()->sectionSize(0);
+    if (first >= 1) m_settings.iconColumnWidth = first;
+    if (m_model.Layout() == ListLayout::Columns) m_widths = horizontalHeader()->saveState();
+    return m_widths;
+}
+
+QStringList CRecordListView::SelectedIds() const {
+    std::vector<int> rows;
+    for (const QItemSelectionRange& range : selectionModel()->selection())
+        for (int row = range.top(); row <= range.bottom() && range.left() == 0; ++row) rows.push_back(row);
+    std::sort(rows.begin(), rows.end());
+    QStringList ids;
+    ids.reserve(static_cast<qsizetype>(rows.size()));
+    for (const int row : rows) ids.append(m_model.IdAt(row));
+    return ids;
+}
+
+int CRecordListView::SelectedCount() const {
+    int count = 0;
+    for (const QItemSelectionRange& range : selectionModel()->selection())
+        if (range.left() == 0) count += range.height();
+    return count;
+}
+
+void CRecordListView::SelectNone() {
+    selectionModel()->clearSelection();
+}
+
+void CRecordListView::SelectIds(const QStringList& ids) {
+    QItemSelection selection;
+    const int lastColumn = m_model.columnCount() - 1;
+    const std::vector<int> rows = m_model.RowsOf(ids);
+    for (const int row : rows) selection.select(m_model.index(row, 0), m_model.index(row, lastColumn));
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    if (rows.empty()) return;
+    const QModelIndex first = m_model.index(rows.front(), 0);
+    selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    scrollTo(first);
+}
+
+std::pair<int, int> CRecordListView::RowsInSight() const {
+    const int rows = m_model.rowCount();
+    if (rows == 0) return {0, -1};
+    const int first = std::max(rowAt(0), 0);
+    const int last = rowAt(viewport()->height() - 1);
+    return {first, last < 0 ? rows - 1 : last};
+}
+
+bool CRecordListView::IsOnCheckBox(const QPoint& at) const {
+    const int left = columnViewportPosition(0);
+    return at.x() >= left && at.x() < left + CRecordDelegate::kImage && rowAt(at.y()) >= 0;
+}
+
+void CRecordListView::ToggleRow(int row) {
+    const QModelIndex index = m_model.index(row, 0);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    selectionModel()->select(index, QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
+}
+
+void CRecordListView::mousePressEvent(QMouseEvent* event) {
+    m_isToggling = event->button() == Qt::LeftButton && IsOnCheckBox(event->pos());
+    if (!m_isToggling) return QTableView::mousePressEvent(event);
+    setFocus(Qt::MouseFocusReason);
+    ToggleRow(rowAt(event->pos().y()));
+}
+
+void CRecordListView::mouseReleaseEvent(QMouseEvent* event) {
+    if (!std::exchange(m_isToggling, false)) QTableView::mouseReleaseEvent(event);
+}
+
+/// Two quick clicks on a check box are two toggles and edit nothing.
+void CRecordListView::mouseDoubleClickEvent(QMouseEvent* event) {
+    const int row = rowAt(event->pos().y());
+    if (event->button() != Qt::LeftButton || row < 0) return;
+    if (IsOnCheckBox(event->pos()))
+        mousePressEvent(event);
+    else
+        Q_EMIT EditWanted(m_model.IdAt(row));
+}
+
+void CRecordListView::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid())
+        Q_EMIT MenuWanted(viewport()->mapToGlobal(visualRect(currentIndex()).center()));
+    else
+        Q_EMIT MenuWanted(event->globalPos());
+}
+
+void CRecordListView::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    if (m_model.Layout() != ListLayout::Columns)
+        horizontalHeader()->resizeSection(1, viewport()->width() - horizontalHeader()->sectionSize(0));
+}
+
+/// The ground of selected rows depends on the focus.
+void CRecordListView::focusInEvent(QFocusEvent* event) {
+    QTableView::focusInEvent(event);
+    viewport()->update();
+}
+
+void CRecordListView::focusOutEvent(QFocusEvent* event) {
+    QTableView::focusOutEvent(event);
+    viewport()->update();
+}
+
+void CRecordListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTableView::selectionChanged(selected, deselected);
+    Q_EMIT SelectionChanged();
+}

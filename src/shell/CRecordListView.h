@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QTableView>
+#include <utility>
+
+class ActiveTimerSet;
+class CCfgStore;
+class CRecordDelegate;
+class CRecordLineDelegate;
+class CRecordListModel;
+
+/// The record list on screen, in the layout that the settings say. It selects whole rows; a click on the
+/// check box at a row's left edge toggles that row and leaves the others alone.
+class CRecordListView final : public QTableView {
+    Q_OBJECT
+
+ public:
+    CRecordListView(CRecordListModel& model, const ActiveTimerSet& timers, CCfgStore& settings,
+                    QWidget* parent = nullptr);
+
+    /// Font, colours, row height, headers and columns as the settings and the desktop say; after the model
+    /// was rebuilt and when the desktop's colours change.
+    void ApplyLayout();
+
+    /// Identities of the selected records in the order of the rows.
+    [[nodiscard]] QStringList SelectedIds() const;
+    [[nodiscard]] int SelectedCount() const;
+    void SelectNone();
+    /// Selects just these records, as far as they are listed, and brings the first into sight.
+    void SelectIds(const QStringList& ids);
+    /// First and last row in sight; last below first when there is none.
+    [[nodiscard]] std::pair<int, int> RowsInSight() const;
+
+    /// Widths of the columns, to be kept from one start to the next; also iconColumnWidth in the settings.
+    QByteArray CaptureWidths();
+    void TakeWidths(const QByteArray& widths) { m_widths = widths; }
+
+ Q_SIGNALS:
+    /// Hint 11: what is selected has changed.
+    void SelectionChanged();
+    void EditWanted(const QString& id);
+    void MenuWanted(const QPoint& globalPosition);
+
+ protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+ private:
+    [[nodiscard]] bool IsOnCheckBox(const QPoint& at) const;
+    void ApplyFont();
+    void ApplyWidths();
+    void ToggleRow(int row);
+
+    CRecordListModel& m_model;
+    CCfgStore& m_settings;
+    CRecordDelegate* m_cells;
+    CRecordLineDelegate* m_lines;
+    QByteArray m_widths;
+    bool m_isToggling = false;  ///< the press was on a check box, so its release is nothing else
+};

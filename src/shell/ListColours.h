@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QColor>
+#include <array>
+
+class QPalette;
+struct Settings;
+
+/// The colours of the record list.
+struct ListColours {
+    QColor window;
+    QColor alternate;
+    QColor grid;
+    std::array<QColor, 4> lines;  ///< text of line 1 to 4
+    QColor highlight;
+    QColor highlightText;
+    QColor highlightNoFocus;
+    QColor highlightTextNoFocus;
+};
+
+/// From the user's settings and the desktop's palette. On a dark palette each setting that still has its
+/// default, which is made for white paper, gives way to a dark match; a colour that the user chose stays.
+[[nodiscard]] ListColours MakeListColours(const Settings& settings, const QPalette& palette);
+[[nodiscard]] bool IsDark(const QPalette& palette);

@@ -1,0 +1,111 @@
+#include "shell/core/CRecordCommands.h"
+
+#include "app/CTimerDesk.h"
+#include "app/CVelmarchDoc.h"
+#include "config/Settings.h"
+#include "lang/FormatText.h"
+#include "platform/CPrompt.h"
+#include "records/CTRecord.h"
+#include "shell/core/CProgress.h"
+
+#include <functional>
+
+namespace {
+
+/// Does a step for each identity until one fails or the user has enough; the number of steps done.
+int RunOver(const QStringList& ids, CProgress& progress, const QString& what,
+            const std::function<bool(const QString&)>& step) {
+    progress.Begin(what, static_cast<int>(ids.size()));
+    int done = 0;
+    for (const QString& id : ids) {
+        if (!progress.Advance() || !step(id)) break;
+        ++done;
+    }
+    progress.End();
+    return done;
+}
+
+/// The flag that a mark sets, and whether the record bears it already. Null for codes without a meaning here.
+bool CTRecord::*FlagOfMark(int code) {
+    switch (code) {
+        case MarkCode::kFirst:
+            return &CTRecord::isBillable;
+        case MarkCode::kFirstAndSecond:
+            return &CTRecord::isBilled;
+        case MarkCode::kExported:
+        case MarkCode::kNotExported:
+            return &CTRecord::isExported;
+        default:
+            return nullptr;
+    }
+}
+
+}  // namespace
+
+bool CRecordCommands::Confirmed(Text question, Text title, Text action) const {
+    return m_around.prompt.Ask({.textId = static_cast<int>(question),
+                                .title = LoadText(title),
+                                .text = LoadText(question),
+                                .icon = BoxIcon::Warning,
+                                .buttons = Buttons::YesNo,
+                                .defaultAnswer = Answer::No,
+                                .actionLabel = LoadText(action)}) == Answer::Yes;
+}
+
+void CRecordCommands::Delete(const QStringList& ids, bool ask) {
+    if (ids.isEmpty()) return;
+    if (ask && m_around.settings.confirmDelete &&
+        !Confirmed(Text::AskDeleteRecords, Text::AskDeleteTitle, Text::AskDeleteTitle))
+        return;
+    m_around.document.NotifyViews(Hint::AboutToGo, ids);
+    const int done =
+        RunOver(ids, m_around.progress, FormatText<Text::ProgressDelete>(static_cast<int>(ids.size())),
+                [this](const QString& id) { return DeleteOne(id); });
+    m_around.document.FlushPending(Hint::Deleted);
+    // What stayed, because one failed or the user cancelled, was taken out of the views above.
+    if (done < ids.size()) m_around.document.NotifyViews(Hint::Rebuild);
+}
+
+bool CRecordCommands::DeleteOne(const QString& id) {
+    if (!m_around.document.DeleteRecord(RecordKind::Time, id, false)) return false;
+    if (m_around.timers.HasTimer(id)) m_around.timers.Drop(id);
+    return true;
+}
+
+void CRecordCommands::Copy(const QStringList& ids) {
+    if (ids.isEmpty()) return;
+    if (m_around.settings.confirmCopy &&
+        !Confirmed(Text::AskCopyRecords, Text::AskCopyTitle, Text::AskCopyTitle))
+        return;
+    RunOver(ids, m_around.progress, FormatText<Text::ProgressCopy>(static_cast<int>(ids.size())),
+            [this](const QString& id) {
+                const CVORec* record = m_around.document.FindRecord(id);
+                return record && m_around.document.AddRecord(*record, false, false, true);
+            });
+    m_around.document.FlushPending(Hint::Added);
+}
+
+void CRecordCommands::SetMark(int code, const QStringList& ids, bool ask) {
+    if (ids.isEmpty() || !FlagOfMark(code)) return;
+    if (ask && m_around.settings.confirmMark &&
+        !Confirmed(Text::AskMarkRecords, Text::AskMarkTitle, Text::AskMarkTitle))
+        return;
+    RunOver(ids, m_around.progress, FormatText<Text::ProgressMark>(static_cast<int>(ids.size())),
+            [this, code](const QString& id) { return MarkOne(code, id); });
+    m_around.document.FlushPending(Hint::Changed);
+}
+
+/// A record that isn't there or bears the mark is passed over: true.
+bool CRecordCommands::MarkOne(int code, const QString& id) {
+    const CTRecord* record = m_around.document.FindTime(id);
+    const bool wanted = code != MarkCode::kNotExported;
+    if (!record || record->*FlagOfMark(code) == wanted) return true;
+    CTRecord marked;
+    marked.Reset();
+    marked.Copy(*record);
+    if (code <= MarkCode::kFirstAndSecond) marked.SetBillable(true);
+    if (code == MarkCode::kFirstAndSecond) marked.isBilled = true;
+    if (code >= MarkCode::kExported) marked.isExported = wanted;
+    m_around.document.NotifyViews(Hint::AboutToChange, {id});
+    return m_around.document.ModifyRecord(marked, id, false, false, true, true);
+}

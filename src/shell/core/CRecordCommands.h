@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class CPrompt;
+class CProgress;
+class CTRecord;
+class CTimerDesk;
+class CVelmarchDoc;
+enum class Text : int;
+struct Settings;
+
+/// What a mark command sets. Stored in menus as these numbers; 2 to 4 are marks of expense records and have
+/// no effect on time records.
+namespace MarkCode {
+inline constexpr int kFirst = 0;           ///< billable
+inline constexpr int kFirstAndSecond = 1;  ///< billable and billed
+inline constexpr int kExported = 5;
+inline constexpr int kNotExported = 6;
+}  // namespace MarkCode
+
+/// Deletes, copies and marks the selected records: asks first where the settings say so, stops at the first
+/// failure (or when the user cancels), and announces what was done in one piece.
+class CRecordCommands {
+ public:
+    struct Around {
+        CVelmarchDoc& document;
+        CTimerDesk& timers;
+        const Settings& settings;
+        CPrompt& prompt;
+        CProgress& progress;
+    };
+    explicit CRecordCommands(const Around& around) : m_around(around) {}
+
+    /// The views drop the records first, then they go one by one with their timers. ask: as confirmDelete
+    /// says.
+    void Delete(const QStringList& ids, bool ask);
+    void Copy(const QStringList& ids);
+    /// A record that bears the mark already is left alone.
+    void SetMark(int code, const QStringList& ids, bool ask);
+
+ private:
+    [[nodiscard]] bool Confirmed(Text question, Text title, Text action) const;
+    [[nodiscard]] bool DeleteOne(const QString& id);
+    [[nodiscard]] bool MarkOne(int code, const QString& id);
+
+    Around m_around;
+};

@@ -1,0 +1,233 @@
+#include "shell/core/CRecordListModel.h"
+
+#include "app/CVelmarchDoc.h"
+#include "config/CCfgStore.h"
+#include "lang/LoadText.h"
+#include "records/CTRecord.h"
+#include "shell/core/CellText.h"
+#include "shell/core/ColumnDefaults.h"
+#include "timers/ActiveTimerSet.h"
+
+#include <QSet>
+#include <algorithm>
+
+namespace {
+
+/// Up to so many changed records find their places one by one; for more the whole list is sorted.
+constexpr qsizetype kFewRows = 64;
+
+RowImage StateImage(TimerState state) {
+    return state == TimerState::Running  ? RowImage::TimerRunning
+           : state == TimerState::Paused ? RowImage::TimerPaused
+                                         : RowImage::Plain;
+}
+
+}  // namespace
+
+CRecordListModel::CRecordListModel(const CVelmarchDoc& document, const ActiveTimerSet& timers,
+                                   CCfgStore& settings, QObject* parent)
+    : QAbstractTableModel(parent),
+      m_document(document),
+      m_timers(timers),
+      m_settings(settings),
+      m_columns(VisibleTimeColumns()),
+      m_sortColumn(Column::kNone) {}
+
+void CRecordListModel::Rebuild() {
+    beginResetModel();
+    const int layout = m_settings.listLayout;
+    m_layout = layout >= 1 && layout <= 4 ? static_cast<ListLayout>(layout) : ListLayout::Lines;
+    m_settings.listLayout = static_cast<std::int32_t>(m_layout);
+    TakeSortFromSettings();
+    Fill();
+    endResetModel();
+}
+
+void CRecordListModel::OnHint(Hint hint, const QStringList& ids) {
+    switch (hint) {
+        case Hint::Added:
+            return AddRows(ids);
+        case Hint::Changed:
+            return ChangeRows(ids);
+        case Hint::AboutToGo:
+            return RemoveRows(ids);
+        case Hint::TimerStarted:
+        case Hint::TimerPaused:
+        case Hint::TimerStopped:
+            return TouchRows(RowsOf(ids));
+        case Hint::Rebuild:
+            return Rebuild();
+        case Hint::Clear:
+            beginResetModel();
+            m_rows.clear();
+            endResetModel();
+            return;
+        default:
+            return;
+    }
+}
+
+const CTRecord* CRecordListModel::RecordAt(int row) const {
+    return m_document.FindTime(IdAt(row));
+}
+
+QStringList CRecordListModel::AllIds() const {
+    return {m_rows.begin(), m_rows.end()};
+}
+
+std::vector<int> CRecordListModel::RowsOf(const QStringList& ids) const {
+    const QSet<QString> wanted(ids.begin(), ids.end());
+    std::vector<int> rows;
+    for (std::size_t row = 0; row < m_rows.size() && !wanted.isEmpty(); ++row) {
+        const bool found = ids.size() == 1 ? m_rows[row] == ids.front() : wanted.contains(m_rows[row]);
+        if (found) rows.push_back(static_cast<int>(row));
+    }
+    return rows;
+}
+
+void CRecordListModel::TouchTimers(int firstRow, int lastRow) {
+    if (firstRow > lastRow || lastRow >= rowCount()) return;
+    const int column = m_layout == ListLayout::Columns ? ModelColumnOf(Column::kDuration) : 1;
+    Q_EMIT dataChanged(index(firstRow, 0), index(lastRow, 0));
+    if (column >= 0) Q_EMIT dataChanged(index(firstRow, column), index(lastRow, column));
+}
+
+void CRecordListModel::AddRows(const QStringList& ids) {
+    const bool inPlace = m_settings.resortOnChange && m_inOrder && ids.size() <= kFewRows;
+    if (inPlace) {
+        for (const QString& id : ids) InsertSorted(id);
+        return;
+    }
+    Append(ids);
+    if (m_settings.resortOnChange)
+        Sort();
+    else
+        m_inOrder = false;
+}
+
+void CRecordListModel::Append(const QStringList& ids) {
+    if (ids.isEmpty()) return;
+    const int first = rowCount();
+    beginInsertRows({}, first, first + static_cast<int>(ids.size()) - 1);
+    m_rows.insert(m_rows.end(), ids.begin(), ids.end());
+    endInsertRows();
+}
+
+void CRecordListModel::ChangeRows(const QStringList& ids) {
+    const std::vector<int> rows = RowsOf(ids);
+    TouchRows(rows);
+    if (!m_settings.resortOnChange) {
+        m_inOrder = m_inOrder && rows.empty();
+        return;
+    }
+    if (rows.size() == 1 && m_inOrder) return MoveToPlace(rows.front());
+    if (!rows.empty()) Sort();
+}
+
+void CRecordListModel::RemoveRows(const QStringList& ids) {
+    const std::vector<int> rows = RowsOf(ids);
+    if (static_cast<qsizetype>(rows.size()) > kFewRows) {
+        // One reset instead of many shifts: each would move every row behind it.
+        beginResetModel();
+        const QSet<QString> gone(ids.begin(), ids.end());
+        std::erase_if(m_rows, [&gone](const QString& id) { return gone.contains(id); });
+        endResetModel();
+        return;
+    }
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+        beginRemoveRows({}, *row, *row);
+        m_rows.erase(m_rows.begin() + *row);
+        endRemoveRows();
+    }
+}
+
+void CRecordListModel::TouchRows(const std::vector<int>& rows) {
+    for (const int row : rows) Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
+}
+
+int CRecordListModel::ModelColumnOf(int column) const {
+    if (m_layout != ListLayout::Columns) return -1;
+    const auto found = std::find(m_columns.begin(), m_columns.end(), column);
+    return found == m_columns.end() ? -1 : static_cast<int>(found - m_columns.begin()) + 1;
+}
+
+int CRecordListModel::ColumnOf(int modelColumn) const {
+    const auto place = static_cast<std::size_t>(modelColumn);
+    if (place == 0) return Column::kNone;
+    if (m_layout == ListLayout::Columns)
+        return place <= m_columns.size() ? m_columns[place - 1] : Column::kNone;
+    if (m_layout == ListLayout::Lines || m_columns.empty()) return Column::kNone;
+    return m_columns.front();  // one text for each row: that of the first visible column
+}
+
+int CRecordListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+int CRecordListModel::columnCount(const QModelIndex& parent) const {
+    if (parent.isValid()) return 0;
+    return m_layout == ListLayout::Columns ? static_cast<int>(m_columns.size()) + 1 : 2;
+}
+
+QVariant CRecordListModel::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+    if (role == ColumnRole) return ColumnOf(index.column());
+    if (role == IdRole) return IdAt(index.row());
+    const CTRecord* record = RecordAt(index.row());
+    if (!record) return {};
+    switch (role) {
+        case Qt::DisplayRole:
+            return CellText(*record, index.column());
+        case Qt::AccessibleTextRole:
+            return AccessibleText(*record, index.column());
+        case Qt::TextAlignmentRole: {
+            const bool right = IsRightAligned(ColumnOf(index.column()));
+            return QVariant::fromValue(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
+        }
+        case ImageRole:
+            return ImageOf(*record, index.column());
+        default:
+            return {};
+    }
+}
+
+QString CRecordListModel::CellText(const CTRecord& record, int modelColumn) const {
+    if (modelColumn == 0) return {};
+    if (m_layout == ListLayout::Lines) return RecordInWords(record, m_settings, m_timers);
+    const int column = ColumnOf(modelColumn);
+    // Among columns the notes are an image, so that a long note doesn't fill the row.
+    if (column == Column::kNone || IsImageColumn(column)) return {};
+    return TimeCellText(record, column, m_settings, m_timers);
+}
+
+QString CRecordListModel::AccessibleText(const CTRecord& record, int modelColumn) const {
+    if (modelColumn == 0) {
+        const TimerState state = m_timers.StateOf(record.GetId());
+        return state == TimerState::Running  ? LoadText(Text::StateRunning)
+               : state == TimerState::Paused ? LoadText(Text::StatePaused)
+                                             : QString();
+    }
+    const int column = ColumnOf(modelColumn);
+    return column != Column::kNone && IsImageColumn(column) ? FlagInWords(record, column)
+                                                            : CellText(record, modelColumn);
+}
+
+QVariant CRecordListModel::ImageOf(const CTRecord& record, int modelColumn) const {
+    if (modelColumn == 0) return static_cast<int>(StateImage(m_timers.StateOf(record.GetId())));
+    const int column = ColumnOf(modelColumn);
+    if (column == Column::kNone || !IsImageColumn(column)) return {};
+    return static_cast<int>(FlagOf(record, column) ? RowImage::FlagSet : RowImage::FlagClear);
+}
+
+QVariant CRecordListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal) return {};
+    const int column = ColumnOf(section);
+    if (column == Column::kNone) return {};
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+        return LoadText(ColumnDefaults()[static_cast<std::size_t>(column)].caption);
+    if (role == Qt::TextAlignmentRole) {
+        const bool right = IsRightAligned(column);
+        return QVariant::fromValue(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
+    }
+    return {};
+}

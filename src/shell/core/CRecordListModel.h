@@ -1,0 +1,101 @@
+#pragma once
+
+#include "app/Hints.h"
+#include "shell/core/RowCompare.h"
+
+#include <QAbstractTableModel>
+#include <QStringList>
+#include <vector>
+
+class ActiveTimerSet;
+class CCfgStore;
+class CTRecord;
+class CVelmarchDoc;
+
+/// How the list shows its records. Stored as these numbers.
+enum class ListLayout : int { Icons = 1, List = 2, Columns = 3, Lines = 4 };
+
+/// Images of a row's state and of its flag columns. The numbers are fixed.
+enum class RowImage : int { FlagClear = 0, FlagSet = 1, Plain = 3, TimerRunning = 5, TimerPaused = 6 };
+
+/// The rows of the record list: which records, in which order, and what each cell says. A row is the identity
+/// of its record only; the record is asked of the document when it is needed, so no row ever points to one
+/// that is gone. Model columns: 0 is the row's state; behind it come the visible columns in the layout of
+/// columns, and one column for the whole record in the others.
+class CRecordListModel final : public QAbstractTableModel {
+    Q_OBJECT
+
+ public:
+    enum Role {
+        IdRole = Qt::UserRole,  ///< text: identity of the record
+        ImageRole,              ///< int: RowImage of column 0 and of flag columns
+        ColumnRole              ///< int: the record column behind a model column, Column::kNone without one
+    };
+
+    CRecordListModel(const CVelmarchDoc& document, const ActiveTimerSet& timers, CCfgStore& settings,
+                     QObject* parent = nullptr);
+
+    /// Layout and rows anew: a listLayout outside 1 to 4 becomes 4, in the settings as well.
+    void Rebuild();
+    /// Does what a hint asks of a list. Hints that don't concern it are ignored.
+    void OnHint(Hint hint, const QStringList& ids);
+    /// What a click on a header does: the same column once more turns the direction, another sorts ascending.
+    /// headerPosition: from 1 among the visible columns; others do nothing.
+    void SortByHeader(int headerPosition);
+
+    [[nodiscard]] ListLayout Layout() const { return m_layout; }
+    /// The column that sorts, Column::kNone without a visible one.
+    [[nodiscard]] int SortColumn() const { return m_sortColumn; }
+    [[nodiscard]] bool SortsAscending() const;
+    [[nodiscard]] const std::vector<int>& VisibleColumns() const { return m_columns; }
+    /// Another choice of visible columns; the caller rebuilds.
+    void SetVisibleColumns(std::vector<int> columns) { m_columns = std::move(columns); }
+    /// The model column of a record column, -1 when it has none of its own.
+    [[nodiscard]] int ModelColumnOf(int column) const;
+
+    [[nodiscard]] QString IdAt(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
+    /// Null when the document doesn't know the record any more.
+    [[nodiscard]] const CTRecord* RecordAt(int row) const;
+    [[nodiscard]] QStringList AllIds() const;
+    /// The rows of these records, ascending; one walk over all rows, however many are asked for.
+    [[nodiscard]] std::vector<int> RowsOf(const QStringList& ids) const;
+    /// The timers of these rows changed: they are shown anew.
+    void TouchTimers(int firstRow, int lastRow);
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                      int role = Qt::DisplayRole) const override;
+
+ private:
+    void TakeSortFromSettings();
+    void Fill();
+    void SortRows();
+    void Sort();
+    void AddRows(const QStringList& ids);
+    void ChangeRows(const QStringList& ids);
+    void RemoveRows(const QStringList& ids);
+    void TouchRows(const std::vector<int>& rows);
+    void Append(const QStringList& ids);
+    void InsertSorted(const QString& id);
+    void MoveToPlace(int row);
+    [[nodiscard]] RowKey KeyOf(const QString& id) const;
+    [[nodiscard]] std::vector<RowKey> AllKeys() const;
+    [[nodiscard]] int PlaceFor(const RowKey& key) const;
+    [[nodiscard]] int Compare(const RowKey& a, const RowKey& b) const;
+    [[nodiscard]] bool BelongsBefore(const RowKey& a, const RowKey& b) const;
+    [[nodiscard]] QString CellText(const CTRecord& record, int modelColumn) const;
+    [[nodiscard]] QString AccessibleText(const CTRecord& record, int modelColumn) const;
+    [[nodiscard]] QVariant ImageOf(const CTRecord& record, int modelColumn) const;
+    [[nodiscard]] int ColumnOf(int modelColumn) const;
+
+    const CVelmarchDoc& m_document;
+    const ActiveTimerSet& m_timers;
+    CCfgStore& m_settings;
+    ListLayout m_layout = ListLayout::Lines;
+    std::vector<int> m_columns;
+    std::vector<QString> m_rows;
+    int m_sortColumn;
+    bool m_inOrder = true;  ///< no row was put at the end or changed without a sort since the last one
+};

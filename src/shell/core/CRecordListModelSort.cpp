@@ -1,0 +1,129 @@
+// The order of the rows: which column sorts, and how rows find their places.
+
+#include "app/CVelmarchDoc.h"
+#include "config/CCfgStore.h"
+#include "records/CTRecord.h"
+#include "shell/core/CRecordListModel.h"
+#include "shell/core/ColumnDefaults.h"
+#include "shell/core/MergeSort.h"
+
+#include <QHash>
+#include <algorithm>
+#include <cstdint>
+#include <numeric>
+
+bool CRecordListModel::SortsAscending() const {
+    return m_settings.sortAscendingTime;
+}
+
+/// A stored column that isn't a visible one of time records gives way to the first visible one, also in the
+/// settings; the direction stays.
+void CRecordListModel::TakeSortFromSettings() {
+    const int stored = m_settings.sortColumnTime;
+    const bool visible = std::find(m_columns.begin(), m_columns.end(), stored) != m_columns.end();
+    m_sortColumn = visible ? stored : m_columns.empty() ? Column::kNone : m_columns.front();
+    if (m_sortColumn != Column::kNone) m_settings.sortColumnTime = m_sortColumn;
+}
+
+void CRecordListModel::Fill() {
+    m_rows.clear();
+    m_rows.reserve(m_document.VisibleCount());
+    m_document.ForEachVisible([this](const CVORec& record) { m_rows.push_back(record.GetId()); });
+    SortRows();
+}
+
+void CRecordListModel::SortByHeader(int headerPosition) {
+    if (headerPosition < 1 || headerPosition > static_cast<int>(m_columns.size())) return;
+    const int column = m_columns[static_cast<std::size_t>(headerPosition - 1)];
+    m_settings.sortAscendingTime = column == m_sortColumn ? !m_settings.sortAscendingTime : true;
+    m_settings.sortColumnTime = m_sortColumn = column;
+    Sort();
+}
+
+int CRecordListModel::Compare(const RowKey& a, const RowKey& b) const {
+    return CompareRows(CompareFormOf(m_sortColumn), a, b, m_settings.sortAscendingTime);
+}
+
+RowKey CRecordListModel::KeyOf(const QString& id) const {
+    const CTRecord* record = m_document.FindTime(id);
+    return record ? MakeRowKey(*record, m_sortColumn, TheRegion()) : RowKey();
+}
+
+std::vector<RowKey> CRecordListModel::AllKeys() const {
+    std::vector<RowKey> keys;
+    keys.reserve(m_rows.size());
+    for (const QString& id : m_rows) keys.push_back(KeyOf(id));
+    return keys;
+}
+
+void CRecordListModel::SortRows() {
+    m_inOrder = true;
+    if (m_sortColumn == Column::kNone) return;
+    const std::vector<RowKey> keys = AllKeys();
+    std::vector<std::uint32_t> order(m_rows.size());
+    std::iota(order.begin(), order.end(), 0U);
+    MergeSort(order, [&](std::uint32_t a, std::uint32_t b) { return Compare(keys[a], keys[b]); });
+    std::vector<QString> sorted;
+    sorted.reserve(m_rows.size());
+    for (const std::uint32_t row : order) sorted.push_back(std::move(m_rows[row]));
+    m_rows = std::move(sorted);
+}
+
+/// Sorts and takes selection and current row along.
+void CRecordListModel::Sort() {
+    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
+    const QModelIndexList before = persistentIndexList();
+    QStringList ids;
+    for (const QModelIndex& index : before) ids.append(IdAt(index.row()));
+    SortRows();
+    QHash<QString, int> places;
+    for (const int row : RowsOf(ids)) places.insert(IdAt(row), row);
+    QModelIndexList after;
+    for (qsizetype i = 0; i < before.size(); ++i)
+        after.append(index(places.value(ids[i]), before[i].column()));
+    changePersistentIndexList(before, after);
+    Q_EMIT layoutChanged({}, VerticalSortHint);
+}
+
+/// Where a row belongs among rows in order: behind all that don't go after it.
+int CRecordListModel::PlaceFor(const RowKey& key) const {
+    std::size_t low = 0, high = m_rows.size();
+    while (low < high) {
+        const std::size_t middle = low + (high - low) / 2;
+        if (Compare(key, KeyOf(m_rows[middle])) < 0)
+            high = middle;
+        else
+            low = middle + 1;
+    }
+    return static_cast<int>(low);
+}
+
+void CRecordListModel::InsertSorted(const QString& id) {
+    const int place = m_sortColumn == Column::kNone ? rowCount() : PlaceFor(KeyOf(id));
+    beginInsertRows({}, place, place);
+    m_rows.insert(m_rows.begin() + place, id);
+    endInsertRows();
+}
+
+/// Both ways of asking agree: where the comparison contradicts itself (two equal durations), a row stays.
+bool CRecordListModel::BelongsBefore(const RowKey& a, const RowKey& b) const {
+    return Compare(a, b) < 0 && Compare(b, a) > 0;
+}
+
+/// A changed row stays where it is while its neighbours agree; otherwise it moves to its place.
+void CRecordListModel::MoveToPlace(int row) {
+    if (m_sortColumn == Column::kNone) return;
+    const QString id = IdAt(row);
+    const RowKey key = KeyOf(id);
+    const bool fitsBehind = row == 0 || !BelongsBefore(key, KeyOf(IdAt(row - 1)));
+    const bool fitsBefore = row == rowCount() - 1 || !BelongsBefore(KeyOf(IdAt(row + 1)), key);
+    if (fitsBehind && fitsBefore) return;
+    m_rows.erase(m_rows.begin() + row);
+    const int place = PlaceFor(key);
+    m_rows.insert(m_rows.begin() + row, id);
+    const int target = place > row ? place + 1 : place;
+    if (place == row || !beginMoveRows({}, row, row, {}, target)) return;
+    m_rows.erase(m_rows.begin() + row);
+    m_rows.insert(m_rows.begin() + place, id);
+    endMoveRows();
+}
