@@ -7,7 +7,7 @@
 
 namespace {
 
-/// One of the two dates of a preset; invalid when it can't be worked out.
+/// One of the two dates of a preset.
 using PresetDate = DateTimeVal (*)(const DateTimeVal& today, int firstDayOfWeek);
 
 template <int Days>
@@ -170,6 +170,7 @@ const PeriodPresetRow* FindPeriodPreset(int preset) {
 PresetOutcome ComputePreset(int preset, const DateTimeVal& today, int firstDayOfWeek, PresetDates& out) {
     const auto* const row = std::ranges::find(kComputations, preset, &PresetComputation::preset);
     if (row == std::ranges::end(kComputations)) return PresetOutcome::NoDates;
+    if (!today.IsValid()) return PresetOutcome::Failed;
     out = {row->start(today, firstDayOfWeek), row->end(today, firstDayOfWeek)};
-    return out.start.IsValid() && out.end.IsValid() ? PresetOutcome::Done : PresetOutcome::Failed;
+    return PresetOutcome::Done;
 }

@@ -32,12 +32,12 @@ bool IsReadable(const std::vector<std::string>& arguments) {
     for (const std::string& argument : arguments) {
         QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
         const QString text = decoder(QByteArrayView(argument.data(), qsizetype(argument.size())));
-        if (decoder.hasError() || text.contains(QChar::ReplacementCharacter)) return false;
+        if (decoder.hasError()) return false;
     }
     return true;
 }
 
-ExitCode Answer(const CommandRequest& request, Console& console, CConsolePrompt& prompt) {
+ExitCode AnswerTo(const CommandRequest& request, Console& console, CConsolePrompt& prompt) {
     console.out.isJson = request.isJson;
     console.out.isQuiet = request.isQuiet;
     if (request.isYes) prompt.SayYesToAll();
@@ -67,10 +67,10 @@ int main(int argc, char* argv[]) {
     CConsolePrompt prompt(out);
     const CSystemClock clock;
     Console console{out, prompt, clock};
-    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
     ExitCode exit = ExitCode::Usage;
     if (IsReadable(arguments))
-        exit = Answer(ReadCommandLine(arguments), console, prompt);
+        exit = AnswerTo(ReadCommandLine(arguments), console, prompt);
     else
         out.Complain(LoadText(Text::CliNotUtf8));
     if (!out.Finish() && exit == ExitCode::Done) exit = ExitCode::Failed;

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "records/CTRecord.h"
-
 #include <QString>
 #include <QStringList>
 #include <functional>
-#include <optional>
 #include <span>
 
+class CTRecord;
 class CVelmarchDoc;
 class CTimerDesk;
 class CClock;
@@ -24,12 +22,13 @@ inline constexpr int kSuccessive = 32;
 inline constexpr int kTimer = 64;
 }  // namespace QuickFlag
 
-/// One quick command: its number in menus and its flags.
+/// One quick command: its number and its flags.
 struct QuickCommandRow {
     int command;
     int flags;
 };
-/// All quick commands in order of their numbers.
+/// The quick commands that are offered, in order of their numbers. Those that start from stored defaults or
+/// from the data tree aren't: neither is there yet.
 [[nodiscard]] std::span<const QuickCommandRow> QuickCommands();
 
 /// What a new time record needs from outside.
@@ -38,10 +37,12 @@ struct QuickEntrySurroundings {
     CTimerDesk& timers;
     const Settings& settings;
     const CClock& clock;
-    QStringList selectedIds;  ///< of the record list
+    QStringList selectedIds;  ///< of the record list; a copy and a successive entry need exactly one
     /// Lets the user edit the record; true when accepted. Empty: there is no dialog, the record is added at
     /// once.
     std::function<bool(CTRecord& record)> edit;
+    /// The record that a successive entry follows, where it isn't the selected one.
+    QString successiveId = {};
 };
 
 /// How a quick command ended.
@@ -51,5 +52,6 @@ struct QuickOutcome {
 };
 
 /// Makes a new time record by flags: base, date and start, identity, timer, then straight into the document
-/// or through the dialog, as the settings say.
+/// or through the dialog, as the settings say. A cancelled dialog is a success that added nothing; a timer of
+/// the new record goes with it. What happened to other timers stays.
 [[nodiscard]] QuickOutcome NewTimeRecord(int flags, const QuickEntrySurroundings& around);

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr SqliteFileKind kKind = {.applicationId = 0x564D5354, .version = 1, .busySeconds = 30};  // "VMST"
+constexpr const SqliteFileKind& kKind = CSettingsTree::kFileKind;
 constexpr std::int64_t kRoot = 1;
 
 /// Numbers of keys are never used again, so an open key can't come to mean another one.
@@ -72,19 +72,25 @@ CSettingsTree::~CSettingsTree() = default;
 
 bool CSettingsTree::Open(const QString& path) {
     m_keptAside.clear();
-    m_error.clear();
+    m_reason.clear();
     OpenOutcome outcome = OpenFile(path);
     if (IsUnreadable(outcome)) outcome = ReplaceUnreadable(path);
-    if (IsUsable(outcome)) return true;
-    // The program goes on with defaults; what it writes is forgotten at its end.
-    if (!IsUsable(MakeTables(m_file->Open(QStringLiteral(":memory:"), kKind, true))))
-        m_error = m_file->Error();
-    return false;
+    // If there is no file the program goes on with defaults; what it writes is forgotten at its end.
+    const bool isUsable = IsUsable(outcome);
+    if (!isUsable && !IsUsable(MakeTables(m_file->Open(QStringLiteral(":memory:"), kKind, true)))) {
+        m_reason = m_file->Error();
+    }
+    m_error = m_reason;
+    return isUsable;
 }
 
 OpenOutcome CSettingsTree::OpenFile(const QString& path) {
     const OpenOutcome outcome = MakeTables(m_file->Open(path, kKind, true));
-    if (outcome != OpenOutcome::Created && outcome != OpenOutcome::Existed) m_error = m_file->Error();
+    if (outcome == OpenOutcome::ReadOnly) m_reason = SqliteSentence(SQLITE_READONLY, 0, m_file->Path(), {});
+    if (!IsUsable(outcome)) m_reason = m_file->Error();
+    if (outcome == OpenOutcome::Damaged && OutcomeOf(m_file->ErrorCode()) != OpenOutcome::Damaged) {
+        m_reason = SqliteSentence(SQLITE_CORRUPT, 0, m_file->Path(), {});  // only the check has seen it
+    }
     return outcome;
 }
 
@@ -103,15 +109,13 @@ OpenOutcome CSettingsTree::ReplaceUnreadable(const QString& path) {
 /// under our name, or with damage in them, is unreadable. The check costs little, the file is small.
 OpenOutcome CSettingsTree::MakeTables(OpenOutcome opened) {
     if (!IsUsable(opened)) return opened;
-    const bool mayMake = opened != OpenOutcome::ReadOnly;
-    if (mayMake && !Exists(Root()) && !(m_file->Begin() && m_file->Execute(kTables) && m_file->Commit())) {
-        m_file->Rollback();
-        return m_file->ErrorCode() == SQLITE_ERROR ? OpenOutcome::Foreign : OutcomeOf(m_file->ErrorCode());
+    const bool isMade = opened == OpenOutcome::ReadOnly || Exists(Root()) ||
+                        (m_file->Begin() && m_file->Execute(kTables) && m_file->Commit());
+    if (isMade && m_file->Execute(kProbe)) {
+        return m_file->IntegrityReport().isEmpty() ? opened : OpenOutcome::Damaged;
     }
-    if (!m_file->Execute(kProbe)) {
-        return m_file->ErrorCode() == SQLITE_ERROR ? OpenOutcome::Foreign : OutcomeOf(m_file->ErrorCode());
-    }
-    return m_file->IntegrityReport().isEmpty() ? opened : OpenOutcome::Damaged;
+    m_file->Rollback();
+    return m_file->ErrorCode() == SQLITE_ERROR ? OpenOutcome::Foreign : OutcomeOf(m_file->ErrorCode());
 }
 
 /// The statement with the key as ?1 and the name as ?2; null when the key isn't open or it can't be prepared.

@@ -40,6 +40,9 @@ class CSettingsTree {
  public:
     enum class Created { No, Yes };
 
+    /// What identifies a settings file: for whoever examines one without opening it as a tree.
+    static constexpr SqliteFileKind kFileKind{.applicationId = 0x564D5354 /* "VMST" */, .version = 1, .busySeconds = 30};
+
     CSettingsTree();
     ~CSettingsTree();
 
@@ -90,5 +93,6 @@ class CSettingsTree {
     std::unique_ptr<CSqliteFile> m_file;
     QString m_keptAside;
     QString m_error;
+    QString m_reason;  ///< why the file at the path isn't used as it was found
     bool m_inChange = false;
 };

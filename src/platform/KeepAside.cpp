@@ -36,7 +36,7 @@ QString KeepAside(const QString& path) {
     }
     for (const char* part : {"-journal", "-wal", "-shm"}) {
         const QString suffix = QString::fromLatin1(part);
-        if (QFile::exists(path + suffix) && !Rename(path + suffix, aside + suffix)) return {};
+        if (QFileInfo(path + suffix).size() > 0 && !Rename(path + suffix, aside + suffix)) return {};
     }
     return aside;
 }

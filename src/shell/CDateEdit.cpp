@@ -25,6 +25,10 @@ void CDateEdit::SetDate(const std::optional<DateTimeVal>& date) {
     ShowText(date ? TextOf(*date) : QString());
 }
 
+int CDateEdit::UnreadableTextId() const {
+    return static_cast<int>(Text::DateUnreadable);
+}
+
 QString CDateEdit::WhyUnreadable() const {
     return FormatText<Text::DateUnreadable>(text(), TodayText(m_region, m_clock));
 }

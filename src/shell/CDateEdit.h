@@ -19,6 +19,7 @@ class CDateEdit final : public CPickEdit {
     /// The day as entered; the last one that could be read while the text can't be.
     [[nodiscard]] const std::optional<DateTimeVal>& GetDate() const { return m_date; }
     [[nodiscard]] QString WhyUnreadable() const override;
+    [[nodiscard]] int UnreadableTextId() const override;
 
  protected:
     [[nodiscard]] bool ReadText() override;

@@ -24,6 +24,8 @@ class CPickEdit : public QLineEdit {
     [[nodiscard]] bool IsLocked() const { return isReadOnly(); }
     /// Why the text can't be read and what can.
     [[nodiscard]] virtual QString WhyUnreadable() const = 0;
+    /// Number of the text that WhyUnreadable fills in.
+    [[nodiscard]] virtual int UnreadableTextId() const = 0;
 
     void OpenPopup();
 

@@ -7,6 +7,7 @@
 
 class CCfgStore;
 class CClock;
+class CPickEdit;
 class CPrompt;
 class CRecordDialogEntry;
 class CRecordDialogNotes;
@@ -49,7 +50,8 @@ class CRecordDialog final : public QDialog {
     void BuildPages();
     void Wire();
     [[nodiscard]] bool TypingIsReadable();
-    void ShowRecord();
+    void ShowTimes();
+    void Refuse(CPickEdit& field, int textId, const QString& why);
 
     RecordDialogSurroundings m_around;
     std::unique_ptr<CRecordDraft> m_draft;

@@ -32,6 +32,10 @@ void CSpanEdit::SetSpan(const std::optional<EnteredSpan>& span) {
     ShowText(span ? TextOf(*span) : QString());
 }
 
+int CSpanEdit::UnreadableTextId() const {
+    return static_cast<int>(Text::SpanUnreadable);
+}
+
 QString CSpanEdit::WhyUnreadable() const {
     return FormatText<Text::SpanUnreadable>(text());
 }

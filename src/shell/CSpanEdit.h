@@ -18,6 +18,7 @@ class CSpanEdit final : public CPickEdit {
     /// The span as entered; the last one that could be read while the text can't be.
     [[nodiscard]] const std::optional<EnteredSpan>& GetSpan() const { return m_span; }
     [[nodiscard]] QString WhyUnreadable() const override;
+    [[nodiscard]] int UnreadableTextId() const override;
 
  protected:
     [[nodiscard]] bool ReadText() override;

@@ -37,6 +37,10 @@ void CTimeEdit::SetTime(const std::optional<DateTimeVal>& time) {
     ShowText(time ? TextOf(*time) : QString());
 }
 
+int CTimeEdit::UnreadableTextId() const {
+    return static_cast<int>(Text::TimeUnreadable);
+}
+
 QString CTimeEdit::WhyUnreadable() const {
     return FormatText<Text::TimeUnreadable>(text());
 }

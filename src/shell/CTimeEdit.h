@@ -18,6 +18,7 @@ class CTimeEdit final : public CPickEdit {
     /// The time as entered; the last one that could be read while the text can't be.
     [[nodiscard]] const std::optional<DateTimeVal>& GetTime() const { return m_time; }
     [[nodiscard]] QString WhyUnreadable() const override;
+    [[nodiscard]] int UnreadableTextId() const override;
 
  protected:
     [[nodiscard]] bool ReadText() override;

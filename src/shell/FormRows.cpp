@@ -44,7 +44,7 @@ QCheckBox* MakeCheckBox(const QString& text, const QString& objectName, CMnemoni
 }
 
 QDialogButtonBox* MakeDialogButtons(QDialog& dialog, Text acceptText, CMnemonics& mnemonics) {
-    auto* box = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
+    auto* box = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     const auto dress = [&mnemonics, box](QDialogButtonBox::StandardButton which, Text text,
                                          const QString& name) {
         box->button(which)->setText(mnemonics.Give(LoadText(text)));

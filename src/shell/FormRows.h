@@ -24,7 +24,8 @@ void NameWidget(QWidget& widget, const QString& objectName, const QString& acces
 QLabel* AddLabel(QGridLayout& form, int row, const QString& text, QWidget& field, const QString& objectName,
                  CMnemonics& mnemonics);
 [[nodiscard]] QCheckBox* MakeCheckBox(const QString& text, const QString& objectName, CMnemonics& mnemonics);
-/// The button that accepts, which is the default, and Cancel; both are connected to the dialog.
+/// The button that accepts, which is the default, and Cancel; both are connected to the dialog. The caller
+/// lays them out, last, so that they come last with Tab as well.
 [[nodiscard]] QDialogButtonBox* MakeDialogButtons(class QDialog& dialog, Text acceptText,
                                                   CMnemonics& mnemonics);
 

@@ -8,6 +8,7 @@
 #include "support/CScriptedPrompt.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -16,6 +17,13 @@
     CRegionalInfo region;
     region.is24Hour = true;
     return region;
+}
+
+/// Where scratch stores lie: in memory where the machine offers that, since each commit waits for its disk.
+[[nodiscard]] inline QString ScratchTemplate() {
+    const QString memory = QStringLiteral("/dev/shm");
+    return QDir(QFileInfo(memory).isWritable() ? memory : QDir::tempPath())
+        .filePath(QStringLiteral("velmarch-test-XXXXXX"));
 }
 
 /// A scratch store with its four tables.
@@ -56,7 +64,7 @@ class RecordsFixture {
     }
     [[nodiscard]] int TimeRows() { return Rows(QStringLiteral("SELECT * FROM time_velmarch")); }
 
-    QTemporaryDir folder;
+    QTemporaryDir folder{ScratchTemplate()};
     CScriptedPrompt prompt;
     CVOSrcMgr manager;
     CRecordStore store;

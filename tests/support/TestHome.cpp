@@ -47,7 +47,7 @@ void TestHome::Open() {
     manager.m_thirdLocation = LoadText(Text::StoreThirdLocation);
     eActionDisposition source, second;
     Demand(manager.InitDataSrc(source, second), "opening the store");
-    store = std::make_unique<CRecordStore>(manager, prompt, manager.m_fileName);
+    store = std::make_unique<CRecordStore>(manager, prompt, QStringLiteral("velmarch"));
     for (const RecordKind kind :
          {RecordKind::Time, RecordKind::Expense, RecordKind::PulldownItem, RecordKind::Dependency})
         Demand(manager.InitDataSrcTable(store->TableName(kind), *NewRecord(kind)), "making a table");

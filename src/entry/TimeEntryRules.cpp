@@ -1,0 +1,139 @@
+#include "entry/TimeEntryRules.h"
+
+#include "app/CTimerDesk.h"
+#include "calendar/NumberText.h"
+#include "config/Settings.h"
+#include "lang/LoadText.h"
+#include "platform/CPrompt.h"
+#include "records/CTRecord.h"
+
+namespace {
+
+constexpr int kMostOfItem = 255;
+
+void RoundTime(DateTimeVal& time, int divisor, int type) {
+    bool isPm = time.isPm != 0;
+    RoundMinutes(time.hour12, time.minute, divisor, type, &isPm);
+    time.isPm = isPm ? 1 : 0;
+}
+
+/// With the lock off and both times known, the other time stays and the duration is computed anew.
+void ReleaseDuration(CTRecord& record, bool hasOtherTime, const Settings& settings) {
+    if (record.spans.duration.IsSet() && hasOtherTime && !settings.lockDurationOnTimeEdit)
+        record.spans.duration.Reset();
+}
+
+EnteredSpan Accumulated(const EnteredSpan& entered, const SpanField& former, const Settings& settings) {
+    if (!settings.accumulateOnReentry || !former.IsSet()) return entered;
+    return {entered.hours + former.hours, entered.minutes + former.minutes};
+}
+
+/// Rounding of durations; breaks have none of their own.
+EnteredSpan Rounded(EnteredSpan span, const Settings& settings) {
+    RoundMinutes(span.hours, span.minutes, settings.roundDurationMinutes, settings.roundDurationType,
+                 nullptr);
+    return span;
+}
+
+void PutDuration(CTRecord& record, const EnteredSpan& span, const Settings& settings) {
+    const bool isStartKept = record.HasStart() && record.HasEnd() && settings.lockStartOnDurationEdit;
+    record.SetDuration(span.hours, span.minutes, !isStartKept);
+}
+
+/// The first 255 characters; a character of two units isn't cut in half.
+QString CutItem(const QString& text) {
+    QString cut = text.left(kMostOfItem);
+    if (cut.size() < text.size() && cut.back().isHighSurrogate()) cut.chop(1);
+    return cut;
+}
+
+/// A typed value into its field as it is; a text that is no number, or a negative one, leaves "no value".
+void PutTyped(DecimalField& field, const QString& text) {
+    float value = 0.0F;
+    const bool isValue = ParseFloat(TheRegion(), text, value) && value >= 0.0F;
+    field.Set(isValue ? value : -1.0F);
+}
+
+}  // namespace
+
+namespace TimeEntryRules {
+
+bool MayEnterTimes(const CTimerDesk& timers, const QString& recordId, CPrompt* prompt) {
+    const TimerState state = timers.StateOf(recordId);
+    if (state != TimerState::Running && state != TimerState::Paused) return true;
+    if (prompt) {
+        MessageBox box;
+        box.textId = static_cast<int>(Text::TimesDrivenByTimer);
+        box.title = LoadText(Text::TimesDrivenByTimerTitle);
+        box.text = LoadText(Text::TimesDrivenByTimer);
+        box.icon = BoxIcon::Information;
+        prompt->Tell(box);
+    }
+    return false;
+}
+
+void EnterStart(CTRecord& record, const std::optional<DateTimeVal>& time, const Settings& settings) {
+    if (!time) return record.ClearStart();
+    ReleaseDuration(record, record.HasEnd(), settings);
+    DateTimeVal rounded = *time;
+    RoundTime(rounded, settings.roundStartMinutes, settings.roundStartType);
+    record.SetStart(rounded);
+}
+
+void EnterEnd(CTRecord& record, const std::optional<DateTimeVal>& time, const Settings& settings) {
+    if (!time) return record.ClearEnd();
+    ReleaseDuration(record, record.HasStart(), settings);
+    DateTimeVal rounded = *time;
+    RoundTime(rounded, settings.roundEndMinutes, settings.roundEndType);
+    record.SetEnd(rounded);
+}
+
+void EnterDuration(CTRecord& record, const std::optional<EnteredSpan>& span, const Settings& settings,
+                   bool fromTimer) {
+    if (!span) {
+        record.spans.duration.Reset();
+        record.spans.Recompute();  // the times stay, and so does the money
+        return;
+    }
+    if (fromTimer) return PutDuration(record, *span, settings);
+    PutDuration(record, Rounded(Accumulated(*span, record.spans.duration, settings), settings), settings);
+}
+
+void EnterBreak(CTRecord& record, const std::optional<EnteredSpan>& span, const Settings& settings) {
+    if (!span) return record.SetBreak(-1, -1);
+    const EnteredSpan taken = Rounded(Accumulated(*span, record.spans.breakTime, settings), settings);
+    record.SetBreak(taken.hours, taken.minutes);
+}
+
+void SetFromTimer(CTRecord& record, int hours, int minutes, bool fromTimer, const Settings& settings) {
+    const EnteredSpan count{hours, minutes};
+    PutDuration(record, fromTimer ? count : Rounded(count, settings), settings);
+}
+
+bool EnterRate(CTRecord& record, const QString& text) {
+    float value = 0.0F;
+    if (!record.isBillable || !ParseFloat(TheRegion(), text, value)) return false;
+    record.SetRate(value);  // its result tells of the amount, not of the rate
+    return true;
+}
+
+bool EnterAmount(CTRecord& record, const QString& text) {
+    float value = 0.0F;
+    if (!record.isBillable || !ParseFloat(TheRegion(), text, value)) return false;
+    record.SetAmount(value);
+    return true;
+}
+
+void AcceptEntryPage(CTRecord& record, const EntryPage& page) {
+    record.item1 = CutItem(page.item1);
+    record.item2 = CutItem(page.item2);
+    PutTyped(record.rate, page.rate);
+    record.item3 = CutItem(page.item3);
+    record.item4 = CutItem(page.item4);
+    record.item5 = CutItem(page.item5);
+    PutTyped(record.amount, page.amount);
+    record.SetBillable(page.isBillable);
+    record.isBilled = page.isBillable && page.isBilled;
+}
+
+}  // namespace TimeEntryRules

@@ -1,0 +1,338 @@
+#include "RecordsFixture.h"
+#include "platform/CSqliteFile.h"
+#include "records/OpenChanges.h"
+#include "torture/CVfsShim.h"
+
+/// A commit that fails: what was entered stays in the open state and is written with the next commit, once.
+class TestFailedCommit : public QObject {
+    Q_OBJECT
+
+ private Q_SLOTS:
+    void initTestCase() { QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR))); }
+    void InsertThenSpace_data();
+    void InsertThenSpace();
+    void CommitAloneWritesIt();
+    void FullWhileInserting();
+    void FullForTheJournal();
+    void OtherProgramReads();
+    void ModifyOfAWaitingRow();
+    void ModifyOfADurableRow();
+    void DeleteOfAWaitingRow();
+    void DeleteThatFails();
+    void BatchWithDeletes();
+    void StoreHasTheRowAlready();
+    void RowDeletedElsewhere();
+    void DiscardDropsIt();
+    void CloseGivesALastChance();
+    void TooLongForMemory();
+    void TooLongAndRolledBackMidway();
+    void NoLockWhileWaiting();
+};
+
+namespace {
+
+/// A disk that can be full, or broken, for a while.
+class FaultyDisk final : public CVfsShim {
+ public:
+    int failure = SQLITE_OK;
+    /// The journal is written while a row is changed, the store itself by the commit.
+    bool journalToo = false;
+
+    int OnWrite(const QString& path, qint64, const QByteArray&) override {
+        return path.endsWith(QStringLiteral("-journal")) && !journalToo ? SQLITE_OK : failure;
+    }
+};
+
+const QString kAllTimes = QStringLiteral("SELECT * FROM time_velmarch");
+
+}  // namespace
+
+void TestFailedCommit::InsertThenSpace_data() {
+    QTest::addColumn<int>("failure");
+    QTest::addColumn<QString>("words");
+    const QString full = QStringLiteral("disk is full");
+    const QString broken = QStringLiteral("disk reported an error");
+    QTest::newRow("the disk is full") << SQLITE_FULL << full;
+    QTest::newRow("the disk fails") << SQLITE_IOERR_WRITE << broken;
+}
+
+void TestFailedCommit::InsertThenSpace() {
+    QFETCH(int, failure);
+    QFETCH(QString, words);
+    FaultyDisk disk;
+    RecordsFixture home;
+    disk.failure = failure;
+    const CTRecord first = NewTime(QStringLiteral("first"));
+    const CTRecord second = NewTime(QStringLiteral("second"));
+    home.prompt.ExpectTold(Text::InsertCommitFailed);
+    QVERIFY(home.store.InsertRecord(first, false));
+    home.prompt.Finish();
+    QVERIFY(home.store.m_lastError != 0);
+    QVERIFY2(home.prompt.told.constLast().contains(words), qPrintable(home.prompt.told.constLast()));
+    QVERIFY(home.manager.HasOpenChanges());
+    disk.failure = SQLITE_OK;
+    QCOMPARE(home.TimeRows(), 0);
+    QVERIFY(home.store.InsertRecord(second, false));
+    QCOMPARE(home.store.m_lastError, 0);
+    QVERIFY(!home.manager.HasOpenChanges());
+    QCOMPARE(home.TimeRows(), 2);
+    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QCOMPARE(home.TimeRows(), 3);
+    CTRecord read;
+    QVERIFY(home.store.ReadRecord(read, first.GetId()));
+    QCOMPARE(read.item1, QStringLiteral("first"));
+}
+
+void TestFailedCommit::CommitAloneWritesIt() {
+    FaultyDisk disk;
+    RecordsFixture home;
+    disk.failure = SQLITE_FULL;
+    home.prompt.ExpectTold(Text::InsertCommitFailed);
+    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    home.prompt.ExpectTold(Text::CommitFailed);
+    QVERIFY(!home.store.Commit());
+    QVERIFY(home.manager.HasOpenChanges());
+    disk.failure = SQLITE_OK;
+    QVERIFY(home.store.Commit());
+    QVERIFY(home.store.Commit());
+    QCOMPARE(home.TimeRows(), 1);
+}
+
+void TestFailedCommit::FullWhileInserting() {
+    RecordsFixture home;
+    QVERIFY(home.manager.File().Execute("PRAGMA max_page_count=1"));
+    CTRecord record = NewTime();
+    record.notes = QString(32000, u'n');
+    home.prompt.ExpectTold(Text::InsertFailed);
+    QVERIFY(!home.store.InsertRecord(record, false));
+    // Refused at once: nothing waits, the caller keeps nothing either.
+    QVERIFY(!home.manager.HasOpenChanges());
+    QVERIFY(home.manager.File().Execute("PRAGMA max_page_count=100000"));
+    QVERIFY(home.store.InsertRecord(record, false));
+    QCOMPARE(home.TimeRows(), 1);
+}
+
+void TestFailedCommit::FullForTheJournal() {
+    FaultyDisk disk;
+    RecordsFixture home;
+    disk.failure = SQLITE_FULL;
+    disk.journalToo = true;
+    home.prompt.ExpectTold(Text::InsertFailed);
+    QVERIFY(!home.store.InsertRecord(NewTime(), false));
+    QVERIFY(!home.manager.HasOpenChanges());
+    disk.failure = SQLITE_OK;
+    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QCOMPARE(home.TimeRows(), 1);
+}
+
+void TestFailedCommit::OtherProgramReads() {
+    RecordsFixture home;
+    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    CVOSrcMgr reader;
+    QVERIFY(home.Open(reader) && reader.Query(kAllTimes, false));
+    home.prompt.ExpectTold(Text::InsertCommitFailed);
+    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY2(home.prompt.told.constLast().contains(QStringLiteral("Another program is using")),
+             qPrintable(home.prompt.told.constLast()));
+    reader.CloseQuery();
+    QCOMPARE(home.TimeRows(), 1);
+    QVERIFY(home.store.Commit());
+    QCOMPARE(home.TimeRows(), 2);
+}
+
+void TestFailedCommit::ModifyOfAWaitingRow() {
+    FaultyDisk disk;
+    RecordsFixture home;
+    CTRecord record = NewTime(QStringLiteral("first"));
+    disk.failure = SQLITE_FULL;
+    home.prompt.ExpectTold(Text::InsertCommitFailed);
+    QVERIFY(home.store.InsertRecord(record, false));
+    disk.failure = SQLITE_OK;
+    record.item1 = QStringLiteral("changed");
+    QVERIFY(home.store.ModifyRecord(record, record.GetId(), false, true));
+    QCOMPARE(home.TimeRows(), 1);
+    QCOMPARE(home.Rows(kAllTimes + QStringLiteral(" WHERE item1='changed'")), 1);
+}
+
+void TestFailedCommit::ModifyOfADurableRow() {
+    FaultyDisk disk;
+    RecordsFixture home;
+    CTRecord record = NewTime(QStringLiteral("first"));
+    QVERIFY(home.store.InsertRecord(record, false));
+    disk.failure = SQLITE_FULL;
+    record.item1 = QStringLiteral("changed");
+    home.prompt.ExpectTold(Text::ModifyCommitFailed);
+    QVERIFY(home.store.ModifyRecord(record, record.GetId(), false, true));
+    QVERIFY(home.store.m_lastError != 0);
+    disk.failure = SQLITE_OK;
+    QCOMPARE(home.Rows(kAllTimes + QStringLiteral(" WHERE item1='first'")), 1);
+    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QCOMPARE(home.Rows(kAllTimes + QStringLiteral(" WHERE item1='changed'")), 1);
+    QCOMPARE(home.TimeRows(), 2);
+}
+
+void TestFailedCommit::DeleteOfAWaitingRow() {
+    FaultyDisk disk;
+    RecordsFixture home;
+    const CTRecord record = NewTime();
+    disk.failure = SQLITE_FULL;
+    home.prompt.ExpectTold(Text::InsertCommitFailed);
+    QVERIFY(home.store.InsertRecord(record, false));
+    disk.failure = SQLITE_OK;
+    QVERIFY(home.store.DeleteRecord(RecordKind::Time, record.GetId()));
+    QVERIFY(home.store.Commit());
+    QCOMPARE(home.TimeRows(), 0);
+}
+
+void TestFailedCommit::DeleteThatFails() {
+    FaultyDisk disk;
+    RecordsFixture home;
+    const CTRecord record = NewTime();
+    QVERIFY(home.store.InsertRecord(record, false));
+    disk.failure = SQLITE_FULL;
+    home.prompt.ExpectTold(Text::DeleteFailed);
+    QVERIFY(!home.store.DeleteRecord(RecordKind::Time, record.GetId()));
+    // It isn't carried out behind the user's back later on.
+    QVERIFY(!home.manager.HasOpenChanges());
+    disk.failure = SQLITE_OK;
+    QVERIFY(home.store.Commit());
+    QCOMPARE(home.TimeRows(), 1);
+}
+
+void TestFailedCommit::BatchWithDeletes() {
+    FaultyDisk disk;
+    RecordsFixture home;
+    const CTRecord old = NewTime(QStringLiteral("old"));
+    QVERIFY(home.store.InsertRecord(old, false));
+    QVERIFY(home.manager.BeginBatch());
+    QVERIFY(home.store.InsertRecord(NewTime(QStringLiteral("passing")), true));
+    QVERIFY(home.manager.Query(QStringLiteral("DELETE FROM time_velmarch"), true));
+    QVERIFY(home.store.InsertRecord(NewTime(QStringLiteral("new")), true));
+    disk.failure = SQLITE_FULL;
+    home.prompt.ExpectTold(Text::CommitFailed);
+    QVERIFY(!home.store.Commit());
+    disk.failure = SQLITE_OK;
+    QCOMPARE(home.Rows(kAllTimes + QStringLiteral(" WHERE item1='old'")), 1);
+    QVERIFY(home.store.Commit());
+    QCOMPARE(home.TimeRows(), 1);
+    QCOMPARE(home.Rows(kAllTimes + QStringLiteral(" WHERE item1='new'")), 1);
+}
+
+void TestFailedCommit::StoreHasTheRowAlready() {
+    FaultyDisk disk;
+    RecordsFixture home;
+    const CTRecord record = NewTime();
+    disk.failure = SQLITE_IOERR_WRITE;
+    home.prompt.ExpectTold(Text::InsertCommitFailed);
+    QVERIFY(home.store.InsertRecord(record, false));
+    disk.failure = SQLITE_OK;
+    // The row got there after all, by a commit whose success was never told.
+    CVOSrcMgr other;
+    QVERIFY(home.Open(other));
+    CRecordStore otherStore(other, home.prompt, QStringLiteral("velmarch"));
+    QVERIFY(otherStore.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QCOMPARE(home.TimeRows(), 2);
+}
+
+void TestFailedCommit::RowDeletedElsewhere() {
+    FaultyDisk disk;
+    RecordsFixture home;
+    CTRecord record = NewTime(QStringLiteral("first"));
+    QVERIFY(home.store.InsertRecord(record, false));
+    disk.failure = SQLITE_FULL;
+    home.prompt.ExpectTold(Text::ModifyCommitFailed);
+    QVERIFY(home.store.ModifyRecord(record, record.GetId(), false, true));
+    disk.failure = SQLITE_OK;
+    CVOSrcMgr other;
+    QVERIFY(home.Open(other) && other.Query(QStringLiteral("DELETE FROM time_velmarch"), true));
+    QVERIFY(home.store.Commit());
+    QCOMPARE(home.TimeRows(), 0);
+}
+
+void TestFailedCommit::DiscardDropsIt() {
+    FaultyDisk disk;
+    RecordsFixture home;
+    disk.failure = SQLITE_FULL;
+    home.prompt.ExpectTold(Text::InsertCommitFailed);
+    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    disk.failure = SQLITE_OK;
+    home.manager.Discard();
+    QVERIFY(!home.manager.HasOpenChanges());
+    QVERIFY(home.store.Commit());
+    QCOMPARE(home.TimeRows(), 0);
+}
+
+void TestFailedCommit::CloseGivesALastChance() {
+    FaultyDisk disk;
+    RecordsFixture home;
+    disk.failure = SQLITE_FULL;
+    home.prompt.ExpectTold(Text::InsertCommitFailed);
+    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    disk.failure = SQLITE_OK;
+    home.manager.Close();
+    QVERIFY(home.Open(home.manager));
+    QCOMPARE(home.TimeRows(), 1);
+}
+
+void TestFailedCommit::TooLongForMemory() {
+    constexpr int kRows = static_cast<int>(OpenChanges::kMost) + 1;
+    FaultyDisk disk;
+    RecordsFixture home;
+    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    for (int i = 0; i < kRows; ++i) QVERIFY(home.store.InsertRecord(NewTime(), true));
+    disk.failure = SQLITE_FULL;
+    home.prompt.ExpectTold(Text::CommitFailed);
+    QVERIFY(!home.store.Commit());
+    disk.failure = SQLITE_OK;
+    // The whole batch fails, and nothing of it comes later.
+    QVERIFY(!home.manager.HasOpenChanges());
+    QVERIFY(home.store.Commit());
+    QCOMPARE(home.TimeRows(), 1);
+    for (int i = 0; i < kRows; ++i) QVERIFY(home.store.InsertRecord(NewTime(), true));
+    QVERIFY(home.store.Commit());
+    QCOMPARE(home.TimeRows(), 1 + kRows);
+}
+
+void TestFailedCommit::TooLongAndRolledBackMidway() {
+    FaultyDisk disk;
+    RecordsFixture home;
+    // A small page cache makes the batch spill to the disk before its commit.
+    QVERIFY(home.manager.File().Execute("PRAGMA cache_size=10"));
+    for (std::size_t i = 0; i <= OpenChanges::kMost; ++i) QVERIFY(home.store.InsertRecord(NewTime(), true));
+    disk.failure = SQLITE_FULL;
+    bool isInserted = true;
+    for (int i = 0; i < 1000 && isInserted; ++i) {
+        CTRecord record = NewTime();
+        record.notes = QString(5000, u'n');
+        QVERIFY(home.manager.Query(kAllTimes + QStringLiteral(" WHERE 0"), true));
+        isInserted = home.manager.Insert(record);
+    }
+    QVERIFY(!isInserted);
+    disk.failure = SQLITE_OK;
+    // SQLite has undone the batch: it must not go on as if the rest were all.
+    QVERIFY(!home.manager.Insert(NewTime()));
+    QCOMPARE(home.manager.m_error, LoadText(Text::BatchLost));
+    QVERIFY(!home.manager.Update());
+    QCOMPARE(home.TimeRows(), 0);
+    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QCOMPARE(home.TimeRows(), 1);
+}
+
+void TestFailedCommit::NoLockWhileWaiting() {
+    FaultyDisk disk;
+    RecordsFixture home;
+    disk.failure = SQLITE_FULL;
+    home.prompt.ExpectTold(Text::InsertCommitFailed);
+    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    disk.failure = SQLITE_OK;
+    CVOSrcMgr other;
+    QVERIFY(home.Open(other));
+    CRecordStore otherStore(other, home.prompt, QStringLiteral("velmarch"));
+    QVERIFY(otherStore.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.Commit());
+    QCOMPARE(home.TimeRows(), 2);
+}
+
+QTEST_GUILESS_MAIN(TestFailedCommit)
+#include "TestFailedCommit.moc"

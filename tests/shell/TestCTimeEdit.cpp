@@ -1,0 +1,272 @@
+#include "shell/CTimeEdit.h"
+
+#include "calendar/NumberText.h"
+#include "lang/LoadText.h"
+#include "shell/CPickPopup.h"
+#include "shell/FormRows.h"
+#include "support/CTestClock.h"
+
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTableWidget>
+#include <QtTest>
+
+/// A time field under keys and clicks.
+class TestCTimeEdit : public QObject {
+    Q_OBJECT
+
+ private:
+    CTestClock m_clock{2026, 11, 19, 14, 7};
+
+    static CRegionalInfo Region(bool is24Hour) {
+        CRegionalInfo region;
+        region.is24Hour = is24Hour;
+        return region;
+    }
+    static DateTimeVal Time(int hour24, int minute) {
+        DateTimeVal time;
+        Q_ASSERT(time.SetTime24(hour24, minute));
+        return time;
+    }
+    static QString Shown(const CTimeEdit& edit) {
+        if (!edit.GetTime()) return QStringLiteral("none");
+        return FormatTimeOfDay(Region(true), edit.GetTime()->hour12, edit.GetTime()->minute,
+                               edit.GetTime()->isPm != 0);
+    }
+    static CPickPopup* Popup(CTimeEdit& edit) {
+        QTest::keyClick(&edit, Qt::Key_Down, Qt::AltModifier);
+        return edit.findChild<CPickPopup*>();
+    }
+
+ private Q_SLOTS:
+    void initTestCase() { QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR))); }
+
+    void SetTime_data() {
+        QTest::addColumn<bool>("is24Hour");
+        QTest::addColumn<int>("hour");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("12 hours, morning") << false << 9 << "09:05 AM";
+        QTest::newRow("12 hours, midnight") << false << 0 << "12:05 AM";
+        QTest::newRow("24 hours, afternoon") << true << 21 << "21:05";
+        QTest::newRow("24 hours, midnight") << true << 0 << "00:05";
+    }
+    void SetTime() {
+        QFETCH(bool, is24Hour);
+        QFETCH(int, hour);
+        CTimeEdit edit(Region(is24Hour), m_clock, 5);
+        QSignalSpy entered(&edit, &CPickEdit::Entered);
+        edit.SetTime(Time(hour, 5));
+        QTEST(edit.text(), "expected");
+        QCOMPARE(entered.count(), 0);
+        QVERIFY(!edit.IsTouched());
+        edit.SetTime({});
+        QCOMPARE(edit.text(), QString());
+    }
+
+    void Type_data() {
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QString>("expected");
+        QTest::addColumn<bool>("isReadable");
+        QTest::newRow("a time") << "2130"
+                                << "21:30" << true;
+        QTest::newRow("the key for now") << "n"
+                                         << "14:07" << true;
+        QTest::newRow("no time keeps the last that could be read") << "25"
+                                                                   << "02:00" << false;
+        QTest::newRow("words keep the time before") << "xyz"
+                                                    << "09:00" << false;
+    }
+    void Type() {
+        QFETCH(QString, keys);
+        CTimeEdit edit(Region(false), m_clock, 5);
+        edit.SetTime(Time(9, 0));
+        edit.selectAll();
+        QTest::keyClicks(&edit, keys);
+        QTEST(Shown(edit), "expected");
+        QTEST(edit.IsReadable(), "isReadable");
+        QCOMPARE(IsMarked(edit), !edit.IsReadable());
+        QVERIFY(edit.IsTouched());
+        QCOMPARE(edit.text(), keys);
+    }
+
+    void Clear() {
+        CTimeEdit edit(Region(false), m_clock, 5);
+        edit.SetTime(Time(9, 0));
+        edit.selectAll();
+        QTest::keyClick(&edit, Qt::Key_Delete);
+        QCOMPARE(Shown(edit), QStringLiteral("none"));
+        QVERIFY(edit.IsReadable());
+    }
+
+    void Step_data() {
+        QTest::addColumn<int>("step");
+        QTest::addColumn<int>("hour");
+        QTest::addColumn<int>("minute");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("up") << 5 << 9 << 0 << int(Qt::Key_Up) << "09:05";
+        QTest::newRow("down") << 5 << 9 << 0 << int(Qt::Key_Down) << "08:55";
+        QTest::newRow("up from between two steps") << 5 << 9 << 7 << int(Qt::Key_Up) << "09:10";
+        QTest::newRow("down from between two steps") << 5 << 9 << 7 << int(Qt::Key_Down) << "09:05";
+        QTest::newRow("up by the rounding's minutes") << 15 << 9 << 0 << int(Qt::Key_Up) << "09:15";
+        QTest::newRow("up past midnight") << 5 << 23 << 55 << int(Qt::Key_Up) << "00:00";
+        QTest::newRow("down past midnight") << 5 << 0 << 0 << int(Qt::Key_Down) << "23:55";
+        QTest::newRow("page up is an hour") << 5 << 9 << 7 << int(Qt::Key_PageUp) << "10:07";
+        QTest::newRow("page down is an hour") << 5 << 0 << 7 << int(Qt::Key_PageDown) << "23:07";
+    }
+    void Step() {
+        QFETCH(int, step);
+        QFETCH(int, hour);
+        QFETCH(int, minute);
+        QFETCH(int, key);
+        CTimeEdit edit(Region(false), m_clock, step);
+        edit.SetTime(Time(hour, minute));
+        QSignalSpy entered(&edit, &CPickEdit::Entered);
+        QTest::keyClick(&edit, Qt::Key(key));
+        QTEST(Shown(edit), "expected");
+        QCOMPARE(entered.count(), 1);
+    }
+
+    void StepIntoAnEmptyFieldStartsAtThePresent() {
+        CTimeEdit edit(Region(false), m_clock, 5);
+        QTest::keyClick(&edit, Qt::Key_Up);
+        QCOMPARE(Shown(edit), QStringLiteral("14:10"));
+    }
+
+    void Pick_data() {
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("Return takes what is there") << "R"
+                                                    << "09:07";
+        QTest::newRow("an hour on, the minutes kept") << ">R"
+                                                      << "10:07";
+        QTest::newRow("a row down is six hours") << "vR"
+                                                 << "15:07";
+        QTest::newRow("Escape leaves the time") << ">E"
+                                                << "09:07";
+    }
+    void Pick() {
+        QFETCH(QString, keys);
+        CTimeEdit edit(Region(false), m_clock, 5);
+        edit.SetTime(Time(9, 7));
+        edit.show();
+        CPickPopup* popup = Popup(edit);
+        QVERIFY(popup);
+        auto* hours = popup->findChild<QTableWidget*>(QStringLiteral("hourGrid"));
+        static const QHash<QChar, Qt::Key> kKeys{
+            {u'R', Qt::Key_Return}, {u'E', Qt::Key_Escape}, {u'>', Qt::Key_Right}, {u'v', Qt::Key_Down}};
+        for (const QChar key : keys) QTest::keyClick(hours, kKeys[key]);
+        QVERIFY(!popup->isVisible());
+        QTEST(Shown(edit), "expected");
+    }
+
+    void PickAMinuteWithTheMouse() {
+        CTimeEdit edit(Region(true), m_clock, 5);
+        edit.SetTime(Time(9, 0));
+        edit.show();
+        auto* button = edit.findChild<QAbstractButton*>(QStringLiteral("pickButton"));
+        QTest::mouseClick(button, Qt::LeftButton);
+        auto* popup = edit.findChild<CPickPopup*>();
+        QVERIFY(popup);
+        auto* minutes = popup->findChild<QTableWidget*>(QStringLiteral("minuteGrid"));
+        // The minutes stand in rows of six: 0 to 25, 30 to 55.
+        QCOMPARE(minutes->item(1, 1)->text(), QStringLiteral(":35"));
+        const QPoint place = minutes->visualItemRect(minutes->item(1, 1)).center();
+        QTest::mouseClick(minutes->viewport(), Qt::LeftButton, {}, place);
+        QCOMPARE(Shown(edit), QStringLiteral("09:35"));
+        QVERIFY(!popup->isVisible());
+    }
+
+    void PickByButton_data() {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("now") << "nowButton"
+                             << "14:07";
+        QTest::newRow("clear") << "clearButton"
+                               << "none";
+        QTest::newRow("take") << "takeButton"
+                              << "09:00";
+    }
+    void PickByButton() {
+        QFETCH(QString, button);
+        CTimeEdit edit(Region(false), m_clock, 5);
+        edit.SetTime(Time(9, 0));
+        edit.show();
+        CPickPopup* popup = Popup(edit);
+        QTest::mouseClick(popup->findChild<QPushButton*>(button), Qt::LeftButton);
+        QTEST(Shown(edit), "expected");
+        QVERIFY(edit.IsTouched());
+    }
+
+    void PopupCaptions_data() {
+        QTest::addColumn<bool>("is24Hour");
+        QTest::addColumn<int>("step");
+        QTest::addColumn<QString>("firstHour");
+        QTest::addColumn<QString>("lastHour");
+        QTest::addColumn<QString>("secondMinute");
+        QTest::newRow("12 hours") << false << 5 << "12 AM"
+                                  << "11 PM"
+                                  << ":05";
+        QTest::newRow("24 hours, a quarter as step") << true << 15 << "00"
+                                                     << "23"
+                                                     << ":15";
+    }
+    void PopupCaptions() {
+        QFETCH(bool, is24Hour);
+        QFETCH(int, step);
+        CTimeEdit edit(Region(is24Hour), m_clock, step);
+        edit.show();
+        CPickPopup* popup = Popup(edit);
+        auto* hours = popup->findChild<QTableWidget*>(QStringLiteral("hourGrid"));
+        auto* minutes = popup->findChild<QTableWidget*>(QStringLiteral("minuteGrid"));
+        QTEST(hours->item(0, 0)->text(), "firstHour");
+        QTEST(hours->item(3, 5)->text(), "lastHour");
+        QTEST(minutes->item(0, 1)->text(), "secondMinute");
+    }
+
+    void Lock_data() {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<bool>("isEntry");
+        QTest::newRow("a digit") << int(Qt::Key_9) << true;
+        QTest::newRow("Backspace") << int(Qt::Key_Backspace) << true;
+        QTest::newRow("a step") << int(Qt::Key_Up) << true;
+        QTest::newRow("the popup's key") << int(Qt::Key_F4) << true;
+        QTest::newRow("moving the cursor") << int(Qt::Key_Left) << false;
+        QTest::newRow("Tab") << int(Qt::Key_Tab) << false;
+    }
+    void Lock() {
+        QFETCH(int, key);
+        CTimeEdit edit(Region(false), m_clock, 5);
+        edit.SetTime(Time(9, 0));
+        edit.Lock(QStringLiteral("a reason"));
+        QSignalSpy tried(&edit, &CPickEdit::EntryTried);
+        QTest::keyClick(&edit, Qt::Key(key));
+        QFETCH(bool, isEntry);
+        QCOMPARE(tried.count(), isEntry ? 1 : 0);
+        QCOMPARE(Shown(edit), QStringLiteral("09:00"));
+        QCOMPARE(edit.toolTip(), QStringLiteral("a reason"));
+        QVERIFY(!edit.findChild<CPickPopup*>());
+        edit.Lock({});
+        QVERIFY(edit.toolTip() != QStringLiteral("a reason"));
+        QVERIFY(!edit.IsLocked());
+    }
+
+    void SettledWhenTheFocusMovesOn() {
+        QWidget window;
+        auto* edit = new CTimeEdit(Region(false), m_clock, 5, &window);
+        auto* next = new QLineEdit(&window);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        edit->setFocus();
+        QSignalSpy settled(edit, &CPickEdit::Settled);
+        next->setFocus();
+        QCOMPARE(settled.count(), 0);
+        edit->setFocus();
+        QTest::keyClicks(edit, QStringLiteral("9"));
+        next->setFocus();
+        QCOMPARE(settled.count(), 1);
+    }
+};
+
+QTEST_MAIN(TestCTimeEdit)
+#include "TestCTimeEdit.moc"

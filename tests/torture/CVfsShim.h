@@ -1,0 +1,50 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <QByteArray>
+#include <QString>
+
+/// Stands between SQLite and the system's files while it lives: every database opened meanwhile goes through
+/// it. A test sees each change of a file before it is made and may refuse it with an SQLite result code.
+class CVfsShim {
+ public:
+    CVfsShim();
+    virtual ~CVfsShim();
+    CVfsShim(const CVfsShim&) = delete;
+    CVfsShim& operator=(const CVfsShim&) = delete;
+
+    /// A file was opened; isNew: it wasn't there before.
+    virtual void OnOpened(const QString& path, bool isNew) {
+        (void)path;
+        (void)isNew;
+    }
+    virtual int OnWrite(const QString& path, qint64 offset, const QByteArray& data) {
+        (void)path;
+        (void)offset;
+        (void)data;
+        return SQLITE_OK;
+    }
+    virtual int OnTruncate(const QString& path, qint64 size) {
+        (void)path;
+        (void)size;
+        return SQLITE_OK;
+    }
+    /// isFirst: the first one of a journal since it was opened, which syncs its folder as well.
+    virtual int OnSync(const QString& path, bool isFirst) {
+        (void)path;
+        (void)isFirst;
+        return SQLITE_OK;
+    }
+    virtual int OnDelete(const QString& path, bool syncsFolder) {
+        (void)path;
+        (void)syncsFolder;
+        return SQLITE_OK;
+    }
+
+    [[nodiscard]] sqlite3_vfs* Real() { return m_real; }
+
+ private:
+    sqlite3_vfs* m_real;
+    sqlite3_vfs m_own;
+};
