@@ -48,7 +48,7 @@ class TestCMnemonics : public QObject {
         QTEST(mnemonics.Give(then), "expected");
     }
 
-    void PlanServesTheScarcestFirst() {
+    void PlanServesAllThatCanBeServed() {
         CMnemonics mnemonics;
         mnemonics.Plan({QStringLiteral("Rate"), QStringLiteral("RR")});
         QCOMPARE(mnemonics.Give(QStringLiteral("Rate")), QStringLiteral("R&ate"));
