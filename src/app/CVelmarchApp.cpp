@@ -123,7 +123,7 @@ void CVelmarchApp::TellNotInstalled(const QString& why) {
 // --- Settings
 
 bool CVelmarchApp::OpenSettings() {
-    const QString path = m_home + u'/' + kSettingsFileName.toString();
+    const QString path = m_home + u'/' + SettingsFileName();
     const bool areKept = m_tree.Open(path);
     if (!areKept)
         Tell(Text::SettingsInMemory, FormatText<Text::SettingsInMemory>(m_tree.Error()), Text::SettingsTitle);
@@ -158,13 +158,12 @@ bool CVelmarchApp::OpenStore() {
     m_srcMgr.m_directory = m_home;
     m_srcMgr.m_fileName = LoadText(Text::StoreFileName);
     m_srcMgr.m_thirdLocation = LoadText(Text::StoreThirdLocation);
-    m_store = std::make_unique<CRecordStore>(m_srcMgr, m_outside.prompt, kDataSourceName.toString());
+    m_store = std::make_unique<CRecordStore>(m_srcMgr, m_outside.prompt, DataSourceName());
     m_document = std::make_unique<CVelmarchDoc>(
         DocumentSurroundings{*m_store, m_outside.views, m_outside.pump, m_outside.clock, *m_settings});
 
     const QString path = m_home + u'/' + m_srcMgr.m_fileName;
-    const QString section = kStoreSection.toString(), entry = kStoreKnown.toString();
-    const bool isKnown = m_profile->GetInt(section, entry, 0) == 1;
+    const bool isKnown = ExpectsStore(*m_profile);
     const bool isMissing = isKnown && QFileInfo(path).size() == 0;
     if (isMissing && !AskAboutMissingStore(path)) return false;
 
@@ -177,7 +176,7 @@ bool CVelmarchApp::OpenStore() {
         if (!MakeTables()) return TellStoreCantOpen(path);
     }
     // Where it can't be noted, a later loss goes unnoticed, and nothing else.
-    if (!isKnown) m_profile->WriteInt(section, entry, 1);
+    if (!isKnown) m_profile->WriteInt(kStoreSection.toString(), kStoreKnown.toString(), 1);
     return true;
 }
 
@@ -185,6 +184,18 @@ bool CVelmarchApp::TellStoreCantOpen(const QString& path) {
     Tell(Text::StoreCantOpen, FormatText<Text::StoreCantOpen>(path, m_srcMgr.m_error),
          Text::StoreProblemTitle);
     return false;
+}
+
+QString CVelmarchApp::DataSourceName() {
+    return kDataSourceName.toString();
+}
+
+QString CVelmarchApp::SettingsFileName() {
+    return kSettingsFileName.toString();
+}
+
+bool CVelmarchApp::ExpectsStore(const CProfile& profile) {
+    return profile.GetInt(kStoreSection.toString(), kStoreKnown.toString(), 0) == 1;
 }
 
 bool CVelmarchApp::MakeTables() {

@@ -80,7 +80,7 @@ CTimerAccess::Changed CTimerAccess::ChangeHere(const std::function<bool()>& work
         isOwned = m_window.IsThere();  // looked at inside the change: a window that starts now reads after it
         if (isOwned) return false;
         Read();
-        return work();
+        return work() && m_timers.StoreTimers();  // costs nothing where the work has stored them
     });
     if (isOwned) return Changed::WindowOwns;
     return isDone ? Changed::Done : Changed::Failed;
@@ -89,14 +89,12 @@ CTimerAccess::Changed CTimerAccess::ChangeHere(const std::function<bool()>& work
 QJsonObject CTimerAccess::RunHere(const QJsonObject& command, Changed& changed) {
     QJsonObject answer;
     changed = ChangeHere([&] {
-        // What a timer's stop writes to must be known to the document, and so must the records of those that
-        // the command takes along.
-        for (int i = 0; i < m_set.Count(); ++i)
-            (void)m_document.FetchRecord(RecordKind::Time, m_set.IdAt(i));
         answer = RunTimerCommand(command, m_timers, m_document);
         return answer[u"ok"].toBool();
     });
-    if (changed == Changed::Failed && answer[u"ok"].toBool())
+    // Where settings can't be written the timers can still be shown.
+    const bool isChange = command[u"action"].toString() != u"status";
+    if (changed == Changed::Failed && isChange && answer[u"ok"].toBool())
         return Refusal(ExitCode::Failed, Text::CliTimersNotStored);
     return answer;
 }

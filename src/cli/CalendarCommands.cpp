@@ -16,7 +16,9 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-QString IsoDate(const DateTimeVal& day) {
+constexpr qsizetype kCaptionWidth = 40;
+
+QString IsoText(const DateTimeVal& day) {
     return IsoDate(day.year, day.month, day.day);
 }
 
@@ -36,7 +38,7 @@ void WriteDayJson(COutput& out, const DateTimeVal& day, int dayNumber) {
     CJsonText json(out);
     json.BeginObject();
     json.Key("date");
-    json.Text(IsoDate(day));
+    json.Text(IsoText(day));
     json.Key("dayNumber");
     json.Integer(dayNumber);
     json.Key("dayOfYear");
@@ -56,9 +58,9 @@ void WriteDayJson(COutput& out, const DateTimeVal& day, int dayNumber) {
 
 void WriteDayLines(COutput& out, const DateTimeVal& day, int dayNumber) {
     out.PutLine(FormatText<Text::CliDayLine>(WeekdayName(DayOfWeek(day.month, day.day, day.year)),
-                                             IsoDate(day), DayOfYear(dayNumber), dayNumber));
+                                             IsoText(day), DayOfYear(dayNumber), dayNumber));
     for (const WeekRow& row : kWeeks)
-        out.PutLine(LoadText(row.caption).leftJustified(34) + QString::number(row.week(dayNumber)));
+        out.PutLine(LoadText(row.caption).leftJustified(kCaptionWidth) + QString::number(row.week(dayNumber)));
 }
 
 }  // namespace
@@ -73,9 +75,9 @@ void WritePeriodOf(CJsonText& json, const PeriodFilter& filter, const PeriodSurr
     json.Key("name");
     json.Text(filter.displayName);
     json.Key("start");
-    hasDates ? json.Text(IsoDate(start)) : json.Null();
+    hasDates ? json.Text(IsoText(start)) : json.Null();
     json.Key("end");
-    hasDates ? json.Text(IsoDate(end)) : json.Null();
+    hasDates ? json.Text(IsoText(end)) : json.Null();
     json.EndObject();
 }
 
@@ -130,7 +132,7 @@ ExitCode ShowPeriod(const CArguments& arguments, Console& console, const CCfgSto
     DateTimeVal start, end;
     const bool hasDates = period.Dates(start, end, around);
     console.out.PutLine(hasDates
-                            ? FormatText<Text::CliPeriodLine>(period.displayName, IsoDate(start), IsoDate(end))
+                            ? FormatText<Text::CliPeriodLine>(period.displayName, IsoText(start), IsoText(end))
                             : FormatText<Text::CliPeriodWithoutDays>(period.displayName));
     return ExitCode::Done;
 }

@@ -42,6 +42,7 @@ const std::vector<CommandRow>& Table() {
         {"timer", "stop", "ID", 1, 1, {}, Text::CliTimerStop, StopTimer},
         {"timer", "stop-all", "", 0, 0, {}, Text::CliTimerStopAll, StopAllTimers},
         {"timer", "pause-all", "", 0, 0, {}, Text::CliTimerPauseAll, PauseAllTimers},
+        {"timer", "drop", "ID", 1, 1, {}, Text::CliTimerDrop, DropTimer},
         {"timer", "status", "", 0, 0, {}, Text::CliTimerStatus, ShowTimers},
         {"settings", "list", "", 0, 0, {}, Text::CliSettingsList, ListSettings},
         {"settings", "get", "NAME", 1, 1, {}, Text::CliSettingsGet, GetSetting},

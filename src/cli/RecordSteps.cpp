@@ -34,6 +34,10 @@ std::optional<QStringList> FindTimeRecords(const QStringList& typed, Console& co
     return ids;
 }
 
+ExitCode LookupFailed(const RecordDesk& desk) {
+    return desk.document.Store().m_lastError == 0 ? ExitCode::NotFound : ExitCode::Failed;
+}
+
 void Announce(const QStringList& ids, Console& console, RecordDesk& desk) {
     if (!desk.window.TellChanged(ids)) console.out.Note(LoadText(Text::CliWindowNotTold));
 }

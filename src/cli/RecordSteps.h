@@ -15,6 +15,8 @@ class CTRecord;
 /// The identities that were asked for, each once; nothing, after telling which, when one isn't stored.
 [[nodiscard]] std::optional<QStringList> FindTimeRecords(const QStringList& typed, Console& console,
                                                          RecordDesk& desk);
+/// How a command ends that didn't find its record: not found, or failed where the store can't be read.
+[[nodiscard]] ExitCode LookupFailed(const RecordDesk& desk);
 /// Tells the window, and the user when the window can't be told.
 void Announce(const QStringList& ids, Console& console, RecordDesk& desk);
 /// Prints a stored record with its timer.

@@ -47,7 +47,7 @@ ExitCode AddTime(const CArguments& arguments, Console& console, RecordDesk& desk
 
 ExitCode EditTime(const CArguments& arguments, Console& console, RecordDesk& desk) {
     const CTRecord* stored = FindTimeRecord(arguments.Words().first(), console, desk);
-    if (!stored) return IsWritten(desk) ? ExitCode::NotFound : ExitCode::Failed;
+    if (!stored) return LookupFailed(desk);
     desk.timers.Look();
     CTRecord record;
     record.Copy(*stored);
@@ -63,7 +63,7 @@ ExitCode EditTime(const CArguments& arguments, Console& console, RecordDesk& des
 
 ExitCode ShowTime(const CArguments& arguments, Console& console, RecordDesk& desk) {
     const CTRecord* record = FindTimeRecord(arguments.Words().first(), console, desk);
-    if (!record) return IsWritten(desk) ? ExitCode::NotFound : ExitCode::Failed;
+    if (!record) return LookupFailed(desk);
     desk.timers.Look();
     WriteTime(console.out, {*record, desk.timers.Shown(record->GetId())});
     return ExitCode::Done;

@@ -1,6 +1,7 @@
 #include "app/CVelmarchDoc.h"
 #include "cli/CArguments.h"
 #include "cli/COutput.h"
+#include "cli/CTimerAccess.h"
 #include "cli/CWindowLink.h"
 #include "cli/RecordDesk.h"
 #include "cli/RecordSteps.h"
@@ -8,6 +9,7 @@
 #include "config/CCfgStore.h"
 #include "entry/QuickEntry.h"
 #include "lang/FormatText.h"
+#include "records/CTRecord.h"
 
 #include <QJsonObject>
 
@@ -29,19 +31,18 @@ constexpr QStringView kCopyOf = u"copy:";
 /// A quick command as it was typed.
 struct QuickRequest {
     int flags = 0;
-    QString selected;  ///< the record that is copied or followed; empty: none
+    QString copied;    ///< the record that is copied; empty: none
+    QString followed;  ///< the record whose day and end are gone on from; empty: none
 };
 
 /// The sentence that refuses; empty when the request can be read.
 QString ReadRequest(const CArguments& arguments, QuickRequest& request) {
     const QString base = arguments.Value("from").value_or(u"blank"_s);
-    const QString followed = arguments.Value("successive").value_or(QString());
     const bool isCopy = base.startsWith(kCopyOf);
     if (!isCopy && base != u"blank") return FormatText<Text::CliNoSuchBase>(base);
     if (arguments.Has("timestamp") && arguments.Has("successive")) return LoadText(Text::CliTimestampOrSuccessive);
-    request.selected = isCopy ? base.mid(kCopyOf.size()) : followed;
-    if (isCopy && arguments.Has("successive") && followed.compare(request.selected, Qt::CaseInsensitive) != 0)
-        return LoadText(Text::CliCopyFollowsItself);
+    if (isCopy) request.copied = base.mid(kCopyOf.size());
+    request.followed = arguments.Value("successive").value_or(QString());
     request.flags = (isCopy ? QuickFlag::kCopy : QuickFlag::kBlank) |
                     (arguments.Has("timestamp") ? QuickFlag::kTimestamp : 0) |
                     (arguments.Has("successive") ? QuickFlag::kSuccessive : 0) |
@@ -49,14 +50,24 @@ QString ReadRequest(const CArguments& arguments, QuickRequest& request) {
     return {};
 }
 
+/// Finds the records that the new one is made from.
+ExitCode Resolve(QuickRequest& request, Console& console, RecordDesk& desk) {
+    const auto resolve = [&](int flag, QString& id) {
+        if ((request.flags & flag) == 0) return true;
+        const CTRecord* record = FindTimeRecord(id, console, desk);
+        if (record) id = record->GetId();
+        return record != nullptr;
+    };
+    return resolve(QuickFlag::kCopy, request.copied) && resolve(QuickFlag::kSuccessive, request.followed)
+               ? ExitCode::Done
+               : LookupFailed(desk);
+}
+
 /// Makes the record with the timers at hand; the new identity, empty when it failed.
-QString Make(int flags, const QString& selected, Console& console, RecordDesk& desk) {
-    const QuickEntrySurroundings around{desk.document,
-                                        desk.timers.Desk(),
-                                        desk.settings,
-                                        console.clock,
-                                        selected.isEmpty() ? QStringList() : QStringList{selected},
-                                        nullptr};
+QString Make(int flags, const QuickRequest& request, Console& console, RecordDesk& desk) {
+    QuickEntrySurroundings around{desk.document, desk.timers.Desk(), desk.settings, console.clock, {}, {}, {}};
+    if ((flags & QuickFlag::kCopy) != 0) around.selectedIds = {request.copied};
+    around.successiveId = request.followed;
     const QuickOutcome outcome = NewTimeRecord(flags, around);
     const bool isWritten = desk.document.Store().m_lastError == 0;
     return outcome.succeeded && isWritten ? outcome.addedId : QString();
@@ -65,7 +76,7 @@ QString Make(int flags, const QString& selected, Console& console, RecordDesk& d
 /// The record is made here, and the window, once it knows the record, starts its timer from zero.
 ExitCode MakeBesideWindow(const QuickRequest& request, Console& console, RecordDesk& desk, QString& id) {
     if (!desk.window.Reach()) return Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsTimers), console);
-    id = Make(request.flags & ~QuickFlag::kTimer, request.selected, console, desk);
+    id = Make(request.flags & ~QuickFlag::kTimer, request, console, desk);
     if (id.isEmpty()) return ExitCode::Failed;
     Announce({id}, console, desk);
     const QJsonObject answer =
@@ -75,10 +86,10 @@ ExitCode MakeBesideWindow(const QuickRequest& request, Console& console, RecordD
                   FormatText<Text::CliAddedWithoutTimer>(id, answer[u"error"].toString()), console);
 }
 
-/// The timer is stored before the record is: a program killed in between leaves neither of them.
+/// The record is durable before the timer is: a program killed in between leaves a record without its timer.
 ExitCode MakeWithTimer(const QuickRequest& request, Console& console, RecordDesk& desk, QString& id) {
     const auto changed = desk.timers.ChangeHere([&] {
-        id = Make(request.flags, request.selected, console, desk);
+        id = Make(request.flags, request, console, desk);
         return !id.isEmpty();
     });
     if (changed == CTimerAccess::Changed::WindowOwns) return MakeBesideWindow(request, console, desk, id);
@@ -91,7 +102,7 @@ ExitCode MakeWithTimer(const QuickRequest& request, Console& console, RecordDesk
 
 ExitCode MakeNow(const QuickRequest& request, Console& console, RecordDesk& desk, QString& id) {
     if ((request.flags & QuickFlag::kTimer) != 0) return MakeWithTimer(request, console, desk, id);
-    id = Make(request.flags, request.selected, console, desk);
+    id = Make(request.flags, request, console, desk);
     return id.isEmpty() ? ExitCode::Failed : ExitCode::Done;
 }
 
@@ -105,11 +116,8 @@ ExitCode NewTime(const CArguments& arguments, Console& console, RecordDesk& desk
     QuickRequest request;
     if (const QString problem = ReadRequest(arguments, request); !problem.isEmpty())
         return Refuse(ExitCode::Usage, problem, console);
-    if (!request.selected.isEmpty() || (request.flags & (QuickFlag::kCopy | QuickFlag::kSuccessive)) != 0) {
-        const CTRecord* selected = FindTimeRecord(request.selected, console, desk);
-        if (!selected) return ExitCode::NotFound;
-        request.selected = selected->GetId();
-    }
+    const ExitCode known = Resolve(request, console, desk);
+    if (known != ExitCode::Done) return known;
     QString id;
     const ExitCode exit = MakeNow(request, console, desk, id);
     if (exit != ExitCode::Done) return exit;

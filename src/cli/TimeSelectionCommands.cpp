@@ -2,6 +2,7 @@
 #include "cli/CArguments.h"
 #include "cli/CJsonText.h"
 #include "cli/COutput.h"
+#include "cli/CTimerAccess.h"
 #include "cli/CWindowLink.h"
 #include "cli/RecordDesk.h"
 #include "cli/RecordSteps.h"
@@ -9,6 +10,7 @@
 #include "config/CCfgStore.h"
 #include "entry/RecordMarks.h"
 #include "lang/FormatText.h"
+#include "records/CTRecord.h"
 
 #include <QJsonObject>
 #include <algorithm>
@@ -56,8 +58,8 @@ void PrintCount(COutput& out, const char* key, Text sentence, qsizetype count) {
     out.Put("\n");
 }
 
-/// Runs the work on every identity and makes it durable with one commit. Undone as a whole when one fails or
-/// when beforeCommit doesn't agree.
+/// Runs the work on every identity within one transaction, which the caller commits. Undone as a whole when one
+/// fails.
 bool AsOneChange(RecordDesk& desk, const QStringList& ids, const std::function<bool(const QString&)>& work) {
     CVOSrcMgr& manager = desk.document.Store().Manager();
     if (!desk.document.BeginBatch()) return false;
@@ -119,7 +121,7 @@ std::span<const OptionRow> TimeMarkOptions() {
 
 ExitCode DeleteTimes(const CArguments& arguments, Console& console, RecordDesk& desk) {
     const auto ids = FindTimeRecords(arguments.Words(), console, desk);
-    if (!ids) return ExitCode::NotFound;
+    if (!ids) return LookupFailed(desk);
     const bool isAgreed = !desk.settings.confirmDelete ||
                           Confirm(Text::AskDeleteRecords, Text::AskDeleteTitle, Text::AskDeleteTitle, console);
     const ExitCode exit = isAgreed ? DeleteNow(desk, *ids, console) : ExitCode::Failed;
@@ -130,7 +132,7 @@ ExitCode DeleteTimes(const CArguments& arguments, Console& console, RecordDesk& 
 
 ExitCode CopyTimes(const CArguments& arguments, Console& console, RecordDesk& desk) {
     const auto ids = FindTimeRecords(arguments.Words(), console, desk);
-    if (!ids) return ExitCode::NotFound;
+    if (!ids) return LookupFailed(desk);
     if (desk.settings.confirmCopy &&
         !Confirm(Text::AskCopyRecords, Text::AskCopyTitle, Text::AskCopyTitle, console))
         return ExitCode::Failed;
@@ -161,7 +163,7 @@ ExitCode MarkTimes(const CArguments& arguments, Console& console, RecordDesk& de
     const MarkRow* row = FindMark(name);
     if (!row) return Refuse(ExitCode::Usage, FormatText<Text::CliNoSuchMark>(name, MarkNames()), console);
     const auto ids = FindTimeRecords(arguments.Words(), console, desk);
-    if (!ids) return ExitCode::NotFound;
+    if (!ids) return LookupFailed(desk);
     const bool isAgreed =
         !desk.settings.confirmMark || Confirm(Text::AskMarkRecords, Text::AskMarkTitle, Text::AskMarkTitle, console);
     QStringList changed;

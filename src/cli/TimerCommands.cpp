@@ -9,6 +9,7 @@
 #include "cli/RecordSteps.h"
 #include "cli/CTimerAccess.h"
 #include "lang/FormatText.h"
+#include "records/CTRecord.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -67,7 +68,7 @@ ExitCode RunAndShow(const QString& action, const QString& id, Console& console, 
 
 ExitCode RunOnRecord(const QString& action, const CArguments& arguments, Console& console, RecordDesk& desk) {
     const auto* record = FindTimeRecord(arguments.Words().first(), console, desk);
-    if (!record) return ExitCode::NotFound;
+    if (!record) return LookupFailed(desk);
     return RunAndShow(action, record->GetId(), console, desk);
 }
 
@@ -84,7 +85,7 @@ ExitCode PauseTimer(const CArguments& arguments, Console& console, RecordDesk& d
 /// Prints the record that the stop has written, whoever wrote it.
 ExitCode StopTimer(const CArguments& arguments, Console& console, RecordDesk& desk) {
     const auto* record = FindTimeRecord(arguments.Words().first(), console, desk);
-    if (!record) return ExitCode::NotFound;
+    if (!record) return LookupFailed(desk);
     const QString id = record->GetId();
     QJsonObject answer;
     const ExitCode exit = Run(u"stop"_s, id, console, desk, answer);
@@ -100,6 +101,15 @@ ExitCode StopAllTimers(const CArguments&, Console& console, RecordDesk& desk) {
 
 ExitCode PauseAllTimers(const CArguments&, Console& console, RecordDesk& desk) {
     return RunAndShow(u"pause-all"_s, {}, console, desk);
+}
+
+ExitCode DropTimer(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const QString typed = arguments.Words().first();
+    const auto id = EnteredValues::ReadIdentity(typed);
+    desk.timers.Read();
+    if (!id || !desk.timers.Find(*id))
+        return Refuse(ExitCode::NotFound, FormatText<Text::CliNoSuchTimer>(typed), console);
+    return RunAndShow(u"drop"_s, *id, console, desk);
 }
 
 ExitCode ShowTimers(const CArguments&, Console& console, RecordDesk& desk) {

@@ -32,18 +32,25 @@ bool IsReadable(const std::vector<std::string>& arguments) {
     for (const std::string& argument : arguments) {
         QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
         const QString text = decoder(QByteArrayView(argument.data(), qsizetype(argument.size())));
-        if (decoder.hasError() || text.contains(QChar::ReplacementCharacter)) return false;
+        if (decoder.hasError()) return false;
     }
     return true;
 }
 
-ExitCode Answer(const CommandRequest& request, Console& console, CConsolePrompt& prompt) {
+/// "time add ": where the help that is needed stands.
+QString PlaceOf(const CommandRequest& request) {
+    QString place;
+    if (request.group) place += QString::fromLatin1(request.group->name) + u' ';
+    if (request.command && *request.command->name) place += QString::fromLatin1(request.command->name) + u' ';
+    return place;
+}
+
+ExitCode AnswerTo(const CommandRequest& request, Console& console, CConsolePrompt& prompt) {
     console.out.isJson = request.isJson;
     console.out.isQuiet = request.isQuiet;
     if (request.isYes) prompt.SayYesToAll();
     if (!request.problem.isEmpty()) {
-        const QString place = request.group ? QString::fromLatin1(request.group->name) + u' ' : QString();
-        console.out.Complain(request.problem + u'\n' + FormatText<Text::CliSeeHelp>(place));
+        console.out.Complain(request.problem + u'\n' + FormatText<Text::CliSeeHelp>(PlaceOf(request)));
         return ExitCode::Usage;
     }
     if (request.wantsVersion)
@@ -67,10 +74,10 @@ int main(int argc, char* argv[]) {
     CConsolePrompt prompt(out);
     const CSystemClock clock;
     Console console{out, prompt, clock};
-    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
     ExitCode exit = ExitCode::Usage;
     if (IsReadable(arguments))
-        exit = Answer(ReadCommandLine(arguments), console, prompt);
+        exit = AnswerTo(ReadCommandLine(arguments), console, prompt);
     else
         out.Complain(LoadText(Text::CliNotUtf8));
     if (!out.Finish() && exit == ExitCode::Done) exit = ExitCode::Failed;

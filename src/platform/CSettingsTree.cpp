@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr SqliteFileKind kKind = {.applicationId = 0x564D5354, .version = 1, .busySeconds = 30};  // "VMST"
+constexpr const SqliteFileKind& kKind = CSettingsTree::kFileKind;
 constexpr std::int64_t kRoot = 1;
 
 /// Numbers of keys are never used again, so an open key can't come to mean another one.

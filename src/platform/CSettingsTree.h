@@ -40,6 +40,9 @@ class CSettingsTree {
  public:
     enum class Created { No, Yes };
 
+    /// What identifies a settings file: for whoever examines one without opening it as a tree.
+    static constexpr SqliteFileKind kFileKind{.applicationId = 0x564D5354 /* "VMST" */, .version = 1, .busySeconds = 30};
+
     CSettingsTree();
     ~CSettingsTree();
 

@@ -6,11 +6,10 @@ namespace {
 constexpr int kEveryMs = 50;
 }
 
-/// Sockets wait: a command of another process must not find half of the records.
 bool CEventPump::Pump() {
     if (m_quit) return false;
     if (m_since.isValid() && m_since.elapsed() < kEveryMs) return true;
-    QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
     m_since.start();
     return !m_quit;
 }

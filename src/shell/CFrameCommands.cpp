@@ -9,8 +9,8 @@
 #include "shell/CRecordListView.h"
 #include "shell/core/CRecordListModel.h"
 #include "shell/core/ColumnDefaults.h"
-#include "shell/core/TimerCommands.h"
 #include "timers/CRecordTimers.h"
+#include "timers/TimerSelection.h"
 
 #include <QInputDialog>
 #include <algorithm>
@@ -80,11 +80,6 @@ void CFrameCommands::QuickEntry(int flags) {
     const QuickOutcome outcome =
         NewTimeRecord(flags, {m_around.document, m_around.timers, m_around.settings, m_around.clock,
                               m_around.view.SelectedIds(), m_around.edit});
-    if (flags & QuickFlag::kTimer) {
-        // The action on other timers may have paused or stopped some, also when this record wasn't kept.
-        m_around.model.TouchTimers(0, m_around.model.rowCount() - 1);
-        m_around.document.NotifyViews(Hint::TimerStarted, {outcome.addedId});
-    }
     if (!outcome.addedId.isEmpty()) m_around.view.SelectIds({outcome.addedId});
 }
 
@@ -171,17 +166,17 @@ void CFrameCommands::PeriodDay(int) {
 }
 
 void CFrameCommands::ApplyTimers(int action) {
-    ApplyToSelection(m_around.view.SelectedIds(), static_cast<TimerAction>(action), m_around.timers,
-                     m_around.document);
-    m_around.model.TouchTimers(0, m_around.model.rowCount() - 1);
+    ApplyToSelection(m_around.view.SelectedIds(), static_cast<TimerAction>(action), m_around.timers);
 }
 
 void CFrameCommands::StopTimers(int) {
-    StopAllTimers(m_around.timers, m_around.document);
+    m_around.timers.FoldAndStore();
+    m_around.timers.StopAllTimers();
 }
 
 void CFrameCommands::PauseTimers(int) {
-    PauseAllTimers(m_around.timers, m_around.document);
+    m_around.timers.FoldAndStore();
+    m_around.timers.PauseAllTimers();
 }
 
 void CFrameCommands::Options(int) {

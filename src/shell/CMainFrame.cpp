@@ -244,7 +244,6 @@ void CMainFrame::KeepLayout() {
 }
 
 void CMainFrame::KeepEverything() {
-    m_around.timers.FoldAndStore();
     m_around.timers.SaveTimers();
     KeepLayout();
     StorePeriod(m_around.app.Profile(), m_around.app.Document().Filter());

@@ -1,3 +1,5 @@
-int main() {
-    return 0;
+#include "shell/CWindowProgram.h"
+
+int main(int argc, char** argv) {
+    return CWindowProgram(argc, argv).Run();
 }

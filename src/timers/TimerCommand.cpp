@@ -15,6 +15,7 @@ constexpr int kNotFound = 4;
 /// What a command acts on.
 struct Scene {
     QString id;
+    bool fromZero;
     CRecordTimers& timers;
     CVelmarchDoc& document;
 };
@@ -40,7 +41,8 @@ QJsonObject Done(Scene& scene) {
     return {{QStringLiteral("ok"), true}, {QStringLiteral("timers"), all}};
 }
 
-/// Whether the timers as they are now are saved; saving again costs nothing when they are.
+/// A failure may come from saving the timers, whatever was done to them: trying once more tells, and costs
+/// nothing when they are saved.
 QJsonObject DoneIf(bool succeeded, Scene& scene, Text failure) {
     if (succeeded) return Done(scene);
     if (!scene.timers.StoreTimers())
@@ -57,9 +59,16 @@ QJsonObject NoRecord(const Scene& scene) {
     return Refusal(kNotFound, FormatText<Text::TimerRecordUnknown>(scene.id));
 }
 
+/// The timer of a new record, as the quick commands start it.
+bool StartFromZero(Scene& scene) {
+    scene.timers.RunNewTimerAction();
+    return scene.timers.StartFromZero(scene.id);
+}
+
 QJsonObject Start(Scene& scene) {
     if (!HasRecord(scene)) return NoRecord(scene);
-    return DoneIf(scene.timers.StartRecordTimer(scene.id), scene, Text::TimerNotStarted);
+    const bool started = scene.fromZero ? StartFromZero(scene) : scene.timers.StartRecordTimer(scene.id);
+    return DoneIf(started, scene, Text::TimerNotStarted);
 }
 
 QJsonObject Pause(Scene& scene) {
@@ -86,6 +95,12 @@ QJsonObject PauseAll(Scene& scene) {
     return DoneIf(scene.timers.PauseAllTimers(), scene, Text::TimersNotAllPaused);
 }
 
+QJsonObject Drop(Scene& scene) {
+    if (!scene.timers.HasTimer(scene.id)) return Refusal(kNotFound, LoadText(Text::TimerNotThere));
+    scene.timers.Drop(scene.id);
+    return DoneIf(scene.timers.StoreTimers(), scene, Text::TimerNotThere);
+}
+
 QJsonObject Status(Scene& scene) {
     scene.timers.FoldAndStore();
     return Done(scene);
@@ -100,13 +115,15 @@ constexpr ActionRow kActions[] = {
     {QLatin1String("start"), Start},        {QLatin1String("pause"), Pause},
     {QLatin1String("stop"), Stop},          {QLatin1String("stop-all"), StopAll},
     {QLatin1String("pause-all"), PauseAll}, {QLatin1String("status"), Status},
+    {QLatin1String("drop"), Drop},
 };
 
 }  // namespace
 
 QJsonObject RunTimerCommand(const QJsonObject& command, CRecordTimers& timers, CVelmarchDoc& document) {
     const QString action = command.value(QStringLiteral("action")).toString();
-    Scene scene{command.value(QStringLiteral("id")).toString(), timers, document};
+    Scene scene{command.value(QStringLiteral("id")).toString(),
+                command.value(QStringLiteral("fromZero")).toBool(), timers, document};
     for (const ActionRow& row : kActions)
         if (action == row.name) return row.run(scene);
     return Refusal(kFailed, FormatText<Text::TimerActionUnknown>(action));

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// The window program from its command line to its end: texts, verbs, home, the one instance, settings,
+/// records, window.
+class CWindowProgram {
+ public:
+    CWindowProgram(int& argc, char** argv);
+    /// The exit code of the process.
+    [[nodiscard]] int Run();
+
+ private:
+    [[nodiscard]] bool ReadOptions(const QStringList& arguments);
+    [[nodiscard]] int RunConsolePart();
+    [[nodiscard]] int RunVerb(const QStringList& arguments) const;
+    [[nodiscard]] int RunWindow();
+
+    int& m_argc;
+    char** m_argv;
+    QString m_home;       ///< --home
+    QString m_complaint;  ///< why the command line can't be followed
+    bool m_wantsHelp = false;
+    bool m_wantsVersion = false;
+};
