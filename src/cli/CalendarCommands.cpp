@@ -16,6 +16,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+constexpr qsizetype kCaptionWidth = 40;
+
 QString IsoText(const DateTimeVal& day) {
     return IsoDate(day.year, day.month, day.day);
 }
@@ -58,7 +60,7 @@ void WriteDayLines(COutput& out, const DateTimeVal& day, int dayNumber) {
     out.PutLine(FormatText<Text::CliDayLine>(WeekdayName(DayOfWeek(day.month, day.day, day.year)),
                                              IsoText(day), DayOfYear(dayNumber), dayNumber));
     for (const WeekRow& row : kWeeks)
-        out.PutLine(LoadText(row.caption).leftJustified(34) + QString::number(row.week(dayNumber)));
+        out.PutLine(LoadText(row.caption).leftJustified(kCaptionWidth) + QString::number(row.week(dayNumber)));
 }
 
 }  // namespace
