@@ -17,7 +17,10 @@ void BindText(sqlite3_stmt* statement, int place, const std::string& text) {
 }  // namespace
 
 FloorStore::FloorStore(const std::string& path) {
-    Demand(sqlite3_open(path.c_str(), &m_db) == SQLITE_OK, path);
+    Demand(
+        sqlite3_open_v2(path.c_str(), &m_db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX,
+                        nullptr) == SQLITE_OK,
+        path);
     Run("PRAGMA synchronous=EXTRA");
     Run("PRAGMA journal_mode=TRUNCATE");
     Run("PRAGMA cell_size_check=ON");

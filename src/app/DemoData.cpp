@@ -248,7 +248,7 @@ template <class Make>
     Place place;
     for (std::int64_t day = 0; day < count; ++day) {
         const CalendarDay& date = days[static_cast<std::size_t>(day)];
-        place.date.Set(date.month, date.day, date.year);
+        place.date = {date.month, date.day, date.year, {}, {}, {}};  // its texts aren't stored
         place.age = static_cast<int>(count - 1 - day);
         place.ofDay = static_cast<int>(total * (day + 1) / count - total * day / count);
         for (place.number = 0; place.number < place.ofDay; ++place.number)

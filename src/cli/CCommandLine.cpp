@@ -164,16 +164,17 @@ void Parse(CommandRequest& request, Parsed& parsed, const std::vector<std::strin
         std::vector<std::string> reversed = WithEmptyValues(arguments, parsed);
         std::reverse(reversed.begin(), reversed.end());
         parsed.app.parse(std::move(reversed));
-        TakeCommand(request, parsed);
     } catch (const CLI::ExtrasError&) {
         TakeCommand(request, parsed);
         request.problem = Unexpected(request, parsed);
+        return;
     } catch (const CLI::ArgumentMismatch&) {
         // Every option takes one value, so only the last argument can lack its own.
         request.problem = FormatText<Text::CliValueMissing>(QString::fromStdString(arguments.back()));
     } catch (const CLI::Error& error) {
         request.problem = FormatText<Text::CliUnreadable>(QString::fromUtf8(error.what()));
     }
+    TakeCommand(request, parsed);
 }
 
 }  // namespace

@@ -16,6 +16,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+constexpr qsizetype kCaptionWidth = 40;
+
 QString IsoText(const DateTimeVal& day) {
     return IsoDate(day.year, day.month, day.day);
 }
@@ -58,15 +60,19 @@ void WriteDayLines(COutput& out, const DateTimeVal& day, int dayNumber) {
     out.PutLine(FormatText<Text::CliDayLine>(WeekdayName(DayOfWeek(day.month, day.day, day.year)),
                                              IsoText(day), DayOfYear(dayNumber), dayNumber));
     for (const WeekRow& row : kWeeks)
-        out.PutLine(LoadText(row.caption).leftJustified(34) + QString::number(row.week(dayNumber)));
+        out.PutLine(LoadText(row.caption).leftJustified(kCaptionWidth) + QString::number(row.week(dayNumber)));
 }
 
 }  // namespace
 
+bool SetsDays(const PeriodFilter& period) {
+    return period.isEnabled && period.startText != LoadText(Text::AnyWord);
+}
+
 void WritePeriodOf(CJsonText& json, const PeriodFilter& filter, const PeriodSurroundings& around) {
     if (!filter.isEnabled) return json.Null();
     DateTimeVal start, end;
-    const bool hasDates = filter.Dates(start, end, around);
+    const bool hasDates = SetsDays(filter) && filter.Dates(start, end, around);
     json.BeginObject();
     json.Key("preset");
     json.Integer(filter.preset);
@@ -128,7 +134,7 @@ ExitCode ShowPeriod(const CArguments& arguments, Console& console, const CCfgSto
         return ExitCode::Done;
     }
     DateTimeVal start, end;
-    const bool hasDates = period.Dates(start, end, around);
+    const bool hasDates = SetsDays(period) && period.Dates(start, end, around);
     console.out.PutLine(hasDates
                             ? FormatText<Text::CliPeriodLine>(period.displayName, IsoText(start), IsoText(end))
                             : FormatText<Text::CliPeriodWithoutDays>(period.displayName));

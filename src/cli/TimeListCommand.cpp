@@ -155,8 +155,10 @@ void WriteListTable(COutput& out, RecordDesk& desk, const std::vector<const CTRe
     WriteTimeTable(out, rows);
     const auto sums = AddUp(records);
     const CRegionalInfo& region = desk.settings.Region();
-    out.PutLine(FormatText<Text::CliRecordCount>(desk.document.Filter().displayName,
-                                                 static_cast<int>(records.size())));
+    const QString& period = desk.document.Filter().displayName;
+    out.PutLine(records.size() == 1
+                    ? FormatText<Text::CliOneRecord>(period)
+                    : FormatText<Text::CliRecordCount>(period, static_cast<int>(records.size())));
     for (auto sum = sums.begin(); sum != sums.end(); ++sum) {
         if (!(sum->amount > 0.0 || sum->hours > 0.0)) continue;
         const QString amount = FormatNumber(region, sum->amount, desk.settings.precisionAmount);

@@ -9,6 +9,7 @@
 #include "config/CCfgStore.h"
 #include "entry/QuickEntry.h"
 #include "lang/FormatText.h"
+#include "records/CTRecord.h"
 
 #include <QJsonObject>
 

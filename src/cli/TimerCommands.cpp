@@ -9,6 +9,7 @@
 #include "cli/RecordSteps.h"
 #include "cli/CTimerAccess.h"
 #include "lang/FormatText.h"
+#include "records/CTRecord.h"
 
 #include <QJsonArray>
 #include <QJsonObject>

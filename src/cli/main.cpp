@@ -37,13 +37,20 @@ bool IsReadable(const std::vector<std::string>& arguments) {
     return true;
 }
 
+/// "time add ": where the help that is needed stands.
+QString PlaceOf(const CommandRequest& request) {
+    QString place;
+    if (request.group) place += QString::fromLatin1(request.group->name) + u' ';
+    if (request.command && *request.command->name) place += QString::fromLatin1(request.command->name) + u' ';
+    return place;
+}
+
 ExitCode AnswerTo(const CommandRequest& request, Console& console, CConsolePrompt& prompt) {
     console.out.isJson = request.isJson;
     console.out.isQuiet = request.isQuiet;
     if (request.isYes) prompt.SayYesToAll();
     if (!request.problem.isEmpty()) {
-        const QString place = request.group ? QString::fromLatin1(request.group->name) + u' ' : QString();
-        console.out.Complain(request.problem + u'\n' + FormatText<Text::CliSeeHelp>(place));
+        console.out.Complain(request.problem + u'\n' + FormatText<Text::CliSeeHelp>(PlaceOf(request)));
         return ExitCode::Usage;
     }
     if (request.wantsVersion)

@@ -5,7 +5,7 @@
 
 #include <dlfcn.h>
 #include <QFile>
-#include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <vector>
 
@@ -13,6 +13,7 @@ namespace {
 
 constexpr const char* kLibraryName = "DvAfxRes_Eng.so";
 constexpr const char* kEntryName = "LanguageTexts";
+constexpr int kLargestNumber = 100000;
 
 struct LoadedText {
     int id;
@@ -20,8 +21,19 @@ struct LoadedText {
     QString text;
 };
 
-/// The texts of one library, ascending by number.
-using TextTable = std::vector<LoadedText>;
+/// The texts of one library, ascending by number, and where in there each number stands: a record that is
+/// stored asks for some sixty texts.
+struct TextTable {
+    std::vector<LoadedText> rows;
+    std::vector<std::uint16_t> places;  ///< by number less the first one; kNowhere for a number not in use
+    static constexpr std::uint16_t kNowhere = 0xFFFF;
+
+    [[nodiscard]] const LoadedText* Find(int id) const {
+        const auto offset = static_cast<std::size_t>(id - rows.front().id);
+        if (id < rows.front().id || offset >= places.size() || places[offset] == kNowhere) return nullptr;
+        return &rows[places[offset]];
+    }
+};
 
 struct Library {
     void* handle = nullptr;
@@ -43,31 +55,38 @@ const TextTable* Keep(TextTable&& table) {
 
 /// A library of another version, in which a format takes other arguments than the program gives, or whose
 /// numbers aren't ascending, is no good: printing with it would read arguments that aren't there.
-bool IsGood(const TextTable& table) {
-    for (std::size_t i = 0; i < table.size(); ++i) {
-        if (i > 0 && table[i - 1].id >= table[i].id) return false;
-        const auto kinds = FormatKinds(table[i].text.toStdString());
-        if (!kinds || *kinds != TextSignature(static_cast<Text>(table[i].id))) return false;
+bool IsGood(const std::vector<LoadedText>& rows) {
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (i > 0 && rows[i - 1].id >= rows[i].id) return false;
+        const auto kinds = FormatKinds(rows[i].text.toStdString());
+        if (!kinds || *kinds != TextSignature(static_cast<Text>(rows[i].id))) return false;
     }
-    return !table.empty();
+    return !rows.empty() && rows.size() < TextTable::kNowhere && rows.front().id > 0 &&
+           rows.back().id < kLargestNumber;
 }
 
-TextTable ReadTexts(LanguageTextsEntry entry) {
+std::vector<LoadedText> ReadTexts(LanguageTextsEntry entry) {
     int count = 0;
-    const TextRow* rows = entry(&count);
-    TextTable table;
-    table.reserve(static_cast<std::size_t>(count));
+    const TextRow* texts = entry(&count);
+    std::vector<LoadedText> rows;
+    rows.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
-        table.push_back({rows[i].id, QString::fromUtf8(rows[i].name), QString::fromUtf8(rows[i].text)});
+        rows.push_back({texts[i].id, QString::fromUtf8(texts[i].name), QString::fromUtf8(texts[i].text)});
+    return rows;
+}
+
+TextTable Indexed(std::vector<LoadedText>&& rows) {
+    TextTable table{std::move(rows), {}};
+    const int first = table.rows.front().id;
+    table.places.assign(static_cast<std::size_t>(table.rows.back().id - first) + 1, TextTable::kNowhere);
+    for (std::size_t i = 0; i < table.rows.size(); ++i)
+        table.places[static_cast<std::size_t>(table.rows[i].id - first)] = static_cast<std::uint16_t>(i);
     return table;
 }
 
 const LoadedText* Find(int id) {
     const TextTable* texts = TheLibrary().texts;
-    if (!texts) return nullptr;
-    const auto at = std::lower_bound(texts->begin(), texts->end(), id,
-                                     [](const LoadedText& row, int wanted) { return row.id < wanted; });
-    return at != texts->end() && at->id == id ? &*at : nullptr;
+    return texts ? texts->Find(id) : nullptr;
 }
 
 }  // namespace
@@ -78,12 +97,12 @@ bool LoadLanguageLibrary(const QString& folder) {
     void* handle = dlopen(path.constData(), RTLD_NOW | RTLD_LOCAL);
     if (!handle) return false;
     const auto entry = reinterpret_cast<LanguageTextsEntry>(dlsym(handle, kEntryName));
-    TextTable table = entry ? ReadTexts(entry) : TextTable();
-    if (!IsGood(table)) {
+    std::vector<LoadedText> rows = entry ? ReadTexts(entry) : std::vector<LoadedText>();
+    if (!IsGood(rows)) {
         dlclose(handle);
         return false;
     }
-    TheLibrary() = {handle, Keep(std::move(table))};
+    TheLibrary() = {handle, Keep(Indexed(std::move(rows)))};
     return true;
 }
 
@@ -106,7 +125,7 @@ const QString& LoadText(int id) {
 QList<std::pair<int, QString>> AllTexts() {
     QList<std::pair<int, QString>> all;
     if (const TextTable* texts = TheLibrary().texts)
-        for (const LoadedText& row : *texts) all.append({row.id, row.text});
+        for (const LoadedText& row : texts->rows) all.append({row.id, row.text});
     return all;
 }
 

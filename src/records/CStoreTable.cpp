@@ -54,16 +54,17 @@ QByteArray IndexSql(const QString& name, std::span<const FieldDef> fields) {
            " (" + columns.join(", ") + ')';
 }
 
-void Bind(sqlite3_stmt* statement, int place, const VARIANT& value) {
+/// Binds a value. The bytes of a text go to keep, which lives as long as the binding.
+void Bind(sqlite3_stmt* statement, int place, const VARIANT& value, std::vector<QByteArray>& keep) {
     std::visit(
         [&](const auto& held) {
             using Held = std::decay_t<decltype(held)>;
             if constexpr (std::is_same_v<Held, std::monostate>) {
                 sqlite3_bind_null(statement, place);
             } else if constexpr (std::is_same_v<Held, QString>) {
-                const QByteArray text = held.toUtf8();
+                const QByteArray& text = keep.emplace_back(held.toUtf8());
                 sqlite3_bind_text(statement, place, text.constData(), static_cast<int>(text.size()),
-                                  SQLITE_TRANSIENT);
+                                  SQLITE_STATIC);
             } else if constexpr (std::is_floating_point_v<Held>) {
                 sqlite3_bind_double(statement, place, static_cast<double>(held));
             } else {
@@ -79,9 +80,11 @@ bool Run(CSqliteFile& file, const QByteArray& sql, const std::vector<VARIANT>& v
          int& result) {
     sqlite3_stmt* statement = file.Prepare(sql);
     if (!statement) return false;
+    std::vector<QByteArray> texts;
+    texts.reserve(values.size() + 1);
     int place = 0;
-    for (const VARIANT& value : values) Bind(statement, ++place, value);
-    if (place < sqlite3_bind_parameter_count(statement)) Bind(statement, ++place, key);
+    for (const VARIANT& value : values) Bind(statement, ++place, value, texts);
+    if (place < sqlite3_bind_parameter_count(statement)) Bind(statement, ++place, key, texts);
     result = sqlite3_step(statement);
     const bool isDone = result == SQLITE_ROW || result == SQLITE_DONE;
     if (!isDone) file.NoteError();
@@ -140,9 +143,12 @@ void CStoreTable::Compose(const QByteArray& name) {
 }
 
 bool CStoreTable::Fits(std::span<const FieldDef> fields) const {
-    return std::equal(
+    if (fields.data() == m_fitting) return true;
+    const bool fits = std::equal(
         m_columns.begin(), m_columns.end(), fields.begin(), fields.end(),
         [](const QString& column, const FieldDef& field) { return column == LoadText(field.nameId); });
+    if (fits) m_fitting = fields.data();
+    return fits;
 }
 
 bool CStoreTable::Insert(CSqliteFile& file, const std::vector<VARIANT>& values) const {

@@ -41,6 +41,7 @@ class CStoreTable {
     void Compose(const QByteArray& name);
 
     std::vector<QString> m_columns;
+    mutable const FieldDef* m_fitting = nullptr;  ///< the columns that were found to fit: asked at each write
     QByteArray m_insert;
     QByteArray m_modify;
     QByteArray m_contains;

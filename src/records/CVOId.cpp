@@ -35,10 +35,13 @@ std::uint64_t NextStamp() {
 
 void CVOId::GenUnique() {
     // The random half is drawn each time, so two processes never share a sequence, not even after a fork.
-    const QString digits = QStringLiteral("%1%2");
-    const std::uint64_t stamp = NextStamp();
-    const std::uint64_t random = QRandomGenerator::system()->generate64();
-    m_id = digits.arg(stamp, 16, 16, QLatin1Char('0')).arg(random, 16, 16, QLatin1Char('0')).toUpper();
+    const std::uint64_t halves[] = {NextStamp(), QRandomGenerator::system()->generate64()};
+    QString digits(kDigits, Qt::Uninitialized);
+    for (int i = 0; i < kDigits; ++i) {
+        const std::uint64_t nibble = halves[i / 16] >> (60 - i % 16 * 4) & 0xFU;
+        digits[i] = QLatin1Char("0123456789ABCDEF"[nibble]);
+    }
+    m_id = digits;
 }
 
 bool IsIdentity(const QString& text) {

@@ -118,7 +118,8 @@ bool CVOSrcMgr::EnterTransaction() {
 bool CVOSrcMgr::Query(const QString& statement, bool updatable) {
     CloseQuery();
     if (!m_recordset) m_recordset = std::make_unique<CVORecordset>();
-    if (!CheckPlace()) return false;
+    // Within a batch the look at the file is left to its commit.
+    if (!m_impl->file.InTransaction() && !CheckPlace()) return false;
     const QByteArray sql = statement.trimmed().toUtf8();
     sqlite3_stmt* prepared = m_impl->file.Prepare(sql);
     if (!prepared) return FailByFile();
@@ -126,8 +127,10 @@ bool CVOSrcMgr::Query(const QString& statement, bool updatable) {
         return Fail(SQLITE_MISUSE, LoadText(Text::OneStatementOnly));
     if (!sqlite3_stmt_readonly(prepared)) return RunChange(sql);
     // Rows that an update still owes the store can be changed again: they are put in place first.
-    if (updatable && m_impl->isUpdateDue && !EnterTransaction()) return false;
-    prepared = m_impl->file.Prepare(sql);
+    if (updatable && m_impl->isUpdateDue) {
+        if (!EnterTransaction()) return false;
+        prepared = m_impl->file.Prepare(sql);
+    }
     return (prepared && m_recordset->m_cursor.Open(m_impl->file, prepared, updatable)) || FailByFile();
 }
 

@@ -25,25 +25,27 @@ bool QueryCursor::Open(CSqliteFile& file, sqlite3_stmt* statement, bool buffered
     Close();
     m_file = &file;
     m_statement = statement;
-    Describe();
+    m_table = sqlite3_column_table_name(statement, 0);
+    if (!buffered) Describe();
     if (!Step()) return false;
-    if (!buffered) return true;
+    if (!buffered || !m_statement) return true;
+    Describe();
     while (m_statement) {
         std::vector<VARIANT>& row = m_buffer.emplace_back();
-        for (int column = 0; column < static_cast<int>(m_names.size()); ++column)
+        for (int column = 0; column < static_cast<int>(m_types.size()); ++column)
             row.push_back(StatementValue(column));
         if (!Step()) return false;
     }
     return true;
 }
 
+/// Columns are described only where somebody may ask: the query that prepares an insert has no rows, and it
+/// is run for each record.
 void QueryCursor::Describe() {
-    const int count = sqlite3_column_count(m_statement);
-    for (int column = 0; column < count; ++column) {
+    for (int column = 0; column < sqlite3_column_count(m_statement); ++column) {
         m_names.push_back(QString::fromUtf8(sqlite3_column_name(m_statement, column)));
         m_types.push_back(DeclaredType(sqlite3_column_decltype(m_statement, column)));
     }
-    m_table = count > 0 ? QByteArray(sqlite3_column_table_name(m_statement, 0)) : QByteArray();
 }
 
 void QueryCursor::Close() {
@@ -86,7 +88,7 @@ VARIANT QueryCursor::StatementValue(int column) const {
 }
 
 VARIANT QueryCursor::Value(int column) const {
-    if (IsEof() || column < 0 || column >= static_cast<int>(m_names.size())) return {};
+    if (IsEof() || column < 0 || column >= static_cast<int>(m_types.size())) return {};
     return m_statement ? StatementValue(column) : m_buffer[m_at][static_cast<std::size_t>(column)];
 }
 
