@@ -63,22 +63,16 @@ void Take(Row& row, CERecord& record) {
 }  // namespace
 
 CERecord::CERecord() {
-    Reset();
-}
-
-void CERecord::Reset() {
     const CPrecisionSource& precisions = ThePrecisions();
-    SetId({});
-    date.Reset();
-    for (QString* text : {&item1, &item2, &item3, &item4, &item5, &odometerStart, &odometerEnd, &notes})
-        text->clear();
-    for (bool* flag : {&isDistance, &flag1, &flag2, &flag3, &flag4, &flag5, &isExported}) *flag = false;
-    distance = DecimalField{};
     distance.precision = precisions.DistancePrecision();
     amount.precision = precisions.AmountPrecision();
     amount.Set(kNoValue);
     rate.precision = precisions.RatePrecision();
     rate.Set(kNoValue);
+}
+
+void CERecord::Reset() {
+    *this = CERecord();
 }
 
 float CERecord::GetDistance() const {

@@ -58,24 +58,19 @@ float Share(float amount, float hours) {
 
 }  // namespace
 
+/// A record of a bulk load is made a million times: only what the members' own defaults don't say is set.
 CTRecord::CTRecord() {
-    Reset();
+    const CPrecisionSource& precisions = ThePrecisions();
+    for (SpanField* span : {&spans.duration, &spans.breakTime, &spans.effective})
+        span->decimal.precision = precisions.DurationPrecision();
+    amount.precision = precisions.AmountPrecision();
+    amount.Set(kNoValue);
+    rate.precision = precisions.RatePrecision();
+    rate.Set(kNoValue);
 }
 
 void CTRecord::Reset() {
-    const CPrecisionSource& precisions = ThePrecisions();
-    SetId({});
-    date.Reset();
-    for (QString* text : {&item1, &item2, &item3, &item4, &item5, &notes}) text->clear();
-    for (SpanField* span : {&spans.duration, &spans.breakTime, &spans.effective})
-        span->decimal.precision = precisions.DurationPrecision();
-    spans.Reset();
-    amount.precision = precisions.AmountPrecision();
-    rate.precision = precisions.RatePrecision();
-    isExported = false;
-    SetBillable(false);
-    ClearStart();
-    ClearEnd();
+    *this = CTRecord();
 }
 
 /// With a duration the end follows a new start and the duration stays.

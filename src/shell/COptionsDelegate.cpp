@@ -101,10 +101,7 @@ QWidget* COptionsDelegate::MakeChoice(QWidget* parent, const QModelIndex& source
     for (const OptionChoice& choice : m_model.RowOf(source)->choices)
         box->addItem(LoadText(choice.text), choice.value);
     auto* self = const_cast<COptionsDelegate*>(this);
-    connect(box, &QComboBox::activated, self, [self, box] {
-        Q_EMIT self->commitData(box);
-        Q_EMIT self->closeEditor(box);
-    });
+    connect(box, &QComboBox::activated, self, [self, box] { Q_EMIT self->commitData(box); });
     return box;
 }
 

@@ -38,6 +38,15 @@ QLineEdit* AddLine(QGridLayout& form, const QString& label, const QString& name,
     return line;
 }
 
+/// Labels that users name themselves may leave few letters to share.
+void PlanMnemonics(CMnemonics& mnemonics) {
+    QStringList texts;
+    for (const ItemRow& row : kItems) texts << LoadText(row.label);
+    for (const Text text : {Text::FieldBillable, Text::FieldRate, Text::FieldAmount, Text::FieldBilled})
+        texts << LoadText(text);
+    mnemonics.Plan(texts);
+}
+
 /// A field cuts a pasted text at its limit, through the middle of a character beyond the basic plane if it
 /// must be.
 QString WholeCharacters(const QString& text) {
@@ -50,7 +59,9 @@ CRecordDialogEntry::CRecordDialogEntry(CRecordDraft& draft, CMnemonics mnemonics
     setObjectName(QStringLiteral("entryPage"));
     auto* form = new QGridLayout(this);
     form->setSpacing(kFormSpace);
+    PlanMnemonics(mnemonics);
     AddItems(*form, mnemonics);
+    setFocusProxy(m_items.front());
     form->setRowMinimumHeight(form->rowCount(), kFormSpace);
     AddMoney(*form, mnemonics);
     form->setColumnStretch(1, 1);

@@ -1,7 +1,6 @@
 #include "shell/CRecordDialogNotes.h"
 
 #include "lang/FormatText.h"
-#include "shell/CMnemonics.h"
 #include "shell/FormRows.h"
 
 #include <QLabel>
@@ -22,17 +21,14 @@ int LengthOf(const QTextDocument& document) {
 
 }  // namespace
 
-CRecordDialogNotes::CRecordDialogNotes(CMnemonics mnemonics)
-    : m_text(new QPlainTextEdit), m_room(new QLabel) {
+CRecordDialogNotes::CRecordDialogNotes() : m_text(new QPlainTextEdit), m_room(new QLabel) {
     setObjectName(QStringLiteral("notesPage"));
-    auto* label = new QLabel(mnemonics.Give(LoadText(Text::FieldNotes)));
-    label->setBuddy(m_text);
     NameWidget(*m_text, QStringLiteral("notesField"), LoadText(Text::FieldNotes));
     NameWidget(*m_room, QStringLiteral("notesRoom"), LoadText(Text::FieldNotes));
     m_text->setTabChangesFocus(true);
+    setFocusProxy(m_text);
     auto* column = new QVBoxLayout(this);
     column->setSpacing(kFormSpace);
-    column->addWidget(label);
     column->addWidget(m_text);
     column->addWidget(m_room);
     connect(m_text->document(), &QTextDocument::contentsChange, this, &CRecordDialogNotes::NoteChange);

@@ -3,7 +3,6 @@
 #include <QString>
 #include <QWidget>
 
-class CMnemonics;
 class QLabel;
 class QPlainTextEdit;
 
@@ -13,7 +12,7 @@ class CRecordDialogNotes final : public QWidget {
     Q_OBJECT
 
  public:
-    explicit CRecordDialogNotes(CMnemonics mnemonics);
+    CRecordDialogNotes();
 
     void SetNotes(const QString& notes);
     /// As given while nothing was typed, line ends and all.

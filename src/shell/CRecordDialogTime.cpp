@@ -5,6 +5,7 @@
 #include "entry/TimeEntryRules.h"
 #include "lang/FormatText.h"
 #include "platform/CPrompt.h"
+#include "records/CTRecord.h"
 #include "shell/CDateEdit.h"
 #include "shell/CMnemonics.h"
 #include "shell/CRecordDialog.h"
@@ -116,6 +117,7 @@ CRecordDialogTime::CRecordDialogTime(CRecordDraft& draft, const RecordDialogSurr
     form->setRowMinimumHeight(form->rowCount(), kFormSpace);
     AddSwitch(*form, "lockDurationOnTimeEdit", LoadText(Text::OptLockDuration), mnemonics);
     AddSwitch(*form, "accumulateOnReentry", LoadText(Text::OptAccumulate), mnemonics);
+    setFocusProxy(m_date);
     form->setColumnMinimumWidth(2, kFormSpace);
     form->setColumnStretch(1, 2);
     form->setColumnStretch(4, 3);
@@ -200,24 +202,22 @@ void CRecordDialogTime::Enter(std::size_t place) {
         m_draft.Undo(static_cast<int>(place));
     else
         m_draft.Try(static_cast<int>(place), field.enter);
-    ShowAllBut(field.edit);
+    m_typed = field.edit;
+    ShowRecord();
     Q_EMIT Changed();
 }
 
 void CRecordDialogTime::Settle() {
     m_draft.Settle();
+    m_typed = nullptr;
     ShowRecord();
     Q_EMIT Changed();
 }
 
 void CRecordDialogTime::ShowRecord() {
-    ShowAllBut(nullptr);
-}
-
-void CRecordDialogTime::ShowAllBut(const CPickEdit* typed) {
     const CTRecord& record = m_draft.Record();
     for (const Field& field : m_fields)
-        if (field.edit != typed && field.edit->IsReadable()) field.show(record);
+        if (field.edit != m_typed && field.edit->IsReadable()) field.show(record);
     const auto day = DayOf(record);
     m_weekday->setText(day ? WeekdayName(DayOfWeek(day->month, day->day, day->year)) : QString());
     m_net->setText(NetText(record.spans.effective));

@@ -27,7 +27,7 @@ class CRecordDialogTime final : public QWidget {
 
     /// What was typed holds from now on.
     void Settle();
-    /// Rewrites all texts from the record, except those that the user has yet to make readable.
+    /// Rewrites all texts from the record, except those that the user is typing or has yet to make readable.
     void ShowRecord();
     /// While the record has a timer its times can't be entered; what was typed and can't be read is dropped.
     void LockTimes(bool isLocked);
@@ -57,13 +57,13 @@ class CRecordDialogTime final : public QWidget {
     void AddSwitch(QGridLayout& form, const char* settingName, const QString& text, CMnemonics& mnemonics);
     void AddField(Field field);
     void Enter(std::size_t place);
-    void ShowAllBut(const CPickEdit* typed);
 
     CRecordDraft& m_draft;
     CCfgStore& m_settings;
     CPrompt& m_prompt;
     const CClock& m_clock;
     std::vector<Field> m_fields;
+    CPickEdit* m_typed = nullptr;  ///< what is entered there is not settled yet
     CDateEdit* m_date = nullptr;
     QLabel* m_weekday = nullptr;
     QLabel* m_net = nullptr;

@@ -23,6 +23,6 @@ void CRecordDraft::Undo(int field) {
 }
 
 void CRecordDraft::Change(const Rule& rule) {
-    Settle();
     rule(m_record);
+    if (m_field != kNoField) rule(m_start);
 }

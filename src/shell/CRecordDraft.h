@@ -19,7 +19,7 @@ class CRecordDraft {
     void Undo(int field);
     /// What was tried holds.
     void Settle() { m_field = kNoField; }
-    /// A change of its own, after what was tried is settled.
+    /// A change from elsewhere, a timer's count for example, also while an entry is tried.
     void Change(const Rule& rule);
 
  private:

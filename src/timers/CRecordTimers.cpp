@@ -207,8 +207,8 @@ void CRecordTimers::SaveTimers() {
 
 bool CRecordTimers::RestoreTimers() {
     const auto content = m_settings.Profile().GetBinary(kSection, kEntry);
+    m_stored = content;
     if (!content) return true;
-    m_stored = *content;
     ByteStream stream;
     stream.Attach(*content);
     return m_timers.Load(stream);

@@ -41,7 +41,8 @@ QJsonObject Done(Scene& scene) {
     return {{QStringLiteral("ok"), true}, {QStringLiteral("timers"), all}};
 }
 
-/// Whether the timers as they are now are saved; saving again costs nothing when they are.
+/// A failure may come from saving the timers, whatever was done to them: trying once more tells, and costs
+/// nothing when they are saved.
 QJsonObject DoneIf(bool succeeded, Scene& scene, Text failure) {
     if (succeeded) return Done(scene);
     if (!scene.timers.StoreTimers())

@@ -319,7 +319,8 @@ class TestCOptionsDialog : public QObject {
             Accept(*dialog);
         });
         QVERIFY(RunOptionsDialog(nullptr, *home.settings, home.prompt));
-        CCfgStore fresh(home.tree, *home.profile, home.prompt, home.region, QStringLiteral("Other"));
+        QVERIFY(!home.settings->confirmMark);
+        CCfgStore fresh(home.tree, *home.profile, home.prompt, home.region, LoadText(Text::BaseKeyPath));
         fresh.LoadValues();
         fresh.KeepStoreUntouched();
         QVERIFY(!fresh.confirmMark);

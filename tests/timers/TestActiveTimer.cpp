@@ -61,8 +61,8 @@ void TestActiveTimer::UpdateElapsed_data() {
     QTest::addColumn<int>("nowDay");
     QTest::addColumn<bool>("good");
     QTest::addColumn<QString>("after");
-    const auto row = [](const char* situation, const char* before, const char* since, const char* now, int day,
-                        bool good, const char* after) {
+    const auto row = [](const char* situation, const char* before, const char* since, const char* now,
+                        int day, bool good, const char* after) {
         QTest::newRow(situation) << QString::fromLatin1(before) << QString::fromLatin1(since)
                                  << QString::fromLatin1(now) << day << good << QString::fromLatin1(after);
     };
@@ -131,11 +131,16 @@ void TestActiveTimer::Begin_data() {
     QTest::addColumn<QString>("count");
     QTest::addColumn<QString>("since");
     QTest::addColumn<int>("stateAfter");
-    QTest::newRow("a stopped timer from zero") << 0 << false << "0:00:00" << "09:00:00" << 2;
-    QTest::newRow("a stopped timer from a duration") << 0 << true << "1:30:00" << "09:00:00" << 2;
-    QTest::newRow("a paused timer keeps its count") << 1 << true << "0:07:00" << "09:00:00" << 2;
-    QTest::newRow("a running timer stays as it is") << 2 << true << "0:07:00" << "08:00:00" << 2;
-    QTest::newRow("another state stays as it is") << 3 << true << "0:07:00" << "08:00:00" << 3;
+    QTest::newRow("a stopped timer from zero") << 0 << false << "0:00:00"
+                                               << "09:00:00" << 2;
+    QTest::newRow("a stopped timer from a duration") << 0 << true << "1:30:00"
+                                                     << "09:00:00" << 2;
+    QTest::newRow("a paused timer keeps its count") << 1 << true << "0:07:00"
+                                                    << "09:00:00" << 2;
+    QTest::newRow("a running timer stays as it is") << 2 << true << "0:07:00"
+                                                    << "08:00:00" << 2;
+    QTest::newRow("another state stays as it is") << 3 << true << "0:07:00"
+                                                  << "08:00:00" << 3;
 }
 
 void TestActiveTimer::Begin() {

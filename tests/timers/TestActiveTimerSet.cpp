@@ -2,7 +2,6 @@
 
 #include "support/CTestClock.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 namespace {

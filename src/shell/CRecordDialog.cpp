@@ -1,0 +1,151 @@
+#include "shell/CRecordDialog.h"
+
+#include "config/CCfgStore.h"
+#include "entry/TimeEntryRules.h"
+#include "lang/LoadText.h"
+#include "platform/CPrompt.h"
+#include "shell/CDateEdit.h"
+#include "shell/CMnemonics.h"
+#include "shell/CRecordDialogEntry.h"
+#include "shell/CRecordDialogNotes.h"
+#include "shell/CRecordDialogTime.h"
+#include "shell/CRecordDraft.h"
+#include "shell/CTimerPanelWidget.h"
+#include "shell/DialogSize.h"
+#include "shell/FormRows.h"
+#include "timers/CRecordTimers.h"
+
+#include <QDialogButtonBox>
+#include <QShortcut>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+QString SizeSection() {
+    return QStringLiteral("RecordDialog");
+}
+constexpr QSize kUsualSize{560, 420};
+
+}  // namespace
+
+CRecordDialog::CRecordDialog(const RecordDialogSurroundings& around, QWidget* parent)
+    : QDialog(parent), m_around(around), m_draft(std::make_unique<CRecordDraft>()) {
+    setObjectName(QStringLiteral("recordDialog"));
+    setWindowTitle(LoadText(Text::RecordDialogTitle));
+    BuildPages();
+    Wire();
+    RestoreDialogSize(*this, m_around.settings.Profile(), SizeSection(), kUsualSize);
+}
+
+CRecordDialog::~CRecordDialog() = default;
+
+/// What is in sight on every page takes its mnemonics first; each page shares out the rest by itself.
+void CRecordDialog::BuildPages() {
+    CMnemonics mnemonics;
+    QDialogButtonBox* buttons = MakeDialogButtons(*this, Text::DialogSave, mnemonics);
+    const QString time = mnemonics.Take(LoadText(Text::PageTime));
+    const QString entry = mnemonics.Take(LoadText(Text::PageEntry));
+    const QString notes = mnemonics.Take(LoadText(Text::PageNotes));
+    m_pages = new QTabWidget;
+    NameWidget(*m_pages, QStringLiteral("pages"), LoadText(Text::RecordDialogTitle));
+    auto* column = new QVBoxLayout(this);
+    column->setSpacing(kFormSpace);
+    column->addWidget(m_pages);
+    m_timer = new CTimerPanelWidget(*m_draft, m_around, mnemonics);
+    m_time = new CRecordDialogTime(*m_draft, m_around, mnemonics);
+    m_entry = new CRecordDialogEntry(*m_draft, mnemonics);
+    m_notes = new CRecordDialogNotes;
+    m_pages->addTab(m_time, time);
+    m_pages->addTab(m_entry, entry);
+    m_pages->addTab(m_notes, notes);
+    column->addWidget(m_timer);
+    column->addWidget(buttons);
+}
+
+void CRecordDialog::Wire() {
+    connect(m_time, &CRecordDialogTime::Changed, m_entry, &CRecordDialogEntry::ShowComputed);
+    connect(m_time, &CRecordDialogTime::Changed, m_timer, &CTimerPanelWidget::ShowTime);
+    connect(m_entry, &CRecordDialogEntry::Changed, m_time, &CRecordDialogTime::ShowRecord);
+    connect(m_time, &CRecordDialogTime::EntryTried, this, [this] {
+        // The rule says why; while the fields are locked its answer is known.
+        std::ignore = TimeEntryRules::MayEnterTimes(m_around.timers, GetDraft().GetId(), &m_around.prompt);
+    });
+    connect(m_timer, &CTimerPanelWidget::AboutToAct, m_time, &CRecordDialogTime::Settle);
+    connect(m_timer, &CTimerPanelWidget::TimesChanged, this, &CRecordDialog::ShowTimes);
+    connect(m_timer, &CTimerPanelWidget::StateChanged, m_time, &CRecordDialogTime::LockTimes);
+    // A page that was called by its tab or its mnemonic has the focus in its first field.
+    connect(m_pages, &QTabWidget::currentChanged, this, [this] { m_pages->currentWidget()->setFocus(); });
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter})
+        connect(new QShortcut(QKeySequence(Qt::CTRL | key), this), &QShortcut::activated, this,
+                &CRecordDialog::accept);
+}
+
+void CRecordDialog::SetDraft(const CTRecord& record) {
+    m_draft->Begin(record);
+    m_time->ShowRecord();
+    m_entry->ShowRecord();
+    m_notes->SetNotes(record.notes);
+    m_timer->Open();
+    m_pages->setCurrentWidget(m_time);
+    m_time->setFocus();
+    m_time->DateField()->selectAll();
+}
+
+const CTRecord& CRecordDialog::GetDraft() const {
+    return m_draft->Record();
+}
+
+void CRecordDialog::ShowTimes() {
+    m_time->ShowRecord();
+    m_entry->ShowComputed();
+}
+
+void CRecordDialog::Refuse(CPickEdit& field, int textId, const QString& why) {
+    MessageBox box;
+    box.textId = textId;
+    box.title = LoadText(Text::CheckEntryTitle);
+    box.text = why;
+    box.icon = BoxIcon::Warning;
+    m_around.prompt.Tell(box);
+    m_pages->setCurrentWidget(m_time);
+    field.setFocus();
+    field.selectAll();
+}
+
+bool CRecordDialog::TypingIsReadable() {
+    if (CPickEdit* field = m_time->FirstUnreadable()) {
+        Refuse(*field, field->UnreadableTextId(), field->WhyUnreadable());
+        return false;
+    }
+    if (GetDraft().date.IsSet()) return true;
+    Refuse(*m_time->DateField(), static_cast<int>(Text::DateMissing), LoadText(Text::DateMissing));
+    return false;
+}
+
+void CRecordDialog::accept() {
+    m_time->Settle();
+    if (!TypingIsReadable()) return;
+    // The last count first, so that the page accepted shows what belongs to it.
+    m_timer->Close();
+    m_draft->Change([this](CTRecord& record) {
+        TimeEntryRules::AcceptEntryPage(record, m_entry->Page());
+        record.notes = m_notes->GetNotes();
+    });
+    KeepDialogSize(*this, m_around.settings.Profile(), SizeSection());
+    QDialog::accept();
+}
+
+void CRecordDialog::reject() {
+    m_timer->Close();
+    KeepDialogSize(*this, m_around.settings.Profile(), SizeSection());
+    QDialog::reject();
+}
+
+bool RunRecordDialog(QWidget* parent, CTRecord& record, const RecordDialogSurroundings& around) {
+    CRecordDialog dialog(around, parent);
+    dialog.SetDraft(record);
+    if (dialog.exec() != QDialog::Accepted) return false;
+    record.Copy(dialog.GetDraft());
+    return true;
+}

@@ -1,0 +1,372 @@
+#include "entry/QuickEntry.h"
+
+#include "config/CCfgStore.h"
+#include "records/CTRecord.h"
+#include "support/TestHome.h"
+#include "timers/CRecordTimers.h"
+
+#include <QTest>
+
+namespace {
+
+/// A home with timers and a user in front of a dialog. The clock stands at 9:05 on 19 November 2026.
+struct Scene {
+    enum class Dialog { None, Accept, Cancel };
+
+    TestHome home;
+    ActiveTimerSet set{home.clock};
+    CRecordTimers timers{set, *home.document, *home.settings};
+    Dialog dialog = Dialog::None;
+    int dialogs = 0;
+    QString dialogId;
+    QStringList selected;
+    QString successiveId;
+
+    Scene() {
+        home.clock.Set(2026, 11, 19, 9, 5);
+        home.document->SetTimers(&timers);
+    }
+    QuickOutcome Run(int flags) {
+        QuickEntrySurroundings around{*home.document, timers,  *home.settings, home.clock,
+                                      selected,       nullptr, successiveId};
+        if (dialog != Dialog::None)
+            around.edit = [this](CTRecord& record) {
+                ++dialogs;
+                dialogId = record.GetId();
+                record.notes = QStringLiteral("edited");
+                return dialog == Dialog::Accept;
+            };
+        return NewTimeRecord(flags, around);
+    }
+    /// "2026-11-19 9:05 - -": date, start, end, duration.
+    [[nodiscard]] QString Stored(const QString& id) {
+        CTRecord record;
+        if (!home.store->ReadRecord(record, id)) return QStringLiteral("no record");
+        const auto time = [](bool isSet, int hour12, int minute, bool isPm) {
+            if (!isSet) return QStringLiteral("-");
+            return QString::asprintf("%d:%02d", hour12 % 12 + (isPm ? 12 : 0), minute);
+        };
+        const QString date = record.date.IsSet() ? QString::asprintf("%d-%02d-%02d", record.date.year,
+                                                                     record.date.month, record.date.day)
+                                                 : QStringLiteral("-");
+        return date + u' ' + time(record.HasStart(), record.startHour, record.startMinute, record.startIsPm) +
+               u' ' + time(record.HasEnd(), record.endHour, record.endMinute, record.endIsPm) + u' ' +
+               (record.spans.duration.IsSet() ? record.spans.duration.clockText : QStringLiteral("-"));
+    }
+    [[nodiscard]] std::size_t Records() const { return home.document->RecordCount(); }
+};
+
+}  // namespace
+
+class TestQuickEntry : public QObject {
+    Q_OBJECT
+
+ private Q_SLOTS:
+    void Commands();
+    void Blank_data();
+    void Blank();
+    void DateFromThePeriod_data();
+    void DateFromThePeriod();
+    void Successive_data();
+    void Successive();
+    void Copy_data();
+    void Copy();
+    void CopyTakesEveryField();
+    void SelectionOfOne_data();
+    void SelectionOfOne();
+    void OtherBasesFail();
+    void SuccessiveOfAnotherThanTheCopy();
+    void Timer();
+    void TimerActionOnOthers();
+    void Dialog_data();
+    void Dialog();
+    void CancelTakesTheTimerOut();
+    void ActionOnOthersStaysAfterACancel();
+    void FailedAddTakesTheTimerOut();
+    void TimerIsSavedWithTheRecord();
+};
+
+void TestQuickEntry::Commands() {
+    QStringList offered;
+    for (const QuickCommandRow& row : QuickCommands())
+        offered.append(QStringLiteral("%1:%2").arg(row.command).arg(row.flags));
+    QCOMPARE(
+        offered.join(u' '),
+        QStringLiteral("32852:17 32853:81 32854:33 32855:97 32864:24 32865:88 32866:40 32867:104 40147:1"));
+}
+
+void TestQuickEntry::Blank_data() {
+    QTest::addColumn<int>("flags");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("blank: today, no times") << 1 << "2026-11-19 - - -";
+    QTest::newRow("timestamp: the present time, not rounded") << 17 << "2026-11-19 9:07 - -";
+    QTest::newRow("timestamp with timer") << 81 << "2026-11-19 9:07 - -";
+}
+
+void TestQuickEntry::Blank() {
+    QFETCH(int, flags);
+    QFETCH(QString, stored);
+    Scene scene;
+    scene.home.clock.Set(2026, 11, 19, 9, 7, 59);
+    scene.home.settings->roundStartType = 16;
+    scene.home.settings->roundStartMinutes = 15;
+    const QuickOutcome outcome = scene.Run(flags);
+    QVERIFY(outcome.succeeded);
+    QCOMPARE(scene.Stored(outcome.addedId), stored);
+    QCOMPARE(scene.home.views.seen.last().first, Hint::Added);
+    QCOMPARE(scene.home.views.seen.last().second, QStringList{outcome.addedId});
+    QCOMPARE(scene.timers.HasTimer(outcome.addedId), (flags & 64) != 0);
+}
+
+void TestQuickEntry::DateFromThePeriod_data() {
+    QTest::addColumn<int>("preset");
+    QTest::addColumn<QString>("startText");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("a single date") << 5 << "02/29/2028"
+                                   << "2028-02-29 - - -";
+    QTest::newRow("a single date that can't be read") << 5 << "someday"
+                                                      << "- - - -";
+    QTest::newRow("yesterday, over the year's end") << 16 << ""
+                                                    << "2026-12-31 - - -";
+    QTest::newRow("all") << 6 << ""
+                         << "2027-01-01 - - -";
+    QTest::newRow("last month is no single day: today") << 19 << "12/01/2026"
+                                                        << "2027-01-01 - - -";
+}
+
+void TestQuickEntry::DateFromThePeriod() {
+    QFETCH(int, preset);
+    QFETCH(QString, startText);
+    QFETCH(QString, stored);
+    Scene scene;
+    scene.home.clock.Set(2027, 1, 1, 0, 0);
+    scene.home.document->Filter().preset = preset;
+    scene.home.document->Filter().startText = startText;
+    QCOMPARE(scene.Stored(scene.Run(1).addedId), stored);
+}
+
+void TestQuickEntry::Successive_data() {
+    QTest::addColumn<QString>("start");
+    QTest::addColumn<QString>("end");
+    QTest::addColumn<bool>("addMinute");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("a minute after the end") << "09:00"
+                                            << "17:00" << true << "2026-11-02 17:01 - -";
+    QTest::newRow("at the end") << "09:00"
+                                << "17:00" << false << "2026-11-02 17:00 - -";
+    QTest::newRow("past midnight the date stays") << "20:00"
+                                                  << "23:59" << true << "2026-11-02 0:00 - -";
+    QTest::newRow("past noon") << "09:00"
+                               << "11:59" << true << "2026-11-02 12:00 - -";
+    QTest::newRow("no end: no start") << "09:00"
+                                      << "" << true << "2026-11-02 - - -";
+}
+
+void TestQuickEntry::Successive() {
+    QFETCH(QString, start);
+    QFETCH(QString, end);
+    QFETCH(bool, addMinute);
+    QFETCH(QString, stored);
+    Scene scene;
+    scene.home.settings->addMinuteOnSuccessive = addMinute;
+    scene.selected = {scene.home.AddTime(2026, 11, 2, start, end)};
+    QCOMPARE(scene.Stored(scene.Run(33).addedId), stored);
+}
+
+void TestQuickEntry::Copy_data() {
+    QTest::addColumn<int>("flags");
+    QTest::addColumn<QString>("start");
+    QTest::addColumn<QString>("end");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("timestamp: the two hours last again") << 24 << "07:00"
+                                                         << "09:00"
+                                                         << "2026-11-19 9:05 11:05 2:00";
+    QTest::newRow("timestamp with timer") << 88 << "07:00"
+                                          << "09:00"
+                                          << "2026-11-19 9:05 11:05 2:00";
+    QTest::newRow("successive: the two hours last again") << 40 << "07:00"
+                                                          << "09:00"
+                                                          << "2026-11-02 9:01 11:01 2:00";
+    QTest::newRow("successive with timer") << 104 << "07:00"
+                                           << "09:00"
+                                           << "2026-11-02 9:01 11:01 2:00";
+    QTest::newRow("successive of a record without an end has no start") << 40 << "07:00"
+                                                                        << ""
+                                                                        << "2026-11-02 - - -";
+}
+
+void TestQuickEntry::Copy() {
+    QFETCH(int, flags);
+    QFETCH(QString, start);
+    QFETCH(QString, end);
+    QFETCH(QString, stored);
+    Scene scene;
+    scene.selected = {scene.home.AddTime(2026, 11, 2, start, end)};
+    const QuickOutcome outcome = scene.Run(flags);
+    QVERIFY(outcome.addedId != scene.selected.first());
+    QCOMPARE(scene.Stored(outcome.addedId), stored);
+    // The timer of the new record starts from zero, not from the copied duration.
+    int hours = -1, minutes = -1, seconds = -1;
+    QCOMPARE(scene.set.GetElapsed(outcome.addedId, hours, minutes, seconds), (flags & 64) != 0);
+    QCOMPARE(hours * 60 + minutes, 0);
+}
+
+void TestQuickEntry::CopyTakesEveryField() {
+    Scene scene;
+    CTRecord base;
+    base.GenUnique();
+    base.date.Set(11, 2, 2026);
+    base.SetDuration(3, 15, false);
+    base.SetBreak(0, 15);
+    base.item1 = QStringLiteral("O'Brien");
+    base.item5 = QStringLiteral("EUR");
+    base.notes = QStringLiteral("long\nnotes");
+    base.SetBillable(true);
+    base.SetRate(50);
+    base.isBilled = true;
+    base.isExported = true;
+    QVERIFY(scene.home.document->AddRecord(base, true, false, false));
+    scene.selected = {base.GetId()};
+    CTRecord copy;
+    QVERIFY(scene.home.store->ReadRecord(copy, scene.Run(24).addedId));
+    QCOMPARE(copy.item1, base.item1);
+    QCOMPARE(copy.item5, base.item5);
+    QCOMPARE(copy.notes, base.notes);
+    QCOMPARE(copy.spans.breakTime.clockText, QStringLiteral("0:15"));
+    QCOMPARE(copy.rate.value, 50.0F);
+    QCOMPARE(copy.amount.value, 150.0F);
+    QVERIFY(copy.isBillable && copy.isBilled && copy.isExported);
+}
+
+void TestQuickEntry::SelectionOfOne_data() {
+    QTest::addColumn<int>("flags");
+    QTest::addColumn<int>("selected");
+    QTest::newRow("successive, none selected") << 33 << 0;
+    QTest::newRow("successive, two selected") << 33 << 2;
+    QTest::newRow("successive with timer, none selected") << 97 << 0;
+    QTest::newRow("copy, none selected") << 24 << 0;
+    QTest::newRow("copy, two selected") << 24 << 2;
+    QTest::newRow("copy with timer, a record that is gone") << 88 << 1;
+}
+
+void TestQuickEntry::SelectionOfOne() {
+    QFETCH(int, flags);
+    QFETCH(int, selected);
+    Scene scene;
+    for (int i = 0; i < selected; ++i) scene.selected.append(scene.home.AddTime(2026, 11, 2));
+    if (selected == 1) QVERIFY(scene.home.document->DeleteRecord(RecordKind::Time, scene.selected[0], false));
+    const std::size_t before = scene.Records();
+    const QuickOutcome outcome = scene.Run(flags);
+    QVERIFY(!outcome.succeeded);
+    QVERIFY(outcome.addedId.isEmpty());
+    QCOMPARE(scene.Records(), before);
+    QCOMPARE(scene.set.Count(), 0);
+}
+
+void TestQuickEntry::OtherBasesFail() {
+    Scene scene;
+    for (const int flags : {2, 18, 82, 34, 98, 4, 20, 84}) QVERIFY(!scene.Run(flags).succeeded);
+    QCOMPARE(scene.Records(), std::size_t(0));
+}
+
+void TestQuickEntry::SuccessiveOfAnotherThanTheCopy() {
+    Scene scene;
+    scene.selected = {scene.home.AddTime(2026, 11, 2, QStringLiteral("07:00"), QStringLiteral("09:00"))};
+    scene.successiveId = scene.home.AddTime(2026, 11, 5, QStringLiteral("12:00"), QStringLiteral("15:30"));
+    QCOMPARE(scene.Stored(scene.Run(40).addedId), QStringLiteral("2026-11-05 15:31 17:31 2:00"));
+}
+
+void TestQuickEntry::Timer() {
+    Scene scene;
+    const QString id = scene.Run(81).addedId;
+    scene.home.clock.Advance(95);
+    scene.timers.FoldAndStore();
+    int hours = 0, minutes = 0, seconds = 0;
+    QVERIFY(scene.set.GetElapsed(id, hours, minutes, seconds));
+    QCOMPARE(minutes * 60 + seconds, 95);
+}
+
+void TestQuickEntry::TimerActionOnOthers() {
+    Scene scene;
+    scene.home.settings->timerOnNewTimer = 2;
+    const QString first = scene.Run(81).addedId;
+    scene.home.clock.Advance(30 * 60);
+    const QString second = scene.Run(81).addedId;
+    QCOMPARE(scene.Stored(first), QStringLiteral("2026-11-19 9:05 9:35 0:30"));
+    QVERIFY(!scene.timers.HasTimer(first));
+    QVERIFY(scene.timers.HasTimer(second));
+}
+
+void TestQuickEntry::Dialog_data() {
+    QTest::addColumn<int>("flags");
+    QTest::addColumn<bool>("dialogOnQuickEntry");
+    QTest::addColumn<int>("dialogs");
+    QTest::newRow("blank always opens the dialog") << 1 << false << 1;
+    QTest::newRow("timestamp, dialog off") << 17 << false << 0;
+    QTest::newRow("timestamp, dialog on") << 17 << true << 1;
+    QTest::newRow("timestamp with timer, dialog off") << 81 << false << 0;
+    QTest::newRow("successive, dialog off") << 33 << false << 0;
+    QTest::newRow("successive, dialog on") << 33 << true << 1;
+    QTest::newRow("copy with timestamp, dialog off") << 24 << false << 0;
+    QTest::newRow("copy with successive and timer, dialog on") << 104 << true << 1;
+}
+
+void TestQuickEntry::Dialog() {
+    QFETCH(int, flags);
+    QFETCH(bool, dialogOnQuickEntry);
+    QFETCH(int, dialogs);
+    Scene scene;
+    scene.home.settings->dialogOnQuickEntry = dialogOnQuickEntry;
+    scene.selected = {scene.home.AddTime(2026, 11, 2, QStringLiteral("07:00"), QStringLiteral("09:00"))};
+    scene.dialog = Scene::Dialog::Accept;
+    const QuickOutcome outcome = scene.Run(flags);
+    QVERIFY(outcome.succeeded);
+    QCOMPARE(scene.dialogs, dialogs);
+    CTRecord record;
+    QVERIFY(scene.home.store->ReadRecord(record, outcome.addedId));
+    QCOMPARE(record.notes, dialogs == 1 ? QStringLiteral("edited") : QString());
+    if (dialogs == 1) QCOMPARE(scene.dialogId, outcome.addedId);
+}
+
+void TestQuickEntry::CancelTakesTheTimerOut() {
+    Scene scene;
+    scene.dialog = Scene::Dialog::Cancel;
+    const QuickOutcome outcome = scene.Run(81);
+    QVERIFY(outcome.succeeded);
+    QVERIFY(outcome.addedId.isEmpty());
+    QCOMPARE(scene.dialogs, 1);
+    QCOMPARE(scene.Records(), std::size_t(0));
+    QCOMPARE(scene.set.Count(), 0);
+}
+
+void TestQuickEntry::ActionOnOthersStaysAfterACancel() {
+    Scene scene;
+    const QString first = scene.Run(81).addedId;
+    scene.home.settings->timerOnNewTimer = 1;
+    scene.dialog = Scene::Dialog::Cancel;
+    QVERIFY(scene.Run(81).succeeded);
+    QCOMPARE(static_cast<int>(scene.timers.StateOf(first)), 1);
+}
+
+void TestQuickEntry::FailedAddTakesTheTimerOut() {
+    Scene scene;
+    QVERIFY(scene.home.manager.File().Execute("PRAGMA query_only=ON"));
+    scene.home.prompt.ExpectTold(Text::InsertFailed);
+    const QuickOutcome outcome = scene.Run(81);
+    QVERIFY(scene.home.manager.File().Execute("PRAGMA query_only=OFF"));
+    QVERIFY(!outcome.succeeded);
+    QCOMPARE(scene.set.Count(), 0);
+}
+
+void TestQuickEntry::TimerIsSavedWithTheRecord() {
+    Scene scene;
+    const QString id = scene.Run(81).addedId;
+    TestHome next(scene.home.Path());
+    ActiveTimerSet set(next.clock);
+    CRecordTimers timers(set, *next.document, *next.settings);
+    QVERIFY(timers.RestoreTimers());
+    QCOMPARE(static_cast<int>(timers.StateOf(id)), 2);
+}
+
+QTEST_GUILESS_MAIN(TestQuickEntry)
+#include "TestQuickEntry.moc"

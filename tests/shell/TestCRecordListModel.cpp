@@ -1,0 +1,347 @@
+#include "shell/core/CRecordListModel.h"
+
+#include "records/CTRecord.h"
+#include "shell/core/ColumnDefaults.h"
+#include "support/TestHome.h"
+#include "timers/ActiveTimerSet.h"
+
+#include <QAbstractItemModelTester>
+#include <QItemSelectionModel>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+/// A home with a list over it. What the document announces reaches the list when Deliver is called.
+struct Scene {
+    TestHome home;
+    ActiveTimerSet timers{home.clock};
+    CRecordListModel model{*home.document, timers, *home.settings};
+    QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::QtTest};
+
+    void Deliver() {
+        const auto seen = std::exchange(home.views.seen, {});
+        for (const auto& [hint, ids] : seen) model.OnHint(hint, ids);
+    }
+    void Rebuild() {
+        home.views.seen.clear();
+        home.document->BuildVisible();
+        model.OnHint(Hint::Rebuild, {});
+    }
+    QString Add(int day, const char* start = "", const char* end = "") {
+        return home.AddTime(2026, 11, day, QString::fromLatin1(start), QString::fromLatin1(end));
+    }
+    /// The days of the month down the list.
+    QString Days() const {
+        QStringList days;
+        for (int row = 0; row < model.rowCount(); ++row)
+            days.append(QString::number(model.RecordAt(row)->date.day));
+        return days.join(u' ');
+    }
+    void Change(const QString& id, int day) {
+        CTRecord record;
+        record.Reset();
+        record.Copy(*home.document->FindTime(id));
+        record.date.Set(11, day, 2026);
+        QVERIFY(home.document->ModifyRecord(record, id, true, false, true, true));
+        Deliver();
+    }
+};
+
+}  // namespace
+
+class TestCRecordListModel final : public QObject {
+    Q_OBJECT
+
+ private Q_SLOTS:
+    void emptyList() {
+        Scene scene;
+        scene.Rebuild();
+        QCOMPARE(scene.model.rowCount(), 0);
+        QCOMPARE(scene.model.Layout(), ListLayout::Lines);
+        QCOMPARE(scene.model.columnCount(), 2);
+    }
+
+    /// A layout that isn't one of the four becomes the one of lines, in the settings too.
+    void layouts_data() {
+        QTest::addColumn<int>("stored");
+        QTest::addColumn<int>("layout");
+        QTest::addColumn<int>("columns");
+        QTest::newRow("icons") << 1 << 1 << 2;
+        QTest::newRow("plain list") << 2 << 2 << 2;
+        QTest::newRow("columns: the state and nine") << 3 << 3 << 10;
+        QTest::newRow("lines") << 4 << 4 << 2;
+        QTest::newRow("0 becomes 4") << 0 << 4 << 2;
+        QTest::newRow("5 becomes 4") << 5 << 4 << 2;
+        QTest::newRow("-1 becomes 4") << -1 << 4 << 2;
+    }
+    void layouts() {
+        QFETCH(int, stored);
+        Scene scene;
+        scene.home.settings->listLayout = stored;
+        scene.Rebuild();
+        QTEST(static_cast<int>(scene.model.Layout()), "layout");
+        QTEST(scene.home.settings->listLayout, "layout");
+        QTEST(scene.model.columnCount(), "columns");
+    }
+
+    void defaultOrderIsLatestFirst() {
+        Scene scene;
+        scene.Add(18);
+        scene.Add(20);
+        scene.Add(19);
+        scene.Rebuild();
+        QCOMPARE(scene.Days(), QStringLiteral("20 19 18"));
+        QCOMPARE(scene.model.SortColumn(), 0);
+        QVERIFY(!scene.model.SortsAscending());
+    }
+
+    void headerTurnsTheOrder() {
+        Scene scene;
+        scene.home.settings->listLayout = 3;
+        for (const int day : {18, 20, 19}) scene.Add(day);
+        scene.Rebuild();
+        scene.model.SortByHeader(1);
+        QCOMPARE(scene.Days(), QStringLiteral("18 19 20"));
+        scene.model.SortByHeader(1);
+        QCOMPARE(scene.Days(), QStringLiteral("20 19 18"));
+        scene.model.SortByHeader(3);
+        QCOMPARE(scene.home.settings->sortColumnTime, 1);
+        QVERIFY(scene.home.settings->sortAscendingTime);
+        scene.model.SortByHeader(0);
+        scene.model.SortByHeader(10);
+        QCOMPARE(scene.home.settings->sortColumnTime, 1);
+    }
+
+    /// Sorted by a hidden column, the first visible one sorts, in the stored direction, and is stored.
+    void storedColumnIsHidden_data() {
+        QTest::addColumn<int>("stored");
+        QTest::newRow("notes, hidden") << 15;
+        QTest::newRow("an expense column") << 17;
+        QTest::newRow("no column") << 600;
+        QTest::newRow("negative") << -1;
+    }
+    void storedColumnIsHidden() {
+        QFETCH(int, stored);
+        Scene scene;
+        scene.home.settings->sortColumnTime = stored;
+        scene.home.settings->sortAscendingTime = true;
+        for (const int day : {18, 20, 19}) scene.Add(day);
+        scene.Rebuild();
+        QCOMPARE(scene.home.settings->sortColumnTime, 0);
+        QCOMPARE(scene.Days(), QStringLiteral("18 19 20"));
+    }
+
+    void noVisibleColumn() {
+        Scene scene;
+        scene.model.SetVisibleColumns({});
+        scene.home.settings->listLayout = 3;
+        scene.Rebuild();
+        for (const int day : {18, 20, 19}) scene.Add(day);
+        scene.Deliver();
+        QCOMPARE(scene.Days(), QStringLiteral("18 20 19"));
+        scene.model.SortByHeader(1);
+        QCOMPARE(scene.Days(), QStringLiteral("18 20 19"));
+        QCOMPARE(scene.model.SortColumn(), 600);
+        QCOMPARE(scene.model.columnCount(), 1);
+    }
+
+    void addedRows_data() {
+        QTest::addColumn<bool>("resort");
+        QTest::addColumn<QString>("days");
+        QTest::newRow("find their place") << true << QStringLiteral("20 19 18 17");
+        QTest::newRow("stay at the end") << false << QStringLiteral("20 18 19 17");
+    }
+    void addedRows() {
+        QFETCH(bool, resort);
+        Scene scene;
+        scene.home.settings->resortOnChange = resort;
+        scene.Add(18);
+        scene.Add(20);
+        scene.Rebuild();
+        scene.Add(19);
+        scene.Add(17);
+        scene.Deliver();
+        QTEST(scene.Days(), "days");
+    }
+
+    void changedRows_data() {
+        QTest::addColumn<bool>("resort");
+        QTest::addColumn<QString>("days");
+        QTest::newRow("move to their place") << true << QStringLiteral("21 20 18");
+        QTest::newRow("stay where they are") << false << QStringLiteral("20 21 18");
+    }
+    void changedRows() {
+        QFETCH(bool, resort);
+        Scene scene;
+        scene.home.settings->resortOnChange = resort;
+        scene.Add(18);
+        scene.Add(20);
+        const QString id = scene.Add(19);
+        scene.Rebuild();
+        scene.Change(id, 21);
+        QTEST(scene.Days(), "days");
+        QCOMPARE(scene.model.RowsOf({id}).size(), 1U);
+    }
+
+    /// A row that moves takes selection and current row along.
+    void selectionGoesAlong() {
+        Scene scene;
+        scene.Add(18);
+        scene.Add(20);
+        const QString id = scene.Add(19);
+        scene.Rebuild();
+        QItemSelectionModel selection(&scene.model);
+        selection.select(scene.model.index(scene.model.RowsOf({id}).front(), 0),
+                         QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        scene.Change(id, 10);
+        QCOMPARE(selection.selectedRows().size(), 1);
+        QCOMPARE(scene.model.IdAt(selection.selectedRows().front().row()), id);
+        scene.model.SortByHeader(1);
+        QCOMPARE(scene.model.IdAt(selection.selectedRows().front().row()), id);
+    }
+
+    /// Equal durations contradict themselves; a changed row stays among its equals.
+    void equalDurationsDontJump() {
+        Scene scene;
+        QStringList ids;
+        for (int i = 0; i < 5; ++i) ids.append(scene.Add(10 + i, "09:00", "10:00"));
+        scene.home.settings->sortColumnTime = 1;
+        scene.home.settings->sortAscendingTime = false;
+        scene.Rebuild();
+        const QString id = scene.model.IdAt(2);
+        scene.Change(id, 25);
+        QCOMPARE(scene.model.IdAt(2), id);
+    }
+
+    void removedRows() {
+        Scene scene;
+        const QString gone = scene.Add(19);
+        scene.Add(18);
+        scene.Add(20);
+        scene.Rebuild();
+        scene.model.OnHint(Hint::AboutToGo, {gone});
+        QCOMPARE(scene.Days(), QStringLiteral("20 18"));
+        scene.model.OnHint(Hint::AboutToGo, {gone});
+        QCOMPARE(scene.model.rowCount(), 2);
+    }
+
+    /// Many at once, with rows between them that stay.
+    void removedManyRows() {
+        Scene scene;
+        QStringList gone;
+        for (int i = 0; i < 200; ++i) {
+            const QString id = scene.Add(1 + i % 28);
+            if (i % 2) gone.append(id);
+        }
+        scene.Rebuild();
+        scene.model.OnHint(Hint::AboutToGo, gone);
+        QCOMPARE(scene.model.rowCount(), 100);
+        for (const QString& id : scene.model.AllIds()) QVERIFY(!gone.contains(id));
+    }
+
+    void clearEmpties() {
+        Scene scene;
+        scene.Add(19);
+        scene.Rebuild();
+        scene.model.OnHint(Hint::Clear, {});
+        QCOMPARE(scene.model.rowCount(), 0);
+    }
+
+    /// The batch's records are gone from memory while their rows are still there: nothing dangles.
+    void changedBehindTheList() {
+        Scene scene;
+        const QString id = scene.Add(19);
+        scene.Rebuild();
+        CTRecord record;
+        record.Reset();
+        record.Copy(*scene.home.document->FindTime(id));
+        record.item1 = QStringLiteral("new");
+        QVERIFY(scene.home.document->ModifyRecord(record, id, false, false, true, true));
+        QVERIFY(scene.model.data(scene.model.index(0, 1)).toString().contains(QStringLiteral("new")));
+        scene.home.document->FlushPending(Hint::Changed);
+        QVERIFY(scene.home.document->DeleteRecord(RecordKind::Time, id, false));
+        QVERIFY(!scene.model.data(scene.model.index(0, 1)).isValid());
+    }
+
+    void timerHintsShowTheState() {
+        Scene scene;
+        const QString id = scene.Add(19);
+        scene.Rebuild();
+        const auto image = [&] {
+            return scene.model.data(scene.model.index(0, 0), CRecordListModel::ImageRole).toInt();
+        };
+        QCOMPARE(image(), 3);
+        QSignalSpy changed(&scene.model, &QAbstractItemModel::dataChanged);
+        scene.timers.Start(id, false, 0, 0, 0);
+        scene.model.OnHint(Hint::TimerStarted, {id});
+        QCOMPARE(image(), 5);
+        scene.timers.Pause(id);
+        scene.model.OnHint(Hint::TimerPaused, {id});
+        QCOMPARE(image(), 6);
+        scene.timers.Stop(id);
+        scene.model.OnHint(Hint::TimerStopped, {id});
+        QCOMPARE(image(), 3);
+        QCOMPARE(changed.count(), 3);
+    }
+
+    void cells() {
+        Scene scene;
+        scene.home.settings->listLayout = 3;
+        const QString id = scene.Add(19, "09:00", "17:00");
+        scene.Rebuild();
+        CRecordListModel& model = scene.model;
+        QCOMPARE(model.data(model.index(0, 1)).toString(), QStringLiteral("11/19/26"));
+        QCOMPARE(model.data(model.index(0, 2)).toString(), QStringLiteral("09:00 AM"));
+        QCOMPARE(model.data(model.index(0, 3)).toString(), QStringLiteral("8.0000"));
+        QCOMPARE(model.data(model.index(0, 4), CRecordListModel::ImageRole).toInt(), 0);
+        QCOMPARE(model.data(model.index(0, 4), Qt::AccessibleTextRole).toString(),
+                 QStringLiteral("Billable: no"));
+        QVERIFY(!model.data(model.index(0, 1), CRecordListModel::ImageRole).isValid());
+        QCOMPARE(model.data(model.index(0, 1), CRecordListModel::IdRole).toString(), id);
+        QCOMPARE(model.headerData(1, Qt::Horizontal).toString(), QStringLiteral("Date"));
+        QVERIFY(model.data(model.index(0, 3), Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
+        QCOMPARE(model.ModelColumnOf(Column::kDuration), 3);
+        scene.home.settings->listLayout = 2;
+        scene.Rebuild();
+        QCOMPARE(model.data(model.index(0, 1)).toString(), QStringLiteral("11/19/26"));
+    }
+
+    /// A filter keeps records out; a new record is shown whatever it says, until the next rebuild.
+    void filterAndAdd() {
+        Scene scene;
+        scene.Add(19);
+        scene.home.document->Filter().ApplyPreset(1, scene.home.document->PeriodNeeds());
+        scene.Rebuild();
+        QCOMPARE(scene.Days(), QStringLiteral("19"));
+        scene.Add(1);
+        scene.Deliver();
+        QCOMPARE(scene.Days(), QStringLiteral("19 1"));
+        scene.Rebuild();
+        QCOMPARE(scene.Days(), QStringLiteral("19"));
+    }
+
+    /// Sorting by each visible column, both ways, over records of all sorts neither crashes nor loses a row.
+    void sortByEverything() {
+        Scene scene;
+        scene.home.settings->listLayout = 3;
+        for (int i = 0; i < 60; ++i)
+            scene.Add(1 + i % 7, i % 3 ? "09:00" : "", i % 3 == 1 ? "10:00" : i % 3 == 2 ? "11:30" : "");
+        std::vector<int> all(17);
+        for (int column = 0; column < 17; ++column) all[static_cast<std::size_t>(column)] = column;
+        scene.model.SetVisibleColumns(all);
+        scene.Rebuild();
+        for (int position = 1; position <= 17; ++position)
+            for (int turn = 0; turn < 2; ++turn) {
+                scene.model.SortByHeader(position);
+                const QStringList ids = scene.model.AllIds();
+                QCOMPARE(QSet<QString>(ids.begin(), ids.end()).size(), 60);
+                scene.Add(3, "12:00", "13:00");
+                scene.Deliver();
+                scene.model.OnHint(Hint::AboutToGo, {scene.model.AllIds().last()});
+            }
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCRecordListModel)
+#include "TestCRecordListModel.moc"

@@ -1,0 +1,295 @@
+#include "timers/CTimerPanel.h"
+
+#include "TimerHome.h"
+#include "entry/TimeEntryRules.h"
+
+#include <QTest>
+
+namespace {
+
+/// A record dialog without widgets: edits a copy of a record, notes what the panel asks of it.
+class PanelScene {
+ public:
+    explicit PanelScene(TimerHome& timerHome, const QString& id) : home(timerHome) {
+        if (!home.store->ReadRecord(draft, id)) draft.SetId(id);
+        CTimerPanel::Dialog dialog;
+        dialog.setFromTimer = [this](int hours, int minutes, int seconds, bool fromTimer) {
+            shown.append(
+                QString::asprintf("%d:%02d:%02d%s", hours, minutes, seconds, fromTimer ? "" : " final"));
+            TimeEntryRules::SetFromTimer(draft, hours, minutes, fromTimer, *home.settings);
+        };
+        dialog.startTick = [this] {
+            if (tickError == 0) isTicking = true;
+            return tickError;
+        };
+        dialog.stopTick = [this] { isTicking = false; };
+        dialog.repaintButtons = [this] { ++repaints; };
+        panel = std::make_unique<CTimerPanel>(draft, *home.timers, *home.document, home.prompt, dialog);
+    }
+    /// "09:00 AM-09:30 AM 0:30" of the record being edited.
+    [[nodiscard]] QString DraftTimes() const {
+        return TimeTextOfRecord(draft, 3) + u'-' + TimeTextOfRecord(draft, 4) + u' ' +
+               draft.spans.duration.clockText;
+    }
+
+    TimerHome& home;
+    CTRecord draft;
+    QStringList shown;
+    int tickError = 0;
+    bool isTicking = false;
+    int repaints = 0;
+    std::unique_ptr<CTimerPanel> panel;
+};
+
+constexpr int kMinute = 60;
+
+}  // namespace
+
+/// The clock stands at 9:00 on 19 November 2026.
+class TestCTimerPanel : public QObject {
+    Q_OBJECT
+
+ private Q_SLOTS:
+    void Open_data();
+    void Open();
+    void OpenAfterTheClockWentBack();
+    void StartAndTick();
+    void StartGoesOnFromTheEditedDuration();
+    void StartOnARunningTimerDoesNothing();
+    void StartRunsTheActionOnOthers();
+    void FailedTick();
+    void Pause();
+    void Stop_data();
+    void Stop();
+    void WithoutATimer();
+    void CancelLeavesTheTimerRunning();
+    void StopThenCancelDropsTheCount();
+    void TimerOfANewRecordGoesWithIt();
+};
+
+void TestCTimerPanel::Open_data() {
+    QTest::addColumn<int>("state");
+    QTest::addColumn<QStringList>("shown");
+    QTest::addColumn<bool>("ticks");
+    QTest::addColumn<int>("repaints");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("no timer") << 4 << QStringList() << false << 0 << "--:--";
+    QTest::newRow("running") << 2 << QStringList{QStringLiteral("0:10:05")} << true << 1 << "00:10:05";
+    QTest::newRow("paused") << 1 << QStringList{QStringLiteral("0:00:00")} << false << 1 << "00:00:00";
+}
+
+void TestCTimerPanel::Open() {
+    QFETCH(int, state);
+    QFETCH(QStringList, shown);
+    QFETCH(bool, ticks);
+    QFETCH(int, repaints);
+    QFETCH(QString, text);
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
+    if (state != 4) QVERIFY(home.timers->StartRecordTimer(id));
+    if (state == 1) QVERIFY(home.timers->PauseRecordTimer(id));
+    home.clock.Advance(10 * kMinute + 5);
+    PanelScene scene(home, id);
+    scene.panel->PanelOpen();
+    QCOMPARE(scene.shown, shown);
+    QCOMPARE(scene.isTicking, ticks);
+    QCOMPARE(scene.repaints, repaints);
+    QCOMPARE(scene.panel->DurationText(), text);
+    QCOMPARE(static_cast<int>(scene.panel->State()), state);
+}
+
+void TestCTimerPanel::OpenAfterTheClockWentBack() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19);
+    QVERIFY(home.timers->StartRecordTimer(id));
+    home.clock.Advance(-kMinute);
+    PanelScene scene(home, id);
+    scene.panel->PanelOpen();
+    QCOMPARE(scene.shown, QStringList());
+    QVERIFY(!scene.isTicking);
+    QCOMPARE(scene.repaints, 1);
+}
+
+void TestCTimerPanel::StartAndTick() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
+    PanelScene scene(home, id);
+    home.views.seen.clear();
+    QVERIFY(scene.panel->PanelStart());
+    QVERIFY(scene.isTicking);
+    home.clock.Advance(90);
+    scene.panel->PanelTick();
+    QCOMPARE(scene.shown, (QStringList{QStringLiteral("0:00:00"), QStringLiteral("0:01:30")}));
+    QCOMPARE(scene.panel->DurationText(), QStringLiteral("00:01:30"));
+    QCOMPARE(scene.DraftTimes(), QStringLiteral("09:00 AM-09:01 AM 0:01"));
+    QCOMPARE(home.TimesOf(id), QStringLiteral("09:00 AM---:-- --:--"));
+    QCOMPARE(home.TimerHints(), QStringLiteral("3"));
+    QCOMPARE(home.StoredCountOf(id), QStringLiteral("00:00:00 running"));
+}
+
+void TestCTimerPanel::StartGoesOnFromTheEditedDuration() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19, QStringLiteral("08:00"), QStringLiteral("10:00"));
+    PanelScene scene(home, id);
+    scene.draft.SetDuration(1, 30, false);  // the stored record has 2:00
+    QVERIFY(scene.panel->PanelStart());
+    QCOMPARE(scene.shown, QStringList{QStringLiteral("1:30:00")});
+}
+
+void TestCTimerPanel::StartOnARunningTimerDoesNothing() {
+    TimerHome home;
+    const QString other = home.AddTime(2026, 11, 19);
+    const QString id = home.AddTime(2026, 11, 19);
+    QVERIFY(home.timers->StartRecordTimer(other));
+    QVERIFY(home.timers->StartRecordTimer(id));
+    home.settings->timerOnNewTimer = 2;
+    PanelScene scene(home, id);
+    home.views.seen.clear();
+    QVERIFY(scene.panel->PanelStart());
+    QCOMPARE(scene.repaints, 0);
+    QCOMPARE(home.TimerHints(), QString());
+    QCOMPARE(home.CountOf(other), QStringLiteral("00:00:00 running"));
+}
+
+void TestCTimerPanel::StartRunsTheActionOnOthers() {
+    TimerHome home;
+    home.settings->timerOnNewTimer = 1;
+    const QString other = home.AddTime(2026, 11, 19);
+    const QString id = home.AddTime(2026, 11, 19);
+    QVERIFY(home.timers->StartRecordTimer(other));
+    home.clock.Advance(5 * kMinute);
+    PanelScene scene(home, id);
+    QVERIFY(scene.panel->PanelStart());
+    QCOMPARE(home.CountOf(other), QStringLiteral("00:05:00 paused"));
+}
+
+void TestCTimerPanel::FailedTick() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19);
+    PanelScene scene(home, id);
+    scene.tickError = 8;
+    home.prompt.ExpectTold(Text::TickFailed);
+    home.views.seen.clear();
+    QVERIFY(!scene.panel->PanelStart());
+    QVERIFY2(home.prompt.told.last().contains(u'8'), qPrintable(home.prompt.told.last()));
+    QCOMPARE(home.CountOf(id), QStringLiteral("00:00:00 running"));
+    QCOMPARE(home.TimerHints(), QString());
+    home.prompt.ExpectTold(Text::TickFailed);
+    scene.panel->PanelOpen();
+}
+
+void TestCTimerPanel::Pause() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
+    PanelScene scene(home, id);
+    QVERIFY(scene.panel->PanelStart());
+    home.clock.Advance(12 * kMinute + 7);
+    home.views.seen.clear();
+    QVERIFY(scene.panel->PanelPause());
+    QVERIFY(!scene.isTicking);
+    QCOMPARE(scene.shown.last(), QStringLiteral("0:12:07"));
+    QCOMPARE(home.StoredCountOf(id), QStringLiteral("00:12:07 paused"));
+    QCOMPARE(home.TimerHints(), QStringLiteral("4"));
+    QVERIFY(scene.panel->PanelPause());
+    QCOMPARE(home.TimerHints(), QString());
+}
+
+void TestCTimerPanel::Stop_data() {
+    QTest::addColumn<bool>("pauseFirst");
+    QTest::addColumn<bool>("accumulate");
+    QTest::addColumn<int>("roundMinutes");
+    QTest::addColumn<QString>("times");
+    QTest::newRow("running") << false << false << 0 << "09:00 AM-09:34 AM 0:34";
+    QTest::newRow("paused") << true << false << 0 << "09:00 AM-09:34 AM 0:34";
+    QTest::newRow("rounded up to a quarter") << false << false << 15 << "09:00 AM-09:45 AM 0:45";
+    QTest::newRow("a count is never added to itself") << false << true << 0 << "09:00 AM-09:34 AM 0:34";
+}
+
+void TestCTimerPanel::Stop() {
+    QFETCH(bool, pauseFirst);
+    QFETCH(bool, accumulate);
+    QFETCH(int, roundMinutes);
+    QFETCH(QString, times);
+    TimerHome home;
+    home.settings->roundDurationType = 16;
+    home.settings->roundDurationMinutes = roundMinutes;
+    home.settings->accumulateOnReentry = accumulate;
+    const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
+    PanelScene scene(home, id);
+    QVERIFY(scene.panel->PanelStart());
+    home.clock.Advance(34 * kMinute + 50);
+    scene.panel->PanelTick();
+    if (pauseFirst) QVERIFY(scene.panel->PanelPause());
+    home.views.seen.clear();
+    QVERIFY(scene.panel->PanelStop());
+    QCOMPARE(scene.shown.last(), QStringLiteral("0:34:00 final"));
+    QVERIFY(!scene.isTicking);
+    QCOMPARE(scene.DraftTimes(), times);
+    QCOMPARE(home.TimerHints(), QStringLiteral("5"));
+    QCOMPARE(home.CountOf(id), QStringLiteral("none"));
+    QCOMPARE(home.StoredCountOf(id), QStringLiteral("none"));
+    QVERIFY(!scene.panel->PanelStop());
+}
+
+void TestCTimerPanel::WithoutATimer() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"), QStringLiteral("10:30"));
+    PanelScene scene(home, id);
+    home.views.seen.clear();
+    QVERIFY(!scene.panel->PanelPause());
+    QVERIFY(!scene.panel->PanelStop());
+    scene.panel->PanelTick();
+    scene.panel->PanelClose();
+    QCOMPARE(scene.shown, QStringList());
+    QCOMPARE(scene.repaints, 0);
+    QCOMPARE(home.TimerHints(), QString());
+    QCOMPARE(scene.panel->DurationText(), QStringLiteral("01:30"));
+}
+
+void TestCTimerPanel::CancelLeavesTheTimerRunning() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19);
+    QVERIFY(home.timers->StartRecordTimer(id));
+    PanelScene scene(home, id);
+    scene.panel->PanelOpen();
+    home.clock.Advance(kMinute);
+    scene.panel->PanelTick();
+    scene.panel->PanelClose();
+    QVERIFY(!scene.isTicking);
+    QCOMPARE(scene.shown.last(), QStringLiteral("0:01:00"));
+    QCOMPARE(home.CountOf(id), QStringLiteral("00:01:00 running"));
+    home.clock.Advance(kMinute);
+    home.timers->FoldAndStore();
+    QCOMPARE(home.CountOf(id), QStringLiteral("00:02:00 running"));
+}
+
+void TestCTimerPanel::StopThenCancelDropsTheCount() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
+    QVERIFY(home.timers->StartRecordTimer(id));
+    PanelScene scene(home, id);
+    scene.panel->PanelOpen();
+    home.clock.Advance(10 * kMinute);
+    QVERIFY(scene.panel->PanelStop());
+    scene.panel->PanelClose();
+    QCOMPARE(home.CountOf(id), QStringLiteral("none"));
+    QCOMPARE(home.TimesOf(id), QStringLiteral("09:00 AM---:-- --:--"));
+}
+
+void TestCTimerPanel::TimerOfANewRecordGoesWithIt() {
+    TimerHome home;
+    CVOId id;
+    id.GenUnique();
+    PanelScene scene(home, id.GetId());
+    QVERIFY(scene.panel->PanelStart());
+    QCOMPARE(home.StoredCountOf(id.GetId()), QStringLiteral("none"));
+    home.clock.Advance(kMinute);
+    QVERIFY(scene.panel->PanelPause());
+    QVERIFY(scene.panel->PanelStart());
+    QCOMPARE(home.CountOf(id.GetId()), QStringLiteral("00:01:00 running"));
+    home.timers->Drop(id.GetId());  // the dialog was cancelled
+    QCOMPARE(home.set->Count(), 0);
+}
+
+QTEST_GUILESS_MAIN(TestCTimerPanel)
+#include "TestCTimerPanel.moc"

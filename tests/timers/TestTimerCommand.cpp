@@ -1,0 +1,135 @@
+#include "timers/TimerCommand.h"
+
+#include "TimerHome.h"
+
+#include <QJsonArray>
+#include <QTest>
+
+/// Timer commands as console and window hand them over. The clock stands at 9:00 on 19 November 2026.
+class TestTimerCommand : public QObject {
+    Q_OBJECT
+
+ private Q_SLOTS:
+    void StartPauseStop();
+    void StopTakesTheTimeUntilNow();
+    void StatusFoldsAndStores();
+    void StopAllAndPauseAll();
+    void Refused_data();
+    void Refused();
+    void UnsavedTimersAreAnError();
+
+ private:
+    static QJsonObject Send(TimerHome& home, const QString& action, const QString& id = {}) {
+        return RunTimerCommand({{QStringLiteral("action"), action}, {QStringLiteral("id"), id}}, *home.timers,
+                               *home.document);
+    }
+    /// "running 60, paused 5" or "exit 4".
+    static QString Answer(TimerHome& home, const char* action, const QString& id = {}) {
+        const QJsonObject answer = Send(home, QString::fromLatin1(action), id);
+        if (!answer.value(QStringLiteral("ok")).toBool())
+            return QStringLiteral("exit %1").arg(answer.value(QStringLiteral("exit")).toInt());
+        QStringList timers;
+        for (const QJsonValue& timer : answer.value(QStringLiteral("timers")).toArray())
+            timers.append(
+                QStringLiteral("%1 %2").arg(timer[QStringLiteral("state")].toString(),
+                                            QString::number(timer[QStringLiteral("seconds")].toInt())));
+        return timers.join(QStringLiteral(", "));
+    }
+};
+
+void TestTimerCommand::StartPauseStop() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
+    QCOMPARE(Answer(home, "start", id), QStringLiteral("running 0"));
+    QCOMPARE(
+        Send(home, QStringLiteral("status"))[QStringLiteral("timers")][0][QStringLiteral("id")].toString(),
+        id);
+    home.clock.Advance(75);
+    QCOMPARE(Answer(home, "pause", id), QStringLiteral("paused 75"));
+    home.clock.Advance(1000);
+    QCOMPARE(Answer(home, "start", id), QStringLiteral("running 75"));
+    home.clock.Advance(60);
+    QCOMPARE(Answer(home, "stop", id), QString());
+    QCOMPARE(home.TimesOf(id), QStringLiteral("09:00 AM-09:02 AM 0:02"));
+}
+
+void TestTimerCommand::StopTakesTheTimeUntilNow() {
+    QString id;
+    TimerHome first;
+    id = first.AddTime(2026, 11, 19, QStringLiteral("09:00"));
+    QCOMPARE(Answer(first, "start", id), QStringLiteral("running 0"));
+    TimerHome later(first.Path());  // another run of the program
+    later.clock.Set(2026, 11, 19, 9, 30);
+    QVERIFY(later.timers->RestoreTimers());
+    QCOMPARE(Answer(later, "stop", id), QString());
+    QCOMPARE(later.TimesOf(id), QStringLiteral("09:00 AM-09:30 AM 0:30"));
+}
+
+void TestTimerCommand::StatusFoldsAndStores() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19);
+    QCOMPARE(Answer(home, "status"), QString());
+    QCOMPARE(Answer(home, "start", id), QStringLiteral("running 0"));
+    home.clock.Advance(3 * 3600 + 5);
+    QCOMPARE(Answer(home, "status"), QStringLiteral("running 10805"));
+    QCOMPARE(home.StoredCountOf(id), QStringLiteral("03:00:05 running"));
+}
+
+void TestTimerCommand::StopAllAndPauseAll() {
+    TimerHome home;
+    const QString first = home.AddTime(2026, 11, 19);
+    const QString second = home.AddTime(2026, 11, 19);
+    QCOMPARE(Answer(home, "start", first), QStringLiteral("running 0"));
+    home.clock.Advance(60);
+    QCOMPARE(Answer(home, "start", second), QStringLiteral("running 60, running 0"));
+    home.clock.Advance(60);
+    QCOMPARE(Answer(home, "pause-all"), QStringLiteral("paused 120, paused 60"));
+    QCOMPARE(Answer(home, "stop-all"), QString());
+    QCOMPARE(home.TimesOf(first), QStringLiteral("--:-----:-- 0:02"));
+    QCOMPARE(home.TimesOf(second), QStringLiteral("--:-----:-- 0:01"));
+    QCOMPARE(Answer(home, "stop-all"), QString());
+}
+
+void TestTimerCommand::Refused_data() {
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QString>("id");  // empty: a stored record without a timer
+    QTest::addColumn<int>("exitCode");
+    const QString unknown = QString(32, u'0');
+    QTest::newRow("start of an unknown record") << "start" << unknown << 4;
+    QTest::newRow("pause of an unknown record") << "pause" << unknown << 4;
+    QTest::newRow("stop of an unknown record") << "stop" << unknown << 4;
+    QTest::newRow("an identity that is none") << "stop"
+                                              << "x'; DROP TABLE time --" << 4;
+    QTest::newRow("pause without a timer") << "pause"
+                                           << "" << 1;
+    QTest::newRow("stop without a timer") << "stop"
+                                          << "" << 1;
+    QTest::newRow("an unknown action") << "reset %s %n"
+                                       << "" << 1;
+    QTest::newRow("no action") << ""
+                               << "" << 1;
+}
+
+void TestTimerCommand::Refused() {
+    QFETCH(QString, action);
+    QFETCH(QString, id);
+    QFETCH(int, exitCode);
+    TimerHome home;
+    const QString stored = home.AddTime(2026, 11, 19);
+    const QJsonObject answer = Send(home, action, id.isEmpty() ? stored : id);
+    QCOMPARE(answer.value(QStringLiteral("ok")).toBool(), false);
+    QCOMPARE(answer.value(QStringLiteral("exit")).toInt(), exitCode);
+    QVERIFY(!answer.value(QStringLiteral("error")).toString().isEmpty());
+    QCOMPARE(home.set->Count(), 0);
+}
+
+void TestTimerCommand::UnsavedTimersAreAnError() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19);
+    QVERIFY(home.tree.File().Execute("PRAGMA query_only=ON"));
+    QCOMPARE(Answer(home, "start", id), QStringLiteral("exit 1"));
+    QVERIFY(home.tree.File().Execute("PRAGMA query_only=OFF"));
+}
+
+QTEST_GUILESS_MAIN(TestTimerCommand)
+#include "TestTimerCommand.moc"
