@@ -2,9 +2,9 @@
 
 #include "lang/FormatText.h"
 
+#include <unistd.h>
 #include <cerrno>
 #include <cstring>
-#include <unistd.h>
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -194,8 +194,8 @@ constexpr TimeColumn kColumns[] = {
      FlagText<&CTRecord::isBilled>, CompareFlags<&CTRecord::isBilled>},
     {"isExported", Text::ColumnCaptionExported, false, false, FlagJson<&CTRecord::isExported>,
      FlagText<&CTRecord::isExported>, CompareFlags<&CTRecord::isExported>},
-    {"notes", Text::ColumnCaptionNotes, false, false, TextJson<&CTRecord::notes>,
-     PlainText<&CTRecord::notes>, CompareTexts<&CTRecord::notes>},
+    {"notes", Text::ColumnCaptionNotes, false, false, TextJson<&CTRecord::notes>, PlainText<&CTRecord::notes>,
+     CompareTexts<&CTRecord::notes>},
     {"timer", Text::CliTimer, true, false, TimerJson, TimerText, nullptr},
 };
 
@@ -206,8 +206,9 @@ std::span<const TimeColumn> TimeColumns() {
 }
 
 const TimeColumn* FindTimeColumn(const QString& name) {
-    const auto found = std::find_if(std::begin(kColumns), std::end(kColumns),
-                                    [&](const TimeColumn& column) { return name == QLatin1String(column.name); });
+    const auto found = std::find_if(std::begin(kColumns), std::end(kColumns), [&](const TimeColumn& column) {
+        return name == QLatin1String(column.name);
+    });
     return found == std::end(kColumns) ? nullptr : found;
 }
 

@@ -45,16 +45,22 @@ void TestBadInput::Usage_data() {
     QTest::newRow("what isn't offered") << u"expense add"_s << QByteArray("\"expense\" is no command");
     QTest::newRow("an unknown option") << u"time add --colour red"_s << QByteArray("\"--colour\"");
     QTest::newRow("a shortened option") << u"time add --not x"_s << QByteArray("\"--not\"");
-    QTest::newRow("an option without its value") << u"time add --notes"_s << QByteArray("--notes needs a value");
-    QTest::newRow("an option twice") << u"time add --notes a --notes b"_s << QByteArray("--notes is given twice");
+    QTest::newRow("an option without its value")
+        << u"time add --notes"_s << QByteArray("--notes needs a value");
+    QTest::newRow("an option twice") << u"time add --notes a --notes b"_s
+                                     << QByteArray("--notes is given twice");
     QTest::newRow("a flag with a value") << u"time new --timer=5"_s << QByteArray("--timer takes no value");
     QTest::newRow("neither yes nor no") << u"time add --billable perhaps"_s << QByteArray("\"perhaps\"");
     QTest::newRow("a word too many") << u"time list now"_s << QByteArray("\"now\"");
     QTest::newRow("no identity") << u"time show"_s << QByteArray("Something is missing: ID");
-    QTest::newRow("no value") << u"settings set confirmCopy"_s << QByteArray("Something is missing: NAME VALUE");
-    QTest::newRow("an option of another command") << u"time show X --limit 3"_s << QByteArray("can't be understood");
-    QTest::newRow("no such base") << u"time new --from tree"_s << QByteArray("--from blank or --from copy:ID");
-    QTest::newRow("stamped and successive") << u"time new --timestamp --successive X"_s << QByteArray("not both");
+    QTest::newRow("no value") << u"settings set confirmCopy"_s
+                              << QByteArray("Something is missing: NAME VALUE");
+    QTest::newRow("an option of another command")
+        << u"time show X --limit 3"_s << QByteArray("can't be understood");
+    QTest::newRow("no such base") << u"time new --from tree"_s
+                                  << QByteArray("--from blank or --from copy:ID");
+    QTest::newRow("stamped and successive")
+        << u"time new --timestamp --successive X"_s << QByteArray("not both");
     QTest::newRow("no such mark") << u"time mark X --as third"_s << QByteArray("first, first-second");
     QTest::newRow("no mark") << u"time mark X"_s << QByteArray("first, first-second");
     QTest::newRow("a negative rate") << u"time add --billable --rate -5"_s << QByteArray("\"-5\"");
@@ -82,7 +88,8 @@ void TestBadInput::HostileTexts_data() {
     QTest::newRow("an option") << u"--rate"_s;
     QTest::newRow("brackets, as the parser's lists") << u"[a,b]"_s;
     QTest::newRow("braces") << u"{}"_s;
-    QTest::newRow("umlauts, emoji, other scripts") << u"Übergröße 😀👩‍👩‍👧 日本語 العربية"_s;
+    QTest::newRow("umlauts, emoji, other scripts")
+        << u"Übergröße 😀👩‍👩‍👧 日本語 العربية"_s;
     QTest::newRow("a terminal's command") << u"\x1b]0;title\x07\x1b[31m"_s;
     QTest::newRow("only blanks") << u"   "_s;
     QTest::newRow("the word for any") << u"(any)"_s;
@@ -95,7 +102,8 @@ void TestBadInput::HostileTexts() {
     const QJsonObject stored = m_home->Show(id);
     QCOMPARE(stored[u"item1"].toString(), text);
     QCOMPARE(stored[u"notes"].toString(), text);
-    const QJsonObject list = m_home->RunJson({u"time"_s, u"list"_s, u"--item1"_s, text, u"--whole"_s}).Object();
+    const QJsonObject list =
+        m_home->RunJson({u"time"_s, u"list"_s, u"--item1"_s, text, u"--whole"_s}).Object();
     QCOMPARE(list[u"count"].toInt(), 1);
 }
 
@@ -115,14 +123,16 @@ void TestBadInput::LongTexts() {
     const QString text(length, u'ä');
     const Reply reply = m_home->RunJson({u"time"_s, u"add"_s, field, text});
     QTEST(reply.exit, "exit");
-    if (reply.exit == 0) QCOMPARE(m_home->Show(reply.Object()[u"id"].toString())[field.mid(2)].toString(), text);
+    if (reply.exit == 0)
+        QCOMPARE(m_home->Show(reply.Object()[u"id"].toString())[field.mid(2)].toString(), text);
     const int count = m_home->RunJson({u"time"_s, u"list"_s}).Object()[u"count"].toInt();
     QCOMPARE(count, reply.exit == 0 ? 1 : 0);
 }
 
 void TestBadInput::ControlsDontReachTheTerminal() {
     const QString id = m_home->Add({u"--item1"_s, u"a\x1b[31mb\x07\u202Ec"_s, u"--notes"_s, u"one\ntwo"_s});
-    for (const QStringList& words : {QStringList{u"time"_s, u"list"_s}, QStringList{u"time"_s, u"show"_s, id}}) {
+    for (const QStringList& words :
+         {QStringList{u"time"_s, u"list"_s}, QStringList{u"time"_s, u"show"_s, id}}) {
         const QByteArray out = m_home->Run(words).out;
         QVERIFY(!out.contains('\x1b') && !out.contains('\x07') && !out.contains("\u202E"));
     }
@@ -159,7 +169,8 @@ void TestBadInput::Home() {
 void TestBadInput::HomeFromTheEnvironment() {
     m_home->Add({});
     const QString variable = u"VELMARCH_HOME="_s + m_home->Path();
-    QCOMPARE(ConsoleHome::RunBare({u"--json"_s, u"time"_s, u"list"_s}, {variable}).Object()[u"count"].toInt(), 1);
+    QCOMPARE(ConsoleHome::RunBare({u"--json"_s, u"time"_s, u"list"_s}, {variable}).Object()[u"count"].toInt(),
+             1);
     const ConsoleHome other;
     QCOMPARE(ConsoleHome::RunBare({u"--home"_s, other.Path(), u"--json"_s, u"time"_s, u"list"_s}, {variable})
                  .Object()[u"count"]
@@ -184,7 +195,8 @@ void TestBadInput::ReadOnlyHome() {
     m_home->Add({});
     for (const QString& name : {u"velmarch.store"_s, u"velmarch.settings"_s})
         QVERIFY(QFile::setPermissions(m_home->File(name), QFile::ReadOwner));
-    if (QFileInfo(m_home->File(u"velmarch.store"_s)).isWritable()) QSKIP("an administrator may write everywhere");
+    if (QFileInfo(m_home->File(u"velmarch.store"_s)).isWritable())
+        QSKIP("an administrator may write everywhere");
     QCOMPARE(m_home->RunJson({u"time"_s, u"list"_s}).Object()[u"count"].toInt(), 1);
     const Reply reply = m_home->RunJson({u"time"_s, u"add"_s});
     QCOMPARE(reply.exit, 1);

@@ -9,8 +9,8 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-/// What the console program tells a running window and asks it for. The window is played by the test: it holds the
-/// home's mutex and notes what arrives.
+/// What the console program tells a running window and asks it for. The window is played by the test: it
+/// holds the home's mutex and notes what arrives.
 class TestBesideWindow : public QObject {
     Q_OBJECT
 
@@ -104,20 +104,22 @@ void TestBesideWindow::ChangesAreTold() {
     const QJsonObject told = Only(InstanceCommand::kSyncEnd);
     QCOMPARE(told[u"kind"].toString(), u"time"_s);
     const bool isOwn = command.contains(id) && command[1] != u"copy";
-    const QString changed = isOwn                       ? id
+    const QString changed = isOwn                    ? id
                             : reply.Json().isArray() ? reply.Array()[0].toString()
                                                      : reply.Object()[u"id"].toString();
     QCOMPARE(told[u"ids"].toArray(), QJsonArray{changed});
 }
 
 void TestBesideWindow::ManyChangesAreToldWithoutIdentities() {
-    QCOMPARE(m_home->Run({u"demo"_s, u"fill"_s, u"1200"_s}).exit, 0);
+    QCOMPARE(m_home->Run({u"demo"_s, u"fill"_s, u"2000"_s}).exit, 0);
     QStringList ids;
-    for (const QJsonValue& record : m_home->RunJson({u"time"_s, u"list"_s}).Object()[u"records"].toArray())
+    for (const QJsonValue& record :
+         m_home->RunJson({u"time"_s, u"list"_s, u"--exported"_s}).Object()[u"records"].toArray())
         ids.append(record[u"id"].toString());
+    QVERIFY(ids.size() > 1000);
     Listen(m_home->Path());
     const Reply reply =
-        m_home->RunJson(QStringList{u"--yes"_s, u"time"_s, u"mark"_s, u"--as"_s, u"exported"_s} + ids);
+        m_home->RunJson(QStringList{u"--yes"_s, u"time"_s, u"mark"_s, u"--as"_s, u"not-exported"_s} + ids);
     QCOMPARE(reply.Object()[u"changed"].toInt(), ids.size());
     QTRY_VERIFY(!m_heard.isEmpty());
     QVERIFY(!Only(InstanceCommand::kSyncEnd).contains(u"ids"_s));
@@ -127,8 +129,8 @@ void TestBesideWindow::ReadingTellsNothing() {
     const QString id = m_home->Add({});
     Listen(m_home->Path());
     for (const QStringList& words :
-         {QStringList{u"time"_s, u"list"_s}, QStringList{u"time"_s, u"show"_s, id}, QStringList{u"settings"_s, u"list"_s},
-          QStringList{u"day"_s, u"today"_s}, QStringList{u"doctor"_s}})
+         {QStringList{u"time"_s, u"list"_s}, QStringList{u"time"_s, u"show"_s, id},
+          QStringList{u"settings"_s, u"list"_s}, QStringList{u"day"_s, u"today"_s}, QStringList{u"doctor"_s}})
         QCOMPARE(m_home->Run(words).exit, 0);
     QTest::qWait(100);
     QVERIFY(m_heard.isEmpty());
@@ -220,7 +222,8 @@ void TestBesideWindow::AMuteWindow() {
     QFETCH(QStringList, command);
     const QString id = m_home->Add({});
     m_home->Run({u"timer"_s, u"start"_s, id});
-    QCOMPARE(m_mutex->Take(QString::fromLatin1(CVelmarchApp::kMutexName), m_home->Path()), CInstance::Outcome::Taken);
+    QCOMPARE(m_mutex->Take(QString::fromLatin1(CVelmarchApp::kMutexName), m_home->Path()),
+             CInstance::Outcome::Taken);
     command.replaceInStrings(u"%1"_s, id);
     const Reply reply = m_home->RunJson(QStringList(u"--yes"_s) + command);
     QTEST(reply.exit, "exit");
@@ -234,12 +237,14 @@ void TestBesideWindow::AMuteWindow() {
 
 void TestBesideWindow::AWindowThatIsStillStarting() {
     const QString id = m_home->Add({});
-    QCOMPARE(m_mutex->Take(QString::fromLatin1(CVelmarchApp::kMutexName), m_home->Path()), CInstance::Outcome::Taken);
+    QCOMPARE(m_mutex->Take(QString::fromLatin1(CVelmarchApp::kMutexName), m_home->Path()),
+             CInstance::Outcome::Taken);
     QTimer::singleShot(700, this, [this] {
-        QVERIFY(m_server->Listen(m_home->Path(), LoadText(Text::ProgramTitle), [this](int command, const QJsonObject& a) {
-            m_heard.append({command, a});
-            return m_answer;
-        }));
+        QVERIFY(m_server->Listen(m_home->Path(), LoadText(Text::ProgramTitle),
+                                 [this](int command, const QJsonObject& a) {
+                                     m_heard.append({command, a});
+                                     return m_answer;
+                                 }));
     });
     QCOMPARE(m_home->RunJson({u"timer"_s, u"start"_s, id}).exit, 0);
     QCOMPARE(m_heard.size(), 1);

@@ -50,12 +50,14 @@ void TestOtherCommands::Day_data() {
     QTest::addColumn<QByteArray>("written");
     QTest::newRow("a Thursday in November")
         << u"2026-11-19"_s
-        << QByteArray(R"({"date": "2026-11-19", "dayNumber": 2461364, "dayOfYear": 323, "weekday": "Thursday", )"
-                      R"("weeks": {"iso": 47, "simple": 47, "firstSunday": 47, "firstMonday": 47}})");
+        << QByteArray(
+               R"({"date": "2026-11-19", "dayNumber": 2461364, "dayOfYear": 323, "weekday": "Thursday", )"
+               R"("weeks": {"iso": 47, "simple": 47, "firstSunday": 47, "firstMonday": 47}})");
     QTest::newRow("New Year's Day in the last week of the year before")
         << u"2005-01-01"_s
-        << QByteArray(R"({"date": "2005-01-01", "dayNumber": 2453372, "dayOfYear": 1, "weekday": "Saturday", )"
-                      R"("weeks": {"iso": 53, "simple": 1, "firstSunday": 1, "firstMonday": 1}})");
+        << QByteArray(
+               R"({"date": "2005-01-01", "dayNumber": 2453372, "dayOfYear": 1, "weekday": "Saturday", )"
+               R"("weeks": {"iso": 53, "simple": 1, "firstSunday": 1, "firstMonday": 1}})");
     QTest::newRow("the day that counts as the first")
         << u"2000-12-31"_s
         << QByteArray(R"({"date": "2000-12-31", "dayNumber": 2451910, "dayOfYear": 1, "weekday": "Sunday", )"
@@ -70,7 +72,8 @@ void TestOtherCommands::Day() {
 }
 
 void TestOtherCommands::DayInTheRegion() {
-    const Reply german = ConsoleHome::RunBare({u"--json"_s, u"day"_s, u"19.11.26"_s}, {u"LC_ALL=de_DE.UTF-8"_s});
+    const Reply german =
+        ConsoleHome::RunBare({u"--json"_s, u"day"_s, u"19.11.26"_s}, {u"LC_ALL=de_DE.UTF-8"_s});
     QCOMPARE(german.Object()[u"date"].toString(), u"2026-11-19"_s);
     QCOMPARE(ConsoleHome::RunBare({u"day"_s, u"19.11.26"_s}, {u"LC_ALL=en_US.UTF-8"_s}).exit, 2);
     QCOMPARE(ConsoleHome::RunBare({u"--json"_s, u"day"_s, u"today"_s}).Object()[u"date"].toString(),
@@ -88,12 +91,15 @@ void TestOtherCommands::PeriodList() {
 
 void TestOtherCommands::PeriodShow() {
     const int year = QDate::currentDate().year();
-    QCOMPARE(m_home->RunJson({u"period"_s, u"show"_s, u"23"_s}).out,
-             QStringLiteral("{\"preset\": 23, \"name\": \"Last year\", \"start\": \"%1-01-01\", \"end\": \"%1-12-31\"}\n")
-                 .arg(year - 1)
-                 .toUtf8());
-    QCOMPARE(m_home->RunJson({u"period"_s, u"show"_s, u"20"_s}).out,
-             QByteArray("{\"preset\": 20, \"name\": \"Last month to date\", \"start\": null, \"end\": null}\n"));
+    QCOMPARE(
+        m_home->RunJson({u"period"_s, u"show"_s, u"23"_s}).out,
+        QStringLiteral(
+            "{\"preset\": 23, \"name\": \"Last year\", \"start\": \"%1-01-01\", \"end\": \"%1-12-31\"}\n")
+            .arg(year - 1)
+            .toUtf8());
+    QCOMPARE(
+        m_home->RunJson({u"period"_s, u"show"_s, u"20"_s}).out,
+        QByteArray("{\"preset\": 20, \"name\": \"Last month to date\", \"start\": null, \"end\": null}\n"));
     for (const QString& id : {u"0"_s, u"5"_s, u"6"_s, u"7"_s, u"30"_s, u"-1"_s, u"x"_s})
         QVERIFY2(m_home->RunJson({u"period"_s, u"show"_s, id}).exit != 0, qPrintable(id));
 }
@@ -187,7 +193,8 @@ void TestOtherCommands::DoctorOnBadRecords_data() {
     QTest::addColumn<QByteArray>("sql");
     QTest::addColumn<QByteArray>("words");
     QTest::newRow("a month 13") << QByteArray("UPDATE time_velmarch SET month=13") << QByteArray("dates");
-    QTest::newRow("a 31 April") << QByteArray("UPDATE time_velmarch SET month=4, day=31") << QByteArray("dates");
+    QTest::newRow("a 31 April") << QByteArray("UPDATE time_velmarch SET month=4, day=31")
+                                << QByteArray("dates");
     QTest::newRow("a year 26") << QByteArray("UPDATE time_velmarch SET year=26") << QByteArray("dates");
     QTest::newRow("an identity that is none")
         << QByteArray("UPDATE time_velmarch SET identity='xyz'") << QByteArray("identities");
@@ -262,7 +269,8 @@ void TestOtherCommands::Help_data() {
     QTest::newRow("of a group") << QStringList{u"timer"_s, u"--help"_s} << QByteArray("timer COMMAND\n");
     QTest::newRow("of a command") << QStringList{u"time"_s, u"mark"_s, u"--help"_s}
                                   << QByteArray("time mark ID... [OPTIONS]\n");
-    QTest::newRow("of a group that is a command") << QStringList{u"day"_s, u"--help"_s} << QByteArray("day DATE\n");
+    QTest::newRow("of a group that is a command")
+        << QStringList{u"day"_s, u"--help"_s} << QByteArray("day DATE\n");
 }
 
 void TestOtherCommands::Help() {
