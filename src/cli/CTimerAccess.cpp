@@ -80,7 +80,10 @@ CTimerAccess::Changed CTimerAccess::ChangeHere(const std::function<bool()>& work
         isOwned = m_window.IsThere();  // looked at inside the change: a window that starts now reads after it
         if (isOwned) return false;
         Read();
-        return work() && m_timers.StoreTimers();  // costs nothing where the work has stored them
+        const bool hadTimers = m_set.Count() > 0;
+        if (!work()) return false;
+        // The work has stored what it changed; storing it again only tells whether that succeeded.
+        return (!hadTimers && m_set.Count() == 0) || m_timers.StoreTimers();
     });
     if (isOwned) return Changed::WindowOwns;
     return isDone ? Changed::Done : Changed::Failed;

@@ -65,10 +65,14 @@ void WriteDayLines(COutput& out, const DateTimeVal& day, int dayNumber) {
 
 }  // namespace
 
+bool SetsDays(const PeriodFilter& period) {
+    return period.isEnabled && period.startText != LoadText(Text::AnyWord);
+}
+
 void WritePeriodOf(CJsonText& json, const PeriodFilter& filter, const PeriodSurroundings& around) {
     if (!filter.isEnabled) return json.Null();
     DateTimeVal start, end;
-    const bool hasDates = filter.Dates(start, end, around);
+    const bool hasDates = SetsDays(filter) && filter.Dates(start, end, around);
     json.BeginObject();
     json.Key("preset");
     json.Integer(filter.preset);
@@ -130,7 +134,7 @@ ExitCode ShowPeriod(const CArguments& arguments, Console& console, const CCfgSto
         return ExitCode::Done;
     }
     DateTimeVal start, end;
-    const bool hasDates = period.Dates(start, end, around);
+    const bool hasDates = SetsDays(period) && period.Dates(start, end, around);
     console.out.PutLine(hasDates
                             ? FormatText<Text::CliPeriodLine>(period.displayName, IsoText(start), IsoText(end))
                             : FormatText<Text::CliPeriodWithoutDays>(period.displayName));

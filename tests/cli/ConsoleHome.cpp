@@ -1,0 +1,64 @@
+#include "ConsoleHome.h"
+
+#include <QEventLoop>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QTimer>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int kPatienceMs = 60000;
+const QString kProgram = QStringLiteral(TEST_BIN_DIR "/velmarch-cli");
+
+Reply RunProgram(const QString& program, const QStringList& arguments, const QStringList& environment) {
+    QProcess process;
+    QProcessEnvironment surroundings = QProcessEnvironment::systemEnvironment();
+    for (const QString& variable : environment)
+        surroundings.insert(variable.section(u'=', 0, 0), variable.section(u'=', 1));
+    process.setProcessEnvironment(surroundings);
+    process.setStandardInputFile(QProcess::nullDevice());
+    QEventLoop loop;
+    QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
+    QObject::connect(&process, &QProcess::errorOccurred, &loop, &QEventLoop::quit);
+    QTimer::singleShot(kPatienceMs, &loop, &QEventLoop::quit);
+    process.start(program, arguments);
+    loop.exec();
+    const bool isDone = process.state() == QProcess::NotRunning && process.exitStatus() == QProcess::NormalExit &&
+                        process.error() == QProcess::UnknownError;
+    return {isDone ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+}  // namespace
+
+Reply ConsoleHome::Run(const QStringList& arguments) const {
+    return RunBare(QStringList{u"--home"_s, Path()} + arguments);
+}
+
+Reply ConsoleHome::RunBare(const QStringList& arguments, const QStringList& environment) {
+    return RunProgram(kProgram, arguments, environment);
+}
+
+Reply ConsoleHome::RunShell(const QString& line) const {
+    const QString cli = u"cli='%1 --home %2'; "_s.arg(kProgram, Path());
+    return RunProgram(u"/bin/bash"_s, {u"-c"_s, cli + line}, {});
+}
+
+QString ConsoleHome::Add(const QStringList& fields) const {
+    return RunJson(QStringList{u"time"_s, u"add"_s} + fields).Object()[u"id"].toString();
+}
+
+QJsonObject ConsoleHome::Show(const QString& id) const {
+    return RunJson({u"time"_s, u"show"_s, id}).Object();
+}
+
+QJsonObject Only(const QJsonObject& object, const QStringList& names) {
+    QJsonObject some;
+    for (const QString& name : names) some.insert(name, object[name]);
+    return some;
+}
+
+QJsonObject FromText(const QString& text) {
+    return QJsonDocument::fromJson(QString(text).replace(u'\'', u'"').toUtf8()).object();
+}

@@ -1,0 +1,128 @@
+#include "ConsoleHome.h"
+
+#include <QTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+/// The timers of a home without a window. The clock is the machine's, so what has passed is stated in bounds.
+class TestTimerCommands : public QObject {
+    Q_OBJECT
+
+ private Q_SLOTS:
+    void init() { m_home = std::make_unique<ConsoleHome>(); }
+    void StartPauseStop();
+    void StopWritesTheDuration();
+    void ShowFoldsTheCount();
+    void StopAllAndPauseAll();
+    void ANewTimerPausesTheOthers();
+    void Drop();
+    void Refused_data();
+    void Refused();
+    void StatusOfNone();
+
+ private:
+    Reply Timer(const QStringList& words) const { return m_home->RunJson(QStringList(u"timer"_s) + words); }
+    std::unique_ptr<ConsoleHome> m_home;
+};
+
+void TestTimerCommands::StartPauseStop() {
+    const QString id = m_home->Add({});
+    const Reply started = Timer({u"start"_s, id});
+    QCOMPARE(started.exit, 0);
+    QVERIFY2(started.out.startsWith("[{\"id\": \"" + id.toLatin1() + "\", \"state\": \"running\", \"seconds\": "),
+             started.out.constData());
+    QCOMPARE(Timer({u"pause"_s, id}).Array()[0][u"state"].toString(), u"paused"_s);
+    QCOMPARE(m_home->Show(id)[u"timer"][u"state"].toString(), u"paused"_s);
+    QCOMPARE(Timer({u"start"_s, id}).Array()[0][u"state"].toString(), u"running"_s);
+    const Reply stopped = Timer({u"stop"_s, id});
+    QCOMPARE(stopped.exit, 0);
+    QCOMPARE(stopped.Object()[u"id"].toString(), id);
+    QVERIFY(stopped.Object()[u"timer"].isNull());
+    QCOMPARE(Timer({u"status"_s}).Array(), QJsonArray());
+}
+
+void TestTimerCommands::StopWritesTheDuration() {
+    const QString id = m_home->Add({u"--start"_s, u"9:00"_s, u"--duration"_s, u"1:30"_s});
+    Timer({u"start"_s, id});
+    QVERIFY(m_home->Show(id)[u"timer"][u"seconds"].toInt() >= 90 * 60);
+    const QJsonObject stopped = Timer({u"stop"_s, id}).Object();
+    QCOMPARE(Only(stopped, {u"start"_s, u"end"_s, u"duration"_s}),
+             FromText(u"{'start': '09:00', 'end': '10:30', 'duration': 90}"_s));
+}
+
+void TestTimerCommands::ShowFoldsTheCount() {
+    const QString id = m_home->Add({});
+    Timer({u"start"_s, id});
+    QTest::qWait(2100);
+    const int shown = m_home->Show(id)[u"timer"][u"seconds"].toInt();
+    QVERIFY2(shown >= 2 && shown < 60, QByteArray::number(shown).constData());
+    const int listed =
+        m_home->RunJson({u"time"_s, u"list"_s}).Object()[u"records"][0][u"timer"][u"seconds"].toInt();
+    QVERIFY(listed >= shown);
+    QVERIFY(Timer({u"pause"_s, id}).Array()[0][u"seconds"].toInt() >= listed);
+}
+
+void TestTimerCommands::StopAllAndPauseAll() {
+    const QString a = m_home->Add({}), b = m_home->Add({});
+    Timer({u"start"_s, a});
+    Timer({u"start"_s, b});
+    const QJsonArray paused = Timer({u"pause-all"_s}).Array();
+    QCOMPARE(paused.size(), 2);
+    QCOMPARE(paused[0][u"state"].toString(), u"paused"_s);
+    QCOMPARE(paused[1][u"state"].toString(), u"paused"_s);
+    QCOMPARE(Timer({u"stop-all"_s}).Array(), QJsonArray());
+    QCOMPARE(m_home->Show(a)[u"duration"].toInt(-1), 0);
+    QCOMPARE(m_home->Show(b)[u"duration"].toInt(-1), 0);
+}
+
+void TestTimerCommands::ANewTimerPausesTheOthers() {
+    m_home->Run({u"settings"_s, u"set"_s, u"timerOnNewTimer"_s, u"1"_s});
+    const QString a = m_home->Add({}), b = m_home->Add({});
+    Timer({u"start"_s, a});
+    const QJsonArray timers = Timer({u"start"_s, b}).Array();
+    QCOMPARE(timers[0][u"state"].toString(), u"paused"_s);
+    QCOMPARE(timers[1][u"state"].toString(), u"running"_s);
+    const QJsonObject made = m_home->RunJson({u"time"_s, u"new"_s, u"--timer"_s}).Object();
+    QCOMPARE(made[u"timer"][u"state"].toString(), u"running"_s);
+    QCOMPARE(Timer({u"status"_s}).Array()[1][u"state"].toString(), u"paused"_s);
+}
+
+void TestTimerCommands::Drop() {
+    const QString id = m_home->Add({});
+    Timer({u"start"_s, id});
+    QCOMPARE(Timer({u"drop"_s, id}).Array(), QJsonArray());
+    QVERIFY(m_home->Show(id)[u"duration"].isNull());
+    QCOMPARE(Timer({u"drop"_s, id}).exit, 4);
+}
+
+void TestTimerCommands::Refused_data() {
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("id");  // empty: of a record without a timer
+    QTest::addColumn<int>("exit");
+    const QString unknown = u"00000000000000000000000000000000"_s;
+    QTest::newRow("start of an unknown record") << u"start"_s << unknown << 4;
+    QTest::newRow("pause of an unknown record") << u"pause"_s << unknown << 4;
+    QTest::newRow("stop of an unknown record") << u"stop"_s << unknown << 4;
+    QTest::newRow("start of no identity") << u"start"_s << u"'; DROP TABLE time_velmarch; --"_s << 4;
+    QTest::newRow("pause without a timer") << u"pause"_s << QString() << 1;
+    QTest::newRow("stop without a timer") << u"stop"_s << QString() << 1;
+}
+
+void TestTimerCommands::Refused() {
+    QFETCH(QString, command);
+    QFETCH(QString, id);
+    const Reply reply = Timer({command, id.isEmpty() ? m_home->Add({}) : id});
+    QTEST(reply.exit, "exit");
+    QVERIFY(reply.out.isEmpty());
+    QVERIFY(!reply.err.isEmpty());
+}
+
+void TestTimerCommands::StatusOfNone() {
+    QCOMPARE(Timer({u"status"_s}).out, QByteArray("[]\n"));
+    QCOMPARE(m_home->Run({u"timer"_s, u"status"_s}).out, QByteArray("No timers.\n"));
+    QCOMPARE(Timer({u"stop-all"_s}).exit, 0);
+    QCOMPARE(Timer({u"pause-all"_s}).exit, 0);
+}
+
+QTEST_GUILESS_MAIN(TestTimerCommands)
+#include "TestTimerCommands.moc"
