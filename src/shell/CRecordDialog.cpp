@@ -60,6 +60,7 @@ void CRecordDialog::BuildPages() {
     m_pages->addTab(m_entry, entry);
     m_pages->addTab(m_notes, notes);
     column->addWidget(m_timer);
+    column->addSpacing(kFormSpace);
     column->addWidget(buttons);
 }
 

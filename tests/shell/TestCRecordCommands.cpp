@@ -39,6 +39,8 @@ struct Scene {
     Scene() {
         for (int day = 17; day < 20; ++day)
             ids.append(home.AddTime(2026, 11, day, QStringLiteral("09:00"), QStringLiteral("10:00")));
+        home.document->LoadRecords(RecordKind::Time);
+        home.document->BuildVisible();
         home.views.seen.clear();
     }
     [[nodiscard]] QList<int> Hints() const {

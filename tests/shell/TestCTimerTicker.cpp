@@ -17,9 +17,9 @@ struct Scene {
     std::pair<int, int> sight{0, 9};
     CTimerTicker ticker{timers, model, [this] { return sight; }};
 
-    /// A hundred records; row 3 and row 50 have a running timer.
+    /// Sixty records; row 3 and row 50 have a running timer.
     Scene() {
-        for (int i = 0; i < 100; ++i) home.AddTime(2026, 11, 19);
+        for (int i = 0; i < 60; ++i) home.AddTime(2026, 11, 19);
         home.settings->listLayout = 3;
         home.document->BuildVisible();
         model.Rebuild();
@@ -60,7 +60,7 @@ class TestCTimerTicker final : public QObject {
 
     void noTimerInSight() {
         Scene scene;
-        scene.sight = {60, 80};
+        scene.sight = {20, 40};
         QSignalSpy changed(&scene.model, &QAbstractItemModel::dataChanged);
         scene.ticker.Tick();
         QVERIFY(changed.isEmpty());

@@ -72,7 +72,7 @@ class TestRowCompare final : public QObject {
         row("two records without a date are equal", 0, "", "", 0, 0);
         row("no date before a date, turned by the direction", 0, "", "date 2026-11-19", -1, 1);
         row("a date behind no date", 0, "date 2026-11-19", "", 1, -1);
-        row("an impossible date counts as none", 0, "date 2026-2-31", "date 2026-1-1", -1, 1);
+        row("a month 13 counts as none", 0, "date 2026-13-1", "date 2026-1-1", -1, 1);
         row("the earlier day first", 0, "date 2026-11-18", "date 2026-11-19", -1, 1);
         row("year before month before day", 0, "date 2025-12-31", "date 2026-1-1", -1, 1);
         row("the same day by start time", 0, "date 2026-11-19; start 8:00", "date 2026-11-19; start 9:00", -1,
