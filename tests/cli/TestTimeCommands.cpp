@@ -29,6 +29,8 @@ class TestTimeCommands : public QObject {
     void DeleteTakesTheTimer();
     void DeleteOfAnUnknownDeletesNothing();
     void DeleteAsks();
+    void DeleteAsksOnATerminal_data();
+    void DeleteAsksOnATerminal();
     void Copy();
     void Mark_data();
     void Mark();
@@ -268,6 +270,27 @@ void TestTimeCommands::DeleteAsks() {
     QCOMPARE(m_home->Run({u"time"_s, u"show"_s, id}).exit, 0);
     m_home->Run({u"settings"_s, u"set"_s, u"confirmDelete"_s, u"0"_s});
     QCOMPARE(m_home->RunJson({u"time"_s, u"delete"_s, id}).Object(), FromText(u"{'deleted': 1}"_s));
+}
+
+void TestTimeCommands::DeleteAsksOnATerminal_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("deleted");
+    QTest::newRow("yes") << u"yes"_s << 1;
+    QTest::newRow("the first letter") << u"Y"_s << 1;
+    QTest::newRow("no") << u"no"_s << 0;
+    QTest::newRow("something else") << u"yesterday"_s << 0;
+    QTest::newRow("nothing") << QString() << 0;
+}
+
+void TestTimeCommands::DeleteAsksOnATerminal() {
+    QFETCH(QString, typed);
+    QFETCH(int, deleted);
+    const QString id = m_home->Add({});
+    const Reply reply =
+        m_home->RunShell(u"echo '%1' | script -qec \"$cli time delete %2\" /dev/null"_s.arg(typed, id));
+    QVERIFY2(reply.out.contains("Delete the selected records?"), reply.out.constData());
+    QVERIFY2(reply.out.contains("Deleted: " + QByteArray::number(deleted)), reply.out.constData());
+    QCOMPARE(m_home->RunJson({u"time"_s, u"list"_s}).Object()[u"count"].toInt(), 1 - deleted);
 }
 
 void TestTimeCommands::Copy() {
