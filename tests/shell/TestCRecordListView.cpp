@@ -201,7 +201,8 @@ class TestCRecordListView final : public QObject {
         QCOMPARE(lines.RowHeight(QFontMetrics(small)), 48);
         QFont large = small;
         large.setPixelSize(40);
-        QCOMPARE(lines.RowHeight(QFontMetrics(large)), 3 * QFontMetrics(large).height());
+        QCOMPARE(lines.RowHeight(QFontMetrics(large)),
+                 3 * QFontMetrics(large).size(Qt::TextSingleLine, u"x"_s).height());
         lines.SetLines({});
         QCOMPARE(lines.RowHeight(QFontMetrics(small)), 16);
     }
