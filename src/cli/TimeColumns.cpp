@@ -7,6 +7,8 @@
 #include "platform/CRegionalInfo.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <tuple>
 
 using namespace Qt::Literals::StringLiterals;
@@ -224,5 +226,7 @@ int CompareDays(const CTRecord& a, const CTRecord& b) {
 }
 
 QString IsoDate(int year, int month, int day) {
-    return Digits(year, 4) + u'-' + Digits(month, 2) + u'-' + Digits(day, 2);
+    std::array<char, 48> text{};  // a list asks for this in each line
+    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d", year, month, day);
+    return QString::fromLatin1(text.data());
 }
