@@ -13,7 +13,6 @@
 namespace {
 
 constexpr int kGap = 2;
-constexpr int kMargin = 4;
 constexpr int kLargeImage = 32;
 
 bool IsSelected(const QStyleOptionViewItem& option) {
@@ -159,7 +158,7 @@ void CRecordDelegate::PaintGridLine(QPainter& painter, const QRect& row) const {
     pen.setStyle(static_cast<Qt::PenStyle>(style + static_cast<int>(Qt::SolidLine)));
     pen.setCapStyle(Qt::FlatCap);
     painter.setPen(pen);
-    painter.drawLine(row.bottomLeft(), row.bottomRight());
+    painter.drawLine(row.left(), row.bottom(), row.right() + 1, row.bottom());
 }
 
 bool CRecordDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,

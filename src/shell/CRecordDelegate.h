@@ -26,6 +26,8 @@ class CRecordDelegate : public QStyledItemDelegate {
 
     /// Pictures are 16 pixels wide; so is the check box at the left edge of a row.
     static constexpr int kImage = 16;
+    /// Left and right of a text in a cell.
+    static constexpr int kMargin = 4;
 
  protected:
     /// The content of a cell behind the state column.

@@ -1,7 +1,7 @@
 #include "shell/CRecordListView.h"
 
 #include "config/CCfgStore.h"
-#include "lang/LoadText.h"
+#include "lang/FormatText.h"
 #include "shell/CRecordLineDelegate.h"
 #include "shell/core/CRecordListModel.h"
 #include "shell/core/ColumnDefaults.h"
@@ -103,8 +103,16 @@ void CRecordListView::ApplyWidths() {
     for (int section = 1; section < m_model.columnCount(); ++section) {
         const int column = m_model.VisibleColumns()[static_cast<std::size_t>(section - 1)];
         const int width = ColumnDefaults()[static_cast<std::size_t>(column)].width;
-        header.resizeSection(section, static_cast<int>(width * scale));
+        // Room for the caption, and for a running count.
+        const int least =
+            std::max(header.sectionSizeHint(section), column == Column::kDuration ? CountWidth() : 0);
+        header.resizeSection(section, std::max(static_cast<int>(width * scale), least));
     }
+}
+
+int CRecordListView::CountWidth() const {
+    return fontMetrics().horizontalAdvance(FormatText<Text::TimerCount>(0, 0, 0)) +
+           2 * CRecordDelegate::kMargin + 2;
 }
 
 QByteArray CRecordListView::CaptureWidths() {

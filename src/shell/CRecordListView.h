@@ -55,6 +55,7 @@ class CRecordListView final : public QTableView {
     [[nodiscard]] bool IsOnCheckBox(const QPoint& at) const;
     void ApplyFont();
     void ApplyWidths();
+    [[nodiscard]] int CountWidth() const;
     void ToggleRow(int row);
 
     CRecordListModel& m_model;

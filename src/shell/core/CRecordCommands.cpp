@@ -42,20 +42,21 @@ bool CTRecord::*FlagOfMark(int code) {
 
 }  // namespace
 
-bool CRecordCommands::Confirmed(Text question, Text title, Text action) const {
-    return m_around.prompt.Ask({.textId = static_cast<int>(question),
-                                .title = LoadText(title),
-                                .text = LoadText(question),
-                                .icon = BoxIcon::Warning,
-                                .buttons = Buttons::YesNo,
-                                .defaultAnswer = Answer::No,
-                                .actionLabel = LoadText(action)}) == Answer::Yes;
+bool CRecordCommands::Confirmed(Text question, Text title, qsizetype records) const {
+    return m_around.prompt.Ask(
+               {.textId = static_cast<int>(question),
+                .title = LoadText(title),
+                .text = FormatText<Text::QuestionWithNumber>(LoadText(question), static_cast<int>(records)),
+                .icon = BoxIcon::Warning,
+                .buttons = Buttons::YesNo,
+                .defaultAnswer = Answer::No,
+                .actionLabel = LoadText(title)}) == Answer::Yes;
 }
 
 void CRecordCommands::Delete(const QStringList& ids, bool ask) {
     if (ids.isEmpty()) return;
     if (ask && m_around.settings.confirmDelete &&
-        !Confirmed(Text::AskDeleteRecords, Text::AskDeleteTitle, Text::AskDeleteTitle))
+        !Confirmed(Text::AskDeleteRecords, Text::AskDeleteTitle, ids.size()))
         return;
     m_around.document.NotifyViews(Hint::AboutToGo, ids);
     const int done =
@@ -74,8 +75,7 @@ bool CRecordCommands::DeleteOne(const QString& id) {
 
 void CRecordCommands::Copy(const QStringList& ids) {
     if (ids.isEmpty()) return;
-    if (m_around.settings.confirmCopy &&
-        !Confirmed(Text::AskCopyRecords, Text::AskCopyTitle, Text::AskCopyTitle))
+    if (m_around.settings.confirmCopy && !Confirmed(Text::AskCopyRecords, Text::AskCopyTitle, ids.size()))
         return;
     RunOver(ids, m_around.progress, FormatText<Text::ProgressCopy>(static_cast<int>(ids.size())),
             [this](const QString& id) {
@@ -88,7 +88,7 @@ void CRecordCommands::Copy(const QStringList& ids) {
 void CRecordCommands::SetMark(int code, const QStringList& ids, bool ask) {
     if (ids.isEmpty() || !FlagOfMark(code)) return;
     if (ask && m_around.settings.confirmMark &&
-        !Confirmed(Text::AskMarkRecords, Text::AskMarkTitle, Text::AskMarkTitle))
+        !Confirmed(Text::AskMarkRecords, Text::AskMarkTitle, ids.size()))
         return;
     RunOver(ids, m_around.progress, FormatText<Text::ProgressMark>(static_cast<int>(ids.size())),
             [this, code](const QString& id) { return MarkOne(code, id); });

@@ -41,7 +41,8 @@ class CRecordCommands {
     void SetMark(int code, const QStringList& ids, bool ask);
 
  private:
-    [[nodiscard]] bool Confirmed(Text question, Text title, Text action) const;
+    /// The title is the verb of the button that says yes.
+    [[nodiscard]] bool Confirmed(Text question, Text title, qsizetype records) const;
     [[nodiscard]] bool DeleteOne(const QString& id);
     [[nodiscard]] bool MarkOne(int code, const QString& id);
 
