@@ -15,7 +15,9 @@ _velmarch_cli_ids() {
 }
 
 _velmarch_cli_names() { # settings
-    velmarch-cli --quiet --json settings list 2> /dev/null < /dev/null | sed -n 's/.*"name": "\([^"]*\)".*/\1/p'
+    local options
+    mapfile -t options < <(_velmarch_cli_home)
+    velmarch-cli "${options[@]}" --quiet --json settings list 2> /dev/null < /dev/null | sed -n 's/.*"name": "\([^"]*\)".*/\1/p'
 }
 
 _velmarch_cli() {

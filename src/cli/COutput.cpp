@@ -11,7 +11,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kPiece = 64 * 1024;
+constexpr qsizetype kPiece = 65536;
 
 /// Writes everything; the errno of the failure, 0 when all went out.
 int WriteAll(int descriptor, QByteArrayView bytes) {

@@ -64,7 +64,7 @@ void CTimerAccess::Look() {
 
 void CTimerAccess::TakeOver(const QJsonObject& answer) {
     m_set.Clear();
-    for (const QJsonValue& shown : answer[u"timers"].toArray()) m_set.Put(FromAnswer(shown.toObject()));
+    for (const auto& shown : answer[u"timers"].toArray()) m_set.Put(FromAnswer(shown.toObject()));
 }
 
 std::optional<TimerShown> CTimerAccess::Shown(const QString& recordId) const {

@@ -59,6 +59,18 @@ void PrintCount(COutput& out, const char* key, Text sentence, qsizetype count) {
     out.Put("\n");
 }
 
+void PrintIds(COutput& out, const QStringList& ids) {
+    if (!out.isJson) {
+        for (const QString& id : ids) out.PutLine(id);
+        return;
+    }
+    CJsonText json(out);
+    json.BeginArray();
+    for (const QString& id : ids) json.Text(id);
+    json.EndArray();
+    out.Put("\n");
+}
+
 /// Runs the work on every identity within one transaction, which the caller commits. Undone as a whole when
 /// one fails.
 bool AsOneChange(RecordDesk& desk, const QStringList& ids, const std::function<bool(const QString&)>& work) {
@@ -136,11 +148,11 @@ ExitCode DeleteTimes(const CArguments& arguments, Console& console, RecordDesk& 
 ExitCode CopyTimes(const CArguments& arguments, Console& console, RecordDesk& desk) {
     const auto ids = FindTimeRecords(arguments.Words(), console, desk);
     if (!ids) return LookupFailed(desk);
-    if (desk.settings.confirmCopy &&
-        !Confirm(Text::AskCopyRecords, Text::AskCopyTitle, Text::AskCopyTitle, console))
-        return ExitCode::Failed;
+    const bool isAgreed = !desk.settings.confirmCopy ||
+                          Confirm(Text::AskCopyRecords, Text::AskCopyTitle, Text::AskCopyTitle, console);
     QStringList copies;
     const bool isDone =
+        isAgreed &&
         AsOneChange(desk, *ids,
                     [&](const QString& id) {
                         const CVORec* record = desk.document.FetchRecord(RecordKind::Time, id);
@@ -151,18 +163,9 @@ ExitCode CopyTimes(const CArguments& arguments, Console& console, RecordDesk& de
                         return true;
                     }) &&
         desk.document.Commit();
-    if (!isDone) return ExitCode::Failed;
-    Announce(copies, console, desk);
-    if (console.out.isJson) {
-        CJsonText json(console.out);
-        json.BeginArray();
-        for (const QString& id : copies) json.Text(id);
-        json.EndArray();
-        console.out.Put("\n");
-    } else {
-        for (const QString& id : copies) console.out.PutLine(id);
-    }
-    return ExitCode::Done;
+    if (isDone) Announce(copies, console, desk);
+    PrintIds(console.out, isDone ? copies : QStringList());
+    return isDone ? ExitCode::Done : ExitCode::Failed;
 }
 
 ExitCode MarkTimes(const CArguments& arguments, Console& console, RecordDesk& desk) {

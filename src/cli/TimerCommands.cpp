@@ -21,7 +21,7 @@ namespace {
 void WriteTimersJson(COutput& out, const QJsonArray& timers) {
     CJsonText json(out);
     json.BeginArray();
-    for (const QJsonValue& timer : timers) {
+    for (const auto& timer : timers) {
         json.BeginObject();
         json.Key("id");
         json.Text(timer[u"id"].toString());
@@ -37,7 +37,7 @@ void WriteTimersJson(COutput& out, const QJsonArray& timers) {
 
 void WriteTimerLines(COutput& out, const QJsonArray& timers) {
     if (timers.isEmpty()) out.PutLine(LoadText(Text::CliNoTimers));
-    for (const QJsonValue& timer : timers) {
+    for (const auto& timer : timers) {
         const int seconds = timer[u"seconds"].toInt();
         const QString count = FormatText<Text::TimerCount>(seconds / 3600, seconds / 60 % 60, seconds % 60);
         const bool isRunning = timer[u"state"].toString() == u"running";

@@ -296,6 +296,9 @@ void TestTimeCommands::DeleteAsksOnATerminal() {
 void TestTimeCommands::Copy() {
     const QString id =
         m_home->Add(Words(u"--date 2026-11-19 --start 9:00 --end 10:00 --item1 A --billable --rate 9"_s));
+    const Reply refused = m_home->RunJson({u"time"_s, u"copy"_s, id});
+    QCOMPARE(refused.exit, 1);
+    QCOMPARE(refused.out, QByteArray("[]\n"));
     const Reply reply = m_home->RunJson({u"--yes"_s, u"time"_s, u"copy"_s, id});
     QCOMPARE(reply.exit, 0);
     QCOMPARE(reply.Array().size(), 1);
