@@ -96,10 +96,10 @@ int Fill(const std::string& source, const std::string& target) {
             "tbl_name='time_velmarch'");
         rows = ReadAll(store);
     }
-    const auto start = Clock::now();
     FloorStore store(target);
     store.Run(table);
     if (!index.empty()) store.Run(index);
+    const auto start = Clock::now();
     sqlite3_stmt* insert = store.Prepare(InsertSql());
     store.Run("BEGIN IMMEDIATE");
     for (std::size_t i = 0; i < rows.size(); ++i) {

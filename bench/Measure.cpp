@@ -71,3 +71,7 @@ double Median(std::vector<double> values) {
     const std::size_t middle = values.size() / 2;
     return values.size() % 2 == 1 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
 }
+
+double Best(const std::vector<double>& values) {
+    return *std::min_element(values.begin(), values.end());
+}

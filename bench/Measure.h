@@ -18,6 +18,7 @@ using Command = std::vector<std::string>;
 [[nodiscard]] Finished Run(const Command& command);
 
 [[nodiscard]] double Median(std::vector<double> values);
+[[nodiscard]] double Best(const std::vector<double>& values);
 
 /// Runs the commands in turns, so that a machine that gets slower or faster meanwhile does it to all of them,
 /// and gives the medians of their times. prepare runs before each round, untimed.

@@ -11,8 +11,8 @@
 using namespace Qt::Literals::StringLiterals;
 
 // The one file that knows the library for command lines, and where its exceptions end. It sees the groups and
-// commands of the table; options are made for the named command only, as they cost more than all the rest of a
-// start.
+// commands of the table; options are made for the named command only, as they cost more than all the rest of
+// a start.
 
 namespace {
 
@@ -47,8 +47,8 @@ void AddCommand(Parsed& parsed, CLI::App& app, const CommandRow& row) {
         for (const OptionRow& option : options) AddOption(parsed, app, option);
 }
 
-/// A group word is followed by its commands' words only, so a word that is also a command elsewhere ("list" as
-/// a name) is taken for what it is.
+/// A group word is followed by its commands' words only, so a word that is also a command elsewhere ("list"
+/// as a name) is taken for what it is.
 void AddGroup(Parsed& parsed, const GroupRow& group, const std::vector<std::string>& arguments) {
     CLI::App* groupApp = parsed.app.add_subcommand(group.name);
     groupApp->fallthrough()->require_subcommand(0, 1);
@@ -144,15 +144,15 @@ QString Choices(const GroupRow* group) {
 QString WordsProblem(const CommandRequest& request) {
     const CommandRow& row = *request.command;
     const QStringList& words = request.arguments.Words();
-    if (words.size() < row.leastWords) return FormatText<Text::CliWordsMissing>(QString::fromLatin1(row.words));
+    if (words.size() < row.leastWords)
+        return FormatText<Text::CliWordsMissing>(QString::fromLatin1(row.words));
     if (words.size() > row.mostWords) return FormatText<Text::CliUnexpected>(words[row.mostWords]);
     return {};
 }
 
 QString Unexpected(const CommandRequest& request, const Parsed& parsed) {
-    const QString first = QString::fromStdString(parsed.app.remaining(true).empty()
-                                                     ? std::string()
-                                                     : parsed.app.remaining(true).front());
+    const QString first = QString::fromStdString(
+        parsed.app.remaining(true).empty() ? std::string() : parsed.app.remaining(true).front());
     if (!request.command && !first.startsWith(u'-'))
         return FormatText<Text::CliUnknownCommand>(first, Choices(request.group));
     return FormatText<Text::CliUnexpected>(first);

@@ -3,8 +3,8 @@
 #include "cli/COutput.h"
 #include "lang/FormatText.h"
 
-#include <array>
 #include <unistd.h>
+#include <array>
 
 using namespace Qt::Literals::StringLiterals;
 

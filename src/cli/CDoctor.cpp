@@ -27,7 +27,7 @@ class CListeningPrompt final : public CPrompt {
     Answer Ask(const MessageBox& box) override {
         m_heard.append(box.text.simplified());
         return box.buttons == Buttons::YesNo || box.buttons == Buttons::YesNoCancel ? Answer::No
-                                                                                   : box.defaultAnswer;
+                                                                                    : box.defaultAnswer;
     }
     void Tell(const MessageBox& box) override { m_heard.append(box.text.simplified()); }
     std::optional<QString> ChooseFile(const FileChoice&) override { return std::nullopt; }
@@ -189,7 +189,8 @@ bool CDoctor::ExamineSettings(const QString& path) {
     CSqliteFile file;
     const OpenOutcome outcome = file.Open(path, CSettingsTree::kFileKind, false);
     if (outcome == OpenOutcome::ReadOnly)
-        return Note("settings", false, FormatText<Text::CliReadOnly>(path), LoadText(Text::CliAdviseReadOnly));
+        return Note("settings", false, FormatText<Text::CliReadOnly>(path),
+                    LoadText(Text::CliAdviseReadOnly));
     if (outcome != OpenOutcome::Existed)
         return Note("settings", false, file.Error(), LoadText(Text::CliAdviseSettings));
     const QString report = file.IntegrityReport();

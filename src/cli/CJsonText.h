@@ -21,8 +21,8 @@ class CJsonText {
     void Null();
     void Flag(bool value);
     void Integer(qint64 value);
-    /// The shortest decimal of the value at so many places: 80.125 at 2 gives 80.13, 80 gives 80.0. What is no
-    /// number is null.
+    /// The shortest decimal of the value at so many places: 80.125 at 2 gives 80.13, 80 gives 80.0. What is
+    /// no number is null.
     void Number(double value, int precision);
     void Text(const QString& value);
     /// An empty text is null.

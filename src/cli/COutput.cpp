@@ -2,9 +2,10 @@
 
 #include "lang/FormatText.h"
 
+#include <unistd.h>
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <unistd.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -25,16 +26,17 @@ int WriteAll(int descriptor, QByteArrayView bytes) {
 
 /// Controls of the terminal (C0, C1), and those that turn the direction of what follows.
 bool IsControl(QChar c) {
-    return c.category() == QChar::Other_Control || (c >= u'\u202A' && c <= u'\u202E') ||
+    return c < u' ' || (c >= u'\u007F' && c <= u'\u009F') || (c >= u'\u202A' && c <= u'\u202E') ||
            (c >= u'\u2066' && c <= u'\u2069');
 }
 
 }  // namespace
 
 QString WithoutControls(const QString& text, bool keepLineFeeds) {
+    const auto isUnwanted = [=](QChar c) { return IsControl(c) && !(keepLineFeeds && c == u'\n'); };
+    if (std::none_of(text.begin(), text.end(), isUnwanted)) return text;
     QString clean = text;
-    for (QChar& c : clean)
-        if (IsControl(c) && !(keepLineFeeds && c == u'\n')) c = u' ';
+    std::replace_if(clean.begin(), clean.end(), isUnwanted, QChar(u' '));
     return clean;
 }
 

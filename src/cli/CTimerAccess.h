@@ -18,8 +18,8 @@ struct TimerShown {
     qint64 seconds = 0;
 };
 
-/// The timers of the home for a console command. A running window owns them: it is asked then. Without one they
-/// are read from the settings, changed and written back as one change, so that two programs at once lose
+/// The timers of the home for a console command. A running window owns them: it is asked then. Without one
+/// they are read from the settings, changed and written back as one change, so that two programs at once lose
 /// nothing.
 class CTimerAccess {
  public:
@@ -33,13 +33,13 @@ class CTimerAccess {
     [[nodiscard]] CTimerDesk& Desk() { return m_timers; }
     [[nodiscard]] std::optional<TimerShown> Shown(const QString& recordId) const;
 
-    /// Carries out a timer command where the timers are owned; its answer as RunTimerCommand gives it, "exit" 3
-    /// when the window can't be told.
+    /// Carries out a timer command where the timers are owned; its answer as RunTimerCommand gives it, "exit"
+    /// 3 when the window can't be told.
     [[nodiscard]] QJsonObject Run(const QJsonObject& command);
 
     enum class Changed { Done, Failed, WindowOwns };
-    /// Runs work on the timers as stored, with all that it writes into the settings as one change; work returns
-    /// false to undo it. Nothing is done while a window runs.
+    /// Runs work on the timers as stored, with all that it writes into the settings as one change; work
+    /// returns false to undo it. Nothing is done while a window runs.
     [[nodiscard]] Changed ChangeHere(const std::function<bool()>& work);
     /// Puts back a timer that a change took out whose other half then failed.
     [[nodiscard]] bool PutBack(const ActiveTimer& timer);

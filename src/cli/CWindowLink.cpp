@@ -24,9 +24,12 @@ bool CWindowLink::IsThere() const {
 bool CWindowLink::Reach() {
     QElapsedTimer waited;
     waited.start();
-    while (!m_isReached && waited.elapsed() < kPatienceMs) {
+    while (!m_isReached) {
         m_isReached = m_client.FindWindow(m_home, LoadText(Text::ProgramTitle), kLookMs);
         if (m_isReached || !IsThere()) break;
+        // Who has waited in vain once doesn't wait again.
+        m_isMute = m_isMute || waited.elapsed() >= kPatienceMs;
+        if (m_isMute) break;
         std::this_thread::sleep_for(kPause);
     }
     return m_isReached;

@@ -15,13 +15,13 @@ class CWindowLink {
 
     /// Whether a window runs, or is about to: it owns timers and settings then.
     [[nodiscard]] bool IsThere() const;
-    /// Waits for a window that is still starting, three seconds at most. False when it can't be told anything,
-    /// or has ended meanwhile.
+    /// Waits for a window that is still starting, three seconds at most. False when it can't be told
+    /// anything, or has ended meanwhile.
     [[nodiscard]] bool Reach();
     /// Hands a command over and waits for the answer; nothing when the window doesn't answer.
     [[nodiscard]] std::optional<QJsonObject> Ask(int command, const QJsonObject& arguments);
-    /// Tells that time records were changed, so that the window shows it at once. False when a window runs and
-    /// could not be told.
+    /// Tells that time records were changed, so that the window shows it at once. False when a window runs
+    /// and could not be told.
     [[nodiscard]] bool TellChanged(const QStringList& ids);
 
     static constexpr int kMostIds = 1000;  ///< with more than these the window reads everything anew
@@ -30,4 +30,5 @@ class CWindowLink {
     QString m_home;
     CInstanceClient m_client;
     bool m_isReached = false;
+    bool m_isMute = false;
 };

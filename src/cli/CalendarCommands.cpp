@@ -60,7 +60,8 @@ void WriteDayLines(COutput& out, const DateTimeVal& day, int dayNumber) {
     out.PutLine(FormatText<Text::CliDayLine>(WeekdayName(DayOfWeek(day.month, day.day, day.year)),
                                              IsoText(day), DayOfYear(dayNumber), dayNumber));
     for (const WeekRow& row : kWeeks)
-        out.PutLine(LoadText(row.caption).leftJustified(kCaptionWidth) + QString::number(row.week(dayNumber)));
+        out.PutLine(LoadText(row.caption).leftJustified(kCaptionWidth) +
+                    QString::number(row.week(dayNumber)));
 }
 
 }  // namespace
@@ -135,8 +136,8 @@ ExitCode ShowPeriod(const CArguments& arguments, Console& console, const CCfgSto
     }
     DateTimeVal start, end;
     const bool hasDates = SetsDays(period) && period.Dates(start, end, around);
-    console.out.PutLine(hasDates
-                            ? FormatText<Text::CliPeriodLine>(period.displayName, IsoText(start), IsoText(end))
-                            : FormatText<Text::CliPeriodWithoutDays>(period.displayName));
+    console.out.PutLine(
+        hasDates ? FormatText<Text::CliPeriodLine>(period.displayName, IsoText(start), IsoText(end))
+                 : FormatText<Text::CliPeriodWithoutDays>(period.displayName));
     return ExitCode::Done;
 }

@@ -13,9 +13,9 @@
 namespace {
 
 constexpr GroupRow kGroups[] = {
-    {"time", Text::CliGroupTime},         {"timer", Text::CliGroupTimer}, {"settings", Text::CliGroupSettings},
-    {"day", Text::CliDay},                {"period", Text::CliGroupPeriod}, {"texts", Text::CliTexts},
-    {"doctor", Text::CliDoctor},          {"demo", Text::CliGroupDemo},
+    {"time", Text::CliGroupTime}, {"timer", Text::CliGroupTimer},   {"settings", Text::CliGroupSettings},
+    {"day", Text::CliDay},        {"period", Text::CliGroupPeriod}, {"texts", Text::CliTexts},
+    {"doctor", Text::CliDoctor},  {"demo", Text::CliGroupDemo},
 };
 
 constexpr OptionRow kGlobals[] = {

@@ -26,7 +26,7 @@ enum class OptionShape {
 
 /// One option of a command.
 struct OptionRow {
-    const char* name;   ///< without the dashes
+    const char* name;  ///< without the dashes
     OptionShape shape;
     const char* value;  ///< what its value is called in the help
     Text description;
@@ -46,8 +46,7 @@ using RunWithSettings = ExitCode (*)(const CArguments&, Console&, const CCfgStor
 using RunOnSettings = ExitCode (*)(const CArguments&, Console&, CSettingsOwner&);
 using RunOnRecords = ExitCode (*)(const CArguments&, Console&, RecordDesk&);
 using RunOnHome = ExitCode (*)(const CArguments&, Console&, const QString& homeOption);
-using RunCommand =
-    std::variant<RunWithoutHome, RunWithSettings, RunOnSettings, RunOnRecords, RunOnHome>;
+using RunCommand = std::variant<RunWithoutHome, RunWithSettings, RunOnSettings, RunOnRecords, RunOnHome>;
 
 /// One command. A group without commands of its own ("day") is one row with an empty name.
 struct CommandRow {

@@ -3,9 +3,9 @@
 #include "cli/CArguments.h"
 #include "cli/CJsonText.h"
 #include "cli/COutput.h"
+#include "cli/CWindowLink.h"
 #include "cli/EnteredValues.h"
 #include "cli/OtherCommands.h"
-#include "cli/CWindowLink.h"
 #include "cli/RecordDesk.h"
 #include "cli/RecordSteps.h"
 #include "lang/FormatText.h"
@@ -43,8 +43,7 @@ ExitCode FillDemo(const CArguments& arguments, Console& console, RecordDesk& des
     if (!count || *count < 1 || *count > kMostRecords)
         return Refuse(ExitCode::Usage, FormatText<Text::CliNoDemoCount>(typed, kMostRecords), console);
     const auto seed = EnteredValues::ReadCount(arguments.Value("seed").value_or(QStringLiteral("1")));
-    if (!seed)
-        return Refuse(ExitCode::Usage, FormatText<Text::CliNoSeed>(*arguments.Value("seed")), console);
+    if (!seed) return Refuse(ExitCode::Usage, FormatText<Text::CliNoSeed>(*arguments.Value("seed")), console);
 
     const DemoCounts counts = ShareOut(*count);
     const bool showsProgress = !console.out.isQuiet && ::isatty(STDERR_FILENO) != 0;

@@ -51,6 +51,7 @@ ExitCode RunDoctor(const CArguments&, Console& console, const QString& homeOptio
     const std::vector<Finding>& findings = doctor.Examine(homeOption);
     const bool isSound =
         std::all_of(findings.begin(), findings.end(), [](const Finding& finding) { return finding.isOk; });
-    console.out.isJson ? WriteJson(console.out, findings, isSound) : WriteLines(console.out, findings, isSound);
+    console.out.isJson ? WriteJson(console.out, findings, isSound)
+                       : WriteLines(console.out, findings, isSound);
     return isSound ? ExitCode::Done : ExitCode::Failed;
 }

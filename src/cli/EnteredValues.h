@@ -11,7 +11,7 @@
 /// and what follows a value isn't overlooked. The region is the user's.
 namespace EnteredValues {
 
-inline constexpr int kFirstYear = 1000;  ///< earlier years would be taken for two- and three-digit ones
+inline constexpr int kFirstYear = 1000;   ///< earlier years would be taken for two- and three-digit ones
 inline constexpr int kMostHours = 32767;  ///< what a stored span holds
 inline constexpr double kMostNumber = 999'999'999.0;
 

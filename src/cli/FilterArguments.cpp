@@ -47,8 +47,8 @@ FilterProblem Usage(const QString& words) {
 }
 
 FilterProblem NoDate(const char* option, const QString& typed) {
-    return Usage(FormatText<Text::CliOptionRefused>(QString::fromLatin1(option),
-                                                    FormatText<Text::CliNoDate>(typed)));
+    return Usage(
+        FormatText<Text::CliOptionRefused>(QString::fromLatin1(option), FormatText<Text::CliNoDate>(typed)));
 }
 
 FilterProblem ReadPreset(const QString& typed, const PeriodSurroundings& around, TimeFilter& filter) {
@@ -58,8 +58,8 @@ FilterProblem ReadPreset(const QString& typed, const PeriodSurroundings& around,
 }
 
 /// One day, or all days between two; ends that are swapped give the day of the later option.
-FilterProblem ReadDays(const char* firstOption, const QString& first, const char* lastOption, const QString& last,
-                       const PeriodSurroundings& around, TimeFilter& filter) {
+FilterProblem ReadDays(const char* firstOption, const QString& first, const char* lastOption,
+                       const QString& last, const PeriodSurroundings& around, TimeFilter& filter) {
     const auto start = EnteredValues::ReadDate(first, around.region, around.clock);
     if (!start) return NoDate(firstOption, first);
     const auto end = EnteredValues::ReadDate(last, around.region, around.clock);
@@ -85,7 +85,8 @@ std::span<const OptionRow> TimeFilterOptions() {
     return kOptions;
 }
 
-FilterProblem ReadTimeFilter(const CArguments& arguments, const PeriodSurroundings& around, TimeFilter& filter) {
+FilterProblem ReadTimeFilter(const CArguments& arguments, const PeriodSurroundings& around,
+                             TimeFilter& filter) {
     filter.Reset();
     for (std::size_t i = 0; i < std::size(kItems); ++i)
         if (const auto text = arguments.Value(kItems[i])) filter.items[i] = *text;
@@ -93,7 +94,7 @@ FilterProblem ReadTimeFilter(const CArguments& arguments, const PeriodSurroundin
     filter.matchCase = arguments.Has("case");
     for (const FlagRow& flag : kFlags)
         if (const auto typed = arguments.Value(flag.option))
-            filter.*flag.criterion = EnteredValues::ReadYesNo(*typed).value_or(true) ? FlagCriterion::kSet
-                                                                                     : FlagCriterion::kClear;
+            filter.*flag.criterion =
+                EnteredValues::ReadYesNo(*typed).value_or(true) ? FlagCriterion::kSet : FlagCriterion::kClear;
     return ReadPeriod(arguments, around, filter);
 }

@@ -18,9 +18,12 @@ namespace {
 
 QString TypeName(SettingType type) {
     switch (type) {
-        case SettingType::Flag: return u"flag"_s;
-        case SettingType::Int: return u"int"_s;
-        case SettingType::Colour: return u"colour"_s;
+        case SettingType::Flag:
+            return u"flag"_s;
+        case SettingType::Int:
+            return u"int"_s;
+        case SettingType::Colour:
+            return u"colour"_s;
     }
     return {};
 }
@@ -41,8 +44,9 @@ void WriteJson(CJsonText& json, const SettingRow& row, const CCfgStore& settings
 }
 
 QString Shown(const SettingRow& row, std::int64_t value) {
-    return row.type == SettingType::Colour ? QString::asprintf("0x%06llX", static_cast<unsigned long long>(value))
-                                           : QString::number(value);
+    return row.type == SettingType::Colour
+               ? QString::asprintf("0x%06llX", static_cast<unsigned long long>(value))
+               : QString::number(value);
 }
 
 void WriteLine(COutput& out, const SettingRow& row, const CCfgStore& settings) {

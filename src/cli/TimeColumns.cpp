@@ -23,6 +23,11 @@ int OrderTexts(const QString& a, const QString& b) {
     return folded != 0 ? folded : a.compare(b);
 }
 
+/// A number with zeros in front.
+QString Digits(int number, qsizetype width) {
+    return QString::number(number).rightJustified(width, u'0');
+}
+
 QString YesOrNothing(bool flag) {
     return flag ? LoadText(Text::YesWord) : QString();
 }
@@ -41,7 +46,7 @@ int MinuteOf(const CTRecord& record) {
 template <GetTime Get>
 void TimeJson(CJsonText& json, const TimeRow& row) {
     const int minute = MinuteOf<Get>(row.record);
-    minute < 0 ? json.Null() : json.Text(QString::asprintf("%02d:%02d", minute / 60, minute % 60));
+    minute < 0 ? json.Null() : json.Text(Digits(minute / 60, 2) + u':' + Digits(minute % 60, 2));
 }
 
 template <GetTime Get>
@@ -194,8 +199,8 @@ constexpr TimeColumn kColumns[] = {
      FlagText<&CTRecord::isBilled>, CompareFlags<&CTRecord::isBilled>},
     {"isExported", Text::ColumnCaptionExported, false, false, FlagJson<&CTRecord::isExported>,
      FlagText<&CTRecord::isExported>, CompareFlags<&CTRecord::isExported>},
-    {"notes", Text::ColumnCaptionNotes, false, false, TextJson<&CTRecord::notes>,
-     PlainText<&CTRecord::notes>, CompareTexts<&CTRecord::notes>},
+    {"notes", Text::ColumnCaptionNotes, false, false, TextJson<&CTRecord::notes>, PlainText<&CTRecord::notes>,
+     CompareTexts<&CTRecord::notes>},
     {"timer", Text::CliTimer, true, false, TimerJson, TimerText, nullptr},
 };
 
@@ -206,8 +211,9 @@ std::span<const TimeColumn> TimeColumns() {
 }
 
 const TimeColumn* FindTimeColumn(const QString& name) {
-    const auto found = std::find_if(std::begin(kColumns), std::end(kColumns),
-                                    [&](const TimeColumn& column) { return name == QLatin1String(column.name); });
+    const auto found = std::find_if(std::begin(kColumns), std::end(kColumns), [&](const TimeColumn& column) {
+        return name == QLatin1String(column.name);
+    });
     return found == std::end(kColumns) ? nullptr : found;
 }
 
@@ -218,5 +224,5 @@ int CompareDays(const CTRecord& a, const CTRecord& b) {
 }
 
 QString IsoDate(int year, int month, int day) {
-    return QString::asprintf("%04d-%02d-%02d", year, month, day);
+    return Digits(year, 4) + u'-' + Digits(month, 2) + u'-' + Digits(day, 2);
 }

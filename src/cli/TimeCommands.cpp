@@ -51,7 +51,8 @@ ExitCode EditTime(const CArguments& arguments, Console& console, RecordDesk& des
     desk.timers.Look();
     CTRecord record;
     record.Copy(*stored);
-    const FieldProblem problem = EnterTimeFields(record, arguments, Needs(console, desk, &desk.timers.Desk()));
+    const FieldProblem problem =
+        EnterTimeFields(record, arguments, Needs(console, desk, &desk.timers.Desk()));
     if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
     const QString id = record.GetId();
     if (!desk.document.ModifyRecord(record, id, true, false, true, true) || !IsWritten(desk))

@@ -22,7 +22,7 @@ using Entered = std::optional<QString>;
 /// One field. The order of the table is the order in which fields are entered.
 struct TimeField {
     OptionRow option;
-    bool isTime;         ///< driven by the record's timer while it has one
+    bool isTime;  ///< driven by the record's timer while it has one
     bool needsBillable;
     bool canBeCleared;
     /// Enters the value; the sentence that refuses it, empty when it was taken.
@@ -98,21 +98,54 @@ using namespace TimeEntryRules;
 
 constexpr TimeField kFields[] = {
     {{"date", OptionShape::Value, "DATE", Text::CliOptDate}, false, false, false, EnterDate},
-    {{"item1", OptionShape::Value, "TEXT", Text::CliOptItem1}, false, false, true, EnterText<&CTRecord::item1>},
-    {{"item2", OptionShape::Value, "TEXT", Text::CliOptItem2}, false, false, true, EnterText<&CTRecord::item2>},
-    {{"item3", OptionShape::Value, "TEXT", Text::CliOptItem3}, false, false, true, EnterText<&CTRecord::item3>},
-    {{"item4", OptionShape::Value, "TEXT", Text::CliOptItem4}, false, false, true, EnterText<&CTRecord::item4>},
-    {{"item5", OptionShape::Value, "TEXT", Text::CliOptItem5}, false, false, true, EnterText<&CTRecord::item5>},
-    {{"notes", OptionShape::Value, "TEXT", Text::CliOptNotes}, false, false, true,
+    {{"item1", OptionShape::Value, "TEXT", Text::CliOptItem1},
+     false,
+     false,
+     true,
+     EnterText<&CTRecord::item1>},
+    {{"item2", OptionShape::Value, "TEXT", Text::CliOptItem2},
+     false,
+     false,
+     true,
+     EnterText<&CTRecord::item2>},
+    {{"item3", OptionShape::Value, "TEXT", Text::CliOptItem3},
+     false,
+     false,
+     true,
+     EnterText<&CTRecord::item3>},
+    {{"item4", OptionShape::Value, "TEXT", Text::CliOptItem4},
+     false,
+     false,
+     true,
+     EnterText<&CTRecord::item4>},
+    {{"item5", OptionShape::Value, "TEXT", Text::CliOptItem5},
+     false,
+     false,
+     true,
+     EnterText<&CTRecord::item5>},
+    {{"notes", OptionShape::Value, "TEXT", Text::CliOptNotes},
+     false,
+     false,
+     true,
      EnterText<&CTRecord::notes, kLongestNotes>},
     {{"billable", OptionShape::YesNo, "", Text::CliOptBillable}, false, false, true, EnterBillable},
     {{"start", OptionShape::Value, "TIME", Text::CliOptStart}, true, false, true, EnterTime<EnterStart>},
     {{"end", OptionShape::Value, "TIME", Text::CliOptEnd}, true, false, true, EnterTime<EnterEnd>},
-    {{"duration", OptionShape::Value, "SPAN", Text::CliOptDuration}, true, false, true, EnterSpan<DurationRule>},
+    {{"duration", OptionShape::Value, "SPAN", Text::CliOptDuration},
+     true,
+     false,
+     true,
+     EnterSpan<DurationRule>},
     {{"break", OptionShape::Value, "SPAN", Text::CliOptBreak}, true, false, true, EnterSpan<EnterBreak>},
-    {{"rate", OptionShape::Value, "NUMBER", Text::CliOptRate}, false, true, true,
+    {{"rate", OptionShape::Value, "NUMBER", Text::CliOptRate},
+     false,
+     true,
+     true,
      EnterMoney<EnterRate, &CTRecord::SetRate>},
-    {{"amount", OptionShape::Value, "NUMBER", Text::CliOptAmount}, false, true, true,
+    {{"amount", OptionShape::Value, "NUMBER", Text::CliOptAmount},
+     false,
+     true,
+     true,
      EnterMoney<EnterAmount, &CTRecord::SetAmount>},
     {{"billed", OptionShape::YesNo, "", Text::CliOptBilled}, false, true, true, EnterBilled},
 };
@@ -125,7 +158,8 @@ constexpr auto kOptions = [] {
 }();
 
 FieldProblem Usage(const TimeField& field, const QString& words) {
-    return {ExitCode::Usage, FormatText<Text::CliOptionRefused>(QString::fromLatin1(field.option.name), words)};
+    return {ExitCode::Usage,
+            FormatText<Text::CliOptionRefused>(QString::fromLatin1(field.option.name), words)};
 }
 
 /// A name that --clear can't take, or a field that is set and cleared at once.
@@ -138,7 +172,8 @@ FieldProblem CheckCleared(const CArguments& arguments, const QStringList& cleare
             return {ExitCode::Usage, FormatText<Text::CliCantClear>(name, names.join(u", "_s))};
     for (const TimeField& field : kFields)
         if (arguments.Has(field.option.name) && cleared.contains(QLatin1String(field.option.name)))
-            return {ExitCode::Usage, FormatText<Text::CliSetAndCleared>(QString::fromLatin1(field.option.name))};
+            return {ExitCode::Usage,
+                    FormatText<Text::CliSetAndCleared>(QString::fromLatin1(field.option.name))};
     return {};
 }
 
@@ -150,14 +185,16 @@ std::span<const OptionRow> TimeFieldOptions() {
 
 FieldProblem EnterTimeFields(CTRecord& record, const CArguments& arguments, const FieldNeeds& needs) {
     const QStringList cleared = arguments.Values("clear");
-    if (FieldProblem problem = CheckCleared(arguments, cleared); problem.exit != ExitCode::Done) return problem;
+    if (FieldProblem problem = CheckCleared(arguments, cleared); problem.exit != ExitCode::Done)
+        return problem;
     for (const TimeField& field : kFields) {
         const Entered entered = arguments.Value(field.option.name);
         const bool isCleared = cleared.contains(QLatin1String(field.option.name));
         if (!entered && !isCleared) continue;
         if (field.isTime && needs.timers && !MayEnterTimes(*needs.timers, record.GetId(), nullptr))
             return {ExitCode::Failed, LoadText(Text::TimesDrivenByTimer)};
-        if (entered && field.needsBillable && !record.isBillable) return Usage(field, LoadText(Text::CliNotBillable));
+        if (entered && field.needsBillable && !record.isBillable)
+            return Usage(field, LoadText(Text::CliNotBillable));
         if (const QString words = field.enter(record, entered, needs); !words.isEmpty())
             return Usage(field, words);
     }

@@ -30,7 +30,7 @@ struct FieldProblem {
 [[nodiscard]] std::span<const OptionRow> TimeFieldOptions();
 
 /// Enters all given fields, and clears those named by --clear, through the rules of entry: in the fixed order
-/// date, items, notes, billable, start, end, duration, break, rate, amount, billed, whatever their order on the
-/// command line.
+/// date, items, notes, billable, start, end, duration, break, rate, amount, billed, whatever their order on
+/// the command line.
 [[nodiscard]] FieldProblem EnterTimeFields(CTRecord& record, const CArguments& arguments,
                                            const FieldNeeds& needs);

@@ -1,4 +1,5 @@
 #include "app/CVelmarchDoc.h"
+#include "calendar/NumberText.h"
 #include "cli/CArguments.h"
 #include "cli/CJsonText.h"
 #include "cli/COutput.h"
@@ -10,7 +11,6 @@
 #include "cli/TimeCommands.h"
 #include "cli/TimeOutput.h"
 #include "config/CCfgStore.h"
-#include "calendar/NumberText.h"
 #include "lang/FormatText.h"
 
 #include <QMap>

@@ -40,7 +40,8 @@ QString ReadRequest(const CArguments& arguments, QuickRequest& request) {
     const QString base = arguments.Value("from").value_or(u"blank"_s);
     const bool isCopy = base.startsWith(kCopyOf);
     if (!isCopy && base != u"blank") return FormatText<Text::CliNoSuchBase>(base);
-    if (arguments.Has("timestamp") && arguments.Has("successive")) return LoadText(Text::CliTimestampOrSuccessive);
+    if (arguments.Has("timestamp") && arguments.Has("successive"))
+        return LoadText(Text::CliTimestampOrSuccessive);
     if (isCopy) request.copied = base.mid(kCopyOf.size());
     request.followed = arguments.Value("successive").value_or(QString());
     request.flags = (isCopy ? QuickFlag::kCopy : QuickFlag::kBlank) |
@@ -65,7 +66,8 @@ ExitCode Resolve(QuickRequest& request, Console& console, RecordDesk& desk) {
 
 /// Makes the record with the timers at hand; the new identity, empty when it failed.
 QString Make(int flags, const QuickRequest& request, Console& console, RecordDesk& desk) {
-    QuickEntrySurroundings around{desk.document, desk.timers.Desk(), desk.settings, console.clock, {}, {}, {}};
+    QuickEntrySurroundings around{
+        desk.document, desk.timers.Desk(), desk.settings, console.clock, {}, {}, {}};
     if ((flags & QuickFlag::kCopy) != 0) around.selectedIds = {request.copied};
     around.successiveId = request.followed;
     const QuickOutcome outcome = NewTimeRecord(flags, around);

@@ -14,8 +14,7 @@ constexpr qsizetype kWidestColumn = 40;
 
 void WriteTimeLines(COutput& out, const TimeRow& row) {
     qsizetype width = 0;
-    for (const TimeColumn& column : TimeColumns())
-        width = std::max(width, LoadText(column.caption).size());
+    for (const TimeColumn& column : TimeColumns()) width = std::max(width, LoadText(column.caption).size());
     for (const TimeColumn& column : TimeColumns()) {
         const QString text = column.text(row);
         if (!text.isEmpty()) out.PutLine(LoadText(column.caption).leftJustified(width + 2) + text);

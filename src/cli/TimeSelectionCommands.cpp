@@ -49,7 +49,8 @@ const MarkRow* FindMark(const QString& name) {
 }
 
 void PrintCount(COutput& out, const char* key, Text sentence, qsizetype count) {
-    if (!out.isJson) return out.PutLine(QString::asprintf(LoadText(sentence).toUtf8().constData(), int(count)));
+    if (!out.isJson)
+        return out.PutLine(QString::asprintf(LoadText(sentence).toUtf8().constData(), int(count)));
     CJsonText json(out);
     json.BeginObject();
     json.Key(key);
@@ -58,8 +59,8 @@ void PrintCount(COutput& out, const char* key, Text sentence, qsizetype count) {
     out.Put("\n");
 }
 
-/// Runs the work on every identity within one transaction, which the caller commits. Undone as a whole when one
-/// fails.
+/// Runs the work on every identity within one transaction, which the caller commits. Undone as a whole when
+/// one fails.
 bool AsOneChange(RecordDesk& desk, const QStringList& ids, const std::function<bool(const QString&)>& work) {
     CVOSrcMgr& manager = desk.document.Store().Manager();
     if (!desk.document.BeginBatch()) return false;
@@ -107,7 +108,8 @@ ExitCode DeleteNow(RecordDesk& desk, const QStringList& ids, Console& console) {
     QStringList timed;
     for (const QString& id : ids)
         if (desk.timers.Desk().HasTimer(id)) timed.append(id);
-    if (timed.isEmpty()) return DeleteAll(desk, ids) && desk.document.Commit() ? ExitCode::Done : ExitCode::Failed;
+    if (timed.isEmpty())
+        return DeleteAll(desk, ids) && desk.document.Commit() ? ExitCode::Done : ExitCode::Failed;
     if (!desk.window.IsThere()) return DeleteWithTimers(desk, ids, timed) ? ExitCode::Done : ExitCode::Failed;
     if (!desk.window.Reach()) return Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsTimers), console);
     return DeleteBesideWindow(desk, ids, timed) ? ExitCode::Done : ExitCode::Failed;
@@ -122,8 +124,9 @@ std::span<const OptionRow> TimeMarkOptions() {
 ExitCode DeleteTimes(const CArguments& arguments, Console& console, RecordDesk& desk) {
     const auto ids = FindTimeRecords(arguments.Words(), console, desk);
     if (!ids) return LookupFailed(desk);
-    const bool isAgreed = !desk.settings.confirmDelete ||
-                          Confirm(Text::AskDeleteRecords, Text::AskDeleteTitle, Text::AskDeleteTitle, console);
+    const bool isAgreed =
+        !desk.settings.confirmDelete ||
+        Confirm(Text::AskDeleteRecords, Text::AskDeleteTitle, Text::AskDeleteTitle, console);
     const ExitCode exit = isAgreed ? DeleteNow(desk, *ids, console) : ExitCode::Failed;
     if (exit == ExitCode::Done) Announce(*ids, console, desk);
     PrintCount(console.out, "deleted", Text::CliDeleted, exit == ExitCode::Done ? ids->size() : 0);
@@ -137,13 +140,17 @@ ExitCode CopyTimes(const CArguments& arguments, Console& console, RecordDesk& de
         !Confirm(Text::AskCopyRecords, Text::AskCopyTitle, Text::AskCopyTitle, console))
         return ExitCode::Failed;
     QStringList copies;
-    const bool isDone = AsOneChange(desk, *ids, [&](const QString& id) {
-        const CVORec* record = desk.document.FetchRecord(RecordKind::Time, id);
-        QString copy;
-        if (!record || !desk.document.AddRecord(*record, false, true, true, &copy)) return false;
-        copies.append(copy);
-        return true;
-    }) && desk.document.Commit();
+    const bool isDone =
+        AsOneChange(desk, *ids,
+                    [&](const QString& id) {
+                        const CVORec* record = desk.document.FetchRecord(RecordKind::Time, id);
+                        QString copy;
+                        if (!record || !desk.document.AddRecord(*record, false, true, true, &copy))
+                            return false;
+                        copies.append(copy);
+                        return true;
+                    }) &&
+        desk.document.Commit();
     if (!isDone) return ExitCode::Failed;
     Announce(copies, console, desk);
     if (console.out.isJson) {
@@ -164,16 +171,20 @@ ExitCode MarkTimes(const CArguments& arguments, Console& console, RecordDesk& de
     if (!row) return Refuse(ExitCode::Usage, FormatText<Text::CliNoSuchMark>(name, MarkNames()), console);
     const auto ids = FindTimeRecords(arguments.Words(), console, desk);
     if (!ids) return LookupFailed(desk);
-    const bool isAgreed =
-        !desk.settings.confirmMark || Confirm(Text::AskMarkRecords, Text::AskMarkTitle, Text::AskMarkTitle, console);
+    const bool isAgreed = !desk.settings.confirmMark ||
+                          Confirm(Text::AskMarkRecords, Text::AskMarkTitle, Text::AskMarkTitle, console);
     QStringList changed;
-    const bool isDone = isAgreed && AsOneChange(desk, *ids, [&](const QString& id) {
-        CTRecord record;
-        record.Copy(*desk.document.FindTime(id));
-        if (!SetMark(record, row->mark)) return true;
-        changed.append(id);
-        return desk.document.ModifyRecord(record, id, false, true, true, true);
-    }) && desk.document.Commit();
+    const bool isDone =
+        isAgreed &&
+        AsOneChange(desk, *ids,
+                    [&](const QString& id) {
+                        CTRecord record;
+                        record.Copy(*desk.document.FindTime(id));
+                        if (!SetMark(record, row->mark)) return true;
+                        changed.append(id);
+                        return desk.document.ModifyRecord(record, id, false, true, true, true);
+                    }) &&
+        desk.document.Commit();
     if (isDone) Announce(changed, console, desk);
     PrintCount(console.out, "changed", Text::CliChanged, isDone ? changed.size() : 0);
     return isDone ? ExitCode::Done : ExitCode::Failed;

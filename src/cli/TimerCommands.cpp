@@ -4,10 +4,10 @@
 #include "cli/CArguments.h"
 #include "cli/CJsonText.h"
 #include "cli/COutput.h"
+#include "cli/CTimerAccess.h"
 #include "cli/EnteredValues.h"
 #include "cli/RecordDesk.h"
 #include "cli/RecordSteps.h"
-#include "cli/CTimerAccess.h"
 #include "lang/FormatText.h"
 #include "records/CTRecord.h"
 
@@ -41,14 +41,15 @@ void WriteTimerLines(COutput& out, const QJsonArray& timers) {
         const int seconds = timer[u"seconds"].toInt();
         const QString count = FormatText<Text::TimerCount>(seconds / 3600, seconds / 60 % 60, seconds % 60);
         const bool isRunning = timer[u"state"].toString() == u"running";
-        out.PutLine(timer[u"id"].toString() + u"  "_s +
-                    (isRunning ? FormatText<Text::CliTimerRuns>(count)
-                               : FormatText<Text::CliTimerPaused>(count)));
+        out.PutLine(
+            timer[u"id"].toString() + u"  "_s +
+            (isRunning ? FormatText<Text::CliTimerRuns>(count) : FormatText<Text::CliTimerPaused>(count)));
     }
 }
 
 /// Runs an action and hands out the answer of whoever owns the timers.
-ExitCode Run(const QString& action, const QString& id, Console& console, RecordDesk& desk, QJsonObject& answer) {
+ExitCode Run(const QString& action, const QString& id, Console& console, RecordDesk& desk,
+             QJsonObject& answer) {
     QJsonObject command{{u"action"_s, action}};
     if (!id.isEmpty()) command.insert(u"id"_s, id);
     answer = desk.timers.Run(command);

@@ -8,9 +8,9 @@
 #include "platform/CClock.h"
 #include "platform/CInstallLocation.h"
 
+#include <fcntl.h>
 #include <QStringDecoder>
 #include <csignal>
-#include <fcntl.h>
 #include <string>
 #include <vector>
 

@@ -9,7 +9,7 @@ namespace {
 /// The name of the locale in charge of a category: LC_ALL before the category's own before LANG.
 QByteArray LocaleName(const char* category) {
     for (const char* variable : {"LC_ALL", category, "LANG"}) {
-        const QByteArray name = qgetenv(variable);
+        QByteArray name = qgetenv(variable);
         if (!name.isEmpty()) return name;
     }
     return {};

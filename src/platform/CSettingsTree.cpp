@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr const SqliteFileKind& kKind = CSettingsTree::kFileKind;
 constexpr std::int64_t kRoot = 1;
 
 /// Numbers of keys are never used again, so an open key can't come to mean another one.
@@ -70,25 +69,26 @@ CSettingsTree::CSettingsTree() : m_file(std::make_unique<CSqliteFile>()) {}
 
 CSettingsTree::~CSettingsTree() = default;
 
-bool CSettingsTree::Open(const QString& path) {
+bool CSettingsTree::Open(const QString& path, int busySeconds) {
     m_keptAside.clear();
     m_reason.clear();
-    OpenOutcome outcome = OpenFile(path);
-    if (IsUnreadable(outcome)) outcome = ReplaceUnreadable(path);
+    OpenOutcome outcome = OpenFile(path, busySeconds);
+    if (IsUnreadable(outcome)) outcome = ReplaceUnreadable(path, busySeconds);
     // If there is no file the program goes on with defaults; what it writes is forgotten at its end.
     const bool isUsable = IsUsable(outcome);
-    if (!isUsable && !IsUsable(MakeTables(m_file->Open(QStringLiteral(":memory:"), kKind, true)))) {
-        m_reason = m_file->Error();
-    }
-    m_error = m_reason;
+    const QString reason = m_reason;
+    if (!isUsable) static_cast<void>(OpenFile(QStringLiteral(":memory:"), busySeconds));
+    m_error = reason;
     return isUsable;
 }
 
-OpenOutcome CSettingsTree::OpenFile(const QString& path) {
-    const OpenOutcome outcome = MakeTables(m_file->Open(path, kKind, true));
+OpenOutcome CSettingsTree::OpenFile(const QString& path, int busySeconds) {
+    SqliteFileKind kind = kFileKind;
+    kind.busySeconds = busySeconds;
+    const OpenOutcome outcome = MakeTables(m_file->Open(path, kind, true));
     if (outcome == OpenOutcome::ReadOnly) m_reason = SqliteSentence(SQLITE_READONLY, 0, m_file->Path(), {});
     if (!IsUsable(outcome)) m_reason = m_file->Error();
-    if (outcome == OpenOutcome::Damaged && OutcomeOf(m_file->ErrorCode()) != OpenOutcome::Damaged) {
+    if (outcome == OpenOutcome::Damaged && m_file->ErrorCode() == SQLITE_OK) {
         m_reason = SqliteSentence(SQLITE_CORRUPT, 0, m_file->Path(), {});  // only the check has seen it
     }
     return outcome;
@@ -96,13 +96,14 @@ OpenOutcome CSettingsTree::OpenFile(const QString& path) {
 
 /// Several programs may find the same bad file at once: each looks again when it is its turn, so that nobody
 /// moves a fresh file away.
-OpenOutcome CSettingsTree::ReplaceUnreadable(const QString& path) {
+OpenOutcome CSettingsTree::ReplaceUnreadable(const QString& path, int busySeconds) {
     const FolderLock turn(path);
-    const OpenOutcome outcome = OpenFile(path);
+    m_reason.clear();
+    const OpenOutcome outcome = OpenFile(path, busySeconds);
     if (!IsUnreadable(outcome)) return outcome;
     m_file->Close();
     m_keptAside = KeepAside(QFileInfo(path).absoluteFilePath());
-    return m_keptAside.isEmpty() ? OpenOutcome::Failed : OpenFile(path);
+    return m_keptAside.isEmpty() ? OpenOutcome::Failed : OpenFile(path, busySeconds);
 }
 
 /// Makes what is missing of the tables, and finds out whether they can be read: a file with other tables
@@ -112,7 +113,8 @@ OpenOutcome CSettingsTree::MakeTables(OpenOutcome opened) {
     const bool isMade = opened == OpenOutcome::ReadOnly || Exists(Root()) ||
                         (m_file->Begin() && m_file->Execute(kTables) && m_file->Commit());
     if (isMade && m_file->Execute(kProbe)) {
-        return m_file->IntegrityReport().isEmpty() ? opened : OpenOutcome::Damaged;
+        if (m_file->IntegrityReport().isEmpty()) return opened;
+        if (m_file->ErrorCode() == SQLITE_OK) return OpenOutcome::Damaged;
     }
     m_file->Rollback();
     return m_file->ErrorCode() == SQLITE_ERROR ? OpenOutcome::Foreign : OutcomeOf(m_file->ErrorCode());

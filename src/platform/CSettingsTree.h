@@ -41,7 +41,8 @@ class CSettingsTree {
     enum class Created { No, Yes };
 
     /// What identifies a settings file: for whoever examines one without opening it as a tree.
-    static constexpr SqliteFileKind kFileKind{.applicationId = 0x564D5354 /* "VMST" */, .version = 1, .busySeconds = 30};
+    static constexpr SqliteFileKind kFileKind{
+        .applicationId = 0x564D5354 /* "VMST" */, .version = 1, .busySeconds = 30};
 
     CSettingsTree();
     ~CSettingsTree();
@@ -49,8 +50,9 @@ class CSettingsTree {
     /// Opens the file, creating it when absent. A file that can't be read (damaged, foreign, a folder) is
     /// kept aside under another name, said in KeptAside(), and a fresh one takes its place. Newer or locked
     /// files stay untouched: false, the tree then works from memory alone, and Error() tells why. From a file
-    /// that may only be read the values come, and every write fails.
-    [[nodiscard]] bool Open(const QString& path);
+    /// that may only be read the values come, and every write fails. busySeconds: how long to wait for
+    /// another program's lock, here and at every later call.
+    [[nodiscard]] bool Open(const QString& path, int busySeconds = 30);
     [[nodiscard]] const QString& KeptAside() const { return m_keptAside; }
     [[nodiscard]] const QString& Error() const { return m_error; }
 
@@ -81,8 +83,8 @@ class CSettingsTree {
     [[nodiscard]] CSqliteFile& File() { return *m_file; }
 
  private:
-    [[nodiscard]] OpenOutcome OpenFile(const QString& path);
-    [[nodiscard]] OpenOutcome ReplaceUnreadable(const QString& path);
+    [[nodiscard]] OpenOutcome OpenFile(const QString& path, int busySeconds);
+    [[nodiscard]] OpenOutcome ReplaceUnreadable(const QString& path, int busySeconds);
     [[nodiscard]] OpenOutcome MakeTables(OpenOutcome opened);
     [[nodiscard]] bool Exists(const CSettingsKey& key);
     [[nodiscard]] sqlite3_stmt* Statement(const QByteArray& sql, const CSettingsKey& key,

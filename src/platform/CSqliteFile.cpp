@@ -276,6 +276,7 @@ bool CSqliteFile::IsStillInPlace() const {
 }
 
 QString CSqliteFile::IntegrityReport() {
+    m_errorCode = 0;
     sqlite3_stmt* statement = Prepare("PRAGMA integrity_check");
     if (statement == nullptr) return m_error;
     QStringList lines;

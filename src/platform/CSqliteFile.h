@@ -65,7 +65,8 @@ class CSqliteFile {
 
     /// False once the file on disk isn't the opened one any more (moved, deleted, replaced).
     [[nodiscard]] bool IsStillInPlace() const;
-    /// The full check; an empty text when the file is sound, otherwise what is wrong.
+    /// The full check; an empty text when the file is sound, otherwise what is wrong. ErrorCode() is 0 then
+    /// if the check has found it, otherwise it says why the check could not be made.
     [[nodiscard]] QString IntegrityReport();
 
     /// Takes code and sentence of the connection's last failure (after a step that failed, for instance).

@@ -3,7 +3,7 @@
 #include <QStringDecoder>
 #include <array>
 #include <cerrno>
-#include <optional>
+#include <cstdint>
 
 #include <iconv.h>
 
@@ -32,7 +32,7 @@ class Converter {
     }
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
-    [[nodiscard]] bool IsOpen() const { return m_handle != reinterpret_cast<iconv_t>(-1); }
+    [[nodiscard]] bool IsOpen() const { return reinterpret_cast<std::intptr_t>(m_handle) != -1; }
 
     /// Converts all bytes; whatever can't be converted becomes the replacement, and skip tells how many bytes
     /// of the source that was.

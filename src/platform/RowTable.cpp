@@ -17,15 +17,14 @@ QByteArrayView RowTable::Text(int column, std::size_t row) const {
     const Column& texts = m_columns[static_cast<std::size_t>(column)];
     std::size_t start = texts.starts[row / kGroup];
     for (std::size_t i = row - row % kGroup; i < row; ++i) start += texts.lengths[i];
-    return {texts.block.constData() + start, static_cast<qsizetype>(texts.lengths[row])};
+    return {texts.block.data() + start, static_cast<qsizetype>(texts.lengths[row])};
 }
 
 void RowTable::PutText(int column, const char* text, std::size_t bytes) {
     Column& texts = m_columns[static_cast<std::size_t>(column)];
-    if (texts.lengths.size() % kGroup == 0)
-        texts.starts.push_back(static_cast<std::size_t>(texts.block.size()));
+    if (texts.lengths.size() % kGroup == 0) texts.starts.push_back(texts.block.size());
     texts.lengths.push_back(static_cast<std::uint32_t>(bytes));
-    if (bytes > 0) texts.block.append(text, static_cast<qsizetype>(bytes));
+    if (bytes > 0) texts.block.append(text, bytes);
 }
 
 void RowTable::Reserve(std::size_t rows) {

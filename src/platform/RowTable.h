@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QByteArray>
 #include <QByteArrayView>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 /// What a column of a row table holds.
@@ -48,7 +48,7 @@ class RowTable {
         RowColumnType type = RowColumnType::Integer;
         std::vector<std::int16_t> integers;
         std::vector<double> reals;
-        QByteArray block;                    ///< the texts end to end; grows without being copied
+        std::string block;                   ///< the texts end to end
         std::vector<std::uint32_t> lengths;  ///< bytes of each text
         std::vector<std::size_t> starts;     ///< where every eighth text starts in the block
     };

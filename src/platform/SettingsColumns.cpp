@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -49,13 +50,17 @@ void BindValue(sqlite3_stmt* statement, int index, const SettingsValue& value) {
 std::optional<SettingsValue> ColumnValue(sqlite3_stmt* statement, int index) {
     const QByteArray type = ColumnBytes(statement, index);
     const int stored = sqlite3_column_type(statement, index + 1);
+    std::optional<SettingsValue> value;
     if (type == kTypeInteger && stored == SQLITE_INTEGER) {
         const sqlite3_int64 number = sqlite3_column_int64(statement, index + 1);
         using Limits = std::numeric_limits<std::int32_t>;
-        if (number < Limits::min() || number > Limits::max()) return std::nullopt;
-        return SettingsValue(static_cast<std::int32_t>(number));
+        if (number >= Limits::min() && number <= Limits::max()) {
+            value.emplace(std::in_place_type<std::int32_t>, static_cast<std::int32_t>(number));
+        }
+    } else if (type == kTypeText && stored == SQLITE_TEXT) {
+        value.emplace(std::in_place_type<QString>, ColumnText(statement, index + 1));
+    } else if (type == kTypeBinary && stored == SQLITE_BLOB) {
+        value.emplace(std::in_place_type<QByteArray>, ColumnBytes(statement, index + 1));
     }
-    if (type == kTypeText && stored == SQLITE_TEXT) return SettingsValue(ColumnText(statement, index + 1));
-    if (type == kTypeBinary && stored == SQLITE_BLOB) return SettingsValue(ColumnBytes(statement, index + 1));
-    return std::nullopt;
+    return value;
 }

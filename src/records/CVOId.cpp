@@ -1,10 +1,14 @@
 #include "records/CVOId.h"
 
-#include <QRandomGenerator>
+#include <QString>
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <ctime>
 #include <mutex>
+
+#include <pthread.h>
+#include <sys/random.h>
 
 namespace {
 
@@ -23,23 +27,48 @@ std::uint64_t MillisecondsNow() {
 /// The first 64 bits: 48 of time and a count of 16, which begins anew in each millisecond. When the clock
 /// stands still or goes back, the last time goes on counting.
 std::uint64_t NextStamp() {
-    static std::mutex guard;
     static std::uint64_t last = 0;
-    const std::lock_guard lock(guard);
     const std::uint64_t now = std::min(MillisecondsNow(), kLastMillisecond) << 16U;
     last = std::max(now, last + 1);
     return last;
 }
 
+/// Random bits, drawn from the system in blocks: one by one they cost a third of storing a record. A process
+/// that forks draws anew on both sides, so two processes never share a sequence.
+class RandomBits {
+ public:
+    RandomBits() {
+        pthread_atfork(nullptr, nullptr, [] { theLeft = 0; });
+    }
+    std::uint64_t Next() {
+        if (theLeft == 0) theLeft = Draw();
+        return m_drawn[--theLeft];
+    }
+
+ private:
+    /// Up to 256 bytes come whole and without fail.
+    std::size_t Draw() {
+        while (::getrandom(m_drawn.data(), sizeof m_drawn, 0) != static_cast<ssize_t>(sizeof m_drawn)) {
+        }
+        return m_drawn.size();
+    }
+
+    static inline std::size_t theLeft = 0;
+    std::array<std::uint64_t, 32> m_drawn{};
+};
+
 }  // namespace
 
 void CVOId::GenUnique() {
-    // The random half is drawn each time, so two processes never share a sequence, not even after a fork.
-    const std::uint64_t halves[] = {NextStamp(), QRandomGenerator::system()->generate64()};
+    static std::mutex guard;
+    static RandomBits random;
+    const std::lock_guard lock(guard);
+    const std::uint64_t halves[] = {NextStamp(), random.Next()};
     QString digits(kDigits, Qt::Uninitialized);
+    QChar* digit = digits.data();
     for (int i = 0; i < kDigits; ++i) {
         const std::uint64_t nibble = halves[i / 16] >> (60 - i % 16 * 4) & 0xFU;
-        digits[i] = QLatin1Char("0123456789ABCDEF"[nibble]);
+        digit[i] = QLatin1Char("0123456789ABCDEF"[nibble]);
     }
     m_id = digits;
 }

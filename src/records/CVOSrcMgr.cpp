@@ -87,7 +87,10 @@ bool CVOSrcMgr::InitDataSrc(eActionDisposition& source, eActionDisposition& seco
         m_impl->file.Open(path, {kApplicationId, kVersion, m_busySeconds}, m_mayCreate);
     if (!m_impl->file.IsOpen()) return FailByFile();
     int tables = 0;
-    if (!CStoreTable::Count(m_impl->file, tables)) return FailByFile();
+    if (!CStoreTable::Count(m_impl->file, tables)) {
+        m_impl->file.Close();
+        return FailByFile();
+    }
     const bool isNew = outcome == OpenOutcome::Created || tables < kTables;
     source = isNew ? eActionDisposition::Created : eActionDisposition::Existed;
     return true;
@@ -126,12 +129,19 @@ bool CVOSrcMgr::Query(const QString& statement, bool updatable) {
     if (qstrlen(sqlite3_sql(prepared)) != static_cast<std::size_t>(sql.size()))
         return Fail(SQLITE_MISUSE, LoadText(Text::OneStatementOnly));
     if (!sqlite3_stmt_readonly(prepared)) return RunChange(sql);
-    // Rows that an update still owes the store can be changed again: they are put in place first.
-    if (updatable && m_impl->isUpdateDue) {
-        if (!EnterTransaction()) return false;
-        prepared = m_impl->file.Prepare(sql);
-    }
-    return (prepared && m_recordset->m_cursor.Open(m_impl->file, prepared, updatable)) || FailByFile();
+    if (updatable && m_impl->isUpdateDue) return QueryAmongDueChanges(sql);
+    return m_recordset->m_cursor.Open(m_impl->file, prepared, updatable) || FailByFile();
+}
+
+/// Rows that an update still owes the store can be changed again: they are put in place for the query.
+bool CVOSrcMgr::QueryAmongDueChanges(const QByteArray& sql) {
+    CSqliteFile& file = m_impl->file;
+    const bool isOwn = !file.InTransaction();
+    if (!EnterTransaction()) return false;
+    sqlite3_stmt* prepared = file.Prepare(sql);
+    const bool isRead = (prepared && m_recordset->m_cursor.Open(file, prepared, true)) || FailByFile();
+    if (isOwn) file.Rollback();
+    return isRead;
 }
 
 /// Outside of a transaction the change is one by itself, and durable when this returns.

@@ -74,6 +74,7 @@ class CVOSrcMgr {
     bool FailChange(bool isOwn);
     [[nodiscard]] bool CheckPlace();
     [[nodiscard]] bool EnterTransaction();
+    [[nodiscard]] bool QueryAmongDueChanges(const QByteArray& sql);
     [[nodiscard]] bool RunChange(const QByteArray& sql);
     [[nodiscard]] bool FillRow(const CVORec& record, Table& table);
 

@@ -7,6 +7,7 @@
 #include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QTextCharFormat>
 #include <QVBoxLayout>
 
 CCalendarPopup::CCalendarPopup(const DateTimeVal& day, int firstDayOfWeek, QWidget* parent)
@@ -16,6 +17,9 @@ CCalendarPopup::CCalendarPopup(const DateTimeVal& day, int firstDayOfWeek, QWidg
     NameWidget(*m_calendar, QStringLiteral("calendar"), LoadText(Text::LabelDate));
     m_calendar->setGridVisible(false);
     m_calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    // The usual red of weekends can't be read on a dark ground.
+    for (const Qt::DayOfWeek weekend : {Qt::Saturday, Qt::Sunday})
+        m_calendar->setWeekdayTextFormat(weekend, m_calendar->weekdayTextFormat(Qt::Monday));
     m_calendar->setFirstDayOfWeek(firstDayOfWeek == 0 ? Qt::Sunday
                                                       : static_cast<Qt::DayOfWeek>(firstDayOfWeek));
     m_calendar->setSelectedDate(QDate(day.year, day.month, day.day));

@@ -17,6 +17,12 @@ const QStyle& StyleOf(const QStyleOptionViewItem& item) {
     return item.widget ? *item.widget->style() : *QApplication::style();
 }
 
+/// On a dark ground the style would draw the outlines of boxes and buttons in a colour as dark as the ground.
+void LightenOutlines(QPalette& palette) {
+    if (palette.base().color().lightness() < 128)
+        palette.setBrush(QPalette::Window, palette.placeholderText());
+}
+
 bool IsSpace(const QEvent& event) {
     if (event.type() != QEvent::KeyPress) return false;
     const int key = static_cast<const QKeyEvent&>(event).key();
@@ -37,11 +43,21 @@ QModelIndex COptionsDelegate::Source(const QModelIndex& index) const {
     return qobject_cast<const QSortFilterProxyModel*>(index.model())->mapToSource(index);
 }
 
+/// All values are as wide as the widest of them with its arrow.
+int COptionsDelegate::ValueWidth(const QFontMetrics& metrics) const {
+    int width = 0;
+    for (const OptionRow& row : OptionRows())
+        if (row.kind == OptionKind::Choice)
+            for (const OptionChoice& choice : row.choices)
+                width = qMax(width, metrics.horizontalAdvance(LoadText(choice.text)));
+    return width + 2 * metrics.height() + kFormSpace;
+}
+
 QSize COptionsDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     // Every row is high enough for its editor, so that nothing moves when one opens.
     QSize size = QStyledItemDelegate::sizeHint(option, index);
     size.setHeight(qMax(size.height(), option.fontMetrics.height() + kFormSpace));
-    if (index.column() == 1) size.rwidth() += option.fontMetrics.height() + kFormSpace;
+    if (index.column() == 1) size.setWidth(ValueWidth(option.fontMetrics));
     return size;
 }
 
@@ -53,7 +69,9 @@ void COptionsDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
         PaintRadio(painter, item);
         return;
     }
-    QStyledItemDelegate::paint(painter, option, index);
+    QStyleOptionViewItem outlined = option;
+    LightenOutlines(outlined.palette);
+    QStyledItemDelegate::paint(painter, outlined, index);
     if (index.column() != 1) return;
     const OptionRow* row = m_model.RowOf(Source(index));
     if (row && row->kind == OptionKind::Choice) PaintArrow(painter, item);
@@ -70,6 +88,7 @@ void COptionsDelegate::PaintRadio(QPainter* painter, const QStyleOptionViewItem&
     style.drawControl(QStyle::CE_ItemViewItem, &plain, painter, item.widget);
     QStyleOptionButton button;
     button.QStyleOption::operator=(item);
+    LightenOutlines(button.palette);
     button.rect = style.subElementRect(QStyle::SE_ItemViewItemDecoration, &plain, item.widget);
     button.state &= ~QStyle::State_HasFocus;
     button.state |= item.checkState == Qt::Checked ? QStyle::State_On : QStyle::State_Off;

@@ -31,6 +31,7 @@ class COptionsDelegate final : public QStyledItemDelegate {
 
  private:
     [[nodiscard]] QModelIndex Source(const QModelIndex& index) const;
+    [[nodiscard]] int ValueWidth(const QFontMetrics& metrics) const;
     void PaintRadio(QPainter* painter, const QStyleOptionViewItem& item) const;
     void PaintArrow(QPainter* painter, const QStyleOptionViewItem& item) const;
     [[nodiscard]] QWidget* MakeChoice(QWidget* parent, const QModelIndex& source) const;

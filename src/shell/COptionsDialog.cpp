@@ -81,8 +81,7 @@ void COptionsDialog::BuildTree() {
     m_tree->header()->setStretchLastSection(false);
     m_tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_tree->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    m_tree->expandAll();
-    m_tree->setCurrentIndex(m_proxy->index(0, 0));
+    ShowAll();
     // Once the key or click that asks for the editor is done with, or it would go on to close it.
     connect(
         delegate, &COptionsDelegate::EditWanted, this,
@@ -93,10 +92,19 @@ void COptionsDialog::BuildTree() {
         Qt::QueuedConnection);
 }
 
+/// Opens all groups; words without a value beside them have the whole row.
+void COptionsDialog::ShowAll() {
+    m_tree->expandAll();
+    for (QModelIndex index = m_proxy->index(0, 0); index.isValid(); index = m_tree->indexBelow(index)) {
+        const bool hasValue = index.siblingAtColumn(1).flags() & Qt::ItemIsEditable;
+        m_tree->setFirstColumnSpanned(index.row(), index.parent(), !hasValue);
+    }
+    m_tree->setCurrentIndex(m_proxy->index(0, 0));
+}
+
 void COptionsDialog::Narrow(const QString& words) {
     m_proxy->setFilterRegularExpression(AllWords(words));
-    m_tree->expandAll();
-    m_tree->setCurrentIndex(m_proxy->index(0, 0));
+    ShowAll();
     m_nothing->setVisible(m_proxy->rowCount() == 0);
 }
 

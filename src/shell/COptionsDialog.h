@@ -30,6 +30,7 @@ class COptionsDialog final : public QDialog {
 
  private:
     void BuildTree();
+    void ShowAll();
     void Narrow(const QString& words);
 
     CCfgStore& m_settings;

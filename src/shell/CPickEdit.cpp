@@ -81,6 +81,9 @@ void CPickEdit::Lock(const QString& reason) {
     setReadOnly(!reason.isEmpty());
     setToolTip(reason.isEmpty() ? m_forms : reason);
     setAccessibleDescription(reason);
+    QPalette look;
+    if (IsLocked()) look.setBrush(QPalette::Base, look.window());
+    setPalette(IsLocked() ? look : QPalette());
 }
 
 void CPickEdit::OpenPopup() {

@@ -28,6 +28,8 @@ class CPickEdit : public QLineEdit {
     [[nodiscard]] virtual int UnreadableTextId() const = 0;
 
     void OpenPopup();
+    /// Never narrower than a date with its mark and its button.
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
  Q_SIGNALS:
     void Entered();     ///< typed, stepped or picked; the value may be unreadable

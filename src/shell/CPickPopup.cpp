@@ -16,14 +16,14 @@ namespace {
 
 constexpr int kGridColumns = 6;
 
-QTableWidget* MakeGrid(const QStringList& cells, int columns) {
+QTableWidget* MakeGrid(const QStringList& cells) {
     const int count = static_cast<int>(cells.size());
-    auto* grid = new QTableWidget((count + columns - 1) / columns, columns);
-    for (int i = 0; i < grid->rowCount() * columns; ++i) {
+    auto* grid = new QTableWidget((count + kGridColumns - 1) / kGridColumns, kGridColumns);
+    for (int i = 0; i < grid->rowCount() * kGridColumns; ++i) {
         auto* cell = new QTableWidgetItem(i < count ? cells[i] : QString());
         cell->setTextAlignment(Qt::AlignCenter);
         cell->setFlags(i < count ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags);
-        grid->setItem(i / columns, i % columns, cell);
+        grid->setItem(i / kGridColumns, i % kGridColumns, cell);
     }
     grid->setSelectionMode(QAbstractItemView::SingleSelection);
     grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -37,16 +37,19 @@ QTableWidget* MakeGrid(const QStringList& cells, int columns) {
     return grid;
 }
 
-/// As large as its cells, all columns alike.
-void FitGrid(QTableWidget& grid) {
-    const QFontMetrics metrics = grid.fontMetrics();
+int WidestCell(const QTableWidget& grid) {
     int width = 0;
-    for (int i = 0; i < grid.rowCount() * grid.columnCount(); ++i)
-        width = qMax(width, metrics.horizontalAdvance(
-                                grid.item(i / grid.columnCount(), i % grid.columnCount())->text()));
+    for (int row = 0; row < grid.rowCount(); ++row)
+        for (int column = 0; column < grid.columnCount(); ++column)
+            width = qMax(width, grid.fontMetrics().horizontalAdvance(grid.item(row, column)->text()));
+    return width + 2 * kFormSpace;
+}
+
+/// As large as its cells.
+void FitGrid(QTableWidget& grid, int cellWidth) {
     grid.horizontalHeader()->setMinimumSectionSize(1);
-    grid.horizontalHeader()->setDefaultSectionSize(width + 2 * kFormSpace);
-    grid.verticalHeader()->setDefaultSectionSize(metrics.height() + kFormSpace);
+    grid.horizontalHeader()->setDefaultSectionSize(cellWidth);
+    grid.verticalHeader()->setDefaultSectionSize(grid.fontMetrics().height() + kFormSpace);
     grid.setFixedSize(grid.horizontalHeader()->length(), grid.verticalHeader()->length());
 }
 
@@ -74,33 +77,38 @@ CPickPopup::CPickPopup(const Choice& choice, QWidget* parent)
     column->setSpacing(kFormSpace / 2);
     column->setContentsMargins(kFormSpace, kFormSpace, kFormSpace, kFormSpace);
     CMnemonics mnemonics;
-    m_hours =
-        AddGrid(QStringLiteral("hourGrid"), LoadText(Text::PickHour), choice.hours, kGridColumns, mnemonics);
-    m_minutes = AddGrid(QStringLiteral("minuteGrid"), LoadText(Text::PickMinute), MinuteCells(m_step),
-                        kGridColumns, mnemonics);
-    SetIndex(*m_hours, m_hour);
-    if (m_minute % m_step == 0) SetIndex(*m_minutes, m_minute / m_step);
+    BuildGrids(choice, mnemonics);
     auto* buttons = new QHBoxLayout;
     column->addSpacing(kFormSpace / 2);
     column->addLayout(buttons);
     BuildButtons(*buttons, choice.hasNow, mnemonics);
+    m_hours->setFocus();
+}
+
+void CPickPopup::BuildGrids(const Choice& choice, CMnemonics& mnemonics) {
+    m_hours = AddGrid(QStringLiteral("hourGrid"), LoadText(Text::PickHour), choice.hours, mnemonics);
+    m_minutes =
+        AddGrid(QStringLiteral("minuteGrid"), LoadText(Text::PickMinute), MinuteCells(m_step), mnemonics);
+    const int cellWidth = qMax(WidestCell(*m_hours), WidestCell(*m_minutes));
+    FitGrid(*m_hours, cellWidth);
+    FitGrid(*m_minutes, cellWidth);
+    SetIndex(*m_hours, m_hour);
+    if (m_minute % m_step == 0) SetIndex(*m_minutes, m_minute / m_step);
     connect(m_hours, &QTableWidget::currentCellChanged, this, [this] { m_hour = IndexOf(*m_hours); });
     connect(m_minutes, &QTableWidget::currentCellChanged, this,
             [this] { m_minute = IndexOf(*m_minutes) * m_step; });
     connect(m_hours, &QTableWidget::cellDoubleClicked, this, &CPickPopup::Finish);
     connect(m_minutes, &QTableWidget::cellClicked, this, &CPickPopup::Finish);
-    m_hours->setFocus();
 }
 
 QTableWidget* CPickPopup::AddGrid(const QString& name, const QString& caption, const QStringList& cells,
-                                  int columns, CMnemonics& mnemonics) {
-    QTableWidget* grid = MakeGrid(cells, columns);
+                                  CMnemonics& mnemonics) {
+    QTableWidget* grid = MakeGrid(cells);
     auto* label = new QLabel(mnemonics.Give(caption));
     label->setBuddy(grid);
     NameWidget(*grid, name, caption);
     layout()->addWidget(label);
     layout()->addWidget(grid);
-    FitGrid(*grid);
     grid->installEventFilter(this);
     return grid;
 }

@@ -35,7 +35,8 @@ class CPickPopup final : public QFrame {
 
  private:
     [[nodiscard]] QTableWidget* AddGrid(const QString& name, const QString& caption, const QStringList& cells,
-                                        int columns, CMnemonics& mnemonics);
+                                        CMnemonics& mnemonics);
+    void BuildGrids(const Choice& choice, CMnemonics& mnemonics);
     QPushButton* AddButton(QHBoxLayout& row, const QString& name, const QString& caption,
                            CMnemonics& mnemonics);
     void BuildButtons(QHBoxLayout& row, bool hasNow, CMnemonics& mnemonics);

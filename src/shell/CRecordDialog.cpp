@@ -38,7 +38,11 @@ CRecordDialog::CRecordDialog(const RecordDialogSurroundings& around, QWidget* pa
     RestoreDialogSize(*this, m_around.settings.Profile(), SizeSection(), kUsualSize);
 }
 
-CRecordDialog::~CRecordDialog() = default;
+/// The pages and the timer work on the draft, so they go before it.
+CRecordDialog::~CRecordDialog() {
+    delete m_pages;
+    delete m_timer;
+}
 
 /// What is in sight on every page takes its mnemonics first; each page shares out the rest by itself.
 void CRecordDialog::BuildPages() {
@@ -60,6 +64,7 @@ void CRecordDialog::BuildPages() {
     m_pages->addTab(m_entry, entry);
     m_pages->addTab(m_notes, notes);
     column->addWidget(m_timer);
+    column->addSpacing(kFormSpace);
     column->addWidget(buttons);
 }
 

@@ -100,19 +100,7 @@ CRecordDialogTime::CRecordDialogTime(CRecordDraft& draft, const RecordDialogSurr
     setObjectName(QStringLiteral("timePage"));
     auto* form = new QGridLayout(this);
     form->setSpacing(kFormSpace);
-    AddDate(*form, mnemonics);
-    const TimeRow times[] = {
-        {"startField", Text::LabelStart, &Settings::roundStartType, &Settings::roundStartMinutes,
-         &CTRecord::GetStart, &TimeEntryRules::EnterStart},
-        {"endField", Text::LabelEnd, &Settings::roundEndType, &Settings::roundEndMinutes, &CTRecord::GetEnd,
-         &TimeEntryRules::EnterEnd},
-    };
-    for (const TimeRow& row : times) AddTime(*form, row, mnemonics);
-    const SpanRow spans[] = {
-        {"durationField", Text::LabelDuration, &SpanSet::duration, &EnterTypedDuration},
-        {"breakField", Text::LabelBreak, &SpanSet::breakTime, &TimeEntryRules::EnterBreak},
-    };
-    for (const SpanRow& row : spans) AddSpan(*form, row, mnemonics);
+    AddFields(*form, mnemonics);
     AddSums(*form);
     form->setRowMinimumHeight(form->rowCount(), kFormSpace);
     AddSwitch(*form, "lockDurationOnTimeEdit", LoadText(Text::OptLockDuration), mnemonics);
@@ -122,6 +110,22 @@ CRecordDialogTime::CRecordDialogTime(CRecordDraft& draft, const RecordDialogSurr
     form->setColumnStretch(1, 2);
     form->setColumnStretch(4, 3);
     form->setRowStretch(form->rowCount(), 1);
+}
+
+void CRecordDialogTime::AddFields(QGridLayout& form, CMnemonics& mnemonics) {
+    AddDate(form, mnemonics);
+    const TimeRow times[] = {
+        {"startField", Text::LabelStart, &Settings::roundStartType, &Settings::roundStartMinutes,
+         &CTRecord::GetStart, &TimeEntryRules::EnterStart},
+        {"endField", Text::LabelEnd, &Settings::roundEndType, &Settings::roundEndMinutes, &CTRecord::GetEnd,
+         &TimeEntryRules::EnterEnd},
+    };
+    for (const TimeRow& row : times) AddTime(form, row, mnemonics);
+    const SpanRow spans[] = {
+        {"durationField", Text::LabelDuration, &SpanSet::duration, &EnterTypedDuration},
+        {"breakField", Text::LabelBreak, &SpanSet::breakTime, &TimeEntryRules::EnterBreak},
+    };
+    for (const SpanRow& row : spans) AddSpan(form, row, mnemonics);
 }
 
 void CRecordDialogTime::AddDate(QGridLayout& form, CMnemonics& mnemonics) {

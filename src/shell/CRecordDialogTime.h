@@ -50,6 +50,7 @@ class CRecordDialogTime final : public QWidget {
     struct TimeRow;
     struct SpanRow;
 
+    void AddFields(QGridLayout& form, CMnemonics& mnemonics);
     void AddDate(QGridLayout& form, CMnemonics& mnemonics);
     void AddTime(QGridLayout& form, const TimeRow& row, CMnemonics& mnemonics);
     void AddSpan(QGridLayout& form, const SpanRow& row, CMnemonics& mnemonics);

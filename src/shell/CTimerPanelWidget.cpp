@@ -56,30 +56,36 @@ CTimerPanelWidget::CTimerPanelWidget(CRecordDraft& draft, const RecordDialogSurr
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(kFormSpace);
-    m_time = MakeTimeLabel();
-    row->addWidget(m_time);
-    m_state = new QLabel;
-    NameWidget(*m_state, QStringLiteral("timerState"), LoadText(Text::TimesDrivenByTimerTitle));
-    row->addWidget(m_state);
+    BuildLabels(*row);
     row->addStretch();
-    m_start = AddButton(
-        *row,
-        {"timerStart", Text::TimerStartButton, "media-playback-start", Qt::Key_F7, &CTimerPanel::PanelStart},
-        mnemonics);
-    m_pause = AddButton(
-        *row,
-        {"timerPause", Text::TimerPauseButton, "media-playback-pause", Qt::Key_F8, &CTimerPanel::PanelPause},
-        mnemonics);
-    AddButton(
-        *row,
-        {"timerStop", Text::TimerStopButton, "media-playback-stop", Qt::Key_F9, &CTimerPanel::PanelStop},
-        mnemonics);
-    m_start->setCheckable(true);
-    m_pause->setCheckable(true);
+    BuildButtons(*row, mnemonics);
     connect(&m_tick, &QTimer::timeout, this, [this] {
         m_panel.PanelTick();
         ShowState();
     });
+}
+
+void CTimerPanelWidget::BuildLabels(QHBoxLayout& row) {
+    m_time = MakeTimeLabel();
+    row.addWidget(m_time);
+    row.addSpacing(kFormSpace);
+    m_state = new QLabel;
+    NameWidget(*m_state, QStringLiteral("timerState"), LoadText(Text::TimesDrivenByTimerTitle));
+    row.addWidget(m_state);
+}
+
+void CTimerPanelWidget::BuildButtons(QHBoxLayout& row, CMnemonics& mnemonics) {
+    static constexpr ButtonRow kStart{"timerStart", Text::TimerStartButton, "media-playback-start",
+                                      Qt::Key_F7, &CTimerPanel::PanelStart};
+    static constexpr ButtonRow kPause{"timerPause", Text::TimerPauseButton, "media-playback-pause",
+                                      Qt::Key_F8, &CTimerPanel::PanelPause};
+    static constexpr ButtonRow kStop{"timerStop", Text::TimerStopButton, "media-playback-stop", Qt::Key_F9,
+                                     &CTimerPanel::PanelStop};
+    m_start = AddButton(row, kStart, mnemonics);
+    m_pause = AddButton(row, kPause, mnemonics);
+    AddButton(row, kStop, mnemonics);
+    m_start->setCheckable(true);
+    m_pause->setCheckable(true);
 }
 
 CTimerPanel::Dialog CTimerPanelWidget::Hooks() {

@@ -38,6 +38,8 @@ class CTimerPanelWidget final : public QWidget {
     struct ButtonRow;
 
     [[nodiscard]] CTimerPanel::Dialog Hooks();
+    void BuildLabels(QHBoxLayout& row);
+    void BuildButtons(QHBoxLayout& row, CMnemonics& mnemonics);
     QPushButton* AddButton(QHBoxLayout& row, const ButtonRow& button, CMnemonics& mnemonics);
     void SetFromTimer(int hours, int minutes, bool fromTimer);
     void ShowState();

@@ -25,9 +25,11 @@ Reply RunProgram(const QString& program, const QStringList& arguments, const QSt
     QTimer::singleShot(kPatienceMs, &loop, &QEventLoop::quit);
     process.start(program, arguments);
     loop.exec();
-    const bool isDone = process.state() == QProcess::NotRunning && process.exitStatus() == QProcess::NormalExit &&
+    const bool isDone = process.state() == QProcess::NotRunning &&
+                        process.exitStatus() == QProcess::NormalExit &&
                         process.error() == QProcess::UnknownError;
-    return {isDone ? process.exitCode() : -1, process.readAllStandardOutput(), process.readAllStandardError()};
+    return {isDone ? process.exitCode() : -1, process.readAllStandardOutput(),
+            process.readAllStandardError()};
 }
 
 }  // namespace

@@ -18,8 +18,8 @@ struct Reply {
     [[nodiscard]] QJsonArray Array() const { return Json().array(); }
 };
 
-/// A scratch home and the real console program on it. The event loop runs meanwhile, so a test may stand in for
-/// the window.
+/// A scratch home and the real console program on it. The event loop runs meanwhile, so a test may stand in
+/// for the window.
 class ConsoleHome {
  public:
     [[nodiscard]] QString Path() const { return m_folder.path(); }
@@ -28,7 +28,9 @@ class ConsoleHome {
     /// Runs with --home; there is no terminal on standard input.
     Reply Run(const QStringList& arguments) const;
     /// The same with --json.
-    Reply RunJson(const QStringList& arguments) const { return Run(QStringList(QStringLiteral("--json")) + arguments); }
+    Reply RunJson(const QStringList& arguments) const {
+        return Run(QStringList(QStringLiteral("--json")) + arguments);
+    }
     /// Runs with these arguments alone, and variables of the environment as "NAME=value".
     static Reply RunBare(const QStringList& arguments, const QStringList& environment = {});
     /// Runs through the shell, "$cli" being the program with this home: for pipes and devices.

@@ -1,6 +1,6 @@
 #include "cli/EnteredValues.h"
-#include "platform/CInstallLocation.h"
 #include "lang/LoadText.h"
+#include "platform/CInstallLocation.h"
 #include "support/CTestClock.h"
 
 #include <QTest>

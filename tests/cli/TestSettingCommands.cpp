@@ -20,7 +20,9 @@ class TestSettingCommands : public QObject {
     void ReadingWritesNothing();
 
  private:
-    Reply Settings(const QStringList& words) const { return m_home->RunJson(QStringList(u"settings"_s) + words); }
+    Reply Settings(const QStringList& words) const {
+        return m_home->RunJson(QStringList(u"settings"_s) + words);
+    }
     std::unique_ptr<ConsoleHome> m_home;
 };
 
@@ -74,7 +76,8 @@ void TestSettingCommands::Refused_data() {
     QTest::newRow("a flag of two") << u"confirmCopy"_s << u"2"_s << 2 << QByteArray("0 or 1");
     QTest::newRow("no number") << u"precisionRate"_s << u"many"_s << 2 << QByteArray("0 to 6");
     QTest::newRow("a fraction") << u"precisionRate"_s << u"2.5"_s << 2 << QByteArray("0 to 6");
-    QTest::newRow("far too great") << u"precisionRate"_s << u"99999999999999999999"_s << 2 << QByteArray("0 to 6");
+    QTest::newRow("far too great") << u"precisionRate"_s << u"99999999999999999999"_s << 2
+                                   << QByteArray("0 to 6");
     QTest::newRow("an unknown name") << u"colour"_s << u"1"_s << 4 << QByteArray("\"colour\"");
     QTest::newRow("a name in other letters") << u"CONFIRMCOPY"_s << u"1"_s << 4 << QByteArray("CONFIRMCOPY");
 }

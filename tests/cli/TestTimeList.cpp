@@ -35,7 +35,8 @@ void TestTimeList::initTestCase() {
     const QStringList rows{
         u"--notes a --date 2026-11-19 --start 13:00 --end 14:00 --item1 Müller --item5 EUR --billable --rate 100"_s,
         u"--notes b --date 2026-11-19 --start 9:00 --end 12:00 --item1 müller&Co --item5 EUR"_s,
-        u"--notes c --date 2026-11-18 --duration 0:20 --item1 Smith --item2 Alpha --item5 USD --billable --billed "
+        u"--notes c --date 2026-11-18 --duration 0:20 --item1 Smith --item2 Alpha --item5 USD --billable "
+        u"--billed "
         "--amount 7.5"_s,
         u"--notes d --date 2026-12-31 --item2 alpha"_s,
     };
@@ -62,7 +63,8 @@ void TestTimeList::Filter_data() {
     QTest::newRow("a day without records") << u"--day 2026-11-20"_s << QString();
     QTest::newRow("from and to, both included") << u"--from 2026-11-18 --to 2026-11-19"_s << u"cba"_s;
     QTest::newRow("to the last day of the year") << u"--from 2026-11-20 --to 2026-12-31"_s << u"d"_s;
-    QTest::newRow("a start after the end is the day of the end") << u"--from 2026-12-31 --to 2026-11-18"_s << u"c"_s;
+    QTest::newRow("a start after the end is the day of the end")
+        << u"--from 2026-12-31 --to 2026-11-18"_s << u"c"_s;
     QTest::newRow("a text that occurs") << u"--item1 mül"_s << u"ba"_s;
     QTest::newRow("a text with its capitals") << u"--item1 Mül --case"_s << u"a"_s;
     QTest::newRow("a whole text") << u"--item1 müller --whole"_s << u"a"_s;
@@ -133,15 +135,17 @@ void TestTimeList::Period_data() {
     const QDate today = QDate::currentDate();
     const QString iso = today.toString(Qt::ISODate);
     QTest::newRow("none") << QString() << u"null"_s;
-    QTest::newRow("a day") << u"--day 2026-02-03"_s
-                           << u"{'preset': 5, 'name': '02/03/26', 'start': '2026-02-03', 'end': '2026-02-03'}"_s;
+    QTest::newRow("a day")
+        << u"--day 2026-02-03"_s
+        << u"{'preset': 5, 'name': '02/03/26', 'start': '2026-02-03', 'end': '2026-02-03'}"_s;
     QTest::newRow("a range") << u"--from 2026-02-03 --to 2026-02-04"_s
                              << u"{'preset': 7, 'name': '02/03/26 - 02/04/26', 'start': '2026-02-03', 'end': "
                                 "'2026-02-04'}"_s;
-    QTest::newRow("the day of today is the preset") << u"--day today"_s
-                                                    << u"{'preset': 1, 'name': 'Today', 'start': '%1', 'end': '%1'}"_s.arg(iso);
-    QTest::newRow("this year") << u"--period 14"_s
-                               << u"{'preset': 14, 'name': 'This year', 'start': '%1-01-01', 'end': '%1-12-31'}"_s.arg(today.year());
+    QTest::newRow("the day of today is the preset")
+        << u"--day today"_s << u"{'preset': 1, 'name': 'Today', 'start': '%1', 'end': '%1'}"_s.arg(iso);
+    QTest::newRow("this year")
+        << u"--period 14"_s
+        << u"{'preset': 14, 'name': 'This year', 'start': '%1-01-01', 'end': '%1-12-31'}"_s.arg(today.year());
     QTest::newRow("the preset that sets no days")
         << u"--period 20"_s << u"{'preset': 20, 'name': 'Last month to date', 'start': null, 'end': null}"_s;
 }
@@ -158,8 +162,9 @@ void TestTimeList::Period() {
 
 void TestTimeList::AnEmptyHome() {
     const ConsoleHome home;
-    QCOMPARE(home.RunJson({u"time"_s, u"list"_s}).out,
-             QByteArray("{\"mode\": \"time\", \"period\": null, \"count\": 0, \"records\": [], \"sums\": []}\n"));
+    QCOMPARE(
+        home.RunJson({u"time"_s, u"list"_s}).out,
+        QByteArray("{\"mode\": \"time\", \"period\": null, \"count\": 0, \"records\": [], \"sums\": []}\n"));
 }
 
 void TestTimeList::Refused_data() {

@@ -29,8 +29,9 @@ void TestTimerCommands::StartPauseStop() {
     const QString id = m_home->Add({});
     const Reply started = Timer({u"start"_s, id});
     QCOMPARE(started.exit, 0);
-    QVERIFY2(started.out.startsWith("[{\"id\": \"" + id.toLatin1() + "\", \"state\": \"running\", \"seconds\": "),
-             started.out.constData());
+    QVERIFY2(
+        started.out.startsWith("[{\"id\": \"" + id.toLatin1() + "\", \"state\": \"running\", \"seconds\": "),
+        started.out.constData());
     QCOMPARE(Timer({u"pause"_s, id}).Array()[0][u"state"].toString(), u"paused"_s);
     QCOMPARE(m_home->Show(id)[u"timer"][u"state"].toString(), u"paused"_s);
     QCOMPARE(Timer({u"start"_s, id}).Array()[0][u"state"].toString(), u"running"_s);

@@ -381,26 +381,39 @@ void TestCSettingsTree::worksFromMemory_data() {
     QTest::addColumn<QByteArray>("what");
     QTest::addColumn<QString>("sentence");
     QTest::newRow("a newer file") << QByteArray("newer") << u"newer version"_qs;
+    QTest::newRow("a file that another program holds for long")
+        << QByteArray("locked") << u"Another program"_qs;
     QTest::newRow("a folder that isn't there") << QByteArray("no folder") << u"folder does not exist"_qs;
 }
 
 void TestCSettingsTree::worksFromMemory() {
     QFETCH(QByteArray, what);
     QFETCH(QString, sentence);
-    const QString path = what == "newer" ? Path() : m_folder->filePath(u"no/velmarch.settings"_qs);
+    const QString path = what == "no folder" ? m_folder->filePath(u"no/velmarch.settings"_qs) : Path();
+    CSettingsTree other;
+    if (what == "locked") {
+        QVERIFY(other.Open(Path()));
+        QVERIFY(other.WriteValue(other.Root(), u"v"_qs, 1));
+    }
     if (what == "newer") {
         RunSql(Path(), "PRAGMA application_id=1447908180; PRAGMA user_version=2; CREATE TABLE t(a)");
     }
-    const QByteArray bytes = ReadBytes(path);
+    // Not while it is open: closing the file here would drop SQLite's lock on it.
+    const QByteArray bytes = what == "newer" ? ReadBytes(path) : QByteArray();
+    if (what == "locked") QVERIFY(other.File().Execute("BEGIN EXCLUSIVE"));
     CSettingsTree tree;
-    QVERIFY(!tree.Open(path));
+    QVERIFY(!tree.Open(path, 1));
     QVERIFY2(tree.Error().contains(sentence), qPrintable(tree.Error()));
     QCOMPARE(tree.KeptAside(), QString());
     const CSettingsKey key = tree.CreateKey(tree.Root(), u"k"_qs);
     QVERIFY(tree.WriteValue(key, u"v"_qs, 5));
     QCOMPARE(tree.ReadValue(key, u"v"_qs), std::optional(SettingsValue(5)));
-    QCOMPARE(ReadBytes(path), bytes);
     QCOMPARE(Aside(), QStringList());
+    if (what == "newer") QCOMPARE(ReadBytes(path), bytes);
+    if (what == "locked") {
+        other.File().Rollback();
+        QCOMPARE(other.ReadValue(other.Root(), u"v"_qs), std::optional(SettingsValue(1)));
+    }
 }
 
 void TestCSettingsTree::editedByHand() {

@@ -330,8 +330,15 @@ void TestFailedCommit::NoLockWhileWaiting() {
     QVERIFY(home.Open(other));
     CRecordStore otherStore(other, home.prompt, QStringLiteral("velmarch"));
     QVERIFY(otherStore.InsertRecord(NewTime(), false));
+    // Nor after a change that was refused meanwhile.
+    CTRecord refused = NewTime(QString(256, u'x'));
+    home.prompt.ExpectTold(Text::InsertFailed);
+    QVERIFY(!home.store.InsertRecord(refused, false));
+    home.prompt.ExpectTold(Text::ModifyFailed);
+    QVERIFY(!home.store.ModifyRecord(NewTime(), refused.GetId(), false, true));
+    QVERIFY(otherStore.InsertRecord(NewTime(), false));
     QVERIFY(home.store.Commit());
-    QCOMPARE(home.TimeRows(), 2);
+    QCOMPARE(home.TimeRows(), 3);
 }
 
 QTEST_GUILESS_MAIN(TestFailedCommit)
