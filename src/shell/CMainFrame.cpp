@@ -317,6 +317,7 @@ void CMainFrame::changeEvent(QEvent* event) {
     ChooseIconTheme();
     m_actions->RefreshIcons();
     m_view->ApplyLayout();
+    ShowListOrNote();
 }
 
 void CMainFrame::resizeEvent(QResizeEvent* event) {

@@ -12,9 +12,6 @@
 
 namespace {
 
-constexpr int kGap = 2;
-constexpr int kLargeImage = 32;
-
 bool IsSelected(const QStyleOptionViewItem& option) {
     return option.state.testFlag(QStyle::State_Selected);
 }

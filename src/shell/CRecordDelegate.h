@@ -26,6 +26,10 @@ class CRecordDelegate : public QStyledItemDelegate {
 
     /// Pictures are 16 pixels wide; so is the check box at the left edge of a row.
     static constexpr int kImage = 16;
+    static constexpr int kLargeImage = 32;
+    static constexpr int kGap = 2;
+    /// What check box and large icon need side by side.
+    static constexpr int kLargeStateWidth = kImage + kLargeImage + 3 * kGap;
     /// Left and right of a text in a cell.
     static constexpr int kMargin = 4;
 

@@ -96,7 +96,8 @@ void CRecordListView::ApplyWidths() {
     const bool inColumns = m_model.Layout() == ListLayout::Columns;
     header.setStretchLastSection(true);
     header.setSectionResizeMode(QHeaderView::Interactive);
-    header.resizeSection(0, std::max(m_settings.iconColumnWidth, 1));
+    const int least = m_model.Layout() == ListLayout::Icons ? CRecordDelegate::kLargeStateWidth : 1;
+    header.resizeSection(0, std::max(m_settings.iconColumnWidth, least));
     if (!inColumns) return;
     if (!m_widths.isEmpty() && header.restoreState(m_widths)) return;
     const double scale = std::max(1.0, static_cast<double>(fontMetrics().height()) / kWidthsMadeFor);
@@ -117,7 +118,8 @@ int CRecordListView::CountWidth() const {
 
 QByteArray CRecordListView::CaptureWidths() {
     const int first = horizontalHeader()->sectionSize(0);
-    if (first >= 1) m_settings.iconColumnWidth = first;
+    // Large icons may have made it wider than the user did.
+    if (first >= 1 && m_model.Layout() != ListLayout::Icons) m_settings.iconColumnWidth = first;
     if (m_model.Layout() == ListLayout::Columns) m_widths = horizontalHeader()->saveState();
     return m_widths;
 }
@@ -162,6 +164,13 @@ std::pair<int, int> CRecordListView::RowsInSight() const {
     const int first = std::max(rowAt(0), 0);
     const int last = rowAt(viewport()->height() - 1);
     return {first, last < 0 ? rows - 1 : last};
+}
+
+QModelIndex CRecordListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const int column = std::max(currentIndex().column(), 0);
+    if (action == MoveHome) return m_model.index(0, column);
+    if (action == MoveEnd) return m_model.index(m_model.rowCount() - 1, column);
+    return QTableView::moveCursor(action, modifiers);
 }
 
 bool CRecordListView::IsOnCheckBox(const QPoint& at) const {

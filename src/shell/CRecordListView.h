@@ -42,6 +42,8 @@ class CRecordListView final : public QTableView {
     void MenuWanted(const QPoint& globalPosition);
 
  protected:
+    /// Home and End go to the first and last record, not to the ends of a row.
+    [[nodiscard]] QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;

@@ -119,8 +119,12 @@ class TestCRecordListView final : public QObject {
         QCOMPARE(scene.SelectedRows(), (QList<int>{1}));
         QTest::keyClick(&scene.view, Qt::Key_Down, Qt::ShiftModifier);
         QCOMPARE(scene.SelectedRows(), (QList<int>{1, 2}));
-        QTest::keyClick(&scene.view, Qt::Key_End, Qt::ControlModifier);
-        QCOMPARE(scene.view.currentIndex().row(), 9);
+        QTest::keyClick(&scene.view, Qt::Key_End);
+        QCOMPARE(scene.SelectedRows(), (QList<int>{9}));
+        QTest::keyClick(&scene.view, Qt::Key_Home, Qt::ShiftModifier);
+        QCOMPARE(scene.view.SelectedCount(), 9);
+        QTest::keyClick(&scene.view, Qt::Key_Home);
+        QCOMPARE(scene.SelectedRows(), (QList<int>{0}));
         scene.view.selectAll();
         QCOMPARE(scene.view.SelectedCount(), 10);
         scene.view.SelectNone();
