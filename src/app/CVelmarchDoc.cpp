@@ -136,7 +136,8 @@ bool CVelmarchDoc::AddRecord(const CVORec& record, bool notify, bool noCommit, b
 
 bool CVelmarchDoc::ModifyRecord(const CVORec& record, const QString& id, bool notify, bool noCommit,
                                 bool seek, bool keep) {
-    const QString formerId = id;  // the caller's text may belong to the object that is replaced below
+    // the caller's text may belong to the object that is replaced below
+    const QString formerId = id;  // NOLINT(performance-unnecessary-copy-initialization)
     if (notify) NotifyViews(Hint::AboutToChange, {formerId});
     std::unique_ptr<CVORec> clone = CloneRecord(record);
     if (!clone) return false;
@@ -167,7 +168,8 @@ void CVelmarchDoc::StandInFor(std::unique_ptr<CVORec> changed, bool isShown, boo
 }
 
 bool CVelmarchDoc::DeleteRecord(RecordKind kind, const QString& id, bool notify) {
-    const QString goneId = id;  // the caller's text may belong to the object that goes
+    // the caller's text may belong to the object that goes
+    const QString goneId = id;  // NOLINT(performance-unnecessary-copy-initialization)
     if (notify) NotifyViews(Hint::AboutToGo, {goneId});
     RemoveVisible(goneId);
     if (!m_store.DeleteRecord(kind, goneId)) return false;

@@ -126,7 +126,8 @@ bool PeriodFilter::SetSingleDate(const QString& text, const PeriodSurroundings& 
     DateTimeVal today;
     today.SetToday(around.clock);
     if (text == DateWithYear(around.region, today)) return ApplyPreset(PeriodCode::kToday, around);
-    const QString chosen = text;  // the caller may hand in one of our own texts
+    // the caller may hand in one of our own texts
+    const QString chosen = text;  // NOLINT(performance-unnecessary-copy-initialization)
     EnablePeriod(true);
     preset = PeriodCode::kSingleDate;
     startText = chosen;

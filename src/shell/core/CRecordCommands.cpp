@@ -40,6 +40,22 @@ bool CTRecord::*FlagOfMark(int code) {
     }
 }
 
+/// One transaction around the changes of a selection: 5,000 deletes are one wait for the disk, not 5,000.
+/// Where it can't be opened, each change is written by itself and tells why it fails.
+class Batch {
+ public:
+    explicit Batch(CVelmarchDoc& document) : m_document(document), m_isOpen(document.BeginBatch()) {}
+    [[nodiscard]] bool IsOpen() const { return m_isOpen; }
+    /// False when nothing of the batch was kept: memory has to be read anew.
+    [[nodiscard]] bool Close() {
+        return !m_isOpen || m_document.Commit() || m_document.Store().Manager().HasOpenChanges();
+    }
+
+ private:
+    CVelmarchDoc& m_document;
+    bool m_isOpen;
+};
+
 }  // namespace
 
 bool CRecordCommands::Confirmed(Text question, Text title, qsizetype records) const {
@@ -59,30 +75,39 @@ void CRecordCommands::Delete(const QStringList& ids, bool ask) {
         !Confirmed(Text::AskDeleteRecords, Text::AskDeleteTitle, ids.size()))
         return;
     m_around.document.NotifyViews(Hint::AboutToGo, ids);
-    const int done =
-        RunOver(ids, m_around.progress, FormatText<Text::ProgressDelete>(static_cast<int>(ids.size())),
-                [this](const QString& id) { return DeleteOne(id); });
+    Batch batch(m_around.document);
+    const int done = RunOver(
+        ids, m_around.progress, FormatText<Text::ProgressDelete>(static_cast<int>(ids.size())),
+        [this](const QString& id) { return m_around.document.DeleteRecord(RecordKind::Time, id, false); });
+    const bool isKept = batch.Close();
+    // The timers go once their records are gone for good.
+    for (const QString& id : ids.first(isKept ? done : 0))
+        if (m_around.timers.HasTimer(id)) m_around.timers.Drop(id);
     m_around.document.FlushPending(Hint::Deleted);
     // What stayed, because one failed or the user cancelled, was taken out of the views above.
-    if (done < ids.size()) m_around.document.NotifyViews(Hint::Rebuild);
+    if (isKept && done < ids.size()) m_around.document.NotifyViews(Hint::Rebuild);
+    if (!isKept) ReadAnew();
 }
 
-bool CRecordCommands::DeleteOne(const QString& id) {
-    if (!m_around.document.DeleteRecord(RecordKind::Time, id, false)) return false;
-    if (m_around.timers.HasTimer(id)) m_around.timers.Drop(id);
-    return true;
+void CRecordCommands::ReadAnew() {
+    m_around.document.LoadCurrentMode();
+    m_around.document.BuildVisible();
+    m_around.document.NotifyViews(Hint::Rebuild);
 }
 
 void CRecordCommands::Copy(const QStringList& ids) {
     if (ids.isEmpty()) return;
     if (m_around.settings.confirmCopy && !Confirmed(Text::AskCopyRecords, Text::AskCopyTitle, ids.size()))
         return;
+    Batch batch(m_around.document);
     RunOver(ids, m_around.progress, FormatText<Text::ProgressCopy>(static_cast<int>(ids.size())),
-            [this](const QString& id) {
+            [this, &batch](const QString& id) {
                 const CVORec* record = m_around.document.FindRecord(id);
-                return record && m_around.document.AddRecord(*record, false, false, true);
+                return record && m_around.document.AddRecord(*record, false, batch.IsOpen(), true);
             });
+    const bool isKept = batch.Close();
     m_around.document.FlushPending(Hint::Added);
+    if (!isKept) ReadAnew();
 }
 
 void CRecordCommands::SetMark(int code, const QStringList& ids, bool ask) {
@@ -90,13 +115,16 @@ void CRecordCommands::SetMark(int code, const QStringList& ids, bool ask) {
     if (ask && m_around.settings.confirmMark &&
         !Confirmed(Text::AskMarkRecords, Text::AskMarkTitle, ids.size()))
         return;
+    Batch batch(m_around.document);
     RunOver(ids, m_around.progress, FormatText<Text::ProgressMark>(static_cast<int>(ids.size())),
-            [this, code](const QString& id) { return MarkOne(code, id); });
+            [this, code, &batch](const QString& id) { return MarkOne(code, id, batch.IsOpen()); });
+    const bool isKept = batch.Close();
     m_around.document.FlushPending(Hint::Changed);
+    if (!isKept) ReadAnew();
 }
 
 /// A record that isn't there or bears the mark is passed over: true.
-bool CRecordCommands::MarkOne(int code, const QString& id) {
+bool CRecordCommands::MarkOne(int code, const QString& id, bool inBatch) {
     const CTRecord* record = m_around.document.FindTime(id);
     const bool wanted = code != MarkCode::kNotExported;
     if (!record || record->*FlagOfMark(code) == wanted) return true;
@@ -107,5 +135,5 @@ bool CRecordCommands::MarkOne(int code, const QString& id) {
     if (code == MarkCode::kFirstAndSecond) marked.isBilled = true;
     if (code >= MarkCode::kExported) marked.isExported = wanted;
     m_around.document.NotifyViews(Hint::AboutToChange, {id});
-    return m_around.document.ModifyRecord(marked, id, false, false, true, true);
+    return m_around.document.ModifyRecord(marked, id, false, inBatch, true, true);
 }

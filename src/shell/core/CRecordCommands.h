@@ -43,8 +43,9 @@ class CRecordCommands {
  private:
     /// The title is the verb of the button that says yes.
     [[nodiscard]] bool Confirmed(Text question, Text title, qsizetype records) const;
-    [[nodiscard]] bool DeleteOne(const QString& id);
-    [[nodiscard]] bool MarkOne(int code, const QString& id);
+    [[nodiscard]] bool MarkOne(int code, const QString& id, bool inBatch);
+    /// After a batch of which nothing was kept.
+    void ReadAnew();
 
     Around m_around;
 };
