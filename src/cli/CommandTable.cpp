@@ -19,12 +19,12 @@ constexpr GroupRow kGroups[] = {
 };
 
 constexpr OptionRow kGlobals[] = {
-    {"home", OptionShape::Value, "DIR", Text::CliOptHome},
-    {"json", OptionShape::Flag, "", Text::CliOptJson},
-    {"yes", OptionShape::Flag, "", Text::CliOptYes},
-    {"quiet", OptionShape::Flag, "", Text::CliOptQuiet},
-    {"version", OptionShape::Flag, "", Text::CliOptVersion},
-    {"help", OptionShape::Flag, "", Text::CliOptHelp},
+    {"home", "DIR", OptionShape::Value, Text::CliOptHome},
+    {"json", "", OptionShape::Flag, Text::CliOptJson},
+    {"yes", "", OptionShape::Flag, Text::CliOptYes},
+    {"quiet", "", OptionShape::Flag, Text::CliOptQuiet},
+    {"version", "", OptionShape::Flag, Text::CliOptVersion},
+    {"help", "", OptionShape::Flag, Text::CliOptHelp},
 };
 
 const std::vector<CommandRow>& Table() {

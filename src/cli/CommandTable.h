@@ -26,9 +26,9 @@ enum class OptionShape {
 
 /// One option of a command.
 struct OptionRow {
-    const char* name;  ///< without the dashes
-    OptionShape shape;
+    const char* name;   ///< without the dashes
     const char* value;  ///< what its value is called in the help
+    OptionShape shape;
     Text description;
 };
 

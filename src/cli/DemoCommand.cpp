@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr OptionRow kDemoOptions[] = {{"seed", OptionShape::Value, "S", Text::CliOptSeed}};
+constexpr OptionRow kDemoOptions[] = {{"seed", "S", OptionShape::Value, Text::CliOptSeed}};
 
 /// A lifetime is a million; ten of them are enough to see what happens beyond.
 constexpr int kMostRecords = 10'000'000;

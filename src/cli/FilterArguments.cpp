@@ -12,21 +12,21 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr OptionRow kOptions[] = {
-    {"period", OptionShape::Value, "ID", Text::CliOptPeriod},
-    {"day", OptionShape::Value, "DATE", Text::CliOptDay},
-    {"from", OptionShape::Value, "DATE", Text::CliOptFrom},
-    {"to", OptionShape::Value, "DATE", Text::CliOptTo},
-    {"item1", OptionShape::Value, "TEXT", Text::CliOptWithItem1},
-    {"item2", OptionShape::Value, "TEXT", Text::CliOptWithItem2},
-    {"item3", OptionShape::Value, "TEXT", Text::CliOptWithItem3},
-    {"item4", OptionShape::Value, "TEXT", Text::CliOptWithItem4},
-    {"item5", OptionShape::Value, "TEXT", Text::CliOptWithItem5},
-    {"whole", OptionShape::Flag, "", Text::CliOptWhole},
-    {"case", OptionShape::Flag, "", Text::CliOptCase},
-    {"billable", OptionShape::YesNo, "", Text::CliOptWithBillable},
-    {"billed", OptionShape::YesNo, "", Text::CliOptWithBilled},
-    {"exported", OptionShape::YesNo, "", Text::CliOptWithExported},
-    {"timers", OptionShape::YesNo, "", Text::CliOptWithTimers},
+    {"period", "ID", OptionShape::Value, Text::CliOptPeriod},
+    {"day", "DATE", OptionShape::Value, Text::CliOptDay},
+    {"from", "DATE", OptionShape::Value, Text::CliOptFrom},
+    {"to", "DATE", OptionShape::Value, Text::CliOptTo},
+    {"item1", "TEXT", OptionShape::Value, Text::CliOptWithItem1},
+    {"item2", "TEXT", OptionShape::Value, Text::CliOptWithItem2},
+    {"item3", "TEXT", OptionShape::Value, Text::CliOptWithItem3},
+    {"item4", "TEXT", OptionShape::Value, Text::CliOptWithItem4},
+    {"item5", "TEXT", OptionShape::Value, Text::CliOptWithItem5},
+    {"whole", "", OptionShape::Flag, Text::CliOptWhole},
+    {"case", "", OptionShape::Flag, Text::CliOptCase},
+    {"billable", "", OptionShape::YesNo, Text::CliOptWithBillable},
+    {"billed", "", OptionShape::YesNo, Text::CliOptWithBilled},
+    {"exported", "", OptionShape::YesNo, Text::CliOptWithExported},
+    {"timers", "", OptionShape::YesNo, Text::CliOptWithTimers},
 };
 
 constexpr const char* kItems[] = {"item1", "item2", "item3", "item4", "item5"};

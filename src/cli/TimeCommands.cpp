@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr OptionRow kEditOptions[] = {{"clear", OptionShape::Values, "FIELD", Text::CliOptClear}};
+constexpr OptionRow kEditOptions[] = {{"clear", "FIELD", OptionShape::Values, Text::CliOptClear}};
 
 FieldNeeds Needs(Console& console, const RecordDesk& desk, const CTimerDesk* timers) {
     return {desk.settings, desk.settings.Region(), console.clock, timers};

@@ -24,8 +24,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr OptionRow kListOptions[] = {
-    {"sort", OptionShape::Value, "COLUMN[:asc|:desc]", Text::CliOptSort},
-    {"limit", OptionShape::Value, "N", Text::CliOptLimit},
+    {"sort", "COLUMN[:asc|:desc]", OptionShape::Value, Text::CliOptSort},
+    {"limit", "N", OptionShape::Value, Text::CliOptLimit},
 };
 
 struct ListOrder {

@@ -20,10 +20,10 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr OptionRow kNewOptions[] = {
-    {"from", OptionShape::Value, "blank|copy:ID", Text::CliOptFromBase},
-    {"timestamp", OptionShape::Flag, "", Text::CliOptTimestamp},
-    {"successive", OptionShape::Value, "ID", Text::CliOptSuccessive},
-    {"timer", OptionShape::Flag, "", Text::CliOptTimer},
+    {"from", "blank|copy:ID", OptionShape::Value, Text::CliOptFromBase},
+    {"timestamp", "", OptionShape::Flag, Text::CliOptTimestamp},
+    {"successive", "ID", OptionShape::Value, Text::CliOptSuccessive},
+    {"timer", "", OptionShape::Flag, Text::CliOptTimer},
 };
 
 constexpr QStringView kCopyOf = u"copy:";

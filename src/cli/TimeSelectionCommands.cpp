@@ -23,7 +23,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr OptionRow kMarkOptions[] = {{"as", OptionShape::Value, "MARK", Text::CliOptAs}};
+constexpr OptionRow kMarkOptions[] = {{"as", "MARK", OptionShape::Value, Text::CliOptAs}};
 
 struct MarkRow {
     const char* name;
