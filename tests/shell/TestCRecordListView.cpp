@@ -123,6 +123,8 @@ class TestCRecordListView final : public QObject {
         QCOMPARE(scene.SelectedRows(), (QList<int>{9}));
         QTest::keyClick(&scene.view, Qt::Key_Home, Qt::ShiftModifier);
         QCOMPARE(scene.view.SelectedCount(), 10);
+        QTest::keyClick(&scene.view, Qt::Key_Down);
+        QCOMPARE(scene.SelectedRows(), (QList<int>{1}));
         QTest::keyClick(&scene.view, Qt::Key_Home);
         QCOMPARE(scene.SelectedRows(), (QList<int>{0}));
         scene.view.selectAll();
