@@ -122,7 +122,9 @@ class TestCRecordListView final : public QObject {
         QTest::keyClick(&scene.view, Qt::Key_End);
         QCOMPARE(scene.SelectedRows(), (QList<int>{9}));
         QTest::keyClick(&scene.view, Qt::Key_Home, Qt::ShiftModifier);
-        QCOMPARE(scene.view.SelectedCount(), 9);
+        QCOMPARE(scene.view.SelectedCount(), 10);
+        QTest::keyClick(&scene.view, Qt::Key_Down);
+        QCOMPARE(scene.SelectedRows(), (QList<int>{1}));
         QTest::keyClick(&scene.view, Qt::Key_Home);
         QCOMPARE(scene.SelectedRows(), (QList<int>{0}));
         scene.view.selectAll();
