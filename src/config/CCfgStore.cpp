@@ -85,7 +85,7 @@ void CCfgStore::Adopt(std::unique_ptr<CCfgValue> value, const SettingAddress& se
 
 ProfileSection CCfgStore::ReadSection() const {
     ProfileSection section;
-    for (auto& [entry, value] : m_profile.Section(m_sectionName)) section.insert(entry, std::move(value));
+    for (const auto& [entry, value] : m_profile.Section(m_sectionName)) section.insert(entry, value);
     return section;
 }
 

@@ -1,6 +1,7 @@
 #include "config/FontRecord.h"
 
 #include <QtEndian>
+#include <cstddef>
 
 namespace {
 
@@ -20,7 +21,8 @@ QByteArray FontRecord::ToBytes() const {
     qToLittleEndian(weight, data + kWeightAt);
     data[kItalicAt] = italic ? 1 : 0;
     const QString name = face.left(kFaceUnits - 1);
-    for (qsizetype i = 0; i < name.size(); ++i) qToLittleEndian(name.at(i).unicode(), data + kFaceAt + i * 2);
+    for (qsizetype i = 0; i < name.size(); ++i)
+        qToLittleEndian(name.at(i).unicode(), data + kFaceAt + std::ptrdiff_t{2} * i);
     return bytes;
 }
 
@@ -34,7 +36,7 @@ bool FontRecord::FromBytes(const QByteArray& bytes, FontRecord& out) {
     if (font.tenthsOfPoint < 10 || font.tenthsOfPoint > 10000 || font.weight < 1 || font.weight > 1000)
         return false;
     for (int i = 0; i < kFaceUnits; ++i) {
-        const QChar unit(qFromLittleEndian<char16_t>(data + kFaceAt + i * 2));
+        const QChar unit(qFromLittleEndian<char16_t>(data + kFaceAt + std::ptrdiff_t{2} * i));
         if (unit.isNull()) break;
         font.face.append(unit);
     }

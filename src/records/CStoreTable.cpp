@@ -119,8 +119,10 @@ bool CStoreTable::Count(CSqliteFile& file, int& count) {
 std::optional<CStoreTable> CStoreTable::Look(CSqliteFile& file, const QByteArray& name) {
     sqlite3_stmt* statement = file.Prepare("SELECT * FROM " + Quoted(QString::fromUtf8(name)) + " WHERE 0");
     if (!statement) return std::nullopt;
+    const int count = sqlite3_column_count(statement);
     std::vector<QString> columns;
-    for (int i = 0; i < sqlite3_column_count(statement); ++i)
+    columns.reserve(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i)
         columns.push_back(QString::fromUtf8(sqlite3_column_name(statement, i)));
     CStoreTable table(std::move(columns));
     table.Compose(Quoted(QString::fromUtf8(name)));

@@ -3,12 +3,14 @@
 #include "app/CTimerDesk.h"
 #include "app/CVelmarchDoc.h"
 #include "config/Settings.h"
+#include "entry/RecordMarks.h"
 #include "lang/FormatText.h"
 #include "platform/CPrompt.h"
 #include "records/CTRecord.h"
 #include "shell/core/CProgress.h"
 
 #include <functional>
+#include <optional>
 
 namespace {
 
@@ -25,18 +27,19 @@ int RunOver(const QStringList& ids, CProgress& progress, const QString& what,
     return done;
 }
 
-/// The flag that a mark sets, and whether the record bears it already. Null for codes without a meaning here.
-bool CTRecord::*FlagOfMark(int code) {
+/// The mark of a command; nothing for codes that are of expenses.
+std::optional<RecordMark> MarkOfCode(int code) {
     switch (code) {
         case MarkCode::kFirst:
-            return &CTRecord::isBillable;
+            return RecordMark::First;
         case MarkCode::kFirstAndSecond:
-            return &CTRecord::isBilled;
+            return RecordMark::FirstAndSecond;
         case MarkCode::kExported:
+            return RecordMark::Exported;
         case MarkCode::kNotExported:
-            return &CTRecord::isExported;
+            return RecordMark::NotExported;
         default:
-            return nullptr;
+            return std::nullopt;
     }
 }
 
@@ -111,29 +114,27 @@ void CRecordCommands::Copy(const QStringList& ids) {
 }
 
 void CRecordCommands::SetMark(int code, const QStringList& ids, bool ask) {
-    if (ids.isEmpty() || !FlagOfMark(code)) return;
+    const std::optional<RecordMark> mark = MarkOfCode(code);
+    if (ids.isEmpty() || !mark) return;
     if (ask && m_around.settings.confirmMark &&
         !Confirmed(Text::AskMarkRecords, Text::AskMarkTitle, ids.size()))
         return;
     Batch batch(m_around.document);
     RunOver(ids, m_around.progress, FormatText<Text::ProgressMark>(static_cast<int>(ids.size())),
-            [this, code, &batch](const QString& id) { return MarkOne(code, id, batch.IsOpen()); });
+            [this, mark, &batch](const QString& id) { return MarkOne(*mark, id, batch.IsOpen()); });
     const bool isKept = batch.Close();
     m_around.document.FlushPending(Hint::Changed);
     if (!isKept) ReadAnew();
 }
 
 /// A record that isn't there or bears the mark is passed over: true.
-bool CRecordCommands::MarkOne(int code, const QString& id, bool inBatch) {
+bool CRecordCommands::MarkOne(RecordMark mark, const QString& id, bool inBatch) {
     const CTRecord* record = m_around.document.FindTime(id);
-    const bool wanted = code != MarkCode::kNotExported;
-    if (!record || record->*FlagOfMark(code) == wanted) return true;
+    if (!record) return true;
     CTRecord marked;
     marked.Reset();
     marked.Copy(*record);
-    if (code <= MarkCode::kFirstAndSecond) marked.SetBillable(true);
-    if (code == MarkCode::kFirstAndSecond) marked.isBilled = true;
-    if (code >= MarkCode::kExported) marked.isExported = wanted;
+    if (!::SetMark(marked, mark)) return true;
     m_around.document.NotifyViews(Hint::AboutToChange, {id});
     return m_around.document.ModifyRecord(marked, id, false, inBatch, true, true);
 }

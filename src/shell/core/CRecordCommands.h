@@ -8,6 +8,7 @@ class CProgress;
 class CTRecord;
 class CTimerDesk;
 class CVelmarchDoc;
+enum class RecordMark : int;
 enum class Text : int;
 struct Settings;
 
@@ -43,7 +44,7 @@ class CRecordCommands {
  private:
     /// The title is the verb of the button that says yes.
     [[nodiscard]] bool Confirmed(Text question, Text title, qsizetype records) const;
-    [[nodiscard]] bool MarkOne(int code, const QString& id, bool inBatch);
+    [[nodiscard]] bool MarkOne(RecordMark mark, const QString& id, bool inBatch);
     /// After a batch of which nothing was kept.
     void ReadAnew();
 
