@@ -24,7 +24,7 @@ QByteArray ClockBytes(const SYSTEMTIME& time) {
 }
 
 SYSTEMTIME ClockOf(const QByteArray& bytes) {
-    const auto field = [&bytes](int i) {
+    const auto field = [&bytes](std::ptrdiff_t i) {
         return qFromLittleEndian<std::uint16_t>(bytes.constData() + i * 2);
     };
     return {field(0), field(1), field(2), field(3), field(4), field(5), field(6), field(7)};

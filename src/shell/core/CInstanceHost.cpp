@@ -63,7 +63,7 @@ void CInstanceHost::NoteChange(const QJsonObject& arguments) {
     const bool ofTime = arguments.value(u"kind"_s).toString(u"time"_s) == u"time"_s;
     if (ids.isEmpty()) m_allChanged = true;
     if (ofTime)
-        for (const QJsonValue& id : ids) m_changed.append(id.toString());
+        for (const auto& id : ids) m_changed.append(id.toString());
     if (!m_delay.isActive()) m_delay.start();
 }
 
@@ -86,7 +86,7 @@ QJsonObject CInstanceHost::RunTimer(const QJsonObject& arguments) {
 }
 
 QJsonObject CInstanceHost::RunSetting(const QJsonObject& arguments) {
-    const QJsonObject answer = RunSettingCommand(arguments, m_around.settings);
+    QJsonObject answer = RunSettingCommand(arguments, m_around.settings);
     if (answer.value(u"ok"_s).toBool()) {
         m_allChanged = true;
         if (!m_delay.isActive()) m_delay.start();
