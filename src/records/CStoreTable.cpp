@@ -122,8 +122,7 @@ std::optional<CStoreTable> CStoreTable::Look(CSqliteFile& file, const QByteArray
     const int count = sqlite3_column_count(statement);
     std::vector<QString> columns;
     columns.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
-        columns.push_back(QString::fromUtf8(sqlite3_column_name(statement, i)));
+    for (int i = 0; i < count; ++i) columns.push_back(QString::fromUtf8(sqlite3_column_name(statement, i)));
     CStoreTable table(std::move(columns));
     table.Compose(Quoted(QString::fromUtf8(name)));
     return table;
