@@ -100,7 +100,9 @@ bool CRecordStore::ModifyRecord(const CVORec& record, const QString& id, bool no
 
 bool CRecordStore::InsertRecord(const CVORec& record, bool noCommit) {
     m_lastError = 0;
-    const QString statement = SelectAll(record.Kind()) + LoadText(Text::SqlNoRows);
+    // The same for every record of a kind, and composed once: a million records are added in one go.
+    QString& statement = m_insertPositions[static_cast<int>(record.Kind())];
+    if (statement.isEmpty()) statement = SelectAll(record.Kind()) + LoadText(Text::SqlNoRows);
     if (!m_manager.Query(statement, true)) return Fail(Text::InsertQueryFailed, statement);
     if (!m_manager.Insert(record)) return Fail(Text::InsertFailed, {});
     if (!noCommit && !m_manager.Update()) (void)Fail(Text::InsertCommitFailed, {});

@@ -2,6 +2,7 @@
 
 #include "records/CVOSrcMgr.h"
 
+#include <QHash>
 #include <QString>
 #include <functional>
 
@@ -45,6 +46,7 @@ class CRecordStore {
     CVOSrcMgr& m_manager;
     CPrompt& m_prompt;
     QString m_dataSourceName;
+    QHash<int, QString> m_insertPositions;  ///< by kind: the query that positions for an insert
 };
 
 /// A text as a literal of a statement: in apostrophes, those inside doubled. The one place that quotes.
