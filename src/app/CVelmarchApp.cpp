@@ -124,12 +124,17 @@ void CVelmarchApp::TellNotInstalled(const QString& why) {
 
 bool CVelmarchApp::OpenSettings() {
     const QString path = m_home + u'/' + SettingsFileName();
+    // Records without settings: the file was there when they were made, and timers were in it.
+    const bool areMissing =
+        QFileInfo(path).size() == 0 && QFileInfo(m_home + u'/' + LoadText(Text::StoreFileName)).size() > 0;
     const bool areKept = m_tree.Open(path);
     if (!areKept)
         Tell(Text::SettingsInMemory, FormatText<Text::SettingsInMemory>(m_tree.Error()), Text::SettingsTitle);
     else if (!m_tree.KeptAside().isEmpty())
         Tell(Text::SettingsKeptAside, FormatText<Text::SettingsKeptAside>(m_tree.KeptAside()),
              Text::SettingsTitle);
+    else if (areMissing)
+        Tell(Text::SettingsMissing, FormatText<Text::SettingsMissing>(path), Text::SettingsTitle);
     m_profile = std::make_unique<CProfile>(m_tree, LoadText(Text::ProfileKeyName));
     m_settings = std::make_unique<CCfgStore>(m_tree, *m_profile, m_outside.prompt, TheRegion(),
                                              LoadText(Text::BaseKeyPath));

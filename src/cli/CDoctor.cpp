@@ -2,6 +2,7 @@
 
 #include "app/CVelmarchApp.h"
 #include "calendar/CalendarMath.h"
+#include "cli/EnteredValues.h"
 #include "lang/FormatText.h"
 #include "platform/CMessagePump.h"
 #include "platform/CPrompt.h"
@@ -17,8 +18,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr int kFirstYear = 1900;
-constexpr int kLastYear = 2200;
+constexpr int kFirstYear = EnteredValues::kFirstYear;
+constexpr int kLastYear = 9999;
 constexpr qsizetype kNamed = 5;  ///< of the records at fault, so many are named
 
 /// Keeps what would be told, and agrees to nothing.

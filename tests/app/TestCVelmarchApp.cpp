@@ -213,6 +213,18 @@ class TestCVelmarchApp : public QObject {
         QVERIFY(again.app.OpenSettings());
     }
 
+    void OpenSettingsThatAreGone() {
+        {
+            Start start;
+            QVERIFY(start.OpenAll(Path(u"home"_s)));
+        }
+        QVERIFY(QFile::resize(Path(u"home/velmarch.settings"_s), 0));
+        Start start;  // never in silence: timers may have run
+        start.prompt.ExpectTold(Text::SettingsMissing);
+        QVERIFY(start.app.ResolveHome(Path(u"home"_s)));
+        QVERIFY(start.app.OpenSettings());
+    }
+
     // --- Store
 
     void OpenStoreTwice() {
