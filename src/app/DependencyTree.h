@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QString>
+#include <cstddef>
+#include <memory>
+
+class CPRecord;
+
+/// Which item may be chosen under which: a tree of list items of any depth, its root without an item. The
+/// items belong to the catalogue. Children form a chain of siblings. All walks and the destruction are
+/// without recursion: a tree of any depth that fits into the store is fine.
+class DependencyTree {
+ public:
+    class Node {
+     public:
+        [[nodiscard]] const CPRecord* Item() const { return m_item; }  ///< null for the root
+        [[nodiscard]] Node* Parent() const { return m_parent; }
+        [[nodiscard]] Node* FirstChild() const { return m_firstChild; }
+        [[nodiscard]] Node* LastChild() const { return m_lastChild; }
+        [[nodiscard]] Node* Next() const { return m_next; }
+        [[nodiscard]] Node* Previous() const { return m_previous; }
+        /// How many steps it is from the root, which is at 0.
+        [[nodiscard]] int Depth() const;
+        /// The first child whose item shows exactly this text; null for none.
+        [[nodiscard]] Node* FindChild(const QString& text) const;
+
+     private:
+        friend class DependencyTree;
+        const CPRecord* m_item = nullptr;
+        Node* m_parent = nullptr;
+        Node* m_firstChild = nullptr;
+        Node* m_lastChild = nullptr;
+        Node* m_next = nullptr;
+        Node* m_previous = nullptr;
+    };
+
+    DependencyTree();
+    ~DependencyTree();
+    DependencyTree(DependencyTree&& other) noexcept;
+    DependencyTree& operator=(DependencyTree&& other) noexcept;
+    DependencyTree(const DependencyTree&) = delete;
+    DependencyTree& operator=(const DependencyTree&) = delete;
+
+    [[nodiscard]] Node& Root() const { return *m_root; }
+    [[nodiscard]] bool IsEmpty() const { return m_root->FirstChild() == nullptr; }
+    void Clear();
+
+    Node& Append(Node& parent, const CPRecord& item);
+    Node& Prepend(Node& parent, const CPRecord& item);
+    /// At its place by the text of the item, behind those that compare equal.
+    Node& InsertSorted(Node& parent, const CPRecord& item);
+    /// Takes a node out with all below it; the root stays.
+    void Remove(Node& node);
+    /// Every node that holds the item, at any depth, each with all below it. False when there was none.
+    bool RemoveItem(const CPRecord& item);
+    /// The next node depth-first, parents before children; null at the end. Start with Root().
+    [[nodiscard]] static Node* NextOf(const Node& node);
+    /// The node that a path of texts leads to; null when a text isn't there. An empty path gives the root.
+    [[nodiscard]] Node* Walk(const QStringList& path) const;
+
+ private:
+    std::unique_ptr<Node> m_root;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "app/TimeFilter.h"
+
+#include <QString>
+#include <array>
+
+class CERecord;
+
+/// How an expense's amount is compared with the one wanted. Stored as these numbers.
+namespace AmountComparison {
+inline constexpr int kLess = 1;
+inline constexpr int kGreater = 2;
+inline constexpr int kEqual = 3;
+}  // namespace AmountComparison
+
+/// Which expenses a view shows: a period, texts of the five items, the amount, and seven flags.
+class ExpenseFilter final : public PeriodFilter {
+ public:
+    ExpenseFilter();
+
+    std::array<QString, 5> items;  ///< the word for any: no test
+    float amount = -1.0F;          ///< -1.0: no test
+    int comparison = AmountComparison::kEqual;
+    int distance = FlagCriterion::kAny;  ///< distance entries
+    std::array<int, 5> flags;            ///< flag1 to flag5
+    int exported = FlagCriterion::kAny;
+
+    void Reset() override;
+    /// One expense, by its rule of tests; the first that fails ends it.
+    [[nodiscard]] bool Matches(const CERecord& record, const PeriodSurroundings& around) const;
+    // Prepared, as TimeFilter has it, for a walk over many records.
+};

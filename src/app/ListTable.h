@@ -1,0 +1,60 @@
+#pragma once
+
+#include "lang/Text.h"
+#include "records/CVORec.h"
+
+#include <QString>
+#include <span>
+
+class CERecord;
+class CTRecord;
+
+/// Numbers of the pick lists that hold items of records. They are stored as they stand.
+namespace ListId {
+inline constexpr int kClient = 16;
+inline constexpr int kProject = 17;
+inline constexpr int kTimeItem3 = 32;
+inline constexpr int kTimeItem4 = 33;
+inline constexpr int kTimeRate = 34;
+inline constexpr int kExpenseItem3 = 68;
+inline constexpr int kDistance = 69;
+inline constexpr int kDistanceRate = 70;
+inline constexpr int kExpenseItem4 = 71;
+inline constexpr int kItem5 = 72;
+inline constexpr int kAmount = 73;
+}  // namespace ListId
+
+/// One pick list that holds items of records.
+struct ListRow {
+    int list;
+    Text title;
+    bool holdsNumbers;                ///< its items are numbers, normalised when they are entered
+    QString CTRecord::*timeField;     ///< the item of time records that it serves; null for none
+    QString CERecord::*expenseField;  ///< the same of expenses
+    Text timeColumn,
+        expenseColumn;  ///< the store's column of that field; meaningless where the field is null
+};
+
+/// The eleven lists in their order: 16, 17, 34, 32, 33, 68, 69, 70, 71, 72, 73.
+[[nodiscard]] std::span<const ListRow> RecordLists();
+/// Null when no list of records has that number.
+[[nodiscard]] const ListRow* FindRecordList(int list);
+/// Whether records store items of this list in a text field: renaming an item can be carried into them.
+[[nodiscard]] bool IsRecordList(int list);
+[[nodiscard]] bool HoldsNumbers(int list);
+
+/// The lists of field names: each holds at most one item that matters, the user's own name of a field.
+inline constexpr int kFirstLabel = 99;
+inline constexpr int kLastLabel = 142;
+/// Accepted from a store and left out: nothing shows them.
+[[nodiscard]] constexpr bool IsIgnoredList(int list) {
+    return list == 143 || list == 144;
+}
+/// All 57 entries that the catalogue starts with, in their order. 128 and 140 stand twice: the second entry
+/// of each shadows nothing and stays empty.
+[[nodiscard]] std::span<const int> KnownLists();
+[[nodiscard]] bool IsKnownList(int list);
+
+/// The text as the display form of a number with six significant digits ("1.50" gives "1.5"); false when it
+/// is no number by the user's regional settings.
+[[nodiscard]] bool NormaliseNumber(const QString& text, float& number, QString& display);

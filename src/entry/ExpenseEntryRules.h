@@ -1,0 +1,51 @@
+#pragma once
+
+#include "calendar/DateTimeVal.h"
+
+#include <QString>
+
+class CERecord;
+struct Settings;
+
+/// The rules by which entered values become part of an expense.
+namespace ExpenseEntryRules {
+
+/// What the amount field shows: distance times rate, from 0. A text that can't be read counts as 0.
+/// 10 and 0.5 give "5.00"; 10 and -0.5 give "0.00".
+[[nodiscard]] QString UpdateDistanceAmount(const QString& distance, const QString& rate);
+
+/// The first page of the expense dialog when it is accepted.
+struct MoneyPage {
+    int month = 0, day = 0, year = 0;
+    bool isDistance = false;
+    QString distance, rate, amount;
+    QString item5;
+};
+/// Takes the page over. Without isDistance the record keeps the distance and rate that it had.
+void AcceptMoneyPage(CERecord& record, const MoneyPage& page);
+
+/// The second page.
+struct ItemsPage {
+    QString item1, item2, item3, item4;
+    bool flag1 = false, flag2 = false, flag3 = false, flag4 = false, flag5 = false;
+};
+/// flag2 needs flag1, flag4 needs flag3: where the first is off, the second is cleared.
+void AcceptItemsPage(CERecord& record, const ItemsPage& page);
+
+/// The odometer dialog: readings as typed, and the distance that follows from them.
+struct Odometer {
+    QString start, end;
+    QString rate, distance;
+};
+/// On what it opens: the last reading is suggested as the start of a record that has none.
+[[nodiscard]] Odometer OpenOdometer(const CERecord& record, const Settings& settings);
+/// After start or end was typed. An end above the start gives the distance; otherwise the distance stays. A
+/// reading that is missing counts as 0.
+void ReadingsChanged(Odometer& odometer);
+/// After a distance was typed or picked: such a distance has no readings.
+void DistanceChosen(Odometer& odometer, const QString& distance);
+/// Takes readings, rate and distance over and notes the end for the next suggestion. A reading of 12345.6
+/// suggests 12345.
+void AcceptOdometer(CERecord& record, const Odometer& odometer, Settings& settings);
+
+}  // namespace ExpenseEntryRules

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "app/RecordMode.h"
+
+#include <QString>
+#include <QStringList>
+#include <span>
+
+class CPulldownCatalogue;
+struct Settings;
+
+/// The lists whose items hang under one another, from the first depth down: five in each mode.
+[[nodiscard]] std::span<const int> DependencyChain(RecordMode mode);
+/// The depth of a list in the chain, from 1; 0 for a list outside it.
+[[nodiscard]] int ChainDepth(RecordMode mode, int list);
+/// The list that hangs under one at this depth (0: the root); -1 below the last.
+[[nodiscard]] int NextList(RecordMode mode, int depth);
+/// What a list is called where dependencies are edited: the user's name of its heading, else the default.
+[[nodiscard]] QString ListHeading(const CPulldownCatalogue& catalogue, int list, const Settings& settings);
+
+/// What a pulldown offers. path: what the pulldowns above it in the chain hold, from the first down.
+/// With useDependencies and a list of the chain: the items that hang under that path, none when a text of it
+/// is empty or isn't there. Otherwise all items of the list.
+[[nodiscard]] QStringList PulldownTexts(const CPulldownCatalogue& catalogue, RecordMode mode, int list,
+                                        const QStringList& path, const Settings& settings);
