@@ -21,9 +21,6 @@ struct ColumnEntry {
     std::int32_t kind = 1;      ///< a ColumnKind; 1: unknown
 };
 
-/// The time records' half (columns 0 to 16) or the expenses' (17 to 33).
-enum class ColumnHalf { Time, Expense };
-
 /// Which of the 34 columns are shown, in which order, with which caption and width: for time records and for
 /// expenses at once. This one is the record list's; the data tree's derives from it.
 class CColSet {
