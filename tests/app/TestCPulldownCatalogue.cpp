@@ -92,51 +92,6 @@ class TestCPulldownCatalogue : public QObject {
         home = std::make_unique<TestHome>();
     }
 
-    // --- What may become an item
-
-    void CheckNewItem_data() {
-        QTest::addColumn<int>("list");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("result");
-        QTest::newRow("a new text") << 16 << u"new"_s << 6;
-        QTest::newRow("no text") << 16 << QString() << 5;
-        QTest::newRow("an empty text") << 16 << u""_s << 5;
-        QTest::newRow("there already") << 16 << u"known"_s << 5;
-        QTest::newRow("another case of letters is another text") << 16 << u"Known"_s << 6;
-        QTest::newRow("in another list") << 17 << u"known"_s << 6;
-        QTest::newRow("begins like a coded text") << 16 << u"[A] Alpha"_s << 5;
-        QTest::newRow("the bracket alone") << 16 << u"["_s << 5;
-        QTest::newRow("a bracket further on") << 16 << u"A [B]"_s << 6;
-        for (const char* code : {"CA", "CC", "DC", "CO", "BT", "DD", "CK", "TC", "MO", "PP", "GC", "VO", "MP",
-                                 "OW", "PC", "AD", "IN", "CR", "OT"}) {
-            const QString text = QLatin1StringView(code);
-            QTest::addRow("kind of payment %s", code) << 71 << text + u": anything"_s << 5;
-            QTest::addRow("%s without its colon", code) << 71 << text << 6;
-        }
-        QTest::newRow("a kind of payment in another list, too") << 16 << u"CA: "_s << 5;
-        QTest::newRow("a colon without blank") << 71 << u"CA:x"_s << 6;
-        QTest::newRow("a code in small letters") << 71 << u"ca: x"_s << 6;
-        QTest::newRow("a number") << 34 << u"80"_s << 6;
-        QTest::newRow("the same number") << 34 << u"1.5"_s << 5;
-        QTest::newRow("another spelling of it") << 34 << u"1.50"_s << 5;
-        QTest::newRow("the same number in another list") << 73 << u"1.50"_s << 6;
-        QTest::newRow("no number") << 34 << u"much"_s << 5;
-        QTest::newRow("distances are texts") << 69 << u"far"_s << 6;
-    }
-    void CheckNewItem() {
-        static TestHome shared;
-        static bool isFilled = false;
-        CPulldownCatalogue& known = *shared.catalogue;
-        if (!isFilled) {
-            QVERIFY(known.AddItem(16, u"known"_s, false));
-            QVERIFY(known.AddItem(34, u"1.5"_s, false));
-            isFilled = true;
-        }
-        QFETCH(int, list);
-        QFETCH(QString, text);
-        QTEST(static_cast<int>(known.CheckNewItem(list, text)), "result");
-    }
-
     // --- Adding
 
     void AddItem_data() {
