@@ -148,7 +148,7 @@ bool CVelmarchApp::OpenSettings() {
     theClockEntry = m_clockEntry.get();
     theSpanEntry = m_spanEntry.get();
     theExpenseEntry = m_expenseEntry.get();
-    theRecordMode = m_settings->lastModeWasTime ? RecordMode::Time : RecordMode::Expense;
+    theRecordMode = LastMode(*m_settings);
     return areKept;
 }
 

@@ -79,7 +79,7 @@ class CVelmarchApp {
     [[nodiscard]] CRecordStore& Store() { return *m_store; }
     [[nodiscard]] CVelmarchDoc& Document() { return *m_document; }
     /// Saves and destroys the settings object; at the end of the window, before the store closes. The window
-    /// has noted the mode in them before (lastModeWasTime); a console command leaves that as it was.
+    /// has noted the mode in them before (NoteMode); a console command leaves that as it was.
     void CloseSettings();
 
     static constexpr const char* kMutexName = "Dv.Win.Velmarch.{5E1C7A20-93D4-4C7F-A1B6-2F08D6C4B711}";

@@ -98,6 +98,8 @@ class CCfgStore : public Settings, public CPrecisionSource {
 
     // Records that are kept as one blob in a key of their own.
     bool ReadEntry(QByteArray& out, const QString& prefix, const QString& entry);
+    /// Whether there is such an entry, with a value or without; makes none.
+    [[nodiscard]] bool HasEntry(const QString& prefix, const QString& entry);
     bool WriteEntry(const QString& prefix, const QString& entry, const QByteArray& data);
     bool DeleteEntry(const QString& prefix, const QString& entry);
     /// False, and the old entry as it was, when it has no value or can't be moved. An entry that has the new

@@ -247,7 +247,7 @@ void CMainFrame::KeepEverything() {
     m_around.timers.SaveTimers();
     KeepLayout();
     StorePeriod(m_around.app.Profile(), m_around.app.Document().Filter());
-    m_around.app.Settings().lastModeWasTime = theRecordMode == RecordMode::Time;
+    NoteMode(m_around.app.Settings());
 }
 
 void CMainFrame::ComeForward() {

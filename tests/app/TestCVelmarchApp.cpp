@@ -168,23 +168,23 @@ class TestCVelmarchApp : public QObject {
     // --- Settings
 
     void OpenSettingsSetsTheMode_data() {
-        QTest::addColumn<bool>("lastModeWasTime");
         QTest::addColumn<RecordMode>("mode");
-        QTest::newRow("time at the last exit") << true << RecordMode::Time;
-        QTest::newRow("expenses at the last exit") << false << RecordMode::Expense;
+        QTest::newRow("time at the last exit") << RecordMode::Time;
+        QTest::newRow("expenses at the last exit") << RecordMode::Expense;
     }
     void OpenSettingsSetsTheMode() {
-        QFETCH(bool, lastModeWasTime);
+        QFETCH(RecordMode, mode);
         {
             Start start;
             QVERIFY(start.app.ResolveHome(Path(u"home"_s)));
             QVERIFY(start.app.OpenSettings());
-            start.app.Settings().lastModeWasTime = lastModeWasTime;
+            theRecordMode = mode;
+            NoteMode(start.app.Settings());
         }
         Start start;
         QVERIFY(start.app.ResolveHome(Path(u"home"_s)));
         QVERIFY(start.app.OpenSettings());
-        QTEST(theRecordMode, "mode");
+        QCOMPARE(theRecordMode, mode);
     }
 
     void OpenSettingsMakesTheWorkingRecords() {
@@ -311,16 +311,21 @@ class TestCVelmarchApp : public QObject {
     // --- Load step
 
     void LoadStep_data() {
+        QTest::addColumn<RecordMode>("mode");
         QTest::addColumn<int>("records");
-        QTest::newRow("an empty store: the views are told all the same") << 0;
-        QTest::newRow("two records") << 2;
+        QTest::newRow("an empty store: the views are told all the same") << RecordMode::Time << 0;
+        QTest::newRow("two time records") << RecordMode::Time << 2;
+        QTest::newRow("no expenses") << RecordMode::Expense << 0;
+        QTest::newRow("two expenses") << RecordMode::Expense << 2;
     }
     void LoadStep() {
+        QFETCH(RecordMode, mode);
         QFETCH(int, records);
         Start start;
         QVERIFY(start.OpenAll(Path(u"home"_s)));
+        theRecordMode = mode;
         for (int i = 0; i < records; ++i)
-            QVERIFY(start.app.Document().AddRecord(CTRecord(), false, false, true));
+            QVERIFY(start.app.Document().AddRecord(*NewRecord(KindOf(mode)), false, false, true));
         QVERIFY(start.app.LoadStep());
         const QList<std::pair<Hint, QStringList>> expected{{Hint::Clear, {}}, {Hint::Rebuild, {}}};
         QCOMPARE(start.views.seen, expected);
