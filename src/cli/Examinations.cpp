@@ -57,6 +57,7 @@ const RecordDate& DateOf(const CVORec& record) {
 template <RecordMode Mode, Text AdviceOnDates>
 Finding ExamineRecords(const char* name, ReadingRoom& room) {
     const RecordModeScope mode(Mode);
+    (void)room.prompt.TakeHeard();  // what the settings had to say is no matter of the records
     room.document.LoadRecords(KindOf(Mode));
     if (room.prompt.HasHeard() || room.store.m_lastError != 0)
         return {name, Bad, room.prompt.TakeHeard(), LoadText(Text::CliAdviseStore)};

@@ -77,9 +77,9 @@ void CFrameCommands::Run(const CommandRow& row) {
 }
 
 void CFrameCommands::QuickEntry(int flags) {
-    const QuickOutcome outcome =
-        NewTimeRecord(flags, {m_around.document, m_around.timers, m_around.settings, m_around.clock,
-                              m_around.view.SelectedIds(), m_around.edit});
+    const auto edit = [this](CVORec& record) { return m_around.edit(static_cast<CTRecord&>(record)); };
+    const QuickOutcome outcome = NewTimeRecord(flags, {m_around.document, m_around.timers, m_around.settings,
+                                                       m_around.clock, m_around.view.SelectedIds(), edit});
     if (!outcome.addedId.isEmpty()) m_around.view.SelectIds({outcome.addedId});
 }
 
