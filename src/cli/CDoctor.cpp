@@ -33,6 +33,7 @@ class CListeningPrompt final : public CPrompt {
     void Tell(const MessageBox& box) override { m_heard.append(box.text.simplified()); }
     std::optional<QString> ChooseFile(const FileChoice&) override { return std::nullopt; }
 
+    void Forget() { m_heard.clear(); }
     [[nodiscard]] bool HasHeard() const { return !m_heard.isEmpty(); }
     [[nodiscard]] QString Heard() const { return m_heard.join(u' '); }
 
@@ -124,6 +125,7 @@ Finding ExamineStore(ReadingRoom& room, const QString& path, bool& isThere) {
 /// Reads all records of a kind and looks at each.
 Finding ExamineRecords(ReadingRoom& room, const char* name, RecordKind kind) {
     const RecordModeScope mode(kind == RecordKind::Time ? RecordMode::Time : RecordMode::Expense);
+    room.prompt.Forget();  // what the settings had to say is no matter of the records
     room.document.LoadRecords(kind);
     if (room.prompt.HasHeard() || room.store.m_lastError != 0)
         return {name, false, room.prompt.Heard(), LoadText(Text::CliAdviseStore)};

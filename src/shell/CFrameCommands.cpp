@@ -1,6 +1,7 @@
 #include "shell/CFrameCommands.h"
 
 #include "app/CVelmarchApp.h"
+#include "config/ColumnTable.h"
 #include "entry/QuickEntry.h"
 #include "entry/RecordMarks.h"
 #include "lang/LoadText.h"
@@ -9,7 +10,6 @@
 #include "shell/CFrameDoor.h"
 #include "shell/CRecordListView.h"
 #include "shell/core/CRecordListModel.h"
-#include "shell/core/ColumnDefaults.h"
 #include "timers/CRecordTimers.h"
 #include "timers/TimerSelection.h"
 
@@ -130,7 +130,7 @@ void CFrameCommands::Sort(int) {
     int present = 0;
     for (const int column : m_around.model.VisibleColumns()) {
         if (column == m_around.model.SortColumn()) present = static_cast<int>(captions.size());
-        captions.append(LoadText(ColumnDefaults()[static_cast<std::size_t>(column)].caption));
+        captions.append(LoadText(ColumnTable()[static_cast<std::size_t>(column)].caption));
     }
     bool picked = false;
     const QString caption = QInputDialog::getItem(&m_around.door.Window(), LoadText(Text::SortTitle),

@@ -1,10 +1,10 @@
 #include "shell/CRecordLineDelegate.h"
 
+#include "config/ColumnTable.h"
 #include "config/Settings.h"
 #include "records/CTRecord.h"
 #include "shell/core/CRecordListModel.h"
 #include "shell/core/CellText.h"
-#include "shell/core/ColumnDefaults.h"
 
 #include <QPainter>
 #include <algorithm>

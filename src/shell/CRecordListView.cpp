@@ -1,10 +1,10 @@
 #include "shell/CRecordListView.h"
 
 #include "config/CCfgStore.h"
+#include "config/ColumnTable.h"
 #include "lang/FormatText.h"
 #include "shell/CRecordLineDelegate.h"
 #include "shell/core/CRecordListModel.h"
-#include "shell/core/ColumnDefaults.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -103,7 +103,7 @@ void CRecordListView::ApplyWidths() {
     const double scale = std::max(1.0, static_cast<double>(fontMetrics().height()) / kWidthsMadeFor);
     for (int section = 1; section < m_model.columnCount(); ++section) {
         const int column = m_model.VisibleColumns()[static_cast<std::size_t>(section - 1)];
-        const int width = ColumnDefaults()[static_cast<std::size_t>(column)].width;
+        const int width = ColumnTable()[static_cast<std::size_t>(column)].width;
         // Room for the caption, and for a running count.
         const int least =
             std::max(header.sectionSizeHint(section), column == Column::kDuration ? CountWidth() : 0);

@@ -250,6 +250,24 @@ class TestCVelmarchDoc : public QObject {
         QCOMPARE(scene->Hints(), QString());
     }
 
+    void BatchWithinABatch() {
+        const QString outer = AddOnDay(1, u"a"_s), inner = AddOnDay(2, u"b"_s);
+        Reload();
+        const CVORec* former = document->FindRecord(outer);
+        CTRecord changed = *document->FindTime(outer);
+        changed.item1 = u"c"_s;
+        QVERIFY(document->ModifyRecord(changed, outer, false, false, true, true));
+        const qsizetype waiting = document->PendingCount();
+        QCOMPARE(waiting, qsizetype{1});
+        const CTRecord record = *document->FindTime(inner);
+        QVERIFY(document->ModifyRecord(record, inner, false, false, true, true));
+        QCOMPARE(document->TakePending(waiting), QStringList{inner});
+        document->NotifyViews(Hint::Changed, {inner});
+        QCOMPARE(Item1Of(former), u"a"_s);  // its own hint is still to come
+        QCOMPARE(document->TakePending(0), QStringList{outer});
+        QCOMPARE(document->PendingCount(), qsizetype{0});
+    }
+
     void RecordsOfABatchLiveUntilTheViewsAreTold() {
         const QString id = scene->AddOnDay(1, u"a"_s), other = scene->AddOnDay(2, u"b"_s);
         scene->Reload();

@@ -24,6 +24,7 @@ class TestOtherCommands : public QObject {
     void Texts();
     void DoctorOnASoundHome();
     void DoctorOnAnEmptyHome();
+    void HomeWithoutTreeColumns();
     void DoctorOnAMissingStore();
     void DoctorOnADamagedFile_data();
     void DoctorOnADamagedFile();
@@ -136,6 +137,17 @@ void TestOtherCommands::DoctorOnASoundHome() {
              FromText(u"{'name': 'time records', 'ok': true, 'detail': '1 records', 'advice': null}"_s));
     QCOMPARE(Check(reply.Object(), u"timers"_s)[u"detail"].toString(), u"1 timers"_s);
     QVERIFY(m_home->Run({u"doctor"_s}).out.endsWith("All is well.\n"));
+}
+
+/// A home of an earlier version has no columns stored: that is told, and everything works.
+void TestOtherCommands::HomeWithoutTreeColumns() {
+    m_home->Add({u"--date"_s, u"2026-11-19"_s});
+    QVERIFY(Execute(u"velmarch.settings"_s, "DELETE FROM entries WHERE name LIKE '%Columns'"));
+    const Reply list = m_home->RunJson({u"time"_s, u"list"_s});
+    QCOMPARE(list.exit, 0);
+    QCOMPARE(list.Object()[u"count"].toInt(), 1);
+    QVERIFY(list.err.contains("The levels of the data tree could not be read."));
+    QCOMPARE(m_home->RunJson({u"doctor"_s}).Object()[u"ok"].toBool(), true);
 }
 
 void TestOtherCommands::DoctorOnAnEmptyHome() {

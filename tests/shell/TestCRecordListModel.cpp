@@ -1,7 +1,7 @@
 #include "shell/core/CRecordListModel.h"
 
+#include "config/ColumnTable.h"
 #include "records/CTRecord.h"
-#include "shell/core/ColumnDefaults.h"
 #include "support/TestHome.h"
 #include "timers/ActiveTimerSet.h"
 

@@ -1,6 +1,6 @@
 #include "shell/core/LineLayout.h"
 
-#include "shell/core/ColumnDefaults.h"
+#include "config/ColumnTable.h"
 
 #include <QTest>
 
@@ -98,20 +98,6 @@ class TestLineLayout final : public QObject {
     void lineColourNumber() {
         QFETCH(int, line);
         QTEST(LineColourNumber(line), "colour");
-    }
-
-    /// The default table as it is stored: 17 columns of each kind, positions without gaps.
-    void columnTable() {
-        QCOMPARE(ColumnDefaults().size(), 34U);
-        std::vector<int> expense;
-        for (const ColumnDefaultRow& row : ColumnDefaults())
-            if (row.index >= 17 && row.position > 0) expense.push_back(row.position);
-        std::sort(expense.begin(), expense.end());
-        QCOMPARE(expense, (std::vector<int>{1, 2, 3, 4, 5, 6, 7, 8}));
-        QCOMPARE(ColumnDefaults()[6].width, 65);
-        QCOMPARE(ColumnDefaults()[0].kind, ColumnKind::DateTime);
-        for (const int column : {1, 2, 3, 8, 12, 18, 23, 24}) QVERIFY(IsRightAligned(column));
-        QVERIFY(!IsRightAligned(4));
     }
 };
 

@@ -2,10 +2,10 @@
 
 #include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
+#include "config/ColumnTable.h"
 #include "lang/LoadText.h"
 #include "records/CTRecord.h"
 #include "shell/core/CellText.h"
-#include "shell/core/ColumnDefaults.h"
 #include "timers/ActiveTimerSet.h"
 
 #include <QSet>
@@ -224,7 +224,7 @@ QVariant CRecordListModel::headerData(int section, Qt::Orientation orientation, 
     const int column = ColumnOf(section);
     if (column == Column::kNone) return {};
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
-        return LoadText(ColumnDefaults()[static_cast<std::size_t>(column)].caption);
+        return LoadText(ColumnTable()[static_cast<std::size_t>(column)].caption);
     if (role == Qt::TextAlignmentRole) {
         const bool right = IsRightAligned(column);
         return QVariant::fromValue(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));

@@ -2,9 +2,9 @@
 
 #include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
+#include "config/ColumnTable.h"
 #include "records/CTRecord.h"
 #include "shell/core/CRecordListModel.h"
-#include "shell/core/ColumnDefaults.h"
 #include "shell/core/MergeSort.h"
 
 #include <QHash>

@@ -1,9 +1,9 @@
 #include "shell/core/CellText.h"
 
+#include "config/ColumnTable.h"
 #include "config/Settings.h"
 #include "lang/FormatText.h"
 #include "records/CTRecord.h"
-#include "shell/core/ColumnDefaults.h"
 #include "timers/ActiveTimerSet.h"
 
 #include <QStringList>
@@ -52,7 +52,7 @@ bool FlagOf(const CTRecord& record, int column) {
 }
 
 QString FlagInWords(const CTRecord& record, int column) {
-    const QString& caption = LoadText(ColumnDefaults()[static_cast<std::size_t>(column)].caption);
+    const QString& caption = LoadText(ColumnTable()[static_cast<std::size_t>(column)].caption);
     return FlagOf(record, column) ? FormatText<Text::FlagSet>(caption) : FormatText<Text::FlagClear>(caption);
 }
 
@@ -106,7 +106,7 @@ QString RecordInWords(const CTRecord& record, const Settings& settings, const Ac
             words.append(FlagInWords(record, column));
             continue;
         }
-        const QString& caption = LoadText(ColumnDefaults()[static_cast<std::size_t>(column)].caption);
+        const QString& caption = LoadText(ColumnTable()[static_cast<std::size_t>(column)].caption);
         const QString text = TimeCellText(record, column, settings, timers);
         if (!text.isEmpty()) words.append(FormatText<Text::RecordInWords>(caption, text));
     }

@@ -3,9 +3,9 @@
 #include "calendar/CalendarMath.h"
 #include "calendar/DateTimeVal.h"
 #include "calendar/NumberText.h"
+#include "config/ColumnTable.h"
 #include "records/CTRecord.h"
 #include "shell/core/CellText.h"
-#include "shell/core/ColumnDefaults.h"
 
 #include <array>
 
