@@ -135,6 +135,29 @@ void MakeTimers() {
     Put("timers", "cut", stream.Buffer().left(150));
 }
 
+/// A drawn tree: < begins a group, a digit is an item, ) ends a group.
+QByteArray TreeBytes(const char* drawing) {
+    QByteArray bytes;
+    for (const char c : QByteArray(drawing)) {
+        if (c == '<')
+            bytes += '\x15';
+        else if (c == ')')
+            bytes += ')';
+        else
+            bytes += "3\x10" + QByteArray(16, static_cast<char>(c - '0')) + '=';
+    }
+    return bytes;
+}
+
+void MakeTrees() {
+    Put("tree_bytes", "two-levels", TreeBytes("<4<32)1<3<5))0)"));
+    Put("tree_bytes", "groups-not-closed", TreeBytes("<1<3<2"));
+    Put("tree_bytes", "group-without-items", TreeBytes("<)"));
+    Put("tree_bytes", "unknown-item", TreeBytes("<9)"));
+    Put("tree_bytes", "second-group", TreeBytes("<1)<2)"));
+    Put("tree_bytes", "cut-item", TreeBytes("<1").left(12));
+}
+
 /// A settings file with small pages, so that it is small.
 QByteArray SettingsFile(const char* extra) {
     const QString path = theFolder.filePath(u"velmarch.settings"_s);
@@ -183,6 +206,7 @@ int main(int argc, char** argv) {
     MakePacked();
     MakeBlocks();
     MakeTimers();
+    MakeTrees();
     MakeSettings();
     return 0;
 }
