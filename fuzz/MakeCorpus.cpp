@@ -1,6 +1,8 @@
 // Writes the sound inputs from which the corpus starts: fuzz_make_corpus FOLDER. Inputs that a fuzzer found
 // are added by hand beside them.
 #include "FuzzTexts.h"
+#include "app/DependencyBytes.h"
+#include "config/CTreeColSet.h"
 #include "platform/CSettingsTree.h"
 #include "records/ByteStream.h"
 #include "records/CDRecord.h"
@@ -135,29 +137,6 @@ void MakeTimers() {
     Put("timers", "cut", stream.Buffer().left(150));
 }
 
-/// A drawn tree: < begins a group, a digit is an item, ) ends a group.
-QByteArray TreeBytes(const char* drawing) {
-    QByteArray bytes;
-    for (const char c : QByteArray(drawing)) {
-        if (c == '<')
-            bytes += '\x15';
-        else if (c == ')')
-            bytes += ')';
-        else
-            bytes += "3\x10" + QByteArray(16, static_cast<char>(c - '0')) + '=';
-    }
-    return bytes;
-}
-
-void MakeTrees() {
-    Put("tree_bytes", "two-levels", TreeBytes("<4<32)1<3<5))0)"));
-    Put("tree_bytes", "groups-not-closed", TreeBytes("<1<3<2"));
-    Put("tree_bytes", "group-without-items", TreeBytes("<)"));
-    Put("tree_bytes", "unknown-item", TreeBytes("<9)"));
-    Put("tree_bytes", "second-group", TreeBytes("<1)<2)"));
-    Put("tree_bytes", "cut-item", TreeBytes("<1").left(12));
-}
-
 /// A settings file with small pages, so that it is small.
 QByteArray SettingsFile(const char* extra) {
     const QString path = theFolder.filePath(u"velmarch.settings"_s);
@@ -194,6 +173,48 @@ void MakeSettings() {
     Put("settings_tree", "write-ahead-log", writeAheadLog);
 }
 
+/// Items as the target knows them.
+CPRecord Item(int number) {
+    CPRecord item(u"item"_s);
+    item.SetId(u"0%1"_s.arg(number) + QString(30, u'0'));
+    return item;
+}
+
+void MakeTrees() {
+    const CPRecord one = Item(1), two = Item(2), three = Item(3);
+    DependencyTree tree;
+    DependencyTree::Node& first = tree.Append(tree.Root(), one);
+    tree.Append(first, two);
+    tree.Append(tree.Append(first, three), two);
+    tree.Append(tree.Root(), two);
+    const QByteArray bytes = TreeToBytes(tree);
+    Put("dependency_tree", "two-under-one", bytes);
+    Put("dependency_tree", "groups-not-closed", bytes.chopped(2));
+    Put("dependency_tree", "unknown-item", QByteArray(bytes).replace(4, 1, "\x01"));
+}
+
+QByteArray PlainOf(const QByteArray& blob) {
+    ByteStream stream;
+    stream.Attach(blob);
+    QByteArray guarded, packed;
+    if (!stream.GetBuffer(guarded) || Unguard(guarded, packed) != BlockState::Sound)
+        qFatal("a set of columns has no sound blob");
+    return RunUnpack(packed, 65536).value_or(QByteArray());
+}
+
+void MakeColumns() {
+    CColSet list;
+    list.SetDefaults();
+    CTreeColSet levels;
+    levels.SetDefaults();
+    QByteArray blob, levelBlob;
+    if (!list.MakeBlob(blob) || !levels.MakeBlob(levelBlob)) qFatal("no blob can be made");
+    Put("column_blob", "list", '\0' + blob);
+    Put("column_blob", "levels", '\0' + levelBlob);
+    Put("column_blob", "list-plain", '\1' + PlainOf(blob));
+    Put("column_blob", "list-plain-cut", '\1' + PlainOf(blob).chopped(3));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -206,7 +227,8 @@ int main(int argc, char** argv) {
     MakePacked();
     MakeBlocks();
     MakeTimers();
-    MakeTrees();
     MakeSettings();
+    MakeTrees();
+    MakeColumns();
     return 0;
 }
