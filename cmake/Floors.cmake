@@ -11,6 +11,12 @@ if(VELMARCH_SANITIZE)
                                                     -fno-omit-frame-pointer -Wno-maybe-uninitialized)
     target_link_options(velmarch_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(VELMARCH_FUZZ)
+    # The warnings that count are those of the compiler that makes the programs.
+    target_compile_options(velmarch_flags INTERFACE -w -fsanitize=fuzzer-no-link,address,undefined
+                                                    -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(velmarch_flags INTERFACE -fsanitize=address,undefined)
+endif()
 
 # velmarch_floor(NAME LINKS target...): the static library of the current folder, alias Velmarch::NAME.
 function(velmarch_floor name)

@@ -1,8 +1,10 @@
 #include "app/CVelmarchDoc.h"
 
 #include "config/CCfgStore.h"
+#include "records/CERecord.h"
 #include "records/CTRecord.h"
 
+#include <algorithm>
 #include <utility>
 
 CVelmarchDoc::CVelmarchDoc(const DocumentSurroundings& around)
@@ -16,15 +18,29 @@ CVelmarchDoc::~CVelmarchDoc() = default;
 
 // --- What passes the filter
 
+/// The filters of both kinds, prepared for a walk: each record is asked by the one that knows its fields.
+class CVelmarchDoc::BothFilters {
+ public:
+    explicit BothFilters(const CVelmarchDoc& document)
+        : m_time(document.m_timeFilter, document.PeriodNeeds(), document.m_timers),
+          m_expense(document.m_expenseFilter, document.PeriodNeeds()) {}
+    [[nodiscard]] bool Matches(const CVORec& record) const {
+        return record.Kind() == RecordKind::Time ? m_time.Matches(static_cast<const CTRecord&>(record))
+                                                 : m_expense.Matches(static_cast<const CERecord&>(record));
+    }
+
+ private:
+    TimeFilter::Prepared m_time;
+    ExpenseFilter::Prepared m_expense;
+};
+
 void CVelmarchDoc::BuildVisible() {
     for (auto& record : m_shownOnly) m_displaced.push_back(std::move(record));
     m_shownOnly.clear();
     m_visible.clear();
-    const TimeFilter::Prepared filter(m_timeFilter, PeriodNeeds(), m_timers);
+    const BothFilters filters(*this);
     for (CVORec* record = m_records.GetFirst(); record; record = m_records.GetNext()) {
-        // Expense records aren't narrowed: the time filter knows nothing of their fields.
-        const bool passes =
-            record->Kind() != RecordKind::Time || filter.Matches(static_cast<const CTRecord&>(*record));
+        const bool passes = filters.Matches(*record);
         m_records.SetPlaceHere(passes ? static_cast<std::uint32_t>(m_visible.size()) : VORecPtrCol::kNoPlace);
         if (passes) m_visible.push_back(record);
     }
@@ -32,8 +48,9 @@ void CVelmarchDoc::BuildVisible() {
 }
 
 bool CVelmarchDoc::Passes(const CVORec& record) const {
-    if (record.Kind() != RecordKind::Time) return true;
-    return m_timeFilter.Matches(static_cast<const CTRecord&>(record), PeriodNeeds(), m_timers);
+    if (record.Kind() == RecordKind::Time)
+        return m_timeFilter.Matches(static_cast<const CTRecord&>(record), PeriodNeeds(), m_timers);
+    return m_expenseFilter.Matches(static_cast<const CERecord&>(record), PeriodNeeds());
 }
 
 void CVelmarchDoc::ResetTimeFilter() {
@@ -41,12 +58,29 @@ void CVelmarchDoc::ResetTimeFilter() {
     BuildVisible();
 }
 
+void CVelmarchDoc::ResetExpenseFilter() {
+    m_expenseFilter.Reset();
+    BuildVisible();
+}
+
 void CVelmarchDoc::CollectTimeIds(QStringList& out) {
+    CollectIds(RecordKind::Time, out);
+}
+
+void CVelmarchDoc::CollectExpenseIds(QStringList& out) {
+    CollectIds(RecordKind::Expense, out);
+}
+
+void CVelmarchDoc::CollectIds(RecordKind kind, QStringList& out) {
     out.clear();
-    const TimeFilter::Prepared filter(m_timeFilter, PeriodNeeds(), m_timers);
+    const BothFilters filters(*this);
     for (const CVORec* record = m_records.GetFirst(); record; record = m_records.GetNext())
-        if (record->Kind() == RecordKind::Time && filter.Matches(static_cast<const CTRecord&>(*record)))
-            out.append(record->GetId());
+        if (record->Kind() == kind && filters.Matches(*record)) out.append(record->GetId());
+}
+
+PeriodFilter& CVelmarchDoc::FilterOf(RecordKind kind) {
+    if (kind == RecordKind::Time) return m_timeFilter;
+    return m_expenseFilter;
 }
 
 PeriodSurroundings CVelmarchDoc::PeriodNeeds() const {
@@ -84,6 +118,11 @@ CVORec* CVelmarchDoc::FindRecord(const QString& id) const {
 CTRecord* CVelmarchDoc::FindTime(const QString& id) const {
     CVORec* record = FindRecord(id);
     return record && record->Kind() == RecordKind::Time ? static_cast<CTRecord*>(record) : nullptr;
+}
+
+CERecord* CVelmarchDoc::FindExpense(const QString& id) const {
+    CVORec* record = FindRecord(id);
+    return record && record->Kind() == RecordKind::Expense ? static_cast<CERecord*>(record) : nullptr;
 }
 
 CVORec* CVelmarchDoc::FetchRecord(RecordKind kind, const QString& id) {
@@ -201,9 +240,15 @@ void CVelmarchDoc::Announce(Hint hint, const QString& id, bool notify) {
 }
 
 void CVelmarchDoc::FlushPending(Hint hint) {
-    if (m_pendingIds.isEmpty()) return;
-    const QStringList ids = std::exchange(m_pendingIds, {});
-    NotifyViews(hint, ids);
+    const QStringList ids = TakePending(0);
+    if (!ids.isEmpty()) NotifyViews(hint, ids);
+}
+
+QStringList CVelmarchDoc::TakePending(qsizetype from) {
+    if (from == 0) return std::exchange(m_pendingIds, {});
+    QStringList own = m_pendingIds.mid(from);
+    m_pendingIds.resize(std::min(from, m_pendingIds.size()));
+    return own;
 }
 
 void CVelmarchDoc::NotifyViews(Hint hint, const QStringList& ids) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ExpenseFilter.h"
 #include "app/Hints.h"
 #include "app/RecordMode.h"
 #include "app/TimeFilter.h"
@@ -7,12 +8,14 @@
 #include "records/CRecordStore.h"
 
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
 
 class CCfgStore;
 class CClock;
+class CERecord;
 class CMessagePump;
 class CTimerDesk;
 class CTRecord;
@@ -49,10 +52,17 @@ class CVelmarchDoc {
     /// holds what came.
     bool LoadRecords(RecordKind kind);
     bool LoadCurrentMode() { return LoadRecords(KindOf(theRecordMode)); }
-    /// Rebuilds the visible records by the mode's filter.
+    /// Shows the other kind of records, or the same anew: loads them while the former mode is still in force,
+    /// then sets theRecordMode, rebuilds the visible records, hint Rebuild. captureWidths is called just
+    /// before the mode changes, and not when it stays the same.
+    void SwitchMode(RecordMode mode, const std::function<void()>& captureWidths = {});
+    /// Rebuilds the visible records by the filter of their kind.
     void BuildVisible();
     void ResetTimeFilter();
+    void ResetExpenseFilter();
+    /// The identities of all loaded records of the kind that pass its filter, in no promised order.
     void CollectTimeIds(QStringList& out);
+    void CollectExpenseIds(QStringList& out);
     /// For commands about one record: the record from memory, or read from the store and kept apart from the
     /// loaded ones, so that neither filter, views nor the other mode see it. Null when absent.
     [[nodiscard]] CVORec* FetchRecord(RecordKind kind, const QString& id);
@@ -65,6 +75,7 @@ class CVelmarchDoc {
     /// A loaded record, or one that FetchRecord read; null when neither.
     [[nodiscard]] CVORec* FindRecord(const QString& id) const;
     [[nodiscard]] CTRecord* FindTime(const QString& id) const;
+    [[nodiscard]] CERecord* FindExpense(const QString& id) const;
     /// A new object with the same content; null for records other than times and expenses.
     [[nodiscard]] static std::unique_ptr<CVORec> CloneRecord(const CVORec& record);
 
@@ -78,6 +89,10 @@ class CVelmarchDoc {
     [[nodiscard]] bool DeleteRecord(RecordKind kind, const QString& id, bool notify);
     /// Ends a batch of changes made with notify false: one hint for all of them, none when there were none.
     void FlushPending(Hint hint);
+    /// For a batch that may stand within another one: how many identities wait for their hint before it, and
+    /// afterwards those of its own, which the caller announces. The others go on waiting for theirs.
+    [[nodiscard]] qsizetype PendingCount() const { return m_pendingIds.size(); }
+    QStringList TakePending(qsizetype from);
     /// Opens one transaction for a batch: what follows, deletes included, is durable with Commit.
     [[nodiscard]] bool BeginBatch();
     bool Commit();
@@ -96,6 +111,11 @@ class CVelmarchDoc {
 
     [[nodiscard]] TimeFilter& Filter() { return m_timeFilter; }
     [[nodiscard]] const TimeFilter& Filter() const { return m_timeFilter; }
+    [[nodiscard]] ExpenseFilter& FilterOfExpenses() { return m_expenseFilter; }
+    [[nodiscard]] const ExpenseFilter& FilterOfExpenses() const { return m_expenseFilter; }
+    /// The period and matching of the filter of a kind; that of the mode in force.
+    [[nodiscard]] PeriodFilter& FilterOf(RecordKind kind);
+    [[nodiscard]] PeriodFilter& CurrentFilter() { return FilterOf(KindOf(theRecordMode)); }
     [[nodiscard]] PeriodSurroundings PeriodNeeds() const;
     [[nodiscard]] CRecordStore& Store() { return m_store; }
     [[nodiscard]] const CCfgStore& GetSettings() const { return m_settings; }
@@ -113,7 +133,9 @@ class CVelmarchDoc {
     [[nodiscard]] bool MayGoOn(unsigned loading);
     [[nodiscard]] bool IsLoadedKind(RecordKind kind) const;
 
+    class BothFilters;
     [[nodiscard]] bool Passes(const CVORec& record) const;
+    void CollectIds(RecordKind kind, QStringList& out);
     void AppendVisible(CVORec& record);
     bool ReplaceVisible(const QString& id, CVORec& record);
     void RemoveVisible(const QString& id);
@@ -135,6 +157,7 @@ class CVelmarchDoc {
     std::vector<CVORec*> m_visible;  ///< null where a record was removed; places are kept in m_records
     std::size_t m_visibleCount = 0;
     TimeFilter m_timeFilter;
+    ExpenseFilter m_expenseFilter;
     VORecPtrCol m_records;
     VORecPtrCol m_fetched;                             ///< records read one by one, of either kind
     std::optional<RecordKind> m_loadedKind;            ///< of m_records; nothing before the first load

@@ -21,6 +21,18 @@ bool CVelmarchDoc::LoadDays(RecordKind kind, const DateTimeVal& first, const Dat
     return true;
 }
 
+void CVelmarchDoc::SwitchMode(RecordMode mode, const std::function<void()>& captureWidths) {
+    LoadRecords(KindOf(mode));
+    // A command served during the load has loaded the other kind: the later wish holds.
+    if (!IsLoadedKind(KindOf(mode))) return;
+    if (theRecordMode != mode) {
+        if (captureWidths) captureWidths();
+        theRecordMode = mode;
+    }
+    BuildVisible();
+    NotifyViews(Hint::Rebuild);
+}
+
 void CVelmarchDoc::Load(RecordKind kind, const QString& statement) {
     const unsigned loading = ++m_loading;
     m_pendingIds.clear();

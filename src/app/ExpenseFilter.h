@@ -1,13 +1,13 @@
 #pragma once
 
-#include "app/TimeFilter.h"
+#include "app/FilterTests.h"
 
-#include <QString>
 #include <array>
 
 class CERecord;
 
-/// How an expense's amount is compared with the one wanted. Stored as these numbers.
+/// How an expense's amount is compared with the one wanted. Stored as these numbers; another lets nothing
+/// pass.
 namespace AmountComparison {
 inline constexpr int kLess = 1;
 inline constexpr int kGreater = 2;
@@ -17,17 +17,32 @@ inline constexpr int kEqual = 3;
 /// Which expenses a view shows: a period, texts of the five items, the amount, and seven flags.
 class ExpenseFilter final : public PeriodFilter {
  public:
+    static constexpr float kAnyAmount = -1.0F;
+
     ExpenseFilter();
 
     std::array<QString, 5> items;  ///< the word for any: no test
-    float amount = -1.0F;          ///< -1.0: no test
+    float amount = kAnyAmount;
     int comparison = AmountComparison::kEqual;
     int distance = FlagCriterion::kAny;  ///< distance entries
-    std::array<int, 5> flags;            ///< flag1 to flag5
+    std::array<int, 5> flags{};          ///< flag1 to flag5
     int exported = FlagCriterion::kAny;
 
     void Reset() override;
     /// One expense, by its rule of tests; the first that fails ends it.
     [[nodiscard]] bool Matches(const CERecord& record, const PeriodSurroundings& around) const;
-    // Prepared, as TimeFilter has it, for a walk over many records.
+
+    /// The same tests, prepared for a walk over many records.
+    class Prepared {
+     public:
+        Prepared(const ExpenseFilter& filter, const PeriodSurroundings& around);
+        [[nodiscard]] bool Matches(const CERecord& record) const;
+
+     private:
+        [[nodiscard]] bool MatchesAmount(const CERecord& record) const;
+
+        FilterTests<CERecord> m_tests;
+        float m_amount;
+        int m_comparison;
+    };
 };

@@ -2,6 +2,8 @@
 
 #include "records/CVORec.h"
 
+struct Settings;
+
 /// What the program shows: time or expenses.
 enum class RecordMode : int { Time = 1, Expense = 2 };
 
@@ -11,6 +13,11 @@ extern RecordMode theRecordMode;
 [[nodiscard]] inline RecordKind KindOf(RecordMode mode) {
     return mode == RecordMode::Time ? RecordKind::Time : RecordKind::Expense;
 }
+
+/// The mode that a program starts in: the one that the window was in at its end.
+[[nodiscard]] RecordMode LastMode(const Settings& settings);
+/// The mode in use goes to the settings; for the end of the window, before they are saved.
+void NoteMode(Settings& settings);
 
 /// Sets the mode for a scope and puts the former one back.
 class RecordModeScope {

@@ -29,21 +29,36 @@ QString OnLines(QString text) {
 
 }  // namespace
 
+QString WordsOf(const MessageBox& box) {
+    QString text = box.text;
+    for (const QString& operation : {u"RegOpenKeyEx\n\n"_s, u"RegQueryValueEx\n\n"_s})
+        if (const qsizetype at = text.indexOf(operation); at >= 0)
+            text = text.left(at) + FormatText<Text::CliInstallNote>(text.mid(at + operation.size()));
+    return OnLines(text);
+}
+
 void CConsolePrompt::Tell(const MessageBox& box) {
+    const QString words = WordsOf(box);
+    if (words == m_told) return;
+    m_told = words;
     if (box.icon == BoxIcon::Information)
-        m_out.Note(OnLines(box.text));
+        m_out.Note(words);
     else
-        m_out.Complain(OnLines(box.text));
+        m_out.Complain(words);
 }
 
 /// The console has no command that retries or ignores, so every answer but yes is the box's harmless one.
+/// A question with OK and Cancel is answered with yes or no, too.
 Answer CConsolePrompt::Ask(const MessageBox& box) {
-    const bool takesYes = box.buttons == Buttons::YesNo || box.buttons == Buttons::YesNoCancel;
-    if (takesYes && m_sayYes) return Answer::Yes;
+    const bool isOkCancel = box.buttons == Buttons::OkCancel;
+    const bool takesYes = isOkCancel || box.buttons == Buttons::YesNo || box.buttons == Buttons::YesNoCancel;
+    const Answer yes = isOkCancel ? Answer::Ok : Answer::Yes;
+    const Answer no = isOkCancel ? Answer::Cancel : Answer::No;
+    if (takesYes && m_sayYes) return yes;
     if (!takesYes || ::isatty(STDIN_FILENO) == 0) {
         m_out.Complain(FormatText<Text::CliNotConfirmed>(OnLines(box.text)));
-        return takesYes ? Answer::No : box.defaultAnswer;
+        return takesYes ? no : box.defaultAnswer;
     }
     m_out.NoteBare(FormatText<Text::CliQuestion>(OnLines(box.text)));
-    return IsYes(ReadLine()) ? Answer::Yes : Answer::No;
+    return IsYes(ReadLine()) ? yes : no;
 }

@@ -139,10 +139,13 @@ void CCfgStore::OpenBaseKey() {
     if (MakeBaseKey()) return;
     m_openKey = {};
     Tell(Text::BaseKeyFailed, FormatText<Text::BaseKeyFailed>(m_basePath), Text::WriteSettingTitle);
+    m_listColumns = {};
+    m_treeColumns = {};
+    DefaultColumns();
 }
 
-/// The first run: key, font and all values come into being as one change, so that a second program that
-/// starts at the same moment finds nothing or everything.
+/// The first run: key, columns, font and all values come into being as one change, so that a second program
+/// that starts at the same moment finds nothing or everything.
 bool CCfgStore::MakeBaseKey() {
     auto created = CSettingsTree::Created::No;
     const bool done = m_tree.Change([&] {
@@ -150,39 +153,82 @@ bool CCfgStore::MakeBaseKey() {
         if (!m_openKey.IsOpen()) return false;
         if (created == CSettingsTree::Created::No) return true;
         ResetAll();
-        return SaveFont(false) && SaveValues();
+        return SaveBlobs(false) && SaveValues();
     });
     if (done && created == CSettingsTree::Created::No) LoadAll();
     return done;
 }
 
+void CCfgStore::DefaultColumns() {
+    m_listColumns.SetDefaults();
+    m_treeColumns.SetDefaults();
+}
+
 void CCfgStore::ResetAll() {
+    DefaultColumns();
     ResetValues();
     m_listFont = DefaultFont();
 }
 
 void CCfgStore::LoadAll() {
     LoadFont();
+    LoadListColumns();
+    LoadTreeColumns();
+    m_listColumns.Repair();
     LoadValues();
 }
 
 bool CCfgStore::SaveAll() {
     if (!m_openKey.IsOpen()) return false;  // the user was told when it could not be opened
-    return SaveFont(true) && SaveValues();
+    return SaveBlobs(true) && SaveValues();
+}
+
+bool CCfgStore::SaveBlobs(bool report) {
+    return SaveColumns(m_listColumns, Text::ValueListColumns, Text::ListColumnsBlobFailed, report) &&
+           SaveColumns(m_treeColumns, Text::ValueTreeColumns, Text::TreeColumnsBlobFailed, report) &&
+           SaveFont(report);
+}
+
+bool CCfgStore::SaveColumns(const CColSet& columns, Text name, Text failure, bool report) {
+    QByteArray blob;
+    if (columns.MakeBlob(blob)) return SaveBlob(name, blob, report);
+    if (report) Tell(failure, LoadText(failure), Text::WriteSettingTitle);
+    return false;
+}
+
+void CCfgStore::LoadListColumns() {
+    if (!m_listColumns.LoadBlob(ReadBlob(Text::ValueListColumns))) m_listColumns.SetDefaults();
+}
+
+void CCfgStore::LoadTreeColumns() {
+    const QByteArray blob = ReadBlob(Text::ValueTreeColumns);
+    if (m_treeColumns.LoadBlob(blob)) return;
+    const Text message = blob.isEmpty() ? Text::TreeColumnsReadFailed : Text::TreeColumnsBlobBad;
+    Tell(message, LoadText(message), Text::ColumnsTitle);
+    m_treeColumns.SetDefaults();
 }
 
 void CCfgStore::LoadFont() {
-    QByteArray bytes;
-    m_storedFont.reset();
-    if (ReadBinary(LoadText(Text::ValueListFont), bytes, false)) m_storedFont = bytes;
-    if (!FontRecord::FromBytes(bytes, m_listFont)) m_listFont = DefaultFont();
+    if (!FontRecord::FromBytes(ReadBlob(Text::ValueListFont), m_listFont)) m_listFont = DefaultFont();
 }
 
 bool CCfgStore::SaveFont(bool report) {
-    const QByteArray bytes = m_listFont.ToBytes();
-    if (m_storedFont == bytes) return true;
-    if (!WriteBinary(LoadText(Text::ValueListFont), bytes, report)) return false;
-    m_storedFont = bytes;
+    return SaveBlob(Text::ValueListFont, m_listFont.ToBytes(), report);
+}
+
+/// Takes note of what is stored under a name, usable or not; nothing where nothing is.
+QByteArray CCfgStore::ReadBlob(Text name) {
+    QByteArray blob;
+    (void)ReadBinary(LoadText(name), blob, false);
+    m_storedBlobs.insert(static_cast<int>(name), blob);
+    return blob;
+}
+
+/// What this process last read or wrote isn't written again: another program may have changed it since.
+bool CCfgStore::SaveBlob(Text name, const QByteArray& blob, bool report) {
+    if (m_storedBlobs.value(static_cast<int>(name)) == blob) return true;
+    if (!WriteBinary(LoadText(name), blob, report)) return false;
+    m_storedBlobs.insert(static_cast<int>(name), blob);
     return true;
 }
 

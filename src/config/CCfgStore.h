@@ -1,6 +1,8 @@
 #pragma once
 
 #include "config/CCfgValue.h"
+#include "config/CColSet.h"
+#include "config/CTreeColSet.h"
 #include "config/FontRecord.h"
 #include "config/Settings.h"
 #include "config/SettingsTable.h"
@@ -11,19 +13,20 @@
 #include "records/Precisions.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <vector>
 
 class CPrompt;
 
-/// The settings object: holds the settings and the list font and moves them between memory and the settings
-/// tree, in two areas that stay apart: the profile (numbered values) and the base key (named blobs and keys
-/// of other users). Values are written one by one and only where they differ from what this process last read
-/// or wrote, so that a window and a console that change different settings at once lose none.
+/// The settings object: holds the settings, both sets of columns and the list font and moves them between
+/// memory and the settings tree, in two areas that stay apart: the profile (numbered values) and the base key
+/// (named blobs and keys of other users). Values are written one by one and only where they differ from what
+/// this process last read or wrote, so that a window and a console that change different settings at once
+/// lose none.
 class CCfgStore : public Settings, public CPrecisionSource {
  public:
     /// A value of the base key is never empty and never longer: bytes of a blob, characters of a text.
@@ -39,8 +42,11 @@ class CCfgStore : public Settings, public CPrecisionSource {
     CCfgStore(const CCfgStore&) = delete;
     CCfgStore& operator=(const CCfgStore&) = delete;
 
-    /// The font, then the values, as far as they have changed. The first failure ends it.
+    /// The list's columns, the tree's, the font, then the values, as far as they have changed. The first
+    /// failure ends it.
     bool SaveAll();
+    /// Columns that can't be read take their defaults: the list's in silence, the tree's after the user was
+    /// told. That difference is wanted.
     void LoadAll();
     void ResetAll();
     /// All that have changed as one change of the tree: all of them or, on failure, none.
@@ -53,6 +59,11 @@ class CCfgStore : public Settings, public CPrecisionSource {
     /// nothing.
     void KeepStoreUntouched() { m_saveAtEnd = false; }
 
+    /// The columns of the record list, and the levels of the data tree.
+    [[nodiscard]] CColSet& ListColumns() { return m_listColumns; }
+    [[nodiscard]] const CColSet& ListColumns() const { return m_listColumns; }
+    [[nodiscard]] CTreeColSet& TreeColumns() { return m_treeColumns; }
+    [[nodiscard]] const CTreeColSet& TreeColumns() const { return m_treeColumns; }
     [[nodiscard]] const FontRecord& ListFont() const { return m_listFont; }
     void SetListFont(const FontRecord& font) { m_listFont = font; }
 
@@ -87,6 +98,8 @@ class CCfgStore : public Settings, public CPrecisionSource {
 
     // Records that are kept as one blob in a key of their own.
     bool ReadEntry(QByteArray& out, const QString& prefix, const QString& entry);
+    /// Whether there is such an entry, with a value or without; makes none.
+    [[nodiscard]] bool HasEntry(const QString& prefix, const QString& entry);
     bool WriteEntry(const QString& prefix, const QString& entry, const QByteArray& data);
     bool DeleteEntry(const QString& prefix, const QString& entry);
     /// False, and the old entry as it was, when it has no value or can't be moved. An entry that has the new
@@ -114,8 +127,15 @@ class CCfgStore : public Settings, public CPrecisionSource {
     void RegisterValues();
     void OpenBaseKey();
     bool MakeBaseKey();
+    void DefaultColumns();
+    bool SaveBlobs(bool report);
+    bool SaveColumns(const CColSet& columns, Text name, Text failure, bool report);
+    void LoadListColumns();
+    void LoadTreeColumns();
     bool SaveFont(bool report);
     void LoadFont();
+    [[nodiscard]] QByteArray ReadBlob(Text name);
+    bool SaveBlob(Text name, const QByteArray& blob, bool report);
     [[nodiscard]] ProfileSection ReadSection() const;
     void Tell(Text message, const QString& text, Text title);
     template <class T>
@@ -130,7 +150,10 @@ class CCfgStore : public Settings, public CPrecisionSource {
     QString m_sectionName;
     std::vector<std::unique_ptr<CCfgValue>> m_values;
     FontRecord m_listFont;
-    std::optional<QByteArray> m_storedFont;  ///< what this process last read or wrote
+    CColSet m_listColumns;
+    CTreeColSet m_treeColumns;
+    QHash<int, QByteArray>
+        m_storedBlobs;  ///< by the text of their name: what this process last read or wrote
     QString m_basePath;
     CSettingsKey m_openKey;
     bool m_saveAtEnd = true;

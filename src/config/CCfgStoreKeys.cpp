@@ -171,6 +171,11 @@ bool CCfgStore::ReadEntry(QByteArray& out, const QString& prefix, const QString&
     return ReadSubBinary(prefix, entry, LoadText(Text::ValueEntry), out, false);
 }
 
+bool CCfgStore::HasEntry(const QString& prefix, const QString& entry) {
+    const CSettingsKey parent = m_openKey.IsOpen() ? m_tree.OpenKey(m_openKey, prefix) : CSettingsKey();
+    return parent.IsOpen() && m_tree.OpenKey(parent, entry).IsOpen();
+}
+
 bool CCfgStore::WriteEntry(const QString& prefix, const QString& entry, const QByteArray& data) {
     return WriteSubBinary(prefix, entry, LoadText(Text::ValueEntry), data, true);
 }

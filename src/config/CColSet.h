@@ -1,5 +1,6 @@
 #pragma once
 
+#include "config/ColumnBlob.h"
 #include "config/ColumnTable.h"
 
 #include <QByteArray>
@@ -12,23 +13,11 @@
 class CColumnNames;
 struct Settings;
 
-/// One column of a set. Stored with the set, 45 bytes each.
-struct ColumnEntry {
-    QString caption;  ///< at most 16 UTF-16 units
-    std::uint8_t visible = 0;
-    std::int32_t width = 0;     ///< pixels
-    std::int32_t position = 0;  ///< from 1 among the visible columns of its half; 0 when hidden
-    std::int32_t kind = 1;      ///< a ColumnKind; 1: unknown
-};
-
-/// The time records' half (columns 0 to 16) or the expenses' (17 to 33).
-enum class ColumnHalf { Time, Expense };
-
 /// Which of the 34 columns are shown, in which order, with which caption and width: for time records and for
 /// expenses at once. This one is the record list's; the data tree's derives from it.
 class CColSet {
  public:
-    CColSet();
+    CColSet() = default;
     virtual ~CColSet() = default;
     CColSet(const CColSet&) = default;
     CColSet& operator=(const CColSet&) = default;
@@ -36,10 +25,10 @@ class CColSet {
     /// Meant for a set whose line breaks are empty: the default ones are appended to those that are there, so
     /// a second run doubles them. Harmless, as breaks count only up to the number of visible columns.
     virtual void SetDefaults();
-    /// The set as it is stored.
+    /// The set as it is stored. False for one with more breaks than could be read back.
     [[nodiscard]] virtual bool MakeBlob(QByteArray& out) const;
-    /// False for a blob that is none, damaged, or has an empty caption or a width of 0: rows may be
-    /// overwritten then, and the caller sets the defaults. An empty payload is fine and changes nothing.
+    /// False, and the set as it was, for a blob that is none, damaged, or has an empty caption or a width of
+    /// 0 in any row, hidden ones included. The caller sets the defaults then.
     [[nodiscard]] virtual bool LoadBlob(const QByteArray& blob);
     /// After loading the record list's set: kinds from the table, widths below 1 and empty captions from the
     /// defaults.
@@ -50,7 +39,7 @@ class CColSet {
     [[nodiscard]] ColumnEntry EntryAt(int column) const;
     [[nodiscard]] std::int32_t KindOf(int column) const;
     [[nodiscard]] ColumnEntry FindByCaption(ColumnHalf half, const QString& caption) const;
-    /// -1 when absent.
+    /// The column's number, -1 when absent.
     [[nodiscard]] int IndexOfCaption(ColumnHalf half, const QString& caption) const;
     /// The column's place in the order of its half, -1 when hidden.
     [[nodiscard]] int OrderPosition(ColumnHalf half, int column) const;
@@ -74,15 +63,18 @@ class CColSet {
         std::int32_t newPosition = 0;  ///< counts only where visible stays as it is
         bool visible = false;
     };
-    /// The column at a position of its half, or with a caption; one that isn't found is ignored. Hiding
-    /// closes the gap; showing puts it last.
+    /// The visible column at a position of its half, or any with a caption; one that isn't found is ignored.
+    /// Hiding closes the gap; showing puts it last. An empty caption and a width below 1 leave what is there:
+    /// a set that holds such a row could not be loaded again.
     void SetColumn(ColumnHalf half, std::int32_t position, const Change& change);
     void SetColumn(ColumnHalf half, const QString& caption, const Change& change);
+    /// What isn't a column, or a width below 1, is ignored.
     void SetWidth(int column, std::int32_t width);
     /// Exchanges two neighbours; nothing at the ends.
     void MoveUp(ColumnHalf half, std::int32_t position);
     void MoveDown(ColumnHalf half, std::int32_t position);
-    /// By captions: the first are hidden, the others shown in this order; those in neither stay.
+    /// By captions: the first are hidden, the others shown at their places in the list; those in neither stay
+    /// as they are.
     void AssignOrder(ColumnHalf half, const QStringList& hidden, const QStringList& shown);
 
     /// Not owned; null: no names.
@@ -93,15 +85,27 @@ class CColSet {
     [[nodiscard]] virtual bool IsExcluded(int) const { return false; }
 
  protected:
+    /// All rows from the table of columns, with the positions of the list or those of the tree.
+    void FillFromTable(int ColumnRow::*position);
     void RebuildOrders();
+    /// Takes a visible column out of its half and closes the gap. The orders are the caller's.
     void Hide(int column);
 
-    std::array<ColumnEntry, Column::kCount> m_entries;
-    std::vector<std::int32_t> m_timeBreaks;
-    std::vector<std::int32_t> m_expenseBreaks;
-
  private:
-    // The owner of this file completes the private part.
+    [[nodiscard]] std::vector<int> OrderOf(ColumnHalf half) const;
+    [[nodiscard]] int AtPosition(ColumnHalf half, std::int32_t position) const;
+    [[nodiscard]] std::int32_t HighestPosition(ColumnHalf half) const;
+    void Exchange(ColumnHalf half, std::int32_t position, std::int32_t other);
+    void Apply(int column, const Change& change);
+    void Show(int column);
+    [[nodiscard]] ColumnEntry& Entry(int column) {
+        return m_payload.entries[static_cast<std::size_t>(column)];
+    }
+    [[nodiscard]] const ColumnEntry& Entry(int column) const {
+        return m_payload.entries[static_cast<std::size_t>(column)];
+    }
+
+    ColumnPayload m_payload;
     std::vector<int> m_timeOrder;
     std::vector<int> m_expenseOrder;
     std::int32_t m_timeCursor = 1;

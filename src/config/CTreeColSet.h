@@ -6,7 +6,6 @@
 /// numbers, notes and the export mark.
 class CTreeColSet final : public CColSet {
  public:
-    CTreeColSet();
     void SetDefaults() override;
     [[nodiscard]] bool LoadBlob(const QByteArray& blob) override;
     [[nodiscard]] bool IsExcluded(int column) const override;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "calendar/DateTimeVal.h"
-
 #include <QString>
 
 class CERecord;
@@ -14,14 +12,21 @@ namespace ExpenseEntryRules {
 /// 10 and 0.5 give "5.00"; 10 and -0.5 give "0.00".
 [[nodiscard]] QString UpdateDistanceAmount(const QString& distance, const QString& rate);
 
+/// Distance and rate as the page shows them; a text that can't be read leaves none. For a draft on which the
+/// odometer dialog opens.
+void TakeDistance(CERecord& record, const QString& distance, const QString& rate);
+
 /// The first page of the expense dialog when it is accepted.
 struct MoneyPage {
     int month = 0, day = 0, year = 0;
     bool isDistance = false;
-    QString distance, rate, amount;
+    QString distance, rate;
+    QString amount;  ///< of a distance entry: the computed one
     QString item5;
 };
-/// Takes the page over. Without isDistance the record keeps the distance and rate that it had.
+/// Takes the page over. Without isDistance the record keeps the distance and rate that it had: turned off by
+/// mistake, they are still there. Numbers are taken as typed, negative ones too: -20.00 is money that came
+/// back. Only -1.00 can't be told from no amount.
 void AcceptMoneyPage(CERecord& record, const MoneyPage& page);
 
 /// The second page.
@@ -39,13 +44,14 @@ struct Odometer {
 };
 /// On what it opens: the last reading is suggested as the start of a record that has none.
 [[nodiscard]] Odometer OpenOdometer(const CERecord& record, const Settings& settings);
-/// After start or end was typed. An end above the start gives the distance; otherwise the distance stays. A
-/// reading that is missing counts as 0.
+/// After start or end was typed. An end above the start gives the distance, with up to six significant
+/// digits; otherwise the distance stays. A reading that is missing or can't be read counts as 0.
 void ReadingsChanged(Odometer& odometer);
 /// After a distance was typed or picked: such a distance has no readings.
 void DistanceChosen(Odometer& odometer, const QString& distance);
-/// Takes readings, rate and distance over and notes the end for the next suggestion. A reading of 12345.6
-/// suggests 12345.
+/// Takes readings, rate and distance over, computes the amount, and notes the end for the next suggestion: a
+/// reading of 12345.6 suggests 12345, one that is no number nothing. A rate or distance that can't be read
+/// leaves the record's.
 void AcceptOdometer(CERecord& record, const Odometer& odometer, Settings& settings);
 
 }  // namespace ExpenseEntryRules

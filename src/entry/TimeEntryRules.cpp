@@ -3,13 +3,12 @@
 #include "app/CTimerDesk.h"
 #include "calendar/NumberText.h"
 #include "config/Settings.h"
+#include "entry/TypedFields.h"
 #include "lang/LoadText.h"
 #include "platform/CPrompt.h"
 #include "records/CTRecord.h"
 
 namespace {
-
-constexpr int kMostOfItem = 255;
 
 void RoundTime(DateTimeVal& time, int divisor, int type) {
     bool isPm = time.isPm != 0;
@@ -40,18 +39,10 @@ void PutDuration(CTRecord& record, const EnteredSpan& span, const Settings& sett
     record.SetDuration(span.hours, span.minutes, !isStartKept);
 }
 
-/// The first 255 characters; a character of two units isn't cut in half.
-QString CutItem(const QString& text) {
-    QString cut = text.left(kMostOfItem);
-    if (cut.size() < text.size() && cut.back().isHighSurrogate()) cut.chop(1);
-    return cut;
-}
-
 /// A typed value into its field as it is; a text that is no number, or a negative one, leaves "no value".
-void PutTyped(DecimalField& field, const QString& text) {
-    float value = 0.0F;
-    const bool isValue = ParseFloat(TheRegion(), text, value) && value >= 0.0F;
-    field.Set(isValue ? value : -1.0F);
+void PutTypedMoney(DecimalField& field, const QString& text) {
+    PutTyped(field, text);
+    if (field.value < 0.0F) field.Set(-1.0F);
 }
 
 }  // namespace
@@ -127,11 +118,11 @@ bool EnterAmount(CTRecord& record, const QString& text) {
 void AcceptEntryPage(CTRecord& record, const EntryPage& page) {
     record.item1 = CutItem(page.item1);
     record.item2 = CutItem(page.item2);
-    PutTyped(record.rate, page.rate);
+    PutTypedMoney(record.rate, page.rate);
     record.item3 = CutItem(page.item3);
     record.item4 = CutItem(page.item4);
     record.item5 = CutItem(page.item5);
-    PutTyped(record.amount, page.amount);
+    PutTypedMoney(record.amount, page.amount);
     record.SetBillable(page.isBillable);
     record.isBilled = page.isBillable && page.isBilled;
 }

@@ -7,7 +7,7 @@
 enum class Answer { Ok, Yes, No, Cancel, Abort, Retry, Ignore };
 
 /// The buttons of a box.
-enum class Buttons { Ok, YesNo, YesNoCancel, AbortRetryIgnore };
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel, AbortRetryIgnore };
 
 /// The icon of a box.
 enum class BoxIcon { None, Information, Warning, Stop, Question };

@@ -2,11 +2,10 @@
 
 #include "lang/LoadText.h"
 #include "records/ByteStream.h"
+#include "records/GuardedBlock.h"
 #include "records/RowAccess.h"
 #include "records/RunPack.h"
 
-#include <QCryptographicHash>
-#include <algorithm>
 #include <optional>
 
 namespace {
@@ -22,44 +21,19 @@ constexpr FieldDef kFields[] = {
 constexpr int kNumberColumn = 0;
 constexpr int kBlockColumn = 1;
 constexpr int kIdentityColumn = 2;
-constexpr qsizetype kDigestSize = 16;
 /// More than any row can hold, packed as tightly as can be.
 constexpr qsizetype kMaxUnpacked = 1 << 20;
 
-QByteArray Md5(QByteArrayView bytes) {
-    return QCryptographicHash::hash(bytes, QCryptographicHash::Md5);
+/// The data as they are stored: packed or not.
+QByteArray Content(const CDRecord& record) {
+    return record.isPacked ? RunPack(record.data) : record.data;
 }
 
-/// The data as it is stored, packed or not, with its digest in front.
-QByteArray Guarded(const CDRecord& record) {
-    const QByteArray content = record.isPacked ? RunPack(record.data) : record.data;
-    return Md5(content) + content;
-}
-
-enum class BlockState { Sound, TooShort, DigestDiffers };
-
-BlockState CheckGuarded(QByteArrayView block) {
-    if (block.size() < kDigestSize) return BlockState::TooShort;
-    return QByteArrayView(Md5(block.sliced(kDigestSize))) == block.first(kDigestSize)
-               ? BlockState::Sound
-               : BlockState::DigestDiffers;
-}
-
-/// The data of a sound block. False when its groups don't fit together.
-bool Unguard(const QByteArray& block, bool isPacked, QByteArray& data) {
-    const QByteArray content = block.sliced(kDigestSize);
-    const std::optional<QByteArray> plain = isPacked ? RunUnpack(content, kMaxUnpacked) : content;
-    if (plain) data = *plain;
+/// False when packed groups don't fit together.
+bool TakeContent(const QByteArray& content, CDRecord& record) {
+    const std::optional<QByteArray> plain = record.isPacked ? RunUnpack(content, kMaxUnpacked) : content;
+    if (plain) record.data = *plain;
     return plain.has_value();
-}
-
-/// Bytes from upper-case hexadecimal digits; nothing for any other text.
-std::optional<QByteArray> FromHex(const QString& text) {
-    const bool isHex = text.size() % 2 == 0 && std::all_of(text.begin(), text.end(), [](QChar c) {
-                           return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F');
-                       });
-    if (!isHex) return std::nullopt;
-    return QByteArray::fromHex(text.toLatin1());
 }
 
 bool Refuse(CVORecordset& row, int code, Text first, Text second, Text third) {
@@ -75,7 +49,7 @@ std::span<const FieldDef> CDRecord::GetFieldDefs() const {
 }
 
 bool CDRecord::WriteFields(CVORecordset& row) const {
-    const QString block = QString::fromLatin1(Guarded(*this).toHex().toUpper());
+    const QString block = BlockText(Content(*this));
     if (block.size() > kLongTextLength)
         return Refuse(row, RowError::kTooLong, BlockTooLong, BlockTooLong, BlockTooLong);
     RowWriter out(row, kFields);
@@ -87,12 +61,18 @@ bool CDRecord::WriteFields(CVORecordset& row) const {
 
 bool CDRecord::ReadFields(CVORecordset& row) {
     number = row.GetFieldValueString(kNumberColumn).toInt();
-    const std::optional<QByteArray> block = FromHex(row.GetFieldValueString(kBlockColumn));
-    if (!block) return Refuse(row, RowError::kBadEncoding, BadBlockTitle, BadBlockEncoding, BadBlockAdvice);
-    const BlockState state = CheckGuarded(*block);
-    if (state == BlockState::DigestDiffers)
-        return Refuse(row, RowError::kBadDigest, BadBlockTitle, BadBlockDigest, BadBlockAdvice);
-    if (state != BlockState::Sound || !Unguard(*block, isPacked, data)) return false;
+    QByteArray content;
+    switch (ReadBlockText(row.GetFieldValueString(kBlockColumn), content)) {
+        case BlockState::BadEncoding:
+            return Refuse(row, RowError::kBadEncoding, BadBlockTitle, BadBlockEncoding, BadBlockAdvice);
+        case BlockState::BadDigest:
+            return Refuse(row, RowError::kBadDigest, BadBlockTitle, BadBlockDigest, BadBlockAdvice);
+        case BlockState::TooShort:
+            return false;
+        case BlockState::Sound:
+            break;
+    }
+    if (!TakeContent(content, *this)) return false;
     SetId(row.GetFieldValueString(kIdentityColumn));
     return true;
 }
@@ -100,7 +80,7 @@ bool CDRecord::ReadFields(CVORecordset& row) {
 bool CDRecord::ToBytes(QByteArray& out) const {
     ByteStream stream;
     stream.PutInt(number);
-    stream.PutBuffer(Guarded(*this));
+    stream.PutBuffer(Guarded(Content(*this)));
     out = stream.Release();
     return true;
 }
@@ -111,8 +91,9 @@ bool CDRecord::FromBytes(const QByteArray& bytes, bool) {
     stream.Attach(bytes);
     number = stream.GetInt();
     QByteArray block;
-    return stream.GetBuffer(block) && CheckGuarded(block) == BlockState::Sound &&
-           Unguard(block, isPacked, data);
+    QByteArray content;
+    return stream.GetBuffer(block) && Unguard(block, content) == BlockState::Sound &&
+           TakeContent(content, *this);
 }
 
 std::unique_ptr<CVORec> CDRecord::Clone() const {

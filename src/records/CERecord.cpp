@@ -108,13 +108,10 @@ void CERecord::Copy(const CERecord& other) {
     notes = other.notes;
     isDistance = other.isDistance;
     // Copying the field alone would set it: an expense without distance would be stored with "0.00".
-    if (other.distance.isSet) {
+    if (other.distance.isSet)
         distance.Copy(other.distance);
-    } else {
-        distance.value = 0.0F;
-        distance.text.clear();
-        distance.isSet = false;
-    }
+    else
+        distance.Reset();
     rate.Copy(other.rate);
     amount.Copy(other.amount);
     flag1 = other.flag1;

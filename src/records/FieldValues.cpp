@@ -13,6 +13,12 @@ void DecimalField::Set(float v) {
     isSet = true;
 }
 
+void DecimalField::Reset() {
+    value = 0.0F;
+    text.clear();
+    isSet = false;
+}
+
 void DecimalField::Copy(const DecimalField& source) {
     Set(source.value);
 }
@@ -42,9 +48,7 @@ SpanField::SpanField() {
 void SpanField::Reset() {
     hours = -1;
     minutes = -1;
-    decimal.value = 0.0F;
-    decimal.isSet = false;
-    decimal.text.clear();
+    decimal.Reset();
     clockText = NoTimeText();
 }
 

@@ -11,6 +11,8 @@ struct DecimalField {
 
     /// Rounds to precision and makes the text.
     void Set(float v);
+    /// Not set, as a new field is: 0 without a text.
+    void Reset();
     /// Set of the source's value: rounded to this precision, and set even if the source wasn't.
     void Copy(const DecimalField& source);
 };

@@ -22,6 +22,8 @@ constexpr ButtonRow kButtons[] = {
 
 QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
     switch (buttons) {
+        case Buttons::OkCancel:
+            return QMessageBox::Ok | QMessageBox::Cancel;
         case Buttons::YesNo:
             return QMessageBox::Yes | QMessageBox::No;
         case Buttons::YesNoCancel:

@@ -2,13 +2,13 @@
 
 #include "app/CVelmarchApp.h"
 #include "entry/QuickEntry.h"
+#include "entry/RecordMarks.h"
 #include "lang/LoadText.h"
 #include "platform/CPrompt.h"
 #include "shell/CAboutDialog.h"
 #include "shell/CFrameDoor.h"
 #include "shell/CRecordListView.h"
 #include "shell/core/CRecordListModel.h"
-#include "shell/core/ColumnDefaults.h"
 #include "timers/CRecordTimers.h"
 #include "timers/TimerSelection.h"
 
@@ -77,9 +77,9 @@ void CFrameCommands::Run(const CommandRow& row) {
 }
 
 void CFrameCommands::QuickEntry(int flags) {
-    const QuickOutcome outcome =
-        NewTimeRecord(flags, {m_around.document, m_around.timers, m_around.settings, m_around.clock,
-                              m_around.view.SelectedIds(), m_around.edit});
+    const auto edit = [this](CVORec& record) { return m_around.edit(static_cast<CTRecord&>(record)); };
+    const QuickOutcome outcome = NewTimeRecord(flags, {m_around.document, m_around.timers, m_around.settings,
+                                                       m_around.clock, m_around.view.SelectedIds(), edit});
     if (!outcome.addedId.isEmpty()) m_around.view.SelectIds({outcome.addedId});
 }
 
@@ -112,7 +112,7 @@ void CFrameCommands::DeleteSelected(int) {
 }
 
 void CFrameCommands::MarkSelected(int code) {
-    m_records.SetMark(code, m_around.view.SelectedIds(), true);
+    m_records.SetMark(static_cast<RecordMark>(code), m_around.view.SelectedIds(), true);
 }
 
 void CFrameCommands::SelectAll(int) {
@@ -129,7 +129,7 @@ void CFrameCommands::Sort(int) {
     int present = 0;
     for (const int column : m_around.model.VisibleColumns()) {
         if (column == m_around.model.SortColumn()) present = static_cast<int>(captions.size());
-        captions.append(LoadText(ColumnDefaults()[static_cast<std::size_t>(column)].caption));
+        captions.append(m_around.model.CaptionOf(column));
     }
     bool picked = false;
     const QString caption = QInputDialog::getItem(&m_around.door.Window(), LoadText(Text::SortTitle),

@@ -1,8 +1,8 @@
 #include "shell/CRecordDelegate.h"
 
+#include "config/ColumnTable.h"
 #include "config/Settings.h"
 #include "shell/core/CRecordListModel.h"
-#include "shell/core/ColumnDefaults.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>

@@ -168,23 +168,23 @@ class TestCVelmarchApp : public QObject {
     // --- Settings
 
     void OpenSettingsSetsTheMode_data() {
-        QTest::addColumn<bool>("lastModeWasTime");
         QTest::addColumn<RecordMode>("mode");
-        QTest::newRow("time at the last exit") << true << RecordMode::Time;
-        QTest::newRow("expenses at the last exit") << false << RecordMode::Expense;
+        QTest::newRow("time at the last exit") << RecordMode::Time;
+        QTest::newRow("expenses at the last exit") << RecordMode::Expense;
     }
     void OpenSettingsSetsTheMode() {
-        QFETCH(bool, lastModeWasTime);
+        QFETCH(RecordMode, mode);
         {
             Start start;
             QVERIFY(start.app.ResolveHome(Path(u"home"_s)));
             QVERIFY(start.app.OpenSettings());
-            start.app.Settings().lastModeWasTime = lastModeWasTime;
+            theRecordMode = mode;
+            NoteMode(start.app.Settings());
         }
         Start start;
         QVERIFY(start.app.ResolveHome(Path(u"home"_s)));
         QVERIFY(start.app.OpenSettings());
-        QTEST(theRecordMode, "mode");
+        QCOMPARE(theRecordMode, mode);
     }
 
     void OpenSettingsMakesTheWorkingRecords() {
@@ -311,20 +311,57 @@ class TestCVelmarchApp : public QObject {
     // --- Load step
 
     void LoadStep_data() {
+        QTest::addColumn<RecordMode>("mode");
         QTest::addColumn<int>("records");
-        QTest::newRow("an empty store: the views are told all the same") << 0;
-        QTest::newRow("two records") << 2;
+        QTest::newRow("an empty store: the views are told all the same") << RecordMode::Time << 0;
+        QTest::newRow("two time records") << RecordMode::Time << 2;
+        QTest::newRow("no expenses") << RecordMode::Expense << 0;
+        QTest::newRow("two expenses") << RecordMode::Expense << 2;
     }
     void LoadStep() {
+        QFETCH(RecordMode, mode);
         QFETCH(int, records);
         Start start;
         QVERIFY(start.OpenAll(Path(u"home"_s)));
+        theRecordMode = mode;
         for (int i = 0; i < records; ++i)
-            QVERIFY(start.app.Document().AddRecord(CTRecord(), false, false, true));
+            QVERIFY(start.app.Document().AddRecord(*NewRecord(KindOf(mode)), false, false, true));
         QVERIFY(start.app.LoadStep());
         const QList<std::pair<Hint, QStringList>> expected{{Hint::Clear, {}}, {Hint::Rebuild, {}}};
         QCOMPARE(start.views.seen, expected);
         QCOMPARE(start.app.Document().VisibleCount(), static_cast<std::size_t>(records));
+    }
+
+    // --- The catalogue
+
+    void LoadStepLoadsTheCatalogue() {
+        {
+            Start start;
+            QVERIFY(start.OpenAll(Path(u"home"_s)));
+            QVERIFY(start.app.Catalogue().AddItem(16, u"a client"_s, false));
+            QVERIFY(start.app.Catalogue().AddItem(109, u"Customer"_s, false));
+        }
+        Start start;
+        QVERIFY(start.OpenAll(Path(u"home"_s)));
+        QCOMPARE(thePulldownCatalogue, &start.app.Catalogue());
+        QVERIFY(start.app.Catalogue().Texts(16).isEmpty());  // a console command may not need it
+        QVERIFY(start.app.LoadStep());
+        QCOMPARE(start.app.Catalogue().Texts(16), QStringList{u"a client"_s});
+        QCOMPARE(start.app.Catalogue().Labels().GetLabel(109), u"Customer"_s);
+        start.app.CloseSettings();
+        QVERIFY(!thePulldownCatalogue);
+    }
+
+    void LoadStepGoesOnWithoutTheCatalogue() {
+        Start start;
+        QVERIFY(start.OpenAll(Path(u"home"_s)));
+        QVERIFY(start.app.Document().AddRecord(CTRecord(), false, false, true));
+        QVERIFY(start.app.Manager().File().Execute("DROP TABLE dependency_velmarch"));
+        start.prompt.ExpectTold(Text::ReadQueryFailed);
+        QVERIFY(start.app.LoadStep());
+        QCOMPARE(start.app.Document().VisibleCount(), std::size_t{1});
+        const QList<std::pair<Hint, QStringList>> expected{{Hint::Clear, {}}, {Hint::Rebuild, {}}};
+        QCOMPARE(start.views.seen, expected);
     }
 
     void CloseSettingsSavesThem() {

@@ -1,3 +1,4 @@
+#include "ColumnBytes.h"
 #include "SettingsHome.h"
 
 #include <QTemporaryDir>
@@ -31,13 +32,23 @@ class TestCCfgStore : public QObject {
     void RegionalFlags();
     void PrecisionsStayInRange();
     void ResetAllGivesDefaults();
+    void FirstRunWritesBothColumnSets();
+    void ColumnsComeBack();
+    void UnreadableColumns_data();
+    void UnreadableColumns();
+    void ListColumnsAreRepaired();
+    void ColumnsOfAnotherProgramStay();
+    void ColumnsThatCanNotBeMade_data();
+    void ColumnsThatCanNotBeMade();
+    void ColumnsTooLargeForTheKey();
 
  private:
     [[nodiscard]] static QString Entry(int index) {
         return QStringLiteral("VirtualCfgObj%1").arg(index, 4, 10, QLatin1Char('0'));
     }
-    [[nodiscard]] static QByteArray FontBytes(SettingsHome& home) {
-        const auto value = home.tree.ReadValue(home.BaseKey(), QStringLiteral("ListFont"));
+    [[nodiscard]] static QByteArray FontBytes(SettingsHome& home) { return Bytes(home, "ListFont"); }
+    [[nodiscard]] static QByteArray Bytes(SettingsHome& home, const char* name) {
+        const auto value = home.tree.ReadValue(home.BaseKey(), QString::fromLatin1(name));
         return value && std::holds_alternative<QByteArray>(*value) ? std::get<QByteArray>(*value)
                                                                    : QByteArray();
     }
@@ -146,7 +157,11 @@ void TestCCfgStore::EmptyKeyGivesDefaults() {
     const QTemporaryDir folder;
     SettingsHome home(folder.path());
     QVERIFY(home.tree.CreateKey(home.tree.Root(), LoadText(Text::BaseKeyPath)).IsOpen());
-    const CCfgStore& settings = home.Start();  // an unexpected message would fail the test
+    home.prompt.ExpectTold(Text::TreeColumnsReadFailed);  // of the list's columns nothing is told
+    const CCfgStore& settings = home.Start();
+    home.prompt.Finish();
+    QCOMPARE(settings.ListColumns().Order(ColumnHalf::Time), (std::vector{0, 6, 1, 13, 14, 4, 5, 9, 10}));
+    QCOMPARE(settings.TreeColumns().Order(ColumnHalf::Time), (std::vector{4, 5, 9, 10}));
     for (const SettingRow& row : SettingsTable()) QCOMPARE(SettingValue(settings, row), row.preset);
     QCOMPARE(settings.ListFont().face, LoadText(Text::DefaultFontFace));
     QCOMPARE(settings.ListFont().tenthsOfPoint, 85);
@@ -157,9 +172,13 @@ void TestCCfgStore::EmptyKeyIsFilledAtTheNextSave() {
     const QTemporaryDir folder;
     SettingsHome home(folder.path());
     QVERIFY(home.tree.CreateKey(home.tree.Root(), LoadText(Text::BaseKeyPath)).IsOpen());
+    home.prompt.ExpectTold(Text::TreeColumnsReadFailed);
     QVERIFY(home.Start().SaveAll());
     QCOMPARE(home.profile->Section(SettingsHome::Section()).size(), std::size_t(75));
     QCOMPARE(FontBytes(home).size(), 92);
+    QCOMPARE(Bytes(home, "ListColumns"), ColumnBytes::Default("list"));
+    QCOMPARE(Bytes(home, "TreeColumns"), ColumnBytes::Default("tree"));
+    home.Start();  // and nothing is told any more
 }
 
 void TestCCfgStore::OnlyChangesAreWritten() {
@@ -192,6 +211,8 @@ void TestCCfgStore::TwoProgramsLoseNothing() {
     SettingsHome window(folder.path());
     SettingsHome console(folder.path());
     if (isFirstRun) QVERIFY(window.tree.CreateKey(window.tree.Root(), LoadText(Text::BaseKeyPath)).IsOpen());
+    if (isFirstRun)
+        for (SettingsHome* home : {&window, &console}) home->prompt.ExpectTold(Text::TreeColumnsReadFailed);
     window.Start().confirmCopy = false;
     console.Start().firstDayOfWeek = 1;
     console.settings->lineColour1 = 0x0000FF;
@@ -276,6 +297,10 @@ void TestCCfgStore::UnreachableBaseKey() {
     CCfgStore& settings = home.Start();
     QVERIFY(home.prompt.told.first().contains(QStringLiteral("Software\\Velmarch\\Settings")));
     QCOMPARE(settings.precisionRate, 3);
+    QCOMPARE(settings.ListColumns().Order(ColumnHalf::Expense),
+             (std::vector{17, 18, 27, 28, 19, 20, 21, 25}));
+    QCOMPARE(settings.ListColumns().Breaks(ColumnHalf::Time), (std::vector<std::int32_t>{5, 7, 9}));
+    QCOMPARE(settings.TreeColumns().Order(ColumnHalf::Expense), (std::vector{19, 20, 25, 21}));
     settings.precisionRate = 5;
     QCOMPARE(settings.precisionRate, 5);
     QVERIFY(!settings.SaveAll());
@@ -332,6 +357,135 @@ void TestCCfgStore::ResetAllGivesDefaults() {
     QCOMPARE(settings.confirmCopy, true);
     QCOMPARE(settings.gridLineColour, 0xE1E9EAU);
     QCOMPARE(settings.ListFont(), (FontRecord{85, 400, false, QStringLiteral("Sans Serif")}));
+}
+
+void TestCCfgStore::FirstRunWritesBothColumnSets() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    home.Start();
+    QCOMPARE(Bytes(home, "ListColumns"), ColumnBytes::Default("list"));
+    QCOMPARE(Bytes(home, "TreeColumns"), ColumnBytes::Default("tree"));
+}
+
+void TestCCfgStore::ColumnsComeBack() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    CCfgStore& first = home.Start();
+    first.ListColumns().MoveUp(ColumnHalf::Time, 2);
+    first.ListColumns().SetWidth(4, 321);
+    first.ListColumns().SetBreaks(ColumnHalf::Expense, {2});
+    first.TreeColumns().MoveDown(ColumnHalf::Expense, 1);
+    const CCfgStore& second = home.Start();
+    QCOMPARE(second.ListColumns().Order(ColumnHalf::Time), (std::vector{6, 0, 1, 13, 14, 4, 5, 9, 10}));
+    QCOMPARE(second.ListColumns().EntryAt(4).width, 321);
+    QCOMPARE(second.ListColumns().Breaks(ColumnHalf::Expense), (std::vector<std::int32_t>{2}));
+    QCOMPARE(second.TreeColumns().Order(ColumnHalf::Expense), (std::vector{20, 19, 25, 21}));
+}
+
+void TestCCfgStore::UnreadableColumns_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");  // stored instead; nothing at all where there are none
+    QTest::addColumn<int>("told");
+    const QByteArray cut = ColumnBytes::Default("list").chopped(3);
+    QTest::newRow("the list's are missing: silence") << "ListColumns" << QByteArray() << 0;
+    QTest::newRow("the list's are damaged: silence") << "ListColumns" << cut << 0;
+    QTest::newRow("the tree's are missing")
+        << "TreeColumns" << QByteArray() << static_cast<int>(Text::TreeColumnsReadFailed);
+    QTest::newRow("the tree's are damaged")
+        << "TreeColumns" << cut << static_cast<int>(Text::TreeColumnsBlobBad);
+}
+
+void TestCCfgStore::UnreadableColumns() {
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    QFETCH(int, told);
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    home.Start();
+    home.settings.reset();
+    const CSettingsKey key = home.BaseKey();
+    QVERIFY(bytes.isEmpty() ? home.tree.DeleteValue(key, name) : home.tree.WriteValue(key, name, bytes));
+    if (told != 0) home.prompt.ExpectTold(static_cast<Text>(told));
+    CCfgStore& settings = home.Start();
+    home.prompt.Finish();
+    QCOMPARE(settings.ListColumns().Order(ColumnHalf::Time), (std::vector{0, 6, 1, 13, 14, 4, 5, 9, 10}));
+    QCOMPARE(settings.TreeColumns().Order(ColumnHalf::Time), (std::vector{4, 5, 9, 10}));
+    // What was bad is overwritten at the next save.
+    QVERIFY(settings.SaveAll());
+    QCOMPARE(Bytes(home, "ListColumns"), ColumnBytes::Default("list"));
+    QCOMPARE(Bytes(home, "TreeColumns"), ColumnBytes::Default("tree"));
+}
+
+/// A kind that doesn't belong to its column and a width below 1 are put right in the list's columns alone.
+void TestCCfgStore::ListColumnsAreRepaired() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    home.Start();
+    home.settings.reset();
+    QByteArray rows = ColumnBytes::Rows();
+    ColumnBytes::PutRow(rows, 13, ColumnBytes::Row('B', 1, -1, 1, 9));
+    const QByteArray blob = ColumnBytes::Blob(rows + ColumnBytes::NoBreaks());
+    for (const char* name : {"ListColumns", "TreeColumns"})
+        QVERIFY(home.tree.WriteValue(home.BaseKey(), QString::fromLatin1(name), blob));
+    const CCfgStore& settings = home.Start();
+    QVERIFY((settings.ListColumns().EntryAt(13) == ColumnEntry{QStringLiteral("B"), 1, 30, 1, 3}));
+    QVERIFY((settings.TreeColumns().EntryAt(13) == ColumnEntry{QStringLiteral("B"), 1, -1, 1, 9}));
+}
+
+/// Whoever didn't change the columns doesn't write them.
+void TestCCfgStore::ColumnsOfAnotherProgramStay() {
+    const QTemporaryDir folder;
+    SettingsHome window(folder.path());
+    SettingsHome other(folder.path());
+    window.Start().TreeColumns().MoveUp(ColumnHalf::Time, 2);
+    other.Start().ListColumns().SetWidth(0, 99);
+    other.settings.reset();
+    window.settings.reset();
+    SettingsHome later(folder.path());
+    const CCfgStore& settings = later.Start();
+    QCOMPARE(settings.ListColumns().EntryAt(0).width, 99);
+    QCOMPARE(settings.TreeColumns().Order(ColumnHalf::Time), (std::vector{5, 4, 9, 10}));
+}
+
+void TestCCfgStore::ColumnsThatCanNotBeMade_data() {
+    QTest::addColumn<bool>("isTree");
+    QTest::addColumn<int>("told");
+    QTest::newRow("the list's") << false << static_cast<int>(Text::ListColumnsBlobFailed);
+    QTest::newRow("the tree's") << true << static_cast<int>(Text::TreeColumnsBlobFailed);
+}
+
+/// The first failure ends the saving: the settings behind the columns stay unsaved.
+void TestCCfgStore::ColumnsThatCanNotBeMade() {
+    QFETCH(bool, isTree);
+    QFETCH(int, told);
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    CCfgStore& settings = home.Start();
+    CColSet& columns = isTree ? settings.TreeColumns() : settings.ListColumns();
+    columns.SetBreaks(ColumnHalf::Time, std::vector<std::int32_t>(20000, 1));
+    settings.timerOnExit = 2;
+    home.prompt.ExpectTold(static_cast<Text>(told));
+    QVERIFY(!settings.SaveAll());
+    home.prompt.Finish();
+    QCOMPARE(home.profile->GetInt(SettingsHome::Section(), Entry(69), -5), 1);
+    columns.SetBreaks(ColumnHalf::Time, {});
+    QVERIFY(settings.SaveAll());
+    QCOMPARE(home.profile->GetInt(SettingsHome::Section(), Entry(69), -5), 2);
+}
+
+/// A set that can be made may still be too long for a value of the key.
+void TestCCfgStore::ColumnsTooLargeForTheKey() {
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    CCfgStore& settings = home.Start();
+    std::vector<std::int32_t> breaks;
+    for (int i = 0; i < 2000; ++i) breaks.push_back(i * 77777);
+    settings.ListColumns().SetBreaks(ColumnHalf::Time, breaks);
+    home.prompt.ExpectTold(Text::ValueRefusedLarge);
+    QVERIFY(!settings.SaveAll());
+    home.prompt.Finish();
+    QCOMPARE(Bytes(home, "ListColumns"), ColumnBytes::Default("list"));
+    settings.ListColumns().SetBreaks(ColumnHalf::Time, {5, 7, 9});
 }
 
 QTEST_GUILESS_MAIN(TestCCfgStore)

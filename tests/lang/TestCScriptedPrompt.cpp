@@ -38,6 +38,7 @@ class TestCScriptedPrompt final : public QObject {
     void OtherQuestionFails();
     void MessageInsteadOfQuestionFails();
     void MissingQuestionFails();
+    void AnswerWithoutAButtonFails();
     void FilesAreHandedOutInOrder();
     void UnexpectedFileFails();
 };
@@ -82,6 +83,14 @@ void TestCScriptedPrompt::MissingQuestionFails() {
     prompt.Expect(Text::AskDeleteRecords, Answer::Yes);
     QEXPECT_FAIL("", "an expected question never came", Continue);
     prompt.Finish();
+}
+
+void TestCScriptedPrompt::AnswerWithoutAButtonFails() {
+    CScriptedPrompt prompt;
+    prompt.Expect(Text::AskDeleteRecords, Answer::Cancel);
+    QEXPECT_FAIL("", "a question with yes and no can't be cancelled", Continue);
+    const Answer answer = prompt.Ask(DeleteQuestion());
+    QCOMPARE(answer, Answer::Cancel);
 }
 
 void TestCScriptedPrompt::FilesAreHandedOutInOrder() {

@@ -15,6 +15,23 @@ void FailTest(const QString& why) {
     QTest::qFail(qPrintable(why), __FILE__, __LINE__);
 }
 
+bool Offers(Buttons buttons, Answer answer) {
+    using enum Answer;
+    switch (buttons) {
+        case Buttons::Ok:
+            return answer == Ok;
+        case Buttons::OkCancel:
+            return answer == Ok || answer == Cancel;
+        case Buttons::YesNo:
+            return answer == Yes || answer == No;
+        case Buttons::YesNoCancel:
+            return answer == Yes || answer == No || answer == Cancel;
+        case Buttons::AbortRetryIgnore:
+            return answer == Abort || answer == Retry || answer == Ignore;
+    }
+    return false;
+}
+
 }  // namespace
 
 CScriptedPrompt::~CScriptedPrompt() {
@@ -72,5 +89,7 @@ Answer CScriptedPrompt::Meet(const MessageBox& box, bool isQuestion) {
     }
     const Answer answer = m_expected.front().answer;
     m_expected.pop_front();
+    if (isQuestion && !(Offers(box.buttons, answer) && Offers(box.buttons, box.defaultAnswer)))
+        FailTest(QStringLiteral("no button for the scripted or the default answer: ") + Called(box.textId));
     return answer;
 }

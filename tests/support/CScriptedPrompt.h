@@ -8,7 +8,8 @@
 #include <optional>
 
 /// A script of expected messages and questions, in the order in which they come. One that wasn't expected, or
-/// an expected one that never came, fails the test; an unexpected question is answered by its default.
+/// an expected one that never came, fails the test; an unexpected question is answered by its default. An
+/// answer that the question has no button for fails the test, too.
 class CScriptedPrompt final : public CPrompt {
  public:
     ~CScriptedPrompt() override;

@@ -1,6 +1,6 @@
 #include "shell/core/LineLayout.h"
 
-#include "shell/core/ColumnDefaults.h"
+#include "config/ColumnTable.h"
 
 #include <algorithm>
 

@@ -1,0 +1,61 @@
+#include "app/ExpenseFilter.h"
+
+#include "records/CERecord.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::array<QString CERecord::*, 5> kItems = {&CERecord::item1, &CERecord::item2, &CERecord::item3,
+                                                       &CERecord::item4, &CERecord::item5};
+constexpr std::array<bool CERecord::*, 5> kFlags = {&CERecord::flag1, &CERecord::flag2, &CERecord::flag3,
+                                                    &CERecord::flag4, &CERecord::flag5};
+
+}  // namespace
+
+ExpenseFilter::ExpenseFilter() {
+    ExpenseFilter::Reset();
+}
+
+void ExpenseFilter::Reset() {
+    PeriodFilter::Reset();
+    items.fill(LoadText(Text::AnyWord));
+    amount = kAnyAmount;
+    comparison = AmountComparison::kEqual;
+    distance = FlagCriterion::kAny;
+    flags.fill(FlagCriterion::kAny);
+    exported = FlagCriterion::kAny;
+}
+
+bool ExpenseFilter::Matches(const CERecord& record, const PeriodSurroundings& around) const {
+    return Prepared(*this, around).Matches(record);
+}
+
+ExpenseFilter::Prepared::Prepared(const ExpenseFilter& filter, const PeriodSurroundings& around)
+    : m_tests(filter, around), m_amount(filter.amount), m_comparison(filter.comparison) {
+    for (std::size_t i = 0; i < kItems.size(); ++i) m_tests.WantText(kItems[i], filter.items[i]);
+    m_tests.WantFlag(&CERecord::isDistance, filter.distance);
+    for (std::size_t i = 0; i < kFlags.size(); ++i) m_tests.WantFlag(kFlags[i], filter.flags[i]);
+    m_tests.WantFlag(&CERecord::isExported, filter.exported);
+}
+
+bool ExpenseFilter::Prepared::Matches(const CERecord& record) const {
+    return m_tests.MatchesDay(record) && m_tests.MatchesTexts(record) && MatchesAmount(record) &&
+           m_tests.MatchesFlags(record);
+}
+
+/// An expense without amount counts as 0: wanted are those under 10, and it is among them.
+bool ExpenseFilter::Prepared::MatchesAmount(const CERecord& record) const {
+    if (m_amount == kAnyAmount) return true;
+    const float total = std::max(record.amount.value, 0.0F);
+    switch (m_comparison) {
+        case AmountComparison::kLess:
+            return total < m_amount;
+        case AmountComparison::kGreater:
+            return total > m_amount;
+        case AmountComparison::kEqual:
+            return total == m_amount;
+        default:
+            return false;
+    }
+}
