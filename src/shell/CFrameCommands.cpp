@@ -1,8 +1,8 @@
 #include "shell/CFrameCommands.h"
 
 #include "app/CVelmarchApp.h"
-#include "config/ColumnTable.h"
 #include "entry/QuickEntry.h"
+#include "entry/RecordMarks.h"
 #include "lang/LoadText.h"
 #include "platform/CPrompt.h"
 #include "shell/CAboutDialog.h"
@@ -112,7 +112,7 @@ void CFrameCommands::DeleteSelected(int) {
 }
 
 void CFrameCommands::MarkSelected(int code) {
-    m_records.SetMark(code, m_around.view.SelectedIds(), true);
+    m_records.SetMark(static_cast<RecordMark>(code), m_around.view.SelectedIds(), true);
 }
 
 void CFrameCommands::SelectAll(int) {
@@ -129,7 +129,7 @@ void CFrameCommands::Sort(int) {
     int present = 0;
     for (const int column : m_around.model.VisibleColumns()) {
         if (column == m_around.model.SortColumn()) present = static_cast<int>(captions.size());
-        captions.append(LoadText(ColumnTable()[static_cast<std::size_t>(column)].caption));
+        captions.append(m_around.model.CaptionOf(column));
     }
     bool picked = false;
     const QString caption = QInputDialog::getItem(&m_around.door.Window(), LoadText(Text::SortTitle),
