@@ -3,6 +3,7 @@
 #include "app/CVelmarchApp.h"
 #include "config/ColumnTable.h"
 #include "entry/QuickEntry.h"
+#include "entry/RecordMarks.h"
 #include "lang/LoadText.h"
 #include "platform/CPrompt.h"
 #include "shell/CAboutDialog.h"
@@ -112,7 +113,7 @@ void CFrameCommands::DeleteSelected(int) {
 }
 
 void CFrameCommands::MarkSelected(int code) {
-    m_records.SetMark(code, m_around.view.SelectedIds(), true);
+    m_records.SetMark(static_cast<RecordMark>(code), m_around.view.SelectedIds(), true);
 }
 
 void CFrameCommands::SelectAll(int) {

@@ -1,5 +1,6 @@
 #include "shell/CRecordDialogTime.h"
 
+#include "app/CVelmarchApp.h"
 #include "calendar/CalendarMath.h"
 #include "config/CCfgStore.h"
 #include "entry/TimeEntryRules.h"
@@ -13,6 +14,7 @@
 #include "shell/CTimeEdit.h"
 #include "shell/FormRows.h"
 #include "shell/SettingSwitch.h"
+#include "shell/core/SpanPad.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -21,6 +23,7 @@
 
 /// A time of day: where the record has it, what rounds it, which rule takes it.
 struct CRecordDialogTime::TimeRow {
+    TimeField field;
     const char* name;
     Text label;
     std::int32_t Settings::*roundType;
@@ -39,11 +42,9 @@ struct CRecordDialogTime::SpanRow {
 
 namespace {
 
-constexpr int kUsualStep = 5;
-
 /// The steps of a field are those of its rounding, if it is rounded at all.
 int StepOf(int roundType, int roundMinutes) {
-    return roundType != 0 && roundMinutes >= 1 ? std::min(roundMinutes, 60) : kUsualStep;
+    return std::min(PickStep(roundType, roundMinutes), 60);
 }
 
 /// Regional values as the fields need them: the setting decides between 12 and 24 hours.
@@ -115,10 +116,10 @@ CRecordDialogTime::CRecordDialogTime(CRecordDraft& draft, const RecordDialogSurr
 void CRecordDialogTime::AddFields(QGridLayout& form, CMnemonics& mnemonics) {
     AddDate(form, mnemonics);
     const TimeRow times[] = {
-        {"startField", Text::LabelStart, &Settings::roundStartType, &Settings::roundStartMinutes,
-         &CTRecord::GetStart, &TimeEntryRules::EnterStart},
-        {"endField", Text::LabelEnd, &Settings::roundEndType, &Settings::roundEndMinutes, &CTRecord::GetEnd,
-         &TimeEntryRules::EnterEnd},
+        {TimeField::Start, "startField", Text::LabelStart, &Settings::roundStartType,
+         &Settings::roundStartMinutes, &CTRecord::GetStart, &TimeEntryRules::EnterStart},
+        {TimeField::End, "endField", Text::LabelEnd, &Settings::roundEndType, &Settings::roundEndMinutes,
+         &CTRecord::GetEnd, &TimeEntryRules::EnterEnd},
     };
     for (const TimeRow& row : times) AddTime(form, row, mnemonics);
     const SpanRow spans[] = {
@@ -141,7 +142,7 @@ void CRecordDialogTime::AddDate(QGridLayout& form, CMnemonics& mnemonics) {
 
 void CRecordDialogTime::AddTime(QGridLayout& form, const TimeRow& row, CMnemonics& mnemonics) {
     const int step = StepOf(m_settings.*row.roundType, m_settings.*row.roundMinutes);
-    auto* edit = new CTimeEdit(FieldRegion(m_settings), m_clock, step);
+    auto* edit = new CTimeEdit(FieldRegion(m_settings), {row.field, *theClockEntry, m_clock, m_prompt}, step);
     const int place = form.rowCount();
     AddLabel(form, place, LoadText(row.label), *edit, QString::fromLatin1(row.name), mnemonics);
     form.addWidget(edit, place, 1);
@@ -161,7 +162,7 @@ void CRecordDialogTime::AddTime(QGridLayout& form, const TimeRow& row, CMnemonic
 
 void CRecordDialogTime::AddSpan(QGridLayout& form, const SpanRow& row, CMnemonics& mnemonics) {
     const int step = StepOf(m_settings.roundDurationType, m_settings.roundDurationMinutes);
-    auto* edit = new CSpanEdit(FieldRegion(m_settings), step);
+    auto* edit = new CSpanEdit(FieldRegion(m_settings), *theSpanEntry, step);
     const int place = form.rowCount();
     AddLabel(form, place, LoadText(row.label), *edit, QString::fromLatin1(row.name), mnemonics);
     form.addWidget(edit, place, 1);

@@ -48,7 +48,7 @@ enum class Run {
     EditRecord,
     CopyRecords,
     DeleteRecords,
-    Mark,  ///< argument: code of SetMark
+    Mark,  ///< argument: a RecordMark
     SelectAll,
     SelectNone,
     Sort,
