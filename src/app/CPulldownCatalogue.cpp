@@ -2,6 +2,7 @@
 
 #include "app/DependencyBytes.h"
 #include "app/ListTable.h"
+#include "app/PaymentKinds.h"
 #include "app/RecordReplacer.h"
 #include "app/StoreChange.h"
 #include "config/Settings.h"
@@ -14,19 +15,11 @@ CPulldownCatalogue* thePulldownCatalogue = nullptr;
 
 namespace {
 
-/// The codes of the kinds of payment: an item may not begin like one with its colon.
-constexpr Text kReserved[] = {
-    Text::CodeCash,          Text::CodeCreditCard,   Text::CodeDebitCard, Text::CodeCompanyCard,
-    Text::CodeBankTransfer,  Text::CodeDirectDebit,  Text::CodeCheque,    Text::CodeTravellersCheque,
-    Text::CodeMoneyOrder,    Text::CodePrepaidCard,  Text::CodeGiftCard,  Text::CodeVoucher,
-    Text::CodeMobilePayment, Text::CodeOnlineWallet, Text::CodePettyCash, Text::CodeAdvance,
-    Text::CodeInvoice,       Text::CodeCreditNote,   Text::CodeOther,
-};
-static_assert(std::size(kReserved) == 19);
-
+/// A coded text, or the code of a kind of payment with its colon.
 bool BeginsReserved(const QString& text) {
-    return text.startsWith(LoadText(Text::CodedPrefix)) || std::ranges::any_of(kReserved, [&text](Text code) {
-               return text.startsWith(FormatText<Text::ReservedOpening>(LoadText(code)));
+    return text.startsWith(LoadText(Text::CodedPrefix)) ||
+           std::ranges::any_of(PaymentKinds(), [&text](const PaymentKind& kind) {
+               return text.startsWith(FormatText<Text::ReservedOpening>(LoadText(kind.code)));
            });
 }
 
