@@ -1,9 +1,9 @@
 #include "shell/CAppearancePreview.h"
 
+#include "config/ColumnTable.h"
 #include "lang/FormatText.h"
 #include "shell/CRecordDelegate.h"
 #include "shell/core/CRecordListModel.h"
-#include "shell/core/ColumnDefaults.h"
 
 #include <QEvent>
 #include <QHeaderView>
