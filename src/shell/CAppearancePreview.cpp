@@ -1,5 +1,6 @@
 #include "shell/CAppearancePreview.h"
 
+#include "config/ColumnTable.h"
 #include "lang/FormatText.h"
 #include "shell/CRecordDelegate.h"
 #include "shell/core/CRecordListModel.h"
