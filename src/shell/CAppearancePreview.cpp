@@ -1,6 +1,5 @@
 #include "shell/CAppearancePreview.h"
 
-#include "config/ColumnTable.h"
 #include "lang/FormatText.h"
 #include "shell/CRecordDelegate.h"
 #include "shell/core/CRecordListModel.h"
