@@ -42,7 +42,7 @@ void PutDuration(CTRecord& record, const EnteredSpan& span, const Settings& sett
 /// A typed value into its field as it is; a text that is no number, or a negative one, leaves "no value".
 void PutTypedMoney(DecimalField& field, const QString& text) {
     PutTyped(field, text);
-    if (field.value < 0.0F) field.Set(-1.0F);
+    if (field.value < 0.0F) field.SetNone();
 }
 
 }  // namespace
