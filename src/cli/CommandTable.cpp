@@ -3,9 +3,9 @@
 #include "cli/CalendarCommands.h"
 #include "cli/FilterArguments.h"
 #include "cli/OtherCommands.h"
+#include "cli/RecordCommands.h"
+#include "cli/RecordFields.h"
 #include "cli/SettingCommands.h"
-#include "cli/TimeCommands.h"
-#include "cli/TimeFields.h"
 #include "cli/TimerCommands.h"
 
 #include <vector>
@@ -27,16 +27,39 @@ constexpr OptionRow kGlobals[] = {
     {"help", "", OptionShape::Flag, Text::CliOptHelp},
 };
 
+constexpr RecordMode kTime = RecordMode::Time;
+
 const std::vector<CommandRow>& Table() {
     static const std::vector<CommandRow> kTable{
-        {"time", "add", "", 0, 0, {TimeFieldOptions()}, Text::CliTimeAdd, AddTime},
-        {"time", "edit", "ID", 1, 1, {TimeFieldOptions(), TimeEditOptions()}, Text::CliTimeEdit, EditTime},
-        {"time", "show", "ID", 1, 1, {}, Text::CliTimeShow, ShowTime},
-        {"time", "delete", "ID...", 1, kAnyNumber, {}, Text::CliTimeDelete, DeleteTimes},
-        {"time", "copy", "ID...", 1, kAnyNumber, {}, Text::CliTimeCopy, CopyTimes},
-        {"time", "mark", "ID...", 1, kAnyNumber, {TimeMarkOptions()}, Text::CliTimeMark, MarkTimes},
-        {"time", "new", "", 0, 0, {TimeNewOptions()}, Text::CliTimeNew, NewTime},
-        {"time", "list", "", 0, 0, {TimeFilterOptions(), TimeListOptions()}, Text::CliTimeList, ListTimes},
+        {"time", "add", "", 0, 0, {TimeFieldOptions()}, Text::CliTimeAdd, Of<kTime, AddRecord>},
+        {"time",
+         "edit",
+         "ID",
+         1,
+         1,
+         {TimeFieldOptions(), EditOptions()},
+         Text::CliTimeEdit,
+         Of<kTime, EditRecord>},
+        {"time", "show", "ID", 1, 1, {}, Text::CliTimeShow, Of<kTime, ShowRecord>},
+        {"time", "delete", "ID...", 1, kAnyNumber, {}, Text::CliTimeDelete, Of<kTime, DeleteRecords>},
+        {"time", "copy", "ID...", 1, kAnyNumber, {}, Text::CliTimeCopy, Of<kTime, CopyRecords>},
+        {"time",
+         "mark",
+         "ID...",
+         1,
+         kAnyNumber,
+         {MarkOptions(RecordKind::Time)},
+         Text::CliTimeMark,
+         Of<kTime, MarkRecords>},
+        {"time", "new", "", 0, 0, {NewOptions(RecordKind::Time)}, Text::CliTimeNew, Of<kTime, NewRecordFrom>},
+        {"time",
+         "list",
+         "",
+         0,
+         0,
+         {FilterOptions(RecordKind::Time), ListOptions()},
+         Text::CliTimeList,
+         Of<kTime, ListRecords>},
         {"timer", "start", "ID", 1, 1, {}, Text::CliTimerStart, StartTimer},
         {"timer", "pause", "ID", 1, 1, {}, Text::CliTimerPause, PauseTimer},
         {"timer", "stop", "ID", 1, 1, {}, Text::CliTimerStop, StopTimer},

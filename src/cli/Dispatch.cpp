@@ -43,7 +43,8 @@ class CRunner {
 
     ExitCode operator()(RunWithSettings run) {
         COpenHome home(m_console);
-        if (!home.OpenSettings(m_request.home)) return ExitCode::Failed;
+        // The defaults would pass for what the user has set.
+        if (!home.OpenSettings(m_request.home) || !home.AreSettingsKept()) return ExitCode::Failed;
         return run(m_request.arguments, m_console, home.App().Settings());
     }
 

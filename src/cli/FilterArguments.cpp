@@ -1,5 +1,6 @@
 #include "cli/FilterArguments.h"
 
+#include "app/CVelmarchDoc.h"
 #include "cli/CArguments.h"
 #include "cli/EnteredValues.h"
 #include "lang/FormatText.h"
@@ -11,7 +12,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr OptionRow kOptions[] = {
+constexpr OptionRow kTimeOptions[] = {
     {"period", "ID", OptionShape::Value, Text::CliOptPeriod},
     {"day", "DATE", OptionShape::Value, Text::CliOptDay},
     {"from", "DATE", OptionShape::Value, Text::CliOptFrom},
@@ -31,11 +32,13 @@ constexpr OptionRow kOptions[] = {
 
 constexpr const char* kItems[] = {"item1", "item2", "item3", "item4", "item5"};
 
+/// A criterion on a flag.
+template <class Filter>
 struct FlagRow {
     const char* option;
-    int TimeFilter::*criterion;
+    int Filter::*criterion;
 };
-constexpr FlagRow kFlags[] = {
+constexpr FlagRow<TimeFilter> kTimeFlags[] = {
     {"billable", &TimeFilter::billable},
     {"billed", &TimeFilter::billed},
     {"exported", &TimeFilter::exported},
@@ -51,7 +54,7 @@ FilterProblem NoDate(const char* option, const QString& typed) {
         FormatText<Text::CliOptionRefused>(QString::fromLatin1(option), FormatText<Text::CliNoDate>(typed)));
 }
 
-FilterProblem ReadPreset(const QString& typed, const PeriodSurroundings& around, TimeFilter& filter) {
+FilterProblem ReadPreset(const QString& typed, const PeriodSurroundings& around, PeriodFilter& filter) {
     const auto preset = EnteredValues::ReadCount(typed);
     if (preset && filter.ApplyPreset(*preset, around)) return {};
     return {ExitCode::NotFound, FormatText<Text::CliNoSuchPeriod>(typed)};
@@ -59,7 +62,7 @@ FilterProblem ReadPreset(const QString& typed, const PeriodSurroundings& around,
 
 /// One day, or all days between two; ends that are swapped give the day of the later option.
 FilterProblem ReadDays(const char* firstOption, const QString& first, const char* lastOption,
-                       const QString& last, const PeriodSurroundings& around, TimeFilter& filter) {
+                       const QString& last, const PeriodSurroundings& around, PeriodFilter& filter) {
     const auto start = EnteredValues::ReadDate(first, around.region, around.clock);
     if (!start) return NoDate(firstOption, first);
     const auto end = EnteredValues::ReadDate(last, around.region, around.clock);
@@ -68,7 +71,8 @@ FilterProblem ReadDays(const char* firstOption, const QString& first, const char
     return {};
 }
 
-FilterProblem ReadPeriod(const CArguments& arguments, const PeriodSurroundings& around, TimeFilter& filter) {
+FilterProblem ReadPeriod(const CArguments& arguments, const PeriodSurroundings& around,
+                         PeriodFilter& filter) {
     const auto preset = arguments.Value("period"), day = arguments.Value("day");
     const auto from = arguments.Value("from"), to = arguments.Value("to");
     if (int{preset.has_value()} + int{day.has_value()} + int{from || to} > 1)
@@ -79,22 +83,35 @@ FilterProblem ReadPeriod(const CArguments& arguments, const PeriodSurroundings& 
     return from || to ? Usage(LoadText(Text::CliFromAndTo)) : FilterProblem{};
 }
 
-}  // namespace
-
-std::span<const OptionRow> TimeFilterOptions() {
-    return kOptions;
+int CriterionOf(const QString& typed) {
+    return EnteredValues::ReadYesNo(typed).value_or(true) ? FlagCriterion::kSet : FlagCriterion::kClear;
 }
 
-FilterProblem ReadTimeFilter(const CArguments& arguments, const PeriodSurroundings& around,
-                             TimeFilter& filter) {
+/// What the filters of both kinds have.
+template <class Filter>
+FilterProblem ReadShared(const CArguments& arguments, const PeriodSurroundings& around, Filter& filter) {
     filter.Reset();
     for (std::size_t i = 0; i < std::size(kItems); ++i)
         if (const auto text = arguments.Value(kItems[i])) filter.items[i] = *text;
     filter.matchWhole = arguments.Has("whole");
     filter.matchCase = arguments.Has("case");
-    for (const FlagRow& flag : kFlags)
-        if (const auto typed = arguments.Value(flag.option))
-            filter.*flag.criterion =
-                EnteredValues::ReadYesNo(*typed).value_or(true) ? FlagCriterion::kSet : FlagCriterion::kClear;
     return ReadPeriod(arguments, around, filter);
+}
+
+FilterProblem ReadTimeFilter(const CArguments& arguments, const PeriodSurroundings& around,
+                             TimeFilter& filter) {
+    const FilterProblem problem = ReadShared(arguments, around, filter);
+    for (const auto& flag : kTimeFlags)
+        if (const auto typed = arguments.Value(flag.option)) filter.*flag.criterion = CriterionOf(*typed);
+    return problem;
+}
+
+}  // namespace
+
+std::span<const OptionRow> FilterOptions(RecordKind) {
+    return kTimeOptions;
+}
+
+FilterProblem ReadFilter(RecordKind, const CArguments& arguments, CVelmarchDoc& document) {
+    return ReadTimeFilter(arguments, document.PeriodNeeds(), document.Filter());
 }

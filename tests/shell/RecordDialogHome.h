@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/CVelmarchApp.h"
 #include "shell/CPickEdit.h"
 #include "shell/CRecordDialog.h"
 #include "support/TestHome.h"
@@ -11,6 +12,7 @@
 #include <QTabWidget>
 #include <QtTest>
 #include <memory>
+#include <utility>
 
 /// A record dialog over a scratch home, found by the names of its widgets.
 class RecordDialogHome {
@@ -19,7 +21,16 @@ class RecordDialogHome {
         home.document->SetTimers(&timers);
         record.GenUnique();
         record.date.Set(11, 19, 2026);
+        std::swap(theClockEntry, m_clockEntry);
+        std::swap(theSpanEntry, m_spanEntry);
     }
+    ~RecordDialogHome() {
+        dialog.reset();
+        std::swap(theClockEntry, m_clockEntry);
+        std::swap(theSpanEntry, m_spanEntry);
+    }
+    RecordDialogHome(const RecordDialogHome&) = delete;
+    RecordDialogHome& operator=(const RecordDialogHome&) = delete;
 
     /// Opens the dialog on the record, in front and with the focus.
     void Open() {
@@ -78,5 +89,11 @@ class RecordDialogHome {
     ActiveTimerSet set{home.clock};
     CRecordTimers timers;
     CTRecord record;
+    CTRecord clockEntry, spanEntry;  ///< the scratch records of the pads
     std::unique_ptr<CRecordDialog> dialog;
+
+ private:
+    // What is installed: these two meanwhile, those from before at the end.
+    CTRecord* m_clockEntry = &clockEntry;
+    CTRecord* m_spanEntry = &spanEntry;
 };

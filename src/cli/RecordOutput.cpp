@@ -1,4 +1,4 @@
-#include "cli/TimeOutput.h"
+#include "cli/RecordOutput.h"
 
 #include "cli/CJsonText.h"
 #include "cli/COutput.h"
@@ -12,10 +12,11 @@ namespace {
 
 constexpr qsizetype kWidestColumn = 40;
 
-void WriteTimeLines(COutput& out, const TimeRow& row) {
+void WriteRecordLines(COutput& out, const RecordRow& row) {
+    const std::span<const RecordColumn> columns = RecordColumns(row.record.Kind());
     qsizetype width = 0;
-    for (const TimeColumn& column : TimeColumns()) width = std::max(width, LoadText(column.caption).size());
-    for (const TimeColumn& column : TimeColumns()) {
+    for (const RecordColumn& column : columns) width = std::max(width, LoadText(column.caption).size());
+    for (const RecordColumn& column : columns) {
         const QString text = column.text(row);
         if (!text.isEmpty()) out.PutLine(LoadText(column.caption).leftJustified(width + 2) + text);
     }
@@ -27,16 +28,16 @@ QString Cell(const QString& text, qsizetype width, bool isNumber) {
 }
 
 struct ListedColumn {
-    const TimeColumn* column;
+    const RecordColumn* column;
     qsizetype width;
 };
 
-std::vector<ListedColumn> FilledColumns(const std::vector<TimeRow>& rows) {
+std::vector<ListedColumn> FilledColumns(const std::vector<RecordRow>& rows) {
     std::vector<ListedColumn> listed;
-    for (const TimeColumn& column : TimeColumns()) {
+    for (const RecordColumn& column : RecordColumns(rows.front().record.Kind())) {
         if (!column.isListed) continue;
         qsizetype widest = 0;
-        for (const TimeRow& row : rows) widest = std::max(widest, column.text(row).size());
+        for (const RecordRow& row : rows) widest = std::max(widest, column.text(row).size());
         if (widest == 0) continue;
         const qsizetype width = std::max(widest, LoadText(column.caption).size());
         listed.push_back({&column, std::min(width, kWidestColumn)});
@@ -51,30 +52,30 @@ QString Trimmed(QString line) {
 
 }  // namespace
 
-void WriteTimeJson(CJsonText& json, const TimeRow& row) {
+void WriteRecordJson(CJsonText& json, const RecordRow& row) {
     json.BeginObject();
-    for (const TimeColumn& column : TimeColumns()) {
+    for (const RecordColumn& column : RecordColumns(row.record.Kind())) {
         json.Key(column.name);
         column.json(json, row);
     }
     json.EndObject();
 }
 
-void WriteTime(COutput& out, const TimeRow& row) {
-    if (!out.isJson) return WriteTimeLines(out, row);
+void WriteRecord(COutput& out, const RecordRow& row) {
+    if (!out.isJson) return WriteRecordLines(out, row);
     CJsonText json(out);
-    WriteTimeJson(json, row);
+    WriteRecordJson(json, row);
     out.Put("\n");
 }
 
-void WriteTimeTable(COutput& out, const std::vector<TimeRow>& rows) {
+void WriteRecordTable(COutput& out, const std::vector<RecordRow>& rows) {
     if (rows.empty()) return;
     const std::vector<ListedColumn> columns = FilledColumns(rows);
     QString head;
     for (const auto& [column, width] : columns)
         head += Cell(LoadText(column->caption), width, column->isNumber) + u"  "_s;
     out.PutLine(Trimmed(head));
-    for (const TimeRow& row : rows) {
+    for (const RecordRow& row : rows) {
         QString line;
         for (const auto& [column, width] : columns)
             line += Cell(column->text(row), width, column->isNumber) + u"  "_s;

@@ -4,9 +4,9 @@
 #include "cli/COutput.h"
 #include "cli/CTimerAccess.h"
 #include "cli/CWindowLink.h"
+#include "cli/RecordCommands.h"
 #include "cli/RecordDesk.h"
 #include "cli/RecordSteps.h"
-#include "cli/TimeCommands.h"
 #include "config/CCfgStore.h"
 #include "entry/RecordMarks.h"
 #include "lang/FormatText.h"
@@ -23,28 +23,35 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr OptionRow kMarkOptions[] = {{"as", "MARK", OptionShape::Value, Text::CliOptAs}};
+constexpr OptionRow kTimeMarkOptions[] = {{"as", "MARK", OptionShape::Value, Text::CliOptAs}};
+constexpr OptionRow kExpenseMarkOptions[] = {{"as", "MARK", OptionShape::Value, Text::CliOptExpAs}};
 
 struct MarkRow {
     const char* name;
     RecordMark mark;
+    bool ofExpensesOnly;
 };
 constexpr MarkRow kMarks[] = {
-    {"first", RecordMark::First},
-    {"first-second", RecordMark::FirstAndSecond},
-    {"exported", RecordMark::Exported},
-    {"not-exported", RecordMark::NotExported},
+    {"first", RecordMark::First, false},
+    {"first-second", RecordMark::FirstAndSecond, false},
+    {"exported", RecordMark::Exported, false},
+    {"not-exported", RecordMark::NotExported, false},
 };
 
-QString MarkNames() {
+bool IsMarkOf(RecordKind kind, const MarkRow& row) {
+    return kind == RecordKind::Expense || !row.ofExpensesOnly;
+}
+
+QString MarkNames(RecordKind kind) {
     QStringList names;
-    for (const MarkRow& row : kMarks) names.append(QString::fromLatin1(row.name));
+    for (const MarkRow& row : kMarks)
+        if (IsMarkOf(kind, row)) names.append(QString::fromLatin1(row.name));
     return names.join(u", "_s);
 }
 
-const MarkRow* FindMark(const QString& name) {
-    const auto found = std::find_if(std::begin(kMarks), std::end(kMarks),
-                                    [&](const MarkRow& row) { return name == QLatin1String(row.name); });
+const MarkRow* FindMark(RecordKind kind, const QString& name) {
+    const auto found = std::ranges::find_if(
+        kMarks, [&](const MarkRow& row) { return IsMarkOf(kind, row) && name == QLatin1String(row.name); });
     return found == std::end(kMarks) ? nullptr : found;
 }
 
@@ -83,10 +90,9 @@ bool AsOneChange(RecordDesk& desk, const QStringList& ids, const std::function<b
 
 // --- Delete
 
-bool DeleteAll(RecordDesk& desk, const QStringList& ids) {
-    return AsOneChange(desk, ids, [&](const QString& id) {
-        return desk.document.DeleteRecord(RecordKind::Time, id, false);
-    });
+bool DeleteAll(RecordKind kind, RecordDesk& desk, const QStringList& ids) {
+    return AsOneChange(desk, ids,
+                       [&](const QString& id) { return desk.document.DeleteRecord(kind, id, false); });
 }
 
 /// The timers go first and the records with the commit after it: a program killed in between leaves a record
@@ -95,7 +101,7 @@ bool DeleteWithTimers(RecordDesk& desk, const QStringList& ids, const QStringLis
     std::vector<ActiveTimer> dropped;
     for (const QString& id : timed) dropped.push_back(*desk.timers.Find(id));
     const auto changed = desk.timers.ChangeHere([&] {
-        if (!DeleteAll(desk, ids)) return false;
+        if (!DeleteAll(RecordKind::Time, desk, ids)) return false;
         for (const QString& id : timed) desk.timers.Desk().Drop(id);
         return true;
     });
@@ -112,41 +118,56 @@ bool DeleteBesideWindow(RecordDesk& desk, const QStringList& ids, const QStringL
         const QJsonObject answer = desk.timers.Run({{u"action"_s, u"drop"_s}, {u"id"_s, id}});
         if (!answer[u"ok"].toBool()) return false;
     }
-    return DeleteAll(desk, ids) && desk.document.Commit();
+    return DeleteAll(RecordKind::Time, desk, ids) && desk.document.Commit();
 }
 
-ExitCode DeleteNow(RecordDesk& desk, const QStringList& ids, Console& console) {
-    desk.timers.Read();
+/// Those of the records that have a timer; an expense has none.
+QStringList Timed(RecordKind kind, RecordDesk& desk, const QStringList& ids) {
     QStringList timed;
+    if (kind != RecordKind::Time) return timed;
+    desk.timers.Read();
     for (const QString& id : ids)
         if (desk.timers.Desk().HasTimer(id)) timed.append(id);
+    return timed;
+}
+
+ExitCode DeleteNow(RecordKind kind, RecordDesk& desk, const QStringList& ids, Console& console) {
+    const QStringList timed = Timed(kind, desk, ids);
     if (timed.isEmpty())
-        return DeleteAll(desk, ids) && desk.document.Commit() ? ExitCode::Done : ExitCode::Failed;
+        return DeleteAll(kind, desk, ids) && desk.document.Commit() ? ExitCode::Done : ExitCode::Failed;
     if (!desk.window.IsThere()) return DeleteWithTimers(desk, ids, timed) ? ExitCode::Done : ExitCode::Failed;
     if (!desk.window.Reach()) return Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsTimers), console);
     return DeleteBesideWindow(desk, ids, timed) ? ExitCode::Done : ExitCode::Failed;
 }
 
-}  // namespace
+// --- Mark
 
-std::span<const OptionRow> TimeMarkOptions() {
-    return kMarkOptions;
+/// What is stored of a marked record; null where it has the mark already.
+std::unique_ptr<CVORec> Marked(const CVORec& stored, RecordMark mark) {
+    std::unique_ptr<CVORec> record = stored.Clone();
+    return SetMark(static_cast<CTRecord&>(*record), mark) ? std::move(record) : nullptr;
 }
 
-ExitCode DeleteTimes(const CArguments& arguments, Console& console, RecordDesk& desk) {
-    const auto ids = FindTimeRecords(arguments.Words(), console, desk);
+}  // namespace
+
+std::span<const OptionRow> MarkOptions(RecordKind kind) {
+    return kind == RecordKind::Time ? kTimeMarkOptions : kExpenseMarkOptions;
+}
+
+ExitCode DeleteRecords(RecordKind kind, const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const auto ids = FindRecords(kind, arguments.Words(), console, desk);
     if (!ids) return LookupFailed(desk);
     const bool isAgreed =
         !desk.settings.confirmDelete ||
         Confirm(Text::AskDeleteRecords, Text::AskDeleteTitle, Text::AskDeleteTitle, console);
-    const ExitCode exit = isAgreed ? DeleteNow(desk, *ids, console) : ExitCode::Failed;
-    if (exit == ExitCode::Done) Announce(*ids, console, desk);
+    const ExitCode exit = isAgreed ? DeleteNow(kind, desk, *ids, console) : ExitCode::Failed;
+    if (exit == ExitCode::Done) Announce(kind, *ids, console, desk);
     PrintCount(console.out, "deleted", Text::CliDeleted, exit == ExitCode::Done ? ids->size() : 0);
     return exit;
 }
 
-ExitCode CopyTimes(const CArguments& arguments, Console& console, RecordDesk& desk) {
-    const auto ids = FindTimeRecords(arguments.Words(), console, desk);
+ExitCode CopyRecords(RecordKind kind, const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const auto ids = FindRecords(kind, arguments.Words(), console, desk);
     if (!ids) return LookupFailed(desk);
     const bool isAgreed = !desk.settings.confirmCopy ||
                           Confirm(Text::AskCopyRecords, Text::AskCopyTitle, Text::AskCopyTitle, console);
@@ -155,7 +176,7 @@ ExitCode CopyTimes(const CArguments& arguments, Console& console, RecordDesk& de
         isAgreed &&
         AsOneChange(desk, *ids,
                     [&](const QString& id) {
-                        const CVORec* record = desk.document.FetchRecord(RecordKind::Time, id);
+                        const CVORec* record = desk.document.FetchRecord(kind, id);
                         QString copy;
                         if (!record || !desk.document.AddRecord(*record, false, true, true, &copy))
                             return false;
@@ -163,16 +184,16 @@ ExitCode CopyTimes(const CArguments& arguments, Console& console, RecordDesk& de
                         return true;
                     }) &&
         desk.document.Commit();
-    if (isDone) Announce(copies, console, desk);
+    if (isDone) Announce(kind, copies, console, desk);
     PrintIds(console.out, isDone ? copies : QStringList());
     return isDone ? ExitCode::Done : ExitCode::Failed;
 }
 
-ExitCode MarkTimes(const CArguments& arguments, Console& console, RecordDesk& desk) {
+ExitCode MarkRecords(RecordKind kind, const CArguments& arguments, Console& console, RecordDesk& desk) {
     const QString name = arguments.Value("as").value_or(QString());
-    const MarkRow* row = FindMark(name);
-    if (!row) return Refuse(ExitCode::Usage, FormatText<Text::CliNoSuchMark>(name, MarkNames()), console);
-    const auto ids = FindTimeRecords(arguments.Words(), console, desk);
+    const MarkRow* row = FindMark(kind, name);
+    if (!row) return Refuse(ExitCode::Usage, FormatText<Text::CliNoSuchMark>(name, MarkNames(kind)), console);
+    const auto ids = FindRecords(kind, arguments.Words(), console, desk);
     if (!ids) return LookupFailed(desk);
     const bool isAgreed = !desk.settings.confirmMark ||
                           Confirm(Text::AskMarkRecords, Text::AskMarkTitle, Text::AskMarkTitle, console);
@@ -181,14 +202,13 @@ ExitCode MarkTimes(const CArguments& arguments, Console& console, RecordDesk& de
         isAgreed &&
         AsOneChange(desk, *ids,
                     [&](const QString& id) {
-                        CTRecord record;
-                        record.Copy(*desk.document.FindTime(id));
-                        if (!SetMark(record, row->mark)) return true;
+                        const auto record = Marked(*desk.document.FindRecord(id), row->mark);
+                        if (!record) return true;
                         changed.append(id);
-                        return desk.document.ModifyRecord(record, id, false, true, true, true);
+                        return desk.document.ModifyRecord(*record, id, false, true, true, true);
                     }) &&
         desk.document.Commit();
-    if (isDone) Announce(changed, console, desk);
+    if (isDone) Announce(kind, changed, console, desk);
     PrintCount(console.out, "changed", Text::CliChanged, isDone ? changed.size() : 0);
     return isDone ? ExitCode::Done : ExitCode::Failed;
 }

@@ -3,9 +3,9 @@
 #include "cli/COutput.h"
 #include "cli/CTimerAccess.h"
 #include "cli/CWindowLink.h"
+#include "cli/RecordCommands.h"
 #include "cli/RecordDesk.h"
 #include "cli/RecordSteps.h"
-#include "cli/TimeCommands.h"
 #include "config/CCfgStore.h"
 #include "entry/QuickEntry.h"
 #include "lang/FormatText.h"
@@ -55,7 +55,7 @@ QString ReadRequest(const CArguments& arguments, QuickRequest& request) {
 ExitCode Resolve(QuickRequest& request, Console& console, RecordDesk& desk) {
     const auto resolve = [&](int flag, QString& id) {
         if ((request.flags & flag) == 0) return true;
-        const CTRecord* record = FindTimeRecord(id, console, desk);
+        const CVORec* record = FindRecord(RecordKind::Time, id, console, desk);
         if (record) id = record->GetId();
         return record != nullptr;
     };
@@ -80,7 +80,7 @@ ExitCode MakeBesideWindow(const QuickRequest& request, Console& console, RecordD
     if (!desk.window.Reach()) return Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsTimers), console);
     id = Make(request.flags & ~QuickFlag::kTimer, request, console, desk);
     if (id.isEmpty()) return ExitCode::Failed;
-    Announce({id}, console, desk);
+    Announce(RecordKind::Time, {id}, console, desk);
     const QJsonObject answer =
         desk.timers.Run({{u"action"_s, u"start"_s}, {u"id"_s, id}, {u"fromZero"_s, true}});
     if (answer[u"ok"].toBool()) return ExitCode::Done;
@@ -110,11 +110,11 @@ ExitCode MakeNow(const QuickRequest& request, Console& console, RecordDesk& desk
 
 }  // namespace
 
-std::span<const OptionRow> TimeNewOptions() {
+std::span<const OptionRow> NewOptions(RecordKind) {
     return kNewOptions;
 }
 
-ExitCode NewTime(const CArguments& arguments, Console& console, RecordDesk& desk) {
+ExitCode NewRecordFrom(RecordKind, const CArguments& arguments, Console& console, RecordDesk& desk) {
     QuickRequest request;
     if (const QString problem = ReadRequest(arguments, request); !problem.isEmpty())
         return Refuse(ExitCode::Usage, problem, console);
@@ -123,8 +123,8 @@ ExitCode NewTime(const CArguments& arguments, Console& console, RecordDesk& desk
     QString id;
     const ExitCode exit = MakeNow(request, console, desk, id);
     if (exit != ExitCode::Done) return exit;
-    Announce({id}, console, desk);
+    Announce(RecordKind::Time, {id}, console, desk);
     desk.timers.Look();
-    PrintTimeRecord(id, console, desk);
+    PrintRecord(RecordKind::Time, id, console, desk);
     return ExitCode::Done;
 }
