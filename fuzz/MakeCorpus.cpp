@@ -1,6 +1,8 @@
 // Writes the sound inputs from which the corpus starts: fuzz_make_corpus FOLDER. Inputs that a fuzzer found
 // are added by hand beside them.
 #include "FuzzTexts.h"
+#include "app/DependencyBytes.h"
+#include "config/CTreeColSet.h"
 #include "platform/CSettingsTree.h"
 #include "records/ByteStream.h"
 #include "records/CDRecord.h"
@@ -171,6 +173,48 @@ void MakeSettings() {
     Put("settings_tree", "write-ahead-log", writeAheadLog);
 }
 
+/// Items as the target knows them.
+CPRecord Item(int number) {
+    CPRecord item(u"item"_s);
+    item.SetId(u"0%1"_s.arg(number) + QString(30, u'0'));
+    return item;
+}
+
+void MakeTrees() {
+    const CPRecord one = Item(1), two = Item(2), three = Item(3);
+    DependencyTree tree;
+    DependencyTree::Node& first = tree.Append(tree.Root(), one);
+    tree.Append(first, two);
+    tree.Append(tree.Append(first, three), two);
+    tree.Append(tree.Root(), two);
+    const QByteArray bytes = TreeToBytes(tree);
+    Put("dependency_tree", "two-under-one", bytes);
+    Put("dependency_tree", "groups-not-closed", bytes.chopped(2));
+    Put("dependency_tree", "unknown-item", QByteArray(bytes).replace(4, 1, "\x01"));
+}
+
+QByteArray PlainOf(const QByteArray& blob) {
+    ByteStream stream;
+    stream.Attach(blob);
+    QByteArray guarded, packed;
+    if (!stream.GetBuffer(guarded) || Unguard(guarded, packed) != BlockState::Sound)
+        qFatal("a set of columns has no sound blob");
+    return RunUnpack(packed, 65536).value_or(QByteArray());
+}
+
+void MakeColumns() {
+    CColSet list;
+    list.SetDefaults();
+    CTreeColSet levels;
+    levels.SetDefaults();
+    QByteArray blob, levelBlob;
+    if (!list.MakeBlob(blob) || !levels.MakeBlob(levelBlob)) qFatal("no blob can be made");
+    Put("column_blob", "list", '\0' + blob);
+    Put("column_blob", "levels", '\0' + levelBlob);
+    Put("column_blob", "list-plain", '\1' + PlainOf(blob));
+    Put("column_blob", "list-plain-cut", '\1' + PlainOf(blob).chopped(3));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -184,5 +228,7 @@ int main(int argc, char** argv) {
     MakeBlocks();
     MakeTimers();
     MakeSettings();
+    MakeTrees();
+    MakeColumns();
     return 0;
 }

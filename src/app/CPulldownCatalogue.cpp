@@ -2,6 +2,7 @@
 
 #include "app/DependencyBytes.h"
 #include "app/ListTable.h"
+#include "app/PaymentKinds.h"
 #include "app/RecordReplacer.h"
 #include "app/StoreChange.h"
 #include "config/Settings.h"
@@ -14,19 +15,11 @@ CPulldownCatalogue* thePulldownCatalogue = nullptr;
 
 namespace {
 
-/// The codes of the kinds of payment: an item may not begin like one with its colon.
-constexpr Text kReserved[] = {
-    Text::CodeCash,          Text::CodeCreditCard,   Text::CodeDebitCard, Text::CodeCompanyCard,
-    Text::CodeBankTransfer,  Text::CodeDirectDebit,  Text::CodeCheque,    Text::CodeTravellersCheque,
-    Text::CodeMoneyOrder,    Text::CodePrepaidCard,  Text::CodeGiftCard,  Text::CodeVoucher,
-    Text::CodeMobilePayment, Text::CodeOnlineWallet, Text::CodePettyCash, Text::CodeAdvance,
-    Text::CodeInvoice,       Text::CodeCreditNote,   Text::CodeOther,
-};
-static_assert(std::size(kReserved) == 19);
-
+/// A coded text, or the code of a kind of payment with its colon.
 bool BeginsReserved(const QString& text) {
-    return text.startsWith(LoadText(Text::CodedPrefix)) || std::ranges::any_of(kReserved, [&text](Text code) {
-               return text.startsWith(FormatText<Text::ReservedOpening>(LoadText(code)));
+    return text.startsWith(LoadText(Text::CodedPrefix)) ||
+           std::ranges::any_of(PaymentKinds(), [&text](const PaymentKind& kind) {
+               return text.startsWith(FormatText<Text::ReservedOpening>(LoadText(kind.code)));
            });
 }
 
@@ -189,6 +182,43 @@ CPulldownCatalogue::Deleted CPulldownCatalogue::DeleteStored(const std::function
     if (end == Deleted::TreesNotSaved && !deleteRows()) return Deleted::Kept;
     for (const DependencySet set : changed) Tree(set).RemoveIf(isGone);
     return end;
+}
+
+// --- Names of fields
+
+bool CPulldownCatalogue::SetNames(const std::map<int, QString>& names) {
+    if (!TreesAreKnown()) return Warn(Text::ItemNotDeleted);
+    // Names have no place in a tree. Where a damaged store has one all the same, it goes by the rules of
+    // trees.
+    const auto isName = [&names](const CPRecord& item) { return names.contains(item.listId); };
+    for (const DependencySet set : kDependencySets)
+        for (const auto& [list, text] : names)
+            if (Tree(set).Holds(isName) && !DeleteAllItems(list)) return false;
+
+    std::vector<std::unique_ptr<CPRecord>> items;
+    if (!StoreNames(names, items)) return false;
+    for (const auto& [list, text] : names) m_lists.RemoveAll(list);
+    for (auto& item : items) static_cast<void>(m_lists.Add(std::move(item)));
+    FillLabels();
+    return true;
+}
+
+bool CPulldownCatalogue::StoreNames(const std::map<int, QString>& names,
+                                    std::vector<std::unique_ptr<CPRecord>>& items) {
+    const QString table = m_store.TableName(RecordKind::PulldownItem);
+    StoreChange change(m_store);
+    if (!change.IsOpen()) return false;
+    for (const auto& [list, text] : names) {
+        const ItemList* former = GetList(list);
+        if (!former) return false;
+        if (!former->empty() && !m_store.Query(FormatText<Text::SqlDeleteList>(table, list))) return false;
+        if (text.isEmpty()) continue;
+        items.push_back(std::make_unique<CPRecord>(text));
+        items.back()->listId = list;
+        items.back()->GenUnique();
+        if (!m_store.InsertRecord(*items.back(), true)) return false;
+    }
+    return change.Commit();
 }
 
 // --- Records

@@ -1,9 +1,9 @@
 #include "config/ColumnBlob.h"
 
 #include "records/ByteStream.h"
+#include "records/GuardedBlock.h"
 #include "records/RunPack.h"
 
-#include <QCryptographicHash>
 #include <QtEndian>
 #include <algorithm>
 
@@ -16,12 +16,7 @@ constexpr qsizetype kPositionAt = 37;
 constexpr qsizetype kKindAt = 41;
 constexpr qsizetype kRowsSize = kRowSize * Column::kCount;
 constexpr qsizetype kNumberSize = 4;
-constexpr qsizetype kDigestSize = 16;
 static_assert(kVisibleAt == 2 * ColumnEntry::kCaptionUnits && kKindAt + kNumberSize == kRowSize);
-
-QByteArray Digest(QByteArrayView bytes) {
-    return QCryptographicHash::hash(bytes, QCryptographicHash::Md5);
-}
 
 // --- Writing
 
@@ -81,7 +76,7 @@ bool TakeBreaks(QByteArrayView& rest, std::vector<std::int32_t>& breaks) {
     rest = rest.sliced(kNumberSize);
     if (count < 0 || count > rest.size() / kNumberSize) return false;
     breaks.resize(static_cast<std::size_t>(count));
-    qFromLittleEndian<std::int32_t>(rest.data(), count, breaks.data());
+    if (count > 0) qFromLittleEndian<std::int32_t>(rest.data(), count, breaks.data());
     rest = rest.sliced(count * kNumberSize);
     return true;
 }
@@ -104,19 +99,16 @@ std::optional<ColumnPayload> PayloadFrom(QByteArrayView plain) {
 std::optional<QByteArray> ColumnBlobOf(const ColumnPayload& payload) {
     const QByteArray plain = PlainBytes(payload);
     if (plain.size() > kMostColumnBytes) return std::nullopt;
-    const QByteArray packed = RunPack(plain);
     ByteStream stream;
-    stream.PutBuffer(Digest(packed) + packed);
+    stream.PutBuffer(Guarded(RunPack(plain)));
     return stream.Release();
 }
 
 std::optional<ColumnPayload> ColumnsFromBlob(const QByteArray& blob) {
     ByteStream stream;
     stream.Attach(blob);
-    QByteArray guarded;
-    if (!stream.GetBuffer(guarded) || guarded.size() < kDigestSize) return std::nullopt;
-    const QByteArrayView packed = QByteArrayView(guarded).sliced(kDigestSize);
-    if (Digest(packed) != QByteArrayView(guarded).first(kDigestSize)) return std::nullopt;
+    QByteArray guarded, packed;
+    if (!stream.GetBuffer(guarded) || Unguard(guarded, packed) != BlockState::Sound) return std::nullopt;
     const std::optional<QByteArray> plain = RunUnpack(packed, kMostColumnBytes);
     return plain ? PayloadFrom(*plain) : std::nullopt;
 }

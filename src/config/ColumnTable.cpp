@@ -1,5 +1,7 @@
 #include "config/ColumnTable.h"
 
+#include "records/CVORec.h"
+
 #include <algorithm>
 #include <array>
 
@@ -71,20 +73,8 @@ std::span<const int> DefaultBreaks(ColumnHalf half) {
     return kExpenseBreaks;
 }
 
-const std::vector<int>& VisibleTimeColumns() {
-    static const std::vector<int> visible = [] {
-        std::vector<int> columns;
-        for (int i = 0; i < Column::kFirstExpense; ++i)
-            if (kColumns[i].listPosition > 0) columns.push_back(i);
-        std::sort(columns.begin(), columns.end(),
-                  [](int a, int b) { return kColumns[a].listPosition < kColumns[b].listPosition; });
-        return columns;
-    }();
-    return visible;
-}
-
-std::span<const int> TimeLineBreaks() {
-    return kTimeBreaks;
+ColumnHalf HalfOf(RecordKind kind) {
+    return kind == RecordKind::Expense ? ColumnHalf::Expense : ColumnHalf::Time;
 }
 
 bool IsNotesColumn(int column) {

@@ -3,7 +3,8 @@
 #include "lang/Text.h"
 
 #include <span>
-#include <vector>
+
+enum class RecordKind : int;
 
 /// What a column shows, as it is stored with a set of columns.
 enum class ColumnKind : int { Image = 3, Text = 5, Date = 6, Time = 7, DateTime = 8, Number = 9 };
@@ -79,6 +80,8 @@ struct ColumnRow {
     return column >= Column::kFirstExpense && column < Column::kCount ? ColumnHalf::Expense
                                                                       : ColumnHalf::Time;
 }
+/// Of a kind of records: expenses have theirs, all others the time half.
+[[nodiscard]] ColumnHalf HalfOf(RecordKind kind);
 [[nodiscard]] constexpr int FirstColumn(ColumnHalf half) {
     return half == ColumnHalf::Time ? 0 : Column::kFirstExpense;
 }
@@ -86,10 +89,6 @@ struct ColumnRow {
 [[nodiscard]] constexpr int EndOfColumns(ColumnHalf half) {
     return half == ColumnHalf::Time ? Column::kFirstExpense : Column::kCount;
 }
-
-/// The visible columns of time records in order of position.
-[[nodiscard]] const std::vector<int>& VisibleTimeColumns();
-[[nodiscard]] std::span<const int> TimeLineBreaks();
 
 /// Drawn as an image of 16 pixels. The notes are images among columns but texts among lines.
 [[nodiscard]] bool IsImageColumn(int column);

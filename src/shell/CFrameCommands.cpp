@@ -1,7 +1,6 @@
 #include "shell/CFrameCommands.h"
 
 #include "app/CVelmarchApp.h"
-#include "config/ColumnTable.h"
 #include "entry/QuickEntry.h"
 #include "entry/RecordMarks.h"
 #include "lang/LoadText.h"
@@ -130,7 +129,7 @@ void CFrameCommands::Sort(int) {
     int present = 0;
     for (const int column : m_around.model.VisibleColumns()) {
         if (column == m_around.model.SortColumn()) present = static_cast<int>(captions.size());
-        captions.append(LoadText(ColumnTable()[static_cast<std::size_t>(column)].caption));
+        captions.append(m_around.model.CaptionOf(column));
     }
     bool picked = false;
     const QString caption = QInputDialog::getItem(&m_around.door.Window(), LoadText(Text::SortTitle),

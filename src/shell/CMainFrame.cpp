@@ -85,7 +85,7 @@ void CMainFrame::MakePanes() {
     CVelmarchDoc& document = m_around.app.Document();
     CCfgStore& settings = m_around.app.Settings();
     m_model = new CRecordListModel(document, m_around.timers.Set(), settings, this);
-    m_view = new CRecordListView(*m_model, m_around.timers.Set(), settings, this);
+    m_view = new CRecordListView(*m_model, settings, this);
     m_note = new CEmptyNote(this);
     m_pane = new QStackedWidget(this);
     m_pane->setObjectName(u"pane1"_s);
@@ -227,7 +227,6 @@ void CMainFrame::RestoreLayout() {
     m_status->setVisible(memory.IsShown(Text::SectionStatusBar));
     m_actions->RecordsBar().setVisible(memory.IsShown(Text::SectionBar1));
     m_actions->FiltersBar().setVisible(memory.IsShown(Text::SectionBar2));
-    m_view->TakeWidths(memory.Binary(Text::EntryHeader));
     restoreGeometry(memory.Binary(Text::EntryGeometry));
     m_view->ApplyLayout();
 }
@@ -237,7 +236,7 @@ void CMainFrame::KeepLayout() {
     memory.KeepShown(Text::SectionStatusBar, m_status->isVisibleTo(this));
     memory.KeepShown(Text::SectionBar2, m_actions->FiltersBar().isVisibleTo(this));
     memory.KeepShown(Text::SectionBar1, m_actions->RecordsBar().isVisibleTo(this));
-    memory.KeepBinary(Text::EntryHeader, m_view->CaptureWidths());
+    m_view->CaptureWidths();
     memory.KeepBinary(Text::EntryGeometry, saveGeometry());
     memory.KeepListStyle(m_model->Layout());
     memory.KeepView();

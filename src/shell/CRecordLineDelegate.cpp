@@ -1,10 +1,6 @@
 #include "shell/CRecordLineDelegate.h"
 
-#include "config/ColumnTable.h"
-#include "config/Settings.h"
-#include "records/CTRecord.h"
 #include "shell/core/CRecordListModel.h"
-#include "shell/core/CellText.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -15,8 +11,8 @@ const QString kSample = QStringLiteral("ABCDEFGHIJKLMNOPQRSTVWXYZabcdefghijklmno
 }  // namespace
 
 CRecordLineDelegate::CRecordLineDelegate(const Settings& settings, const CRecordListModel& model,
-                                         const ActiveTimerSet& timers, QObject* parent)
-    : CRecordDelegate(settings, parent), m_model(model), m_timers(timers) {}
+                                         QObject* parent)
+    : CRecordDelegate(settings, parent), m_model(model) {}
 
 int CRecordLineDelegate::RowHeight(const QFontMetrics& metrics) const {
     const int line = std::max(metrics.size(Qt::TextSingleLine, kSample).height(), kImage);
@@ -37,16 +33,15 @@ std::vector<CRecordLineDelegate::Place> CRecordLineDelegate::PlacesIn(const QRec
 
 void CRecordLineDelegate::PaintCell(QPainter& painter, const QStyleOptionViewItem& option,
                                     const QModelIndex& index) const {
-    const CTRecord* record = m_model.RecordAt(index.row());
-    if (!record) return;
+    const int row = index.row();
     for (const Place& place : PlacesIn(option.rect)) {
         if (place.cell.isImage) {
-            PaintFlag(painter, place.rect, place.cell.column, FlagOf(*record, place.cell.column), option,
-                      index.row());
+            PaintFlag(painter, place.rect, place.cell.column, m_model.IsFlagSet(row, place.cell.column),
+                      option, row);
             continue;
         }
         painter.setPen(Ink(option, place.lineColour));
-        PaintText(painter, place.rect, TimeCellText(*record, place.cell.column, m_settings, m_timers),
+        PaintText(painter, place.rect, m_model.TextOf(row, place.cell.column),
                   Qt::AlignLeft | Qt::AlignVCenter, option.font);
     }
 }
@@ -54,12 +49,10 @@ void CRecordLineDelegate::PaintCell(QPainter& painter, const QStyleOptionViewIte
 QString CRecordLineDelegate::TipAt(const QPoint& at, const QStyleOptionViewItem& option,
                                    const QModelIndex& index) const {
     if (index.column() == 0) return CRecordDelegate::TipAt(at, option, index);
-    const CTRecord* record = m_model.RecordAt(index.row());
-    if (!record) return {};
     for (const Place& place : PlacesIn(option.rect)) {
         if (!place.rect.contains(at)) continue;
-        if (place.cell.isImage) return FlagInWords(*record, place.cell.column);
-        const QString text = TimeCellText(*record, place.cell.column, m_settings, m_timers);
+        if (place.cell.isImage) return m_model.FlagInWordsOf(index.row(), place.cell.column);
+        const QString text = m_model.TextOf(index.row(), place.cell.column);
         return QFontMetrics(option.font).horizontalAdvance(text.simplified()) > place.rect.width()
                    ? text
                    : QString();

@@ -5,7 +5,6 @@
 
 #include <vector>
 
-class ActiveTimerSet;
 class CRecordListModel;
 
 /// Draws a record over several lines of equal height, each with its share of the visible columns. The first
@@ -14,8 +13,7 @@ class CRecordLineDelegate final : public CRecordDelegate {
     Q_OBJECT
 
  public:
-    CRecordLineDelegate(const Settings& settings, const CRecordListModel& model, const ActiveTimerSet& timers,
-                        QObject* parent = nullptr);
+    CRecordLineDelegate(const Settings& settings, const CRecordListModel& model, QObject* parent = nullptr);
 
     /// The lines after a change of the columns.
     void SetLines(std::vector<ListLine> lines) { m_lines = std::move(lines); }
@@ -38,6 +36,5 @@ class CRecordLineDelegate final : public CRecordDelegate {
     [[nodiscard]] std::vector<Place> PlacesIn(const QRect& row) const;
 
     const CRecordListModel& m_model;
-    const ActiveTimerSet& m_timers;
     std::vector<ListLine> m_lines;
 };

@@ -1,5 +1,6 @@
 #include "shell/CRecordListView.h"
 
+#include "app/RecordMode.h"
 #include "config/CCfgStore.h"
 #include "config/ColumnTable.h"
 #include "lang/FormatText.h"
@@ -16,6 +17,7 @@ namespace {
 /// The height of the font for which the default widths of the columns were chosen.
 constexpr int kWidthsMadeFor = 12;
 constexpr int kLeastWidth = 5;
+constexpr int kMostWidth = 4096;
 
 /// A list font that was never chosen is the desktop's.
 QFont ListFontOf(const FontRecord& record) {
@@ -31,13 +33,12 @@ QFont ListFontOf(const FontRecord& record) {
 
 }  // namespace
 
-CRecordListView::CRecordListView(CRecordListModel& model, const ActiveTimerSet& timers, CCfgStore& settings,
-                                 QWidget* parent)
+CRecordListView::CRecordListView(CRecordListModel& model, CCfgStore& settings, QWidget* parent)
     : QTableView(parent),
       m_model(model),
       m_settings(settings),
       m_cells(new CRecordDelegate(settings, this)),
-      m_lines(new CRecordLineDelegate(settings, model, timers, this)) {
+      m_lines(new CRecordLineDelegate(settings, model, this)) {
     setObjectName(QStringLiteral("recordList"));
     setAccessibleName(LoadText(Text::ListName));
     setModel(&model);
@@ -55,6 +56,7 @@ CRecordListView::CRecordListView(CRecordListModel& model, const ActiveTimerSet& 
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setMinimumSectionSize(kLeastWidth);
     horizontalHeader()->setTextElideMode(Qt::ElideRight);
+    connect(&model, &QAbstractItemModel::modelAboutToBeReset, this, &CRecordListView::CaptureWidths);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int position) {
         m_model.SortByHeader(position);
         ApplyLayout();
@@ -62,11 +64,13 @@ CRecordListView::CRecordListView(CRecordListModel& model, const ActiveTimerSet& 
 }
 
 void CRecordListView::ApplyLayout() {
+    CaptureWidths();
     ApplyFont();
     const ListColours colours = MakeListColours(m_settings, QApplication::palette());
     m_cells->SetColours(colours);
     m_lines->SetColours(colours);
-    m_lines->SetLines(BuildLines(m_model.VisibleColumns(), TimeLineBreaks()));
+    const ColumnHalf half = HalfOf(KindOf(theRecordMode));
+    m_lines->SetLines(BuildLines(m_model.VisibleColumns(), m_settings.ListColumns().Breaks(half)));
     const ListLayout layout = m_model.Layout();
     CRecordDelegate* delegate = layout == ListLayout::Lines ? m_lines : m_cells;
     setItemDelegate(delegate);
@@ -98,17 +102,28 @@ void CRecordListView::ApplyWidths() {
     header.setSectionResizeMode(QHeaderView::Interactive);
     const int least = m_model.Layout() == ListLayout::Icons ? CRecordDelegate::kLargeStateWidth : 1;
     header.resizeSection(0, std::max(m_settings.iconColumnWidth, least));
+    m_applied = {{Column::kNone, header.sectionSize(0)}};
     if (!inColumns) return;
-    if (!m_widths.isEmpty() && header.restoreState(m_widths)) return;
-    const double scale = std::max(1.0, static_cast<double>(fontMetrics().height()) / kWidthsMadeFor);
     for (int section = 1; section < m_model.columnCount(); ++section) {
-        const int column = m_model.VisibleColumns()[static_cast<std::size_t>(section - 1)];
-        const int width = ColumnTable()[static_cast<std::size_t>(column)].width;
-        // Room for the caption, and for a running count.
-        const int least =
-            std::max(header.sectionSizeHint(section), column == Column::kDuration ? CountWidth() : 0);
-        header.resizeSection(section, std::max(static_cast<int>(width * scale), least));
+        header.resizeSection(section, WidthOf(section));
+        // The last column fills the row, so its size says nothing.
+        if (section + 1 < m_model.columnCount())
+            m_applied.emplace_back(m_model.VisibleColumns()[static_cast<std::size_t>(section - 1)],
+                                   header.sectionSize(section));
     }
+}
+
+/// A width that the user has chosen is taken as it is. The others were chosen for one font and follow the
+/// present one, with room for the caption, and for a running count.
+int CRecordListView::WidthOf(int section) const {
+    const int column = m_model.VisibleColumns()[static_cast<std::size_t>(section - 1)];
+    const int stored = m_settings.ListColumns().EntryAt(column).width;
+    const int preset = ColumnTable()[static_cast<std::size_t>(column)].width;
+    if (stored != preset) return std::clamp(stored, kLeastWidth, kMostWidth);
+    const double scale = std::max(1.0, static_cast<double>(fontMetrics().height()) / kWidthsMadeFor);
+    const int least = std::max(horizontalHeader()->sectionSizeHint(section),
+                               column == Column::kDuration ? CountWidth() : 0);
+    return std::max(static_cast<int>(preset * scale), least);
 }
 
 int CRecordListView::CountWidth() const {
@@ -116,12 +131,20 @@ int CRecordListView::CountWidth() const {
            2 * CRecordDelegate::kMargin + 2;
 }
 
-QByteArray CRecordListView::CaptureWidths() {
-    const int first = horizontalHeader()->sectionSize(0);
-    // Large icons may have made it wider than the user did.
-    if (first >= 1 && m_model.Layout() != ListLayout::Icons) m_settings.iconColumnWidth = first;
-    if (m_model.Layout() == ListLayout::Columns) m_widths = horizontalHeader()->saveState();
-    return m_widths;
+/// Only what differs from what was set here is the user's.
+void CRecordListView::CaptureWidths() {
+    const QHeaderView& header = *horizontalHeader();
+    const int sections = std::min(static_cast<int>(m_applied.size()), header.count() - 1);
+    for (int section = 0; section < sections; ++section) {
+        auto& [column, width] = m_applied[static_cast<std::size_t>(section)];
+        const int present = header.sectionSize(section);
+        if (present == width || present < 1) continue;
+        width = present;
+        if (column == Column::kNone)
+            m_settings.iconColumnWidth = present;
+        else
+            m_settings.ListColumns().SetWidth(column, present);
+    }
 }
 
 QStringList CRecordListView::SelectedIds() const {

@@ -2,8 +2,8 @@
 
 #include <QTableView>
 #include <utility>
+#include <vector>
 
-class ActiveTimerSet;
 class CCfgStore;
 class CRecordDelegate;
 class CRecordLineDelegate;
@@ -15,8 +15,7 @@ class CRecordListView final : public QTableView {
     Q_OBJECT
 
  public:
-    CRecordListView(CRecordListModel& model, const ActiveTimerSet& timers, CCfgStore& settings,
-                    QWidget* parent = nullptr);
+    CRecordListView(CRecordListModel& model, CCfgStore& settings, QWidget* parent = nullptr);
 
     /// Font, colours, row height, headers and columns as the settings and the desktop say; after the model
     /// was rebuilt and when the desktop's colours change.
@@ -31,9 +30,9 @@ class CRecordListView final : public QTableView {
     /// First and last row in sight; last below first when there is none.
     [[nodiscard]] std::pair<int, int> RowsInSight() const;
 
-    /// Widths of the columns, to be kept from one start to the next; also iconColumnWidth in the settings.
-    QByteArray CaptureWidths();
-    void TakeWidths(const QByteArray& widths) { m_widths = widths; }
+    /// The widths of columns that the user has changed go to the list's columns in the settings, that of the
+    /// state to iconColumnWidth.
+    void CaptureWidths();
 
  Q_SIGNALS:
     /// Hint 11: what is selected has changed.
@@ -57,6 +56,7 @@ class CRecordListView final : public QTableView {
     [[nodiscard]] bool IsOnCheckBox(const QPoint& at) const;
     void ApplyFont();
     void ApplyWidths();
+    [[nodiscard]] int WidthOf(int section) const;
     [[nodiscard]] int CountWidth() const;
     void ToggleRow(int row);
 
@@ -64,6 +64,7 @@ class CRecordListView final : public QTableView {
     CCfgStore& m_settings;
     CRecordDelegate* m_cells;
     CRecordLineDelegate* m_lines;
-    QByteArray m_widths;
+    /// Column and width of each section but the last, as they were last set here. The state is no column.
+    std::vector<std::pair<int, int>> m_applied;
     bool m_isToggling = false;  ///< the press was on a check box, so its release is nothing else
 };

@@ -4,7 +4,7 @@
 #include "calendar/CalendarMath.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
-#include "records/CTRecord.h"
+#include "records/CVORec.h"
 #include "shell/CElidedLabel.h"
 #include "shell/Glyphs.h"
 #include "shell/ListColours.h"
@@ -130,12 +130,10 @@ void CStatusBar::ShowSums() {
     const QStringList selected = m_selection();
     StatusSums ofSelection;
     for (const QString& id : selected)
-        if (const CTRecord* record = m_document.FindTime(id)) ofSelection.Add(*record);
+        if (const CVORec* record = m_document.FindRecord(id)) ofSelection.Add(*record);
     if (selected.isEmpty() && !m_listSumsKnown) {
         m_listSums = {};
-        m_document.ForEachVisible([this](const CVORec& record) {
-            if (record.Kind() == RecordKind::Time) m_listSums.Add(static_cast<const CTRecord&>(record));
-        });
+        m_document.ForEachVisible([this](const CVORec& record) { m_listSums.Add(record); });
         m_listSumsKnown = true;
     }
     const StatusSums& sums = selected.isEmpty() ? m_listSums : ofSelection;

@@ -251,19 +251,16 @@ class TestCVelmarchDoc : public QObject {
     }
 
     void BatchWithinABatch() {
-        const QString outer = AddOnDay(1, u"a"_s), inner = AddOnDay(2, u"b"_s);
-        Reload();
+        const QString outer = scene->AddOnDay(1, u"a"_s), inner = scene->AddOnDay(2, u"b"_s);
+        scene->Reload();
         const CVORec* former = document->FindRecord(outer);
-        CTRecord changed = *document->FindTime(outer);
-        changed.item1 = u"c"_s;
-        QVERIFY(document->ModifyRecord(changed, outer, false, false, true, true));
+        QVERIFY(document->ModifyRecord(*scene->Changed(outer, 1, u"c"_s), outer, false, false, true, true));
         const qsizetype waiting = document->PendingCount();
         QCOMPARE(waiting, qsizetype{1});
-        const CTRecord record = *document->FindTime(inner);
-        QVERIFY(document->ModifyRecord(record, inner, false, false, true, true));
+        QVERIFY(document->ModifyRecord(*scene->Changed(inner, 2, u"d"_s), inner, false, false, true, true));
         QCOMPARE(document->TakePending(waiting), QStringList{inner});
         document->NotifyViews(Hint::Changed, {inner});
-        QCOMPARE(Item1Of(former), u"a"_s);  // its own hint is still to come
+        QCOMPARE(DocumentScene::Item1Of(former), u"a"_s);  // its own hint is still to come
         QCOMPARE(document->TakePending(0), QStringList{outer});
         QCOMPARE(document->PendingCount(), qsizetype{0});
     }

@@ -1,6 +1,7 @@
 #include "shell/core/CRecordListModel.h"
 
 #include "config/ColumnTable.h"
+#include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
 #include "timers/ActiveTimerSet.h"
@@ -28,14 +29,30 @@ struct Scene {
         home.document->BuildVisible();
         model.OnHint(Hint::Rebuild, {});
     }
+    void HideAll() {
+        CColSet& columns = home.settings->ListColumns();
+        QStringList captions;
+        for (int column = 0; column < 17; ++column) captions.append(columns.EntryAt(column).caption);
+        columns.AssignOrder(ColumnHalf::Time, captions, {});
+    }
     QString Add(int day, const char* start = "", const char* end = "") {
         return home.AddTime(2026, 11, day, QString::fromLatin1(start), QString::fromLatin1(end));
+    }
+    void AddExpense(int day, float amount, bool isDistance) {
+        CERecord record;
+        record.GenUnique();
+        record.date.Set(11, day, 2026);
+        record.amount.Set(amount);
+        record.isDistance = isDistance;
+        QVERIFY(home.document->AddRecord(record, false, false, false));
+        home.document->FlushPending(Hint::Added);
+        home.views.seen.clear();
     }
     /// The days of the month down the list.
     QString Days() const {
         QStringList days;
         for (int row = 0; row < model.rowCount(); ++row)
-            days.append(QString::number(model.RecordAt(row)->date.day));
+            days.append(QString::number(home.document->FindTime(model.IdAt(row))->date.day));
         return days.join(u' ');
     }
     void Change(const QString& id, int day) {
@@ -134,7 +151,7 @@ class TestCRecordListModel final : public QObject {
 
     void noVisibleColumn() {
         Scene scene;
-        scene.model.SetVisibleColumns({});
+        scene.HideAll();
         scene.home.settings->listLayout = 3;
         scene.Rebuild();
         for (const int day : {18, 20, 19}) scene.Add(day);
@@ -321,15 +338,101 @@ class TestCRecordListModel final : public QObject {
         QCOMPARE(scene.Days(), QStringLiteral("19"));
     }
 
+    /// The list's own columns, in their order, under their captions.
+    void columnsOfTheSettings() {
+        Scene scene;
+        scene.home.settings->listLayout = 3;
+        CColSet& columns = scene.home.settings->ListColumns();
+        columns.SetColumn(ColumnHalf::Time, QStringLiteral("Rate"),
+                          {QStringLiteral("Per hour"), 50, 0, true});
+        columns.MoveUp(ColumnHalf::Time, 2);
+        scene.Rebuild();
+        QCOMPARE(scene.model.VisibleColumns(), (std::vector{6, 0, 1, 13, 14, 4, 5, 9, 10, 8}));
+        QCOMPARE(scene.model.columnCount(), 11);
+        QCOMPARE(scene.model.headerData(1, Qt::Horizontal).toString(), QStringLiteral("Start"));
+        QCOMPARE(scene.model.headerData(10, Qt::Horizontal).toString(), QStringLiteral("Per hour"));
+        QCOMPARE(scene.model.CaptionOf(8), QStringLiteral("Per hour"));
+    }
+
+    void expenses() {
+        Scene scene;
+        scene.home.settings->listLayout = 3;
+        scene.AddExpense(18, 9.5F, false);
+        scene.AddExpense(20, 100.0F, true);
+        scene.AddExpense(19, 10.0F, false);
+        scene.Add(5);
+        scene.home.document->SwitchMode(RecordMode::Expense);
+        scene.Deliver();
+        CRecordListModel& model = scene.model;
+        QCOMPARE(model.VisibleColumns(), (std::vector{17, 18, 27, 28, 19, 20, 21, 25}));
+        const auto column = [&model](int at, int role) {
+            QStringList texts;
+            for (int row = 0; row < model.rowCount(); ++row)
+                texts.append(model.data(model.index(row, at), role).toString());
+            return texts.join(u' ');
+        };
+        QCOMPARE(column(1, Qt::DisplayRole), QStringLiteral("11/20/26 11/19/26 11/18/26"));
+        QCOMPARE(column(0, CRecordListModel::ImageRole), QStringLiteral("9 8 8"));
+        QCOMPARE(column(3, CRecordListModel::ImageRole), QStringLiteral("0 0 0"));
+        QCOMPARE(column(0, Qt::AccessibleTextRole), QStringLiteral("  "));
+        QCOMPARE(model.headerData(5, Qt::Horizontal).toString(), QStringLiteral("Client"));
+        QVERIFY(model.data(model.index(0, 2), Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
+        model.SortByHeader(2);
+        QCOMPARE(column(2, Qt::DisplayRole), QStringLiteral("9.50 10.00 100.00"));
+        QCOMPARE(scene.home.settings->sortColumnExpense, 18);
+        QVERIFY(scene.home.settings->sortAscendingExpense);
+        QCOMPARE(scene.home.settings->sortColumnTime, 0);
+        QVERIFY(!scene.home.settings->sortAscendingTime);
+        scene.home.document->SwitchMode(RecordMode::Time);
+        scene.Deliver();
+        QCOMPARE(scene.Days(), QStringLiteral("5"));
+        QCOMPARE(model.SortColumn(), 0);
+    }
+
+    void storedColumnOfExpensesIsHidden_data() {
+        QTest::addColumn<int>("stored");
+        QTest::newRow("notes, hidden") << 32;
+        QTest::newRow("a column of time records") << 16;
+        QTest::newRow("behind the last") << 34;
+    }
+    void storedColumnOfExpensesIsHidden() {
+        QFETCH(int, stored);
+        Scene scene;
+        scene.home.settings->sortColumnExpense = stored;
+        scene.home.settings->sortAscendingExpense = true;
+        for (const int day : {20, 18, 19}) scene.AddExpense(day, 1.0F, false);
+        scene.home.document->SwitchMode(RecordMode::Expense);
+        scene.Deliver();
+        QCOMPARE(scene.home.settings->sortColumnExpense, 17);
+        QCOMPARE(scene.model.TextOf(0, 17), QStringLiteral("11/18/26"));
+    }
+
+    /// What the layout of lines asks of a row, and of one that is gone.
+    void textsOfARow() {
+        Scene scene;
+        const QString id = scene.Add(19, "09:00", "17:00");
+        scene.Rebuild();
+        QCOMPARE(scene.model.TextOf(0, 6), QStringLiteral("09:00 AM"));
+        QVERIFY(!scene.model.IsFlagSet(0, 13));
+        QCOMPARE(scene.model.FlagInWordsOf(0, 13), QStringLiteral("Billable: no"));
+        QVERIFY(scene.home.document->DeleteRecord(RecordKind::Time, id, false));
+        QCOMPARE(scene.model.TextOf(0, 6), QString());
+        QVERIFY(!scene.model.IsFlagSet(0, 13));
+        QCOMPARE(scene.model.FlagInWordsOf(0, 13), QString());
+    }
+
     /// Sorting by each visible column, both ways, over records of all sorts neither crashes nor loses a row.
     void sortByEverything() {
         Scene scene;
         scene.home.settings->listLayout = 3;
         for (int i = 0; i < 60; ++i)
             scene.Add(1 + i % 7, i % 3 ? "09:00" : "", i % 3 == 1 ? "10:00" : i % 3 == 2 ? "11:30" : "");
-        std::vector<int> all(17);
-        for (int column = 0; column < 17; ++column) all[static_cast<std::size_t>(column)] = column;
-        scene.model.SetVisibleColumns(all);
+        CColSet& columns = scene.home.settings->ListColumns();
+        for (int column = 0; column < 17; ++column) {
+            const QString caption = columns.EntryAt(column).caption;
+            if (!columns.IsVisible(column))
+                columns.SetColumn(ColumnHalf::Time, caption, {caption, 50, 0, true});
+        }
         scene.Rebuild();
         for (int position = 1; position <= 17; ++position)
             for (int turn = 0; turn < 2; ++turn) {

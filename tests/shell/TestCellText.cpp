@@ -1,6 +1,7 @@
 #include "shell/core/CellText.h"
 
 #include "config/Settings.h"
+#include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
 #include "timers/ActiveTimerSet.h"
@@ -26,6 +27,25 @@ CTRecord FullRecord() {
     record.notes = QStringLiteral("two\nlines");
     record.SetBillable(true);
     record.SetRate(80.0F);
+    return record;
+}
+
+/// A trip of 120.5 on 19 November 2026, every field filled.
+CERecord FullExpense() {
+    CERecord record;
+    record.GenUnique();
+    record.date.Set(11, 19, 2026);
+    record.item1 = QStringLiteral("Client A");
+    record.item2 = QStringLiteral("Alpha & Söhne");
+    record.item3 = QStringLiteral("Site visit");
+    record.item4 = QStringLiteral("Card");
+    record.item5 = QStringLiteral("EUR");
+    record.isDistance = true;
+    record.distance.Set(120.5F);
+    record.rate.Set(0.3F);
+    record.amount.Set(36.15F);
+    record.flag2 = record.flag5 = true;
+    record.notes = QStringLiteral("two\nlines");
     return record;
 }
 
@@ -83,6 +103,93 @@ class TestCellText final : public QObject {
         QTEST(TimeCellText(FullRecord(), column, *home.settings, timers), "text");
     }
 
+    void expenseText_data() {
+        QTest::addColumn<int>("column");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("date, two digits of the year") << 17 << QStringLiteral("11/19/26");
+        QTest::newRow("amount, two places") << 18 << QStringLiteral("36.15");
+        QTest::newRow("client") << 19 << QStringLiteral("Client A");
+        QTest::newRow("project") << 20 << QStringLiteral("Alpha & Söhne");
+        QTest::newRow("description") << 21 << QStringLiteral("Site visit");
+        QTest::newRow("that it is a trip has no text") << 22 << QString();
+        QTest::newRow("distance, two places") << 23 << QStringLiteral("120.50");
+        QTest::newRow("rate, three places") << 24 << QStringLiteral("0.300");
+        QTest::newRow("payment") << 25 << QStringLiteral("Card");
+        QTest::newRow("currency") << 26 << QStringLiteral("EUR");
+        QTest::newRow("a flag has no text") << 27 << QString();
+        QTest::newRow("nor the fifth") << 31 << QString();
+        QTest::newRow("notes") << 32 << QStringLiteral("two\nlines");
+        QTest::newRow("exported has no text") << 33 << QString();
+        QTest::newRow("a column of time records") << 4 << QString();
+    }
+    void expenseText() {
+        TestHome home;
+        ActiveTimerSet timers(home.clock);
+        QFETCH(int, column);
+        QTEST(ExpenseCellText(FullExpense(), column, *home.settings), "text");
+        QTEST(CellText(FullExpense(), column, *home.settings, timers), "text");
+        QCOMPARE(CellText(FullRecord(), 4, *home.settings, timers), QStringLiteral("Client A"));
+    }
+
+    void expenseDates() {
+        TestHome home;
+        const char* const dates[] = {"11/19/2026", "11/19/26", "11/19"};
+        for (const int format : {0, 1, 2}) {
+            home.settings->yearDisplayFormat = format;
+            QCOMPARE(ExpenseCellText(FullExpense(), 17, *home.settings), QString::fromLatin1(dates[format]));
+        }
+    }
+
+    void expenseWithNothingSet() {
+        TestHome home;
+        for (int column = 17; column < 34; ++column) {
+            QCOMPARE(ExpenseCellText(CERecord(), column, *home.settings), QString());
+            QVERIFY(!FlagOf(CERecord(), column));
+        }
+    }
+
+    /// Which flags of a record its columns show.
+    void flags() {
+        QString time, expense;
+        CTRecord record = FullRecord();
+        const CERecord trip = FullExpense();
+        for (int column = 0; column < 34; ++column) {
+            if (FlagOf(record, column)) time += QString::number(column) + u' ';
+            if (FlagOf(static_cast<const CVORec&>(trip), column)) expense += QString::number(column) + u' ';
+        }
+        QCOMPARE(time, QStringLiteral("13 15 "));
+        QCOMPARE(expense, QStringLiteral("22 28 31 32 "));
+        record.isBilled = record.isExported = true;
+        record.notes.clear();
+        QVERIFY(FlagOf(record, 14) && FlagOf(record, 16) && !FlagOf(record, 15));
+        CERecord other;
+        other.flag1 = other.flag3 = other.flag4 = other.isExported = true;
+        for (const int column : {27, 29, 30, 33}) QVERIFY(FlagOf(other, column));
+        for (const int column : {22, 28, 31, 32}) QVERIFY(!FlagOf(other, column));
+    }
+
+    void expenseInWords() {
+        TestHome home;
+        const ActiveTimerSet timers(home.clock);
+        QCOMPARE(RecordInWords(FullExpense(), *home.settings, timers),
+                 QStringLiteral("Date: 11/19/26, Amount: 36.15, Billable: no, Billed: yes, Client: Client A, "
+                                "Project: Alpha & Söhne, Description: Site visit, Payment: Card"));
+    }
+
+    /// The user's own columns, in their order, under their captions.
+    void inWordsByTheListsColumns() {
+        TestHome home;
+        const ActiveTimerSet timers(home.clock);
+        CColSet& columns = home.settings->ListColumns();
+        columns.SetColumn(ColumnHalf::Time, QStringLiteral("Client"),
+                          {QStringLiteral("Customer"), 60, 6, true});
+        const QString others = QStringLiteral("Date,Start,Hours,Billed,Project,Activity,Cost centre");
+        columns.AssignOrder(ColumnHalf::Time, others.split(u','),
+                            QStringLiteral("Customer,Billable,Notes").split(u','));
+        QCOMPARE(RecordInWords(FullRecord(), *home.settings, timers),
+                 QStringLiteral("Customer: Client A, Billable: yes, Notes: yes"));
+    }
+
     void nothingSet() {
         TestHome home;
         ActiveTimerSet timers(home.clock);
@@ -121,7 +228,7 @@ class TestCellText final : public QObject {
         QVERIFY(words.startsWith(
             QStringLiteral("Date: 11/19/26, Start: 09:00 AM, Hours: 8.5000, Billable: yes")));
         QVERIFY(words.contains(QStringLiteral("Billed: no")));
-        QCOMPARE(FlagInWords(FullRecord(), 16), QStringLiteral("Exported: no"));
+        QCOMPARE(FlagInWords(FullRecord(), 16, *home.settings), QStringLiteral("Exported: no"));
         QVERIFY(FlagOf(FullRecord(), 15));
     }
 };

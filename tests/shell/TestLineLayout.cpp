@@ -6,6 +6,10 @@
 
 namespace {
 
+/// The list's columns of time records and their breaks as a fresh installation has them.
+constexpr int kNine[] = {0, 6, 1, 13, 14, 4, 5, 9, 10};
+constexpr int kBreaks[] = {5, 7, 9};
+
 /// "0 6 1 i i | 4 5": the columns of each line.
 QString Words(const std::vector<ListLine>& lines) {
     QStringList words;
@@ -27,7 +31,7 @@ class TestLineLayout final : public QObject {
         QTest::addColumn<std::vector<int>>("visible");
         QTest::addColumn<std::vector<int>>("breaks");
         QTest::addColumn<QString>("lines");
-        const std::vector<int> nine{0, 6, 1, 13, 14, 4, 5, 9, 10};
+        const std::vector<int> nine(std::begin(kNine), std::end(kNine));
         QTest::newRow("the defaults make 5, 2 and 2 columns; the 9 never fires")
             << nine << std::vector{5, 7, 9} << QStringLiteral("0 6 1 13 14 | 4 5 | 9 10");
         QTest::newRow("breaks out of order stop the later ones")
@@ -49,8 +53,7 @@ class TestLineLayout final : public QObject {
     }
 
     void defaults() {
-        QCOMPARE(VisibleTimeColumns(), (std::vector<int>{0, 6, 1, 13, 14, 4, 5, 9, 10}));
-        const std::vector<ListLine> lines = BuildLines(VisibleTimeColumns(), TimeLineBreaks());
+        const std::vector<ListLine> lines = BuildLines(kNine, kBreaks);
         QCOMPARE(lines.size(), 3U);
         QCOMPARE(lines[0].textColumns, 3);
         QCOMPARE(lines[0].imageColumns, 2);
@@ -68,7 +71,7 @@ class TestLineLayout final : public QObject {
 
     /// Line of 3 texts and 2 images, 300 wide: (300 - 32 - 8) / 3 = 86.67, cut to 86.
     void placeCells() {
-        const std::vector<ListLine> lines = BuildLines(VisibleTimeColumns(), TimeLineBreaks());
+        const std::vector<ListLine> lines = BuildLines(kNine, kBreaks);
         const std::vector<CellPlace> places = PlaceCells(lines[0], 40, 300, 16);
         const int lefts[] = {40, 128, 216, 304, 322};
         const int widths[] = {86, 86, 86, 16, 16};
@@ -81,7 +84,7 @@ class TestLineLayout final : public QObject {
     }
 
     void placeInTooLittleRoom() {
-        const std::vector<ListLine> lines = BuildLines(VisibleTimeColumns(), TimeLineBreaks());
+        const std::vector<ListLine> lines = BuildLines(kNine, kBreaks);
         for (const CellPlace& place : PlaceCells(lines[0], 0, 10, 16)) QVERIFY(place.width >= 0);
         ListLine images;
         images.columns = {13};

@@ -2,9 +2,7 @@
 
 #include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
-#include "config/ColumnTable.h"
 #include "lang/LoadText.h"
-#include "records/CTRecord.h"
 #include "shell/core/CellText.h"
 #include "timers/ActiveTimerSet.h"
 
@@ -16,7 +14,7 @@ namespace {
 /// Up to so many changed records find their places one by one; for more the whole list is sorted.
 constexpr qsizetype kFewRows = 64;
 
-RowImage StateImage(TimerState state) {
+RowImage TimerImage(TimerState state) {
     return state == TimerState::Running  ? RowImage::TimerRunning
            : state == TimerState::Paused ? RowImage::TimerPaused
                                          : RowImage::Plain;
@@ -30,7 +28,6 @@ CRecordListModel::CRecordListModel(const CVelmarchDoc& document, const ActiveTim
       m_document(document),
       m_timers(timers),
       m_settings(settings),
-      m_columns(VisibleTimeColumns()),
       m_sortColumn(Column::kNone) {}
 
 void CRecordListModel::Rebuild() {
@@ -38,6 +35,7 @@ void CRecordListModel::Rebuild() {
     const int layout = m_settings.listLayout;
     m_layout = layout >= 1 && layout <= 4 ? static_cast<ListLayout>(layout) : ListLayout::Lines;
     m_settings.listLayout = static_cast<std::int32_t>(m_layout);
+    m_columns = m_settings.ListColumns().Order(HalfOf(KindOf(theRecordMode)));
     TakeSortFromSettings();
     Fill();
     endResetModel();
@@ -67,8 +65,23 @@ void CRecordListModel::OnHint(Hint hint, const QStringList& ids) {
     }
 }
 
-const CTRecord* CRecordListModel::RecordAt(int row) const {
-    return m_document.FindTime(IdAt(row));
+const CVORec* CRecordListModel::RecordAt(int row) const {
+    return m_document.FindRecord(IdAt(row));
+}
+
+QString CRecordListModel::TextOf(int row, int column) const {
+    const CVORec* record = RecordAt(row);
+    return record ? CellText(*record, column, m_settings, m_timers) : QString();
+}
+
+bool CRecordListModel::IsFlagSet(int row, int column) const {
+    const CVORec* record = RecordAt(row);
+    return record && FlagOf(*record, column);
+}
+
+QString CRecordListModel::FlagInWordsOf(int row, int column) const {
+    const CVORec* record = RecordAt(row);
+    return record ? FlagInWords(*record, column, m_settings) : QString();
 }
 
 QStringList CRecordListModel::AllIds() const {
@@ -151,6 +164,10 @@ int CRecordListModel::ModelColumnOf(int column) const {
     return found == m_columns.end() ? -1 : static_cast<int>(found - m_columns.begin()) + 1;
 }
 
+QString CRecordListModel::CaptionOf(int column) const {
+    return m_settings.ListColumns().EntryAt(column).caption;
+}
+
 int CRecordListModel::ColumnOf(int modelColumn) const {
     const auto place = static_cast<std::size_t>(modelColumn);
     if (place == 0) return Column::kNone;
@@ -173,11 +190,11 @@ QVariant CRecordListModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     if (role == ColumnRole) return ColumnOf(index.column());
     if (role == IdRole) return IdAt(index.row());
-    const CTRecord* record = RecordAt(index.row());
+    const CVORec* record = RecordAt(index.row());
     if (!record) return {};
     switch (role) {
         case Qt::DisplayRole:
-            return CellText(*record, index.column());
+            return TextAt(*record, index.column());
         case Qt::AccessibleTextRole:
             return AccessibleText(*record, index.column());
         case Qt::TextAlignmentRole: {
@@ -191,29 +208,34 @@ QVariant CRecordListModel::data(const QModelIndex& index, int role) const {
     }
 }
 
-QString CRecordListModel::CellText(const CTRecord& record, int modelColumn) const {
+QString CRecordListModel::TextAt(const CVORec& record, int modelColumn) const {
     if (modelColumn == 0) return {};
     if (m_layout == ListLayout::Lines) return RecordInWords(record, m_settings, m_timers);
     const int column = ColumnOf(modelColumn);
     // Among columns the notes are an image, so that a long note doesn't fill the row.
     if (column == Column::kNone || IsImageColumn(column)) return {};
-    return TimeCellText(record, column, m_settings, m_timers);
+    return CellText(record, column, m_settings, m_timers);
 }
 
-QString CRecordListModel::AccessibleText(const CTRecord& record, int modelColumn) const {
+QString CRecordListModel::AccessibleText(const CVORec& record, int modelColumn) const {
     if (modelColumn == 0) {
-        const TimerState state = m_timers.StateOf(record.GetId());
-        return state == TimerState::Running  ? LoadText(Text::StateRunning)
-               : state == TimerState::Paused ? LoadText(Text::StatePaused)
-                                             : QString();
+        const RowImage state = StateImageOf(record);
+        return state == RowImage::TimerRunning  ? LoadText(Text::StateRunning)
+               : state == RowImage::TimerPaused ? LoadText(Text::StatePaused)
+                                                : QString();
     }
     const int column = ColumnOf(modelColumn);
-    return column != Column::kNone && IsImageColumn(column) ? FlagInWords(record, column)
-                                                            : CellText(record, modelColumn);
+    return column != Column::kNone && IsImageColumn(column) ? FlagInWords(record, column, m_settings)
+                                                            : TextAt(record, modelColumn);
 }
 
-QVariant CRecordListModel::ImageOf(const CTRecord& record, int modelColumn) const {
-    if (modelColumn == 0) return static_cast<int>(StateImage(m_timers.StateOf(record.GetId())));
+RowImage CRecordListModel::StateImageOf(const CVORec& record) const {
+    if (record.Kind() == RecordKind::Time) return TimerImage(m_timers.StateOf(record.GetId()));
+    return FlagOf(record, Column::kIsDistance) ? RowImage::DistanceEntry : RowImage::Expense;
+}
+
+QVariant CRecordListModel::ImageOf(const CVORec& record, int modelColumn) const {
+    if (modelColumn == 0) return static_cast<int>(StateImageOf(record));
     const int column = ColumnOf(modelColumn);
     if (column == Column::kNone || !IsImageColumn(column)) return {};
     return static_cast<int>(FlagOf(record, column) ? RowImage::FlagSet : RowImage::FlagClear);
@@ -223,8 +245,7 @@ QVariant CRecordListModel::headerData(int section, Qt::Orientation orientation, 
     if (orientation != Qt::Horizontal) return {};
     const int column = ColumnOf(section);
     if (column == Column::kNone) return {};
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
-        return LoadText(ColumnTable()[static_cast<std::size_t>(column)].caption);
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return CaptionOf(column);
     if (role == Qt::TextAlignmentRole) {
         const bool right = IsRightAligned(column);
         return QVariant::fromValue(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));

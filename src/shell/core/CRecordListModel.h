@@ -9,18 +9,27 @@
 
 class ActiveTimerSet;
 class CCfgStore;
-class CTRecord;
+class CVORec;
 class CVelmarchDoc;
 
 /// How the list shows its records. Stored as these numbers.
 enum class ListLayout : int { Icons = 1, List = 2, Columns = 3, Lines = 4 };
 
 /// Images of a row's state and of its flag columns. The numbers are fixed.
-enum class RowImage : int { FlagClear = 0, FlagSet = 1, Plain = 3, TimerRunning = 5, TimerPaused = 6 };
+enum class RowImage : int {
+    FlagClear = 0,
+    FlagSet = 1,
+    Plain = 3,  ///< a time record without a timer
+    TimerRunning = 5,
+    TimerPaused = 6,
+    Expense = 8,
+    DistanceEntry = 9
+};
 
 /// The rows of the record list: which records, in which order, and what each cell says. A row is the identity
 /// of its record only; the record is asked of the document when it is needed, so no row ever points to one
-/// that is gone. Model columns: 0 is the row's state; behind it come the visible columns in the layout of
+/// that is gone. Which columns there are, their order and captions come from the list's columns in the
+/// settings. Model columns: 0 is the row's state; behind it come the visible columns in the layout of
 /// columns, and one column for the whole record in the others.
 class CRecordListModel final : public QAbstractTableModel {
     Q_OBJECT
@@ -47,15 +56,22 @@ class CRecordListModel final : public QAbstractTableModel {
     /// The column that sorts, Column::kNone without a visible one.
     [[nodiscard]] int SortColumn() const { return m_sortColumn; }
     [[nodiscard]] bool SortsAscending() const;
+    /// The list's columns of the mode as of the last Rebuild.
     [[nodiscard]] const std::vector<int>& VisibleColumns() const { return m_columns; }
-    /// Another choice of visible columns; the caller rebuilds.
-    void SetVisibleColumns(std::vector<int> columns) { m_columns = std::move(columns); }
+    /// What the list calls a column.
+    [[nodiscard]] QString CaptionOf(int column) const;
     /// The model column of a record column, -1 when it has none of its own.
     [[nodiscard]] int ModelColumnOf(int column) const;
 
     [[nodiscard]] QString IdAt(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
     /// Null when the document doesn't know the record any more.
-    [[nodiscard]] const CTRecord* RecordAt(int row) const;
+    [[nodiscard]] const CVORec* RecordAt(int row) const;
+    /// What a row says in a column of records, whatever the layout; empty for a record that is gone.
+    [[nodiscard]] QString TextOf(int row, int column) const;
+    /// Whether its flag of a column is set, or notes are there.
+    [[nodiscard]] bool IsFlagSet(int row, int column) const;
+    /// "Billable: yes".
+    [[nodiscard]] QString FlagInWordsOf(int row, int column) const;
     [[nodiscard]] QStringList AllIds() const;
     /// The rows of these records, ascending; one walk over all rows, however many are asked for.
     [[nodiscard]] std::vector<int> RowsOf(const QStringList& ids) const;
@@ -81,13 +97,13 @@ class CRecordListModel final : public QAbstractTableModel {
     void InsertSorted(const QString& id);
     void MoveToPlace(int row);
     [[nodiscard]] RowKey KeyOf(const QString& id) const;
-    [[nodiscard]] std::vector<RowKey> AllKeys() const;
     [[nodiscard]] int PlaceFor(const RowKey& key) const;
     [[nodiscard]] int Compare(const RowKey& a, const RowKey& b) const;
     [[nodiscard]] bool BelongsBefore(const RowKey& a, const RowKey& b) const;
-    [[nodiscard]] QString CellText(const CTRecord& record, int modelColumn) const;
-    [[nodiscard]] QString AccessibleText(const CTRecord& record, int modelColumn) const;
-    [[nodiscard]] QVariant ImageOf(const CTRecord& record, int modelColumn) const;
+    [[nodiscard]] QString TextAt(const CVORec& record, int modelColumn) const;
+    [[nodiscard]] QString AccessibleText(const CVORec& record, int modelColumn) const;
+    [[nodiscard]] QVariant ImageOf(const CVORec& record, int modelColumn) const;
+    [[nodiscard]] RowImage StateImageOf(const CVORec& record) const;
     [[nodiscard]] int ColumnOf(int modelColumn) const;
 
     const CVelmarchDoc& m_document;

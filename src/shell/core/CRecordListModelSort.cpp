@@ -3,26 +3,39 @@
 #include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
 #include "config/ColumnTable.h"
-#include "records/CTRecord.h"
 #include "shell/core/CRecordListModel.h"
-#include "shell/core/MergeSort.h"
+#include "shell/core/CRowSorter.h"
 
 #include <QHash>
 #include <algorithm>
 #include <cstdint>
-#include <numeric>
 
-bool CRecordListModel::SortsAscending() const {
-    return m_settings.sortAscendingTime;
+namespace {
+
+/// What the settings keep of the order of a kind of records.
+struct SortSettings {
+    std::int32_t& column;
+    bool& ascending;
+};
+
+SortSettings SortOf(CCfgStore& settings) {
+    if (theRecordMode == RecordMode::Time) return {settings.sortColumnTime, settings.sortAscendingTime};
+    return {settings.sortColumnExpense, settings.sortAscendingExpense};
 }
 
-/// A stored column that isn't a visible one of time records gives way to the first visible one, also in the
-/// settings; the direction stays.
+}  // namespace
+
+bool CRecordListModel::SortsAscending() const {
+    return SortOf(m_settings).ascending;
+}
+
+/// A stored column that isn't a visible one of the mode's records gives way to the first visible one, also in
+/// the settings; the direction stays.
 void CRecordListModel::TakeSortFromSettings() {
-    const int stored = m_settings.sortColumnTime;
+    std::int32_t& stored = SortOf(m_settings).column;
     const bool visible = std::find(m_columns.begin(), m_columns.end(), stored) != m_columns.end();
     m_sortColumn = visible ? stored : m_columns.empty() ? Column::kNone : m_columns.front();
-    if (m_sortColumn != Column::kNone) m_settings.sortColumnTime = m_sortColumn;
+    if (m_sortColumn != Column::kNone) stored = m_sortColumn;
 }
 
 void CRecordListModel::Fill() {
@@ -35,37 +48,29 @@ void CRecordListModel::Fill() {
 void CRecordListModel::SortByHeader(int headerPosition) {
     if (headerPosition < 1 || headerPosition > static_cast<int>(m_columns.size())) return;
     const int column = m_columns[static_cast<std::size_t>(headerPosition - 1)];
-    m_settings.sortAscendingTime = column == m_sortColumn ? !m_settings.sortAscendingTime : true;
-    m_settings.sortColumnTime = m_sortColumn = column;
+    const SortSettings stored = SortOf(m_settings);
+    stored.ascending = column == m_sortColumn ? !stored.ascending : true;
+    stored.column = m_sortColumn = column;
     Sort();
 }
 
 int CRecordListModel::Compare(const RowKey& a, const RowKey& b) const {
-    return CompareRows(CompareFormOf(m_sortColumn), a, b, m_settings.sortAscendingTime);
+    return CompareRows(CompareFormOf(m_sortColumn), a, b, SortsAscending());
 }
 
 RowKey CRecordListModel::KeyOf(const QString& id) const {
-    const CTRecord* record = m_document.FindTime(id);
+    const CVORec* record = m_document.FindRecord(id);
     return record ? MakeRowKey(*record, m_sortColumn, TheRegion()) : RowKey();
-}
-
-std::vector<RowKey> CRecordListModel::AllKeys() const {
-    std::vector<RowKey> keys;
-    keys.reserve(m_rows.size());
-    for (const QString& id : m_rows) keys.push_back(KeyOf(id));
-    return keys;
 }
 
 void CRecordListModel::SortRows() {
     m_inOrder = true;
     if (m_sortColumn == Column::kNone) return;
-    const std::vector<RowKey> keys = AllKeys();
-    std::vector<std::uint32_t> order(m_rows.size());
-    std::iota(order.begin(), order.end(), 0U);
-    MergeSort(order, [&](std::uint32_t a, std::uint32_t b) { return Compare(keys[a], keys[b]); });
+    CRowSorter sorter(m_sortColumn, TheRegion(), m_rows.size());
+    for (const QString& id : m_rows) sorter.Add(m_document.FindRecord(id));
     std::vector<QString> sorted;
     sorted.reserve(m_rows.size());
-    for (const std::uint32_t row : order) sorted.push_back(std::move(m_rows[row]));
+    for (const std::uint32_t row : sorter.Sorted(SortsAscending())) sorted.push_back(std::move(m_rows[row]));
     m_rows = std::move(sorted);
 }
 

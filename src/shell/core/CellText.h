@@ -3,23 +3,34 @@
 #include <QString>
 
 class ActiveTimerSet;
+class CCfgStore;
+class CERecord;
 class CTRecord;
+class CVORec;
 struct Settings;
 
-/// The text of an item, the rate or the amount of a time record, by its column.
+/// The text of an item, a rate, an amount or a distance, by its column; empty for other columns. The distance
+/// is the text that was stored.
 [[nodiscard]] QString ItemText(const CTRecord& record, int column);
+[[nodiscard]] QString ItemText(const CERecord& record, int column);
 
-/// What a column of the list shows of a time record. While the record has a timer, its duration is the count
-/// as of the last fold: "01:42:17". Flags have no text; the notes show theirs.
+/// What a column of the list shows of a record. While a time record has a timer, its duration is the count as
+/// of the last fold: "01:42:17". Flags have no text; the notes show theirs.
 [[nodiscard]] QString TimeCellText(const CTRecord& record, int column, const Settings& settings,
                                    const ActiveTimerSet& timers);
+[[nodiscard]] QString ExpenseCellText(const CERecord& record, int column, const Settings& settings);
+/// The same of a time record or an expense.
+[[nodiscard]] QString CellText(const CVORec& record, int column, const Settings& settings,
+                               const ActiveTimerSet& timers);
 
-/// The record in words for whoever can't see the row: "Date: 11/19/26, Start: 09:00 AM, Billable: yes".
-/// Empty texts are left out.
-[[nodiscard]] QString RecordInWords(const CTRecord& record, const Settings& settings,
+/// The record in words for whoever can't see the row, by the list's columns: "Date: 11/19/26, Start: 09:00
+/// AM, Billable: yes". Empty texts are left out.
+[[nodiscard]] QString RecordInWords(const CVORec& record, const CCfgStore& settings,
                                     const ActiveTimerSet& timers);
 
-/// Whether a flag column is set, or notes are there.
+/// Whether a flag column is set, or notes are there. False for other columns.
 [[nodiscard]] bool FlagOf(const CTRecord& record, int column);
+[[nodiscard]] bool FlagOf(const CERecord& record, int column);
+[[nodiscard]] bool FlagOf(const CVORec& record, int column);
 /// "Billable: yes".
-[[nodiscard]] QString FlagInWords(const CTRecord& record, int column);
+[[nodiscard]] QString FlagInWords(const CVORec& record, int column, const CCfgStore& settings);

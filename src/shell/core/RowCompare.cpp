@@ -4,84 +4,103 @@
 #include "calendar/DateTimeVal.h"
 #include "calendar/NumberText.h"
 #include "config/ColumnTable.h"
+#include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "shell/core/CellText.h"
 
 #include <array>
+#include <bit>
 
 namespace {
 
-/// Of each column of time records.
-constexpr std::array<CompareForm, Column::kFirstExpense> kForms = {
-    CompareForm::DateAndStart, CompareForm::Span, CompareForm::Span,      CompareForm::Span,
-    CompareForm::Text,         CompareForm::Text, CompareForm::TimeOfDay, CompareForm::TimeOfDay,
-    CompareForm::Number,       CompareForm::Text, CompareForm::Text,      CompareForm::Text,
-    CompareForm::Number,       CompareForm::Flag, CompareForm::Flag,      CompareForm::Flag,
-    CompareForm::Flag,
+using Form = CompareForm;
+
+constexpr std::array<CompareForm, Column::kCount> kForms =
+    {
+        Form::DateAndStart, Form::Span,   Form::Span,      Form::Span,  // 0 to 3: date and the three spans
+        Form::Text,         Form::Text,   Form::TimeOfDay, Form::TimeOfDay, Form::Number,
+        Form::Text,         Form::Text,   Form::Text,  // 4 to 11: items, start, end, rate
+        Form::Number,       Form::Flag,   Form::Flag,      Form::Flag,
+        Form::Flag,  // 12 to 16: amount, flags, notes
+        Form::DateAndStart, Form::Number, Form::Text,      Form::Text,      Form::Text,
+        Form::Flag,  // 17 to 22: expenses from the date on
+        Form::Text,  // 23: the distance as the text that it is stored as, so 10 goes before 9
+        Form::Number,       Form::Text,   Form::Text,      Form::Flag,      Form::Flag,
+        Form::Flag,         Form::Flag,   Form::Flag,      Form::Flag,      Form::Flag,  // 24 to 33
 };
 
-int MinuteOfDay(int hour, int minute, bool isPm) {
+const CTRecord& TimeOf(const CVORec& record) {
+    return static_cast<const CTRecord&>(record);
+}
+const CERecord& ExpenseOf(const CVORec& record) {
+    return static_cast<const CERecord&>(record);
+}
+bool IsTime(const CVORec& record) {
+    return record.Kind() == RecordKind::Time;
+}
+
+/// Minutes since midnight and one, 0 for no time.
+std::uint64_t MinuteOrder(int hour, int minute, bool isPm) {
     DateTimeVal time;
-    return time.SetTime(hour, minute, isPm) ? Hour24Of(hour, isPm) * 60 + minute : -1;
+    return time.SetTime(hour, minute, isPm)
+               ? static_cast<std::uint64_t>(Hour24Of(hour, isPm) * 60 + minute) + 1
+               : 0;
 }
 
-int StartMinute(const CTRecord& record) {
-    return MinuteOfDay(record.startHour, record.startMinute, record.startIsPm);
+std::uint64_t StartOrder(const CTRecord& record) {
+    return MinuteOrder(record.startHour, record.startMinute, record.startIsPm);
 }
 
-void PutDate(RowKey& key, const CTRecord& record) {
+/// The day before the start; on the same day, what has no start goes first.
+std::uint64_t DateOrder(const RecordDate& day, std::uint64_t start) {
+    constexpr std::uint64_t kMinutes = 2048;
     DateTimeVal date;
-    key.hasValue = date.SetDate(record.date.month, record.date.day, record.date.year);
-    key.number = record.date.year * 10000.0 + record.date.month * 100.0 + record.date.day;
-    key.minute = StartMinute(record);
+    if (!date.SetDate(day.month, day.day, day.year)) return 0;
+    const auto number =
+        (static_cast<std::uint64_t>(day.year) * 16 + static_cast<std::uint64_t>(day.month)) * 32 +
+        static_cast<std::uint64_t>(day.day);
+    return number * kMinutes + start;
 }
 
-void PutSpan(RowKey& key, const CTRecord& record, int column) {
+/// A number's bits so turned that the less number has the less bits; never 0.
+std::uint64_t NumberOrder(double number) {
+    constexpr std::uint64_t kSign = std::uint64_t{1} << 63U;
+    const double value = number == 0.0 ? 0.0 : number;  // -0 is 0
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    return (bits & kSign) != 0 ? ~bits : bits | kSign;
+}
+
+std::uint64_t SpanOrder(const CTRecord& record, int column) {
     const SpanField& span = column == Column::kDuration ? record.spans.duration
                             : column == Column::kBreak  ? record.spans.breakTime
                                                         : record.spans.effective;
     float hours = 0.0F;
-    key.hasValue = span.GetDecimal(hours);
-    key.number = static_cast<double>(hours);
+    return span.GetDecimal(hours) ? NumberOrder(static_cast<double>(hours)) : 0;
 }
 
-void PutTime(RowKey& key, const CTRecord& record, int column) {
-    const int minute = column == Column::kStart
-                           ? StartMinute(record)
-                           : MinuteOfDay(record.endHour, record.endMinute, record.endIsPm);
-    key.hasValue = minute >= 0;
-    key.number = minute;
+std::uint64_t TimeOrder(const CTRecord& record, int column) {
+    return column == Column::kStart ? StartOrder(record)
+                                    : MinuteOrder(record.endHour, record.endMinute, record.endIsPm);
 }
 
-int Sign(double difference) {
-    return difference < 0.0 ? -1 : difference > 0.0 ? 1 : 0;
+std::uint64_t TextNumberOrder(const QString& text, const CRegionalInfo& region) {
+    double number = 0.0;
+    return ParseDouble(region, text, number) ? NumberOrder(number) : 0;
 }
 
-/// An absent value goes before a present one; 0 when both are there or both absent.
-int AbsentFirst(const RowKey& a, const RowKey& b) {
-    return static_cast<int>(a.hasValue) - static_cast<int>(b.hasValue);
+int Sign(std::uint64_t a, std::uint64_t b) {
+    return a < b ? -1 : a > b ? 1 : 0;
 }
 
-int CompareDates(const RowKey& a, const RowKey& b) {
-    if (!a.hasValue || !b.hasValue) return AbsentFirst(a, b);
-    if (const int byDay = Sign(a.number - b.number); byDay != 0) return byDay;
-    if (a.minute >= 0 && b.minute >= 0) return Sign(a.minute - b.minute);
-    return static_cast<int>(a.minute >= 0) - static_cast<int>(b.minute >= 0);
+/// Neither has a value: equal. Of two unequal ones, or two values, only "less" counts.
+int CompareLess(std::uint64_t a, std::uint64_t b) {
+    if (a == 0 && b == 0) return 0;
+    return a < b ? -1 : 1;
 }
 
-int CompareSpans(const RowKey& a, const RowKey& b, int direction) {
-    if (!a.hasValue && !b.hasValue) return 0;
-    if (a.hasValue != b.hasValue) return AbsentFirst(a, b);
-    return a.number < b.number ? -direction : direction;
-}
-
-int CompareTimes(const RowKey& a, const RowKey& b) {
-    return a.hasValue && b.hasValue ? Sign(a.number - b.number) : AbsentFirst(a, b);
-}
-
-int CompareNumbers(const RowKey& a, const RowKey& b) {
-    if (!a.hasValue || !b.hasValue) return AbsentFirst(a, b);
-    return a.number < b.number ? -1 : 1;
+int CompareSpans(std::uint64_t a, std::uint64_t b, int direction) {
+    const bool bothThere = a != 0 && b != 0;
+    return bothThere ? direction * CompareLess(a, b) : CompareLess(a, b);
 }
 
 }  // namespace
@@ -90,46 +109,49 @@ CompareForm CompareFormOf(int column) {
     return kForms[static_cast<std::size_t>(column)];
 }
 
-RowKey MakeRowKey(const CTRecord& record, int column, const CRegionalInfo& region) {
-    RowKey key;
+QString RowText(const CVORec& record, int column) {
+    return IsTime(record) ? ItemText(TimeOf(record), column) : ItemText(ExpenseOf(record), column);
+}
+
+RowKey MakeRowKey(const CVORec& record, int column, const CRegionalInfo& region) {
+    if (HalfOf(column) != HalfOf(record.Kind())) return {};
     switch (CompareFormOf(column)) {
-        case CompareForm::DateAndStart:
-            PutDate(key, record);
-            break;
-        case CompareForm::Span:
-            PutSpan(key, record, column);
-            break;
-        case CompareForm::Text:
-            key.text = ItemText(record, column).toCaseFolded();
-            break;
-        case CompareForm::TimeOfDay:
-            PutTime(key, record, column);
-            break;
-        case CompareForm::Number:
-            key.hasValue = ParseDouble(region, ItemText(record, column), key.number);
-            break;
-        case CompareForm::Flag:
-            key.number = FlagOf(record, column) ? 1.0 : 0.0;
-            break;
+        case Form::DateAndStart:
+            return {IsTime(record) ? DateOrder(TimeOf(record).date, StartOrder(TimeOf(record)))
+                                   : DateOrder(ExpenseOf(record).date, 0),
+                    {}};
+        case Form::Span:
+            return {SpanOrder(TimeOf(record), column), {}};
+        case Form::Text:
+            return {0, RowText(record, column).toCaseFolded()};
+        case Form::TimeOfDay:
+            return {TimeOrder(TimeOf(record), column), {}};
+        case Form::Number:
+            return {TextNumberOrder(RowText(record, column), region), {}};
+        case Form::Flag:
+            return {FlagOf(record, column) ? 1U : 0U, {}};
     }
-    return key;
+    return {};
 }
 
 int CompareRows(CompareForm form, const RowKey& a, const RowKey& b, bool ascending) {
+    if (form == Form::Text) return ascending ? a.text.compare(b.text) : b.text.compare(a.text);
+    return CompareOrders(form, a.order, b.order, ascending);
+}
+
+int CompareOrders(CompareForm form, std::uint64_t a, std::uint64_t b, bool ascending) {
     const int direction = ascending ? 1 : -1;
     switch (form) {
-        case CompareForm::DateAndStart:
-            return direction * CompareDates(a, b);
-        case CompareForm::Span:
+        case Form::DateAndStart:
+        case Form::Text:
+        case Form::TimeOfDay:
+            return direction * Sign(a, b);
+        case Form::Span:
             return CompareSpans(a, b, direction);
-        case CompareForm::Text:
-            return direction * a.text.compare(b.text);
-        case CompareForm::TimeOfDay:
-            return direction * CompareTimes(a, b);
-        case CompareForm::Number:
-            return direction * CompareNumbers(a, b);
-        case CompareForm::Flag:
-            return a.number < b.number || b.number < a.number ? direction : -direction;
+        case Form::Number:
+            return direction * CompareLess(a, b);
+        case Form::Flag:
+            return a != b ? direction : -direction;
     }
     return 0;
 }

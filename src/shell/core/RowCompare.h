@@ -1,25 +1,29 @@
 #pragma once
 
 #include <QString>
+#include <cstdint>
 
-class CTRecord;
+class CVORec;
 struct CRegionalInfo;
 
 /// How the values of a column are compared when the list is sorted by it.
 enum class CompareForm { DateAndStart, Span, Text, TimeOfDay, Number, Flag };
 
+/// Of one of the 34 columns.
 [[nodiscard]] CompareForm CompareFormOf(int column);
 
-/// What a sort needs of one row, taken once before it starts.
+/// What a comparison needs of one row, taken once before a sort starts.
 struct RowKey {
-    QString text;         ///< case-folded
-    double number = 0.0;  ///< day, decimal hours, minute of the day, number, flag
-    int minute = -1;      ///< start time behind a date, -1 without one
-    bool hasValue = false;
+    /// Day and start, span, minute of the day, number or flag, so mapped that the less value is the less
+    /// number. 0: no value, except of flags. Not used by texts.
+    std::uint64_t order = 0;
+    QString text;  ///< case-folded, of text columns only
 };
 
-/// The key of a record in a column of time records.
-[[nodiscard]] RowKey MakeRowKey(const CTRecord& record, int column, const CRegionalInfo& region);
+/// The key of a record in a column of its kind.
+[[nodiscard]] RowKey MakeRowKey(const CVORec& record, int column, const CRegionalInfo& region);
+/// The text that a key has, not yet folded: for whoever folds many equal ones once.
+[[nodiscard]] QString RowText(const CVORec& record, int column);
 
 /// Below 0: a goes first; above 0: b does. These are not all proper orders, and that is wanted:
 /// - two equal spans give 1 ascending and -1 descending, whichever comes first;
@@ -28,3 +32,5 @@ struct RowKey {
 /// - flags and notes give the same answer in both orders: -1 ascending for two alike, 1 for two that differ.
 /// Use MergeSort, which stands that.
 [[nodiscard]] int CompareRows(CompareForm form, const RowKey& a, const RowKey& b, bool ascending);
+/// The same of the orders alone; texts by whatever order stands for them.
+[[nodiscard]] int CompareOrders(CompareForm form, std::uint64_t a, std::uint64_t b, bool ascending);

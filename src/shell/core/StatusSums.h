@@ -1,27 +1,51 @@
 #pragma once
 
-#include <QMap>
+#include <QHash>
 #include <QString>
+#include <array>
+#include <vector>
 
+class CERecord;
 class CTRecord;
+class CVORec;
 
-/// Adds up records for the status bar: their number, and amount and effective hours by currency (item 5).
+/// Adds up records of one kind for the status bar: their number, and the amount by currency (item 5); of time
+/// records the effective hours as well.
 class StatusSums {
  public:
-    void Add(const CTRecord& record);
-
-    [[nodiscard]] int Count() const { return m_count; }
-    /// "(47)"; empty for no records.
-    [[nodiscard]] QString CountText() const;
-    /// "EUR 1240.00 15.5000 \ USD 80.00 2.0000". A currency whose sums are both 0 adds no text and yet its
-    /// separator, unless it is the last: that is wanted.
-    [[nodiscard]] QString SumsText(int amountPrecision, int durationPrecision) const;
-
- private:
     struct Sum {
+        QString key;
         double amount = 0.0;
         double hours = 0.0;
     };
-    QMap<QString, Sum> m_sums;
+
+    void Add(const CTRecord& record);
+    void Add(const CERecord& record);
+    void Add(const CVORec& record);
+
+    [[nodiscard]] int Count() const { return m_count; }
+    /// One for each currency, in order of their names.
+    [[nodiscard]] std::vector<Sum> Sums() const;
+    /// "(47)"; empty for no records.
+    [[nodiscard]] QString CountText() const;
+    /// Of time records "EUR 1240.00 15.5000 \ USD 80.00 2.0000", of expenses "EUR 1240.00 \ USD 80.00". A
+    /// currency whose sums are 0 adds no text and yet its separator, unless it is the last; an amount of
+    /// expenses without a currency adds none either. Both is wanted.
+    [[nodiscard]] QString SumsText(int amountPrecision, int durationPrecision) const;
+
+ private:
+    /// Where the sum of a text lies. The copy keeps its address, by which equal texts are known.
+    struct Known {
+        QString key;
+        std::size_t sum = 0;
+        bool isUsed = false;
+    };
+    [[nodiscard]] Sum& SumOf(const QString& key);
+    [[nodiscard]] std::size_t PlaceOf(const QString& key);
+
+    std::vector<Sum> m_sums;  ///< in order of their coming
+    QHash<QString, std::size_t> m_places;
+    std::array<Known, 16> m_known;
     int m_count = 0;
+    bool m_areExpenses = false;
 };
