@@ -184,6 +184,43 @@ CPulldownCatalogue::Deleted CPulldownCatalogue::DeleteStored(const std::function
     return end;
 }
 
+// --- Names of fields
+
+bool CPulldownCatalogue::SetNames(const std::map<int, QString>& names) {
+    if (!TreesAreKnown()) return Warn(Text::ItemNotDeleted);
+    // Names have no place in a tree. Where a damaged store has one all the same, it goes by the rules of
+    // trees.
+    const auto isName = [&names](const CPRecord& item) { return names.contains(item.listId); };
+    for (const DependencySet set : kDependencySets)
+        for (const auto& [list, text] : names)
+            if (Tree(set).Holds(isName) && !DeleteAllItems(list)) return false;
+
+    std::vector<std::unique_ptr<CPRecord>> items;
+    if (!StoreNames(names, items)) return false;
+    for (const auto& [list, text] : names) m_lists.RemoveAll(list);
+    for (auto& item : items) static_cast<void>(m_lists.Add(std::move(item)));
+    FillLabels();
+    return true;
+}
+
+bool CPulldownCatalogue::StoreNames(const std::map<int, QString>& names,
+                                    std::vector<std::unique_ptr<CPRecord>>& items) {
+    const QString table = m_store.TableName(RecordKind::PulldownItem);
+    StoreChange change(m_store);
+    if (!change.IsOpen()) return false;
+    for (const auto& [list, text] : names) {
+        const ItemList* former = GetList(list);
+        if (!former) return false;
+        if (!former->empty() && !m_store.Query(FormatText<Text::SqlDeleteList>(table, list))) return false;
+        if (text.isEmpty()) continue;
+        items.push_back(std::make_unique<CPRecord>(text));
+        items.back()->listId = list;
+        items.back()->GenUnique();
+        if (!m_store.InsertRecord(*items.back(), true)) return false;
+    }
+    return change.Commit();
+}
+
 // --- Records
 
 bool CPulldownCatalogue::ReplaceInRecords(int& count, int list, const QString& oldText,

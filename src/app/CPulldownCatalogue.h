@@ -13,6 +13,7 @@
 #include <QStringList>
 #include <functional>
 #include <initializer_list>
+#include <map>
 
 class CPrompt;
 class CVelmarchDoc;
@@ -85,6 +86,9 @@ class CPulldownCatalogue {
     /// change. Always true; count says how many took it.
     bool ReplaceInRecords(int& count, int list, const QString& oldText, const QString& newText);
 
+    /// Gives fields names, each the only item of its list then; an empty one takes the former away. All as
+    /// one change: with a failure, of which the user is told, all names are as they were.
+    [[nodiscard]] bool SetNames(const std::map<int, QString>& names);
     /// Fills the names of fields from their lists, and then the texts of commands, some of which name a
     /// field.
     void FillLabels();
@@ -114,6 +118,8 @@ class CPulldownCatalogue {
     [[nodiscard]] bool Agreed(const QString& text) const;
     [[nodiscard]] bool StoreValue(const CPRecord& item, const CPRecord& value);
     [[nodiscard]] bool TreesAreKnown();
+    [[nodiscard]] bool StoreNames(const std::map<int, QString>& names,
+                                  std::vector<std::unique_ptr<CPRecord>>& items);
     [[nodiscard]] Deleted DeleteStored(const std::function<bool()>& deleteRows,
                                        const DependencyTree::ItemTest& isGone);
     [[nodiscard]] TreePlace& PlaceOf(DependencySet set) {

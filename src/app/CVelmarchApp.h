@@ -84,8 +84,8 @@ class CVelmarchApp {
     /// Empty until LoadStep, or until a console command that needs it loads it.
     [[nodiscard]] CPulldownCatalogue& Catalogue() { return *m_catalogue; }
     /// Destroys the catalogue, then saves and destroys the settings object; at the end of the window, before
-    /// the store closes. The window has noted the mode in them before (NoteMode); a console command leaves that
-    /// as it was.
+    /// the store closes. The window has noted the mode in them before (NoteMode); a console command leaves
+    /// that as it was.
     void CloseSettings();
 
     static constexpr const char* kMutexName = "Dv.Win.Velmarch.{5E1C7A20-93D4-4C7F-A1B6-2F08D6C4B711}";

@@ -107,6 +107,15 @@ class CVelmarchDoc {
         return m_records.PlaceOf(id) != VORecPtrCol::kNoPlace;
     }
     [[nodiscard]] std::size_t VisibleCount() const { return m_visibleCount; }
+    /// Each visible record has a place, which stays its own until the next BuildVisible; kNoPlace for one
+    /// that isn't visible.
+    [[nodiscard]] std::size_t VisiblePlaceOf(const QString& id) const { return m_records.PlaceOf(id); }
+    /// What views show at a place; null where nothing is (any more).
+    [[nodiscard]] const CVORec* VisibleAt(std::size_t place) const {
+        return place < m_visible.size() ? m_visible[place] : nullptr;
+    }
+    /// Behind the last place.
+    [[nodiscard]] std::size_t VisiblePlaces() const { return m_visible.size(); }
     [[nodiscard]] std::size_t RecordCount() const { return m_records.Count(); }
 
     [[nodiscard]] TimeFilter& Filter() { return m_timeFilter; }

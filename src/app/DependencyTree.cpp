@@ -2,7 +2,9 @@
 
 #include "records/CPRecord.h"
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -67,6 +69,21 @@ DependencyTree::Node& DependencyTree::InsertSorted(Node& parent, const CPRecord&
     while (previous && text.compare(previous->m_item->GetText(), Qt::CaseInsensitive) < 0)
         previous = previous->m_previous;
     return Insert(parent, item, previous);
+}
+
+void DependencyTree::SortChildren(Node& parent) {
+    std::vector<std::pair<QString, Node*>> children;
+    for (Node* child = parent.m_firstChild; child; child = child->m_next)
+        children.emplace_back(child->m_item->GetText(), child);
+    std::ranges::stable_sort(children, [](const auto& one, const auto& other) {
+        return one.first.compare(other.first, Qt::CaseInsensitive) < 0;
+    });
+    parent.m_firstChild = parent.m_lastChild = nullptr;
+    for (const auto& [text, child] : children) {
+        child->m_previous = std::exchange(parent.m_lastChild, child);
+        child->m_next = nullptr;
+        (child->m_previous ? child->m_previous->m_next : parent.m_firstChild) = child;
+    }
 }
 
 /// previous: the sibling in front; null makes it the first child.

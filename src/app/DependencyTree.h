@@ -55,6 +55,8 @@ class DependencyTree {
     /// At its place by the text of the item, whatever the case of its letters, behind those that compare
     /// equal. The search begins at the end, so texts that come in order cost no search.
     Node& InsertSorted(Node& parent, const CPRecord& item);
+    /// Puts the children of a node in the order of InsertSorted; the nodes stay the same ones.
+    static void SortChildren(Node& parent);
     /// Takes a node out with all below it; the root stays.
     void Remove(Node& node);
     /// Every node that holds the item, at any depth, each with all below it. False when there was none.

@@ -3,7 +3,6 @@
 #include "lang/FormatText.h"
 #include "shell/CRecordDelegate.h"
 #include "shell/core/CRecordListModel.h"
-#include "shell/core/ColumnDefaults.h"
 
 #include <QEvent>
 #include <QHeaderView>

@@ -99,6 +99,22 @@ class TestDependencyTree : public QObject {
         QCOMPARE(DrawnBackwards(tree.Root()), u"a(b c(d)) e(c)"_s);
     }
 
+    /// The nodes stay the same ones, each with what hangs below it.
+    void SortChildren() {
+        DependencyTree tree;
+        for (const QString& text : {u"b"_s, u"C"_s, u"a"_s, u"c"_s, u"B"_s})
+            tree.Append(tree.Append(tree.Root(), items[text]), items[u"below "_s + text]);
+        const Node* c = tree.Root().FirstChild()->Next();
+        DependencyTree::SortChildren(tree.Root());
+        QCOMPARE(Drawn(tree), u"a(below a) b(below b) B(below B) C(below C) c(below c)"_s);
+        QCOMPARE(DrawnBackwards(tree.Root()), Drawn(tree));
+        QCOMPARE(c->Item()->GetText(), u"C"_s);
+        QCOMPARE(c->FirstChild()->Item()->GetText(), u"below C"_s);
+        Node& none = *tree.Root().FirstChild()->FirstChild();
+        DependencyTree::SortChildren(none);
+        QVERIFY(!none.FirstChild());
+    }
+
     void InsertSorted_data() {
         QTest::addColumn<QStringList>("texts");
         QTest::addColumn<QString>("sorted");

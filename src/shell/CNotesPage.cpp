@@ -1,4 +1,4 @@
-#include "shell/CRecordDialogNotes.h"
+#include "shell/CNotesPage.h"
 
 #include "lang/FormatText.h"
 #include "shell/FormRows.h"
@@ -21,28 +21,28 @@ int LengthOf(const QTextDocument& document) {
 
 }  // namespace
 
-CRecordDialogNotes::CRecordDialogNotes() : m_text(new QPlainTextEdit), m_room(new QLabel) {
+CNotesPage::CNotesPage(const QString& label) : m_text(new QPlainTextEdit), m_room(new QLabel) {
     setObjectName(QStringLiteral("notesPage"));
-    NameWidget(*m_text, QStringLiteral("notesField"), LoadText(Text::FieldNotes));
-    NameWidget(*m_room, QStringLiteral("notesRoom"), LoadText(Text::FieldNotes));
+    NameWidget(*m_text, QStringLiteral("notesField"), label);
+    NameWidget(*m_room, QStringLiteral("notesRoom"), label);
     m_text->setTabChangesFocus(true);
     setFocusProxy(m_text);
     auto* column = new QVBoxLayout(this);
     column->setSpacing(kFormSpace);
     column->addWidget(m_text);
     column->addWidget(m_room);
-    connect(m_text->document(), &QTextDocument::contentsChange, this, &CRecordDialogNotes::NoteChange);
-    connect(m_text, &QPlainTextEdit::textChanged, this, &CRecordDialogNotes::KeepLimit);
+    connect(m_text->document(), &QTextDocument::contentsChange, this, &CNotesPage::NoteChange);
+    connect(m_text, &QPlainTextEdit::textChanged, this, &CNotesPage::KeepLimit);
     ShowRoom();
 }
 
-void CRecordDialogNotes::SetNotes(const QString& notes) {
+void CNotesPage::SetNotes(const QString& notes) {
     m_given = notes;
     m_text->setPlainText(notes);
     m_text->document()->setModified(false);
 }
 
-QString CRecordDialogNotes::GetNotes() const {
+QString CNotesPage::GetNotes() const {
     if (!m_text->document()->isModified()) return m_given;
     // The raw text keeps non-breaking spaces, which the plain one turns into ordinary ones.
     QString notes = m_text->document()->toRawText();
@@ -51,11 +51,11 @@ QString CRecordDialogNotes::GetNotes() const {
     return notes;
 }
 
-void CRecordDialogNotes::NoteChange(int position, int, int added) {
+void CNotesPage::NoteChange(int position, int, int added) {
     m_changeEnd = position + added;
 }
 
-void CRecordDialogNotes::KeepLimit() {
+void CNotesPage::KeepLimit() {
     QTextDocument& document = *m_text->document();
     int over = LengthOf(document) - kMostCharacters;
     if (over > 0) {
@@ -72,7 +72,7 @@ void CRecordDialogNotes::KeepLimit() {
     ShowRoom();
 }
 
-void CRecordDialogNotes::ShowRoom() {
+void CNotesPage::ShowRoom() {
     const int length = LengthOf(*m_text->document());
     m_room->setText(length > kMostCharacters - kNearLimit
                         ? FormatText<Text::NotesNearLimit>(length, kMostCharacters)

@@ -6,13 +6,14 @@
 class QLabel;
 class QPlainTextEdit;
 
-/// The page with the notes, 32000 characters at most: what goes beyond isn't taken, at the place where it
-/// comes.
-class CRecordDialogNotes final : public QWidget {
+/// The page of a record dialog with the notes, 32000 characters at most: what goes beyond isn't taken, at the
+/// place where it comes.
+class CNotesPage final : public QWidget {
     Q_OBJECT
 
  public:
-    CRecordDialogNotes();
+    /// label: what the user calls the notes.
+    explicit CNotesPage(const QString& label);
 
     void SetNotes(const QString& notes);
     /// As given while nothing was typed, line ends and all.
