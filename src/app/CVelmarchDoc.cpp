@@ -78,6 +78,11 @@ void CVelmarchDoc::CollectIds(RecordKind kind, QStringList& out) {
         if (record->Kind() == kind && filters.Matches(*record)) out.append(record->GetId());
 }
 
+const PeriodFilter& CVelmarchDoc::CurrentFilter() const {
+    if (theRecordMode == RecordMode::Time) return m_timeFilter;
+    return m_expenseFilter;
+}
+
 PeriodFilter& CVelmarchDoc::FilterOf(RecordKind kind) {
     if (kind == RecordKind::Time) return m_timeFilter;
     return m_expenseFilter;

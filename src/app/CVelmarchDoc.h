@@ -124,6 +124,7 @@ class CVelmarchDoc {
     [[nodiscard]] const ExpenseFilter& FilterOfExpenses() const { return m_expenseFilter; }
     /// The period and matching of the filter of a kind; that of the mode in force.
     [[nodiscard]] PeriodFilter& FilterOf(RecordKind kind);
+    [[nodiscard]] const PeriodFilter& CurrentFilter() const;
     [[nodiscard]] PeriodFilter& CurrentFilter() { return FilterOf(KindOf(theRecordMode)); }
     [[nodiscard]] PeriodSurroundings PeriodNeeds() const;
     [[nodiscard]] CRecordStore& Store() { return m_store; }

@@ -173,6 +173,10 @@ void CDataTree::Free(CTreeNode* node) {
 
 // --- Hints
 
+void CDataTree::KeepOverFilter() {
+    m_isCounted.assign(m_document.VisiblePlaces(), true);
+}
+
 void CDataTree::OnHint(Hint hint, const QStringList& ids) {
     switch (hint) {
         case Hint::Added:

@@ -37,6 +37,9 @@ class CDataTree {
     /// Counts a record out: a node that would come to 0 goes with everything below it, and that ends it. A
     /// text that isn't found is passed over, and the next level is looked for at the same node.
     void RemoveRecord(const CVORec& record);
+    /// After a node was used as the filter: the visible records were chosen anew and the tree stays, so that
+    /// the other nodes can still be chosen. All that are visible count as counted.
+    void KeepOverFilter();
     /// Keeps the tree as a rebuild would make it. Records about to change or to go are counted out while the
     /// document still has their old values, and changed or new ones in.
     void OnHint(Hint hint, const QStringList& ids);
