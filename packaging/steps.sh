@@ -3,10 +3,10 @@
 say() { printf '\n== %s\n' "$*"; }
 die() { printf '%s\n' "$*" >&2; exit 1; }
 
-# Installs the Debian packages that are missing; asks for nothing when none is.
+# Installs the Debian packages that are missing; asks for nothing when none is: install_packages [further list...]
 install_packages() {
     local list missing=() package sudo=()
-    list=$(sed 's/#.*//' "$top/packaging/debian-packages.txt")
+    list=$(cd "$top/packaging" && sed 's/#.*//' debian-packages.txt "$@")
     if ! command -v dpkg-query > /dev/null || ! command -v apt-get > /dev/null; then
         printf 'This is no Debian system, so nothing was installed. The build needs, by their Debian names:\n%s\n' \
             "$(printf '%s' "$list" | tr -s '\n' ' ')" >&2

@@ -1,19 +1,20 @@
 #pragma once
 
+#include "app/CommandTexts.h"
+#include "app/DependencySet.h"
+#include "app/DependencyStore.h"
 #include "app/DependencyTree.h"
 #include "app/FieldLabels.h"
-#include "app/ListTable.h"
-#include "records/CPRecord.h"
+#include "app/PulldownLists.h"
 #include "records/CRecordStore.h"
 
 #include <QHash>
 #include <QString>
 #include <QStringList>
-#include <memory>
-#include <optional>
-#include <vector>
+#include <functional>
+#include <initializer_list>
+#include <map>
 
-class CCfgStore;
 class CPrompt;
 class CVelmarchDoc;
 struct Settings;
@@ -21,24 +22,13 @@ struct Settings;
 /// Whether a text may become an item of a list. The numbers are fixed.
 enum class NewItem : int { Refused = 5, Acceptable = 6 };
 
-/// The two sets of dependencies between list items.
-enum class DependencySet : int { Time = 55, Expense = 66 };
-[[nodiscard]] constexpr DependencySet DependencySetOf(RecordKind kind) {
-    return kind == RecordKind::Time ? DependencySet::Time : DependencySet::Expense;
-}
-
-/// The two texts of a command: what the status bar says while it is pointed at, and its short tool tip.
-struct CommandTexts {
-    QString status;
-    QString tip;
-};
-
 /// All pick lists with their items, the dependencies between items, and the user's names of fields, in
-/// memory; every change is written to the store at once. What goes wrong is told to the user.
+/// memory; every change is written to the store at once. What goes wrong is told to the user. Pointers to
+/// items stay good until the next load, those to deleted ones as well.
 class CPulldownCatalogue {
  public:
     /// Items in the order of loading and adding.
-    using ItemList = std::vector<CPRecord*>;
+    using ItemList = PulldownLists::ItemList;
     /// What the catalogue needs from outside. All must outlive it.
     struct Surroundings {
         CVOSrcMgr& manager;
@@ -56,27 +46,32 @@ class CPulldownCatalogue {
     /// after the user was told, with what came before in place.
     bool Load();
     /// For a program that needs no more than a few lists (the console): only the items of these. Trees and
-    /// names stay empty.
+    /// names stay empty. Deleting an item loads everything, as it may stand in a tree.
     bool LoadLists(std::initializer_list<int> lists);
     /// Reads one set of dependencies; a store that has it in the old form only is converted. A set that is
     /// damaged is asked about; it is empty then, and what is stored stays until the user agrees to start
-    /// over.
+    /// over. True after either answer; false when the store can't be read, or the items aren't all loaded.
     bool LoadTree(DependencySet set);
-    /// False, and the store as it was, on failure, and for a set that could not be read and wasn't given up.
+    /// False, and the store as it was, on failure, and for a set that wasn't read, or could not be and wasn't
+    /// given up.
     [[nodiscard]] bool SaveTree(DependencySet set);
-    [[nodiscard]] DependencyTree& Tree(DependencySet set);
-    [[nodiscard]] const DependencyTree& Tree(DependencySet set) const;
+    [[nodiscard]] DependencyTree& Tree(DependencySet set) { return PlaceOf(set).tree; }
+    [[nodiscard]] const DependencyTree& Tree(DependencySet set) const {
+        return set == DependencySet::Time ? m_tree1.tree : m_tree2.tree;
+    }
 
     /// Null for a list that isn't known.
-    [[nodiscard]] const ItemList* GetList(int list) const;
+    [[nodiscard]] const ItemList* GetList(int list) const { return m_lists.Get(list); }
     /// The texts of a list in its order; empty for an unknown list.
     [[nodiscard]] QStringList Texts(int list) const;
     /// By exact comparison of what the item shows; the first of several. Constant time.
-    [[nodiscard]] const CPRecord* FindItem(int list, const QString& text) const;
+    [[nodiscard]] const CPRecord* FindItem(int list, const QString& text) const {
+        return m_lists.Find(list, text);
+    }
     [[nodiscard]] bool HasItem(int list, const QString& text) const {
         return FindItem(list, text) != nullptr;
     }
-    [[nodiscard]] const CPRecord* FindById(const QString& id) const;
+    [[nodiscard]] const CPRecord* FindById(const QString& id) const { return m_lists.FindById(id); }
     /// Refused: empty, begins like a coded text or a kind of payment, no number in a list of numbers, or
     /// there already.
     [[nodiscard]] NewItem CheckNewItem(int list, const QString& text) const;
@@ -91,15 +86,58 @@ class CPulldownCatalogue {
     /// change. Always true; count says how many took it.
     bool ReplaceInRecords(int& count, int list, const QString& oldText, const QString& newText);
 
-    /// Fills the names of fields from their lists.
+    /// Gives fields names, each the only item of its list then; an empty one takes the former away. All as
+    /// one change: with a failure, of which the user is told, all names are as they were.
+    [[nodiscard]] bool SetNames(const std::map<int, QString>& names);
+    /// Fills the names of fields from their lists, and then the texts of commands, some of which name a
+    /// field.
     void FillLabels();
     [[nodiscard]] const FieldLabels& Labels() const { return m_labels; }
-    /// Null for a command without texts here.
+    /// Null for a command without texts here, and before the names of fields were filled.
     [[nodiscard]] const CommandTexts* TextsOf(int command) const;
 
  private:
-    // The owner of this file completes the private part.
+    /// How much of the items is in memory.
+    enum class Extent { Incomplete, SomeLists, Everything };
+    struct TreePlace {
+        /// Damaged: not given up, so what is stored stays.
+        enum class State { Unread, Sound, Damaged };
+        DependencyTree tree;
+        State state = State::Unread;
+    };
+    enum class Deleted { Kept, Done, TreesNotSaved };
+
+    void Forget();
+    [[nodiscard]] bool LoadItems(const QString& statement);
+    enum class LoadEnd { Complete, Failed, Stopped };
+    [[nodiscard]] LoadEnd LoadBulk(const QString& statement);
+    [[nodiscard]] LoadEnd LoadRowByRow(const QString& statement);
+    [[nodiscard]] bool Keep(std::unique_ptr<CPRecord> item);
+    void AskAboutDamage(DependencySet set);
+
+    [[nodiscard]] bool Agreed(const QString& text) const;
+    [[nodiscard]] bool StoreValue(const CPRecord& item, const CPRecord& value);
+    [[nodiscard]] bool TreesAreKnown();
+    [[nodiscard]] bool StoreNames(const std::map<int, QString>& names,
+                                  std::vector<std::unique_ptr<CPRecord>>& items);
+    [[nodiscard]] Deleted DeleteStored(const std::function<bool()>& deleteRows,
+                                       const DependencyTree::ItemTest& isGone);
+    [[nodiscard]] TreePlace& PlaceOf(DependencySet set) {
+        return set == DependencySet::Time ? m_tree1 : m_tree2;
+    }
+    bool Warn(Text id, const QString& text) const;
+    bool Warn(Text id) const;
+
+    CVelmarchDoc& m_document;
+    CPrompt& m_prompt;
+    const Settings& m_settings;
+    CRecordStore m_store;
+    DependencyStore m_dependencies;
+    PulldownLists m_lists;
+    Extent m_extent = Extent::Incomplete;
+    TreePlace m_tree1, m_tree2;
     FieldLabels m_labels;
+    QHash<int, CommandTexts> m_commandTexts;
 };
 
 /// Process-wide name for the catalogue in use; null before the application has one.

@@ -58,6 +58,7 @@ std::optional<Verb> FindVerb(const QStringList& arguments) {
 CVelmarchApp::CVelmarchApp(const Outside& outside) : m_outside(outside) {}
 
 CVelmarchApp::~CVelmarchApp() {
+    DropCatalogue();
     m_document.reset();
     theTimeEntry = theClockEntry = theSpanEntry = nullptr;
     theExpenseEntry = nullptr;
@@ -153,8 +154,14 @@ bool CVelmarchApp::OpenSettings() {
 }
 
 void CVelmarchApp::CloseSettings() {
+    DropCatalogue();
     m_precisions.reset();
     m_settings.reset();
+}
+
+void CVelmarchApp::DropCatalogue() {
+    if (m_catalogue) thePulldownCatalogue = nullptr;
+    m_catalogue.reset();
 }
 
 // --- Store
@@ -166,6 +173,9 @@ bool CVelmarchApp::OpenStore() {
     m_store = std::make_unique<CRecordStore>(m_srcMgr, m_outside.prompt, DataSourceName());
     m_document = std::make_unique<CVelmarchDoc>(
         DocumentSurroundings{*m_store, m_outside.views, m_outside.pump, m_outside.clock, *m_settings});
+    m_catalogue = std::make_unique<CPulldownCatalogue>(CPulldownCatalogue::Surroundings{
+        m_srcMgr, *m_document, m_outside.prompt, *m_settings, DataSourceName()});
+    thePulldownCatalogue = m_catalogue.get();
 
     const QString path = m_home + u'/' + m_srcMgr.m_fileName;
     const bool isKnown = ExpectsStore(*m_profile);
@@ -223,6 +233,7 @@ bool CVelmarchApp::AskAboutMissingStore(const QString& path) {
 bool CVelmarchApp::LoadStep() {
     if (!m_document->LoadCurrentMode()) return false;
     m_document->BuildVisible();
+    m_catalogue->Load();
     m_document->NotifyViews(Hint::Rebuild);
     return true;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
 #include "platform/CProfile.h"
@@ -33,8 +34,8 @@ extern CTRecord* theSpanEntry;     ///< behind the duration picker
 extern CERecord* theExpenseEntry;  ///< what the expense screens edit
 
 /// The application object of window and console: opens home, settings and store in the order of the start,
-/// owns the document, and closes everything in the reverse order, the store last. Timers and views are wired
-/// by main().
+/// owns the document and the catalogue of pick lists, and closes everything in the reverse order, the store
+/// last. Timers and views are wired by main().
 class CVelmarchApp {
  public:
     /// What the application needs from outside. All must outlive it.
@@ -69,7 +70,9 @@ class CVelmarchApp {
     [[nodiscard]] static QString DataSourceName();
     [[nodiscard]] static QString SettingsFileName();
     [[nodiscard]] static bool ExpectsStore(const CProfile& profile);
-    /// Reloads the records of the mode, rebuilds the visible ones, hint Rebuild. Also the handler of Refresh.
+    /// Reloads the records of the mode, rebuilds the visible ones, reloads the catalogue, hint Rebuild. Also
+    /// the handler of Refresh. What the catalogue can't read, the user was told, and the program goes on
+    /// without.
     bool LoadStep();
 
     [[nodiscard]] CCfgStore& Settings() { return *m_settings; }
@@ -78,8 +81,11 @@ class CVelmarchApp {
     [[nodiscard]] CVOSrcMgr& Manager() { return m_srcMgr; }
     [[nodiscard]] CRecordStore& Store() { return *m_store; }
     [[nodiscard]] CVelmarchDoc& Document() { return *m_document; }
-    /// Saves and destroys the settings object; at the end of the window, before the store closes. The window
-    /// has noted the mode in them before (NoteMode); a console command leaves that as it was.
+    /// Empty until LoadStep, or until a console command that needs it loads it.
+    [[nodiscard]] CPulldownCatalogue& Catalogue() { return *m_catalogue; }
+    /// Destroys the catalogue, then saves and destroys the settings object; at the end of the window, before
+    /// the store closes. The window has noted the mode in them before (NoteMode); a console command leaves
+    /// that as it was.
     void CloseSettings();
 
     static constexpr const char* kMutexName = "Dv.Win.Velmarch.{5E1C7A20-93D4-4C7F-A1B6-2F08D6C4B711}";
@@ -92,6 +98,7 @@ class CVelmarchApp {
     [[nodiscard]] bool MakeTables();
     void TellNotInstalled(const QString& why);
     void Tell(Text id, const QString& text, Text title);
+    void DropCatalogue();
 
     Outside m_outside;
     QString m_home;
@@ -104,4 +111,5 @@ class CVelmarchApp {
     std::unique_ptr<CERecord> m_expenseEntry;
     std::unique_ptr<CRecordStore> m_store;
     std::unique_ptr<CVelmarchDoc> m_document;
+    std::unique_ptr<CPulldownCatalogue> m_catalogue;
 };

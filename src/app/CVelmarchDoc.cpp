@@ -4,6 +4,7 @@
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 
+#include <algorithm>
 #include <utility>
 
 CVelmarchDoc::CVelmarchDoc(const DocumentSurroundings& around)
@@ -240,9 +241,15 @@ void CVelmarchDoc::Announce(Hint hint, const QString& id, bool notify) {
 }
 
 void CVelmarchDoc::FlushPending(Hint hint) {
-    if (m_pendingIds.isEmpty()) return;
-    const QStringList ids = std::exchange(m_pendingIds, {});
-    NotifyViews(hint, ids);
+    const QStringList ids = TakePending(0);
+    if (!ids.isEmpty()) NotifyViews(hint, ids);
+}
+
+QStringList CVelmarchDoc::TakePending(qsizetype from) {
+    if (from == 0) return std::exchange(m_pendingIds, {});
+    QStringList own = m_pendingIds.mid(from);
+    m_pendingIds.resize(std::min(from, m_pendingIds.size()));
+    return own;
 }
 
 void CVelmarchDoc::NotifyViews(Hint hint, const QStringList& ids) {

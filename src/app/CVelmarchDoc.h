@@ -89,6 +89,10 @@ class CVelmarchDoc {
     [[nodiscard]] bool DeleteRecord(RecordKind kind, const QString& id, bool notify);
     /// Ends a batch of changes made with notify false: one hint for all of them, none when there were none.
     void FlushPending(Hint hint);
+    /// For a batch that may stand within another one: how many identities wait for their hint before it, and
+    /// afterwards those of its own, which the caller announces. The others go on waiting for theirs.
+    [[nodiscard]] qsizetype PendingCount() const { return m_pendingIds.size(); }
+    QStringList TakePending(qsizetype from);
     /// Opens one transaction for a batch: what follows, deletes included, is durable with Commit.
     [[nodiscard]] bool BeginBatch();
     bool Commit();

@@ -1,7 +1,8 @@
 #pragma once
 
 #include <QString>
-#include <cstddef>
+#include <QStringList>
+#include <functional>
 #include <memory>
 
 class CPRecord;
@@ -11,6 +12,9 @@ class CPRecord;
 /// without recursion: a tree of any depth that fits into the store is fine.
 class DependencyTree {
  public:
+    /// A question about an item.
+    using ItemTest = std::function<bool(const CPRecord& item)>;
+
     class Node {
      public:
         [[nodiscard]] const CPRecord* Item() const { return m_item; }  ///< null for the root
@@ -36,6 +40,7 @@ class DependencyTree {
 
     DependencyTree();
     ~DependencyTree();
+    /// The other tree is empty afterwards, and usable.
     DependencyTree(DependencyTree&& other) noexcept;
     DependencyTree& operator=(DependencyTree&& other) noexcept;
     DependencyTree(const DependencyTree&) = delete;
@@ -47,17 +52,28 @@ class DependencyTree {
 
     Node& Append(Node& parent, const CPRecord& item);
     Node& Prepend(Node& parent, const CPRecord& item);
-    /// At its place by the text of the item, behind those that compare equal.
+    /// At its place by the text of the item, whatever the case of its letters, behind those that compare
+    /// equal. The search begins at the end, so texts that come in order cost no search.
     Node& InsertSorted(Node& parent, const CPRecord& item);
+    /// Puts the children of a node in the order of InsertSorted; the nodes stay the same ones.
+    static void SortChildren(Node& parent);
     /// Takes a node out with all below it; the root stays.
     void Remove(Node& node);
     /// Every node that holds the item, at any depth, each with all below it. False when there was none.
     bool RemoveItem(const CPRecord& item);
+    /// The same for every item that the test finds, in one walk.
+    bool RemoveIf(const ItemTest& isGone);
+    /// Whether a node holds an item that the test finds.
+    [[nodiscard]] bool Holds(const ItemTest& isWanted) const;
     /// The next node depth-first, parents before children; null at the end. Start with Root().
     [[nodiscard]] static Node* NextOf(const Node& node);
     /// The node that a path of texts leads to; null when a text isn't there. An empty path gives the root.
     [[nodiscard]] Node* Walk(const QStringList& path) const;
 
  private:
+    static Node& Insert(Node& parent, const CPRecord& item, Node* previous);
+    static void Unlink(Node& node);
+    static void Destroy(Node* branch);
+
     std::unique_ptr<Node> m_root;
 };

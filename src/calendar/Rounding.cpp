@@ -25,19 +25,19 @@ std::int64_t RoundedMinutes(std::int64_t minutes, int divisor, int roundType) {
 
 /// Shifts one place further than wanted, adds half, cuts the digit: 1.005 at 2 goes by way of 1005, 1010 and
 /// 101 to 1.01. Every step is in single precision, as the results of many years are. A value that can't be
-/// shifted (infinite, or too large) has nothing to round and stays.
+/// shifted (infinite, or too large) has nothing to round and stays. -0.004 at 2 is a plain zero, not "-0.00".
 float RoundDecimal(float value, int precision) {
     const double power = std::pow(10.0, precision);
     const auto shift = static_cast<float>(std::pow(10.0, precision + 1.0));
     const float tenths = AwayFromZero(value * shift, value);
     const auto rounded = static_cast<float>(std::trunc(tenths * 0.1F) / power);
-    return std::isfinite(rounded) ? rounded : value;
+    return std::isfinite(rounded) ? rounded + 0.0F : value;
 }
 
 double RoundDecimalWide(double value, int precision) {
     const double tenths = AwayFromZero(value * std::pow(10.0, precision + 1.0), value);
     const double rounded = std::trunc(tenths / 10.0) / std::pow(10.0, precision);
-    return std::isfinite(rounded) ? rounded : value;
+    return std::isfinite(rounded) ? rounded + 0.0 : value;
 }
 
 void RoundMinutes(int& hours, int& minutes, int divisor, int roundType, bool* pmFlag) {

@@ -29,11 +29,22 @@ QString OnLines(QString text) {
 
 }  // namespace
 
+QString WordsOf(const MessageBox& box) {
+    QString text = box.text;
+    for (const QString& operation : {u"RegOpenKeyEx\n\n"_s, u"RegQueryValueEx\n\n"_s})
+        if (const qsizetype at = text.indexOf(operation); at >= 0)
+            text = text.left(at) + FormatText<Text::CliInstallNote>(text.mid(at + operation.size()));
+    return OnLines(text);
+}
+
 void CConsolePrompt::Tell(const MessageBox& box) {
+    const QString words = WordsOf(box);
+    if (words == m_told) return;
+    m_told = words;
     if (box.icon == BoxIcon::Information)
-        m_out.Note(OnLines(box.text));
+        m_out.Note(words);
     else
-        m_out.Complain(OnLines(box.text));
+        m_out.Complain(words);
 }
 
 /// The console has no command that retries or ignores, so every answer but yes is the box's harmless one.

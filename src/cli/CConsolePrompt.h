@@ -2,6 +2,8 @@
 
 #include "platform/CPrompt.h"
 
+#include <QString>
+
 class COutput;
 
 /// Messages and questions as lines on standard error. A question is put on a terminal only; elsewhere its
@@ -18,4 +20,9 @@ class CConsolePrompt final : public CPrompt {
  private:
     COutput& m_out;
     bool m_sayYes = false;
+    QString m_told;  ///< a failure that two ways of reading met is told once
 };
+
+/// What a box says, as lines for a terminal: names of operations that mean nothing to its reader become
+/// words.
+[[nodiscard]] QString WordsOf(const MessageBox& box);

@@ -1,21 +1,14 @@
 #pragma once
 
-#include <QString>
+#include "cli/Finding.h"
+
 #include <vector>
 
 class CClock;
-class CVelmarchDoc;
+struct ReadingRoom;
 
-/// What one examination found.
-struct Finding {
-    const char* name;
-    bool isOk = true;
-    QString detail;
-    QString advice;  ///< what can be done; empty when all is well
-};
-
-/// Looks at a home from the language library to the timers and changes nothing in it. Each examination stands
-/// on those before it: without a sound settings file the store isn't looked at, without a store no record.
+/// Looks at a home from the language library to what lies in the records and changes nothing in it. What
+/// can't be looked at, because the file that it lies in can't be read, is named as not checked.
 class CDoctor {
  public:
     explicit CDoctor(const CClock& clock) : m_clock(clock) {}
@@ -23,10 +16,14 @@ class CDoctor {
     [[nodiscard]] const std::vector<Finding>& Examine(const QString& homeOption);
 
  private:
-    [[nodiscard]] bool Note(const char* name, bool isOk, const QString& detail, const QString& advice = {});
+    enum class Store { Absent, Readable, Unreadable };
+
+    void Note(const Finding& finding);
     [[nodiscard]] bool ExamineHome(const QString& homeOption);
+    /// Whether the settings can be read.
     [[nodiscard]] bool ExamineSettings(const QString& path);
-    void ExamineData(const QString& settingsPath);
+    [[nodiscard]] Store ExamineStore(ReadingRoom& room);
+    void ExamineData(ReadingRoom& room, bool canReadSettings, Store store);
 
     const CClock& m_clock;
     QString m_home;

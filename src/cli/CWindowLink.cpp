@@ -3,6 +3,7 @@
 #include "app/CVelmarchApp.h"
 #include "lang/LoadText.h"
 #include "platform/CInstance.h"
+#include "records/CVORec.h"
 
 #include <QElapsedTimer>
 #include <QJsonArray>
@@ -42,10 +43,19 @@ std::optional<QJsonObject> CWindowLink::Ask(int command, const QJsonObject& argu
     return answer;
 }
 
-bool CWindowLink::TellChanged(const QStringList& ids) {
-    if (ids.isEmpty() || !IsThere()) return true;
-    QJsonObject changed{{u"kind"_s, u"time"_s}};
+bool CWindowLink::TellChanged(RecordKind kind, const QStringList& ids) {
+    if (ids.isEmpty()) return true;
+    QJsonObject changed{{u"kind"_s, kind == RecordKind::Time ? u"time"_s : u"expense"_s}};
     if (ids.size() <= kMostIds) changed.insert(u"ids"_s, QJsonArray::fromStringList(ids));
+    return Post(changed);
+}
+
+bool CWindowLink::TellAllChanged() {
+    return Post({});
+}
+
+bool CWindowLink::Post(const QJsonObject& changed) {
+    if (!IsThere()) return true;
     if (Reach() && m_client.Post(InstanceCommand::kSyncEnd, changed)) return true;
     m_isReached = false;
     return !IsThere();

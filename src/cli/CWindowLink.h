@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <optional>
 
+enum class RecordKind : int;
+
 /// The running window of the same home, if there is one. Where none runs, every question here costs one look
 /// at a lock.
 class CWindowLink {
@@ -20,13 +22,17 @@ class CWindowLink {
     [[nodiscard]] bool Reach();
     /// Hands a command over and waits for the answer; nothing when the window doesn't answer.
     [[nodiscard]] std::optional<QJsonObject> Ask(int command, const QJsonObject& arguments);
-    /// Tells that time records were changed, so that the window shows it at once. False when a window runs
-    /// and could not be told.
-    [[nodiscard]] bool TellChanged(const QStringList& ids);
+    /// Tells that records of a kind were changed, so that the window shows it at once. False when a window
+    /// runs and could not be told.
+    [[nodiscard]] bool TellChanged(RecordKind kind, const QStringList& ids);
+    /// Tells that anything may have changed.
+    [[nodiscard]] bool TellAllChanged();
 
     static constexpr int kMostIds = 1000;  ///< with more than these the window reads everything anew
 
  private:
+    [[nodiscard]] bool Post(const QJsonObject& changed);
+
     QString m_home;
     CInstanceClient m_client;
     bool m_isReached = false;

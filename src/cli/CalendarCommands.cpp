@@ -7,8 +7,8 @@
 #include "cli/COutput.h"
 #include "cli/EnteredValues.h"
 #include "cli/PeriodOutput.h"
+#include "cli/RecordColumns.h"
 #include "cli/RecordSteps.h"
-#include "cli/TimeColumns.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
 

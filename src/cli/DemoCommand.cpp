@@ -57,7 +57,7 @@ ExitCode FillDemo(const CArguments& arguments, Console& console, RecordDesk& des
     if (outcome == DemoOutcome::NotEmpty)
         return Refuse(ExitCode::Failed, LoadText(Text::CliDemoNotEmpty), console);
     if (outcome == DemoOutcome::Failed) return ExitCode::Failed;
-    if (!desk.window.TellChanged({})) console.out.Note(LoadText(Text::CliWindowNotTold));
+    if (!desk.window.TellAllChanged()) console.out.Note(LoadText(Text::CliWindowNotTold));
     WriteDone(console.out, counts);
     return ExitCode::Done;
 }

@@ -22,7 +22,8 @@ void WriteJson(COutput& out, const std::vector<Finding>& findings, bool isSound)
         json.Key("name");
         json.Text(QString::fromLatin1(finding.name));
         json.Key("ok");
-        json.Flag(finding.isOk);
+        finding.verdict == Finding::Verdict::Unchecked ? json.Null()
+                                                       : json.Flag(finding.verdict == Finding::Verdict::Good);
         json.Key("detail");
         json.Text(finding.detail);
         json.Key("advice");
@@ -34,11 +35,22 @@ void WriteJson(COutput& out, const std::vector<Finding>& findings, bool isSound)
     out.Put("\n");
 }
 
+QString LineOf(const Finding& finding) {
+    const QString name = QString::fromLatin1(finding.name);
+    switch (finding.verdict) {
+        case Finding::Verdict::Good:
+            return FormatText<Text::CliFindingGood>(name, finding.detail);
+        case Finding::Verdict::Bad:
+            return FormatText<Text::CliFindingBad>(name, finding.detail);
+        case Finding::Verdict::Unchecked:
+            return FormatText<Text::CliFindingUnchecked>(name, finding.detail);
+    }
+    return {};
+}
+
 void WriteLines(COutput& out, const std::vector<Finding>& findings, bool isSound) {
     for (const Finding& finding : findings) {
-        const QString name = QString::fromLatin1(finding.name);
-        out.PutLine(finding.isOk ? FormatText<Text::CliFindingGood>(name, finding.detail)
-                                 : FormatText<Text::CliFindingBad>(name, finding.detail));
+        out.PutLine(LineOf(finding));
         if (!finding.advice.isEmpty()) out.PutLine(FormatText<Text::CliFindingAdvice>(finding.advice));
     }
     out.PutLine(LoadText(isSound ? Text::CliAllSound : Text::CliNotAllSound));
@@ -49,8 +61,9 @@ void WriteLines(COutput& out, const std::vector<Finding>& findings, bool isSound
 ExitCode RunDoctor(const CArguments&, Console& console, const QString& homeOption) {
     CDoctor doctor(console.clock);
     const std::vector<Finding>& findings = doctor.Examine(homeOption);
-    const bool isSound =
-        std::all_of(findings.begin(), findings.end(), [](const Finding& finding) { return finding.isOk; });
+    // What wasn't checked has its reason among the others.
+    const bool isSound = std::ranges::all_of(
+        findings, [](const Finding& finding) { return finding.verdict == Finding::Verdict::Good; });
     console.out.isJson ? WriteJson(console.out, findings, isSound)
                        : WriteLines(console.out, findings, isSound);
     return isSound ? ExitCode::Done : ExitCode::Failed;

@@ -1,5 +1,6 @@
 #include "cli/FilterArguments.h"
 
+#include "app/CVelmarchDoc.h"
 #include "cli/CArguments.h"
 #include "cli/EnteredValues.h"
 #include "lang/FormatText.h"
@@ -11,7 +12,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr OptionRow kOptions[] = {
+constexpr OptionRow kTimeOptions[] = {
     {"period", "ID", OptionShape::Value, Text::CliOptPeriod},
     {"day", "DATE", OptionShape::Value, Text::CliOptDay},
     {"from", "DATE", OptionShape::Value, Text::CliOptFrom},
@@ -29,13 +30,43 @@ constexpr OptionRow kOptions[] = {
     {"timers", "", OptionShape::YesNo, Text::CliOptWithTimers},
 };
 
+constexpr OptionRow kExpenseOptions[] = {
+    {"period", "ID", OptionShape::Value, Text::CliOptPeriod},
+    {"day", "DATE", OptionShape::Value, Text::CliOptDay},
+    {"from", "DATE", OptionShape::Value, Text::CliOptFrom},
+    {"to", "DATE", OptionShape::Value, Text::CliOptTo},
+    {"item1", "TEXT", OptionShape::Value, Text::CliOptWithItem1},
+    {"item2", "TEXT", OptionShape::Value, Text::CliOptWithItem2},
+    {"item3", "TEXT", OptionShape::Value, Text::CliOptWithExpItem3},
+    {"item4", "TEXT", OptionShape::Value, Text::CliOptWithExpItem4},
+    {"item5", "TEXT", OptionShape::Value, Text::CliOptWithItem5},
+    {"whole", "", OptionShape::Flag, Text::CliOptWhole},
+    {"case", "", OptionShape::Flag, Text::CliOptCase},
+    {"flag1", "", OptionShape::YesNo, Text::CliOptWithFlag},
+    {"flag2", "", OptionShape::YesNo, Text::CliOptWithFlag},
+    {"flag3", "", OptionShape::YesNo, Text::CliOptWithFlag},
+    {"flag4", "", OptionShape::YesNo, Text::CliOptWithFlag},
+    {"flag5", "", OptionShape::YesNo, Text::CliOptWithFlag},
+    {"exported", "", OptionShape::YesNo, Text::CliOptWithExported},
+    {"distance-entries", "", OptionShape::YesNo, Text::CliOptWithDistance},
+    {"amount", "=N|<N|>N", OptionShape::Value, Text::CliOptWithAmount},
+};
+
 constexpr const char* kItems[] = {"item1", "item2", "item3", "item4", "item5"};
 
+constexpr const char* kFlags[] = {"flag1", "flag2", "flag3", "flag4", "flag5"};
+
+/// A criterion on a flag.
+template <class Filter>
 struct FlagRow {
     const char* option;
-    int TimeFilter::*criterion;
+    int Filter::*criterion;
 };
-constexpr FlagRow kFlags[] = {
+constexpr FlagRow<ExpenseFilter> kExpenseFlags[] = {
+    {"exported", &ExpenseFilter::exported},
+    {"distance-entries", &ExpenseFilter::distance},
+};
+constexpr FlagRow<TimeFilter> kTimeFlags[] = {
     {"billable", &TimeFilter::billable},
     {"billed", &TimeFilter::billed},
     {"exported", &TimeFilter::exported},
@@ -51,7 +82,7 @@ FilterProblem NoDate(const char* option, const QString& typed) {
         FormatText<Text::CliOptionRefused>(QString::fromLatin1(option), FormatText<Text::CliNoDate>(typed)));
 }
 
-FilterProblem ReadPreset(const QString& typed, const PeriodSurroundings& around, TimeFilter& filter) {
+FilterProblem ReadPreset(const QString& typed, const PeriodSurroundings& around, PeriodFilter& filter) {
     const auto preset = EnteredValues::ReadCount(typed);
     if (preset && filter.ApplyPreset(*preset, around)) return {};
     return {ExitCode::NotFound, FormatText<Text::CliNoSuchPeriod>(typed)};
@@ -59,7 +90,7 @@ FilterProblem ReadPreset(const QString& typed, const PeriodSurroundings& around,
 
 /// One day, or all days between two; ends that are swapped give the day of the later option.
 FilterProblem ReadDays(const char* firstOption, const QString& first, const char* lastOption,
-                       const QString& last, const PeriodSurroundings& around, TimeFilter& filter) {
+                       const QString& last, const PeriodSurroundings& around, PeriodFilter& filter) {
     const auto start = EnteredValues::ReadDate(first, around.region, around.clock);
     if (!start) return NoDate(firstOption, first);
     const auto end = EnteredValues::ReadDate(last, around.region, around.clock);
@@ -68,7 +99,8 @@ FilterProblem ReadDays(const char* firstOption, const QString& first, const char
     return {};
 }
 
-FilterProblem ReadPeriod(const CArguments& arguments, const PeriodSurroundings& around, TimeFilter& filter) {
+FilterProblem ReadPeriod(const CArguments& arguments, const PeriodSurroundings& around,
+                         PeriodFilter& filter) {
     const auto preset = arguments.Value("period"), day = arguments.Value("day");
     const auto from = arguments.Value("from"), to = arguments.Value("to");
     if (int{preset.has_value()} + int{day.has_value()} + int{from || to} > 1)
@@ -79,22 +111,76 @@ FilterProblem ReadPeriod(const CArguments& arguments, const PeriodSurroundings& 
     return from || to ? Usage(LoadText(Text::CliFromAndTo)) : FilterProblem{};
 }
 
-}  // namespace
-
-std::span<const OptionRow> TimeFilterOptions() {
-    return kOptions;
+int CriterionOf(const QString& typed) {
+    return EnteredValues::ReadYesNo(typed).value_or(true) ? FlagCriterion::kSet : FlagCriterion::kClear;
 }
 
-FilterProblem ReadTimeFilter(const CArguments& arguments, const PeriodSurroundings& around,
-                             TimeFilter& filter) {
+/// What the filters of both kinds have.
+template <class Filter>
+FilterProblem ReadShared(const CArguments& arguments, const PeriodSurroundings& around, Filter& filter) {
     filter.Reset();
     for (std::size_t i = 0; i < std::size(kItems); ++i)
         if (const auto text = arguments.Value(kItems[i])) filter.items[i] = *text;
     filter.matchWhole = arguments.Has("whole");
     filter.matchCase = arguments.Has("case");
-    for (const FlagRow& flag : kFlags)
-        if (const auto typed = arguments.Value(flag.option))
-            filter.*flag.criterion =
-                EnteredValues::ReadYesNo(*typed).value_or(true) ? FlagCriterion::kSet : FlagCriterion::kClear;
     return ReadPeriod(arguments, around, filter);
+}
+
+template <class Filter, std::size_t N>
+void ReadFlags(const CArguments& arguments, const FlagRow<Filter> (&flags)[N], Filter& filter) {
+    for (const auto& flag : flags)
+        if (const auto typed = arguments.Value(flag.option)) filter.*flag.criterion = CriterionOf(*typed);
+}
+
+FilterProblem ReadTimeFilter(const CArguments& arguments, const PeriodSurroundings& around,
+                             TimeFilter& filter) {
+    const FilterProblem problem = ReadShared(arguments, around, filter);
+    ReadFlags(arguments, kTimeFlags, filter);
+    return problem;
+}
+
+struct ComparisonRow {
+    QChar sign;
+    int comparison;
+};
+constexpr ComparisonRow kComparisons[] = {
+    {u'=', AmountComparison::kEqual},
+    {u'<', AmountComparison::kLess},
+    {u'>', AmountComparison::kGreater},
+};
+
+/// "=12.50", "<100", ">-20".
+FilterProblem ReadAmount(const QString& typed, const PeriodSurroundings& around, ExpenseFilter& filter) {
+    const QString text = typed.trimmed();
+    const auto row = std::ranges::find_if(
+        kComparisons, [&](const ComparisonRow& one) { return text.startsWith(one.sign); });
+    const auto number = EnteredValues::ReadSignedNumber(text.mid(1), around.region);
+    if (row == std::end(kComparisons) || !number) return Usage(FormatText<Text::CliAmountCondition>(typed));
+    filter.amount = static_cast<float>(*number);
+    filter.comparison = row->comparison;
+    return {};
+}
+
+FilterProblem ReadExpenseFilter(const CArguments& arguments, const PeriodSurroundings& around,
+                                ExpenseFilter& filter) {
+    FilterProblem problem = ReadShared(arguments, around, filter);
+    ReadFlags(arguments, kExpenseFlags, filter);
+    for (std::size_t i = 0; i < std::size(kFlags); ++i)
+        if (const auto typed = arguments.Value(kFlags[i])) filter.flags[i] = CriterionOf(*typed);
+    if (const auto amount = arguments.Value("amount"); amount && problem.exit == ExitCode::Done)
+        problem = ReadAmount(*amount, around, filter);
+    return problem;
+}
+
+}  // namespace
+
+std::span<const OptionRow> FilterOptions(RecordKind kind) {
+    if (kind == RecordKind::Time) return kTimeOptions;
+    return kExpenseOptions;
+}
+
+FilterProblem ReadFilter(RecordKind kind, const CArguments& arguments, CVelmarchDoc& document) {
+    return kind == RecordKind::Time
+               ? ReadTimeFilter(arguments, document.PeriodNeeds(), document.Filter())
+               : ReadExpenseFilter(arguments, document.PeriodNeeds(), document.FilterOfExpenses());
 }

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "app/TimeFilter.h"
 #include "cli/CommandTable.h"
+#include "records/CVORec.h"
 
 #include <QString>
 #include <span>
 
 class CArguments;
-struct PeriodSurroundings;
+class CVelmarchDoc;
 
-/// The options that narrow a list of time records: --period to --timers.
-[[nodiscard]] std::span<const OptionRow> TimeFilterOptions();
+/// The options that narrow a list of records of a kind: --period to the flags.
+[[nodiscard]] std::span<const OptionRow> FilterOptions(RecordKind kind);
 
 /// Why a filter can't be made; the exit code says which kind.
 struct FilterProblem {
@@ -18,6 +18,6 @@ struct FilterProblem {
     QString words;
 };
 
-/// Makes the filter that a command line describes; without any option it lets everything pass.
-[[nodiscard]] FilterProblem ReadTimeFilter(const CArguments& arguments, const PeriodSurroundings& around,
-                                           TimeFilter& filter);
+/// Makes the document's filter of that kind the one that a command line describes; without any option it lets
+/// everything pass.
+[[nodiscard]] FilterProblem ReadFilter(RecordKind kind, const CArguments& arguments, CVelmarchDoc& document);

@@ -1,11 +1,14 @@
 #include "cli/RecordSteps.h"
 
 #include "app/CVelmarchDoc.h"
+#include "app/RecordMode.h"
+#include "cli/CJsonText.h"
 #include "cli/COutput.h"
+#include "cli/CSettingsOwner.h"
 #include "cli/CWindowLink.h"
 #include "cli/EnteredValues.h"
 #include "cli/RecordDesk.h"
-#include "cli/TimeOutput.h"
+#include "cli/RecordOutput.h"
 #include "lang/FormatText.h"
 #include "platform/CPrompt.h"
 
@@ -14,19 +17,21 @@ ExitCode Refuse(ExitCode exit, const QString& words, Console& console) {
     return exit;
 }
 
-CTRecord* FindTimeRecord(const QString& typed, Console& console, RecordDesk& desk) {
+const CVORec* FindRecord(RecordKind kind, const QString& typed, Console& console, RecordDesk& desk) {
     const auto id = EnteredValues::ReadIdentity(typed);
-    CVORec* record = id ? desk.document.FetchRecord(RecordKind::Time, *id) : nullptr;
+    const CVORec* record = id ? desk.document.FetchRecord(kind, *id) : nullptr;
     // A store that can't be read has said so by itself.
     if (!record && desk.document.Store().m_lastError == 0)
-        console.out.Complain(FormatText<Text::CliNoSuchRecord>(typed));
-    return static_cast<CTRecord*>(record);
+        console.out.Complain(kind == RecordKind::Time ? FormatText<Text::CliNoSuchRecord>(typed)
+                                                      : FormatText<Text::CliNoSuchExpense>(typed));
+    return record;
 }
 
-std::optional<QStringList> FindTimeRecords(const QStringList& typed, Console& console, RecordDesk& desk) {
+std::optional<QStringList> FindRecords(RecordKind kind, const QStringList& typed, Console& console,
+                                       RecordDesk& desk) {
     QStringList ids;
     for (const QString& text : typed) {
-        const CTRecord* record = FindTimeRecord(text, console, desk);
+        const CVORec* record = FindRecord(kind, text, console, desk);
         if (!record) return std::nullopt;
         ids.append(record->GetId());
     }
@@ -38,23 +43,63 @@ ExitCode LookupFailed(const RecordDesk& desk) {
     return desk.document.Store().m_lastError == 0 ? ExitCode::NotFound : ExitCode::Failed;
 }
 
-void Announce(const QStringList& ids, Console& console, RecordDesk& desk) {
-    if (!desk.window.TellChanged(ids)) console.out.Note(LoadText(Text::CliWindowNotTold));
+void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordDesk& desk) {
+    if (!desk.window.TellChanged(kind, ids)) console.out.Note(LoadText(Text::CliWindowNotTold));
 }
 
-void PrintTimeRecord(const QString& id, Console& console, RecordDesk& desk) {
-    const auto* record = static_cast<CTRecord*>(desk.document.FetchRecord(RecordKind::Time, id));
-    if (record) WriteTime(console.out, {*record, desk.timers.Shown(id)});
+void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordDesk& desk) {
+    const CVORec* record = desk.document.FetchRecord(kind, id);
+    if (record) WriteRecord(console.out, {*record, desk.timers.Shown(id)});
 }
 
 bool Confirm(Text question, Text title, Text verb, Console& console) {
+    return Confirm(question, LoadText(question), title, verb, console);
+}
+
+bool Confirm(Text question, const QString& text, Text title, Text verb, Console& console) {
     MessageBox box;
     box.textId = static_cast<int>(question);
     box.title = LoadText(title);
-    box.text = LoadText(question);
+    box.text = text;
     box.icon = BoxIcon::Warning;
     box.buttons = Buttons::YesNo;
     box.defaultAnswer = Answer::No;
     box.actionLabel = LoadText(verb);
     return console.prompt.Ask(box) == Answer::Yes;
+}
+
+ExitCode ChangeSettings(const QJsonObject& command, Console& console, CSettingsOwner& owner) {
+    const QJsonObject answer = owner.Change(command);
+    if (answer[u"ok"].toBool()) return ExitCode::Done;
+    return Refuse(static_cast<ExitCode>(answer[u"exit"].toInt(1)), answer[u"error"].toString(), console);
+}
+
+std::optional<RecordMode> ReadMode(const QString& typed, Console& console) {
+    if (typed == u"time") return RecordMode::Time;
+    if (typed == u"expense") return RecordMode::Expense;
+    console.out.Complain(FormatText<Text::CliNoMode>(typed));
+    return std::nullopt;
+}
+
+void PrintCount(COutput& out, const char* key, Text sentence, qsizetype count) {
+    if (!out.isJson)
+        return out.PutLine(QString::asprintf(LoadText(sentence).toUtf8().constData(), int(count)));
+    CJsonText json(out);
+    json.BeginObject();
+    json.Key(key);
+    json.Integer(count);
+    json.EndObject();
+    out.Put("\n");
+}
+
+void PrintTexts(COutput& out, const QStringList& texts) {
+    if (!out.isJson) {
+        for (const QString& text : texts) out.PutLine(text);
+        return;
+    }
+    CJsonText json(out);
+    json.BeginArray();
+    for (const QString& text : texts) json.Text(text);
+    json.EndArray();
+    out.Put("\n");
 }

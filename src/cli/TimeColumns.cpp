@@ -2,27 +2,19 @@
 
 #include "calendar/CalendarMath.h"
 #include "calendar/NumberText.h"
-#include "cli/CJsonText.h"
+#include "cli/ColumnParts.h"
 #include "lang/FormatText.h"
 #include "platform/CRegionalInfo.h"
-
-#include <algorithm>
-#include <array>
-#include <cstdio>
-#include <tuple>
+#include "records/CTRecord.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-template <class T>
-int Order(const T& a, const T& b) {
-    return a < b ? -1 : (b < a ? 1 : 0);
-}
+using namespace ColumnParts;
 
-int OrderTexts(const QString& a, const QString& b) {
-    const int folded = a.compare(b, Qt::CaseInsensitive);
-    return folded != 0 ? folded : a.compare(b);
+const CTRecord& TimeOf(const CVORec& record) {
+    return static_cast<const CTRecord&>(record);
 }
 
 /// A number with zeros in front.
@@ -30,123 +22,64 @@ QString Digits(int number, qsizetype width) {
     return QString::number(number).rightJustified(width, u'0');
 }
 
-QString YesOrNothing(bool flag) {
-    return flag ? LoadText(Text::YesWord) : QString();
-}
-
 // --- Times of day: minutes since midnight, -1 without one
 
 using GetTime = bool (CTRecord::*)(int&, int&, bool&) const;
 
 template <GetTime Get>
-int MinuteOf(const CTRecord& record) {
+int MinuteOf(const CVORec& record) {
     int hour = 0, minute = 0;
     bool isPm = false;
-    return (record.*Get)(hour, minute, isPm) ? Hour24Of(hour, isPm) * 60 + minute : -1;
+    return (TimeOf(record).*Get)(hour, minute, isPm) ? Hour24Of(hour, isPm) * 60 + minute : -1;
 }
 
 template <GetTime Get>
-void TimeJson(CJsonText& json, const TimeRow& row) {
+void TimeJson(CJsonText& json, const RecordRow& row) {
     const int minute = MinuteOf<Get>(row.record);
     minute < 0 ? json.Null() : json.Text(Digits(minute / 60, 2) + u':' + Digits(minute % 60, 2));
 }
 
 template <GetTime Get>
-QString TimeText(const TimeRow& row) {
+QString TimeText(const RecordRow& row) {
     int hour = 0, minute = 0;
     bool isPm = false;
-    if (!(row.record.*Get)(hour, minute, isPm)) return {};
+    if (!(TimeOf(row.record).*Get)(hour, minute, isPm)) return {};
     return FormatTimeOfDay(TheRegion(), hour, minute, isPm);
 }
 
 template <GetTime Get>
-int CompareTimes(const CTRecord& a, const CTRecord& b) {
+int CompareTimes(const CVORec& a, const CVORec& b) {
     return Order(MinuteOf<Get>(a), MinuteOf<Get>(b));
 }
 
 // --- Spans: whole minutes, -1 without one
 
 template <SpanField SpanSet::*Span>
-qint64 MinutesOf(const CTRecord& record) {
-    const SpanField& span = record.spans.*Span;
+qint64 MinutesOf(const CVORec& record) {
+    const SpanField& span = TimeOf(record).spans.*Span;
     return span.IsSet() ? qint64{span.hours} * 60 + span.minutes : -1;
 }
 
 template <SpanField SpanSet::*Span>
-void SpanJson(CJsonText& json, const TimeRow& row) {
+void SpanJson(CJsonText& json, const RecordRow& row) {
     const qint64 minutes = MinutesOf<Span>(row.record);
     minutes < 0 ? json.Null() : json.Integer(minutes);
 }
 
 template <SpanField SpanSet::*Span>
-QString SpanText(const TimeRow& row) {
-    const SpanField& span = row.record.spans.*Span;
+QString SpanText(const RecordRow& row) {
+    const SpanField& span = TimeOf(row.record).spans.*Span;
     return span.IsSet() ? span.clockText : QString();
 }
 
 template <SpanField SpanSet::*Span>
-int CompareSpans(const CTRecord& a, const CTRecord& b) {
+int CompareSpans(const CVORec& a, const CVORec& b) {
     return Order(MinutesOf<Span>(a), MinutesOf<Span>(b));
 }
 
-// --- Texts, money, flags
+// --- Timer
 
-template <QString CTRecord::*Field>
-void TextJson(CJsonText& json, const TimeRow& row) {
-    json.Text(row.record.*Field);
-}
-template <QString CTRecord::*Field>
-QString PlainText(const TimeRow& row) {
-    return row.record.*Field;
-}
-template <QString CTRecord::*Field>
-int CompareTexts(const CTRecord& a, const CTRecord& b) {
-    return OrderTexts(a.*Field, b.*Field);
-}
-
-using GetMoney = bool (CTRecord::*)(float&) const;
-
-template <GetMoney Get, DecimalField CTRecord::*Field>
-void MoneyJson(CJsonText& json, const TimeRow& row) {
-    float value = 0.0F;
-    (row.record.*Get)(value) ? json.Number(double{value}, (row.record.*Field).precision) : json.Null();
-}
-template <GetMoney Get>
-int CompareMoney(const CTRecord& a, const CTRecord& b) {
-    float first = 0.0F, second = 0.0F;
-    const bool hasFirst = (a.*Get)(first), hasSecond = (b.*Get)(second);
-    return hasFirst != hasSecond ? Order(hasFirst, hasSecond) : Order(first, second);
-}
-
-template <bool CTRecord::*Field>
-void FlagJson(CJsonText& json, const TimeRow& row) {
-    json.Flag(row.record.*Field);
-}
-template <bool CTRecord::*Field>
-QString FlagText(const TimeRow& row) {
-    return YesOrNothing(row.record.*Field);
-}
-template <bool CTRecord::*Field>
-int CompareFlags(const CTRecord& a, const CTRecord& b) {
-    return Order(a.*Field, b.*Field);
-}
-
-// --- Identity, date, timer
-
-int CompareIds(const CTRecord& a, const CTRecord& b) {
-    return a.GetId().compare(b.GetId());
-}
-
-int CompareDates(const CTRecord& a, const CTRecord& b) {
-    return Order(std::tuple(a.date.year, a.date.month, a.date.day),
-                 std::tuple(b.date.year, b.date.month, b.date.day));
-}
-
-QString DateOf(const CTRecord& record) {
-    return record.date.IsSet() ? IsoDate(record.date.year, record.date.month, record.date.day) : QString();
-}
-
-void TimerJson(CJsonText& json, const TimeRow& row) {
+void TimerJson(CJsonText& json, const RecordRow& row) {
     if (!row.timer) return json.Null();
     json.BeginObject();
     json.Key("state");
@@ -156,7 +89,7 @@ void TimerJson(CJsonText& json, const TimeRow& row) {
     json.EndObject();
 }
 
-QString TimerText(const TimeRow& row) {
+QString TimerText(const RecordRow& row) {
     if (!row.timer) return {};
     const int seconds = static_cast<int>(row.timer->seconds);
     const QString count = FormatText<Text::TimerCount>(seconds / 3600, seconds / 60 % 60, seconds % 60);
@@ -164,13 +97,10 @@ QString TimerText(const TimeRow& row) {
                                 : FormatText<Text::CliTimerPaused>(count);
 }
 
-constexpr TimeColumn kColumns[] = {
-    {"id", Text::CliIdentity, true, false,
-     [](CJsonText& json, const TimeRow& row) { json.Text(row.record.GetId()); },
-     [](const TimeRow& row) { return row.record.GetId(); }, CompareIds},
-    {"date", Text::ColumnCaptionDate, true, false,
-     [](CJsonText& json, const TimeRow& row) { json.TextOrNull(DateOf(row.record)); },
-     [](const TimeRow& row) { return DateOf(row.record); }, CompareDates},
+constexpr RecordColumn kColumns[] = {
+    {"id", Text::CliIdentity, true, false, IdJson, IdText, CompareIds},
+    {"date", Text::ColumnCaptionDate, true, false, DateJson<&CTRecord::date>, DateText<&CTRecord::date>,
+     CompareDates<&CTRecord::date>},
     {"start", Text::ColumnCaptionStart, true, true, TimeJson<&CTRecord::GetStart>,
      TimeText<&CTRecord::GetStart>, CompareTimes<&CTRecord::GetStart>},
     {"end", Text::ColumnCaptionEnd, true, true, TimeJson<&CTRecord::GetEnd>, TimeText<&CTRecord::GetEnd>,
@@ -192,9 +122,9 @@ constexpr TimeColumn kColumns[] = {
     {"item5", Text::FieldCurrency, true, false, TextJson<&CTRecord::item5>, PlainText<&CTRecord::item5>,
      CompareTexts<&CTRecord::item5>},
     {"rate", Text::FieldRate, false, true, MoneyJson<&CTRecord::GetRate, &CTRecord::rate>,
-     [](const TimeRow& row) { return row.record.GetRateText(); }, CompareMoney<&CTRecord::GetRate>},
+     MoneyText<&CTRecord::GetRateText>, CompareMoney<&CTRecord::GetRate>},
     {"amount", Text::FieldAmount, true, true, MoneyJson<&CTRecord::GetAmount, &CTRecord::amount>,
-     [](const TimeRow& row) { return row.record.GetAmountText(); }, CompareMoney<&CTRecord::GetAmount>},
+     MoneyText<&CTRecord::GetAmountText>, CompareMoney<&CTRecord::GetAmount>},
     {"isBillable", Text::ColumnCaptionBillable, false, false, FlagJson<&CTRecord::isBillable>,
      FlagText<&CTRecord::isBillable>, CompareFlags<&CTRecord::isBillable>},
     {"isBilled", Text::ColumnCaptionBilled, true, false, FlagJson<&CTRecord::isBilled>,
@@ -208,25 +138,12 @@ constexpr TimeColumn kColumns[] = {
 
 }  // namespace
 
-std::span<const TimeColumn> TimeColumns() {
+std::span<const RecordColumn> TimeColumns() {
     return kColumns;
 }
 
-const TimeColumn* FindTimeColumn(const QString& name) {
-    const auto found = std::find_if(std::begin(kColumns), std::end(kColumns), [&](const TimeColumn& column) {
-        return name == QLatin1String(column.name);
-    });
-    return found == std::end(kColumns) ? nullptr : found;
-}
-
-int CompareDays(const CTRecord& a, const CTRecord& b) {
-    if (const int dates = CompareDates(a, b); dates != 0) return dates;
+int CompareTimeDays(const CVORec& a, const CVORec& b) {
+    if (const int dates = CompareDates<&CTRecord::date>(a, b); dates != 0) return dates;
     if (const int starts = CompareTimes<&CTRecord::GetStart>(a, b); starts != 0) return starts;
     return CompareIds(a, b);
-}
-
-QString IsoDate(int year, int month, int day) {
-    std::array<char, 48> text{};  // a list asks for this in each line
-    std::snprintf(text.data(), text.size(), "%04d-%02d-%02d", year, month, day);
-    return QString::fromLatin1(text.data());
 }

@@ -68,7 +68,7 @@ ExitCode RunAndShow(const QString& action, const QString& id, Console& console, 
 }
 
 ExitCode RunOnRecord(const QString& action, const CArguments& arguments, Console& console, RecordDesk& desk) {
-    const auto* record = FindTimeRecord(arguments.Words().first(), console, desk);
+    const auto* record = FindRecord(RecordKind::Time, arguments.Words().first(), console, desk);
     if (!record) return LookupFailed(desk);
     return RunAndShow(action, record->GetId(), console, desk);
 }
@@ -85,14 +85,14 @@ ExitCode PauseTimer(const CArguments& arguments, Console& console, RecordDesk& d
 
 /// Prints the record that the stop has written, whoever wrote it.
 ExitCode StopTimer(const CArguments& arguments, Console& console, RecordDesk& desk) {
-    const auto* record = FindTimeRecord(arguments.Words().first(), console, desk);
+    const auto* record = FindRecord(RecordKind::Time, arguments.Words().first(), console, desk);
     if (!record) return LookupFailed(desk);
     const QString id = record->GetId();
     QJsonObject answer;
     const ExitCode exit = Run(u"stop"_s, id, console, desk, answer);
     if (exit != ExitCode::Done) return exit;
     desk.timers.Read();
-    PrintTimeRecord(id, console, desk);
+    PrintRecord(RecordKind::Time, id, console, desk);
     return ExitCode::Done;
 }
 

@@ -76,7 +76,7 @@ bool TakeBreaks(QByteArrayView& rest, std::vector<std::int32_t>& breaks) {
     rest = rest.sliced(kNumberSize);
     if (count < 0 || count > rest.size() / kNumberSize) return false;
     breaks.resize(static_cast<std::size_t>(count));
-    qFromLittleEndian<std::int32_t>(rest.data(), count, breaks.data());
+    if (count > 0) qFromLittleEndian<std::int32_t>(rest.data(), count, breaks.data());
     rest = rest.sliced(count * kNumberSize);
     return true;
 }

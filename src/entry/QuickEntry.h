@@ -1,11 +1,12 @@
 #pragma once
 
+#include "records/CVORec.h"
+
 #include <QString>
 #include <QStringList>
 #include <functional>
 #include <span>
 
-class CTRecord;
 class CVelmarchDoc;
 class CTimerDesk;
 class CClock;
@@ -27,12 +28,16 @@ struct QuickCommandRow {
     int command;
     int flags;
 };
-/// The quick commands that are offered, in order of their numbers. Those that start from stored defaults or
-/// from the data tree aren't: neither is there yet.
+/// All 17 quick commands in order of their numbers.
+[[nodiscard]] std::span<const QuickCommandRow> AllQuickCommands();
+/// Those that need neither stored defaults nor the data tree, for whoever hasn't these.
 [[nodiscard]] std::span<const QuickCommandRow> QuickCommands();
 
-/// What a new time record needs from outside.
+/// What a new record needs from outside.
 struct QuickEntrySurroundings {
+    /// Fills or changes a record of the kind that is made; false when that was called off or isn't possible.
+    using Step = std::function<bool(CVORec& record)>;
+
     CVelmarchDoc& document;
     CTimerDesk& timers;
     const Settings& settings;
@@ -40,9 +45,14 @@ struct QuickEntrySurroundings {
     QStringList selectedIds;  ///< of the record list; a copy and a successive entry need exactly one
     /// Lets the user edit the record; true when accepted. Empty: there is no dialog, the record is added at
     /// once.
-    std::function<bool(CTRecord& record)> edit;
+    Step edit;
     /// The record that a successive entry follows, where it isn't the selected one.
     QString successiveId = {};
+    /// Lets the user choose stored defaults; false: cancelled. Empty: commands that start from them fail.
+    Step fillFromDefaults = {};
+    /// Each level of the selection in the data tree fills its field; false: no usable selection. Empty: as
+    /// above.
+    Step fillFromTree = {};
 };
 
 /// How a quick command ended.
@@ -55,3 +65,10 @@ struct QuickOutcome {
 /// or through the dialog, as the settings say. A cancelled dialog is a success that added nothing; a timer of
 /// the new record goes with it. What happened to other timers stays.
 [[nodiscard]] QuickOutcome NewTimeRecord(int flags, const QuickEntrySurroundings& around);
+/// The same for an expense, which has a date and neither start nor timer: a successive one is dated as a
+/// blank one, and the timer's flag does nothing.
+[[nodiscard]] QuickOutcome NewExpenseRecord(int flags, const QuickEntrySurroundings& around);
+[[nodiscard]] inline QuickOutcome NewRecordOf(RecordKind kind, int flags,
+                                              const QuickEntrySurroundings& around) {
+    return kind == RecordKind::Time ? NewTimeRecord(flags, around) : NewExpenseRecord(flags, around);
+}

@@ -8,7 +8,9 @@
 
 /// Editing which items hang under which: the logic of the dialog, without a widget. Works on a tree of its
 /// own, children sorted by text, that takes the place of the catalogue's with Accept. Changes to the items
-/// themselves (new, renamed, deleted) are stored at once, whatever happens to the tree.
+/// themselves (new, renamed, deleted) are stored at once, whatever happens to the tree. The catalogue must be
+/// loaded before, and not anew while this exists. Whether records use an item that is renamed: IsRecordList
+/// and the catalogue's ReplaceInRecords.
 class CDependencyEditor {
  public:
     using Node = DependencyTree::Node;
@@ -31,15 +33,18 @@ class CDependencyEditor {
     /// A new item of the list; false when it isn't acceptable.
     bool NewItem(int list, const QString& text);
     enum class Renamed { Done, Kept, Failed };
-    /// Kept: the text is empty, or not acceptable as a new item.
+    /// Kept: the text is empty, or not acceptable as a new item. Nodes stay the same ones, in a new order
+    /// where the new text has another place.
     Renamed RenameItem(int list, const QString& oldText, const QString& newText);
-    /// From its list and from every place in both trees.
+    /// From its list and from every place in both trees, the edited one too. Nodes that held it are gone.
     bool DeleteItem(int list, const QString& text);
 
     /// Puts the tree in place of the catalogue's when it was changed. The caller saves it.
     void Accept();
 
  private:
+    [[nodiscard]] DependencyTree& Stored() const;
+
     CPulldownCatalogue& m_catalogue;
     RecordMode m_mode;
     DependencyTree m_tree;

@@ -15,11 +15,13 @@ struct Settings;
 [[nodiscard]] int ChainDepth(RecordMode mode, int list);
 /// The list that hangs under one at this depth (0: the root); -1 below the last.
 [[nodiscard]] int NextList(RecordMode mode, int depth);
-/// What a list is called where dependencies are edited: the user's name of its heading, else the default.
+/// What a list is called where dependencies are edited: the user's name of its heading, else the default; the
+/// list of distances by the unit of distance. Empty for a list outside the chains.
 [[nodiscard]] QString ListHeading(const CPulldownCatalogue& catalogue, int list, const Settings& settings);
 
 /// What a pulldown offers. path: what the pulldowns above it in the chain hold, from the first down.
 /// With useDependencies and a list of the chain: the items that hang under that path, none when a text of it
-/// is empty or isn't there. Otherwise all items of the list.
+/// is empty or isn't there. Otherwise all items of the list. Numbers of a path count as their items show
+/// them: 0.50 leads where 0.5 leads.
 [[nodiscard]] QStringList PulldownTexts(const CPulldownCatalogue& catalogue, RecordMode mode, int list,
                                         const QStringList& path, const Settings& settings);

@@ -30,11 +30,13 @@ struct LabelPresetRow {
 class CLabelEditor {
  public:
     explicit CLabelEditor(CPulldownCatalogue& catalogue) : m_catalogue(catalogue) {}
-    /// The user's own name takes the place of the former one; an empty text takes it away.
+    /// The user's own name takes the place of the former one; an empty text takes it away. False, and the
+    /// user told, when it can't be stored; false as well for a number that names no field.
     bool SetLabel(int field, const QString& text);
-    /// Takes all own names away.
+    /// Takes all own names away, as one change.
     bool Reset();
-    /// Resets, then takes over a set of names, time records' first.
+    /// A set of names in place of all own names, as one change: those that the set doesn't give are the
+    /// default ones again. False without such a set, and on failure.
     bool ApplyPreset(int preset);
     /// Whether any name was changed.
     [[nodiscard]] bool IsChanged() const { return m_isChanged; }

@@ -107,15 +107,17 @@ OpenOutcome CSettingsTree::ReplaceUnreadable(const QString& path, int busySecond
 }
 
 /// Makes what is missing of the tables, and finds out whether they can be read: a file with other tables
-/// under our name, or with damage in them, is unreadable. The check costs little, the file is small.
+/// under our name, or with damage in them, is unreadable. The check costs little, the file is small, and
+/// comes first: nothing is written to a file that is to be kept aside.
 OpenOutcome CSettingsTree::MakeTables(OpenOutcome opened) {
     if (!IsUsable(opened)) return opened;
-    const bool isMade = opened == OpenOutcome::ReadOnly || Exists(Root()) ||
-                        (m_file->Begin() && m_file->Execute(kTables) && m_file->Commit());
-    if (isMade && m_file->Execute(kProbe)) {
-        if (m_file->IntegrityReport().isEmpty()) return opened;
-        if (m_file->ErrorCode() == SQLITE_OK) return OpenOutcome::Damaged;
-    }
+    const bool isSound = m_file->IntegrityReport().isEmpty();
+    if (!isSound && m_file->ErrorCode() == SQLITE_OK) return OpenOutcome::Damaged;
+    const bool isThere = isSound && (opened == OpenOutcome::ReadOnly || Exists(Root()));
+    if (isThere && m_file->Execute(kProbe)) return opened;
+    if (isSound && !isThere && m_file->Begin() && m_file->Execute(kTables) && m_file->Execute(kProbe) &&
+        m_file->Commit())
+        return opened;
     m_file->Rollback();
     return m_file->ErrorCode() == SQLITE_ERROR ? OpenOutcome::Foreign : OutcomeOf(m_file->ErrorCode());
 }

@@ -126,10 +126,17 @@ bool CSqliteFile::Connect(const SqliteFileKind& kind) {
     return Execute(kConnectionSettings);
 }
 
-bool CSqliteFile::ReadIdentity(Identity& identity) const {
-    return ReadNumber(m_db, "PRAGMA application_id", identity.applicationId) &&
-           ReadNumber(m_db, "PRAGMA user_version", identity.version) &&
-           ReadNumber(m_db, "PRAGMA schema_version", identity.schemaVersion);
+/// All of it in one look: between two looks another program may make the file, and half of what it writes
+/// would look like a third one's.
+bool CSqliteFile::ReadIdentity(Identity& identity) {
+    const bool isOwnLook = !InTransaction();
+    if (isOwnLook && !Execute("BEGIN")) return false;
+    const bool isRead = ReadNumber(m_db, "PRAGMA application_id", identity.applicationId) &&
+                        ReadNumber(m_db, "PRAGMA user_version", identity.version) &&
+                        ReadNumber(m_db, "PRAGMA schema_version", identity.schemaVersion);
+    if (!isRead) NoteError();
+    if (isOwnLook) sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
+    return isRead;
 }
 
 /// Whose file it is. Nothing is written before that is known.
@@ -165,7 +172,6 @@ bool CSqliteFile::Stamp(const SqliteFileKind& kind, bool& created) {
     Identity identity;
     if (!UseRollbackJournal() || !Begin()) return false;
     if (!ReadIdentity(identity)) {
-        NoteError();
         Rollback();
         return false;
     }

@@ -80,7 +80,7 @@ class CSqliteFile {
     struct Identity;
     [[nodiscard]] std::optional<OpenOutcome> Examine(bool create);
     [[nodiscard]] bool Connect(const SqliteFileKind& kind);
-    [[nodiscard]] bool ReadIdentity(Identity& identity) const;
+    [[nodiscard]] bool ReadIdentity(Identity& identity);
     [[nodiscard]] OpenOutcome Identify(const SqliteFileKind& kind, bool create);
     [[nodiscard]] bool Stamp(const SqliteFileKind& kind, bool& created);
     [[nodiscard]] bool UseRollbackJournal();

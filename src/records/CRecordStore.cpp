@@ -63,6 +63,17 @@ bool CRecordStore::Query(const QString& statement) {
     return m_manager.Query(statement, false) || Fail(Text::QueryFailed, statement);
 }
 
+bool CRecordStore::QueryTexts(const QString& statement, QStringList& out) {
+    out.clear();
+    if (!Query(statement)) return false;
+    while (!m_manager.IsEOF()) {
+        out.append(m_manager.m_recordset->GetFieldValueString(0));
+        if (!m_manager.MoveNext()) return Fail(Text::NextRecordFailed, {});
+    }
+    m_manager.CloseQuery();
+    return true;
+}
+
 bool CRecordStore::TakeRecord(CVORec& record, bool advance, Text failure) {
     m_lastError = 0;
     bool found = false;
@@ -119,6 +130,11 @@ bool CRecordStore::DeleteRecord(RecordKind kind, const QString& id) {
 bool CRecordStore::Commit() {
     m_lastError = 0;
     return m_manager.Update() || Fail(Text::CommitFailed, {});
+}
+
+bool CRecordStore::BeginBatch() {
+    m_lastError = 0;
+    return m_manager.BeginBatch() || Fail(Text::CommitFailed, {});
 }
 
 bool CRecordStore::IsEOF() const {

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 class CPrompt;
@@ -18,6 +19,8 @@ class CRecordStore {
     std::int32_t m_lastError = 0;
 
     [[nodiscard]] bool Query(const QString& statement);
+    /// The first column of all rows, as texts.
+    [[nodiscard]] bool QueryTexts(const QString& statement, QStringList& out);
     /// The next row of the query; false with m_lastError 0 after the last one.
     [[nodiscard]] bool NextRecord(CVORec& record, QString& id, bool advance);
     [[nodiscard]] bool ReadRecord(CVORec& record, const QString& id);
@@ -28,6 +31,8 @@ class CRecordStore {
     [[nodiscard]] bool InsertRecord(const CVORec& record, bool noCommit);
     [[nodiscard]] bool DeleteRecord(RecordKind kind, const QString& id);
     [[nodiscard]] bool Commit();
+    /// Opens one transaction for a batch: what follows, deletes included, is durable with Commit.
+    [[nodiscard]] bool BeginBatch();
     [[nodiscard]] bool IsEOF() const;
     [[nodiscard]] bool MoveNext();
 

@@ -13,8 +13,20 @@ void DecimalField::Set(float v) {
     isSet = true;
 }
 
+void DecimalField::Reset() {
+    value = 0.0F;
+    text.clear();
+    isSet = false;
+}
+
 void DecimalField::Copy(const DecimalField& source) {
     Set(source.value);
+}
+
+bool DecimalField::GetMoney(float& out) const {
+    const bool isPresent = value != kNone;
+    out = isPresent ? value : 0.0F;
+    return isPresent;
 }
 
 void RecordDate::Reset() {
@@ -42,9 +54,7 @@ SpanField::SpanField() {
 void SpanField::Reset() {
     hours = -1;
     minutes = -1;
-    decimal.value = 0.0F;
-    decimal.isSet = false;
-    decimal.text.clear();
+    decimal.Reset();
     clockText = NoTimeText();
 }
 

@@ -48,7 +48,7 @@ int COptionsDelegate::ValueWidth(const QFontMetrics& metrics) const {
     int width = 0;
     for (const OptionRow& row : OptionRows())
         if (row.kind == OptionKind::Choice)
-            for (const OptionChoice& choice : row.choices)
+            for (const ValueChoice& choice : row.choices)
                 width = qMax(width, metrics.horizontalAdvance(LoadText(choice.text)));
     return width + 2 * metrics.height() + kFormSpace;
 }
@@ -117,7 +117,7 @@ bool COptionsDelegate::editorEvent(QEvent* event, QAbstractItemModel*, const QSt
 
 QWidget* COptionsDelegate::MakeChoice(QWidget* parent, const QModelIndex& source) const {
     auto* box = new QComboBox(parent);
-    for (const OptionChoice& choice : m_model.RowOf(source)->choices)
+    for (const ValueChoice& choice : m_model.RowOf(source)->choices)
         box->addItem(LoadText(choice.text), choice.value);
     auto* self = const_cast<COptionsDelegate*>(this);
     connect(box, &QComboBox::activated, self, [self, box] { Q_EMIT self->commitData(box); });

@@ -36,10 +36,10 @@ QRegularExpression AllWords(const QString& words) {
 
 }  // namespace
 
-COptionsDialog::COptionsDialog(CCfgStore& settings, QWidget* parent)
+COptionsDialog::COptionsDialog(CCfgStore& settings, const CColumnNames* names, QWidget* parent)
     : QDialog(parent),
       m_settings(settings),
-      m_model(new COptionsModel(this)),
+      m_model(new COptionsModel(names, this)),
       m_proxy(new QSortFilterProxyModel(this)) {
     setObjectName(QStringLiteral("optionsDialog"));
     setWindowTitle(LoadText(Text::OptionsTitle));
@@ -128,8 +128,8 @@ void COptionsDialog::done(int result) {
     QDialog::done(result);
 }
 
-bool RunOptionsDialog(QWidget* parent, CCfgStore& settings, CPrompt& prompt) {
-    COptionsDialog dialog(settings, parent);
+bool RunOptionsDialog(QWidget* parent, CCfgStore& settings, CPrompt& prompt, const CColumnNames* names) {
+    COptionsDialog dialog(settings, names, parent);
     if (dialog.exec() != QDialog::Accepted) return false;
     bool isSaved = true;
     for (const int index : dialog.Changed()) isSaved = settings.SaveValue(index) && isSaved;

@@ -4,6 +4,7 @@
 #include <vector>
 
 class CCfgStore;
+class CColumnNames;
 class COptionsModel;
 class CPrompt;
 class QLabel;
@@ -16,7 +17,9 @@ class COptionsDialog final : public QDialog {
     Q_OBJECT
 
  public:
-    explicit COptionsDialog(CCfgStore& settings, QWidget* parent = nullptr);
+    /// names: what the fields of records are called; null: as by default.
+    explicit COptionsDialog(CCfgStore& settings, const CColumnNames* names = nullptr,
+                            QWidget* parent = nullptr);
     ~COptionsDialog() override;
 
     /// Puts the values shown into the settings in memory.
@@ -44,4 +47,5 @@ class COptionsDialog final : public QDialog {
 
 /// Lets the user change the settings; true when accepted. Saved then, and the user told when that fails; the
 /// caller refreshes what shows them.
-[[nodiscard]] bool RunOptionsDialog(QWidget* parent, CCfgStore& settings, CPrompt& prompt);
+[[nodiscard]] bool RunOptionsDialog(QWidget* parent, CCfgStore& settings, CPrompt& prompt,
+                                    const CColumnNames* names = nullptr);

@@ -1,39 +1,43 @@
 #include "shell/COptionsModel.h"
 
+#include "app/FieldLabels.h"
 #include "lang/LoadText.h"
 
 #include <QStringList>
-#include <algorithm>
 
 namespace {
 
-/// The words of a value; none for a number that is no choice, such as a stored rounding type of 1.
-QString ChoiceText(const OptionRow& row, std::int64_t value) {
-    if (row.kind == OptionKind::Number) return QString::number(value);
-    const auto found = std::find_if(row.choices.begin(), row.choices.end(),
-                                    [value](const OptionChoice& choice) { return choice.value == value; });
-    return found == row.choices.end() ? QString() : LoadText(found->text);
+/// A field that its names leave without one has its default name.
+QString LabelOf(const OptionRow& row, const CColumnNames* names) {
+    if (row.field == 0) return LoadText(row.text);
+    const QString own = names ? names->ColumnName(row.field) : QString();
+    return own.isEmpty() ? FieldLabels::Default(row.field) : own;
 }
 
-QString WordsOf(const OptionRow& row) {
-    QStringList words{LoadText(row.text)};
-    for (const OptionChoice& choice : row.choices) words << LoadText(choice.text);
+QString ValueText(const OptionRow& row, std::int64_t value) {
+    return row.kind == OptionKind::Number ? QString::number(value) : TextOf(row.choices, value);
+}
+
+QString ChoiceWords(const OptionRow& row) {
+    QStringList words;
+    for (const ValueChoice& choice : row.choices) words << LoadText(choice.text);
     return words.join(QLatin1Char(' '));
 }
 
 }  // namespace
 
-COptionsModel::COptionsModel(QObject* parent) : QStandardItemModel(0, 2, parent) {
+COptionsModel::COptionsModel(const CColumnNames* names, QObject* parent) : QStandardItemModel(0, 2, parent) {
     std::vector<QStandardItem*> parents{invisibleRootItem()};
     std::vector<QString> words{QString()};
     for (const OptionRow& row : OptionRows()) {
         const auto depth = static_cast<std::size_t>(row.depth);
         parents.resize(depth + 1);
         words.resize(depth + 1);
-        // A group is found by its own words alone, a leaf by those of its groups and its choices too.
+        const QString label = LabelOf(row, names);
+        // A row is found by its words, those of its groups and those of its choices.
         const bool isGroup = row.kind == OptionKind::Group;
-        const QString own = words.back() + QLatin1Char(' ') + (isGroup ? LoadText(row.text) : WordsOf(row));
-        QStandardItem* item = AddRow(*parents.back(), LoadText(row.text), own);
+        const QString own = QStringList{words.back(), label, ChoiceWords(row)}.join(QLatin1Char(' '));
+        QStandardItem* item = AddRow(*parents.back(), label, own);
         if (!isGroup) AddOption(row, *item);
         parents.push_back(item);
         words.push_back(own);
@@ -60,7 +64,7 @@ void COptionsModel::AddOption(const OptionRow& row, QStandardItem& words) {
     value->setEditable(row.kind == OptionKind::Choice || row.kind == OptionKind::Number);
     value->setAccessibleText(words.text());
     if (row.kind == OptionKind::Radios) {
-        for (const OptionChoice& choice : row.choices) {
+        for (const ValueChoice& choice : row.choices) {
             QStandardItem* leaf = AddRow(words, LoadText(choice.text), words.data(WordsRole).toString());
             mark(*leaf);
             leaf->setData(choice.value, RadioRole);
@@ -94,7 +98,7 @@ void COptionsModel::Show(const Option& option) {
         QStandardItem* leaf = option.words->child(i);
         leaf->setCheckState(stateOf(leaf->data(RadioRole).toLongLong() == option.edited));
     }
-    if (option.value->isEditable()) option.value->setText(ChoiceText(*option.row, option.edited));
+    if (option.value->isEditable()) option.value->setText(ValueText(*option.row, option.edited));
 }
 
 std::optional<std::size_t> COptionsModel::PlaceOf(const QModelIndex& index) const {

@@ -7,13 +7,16 @@
 #include <optional>
 #include <vector>
 
+class CColumnNames;
+
 /// The tree of options with the values as edited, apart from the settings until they are stored. Column 0 has
 /// the words and the state of check boxes and radio buttons, column 1 the values that are chosen or typed.
 class COptionsModel final : public QStandardItemModel {
     Q_OBJECT
 
  public:
-    explicit COptionsModel(QObject* parent = nullptr);
+    /// names: what the fields of records are called; null: as by default.
+    explicit COptionsModel(const CColumnNames* names, QObject* parent = nullptr);
 
     /// What an index of column 0 or 1 stands for.
     enum Role {

@@ -2,10 +2,10 @@
 
 #include "lang/LoadText.h"
 #include "shell/FormRows.h"
+#include "shell/PopupPlace.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QScreen>
 #include <QToolButton>
 
 namespace {
@@ -29,29 +29,12 @@ const StepKey* FindStep(const QKeyEvent& event) {
     return nullptr;
 }
 
-bool OpensPopup(const QKeyEvent& event) {
-    const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
-    return (event.key() == Qt::Key_Down && modifiers == Qt::AltModifier) ||
-           (event.key() == Qt::Key_F4 && modifiers == Qt::NoModifier);
-}
-
 /// Whether a key would change the text.
 bool Changes(const QKeyEvent& event) {
     if (event.matches(QKeySequence::Paste) || event.matches(QKeySequence::Cut)) return true;
     if (event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete) return true;
     const bool isCommand = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     return !isCommand && !event.text().isEmpty() && event.text().front().isPrint();
-}
-
-/// Below the field, or above where there is no room below.
-QPoint PlaceFor(const QWidget& popup, const QWidget& field) {
-    const QRect room = field.screen()->availableGeometry();
-    const QSize size = popup.sizeHint();
-    QPoint place = field.mapToGlobal(QPoint(0, field.height()));
-    if (place.y() + size.height() > room.bottom())
-        place.setY(field.mapToGlobal(QPoint()).y() - size.height());
-    place.setX(qMax(room.left(), qMin(place.x(), room.right() - size.width())));
-    return place;
 }
 
 }  // namespace
@@ -92,11 +75,7 @@ void CPickEdit::OpenPopup() {
         return;
     }
     setFocus(Qt::PopupFocusReason);
-    QWidget* popup = MakePopup();
-    popup->setAttribute(Qt::WA_DeleteOnClose);
-    popup->ensurePolished();
-    popup->move(PlaceFor(*popup, *this));
-    popup->show();
+    ShowPopup(*MakePopup(), *this);
 }
 
 void CPickEdit::keyPressEvent(QKeyEvent* event) {

@@ -1,50 +1,46 @@
 #pragma once
 
+#include "shell/core/PadState.h"
+
 #include <QFrame>
-#include <QStringList>
 
 class CMnemonics;
-class QHBoxLayout;
+class QLabel;
 class QPushButton;
-class QTableWidget;
+class QVBoxLayout;
 
-/// A small popup with hours and minutes in two grids: arrows move, Tab changes the grid, Return takes, Escape
-/// and a click elsewhere leave all as it was. With the mouse a minute, or a double click on an hour, ends the
-/// choice.
-class CPickPopup final : public QFrame {
+/// The frame of a popup in which something is picked: the heir's pad above a row of buttons. Return accepts
+/// or presses the button that has the focus; Escape and a click elsewhere leave all as it was.
+class CPickPopup : public QFrame {
     Q_OBJECT
 
  public:
-    struct Choice {
-        QStringList hours;  ///< 24 captions, from 0
-        int step = 5;       ///< minutes from one choice to the next
-        int hour = 0;       ///< at the start
-        int minute = 0;     ///< may lie between two choices; it is kept then until one is taken
-        bool hasNow = false;
-    };
-    CPickPopup(const Choice& choice, QWidget* parent);
+    explicit CPickPopup(QWidget* parent);
 
  Q_SIGNALS:
-    void Picked(int hour, int minute);
-    void Cleared();
-    void NowWanted();
+    /// The choice stands in the scratch record.
+    void Accepted();
 
  protected:
     void keyPressEvent(QKeyEvent* event) override;
-    [[nodiscard]] bool eventFilter(QObject* watched, QEvent* event) override;
+    /// A command of the pad by its number.
+    virtual PadState Press(int id) = 0;
+    /// Presses and closes when that ended the choice.
+    void Run(int id);
+
+    struct Button {
+        const char* name;
+        QString caption;
+        int id;
+    };
+    /// Buttons in a row; the last one stands apart at its end.
+    void AddButtons(std::initializer_list<Button> buttons, CMnemonics& mnemonics);
+    [[nodiscard]] QPushButton* MakeButton(const Button& button, CMnemonics& mnemonics);
+    /// A caption above a part of the pad, with a letter that leads to it.
+    [[nodiscard]] static QLabel* MakeLabel(const QString& caption, QWidget& part, const QString& name,
+                                           CMnemonics& mnemonics);
+    [[nodiscard]] QVBoxLayout& Column() { return *m_column; }
 
  private:
-    [[nodiscard]] QTableWidget* AddGrid(const QString& name, const QString& caption, const QStringList& cells,
-                                        CMnemonics& mnemonics);
-    void BuildGrids(const Choice& choice, CMnemonics& mnemonics);
-    QPushButton* AddButton(QHBoxLayout& row, const QString& name, const QString& caption,
-                           CMnemonics& mnemonics);
-    void BuildButtons(QHBoxLayout& row, bool hasNow, CMnemonics& mnemonics);
-    void Finish();
-
-    QTableWidget* m_hours = nullptr;
-    QTableWidget* m_minutes = nullptr;
-    int m_step;
-    int m_hour;
-    int m_minute;
+    QVBoxLayout* m_column;
 };

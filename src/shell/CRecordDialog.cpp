@@ -1,13 +1,14 @@
 #include "shell/CRecordDialog.h"
 
 #include "config/CCfgStore.h"
+#include "entry/CCatalogueKeeper.h"
+#include "entry/KeepInLists.h"
 #include "entry/TimeEntryRules.h"
 #include "lang/LoadText.h"
-#include "platform/CPrompt.h"
 #include "shell/CDateEdit.h"
 #include "shell/CMnemonics.h"
+#include "shell/CNotesPage.h"
 #include "shell/CRecordDialogEntry.h"
-#include "shell/CRecordDialogNotes.h"
 #include "shell/CRecordDialogTime.h"
 #include "shell/CRecordDraft.h"
 #include "shell/CTimerPanelWidget.h"
@@ -16,7 +17,6 @@
 #include "timers/CRecordTimers.h"
 
 #include <QDialogButtonBox>
-#include <QShortcut>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -26,6 +26,7 @@ QString SizeSection() {
     return QStringLiteral("RecordDialog");
 }
 constexpr QSize kUsualSize{560, 420};
+constexpr int kNotesName = 116;
 
 }  // namespace
 
@@ -58,8 +59,8 @@ void CRecordDialog::BuildPages() {
     column->addWidget(m_pages);
     m_timer = new CTimerPanelWidget(*m_draft, m_around, mnemonics);
     m_time = new CRecordDialogTime(*m_draft, m_around, mnemonics);
-    m_entry = new CRecordDialogEntry(*m_draft, mnemonics);
-    m_notes = new CRecordDialogNotes;
+    m_entry = new CRecordDialogEntry(*m_draft, m_around, mnemonics);
+    m_notes = new CNotesPage(RecordDialogParts::LabelOf(m_around.catalogue, kNotesName));
     m_pages->addTab(m_time, time);
     m_pages->addTab(m_entry, entry);
     m_pages->addTab(m_notes, notes);
@@ -81,9 +82,7 @@ void CRecordDialog::Wire() {
     connect(m_timer, &CTimerPanelWidget::StateChanged, m_time, &CRecordDialogTime::LockTimes);
     // A page that was called by its tab or its mnemonic has the focus in its first field.
     connect(m_pages, &QTabWidget::currentChanged, this, [this] { m_pages->currentWidget()->setFocus(); });
-    for (const auto key : {Qt::Key_Return, Qt::Key_Enter})
-        connect(new QShortcut(QKeySequence(Qt::CTRL | key), this), &QShortcut::activated, this,
-                &CRecordDialog::accept);
+    RecordDialogParts::AcceptByCtrlReturn(*this);
 }
 
 void CRecordDialog::SetDraft(const CTRecord& record) {
@@ -91,6 +90,7 @@ void CRecordDialog::SetDraft(const CTRecord& record) {
     m_time->ShowRecord();
     m_entry->ShowRecord();
     m_notes->SetNotes(record.notes);
+    m_timer->setVisible(!record.GetId().isEmpty());
     m_timer->Open();
     m_pages->setCurrentWidget(m_time);
     m_time->setFocus();
@@ -107,15 +107,9 @@ void CRecordDialog::ShowTimes() {
 }
 
 void CRecordDialog::Refuse(CPickEdit& field, int textId, const QString& why) {
-    MessageBox box;
-    box.textId = textId;
-    box.title = LoadText(Text::CheckEntryTitle);
-    box.text = why;
-    box.icon = BoxIcon::Warning;
-    m_around.prompt.Tell(box);
+    RecordDialogParts::TellRefused(m_around.prompt, textId, why);
     m_pages->setCurrentWidget(m_time);
-    field.setFocus();
-    field.selectAll();
+    RecordDialogParts::AskAgain(field);
 }
 
 bool CRecordDialog::TypingIsReadable() {
@@ -133,8 +127,10 @@ void CRecordDialog::accept() {
     if (!TypingIsReadable()) return;
     // The last count first, so that the page accepted shows what belongs to it.
     m_timer->Close();
-    m_draft->Change([this](CTRecord& record) {
-        TimeEntryRules::AcceptEntryPage(record, m_entry->Page());
+    CCatalogueKeeper lists(m_around.catalogue);
+    const KeepInLists keep(m_around.settings, lists);
+    m_draft->Change([this, &keep](CTRecord& record) {
+        TimeEntryRules::AcceptEntryPage(record, m_entry->Page(), keep);
         record.notes = m_notes->GetNotes();
     });
     KeepDialogSize(*this, m_around.settings.Profile(), SizeSection());

@@ -1,31 +1,17 @@
 #pragma once
 
 #include "records/CTRecord.h"
+#include "shell/RecordDialogParts.h"
 
 #include <QDialog>
 #include <memory>
 
-class CCfgStore;
-class CClock;
-class CPickEdit;
-class CPrompt;
+class CNotesPage;
 class CRecordDialogEntry;
-class CRecordDialogNotes;
 class CRecordDialogTime;
 class CRecordDraft;
-class CRecordTimers;
 class CTimerPanelWidget;
-class CVelmarchDoc;
 class QTabWidget;
-
-/// What the record dialog needs from outside. All must outlive it.
-struct RecordDialogSurroundings {
-    CVelmarchDoc& document;
-    CRecordTimers& timers;
-    CCfgStore& settings;
-    CPrompt& prompt;
-    const CClock& clock;
-};
 
 /// Edits one time record on three pages, Time, Entry and Notes, with its timer in sight on each. It carries
 /// what is entered to the rules of entry and shows what they made of it; the store is the caller's affair.
@@ -36,7 +22,8 @@ class CRecordDialog final : public QDialog {
     CRecordDialog(const RecordDialogSurroundings& around, QWidget* parent = nullptr);
     ~CRecordDialog() override;
 
-    /// Shows a record. Its identity tells which timer is meant; a new record has one already.
+    /// Shows a record. Its identity tells which timer is meant; a new record has one already. One without an
+    /// identity, a stored default, can't have a timer.
     void SetDraft(const CTRecord& record);
     /// The record as edited, once the dialog was accepted.
     [[nodiscard]] const CTRecord& GetDraft() const;
@@ -58,7 +45,7 @@ class CRecordDialog final : public QDialog {
     QTabWidget* m_pages = nullptr;
     CRecordDialogTime* m_time = nullptr;
     CRecordDialogEntry* m_entry = nullptr;
-    CRecordDialogNotes* m_notes = nullptr;
+    CNotesPage* m_notes = nullptr;
     CTimerPanelWidget* m_timer = nullptr;
 };
 

@@ -1,61 +1,44 @@
 #include "shell/CRecordDialogEntry.h"
 
+#include "app/ListTable.h"
+#include "config/CCfgStore.h"
 #include "lang/LoadText.h"
+#include "shell/CItemCombo.h"
 #include "shell/CMnemonics.h"
 #include "shell/CRecordDraft.h"
 #include "shell/FormRows.h"
+#include "shell/RecordDialogParts.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
-#include <QLabel>
-#include <QLineEdit>
 #include <iterator>
 
 namespace {
 
-/// The longest text of a column of the store.
-constexpr int kMostCharacters = 255;
-
+/// An item: the number of its name, its list, where the record and the accepted page have it.
 struct ItemRow {
-    Text label;
-    QString CTRecord::*field;
+    int field;
+    int list;
+    QString CTRecord::*value;
     QString TimeEntryRules::EntryPage::*entered;
 };
 constexpr ItemRow kItems[] = {
-    {Text::FieldClient, &CTRecord::item1, &TimeEntryRules::EntryPage::item1},
-    {Text::FieldProject, &CTRecord::item2, &TimeEntryRules::EntryPage::item2},
-    {Text::FieldActivity, &CTRecord::item3, &TimeEntryRules::EntryPage::item3},
-    {Text::FieldCostCentre, &CTRecord::item4, &TimeEntryRules::EntryPage::item4},
-    {Text::FieldCurrency, &CTRecord::item5, &TimeEntryRules::EntryPage::item5},
+    {109, ListId::kClient, &CTRecord::item1, &TimeEntryRules::EntryPage::item1},
+    {110, ListId::kProject, &CTRecord::item2, &TimeEntryRules::EntryPage::item2},
+    {111, ListId::kTimeItem3, &CTRecord::item3, &TimeEntryRules::EntryPage::item3},
+    {112, ListId::kTimeItem4, &CTRecord::item4, &TimeEntryRules::EntryPage::item4},
+    {114, ListId::kItem5, &CTRecord::item5, &TimeEntryRules::EntryPage::item5},
 };
-
-QLineEdit* AddLine(QGridLayout& form, const QString& label, const QString& name, CMnemonics& mnemonics) {
-    auto* line = new QLineEdit;
-    line->setMaxLength(kMostCharacters);
-    const int row = form.rowCount();
-    AddLabel(form, row, label, *line, name, mnemonics);
-    form.addWidget(line, row, 1);
-    return line;
-}
-
-/// Labels that users name themselves may leave few letters to share.
-void PlanMnemonics(CMnemonics& mnemonics) {
-    QStringList texts;
-    for (const ItemRow& row : kItems) texts << LoadText(row.label);
-    for (const Text text : {Text::FieldBillable, Text::FieldRate, Text::FieldAmount, Text::FieldBilled})
-        texts << LoadText(text);
-    mnemonics.Plan(texts);
-}
-
-/// A field cuts a pasted text at its limit, through the middle of a character beyond the basic plane if it
-/// must be.
-QString WholeCharacters(const QString& text) {
-    return text.isEmpty() || !text.back().isHighSurrogate() ? text : text.chopped(1);
-}
+constexpr int kRateName = 113;
+constexpr int kAmountName = 115;
+constexpr int kBillableName = 117;
+constexpr int kBilledName = 118;
 
 }  // namespace
 
-CRecordDialogEntry::CRecordDialogEntry(CRecordDraft& draft, CMnemonics mnemonics) : m_draft(draft) {
+CRecordDialogEntry::CRecordDialogEntry(CRecordDraft& draft, const RecordDialogSurroundings& around,
+                                       CMnemonics mnemonics)
+    : m_draft(draft), m_around(around), m_fields(around.catalogue, RecordMode::Time, around.settings) {
     setObjectName(QStringLiteral("entryPage"));
     auto* form = new QGridLayout(this);
     form->setSpacing(kFormSpace);
@@ -69,33 +52,46 @@ CRecordDialogEntry::CRecordDialogEntry(CRecordDraft& draft, CMnemonics mnemonics
     Wire();
 }
 
+QString CRecordDialogEntry::LabelOf(int field) const {
+    return RecordDialogParts::LabelOf(m_around.catalogue, field);
+}
+
+/// Labels that users name themselves may leave few letters to share.
+void CRecordDialogEntry::PlanMnemonics(CMnemonics& mnemonics) const {
+    QStringList texts;
+    for (const ItemRow& row : kItems) texts << LabelOf(row.field);
+    for (const int field : {kBillableName, kRateName, kAmountName, kBilledName}) texts << LabelOf(field);
+    mnemonics.Plan(texts);
+}
+
 void CRecordDialogEntry::AddItems(QGridLayout& form, CMnemonics& mnemonics) {
     for (std::size_t i = 0; i < std::size(kItems); ++i)
-        m_items[i] =
-            AddLine(form, LoadText(kItems[i].label), QStringLiteral("item%1Field").arg(i + 1), mnemonics);
+        m_items[i] = m_fields.AddRow(form, kItems[i].list, LabelOf(kItems[i].field),
+                                     QStringLiteral("item%1Field").arg(i + 1), mnemonics);
 }
 
 void CRecordDialogEntry::AddMoney(QGridLayout& form, CMnemonics& mnemonics) {
-    m_billable = MakeCheckBox(LoadText(Text::FieldBillable), QStringLiteral("billableBox"), mnemonics);
+    m_billable = MakeCheckBox(LabelOf(kBillableName), QStringLiteral("billableBox"), mnemonics);
     form.addWidget(m_billable, form.rowCount(), 1);
-    m_rate = AddLine(form, LoadText(Text::FieldRate), QStringLiteral("rateField"), mnemonics);
-    m_amount = AddLine(form, LoadText(Text::FieldAmount), QStringLiteral("amountField"), mnemonics);
-    m_billed = MakeCheckBox(LoadText(Text::FieldBilled), QStringLiteral("billedBox"), mnemonics);
+    m_rate =
+        m_fields.AddRow(form, ListId::kTimeRate, LabelOf(kRateName), QStringLiteral("rateField"), mnemonics);
+    m_amount = m_fields.AddRow(form, ListId::kAmount, LabelOf(kAmountName), QStringLiteral("amountField"),
+                               mnemonics);
+    m_billed = MakeCheckBox(LabelOf(kBilledName), QStringLiteral("billedBox"), mnemonics);
     form.addWidget(m_billed, form.rowCount(), 1);
 }
 
 void CRecordDialogEntry::Wire() {
-    connect(m_rate, &QLineEdit::textEdited, this, [this] { Enter(*m_rate, &TimeEntryRules::EnterRate); });
-    connect(m_amount, &QLineEdit::textEdited, this,
-            [this] { Enter(*m_amount, &TimeEntryRules::EnterAmount); });
+    connect(m_rate, &CItemCombo::Edited, this, [this] { Enter(*m_rate, &TimeEntryRules::EnterRate); });
+    connect(m_amount, &CItemCombo::Edited, this, [this] { Enter(*m_amount, &TimeEntryRules::EnterAmount); });
     connect(m_billable, &QCheckBox::clicked, this, &CRecordDialogEntry::SwitchBillable);
 }
 
 /// An empty field isn't marked: it changes nothing now either, and is saved as no value.
-void CRecordDialogEntry::Enter(QLineEdit& typed, EnterMoney rule) {
+void CRecordDialogEntry::Enter(CItemCombo& typed, EnterMoney rule) {
     bool isRead = false;
-    m_draft.Change([&](CTRecord& record) { isRead = rule(record, typed.text()); });
-    MarkUnreadable(typed, !isRead && !typed.text().isEmpty(), LoadText(Text::NumberUnreadable));
+    m_draft.Change([&](CTRecord& record) { isRead = rule(record, typed.Text()); });
+    MarkUnreadable(*typed.lineEdit(), !isRead && !typed.Text().isEmpty(), LoadText(Text::NumberUnreadable));
     if (!isRead) return;
     ShowMoney(&typed);
     Q_EMIT Changed();
@@ -109,11 +105,11 @@ void CRecordDialogEntry::SwitchBillable(bool isBillable) {
     Q_EMIT Changed();
 }
 
-void CRecordDialogEntry::ShowMoney(const QLineEdit* typed) {
-    const auto show = [typed](QLineEdit& line, const QString& text) {
-        if (&line == typed) return;
-        line.setText(text);
-        MarkUnreadable(line, false, {});
+void CRecordDialogEntry::ShowMoney(const CItemCombo* typed) {
+    const auto show = [typed](CItemCombo& field, const QString& text) {
+        if (&field == typed) return;
+        field.ShowText(text);
+        MarkUnreadable(*field.lineEdit(), false, {});
     };
     show(*m_rate, m_draft.Record().GetRateText());
     show(*m_amount, m_draft.Record().GetAmountText());
@@ -121,8 +117,8 @@ void CRecordDialogEntry::ShowMoney(const QLineEdit* typed) {
 
 void CRecordDialogEntry::ShowComputed() {
     const CTRecord& record = m_draft.Record();
-    if (record.amountIsDerived) m_amount->setText(record.GetAmountText());
-    if (record.rateIsDerived) m_rate->setText(record.GetRateText());
+    if (record.amountIsDerived) m_amount->ShowText(record.GetAmountText());
+    if (record.rateIsDerived) m_rate->ShowText(record.GetRateText());
 }
 
 void CRecordDialogEntry::ShowEnabled() {
@@ -133,7 +129,7 @@ void CRecordDialogEntry::ShowEnabled() {
 
 void CRecordDialogEntry::ShowRecord() {
     const CTRecord& record = m_draft.Record();
-    for (std::size_t i = 0; i < std::size(kItems); ++i) m_items[i]->setText(record.*kItems[i].field);
+    for (std::size_t i = 0; i < std::size(kItems); ++i) m_items[i]->ShowText(record.*kItems[i].value);
     m_billable->setChecked(record.isBillable);
     m_billed->setChecked(record.isBilled);
     ShowMoney(nullptr);
@@ -142,10 +138,9 @@ void CRecordDialogEntry::ShowRecord() {
 
 TimeEntryRules::EntryPage CRecordDialogEntry::Page() const {
     TimeEntryRules::EntryPage page;
-    for (std::size_t i = 0; i < std::size(kItems); ++i)
-        page.*kItems[i].entered = WholeCharacters(m_items[i]->text());
-    page.rate = m_rate->text();
-    page.amount = m_amount->text();
+    for (std::size_t i = 0; i < std::size(kItems); ++i) page.*kItems[i].entered = m_items[i]->Text();
+    page.rate = m_rate->Text();
+    page.amount = m_amount->Text();
     page.isBillable = m_billable->isChecked();
     page.isBilled = m_billed->isChecked();
     return page;

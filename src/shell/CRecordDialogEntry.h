@@ -1,22 +1,25 @@
 #pragma once
 
 #include "entry/TimeEntryRules.h"
+#include "shell/CItemFields.h"
 
 #include <QWidget>
 #include <array>
 
+class CItemCombo;
 class CMnemonics;
 class CRecordDraft;
 class QCheckBox;
 class QGridLayout;
-class QLineEdit;
+struct RecordDialogSurroundings;
 
-/// The page with the five items, the money and the flags. Rate and amount follow one another while typing.
+/// The page with the five items, the money and the flags, called as the user calls them. Rate and amount
+/// follow one another while typing.
 class CRecordDialogEntry final : public QWidget {
     Q_OBJECT
 
  public:
-    CRecordDialogEntry(CRecordDraft& draft, CMnemonics mnemonics);
+    CRecordDialogEntry(CRecordDraft& draft, const RecordDialogSurroundings& around, CMnemonics mnemonics);
 
     /// Shows all of a record that has just come.
     void ShowRecord();
@@ -34,16 +37,20 @@ class CRecordDialogEntry final : public QWidget {
 
     void AddItems(QGridLayout& form, CMnemonics& mnemonics);
     void AddMoney(QGridLayout& form, CMnemonics& mnemonics);
+    [[nodiscard]] QString LabelOf(int field) const;
+    void PlanMnemonics(CMnemonics& mnemonics) const;
     void Wire();
-    void Enter(QLineEdit& typed, EnterMoney rule);
+    void Enter(CItemCombo& typed, EnterMoney rule);
     void SwitchBillable(bool isBillable);
-    void ShowMoney(const QLineEdit* typed);
+    void ShowMoney(const CItemCombo* typed);
     void ShowEnabled();
 
     CRecordDraft& m_draft;
-    std::array<QLineEdit*, 5> m_items{};
+    const RecordDialogSurroundings& m_around;
+    CItemFields m_fields;
+    std::array<CItemCombo*, 5> m_items{};
     QCheckBox* m_billable = nullptr;
-    QLineEdit* m_rate = nullptr;
-    QLineEdit* m_amount = nullptr;
+    CItemCombo* m_rate = nullptr;
+    CItemCombo* m_amount = nullptr;
     QCheckBox* m_billed = nullptr;
 };

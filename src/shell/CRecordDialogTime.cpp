@@ -1,18 +1,17 @@
 #include "shell/CRecordDialogTime.h"
 
-#include "calendar/CalendarMath.h"
+#include "app/CVelmarchApp.h"
 #include "config/CCfgStore.h"
 #include "entry/TimeEntryRules.h"
 #include "lang/FormatText.h"
-#include "platform/CPrompt.h"
 #include "records/CTRecord.h"
 #include "shell/CDateEdit.h"
 #include "shell/CMnemonics.h"
-#include "shell/CRecordDialog.h"
 #include "shell/CSpanEdit.h"
 #include "shell/CTimeEdit.h"
 #include "shell/FormRows.h"
 #include "shell/SettingSwitch.h"
+#include "shell/core/SpanPad.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -21,6 +20,7 @@
 
 /// A time of day: where the record has it, what rounds it, which rule takes it.
 struct CRecordDialogTime::TimeRow {
+    TimeField field;
     const char* name;
     Text label;
     std::int32_t Settings::*roundType;
@@ -39,24 +39,11 @@ struct CRecordDialogTime::SpanRow {
 
 namespace {
 
-constexpr int kUsualStep = 5;
+using namespace RecordDialogParts;
 
 /// The steps of a field are those of its rounding, if it is rounded at all.
 int StepOf(int roundType, int roundMinutes) {
-    return roundType != 0 && roundMinutes >= 1 ? std::min(roundMinutes, 60) : kUsualStep;
-}
-
-/// Regional values as the fields need them: the setting decides between 12 and 24 hours.
-CRegionalInfo FieldRegion(const CCfgStore& settings) {
-    CRegionalInfo region = settings.Region();
-    region.is24Hour = settings.clock24;
-    return region;
-}
-
-std::optional<DateTimeVal> DayOf(const CTRecord& record) {
-    DateTimeVal day;
-    if (!record.date.IsSet() || !day.SetDate(record.date.month, record.date.day, record.date.year)) return {};
-    return day;
+    return std::min(PickStep(roundType, roundMinutes), 60);
 }
 
 std::optional<EnteredSpan> SpanOf(const SpanField& span) {
@@ -79,15 +66,15 @@ QString NetText(const SpanField& net) {
     return net.IsSet() ? FormatText<Text::NetWithHours>(net.clockText, net.decimal.text) : net.clockText;
 }
 
-QLabel* AddSum(QGridLayout& form, int row, Text caption, const char* name) {
+QLabel* AddSum(QGridLayout& form, int row, const QString& caption, const char* name) {
     constexpr int kSumColumn = 3;
-    form.addWidget(new QLabel(LoadText(caption)), row, kSumColumn);
+    form.addWidget(new QLabel(caption), row, kSumColumn);
     auto* value = new QLabel;
     QFont font = value->font();
     font.setBold(true);
     value->setFont(font);
     value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    NameWidget(*value, QString::fromLatin1(name), LoadText(caption));
+    NameWidget(*value, QString::fromLatin1(name), caption);
     form.addWidget(value, row, kSumColumn + 1);
     return value;
 }
@@ -96,7 +83,7 @@ QLabel* AddSum(QGridLayout& form, int row, Text caption, const char* name) {
 
 CRecordDialogTime::CRecordDialogTime(CRecordDraft& draft, const RecordDialogSurroundings& around,
                                      CMnemonics mnemonics)
-    : m_draft(draft), m_settings(around.settings), m_prompt(around.prompt), m_clock(around.clock) {
+    : m_draft(draft), m_around(around), m_settings(around.settings) {
     setObjectName(QStringLiteral("timePage"));
     auto* form = new QGridLayout(this);
     form->setSpacing(kFormSpace);
@@ -105,7 +92,7 @@ CRecordDialogTime::CRecordDialogTime(CRecordDraft& draft, const RecordDialogSurr
     form->setRowMinimumHeight(form->rowCount(), kFormSpace);
     AddSwitch(*form, "lockDurationOnTimeEdit", LoadText(Text::OptLockDuration), mnemonics);
     AddSwitch(*form, "accumulateOnReentry", LoadText(Text::OptAccumulate), mnemonics);
-    setFocusProxy(m_date);
+    setFocusProxy(m_day.edit);
     form->setColumnMinimumWidth(2, kFormSpace);
     form->setColumnStretch(1, 2);
     form->setColumnStretch(4, 3);
@@ -115,10 +102,10 @@ CRecordDialogTime::CRecordDialogTime(CRecordDraft& draft, const RecordDialogSurr
 void CRecordDialogTime::AddFields(QGridLayout& form, CMnemonics& mnemonics) {
     AddDate(form, mnemonics);
     const TimeRow times[] = {
-        {"startField", Text::LabelStart, &Settings::roundStartType, &Settings::roundStartMinutes,
-         &CTRecord::GetStart, &TimeEntryRules::EnterStart},
-        {"endField", Text::LabelEnd, &Settings::roundEndType, &Settings::roundEndMinutes, &CTRecord::GetEnd,
-         &TimeEntryRules::EnterEnd},
+        {TimeField::Start, "startField", Text::LabelStart, &Settings::roundStartType,
+         &Settings::roundStartMinutes, &CTRecord::GetStart, &TimeEntryRules::EnterStart},
+        {TimeField::End, "endField", Text::LabelEnd, &Settings::roundEndType, &Settings::roundEndMinutes,
+         &CTRecord::GetEnd, &TimeEntryRules::EnterEnd},
     };
     for (const TimeRow& row : times) AddTime(form, row, mnemonics);
     const SpanRow spans[] = {
@@ -129,19 +116,15 @@ void CRecordDialogTime::AddFields(QGridLayout& form, CMnemonics& mnemonics) {
 }
 
 void CRecordDialogTime::AddDate(QGridLayout& form, CMnemonics& mnemonics) {
-    m_date = new CDateEdit(FieldRegion(m_settings), m_clock, m_settings.firstDayOfWeek);
-    AddLabel(form, 0, LoadText(Text::LabelDate), *m_date, QStringLiteral("dateField"), mnemonics);
-    form.addWidget(m_date, 0, 1);
-    m_weekday = new QLabel;
-    NameWidget(*m_weekday, QStringLiteral("weekday"), LoadText(Text::LabelDate));
-    form.addWidget(m_weekday, 0, 3, 1, 2);
-    AddField({m_date, [this](const CTRecord& record) { m_date->SetDate(DayOf(record)); },
-              [this](CTRecord& record) { EnterDay(record, m_date->GetDate()); }, false});
+    m_day = AddDateRow(form, m_around, mnemonics);
+    AddField({m_day.edit, [this](const CTRecord& record) { m_day.edit->SetDate(DayOf(record.date)); },
+              [this](CTRecord& record) { EnterDay(record, m_day.edit->GetDate()); }, false});
 }
 
 void CRecordDialogTime::AddTime(QGridLayout& form, const TimeRow& row, CMnemonics& mnemonics) {
     const int step = StepOf(m_settings.*row.roundType, m_settings.*row.roundMinutes);
-    auto* edit = new CTimeEdit(FieldRegion(m_settings), m_clock, step);
+    auto* edit = new CTimeEdit(FieldRegion(m_settings),
+                               {row.field, *theClockEntry, m_around.clock, m_around.prompt}, step);
     const int place = form.rowCount();
     AddLabel(form, place, LoadText(row.label), *edit, QString::fromLatin1(row.name), mnemonics);
     form.addWidget(edit, place, 1);
@@ -161,7 +144,7 @@ void CRecordDialogTime::AddTime(QGridLayout& form, const TimeRow& row, CMnemonic
 
 void CRecordDialogTime::AddSpan(QGridLayout& form, const SpanRow& row, CMnemonics& mnemonics) {
     const int step = StepOf(m_settings.roundDurationType, m_settings.roundDurationMinutes);
-    auto* edit = new CSpanEdit(FieldRegion(m_settings), step);
+    auto* edit = new CSpanEdit(FieldRegion(m_settings), *theSpanEntry, step);
     const int place = form.rowCount();
     AddLabel(form, place, LoadText(row.label), *edit, QString::fromLatin1(row.name), mnemonics);
     form.addWidget(edit, place, 1);
@@ -176,14 +159,14 @@ void CRecordDialogTime::AddSpan(QGridLayout& form, const SpanRow& row, CMnemonic
 
 void CRecordDialogTime::AddSums(QGridLayout& form) {
     const int last = form.rowCount() - 1;
-    m_net = AddSum(form, last - 1, Text::LabelNet, "netTime");
-    m_money = AddSum(form, last, Text::LabelMoney, "moneySum");
+    m_net = AddSum(form, last - 1, LoadText(Text::LabelNet), "netTime");
+    m_money = AddSum(form, last, LabelOf(m_around.catalogue, 115), "moneySum");
 }
 
 void CRecordDialogTime::AddSwitch(QGridLayout& form, const char* settingName, const QString& text,
                                   CMnemonics& mnemonics) {
     QCheckBox* box =
-        MakeSettingSwitch(QString::fromLatin1(settingName), text, m_settings, m_prompt, mnemonics);
+        MakeSettingSwitch(QString::fromLatin1(settingName), text, m_settings, m_around.prompt, mnemonics);
     form.addWidget(box, form.rowCount(), 0, 1, form.columnCount());
     // What is being typed was tried under the old state; it holds as it stands.
     connect(box, &QCheckBox::clicked, this, &CRecordDialogTime::Settle);
@@ -222,15 +205,14 @@ void CRecordDialogTime::ShowRecord() {
     const CTRecord& record = m_draft.Record();
     for (const Field& field : m_fields)
         if (field.edit != m_typed && field.edit->IsReadable()) field.show(record);
-    const auto day = DayOf(record);
-    m_weekday->setText(day ? WeekdayName(DayOfWeek(day->month, day->day, day->year)) : QString());
+    ShowWeekday(m_day, record.date);
     m_net->setText(NetText(record.spans.effective));
     m_money->setText(record.GetAmountText());
 }
 
 void CRecordDialogTime::LockTimes(bool isLocked) {
     for (const Field& field : m_fields) {
-        if (field.edit == m_date || field.edit->IsLocked() == isLocked) continue;
+        if (field.edit == m_day.edit || field.edit->IsLocked() == isLocked) continue;
         field.edit->Lock(isLocked ? LoadText(Text::TimesDrivenByTimer) : QString());
         field.show(m_draft.Record());
     }

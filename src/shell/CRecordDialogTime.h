@@ -1,20 +1,10 @@
 #pragma once
 
 #include "shell/CRecordDraft.h"
+#include "shell/RecordDialogParts.h"
 
 #include <QWidget>
 #include <vector>
-
-class CClock;
-class CCfgStore;
-class CDateEdit;
-class CMnemonics;
-class CPickEdit;
-class CPrompt;
-class QCheckBox;
-class QGridLayout;
-class QLabel;
-struct RecordDialogSurroundings;
 
 /// The page with the day and the four linked quantities of a time record. Each key carries the entry to the
 /// rules and shows what they made of the others; the field itself takes its final form when the user moves
@@ -33,7 +23,7 @@ class CRecordDialogTime final : public QWidget {
     void LockTimes(bool isLocked);
     /// The first field whose text can't be read, null when all can.
     [[nodiscard]] CPickEdit* FirstUnreadable() const;
-    [[nodiscard]] CDateEdit* DateField() const { return m_date; }
+    [[nodiscard]] CDateEdit* DateField() const { return m_day.edit; }
 
  Q_SIGNALS:
     void Changed();     ///< the record's times or money changed
@@ -60,13 +50,11 @@ class CRecordDialogTime final : public QWidget {
     void Enter(std::size_t place);
 
     CRecordDraft& m_draft;
+    const RecordDialogSurroundings& m_around;
     CCfgStore& m_settings;
-    CPrompt& m_prompt;
-    const CClock& m_clock;
     std::vector<Field> m_fields;
     CPickEdit* m_typed = nullptr;  ///< what is entered there is not settled yet
-    CDateEdit* m_date = nullptr;
-    QLabel* m_weekday = nullptr;
+    RecordDialogParts::DateRow m_day;
     QLabel* m_net = nullptr;
     QLabel* m_money = nullptr;
 };

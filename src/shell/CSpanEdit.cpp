@@ -1,7 +1,7 @@
 #include "shell/CSpanEdit.h"
 
 #include "lang/FormatText.h"
-#include "shell/CPickPopup.h"
+#include "shell/CSpanPopup.h"
 #include "shell/core/TypedTimes.h"
 
 #include <algorithm>
@@ -14,17 +14,12 @@ QString TextOf(const EnteredSpan& span) {
     return FormatText<Text::SpanClock>(span.hours, span.minutes);
 }
 
-QStringList HourCaptions() {
-    QStringList captions;
-    for (int hour = 0; hour < 24; ++hour) captions << FormatText<Text::NumberGrid>(hour);
-    return captions;
-}
-
 }  // namespace
 
-CSpanEdit::CSpanEdit(const CRegionalInfo& region, int step, QWidget* parent)
+CSpanEdit::CSpanEdit(const CRegionalInfo& region, CTRecord& entry, int step, QWidget* parent)
     : CPickEdit(FormatText<Text::SpanForms>(QString(QChar(region.decimalChar))), parent),
       m_region(region),
+      m_entry(entry),
       m_step(step) {}
 
 void CSpanEdit::SetSpan(const std::optional<EnteredSpan>& span) {
@@ -66,11 +61,11 @@ void CSpanEdit::StepBy(int steps, bool isLarge) {
 }
 
 QWidget* CSpanEdit::MakePopup() {
-    const EnteredSpan start = m_span.value_or(EnteredSpan{});
-    const CPickPopup::Choice choice{HourCaptions(), m_step, std::min(start.hours, 23), start.minutes, false};
-    auto* popup = new CPickPopup(choice, this);
-    connect(popup, &CPickPopup::Picked, this,
-            [this](int hour, int minute) { EnterMinutes(hour * 60 + minute); });
-    connect(popup, &CPickPopup::Cleared, this, [this] { EnterText({}); });
+    auto* popup = new CSpanPopup(m_entry, m_step, m_span, this);
+    popup->setWindowTitle(accessibleName());
+    connect(popup, &CPickPopup::Accepted, this, [this, popup] {
+        const auto span = popup->Span();
+        EnterText(span ? TextOf(*span) : QString());
+    });
     return popup;
 }

@@ -6,13 +6,16 @@
 
 #include <optional>
 
+class CTRecord;
+
 /// A field for a length of time, or none. It shows any length; what is typed or picked stays under 24 hours.
 class CSpanEdit final : public CPickEdit {
     Q_OBJECT
 
  public:
-    /// step: minutes from one step, and one choice, to the next.
-    CSpanEdit(const CRegionalInfo& region, int step, QWidget* parent = nullptr);
+    /// entry: the scratch record of its popup. step: minutes from one step, and one line of the popup, to the
+    /// next.
+    CSpanEdit(const CRegionalInfo& region, CTRecord& entry, int step, QWidget* parent = nullptr);
 
     void SetSpan(const std::optional<EnteredSpan>& span);
     /// The span as entered; the last one that could be read while the text can't be.
@@ -29,6 +32,7 @@ class CSpanEdit final : public CPickEdit {
     void EnterMinutes(int minutes);
 
     CRegionalInfo m_region;
+    CTRecord& m_entry;
     int m_step;
     std::optional<EnteredSpan> m_span;
 };

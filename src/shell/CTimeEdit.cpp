@@ -1,9 +1,8 @@
 #include "shell/CTimeEdit.h"
 
-#include "calendar/CalendarMath.h"
 #include "calendar/NumberText.h"
 #include "lang/FormatText.h"
-#include "shell/CPickPopup.h"
+#include "shell/CTimePopup.h"
 #include "shell/core/TypedTimes.h"
 
 namespace {
@@ -14,23 +13,10 @@ int MinutesOf(const DateTimeVal& time) {
     return time.Hour24() * 60 + time.minute;
 }
 
-QStringList HourCaptions(bool is24Hour) {
-    QStringList captions;
-    for (int hour24 = 0; hour24 < 24; ++hour24) {
-        int hour12 = 0;
-        bool isPm = false;
-        Hour12Of(hour24, hour12, isPm);
-        captions << (is24Hour ? FormatText<Text::PickedHour24>(hour24)
-                              : FormatText<Text::PickedHour12>(hour12,
-                                                               LoadText(isPm ? Text::PmWord : Text::AmWord)));
-    }
-    return captions;
-}
-
 }  // namespace
 
-CTimeEdit::CTimeEdit(const CRegionalInfo& region, const CClock& clock, int step, QWidget* parent)
-    : CPickEdit(LoadText(Text::TimeForms), parent), m_region(region), m_clock(clock), m_step(step) {}
+CTimeEdit::CTimeEdit(const CRegionalInfo& region, const TimePicking& picking, int step, QWidget* parent)
+    : CPickEdit(LoadText(Text::TimeForms), parent), m_region(region), m_picking(picking), m_step(step) {}
 
 void CTimeEdit::SetTime(const std::optional<DateTimeVal>& time) {
     m_time = time;
@@ -51,7 +37,7 @@ QString CTimeEdit::TextOf(const DateTimeVal& time) const {
 
 bool CTimeEdit::ReadText() {
     DateTimeVal time;
-    const Typed read = ReadTypedTime(text(), m_clock, time);
+    const Typed read = ReadTypedTime(text(), m_picking.clock, time);
     if (read == Typed::Nothing) m_time.reset();
     if (read == Typed::Value) m_time = time;
     return read != Typed::Unreadable;
@@ -61,7 +47,7 @@ bool CTimeEdit::ReadText() {
 DateTimeVal CTimeEdit::TimeOrNow() const {
     if (m_time) return *m_time;
     DateTimeVal now;
-    if (now.SetTimeFromClock(m_clock.GetLocalTime())) now.minute -= now.minute % m_step;
+    if (now.SetTimeFromClock(m_picking.clock.GetLocalTime())) now.minute -= now.minute % m_step;
     return now;
 }
 
@@ -84,16 +70,10 @@ void CTimeEdit::StepBy(int steps, bool isLarge) {
 }
 
 QWidget* CTimeEdit::MakePopup() {
-    const DateTimeVal start = TimeOrNow();
-    const CPickPopup::Choice choice{HourCaptions(m_region.is24Hour), m_step, start.Hour24(), start.minute,
-                                    true};
-    auto* popup = new CPickPopup(choice, this);
-    connect(popup, &CPickPopup::Picked, this,
-            [this](int hour, int minute) { EnterMinutes(hour * 60 + minute); });
-    connect(popup, &CPickPopup::Cleared, this, [this] { EnterText({}); });
-    connect(popup, &CPickPopup::NowWanted, this, [this] {
-        DateTimeVal now;
-        if (now.SetTimeFromClock(m_clock.GetLocalTime())) EnterText(TextOf(now));
+    auto* popup = new CTimePopup(m_picking, m_region.is24Hour, m_time, this);
+    connect(popup, &CPickPopup::Accepted, this, [this, popup] {
+        const auto time = popup->Time();
+        EnterText(time ? TextOf(*time) : QString());
     });
     return popup;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "calendar/DateTimeVal.h"
 #include "platform/CRegionalInfo.h"
 #include "shell/CPickEdit.h"
+#include "shell/core/TimePad.h"
 
 #include <optional>
 
@@ -11,8 +11,8 @@ class CTimeEdit final : public CPickEdit {
     Q_OBJECT
 
  public:
-    /// step: minutes from one step, and one choice, to the next.
-    CTimeEdit(const CRegionalInfo& region, const CClock& clock, int step, QWidget* parent = nullptr);
+    /// step: minutes from one step to the next.
+    CTimeEdit(const CRegionalInfo& region, const TimePicking& picking, int step, QWidget* parent = nullptr);
 
     void SetTime(const std::optional<DateTimeVal>& time);
     /// The time as entered; the last one that could be read while the text can't be.
@@ -31,7 +31,7 @@ class CTimeEdit final : public CPickEdit {
     void EnterMinutes(int minutesOfDay);
 
     CRegionalInfo m_region;
-    const CClock& m_clock;
+    TimePicking m_picking;
     int m_step;
     std::optional<DateTimeVal> m_time;
 };

@@ -4,9 +4,9 @@
 #include "entry/TimeEntryRules.h"
 #include "lang/FormatText.h"
 #include "shell/CMnemonics.h"
-#include "shell/CRecordDialog.h"
 #include "shell/CRecordDraft.h"
 #include "shell/FormRows.h"
+#include "shell/RecordDialogParts.h"
 
 #include <QHBoxLayout>
 #include <QIcon>

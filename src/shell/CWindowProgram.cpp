@@ -154,7 +154,8 @@ int CWindowProgram::RunWindow() {
     ActiveTimerSet timerSet(clock);
     CRecordTimers timers(timerSet, app.Document(), app.Settings());
     app.Document().SetTimers(&timers);
-    const RecordDialogSurroundings dialog{app.Document(), timers, app.Settings(), prompt, clock};
+    const RecordDialogSurroundings dialog{app.Document(), timers, app.Settings(),
+                                          prompt,         clock,  app.Catalogue()};
     auto frame = std::make_unique<CMainFrame>(CMainFrame::Surroundings{
         app, timers, hub, prompt, pump, clock,
         [&dialog](QWidget* parent, CTRecord& record) { return RunRecordDialog(parent, record, dialog); },

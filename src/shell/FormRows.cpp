@@ -20,6 +20,19 @@ QString MarkName() {
     return QStringLiteral("unreadableMark");
 }
 
+/// Without the halves of characters beyond the basic plane that have lost the other one.
+QString WholeCharacters(const QString& text) {
+    QString whole;
+    whole.reserve(text.size());
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool isPair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+        if (!isPair && text[i].isSurrogate()) continue;
+        whole.append(text[i]);
+        if (isPair) whole.append(text[++i]);
+    }
+    return whole;
+}
+
 }  // namespace
 
 void NameWidget(QWidget& widget, const QString& objectName, const QString& accessibleName) {
@@ -56,6 +69,17 @@ QDialogButtonBox* MakeDialogButtons(QDialog& dialog, Text acceptText, CMnemonics
     QObject::connect(box, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(box, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     return box;
+}
+
+void LimitLength(QLineEdit& field, int mostCharacters) {
+    field.setMaxLength(mostCharacters);
+    QObject::connect(&field, &QLineEdit::textEdited, &field, [&field](const QString& text) {
+        const QString whole = WholeCharacters(text);
+        if (whole == text) return;
+        const int cursor = field.cursorPosition();
+        field.setText(whole);
+        field.setCursorPosition(cursor - 1);
+    });
 }
 
 void MarkUnreadable(QLineEdit& field, bool isUnreadable, const QString& reason) {

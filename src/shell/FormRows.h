@@ -29,6 +29,9 @@ QLabel* AddLabel(QGridLayout& form, int row, const QString& text, QWidget& field
 [[nodiscard]] QDialogButtonBox* MakeDialogButtons(class QDialog& dialog, Text acceptText,
                                                   CMnemonics& mnemonics);
 
+/// A field takes this many characters; one that is cut at the limit isn't cut in half.
+void LimitLength(QLineEdit& field, int mostCharacters);
+
 /// Marks a field whose text can't be read by an icon with the reason as its tip, and takes the mark off
 /// again.
 void MarkUnreadable(QLineEdit& field, bool isUnreadable, const QString& reason);

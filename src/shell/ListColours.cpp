@@ -6,12 +6,6 @@
 
 namespace {
 
-/// 0x00BBGGRR, as the settings hold it.
-QColor FromSetting(std::uint32_t value) {
-    return {static_cast<int>(value & 0xFF), static_cast<int>(value >> 8 & 0xFF),
-            static_cast<int>(value >> 16 & 0xFF)};
-}
-
 /// share 0: all of a, 1: all of b.
 QColor Mix(const QColor& a, const QColor& b, double share) {
     const auto part = [share](int from, int to) { return static_cast<int>(from + (to - from) * share); };
@@ -41,6 +35,11 @@ constexpr LineRow kLines[] = {
 
 }  // namespace
 
+QColor ColourOfSetting(std::uint32_t value) {
+    return {static_cast<int>(value & 0xFF), static_cast<int>(value >> 8 & 0xFF),
+            static_cast<int>(value >> 16 & 0xFF)};
+}
+
 bool IsDark(const QPalette& palette) {
     return palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
 }
@@ -53,12 +52,12 @@ ListColours MakeListColours(const Settings& settings, const QPalette& palette) {
     for (const ColourRow& row : kGrounds) {
         const bool replace = dark && settings.*row.member == defaults.*row.member;
         colours.*row.target = replace ? Mix(colours.window, palette.color(QPalette::Text), row.towardsText)
-                                      : FromSetting(settings.*row.member);
+                                      : ColourOfSetting(settings.*row.member);
     }
     for (std::size_t line = 0; line < colours.lines.size(); ++line) {
         const LineRow& row = kLines[line];
         const bool replace = dark && settings.*row.member == defaults.*row.member;
-        colours.lines[line] = replace ? QColor(row.dark) : FromSetting(settings.*row.member);
+        colours.lines[line] = replace ? QColor(row.dark) : ColourOfSetting(settings.*row.member);
     }
     colours.highlight = palette.color(QPalette::Active, QPalette::Highlight);
     colours.highlightText = palette.color(QPalette::Active, QPalette::HighlightedText);

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <array>
+#include <cstdint>
 
 class QPalette;
 struct Settings;
@@ -21,4 +22,6 @@ struct ListColours {
 /// From the user's settings and the desktop's palette. On a dark palette each setting that still has its
 /// default, which is made for white paper, gives way to a dark match; a colour that the user chose stays.
 [[nodiscard]] ListColours MakeListColours(const Settings& settings, const QPalette& palette);
+/// A colour as the settings hold it, 0x00BBGGRR.
+[[nodiscard]] QColor ColourOfSetting(std::uint32_t value);
 [[nodiscard]] bool IsDark(const QPalette& palette);

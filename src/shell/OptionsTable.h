@@ -1,9 +1,6 @@
 #pragma once
 
-#include "lang/Text.h"
-
-#include <cstdint>
-#include <span>
+#include "shell/core/ValueChoices.h"
 
 /// How an option is edited in the tree.
 enum class OptionKind {
@@ -14,19 +11,14 @@ enum class OptionKind {
     Number,  ///< a whole number within the setting's bounds
 };
 
-/// One value of a choice. The numbers are stored as they stand.
-struct OptionChoice {
-    std::int32_t value;
-    Text text;
-};
-
 /// One row of the tree of options.
 struct OptionRow {
     int depth;  ///< 0 at the top; a row belongs to the last one above it of a smaller depth
     OptionKind kind;
     Text text;
     const char* setting;  ///< its name; null for a group
-    std::span<const OptionChoice> choices;
+    std::span<const ValueChoice> choices;
+    int field = 0;  ///< not 0: the row is called as this field of a record is, and has no text of its own
 };
 
 /// All rows from top to bottom.

@@ -16,9 +16,15 @@ QCheckBox* MakeSettingSwitch(const QString& settingName, const QString& text, CC
     box->setChecked(SettingValue(settings, *row) != 0);
     QObject::connect(box, &QCheckBox::clicked, box, [row, &settings, &prompt](bool isOn) {
         PutSetting(settings, *row, isOn ? 1 : 0);
-        if (!settings.SaveValue(row->index)) TellNotSaved(prompt);
+        SaveSetting(QString::fromLatin1(row->name), settings, prompt);
     });
     return box;
+}
+
+void SaveSetting(const QString& settingName, CCfgStore& settings, CPrompt& prompt) {
+    const SettingRow* row = FindSetting(settingName);
+    Q_ASSERT(row);
+    if (!settings.SaveValue(row->index)) TellNotSaved(prompt);
 }
 
 void TellNotSaved(CPrompt& prompt) {

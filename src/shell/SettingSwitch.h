@@ -11,5 +11,8 @@ class QCheckBox;
 [[nodiscard]] QCheckBox* MakeSettingSwitch(const QString& settingName, const QString& text,
                                            CCfgStore& settings, CPrompt& prompt, CMnemonics& mnemonics);
 
+/// Saves a setting at once; the user is told when that fails.
+void SaveSetting(const QString& settingName, CCfgStore& settings, CPrompt& prompt);
+
 /// Tells that an option could not be saved.
 void TellNotSaved(CPrompt& prompt);

@@ -332,6 +332,38 @@ class TestCVelmarchApp : public QObject {
         QCOMPARE(start.app.Document().VisibleCount(), static_cast<std::size_t>(records));
     }
 
+    // --- The catalogue
+
+    void LoadStepLoadsTheCatalogue() {
+        {
+            Start start;
+            QVERIFY(start.OpenAll(Path(u"home"_s)));
+            QVERIFY(start.app.Catalogue().AddItem(16, u"a client"_s, false));
+            QVERIFY(start.app.Catalogue().AddItem(109, u"Customer"_s, false));
+        }
+        Start start;
+        QVERIFY(start.OpenAll(Path(u"home"_s)));
+        QCOMPARE(thePulldownCatalogue, &start.app.Catalogue());
+        QVERIFY(start.app.Catalogue().Texts(16).isEmpty());  // a console command may not need it
+        QVERIFY(start.app.LoadStep());
+        QCOMPARE(start.app.Catalogue().Texts(16), QStringList{u"a client"_s});
+        QCOMPARE(start.app.Catalogue().Labels().GetLabel(109), u"Customer"_s);
+        start.app.CloseSettings();
+        QVERIFY(!thePulldownCatalogue);
+    }
+
+    void LoadStepGoesOnWithoutTheCatalogue() {
+        Start start;
+        QVERIFY(start.OpenAll(Path(u"home"_s)));
+        QVERIFY(start.app.Document().AddRecord(CTRecord(), false, false, true));
+        QVERIFY(start.app.Manager().File().Execute("DROP TABLE dependency_velmarch"));
+        start.prompt.ExpectTold(Text::ReadQueryFailed);
+        QVERIFY(start.app.LoadStep());
+        QCOMPARE(start.app.Document().VisibleCount(), std::size_t{1});
+        const QList<std::pair<Hint, QStringList>> expected{{Hint::Clear, {}}, {Hint::Rebuild, {}}};
+        QCOMPARE(start.views.seen, expected);
+    }
+
     void CloseSettingsSavesThem() {
         {
             Start start;

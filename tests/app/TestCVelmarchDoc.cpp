@@ -250,6 +250,21 @@ class TestCVelmarchDoc : public QObject {
         QCOMPARE(scene->Hints(), QString());
     }
 
+    void BatchWithinABatch() {
+        const QString outer = scene->AddOnDay(1, u"a"_s), inner = scene->AddOnDay(2, u"b"_s);
+        scene->Reload();
+        const CVORec* former = document->FindRecord(outer);
+        QVERIFY(document->ModifyRecord(*scene->Changed(outer, 1, u"c"_s), outer, false, false, true, true));
+        const qsizetype waiting = document->PendingCount();
+        QCOMPARE(waiting, qsizetype{1});
+        QVERIFY(document->ModifyRecord(*scene->Changed(inner, 2, u"d"_s), inner, false, false, true, true));
+        QCOMPARE(document->TakePending(waiting), QStringList{inner});
+        document->NotifyViews(Hint::Changed, {inner});
+        QCOMPARE(DocumentScene::Item1Of(former), u"a"_s);  // its own hint is still to come
+        QCOMPARE(document->TakePending(0), QStringList{outer});
+        QCOMPARE(document->PendingCount(), qsizetype{0});
+    }
+
     void RecordsOfABatchLiveUntilTheViewsAreTold() {
         const QString id = scene->AddOnDay(1, u"a"_s), other = scene->AddOnDay(2, u"b"_s);
         scene->Reload();

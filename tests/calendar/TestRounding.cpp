@@ -23,6 +23,7 @@ class TestRounding final : public QObject {
     void DecimalWide_data();
     void DecimalWide();
     void NoNumbers();
+    void ZeroHasNoSign();
     void DurationMinutes_data();
     void DurationMinutes();
     void TimeOfDayMinutes_data();
@@ -76,6 +77,14 @@ void TestRounding::DecimalWide() {
     QFETCH(double, rounded);
     QVERIFY2(RoundDecimalWide(value, precision) == rounded,
              qPrintable(QString::number(RoundDecimalWide(value, precision), 'g', 17)));
+}
+
+/// It would be shown as "-0.00".
+void TestRounding::ZeroHasNoSign() {
+    QVERIFY(!std::signbit(RoundDecimal(-0.004F, 2)));
+    QVERIFY(!std::signbit(RoundDecimal(-0.0F, 2)));
+    QVERIFY(!std::signbit(RoundDecimalWide(-0.004, 2)));
+    QVERIFY(std::signbit(RoundDecimal(-0.005F, 2)));
 }
 
 void TestRounding::NoNumbers() {

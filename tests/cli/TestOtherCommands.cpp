@@ -1,16 +1,12 @@
 #include "ConsoleHome.h"
 
-#include <sqlite3.h>
-
 #include <QDate>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
 
-/// "day", "period", "texts", "doctor", "demo", the help and the version.
+/// "day", "period", "texts", "demo", the help and the version.
 class TestOtherCommands : public QObject {
     Q_OBJECT
 
@@ -22,15 +18,6 @@ class TestOtherCommands : public QObject {
     void PeriodList();
     void PeriodShow();
     void Texts();
-    void DoctorOnASoundHome();
-    void DoctorOnAnEmptyHome();
-    void HomeWithoutTreeColumns();
-    void DoctorOnAMissingStore();
-    void DoctorOnADamagedFile_data();
-    void DoctorOnADamagedFile();
-    void DoctorOnBadRecords_data();
-    void DoctorOnBadRecords();
-    void DoctorOnAnOrphanTimer();
     void DemoFill();
     void DemoFillOnlyWhereNothingIs();
     void Version_data();
@@ -40,9 +27,6 @@ class TestOtherCommands : public QObject {
     void HelpNamesEveryCommand();
 
  private:
-    /// The check of the doctor's report by its name.
-    static QJsonObject Check(const QJsonObject& report, const QString& name);
-    [[nodiscard]] bool Execute(const QString& file, const QByteArray& sql) const;
     std::unique_ptr<ConsoleHome> m_home;
 };
 
@@ -111,128 +95,6 @@ void TestOtherCommands::Texts() {
     QCOMPARE(plain.Object()[u"25662"].toString(), u"Velmarch"_s);
     QCOMPARE(plain.Object()[u"25444"].toString(), u"Thursday"_s);
     QCOMPARE(ConsoleHome::RunBare({u"texts"_s, u"--json"_s}).out, plain.out);
-}
-
-QJsonObject TestOtherCommands::Check(const QJsonObject& report, const QString& name) {
-    for (const QJsonValue& check : report[u"checks"].toArray())
-        if (check[u"name"].toString() == name) return check.toObject();
-    return {};
-}
-
-bool TestOtherCommands::Execute(const QString& file, const QByteArray& sql) const {
-    sqlite3* db = nullptr;
-    const bool isDone = sqlite3_open(m_home->File(file).toUtf8().constData(), &db) == SQLITE_OK &&
-                        sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr) == SQLITE_OK;
-    sqlite3_close(db);
-    return isDone;
-}
-
-void TestOtherCommands::DoctorOnASoundHome() {
-    const QString id = m_home->Add({u"--date"_s, u"2026-11-19"_s});
-    m_home->Run({u"timer"_s, u"start"_s, id});
-    const Reply reply = m_home->RunJson({u"doctor"_s});
-    QCOMPARE(reply.exit, 0);
-    QCOMPARE(reply.Object()[u"ok"].toBool(), true);
-    QCOMPARE(Check(reply.Object(), u"time records"_s),
-             FromText(u"{'name': 'time records', 'ok': true, 'detail': '1 records', 'advice': null}"_s));
-    QCOMPARE(Check(reply.Object(), u"timers"_s)[u"detail"].toString(), u"1 timers"_s);
-    QVERIFY(m_home->Run({u"doctor"_s}).out.endsWith("All is well.\n"));
-}
-
-/// A home of an earlier version has no columns stored: that is told, and everything works.
-void TestOtherCommands::HomeWithoutTreeColumns() {
-    m_home->Add({u"--date"_s, u"2026-11-19"_s});
-    QVERIFY(Execute(u"velmarch.settings"_s, "DELETE FROM entries WHERE name LIKE '%Columns'"));
-    const Reply list = m_home->RunJson({u"time"_s, u"list"_s});
-    QCOMPARE(list.exit, 0);
-    QCOMPARE(list.Object()[u"count"].toInt(), 1);
-    QVERIFY(list.err.contains("The levels of the data tree could not be read."));
-    QCOMPARE(m_home->RunJson({u"doctor"_s}).Object()[u"ok"].toBool(), true);
-}
-
-void TestOtherCommands::DoctorOnAnEmptyHome() {
-    QCOMPARE(m_home->RunJson({u"doctor"_s}).exit, 0);
-    QVERIFY2(QDir(m_home->Path()).isEmpty(), "the doctor has made files");
-}
-
-void TestOtherCommands::DoctorOnAMissingStore() {
-    m_home->Add({});
-    QVERIFY(QFile::remove(m_home->File(u"velmarch.store"_s)));
-    const Reply reply = m_home->RunJson({u"doctor"_s});
-    QCOMPARE(reply.exit, 1);
-    const QJsonObject check = Check(reply.Object(), u"store"_s);
-    QCOMPARE(check[u"ok"].toBool(true), false);
-    QVERIFY(!check[u"advice"].toString().isEmpty());
-    QVERIFY(!QFile::exists(m_home->File(u"velmarch.store"_s)));
-    // Nobody agreed to begin anew, so no command does.
-    QCOMPARE(m_home->Run({u"time"_s, u"list"_s}).exit, 1);
-    QCOMPARE(m_home->Run({u"--yes"_s, u"time"_s, u"list"_s}).exit, 0);
-}
-
-void TestOtherCommands::DoctorOnADamagedFile_data() {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("check");
-    QTest::addColumn<bool>("isWhole");  ///< false: only its middle is overwritten
-    QTest::newRow("no store at all") << u"velmarch.store"_s << u"store"_s << true;
-    QTest::newRow("a damaged store") << u"velmarch.store"_s << u"store"_s << false;
-    QTest::newRow("no settings file at all") << u"velmarch.settings"_s << u"settings"_s << true;
-    QTest::newRow("damaged settings") << u"velmarch.settings"_s << u"settings"_s << false;
-}
-
-void TestOtherCommands::DoctorOnADamagedFile() {
-    QFETCH(QString, file);
-    QFETCH(QString, check);
-    QFETCH(bool, isWhole);
-    for (int i = 0; i < 3; ++i) m_home->Add({u"--notes"_s, QString(3000, u'n')});
-    QFile victim(m_home->File(file));
-    QVERIFY(victim.open(QFile::ReadWrite));
-    QVERIFY(victim.seek(isWhole ? 0 : 4096));
-    victim.write(QByteArray(4096, '\x5a'));
-    victim.close();
-    QVERIFY(victim.open(QFile::ReadOnly));
-    const QByteArray before = victim.readAll();
-    victim.close();
-
-    const Reply reply = m_home->RunJson({u"doctor"_s});
-    QCOMPARE(reply.exit, 1);
-    QCOMPARE(Check(reply.Object(), check)[u"ok"].toBool(true), false);
-    QVERIFY(victim.open(QFile::ReadOnly));
-    QCOMPARE(victim.readAll(), before);
-    QCOMPARE(QDir(m_home->Path()).entryList(QDir::Files).filter(u"unreadable"_s), QStringList());
-}
-
-void TestOtherCommands::DoctorOnBadRecords_data() {
-    QTest::addColumn<QByteArray>("sql");
-    QTest::addColumn<QByteArray>("words");
-    QTest::newRow("a month 13") << QByteArray("UPDATE time_velmarch SET month=13") << QByteArray("dates");
-    QTest::newRow("a 31 April") << QByteArray("UPDATE time_velmarch SET month=4, day=31")
-                                << QByteArray("dates");
-    QTest::newRow("a year 26") << QByteArray("UPDATE time_velmarch SET year=26") << QByteArray("dates");
-    QTest::newRow("an identity that is none")
-        << QByteArray("UPDATE time_velmarch SET identity='xyz'") << QByteArray("identities");
-}
-
-void TestOtherCommands::DoctorOnBadRecords() {
-    QFETCH(QByteArray, sql);
-    QFETCH(QByteArray, words);
-    m_home->Add({u"--date"_s, u"2026-11-19"_s});
-    QVERIFY(Execute(u"velmarch.store"_s, sql));
-    const Reply reply = m_home->RunJson({u"doctor"_s});
-    QCOMPARE(reply.exit, 1);
-    const QJsonObject check = Check(reply.Object(), u"time records"_s);
-    QCOMPARE(check[u"ok"].toBool(true), false);
-    QVERIFY2(check[u"detail"].toString().toUtf8().contains(words), reply.out.constData());
-}
-
-void TestOtherCommands::DoctorOnAnOrphanTimer() {
-    const QString id = m_home->Add({});
-    m_home->Run({u"timer"_s, u"start"_s, id});
-    QVERIFY(Execute(u"velmarch.store"_s, "DELETE FROM time_velmarch"));
-    const Reply reply = m_home->RunJson({u"doctor"_s});
-    QCOMPARE(reply.exit, 1);
-    QVERIFY(Check(reply.Object(), u"timers"_s)[u"detail"].toString().contains(id));
-    QCOMPARE(m_home->Run({u"timer"_s, u"drop"_s, id}).exit, 0);
-    QCOMPARE(m_home->Run({u"doctor"_s}).exit, 0);
 }
 
 void TestOtherCommands::DemoFill() {
@@ -312,7 +174,7 @@ void TestOtherCommands::HelpNamesEveryCommand() {
             if (words.size() > 1 && words[1] == words[1].toLower() && !words[1].startsWith('['))
                 QVERIFY2(text.contains(words[1]), line.constData());
         }
-        QCOMPARE(commands, 25);
+        QCOMPARE(commands, 41);
     }
 }
 

@@ -21,19 +21,21 @@ struct Scene {
     QString dialogId;
     QStringList selected;
     QString successiveId;
+    QuickEntrySurroundings::Step fillFromDefaults;
+    QuickEntrySurroundings::Step fillFromTree;
 
     Scene() {
         home.clock.Set(2026, 11, 19, 9, 5);
         home.document->SetTimers(&timers);
     }
     QuickOutcome Run(int flags) {
-        QuickEntrySurroundings around{*home.document, timers,  *home.settings, home.clock,
-                                      selected,       nullptr, successiveId};
+        QuickEntrySurroundings around{*home.document, timers,       *home.settings,   home.clock,  selected,
+                                      nullptr,        successiveId, fillFromDefaults, fillFromTree};
         if (dialog != Dialog::None)
-            around.edit = [this](CTRecord& record) {
+            around.edit = [this](CVORec& record) {
                 ++dialogs;
                 dialogId = record.GetId();
-                record.notes = QStringLiteral("edited");
+                static_cast<CTRecord&>(record).notes = QStringLiteral("edited");
                 return dialog == Dialog::Accept;
             };
         return NewTimeRecord(flags, around);
@@ -63,6 +65,7 @@ class TestQuickEntry : public QObject {
 
  private Q_SLOTS:
     void Commands();
+    void AllCommands();
     void Blank_data();
     void Blank();
     void DateFromThePeriod_data();
@@ -74,7 +77,11 @@ class TestQuickEntry : public QObject {
     void CopyTakesEveryField();
     void SelectionOfOne_data();
     void SelectionOfOne();
-    void OtherBasesFail();
+    void Bases_data();
+    void Bases();
+    void BaseThatGivesNothing_data();
+    void BaseThatGivesNothing();
+    void BasesThatAreNotThere();
     void SuccessiveOfAnotherThanTheCopy();
     void Timer();
     void TimerActionOnOthers();
@@ -93,6 +100,15 @@ void TestQuickEntry::Commands() {
     QCOMPARE(
         offered.join(u' '),
         QStringLiteral("32852:17 32853:81 32854:33 32855:97 32864:24 32865:88 32866:40 32867:104 40147:1"));
+}
+
+void TestQuickEntry::AllCommands() {
+    QStringList all;
+    for (const QuickCommandRow& row : AllQuickCommands())
+        all.append(QStringLiteral("%1:%2").arg(row.command).arg(row.flags));
+    QCOMPARE(all.join(u' '),
+             QStringLiteral("32852:17 32853:81 32854:33 32855:97 32856:2 32857:18 32858:82 32859:34 32860:98 "
+                            "32861:4 32862:20 32863:84 32864:24 32865:88 32866:40 32867:104 40147:1"));
 }
 
 void TestQuickEntry::Blank_data() {
@@ -263,7 +279,67 @@ void TestQuickEntry::SelectionOfOne() {
     QCOMPARE(scene.set.Count(), 0);
 }
 
-void TestQuickEntry::OtherBasesFail() {
+void TestQuickEntry::Bases_data() {
+    QTest::addColumn<int>("flags");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("defaults: the date by the period") << 2 << "2026-11-19 - - 2:00";
+    QTest::newRow("defaults, timestamp: two hours from now") << 18 << "2026-11-19 9:05 11:05 2:00";
+    QTest::newRow("defaults, timestamp, timer") << 82 << "2026-11-19 9:05 11:05 2:00";
+    QTest::newRow("defaults, successive") << 34 << "2026-11-02 17:01 19:01 2:00";
+    QTest::newRow("defaults, successive, timer") << 98 << "2026-11-02 17:01 19:01 2:00";
+    QTest::newRow("tree: the date by the period") << 4 << "2026-11-19 - - 2:00";
+    QTest::newRow("tree, timestamp") << 20 << "2026-11-19 9:05 11:05 2:00";
+    QTest::newRow("tree, timestamp, timer") << 84 << "2026-11-19 9:05 11:05 2:00";
+}
+
+void TestQuickEntry::Bases() {
+    QFETCH(int, flags);
+    Scene scene;
+    scene.selected = {scene.home.AddTime(2026, 11, 2, QStringLiteral("09:00"), QStringLiteral("17:00"))};
+    QString source;
+    const auto fill = [&source](const char* from) {
+        return [&source, from](CVORec& filled) {
+            auto& record = static_cast<CTRecord&>(filled);
+            source = QString::fromLatin1(from);
+            record.date.Set(1, 1, 2020);
+            record.SetDurationOnly(2, 0);
+            record.item2 = source;
+            return true;
+        };
+    };
+    scene.fillFromDefaults = fill("defaults");
+    scene.fillFromTree = fill("tree");
+    const QuickOutcome outcome = scene.Run(flags);
+    QVERIFY(outcome.succeeded);
+    QTEST(scene.Stored(outcome.addedId), "stored");
+    QCOMPARE(source, flags & 2 ? QStringLiteral("defaults") : QStringLiteral("tree"));
+    QCOMPARE(scene.home.document->FindTime(outcome.addedId)->item2, source);
+    QCOMPARE(scene.timers.HasTimer(outcome.addedId), (flags & 64) != 0);
+}
+
+void TestQuickEntry::BaseThatGivesNothing_data() {
+    QTest::addColumn<int>("flags");
+    QTest::addColumn<bool>("succeeded");
+    QTest::newRow("defaults that were cancelled: done, with nothing") << 2 << true;
+    QTest::newRow("the same with a timer: none is started") << 82 << true;
+    QTest::newRow("no usable selection in the tree: failed") << 4 << false;
+    QTest::newRow("the same with a timer") << 84 << false;
+}
+
+void TestQuickEntry::BaseThatGivesNothing() {
+    QFETCH(int, flags);
+    Scene scene;
+    scene.dialog = Scene::Dialog::Accept;
+    scene.fillFromDefaults = scene.fillFromTree = [](CVORec&) { return false; };
+    const QuickOutcome outcome = scene.Run(flags);
+    QTEST(outcome.succeeded, "succeeded");
+    QCOMPARE(outcome.addedId, QString());
+    QCOMPARE(scene.dialogs, 0);
+    QCOMPARE(scene.Records(), std::size_t(0));
+    QCOMPARE(scene.set.Count(), 0);
+}
+
+void TestQuickEntry::BasesThatAreNotThere() {
     Scene scene;
     for (const int flags : {2, 18, 82, 34, 98, 4, 20, 84}) QVERIFY(!scene.Run(flags).succeeded);
     QCOMPARE(scene.Records(), std::size_t(0));

@@ -307,8 +307,8 @@ void TestCSettingsTree::oneProgramCreatesAKey() {
 
 void TestCSettingsTree::unreadableIsKeptAside_data() {
     QTest::addColumn<QByteArray>("what");
-    for (const char* what :
-         {"text", "folder", "foreign", "damaged in the middle", "other tables", "cut off"}) {
+    for (const char* what : {"text", "folder", "foreign", "damaged in the middle", "other tables",
+                             "one other table", "cut off"}) {
         QTest::newRow(what) << QByteArray(what);
     }
 }
@@ -331,6 +331,9 @@ void TestCSettingsTree::unreadableIsKeptAside() {
     if (what == "damaged in the middle") WriteBytes(Path(), QByteArray(4096, '?'), 5 * 4096);
     if (what == "other tables") {
         RunSql(Path(), "PRAGMA application_id=1447908180; PRAGMA user_version=1; CREATE TABLE keys(a)");
+    }
+    if (what == "one other table") {
+        RunSql(Path(), "PRAGMA application_id=1447908180; PRAGMA user_version=1; CREATE TABLE entries(a)");
     }
     if (what == "cut off") QVERIFY(QFile::resize(Path(), 3 * 4096));
     const QByteArray bytes = ReadBytes(Path());

@@ -22,6 +22,8 @@ class TestCRecordStore : public QObject {
     void InsertAndRead_data();
     void InsertAndRead();
     void NextRecord();
+    void QueryTexts();
+    void BeginBatch();
     void ModifyRecord();
     void ModifyCurrentRow();
     void DeleteRecord();
@@ -201,6 +203,33 @@ void TestCRecordStore::NextRecord() {
     QVERIFY(!home.store.IsEOF());
     QVERIFY(home.store.NextRecord(record, id, true));
     QCOMPARE(id, ids[1]);
+}
+
+void TestCRecordStore::QueryTexts() {
+    RecordsFixture home;
+    const QStringList items{QStringLiteral("b"), QStringLiteral("O'Neil 50 %"), QStringLiteral("a")};
+    for (const QString& item : items) QVERIFY(home.store.InsertRecord(NewTime(item), false));
+    QStringList texts{QStringLiteral("former")};
+    QVERIFY(home.store.QueryTexts(QStringLiteral("SELECT item1, identity FROM time_velmarch"), texts));
+    QCOMPARE(texts, items);
+    QVERIFY(home.store.QueryTexts(QStringLiteral("SELECT item1 FROM time_velmarch WHERE 0"), texts));
+    QCOMPARE(texts, QStringList());
+    home.prompt.ExpectTold(Text::QueryFailed);
+    QVERIFY(!home.store.QueryTexts(QStringLiteral("SELECT item1 FROM nowhere"), texts));
+}
+
+void TestCRecordStore::BeginBatch() {
+    RecordsFixture home;
+    QVERIFY(home.store.BeginBatch());
+    const CTRecord record = NewTime();
+    QVERIFY(home.store.InsertRecord(record, true));
+    QVERIFY(home.store.DeleteRecord(RecordKind::Time, record.GetId()));
+    home.manager.Discard();
+    QCOMPARE(home.TimeRows(), 0);
+    home.manager.Close();
+    home.prompt.ExpectTold(Text::CommitFailed);
+    QVERIFY(!home.store.BeginBatch());
+    QVERIFY(home.store.m_lastError != 0);
 }
 
 void TestCRecordStore::ModifyRecord() {

@@ -1,5 +1,6 @@
 #include "shell/COptionsDialog.h"
 
+#include "app/FieldLabels.h"
 #include "config/SettingsTable.h"
 #include "lang/LoadText.h"
 #include "shell/OptionsTable.h"
@@ -26,10 +27,10 @@ class TestCOptionsDialog : public QObject {
         QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("acceptButton")), Qt::LeftButton);
     }
 
-    /// The row with these words one below the other, "Rounding/Start time/Type".
+    /// The row with these words one below the other, "Rounding>Start time>Type".
     static QModelIndex Find(const QTreeView& tree, const QString& path) {
         QModelIndex at;
-        for (const QString& words : path.split(QLatin1Char('/'))) {
+        for (const QString& words : path.split(QLatin1Char('>'))) {
             QModelIndex next;
             for (int row = 0; row < tree.model()->rowCount(at); ++row) {
                 const QModelIndex index = tree.model()->index(row, 0, at);
@@ -65,7 +66,9 @@ class TestCOptionsDialog : public QObject {
     /// Puts the cursor on a row and presses Space, which toggles it or opens its editor.
     static void PressSpace(QTreeView& tree, const QString& path) {
         tree.setFocus();
-        tree.setCurrentIndex(Find(tree, path));
+        const QModelIndex row = Find(tree, path);
+        if (!row.isValid()) qFatal("no row %s", qPrintable(path));
+        tree.setCurrentIndex(row);
         QTest::keyClick(&tree, Qt::Key_Space);
         QCoreApplication::processEvents();
     }
@@ -79,20 +82,51 @@ class TestCOptionsDialog : public QObject {
             QStringLiteral(" Copy [x]"),
             QStringLiteral(" Delete [x]"),
             QStringLiteral(" Mark [x]"),
+            QStringLiteral(" Add list item [ ]"),
+            QStringLiteral(" Delete list item [x]"),
             QStringLiteral("Data entry"),
+            QStringLiteral(" Odometer"),
+            QStringLiteral("  Last end value = -1"),
+            QStringLiteral("  Suggest as start value [x]"),
             QStringLiteral(" Accumulate duration/breaks upon re-entry [ ]"),
             QStringLiteral(" Add 1 minute upon successive entry [x]"),
             QStringLiteral(" Lock duration when modifying start/end time [ ]"),
             QStringLiteral(" Lock start time when modifying duration [x]"),
             QStringLiteral("Functionality"),
+            QStringLiteral(" Use dependencies [ ]"),
             QStringLiteral(" Refresh on ActiveSync completion [x]"),
+            QStringLiteral("Import / export"),
+            QStringLiteral(" Post-processing"),
+            QStringLiteral("  Ask me [x]"),
+            QStringLiteral("  Do nothing [ ]"),
+            QStringLiteral("  Delete [ ]"),
+            QStringLiteral("  Mark as \"exported\" [ ]"),
             QStringLiteral("Interface"),
             QStringLiteral(" Re-sort record list upon add/modify [x]"),
             QStringLiteral(" Show day/week numbers [x]"),
             QStringLiteral(" Show record dialog upon new timestamp, successive, timer macros [x]"),
+            QStringLiteral("List item persistence"),
+            QStringLiteral(" Time items"),
+            QStringLiteral("  Client [x]"),
+            QStringLiteral("  Project [x]"),
+            QStringLiteral("  Activity [x]"),
+            QStringLiteral("  Cost centre [x]"),
+            QStringLiteral("  Amount [ ]"),
+            QStringLiteral("  Rate [x]"),
+            QStringLiteral("  Currency [x]"),
+            QStringLiteral(" Expense items"),
+            QStringLiteral("  Client [x]"),
+            QStringLiteral("  Project [x]"),
+            QStringLiteral("  Description [x]"),
+            QStringLiteral("  Payment [x]"),
+            QStringLiteral("  Amount [ ]"),
+            QStringLiteral("  Currency [x]"),
+            QStringLiteral("  Distance [x]"),
+            QStringLiteral("  Distance Rate [x]"),
             QStringLiteral("Preferences, formatting"),
             QStringLiteral(" Precision"),
             QStringLiteral("  Duration = 4 decimal places"),
+            QStringLiteral("  Distances = 2 decimal places"),
             QStringLiteral("  Rates = 3 decimal places"),
             QStringLiteral("  Amounts = 2 decimal places"),
             QStringLiteral(" Rounding"),
@@ -120,13 +154,49 @@ class TestCOptionsDialog : public QObject {
         QCOMPARE(Rows(*Tree(dialog)), expected);
     }
 
+    void ListItemsAreCalledLikeTheirFields() {
+        TestHome home;
+        FieldLabels labels;
+        labels.Set(109, QStringLiteral("Customer"));
+        labels.Set(136, QStringLiteral("Sum & tax"));
+        const QString times = QStringLiteral("List item persistence>Time items>");
+        const QString expenses = QStringLiteral("List item persistence>Expense items>");
+        {
+            COptionsDialog dialog(*home.settings, &labels);
+            dialog.show();
+            QVERIFY(Find(*Tree(dialog), times + QStringLiteral("Customer")).isValid());
+            QVERIFY(!Find(*Tree(dialog), times + QStringLiteral("Client")).isValid());
+            // Without a name of its own a field has the default one.
+            QVERIFY(Find(*Tree(dialog), times + QStringLiteral("Project")).isValid());
+            QVERIFY(Find(*Tree(dialog), expenses + QStringLiteral("Client")).isValid());
+            PressSpace(*Tree(dialog), expenses + QStringLiteral("Sum & tax"));
+            Accept(dialog);
+            QVERIFY(home.settings->keepExpenseList136);
+            QCOMPARE(dialog.Changed(), std::vector<int>{23});
+        }
+        labels.Set(109, QStringLiteral("Patient"));
+        COptionsDialog again(*home.settings, &labels);
+        QVERIFY(Find(*Tree(again), times + QStringLiteral("Patient")).isValid());
+    }
+
+    void ListItemsWithoutNames() {
+        class CNoNames final : public CColumnNames {
+            QString ColumnName(int) const override { return {}; }
+        };
+        TestHome home;
+        const CNoNames names;
+        COptionsDialog dialog(*home.settings, &names);
+        QVERIFY(Find(*Tree(dialog), QStringLiteral("List item persistence>Time items>Client")).isValid());
+    }
+
     void EveryRowFitsItsSetting() {
         for (const OptionRow& row : OptionRows()) {
+            QCOMPARE(row.kind == OptionKind::Group, row.setting == nullptr);
             if (row.kind == OptionKind::Group) continue;
             const SettingRow* setting = FindSetting(QString::fromLatin1(row.setting));
             QVERIFY2(setting, row.setting);
             QCOMPARE(row.kind == OptionKind::Check, setting->type == SettingType::Flag);
-            for (const OptionChoice& choice : row.choices)
+            for (const ValueChoice& choice : row.choices)
                 QVERIFY2(IsAllowed(*setting, choice.value), row.setting);
         }
     }
@@ -139,14 +209,14 @@ class TestCOptionsDialog : public QObject {
         auto* search = dialog.findChild<QLineEdit*>(QStringLiteral("optionsSearch"));
         search->setText(QStringLiteral("round"));
         search->setText(QString());
-        QCOMPARE(Rows(*Tree(dialog)).size(), 41);
+        QCOMPARE(Rows(*Tree(dialog)).size(), 72);
     }
 
     void SpaceTurnsACheckBox() {
         TestHome home;
         COptionsDialog dialog(*home.settings);
         dialog.show();
-        PressSpace(*Tree(dialog), QStringLiteral("Confirmation dialogs/Delete"));
+        PressSpace(*Tree(dialog), QStringLiteral("Confirmation dialogs>Delete"));
         QVERIFY(home.settings->confirmDelete);
         Accept(dialog);
         QVERIFY(!home.settings->confirmDelete);
@@ -159,7 +229,7 @@ class TestCOptionsDialog : public QObject {
         dialog.show();
         QTreeView& tree = *Tree(dialog);
         const QRect words =
-            tree.visualRect(Find(tree, QStringLiteral("Data entry/Add 1 minute upon successive entry")));
+            tree.visualRect(Find(tree, QStringLiteral("Data entry>Add 1 minute upon successive entry")));
         QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, words.center());
         Accept(dialog);
         QVERIFY(!home.settings->addMinuteOnSuccessive);
@@ -169,7 +239,7 @@ class TestCOptionsDialog : public QObject {
         TestHome home;
         COptionsDialog dialog(*home.settings);
         dialog.show();
-        const QString group = QStringLiteral("Preferences, formatting/Weeknumber type/");
+        const QString group = QStringLiteral("Preferences, formatting>Weeknumber type>");
         PressSpace(*Tree(dialog), group + QStringLiteral("ISO-8601"));
         const QModelIndex old =
             Find(*Tree(dialog), group + QStringLiteral("Simple (2nd week starts on the 8th)"));
@@ -180,20 +250,32 @@ class TestCOptionsDialog : public QObject {
         QCOMPARE(home.settings->weekNumberType, 0);
     }
 
+    void PostProcessingIsTheNumberOfItsButton() {
+        TestHome home;
+        home.settings->exportPostProcessing = 1;
+        COptionsDialog dialog(*home.settings);
+        dialog.show();
+        const QString group = QStringLiteral("Import / export>Post-processing>");
+        PressSpace(*Tree(dialog), group + QStringLiteral("Mark as \"exported\""));
+        Accept(dialog);
+        QCOMPARE(home.settings->exportPostProcessing, 3);
+        QCOMPARE(dialog.Changed(), std::vector<int>{67});
+    }
+
     void ChooseFromAComboBox_data() {
         QTest::addColumn<QString>("path");
         QTest::addColumn<QString>("setting");
         QTest::addColumn<int>("steps");
         QTest::addColumn<int>("expected");
-        QTest::newRow("a rounding type is stored as 16") << "Preferences, formatting/Rounding/Duration/Type"
+        QTest::newRow("a rounding type is stored as 16") << "Preferences, formatting>Rounding>Duration>Type"
                                                          << "roundDurationType" << 1 << 16;
-        QTest::newRow("and as 32") << "Preferences, formatting/Rounding/Start time/Type"
+        QTest::newRow("and as 32") << "Preferences, formatting>Rounding>Start time>Type"
                                    << "roundStartType" << 2 << 32;
-        QTest::newRow("a number of places") << "Preferences, formatting/Precision/Amounts"
+        QTest::newRow("a number of places") << "Preferences, formatting>Precision>Amounts"
                                             << "precisionAmount" << 2 << 4;
-        QTest::newRow("a day of the week") << "Preferences, formatting/First day of week"
+        QTest::newRow("a day of the week") << "Preferences, formatting>First day of week"
                                            << "firstDayOfWeek" << 1 << 1;
-        QTest::newRow("a timer action") << "Timer behavior/Upon application exit, all running timers should"
+        QTest::newRow("a timer action") << "Timer behavior>Upon application exit, all running timers should"
                                         << "timerOnExit" << 1 << 2;
     }
     void ChooseFromAComboBox() {
@@ -225,7 +307,7 @@ class TestCOptionsDialog : public QObject {
         COptionsDialog dialog(*home.settings);
         dialog.show();
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
-        PressSpace(*Tree(dialog), QStringLiteral("Preferences, formatting/Rounding/End time/Minutes"));
+        PressSpace(*Tree(dialog), QStringLiteral("Preferences, formatting>Rounding>End time>Minutes"));
         auto* box = dialog.findChild<QSpinBox*>(QStringLiteral("roundEndMinutes"));
         QVERIFY(box);
         box->selectAll();
@@ -234,12 +316,50 @@ class TestCOptionsDialog : public QObject {
         QTEST(home.settings->roundEndMinutes, "expected");
     }
 
+    void LastEndOfTheOdometer_data() {
+        QTest::addColumn<int>("before");
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("a reading") << -1 << "120450" << 120450;
+        QTest::newRow("none any more") << 120450 << "-1" << -1;
+    }
+    void LastEndOfTheOdometer() {
+        QFETCH(int, before);
+        QFETCH(QString, keys);
+        TestHome home;
+        home.settings->odometerLastEnd = before;
+        COptionsDialog dialog(*home.settings);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        PressSpace(*Tree(dialog), QStringLiteral("Data entry>Odometer>Last end value"));
+        auto* box = dialog.findChild<QSpinBox*>(QStringLiteral("odometerLastEnd"));
+        QVERIFY(box);
+        box->selectAll();
+        QTest::keyClicks(box, keys);
+        Accept(dialog);
+        QTEST(home.settings->odometerLastEnd, "expected");
+    }
+
+    void StoredValueThatIsNoChoiceSelectsNoRow() {
+        TestHome home;
+        home.settings->roundStartType = 1;
+        COptionsDialog dialog(*home.settings);
+        dialog.show();
+        PressSpace(*Tree(dialog), QStringLiteral("Preferences, formatting>Rounding>Start time>Type"));
+        auto* box = dialog.findChild<QComboBox*>(QStringLiteral("roundStartType"));
+        QVERIFY(box);
+        QCOMPARE(box->currentIndex(), -1);
+        QCOMPARE(box->count(), 3);
+        Accept(dialog);
+        QCOMPARE(home.settings->roundStartType, 1);
+    }
+
     void StoredValueThatIsNoChoiceShowsNoneAndStays() {
         TestHome home;
         home.settings->roundStartType = 1;
         COptionsDialog dialog(*home.settings);
         const QModelIndex type =
-            Find(*Tree(dialog), QStringLiteral("Preferences, formatting/Rounding/Start time/Type"));
+            Find(*Tree(dialog), QStringLiteral("Preferences, formatting>Rounding>Start time>Type"));
         QCOMPARE(type.siblingAtColumn(1).data().toString(), QString());
         dialog.accept();
         QCOMPARE(home.settings->roundStartType, 1);
@@ -250,7 +370,7 @@ class TestCOptionsDialog : public QObject {
         TestHome home;
         COptionsDialog dialog(*home.settings);
         dialog.show();
-        PressSpace(*Tree(dialog), QStringLiteral("Confirmation dialogs/Copy"));
+        PressSpace(*Tree(dialog), QStringLiteral("Confirmation dialogs>Copy"));
         QTest::keyClick(&dialog, Qt::Key_Escape);
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
         QVERIFY(home.settings->confirmCopy);
@@ -264,7 +384,8 @@ class TestCOptionsDialog : public QObject {
             << "Preferences, formatting| Precision|  Amounts = 2 decimal places";
         QTest::newRow("a group's word shows its leaves")
             << "confirm"
-            << "Confirmation dialogs| Copy [x]| Delete [x]| Mark [x]";
+            << "Confirmation dialogs| Copy [x]| Delete [x]| Mark [x]| Add list item [ ]| Delete list item "
+               "[x]";
         QTest::newRow("a word of a value") << "thursday"
                                            << "Preferences, formatting| First day of week = Sunday";
         QTest::newRow("two words in any order")
@@ -272,6 +393,9 @@ class TestCOptionsDialog : public QObject {
             << "Preferences, formatting| Rounding|  End time|   Minutes = 0";
         QTest::newRow("signs are signs") << "add/modify"
                                          << "Interface| Re-sort record list upon add/modify [x]";
+        QTest::newRow("a radio button") << "ask me"
+                                        << "Import / export| Post-processing|  Ask me [x]|  Do nothing [ ]|  "
+                                           "Delete [ ]|  Mark as \"exported\" [ ]";
         QTest::newRow("nothing") << "zzz"
                                  << "";
     }
@@ -291,10 +415,10 @@ class TestCOptionsDialog : public QObject {
         TestHome home;
         COptionsDialog dialog(*home.settings);
         dialog.show();
-        PressSpace(*Tree(dialog), QStringLiteral("Interface/Show day/week numbers"));
+        PressSpace(*Tree(dialog), QStringLiteral("Interface>Show day/week numbers"));
         auto* search = dialog.findChild<QLineEdit*>(QStringLiteral("optionsSearch"));
         QTest::keyClicks(search, QStringLiteral("copy"));
-        PressSpace(*Tree(dialog), QStringLiteral("Confirmation dialogs/Copy"));
+        PressSpace(*Tree(dialog), QStringLiteral("Confirmation dialogs>Copy"));
         Accept(dialog);
         QVERIFY(!home.settings->confirmCopy);
     }
@@ -315,7 +439,7 @@ class TestCOptionsDialog : public QObject {
         TestHome home;
         QTimer::singleShot(0, qApp, [] {
             auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            PressSpace(*Tree(*dialog), QStringLiteral("Confirmation dialogs/Mark"));
+            PressSpace(*Tree(*dialog), QStringLiteral("Confirmation dialogs>Mark"));
             Accept(*dialog);
         });
         QVERIFY(RunOptionsDialog(nullptr, *home.settings, home.prompt));

@@ -1,6 +1,8 @@
 #include "shell/core/CRecordCommands.h"
 
+#include "entry/RecordMarks.h"
 #include "lang/LoadText.h"
+#include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "shell/core/CProgress.h"
 #include "support/TestHome.h"
@@ -119,7 +121,7 @@ class TestCRecordCommands final : public QObject {
         Scene scene;
         scene.commands.Delete({}, true);
         scene.commands.Copy({});
-        scene.commands.SetMark(MarkCode::kFirst, {}, true);
+        scene.commands.SetMark(RecordMark::First, {}, true);
         QVERIFY(scene.home.views.seen.isEmpty());
         scene.home.prompt.Finish();
     }
@@ -165,7 +167,7 @@ class TestCRecordCommands final : public QObject {
     void marks() {
         QFETCH(int, code);
         Scene scene;
-        scene.commands.SetMark(code, scene.ids, false);
+        scene.commands.SetMark(static_cast<RecordMark>(code), scene.ids, false);
         QCOMPARE(scene.Stored(), 3U);
         const CTRecord* record = scene.home.document->FindTime(scene.ids[0]);
         QTEST(record->isBillable, "billable");
@@ -177,16 +179,16 @@ class TestCRecordCommands final : public QObject {
     /// is left alone.
     void marksInOneNotice() {
         Scene scene;
-        scene.commands.SetMark(MarkCode::kExported, {scene.ids[1]}, false);
+        scene.commands.SetMark(RecordMark::Exported, {scene.ids[1]}, false);
         scene.home.views.seen.clear();
         scene.home.prompt.Expect(Text::AskMarkRecords, Answer::Yes);
-        scene.commands.SetMark(MarkCode::kExported, scene.ids, true);
+        scene.commands.SetMark(RecordMark::Exported, scene.ids, true);
         QCOMPARE(scene.Hints(), (QList<int>{14, 14, 1}));
         QCOMPARE(scene.home.views.seen[2].second, (QStringList{scene.ids[0], scene.ids[2]}));
         scene.home.views.seen.clear();
-        scene.commands.SetMark(MarkCode::kExported, scene.ids, false);
+        scene.commands.SetMark(RecordMark::Exported, scene.ids, false);
         QVERIFY(scene.home.views.seen.isEmpty());
-        scene.commands.SetMark(MarkCode::kNotExported, scene.ids, false);
+        scene.commands.SetMark(RecordMark::NotExported, scene.ids, false);
         QCOMPARE(scene.Hints(), (QList<int>{14, 14, 14, 1}));
         scene.home.prompt.Finish();
     }
@@ -200,16 +202,43 @@ class TestCRecordCommands final : public QObject {
         record.SetBillable(true);
         record.SetRate(80.0F);
         QVERIFY(scene.home.document->ModifyRecord(record, scene.ids[0], true, false, true, true));
-        scene.commands.SetMark(MarkCode::kFirstAndSecond, {scene.ids[0]}, false);
+        scene.commands.SetMark(RecordMark::FirstAndSecond, {scene.ids[0]}, false);
         const CTRecord* marked = scene.home.document->FindTime(scene.ids[0]);
         QVERIFY(marked->isBillable && marked->isBilled);
         QCOMPARE(marked->amount.value, 80.0F);
     }
 
+    /// In the other mode the same commands are about expenses.
+    void expenses() {
+        Scene scene;
+        scene.home.document->SwitchMode(RecordMode::Expense);
+        QStringList ids;
+        for (int i = 0; i < 3; ++i) {
+            QString id;
+            QVERIFY(scene.home.document->AddRecord(CERecord(), false, false, true, &id));
+            ids.append(id);
+        }
+        scene.home.document->FlushPending(Hint::Added);
+        scene.home.views.seen.clear();
+        scene.commands.SetMark(RecordMark::ThirdAndFourth, {ids[0], ids[1]}, false);
+        QCOMPARE(scene.Hints(), (QList<int>{14, 14, 1}));
+        scene.home.settings->confirmDelete = scene.home.settings->confirmCopy = false;
+        scene.commands.Delete({ids[1]}, true);
+        scene.commands.Copy({ids[0]});
+        scene.home.document->LoadRecords(RecordKind::Expense);
+        QCOMPARE(scene.home.document->RecordCount(), 3U);
+        QVERIFY(!scene.home.document->FindExpense(ids[1]));
+        QVERIFY(scene.home.document->FindExpense(ids[0])->flag3);
+        QVERIFY(scene.home.document->FindExpense(ids[0])->flag4);
+        QVERIFY(!scene.home.document->FindExpense(ids[2])->flag3);
+        scene.home.document->LoadRecords(RecordKind::Time);
+        QCOMPARE(scene.home.document->RecordCount(), 3U);
+    }
+
     void markIsRefused() {
         Scene scene;
         scene.home.prompt.Expect(Text::AskMarkRecords, Answer::No);
-        scene.commands.SetMark(MarkCode::kFirst, scene.ids, true);
+        scene.commands.SetMark(RecordMark::First, scene.ids, true);
         QVERIFY(scene.home.views.seen.isEmpty());
         scene.home.prompt.Finish();
     }

@@ -1,11 +1,13 @@
 #include "shell/CSpanEdit.h"
 
 #include "lang/LoadText.h"
+#include "records/CTRecord.h"
 #include "shell/CPickPopup.h"
 #include "shell/FormRows.h"
 
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
-#include <QTableWidget>
 #include <QtTest>
 
 /// A field for a length of time under keys and clicks.
@@ -13,9 +15,21 @@ class TestCSpanEdit : public QObject {
     Q_OBJECT
 
  private:
+    CTRecord m_entry;
+
     static QString Shown(const CSpanEdit& edit) {
         if (!edit.GetSpan()) return QStringLiteral("none");
         return QStringLiteral("%1h %2m").arg(edit.GetSpan()->hours).arg(edit.GetSpan()->minutes);
+    }
+
+    static CPickPopup* Popup(CSpanEdit& edit, Qt::Key key = Qt::Key_Down,
+                             Qt::KeyboardModifiers modifiers = Qt::AltModifier) {
+        QTest::keyClick(&edit, key, modifiers);
+        return edit.findChild<CPickPopup*>();
+    }
+    template <class Widget>
+    static Widget* Find(const CPickPopup& popup, const char* name) {
+        return popup.findChild<Widget*>(QString::fromLatin1(name));
     }
 
  private Q_SLOTS:
@@ -31,7 +45,7 @@ class TestCSpanEdit : public QObject {
     void SetSpan() {
         QFETCH(int, hours);
         QFETCH(int, minutes);
-        CSpanEdit edit({}, 5);
+        CSpanEdit edit({}, m_entry, 5);
         edit.SetSpan(EnteredSpan{hours, minutes});
         QTEST(edit.text(), "expected");
         QVERIFY(!edit.IsTouched());
@@ -56,7 +70,7 @@ class TestCSpanEdit : public QObject {
     }
     void Type() {
         QFETCH(QString, keys);
-        CSpanEdit edit({}, 5);
+        CSpanEdit edit({}, m_entry, 5);
         edit.SetSpan(EnteredSpan{8, 0});
         edit.selectAll();
         QTest::keyClicks(&edit, keys);
@@ -66,7 +80,7 @@ class TestCSpanEdit : public QObject {
     }
 
     void Clear() {
-        CSpanEdit edit({}, 5);
+        CSpanEdit edit({}, m_entry, 5);
         edit.SetSpan(EnteredSpan{8, 0});
         edit.selectAll();
         QTest::keyClick(&edit, Qt::Key_Backspace);
@@ -91,7 +105,7 @@ class TestCSpanEdit : public QObject {
         QFETCH(int, hours);
         QFETCH(int, minutes);
         QFETCH(int, key);
-        CSpanEdit edit({}, step);
+        CSpanEdit edit({}, m_entry, step);
         edit.SetSpan(EnteredSpan{hours, minutes});
         QTest::keyClick(&edit, Qt::Key(key));
         QTEST(Shown(edit), "expected");
@@ -100,37 +114,92 @@ class TestCSpanEdit : public QObject {
     void PopupOffersTheSteps_data() {
         QTest::addColumn<int>("step");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("a quarter") << 15 << ":00 :15 :30 :45";
-        QTest::newRow("twenty minutes") << 20 << ":00 :20 :40";
+        QTest::newRow("a quarter") << 15 << "0 min|15 min|30 min|45 min";
+        QTest::newRow("twenty minutes") << 20 << "0 min|20 min|40 min";
     }
     void PopupOffersTheSteps() {
         QFETCH(int, step);
-        CSpanEdit edit({}, step);
+        CSpanEdit edit({}, m_entry, step);
         edit.show();
-        QTest::keyClick(&edit, Qt::Key_F4);
-        auto* popup = edit.findChild<CPickPopup*>();
-        QVERIFY(popup);
-        auto* minutes = popup->findChild<QTableWidget*>(QStringLiteral("minuteGrid"));
+        CPickPopup* popup = Popup(edit, Qt::Key_F4, {});
         QStringList offered;
-        for (int i = 0; i < minutes->columnCount(); ++i)
-            if (minutes->item(0, i)->flags() & Qt::ItemIsEnabled) offered << minutes->item(0, i)->text();
-        QTEST(offered.join(QLatin1Char(' ')), "expected");
-        QVERIFY(!popup->findChild<QPushButton*>(QStringLiteral("nowButton")));
+        const auto* minutes = Find<QListWidget>(*popup, "minuteList");
+        for (int line = 0; line < minutes->count(); ++line) offered << minutes->item(line)->text();
+        QTEST(offered.join(QLatin1Char('|')), "expected");
+        QCOMPARE(Find<QListWidget>(*popup, "hourList")->count(), 24);
+        QVERIFY(!Find<QPushButton>(*popup, "nowButton"));
     }
 
-    void PickHoursAndMinutes() {
-        CSpanEdit edit({}, 15);
+    void ChooseFromTheLists() {
+        CSpanEdit edit({}, m_entry, 15);
         edit.show();
-        QTest::keyClick(&edit, Qt::Key_Down, Qt::AltModifier);
-        auto* popup = edit.findChild<CPickPopup*>();
-        auto* hours = popup->findChild<QTableWidget*>(QStringLiteral("hourGrid"));
-        auto* minutes = popup->findChild<QTableWidget*>(QStringLiteral("minuteGrid"));
-        QTest::keyClick(hours, Qt::Key_Right);
-        QTest::keyClick(minutes, Qt::Key_Right);
-        QTest::keyClick(minutes, Qt::Key_Right);
+        CPickPopup* popup = Popup(edit);
+        auto* hours = Find<QListWidget>(*popup, "hourList");
+        auto* minutes = Find<QListWidget>(*popup, "minuteList");
+        QTest::keyClick(hours, Qt::Key_Down);
+        QTest::keyClick(minutes, Qt::Key_Down);
+        QTest::keyClick(minutes, Qt::Key_Down);
+        QCOMPARE(Find<QLineEdit>(*popup, "hourField")->text(), QStringLiteral("1"));
+        QCOMPARE(Find<QLineEdit>(*popup, "minuteField")->text(), QStringLiteral("30"));
         QTest::keyClick(minutes, Qt::Key_Return);
         QCOMPARE(Shown(edit), QStringLiteral("1h 30m"));
         QCOMPARE(edit.text(), QStringLiteral("1:30"));
+        QVERIFY(!popup->isVisible());
+    }
+
+    void ClickOnTheChosenLineWritesItsNumber() {
+        CSpanEdit edit({}, m_entry, 15);
+        edit.SetSpan(EnteredSpan{7, 45});
+        edit.show();
+        CPickPopup* popup = Popup(edit);
+        auto* hours = Find<QListWidget>(*popup, "hourList");
+        QTest::mouseClick(hours->viewport(), Qt::LeftButton, {},
+                          hours->visualItemRect(hours->item(0)).center());
+        QCOMPARE(Find<QLineEdit>(*popup, "hourField")->text(), QStringLiteral("0"));
+        QTest::mouseClick(Find<QPushButton>(*popup, "takeButton"), Qt::LeftButton);
+        QCOMPARE(Shown(edit), QStringLiteral("0h 45m"));
+    }
+
+    void TypeIntoThePopup_data() {
+        QTest::addColumn<QString>("hours");
+        QTest::addColumn<QString>("minutes");
+        QTest::addColumn<int>("key");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("a length") << "3"
+                                  << "20" << int(Qt::Key_Return) << "3h 20m";
+        QTest::newRow("25 hours give what the lists say") << "25"
+                                                          << "20" << int(Qt::Key_Return) << "0h 0m";
+        QTest::newRow("called off") << "3"
+                                    << "20" << int(Qt::Key_Escape) << "7h 45m";
+    }
+    void TypeIntoThePopup() {
+        QFETCH(QString, hours);
+        QFETCH(QString, minutes);
+        QFETCH(int, key);
+        CSpanEdit edit({}, m_entry, 15);
+        edit.SetSpan(EnteredSpan{7, 45});
+        edit.show();
+        CPickPopup* popup = Popup(edit);
+        auto* hourField = Find<QLineEdit>(*popup, "hourField");
+        auto* minuteField = Find<QLineEdit>(*popup, "minuteField");
+        QCOMPARE(hourField->text(), QStringLiteral("7"));
+        QCOMPARE(hourField->selectedText(), QStringLiteral("7"));
+        QTest::keyClicks(hourField, hours);
+        minuteField->selectAll();
+        QTest::keyClicks(minuteField, minutes);
+        QTest::keyClick(minuteField, Qt::Key(key));
+        QTEST(Shown(edit), "expected");
+        QVERIFY(!popup->isVisible());
+    }
+
+    void ClearInThePopup() {
+        CSpanEdit edit({}, m_entry, 15);
+        edit.SetSpan(EnteredSpan{7, 45});
+        edit.show();
+        CPickPopup* popup = Popup(edit);
+        QTest::mouseClick(Find<QPushButton>(*popup, "clearButton"), Qt::LeftButton);
+        QCOMPARE(Shown(edit), QStringLiteral("none"));
+        QVERIFY(edit.IsTouched());
     }
 };
 

@@ -2,13 +2,16 @@
 
 #include "calendar/NumberText.h"
 #include "lang/LoadText.h"
+#include "records/CTRecord.h"
 #include "shell/CPickPopup.h"
 #include "shell/FormRows.h"
+#include "support/CScriptedPrompt.h"
 #include "support/CTestClock.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableWidget>
+#include <QTimeEdit>
 #include <QtTest>
 
 /// A time field under keys and clicks.
@@ -17,6 +20,10 @@ class TestCTimeEdit : public QObject {
 
  private:
     CTestClock m_clock{2026, 11, 19, 14, 7};
+    CTRecord m_entry;
+    CScriptedPrompt m_prompt;
+
+    TimePicking Picking() { return {TimeField::Start, m_entry, m_clock, m_prompt}; }
 
     static CRegionalInfo Region(bool is24Hour) {
         CRegionalInfo region;
@@ -37,6 +44,20 @@ class TestCTimeEdit : public QObject {
         QTest::keyClick(&edit, Qt::Key_Down, Qt::AltModifier);
         return edit.findChild<CPickPopup*>();
     }
+    static QTableWidget* Grid(const CPickPopup& popup, const char* name) {
+        return popup.findChild<QTableWidget*>(QString::fromLatin1(name));
+    }
+    /// The words on the button that is lit, or nothing.
+    static QString Lit(const CPickPopup& popup, const char* name) {
+        const auto lit = Grid(popup, name)->selectedItems();
+        return lit.isEmpty() ? QString() : lit.front()->text();
+    }
+    static void Click(const QTableWidget& grid, const QString& words, bool isDouble = false) {
+        const QTableWidgetItem* cell = grid.findItems(words, Qt::MatchExactly).front();
+        const QPoint place = grid.visualItemRect(cell).center();
+        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, place);
+        if (isDouble) QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, place);
+    }
 
  private Q_SLOTS:
     void initTestCase() { QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR))); }
@@ -53,7 +74,7 @@ class TestCTimeEdit : public QObject {
     void SetTime() {
         QFETCH(bool, is24Hour);
         QFETCH(int, hour);
-        CTimeEdit edit(Region(is24Hour), m_clock, 5);
+        CTimeEdit edit(Region(is24Hour), Picking(), 5);
         QSignalSpy entered(&edit, &CPickEdit::Entered);
         edit.SetTime(Time(hour, 5));
         QTEST(edit.text(), "expected");
@@ -78,7 +99,7 @@ class TestCTimeEdit : public QObject {
     }
     void Type() {
         QFETCH(QString, keys);
-        CTimeEdit edit(Region(false), m_clock, 5);
+        CTimeEdit edit(Region(false), Picking(), 5);
         edit.SetTime(Time(9, 0));
         edit.selectAll();
         QTest::keyClicks(&edit, keys);
@@ -90,7 +111,7 @@ class TestCTimeEdit : public QObject {
     }
 
     void Clear() {
-        CTimeEdit edit(Region(false), m_clock, 5);
+        CTimeEdit edit(Region(false), Picking(), 5);
         edit.SetTime(Time(9, 0));
         edit.selectAll();
         QTest::keyClick(&edit, Qt::Key_Delete);
@@ -119,7 +140,7 @@ class TestCTimeEdit : public QObject {
         QFETCH(int, hour);
         QFETCH(int, minute);
         QFETCH(int, key);
-        CTimeEdit edit(Region(false), m_clock, step);
+        CTimeEdit edit(Region(false), Picking(), step);
         edit.SetTime(Time(hour, minute));
         QSignalSpy entered(&edit, &CPickEdit::Entered);
         QTest::keyClick(&edit, Qt::Key(key));
@@ -128,52 +149,124 @@ class TestCTimeEdit : public QObject {
     }
 
     void StepIntoAnEmptyFieldStartsAtThePresent() {
-        CTimeEdit edit(Region(false), m_clock, 5);
+        CTimeEdit edit(Region(false), Picking(), 5);
         QTest::keyClick(&edit, Qt::Key_Up);
         QCOMPARE(Shown(edit), QStringLiteral("14:10"));
     }
 
     void Pick_data() {
+        QTest::addColumn<bool>("is24Hour");
         QTest::addColumn<QString>("keys");
         QTest::addColumn<QString>("expected");
-        QTest::newRow("Return takes what is there") << "R"
+        QTest::newRow("Return takes what is there") << false << "R"
                                                     << "09:07";
-        QTest::newRow("an hour on, the minutes kept") << ">R"
+        QTest::newRow("an hour on, the minutes kept") << false << ">R"
                                                       << "10:07";
-        QTest::newRow("a row down is six hours") << "vR"
-                                                 << "15:07";
-        QTest::newRow("Escape leaves the time") << ">E"
+        QTest::newRow("a row up is six hours") << false << "^R"
+                                               << "03:07";
+        QTest::newRow("24 hours: a row down") << true << "vR"
+                                              << "15:07";
+        QTest::newRow("24 hours: on to noon") << true << "v<<<R"
+                                              << "12:07";
+        QTest::newRow("Space taps the hour that is there") << false << "_R"
+                                                           << "09:07";
+        QTest::newRow("Escape leaves the time") << false << ">E"
                                                 << "09:07";
     }
     void Pick() {
+        QFETCH(bool, is24Hour);
         QFETCH(QString, keys);
-        CTimeEdit edit(Region(false), m_clock, 5);
+        CTimeEdit edit(Region(is24Hour), Picking(), 5);
         edit.SetTime(Time(9, 7));
         edit.show();
         CPickPopup* popup = Popup(edit);
         QVERIFY(popup);
-        auto* hours = popup->findChild<QTableWidget*>(QStringLiteral("hourGrid"));
         static const QHash<QChar, Qt::Key> kKeys{
-            {u'R', Qt::Key_Return}, {u'E', Qt::Key_Escape}, {u'>', Qt::Key_Right}, {u'v', Qt::Key_Down}};
+            {u'R', Qt::Key_Return}, {u'E', Qt::Key_Escape}, {u'>', Qt::Key_Right}, {u'v', Qt::Key_Down},
+            {u'^', Qt::Key_Up},     {u'_', Qt::Key_Space},  {u'<', Qt::Key_Left}};
+        QTableWidget* hours = Grid(*popup, "hourGrid");
         for (const QChar key : keys) QTest::keyClick(hours, kKeys[key]);
         QVERIFY(!popup->isVisible());
         QTEST(Shown(edit), "expected");
     }
 
-    void PickAMinuteWithTheMouse() {
-        CTimeEdit edit(Region(true), m_clock, 5);
+    void PickWithTheMouse() {
+        CTimeEdit edit(Region(false), Picking(), 5);
         edit.SetTime(Time(9, 0));
         edit.show();
-        auto* button = edit.findChild<QAbstractButton*>(QStringLiteral("pickButton"));
-        QTest::mouseClick(button, Qt::LeftButton);
+        QTest::mouseClick(edit.findChild<QAbstractButton*>(QStringLiteral("pickButton")), Qt::LeftButton);
         auto* popup = edit.findChild<CPickPopup*>();
         QVERIFY(popup);
-        auto* minutes = popup->findChild<QTableWidget*>(QStringLiteral("minuteGrid"));
-        // The minutes stand in rows of six: 0 to 25, 30 to 55.
-        QCOMPARE(minutes->item(1, 1)->text(), QStringLiteral(":35"));
-        const QPoint place = minutes->visualItemRect(minutes->item(1, 1)).center();
-        QTest::mouseClick(minutes->viewport(), Qt::LeftButton, {}, place);
-        QCOMPARE(Shown(edit), QStringLiteral("09:35"));
+        QCOMPARE(popup->windowTitle(), QStringLiteral("Start: 09:00 AM"));
+        Click(*Grid(*popup, "minuteGrid"), QStringLiteral(":35"));
+        Click(*Grid(*popup, "halfGrid"), QStringLiteral("PM"));
+        QCOMPARE(popup->windowTitle(), QStringLiteral("Start: 09:35 PM"));
+        // The field is as it was until the pad is accepted.
+        QCOMPARE(Shown(edit), QStringLiteral("09:00"));
+        Click(*Grid(*popup, "hourGrid"), QStringLiteral("12"), true);
+        QCOMPARE(Shown(edit), QStringLiteral("12:35"));
+        QVERIFY(!popup->isVisible());
+    }
+
+    void PickWhereThereIsNoTime() {
+        CTimeEdit edit(Region(false), Picking(), 5);
+        edit.show();
+        CPickPopup* popup = Popup(edit);
+        auto* control = popup->findChild<QTimeEdit*>(QStringLiteral("timeControl"));
+        QCOMPARE(control->text(), QStringLiteral("12:00 AM"));
+        QCOMPARE(Lit(*popup, "hourGrid"), QString());
+        // Going through the pad with Tab taps nothing.
+        for (int i = 0; i < 8; ++i) QTest::keyClick(popup->focusWidget(), Qt::Key_Tab);
+        QCOMPARE(Lit(*popup, "hourGrid"), QString());
+        QVERIFY(!m_entry.HasStart());
+        Click(*Grid(*popup, "halfGrid"), QStringLiteral("PM"));
+        QCOMPARE(control->text(), QStringLiteral("12:00 PM"));
+        QTest::mouseClick(popup->findChild<QPushButton*>(QStringLiteral("takeButton")), Qt::LeftButton);
+        QCOMPARE(Shown(edit), QStringLiteral("12:00"));
+    }
+
+    void LightFollowsTheTaps() {
+        CTimeEdit edit(Region(false), Picking(), 5);
+        edit.SetTime(Time(9, 0));
+        edit.show();
+        CPickPopup* popup = Popup(edit);
+        QCOMPARE(Lit(*popup, "hourGrid"), QStringLiteral("9"));
+        Click(*Grid(*popup, "hourGrid"), QStringLiteral("4"));
+        Click(*Grid(*popup, "minuteGrid"), QStringLiteral(":20"));
+        QCOMPARE(Lit(*popup, "hourGrid"), QStringLiteral("4"));
+        QCOMPARE(Lit(*popup, "minuteGrid"), QStringLiteral(":20"));
+        QCOMPARE(Lit(*popup, "halfGrid"), QStringLiteral("AM"));
+        Click(*Grid(*popup, "halfGrid"), QStringLiteral("PM"));
+        QCOMPARE(Lit(*popup, "halfGrid"), QStringLiteral("PM"));
+        Click(*Grid(*popup, "halfGrid"), QStringLiteral("PM"));
+        QCOMPARE(Lit(*popup, "halfGrid"), QStringLiteral("PM"));
+        QTest::keyClick(Grid(*popup, "halfGrid"), Qt::Key_Left);
+        QCOMPARE(Lit(*popup, "halfGrid"), QStringLiteral("AM"));
+        QCOMPARE(Shown(edit), QStringLiteral("09:00"));
+    }
+
+    void DigitsTapNothing() {
+        CTimeEdit edit(Region(false), Picking(), 5);
+        edit.SetTime(Time(9, 0));
+        edit.show();
+        CPickPopup* popup = Popup(edit);
+        QTest::keyClick(Grid(*popup, "hourGrid"), Qt::Key_3);
+        QCOMPARE(popup->windowTitle(), QStringLiteral("Start: 09:00 AM"));
+    }
+
+    void TimeControlTakesTheLightOff() {
+        CTimeEdit edit(Region(true), Picking(), 5);
+        edit.SetTime(Time(9, 0));
+        edit.show();
+        CPickPopup* popup = Popup(edit);
+        auto* control = popup->findChild<QTimeEdit*>(QStringLiteral("timeControl"));
+        control->setFocus();
+        QTest::keyClick(control, Qt::Key_Up);
+        QCOMPARE(popup->windowTitle(), QStringLiteral("Start: 10:00"));
+        QCOMPARE(Lit(*popup, "hourGrid"), QString());
+        QCOMPARE(Lit(*popup, "minuteGrid"), QString());
+        QTest::keyClick(control, Qt::Key_Return);
+        QCOMPARE(Shown(edit), QStringLiteral("10:00"));
         QVERIFY(!popup->isVisible());
     }
 
@@ -189,39 +282,44 @@ class TestCTimeEdit : public QObject {
     }
     void PickByButton() {
         QFETCH(QString, button);
-        CTimeEdit edit(Region(false), m_clock, 5);
-        edit.SetTime(Time(9, 0));
-        edit.show();
-        CPickPopup* popup = Popup(edit);
-        QTest::mouseClick(popup->findChild<QPushButton*>(button), Qt::LeftButton);
-        QTEST(Shown(edit), "expected");
-        QVERIFY(edit.IsTouched());
+        for (const bool byKey : {false, true}) {
+            CTimeEdit edit(Region(false), Picking(), 5);
+            edit.SetTime(Time(9, 0));
+            edit.show();
+            CPickPopup* popup = Popup(edit);
+            auto* widget = popup->findChild<QPushButton*>(button);
+            if (byKey) {
+                widget->setFocus();
+                QTest::keyClick(widget, Qt::Key_Return);
+            } else {
+                QTest::mouseClick(widget, Qt::LeftButton);
+            }
+            QTEST(Shown(edit), "expected");
+            QVERIFY(edit.IsTouched());
+            QVERIFY(!popup->isVisible());
+        }
     }
 
     void PopupCaptions_data() {
         QTest::addColumn<bool>("is24Hour");
-        QTest::addColumn<int>("step");
         QTest::addColumn<QString>("firstHour");
         QTest::addColumn<QString>("lastHour");
-        QTest::addColumn<QString>("secondMinute");
-        QTest::newRow("12 hours") << false << 5 << "12 AM"
-                                  << "11 PM"
-                                  << ":05";
-        QTest::newRow("24 hours, a quarter as step") << true << 15 << "00"
-                                                     << "23"
-                                                     << ":15";
+        QTest::newRow("12 hours") << false << "12"
+                                  << "11";
+        QTest::newRow("24 hours") << true << "00"
+                                  << "23";
     }
     void PopupCaptions() {
         QFETCH(bool, is24Hour);
-        QFETCH(int, step);
-        CTimeEdit edit(Region(is24Hour), m_clock, step);
+        CTimeEdit edit(Region(is24Hour), Picking(), 15);
         edit.show();
         CPickPopup* popup = Popup(edit);
-        auto* hours = popup->findChild<QTableWidget*>(QStringLiteral("hourGrid"));
-        auto* minutes = popup->findChild<QTableWidget*>(QStringLiteral("minuteGrid"));
+        QTableWidget* hours = Grid(*popup, "hourGrid");
         QTEST(hours->item(0, 0)->text(), "firstHour");
-        QTEST(hours->item(3, 5)->text(), "lastHour");
-        QTEST(minutes->item(0, 1)->text(), "secondMinute");
+        QTEST(hours->item(hours->rowCount() - 1, 5)->text(), "lastHour");
+        // The pad has fives whatever the rounding.
+        QCOMPARE(Grid(*popup, "minuteGrid")->item(0, 1)->text(), QStringLiteral(":05"));
+        QCOMPARE(Grid(*popup, "halfGrid") == nullptr, is24Hour);
     }
 
     void Lock_data() {
@@ -236,7 +334,7 @@ class TestCTimeEdit : public QObject {
     }
     void Lock() {
         QFETCH(int, key);
-        CTimeEdit edit(Region(false), m_clock, 5);
+        CTimeEdit edit(Region(false), Picking(), 5);
         edit.SetTime(Time(9, 0));
         edit.Lock(QStringLiteral("a reason"));
         QSignalSpy tried(&edit, &CPickEdit::EntryTried);
@@ -253,7 +351,7 @@ class TestCTimeEdit : public QObject {
 
     void SettledWhenTheFocusMovesOn() {
         QWidget window;
-        auto* edit = new CTimeEdit(Region(false), m_clock, 5, &window);
+        auto* edit = new CTimeEdit(Region(false), Picking(), 5, &window);
         auto* next = new QLineEdit(&window);
         window.show();
         QVERIFY(QTest::qWaitForWindowActive(&window));

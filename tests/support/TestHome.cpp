@@ -29,6 +29,8 @@ TestHome::TestHome(const QString& folder, const CRegionalInfo& regionalInfo)
 }
 
 TestHome::~TestHome() {
+    thePulldownCatalogue = m_previousCatalogue;
+    catalogue.reset();
     document.reset();
     m_precisions.reset();
     settings.reset();
@@ -52,6 +54,10 @@ void TestHome::Open() {
          {RecordKind::Time, RecordKind::Expense, RecordKind::PulldownItem, RecordKind::Dependency})
         Demand(manager.InitDataSrcTable(store->TableName(kind), *NewRecord(kind)), "making a table");
     document = std::make_unique<CVelmarchDoc>(DocumentSurroundings{*store, views, m_pump, clock, *settings});
+    catalogue = std::make_unique<CPulldownCatalogue>(
+        CPulldownCatalogue::Surroundings{manager, *document, prompt, *settings, QStringLiteral("velmarch")});
+    (void)catalogue->Load();  // what is wrong with it, the prompt is told
+    thePulldownCatalogue = catalogue.get();
 }
 
 QString TestHome::AddTime(int year, int month, int day, const QString& start, const QString& end) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
 #include "platform/CMessagePump.h"
@@ -56,4 +57,8 @@ class TestHome {
     CVOSrcMgr manager;
     std::unique_ptr<CRecordStore> store;
     std::unique_ptr<CVelmarchDoc> document;
+    std::unique_ptr<CPulldownCatalogue> catalogue;  ///< loaded, and the one in use
+
+ private:
+    CPulldownCatalogue* m_previousCatalogue = thePulldownCatalogue;
 };

@@ -6,11 +6,10 @@
 #include "entry/RecordMarks.h"
 #include "lang/FormatText.h"
 #include "platform/CPrompt.h"
-#include "records/CTRecord.h"
 #include "shell/core/CProgress.h"
 
 #include <functional>
-#include <optional>
+#include <memory>
 
 namespace {
 
@@ -25,22 +24,6 @@ int RunOver(const QStringList& ids, CProgress& progress, const QString& what,
     }
     progress.End();
     return done;
-}
-
-/// The mark of a command; nothing for codes that are of expenses.
-std::optional<RecordMark> MarkOfCode(int code) {
-    switch (code) {
-        case MarkCode::kFirst:
-            return RecordMark::First;
-        case MarkCode::kFirstAndSecond:
-            return RecordMark::FirstAndSecond;
-        case MarkCode::kExported:
-            return RecordMark::Exported;
-        case MarkCode::kNotExported:
-            return RecordMark::NotExported;
-        default:
-            return std::nullopt;
-    }
 }
 
 /// One transaction around the changes of a selection: 5,000 deletes are one wait for the disk, not 5,000.
@@ -79,9 +62,10 @@ void CRecordCommands::Delete(const QStringList& ids, bool ask) {
         return;
     m_around.document.NotifyViews(Hint::AboutToGo, ids);
     Batch batch(m_around.document);
-    const int done = RunOver(
-        ids, m_around.progress, FormatText<Text::ProgressDelete>(static_cast<int>(ids.size())),
-        [this](const QString& id) { return m_around.document.DeleteRecord(RecordKind::Time, id, false); });
+    const RecordKind kind = KindOf(theRecordMode);
+    const int done =
+        RunOver(ids, m_around.progress, FormatText<Text::ProgressDelete>(static_cast<int>(ids.size())),
+                [this, kind](const QString& id) { return m_around.document.DeleteRecord(kind, id, false); });
     const bool isKept = batch.Close();
     // The timers go once their records are gone for good.
     for (const QString& id : ids.first(isKept ? done : 0))
@@ -113,15 +97,14 @@ void CRecordCommands::Copy(const QStringList& ids) {
     if (!isKept) ReadAnew();
 }
 
-void CRecordCommands::SetMark(int code, const QStringList& ids, bool ask) {
-    const std::optional<RecordMark> mark = MarkOfCode(code);
-    if (ids.isEmpty() || !mark) return;
+void CRecordCommands::SetMark(RecordMark mark, const QStringList& ids, bool ask) {
+    if (ids.isEmpty() || !IsMarkOf(KindOf(theRecordMode), mark)) return;
     if (ask && m_around.settings.confirmMark &&
         !Confirmed(Text::AskMarkRecords, Text::AskMarkTitle, ids.size()))
         return;
     Batch batch(m_around.document);
     RunOver(ids, m_around.progress, FormatText<Text::ProgressMark>(static_cast<int>(ids.size())),
-            [this, mark, &batch](const QString& id) { return MarkOne(*mark, id, batch.IsOpen()); });
+            [this, mark, &batch](const QString& id) { return MarkOne(mark, id, batch.IsOpen()); });
     const bool isKept = batch.Close();
     m_around.document.FlushPending(Hint::Changed);
     if (!isKept) ReadAnew();
@@ -129,12 +112,10 @@ void CRecordCommands::SetMark(int code, const QStringList& ids, bool ask) {
 
 /// A record that isn't there or bears the mark is passed over: true.
 bool CRecordCommands::MarkOne(RecordMark mark, const QString& id, bool inBatch) {
-    const CTRecord* record = m_around.document.FindTime(id);
+    const CVORec* record = m_around.document.FindRecord(id);
     if (!record) return true;
-    CTRecord marked;
-    marked.Reset();
-    marked.Copy(*record);
-    if (!::SetMark(marked, mark)) return true;
+    const std::unique_ptr<CVORec> marked = CVelmarchDoc::CloneRecord(*record);
+    if (!::SetMark(*marked, mark)) return true;
     m_around.document.NotifyViews(Hint::AboutToChange, {id});
-    return m_around.document.ModifyRecord(marked, id, false, inBatch, true, true);
+    return m_around.document.ModifyRecord(*marked, id, false, inBatch, true, true);
 }

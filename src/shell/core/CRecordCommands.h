@@ -5,21 +5,11 @@
 
 class CPrompt;
 class CProgress;
-class CTRecord;
 class CTimerDesk;
 class CVelmarchDoc;
 enum class RecordMark : int;
 enum class Text : int;
 struct Settings;
-
-/// What a mark command sets. Stored in menus as these numbers; 2 to 4 are marks of expense records and have
-/// no effect on time records.
-namespace MarkCode {
-inline constexpr int kFirst = 0;           ///< billable
-inline constexpr int kFirstAndSecond = 1;  ///< billable and billed
-inline constexpr int kExported = 5;
-inline constexpr int kNotExported = 6;
-}  // namespace MarkCode
 
 /// Deletes, copies and marks the selected records: asks first where the settings say so, stops at the first
 /// failure (or when the user cancels), and announces what was done in one piece.
@@ -38,8 +28,9 @@ class CRecordCommands {
     /// says.
     void Delete(const QStringList& ids, bool ask);
     void Copy(const QStringList& ids);
-    /// A record that bears the mark already is left alone.
-    void SetMark(int code, const QStringList& ids, bool ask);
+    /// A record that bears the mark already is left alone. A mark that the mode's records don't know does
+    /// nothing.
+    void SetMark(RecordMark mark, const QStringList& ids, bool ask);
 
  private:
     /// The title is the verb of the button that says yes.

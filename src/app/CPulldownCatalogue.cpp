@@ -1,0 +1,248 @@
+#include "app/CPulldownCatalogue.h"
+
+#include "app/DependencyBytes.h"
+#include "app/ListTable.h"
+#include "app/PaymentKinds.h"
+#include "app/RecordReplacer.h"
+#include "app/StoreChange.h"
+#include "config/Settings.h"
+#include "lang/FormatText.h"
+#include "platform/CPrompt.h"
+
+#include <algorithm>
+
+CPulldownCatalogue* thePulldownCatalogue = nullptr;
+
+namespace {
+
+/// A coded text, or the code of a kind of payment with its colon.
+bool BeginsReserved(const QString& text) {
+    return text.startsWith(LoadText(Text::CodedPrefix)) ||
+           std::ranges::any_of(PaymentKinds(), [&text](const PaymentKind& kind) {
+               return text.startsWith(FormatText<Text::ReservedOpening>(LoadText(kind.code)));
+           });
+}
+
+/// What an item shows that is made of this text: in a list of numbers the number's one spelling. Nothing when
+/// the list doesn't take the text.
+std::optional<QString> DisplayOf(int list, const QString& text) {
+    if (!HoldsNumbers(list)) return text;
+    float number = 0.0F;
+    QString display;
+    return NormaliseNumber(text, number, display) ? std::optional(display) : std::nullopt;
+}
+
+/// Sets an item's value from a text by the kind of its list.
+bool SetValue(CPRecord& item, int list, const QString& text) {
+    float number = 0.0F;
+    QString display;
+    if (!HoldsNumbers(list))
+        item.SetText(text);
+    else if (NormaliseNumber(text, number, display))
+        item.SetNumber(number);
+    else
+        return false;
+    return true;
+}
+
+}  // namespace
+
+CPulldownCatalogue::CPulldownCatalogue(const Surroundings& around)
+    : m_document(around.document),
+      m_prompt(around.prompt),
+      m_settings(around.settings),
+      m_store(around.manager, around.prompt, around.dataSourceName),
+      m_dependencies(m_store) {}
+
+CPulldownCatalogue::~CPulldownCatalogue() = default;
+
+// --- Looking
+
+QStringList CPulldownCatalogue::Texts(int list) const {
+    QStringList texts;
+    if (const ItemList* items = GetList(list))
+        for (const CPRecord* item : *items) texts.append(item->GetText());
+    return texts;
+}
+
+NewItem CPulldownCatalogue::CheckNewItem(int list, const QString& text) const {
+    if (text.isEmpty() || BeginsReserved(text)) return NewItem::Refused;
+    const std::optional<QString> display = DisplayOf(list, text);
+    return display && !HasItem(list, *display) ? NewItem::Acceptable : NewItem::Refused;
+}
+
+// --- Adding and renaming
+
+bool CPulldownCatalogue::AddItem(int list, const QString& text, bool ask) {
+    auto item = std::make_unique<CPRecord>();
+    if (text.isNull() || !SetValue(*item, list, text)) return false;
+    if (ask && m_settings.confirmAddListItem && !Agreed(text)) return false;
+    // Before it is stored: an item of no list would end every load to come.
+    if (!IsKnownList(list) && !IsIgnoredList(list))
+        return Warn(Text::ItemWithoutList, FormatText<Text::ItemWithoutList>(list, text));
+    item->listId = list;
+    item->GenUnique();
+    return m_store.InsertRecord(*item, false) && m_lists.Add(std::move(item));
+}
+
+bool CPulldownCatalogue::Agreed(const QString& text) const {
+    const MessageBox box{static_cast<int>(Text::AskAddItem),
+                         LoadText(Text::AskAddItemTitle),
+                         FormatText<Text::AskAddItem>(text),
+                         BoxIcon::Question,
+                         Buttons::YesNo,
+                         Answer::No,
+                         LoadText(Text::AskAddItemTitle)};
+    return m_prompt.Ask(box) == Answer::Yes;
+}
+
+bool CPulldownCatalogue::RenameItem(int list, const QString& oldText, const QString& newText) {
+    const std::optional<QString> former = DisplayOf(list, oldText);
+    CPRecord* item = former ? m_lists.Find(list, *former) : nullptr;
+    if (!item) return false;
+    CPRecord value;
+    if (!SetValue(value, list, newText) || !StoreValue(*item, value)) return Warn(Text::ItemNotRenamed);
+    m_lists.SetValue(*item, value);
+    return true;
+}
+
+bool CPulldownCatalogue::StoreValue(const CPRecord& item, const CPRecord& value) {
+    CPRecord row;
+    QString id;
+    if (!m_store.Query(
+            FormatText<Text::SqlSelectByIdentity>(m_store.TableName(RecordKind::PulldownItem), item.GetId())))
+        return false;
+    const bool isThere = m_store.NextRecord(row, id, true);
+    m_store.Manager().CloseQuery();
+    if (!isThere) return false;
+    row.valueType = value.valueType;
+    row.text = value.text;
+    row.number = value.number;
+    return m_store.ModifyRecord(row, item.GetId(), false, true);
+}
+
+// --- Deleting
+
+bool CPulldownCatalogue::DeleteItem(int list, const QString& text) {
+    const std::optional<QString> display = DisplayOf(list, text);
+    if (!display || !HasItem(list, *display)) return false;
+    if (!TreesAreKnown()) return Warn(Text::ItemNotDeleted);
+    CPRecord* item = m_lists.Find(list, *display);  // only now: knowing the trees may have meant a load
+    if (!item) return false;
+    const Deleted deleted =
+        DeleteStored([&] { return m_store.DeleteRecord(RecordKind::PulldownItem, item->GetId()); },
+                     [item](const CPRecord& one) { return &one == item; });
+    if (deleted == Deleted::Kept) return Warn(Text::ItemNotDeleted);
+    m_lists.Remove(*item);
+    if (deleted == Deleted::TreesNotSaved) Warn(Text::DependenciesNotSaved);
+    return true;
+}
+
+bool CPulldownCatalogue::DeleteAllItems(int list) {
+    if (!GetList(list)) return false;
+    if (!TreesAreKnown()) return Warn(Text::ItemNotDeleted);
+    const QString statement =
+        FormatText<Text::SqlDeleteList>(m_store.TableName(RecordKind::PulldownItem), list);
+    const Deleted deleted = DeleteStored([&] { return m_store.Query(statement); },
+                                         [list](const CPRecord& item) { return item.listId == list; });
+    if (deleted == Deleted::Kept) return false;
+    m_lists.RemoveAll(list);
+    if (deleted == Deleted::TreesNotSaved) Warn(Text::DependenciesNotUpdated);
+    return true;
+}
+
+/// An item that goes while its tree isn't in memory would leave a stored tree behind that names an unknown
+/// item: it could never be read again.
+bool CPulldownCatalogue::TreesAreKnown() {
+    if (m_extent == Extent::SomeLists && !Load()) return false;
+    return std::ranges::all_of(kDependencySets, [this](DependencySet set) {
+        return PlaceOf(set).state != TreePlace::State::Unread || LoadTree(set);
+    });
+}
+
+/// The rows go and the trees that held their items are stored without them, as one change: a program that is
+/// killed in between leaves both or neither. Memory follows when that is done.
+CPulldownCatalogue::Deleted CPulldownCatalogue::DeleteStored(const std::function<bool()>& deleteRows,
+                                                             const DependencyTree::ItemTest& isGone) {
+    std::vector<DependencySet> changed;
+    for (const DependencySet set : kDependencySets)
+        if (Tree(set).Holds(isGone)) changed.push_back(set);
+    if (changed.empty()) return deleteRows() ? Deleted::Done : Deleted::Kept;
+
+    Deleted end = Deleted::Done;
+    {
+        StoreChange change(m_store);
+        if (!change.IsOpen() || !deleteRows()) return Deleted::Kept;
+        const bool isSaved = std::ranges::all_of(changed, [&](DependencySet set) {
+            return m_dependencies.Put(set, TreeToBytes(Tree(set), isGone));
+        });
+        if (!isSaved || !change.Commit()) end = Deleted::TreesNotSaved;
+    }
+    // What can't be kept in step doesn't hold up the deletion; the next save of the trees mends them.
+    if (end == Deleted::TreesNotSaved && !deleteRows()) return Deleted::Kept;
+    for (const DependencySet set : changed) Tree(set).RemoveIf(isGone);
+    return end;
+}
+
+// --- Names of fields
+
+bool CPulldownCatalogue::SetNames(const std::map<int, QString>& names) {
+    if (!TreesAreKnown()) return Warn(Text::ItemNotDeleted);
+    // Names have no place in a tree. Where a damaged store has one all the same, it goes by the rules of
+    // trees.
+    const auto isName = [&names](const CPRecord& item) { return names.contains(item.listId); };
+    for (const DependencySet set : kDependencySets)
+        for (const auto& [list, text] : names)
+            if (Tree(set).Holds(isName) && !DeleteAllItems(list)) return false;
+
+    std::vector<std::unique_ptr<CPRecord>> items;
+    if (!StoreNames(names, items)) return false;
+    for (const auto& [list, text] : names) m_lists.RemoveAll(list);
+    for (auto& item : items) static_cast<void>(m_lists.Add(std::move(item)));
+    FillLabels();
+    return true;
+}
+
+bool CPulldownCatalogue::StoreNames(const std::map<int, QString>& names,
+                                    std::vector<std::unique_ptr<CPRecord>>& items) {
+    const QString table = m_store.TableName(RecordKind::PulldownItem);
+    StoreChange change(m_store);
+    if (!change.IsOpen()) return false;
+    for (const auto& [list, text] : names) {
+        const ItemList* former = GetList(list);
+        if (!former) return false;
+        if (!former->empty() && !m_store.Query(FormatText<Text::SqlDeleteList>(table, list))) return false;
+        if (text.isEmpty()) continue;
+        items.push_back(std::make_unique<CPRecord>(text));
+        items.back()->listId = list;
+        items.back()->GenUnique();
+        if (!m_store.InsertRecord(*items.back(), true)) return false;
+    }
+    return change.Commit();
+}
+
+// --- Records
+
+bool CPulldownCatalogue::ReplaceInRecords(int& count, int list, const QString& oldText,
+                                          const QString& newText) {
+    count = 0;
+    const ListRow* row = FindRecordList(list);
+    if (row && !oldText.isEmpty() && !newText.isEmpty() && oldText != newText)
+        count = RecordReplacer(m_store, m_document).Replace(*row, oldText, newText);
+    return true;
+}
+
+bool CPulldownCatalogue::Warn(Text id, const QString& text) const {
+    m_prompt.Tell({static_cast<int>(id),
+                   LoadText(Text::ListsTitle),
+                   text,
+                   BoxIcon::Warning,
+                   Buttons::Ok,
+                   Answer::Ok,
+                   {}});
+    return false;
+}
+
+bool CPulldownCatalogue::Warn(Text id) const {
+    return Warn(id, LoadText(id));
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "records/CPRecord.h"
+
+#include <QHash>  // std::hash of texts
+#include <QString>
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+/// The pick lists with their items in memory: the 57 known lists, their items in order of loading and adding,
+/// and the ways to an item by its text and by its identity, both in constant time.
+class PulldownLists {
+ public:
+    using ItemList = std::vector<CPRecord*>;
+
+    PulldownLists();
+    /// All lists anew and empty. Now the items that were removed are destroyed as well: until then pointers
+    /// to them, in a tree that is being edited say, stay good.
+    void Clear();
+    void Reserve(std::size_t items) { m_items.reserve(items); }
+
+    /// Null for a list that isn't known.
+    [[nodiscard]] const ItemList* Get(int list) const;
+    /// By exact comparison of what the item shows; the first of several.
+    [[nodiscard]] CPRecord* Find(int list, const QString& text) const;
+    [[nodiscard]] CPRecord* FindById(const QString& id) const;
+
+    /// Puts the item at the end of its list. One that is there already, by its identity, stays; one of an
+    /// ignored list is taken and dropped. False when there is no such list.
+    [[nodiscard]] bool Add(std::unique_ptr<CPRecord> item);
+    /// Gives an item the value of another.
+    void SetValue(CPRecord& item, const CPRecord& value);
+    void Remove(CPRecord& item);
+    void RemoveAll(int list);
+
+ private:
+    struct List {
+        int id;
+        ItemList items;
+        std::unordered_map<QString, CPRecord*> byText;  ///< the first item that shows the text
+    };
+    [[nodiscard]] List* Locate(int list);
+    [[nodiscard]] const List* Locate(int list) const;
+    static void FindFirstAnew(List& list, const QString& text);
+    void Retire(const QString& id);
+
+    std::vector<List> m_lists;
+    std::unordered_map<QString, std::unique_ptr<CPRecord>> m_items;
+    std::vector<std::unique_ptr<CPRecord>> m_retired;
+};

@@ -1,0 +1,97 @@
+#include "app/RecordReplacer.h"
+
+#include "app/CVelmarchDoc.h"
+#include "app/ListTable.h"
+#include "app/StoreChange.h"
+#include "lang/FormatText.h"
+#include "records/CERecord.h"
+#include "records/CTRecord.h"
+
+#include <algorithm>
+
+QString& RecordReplacer::Field::Of(CVORec& record) const {
+    return kind == RecordKind::Time ? static_cast<CTRecord&>(record).*row.timeField
+                                    : static_cast<CERecord&>(record).*row.expenseField;
+}
+
+int RecordReplacer::Replace(const ListRow& row, const QString& oldText, const QString& newText) {
+    std::vector<Batch> batches = Batches(row);
+    if (batches.empty()) return 0;
+    const qsizetype othersPending = m_document.PendingCount();
+    bool isDone = false;
+    {
+        // The search belongs to the change: no other program alters a record in between.
+        StoreChange change(m_store);
+        if (!change.IsOpen()) return 0;
+        for (Batch& batch : batches) {
+            const std::optional<QStringList> ids = Holders(batch.field, oldText);
+            if (!ids) return 0;
+            batch.ids = *ids;
+        }
+        for (const Batch& batch : batches)
+            if (batch.isShown && !batch.ids.isEmpty()) m_document.NotifyViews(Hint::AboutToChange, batch.ids);
+        isDone = std::ranges::all_of(batches, [&](Batch& batch) { return Change(batch, newText); }) &&
+                 change.Commit();
+    }
+    (void)m_document.TakePending(othersPending);
+    Announce(batches, isDone, oldText);
+    qsizetype count = 0;
+    for (const Batch& batch : batches) count += isDone ? batch.done : 0;
+    return static_cast<int>(count);
+}
+
+std::vector<RecordReplacer::Batch> RecordReplacer::Batches(const ListRow& row) const {
+    const RecordKind shown = KindOf(theRecordMode);
+    std::vector<Batch> batches;
+    if (row.timeField) batches.push_back({{RecordKind::Time, row}, shown == RecordKind::Time, {}});
+    if (row.expenseField) batches.push_back({{RecordKind::Expense, row}, shown == RecordKind::Expense, {}});
+    return batches;
+}
+
+/// The identities of the records that hold a text; nothing when they can't be read.
+std::optional<QStringList> RecordReplacer::Holders(const Field& field, const QString& text) {
+    const Text column = field.kind == RecordKind::Time ? field.row.timeColumn : field.row.expenseColumn;
+    QStringList ids;
+    const QString statement =
+        FormatText<Text::SqlIdentitiesOf>(m_store.TableName(field.kind), LoadText(column), QuoteText(text));
+    return m_store.QueryTexts(statement, ids) ? std::optional(ids) : std::nullopt;
+}
+
+/// Each record as it is stored, so that it needn't be loaded, and what another program wrote into it stays.
+bool RecordReplacer::Change(Batch& batch, const QString& newText) {
+    for (const QString& id : batch.ids) {
+        const std::unique_ptr<CVORec> record = NewRecord(batch.field.kind);
+        if (!m_store.ReadRecord(*record, id)) return false;
+        batch.field.Of(*record) = newText;
+        const bool isStored = batch.isShown ? m_document.ModifyRecord(*record, id, false, true, true, true)
+                                            : m_store.ModifyRecord(*record, id, true, true);
+        if (!isStored) return false;
+        ++batch.done;
+    }
+    return true;
+}
+
+/// The views hear of every record that they were warned of, so that a tree counts right again.
+void RecordReplacer::Announce(const std::vector<Batch>& batches, bool isDone, const QString& oldText) {
+    for (const Batch& batch : batches) {
+        if (batch.ids.isEmpty()) continue;
+        if (!batch.isShown) {
+            // Those that were read one by one and may be looked at again.
+            for (const QString& id : batch.ids)
+                if (m_document.FindRecord(id)) (void)m_document.FetchRecord(batch.field.kind, id);
+            continue;
+        }
+        if (!isDone) PutBack(batch, oldText);
+        m_document.NotifyViews(Hint::Changed, batch.ids);
+        if (isDone || batch.done == batch.ids.size()) continue;
+        const QString& failed = batch.ids[batch.done];
+        if (m_document.IsVisible(failed)) (void)m_document.RefreshRecords(batch.field.kind, {failed});
+    }
+}
+
+/// After a failure nothing of the batch is stored: memory goes back to the old text, too. The record that
+/// failed isn't among them: the document has kept it, and only shows the new text until it is read anew.
+void RecordReplacer::PutBack(const Batch& batch, const QString& oldText) {
+    for (const QString& id : batch.ids.first(batch.done))
+        if (CVORec* record = m_document.FindRecord(id)) batch.field.Of(*record) = oldText;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// A text made of a code and a name: "[4711] Acme" is the code 4711 with the name Acme.
+struct CodedText {
+    QString code;
+    QString name;
+};
+
+/// Both parts empty for a text that doesn't begin with the prefix or lacks the separator: "Acme", "[4711]".
+/// The first separator counts, so a code can't contain one.
+[[nodiscard]] CodedText SplitCodedText(const QString& text);
+/// Empty when both parts are.
+[[nodiscard]] QString JoinCodedText(const CodedText& parts);
+
+/// The 19 kinds of payment as they are offered for the fourth item of an expense: "CA: Cash".
+[[nodiscard]] QStringList PaymentTexts();
