@@ -38,6 +38,7 @@ void CVelmarchDoc::BuildVisible() {
     for (auto& record : m_shownOnly) m_displaced.push_back(std::move(record));
     m_shownOnly.clear();
     m_visible.clear();
+    ++m_placesEdition;
     const BothFilters filters(*this);
     for (CVORec* record = m_records.GetFirst(); record; record = m_records.GetNext()) {
         const bool passes = filters.Matches(*record);

@@ -116,6 +116,8 @@ class CVelmarchDoc {
     }
     /// Behind the last place.
     [[nodiscard]] std::size_t VisiblePlaces() const { return m_visible.size(); }
+    /// Another number as soon as the places are given anew.
+    [[nodiscard]] unsigned PlacesEdition() const { return m_placesEdition; }
     [[nodiscard]] std::size_t RecordCount() const { return m_records.Count(); }
 
     [[nodiscard]] TimeFilter& Filter() { return m_timeFilter; }
@@ -166,6 +168,7 @@ class CVelmarchDoc {
     QStringList m_pendingIds;
     std::vector<CVORec*> m_visible;  ///< null where a record was removed; places are kept in m_records
     std::size_t m_visibleCount = 0;
+    unsigned m_placesEdition = 0;
     TimeFilter m_timeFilter;
     ExpenseFilter m_expenseFilter;
     VORecPtrCol m_records;

@@ -65,6 +65,8 @@ class CDataTree {
 
     void TakeLevels();
     void FreeNodes();
+    void Fill();
+    CTreeNode* LeafOf(const CVORec& record, const std::vector<std::uint32_t>& numbers);
     [[nodiscard]] bool HasLevelsOf(const CVORec& record) const;
     [[nodiscard]] std::uint32_t NumberOf(const QString& text);
     [[nodiscard]] CTreeNode* ChildOf(const CTreeNode& parent, std::uint32_t textNumber) const;
@@ -85,5 +87,6 @@ class CDataTree {
     std::array<Known, 4096> m_known;
     std::uint32_t m_nextNode = 1;
     std::vector<bool> m_isCounted;  ///< by the records' places in the document
+    unsigned m_edition = 0;         ///< of those places
     bool m_isFilling = false;       ///< many come at once: nobody is told of each, and none is sorted
 };
