@@ -1,8 +1,10 @@
 #include "entry/ExpenseEntryRules.h"
 
+#include "app/ListTable.h"
 #include "calendar/NumberText.h"
 #include "calendar/ScanText.h"
 #include "config/Settings.h"
+#include "entry/KeepInLists.h"
 #include "entry/TypedFields.h"
 #include "lang/FormatText.h"
 #include "records/CERecord.h"
@@ -37,6 +39,24 @@ void PutDistanceAmount(DecimalField& amount, const QString& distance, const QStr
     amount.Set(product > 0.0F ? product : 0.0F);
 }
 
+using ExpenseEntryRules::ItemsPage;
+using ExpenseEntryRules::MoneyPage;
+
+/// Typed texts and their lists, in the order of their keeping.
+constexpr KeepRow<MoneyPage> kTypedMoney[] = {
+    {&Settings::keepDistance, ListId::kDistance, &MoneyPage::distance},
+    {&Settings::keepDistanceRate, ListId::kDistanceRate, &MoneyPage::rate},
+    {&Settings::keepExpenseList135, ListId::kItem5, &MoneyPage::item5},
+};
+constexpr KeepRow<MoneyPage> kTypedAmount = {&Settings::keepExpenseList136, ListId::kAmount,
+                                             &MoneyPage::amount};
+constexpr KeepRow<ItemsPage> kTypedItems[] = {
+    {&Settings::keepExpenseList131, ListId::kClient, &ItemsPage::item1},
+    {&Settings::keepExpenseList132, ListId::kProject, &ItemsPage::item2},
+    {&Settings::keepExpenseList133, ListId::kExpenseItem3, &ItemsPage::item3},
+    {&Settings::keepExpenseList134, ListId::kExpenseItem4, &ItemsPage::item4},
+};
+
 }  // namespace
 
 namespace ExpenseEntryRules {
@@ -54,15 +74,17 @@ void TakeDistance(CERecord& record, const QString& distance, const QString& rate
     PutTyped(record.rate, rate);
 }
 
-void AcceptMoneyPage(CERecord& record, const MoneyPage& page) {
+void AcceptMoneyPage(CERecord& record, const MoneyPage& page, const KeepInLists& keep) {
     record.date.Set(page.month, page.day, page.year);
     record.isDistance = page.isDistance;
     if (page.isDistance) TakeDistance(record, page.distance, page.rate);
     record.item5 = CutItem(page.item5);
     PutTyped(record.amount, page.amount);
+    for (const KeepRow<MoneyPage>& row : kTypedMoney) keep.Keep(row, page);
+    if (!page.isDistance) keep.Keep(kTypedAmount, page);
 }
 
-void AcceptItemsPage(CERecord& record, const ItemsPage& page) {
+void AcceptItemsPage(CERecord& record, const ItemsPage& page, const KeepInLists& keep) {
     record.item1 = CutItem(page.item1);
     record.item2 = CutItem(page.item2);
     record.item3 = CutItem(page.item3);
@@ -72,6 +94,7 @@ void AcceptItemsPage(CERecord& record, const ItemsPage& page) {
     record.flag3 = page.flag3;
     record.flag4 = page.flag3 && page.flag4;
     record.flag5 = page.flag5;
+    for (const KeepRow<ItemsPage>& row : kTypedItems) keep.Keep(row, page);
 }
 
 Odometer OpenOdometer(const CERecord& record, const Settings& settings) {

@@ -3,6 +3,7 @@
 #include <QString>
 
 class CERecord;
+class KeepInLists;
 struct Settings;
 
 /// The rules by which entered values become part of an expense.
@@ -26,16 +27,18 @@ struct MoneyPage {
 };
 /// Takes the page over. Without isDistance the record keeps the distance and rate that it had: turned off by
 /// mistake, they are still there. Numbers are taken as typed, negative ones too: -20.00 is money that came
-/// back. Only -1.00 can't be told from no amount.
-void AcceptMoneyPage(CERecord& record, const MoneyPage& page);
+/// back. Only -1.00 can't be told from no amount. What was typed is kept in the pick lists, the amount of a
+/// distance entry, which was computed, isn't.
+void AcceptMoneyPage(CERecord& record, const MoneyPage& page, const KeepInLists& keep);
 
 /// The second page.
 struct ItemsPage {
     QString item1, item2, item3, item4;
     bool flag1 = false, flag2 = false, flag3 = false, flag4 = false, flag5 = false;
 };
-/// flag2 needs flag1, flag4 needs flag3: where the first is off, the second is cleared.
-void AcceptItemsPage(CERecord& record, const ItemsPage& page);
+/// flag2 needs flag1, flag4 needs flag3: where the first is off, the second is cleared. The items are kept in
+/// the pick lists.
+void AcceptItemsPage(CERecord& record, const ItemsPage& page, const KeepInLists& keep);
 
 /// The odometer dialog: readings as typed, and the distance that follows from them.
 struct Odometer {

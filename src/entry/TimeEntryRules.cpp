@@ -1,8 +1,10 @@
 #include "entry/TimeEntryRules.h"
 
 #include "app/CTimerDesk.h"
+#include "app/ListTable.h"
 #include "calendar/NumberText.h"
 #include "config/Settings.h"
+#include "entry/KeepInLists.h"
 #include "entry/TypedFields.h"
 #include "lang/LoadText.h"
 #include "platform/CPrompt.h"
@@ -42,8 +44,24 @@ void PutDuration(CTRecord& record, const EnteredSpan& span, const Settings& sett
 /// A typed value into its field as it is; a text that is no number, or a negative one, leaves "no value".
 void PutTypedMoney(DecimalField& field, const QString& text) {
     PutTyped(field, text);
-    if (field.value < 0.0F) field.Set(-1.0F);
+    if (field.value < 0.0F) field.SetNone();
 }
+
+/// A typed text and its list, in the order of their keeping.
+struct TypedRow {
+    KeepRow<TimeEntryRules::EntryPage> keep;
+    bool CTRecord::*isComputed;  ///< null: only ever typed
+};
+using Page = TimeEntryRules::EntryPage;
+constexpr TypedRow kTyped[] = {
+    {{&Settings::keepTimeList109, ListId::kClient, &Page::item1}, nullptr},
+    {{&Settings::keepTimeList110, ListId::kProject, &Page::item2}, nullptr},
+    {{&Settings::keepTimeList113, ListId::kTimeRate, &Page::rate}, &CTRecord::rateIsDerived},
+    {{&Settings::keepTimeList111, ListId::kTimeItem3, &Page::item3}, nullptr},
+    {{&Settings::keepTimeList112, ListId::kTimeItem4, &Page::item4}, nullptr},
+    {{&Settings::keepTimeList114, ListId::kItem5, &Page::item5}, nullptr},
+    {{&Settings::keepTimeList115, ListId::kAmount, &Page::amount}, &CTRecord::amountIsDerived},
+};
 
 }  // namespace
 
@@ -115,14 +133,17 @@ bool EnterAmount(CTRecord& record, const QString& text) {
     return true;
 }
 
-void AcceptEntryPage(CTRecord& record, const EntryPage& page) {
+void AcceptEntryPage(CTRecord& record, const EntryPage& page, const KeepInLists& keep) {
     record.item1 = CutItem(page.item1);
     record.item2 = CutItem(page.item2);
-    PutTypedMoney(record.rate, page.rate);
     record.item3 = CutItem(page.item3);
     record.item4 = CutItem(page.item4);
     record.item5 = CutItem(page.item5);
+    PutTypedMoney(record.rate, page.rate);
     PutTypedMoney(record.amount, page.amount);
+    // Before the flags: a record that is no longer billable forgets what was computed.
+    for (const TypedRow& row : kTyped)
+        if (!row.isComputed || !(record.*row.isComputed)) keep.Keep(row.keep, page);
     record.SetBillable(page.isBillable);
     record.isBilled = page.isBillable && page.isBilled;
 }

@@ -8,6 +8,7 @@
 class CPrompt;
 class CTRecord;
 class CTimerDesk;
+class KeepInLists;
 struct Settings;
 
 /// Hours and minutes as entered, both from 0.
@@ -50,8 +51,8 @@ struct EntryPage {
     bool isBillable = false;
     bool isBilled = false;
 };
-/// Takes the page over in its fixed order; rate and amount as typed, without recalculation. Items are cut to
-/// 255 characters.
-void AcceptEntryPage(CTRecord& record, const EntryPage& page);
+/// Takes the page over; rate and amount as typed, without recalculation. Items are cut to 255 characters.
+/// What was typed is kept in the pick lists; a rate or an amount that was computed never is.
+void AcceptEntryPage(CTRecord& record, const EntryPage& page, const KeepInLists& keep);
 
 }  // namespace TimeEntryRules

@@ -11,7 +11,9 @@ QString CutItem(const QString& text) {
 }
 
 void PutTyped(DecimalField& field, const QString& text) {
-    float value = -1.0F;
-    (void)ParseFloat(TheRegion(), text, value);
-    field.Set(value);
+    float value = 0.0F;
+    if (ParseFloat(TheRegion(), text, value))
+        field.Set(value);
+    else
+        field.SetNone();
 }

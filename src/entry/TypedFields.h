@@ -10,5 +10,5 @@ struct DecimalField;
 /// in half.
 [[nodiscard]] QString CutItem(const QString& text);
 
-/// The typed number into its field; a text that is no number leaves -1.0, "no value".
+/// The typed number into its field; a text that is no number leaves none.
 void PutTyped(DecimalField& field, const QString& text);

@@ -10,9 +10,6 @@ namespace {
 
 using enum Text;
 
-/// The sentinel of amount and rate.
-constexpr float kNoValue = -1.0F;
-
 constexpr FieldDef kFields[] = {
     FieldDef::Int(ColumnMonth),        FieldDef::Int(ColumnDay),           FieldDef::Int(ColumnYear),
     FieldDef::Str(ColumnItem1),        FieldDef::Str(ColumnItem2),         FieldDef::Str(ColumnExpenseItem3),
@@ -23,12 +20,6 @@ constexpr FieldDef kFields[] = {
     FieldDef::Long(ColumnNotes),       FieldDef::Str(ColumnOdometerStart), FieldDef::Str(ColumnOdometerEnd),
     FieldDef::Key(ColumnIdentity),
 };
-
-bool ValueOf(const DecimalField& field, float& out) {
-    const bool isPresent = field.value != kNoValue;
-    out = isPresent ? field.value : 0.0F;
-    return isPresent;
-}
 
 /// The stored text in this machine's form. One that can't be read, an empty one too, leaves the distance as
 /// it is.
@@ -66,9 +57,9 @@ CERecord::CERecord() {
     const CPrecisionSource& precisions = ThePrecisions();
     distance.precision = precisions.DistancePrecision();
     amount.precision = precisions.AmountPrecision();
-    amount.Set(kNoValue);
+    amount.SetNone();
     rate.precision = precisions.RatePrecision();
-    rate.Set(kNoValue);
+    rate.SetNone();
 }
 
 void CERecord::Reset() {
@@ -77,22 +68,6 @@ void CERecord::Reset() {
 
 float CERecord::GetDistance() const {
     return distance.isSet ? distance.value : 0.0F;
-}
-
-bool CERecord::GetAmount(float& out) const {
-    return ValueOf(amount, out);
-}
-
-bool CERecord::GetRate(float& out) const {
-    return ValueOf(rate, out);
-}
-
-QString CERecord::GetAmountText() const {
-    return amount.value == kNoValue ? QString() : amount.text;
-}
-
-QString CERecord::GetRateText() const {
-    return rate.value == kNoValue ? QString() : rate.text;
 }
 
 void CERecord::Copy(const CERecord& other) {

@@ -14,8 +14,8 @@ class CERecord final : public CVORec {
     QString item1, item2, item3, item4, item5;
     bool isDistance = false;
     DecimalField distance;  ///< stored as its display text, in the decimal form of the machine that saves it
-    DecimalField amount;    ///< -1.0: no value
-    DecimalField rate;      ///< money per distance; -1.0: no value
+    DecimalField amount;
+    DecimalField rate;  ///< money per distance
     QString odometerStart;
     QString odometerEnd;
     bool flag1 = false, flag2 = false, flag3 = false, flag4 = false, flag5 = false;
@@ -25,10 +25,10 @@ class CERecord final : public CVORec {
     void Reset();
     /// The distance, 0 when not set.
     [[nodiscard]] float GetDistance() const;
-    [[nodiscard]] bool GetAmount(float& out) const;
-    [[nodiscard]] bool GetRate(float& out) const;
-    [[nodiscard]] QString GetAmountText() const;
-    [[nodiscard]] QString GetRateText() const;
+    [[nodiscard]] bool GetAmount(float& out) const { return amount.GetMoney(out); }
+    [[nodiscard]] bool GetRate(float& out) const { return rate.GetMoney(out); }
+    [[nodiscard]] QString GetAmountText() const { return amount.MoneyText(); }
+    [[nodiscard]] QString GetRateText() const { return rate.MoneyText(); }
     void Copy(const CERecord& other);
 
     [[nodiscard]] RecordKind Kind() const override { return RecordKind::Expense; }

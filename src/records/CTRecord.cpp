@@ -11,8 +11,6 @@
 
 namespace {
 
-/// The sentinel of amount and rate.
-constexpr float kNoValue = -1.0F;
 /// More hours than any clock arithmetic makes a time of: a damaged row may hold any number.
 constexpr int kBeyondAnyTime = 10000;
 
@@ -46,12 +44,6 @@ void ClearTime(int& hour, int& minute, bool& isPm) {
     isPm = false;
 }
 
-bool ValueOf(const DecimalField& field, float& out) {
-    const bool isPresent = field.value != kNoValue;
-    out = isPresent ? field.value : 0.0F;
-    return isPresent;
-}
-
 float Share(float amount, float hours) {
     return hours == 0.0F ? 0.0F : amount / hours;
 }
@@ -64,9 +56,9 @@ CTRecord::CTRecord() {
     for (SpanField* span : {&spans.duration, &spans.breakTime, &spans.effective})
         span->decimal.precision = precisions.DurationPrecision();
     amount.precision = precisions.AmountPrecision();
-    amount.Set(kNoValue);
+    amount.SetNone();
     rate.precision = precisions.RatePrecision();
-    rate.Set(kNoValue);
+    rate.SetNone();
 }
 
 void CTRecord::Reset() {
@@ -183,8 +175,8 @@ void CTRecord::SetBillable(bool flag) {
     isBillable = flag;
     if (flag) return;
     isBilled = false;
-    amount.Set(kNoValue);
-    rate.Set(kNoValue);
+    amount.SetNone();
+    rate.SetNone();
     amountIsDerived = false;
     rateIsDerived = false;
 }
@@ -194,7 +186,10 @@ bool CTRecord::SetAmount(float value) {
     amountIsDerived = false;
     rateIsDerived = false;
     const bool isValue = value >= 0.0F;  // a value that is no number is none either
-    amount.Set(isValue ? value : kNoValue);
+    if (isValue)
+        amount.Set(value);
+    else
+        amount.SetNone();
     float hours = 0.0F;
     if (!isValue || !spans.effective.GetDecimal(hours)) return false;
     rate.Set(Share(value, hours));
@@ -207,28 +202,15 @@ bool CTRecord::SetRate(float value) {
     amountIsDerived = false;
     rateIsDerived = false;
     const bool isValue = value >= 0.0F;
-    rate.Set(isValue ? value : kNoValue);
+    if (isValue)
+        rate.Set(value);
+    else
+        rate.SetNone();
     float hours = 0.0F;
     if (!isValue || !spans.effective.GetDecimal(hours)) return false;
     amount.Set(hours * value);
     amountIsDerived = true;
     return true;
-}
-
-bool CTRecord::GetAmount(float& out) const {
-    return ValueOf(amount, out);
-}
-
-bool CTRecord::GetRate(float& out) const {
-    return ValueOf(rate, out);
-}
-
-QString CTRecord::GetAmountText() const {
-    return amount.value == kNoValue ? QString() : amount.text;
-}
-
-QString CTRecord::GetRateText() const {
-    return rate.value == kNoValue ? QString() : rate.text;
 }
 
 /// After a change of time the value that was entered stays and the derived one follows. The derived flags
@@ -239,9 +221,9 @@ void CTRecord::RecalcMoney() {
     float hours = 0.0F;
     if (!spans.effective.GetDecimal(hours)) {
         if (amountIsDerived)
-            amount.Set(kNoValue);
+            amount.SetNone();
         else if (rateIsDerived)
-            rate.Set(kNoValue);
+            rate.SetNone();
         return;
     }
     float enteredRate = 0.0F;

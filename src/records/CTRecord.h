@@ -13,8 +13,8 @@ class CTRecord final : public CVORec {
 
     RecordDate date;
     QString item1, item2, item3, item4, item5;
-    DecimalField amount;      ///< -1.0: no value
-    DecimalField rate;        ///< money per hour; -1.0: no value
+    DecimalField amount;
+    DecimalField rate;        ///< money per hour
     bool isBillable = false;  ///< rate and amount exist only while it is set
     bool isBilled = false;
     bool isExported = false;
@@ -47,10 +47,10 @@ class CTRecord final : public CVORec {
     /// False when the value is negative or no effective time exists; the value is stored all the same.
     bool SetAmount(float value);
     bool SetRate(float value);
-    [[nodiscard]] bool GetAmount(float& out) const;
-    [[nodiscard]] bool GetRate(float& out) const;
-    [[nodiscard]] QString GetAmountText() const;
-    [[nodiscard]] QString GetRateText() const;
+    [[nodiscard]] bool GetAmount(float& out) const { return amount.GetMoney(out); }
+    [[nodiscard]] bool GetRate(float& out) const { return rate.GetMoney(out); }
+    [[nodiscard]] QString GetAmountText() const { return amount.MoneyText(); }
+    [[nodiscard]] QString GetRateText() const { return rate.MoneyText(); }
     void RecalcDuration();
     void RecalcMoney();
     /// Assignment: everything, identity included; decimals are rounded to this record's precisions.

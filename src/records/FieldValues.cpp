@@ -23,6 +23,12 @@ void DecimalField::Copy(const DecimalField& source) {
     Set(source.value);
 }
 
+bool DecimalField::GetMoney(float& out) const {
+    const bool isPresent = value != kNone;
+    out = isPresent ? value : 0.0F;
+    return isPresent;
+}
+
 void RecordDate::Reset() {
     *this = RecordDate{};
 }

@@ -15,6 +15,17 @@ struct DecimalField {
     void Reset();
     /// Set of the source's value: rounded to this precision, and set even if the source wasn't.
     void Copy(const DecimalField& source);
+
+    // Amounts and rates: -1.0 stands for no value.
+
+    void SetNone() { Set(kNone); }
+    /// The value; false and 0 without one.
+    [[nodiscard]] bool GetMoney(float& out) const;
+    /// Empty without a value.
+    [[nodiscard]] QString MoneyText() const { return value == kNone ? QString() : text; }
+
+ private:
+    static constexpr float kNone = -1.0F;
 };
 
 /// A calendar day with its three texts.

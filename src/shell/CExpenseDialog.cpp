@@ -2,6 +2,8 @@
 
 #include "app/ListTable.h"
 #include "config/CCfgStore.h"
+#include "entry/CCatalogueKeeper.h"
+#include "entry/KeepInLists.h"
 #include "lang/LoadText.h"
 #include "shell/CDateEdit.h"
 #include "shell/CExpenseItemsPage.h"
@@ -105,8 +107,10 @@ bool CExpenseDialog::DateIsReadable() {
 
 void CExpenseDialog::accept() {
     if (!DateIsReadable()) return;
-    ExpenseEntryRules::AcceptMoneyPage(m_draft, m_money->Page());
-    ExpenseEntryRules::AcceptItemsPage(m_draft, m_items->Page());
+    CCatalogueKeeper lists(m_around.catalogue);
+    const KeepInLists keep(m_around.settings, lists);
+    ExpenseEntryRules::AcceptMoneyPage(m_draft, m_money->Page(), keep);
+    ExpenseEntryRules::AcceptItemsPage(m_draft, m_items->Page(), keep);
     m_draft.notes = m_notes->GetNotes();
     QDialog::accept();
 }

@@ -1,6 +1,8 @@
 #include "shell/CRecordDialog.h"
 
 #include "config/CCfgStore.h"
+#include "entry/CCatalogueKeeper.h"
+#include "entry/KeepInLists.h"
 #include "entry/TimeEntryRules.h"
 #include "lang/LoadText.h"
 #include "shell/CDateEdit.h"
@@ -125,8 +127,10 @@ void CRecordDialog::accept() {
     if (!TypingIsReadable()) return;
     // The last count first, so that the page accepted shows what belongs to it.
     m_timer->Close();
-    m_draft->Change([this](CTRecord& record) {
-        TimeEntryRules::AcceptEntryPage(record, m_entry->Page());
+    CCatalogueKeeper lists(m_around.catalogue);
+    const KeepInLists keep(m_around.settings, lists);
+    m_draft->Change([this, &keep](CTRecord& record) {
+        TimeEntryRules::AcceptEntryPage(record, m_entry->Page(), keep);
         record.notes = m_notes->GetNotes();
     });
     KeepDialogSize(*this, m_around.settings.Profile(), SizeSection());

@@ -1,6 +1,7 @@
 #include "entry/ExpenseEntryRules.h"
 
 #include "config/Settings.h"
+#include "entry/KeepInLists.h"
 #include "lang/LoadText.h"
 #include "platform/CRegionalInfo.h"
 #include "records/CERecord.h"
@@ -123,7 +124,7 @@ void TestExpenseEntryRules::MoneyPage() {
     page.distance = distance;
     page.rate = rate;
     page.amount = amount;
-    AcceptMoneyPage(record, page);
+    AcceptMoneyPage(record, page, KeepInLists());
     QCOMPARE(record.isDistance, isDistance);
     QTEST(Money(record), "money");
     QCOMPARE(record.distance.isSet, !record.distance.text.isEmpty());
@@ -136,11 +137,11 @@ void TestExpenseEntryRules::MoneyPageTakesDateAndItem() {
     page.day = 29;
     page.year = 2028;
     page.item5 = QString(254, u'x') + u"\U0001F600"_s;
-    AcceptMoneyPage(record, page);
+    AcceptMoneyPage(record, page, KeepInLists());
     QCOMPARE(record.date.longText, u"02/29/2028"_s);
     QCOMPARE(record.item5, QString(254, u'x'));
     page.month = page.day = page.year = 0;
-    AcceptMoneyPage(record, page);
+    AcceptMoneyPage(record, page, KeepInLists());
     QVERIFY(!record.date.IsSet());
 }
 
@@ -168,7 +169,7 @@ void TestExpenseEntryRules::ItemsPage() {
     for (const bool before : {false, true}) {
         CERecord record;
         record.flag1 = record.flag2 = record.flag3 = record.flag4 = record.flag5 = before;
-        AcceptItemsPage(record, page);
+        AcceptItemsPage(record, page, KeepInLists());
         QString flags;
         const bool after[] = {record.flag1, record.flag2, record.flag3, record.flag4, record.flag5};
         for (int i = 0; i < 5; ++i)
@@ -185,7 +186,7 @@ void TestExpenseEntryRules::ItemsPageTakesItems() {
     page.item2 = u"O'Brien 100%"_s;
     page.item3 = QString(256, u'ä');
     page.item4 = u"CA: Cash \U0001F600"_s;
-    AcceptItemsPage(record, page);
+    AcceptItemsPage(record, page, KeepInLists());
     QCOMPARE(record.item1, page.item1);
     QCOMPARE(record.item2, page.item2);
     QCOMPARE(record.item3, QString(255, u'ä'));

@@ -2,6 +2,7 @@
 
 #include "app/CTimerDesk.h"
 #include "config/Settings.h"
+#include "entry/KeepInLists.h"
 #include "lang/LoadText.h"
 #include "platform/CRegionalInfo.h"
 #include "records/CTRecord.h"
@@ -422,7 +423,7 @@ void TestTimeEntryRules::AcceptPage() {
     page.amount = amountText;
     page.isBillable = isBillable;
     page.isBilled = isBilled;
-    AcceptEntryPage(record, page);
+    AcceptEntryPage(record, page, KeepInLists());
     QCOMPARE(record.item1, page.item1);
     QCOMPARE(record.item2, page.item2);
     QCOMPARE(record.item3, page.item3);
@@ -441,7 +442,7 @@ void TestTimeEntryRules::AcceptCutsItems() {
     page.item1 = QString(255, u'ä');
     page.item2 = QString(256, u'ä');
     page.item3 = QString(254, u'x') + QStringLiteral("\U0001F600");
-    AcceptEntryPage(record, page);
+    AcceptEntryPage(record, page, KeepInLists());
     QCOMPARE(record.item1, QString(255, u'ä'));
     QCOMPARE(record.item2, QString(255, u'ä'));
     QCOMPARE(record.item3, QString(254, u'x'));
