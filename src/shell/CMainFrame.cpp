@@ -112,7 +112,11 @@ void CMainFrame::MakeCommands() {
         .view = *m_view,
         .door = *this,
         .home = m_around.app.Home(),
-        .edit = [this](CTRecord& record) { return m_around.edit(this, record); },
+        .editRecord =
+            [this](CVORec& record) {
+                return record.Kind() == RecordKind::Time &&
+                       m_around.edit(this, static_cast<CTRecord&>(record));
+            },
         .options = [this] { return m_around.options(this); },
     });
 }
