@@ -1,5 +1,6 @@
 #include "shell/CExpenseDialog.h"
 
+#include "config/SettingsTable.h"
 #include "lang/LoadText.h"
 #include "shell/ExpenseDialogHome.h"
 
@@ -198,6 +199,78 @@ class TestCExpenseDialog : public QObject {
         t.Find<QWidget>("dateField")->setFocus();
         t.Key("dateField", Qt::Key_Up);
         QCOMPARE(t.Label("weekday"), S("Saturday"));
+    }
+
+    void WhatWasTypedIsKept_data() {
+        QTest::addColumn<QString>("setting");
+        QTest::addColumn<int>("page");
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<int>("list");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("kept");
+        QTest::newRow("client") << "keepExpenseList131" << 1 << "item1Field" << ListId::kClient << "A"
+                                << "A";
+        QTest::newRow("project") << "keepExpenseList132" << 1 << "item2Field" << ListId::kProject << "B"
+                                 << "B";
+        QTest::newRow("third") << "keepExpenseList133" << 1 << "item3Field" << ListId::kExpenseItem3 << "C"
+                               << "C";
+        QTest::newRow("fourth") << "keepExpenseList134" << 1 << "item4Field" << ListId::kExpenseItem4 << "D"
+                                << "D";
+        QTest::newRow("fifth") << "keepExpenseList135" << 0 << "item5Field" << ListId::kItem5 << "EUR"
+                               << "EUR";
+        QTest::newRow("plain amount")
+            << "keepExpenseList136" << 0 << "amountField" << ListId::kAmount << "7.50"
+            << "7.5";
+        QTest::newRow("distance") << "keepDistance" << 0 << "distanceField" << ListId::kDistance << "12.50"
+                                  << "12.50";
+        QTest::newRow("distance rate")
+            << "keepDistanceRate" << 0 << "rateField" << ListId::kDistanceRate << "0.50"
+            << "0.5";
+    }
+    void WhatWasTypedIsKept() {
+        QFETCH(QString, setting);
+        QFETCH(int, page);
+        QFETCH(QString, field);
+        QFETCH(int, list);
+        QFETCH(QString, typed);
+        QFETCH(QString, kept);
+        for (const bool isOn : {true, false}) {
+            ExpenseDialogHome t;
+            PutSetting(*t.home.settings, *FindSetting(setting), isOn ? 1 : 0);
+            t.record.isDistance = list == ListId::kDistance || list == ListId::kDistanceRate;
+            t.Open();
+            t.TurnTo(page);
+            t.Enter(qPrintable(field), typed);
+            t.dialog->accept();
+            QCOMPARE(t.home.catalogue->Texts(list), isOn ? QStringList{kept} : QStringList());
+            t.Open();
+            t.TurnTo(page);
+            t.Enter(qPrintable(field), typed);
+            t.dialog->accept();
+            QCOMPARE(t.home.catalogue->Texts(list).size(), isOn ? 1 : 0);
+        }
+    }
+
+    void AComputedAmountIsNeverKept() {
+        ExpenseDialogHome t;
+        t.home.settings->keepExpenseList136 = true;
+        t.record.isDistance = true;
+        t.Open();
+        t.Enter("distanceField", S("10"));
+        t.Enter("rateField", S("0.5"));
+        t.dialog->accept();
+        QCOMPARE(t.dialog->GetDraft().GetAmountText(), S("5.00"));
+        QCOMPARE(t.home.catalogue->Texts(ListId::kAmount), QStringList());
+    }
+
+    void ACodedTextIsNoItem() {
+        ExpenseDialogHome t;
+        t.Open();
+        t.TurnTo(1);
+        t.Enter("item1Field", S("[1] Acme"));
+        t.dialog->accept();
+        QCOMPARE(t.dialog->GetDraft().item1, S("[1] Acme"));
+        QCOMPARE(t.home.catalogue->Texts(ListId::kClient), QStringList());
     }
 
     void CancelChangesNothing() {

@@ -1,6 +1,7 @@
 #include "shell/CRecordDialogEntry.h"
 
 #include "app/ListTable.h"
+#include "config/SettingsTable.h"
 #include "lang/LoadText.h"
 #include "shell/FormRows.h"
 #include "shell/RecordDialogHome.h"
@@ -150,6 +151,81 @@ class TestCRecordDialogEntry : public QObject {
         QCOMPARE(t.Offered("item2Field"), QStringList());
         // Outside the chain.
         QCOMPARE(t.Offered("item5Field"), QStringList{QStringLiteral("EUR")});
+    }
+
+    void WhatWasTypedIsKept_data() {
+        QTest::addColumn<QString>("setting");
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<int>("list");
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("kept");
+        QTest::newRow("client") << "keepTimeList109"
+                                << "item1Field" << ListId::kClient << "Acme"
+                                << "Acme";
+        QTest::newRow("project") << "keepTimeList110"
+                                 << "item2Field" << ListId::kProject << "A%1"
+                                 << "A%1";
+        QTest::newRow("third") << "keepTimeList111"
+                               << "item3Field" << ListId::kTimeItem3 << "C"
+                               << "C";
+        QTest::newRow("fourth") << "keepTimeList112"
+                                << "item4Field" << ListId::kTimeItem4 << "D"
+                                << "D";
+        QTest::newRow("fifth") << "keepTimeList114"
+                               << "item5Field" << ListId::kItem5 << "EUR"
+                               << "EUR";
+        QTest::newRow("rate") << "keepTimeList113"
+                              << "rateField" << ListId::kTimeRate << "62.50"
+                              << "62.5";
+        QTest::newRow("amount") << "keepTimeList115"
+                                << "amountField" << ListId::kAmount << "100"
+                                << "100";
+    }
+    void WhatWasTypedIsKept() {
+        QFETCH(QString, setting);
+        QFETCH(QString, field);
+        QFETCH(int, list);
+        QFETCH(QString, typed);
+        QFETCH(QString, kept);
+        for (const bool isOn : {true, false}) {
+            RecordDialogHome t;
+            PutSetting(*t.home.settings, *FindSetting(setting), isOn ? 1 : 0);
+            t.record.SetBillable(true);
+            t.Open();
+            t.TurnTo(1);
+            t.Enter(qPrintable(field), typed);
+            t.dialog->accept();
+            QCOMPARE(t.home.catalogue->Texts(list), isOn ? QStringList{kept} : QStringList());
+            // The next record finds it there.
+            t.Open();
+            t.TurnTo(1);
+            t.Enter(qPrintable(field), typed);
+            t.dialog->accept();
+            QCOMPARE(t.home.catalogue->Texts(list).size(), isOn ? 1 : 0);
+        }
+    }
+
+    void WhatIsComputedIsNeverKept() {
+        RecordDialogHome t;
+        t.home.settings->keepTimeList115 = true;
+        t.SetTimes(QStringLiteral("08:00"), QStringLiteral("10:00"));
+        t.record.SetBillable(true);
+        t.Open();
+        t.TurnTo(1);
+        t.Enter("rateField", QStringLiteral("10"));
+        QCOMPARE(t.Shown("amountField"), QStringLiteral("20.00"));
+        t.dialog->accept();
+        QCOMPARE(t.home.catalogue->Texts(ListId::kTimeRate), QStringList{QStringLiteral("10")});
+        QCOMPARE(t.home.catalogue->Texts(ListId::kAmount), QStringList());
+    }
+
+    void CancelKeepsNothing() {
+        RecordDialogHome t;
+        t.Open();
+        t.TurnTo(1);
+        t.Enter("item1Field", QStringLiteral("Acme"));
+        t.dialog->reject();
+        QCOMPARE(t.home.catalogue->Texts(ListId::kClient), QStringList());
     }
 };
 
