@@ -1,25 +1,19 @@
 #include "shell/CActions.h"
 
+#include "app/FieldLabels.h"
 #include "lang/FormatText.h"
+#include "shell/CMnemonics.h"
 #include "shell/CPeriodButton.h"
+#include "shell/PlainTip.h"
 
 #include <QAction>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QToolBar>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-/// A caption without its mnemonic, for tips and readers: "&Edit..." is "Edit".
-QString Plain(const QString& caption) {
-    QString plain = caption;
-    plain.remove(u'&');
-    if (plain.endsWith(u"..."_s)) plain.chop(3);
-    return plain;
-}
 
 QList<QKeySequence> KeysOf(const CommandRow& row) {
     QList<QKeySequence> keys;
@@ -27,18 +21,16 @@ QList<QKeySequence> KeysOf(const CommandRow& row) {
     return keys;
 }
 
-QString TipOf(const CommandRow& row) {
+QString TipOf(const CommandRow& row, const QString& tip) {
     const QList<QKeySequence> keys = KeysOf(row);
-    const QString& tip = LoadText(row.tip);
     if (keys.isEmpty()) return tip;
     return FormatText<Text::TipWithKeys>(tip, keys.front().toString(QKeySequence::NativeText));
 }
 
-/// The menu under a button of the records bar, behind its arrow.
-Menu MenuUnder(int command) {
-    return command == Command::kNew                  ? Menu::New
-           : command == Command::kMarkFirstAndSecond ? Menu::Mark
-                                                     : Menu::Help;
+/// For whoever has no names of fields: their defaults.
+const FieldLabels& DefaultLabels() {
+    static const FieldLabels kLabels;
+    return kLabels;
 }
 
 constexpr int kContext[] = {Command::kEdit,       Command::kCopy,       Command::kDelete,
@@ -46,11 +38,12 @@ constexpr int kContext[] = {Command::kEdit,       Command::kCopy,       Command:
 
 }  // namespace
 
-CActions::CActions(QMainWindow& window) : QObject(&window), m_window(window) {
+CActions::CActions(QMainWindow& window) : QObject(&window), m_window(window), m_labels(&DefaultLabels()) {
     MakeActions();
     MakeMenus();
     MakeBars();
     MakeContextMenu();
+    ShowNames(true);
 }
 
 void CActions::MakeActions() {
@@ -58,11 +51,8 @@ void CActions::MakeActions() {
 }
 
 QAction* CActions::MakeAction(const CommandRow& row) {
-    auto* action = new QAction(LoadText(row.caption), this);
+    auto* action = new QAction(this);
     action->setObjectName(QStringLiteral("command%1.%2").arg(row.id).arg(row.argument));
-    action->setIconText(Plain(LoadText(row.caption)));
-    action->setToolTip(TipOf(row));
-    action->setStatusTip({});
     action->setIcon(QIcon::fromTheme(QString::fromLatin1(row.icon)));
     action->setShortcuts(KeysOf(row));
     action->setCheckable(row.check != CheckStyle::None);
@@ -81,6 +71,7 @@ void CActions::MakeMenus() {
         auto* menu = new QMenu(LoadText(row.caption), &m_window);
         menu->setObjectName(QStringLiteral("menu%1").arg(static_cast<int>(row.menu)));
         menu->setIcon(QIcon::fromTheme(QString::fromLatin1(row.icon)));
+        connect(menu, &QMenu::aboutToShow, this, &CActions::AskForState);
         m_menus[row.menu] = menu;
         if (row.parent == row.menu) m_window.menuBar()->addMenu(menu);
     }
@@ -92,50 +83,18 @@ void CActions::FillMenu(QMenu& menu, Menu which) {
         if (made.row->menu != which) continue;
         if (made.row->beginsGroup) menu.addSeparator();
         menu.addAction(made.action);
-        for (const MenuRow& row : MenuTable())
-            if (row.parent == which && row.menu != which && row.afterCommand == made.row->id)
-                menu.addMenu(m_menus[row.menu]);
-    }
-}
-
-QToolBar* CActions::MakeBar(Text title, const QString& name, Bar which) {
-    auto* bar = new QToolBar(LoadText(title), &m_window);
-    bar->setObjectName(name);
-    bar->setAccessibleName(LoadText(title));
-    // Shown and hidden by their commands, which remember it.
-    bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    bar->toggleViewAction()->setVisible(false);
-    bar->setMovable(false);
-    m_window.addToolBar(bar);
-    for (const Made& made : m_made)
-        if (made.row->bar == which) AddButton(*bar, made);
-    return bar;
-}
-
-void CActions::MakeBars() {
-    m_records = MakeBar(Text::BarRecords, u"toolBar101"_s, Bar::Records);
-    m_filters = MakeBar(Text::BarFilters, u"toolBar102"_s, Bar::Filters);
-    m_period = new CPeriodButton(m_filters);
-    m_filters->insertWidget(Action(Command::kPeriodNext), m_period);
-}
-
-void CActions::AddButton(QToolBar& bar, const Made& made) {
-    if (made.row->id == Command::kMarkFirstAndSecond || made.row->id == Command::kTimerStart ||
-        made.row->id == Command::kClearFilter)
-        bar.addSeparator();
-    bar.addAction(made.action);
-    auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(made.action));
-    button->setObjectName(QStringLiteral("button%1").arg(made.row->id));
-    button->setAccessibleName(made.action->iconText());
-    if (const Menu under = MenuUnder(made.row->id); under != Menu::Help) {
-        button->setMenu(m_menus[under]);
-        button->setPopupMode(QToolButton::MenuButtonPopup);
+        for (const MenuRow& row : MenuTable()) {
+            if (row.parent != which || row.menu == which || row.afterCommand != made.row->id) continue;
+            if (row.beginsGroup) menu.addSeparator();
+            menu.addMenu(m_menus[row.menu]);
+        }
     }
 }
 
 void CActions::MakeContextMenu() {
     m_context = new QMenu(&m_window);
     m_context->setObjectName(u"contextMenu"_s);
+    connect(m_context, &QMenu::aboutToShow, this, &CActions::AskForState);
     m_context->addAction(Action(Command::kNew));
     m_context->addMenu(m_menus[Menu::New]);
     m_context->addSeparator();
@@ -152,8 +111,20 @@ QAction* CActions::Action(int command) const {
     return nullptr;
 }
 
+void CActions::Follow(std::function<CommandState()> state, const FieldLabels* labels) {
+    m_state = std::move(state);
+    m_labels = labels ? labels : &DefaultLabels();
+    m_shownNames.clear();
+}
+
+/// What the menu shows is what holds now: a node of the tree may have been opened, a field renamed.
+void CActions::AskForState() {
+    if (m_state) Update(m_state());
+}
+
 /// What a number does depends on who takes it, so the state is that of the row that would carry it out.
 void CActions::Update(const CommandState& state) {
+    ShowNames(state.timeMode);
     for (const Made& made : m_made) {
         const CommandRow* row = RouteCommand(made.row->id, state);
         made.action->setEnabled(IsOffered(*row, state));
@@ -162,6 +133,49 @@ void CActions::Update(const CommandState& state) {
     m_menus[Menu::Mark]->setEnabled(state.selected > 0 && !state.busy);
     m_menus[Menu::New]->setEnabled(!state.busy);
     m_period->setEnabled(!state.busy);
+}
+
+void CActions::ShowNames(bool timeMode) {
+    QStringList names;
+    for (const FieldNameRow& row : FieldNameTable())
+        names << m_labels->GetLabel(timeMode ? row.timeField : row.expenseField);
+    if (names == m_shownNames) return;
+    m_shownNames = names;
+    m_timeMode = timeMode;
+    for (const Made& made : m_made) ShowWords(made);
+    for (const MenuRow& row : MenuTable()) GiveMnemonics(row.menu);
+    NameButtons();
+}
+
+CommandWords CActions::Words(const CommandRow& row) const {
+    return WordsOf(row, m_timeMode, *m_labels);
+}
+
+void CActions::ShowWords(const Made& made) {
+    const CommandWords words = Words(*made.row);
+    made.action->setIconText(words.name);
+    made.action->setToolTip(PlainTip(TipOf(*made.row, words.tip)));
+    made.action->setStatusTip(words.status);
+}
+
+/// The letters marked in the library stay; what has none, or is called by the user, takes one that is free.
+void CActions::GiveMnemonics(Menu which) {
+    CMnemonics letters;
+    std::vector<std::pair<QAction*, QString>> open;
+    for (const Made& made : m_made) {
+        if (made.row->menu != which) continue;
+        const CommandWords words = Words(*made.row);
+        const QString& caption = LoadText(made.row->caption);
+        if (words.isFieldName)
+            open.emplace_back(made.action, words.name);
+        else if (!caption.contains(u'&'))
+            open.emplace_back(made.action, caption);
+        else
+            made.action->setText(letters.Take(caption));
+    }
+    for (const MenuRow& row : MenuTable())
+        if (row.parent == which && row.menu != which) static_cast<void>(letters.Take(LoadText(row.caption)));
+    for (const auto& [action, name] : open) action->setText(letters.Give(name));
 }
 
 void CActions::RefreshIcons() {

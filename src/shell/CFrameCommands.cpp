@@ -1,33 +1,23 @@
 #include "shell/CFrameCommands.h"
 
-#include "app/CVelmarchApp.h"
-#include "entry/QuickEntry.h"
-#include "entry/RecordMarks.h"
-#include "lang/LoadText.h"
-#include "platform/CPrompt.h"
-#include "shell/CAboutDialog.h"
+#include "app/CPulldownCatalogue.h"
+#include "app/CVelmarchDoc.h"
+#include "config/CCfgStore.h"
+#include "shell/CActions.h"
 #include "shell/CFrameDoor.h"
-#include "shell/CRecordListView.h"
-#include "shell/core/CRecordListModel.h"
+#include "shell/core/BarButtons.h"
+#include "shell/core/CTreeDoor.h"
+#include "shell/core/FilterCommands.h"
 #include "timers/CRecordTimers.h"
-#include "timers/TimerSelection.h"
 
-#include <QInputDialog>
 #include <algorithm>
 
-namespace {
-
-void ResetWorkingRecords() {
-    for (CTRecord* record : {theTimeEntry, theClockEntry, theSpanEntry})
-        if (record) record->Reset();
-}
-
-}  // namespace
-
 CFrameCommands::CFrameCommands(Around around)
-    : m_around(std::move(around)),
-      m_period(m_around.document),
-      m_records({m_around.document, m_around.timers, m_around.settings, m_around.prompt, m_around.progress}) {
+    : m_around(std::move(around)), m_records(m_around), m_views(m_around), m_filters(m_around) {
+    if (!m_around.actions) return;
+    m_around.actions->Follow(m_around.state, m_around.catalogue ? &m_around.catalogue->Labels() : nullptr);
+    for (const Bar bar : {Bar::Records, Bar::Filters})
+        m_around.actions->SetButtons(bar, LoadButtons(m_around.settings.Profile(), bar));
 }
 
 CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
@@ -35,36 +25,48 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         ::Run run;
         Handler handler;
     };
+    using Self = CFrameCommands;
     static constexpr Row kHandlers[] = {
-        {::Run::QuickEntry, &CFrameCommands::QuickEntry},
-        {::Run::EditRecord, &CFrameCommands::EditSelected},
-        {::Run::CopyRecords, &CFrameCommands::CopySelected},
-        {::Run::DeleteRecords, &CFrameCommands::DeleteSelected},
-        {::Run::Mark, &CFrameCommands::MarkSelected},
-        {::Run::SelectAll, &CFrameCommands::SelectAll},
-        {::Run::SelectNone, &CFrameCommands::SelectNone},
-        {::Run::Sort, &CFrameCommands::Sort},
-        {::Run::Layout, &CFrameCommands::Layout},
-        {::Run::ToggleBar1, &CFrameCommands::ToggleBar1},
-        {::Run::ToggleBar2, &CFrameCommands::ToggleBar2},
-        {::Run::ToggleStatusBar, &CFrameCommands::ToggleStatusBar},
-        {::Run::Refresh, &CFrameCommands::Refresh},
-        {::Run::PeriodPreset, &CFrameCommands::PeriodPreset},
-        {::Run::PeriodAll, &CFrameCommands::PeriodAll},
-        {::Run::PeriodDay, &CFrameCommands::PeriodDay},
-        {::Run::PeriodPrevious, &CFrameCommands::PeriodPrevious},
-        {::Run::PeriodNext, &CFrameCommands::PeriodNext},
-        {::Run::ClearFilter, &CFrameCommands::ClearFilter},
-        {::Run::FilterTimers, &CFrameCommands::FilterTimers},
-        {::Run::TimerAction, &CFrameCommands::ApplyTimers},
-        {::Run::StopAllTimers, &CFrameCommands::StopTimers},
-        {::Run::PauseAllTimers, &CFrameCommands::PauseTimers},
-        {::Run::Options, &CFrameCommands::Options},
-        {::Run::About, &CFrameCommands::About},
-        {::Run::Exit, &CFrameCommands::Exit},
+        {::Run::QuickEntry, [](Self& self, int flags) { self.m_records.QuickEntry(flags); }},
+        {::Run::EditRecord, [](Self& self, int) { self.m_records.EditSelected(); }},
+        {::Run::CopyRecords, [](Self& self, int) { self.m_records.CopySelected(); }},
+        {::Run::DeleteRecords, [](Self& self, int) { self.m_records.DeleteSelected(); }},
+        {::Run::Mark, [](Self& self, int mark) { self.m_records.MarkSelected(mark); }},
+        {::Run::TimerAction, [](Self& self, int action) { self.m_records.ApplyTimers(action); }},
+        {::Run::StopAllTimers, [](Self& self, int) { self.m_records.StopTimers(); }},
+        {::Run::PauseAllTimers, [](Self& self, int) { self.m_records.PauseTimers(); }},
+        {::Run::Defaults, [](Self& self, int) { self.m_around.runDefaults(); }},
+        {::Run::SelectAll, [](Self& self, int) { self.m_views.SelectAll(); }},
+        {::Run::SelectNone, [](Self& self, int) { self.m_views.SelectNone(); }},
+        {::Run::SwitchMode, [](Self& self, int mode) { self.m_around.switchMode(RecordMode{mode}); }},
+        {::Run::Sort, [](Self& self, int) { self.m_views.Sort(); }},
+        {::Run::Layout, [](Self& self, int layout) { self.m_views.Layout(layout); }},
+        {::Run::ListColumns, [](Self& self, int) { self.m_views.ListColumns(); }},
+        {::Run::ListFont, [](Self& self, int) { self.m_views.ListFont(); }},
+        {::Run::ToggleTree, [](Self& self, int) { self.m_views.ToggleTree(); }},
+        {::Run::StackPanes, [](Self& self, int stacked) { self.m_around.tree->Stack(stacked != 0); }},
+        {::Run::ExpandTree, [](Self& self, int) { self.m_around.tree->ExpandAll(); }},
+        {::Run::TreeColumns, [](Self& self, int) { self.m_views.TreeColumns(); }},
+        {::Run::ToggleBar1, [](Self& self, int) { self.m_around.door.ToggleBar1(); }},
+        {::Run::ToggleBar2, [](Self& self, int) { self.m_around.door.ToggleBar2(); }},
+        {::Run::ToggleStatusBar, [](Self& self, int) { self.m_around.door.ToggleStatusBar(); }},
+        {::Run::CustomizeBar, [](Self& self, int bar) { self.m_views.CustomizeBar(Bar{bar}); }},
+        {::Run::Refresh, [](Self& self, int) { self.m_around.door.Refresh(); }},
+        {::Run::PeriodPreset, [](Self& self, int preset) { self.Period().Preset(preset); }},
+        {::Run::PeriodAll, [](Self& self, int) { self.Period().All(); }},
+        {::Run::PeriodDay, [](Self& self, int) { self.m_around.door.PickDay(); }},
+        {::Run::PeriodPrevious, [](Self& self, int) { self.Period().StepBack(); }},
+        {::Run::PeriodNext, [](Self& self, int) { self.Period().StepForward(); }},
+        {::Run::ClearFilter, [](Self& self, int) { self.Period().ClearConditions(); }},
+        {::Run::FilterTimers, [](Self& self, int) { self.Period().WithTimers(); }},
+        {::Run::FilterBy, [](Self& self, int command) { self.m_filters.FilterBy(command); }},
+        {::Run::UseDependencies, [](Self& self, int) { self.m_filters.ToggleDependencies(); }},
+        {::Run::FindCommand, [](Self& self, int) { self.m_views.FindCommand(); }},
+        {::Run::Options, [](Self& self, int) { self.m_views.Options(); }},
+        {::Run::About, [](Self& self, int) { self.m_views.About(); }},
+        {::Run::Exit, [](Self& self, int) { self.m_around.door.Leave(); }},
     };
-    const auto* row = std::find_if(std::begin(kHandlers), std::end(kHandlers),
-                                   [run](const Row& candidate) { return candidate.run == run; });
+    const auto* row = std::ranges::find(kHandlers, run, &Row::run);
     return row == std::end(kHandlers) ? nullptr : row->handler;
 }
 
@@ -73,123 +75,35 @@ bool CFrameCommands::HasHandler(::Run run) {
 }
 
 void CFrameCommands::Run(const CommandRow& row) {
-    if (const Handler handler = HandlerOf(row.run)) (this->*handler)(row.argument);
+    if (const Handler handler = HandlerOf(row.run)) handler(*this, row.argument);
 }
 
-void CFrameCommands::QuickEntry(int flags) {
-    const auto edit = [this](CVORec& record) { return m_around.edit(static_cast<CTRecord&>(record)); };
-    const QuickOutcome outcome = NewTimeRecord(flags, {m_around.document, m_around.timers, m_around.settings,
-                                                       m_around.clock, m_around.view.SelectedIds(), edit});
-    if (!outcome.addedId.isEmpty()) m_around.view.SelectIds({outcome.addedId});
+void CFrameCommands::Describe(CommandState& state) const {
+    const CVelmarchDoc& document = m_around.document;
+    const bool timeMode = theRecordMode == RecordMode::Time;
+    const PeriodFilter& period = m_around.document.CurrentFilter();
+    state.timeMode = timeMode;
+    state.preset = period.preset;
+    state.canStep = period.CanStep();
+    state.anyTimer = m_around.timers.Set().AnyActive();
+    state.anyRunning = m_around.timers.Set().AnyRunning();
+    state.filters =
+        timeMode ? SetFilterCommands(document.Filter()) : SetFilterCommands(document.FilterOfExpenses());
+    state.useDependencies = m_around.settings.useDependencies;
+    DescribeTree(state);
+    state.has = {.modes = static_cast<bool>(m_around.switchMode),
+                 .tree = m_around.tree != nullptr,
+                 .defaults = static_cast<bool>(m_around.fillFromDefaults),
+                 .defaultsDialog = static_cast<bool>(m_around.runDefaults),
+                 .lists = m_around.catalogue != nullptr,
+                 .bars = m_around.actions != nullptr,
+                 .palette = m_around.state && m_around.runCommand};
 }
 
-void CFrameCommands::EditSelected(int) {
-    const QStringList ids = m_around.view.SelectedIds();
-    if (ids.size() >= 2)
-        return m_around.prompt.Tell({.textId = static_cast<int>(Text::SelectOneRecord),
-                                     .title = LoadText(Text::EditTitle),
-                                     .text = LoadText(Text::SelectOneRecord),
-                                     .actionLabel = {}});
-    if (!ids.isEmpty()) EditRecord(ids.front());
-}
-
-void CFrameCommands::EditRecord(const QString& id) {
-    const CTRecord* record = m_around.document.FindTime(id);
-    if (!record || !theTimeEntry) return;
-    theTimeEntry->Reset();
-    theTimeEntry->Copy(*record);
-    if (m_around.edit(*theTimeEntry) &&
-        !m_around.document.ModifyRecord(*theTimeEntry, id, true, false, true, true))
-        m_around.door.Refresh();  // memory and store may differ now; the failure has been told
-}
-
-void CFrameCommands::CopySelected(int) {
-    m_records.Copy(m_around.view.SelectedIds());
-}
-
-void CFrameCommands::DeleteSelected(int) {
-    m_records.Delete(m_around.view.SelectedIds(), true);
-}
-
-void CFrameCommands::MarkSelected(int code) {
-    m_records.SetMark(static_cast<RecordMark>(code), m_around.view.SelectedIds(), true);
-}
-
-void CFrameCommands::SelectAll(int) {
-    m_around.view.selectAll();
-}
-
-void CFrameCommands::SelectNone(int) {
-    m_around.view.SelectNone();
-}
-
-/// Picking a column acts like a click on its header.
-void CFrameCommands::Sort(int) {
-    QStringList captions;
-    int present = 0;
-    for (const int column : m_around.model.VisibleColumns()) {
-        if (column == m_around.model.SortColumn()) present = static_cast<int>(captions.size());
-        captions.append(m_around.model.CaptionOf(column));
-    }
-    bool picked = false;
-    const QString caption = QInputDialog::getItem(&m_around.door.Window(), LoadText(Text::SortTitle),
-                                                  LoadText(Text::SortBy), captions, present, false, &picked);
-    if (!picked) return;
-    m_around.model.SortByHeader(static_cast<int>(captions.indexOf(caption)) + 1);
-    m_around.view.ApplyLayout();
-}
-
-void CFrameCommands::Layout(int layout) {
-    m_around.view.CaptureWidths();
-    m_around.settings.listLayout = layout;
-    m_around.document.NotifyViews(Hint::Rebuild);
-}
-
-void CFrameCommands::ToggleBar1(int) {
-    m_around.door.ToggleBar1();
-}
-
-void CFrameCommands::ToggleBar2(int) {
-    m_around.door.ToggleBar2();
-}
-
-void CFrameCommands::ToggleStatusBar(int) {
-    m_around.door.ToggleStatusBar();
-}
-
-void CFrameCommands::Refresh(int) {
-    m_around.door.Refresh();
-}
-
-void CFrameCommands::PeriodDay(int) {
-    m_around.door.PickDay();
-}
-
-void CFrameCommands::ApplyTimers(int action) {
-    ApplyToSelection(m_around.view.SelectedIds(), static_cast<TimerAction>(action), m_around.timers);
-}
-
-void CFrameCommands::StopTimers(int) {
-    m_around.timers.FoldAndStore();
-    m_around.timers.StopAllTimers();
-}
-
-void CFrameCommands::PauseTimers(int) {
-    m_around.timers.FoldAndStore();
-    m_around.timers.PauseAllTimers();
-}
-
-void CFrameCommands::Options(int) {
-    if (!m_around.options()) return;
-    m_around.door.KeepLayout();
-    ResetWorkingRecords();
-    m_around.door.Refresh();
-}
-
-void CFrameCommands::About(int) {
-    CAboutDialog(m_around.home, &m_around.door.Window()).exec();
-}
-
-void CFrameCommands::Exit(int) {
-    m_around.door.Leave();
+void CFrameCommands::DescribeTree(CommandState& state) const {
+    const CTreeDoor* tree = m_around.tree;
+    state.treeShown = tree && tree->IsShown();
+    state.treeStacked = tree && tree->IsStacked();
+    state.treeHasNode = tree && tree->HasNode();
+    state.treeCanExpand = tree && tree->CanExpand();
 }

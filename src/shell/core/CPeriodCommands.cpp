@@ -2,47 +2,76 @@
 
 #include "app/CVelmarchDoc.h"
 
+namespace {
+
+void Show(CVelmarchDoc& document) {
+    document.BuildVisible();
+    document.NotifyViews(Hint::Rebuild);
+}
+
+/// A filter without conditions over the same period.
+template <class Filter>
+Filter PeriodAlone(const Filter& present) {
+    Filter filter;
+    static_cast<PeriodFilter&>(filter) = present;
+    filter.matchWhole = filter.matchCase = false;
+    return filter;
+}
+
+}  // namespace
+
 void CPeriodCommands::ApplyFilter(const TimeFilter& filter) {
     m_document.Filter() = filter;
-    m_document.BuildVisible();
-    m_document.NotifyViews(Hint::Rebuild);
+    Show(m_document);
+}
+
+void CPeriodCommands::ApplyFilter(const ExpenseFilter& filter) {
+    m_document.FilterOfExpenses() = filter;
+    Show(m_document);
+}
+
+void CPeriodCommands::Change(const std::function<bool(PeriodFilter& filter)>& change) {
+    if (theRecordMode == RecordMode::Time) {
+        TimeFilter filter = m_document.Filter();
+        if (change(filter)) ApplyFilter(filter);
+    } else {
+        ExpenseFilter filter = m_document.FilterOfExpenses();
+        if (change(filter)) ApplyFilter(filter);
+    }
 }
 
 void CPeriodCommands::Preset(int preset) {
-    TimeFilter filter = m_document.Filter();
-    if (filter.ApplyPreset(preset, m_document.PeriodNeeds())) ApplyFilter(filter);
+    Change([&](PeriodFilter& filter) { return filter.ApplyPreset(preset, m_document.PeriodNeeds()); });
 }
 
 void CPeriodCommands::All() {
-    TimeFilter filter = m_document.Filter();
-    filter.EnablePeriod(false);
-    ApplyFilter(filter);
+    Change([](PeriodFilter& filter) {
+        filter.EnablePeriod(false);
+        return true;
+    });
 }
 
 void CPeriodCommands::Day(const QString& date) {
-    TimeFilter filter = m_document.Filter();
-    if (filter.SetSingleDate(date, m_document.PeriodNeeds())) ApplyFilter(filter);
+    Change([&](PeriodFilter& filter) { return filter.SetSingleDate(date, m_document.PeriodNeeds()); });
 }
 
 void CPeriodCommands::StepBack() {
-    TimeFilter filter = m_document.Filter();
-    if (filter.StepBack(m_document.PeriodNeeds())) ApplyFilter(filter);
+    Change([&](PeriodFilter& filter) { return filter.StepBack(m_document.PeriodNeeds()); });
 }
 
 void CPeriodCommands::StepForward() {
-    TimeFilter filter = m_document.Filter();
-    if (filter.StepForward(m_document.PeriodNeeds())) ApplyFilter(filter);
+    Change([&](PeriodFilter& filter) { return filter.StepForward(m_document.PeriodNeeds()); });
 }
 
 void CPeriodCommands::ClearConditions() {
-    const TimeFilter& present = m_document.Filter();
-    TimeFilter filter;
-    static_cast<PeriodFilter&>(filter) = present;
-    filter.matchWhole = filter.matchCase = false;
-    ApplyFilter(filter);
+    if (theRecordMode == RecordMode::Time)
+        ApplyFilter(PeriodAlone(m_document.Filter()));
+    else
+        ApplyFilter(PeriodAlone(m_document.FilterOfExpenses()));
 }
 
 void CPeriodCommands::WithTimers() {
+    if (theRecordMode != RecordMode::Time) return;
     TimeFilter filter;
     filter.Reset();
     filter.timer = FlagCriterion::kSet;

@@ -1,17 +1,21 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 class CVelmarchDoc;
+class ExpenseFilter;
+class PeriodFilter;
 class TimeFilter;
 
-/// Changes the period and the filter of the list. Each works on a copy of the filter, which then is applied:
-/// the visible records are chosen anew and the views rebuild.
+/// Changes the period and the filter of the list, in the mode in use. Each works on a copy of the filter,
+/// which then is applied: the visible records are chosen anew and the views rebuild.
 class CPeriodCommands {
  public:
     explicit CPeriodCommands(CVelmarchDoc& document) : m_document(document) {}
 
     void ApplyFilter(const TimeFilter& filter);
+    void ApplyFilter(const ExpenseFilter& filter);
     void Preset(int preset);
     /// No period; the other conditions stay.
     void All();
@@ -21,9 +25,12 @@ class CPeriodCommands {
     void StepForward();
     /// Takes all conditions away and keeps the period.
     void ClearConditions();
-    /// Only records with a timer, of any day.
+    /// Only records with a timer, of any day. Expenses have no timers: then nothing happens.
     void WithTimers();
 
  private:
+    /// change: false when it could not be done, and nothing is applied.
+    void Change(const std::function<bool(PeriodFilter& filter)>& change);
+
     CVelmarchDoc& m_document;
 };

@@ -17,13 +17,24 @@ inline constexpr int kMarkFirstAndSecond = 40055;
 inline constexpr int kSelectAll = 32813;
 inline constexpr int kSelectNone = 32814;
 inline constexpr int kSort = 32784;
+inline constexpr int kTimeMode = 40011;
+inline constexpr int kExpenseMode = 40012;
 inline constexpr int kLayoutIcons = 32823;  ///< also the period "last year"
 inline constexpr int kLayoutList = 32825;
 inline constexpr int kLayoutColumns = 32826;
 inline constexpr int kLayoutLines = 32783;
+inline constexpr int kListColumns = 40052;
+inline constexpr int kListFont = 32829;
+inline constexpr int kToggleTree = 32771;
+inline constexpr int kPanesSideBySide = 32772;
+inline constexpr int kPanesStacked = 32773;
+inline constexpr int kTreeExpandAll = 40068;
+inline constexpr int kTreeColumns = 40122;
 inline constexpr int kToggleBar1 = 59392;
 inline constexpr int kToggleBar2 = 32812;
 inline constexpr int kToggleStatusBar = 32774;
+inline constexpr int kCustomizeBar1 = 32817;
+inline constexpr int kCustomizeBar2 = 32879;
 inline constexpr int kRefresh = 32780;
 inline constexpr int kPeriodToday = 32798;
 inline constexpr int kPeriodAll = 32802;
@@ -37,6 +48,9 @@ inline constexpr int kTimerPause = 40113;
 inline constexpr int kTimerStop = 40111;
 inline constexpr int kStopAllTimers = 32868;
 inline constexpr int kPauseAllTimers = 32869;
+inline constexpr int kUseDependencies = 32891;
+inline constexpr int kDefaults = 32777;
+inline constexpr int kFindCommand = 40200;  ///< a number of our own, which no resource has
 inline constexpr int kOptions = 40066;
 inline constexpr int kAbout = 57664;
 inline constexpr int kExit = 57665;
@@ -51,11 +65,19 @@ enum class Run {
     Mark,  ///< argument: a RecordMark
     SelectAll,
     SelectNone,
+    SwitchMode,  ///< argument: a RecordMode
     Sort,
     Layout,  ///< argument: 1 to 4
+    ListColumns,
+    ListFont,
+    ToggleTree,
+    StackPanes,  ///< argument: 1 the tree above the list, 0 beside it
+    ExpandTree,
+    TreeColumns,
     ToggleBar1,
     ToggleBar2,
     ToggleStatusBar,
+    CustomizeBar,  ///< argument: a Bar
     Refresh,
     PeriodPreset,  ///< argument: preset
     PeriodAll,
@@ -64,9 +86,13 @@ enum class Run {
     PeriodNext,
     ClearFilter,
     FilterTimers,
+    FilterBy,     ///< argument: the command's number, which says the condition
     TimerAction,  ///< argument: 0 stop, 1 start, 2 pause
     StopAllTimers,
     PauseAllTimers,
+    UseDependencies,
+    Defaults,
+    FindCommand,
     Options,
     About,
     Exit
@@ -79,18 +105,21 @@ enum class Menu {
     Period,
     Filter,
     Timer,
+    Lists,
     Tools,
     Help,
     New,
     Mark,
+    DataTree,
+    Bars,
     PeriodWeeks,
     PeriodMonths,
     PeriodQuarters,
     PeriodYears
 };
 
-/// On which tool bar a command has a button: 101 records, 102 period and filter.
-enum class Bar { None, Records, Filters };
+/// The tool bars: 101 records, 102 period and filter.
+enum class Bar { Records, Filters };
 
 /// Who is asked first to carry a command out.
 enum class Receiver { View, Frame };
@@ -108,7 +137,6 @@ struct CommandRow {
     const char* keys;  ///< shortcuts in portable form, separated by blanks; empty for none
     Menu menu;
     bool beginsGroup;  ///< a separator stands before it
-    Bar bar;
     Receiver receiver;
     Run run;
     int argument;
@@ -124,11 +152,17 @@ struct MenuRow {
     const char* icon;  ///< of a submenu
     Menu parent;       ///< the menu itself for one of the menu bar
     int afterCommand;  ///< the command behind which a submenu stands
+    bool beginsGroup;  ///< a separator stands before the submenu
 };
 
 /// All commands in the order of menus and tool bars.
 [[nodiscard]] std::span<const CommandRow> CommandTable();
 [[nodiscard]] std::span<const MenuRow> MenuTable();
+
+/// The submenu that opens under a command's button; the menu Help for a button without one.
+[[nodiscard]] Menu MenuUnderButton(int command);
+/// The first row with a number: for the number that stands twice, the view's. Null for an unknown one.
+[[nodiscard]] const CommandRow* FindCommand(int command);
 
 /// Which row carries a command out: the view is asked first while the list is the active view, the frame
 /// afterwards; null for an unknown number.

@@ -1,0 +1,28 @@
+#pragma once
+
+struct FrameAround;
+enum class Bar;
+
+/// The commands that change how the window looks, and its dialogs.
+class CFrameViews {
+ public:
+    explicit CFrameViews(const FrameAround& around) : m_around(around) {}
+
+    void SelectAll();
+    void SelectNone();
+    void Sort();
+    void Layout(int layout);
+    void ListColumns();
+    void ListFont();
+    void ToggleTree();
+    void TreeColumns();
+    void CustomizeBar(Bar bar);
+    void FindCommand();
+    void Options();
+    void About();
+
+ private:
+    void SaveSettings();
+
+    const FrameAround& m_around;
+};

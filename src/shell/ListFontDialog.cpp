@@ -1,0 +1,28 @@
+#include "shell/ListFontDialog.h"
+
+#include "lang/LoadText.h"
+
+#include <QFont>
+#include <QFontDialog>
+#include <QFontInfo>
+#include <algorithm>
+
+std::optional<FontRecord> FontRecordOf(const QFont& font) {
+    // A font by pixels has no size in points of its own.
+    const double points = font.pointSizeF() > 0 ? font.pointSizeF() : QFontInfo(font).pointSizeF();
+    if (font.family().isEmpty() || points <= 0) return std::nullopt;
+    FontRecord record;
+    record.tenthsOfPoint = std::clamp(qRound(points * 10), 10, 10000);
+    record.weight = std::clamp(static_cast<int>(font.weight()), 1, 1000);
+    record.italic = font.italic();
+    record.face = font.family();
+    return record;
+}
+
+std::optional<FontRecord> AskListFont(QWidget* parent, const QFont& present) {
+    QFontDialog dialog(present, parent);
+    dialog.setObjectName(QStringLiteral("listFontDialog"));
+    dialog.setWindowTitle(LoadText(Text::ListFontTitle));
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    return FontRecordOf(dialog.selectedFont());
+}

@@ -1,0 +1,14 @@
+#include "shell/core/CommandPalette.h"
+
+#include "shell/core/CommandWords.h"
+
+std::vector<PaletteEntry> PaletteEntries(const CommandState& state, const FieldLabels& labels) {
+    std::vector<PaletteEntry> entries;
+    for (const CommandRow& row : CommandTable()) {
+        // Whoever looks for a command is in the palette already.
+        if (row.run == Run::FindCommand || RouteCommand(row.id, state) != &row || !IsOffered(row, state))
+            continue;
+        entries.push_back({&row, WordsOf(row, state.timeMode, labels).name, MenuPathOf(row)});
+    }
+    return entries;
+}
