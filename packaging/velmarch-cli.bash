@@ -7,10 +7,11 @@ _velmarch_cli_home() { # --home as typed so far
     done
 }
 
-_velmarch_cli_ids() {
-    local options
+_velmarch_cli_ids() { # time or expense
+    local options kind=time
+    [ "$1" != expense ] || kind=expense
     mapfile -t options < <(_velmarch_cli_home)
-    velmarch-cli "${options[@]}" --quiet --json time list --sort id:desc --limit 50 2> /dev/null < /dev/null |
+    velmarch-cli "${options[@]}" --quiet --json "$kind" list --sort id:desc --limit 50 2> /dev/null < /dev/null |
         sed -n 's/^{"id": "\([0-9A-F]*\)".*/\1/p'
 }
 
@@ -33,35 +34,64 @@ _velmarch_cli() {
     local global='--home --json --yes --quiet --version --help'
     local fields='--date --item1 --item2 --item3 --item4 --item5 --notes --billable --start --end --duration --break --rate
         --amount --billed'
+    local expense='--date --item1 --item2 --item3 --item4 --item5 --notes --distance-entry --distance --rate --odometer-start
+        --odometer-end --amount --flag1 --flag2 --flag3 --flag4 --flag5'
     case $before in
     --home) mapfile -t COMPREPLY < <(compgen -d -- "$word"); return ;;
-    --as) choices='first first-second exported not-exported' ;;
-    --from) [ "$command" != new ] || choices='blank copy:'; [ "$command" = new ] || choices='today yesterday' ;;
+    --as) choices='first first-second exported not-exported'; [ "$group" != expense ] || choices+=' third third-fourth fifth' ;;
+    --from) choices='today yesterday'; [ "$command" != new ] || choices='blank defaults: copy:'
+        [ "$command" != save ] || choices=$(_velmarch_cli_ids time) ;;
+    --mode) choices='time expense' ;;
+    --breaks) choices=none ;;
     --date | --day | --to) choices='today yesterday' ;;
-    --billable | --billed | --exported | --timers) choices='yes no' ;;
-    --clear) choices='item1 item2 item3 item4 item5 notes billable start end duration break rate amount billed' ;;
-    --sort) choices='date start end duration break effective item1 item2 item3 item4 item5 rate amount isBillable isBilled
-        isExported notes id' ;;
+    --billable | --billed | --exported | --timers | --flag? | --distance-entry | --distance-entries) choices='yes no' ;;
+    --clear) choices='item1 item2 item3 item4 item5 notes rate amount'
+        [ "$group" = expense ] && choices+=' distance odometer-start odometer-end flag1 flag2 flag3 flag4 flag5'
+        [ "$group" = time ] && choices+=' billable start end duration break billed' ;;
+    --sort) [ "$group" = expense ] && choices='date item1 item2 item3 item4 item5 isDistance distance rate amount
+        odometerStart odometerEnd flag1 flag2 flag3 flag4 flag5 isExported notes id' || choices='date start end duration
+        break effective item1 item2 item3 item4 item5 rate amount isBillable isBilled isExported notes id' ;;
     --period) choices=$(velmarch-cli --json period list 2> /dev/null | grep -o '"preset": [0-9]*' | grep -o '[0-9]*') ;;
-    --successive) choices=$(_velmarch_cli_ids) ;;
-    --item? | --notes | --start | --end | --duration | --break | --rate | --amount | --limit | --seed) return ;;
+    --successive) choices=$(_velmarch_cli_ids "$group") ;;
+    --item? | --notes | --start | --end | --duration | --break | --rate | --amount | --limit | --seed | --distance | \
+        --odometer-* | --width) return ;;
     esac
     [ -n "$choices" ] || case "$group $command" in
-        ' ') choices="time timer settings day period texts doctor demo $global" ;;
-        'time ') choices="add edit show delete copy mark new list $global" ;;
+        ' ') choices="time expense timer lists items tree labels defaults columns settings day period texts doctor demo
+            $global" ;;
+        'time ' | 'expense ') choices="add edit show delete copy mark new list $global" ;;
         'timer ') choices="start pause stop stop-all pause-all drop status $global" ;;
+        'items ') choices="list add rename delete clear $global" ;;
+        'tree ') choices="show add remove $global" ;;
+        'labels ') choices="list set reset preset $global" ;;
+        'defaults ') choices="list show save rename delete $global" ;;
+        'columns ') choices="list set reset $global" ;;
         'settings ') choices="list get set reset $global" ;;
         'period ') choices="list show $global" ;;
         'demo ') choices="fill $global" ;;
         'day ') choices="today yesterday $global" ;;
         'time add') choices="$fields $global" ;;
-        'time edit') choices="$fields --clear $global"; [[ $word == -* ]] || choices=$(_velmarch_cli_ids) ;;
-        'time mark') choices="--as $global"; [[ $word == -* ]] || choices=$(_velmarch_cli_ids) ;;
-        'time new') choices="--from --timestamp --successive --timer $global" ;;
+        'expense add') choices="$expense $global" ;;
+        'expense edit') choices="$expense --clear $global"; [[ $word == -* ]] || choices=$(_velmarch_cli_ids "$group") ;;
+        'expense list') choices="--period --day --from --to --item1 --item2 --item3 --item4 --item5 --whole --case --flag1 --flag2
+            --flag3 --flag4 --flag5 --exported --distance-entries --amount --sort --limit $global" ;;
+        'items list' | 'items add' | 'items rename' | 'items delete' | 'items clear') choices=$global
+            [ "$command" != rename ] || choices="--in-records $global"
+            [[ $word == -* ]] || choices='16 17 34 32 33 68 69 70 71 72 73' ;;
+        'tree show' | 'tree add' | 'tree remove') choices="time expense $global" ;;
+        'labels preset') choices="1 2 $global" ;;
+        'defaults list' | 'defaults show' | 'defaults rename' | 'defaults delete') choices="--mode $global" ;;
+        'defaults save') choices="--mode --from $fields $expense $global" ;;
+        'columns list' | 'columns reset') choices="time expense --tree $global" ;;
+        'columns set') choices="time expense --tree --width --breaks $global" ;;
+        'time edit') choices="$fields --clear $global"; [[ $word == -* ]] || choices=$(_velmarch_cli_ids "$group") ;;
+        'time mark' | 'expense mark') choices="--as $global"; [[ $word == -* ]] || choices=$(_velmarch_cli_ids "$group") ;;
+        'time new' | 'expense new') choices="--from --timestamp --successive --timer $global" ;;
         'time list') choices="--period --day --from --to --item1 --item2 --item3 --item4 --item5 --whole --case --billable
             --billed --exported --timers --sort --limit $global" ;;
-        'time show' | 'time delete' | 'time copy' | 'timer start' | 'timer pause' | 'timer stop' | 'timer drop')
-            choices=$global; [[ $word == -* ]] || choices=$(_velmarch_cli_ids) ;;
+        'time show' | 'time delete' | 'time copy' | 'expense show' | 'expense delete' | 'expense copy' | \
+            'timer start' | 'timer pause' | 'timer stop' | 'timer drop')
+            choices=$global; [[ $word == -* ]] || choices=$(_velmarch_cli_ids "$group") ;;
         'settings get' | 'settings set' | 'settings reset')
             choices=$global; [[ $word == -* ]] || choices=$(_velmarch_cli_names) ;;
         'demo fill') choices="--seed $global" ;;

@@ -19,3 +19,12 @@ QJsonObject CSettingsOwner::Change(const QJsonObject& command) {
             {u"exit"_s, static_cast<int>(ExitCode::Refused)},
             {u"error"_s, LoadText(Text::CliWindowOwnsSettings)}};
 }
+
+bool CSettingsOwner::NameColumns(const CColumnNames& names) {
+    for (CColSet* columns : {&m_settings.ListColumns(), static_cast<CColSet*>(&m_settings.TreeColumns())}) {
+        columns->SetCatalogue(&names);
+        (void)columns->ApplyCaptions(m_settings);  // false only without names
+        columns->SetCatalogue(nullptr);
+    }
+    return m_settings.SaveAll();
+}

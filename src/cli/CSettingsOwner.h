@@ -6,6 +6,7 @@
 
 class CCfgStore;
 class CClock;
+class CColumnNames;
 class CWindowLink;
 
 /// Where settings are changed: by the running window, which owns them, or here when none runs.
@@ -16,6 +17,9 @@ class CSettingsOwner {
 
     /// Carries out a change as RunSettingsRequest does; "exit" 3 when the window can't be told.
     [[nodiscard]] QJsonObject Change(const QJsonObject& command);
+    /// Gives the columns the names of their fields and saves them, where no window does that. False when they
+    /// can't be saved.
+    [[nodiscard]] bool NameColumns(const CColumnNames& names);
     /// The settings as they are stored, after a change too.
     [[nodiscard]] const CCfgStore& Stored() const { return m_settings; }
     /// The stored defaults of a mode, for reading.

@@ -43,10 +43,11 @@ std::optional<QJsonObject> CWindowLink::Ask(int command, const QJsonObject& argu
     return answer;
 }
 
-bool CWindowLink::TellChanged(RecordKind kind, const QStringList& ids) {
+bool CWindowLink::TellChanged(RecordKind kind, const QStringList& ids, bool listsToo) {
     if (ids.isEmpty()) return true;
     QJsonObject changed{{u"kind"_s, kind == RecordKind::Time ? u"time"_s : u"expense"_s}};
     if (ids.size() <= kMostIds) changed.insert(u"ids"_s, QJsonArray::fromStringList(ids));
+    if (listsToo) changed.insert(u"lists"_s, true);
     return Post(changed);
 }
 

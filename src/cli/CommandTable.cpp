@@ -4,11 +4,14 @@
 #include "cli/ColumnCommands.h"
 #include "cli/DefaultCommands.h"
 #include "cli/FilterArguments.h"
+#include "cli/LabelCommands.h"
+#include "cli/ListCommands.h"
 #include "cli/OtherCommands.h"
 #include "cli/RecordCommands.h"
 #include "cli/RecordFields.h"
 #include "cli/SettingCommands.h"
 #include "cli/TimerCommands.h"
+#include "cli/TreeCommands.h"
 
 #include <vector>
 
@@ -18,6 +21,10 @@ constexpr GroupRow kGroups[] = {
     {"time", Text::CliGroupTime},
     {"expense", Text::CliGroupExpense},
     {"timer", Text::CliGroupTimer},
+    {"lists", Text::CliLists},
+    {"items", Text::CliGroupItems},
+    {"tree", Text::CliGroupTree},
+    {"labels", Text::CliGroupLabels},
     {"defaults", Text::CliGroupDefaults},
     {"columns", Text::CliGroupColumns},
     {"settings", Text::CliGroupSettings},
@@ -38,6 +45,7 @@ constexpr OptionRow kGlobals[] = {
 };
 
 using Options = decltype(CommandRow::options);
+constexpr const char* kPathWords = "time|expense PATH...";
 constexpr const char* kColumnWords = "time|expense [COLUMN...]";
 
 /// The commands of a kind of records; those of the other are the same.
@@ -73,6 +81,19 @@ std::vector<CommandRow> MakeTable() {
         {"timer", "pause-all", "", 0, 0, {}, Text::CliTimerPauseAll, PauseAllTimers},
         {"timer", "drop", "ID", 1, 1, {}, Text::CliTimerDrop, DropTimer},
         {"timer", "status", "", 0, 0, {}, Text::CliTimerStatus, ShowTimers},
+        {"lists", "", "", 0, 0, {}, Text::CliLists, ShowLists},
+        {"items", "list", "LIST", 1, 1, {}, Text::CliItemsList, ListItems},
+        {"items", "add", "LIST TEXT", 2, 2, {}, Text::CliItemsAdd, AddItem},
+        {"items", "rename", "LIST OLD NEW", 3, 3, {RenameItemOptions()}, Text::CliItemsRename, RenameItem},
+        {"items", "delete", "LIST TEXT", 2, 2, {}, Text::CliItemsDelete, DeleteItem},
+        {"items", "clear", "LIST", 1, 1, {}, Text::CliItemsClear, ClearItems},
+        {"tree", "show", "time|expense", 1, 1, {}, Text::CliTreeShow, ShowTree},
+        {"tree", "add", kPathWords, 2, kAnyNumber, {}, Text::CliTreeAdd, AddToTree},
+        {"tree", "remove", kPathWords, 2, kAnyNumber, {}, Text::CliTreeRemove, RemoveFromTree},
+        {"labels", "list", "", 0, 0, {}, Text::CliLabelsList, ListLabels},
+        {"labels", "set", "ID TEXT", 2, 2, {}, Text::CliLabelsSet, SetLabel},
+        {"labels", "reset", "", 0, 0, {}, Text::CliLabelsReset, ResetLabels},
+        {"labels", "preset", "1|2", 1, 1, {}, Text::CliLabelsPreset, UseLabelPreset},
         {"defaults", "list", "", 0, 0, {ModeOption()}, Text::CliDefaultsList, ListDefaults},
         {"defaults", "show", "NAME", 1, 1, {ModeOption()}, Text::CliDefaultsShow, ShowDefault},
         {"defaults", "save", "NAME", 1, 1, stored, Text::CliDefaultsSave, SaveDefault},

@@ -63,7 +63,7 @@ class CRunner {
         CWindowLink window(app.Home());
         CTimerAccess timers(m_console.clock, app.Document(), app.Settings(), window);
         CSettingsOwner owner(app.Settings(), window, m_console.clock);
-        RecordDesk desk{app.Document(), app.Settings(), timers, window, owner};
+        RecordDesk desk{app.Document(), app.Settings(), timers, window, app.Catalogue(), owner};
         return run(m_request.arguments, m_console, desk);
     }
 

@@ -1,9 +1,11 @@
 #include "cli/Examinations.h"
 
-#include "app/ListTable.h"
+#include "app/DependencyBytes.h"
+#include "app/DependencyStore.h"
 #include "calendar/CalendarMath.h"
 #include "cli/EnteredValues.h"
 #include "cli/ReadingRoom.h"
+#include "entry/NamedDefaults.h"
 #include "lang/FormatText.h"
 #include "records/CERecord.h"
 #include "records/CPRecord.h"
@@ -91,24 +93,62 @@ Finding ExamineTimers(const char* name, ReadingRoom& room) {
 
 // --- Lists
 
-bool BelongsToAList(const CPRecord& item) {
-    return IsKnownList(item.listId) || IsIgnoredList(item.listId);
-}
-
 Finding ExamineItems(const char* name, ReadingRoom& room) {
     CFaults strays;
     int count = 0;
-    CPRecord item;
+    auto item = std::make_unique<CPRecord>();
     QString id;
     if (room.store.Query(room.store.SelectAll(RecordKind::PulldownItem)))
-        for (; room.store.NextRecord(item, id, true); ++count)
-            if (!BelongsToAList(item)) strays.Add(u"%1 (%2)"_s.arg(item.GetText()).arg(item.listId));
+        for (; room.store.NextRecord(*item, id, true); ++count, item = std::make_unique<CPRecord>()) {
+            const QString shown = u"%1 (%2)"_s.arg(item->GetText()).arg(item->listId);
+            if (!room.lists.Add(std::move(item))) strays.Add(shown);
+        }
     if (room.prompt.HasHeard() || room.store.m_lastError != 0)
         return {name, Bad, room.prompt.TakeHeard(), LoadText(Text::CliAdviseStore)};
     if (!strays.IsEmpty())
         return {name, Bad, FormatText<Text::CliUnknownLists>(strays.Count(), strays.Named()),
                 LoadText(Text::CliAdviseUnknownLists)};
     return {name, Good, FormatText<Text::CliItemsSound>(count)};
+}
+
+/// The list items are known. Reads only: a set in the old form is converted by whoever loads it.
+template <DependencySet Set>
+Finding ExamineDependencies(const char* name, ReadingRoom& room) {
+    const StoredTree stored = DependencyStore(room.store).Read(Set);
+    const QString heard = room.prompt.TakeHeard();
+    if (stored.state == StoredTree::State::Failed) return {name, Bad, heard, LoadText(Text::CliAdviseStore)};
+    const auto tree =
+        stored.state == StoredTree::State::Damaged
+            ? std::nullopt
+            : TreeFromBytes(stored.bytes, [&](const QString& id) { return room.lists.FindById(id); });
+    if (!tree)
+        return {name, Bad, LoadText(Text::CliDependenciesDamaged), LoadText(Text::CliAdviseDependencies)};
+    int count = 0;
+    for (const auto* node = tree->Root().FirstChild(); node; node = DependencyTree::NextOf(*node)) ++count;
+    return {name, Good, FormatText<Text::CliDependenciesSound>(count)};
+}
+
+// --- Columns and defaults
+
+template <class Set, Text Name>
+Finding ExamineColumns(const char* name, ReadingRoom& room) {
+    QByteArray blob;
+    if (!room.settings.ReadBinary(LoadText(Name), blob, false))
+        return {name, Good, LoadText(Text::CliColumnsDefaults)};
+    if (Set().LoadBlob(blob)) return {name, Good, LoadText(Text::CliColumnsSound)};
+    return {name, Bad, LoadText(Text::CliColumnsDamaged), LoadText(Text::CliAdviseColumns)};
+}
+
+template <RecordMode Mode>
+Finding ExamineDefaults(const char* name, ReadingRoom& room) {
+    const NamedDefaults defaults(room.settings, room.document.Clock(), Mode);
+    CFaults damaged;
+    for (const QString& stored : defaults.Names())
+        if (!defaults.Read(stored, *NewRecord(KindOf(Mode)))) damaged.Add(stored);
+    if (!damaged.IsEmpty())
+        return {name, Bad, FormatText<Text::CliDefaultsDamaged>(damaged.Count(), damaged.Named()),
+                LoadText(Text::CliAdviseDefaults)};
+    return {name, Good, FormatText<Text::CliDefaultsSound>(static_cast<int>(defaults.Names().size()) - 1)};
 }
 
 using enum ExaminationNeeds;
@@ -118,6 +158,12 @@ constexpr Examination kExaminations[] = {
     {"timers", SettingsBesideRecords, ExamineTimers},
     {"expense records", Store, ExamineRecords<RecordMode::Expense, Text::CliAdviseExpenseDates>},
     {"list items", Store, ExamineItems},
+    {"time dependencies", Store, ExamineDependencies<DependencySet::Time>},
+    {"expense dependencies", Store, ExamineDependencies<DependencySet::Expense>},
+    {"columns", Settings, ExamineColumns<CColSet, Text::ValueListColumns>},
+    {"tree levels", Settings, ExamineColumns<CTreeColSet, Text::ValueTreeColumns>},
+    {"time defaults", Settings, ExamineDefaults<RecordMode::Time>},
+    {"expense defaults", Settings, ExamineDefaults<RecordMode::Expense>},
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "cli/FieldParts.h"
 #include "entry/ExpenseEntryRules.h"
+#include "entry/KeepInLists.h"
 #include "records/CERecord.h"
 
 namespace {
@@ -137,7 +138,7 @@ QString EnterFlag(ExpenseDraft& draft, const Entered& entered, const FieldNeeds&
     ItemsPage page{record.item1, record.item2, record.item3, record.item4, record.flag1,
                    record.flag2, record.flag3, record.flag4, record.flag5};
     page.*Flag = IsYes(entered);
-    AcceptItemsPage(record, page);
+    AcceptItemsPage(record, page, KeepInLists());
     return {};
 }
 
@@ -201,7 +202,7 @@ void AcceptPage(ExpenseDraft& draft) {
     draft.page.day = date.day;
     draft.page.year = date.year;
     draft.page.item5 = draft.record.item5;
-    AcceptMoneyPage(draft.record, draft.page);
+    AcceptMoneyPage(draft.record, draft.page, KeepInLists());
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/CVelmarchDoc.h"
+#include "app/PulldownLists.h"
 #include "config/CCfgStore.h"
 #include "platform/CMessagePump.h"
 #include "platform/CProfile.h"
@@ -45,4 +46,5 @@ struct ReadingRoom {
     CVelmarchDoc document;
     ActiveTimerSet timers;
     CRecordTimers recordTimers;
+    PulldownLists lists;  ///< filled by the examination of list items
 };

@@ -4,6 +4,7 @@
 #include "cli/CArguments.h"
 #include "cli/COutput.h"
 #include "cli/CSettingsOwner.h"
+#include "cli/KeptTexts.h"
 #include "cli/RecordDesk.h"
 #include "cli/RecordFields.h"
 #include "cli/RecordOutput.h"
@@ -49,7 +50,7 @@ ExitCode AddRecord(RecordKind kind, const CArguments& arguments, Console& consol
     if (!desk.document.AddRecord(*record, true, false, true, &id) || !IsWritten(desk))
         return ExitCode::Failed;
     KeepOdometer(noted, console, desk);
-    Announce(kind, {id}, console, desk);
+    Announce(kind, {id}, console, desk, KeepTexts(*record, arguments, desk));
     PrintRecord(kind, id, console, desk);
     return ExitCode::Done;
 }
@@ -67,7 +68,7 @@ ExitCode EditRecord(RecordKind kind, const CArguments& arguments, Console& conso
     if (!desk.document.ModifyRecord(*record, id, true, false, true, true) || !IsWritten(desk))
         return ExitCode::Failed;
     KeepOdometer(noted, console, desk);
-    Announce(kind, {id}, console, desk);
+    Announce(kind, {id}, console, desk, KeepTexts(*record, arguments, desk));
     PrintRecord(kind, id, console, desk);
     return ExitCode::Done;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 class CCfgStore;
+class CPulldownCatalogue;
 class CSettingsOwner;
 class CTimerAccess;
 class CVelmarchDoc;
@@ -12,5 +13,6 @@ struct RecordDesk {
     const CCfgStore& settings;
     CTimerAccess& timers;
     CWindowLink& window;
-    CSettingsOwner& owner;  ///< where settings are changed
+    CPulldownCatalogue& catalogue;  ///< empty until a command loads what it needs
+    CSettingsOwner& owner;          ///< where settings are changed
 };

@@ -43,8 +43,8 @@ ExitCode LookupFailed(const RecordDesk& desk) {
     return desk.document.Store().m_lastError == 0 ? ExitCode::NotFound : ExitCode::Failed;
 }
 
-void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordDesk& desk) {
-    if (!desk.window.TellChanged(kind, ids)) console.out.Note(LoadText(Text::CliWindowNotTold));
+void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordDesk& desk, bool listsToo) {
+    if (!desk.window.TellChanged(kind, ids, listsToo)) console.out.Note(LoadText(Text::CliWindowNotTold));
 }
 
 void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordDesk& desk) {

@@ -21,8 +21,10 @@ enum class RecordMode : int;
                                                      Console& console, RecordDesk& desk);
 /// How a command ends that didn't find its record: not found, or failed where the store can't be read.
 [[nodiscard]] ExitCode LookupFailed(const RecordDesk& desk);
-/// Tells the window, and the user when the window can't be told.
-void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordDesk& desk);
+/// Tells the window, and the user when the window can't be told. listsToo: pick lists changed with the
+/// records.
+void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordDesk& desk,
+              bool listsToo = false);
 /// Prints a stored record with its timer.
 void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordDesk& desk);
 /// Asks a yes-or-no question with no as the default.

@@ -16,6 +16,7 @@ class TestDefaultsCommand : public QObject {
 
  private Q_SLOTS:
     void init() { m_home = std::make_unique<TestHome>(); }
+    void cleanup() { m_home.reset(); }
     void WriteAndReplace();
     void DeleteAndRename_data();
     void DeleteAndRename();

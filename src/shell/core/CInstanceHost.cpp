@@ -57,11 +57,11 @@ QJsonObject CInstanceHost::Handle(int command, const QJsonObject& arguments) {
     }
 }
 
-/// Without identities anything may have changed.
+/// Without identities anything may have changed; with "lists" the pick lists have.
 void CInstanceHost::NoteChange(const QJsonObject& arguments) {
     const QJsonArray ids = arguments.value(u"ids"_s).toArray();
     const bool ofTime = arguments.value(u"kind"_s).toString(u"time"_s) == u"time"_s;
-    if (ids.isEmpty()) m_allChanged = true;
+    if (ids.isEmpty() || arguments.value(u"lists"_s).toBool()) m_allChanged = true;
     for (const auto& id : ids) (ofTime ? m_changedTimes : m_changedExpenses).append(id.toString());
     if (!m_delay.isActive()) m_delay.start();
 }

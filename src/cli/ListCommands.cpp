@@ -1,0 +1,141 @@
+#include "cli/ListCommands.h"
+
+#include "app/CPulldownCatalogue.h"
+#include "cli/CArguments.h"
+#include "cli/CJsonText.h"
+#include "cli/COutput.h"
+#include "cli/ListSteps.h"
+#include "cli/RecordDesk.h"
+#include "cli/RecordSteps.h"
+#include "config/CCfgStore.h"
+#include "lang/FormatText.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr OptionRow kRenameOptions[] = {
+    {"in-records", "", OptionShape::Flag, Text::CliOptInRecords},
+};
+
+/// A list with its items loaded.
+struct OpenList {
+    const ListRow* row = nullptr;
+    ExitCode exit = ExitCode::Done;  ///< when there is none: not found, or the store can't be read
+};
+
+OpenList Open(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const ListRow* row = FindList(arguments.Words().first(), console);
+    if (!row) return {nullptr, ExitCode::NotFound};
+    if (!desk.catalogue.LoadLists({row->list})) return {nullptr, ExitCode::Failed};
+    return {row};
+}
+
+/// The sentence that refuses a text as an item, empty for one that is short enough.
+QString CheckLength(const QString& text) {
+    return text.size() > kLongestItem
+               ? FormatText<Text::CliTooLong>(static_cast<int>(text.size()), kLongestItem)
+               : QString();
+}
+
+ExitCode NoSuchItem(const QString& text, Console& console) {
+    return Refuse(ExitCode::NotFound, FormatText<Text::CliNoSuchItem>(text), console);
+}
+
+}  // namespace
+
+std::span<const OptionRow> RenameItemOptions() {
+    return kRenameOptions;
+}
+
+ExitCode ShowLists(const CArguments&, Console& console) {
+    COutput& out = console.out;
+    if (!out.isJson) {
+        for (const ListRow& row : RecordLists())
+            out.PutLine(FormatText<Text::CliListLine>(row.list, LoadText(row.title)));
+        return ExitCode::Done;
+    }
+    CJsonText json(out);
+    json.BeginArray();
+    for (const ListRow& row : RecordLists()) {
+        json.NewLine();
+        json.BeginObject();
+        json.Key("list");
+        json.Integer(row.list);
+        json.Key("name");
+        json.Text(LoadText(row.title));
+        json.Key("kind");
+        json.Text(row.holdsNumbers ? u"number"_s : u"text"_s);
+        json.EndObject();
+    }
+    json.EndArray();
+    out.Put("\n");
+    return ExitCode::Done;
+}
+
+ExitCode ListItems(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const OpenList list = Open(arguments, console, desk);
+    if (!list.row) return list.exit;
+    PrintTexts(console.out, desk.catalogue.Texts(list.row->list));
+    return ExitCode::Done;
+}
+
+ExitCode AddItem(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const QString text = arguments.Words()[1];
+    if (const QString words = CheckLength(text); !words.isEmpty())
+        return Refuse(ExitCode::Usage, words, console);
+    const OpenList list = Open(arguments, console, desk);
+    if (!list.row) return list.exit;
+    if (desk.catalogue.CheckNewItem(list.row->list, text) == NewItem::Refused)
+        return Refuse(ExitCode::Failed, FormatText<Text::CliItemRefused>(text), console);
+    if (!desk.catalogue.AddItem(list.row->list, text, true)) return ExitCode::Failed;
+    AnnounceLists(console, desk);
+    PrintDone(console.out, "added", 1);
+    return ExitCode::Done;
+}
+
+ExitCode RenameItem(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const QString former = arguments.Words()[1], text = arguments.Words()[2];
+    if (const QString words = CheckLength(text); !words.isEmpty())
+        return Refuse(ExitCode::Usage, words, console);
+    const OpenList opened = Open(arguments, console, desk);
+    if (!opened.row) return opened.exit;
+    const int list = opened.row->list;
+    if (!desk.catalogue.HasItem(list, ItemText(list, former))) return NoSuchItem(former, console);
+    if (desk.catalogue.CheckNewItem(list, text) == NewItem::Refused)
+        return Refuse(ExitCode::Failed, FormatText<Text::CliRenameRefused>(text), console);
+    if (!desk.catalogue.RenameItem(list, former, text)) return ExitCode::Failed;
+    int count = 0;
+    if (arguments.Has("in-records")) desk.catalogue.ReplaceInRecords(count, list, former, text);
+    AnnounceLists(console, desk);
+    PrintCount(console.out, "changed", Text::CliChanged, count);
+    return ExitCode::Done;
+}
+
+ExitCode DeleteItem(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const OpenList opened = Open(arguments, console, desk);
+    if (!opened.row) return opened.exit;
+    const int list = opened.row->list;
+    const QString text = arguments.Words()[1];
+    if (!desk.catalogue.HasItem(list, ItemText(list, text))) return NoSuchItem(text, console);
+    const bool isAgreed = !desk.settings.confirmDeleteListItem ||
+                          Confirm(Text::CliAskDeleteItem, Text::ListsTitle, Text::AskDeleteTitle, console);
+    const bool isDone = isAgreed && desk.catalogue.DeleteItem(list, text);
+    if (isDone) AnnounceLists(console, desk);
+    PrintCount(console.out, "deleted", Text::CliItemsDeleted, isDone ? 1 : 0);
+    return isDone ? ExitCode::Done : ExitCode::Failed;
+}
+
+/// An empty list is nothing to ask about.
+ExitCode ClearItems(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const OpenList opened = Open(arguments, console, desk);
+    if (!opened.row) return opened.exit;
+    const int list = opened.row->list;
+    const qsizetype count = desk.catalogue.Texts(list).size();
+    const bool isAgreed = count == 0 || !desk.settings.confirmDeleteListItem ||
+                          Confirm(Text::CliAskClearList, Text::ListsTitle, Text::AskDeleteTitle, console);
+    const bool isDone = isAgreed && (count == 0 || desk.catalogue.DeleteAllItems(list));
+    if (isDone && count > 0) AnnounceLists(console, desk);
+    PrintCount(console.out, "deleted", Text::CliItemsDeleted, isDone ? count : 0);
+    return isDone ? ExitCode::Done : ExitCode::Failed;
+}

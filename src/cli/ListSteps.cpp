@@ -1,0 +1,41 @@
+#include "cli/ListSteps.h"
+
+#include "cli/CJsonText.h"
+#include "cli/COutput.h"
+#include "cli/CWindowLink.h"
+#include "cli/EnteredValues.h"
+#include "cli/RecordDesk.h"
+#include "lang/FormatText.h"
+
+#include <algorithm>
+
+const ListRow* FindList(const QString& typed, Console& console) {
+    const auto number = EnteredValues::ReadCount(typed);
+    const auto lists = RecordLists();
+    const auto found = std::ranges::find_if(lists, [&](const ListRow& row) {
+        return number ? row.list == *number : LoadText(row.title).compare(typed, Qt::CaseInsensitive) == 0;
+    });
+    if (found != lists.end()) return &*found;
+    console.out.Complain(FormatText<Text::CliNoSuchList>(typed));
+    return nullptr;
+}
+
+QString ItemText(int list, const QString& typed) {
+    float number = 0.0F;
+    QString display;
+    return HoldsNumbers(list) && NormaliseNumber(typed, number, display) ? display : typed;
+}
+
+void AnnounceLists(Console& console, RecordDesk& desk) {
+    if (!desk.window.TellAllChanged()) console.out.Note(LoadText(Text::CliWindowNotTold));
+}
+
+void PrintDone(COutput& out, const char* key, qsizetype count) {
+    if (!out.isJson) return;
+    CJsonText json(out);
+    json.BeginObject();
+    json.Key(key);
+    json.Integer(count);
+    json.EndObject();
+    out.Put("\n");
+}
