@@ -1,21 +1,28 @@
 #pragma once
 
+#include "entry/NamedDefaults.h"
+
 #include <QJsonObject>
 
 class CCfgStore;
+class CClock;
 class CWindowLink;
 
 /// Where settings are changed: by the running window, which owns them, or here when none runs.
 class CSettingsOwner {
  public:
-    CSettingsOwner(CCfgStore& settings, CWindowLink& window) : m_settings(settings), m_window(window) {}
+    CSettingsOwner(CCfgStore& settings, CWindowLink& window, const CClock& clock)
+        : m_settings(settings), m_window(window), m_clock(clock) {}
 
-    /// Carries out a change as RunSettingCommand does; "exit" 3 when the window can't be told.
+    /// Carries out a change as RunSettingsRequest does; "exit" 3 when the window can't be told.
     [[nodiscard]] QJsonObject Change(const QJsonObject& command);
     /// The settings as they are stored, after a change too.
     [[nodiscard]] const CCfgStore& Stored() const { return m_settings; }
+    /// The stored defaults of a mode, for reading.
+    [[nodiscard]] NamedDefaults Defaults(RecordMode mode) const { return {m_settings, m_clock, mode}; }
 
  private:
     CCfgStore& m_settings;
     CWindowLink& m_window;
+    const CClock& m_clock;
 };

@@ -1,6 +1,8 @@
 #include "cli/CommandTable.h"
 
 #include "cli/CalendarCommands.h"
+#include "cli/ColumnCommands.h"
+#include "cli/DefaultCommands.h"
 #include "cli/FilterArguments.h"
 #include "cli/OtherCommands.h"
 #include "cli/RecordCommands.h"
@@ -13,9 +15,17 @@
 namespace {
 
 constexpr GroupRow kGroups[] = {
-    {"time", Text::CliGroupTime}, {"timer", Text::CliGroupTimer},   {"settings", Text::CliGroupSettings},
-    {"day", Text::CliDay},        {"period", Text::CliGroupPeriod}, {"texts", Text::CliTexts},
-    {"doctor", Text::CliDoctor},  {"demo", Text::CliGroupDemo},
+    {"time", Text::CliGroupTime},
+    {"expense", Text::CliGroupExpense},
+    {"timer", Text::CliGroupTimer},
+    {"defaults", Text::CliGroupDefaults},
+    {"columns", Text::CliGroupColumns},
+    {"settings", Text::CliGroupSettings},
+    {"day", Text::CliDay},
+    {"period", Text::CliGroupPeriod},
+    {"texts", Text::CliTexts},
+    {"doctor", Text::CliDoctor},
+    {"demo", Text::CliGroupDemo},
 };
 
 constexpr OptionRow kGlobals[] = {
@@ -27,39 +37,35 @@ constexpr OptionRow kGlobals[] = {
     {"help", "", OptionShape::Flag, Text::CliOptHelp},
 };
 
-constexpr RecordMode kTime = RecordMode::Time;
+using Options = decltype(CommandRow::options);
+constexpr const char* kColumnWords = "time|expense [COLUMN...]";
 
-const std::vector<CommandRow>& Table() {
-    static const std::vector<CommandRow> kTable{
-        {"time", "add", "", 0, 0, {TimeFieldOptions()}, Text::CliTimeAdd, Of<kTime, AddRecord>},
-        {"time",
-         "edit",
-         "ID",
-         1,
-         1,
-         {TimeFieldOptions(), EditOptions()},
-         Text::CliTimeEdit,
-         Of<kTime, EditRecord>},
-        {"time", "show", "ID", 1, 1, {}, Text::CliTimeShow, Of<kTime, ShowRecord>},
-        {"time", "delete", "ID...", 1, kAnyNumber, {}, Text::CliTimeDelete, Of<kTime, DeleteRecords>},
-        {"time", "copy", "ID...", 1, kAnyNumber, {}, Text::CliTimeCopy, Of<kTime, CopyRecords>},
-        {"time",
-         "mark",
-         "ID...",
-         1,
-         kAnyNumber,
-         {MarkOptions(RecordKind::Time)},
-         Text::CliTimeMark,
-         Of<kTime, MarkRecords>},
-        {"time", "new", "", 0, 0, {NewOptions(RecordKind::Time)}, Text::CliTimeNew, Of<kTime, NewRecordFrom>},
-        {"time",
-         "list",
-         "",
-         0,
-         0,
-         {FilterOptions(RecordKind::Time), ListOptions()},
-         Text::CliTimeList,
-         Of<kTime, ListRecords>},
+/// The commands of a kind of records; those of the other are the same.
+template <RecordMode Mode>
+void AppendRecordCommands(const char* group, Text toDelete, Text toMake, std::vector<CommandRow>& rows) {
+    const RecordKind kind = KindOf(Mode);
+    const auto fields = FieldOptions(kind);
+    const Options marks{MarkOptions(kind)}, filters{FilterOptions(kind), ListOptions()};
+    const CommandRow commands[] = {
+        {group, "add", "", 0, 0, {fields}, Text::CliTimeAdd, Of<Mode, AddRecord>},
+        {group, "edit", "ID", 1, 1, {fields, EditOptions()}, Text::CliTimeEdit, Of<Mode, EditRecord>},
+        {group, "show", "ID", 1, 1, {}, Text::CliTimeShow, Of<Mode, ShowRecord>},
+        {group, "delete", "ID...", 1, kAnyNumber, {}, toDelete, Of<Mode, DeleteRecords>},
+        {group, "copy", "ID...", 1, kAnyNumber, {}, Text::CliTimeCopy, Of<Mode, CopyRecords>},
+        {group, "mark", "ID...", 1, kAnyNumber, marks, Text::CliTimeMark, Of<Mode, MarkRecords>},
+        {group, "new", "", 0, 0, {NewOptions(kind)}, toMake, Of<Mode, NewRecordFrom>},
+        {group, "list", "", 0, 0, filters, Text::CliTimeList, Of<Mode, ListRecords>},
+    };
+    rows.insert(rows.end(), std::begin(commands), std::end(commands));
+}
+
+std::vector<CommandRow> MakeTable() {
+    std::vector<CommandRow> rows;
+    AppendRecordCommands<RecordMode::Time>("time", Text::CliTimeDelete, Text::CliTimeNew, rows);
+    AppendRecordCommands<RecordMode::Expense>("expense", Text::CliExpenseDelete, Text::CliExpenseNew, rows);
+    const Options stored{SaveDefaultOptions(), SaveDefaultFields()},
+        columns{ColumnSetOption(), ColumnOptions()};
+    const CommandRow others[] = {
         {"timer", "start", "ID", 1, 1, {}, Text::CliTimerStart, StartTimer},
         {"timer", "pause", "ID", 1, 1, {}, Text::CliTimerPause, PauseTimer},
         {"timer", "stop", "ID", 1, 1, {}, Text::CliTimerStop, StopTimer},
@@ -67,6 +73,14 @@ const std::vector<CommandRow>& Table() {
         {"timer", "pause-all", "", 0, 0, {}, Text::CliTimerPauseAll, PauseAllTimers},
         {"timer", "drop", "ID", 1, 1, {}, Text::CliTimerDrop, DropTimer},
         {"timer", "status", "", 0, 0, {}, Text::CliTimerStatus, ShowTimers},
+        {"defaults", "list", "", 0, 0, {ModeOption()}, Text::CliDefaultsList, ListDefaults},
+        {"defaults", "show", "NAME", 1, 1, {ModeOption()}, Text::CliDefaultsShow, ShowDefault},
+        {"defaults", "save", "NAME", 1, 1, stored, Text::CliDefaultsSave, SaveDefault},
+        {"defaults", "rename", "OLD NEW", 2, 2, {ModeOption()}, Text::CliDefaultsRename, RenameDefault},
+        {"defaults", "delete", "NAME", 1, 1, {ModeOption()}, Text::CliDefaultsDelete, DeleteDefault},
+        {"columns", "list", "time|expense", 1, 1, {ColumnSetOption()}, Text::CliColumnsList, ListColumns},
+        {"columns", "set", kColumnWords, 1, kAnyNumber, columns, Text::CliColumnsSet, SetColumns},
+        {"columns", "reset", "time|expense", 1, 1, {ColumnSetOption()}, Text::CliColumnsReset, ResetColumns},
         {"settings", "list", "", 0, 0, {}, Text::CliSettingsList, ListSettings},
         {"settings", "get", "NAME", 1, 1, {}, Text::CliSettingsGet, GetSetting},
         {"settings", "set", "NAME VALUE", 2, 2, {}, Text::CliSettingsSet, SetSetting},
@@ -78,7 +92,8 @@ const std::vector<CommandRow>& Table() {
         {"doctor", "", "", 0, 0, {}, Text::CliDoctor, RunDoctor},
         {"demo", "fill", "N", 1, 1, {DemoOptions()}, Text::CliDemoFill, FillDemo},
     };
-    return kTable;
+    rows.insert(rows.end(), std::begin(others), std::end(others));
+    return rows;
 }
 
 }  // namespace
@@ -88,7 +103,8 @@ std::span<const GroupRow> CommandGroups() {
 }
 
 std::span<const CommandRow> Commands() {
-    return Table();
+    static const std::vector<CommandRow> kTable = MakeTable();
+    return kTable;
 }
 
 std::span<const OptionRow> GlobalOptions() {

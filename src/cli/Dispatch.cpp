@@ -52,7 +52,7 @@ class CRunner {
         COpenHome home(m_console);
         if (!home.OpenSettings(m_request.home) || !home.AreSettingsKept()) return ExitCode::Failed;
         CWindowLink window(home.App().Home());
-        CSettingsOwner owner(home.App().Settings(), window);
+        CSettingsOwner owner(home.App().Settings(), window, m_console.clock);
         return run(m_request.arguments, m_console, owner);
     }
 
@@ -62,7 +62,8 @@ class CRunner {
         CVelmarchApp& app = home.App();
         CWindowLink window(app.Home());
         CTimerAccess timers(m_console.clock, app.Document(), app.Settings(), window);
-        RecordDesk desk{app.Document(), app.Settings(), timers, window};
+        CSettingsOwner owner(app.Settings(), window, m_console.clock);
+        RecordDesk desk{app.Document(), app.Settings(), timers, window, owner};
         return run(m_request.arguments, m_console, desk);
     }
 

@@ -100,6 +100,14 @@ std::optional<double> ReadNumber(const QString& text, const CRegionalInfo& regio
     return isNumber && value <= kMostNumber ? std::optional(value) : std::nullopt;
 }
 
+std::optional<double> ReadSignedNumber(const QString& text, const CRegionalInfo& region) {
+    const QString trimmed = text.trimmed();
+    if (!trimmed.startsWith(u'-')) return ReadNumber(trimmed, region);
+    const auto number =
+        IsDigits(QStringView(trimmed).mid(1, 1), 1, 1) ? ReadNumber(trimmed.mid(1), region) : std::nullopt;
+    return number ? std::optional(-*number) : std::nullopt;
+}
+
 std::optional<bool> ReadYesNo(const QString& text) {
     if (text.compare(LoadText(Text::CliYes), Qt::CaseInsensitive) == 0) return true;
     if (text.compare(LoadText(Text::CliNo), Qt::CaseInsensitive) == 0) return false;

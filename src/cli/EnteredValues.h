@@ -24,6 +24,8 @@ inline constexpr double kMostNumber = 999'999'999.0;
 [[nodiscard]] std::optional<EnteredSpan> ReadSpan(const QString& text, const CRegionalInfo& region);
 /// From 0 to 999,999,999, digits with a full stop or the regional decimal character; no sign, no exponent.
 [[nodiscard]] std::optional<double> ReadNumber(const QString& text, const CRegionalInfo& region);
+/// The same with a minus sign in front, if wanted: money that came back.
+[[nodiscard]] std::optional<double> ReadSignedNumber(const QString& text, const CRegionalInfo& region);
 [[nodiscard]] std::optional<bool> ReadYesNo(const QString& text);
 /// The 32 digits of an identity, in capitals.
 [[nodiscard]] std::optional<QString> ReadIdentity(const QString& text);

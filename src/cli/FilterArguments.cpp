@@ -30,13 +30,41 @@ constexpr OptionRow kTimeOptions[] = {
     {"timers", "", OptionShape::YesNo, Text::CliOptWithTimers},
 };
 
+constexpr OptionRow kExpenseOptions[] = {
+    {"period", "ID", OptionShape::Value, Text::CliOptPeriod},
+    {"day", "DATE", OptionShape::Value, Text::CliOptDay},
+    {"from", "DATE", OptionShape::Value, Text::CliOptFrom},
+    {"to", "DATE", OptionShape::Value, Text::CliOptTo},
+    {"item1", "TEXT", OptionShape::Value, Text::CliOptWithItem1},
+    {"item2", "TEXT", OptionShape::Value, Text::CliOptWithItem2},
+    {"item3", "TEXT", OptionShape::Value, Text::CliOptWithExpItem3},
+    {"item4", "TEXT", OptionShape::Value, Text::CliOptWithExpItem4},
+    {"item5", "TEXT", OptionShape::Value, Text::CliOptWithItem5},
+    {"whole", "", OptionShape::Flag, Text::CliOptWhole},
+    {"case", "", OptionShape::Flag, Text::CliOptCase},
+    {"flag1", "", OptionShape::YesNo, Text::CliOptWithFlag},
+    {"flag2", "", OptionShape::YesNo, Text::CliOptWithFlag},
+    {"flag3", "", OptionShape::YesNo, Text::CliOptWithFlag},
+    {"flag4", "", OptionShape::YesNo, Text::CliOptWithFlag},
+    {"flag5", "", OptionShape::YesNo, Text::CliOptWithFlag},
+    {"exported", "", OptionShape::YesNo, Text::CliOptWithExported},
+    {"distance-entries", "", OptionShape::YesNo, Text::CliOptWithDistance},
+    {"amount", "=N|<N|>N", OptionShape::Value, Text::CliOptWithAmount},
+};
+
 constexpr const char* kItems[] = {"item1", "item2", "item3", "item4", "item5"};
+
+constexpr const char* kFlags[] = {"flag1", "flag2", "flag3", "flag4", "flag5"};
 
 /// A criterion on a flag.
 template <class Filter>
 struct FlagRow {
     const char* option;
     int Filter::*criterion;
+};
+constexpr FlagRow<ExpenseFilter> kExpenseFlags[] = {
+    {"exported", &ExpenseFilter::exported},
+    {"distance-entries", &ExpenseFilter::distance},
 };
 constexpr FlagRow<TimeFilter> kTimeFlags[] = {
     {"billable", &TimeFilter::billable},
@@ -98,20 +126,61 @@ FilterProblem ReadShared(const CArguments& arguments, const PeriodSurroundings& 
     return ReadPeriod(arguments, around, filter);
 }
 
+template <class Filter, std::size_t N>
+void ReadFlags(const CArguments& arguments, const FlagRow<Filter> (&flags)[N], Filter& filter) {
+    for (const auto& flag : flags)
+        if (const auto typed = arguments.Value(flag.option)) filter.*flag.criterion = CriterionOf(*typed);
+}
+
 FilterProblem ReadTimeFilter(const CArguments& arguments, const PeriodSurroundings& around,
                              TimeFilter& filter) {
     const FilterProblem problem = ReadShared(arguments, around, filter);
-    for (const auto& flag : kTimeFlags)
-        if (const auto typed = arguments.Value(flag.option)) filter.*flag.criterion = CriterionOf(*typed);
+    ReadFlags(arguments, kTimeFlags, filter);
+    return problem;
+}
+
+struct ComparisonRow {
+    QChar sign;
+    int comparison;
+};
+constexpr ComparisonRow kComparisons[] = {
+    {u'=', AmountComparison::kEqual},
+    {u'<', AmountComparison::kLess},
+    {u'>', AmountComparison::kGreater},
+};
+
+/// "=12.50", "<100", ">-20".
+FilterProblem ReadAmount(const QString& typed, const PeriodSurroundings& around, ExpenseFilter& filter) {
+    const QString text = typed.trimmed();
+    const auto row = std::ranges::find_if(
+        kComparisons, [&](const ComparisonRow& one) { return text.startsWith(one.sign); });
+    const auto number = EnteredValues::ReadSignedNumber(text.mid(1), around.region);
+    if (row == std::end(kComparisons) || !number) return Usage(FormatText<Text::CliAmountCondition>(typed));
+    filter.amount = static_cast<float>(*number);
+    filter.comparison = row->comparison;
+    return {};
+}
+
+FilterProblem ReadExpenseFilter(const CArguments& arguments, const PeriodSurroundings& around,
+                                ExpenseFilter& filter) {
+    FilterProblem problem = ReadShared(arguments, around, filter);
+    ReadFlags(arguments, kExpenseFlags, filter);
+    for (std::size_t i = 0; i < std::size(kFlags); ++i)
+        if (const auto typed = arguments.Value(kFlags[i])) filter.flags[i] = CriterionOf(*typed);
+    if (const auto amount = arguments.Value("amount"); amount && problem.exit == ExitCode::Done)
+        problem = ReadAmount(*amount, around, filter);
     return problem;
 }
 
 }  // namespace
 
-std::span<const OptionRow> FilterOptions(RecordKind) {
-    return kTimeOptions;
+std::span<const OptionRow> FilterOptions(RecordKind kind) {
+    if (kind == RecordKind::Time) return kTimeOptions;
+    return kExpenseOptions;
 }
 
-FilterProblem ReadFilter(RecordKind, const CArguments& arguments, CVelmarchDoc& document) {
-    return ReadTimeFilter(arguments, document.PeriodNeeds(), document.Filter());
+FilterProblem ReadFilter(RecordKind kind, const CArguments& arguments, CVelmarchDoc& document) {
+    return kind == RecordKind::Time
+               ? ReadTimeFilter(arguments, document.PeriodNeeds(), document.Filter())
+               : ReadExpenseFilter(arguments, document.PeriodNeeds(), document.FilterOfExpenses());
 }

@@ -3,14 +3,15 @@
 #include "app/CVelmarchDoc.h"
 #include "cli/CArguments.h"
 #include "cli/COutput.h"
+#include "cli/CSettingsOwner.h"
 #include "cli/RecordDesk.h"
 #include "cli/RecordFields.h"
 #include "cli/RecordOutput.h"
 #include "cli/RecordSteps.h"
 #include "config/CCfgStore.h"
 #include "lang/LoadText.h"
-#include "records/CERecord.h"
-#include "records/CTRecord.h"
+
+using namespace Qt::Literals::StringLiterals;
 
 // One record made, changed or shown from what stands on the command line.
 
@@ -23,9 +24,13 @@ bool IsWritten(const RecordDesk& desk) {
     return desk.document.Store().m_lastError == 0;
 }
 
-RecordDate& DateOf(CVORec& record) {
-    return record.Kind() == RecordKind::Time ? static_cast<CTRecord&>(record).date
-                                             : static_cast<CERecord&>(record).date;
+/// The last reading becomes the suggestion for the next expense. The record is stored; that this fails is no
+/// failure of the command.
+void KeepOdometer(const Settings& noted, Console& console, RecordDesk& desk) {
+    if (noted.odometerLastEnd == desk.settings.odometerLastEnd) return;
+    const QJsonObject answer =
+        desk.owner.Change({{u"name"_s, u"odometerLastEnd"_s}, {u"value"_s, noted.odometerLastEnd}});
+    if (!answer[u"ok"].toBool()) console.out.Note(LoadText(Text::CliOdometerNotNoted));
 }
 
 }  // namespace
@@ -35,9 +40,7 @@ std::span<const OptionRow> EditOptions() {
 }
 
 ExitCode AddRecord(RecordKind kind, const CArguments& arguments, Console& console, RecordDesk& desk) {
-    const std::unique_ptr<CVORec> record = NewRecord(kind);
-    DateTimeVal today;
-    if (today.SetToday(console.clock)) DateOf(*record).Set(today.month, today.day, today.year);
+    const std::unique_ptr<CVORec> record = RecordOfToday(kind, console.clock);
     Settings noted = desk.settings;
     const FieldProblem problem =
         EnterFields(*record, arguments, {noted, desk.settings.Region(), console.clock, nullptr});
@@ -45,6 +48,7 @@ ExitCode AddRecord(RecordKind kind, const CArguments& arguments, Console& consol
     QString id;
     if (!desk.document.AddRecord(*record, true, false, true, &id) || !IsWritten(desk))
         return ExitCode::Failed;
+    KeepOdometer(noted, console, desk);
     Announce(kind, {id}, console, desk);
     PrintRecord(kind, id, console, desk);
     return ExitCode::Done;
@@ -62,6 +66,7 @@ ExitCode EditRecord(RecordKind kind, const CArguments& arguments, Console& conso
     const QString id = record->GetId();
     if (!desk.document.ModifyRecord(*record, id, true, false, true, true) || !IsWritten(desk))
         return ExitCode::Failed;
+    KeepOdometer(noted, console, desk);
     Announce(kind, {id}, console, desk);
     PrintRecord(kind, id, console, desk);
     return ExitCode::Done;

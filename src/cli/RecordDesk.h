@@ -1,6 +1,7 @@
 #pragma once
 
 class CCfgStore;
+class CSettingsOwner;
 class CTimerAccess;
 class CVelmarchDoc;
 class CWindowLink;
@@ -11,4 +12,5 @@ struct RecordDesk {
     const CCfgStore& settings;
     CTimerAccess& timers;
     CWindowLink& window;
+    CSettingsOwner& owner;  ///< where settings are changed
 };

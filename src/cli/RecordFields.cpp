@@ -1,13 +1,30 @@
 #include "cli/RecordFields.h"
 
+#include "cli/ExpenseFields.h"
 #include "cli/FieldParts.h"
 #include "cli/TimeFields.h"
+#include "records/CERecord.h"
 #include "records/CTRecord.h"
 
 using namespace Qt::Literals::StringLiterals;
 
+std::span<const OptionRow> FieldOptions(RecordKind kind) {
+    return kind == RecordKind::Time ? TimeFieldOptions() : ExpenseFieldOptions();
+}
+
+std::unique_ptr<CVORec> RecordOfToday(RecordKind kind, const CClock& clock) {
+    std::unique_ptr<CVORec> record = NewRecord(kind);
+    RecordDate& date = kind == RecordKind::Time ? static_cast<CTRecord&>(*record).date
+                                                : static_cast<CERecord&>(*record).date;
+    DateTimeVal today;
+    if (today.SetToday(clock)) date.Set(today.month, today.day, today.year);
+    return record;
+}
+
 FieldProblem EnterFields(CVORec& record, const CArguments& arguments, const FieldNeeds& needs) {
-    return EnterTimeFields(static_cast<CTRecord&>(record), arguments, needs);
+    return record.Kind() == RecordKind::Time
+               ? EnterTimeFields(static_cast<CTRecord&>(record), arguments, needs)
+               : EnterExpenseFields(static_cast<CERecord&>(record), arguments, needs);
 }
 
 namespace FieldParts {

@@ -139,7 +139,7 @@ ExitCode ListRecords(RecordKind kind, const CArguments& arguments, Console& cons
 
     desk.timers.Look();
     desk.document.SetTimers(&desk.timers.Desk());
-    const PeriodFilter& filter = desk.document.Filter();
+    const PeriodFilter& filter = desk.document.FilterOf(kind);
     LoadPeriod(kind, filter, desk.document);
     if (desk.document.Store().m_lastError != 0) return ExitCode::Failed;
     const Records records = Collect(desk.document, order);

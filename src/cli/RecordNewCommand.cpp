@@ -1,6 +1,7 @@
 #include "app/CVelmarchDoc.h"
 #include "cli/CArguments.h"
 #include "cli/COutput.h"
+#include "cli/CSettingsOwner.h"
 #include "cli/CTimerAccess.h"
 #include "cli/CWindowLink.h"
 #include "cli/RecordCommands.h"
@@ -19,58 +20,95 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr OptionRow kNewOptions[] = {
-    {"from", "blank|copy:ID", OptionShape::Value, Text::CliOptFromBase},
+constexpr OptionRow kExpenseOptions[] = {
+    {"from", "blank|defaults:NAME|copy:ID", OptionShape::Value, Text::CliOptFromStored},
+    {"timestamp", "", OptionShape::Flag, Text::CliOptTimestamp},
+    {"successive", "ID", OptionShape::Value, Text::CliOptExpSuccessive},
+    {"timer", "", OptionShape::Flag, Text::CliOptExpTimer},
+};
+constexpr OptionRow kTimeOptions[] = {
+    {"from", "blank|defaults:NAME|copy:ID", OptionShape::Value, Text::CliOptFromStored},
     {"timestamp", "", OptionShape::Flag, Text::CliOptTimestamp},
     {"successive", "ID", OptionShape::Value, Text::CliOptSuccessive},
     {"timer", "", OptionShape::Flag, Text::CliOptTimer},
 };
 
 constexpr QStringView kCopyOf = u"copy:";
+constexpr QStringView kDefaultsOf = u"defaults:";
 
 /// A quick command as it was typed.
 struct QuickRequest {
+    RecordKind kind;
     int flags = 0;
+    QString stored;    ///< the stored default that it starts from; empty: none
     QString copied;    ///< the record that is copied; empty: none
     QString followed;  ///< the record whose day and end are gone on from; empty: none
 };
 
+/// Where the new record comes from; 0 for what is no such place.
+int ReadBase(const QString& base, QuickRequest& request) {
+    if (base == u"blank") return QuickFlag::kBlank;
+    if (base.startsWith(kCopyOf)) {
+        request.copied = base.mid(kCopyOf.size());
+        return QuickFlag::kCopy;
+    }
+    if (base.startsWith(kDefaultsOf)) {
+        request.stored = base.mid(kDefaultsOf.size());
+        return QuickFlag::kDefaults;
+    }
+    return 0;
+}
+
 /// The sentence that refuses; empty when the request can be read.
 QString ReadRequest(const CArguments& arguments, QuickRequest& request) {
     const QString base = arguments.Value("from").value_or(u"blank"_s);
-    const bool isCopy = base.startsWith(kCopyOf);
-    if (!isCopy && base != u"blank") return FormatText<Text::CliNoSuchBase>(base);
+    request.flags = ReadBase(base, request);
+    if (request.flags == 0) return FormatText<Text::CliNoSuchBaseStored>(base);
     if (arguments.Has("timestamp") && arguments.Has("successive"))
         return LoadText(Text::CliTimestampOrSuccessive);
-    if (isCopy) request.copied = base.mid(kCopyOf.size());
     request.followed = arguments.Value("successive").value_or(QString());
-    request.flags = (isCopy ? QuickFlag::kCopy : QuickFlag::kBlank) |
-                    (arguments.Has("timestamp") ? QuickFlag::kTimestamp : 0) |
-                    (arguments.Has("successive") ? QuickFlag::kSuccessive : 0) |
-                    (arguments.Has("timer") ? QuickFlag::kTimer : 0);
+    const bool hasTimer = request.kind == RecordKind::Time && arguments.Has("timer");
+    request.flags |= (arguments.Has("timestamp") ? QuickFlag::kTimestamp : 0) |
+                     (arguments.Has("successive") ? QuickFlag::kSuccessive : 0) |
+                     (hasTimer ? QuickFlag::kTimer : 0);
     return {};
 }
 
-/// Finds the records that the new one is made from.
+/// Finds the stored default; one that can't be read is told and fails.
+ExitCode ResolveDefault(QuickRequest& request, Console& console, RecordDesk& desk) {
+    if ((request.flags & QuickFlag::kDefaults) == 0) return ExitCode::Done;
+    const NamedDefaults defaults = desk.owner.Defaults(theRecordMode);
+    const auto stored =
+        NamedDefaults::IsReserved(request.stored) ? request.stored : defaults.FindName(request.stored);
+    if (!stored)
+        return Refuse(ExitCode::NotFound, FormatText<Text::CliNoSuchDefault>(request.stored), console);
+    request.stored = *stored;
+    if (defaults.Read(*stored, *NewRecord(request.kind))) return ExitCode::Done;
+    return Refuse(ExitCode::Failed, FormatText<Text::DefaultDamaged>(*stored), console);
+}
+
+/// Finds what the new record is made from.
 ExitCode Resolve(QuickRequest& request, Console& console, RecordDesk& desk) {
     const auto resolve = [&](int flag, QString& id) {
         if ((request.flags & flag) == 0) return true;
-        const CVORec* record = FindRecord(RecordKind::Time, id, console, desk);
+        const CVORec* record = FindRecord(request.kind, id, console, desk);
         if (record) id = record->GetId();
         return record != nullptr;
     };
     return resolve(QuickFlag::kCopy, request.copied) && resolve(QuickFlag::kSuccessive, request.followed)
-               ? ExitCode::Done
+               ? ResolveDefault(request, console, desk)
                : LookupFailed(desk);
 }
 
 /// Makes the record with the timers at hand; the new identity, empty when it failed.
 QString Make(int flags, const QuickRequest& request, Console& console, RecordDesk& desk) {
-    QuickEntrySurroundings around{
-        desk.document, desk.timers.Desk(), desk.settings, console.clock, {}, {}, {}};
+    QuickEntrySurroundings around{desk.document,   desk.timers.Desk(), desk.settings, console.clock, {}, {},
+                                  request.followed};
     if ((flags & QuickFlag::kCopy) != 0) around.selectedIds = {request.copied};
-    around.successiveId = request.followed;
-    const QuickOutcome outcome = NewTimeRecord(flags, around);
+    around.fillFromDefaults = [&](CVORec& record) {
+        return desk.owner.Defaults(theRecordMode).Read(request.stored, record);
+    };
+    const QuickOutcome outcome = NewRecordOf(request.kind, flags, around);
     const bool isWritten = desk.document.Store().m_lastError == 0;
     return outcome.succeeded && isWritten ? outcome.addedId : QString();
 }
@@ -110,12 +148,12 @@ ExitCode MakeNow(const QuickRequest& request, Console& console, RecordDesk& desk
 
 }  // namespace
 
-std::span<const OptionRow> NewOptions(RecordKind) {
-    return kNewOptions;
+std::span<const OptionRow> NewOptions(RecordKind kind) {
+    return kind == RecordKind::Time ? kTimeOptions : kExpenseOptions;
 }
 
-ExitCode NewRecordFrom(RecordKind, const CArguments& arguments, Console& console, RecordDesk& desk) {
-    QuickRequest request;
+ExitCode NewRecordFrom(RecordKind kind, const CArguments& arguments, Console& console, RecordDesk& desk) {
+    QuickRequest request{kind, 0, {}, {}, {}};
     if (const QString problem = ReadRequest(arguments, request); !problem.isEmpty())
         return Refuse(ExitCode::Usage, problem, console);
     const ExitCode known = Resolve(request, console, desk);
@@ -123,8 +161,8 @@ ExitCode NewRecordFrom(RecordKind, const CArguments& arguments, Console& console
     QString id;
     const ExitCode exit = MakeNow(request, console, desk, id);
     if (exit != ExitCode::Done) return exit;
-    Announce(RecordKind::Time, {id}, console, desk);
+    Announce(kind, {id}, console, desk);
     desk.timers.Look();
-    PrintRecord(RecordKind::Time, id, console, desk);
+    PrintRecord(kind, id, console, desk);
     return ExitCode::Done;
 }

@@ -1,6 +1,5 @@
 #include "app/CVelmarchDoc.h"
 #include "cli/CArguments.h"
-#include "cli/CJsonText.h"
 #include "cli/COutput.h"
 #include "cli/CTimerAccess.h"
 #include "cli/CWindowLink.h"
@@ -10,7 +9,6 @@
 #include "config/CCfgStore.h"
 #include "entry/RecordMarks.h"
 #include "lang/FormatText.h"
-#include "records/CTRecord.h"
 
 #include <QJsonObject>
 #include <algorithm>
@@ -29,53 +27,29 @@ constexpr OptionRow kExpenseMarkOptions[] = {{"as", "MARK", OptionShape::Value, 
 struct MarkRow {
     const char* name;
     RecordMark mark;
-    bool ofExpensesOnly;
 };
 constexpr MarkRow kMarks[] = {
-    {"first", RecordMark::First, false},
-    {"first-second", RecordMark::FirstAndSecond, false},
-    {"exported", RecordMark::Exported, false},
-    {"not-exported", RecordMark::NotExported, false},
+    {"first", RecordMark::First},
+    {"first-second", RecordMark::FirstAndSecond},
+    {"third", RecordMark::Third},
+    {"third-fourth", RecordMark::ThirdAndFourth},
+    {"fifth", RecordMark::Fifth},
+    {"exported", RecordMark::Exported},
+    {"not-exported", RecordMark::NotExported},
 };
-
-bool IsMarkOf(RecordKind kind, const MarkRow& row) {
-    return kind == RecordKind::Expense || !row.ofExpensesOnly;
-}
 
 QString MarkNames(RecordKind kind) {
     QStringList names;
     for (const MarkRow& row : kMarks)
-        if (IsMarkOf(kind, row)) names.append(QString::fromLatin1(row.name));
+        if (IsMarkOf(kind, row.mark)) names.append(QString::fromLatin1(row.name));
     return names.join(u", "_s);
 }
 
 const MarkRow* FindMark(RecordKind kind, const QString& name) {
-    const auto found = std::ranges::find_if(
-        kMarks, [&](const MarkRow& row) { return IsMarkOf(kind, row) && name == QLatin1String(row.name); });
+    const auto found = std::ranges::find_if(kMarks, [&](const MarkRow& row) {
+        return IsMarkOf(kind, row.mark) && name == QLatin1String(row.name);
+    });
     return found == std::end(kMarks) ? nullptr : found;
-}
-
-void PrintCount(COutput& out, const char* key, Text sentence, qsizetype count) {
-    if (!out.isJson)
-        return out.PutLine(QString::asprintf(LoadText(sentence).toUtf8().constData(), int(count)));
-    CJsonText json(out);
-    json.BeginObject();
-    json.Key(key);
-    json.Integer(count);
-    json.EndObject();
-    out.Put("\n");
-}
-
-void PrintIds(COutput& out, const QStringList& ids) {
-    if (!out.isJson) {
-        for (const QString& id : ids) out.PutLine(id);
-        return;
-    }
-    CJsonText json(out);
-    json.BeginArray();
-    for (const QString& id : ids) json.Text(id);
-    json.EndArray();
-    out.Put("\n");
 }
 
 /// Runs the work on every identity within one transaction, which the caller commits. Undone as a whole when
@@ -145,7 +119,7 @@ ExitCode DeleteNow(RecordKind kind, RecordDesk& desk, const QStringList& ids, Co
 /// What is stored of a marked record; null where it has the mark already.
 std::unique_ptr<CVORec> Marked(const CVORec& stored, RecordMark mark) {
     std::unique_ptr<CVORec> record = stored.Clone();
-    return SetMark(static_cast<CTRecord&>(*record), mark) ? std::move(record) : nullptr;
+    return SetMark(*record, mark) ? std::move(record) : nullptr;
 }
 
 }  // namespace
@@ -185,7 +159,7 @@ ExitCode CopyRecords(RecordKind kind, const CArguments& arguments, Console& cons
                     }) &&
         desk.document.Commit();
     if (isDone) Announce(kind, copies, console, desk);
-    PrintIds(console.out, isDone ? copies : QStringList());
+    PrintTexts(console.out, isDone ? copies : QStringList());
     return isDone ? ExitCode::Done : ExitCode::Failed;
 }
 

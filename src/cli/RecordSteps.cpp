@@ -1,7 +1,10 @@
 #include "cli/RecordSteps.h"
 
 #include "app/CVelmarchDoc.h"
+#include "app/RecordMode.h"
+#include "cli/CJsonText.h"
 #include "cli/COutput.h"
+#include "cli/CSettingsOwner.h"
 #include "cli/CWindowLink.h"
 #include "cli/EnteredValues.h"
 #include "cli/RecordDesk.h"
@@ -50,13 +53,53 @@ void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordDes
 }
 
 bool Confirm(Text question, Text title, Text verb, Console& console) {
+    return Confirm(question, LoadText(question), title, verb, console);
+}
+
+bool Confirm(Text question, const QString& text, Text title, Text verb, Console& console) {
     MessageBox box;
     box.textId = static_cast<int>(question);
     box.title = LoadText(title);
-    box.text = LoadText(question);
+    box.text = text;
     box.icon = BoxIcon::Warning;
     box.buttons = Buttons::YesNo;
     box.defaultAnswer = Answer::No;
     box.actionLabel = LoadText(verb);
     return console.prompt.Ask(box) == Answer::Yes;
+}
+
+ExitCode ChangeSettings(const QJsonObject& command, Console& console, CSettingsOwner& owner) {
+    const QJsonObject answer = owner.Change(command);
+    if (answer[u"ok"].toBool()) return ExitCode::Done;
+    return Refuse(static_cast<ExitCode>(answer[u"exit"].toInt(1)), answer[u"error"].toString(), console);
+}
+
+std::optional<RecordMode> ReadMode(const QString& typed, Console& console) {
+    if (typed == u"time") return RecordMode::Time;
+    if (typed == u"expense") return RecordMode::Expense;
+    console.out.Complain(FormatText<Text::CliNoMode>(typed));
+    return std::nullopt;
+}
+
+void PrintCount(COutput& out, const char* key, Text sentence, qsizetype count) {
+    if (!out.isJson)
+        return out.PutLine(QString::asprintf(LoadText(sentence).toUtf8().constData(), int(count)));
+    CJsonText json(out);
+    json.BeginObject();
+    json.Key(key);
+    json.Integer(count);
+    json.EndObject();
+    out.Put("\n");
+}
+
+void PrintTexts(COutput& out, const QStringList& texts) {
+    if (!out.isJson) {
+        for (const QString& text : texts) out.PutLine(text);
+        return;
+    }
+    CJsonText json(out);
+    json.BeginArray();
+    for (const QString& text : texts) json.Text(text);
+    json.EndArray();
+    out.Put("\n");
 }

@@ -92,12 +92,6 @@ ExitCode NoSuchSetting(const QString& name, Console& console) {
     return Refuse(ExitCode::NotFound, FormatText<Text::SettingUnknown>(name), console);
 }
 
-ExitCode Change(const QJsonObject& command, Console& console, CSettingsOwner& owner) {
-    const QJsonObject answer = owner.Change(command);
-    if (answer[u"ok"].toBool()) return ExitCode::Done;
-    return Refuse(static_cast<ExitCode>(answer[u"exit"].toInt(1)), answer[u"error"].toString(), console);
-}
-
 }  // namespace
 
 ExitCode ListSettings(const CArguments&, Console& console, const CCfgStore& settings) {
@@ -122,7 +116,7 @@ ExitCode SetSetting(const CArguments& arguments, Console& console, CSettingsOwne
         return Refuse(ExitCode::Usage, FormatText<Text::SettingOutOfRange>(name, typed, AllowedValues(*row)),
                       console);
     const QJsonObject command{{u"name"_s, name}, {u"value"_s, *value}};
-    const ExitCode exit = Change(command, console, owner);
+    const ExitCode exit = ChangeSettings(command, console, owner);
     if (exit == ExitCode::Done) WriteOne(console.out, *row, owner.Stored());
     return exit;
 }
@@ -133,7 +127,7 @@ ExitCode ResetSettings(const CArguments& arguments, Console& console, CSettingsO
     if (!row && !arguments.Words().isEmpty()) return NoSuchSetting(name, console);
     QJsonObject command{{u"reset"_s, true}};
     if (row) command.insert(u"name"_s, name);
-    const ExitCode exit = Change(command, console, owner);
+    const ExitCode exit = ChangeSettings(command, console, owner);
     if (exit != ExitCode::Done) return exit;
     row ? WriteOne(console.out, *row, owner.Stored()) : WriteAll(console.out, owner.Stored());
     return exit;

@@ -223,6 +223,15 @@ void CColSet::AssignOrder(ColumnHalf half, const QStringList& hidden, const QStr
     RebuildOrders();
 }
 
+void CColSet::ShowExactly(ColumnHalf half, const std::vector<int>& columns) {
+    for (int column = FirstColumn(half); column < EndOfColumns(half); ++column)
+        Entry(column).visible = 0, Entry(column).position = 0;
+    for (const int column : columns)
+        if (IsColumn(column) && HalfOf(column) == half && !IsExcluded(column) && !IsVisible(column))
+            Show(column);
+    RebuildOrders();
+}
+
 bool CColSet::ApplyCaptions(const Settings& settings) {
     if (!m_names) return false;
     for (const ColumnRow& row : ColumnTable())

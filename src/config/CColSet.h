@@ -76,6 +76,9 @@ class CColSet {
     /// By captions: the first are hidden, the others shown at their places in the list; those in neither stay
     /// as they are.
     void AssignOrder(ColumnHalf half, const QStringList& hidden, const QStringList& shown);
+    /// By numbers: shows exactly these columns of a half, in this order. Equal captions don't matter here.
+    /// What isn't of the half, is excluded or comes again is left out.
+    void ShowExactly(ColumnHalf half, const std::vector<int>& columns);
 
     /// Not owned; null: no names.
     void SetCatalogue(const CColumnNames* names) { m_names = names; }

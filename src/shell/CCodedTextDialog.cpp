@@ -4,6 +4,7 @@
 #include "entry/CodedText.h"
 #include "lang/FormatText.h"
 #include "records/CVORec.h"
+#include "shell/CElidedLabel.h"
 #include "shell/CItemCombo.h"
 #include "shell/CMnemonics.h"
 #include "shell/DialogSize.h"
@@ -43,9 +44,7 @@ CCodedTextDialog::CCodedTextDialog(const RecordDialogSurroundings& around, QWidg
     form->setSpacing(kFormSpace);
     BuildRows(*form, mnemonics);
     column->addLayout(form);
-    m_note = new QLabel;
-    m_note->setTextFormat(Qt::PlainText);
-    m_note->setWordWrap(true);
+    m_note = new CElidedLabel;
     NameWidget(*m_note, QStringLiteral("replacedNote"), LoadText(Text::CodesTitle));
     column->addWidget(m_note);
     column->addStretch();
@@ -110,7 +109,7 @@ void CCodedTextDialog::SetDraft(const CodedItems& items) {
     }
     m_payment->ShowText(items[kPayment]);
     m_note->setVisible(!plain.isEmpty());
-    m_note->setText(FormatText<Text::CodesReplace>(plain.join(QStringLiteral(", "))));
+    m_note->SetFullText(FormatText<Text::CodesReplace>(plain.join(QStringLiteral(", "))));
     m_parts.front().code->setFocus();
 }
 

@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <array>
 
+class CElidedLabel;
 class CItemCombo;
 
 /// The texts of the four items of an expense, from the first.
@@ -39,7 +40,7 @@ class CCodedTextDialog final : public QDialog {
     RecordDialogSurroundings m_around;
     std::array<Parts, 3> m_parts;
     CItemCombo* m_payment = nullptr;
-    QLabel* m_note = nullptr;
+    CElidedLabel* m_note = nullptr;
 };
 
 /// Lets the user edit the texts; true when accepted, and only then they are changed.

@@ -79,9 +79,7 @@ void CDefaultsDialog::BuildList(QVBoxLayout& column) {
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
     m_list->setTextElideMode(Qt::ElideRight);
-    m_note = new QLabel;
-    m_note->setWordWrap(true);
-    NameWidget(*m_note, QStringLiteral("defaultsNote"), windowTitle());
+    m_note = MakeNote(LoadText(Text::DefaultsNone), QStringLiteral("defaultsNote"));
     column.addWidget(m_list, 1);
     column.addWidget(m_note);
     connect(m_list, &QTreeWidget::itemSelectionChanged, this, &CDefaultsDialog::ShowState);

@@ -22,9 +22,10 @@ constexpr int kMostProposals = 8;
 
 }  // namespace
 
-CItemCombo::CItemCombo(Offer offer, QWidget* parent)
+CItemCombo::CItemCombo(Offer offer, WhyEmpty whyEmpty, QWidget* parent)
     : QComboBox(parent),
       m_offer(std::move(offer)),
+      m_whyEmpty(std::move(whyEmpty)),
       m_offered(new QStringListModel(this)),
       m_completer(new QCompleter(m_offered, this)) {
     setModel(m_offered);
@@ -77,8 +78,8 @@ void CItemCombo::showPopup() {
     m_completer->popup()->hide();
     if (count() > 0)
         QComboBox::showPopup();
-    else if (!m_emptyTip.isEmpty())
-        QToolTip::showText(mapToGlobal(QPoint(0, height() / 2)), m_emptyTip, this);
+    else if (m_whyEmpty)
+        QToolTip::showText(mapToGlobal(QPoint(0, height() / 2)), m_whyEmpty(), this);
 }
 
 void CItemCombo::focusInEvent(QFocusEvent* event) {

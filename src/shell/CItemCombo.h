@@ -17,13 +17,14 @@ class CItemCombo final : public QComboBox {
     /// The texts on offer, in their order.
     using Offer = std::function<QStringList()>;
 
-    explicit CItemCombo(Offer offer, QWidget* parent = nullptr);
+    /// What is said in place of an empty list; nothing when there is no such text.
+    using WhyEmpty = std::function<QString()>;
+
+    explicit CItemCombo(Offer offer, WhyEmpty whyEmpty = {}, QWidget* parent = nullptr);
 
     /// Shows a text that comes from outside; it isn't announced.
     void ShowText(const QString& text);
     [[nodiscard]] QString Text() const { return currentText(); }
-    /// What is said in place of an empty list.
-    void SetEmptyTip(const QString& tip) { m_emptyTip = tip; }
 
     void showPopup() override;
     void focusInEvent(QFocusEvent* event) override;
@@ -41,8 +42,8 @@ class CItemCombo final : public QComboBox {
     void TakeProposal(const QString& text);
 
     Offer m_offer;
+    WhyEmpty m_whyEmpty;
     QStringListModel* m_offered;
     QCompleter* m_completer;
-    QString m_emptyTip;
     bool m_isShowing = false;  ///< the text is being set from outside
 };

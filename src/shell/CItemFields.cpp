@@ -1,5 +1,6 @@
 #include "shell/CItemFields.h"
 
+#include "config/Settings.h"
 #include "lang/LoadText.h"
 #include "lists/DependencyChain.h"
 #include "shell/CItemCombo.h"
@@ -30,18 +31,21 @@ struct CItemFields::Chain {
 };
 
 CItemFields::CItemFields(const CPulldownCatalogue& catalogue, RecordMode mode, const Settings& settings)
-    : m_catalogue(catalogue), m_mode(mode), m_settings(settings), m_chain(std::make_shared<Chain>()) {
+    : m_catalogue(catalogue), m_settings(settings), m_chain(std::make_shared<Chain>()) {
     m_chain->mode = mode;
 }
 
 CItemFields::~CItemFields() = default;
 
 CItemCombo* CItemFields::Make(int list) const {
-    auto* field = new CItemCombo([&catalogue = m_catalogue, &settings = m_settings, chain = m_chain, list] {
+    const auto offer = [&catalogue = m_catalogue, &settings = m_settings, chain = m_chain, list] {
         return PulldownTexts(catalogue, chain->mode, list, chain->PathOf(list), settings);
-    });
-    const bool isFiltered = m_settings.useDependencies && ChainDepth(m_mode, list) > 1;
-    field->SetEmptyTip(LoadText(isFiltered ? Text::NothingUnderPath : Text::ListIsEmpty));
+    };
+    const auto whyEmpty = [&settings = m_settings, chain = m_chain, list] {
+        const bool isFiltered = settings.useDependencies && ChainDepth(chain->mode, list) > 1;
+        return LoadText(isFiltered ? Text::NothingUnderPath : Text::ListIsEmpty);
+    };
+    auto* field = new CItemCombo(offer, whyEmpty);
     m_chain->fields.insert(list, field);
     return field;
 }

@@ -34,7 +34,6 @@ class CItemFields {
  private:
     struct Chain;
     const CPulldownCatalogue& m_catalogue;
-    RecordMode m_mode;
     const Settings& m_settings;
     std::shared_ptr<Chain> m_chain;  ///< shared with the fields, which may be destroyed later
 };

@@ -67,10 +67,8 @@ void COdometerDialog::AddDistance(QGridLayout& form, CMnemonics& mnemonics) {
     m_distance = m_fields.AddRow(form, ListId::kDistance,
                                  FormatText<Text::FieldWithUnit>(LoadText(Text::ColumnCaptionTrip), unit),
                                  QStringLiteral("distanceField"), mnemonics);
-    auto* hint = new QLabel(LoadText(Text::OdometerHint));
-    hint->setWordWrap(true);
-    NameWidget(*hint, QStringLiteral("odometerHint"), hint->text());
-    form.addWidget(hint, form.rowCount(), 1);
+    form.addWidget(MakeNote(LoadText(Text::OdometerHint), QStringLiteral("odometerHint")), form.rowCount(),
+                   1);
     m_rate = m_fields.AddRow(form, ListId::kDistanceRate, LoadText(Text::ListDistanceRates),
                              QStringLiteral("rateField"), mnemonics);
     connect(m_distance, &CItemCombo::Edited, this, &COdometerDialog::EnterDistance);

@@ -50,6 +50,15 @@ QLabel* AddLabel(QGridLayout& form, int row, const QString& text, QWidget& field
     return label;
 }
 
+QLabel* MakeNote(const QString& text, const QString& objectName) {
+    auto* note = new QLabel(text);
+    note->setWordWrap(true);
+    NameWidget(*note, objectName, text);
+    const QFontMetrics metrics = note->fontMetrics();
+    note->setMinimumSize(metrics.horizontalAdvance(text) * 2 / 3, 2 * metrics.lineSpacing());
+    return note;
+}
+
 QCheckBox* MakeCheckBox(const QString& text, const QString& objectName, CMnemonics& mnemonics) {
     auto* box = new QCheckBox(mnemonics.Give(text));
     NameWidget(*box, objectName, text);

@@ -23,6 +23,8 @@ void NameWidget(QWidget& widget, const QString& objectName, const QString& acces
 /// label's words as its accessible name.
 QLabel* AddLabel(QGridLayout& form, int row, const QString& text, QWidget& field, const QString& objectName,
                  CMnemonics& mnemonics);
+/// A sentence in a dialog, with room for it on two lines however narrow the dialog gets.
+[[nodiscard]] QLabel* MakeNote(const QString& text, const QString& objectName);
 [[nodiscard]] QCheckBox* MakeCheckBox(const QString& text, const QString& objectName, CMnemonics& mnemonics);
 /// The button that accepts, which is the default, and Cancel; both are connected to the dialog. The caller
 /// lays them out, last, so that they come last with Tab as well.

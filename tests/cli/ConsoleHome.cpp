@@ -47,12 +47,12 @@ Reply ConsoleHome::RunShell(const QString& line) const {
     return RunProgram(u"/bin/bash"_s, {u"-c"_s, cli + line}, {});
 }
 
-QString ConsoleHome::Add(const QStringList& fields) const {
-    return RunJson(QStringList{u"time"_s, u"add"_s} + fields).Object()[u"id"].toString();
+QString ConsoleHome::Add(const QStringList& fields, const QString& group) const {
+    return RunJson(QStringList{group, u"add"_s} + fields).Object()[u"id"].toString();
 }
 
-QJsonObject ConsoleHome::Show(const QString& id) const {
-    return RunJson({u"time"_s, u"show"_s, id}).Object();
+QJsonObject ConsoleHome::Show(const QString& id, const QString& group) const {
+    return RunJson({group, u"show"_s, id}).Object();
 }
 
 QJsonObject Only(const QJsonObject& object, const QStringList& names) {
@@ -63,4 +63,8 @@ QJsonObject Only(const QJsonObject& object, const QStringList& names) {
 
 QJsonObject FromText(const QString& text) {
     return QJsonDocument::fromJson(QString(text).replace(u'\'', u'"').toUtf8()).object();
+}
+
+QStringList Words(const QString& line) {
+    return line.split(u' ', Qt::SkipEmptyParts);
 }

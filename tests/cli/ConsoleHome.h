@@ -37,9 +37,11 @@ class ConsoleHome {
     Reply RunShell(const QString& line) const;
 
     /// Adds a record; its identity.
-    QString Add(const QStringList& fields) const;
+    QString Add(const QStringList& fields, const QString& group = QStringLiteral("time")) const;
+    QString AddExpense(const QStringList& fields) const { return Add(fields, QStringLiteral("expense")); }
     /// The record as it is stored.
-    QJsonObject Show(const QString& id) const;
+    QJsonObject Show(const QString& id, const QString& group = QStringLiteral("time")) const;
+    QJsonObject ShowExpense(const QString& id) const { return Show(id, QStringLiteral("expense")); }
 
  private:
     QTemporaryDir m_folder;
@@ -49,3 +51,5 @@ class ConsoleHome {
 [[nodiscard]] QJsonObject Only(const QJsonObject& object, const QStringList& names);
 /// A JSON text with apostrophes in place of quotation marks: "{'a': 1}".
 [[nodiscard]] QJsonObject FromText(const QString& text);
+/// "--start 09:00 --notes two_words": split at blanks.
+[[nodiscard]] QStringList Words(const QString& line);

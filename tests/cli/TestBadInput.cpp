@@ -42,7 +42,7 @@ void TestBadInput::Usage_data() {
     QTest::newRow("a group alone") << u"time"_s << QByteArray("add, edit, show");
     QTest::newRow("an unknown group") << u"tea make"_s << QByteArray("\"tea\" is no command");
     QTest::newRow("an unknown command") << u"time fly"_s << QByteArray("\"fly\" is no command");
-    QTest::newRow("what isn't offered") << u"expense add"_s << QByteArray("\"expense\" is no command");
+    QTest::newRow("what isn't offered") << u"report run"_s << QByteArray("\"report\" is no command");
     QTest::newRow("an unknown option") << u"time add --colour red"_s << QByteArray("\"--colour\"");
     QTest::newRow("a shortened option") << u"time add --not x"_s << QByteArray("\"--not\"");
     QTest::newRow("an option without its value")
@@ -58,7 +58,7 @@ void TestBadInput::Usage_data() {
     QTest::newRow("an option of another command")
         << u"time show X --limit 3"_s << QByteArray("can't be understood");
     QTest::newRow("no such base") << u"time new --from tree"_s
-                                  << QByteArray("--from blank or --from copy:ID");
+                                  << QByteArray("--from blank, defaults:NAME or copy:ID");
     QTest::newRow("stamped and successive")
         << u"time new --timestamp --successive X"_s << QByteArray("not both");
     QTest::newRow("no such mark") << u"time mark X --as third"_s << QByteArray("first, first-second");

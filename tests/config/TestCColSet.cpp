@@ -87,6 +87,8 @@ class TestCColSet final : public QObject {
     void longCaptions();
     void assignOrder_data();
     void assignOrder();
+    void showExactly_data();
+    void showExactly();
     void applyCaptions();
     void applyCaptionsWithoutNames();
 };
@@ -372,6 +374,27 @@ void TestCColSet::assignOrder() {
     QFETCH(QString, shown);
     CColSet set = Defaults();
     set.AssignOrder(kExpense, hidden.split(u' ', Qt::SkipEmptyParts), shown.split(u' ', Qt::SkipEmptyParts));
+    QTEST(OrderOf(set, kExpense), "order");
+    QTEST(ExpenseWalk(set), "order");
+    QCOMPARE(OrderOf(set, kTime), QStringLiteral("0 6 1 13 14 4 5 9 10"));
+    for (int column = 17; column < 34; ++column)
+        QCOMPARE(set.EntryAt(column).position > 0, set.IsVisible(column));
+}
+
+void TestCColSet::showExactly_data() {
+    QTest::addColumn<std::vector<int>>("columns");
+    QTest::addColumn<QString>("order");
+    QTest::newRow("turned round") << std::vector{25, 18, 17} << "25 18 17";
+    QTest::newRow("nothing") << std::vector<int>() << "";
+    QTest::newRow("equal captions are two columns") << std::vector{23, 22} << "23 22";
+    QTest::newRow("one that comes again counts where it came first") << std::vector{18, 17, 18} << "18 17";
+    QTest::newRow("what isn't of the half is left out") << std::vector{16, 17, 34, -1, 600} << "17";
+}
+
+void TestCColSet::showExactly() {
+    QFETCH(std::vector<int>, columns);
+    CColSet set = Defaults();
+    set.ShowExactly(kExpense, columns);
     QTEST(OrderOf(set, kExpense), "order");
     QTEST(ExpenseWalk(set), "order");
     QCOMPARE(OrderOf(set, kTime), QStringLiteral("0 6 1 13 14 4 5 9 10"));

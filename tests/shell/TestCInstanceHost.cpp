@@ -1,6 +1,8 @@
 #include "shell/core/CInstanceHost.h"
 
+#include "entry/NamedDefaults.h"
 #include "lang/LoadText.h"
+#include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
 #include "timers/CRecordTimers.h"
@@ -69,7 +71,8 @@ class TestCInstanceHost final : public QObject {
         QCOMPARE(scene.refreshed, 1);
     }
 
-    void leavesAlterationsOfExpensesAlone() {
+    /// While times are shown, a change of expenses is nothing to see.
+    void changedExpensesBesideTimes() {
         Scene scene;
         scene.host.Handle(
             InstanceCommand::kSyncEnd,
@@ -77,6 +80,43 @@ class TestCInstanceHost final : public QObject {
         QTest::qWait(150);
         QCOMPARE(scene.refreshed, 0);
         QVERIFY(scene.home.views.seen.isEmpty());
+    }
+
+    void showsAChangedExpense() {
+        Scene scene;
+        const RecordModeScope mode(RecordMode::Expense);
+        scene.home.document->LoadRecords(RecordKind::Expense);
+        scene.home.document->BuildVisible();
+        TestHome other(scene.home.Path());
+        CERecord lunch;
+        QString id;
+        QVERIFY(other.document->AddRecord(lunch, false, false, true, &id));
+        scene.host.Handle(InstanceCommand::kSyncEnd, {{u"kind"_s, u"expense"_s}, {u"ids"_s, QJsonArray{id}}});
+        QTRY_VERIFY(scene.home.document->FindExpense(id));
+        QCOMPARE(scene.refreshed, 0);
+        QCOMPARE(scene.home.views.seen.last().first, Hint::Added);
+    }
+
+    /// What the console wants changed of the settings is changed here, columns and stored defaults too.
+    void changesWhatTheSettingsHold() {
+        Scene scene;
+        const auto ask = [&](const QJsonObject& arguments) {
+            return scene.host.Handle(InstanceCommand::kSetting, arguments).value(u"ok"_s).toBool();
+        };
+        QVERIFY(ask({{u"name"_s, u"confirmCopy"_s}, {u"value"_s, 0}}));
+        QVERIFY(ask({{u"columns"_s, u"list"_s}, {u"half"_s, u"time"_s}, {u"shown"_s, QJsonArray{4, 0}}}));
+        QByteArray bytes;
+        QVERIFY(CTRecord().ToBytes(bytes));
+        QVERIFY(ask({{u"defaults"_s, u"time"_s},
+                     {u"action"_s, u"write"_s},
+                     {u"name"_s, u"Mine"_s},
+                     {u"record"_s, QString::fromLatin1(bytes.toBase64())}}));
+        QVERIFY(!ask({{u"columns"_s, u"menu"_s}}));
+        QVERIFY(!scene.home.settings->confirmCopy);
+        QCOMPARE(scene.home.settings->ListColumns().Order(ColumnHalf::Time), (std::vector<int>{4, 0}));
+        const NamedDefaults defaults(*scene.home.settings, scene.home.clock, RecordMode::Time);
+        QCOMPARE(defaults.Names().first(), u"Mine"_s);
+        QTRY_COMPARE(scene.refreshed, 1);
     }
 
     void notWhenItIsSwitchedOff() {

@@ -1,6 +1,7 @@
 #include "shell/CTimerPanelWidget.h"
 
 #include "lang/LoadText.h"
+#include "shell/CPickEdit.h"
 #include "shell/RecordDialogHome.h"
 
 /// The timer in the record dialog, by its buttons, its count, and what it does to the fields.

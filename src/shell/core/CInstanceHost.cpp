@@ -2,7 +2,7 @@
 
 #include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
-#include "config/SettingCommand.h"
+#include "entry/DefaultsCommand.h"
 #include "lang/LoadText.h"
 #include "timers/CRecordTimers.h"
 #include "timers/TimerCommand.h"
@@ -62,16 +62,19 @@ void CInstanceHost::NoteChange(const QJsonObject& arguments) {
     const QJsonArray ids = arguments.value(u"ids"_s).toArray();
     const bool ofTime = arguments.value(u"kind"_s).toString(u"time"_s) == u"time"_s;
     if (ids.isEmpty()) m_allChanged = true;
-    if (ofTime)
-        for (const auto& id : ids) m_changed.append(id.toString());
+    for (const auto& id : ids) (ofTime ? m_changedTimes : m_changedExpenses).append(id.toString());
     if (!m_delay.isActive()) m_delay.start();
 }
 
 void CInstanceHost::ShowChanges() {
     if (m_around.isBusy()) return m_delay.start();
-    const QStringList changed = std::exchange(m_changed, {});
+    const QStringList times = std::exchange(m_changedTimes, {});
+    const QStringList expenses = std::exchange(m_changedExpenses, {});
     const bool all = std::exchange(m_allChanged, false);
-    if (all || (!changed.isEmpty() && !m_around.document.RefreshRecords(RecordKind::Time, changed)))
+    const auto isShown = [this](RecordKind kind, const QStringList& ids) {
+        return ids.isEmpty() || m_around.document.RefreshRecords(kind, ids);
+    };
+    if (all || !isShown(RecordKind::Time, times) || !isShown(RecordKind::Expense, expenses))
         m_around.refresh();
 }
 
@@ -86,7 +89,7 @@ QJsonObject CInstanceHost::RunTimer(const QJsonObject& arguments) {
 }
 
 QJsonObject CInstanceHost::RunSetting(const QJsonObject& arguments) {
-    QJsonObject answer = RunSettingCommand(arguments, m_around.settings);
+    QJsonObject answer = RunSettingsRequest(arguments, m_around.settings, m_around.document.Clock());
     if (answer.value(u"ok"_s).toBool()) {
         m_allChanged = true;
         if (!m_delay.isActive()) m_delay.start();

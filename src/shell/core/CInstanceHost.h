@@ -46,6 +46,6 @@ class CInstanceHost final : public QObject {
     Around m_around;
     CInstanceServer m_server;
     QTimer m_delay;  ///< gathers what comes within a moment: 5,000 changes are shown in a few steps
-    QStringList m_changed;
+    QStringList m_changedTimes, m_changedExpenses;
     bool m_allChanged = false;
 };

@@ -1,0 +1,148 @@
+#include "entry/DefaultsCommand.h"
+
+#include "config/CCfgStore.h"
+#include "entry/NamedDefaults.h"
+#include "records/CERecord.h"
+#include "records/CTRecord.h"
+#include "support/TestHome.h"
+
+#include <QTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+/// A change of the stored defaults as console and window hand it over.
+class TestDefaultsCommand : public QObject {
+    Q_OBJECT
+
+ private Q_SLOTS:
+    void init() { m_home = std::make_unique<TestHome>(); }
+    void WriteAndReplace();
+    void DeleteAndRename_data();
+    void DeleteAndRename();
+    void Refused_data();
+    void Refused();
+    void NotesThatAreTooLong();
+    void FailedWriteKeepsWhatWasThere();
+
+ private:
+    QJsonObject Run(QJsonObject command) {
+        return RunSettingsRequest(command, *m_home->settings, m_home->clock);
+    }
+    QJsonObject Write(const QString& name, const CVORec& record) {
+        QByteArray bytes;
+        if (!record.ToBytes(bytes)) return {};
+        const QString mode = record.Kind() == RecordKind::Time ? u"time"_s : u"expense"_s;
+        return Run({{u"defaults"_s, mode},
+                    {u"action"_s, u"write"_s},
+                    {u"name"_s, name},
+                    {u"record"_s, QString::fromLatin1(bytes.toBase64())}});
+    }
+    [[nodiscard]] NamedDefaults Defaults(RecordMode mode) const {
+        return {*m_home->settings, m_home->clock, mode};
+    }
+    /// Of time records, without the empty one.
+    [[nodiscard]] QString Names() const {
+        QStringList names = Defaults(RecordMode::Time).Names();
+        names.removeLast();
+        return names.join(u' ');
+    }
+    std::unique_ptr<TestHome> m_home;
+};
+
+void TestDefaultsCommand::WriteAndReplace() {
+    CERecord trip;
+    trip.item1 = u"Ä 😀 '\""_s;
+    trip.isDistance = true;
+    trip.distance.Set(12.5F);
+    QVERIFY(Write(u"Trip"_s, trip)[u"ok"].toBool());
+    CERecord read;
+    QVERIFY(Defaults(RecordMode::Expense).Read(u"Trip"_s, read));
+    QCOMPARE(read.item1, trip.item1);
+    QCOMPARE(read.distance.text, u"12.50"_s);
+    trip.item1 = u"B"_s;
+    QVERIFY(Write(u"Trip"_s, trip)[u"ok"].toBool());
+    QVERIFY(Defaults(RecordMode::Expense).Read(u"Trip"_s, read));
+    QCOMPARE(read.item1, u"B"_s);
+    QCOMPARE(Names(), QString());
+}
+
+void TestDefaultsCommand::DeleteAndRename_data() {
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("to");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("names");
+    QTest::newRow("delete") << u"delete"_s << u"One"_s << QString() << 0 << u"Two"_s;
+    QTest::newRow("delete, by other letters") << u"delete"_s << u"ONE"_s << QString() << 0 << u"Two"_s;
+    QTest::newRow("delete what isn't there") << u"delete"_s << u"Three"_s << QString() << 4 << u"One Two"_s;
+    QTest::newRow("rename") << u"rename"_s << u"One"_s << u"Three"_s << 0 << u"Two Three"_s;
+    QTest::newRow("rename to other letters") << u"rename"_s << u"One"_s << u"ONE"_s << 0 << u"Two ONE"_s;
+    QTest::newRow("rename to a name that is taken")
+        << u"rename"_s << u"One"_s << u"two"_s << 1 << u"One Two"_s;
+    QTest::newRow("rename to nothing") << u"rename"_s << u"One"_s << QString() << 1 << u"One Two"_s;
+    QTest::newRow("rename what isn't there") << u"rename"_s << u"Three"_s << u"Four"_s << 4 << u"One Two"_s;
+}
+
+void TestDefaultsCommand::DeleteAndRename() {
+    QFETCH(QString, action);
+    QFETCH(QString, name);
+    QFETCH(QString, to);
+    for (const QString& stored : {u"One"_s, u"Two"_s}) QVERIFY(Write(stored, CTRecord())[u"ok"].toBool());
+    const QJsonObject answer =
+        Run({{u"defaults"_s, u"time"_s}, {u"action"_s, action}, {u"name"_s, name}, {u"to"_s, to}});
+    QTEST(answer[u"exit"].toInt(), "exitCode");
+    QCOMPARE(answer[u"error"].toString().isEmpty(), answer[u"ok"].toBool());
+    QTEST(Names(), "names");
+}
+
+void TestDefaultsCommand::Refused_data() {
+    QTest::addColumn<QJsonObject>("command");
+    const QJsonObject good{{u"defaults"_s, u"time"_s}, {u"action"_s, u"delete"_s}, {u"name"_s, u"One"_s}};
+    const auto row = [&](const char* situation, const QString& key, const QString& value) {
+        QJsonObject command = good;
+        command.insert(key, value);
+        QTest::newRow(situation) << command;
+    };
+    row("an unknown mode", u"defaults"_s, u"both"_s);
+    row("an unknown action", u"action"_s, u"burn"_s);
+    row("no name", u"name"_s, QString());
+    row("the empty record", u"name"_s, u"(empty record)"_s);
+    row("the empty record by other letters", u"name"_s, u"(Empty Record)"_s);
+    row("nothing to write", u"action"_s, u"write"_s);
+    QJsonObject broken = good;
+    broken.insert(u"action"_s, u"write"_s);
+    broken.insert(u"record"_s, u"AAAA"_s);
+    QTest::newRow("bytes that are no record") << broken;
+}
+
+void TestDefaultsCommand::Refused() {
+    QFETCH(QJsonObject, command);
+    QVERIFY(Write(u"One"_s, CTRecord())[u"ok"].toBool());
+    const QJsonObject answer = Run(command);
+    QCOMPARE(answer[u"exit"].toInt(), 2);
+    QVERIFY(!answer[u"error"].toString().isEmpty());
+    QCOMPARE(Names(), u"One"_s);
+}
+
+/// A stored value has at most 4096 bytes. No box: whoever asked is told.
+void TestDefaultsCommand::NotesThatAreTooLong() {
+    CTRecord record;
+    record.notes = QString(3000, u'n');
+    const QJsonObject answer = Write(u"Long"_s, record);
+    QCOMPARE(answer[u"exit"].toInt(), 1);
+    QVERIFY2(answer[u"error"].toString().contains(u"4096"), qPrintable(answer[u"error"].toString()));
+    QCOMPARE(Names(), QString());
+}
+
+void TestDefaultsCommand::FailedWriteKeepsWhatWasThere() {
+    QVERIFY(Write(u"One"_s, CTRecord())[u"ok"].toBool());
+    QVERIFY(m_home->tree.File().Execute("PRAGMA query_only=ON"));
+    const QJsonObject answer =
+        Run({{u"defaults"_s, u"time"_s}, {u"action"_s, u"delete"_s}, {u"name"_s, u"One"_s}});
+    QVERIFY(m_home->tree.File().Execute("PRAGMA query_only=OFF"));
+    QCOMPARE(answer[u"exit"].toInt(), 1);
+    QCOMPARE(Names(), u"One"_s);
+}
+
+QTEST_GUILESS_MAIN(TestDefaultsCommand)
+#include "TestDefaultsCommand.moc"
