@@ -111,6 +111,18 @@ void InMemory(const Places& places, int size, Times& times) {
     Limit("find by identity", Best(find[0]), Best(find[1]), 1000, "ns");
 }
 
+/// What the window works out before it draws.
+void Views(const Places& places, int size) {
+    const Finished run = Run({places.Program("bench-ours"), "views", places.Home(size)});
+    const auto line = [&run](const char* name, const char* ours, const char* floor, double goal) {
+        Line(name, run.Figure(ours) / 1000, run.Figure(floor) / 1000, goal, "ms");
+    };
+    line("status sums (floor: a plain loop)", "sums_us", "loop_us", 5);
+    line("data tree (floor: the same loop)", "tree_us", "loop_us", 5);
+    line("list by date (floor: std::sort of ready keys)", "sort_date_us", "sort_date_floor_us", 3);
+    line("list by text (floor: std::sort of ready keys)", "sort_text_us", "sort_text_floor_us", 3);
+}
+
 /// A new record's identity, out of the JSON of "time add".
 std::string AddOne(const Places& places, int size) {
     const std::string json = Run(places.Cli(size, {"--json", "time", "add", "--duration", "1:00"})).output;
@@ -207,6 +219,7 @@ int main(int argc, char** argv) {
         theVerdict = sizes[i] >= kLifetime ? "MISSED" : "over";
         FillHome(places, sizes[i], times[i], sizes[i] >= kLifetime ? 2 : 4);
         InMemory(places, sizes[i], times[i]);
+        Views(places, sizes[i]);
         Commands(places, sizes[i]);
         fs::remove_all(places.Home(sizes[i]));
     }

@@ -160,6 +160,10 @@ void CVelmarchApp::CloseSettings() {
 }
 
 void CVelmarchApp::DropCatalogue() {
+    if (m_settings) {
+        m_settings->ListColumns().SetCatalogue(nullptr);
+        m_settings->TreeColumns().SetCatalogue(nullptr);
+    }
     if (m_catalogue) thePulldownCatalogue = nullptr;
     m_catalogue.reset();
 }
@@ -234,6 +238,10 @@ bool CVelmarchApp::LoadStep() {
     if (!m_document->LoadCurrentMode()) return false;
     m_document->BuildVisible();
     m_catalogue->Load();
+    for (CColSet* set : {&m_settings->ListColumns(), static_cast<CColSet*>(&m_settings->TreeColumns())}) {
+        set->SetCatalogue(&m_catalogue->Labels());
+        if (!set->ApplyCaptions(*m_settings)) return false;
+    }
     m_document->NotifyViews(Hint::Rebuild);
     return true;
 }

@@ -38,6 +38,7 @@ void CVelmarchDoc::BuildVisible() {
     for (auto& record : m_shownOnly) m_displaced.push_back(std::move(record));
     m_shownOnly.clear();
     m_visible.clear();
+    ++m_placesEdition;
     const BothFilters filters(*this);
     for (CVORec* record = m_records.GetFirst(); record; record = m_records.GetNext()) {
         const bool passes = filters.Matches(*record);
@@ -76,6 +77,11 @@ void CVelmarchDoc::CollectIds(RecordKind kind, QStringList& out) {
     const BothFilters filters(*this);
     for (const CVORec* record = m_records.GetFirst(); record; record = m_records.GetNext())
         if (record->Kind() == kind && filters.Matches(*record)) out.append(record->GetId());
+}
+
+const PeriodFilter& CVelmarchDoc::CurrentFilter() const {
+    if (theRecordMode == RecordMode::Time) return m_timeFilter;
+    return m_expenseFilter;
 }
 
 PeriodFilter& CVelmarchDoc::FilterOf(RecordKind kind) {

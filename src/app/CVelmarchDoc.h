@@ -116,6 +116,8 @@ class CVelmarchDoc {
     }
     /// Behind the last place.
     [[nodiscard]] std::size_t VisiblePlaces() const { return m_visible.size(); }
+    /// Another number as soon as the places are given anew.
+    [[nodiscard]] unsigned PlacesEdition() const { return m_placesEdition; }
     [[nodiscard]] std::size_t RecordCount() const { return m_records.Count(); }
 
     [[nodiscard]] TimeFilter& Filter() { return m_timeFilter; }
@@ -124,6 +126,7 @@ class CVelmarchDoc {
     [[nodiscard]] const ExpenseFilter& FilterOfExpenses() const { return m_expenseFilter; }
     /// The period and matching of the filter of a kind; that of the mode in force.
     [[nodiscard]] PeriodFilter& FilterOf(RecordKind kind);
+    [[nodiscard]] const PeriodFilter& CurrentFilter() const;
     [[nodiscard]] PeriodFilter& CurrentFilter() { return FilterOf(KindOf(theRecordMode)); }
     [[nodiscard]] PeriodSurroundings PeriodNeeds() const;
     [[nodiscard]] CRecordStore& Store() { return m_store; }
@@ -165,6 +168,7 @@ class CVelmarchDoc {
     QStringList m_pendingIds;
     std::vector<CVORec*> m_visible;  ///< null where a record was removed; places are kept in m_records
     std::size_t m_visibleCount = 0;
+    unsigned m_placesEdition = 0;
     TimeFilter m_timeFilter;
     ExpenseFilter m_expenseFilter;
     VORecPtrCol m_records;

@@ -40,6 +40,7 @@ void CVelmarchDoc::Load(RecordKind kind, const QString& statement) {
     // The visible ones go together with what they point to: a command served during the load finds nothing,
     // but nothing that dangles either.
     m_visible.clear();
+    ++m_placesEdition;
     m_visibleCount = 0;
     m_records.RemoveAll();
     m_shownOnly.clear();

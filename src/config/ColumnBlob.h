@@ -22,7 +22,7 @@ struct ColumnPayload {
 /// set, and a small blob can't unpack to a huge one.
 inline constexpr qsizetype kMostColumnBytes = 65536;
 
-/// The stored form, as docs/byte-stream.md describes it: 34 rows and both lists of breaks, packed, guarded by
+/// The stored form, as docs/columns.md describes it: 34 rows and both lists of breaks, packed, guarded by
 /// an MD5 digest (RFC 1321), as the one buffer of a byte stream. Nothing for a set that could not be read
 /// back.
 [[nodiscard]] std::optional<QByteArray> ColumnBlobOf(const ColumnPayload& payload);

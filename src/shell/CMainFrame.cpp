@@ -5,8 +5,10 @@
 #include "lang/LoadText.h"
 #include "shell/CActions.h"
 #include "shell/CCalendarPopup.h"
+#include "shell/CDataTreeView.h"
 #include "shell/CEmptyNote.h"
 #include "shell/CEventPump.h"
+#include "shell/CPanes.h"
 #include "shell/CPeriodButton.h"
 #include "shell/CProgressBox.h"
 #include "shell/CRecordListView.h"
@@ -24,6 +26,7 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QToolBar>
 
@@ -35,6 +38,8 @@ constexpr QSize kStartSize(1000, 680);
 constexpr QSize kLeastSize(480, 360);
 /// A selection of at most so many records is taken up again after the list was rebuilt.
 constexpr int kKeptSelection = 1000;
+/// The menu at a node of the data tree.
+constexpr int kTreeMenu[] = {Command::kTreeExpandAll, 32861, 32862, 32863, Command::kTreeColumns};
 
 }  // namespace
 
@@ -67,7 +72,7 @@ CMainFrame::CMainFrame(const Surroundings& around) : m_around(around) {
     MakeCommands();
     RestoreLayout();
     m_around.timers.RestoreTimers();
-    RestorePeriod(m_around.app.Profile(), m_around.app.Document().Filter(),
+    RestorePeriod(m_around.app.Profile(), m_around.app.Document().CurrentFilter(),
                   m_around.app.Document().PeriodNeeds());
     Connect();
     m_around.hub.Attach(*this);
@@ -91,7 +96,9 @@ void CMainFrame::MakePanes() {
     m_pane->setObjectName(u"pane1"_s);
     m_pane->addWidget(m_note);
     m_pane->addWidget(m_view);
-    setCentralWidget(m_pane);
+    m_tree = new CDataTreeView(document, settings, m_around.prompt, this);
+    m_panes = new CPanes(*m_tree, *m_pane, this);
+    setCentralWidget(m_panes);
     m_status = new CStatusBar(
         document, [this] { return State().listIsActive ? m_view->SelectedIds() : QStringList(); }, this);
     setStatusBar(m_status);
@@ -101,7 +108,11 @@ void CMainFrame::MakePanes() {
 }
 
 void CMainFrame::MakeCommands() {
-    m_commands = std::make_unique<CFrameCommands>(CFrameCommands::Around{
+    m_commands = std::make_unique<CFrameCommands>(CommandNeeds());
+}
+
+FrameAround CMainFrame::CommandNeeds() {
+    return {
         .document = m_around.app.Document(),
         .timers = m_around.timers,
         .settings = m_around.app.Settings(),
@@ -112,13 +123,17 @@ void CMainFrame::MakeCommands() {
         .view = *m_view,
         .door = *this,
         .home = m_around.app.Home(),
-        .editRecord =
-            [this](CVORec& record) {
-                return record.Kind() == RecordKind::Time &&
-                       m_around.edit(this, static_cast<CTRecord&>(record));
-            },
+        .editRecord = [this](CVORec& record) { return m_around.edit(this, record); },
         .options = [this] { return m_around.options(this); },
-    });
+        .switchMode = [this](RecordMode mode) { SwitchMode(mode); },
+        .tree = m_panes,
+        .fillFromDefaults = [this](CVORec& record) { return m_around.defaults(this, record, true); },
+        .runDefaults = [this] { EditDefaults(); },
+        .catalogue = &m_around.app.Catalogue(),
+        .actions = m_actions,
+        .state = [this] { return State(); },
+        .runCommand = [this](int command) { RunCommand(command); },
+    };
 }
 
 void CMainFrame::Connect() {
@@ -131,6 +146,9 @@ void CMainFrame::Connect() {
     });
     connect(m_view, &CRecordListView::MenuWanted, this,
             [this](const QPoint& at) { m_actions->ContextMenu().popup(at); });
+    connect(m_tree, &CDataTreeView::SelectionMoved, this, &CMainFrame::UpdateActions);
+    connect(m_tree, &CDataTreeView::MenuWanted, this, &CMainFrame::ShowTreeMenu);
+    connect(new QShortcut(QKeySequence(Qt::Key_F6), this), &QShortcut::activated, m_panes, &CPanes::NextPane);
     CPeriodButton& period = m_actions->PeriodButton();
     connect(&period, &CPeriodButton::PresetChosen, this,
             [this](int preset) { m_commands->Period().Preset(preset); });
@@ -150,29 +168,27 @@ void CMainFrame::RunCommand(int command) {
 }
 
 CommandState CMainFrame::State() const {
-    const CVelmarchDoc& document = m_around.app.Document();
     const bool listIsActive = m_pane->currentWidget() == m_view;
-    return {.timeMode = theRecordMode == RecordMode::Time,
-            .listIsActive = listIsActive,
-            .busy = IsBusy(),
-            .selected = listIsActive ? m_view->SelectedCount() : 0,
-            .listed = m_model->rowCount(),
-            .preset = document.Filter().preset,
-            .canStep = document.Filter().CanStep(),
-            .anyTimer = m_around.timers.Set().AnyActive(),
-            .anyRunning = m_around.timers.Set().AnyRunning(),
-            .listLayout = static_cast<int>(m_model->Layout()),
-            .bar1Shown = m_actions->RecordsBar().isVisibleTo(this),
-            .bar2Shown = m_actions->FiltersBar().isVisibleTo(this),
-            .statusBarShown = m_status->isVisibleTo(this)};
+    CommandState state{.listIsActive = listIsActive,
+                       .busy = IsBusy(),
+                       .selected = listIsActive ? m_view->SelectedCount() : 0,
+                       .listed = m_model->rowCount(),
+                       .listLayout = static_cast<int>(m_model->Layout()),
+                       .bar1Shown = m_actions->RecordsBar().isVisibleTo(this),
+                       .bar2Shown = m_actions->FiltersBar().isVisibleTo(this),
+                       .statusBarShown = m_status->isVisibleTo(this)};
+    if (m_commands) m_commands->Describe(state);
+    return state;
 }
 
 void CMainFrame::NotifyViews(Hint hint, const QStringList& ids) {
     if (hint == Hint::Clear || hint == Hint::Rebuild) KeepPlace();
     if (hint != Hint::SelectionChanged) m_model->OnHint(hint, ids);
+    m_tree->OnHint(hint, ids);
     if (hint == Hint::AboutToGo) m_view->SelectNone();
     if (hint == Hint::Rebuild) {
         m_view->ApplyLayout();
+        if (m_tree->font() != m_view->font()) m_tree->setFont(m_view->font());
         TakePlaceUp();
     }
     m_ticker->Reconsider();
@@ -209,20 +225,23 @@ void CMainFrame::Refresh() {
 }
 
 void CMainFrame::ShowListOrNote() {
-    const CVelmarchDoc& document = m_around.app.Document();
+    CVelmarchDoc& document = m_around.app.Document();
+    const bool narrowed = theRecordMode == RecordMode::Time ? HasConditions(document.Filter())
+                                                            : HasConditions(document.FilterOfExpenses());
     const EmptyReason reason = WhyEmpty(static_cast<std::size_t>(m_model->rowCount()), document.RecordCount(),
-                                        m_isLoading || IsBusy(), document.Filter());
+                                        m_isLoading || IsBusy(), narrowed);
     const bool showsList = m_model->rowCount() > 0;
-    if (!showsList) m_note->Show(reason, document.Filter().displayName);
+    if (!showsList) m_note->Show(reason, document.CurrentFilter().displayName);
     QWidget* wanted = showsList ? static_cast<QWidget*>(m_view) : m_note;
     if (m_pane->currentWidget() == wanted) return;
+    const bool treeHasFocus = m_tree->hasFocus();
     m_pane->setCurrentWidget(wanted);
-    wanted->setFocus();
+    if (!treeHasFocus) wanted->setFocus();
 }
 
 void CMainFrame::UpdateActions() {
     m_actions->Update(State());
-    const TimeFilter& filter = m_around.app.Document().Filter();
+    const PeriodFilter& filter = m_around.app.Document().CurrentFilter();
     m_actions->PeriodButton().ShowPeriod(filter.displayName, filter.preset);
 }
 
@@ -232,6 +251,9 @@ void CMainFrame::RestoreLayout() {
     m_actions->RecordsBar().setVisible(memory.IsShown(Text::SectionBar1));
     m_actions->FiltersBar().setVisible(memory.IsShown(Text::SectionBar2));
     restoreGeometry(memory.Binary(Text::EntryGeometry));
+    m_panes->restoreState(memory.Panes());
+    m_panes->Stack(memory.ArePanesStacked());
+    m_panes->Show(memory.IsShown(Text::SectionPanes));
     m_view->ApplyLayout();
 }
 
@@ -242,6 +264,8 @@ void CMainFrame::KeepLayout() {
     memory.KeepShown(Text::SectionBar1, m_actions->RecordsBar().isVisibleTo(this));
     m_view->CaptureWidths();
     memory.KeepBinary(Text::EntryGeometry, saveGeometry());
+    memory.KeepShown(Text::SectionPanes, m_panes->IsWanted());
+    memory.KeepPanes(m_panes->saveState(), m_panes->IsStacked());
     memory.KeepListStyle(m_model->Layout());
     memory.KeepView();
 }
@@ -259,6 +283,32 @@ void CMainFrame::ComeForward() {
     raise();
     activateWindow();
     QApplication::alert(this);
+}
+
+void CMainFrame::SwitchMode(RecordMode mode) {
+    if (IsBusy()) return;
+    {
+        const BusyScope busy(*this);
+        ShowListOrNote();
+        m_around.app.Document().SwitchMode(mode, [this] { m_view->CaptureWidths(); });
+    }
+    ShowListOrNote();
+    UpdateActions();
+}
+
+void CMainFrame::EditDefaults() {
+    CVORec* working =
+        theRecordMode == RecordMode::Time ? static_cast<CVORec*>(theTimeEntry) : theExpenseEntry;
+    if (working) static_cast<void>(m_around.defaults(this, *working, false));
+}
+
+void CMainFrame::ShowTreeMenu(const QPoint& at) {
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const int command : kTreeMenu)
+        if (QAction* action = m_actions->Action(command)) menu->addAction(action);
+    UpdateActions();
+    menu->popup(at);
 }
 
 void CMainFrame::ToggleBar1() {
@@ -288,9 +338,9 @@ void CMainFrame::WrapBars() {
 }
 
 void CMainFrame::PickDay() {
-    const CVelmarchDoc& document = m_around.app.Document();
+    CVelmarchDoc& document = m_around.app.Document();
     DateTimeVal day;
-    if (!day.ParseDateText(document.Filter().startText, TheRegion(), m_around.clock))
+    if (!day.ParseDateText(document.CurrentFilter().startText, TheRegion(), m_around.clock))
         day.SetToday(m_around.clock);
     auto* popup = new CCalendarPopup(day, m_around.app.Settings().firstDayOfWeek, this);
     popup->setAttribute(Qt::WA_DeleteOnClose);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Hints.h"
+#include "app/RecordMode.h"
 #include "shell/CFrameCommands.h"
 #include "shell/CFrameDoor.h"
 
@@ -9,8 +10,10 @@
 
 class CActions;
 class CCalendarPopup;
+class CDataTreeView;
 class CEmptyNote;
 class CEventPump;
+class CPanes;
 class CProgressBox;
 class CRecordListModel;
 class CRecordListView;
@@ -35,9 +38,11 @@ class CMainFrame final : public QMainWindow, public CViewNotifier, private CFram
         CPrompt& prompt;
         CEventPump& pump;
         const CClock& clock;
-        /// Lets the user edit a record, or change the settings; true when accepted.
-        std::function<bool(QWidget* parent, CTRecord& record)> edit;
+        /// Lets the user edit a record of either kind, or change the settings; true when accepted.
+        std::function<bool(QWidget* parent, CVORec& record)> edit;
         std::function<bool(QWidget* parent)> options;
+        /// The stored defaults, to manage them or with isChoosing to fill the record from one: true then.
+        std::function<bool(QWidget* parent, CVORec& working, bool isChoosing)> defaults;
     };
     explicit CMainFrame(const Surroundings& around);
     ~CMainFrame() override;
@@ -47,6 +52,8 @@ class CMainFrame final : public QMainWindow, public CViewNotifier, private CFram
     /// At the end: timers, layout and period are kept. Before the settings are closed.
     void KeepEverything();
     void ComeForward();
+    /// Shows the records of a mode; those of the mode in use are read again.
+    void SwitchMode(RecordMode mode);
     [[nodiscard]] bool IsBusy() const { return m_busy > 0; }
 
     void NotifyViews(Hint hint, const QStringList& ids) override;
@@ -62,6 +69,9 @@ class CMainFrame final : public QMainWindow, public CViewNotifier, private CFram
  private:
     class BusyScope;
     void MakePanes();
+    [[nodiscard]] FrameAround CommandNeeds();
+    void EditDefaults();
+    void ShowTreeMenu(const QPoint& at);
     void MakeCommands();
     void Connect();
     void RestoreLayout();
@@ -88,6 +98,8 @@ class CMainFrame final : public QMainWindow, public CViewNotifier, private CFram
     CRecordListView* m_view = nullptr;
     CEmptyNote* m_note = nullptr;
     QStackedWidget* m_pane = nullptr;
+    CDataTreeView* m_tree = nullptr;
+    CPanes* m_panes = nullptr;
     CStatusBar* m_status = nullptr;
     CActions* m_actions = nullptr;
     CTimerTicker* m_ticker = nullptr;

@@ -20,28 +20,44 @@ bool HasFocus(const QStyleOptionViewItem& option) {
     return option.widget && option.widget->hasFocus();
 }
 
+struct StateRow {
+    RowImage image;
+    Glyph glyph;
+};
+constexpr StateRow kStates[] = {
+    {RowImage::TimerRunning, Glyph::TimerRunning},
+    {RowImage::TimerPaused, Glyph::TimerPaused},
+    {RowImage::Expense, Glyph::Expense},
+    {RowImage::DistanceEntry, Glyph::DistanceEntry},
+};
+
 Glyph StateGlyph(int image) {
-    switch (static_cast<RowImage>(image)) {
-        case RowImage::TimerRunning:
-            return Glyph::TimerRunning;
-        case RowImage::TimerPaused:
-            return Glyph::TimerPaused;
-        default:
-            return Glyph::Record;
-    }
+    const auto* row = std::ranges::find(kStates, static_cast<RowImage>(image), &StateRow::image);
+    return row == std::end(kStates) ? Glyph::Record : row->glyph;
 }
 
+struct FlagRow {
+    int column;
+    Glyph glyph;
+};
+constexpr FlagRow kFlags[] = {
+    {Column::kBillable, Glyph::Billable},
+    {Column::kBilled, Glyph::Billed},
+    {Column::kExported, Glyph::Exported},
+    {Column::kNotes, Glyph::Notes},
+    {Column::kIsDistance, Glyph::DistanceEntry},
+    {Column::kFlag1, Glyph::Billable},
+    {Column::kFlag2, Glyph::Billed},
+    {Column::kFlag3, Glyph::Reimbursable},
+    {Column::kFlag4, Glyph::Reimbursed},
+    {Column::kFlag5, Glyph::Personal},
+    {Column::kExpenseNotes, Glyph::Notes},
+    {Column::kExpenseExported, Glyph::Exported},
+};
+
 Glyph FlagGlyph(int column) {
-    switch (column) {
-        case Column::kBilled:
-            return Glyph::Billed;
-        case Column::kExported:
-            return Glyph::Exported;
-        case Column::kNotes:
-            return Glyph::Notes;
-        default:
-            return Glyph::Billable;
-    }
+    const auto* row = std::ranges::find(kFlags, column, &FlagRow::column);
+    return row == std::end(kFlags) ? Glyph::Billable : row->glyph;
 }
 
 /// Figures and colons only, as in "01:42:17": such a text must not tremble while it counts.

@@ -2,6 +2,7 @@
 
 #include "app/RecordMode.h"
 #include "config/CCfgStore.h"
+#include "config/ColumnCommand.h"
 #include "config/ColumnTable.h"
 #include "lang/FormatText.h"
 #include "shell/CRecordLineDelegate.h"
@@ -17,7 +18,6 @@ namespace {
 /// The height of the font for which the default widths of the columns were chosen.
 constexpr int kWidthsMadeFor = 12;
 constexpr int kLeastWidth = 5;
-constexpr int kMostWidth = 4096;
 
 /// A list font that was never chosen is the desktop's.
 QFont ListFontOf(const FontRecord& record) {
@@ -119,7 +119,7 @@ int CRecordListView::WidthOf(int section) const {
     const int column = m_model.VisibleColumns()[static_cast<std::size_t>(section - 1)];
     const int stored = m_settings.ListColumns().EntryAt(column).width;
     const int preset = ColumnTable()[static_cast<std::size_t>(column)].width;
-    if (stored != preset) return std::clamp(stored, kLeastWidth, kMostWidth);
+    if (stored != preset) return std::clamp(stored, kLeastWidth, kWidestColumn);
     const double scale = std::max(1.0, static_cast<double>(fontMetrics().height()) / kWidthsMadeFor);
     const int least = std::max(horizontalHeader()->sectionSizeHint(section),
                                column == Column::kDuration ? CountWidth() : 0);

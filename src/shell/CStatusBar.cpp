@@ -67,9 +67,7 @@ void CStatusBar::ApplyLook() {
     QPalette sums = palette();
     sums.setColor(QPalette::WindowText, QColor(dark ? kSumsOnDark : kSumsOnLight));
     m_sums->setPalette(sums);
-    m_modePicture->setPixmap(Glyphs::Picture(Glyph::ModeTime, kPicture, devicePixelRatioF(),
-                                             palette().color(QPalette::WindowText),
-                                             palette().color(QPalette::Window)));
+    ShowModePicture();
 }
 
 void CStatusBar::changeEvent(QEvent* event) {
@@ -108,11 +106,19 @@ void CStatusBar::ClearAll() {
 
 void CStatusBar::ShowMode() {
     m_mode->SetFullText(LoadText(theRecordMode == RecordMode::Time ? Text::ModeTime : Text::ModeExpense));
+    ShowModePicture();
+}
+
+void CStatusBar::ShowModePicture() {
+    const Glyph glyph = theRecordMode == RecordMode::Time ? Glyph::ModeTime : Glyph::ModeExpense;
+    m_modePicture->setPixmap(Glyphs::Picture(glyph, kPicture, devicePixelRatioF(),
+                                             palette().color(QPalette::WindowText),
+                                             palette().color(QPalette::Window)));
 }
 
 /// Single days bear day and week, weeks their week, other periods nothing.
 void CStatusBar::ShowPeriod() {
-    const TimeFilter& filter = m_document.Filter();
+    const PeriodFilter& filter = m_document.CurrentFilter();
     QString text = filter.displayName;
     const bool isDay = filter.preset == PeriodCode::kToday || filter.preset == PeriodCode::kYesterday ||
                        filter.preset == PeriodCode::kSingleDate;

@@ -27,6 +27,7 @@ class CStatusBar final : public QStatusBar, public CViewNotifier {
 
  private:
     void ShowMode();
+    void ShowModePicture();
     void ShowPeriod();
     void ShowSums();
     void ClearAll();

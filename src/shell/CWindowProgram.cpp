@@ -8,7 +8,9 @@
 #include "platform/CInstanceChannel.h"
 #include "shell/CAboutDialog.h"
 #include "shell/CBoxPrompt.h"
+#include "shell/CDefaultsDialog.h"
 #include "shell/CEventPump.h"
+#include "shell/CExpenseDialog.h"
 #include "shell/CMainFrame.h"
 #include "shell/COptionsDialog.h"
 #include "shell/CQuitSignals.h"
@@ -54,6 +56,12 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& context, const 
         std::_Exit(kFailed);
     }
     if (!QByteArray(context.category).startsWith("qt.qpa")) Print(stderr, message);
+}
+
+bool EditRecord(QWidget* parent, CVORec& record, const RecordDialogSurroundings& around) {
+    return record.Kind() == RecordKind::Time
+               ? RunRecordDialog(parent, static_cast<CTRecord&>(record), around)
+               : RunExpenseDialog(parent, static_cast<CERecord&>(record), around);
 }
 
 /// Another window of this home is there: it comes forward, and this process ends.
@@ -147,8 +155,6 @@ int CWindowProgram::RunWindow() {
         return RaiseOther(app.Home());
     // Without the settings' file the window works with what memory holds; the user has been told.
     static_cast<void>(app.OpenSettings());
-    // Expenses aren't shown by this version.
-    theRecordMode = RecordMode::Time;
     if (!app.OpenStore()) return kFailed;
 
     ActiveTimerSet timerSet(clock);
@@ -158,8 +164,13 @@ int CWindowProgram::RunWindow() {
                                           prompt,         clock,  app.Catalogue()};
     auto frame = std::make_unique<CMainFrame>(CMainFrame::Surroundings{
         app, timers, hub, prompt, pump, clock,
-        [&dialog](QWidget* parent, CTRecord& record) { return RunRecordDialog(parent, record, dialog); },
-        [&app, &prompt](QWidget* parent) { return RunOptionsDialog(parent, app.Settings(), prompt); }});
+        [&dialog](QWidget* parent, CVORec& record) { return EditRecord(parent, record, dialog); },
+        [&app, &prompt](QWidget* parent) {
+            return RunOptionsDialog(parent, app.Settings(), prompt, &app.Catalogue().Labels());
+        },
+        [&dialog](QWidget* parent, CVORec& working, bool isChoosing) {
+            return RunDefaultsDialog(parent, working, isChoosing, dialog);
+        }});
     CInstanceHost host({app.Document(), timers, app.Settings(), [&frame] { frame->Refresh(); },
                         [&frame] { frame->ComeForward(); }, [&frame] { frame->close(); },
                         [&frame] { return frame->IsBusy(); },

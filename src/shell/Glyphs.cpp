@@ -13,9 +13,10 @@ static void CallForPictures() {
 
 namespace {
 
-constexpr std::array kFiles = {"check-clear",  "check-set",  "record",   "timer-running",
-                               "timer-paused", "flag-clear", "billable", "billed",
-                               "exported",     "notes",      "mode-time"};
+constexpr std::array kFiles = {"check-clear",   "check-set",    "record",     "expense",  "distance-entry",
+                               "timer-running", "timer-paused", "flag-clear", "billable", "billed",
+                               "reimbursable",  "reimbursed",   "personal",   "exported", "notes",
+                               "mode-time",     "mode-expense"};
 
 QByteArray Drawing(Glyph glyph, const QColor& ink, const QColor& paper) {
     CallForPictures();

@@ -12,14 +12,20 @@ enum class Glyph {
     CheckClear,
     CheckSet,
     Record,
+    Expense,
+    DistanceEntry,
     TimerRunning,
     TimerPaused,
     FlagClear,
     Billable,
     Billed,
+    Reimbursable,
+    Reimbursed,
+    Personal,
     Exported,
     Notes,
-    ModeTime
+    ModeTime,
+    ModeExpense
 };
 
 /// Draws the program's own pictures sharp at any size and scale, in the colours of where they stand.

@@ -8,6 +8,10 @@ constexpr int kIconStyle = 0;
 constexpr int kRowStyle = 1;
 constexpr int kListStyle = 3;
 constexpr int kListView = 0;
+
+QString SizesEntry() {
+    return QStringLiteral("Sizes");
+}
 }  // namespace
 
 bool WindowMemory::IsShown(Text section) const {
@@ -36,4 +40,17 @@ void WindowMemory::KeepListStyle(ListLayout layout) {
 
 void WindowMemory::KeepView() {
     m_profile.WriteInt(LoadText(Text::SectionPanes), LoadText(Text::EntryView), kListView);
+}
+
+QByteArray WindowMemory::Panes() const {
+    return m_profile.GetBinary(LoadText(Text::SectionPanes), SizesEntry()).value_or(QByteArray());
+}
+
+bool WindowMemory::ArePanesStacked() const {
+    return m_profile.GetInt(LoadText(Text::SectionPanes), LoadText(Text::EntryOrientation), 0) != 0;
+}
+
+void WindowMemory::KeepPanes(const QByteArray& sizes, bool areStacked) {
+    if (sizes != Panes()) m_profile.WriteBinary(LoadText(Text::SectionPanes), SizesEntry(), sizes);
+    m_profile.WriteInt(LoadText(Text::SectionPanes), LoadText(Text::EntryOrientation), areStacked ? 1 : 0);
 }

@@ -171,6 +171,7 @@ class TestCDataTree final : public QObject {
     void hintsThatComeTwice();
     void changeWithoutAWordBefore();
     void clearEmpties();
+    void otherRecordsAreVisible();
     void levelsChangeWithTheNextRebuild();
     void paths();
     void textsOfOneMemory();
@@ -403,6 +404,21 @@ void TestCDataTree::clearEmpties() {
     scene.document.NotifyViews(Hint::Clear);
     QCOMPARE(scene.Tree(), QString());
     QCOMPARE(scene.tree.Root().Text(), u"All"_s);
+}
+
+/// The filter has changed, and the next word is of a single record: the tree is right all the same.
+void TestCDataTree::otherRecordsAreVisible() {
+    Scene scene;
+    const QString first = scene.Add("A", "x");
+    scene.Add("B", "x");
+    const QString third = scene.Add("B", "y");
+    scene.document.Filter().items[0] = u"B"_s;
+    scene.document.BuildVisible();
+    scene.Delete(third);
+    QCOMPARE(scene.Tree(), u"B 1 [x 1]"_s);
+    scene.document.ResetTimeFilter();
+    scene.Change(first, u"C"_s, u"x"_s);
+    QCOMPARE(scene.Tree(), u"B 1 [x 1], C 1 [x 1]"_s);
 }
 
 void TestCDataTree::levelsChangeWithTheNextRebuild() {

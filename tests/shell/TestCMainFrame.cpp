@@ -51,12 +51,13 @@ struct Window {
         set = std::make_unique<ActiveTimerSet>(clock);
         timers = std::make_unique<CRecordTimers>(*set, app.Document(), app.Settings());
         app.Document().SetTimers(timers.get());
-        frame = std::make_unique<CMainFrame>(CMainFrame::Surroundings{app, *timers, hub, prompt, pump, clock,
-                                                                      [this](QWidget*, CTRecord& record) {
-                                                                          ++dialogs;
-                                                                          return dialog(record);
-                                                                      },
-                                                                      [](QWidget*) { return true; }});
+        frame = std::make_unique<CMainFrame>(CMainFrame::Surroundings{
+            app, *timers, hub, prompt, pump, clock,
+            [this](QWidget*, CVORec& record) {
+                ++dialogs;
+                return record.Kind() == RecordKind::Expense || dialog(static_cast<CTRecord&>(record));
+            },
+            [](QWidget*) { return true; }, [](QWidget*, CVORec&, bool) { return true; }});
         frame->show();
         [&] { QVERIFY(QTest::qWaitForWindowExposed(frame.get())); }();
     }

@@ -407,6 +407,22 @@ class TestCRecordListModel final : public QObject {
         QCOMPARE(scene.model.TextOf(0, 17), QStringLiteral("11/18/26"));
     }
 
+    /// The document has other visible records, and nobody has told the list yet: a sort keeps its rows.
+    void sortBetweenFilterAndHint() {
+        Scene scene;
+        for (const int day : {18, 20, 19, 17}) scene.Add(day);
+        scene.Rebuild();
+        scene.home.document->Filter().ApplyPreset(1, scene.home.document->PeriodNeeds());
+        scene.home.document->BuildVisible();
+        scene.model.SortByHeader(1);
+        QCOMPARE(scene.model.rowCount(), 4);
+        QStringList ids = scene.model.AllIds();
+        ids.removeDuplicates();
+        QCOMPARE(ids.size(), 4);
+        scene.model.OnHint(Hint::Rebuild, {});
+        QCOMPARE(scene.Days(), QStringLiteral("19"));
+    }
+
     /// What the layout of lines asks of a row, and of one that is gone.
     void textsOfARow() {
         Scene scene;

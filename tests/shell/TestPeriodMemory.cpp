@@ -148,12 +148,12 @@ class TestPeriodMemory final : public QObject {
     void whyEmpty() {
         TestHome home;
         TimeFilter filter;
-        QCOMPARE(WhyEmpty(0, 0, true, filter), EmptyReason::Loading);
-        QCOMPARE(WhyEmpty(3, 3, false, filter), EmptyReason::NotEmpty);
-        QCOMPARE(WhyEmpty(0, 0, false, filter), EmptyReason::NoRecords);
-        QCOMPARE(WhyEmpty(0, 5, false, filter), EmptyReason::InPeriod);
+        QCOMPARE(WhyEmpty(0, 0, true, HasConditions(filter)), EmptyReason::Loading);
+        QCOMPARE(WhyEmpty(3, 3, false, HasConditions(filter)), EmptyReason::NotEmpty);
+        QCOMPARE(WhyEmpty(0, 0, false, HasConditions(filter)), EmptyReason::NoRecords);
+        QCOMPARE(WhyEmpty(0, 5, false, HasConditions(filter)), EmptyReason::InPeriod);
         filter.exported = 0;
-        QCOMPARE(WhyEmpty(0, 5, false, filter), EmptyReason::Filtered);
+        QCOMPARE(WhyEmpty(0, 5, false, HasConditions(filter)), EmptyReason::Filtered);
     }
 };
 

@@ -230,7 +230,7 @@ class TestRowCompare final : public QObject {
             CRowSorter sorter(column, region, records.size());
             std::vector<RowKey> keys;
             for (const auto& record : records) {
-                sorter.Add(record.get());
+                sorter.Put(keys.size(), *record);
                 keys.push_back(MakeRowKey(*record, column, region));
             }
             std::vector<std::uint32_t> expected(records.size());
@@ -242,6 +242,21 @@ class TestRowCompare final : public QObject {
         }
     }
 
+    /// Nothing to sort, and days as far apart as they can be.
+    void sorterAtTheEnds() {
+        const CRegionalInfo region;
+        QVERIFY(CRowSorter(0, region, 0).Sorted(true).empty());
+        const char* const days[] = {"date 9999-12-31; start 23:59", "date 1601-1-1", "", "date 2026-11-19",
+                                    "date 9999-12-31; start 23:58"};
+        CRowSorter sorter(0, region, 5), other(0, region, 5);
+        for (std::size_t row = 0; row < 5; ++row) {
+            sorter.Put(row, Record(QString::fromLatin1(days[row])));
+            other.Put(row, Record(QString::fromLatin1(days[row])));
+        }
+        QCOMPARE(sorter.Sorted(true), (std::vector<std::uint32_t>{2, 1, 3, 4, 0}));
+        QCOMPARE(other.Sorted(false), (std::vector<std::uint32_t>{0, 4, 3, 1, 2}));
+    }
+
     /// A row whose record is gone is one without a value.
     void sorterStandsRowsWithoutRecord() {
         const CRegionalInfo region;
@@ -249,10 +264,8 @@ class TestRowCompare final : public QObject {
             const CTRecord record =
                 Record(QStringLiteral("date 2026-11-19; start 9:00; span 1:00; item1 x; rate 5"));
             CRowSorter sorter(column, region, 3);
-            for (const CVORec* row :
-                 {static_cast<const CVORec*>(&record), static_cast<const CVORec*>(nullptr),
-                  static_cast<const CVORec*>(&record)})
-                sorter.Add(row);
+            sorter.Put(2, record);
+            sorter.Put(0, record);
             std::vector<std::uint32_t> rows = sorter.Sorted(true);
             if (column != 13) QCOMPARE(rows.front(), 1U);
             std::ranges::sort(rows);

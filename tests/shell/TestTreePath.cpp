@@ -4,6 +4,7 @@
 #include "app/TimeFilter.h"
 #include "config/Settings.h"
 #include "records/CERecord.h"
+#include "records/CPRecord.h"
 #include "records/CTRecord.h"
 #include "shell/core/TreeTexts.h"
 #include "support/TestHome.h"
@@ -67,6 +68,7 @@ class TestTreePath final : public QObject {
     void fillTimeByTheClock();
     void fillExpense_data();
     void fillExpense();
+    void fillByKind();
     void rootFillsNothing();
     void aNodeShowsItsRecords();
 };
@@ -241,6 +243,18 @@ void TestTreePath::fillExpense() {
     QTEST(flags, "flags");
     QTEST(record.distance.text, "distance");
     QVERIFY(record.notes.isEmpty() && !record.isExported);
+}
+
+void TestTreePath::fillByKind() {
+    CTRecord time;
+    CERecord expense;
+    CPRecord item;
+    QVERIFY(FillRecord(Path(u"4=a; 19=b"_s), static_cast<CVORec&>(time), Settings()));
+    QVERIFY(FillRecord(Path(u"4=a; 19=b"_s), static_cast<CVORec&>(expense), Settings()));
+    QVERIFY(!FillRecord(Path(u"4=a"_s), static_cast<CVORec&>(item), Settings()));
+    QVERIFY(!FillRecord({}, static_cast<CVORec&>(time), Settings()));
+    QCOMPARE(time.item1, u"a"_s);
+    QCOMPARE(expense.item1, u"b"_s);
 }
 
 void TestTreePath::rootFillsNothing() {

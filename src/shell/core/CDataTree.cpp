@@ -5,6 +5,7 @@
 #include "lang/LoadText.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
+#include "shell/core/CTreeLeaves.h"
 #include "shell/core/CTreeWatcher.h"
 #include "shell/core/TreeTexts.h"
 
@@ -12,6 +13,9 @@
 #include <bit>
 
 namespace {
+
+/// How many records ahead the memory is fetched: a walk through a million of them waits for little else.
+constexpr std::size_t kAhead = 16;
 
 quint64 KeyOf(std::uint32_t parent, std::uint32_t text) {
     return quint64{parent} << 32U | text;
@@ -31,6 +35,11 @@ struct CDataTree::Level {
         const bool isSet = row->timeFlag ? static_cast<const CTRecord&>(record).*row->timeFlag
                                          : static_cast<const CERecord&>(record).*row->expenseFlag;
         return isSet ? *set : *clear;
+    }
+    /// Has the memory of a record's text brought near, without looking at it.
+    void Fetch(const CVORec& record) const {
+        if (row->timeText) __builtin_prefetch(&(static_cast<const CTRecord&>(record).*row->timeText));
+        if (row->expenseText) __builtin_prefetch(&(static_cast<const CERecord&>(record).*row->expenseText));
     }
 };
 
@@ -57,11 +66,43 @@ void CDataTree::Rebuild() {
     if (m_watcher) m_watcher->BeforeReset();
     FreeNodes();
     TakeLevels();
-    m_isFilling = true;
-    m_document.ForEachVisible([this](const CVORec& record) { AddRecord(record); });
-    m_isFilling = false;
+    Fill();
     m_isCounted.assign(m_document.VisiblePlaces(), true);
+    m_edition = m_document.PlacesEdition();
     if (m_watcher) m_watcher->AfterReset();
+}
+
+/// The nodes of the lowest level are counted first; each tells its number to those above it.
+void CDataTree::Fill() {
+    if (m_levels.empty()) return;
+    CTreeLeaves leaves(m_levels.size());
+    std::vector<CTreeNode*> nodes;
+    std::vector<std::uint32_t> numbers(m_levels.size());
+    m_isFilling = true;
+    for (std::size_t place = 0; place < m_document.VisiblePlaces(); ++place) {
+        if (const CVORec* later = m_document.VisibleAt(place + kAhead)) {
+            __builtin_prefetch(later);
+            for (const Level& level : m_levels) level.Fetch(*later);
+        }
+        const CVORec* record = m_document.VisibleAt(place);
+        if (!record || !HasLevelsOf(*record)) continue;
+        for (std::size_t i = 0; i < numbers.size(); ++i) numbers[i] = NumberOf(m_levels[i].TextOf(*record));
+        if (leaves.Count(numbers)) nodes.push_back(LeafOf(*record, numbers));
+    }
+    m_isFilling = false;
+    for (std::size_t leaf = 0; leaf < nodes.size(); ++leaf)
+        for (CTreeNode* node = nodes[leaf]; node->m_parent; node = node->m_parent)
+            node->m_count += leaves.CountOf(leaf);
+}
+
+/// The node of a record's lowest level, made with those above it where they aren't there yet, not counted.
+CTreeNode* CDataTree::LeafOf(const CVORec& record, const std::vector<std::uint32_t>& numbers) {
+    CTreeNode* node = m_root.get();
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        CTreeNode* child = ChildOf(*node, numbers[i]);
+        node = child ? child : AddChild(*node, m_levels[i].TextOf(record), numbers[i]);
+    }
+    return node;
 }
 
 void CDataTree::Clear() {
@@ -94,12 +135,13 @@ void CDataTree::AddRecord(const CVORec& record) {
         const QString& text = level.TextOf(record);
         const std::uint32_t number = NumberOf(text);
         CTreeNode* child = ChildOf(*node, number);
-        if (!child) {
-            node = AddChild(*node, text, number);
-            continue;
-        }
+        const bool isNew = !child;
+        if (isNew) child = AddChild(*node, text, number);
         ++child->m_count;
-        if (m_watcher && !m_isFilling) m_watcher->CountChanged(*child);
+        if (m_watcher && isNew)
+            m_watcher->AfterInsert(*child);
+        else if (m_watcher)
+            m_watcher->CountChanged(*child);
         node = child;
     }
 }
@@ -140,7 +182,6 @@ CTreeNode* CDataTree::AddChild(CTreeNode& parent, const QString& text, std::uint
     auto* node = new CTreeNode;
     node->m_text = text;
     node->m_parent = &parent;
-    node->m_count = 1;
     node->m_number = m_nextNode++;
     node->m_textNumber = textNumber;
     m_nodes.insert(KeyOf(parent.m_number, textNumber), node);
@@ -152,7 +193,6 @@ CTreeNode* CDataTree::AddChild(CTreeNode& parent, const QString& text, std::uint
     const std::size_t place = parent.PlaceOf(text);
     if (m_watcher) m_watcher->BeforeInsert(parent, static_cast<int>(place));
     parent.m_children.insert(parent.m_children.begin() + static_cast<std::ptrdiff_t>(place), node);
-    if (m_watcher) m_watcher->AfterInsert(*node);
     return node;
 }
 
@@ -173,7 +213,13 @@ void CDataTree::Free(CTreeNode* node) {
 
 // --- Hints
 
+void CDataTree::KeepOverFilter() {
+    m_isCounted.assign(m_document.VisiblePlaces(), true);
+}
+
 void CDataTree::OnHint(Hint hint, const QStringList& ids) {
+    // Other records are visible than those that were counted, and nobody has said so.
+    if (!ids.isEmpty() && m_edition != m_document.PlacesEdition()) Rebuild();
     switch (hint) {
         case Hint::Added:
         case Hint::Changed:

@@ -37,6 +37,9 @@ class CDataTree {
     /// Counts a record out: a node that would come to 0 goes with everything below it, and that ends it. A
     /// text that isn't found is passed over, and the next level is looked for at the same node.
     void RemoveRecord(const CVORec& record);
+    /// After a node was used as the filter: the visible records were chosen anew and the tree stays, so that
+    /// the other nodes can still be chosen. All that are visible count as counted.
+    void KeepOverFilter();
     /// Keeps the tree as a rebuild would make it. Records about to change or to go are counted out while the
     /// document still has their old values, and changed or new ones in.
     void OnHint(Hint hint, const QStringList& ids);
@@ -62,6 +65,8 @@ class CDataTree {
 
     void TakeLevels();
     void FreeNodes();
+    void Fill();
+    CTreeNode* LeafOf(const CVORec& record, const std::vector<std::uint32_t>& numbers);
     [[nodiscard]] bool HasLevelsOf(const CVORec& record) const;
     [[nodiscard]] std::uint32_t NumberOf(const QString& text);
     [[nodiscard]] CTreeNode* ChildOf(const CTreeNode& parent, std::uint32_t textNumber) const;
@@ -82,5 +87,6 @@ class CDataTree {
     std::array<Known, 4096> m_known;
     std::uint32_t m_nextNode = 1;
     std::vector<bool> m_isCounted;  ///< by the records' places in the document
+    unsigned m_edition = 0;         ///< of those places
     bool m_isFilling = false;       ///< many come at once: nobody is told of each, and none is sorted
 };

@@ -85,14 +85,18 @@ QString CRecordListModel::FlagInWordsOf(int row, int column) const {
 }
 
 QStringList CRecordListModel::AllIds() const {
-    return {m_rows.begin(), m_rows.end()};
+    QStringList ids;
+    ids.reserve(rowCount());
+    for (const Row& row : m_rows) ids.append(row.id);
+    return ids;
 }
 
 std::vector<int> CRecordListModel::RowsOf(const QStringList& ids) const {
     const QSet<QString> wanted(ids.begin(), ids.end());
     std::vector<int> rows;
     for (std::size_t row = 0; row < m_rows.size() && !wanted.isEmpty(); ++row) {
-        const bool found = ids.size() == 1 ? m_rows[row] == ids.front() : wanted.contains(m_rows[row]);
+        const QString& id = m_rows[row].id;
+        const bool found = ids.size() == 1 ? id == ids.front() : wanted.contains(id);
         if (found) rows.push_back(static_cast<int>(row));
     }
     return rows;
@@ -122,7 +126,7 @@ void CRecordListModel::Append(const QStringList& ids) {
     if (ids.isEmpty()) return;
     const int first = rowCount();
     beginInsertRows({}, first, first + static_cast<int>(ids.size()) - 1);
-    m_rows.insert(m_rows.end(), ids.begin(), ids.end());
+    for (const QString& id : ids) m_rows.push_back(RowOf(id));
     endInsertRows();
 }
 
@@ -143,7 +147,7 @@ void CRecordListModel::RemoveRows(const QStringList& ids) {
         // One reset instead of many shifts: each would move every row behind it.
         beginResetModel();
         const QSet<QString> gone(ids.begin(), ids.end());
-        std::erase_if(m_rows, [&gone](const QString& id) { return gone.contains(id); });
+        std::erase_if(m_rows, [&gone](const Row& row) { return gone.contains(row.id); });
         endResetModel();
         return;
     }

@@ -10,6 +10,7 @@
 class ActiveTimerSet;
 class CCfgStore;
 class CVORec;
+class CRowSorter;
 class CVelmarchDoc;
 
 /// How the list shows its records. Stored as these numbers.
@@ -63,7 +64,7 @@ class CRecordListModel final : public QAbstractTableModel {
     /// The model column of a record column, -1 when it has none of its own.
     [[nodiscard]] int ModelColumnOf(int column) const;
 
-    [[nodiscard]] QString IdAt(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
+    [[nodiscard]] QString IdAt(int row) const { return m_rows[static_cast<std::size_t>(row)].id; }
     /// Null when the document doesn't know the record any more.
     [[nodiscard]] const CVORec* RecordAt(int row) const;
     /// What a row says in a column of records, whatever the layout; empty for a record that is gone.
@@ -85,8 +86,15 @@ class CRecordListModel final : public QAbstractTableModel {
                                       int role = Qt::DisplayRole) const override;
 
  private:
+    /// The place among the document's visible records counts as long as their edition is the same.
+    struct Row {
+        QString id;
+        std::size_t place = 0;
+    };
+
     void TakeSortFromSettings();
     void Fill();
+    void PutRows(CRowSorter& sorter) const;
     void SortRows();
     void Sort();
     void AddRows(const QStringList& ids);
@@ -97,6 +105,8 @@ class CRecordListModel final : public QAbstractTableModel {
     void InsertSorted(const QString& id);
     void MoveToPlace(int row);
     [[nodiscard]] RowKey KeyOf(const QString& id) const;
+    [[nodiscard]] std::size_t PlaceOf(const Row& row) const;
+    [[nodiscard]] Row RowOf(const QString& id) const;
     [[nodiscard]] int PlaceFor(const RowKey& key) const;
     [[nodiscard]] int Compare(const RowKey& a, const RowKey& b) const;
     [[nodiscard]] bool BelongsBefore(const RowKey& a, const RowKey& b) const;
@@ -111,7 +121,8 @@ class CRecordListModel final : public QAbstractTableModel {
     CCfgStore& m_settings;
     ListLayout m_layout = ListLayout::Lines;
     std::vector<int> m_columns;
-    std::vector<QString> m_rows;
+    std::vector<Row> m_rows;
+    unsigned m_edition = 0;  ///< of the document's places
     int m_sortColumn;
     bool m_inOrder = true;  ///< no row was put at the end or changed without a sort since the last one
 };

@@ -4,17 +4,28 @@
 
 #include <bit>
 
-CRowSorter::CRowSorter(int column, const CRegionalInfo& region, std::size_t rows)
-    : m_column(column), m_form(CompareFormOf(column)), m_region(region) {
-    m_items.reserve(rows);
+namespace {
+
+/// How many places a pass of the sort by order tells apart.
+constexpr unsigned kDigitBits = 11;
+constexpr std::size_t kDigits = std::size_t{1} << kDigitBits;
+
+/// Dates, times and texts are in a proper order: equal, less and greater as everybody expects.
+bool HasProperOrder(CompareForm form) {
+    return form == CompareForm::DateAndStart || form == CompareForm::Text || form == CompareForm::TimeOfDay;
 }
 
-void CRowSorter::Add(const CVORec* record) {
-    const auto row = static_cast<std::uint32_t>(m_items.size());
-    if (m_form == CompareForm::Text)
-        m_items.push_back({NumberOf(record ? RowText(*record, m_column) : QString()), row});
-    else
-        m_items.push_back({record ? MakeRowKey(*record, m_column, m_region).order : 0, row});
+}  // namespace
+
+CRowSorter::CRowSorter(int column, const CRegionalInfo& region, std::size_t rows)
+    : m_column(column), m_form(CompareFormOf(column)), m_region(region), m_items(rows) {
+    const std::uint64_t none = m_form == CompareForm::Text ? NumberOf({}) : 0;
+    for (std::size_t row = 0; row < rows; ++row) m_items[row] = {none, static_cast<std::uint32_t>(row)};
+}
+
+void CRowSorter::Put(std::size_t row, const CVORec& record) {
+    m_items[row].order = m_form == CompareForm::Text ? NumberOf(RowText(record, m_column))
+                                                     : MakeRowKey(record, m_column, m_region).order;
 }
 
 /// Most texts of a column are one and the same in memory and are known by their address; the copy that is
@@ -43,11 +54,31 @@ void CRowSorter::RankTexts() {
     for (Item& item : m_items) item.order = ranks[item.order];
 }
 
+/// Digit by digit from the lowest, as many as the greatest difference has: two for the dates of a few years.
+/// Each pass keeps what the one before has put in order.
+void CRowSorter::SortByOrder(bool ascending) {
+    if (m_items.empty()) return;
+    const auto [least, greatest] = std::ranges::minmax(m_items, {}, &Item::order);
+    const std::uint64_t first = least.order, last = greatest.order;
+    const auto place = [=](const Item& item) { return ascending ? item.order - first : last - item.order; };
+    std::vector<Item> sorted(m_items.size());
+    for (unsigned shift = 0; shift < 64 && (last - first) >> shift != 0; shift += kDigitBits) {
+        std::array<std::uint32_t, kDigits + 1> ends{};
+        for (const Item& item : m_items) ++ends[(place(item) >> shift) % kDigits + 1];
+        for (std::size_t digit = 1; digit <= kDigits; ++digit) ends[digit] += ends[digit - 1];
+        for (const Item& item : m_items) sorted[ends[(place(item) >> shift) % kDigits]++] = item;
+        m_items.swap(sorted);
+    }
+}
+
 std::vector<std::uint32_t> CRowSorter::Sorted(bool ascending) {
     if (m_form == CompareForm::Text) RankTexts();
-    MergeSort(m_items, [this, ascending](const Item& a, const Item& b) {
-        return CompareOrders(m_form, a.order, b.order, ascending);
-    });
+    if (HasProperOrder(m_form))
+        SortByOrder(ascending);
+    else
+        MergeSort(m_items, [this, ascending](const Item& a, const Item& b) {
+            return CompareOrders(m_form, a.order, b.order, ascending);
+        });
     std::vector<std::uint32_t> rows;
     rows.reserve(m_items.size());
     for (const Item& item : m_items) rows.push_back(item.row);

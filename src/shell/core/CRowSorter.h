@@ -7,15 +7,15 @@
 #include <vector>
 
 /// Sorts many rows by one column. Each row is looked at once and becomes a number; equal texts, which repeat
-/// over a lifetime of records, are folded and compared once.
+/// over a lifetime of records, are folded and compared once. Where the order is a proper one the numbers
+/// alone put the rows in their places, otherwise two are compared at a time.
 class CRowSorter {
  public:
     CRowSorter(int column, const CRegionalInfo& region, std::size_t rows);
 
-    /// The next row; null for one whose record is gone.
-    void Add(const CVORec* record);
-    /// The rows in their new order, as numbers of their adding. Rows of which neither goes before the other
-    /// keep their order.
+    /// One of the rows, from 0; in whatever order. One that isn't put, as its record is gone, has no value.
+    void Put(std::size_t row, const CVORec& record);
+    /// The rows in their new order. Rows of which neither goes before the other keep their order.
     [[nodiscard]] std::vector<std::uint32_t> Sorted(bool ascending);
 
  private:
@@ -32,6 +32,7 @@ class CRowSorter {
 
     [[nodiscard]] std::uint64_t NumberOf(const QString& text);
     void RankTexts();
+    void SortByOrder(bool ascending);
 
     int m_column;
     CompareForm m_form;

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+class ExpenseFilter;
 class TimeFilter;
 
 /// Why a list shows nothing.
@@ -15,6 +16,6 @@ enum class EmptyReason {
 
 /// Whether a filter holds a condition besides the period.
 [[nodiscard]] bool HasConditions(const TimeFilter& filter);
-/// listed: rows shown; loaded: records of the mode in all.
-[[nodiscard]] EmptyReason WhyEmpty(std::size_t listed, std::size_t loaded, bool loading,
-                                   const TimeFilter& filter);
+[[nodiscard]] bool HasConditions(const ExpenseFilter& filter);
+/// listed: rows shown; loaded: records of the mode in all; narrowed: whether the filter has conditions.
+[[nodiscard]] EmptyReason WhyEmpty(std::size_t listed, std::size_t loaded, bool loading, bool narrowed);

@@ -118,3 +118,8 @@ bool FillRecord(const TreePath& path, CERecord& record) {
     }
     return true;
 }
+
+bool FillRecord(const TreePath& path, CVORec& record, const Settings& settings) {
+    if (record.Kind() == RecordKind::Time) return FillRecord(path, static_cast<CTRecord&>(record), settings);
+    return record.Kind() == RecordKind::Expense && FillRecord(path, static_cast<CERecord&>(record));
+}

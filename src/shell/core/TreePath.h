@@ -5,6 +5,7 @@
 
 class CERecord;
 class CTRecord;
+class CVORec;
 class ExpenseFilter;
 class TimeFilter;
 struct Settings;
@@ -29,3 +30,5 @@ void ApplyPath(const TreePath& path, ExpenseFilter& filter);
 /// unset. False, and the record as it was, for the root.
 [[nodiscard]] bool FillRecord(const TreePath& path, CTRecord& record, const Settings& settings);
 [[nodiscard]] bool FillRecord(const TreePath& path, CERecord& record);
+/// The same by the record's kind; false for a record of another one.
+[[nodiscard]] bool FillRecord(const TreePath& path, CVORec& record, const Settings& settings);

@@ -1,0 +1,118 @@
+#include "OursViews.h"
+
+#include "app/CVelmarchApp.h"
+#include "platform/CClock.h"
+#include "shell/core/CDataTree.h"
+#include "shell/core/CRecordListModel.h"
+#include "shell/core/StatusSums.h"
+#include "timers/ActiveTimerSet.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+
+namespace {
+
+constexpr int kRounds = 5;
+
+/// Keeps the compiler from dropping a result.
+volatile double theResult;
+
+/// Processor time: nothing here waits for a disk, and what else the machine does isn't counted.
+double Microseconds() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
+}
+
+template <class Work>
+double Took(Work&& work) {
+    const double start = Microseconds();
+    work();
+    return Microseconds() - start;
+}
+
+/// The best of some runs, as a line.
+template <class Work>
+void Measure(const char* name, Work&& work) {
+    double best = 0;
+    for (int round = 0; round < kRounds; ++round) {
+        const double took = Took(work);
+        best = round == 0 ? took : std::min(best, took);
+    }
+    std::printf("%s %.3f\n", name, best);
+}
+
+/// Everybody who looks at each record can't but walk through this memory.
+void PlainLoop(const CVelmarchDoc& document) {
+    double sum = 0;
+    document.ForEachVisible([&sum](const CVORec& record) {
+        const auto& time = static_cast<const CTRecord&>(record);
+        sum +=
+            static_cast<double>(time.amount.value) + static_cast<double>(time.spans.effective.decimal.value);
+        for (const QString* item : {&time.item1, &time.item2, &time.item3, &time.item4, &time.item5})
+            sum += static_cast<double>(item->size());
+    });
+    theResult = sum;
+}
+
+void Sum(const CVelmarchDoc& document) {
+    StatusSums sums;
+    document.ForEachVisible([&sums](const CVORec& record) { sums.Add(record); });
+    theResult = static_cast<double>(sums.SumsText(2, 4).size());
+}
+
+void BuildTree(const CVelmarchDoc& document, const CCfgStore& settings) {
+    CDataTree tree(document, settings);
+    tree.Rebuild();
+    theResult = static_cast<double>(tree.Root().Children().size());
+}
+
+/// std::sort of the keys of all rows in the order in which the list has them, each no larger than it must be.
+template <class Key>
+double SortKeys(const CRecordListModel& model, int column, Key&& keyOf) {
+    std::vector<std::pair<decltype(keyOf(RowKey())), int>> keys;
+    for (int row = 0; row < model.rowCount(); ++row)
+        keys.emplace_back(keyOf(MakeRowKey(*model.RecordAt(row), column, TheRegion())), row);
+    const double took = Took([&keys] {
+        std::ranges::sort(
+            keys, {}, [](const auto& key) -> const auto& { return key.first; });
+    });
+    theResult = keys.front().second;
+    return took;
+}
+
+/// The list is sorted from the order of another column each time, the floor from that same order.
+void Sort(CRecordListModel& model, const char* ours, const char* floor, int position, int otherPosition) {
+    const int column = model.VisibleColumns()[static_cast<std::size_t>(position - 1)];
+    std::vector<double> list, keys;
+    for (int round = 0; round < kRounds; ++round) {
+        model.SortByHeader(otherPosition);
+        keys.push_back(CompareFormOf(column) == CompareForm::Text
+                           ? SortKeys(model, column, [](const RowKey& key) { return key.text; })
+                           : SortKeys(model, column, [](const RowKey& key) { return key.order; }));
+        list.push_back(Took([&] { model.SortByHeader(position); }));
+    }
+    std::printf("%s %.3f\n%s %.3f\n", ours, std::ranges::min(list), floor, std::ranges::min(keys));
+}
+
+}  // namespace
+
+void MeasureViews(CVelmarchApp& app) {
+    const CVelmarchDoc& document = app.Document();
+    Measure("loop_us", [&] { PlainLoop(document); });
+    Measure("sums_us", [&] { Sum(document); });
+    Measure("tree_us", [&] { BuildTree(document, app.Settings()); });
+
+    const CSystemClock clock;
+    const ActiveTimerSet timers(clock);
+    CRecordListModel model(document, timers, app.Settings());
+    Measure("list_us", [&] { model.Rebuild(); });
+    const std::vector<int>& columns = model.VisibleColumns();
+    const auto positionOf = [&columns](int column) {
+        return static_cast<int>(std::ranges::find(columns, column) - columns.begin()) + 1;
+    };
+    const int date = positionOf(Column::kDate), client = positionOf(Column::kItem1);
+    Sort(model, "sort_date_us", "sort_date_floor_us", date, client);
+    Sort(model, "sort_text_us", "sort_text_floor_us", client, date);
+}
