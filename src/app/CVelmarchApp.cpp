@@ -237,12 +237,18 @@ bool CVelmarchApp::AskAboutMissingStore(const QString& path) {
 bool CVelmarchApp::LoadStep() {
     if (!m_document->LoadCurrentMode()) return false;
     m_document->BuildVisible();
+    if (!LoadLists()) return false;
+    m_document->NotifyViews(Hint::Rebuild);
+    return true;
+}
+
+/// Lists that could not be read are told of by themselves; the program goes on with what came.
+bool CVelmarchApp::LoadLists() {
     m_catalogue->Load();
     for (CColSet* set : {&m_settings->ListColumns(), static_cast<CColSet*>(&m_settings->TreeColumns())}) {
         set->SetCatalogue(&m_catalogue->Labels());
         if (!set->ApplyCaptions(*m_settings)) return false;
     }
-    m_document->NotifyViews(Hint::Rebuild);
     return true;
 }
 

@@ -74,6 +74,8 @@ class CVelmarchApp {
     /// the handler of Refresh. What the catalogue can't read, the user was told, and the program goes on
     /// without.
     bool LoadStep();
+    /// The part of it that concerns pick lists, dependencies and names of fields.
+    bool LoadLists();
 
     [[nodiscard]] CCfgStore& Settings() { return *m_settings; }
     [[nodiscard]] CSettingsTree& Tree() { return m_tree; }

@@ -23,7 +23,7 @@ class CWindowLink {
     /// Hands a command over and waits for the answer; nothing when the window doesn't answer.
     [[nodiscard]] std::optional<QJsonObject> Ask(int command, const QJsonObject& arguments);
     /// Tells that records of a kind were changed, so that the window shows it at once. False when a window
-    /// runs and could not be told. listsToo: pick lists as well, so that the window reads everything anew.
+    /// runs and could not be told. listsToo: pick lists as well, which the window reads anew then.
     [[nodiscard]] bool TellChanged(RecordKind kind, const QStringList& ids, bool listsToo = false);
     /// Tells that anything may have changed.
     [[nodiscard]] bool TellAllChanged();

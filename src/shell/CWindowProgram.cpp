@@ -174,7 +174,8 @@ int CWindowProgram::RunWindow() {
     CInstanceHost host({app.Document(), timers, app.Settings(), [&frame] { frame->Refresh(); },
                         [&frame] { frame->ComeForward(); }, [&frame] { frame->close(); },
                         [&frame] { return frame->IsBusy(); },
-                        [] { return QApplication::activeModalWidget() != nullptr; }});
+                        [] { return QApplication::activeModalWidget() != nullptr; },
+                        [&app] { app.LoadLists(); }});
     if (!host.Listen(app.Home(), LoadText(Text::ProgramTitle)))
         Print(stderr, FormatText<Text::ChannelFailed>(host.Error()));
     const CQuitSignals signals([&frame] { frame->close(); });

@@ -352,6 +352,7 @@ class TestCMainFrame final : public QObject {
         QCOMPARE(window.Rows(), 1);
         QCOMPARE(window.Status("statusMode"), LoadText(Text::ModeExpense));
         QCOMPARE(window.Status("statusPeriod"), LoadText(Text::PeriodAll));
+        window.List().selectAll();
         QVERIFY(window.Offers(32839));
         QVERIFY(!window.Offers(32853));  // an expense has no timer
         window.frame->RunCommand(32798);

@@ -44,9 +44,9 @@ class OpenWindow {
         frame = std::make_unique<CMainFrame>(CMainFrame::Surroundings{
             m_app, *m_timers, m_hub, m_prompt, m_pump, m_clock, [](QWidget*, CVORec&) { return false; },
             [](QWidget*) { return false; }, [](QWidget*, CVORec&, bool) { return false; }});
-        m_host = std::make_unique<CInstanceHost>(
-            CInstanceHost::Around{m_app.Document(), *m_timers, m_app.Settings(), [this] { frame->Refresh(); },
-                                  [] {}, [] {}, [this] { return frame->IsBusy(); }, [] { return false; }});
+        m_host = std::make_unique<CInstanceHost>(CInstanceHost::Around{
+            m_app.Document(), *m_timers, m_app.Settings(), [this] { frame->Refresh(); }, [] {}, [] {},
+            [this] { return frame->IsBusy(); }, [] { return false; }, [this] { m_app.LoadLists(); }});
         isOpen = m_host->Listen(m_app.Home(), LoadText(Text::ProgramTitle));
         frame->show();
         frame->Refresh();

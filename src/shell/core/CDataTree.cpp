@@ -215,6 +215,7 @@ void CDataTree::Free(CTreeNode* node) {
 
 void CDataTree::KeepOverFilter() {
     m_isCounted.assign(m_document.VisiblePlaces(), true);
+    m_edition = m_document.PlacesEdition();
 }
 
 void CDataTree::OnHint(Hint hint, const QStringList& ids) {

@@ -61,7 +61,8 @@ QJsonObject CInstanceHost::Handle(int command, const QJsonObject& arguments) {
 void CInstanceHost::NoteChange(const QJsonObject& arguments) {
     const QJsonArray ids = arguments.value(u"ids"_s).toArray();
     const bool ofTime = arguments.value(u"kind"_s).toString(u"time"_s) == u"time"_s;
-    if (ids.isEmpty() || arguments.value(u"lists"_s).toBool()) m_allChanged = true;
+    if (ids.isEmpty()) m_allChanged = true;
+    if (arguments.value(u"lists"_s).toBool()) m_listsChanged = true;
     for (const auto& id : ids) (ofTime ? m_changedTimes : m_changedExpenses).append(id.toString());
     if (!m_delay.isActive()) m_delay.start();
 }
@@ -70,12 +71,15 @@ void CInstanceHost::ShowChanges() {
     if (m_around.isBusy()) return m_delay.start();
     const QStringList times = std::exchange(m_changedTimes, {});
     const QStringList expenses = std::exchange(m_changedExpenses, {});
-    const bool all = std::exchange(m_allChanged, false);
+    const bool lists = std::exchange(m_listsChanged, false);
+    const bool all = std::exchange(m_allChanged, false) || (lists && !m_around.refreshLists);
     const auto isShown = [this](RecordKind kind, const QStringList& ids) {
         return ids.isEmpty() || m_around.document.RefreshRecords(kind, ids);
     };
     if (all || !isShown(RecordKind::Time, times) || !isShown(RecordKind::Expense, expenses))
         m_around.refresh();
+    else if (lists)
+        m_around.refreshLists();
 }
 
 QJsonObject CInstanceHost::RunTimer(const QJsonObject& arguments) {

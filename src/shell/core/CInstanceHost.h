@@ -25,8 +25,9 @@ class CInstanceHost final : public QObject {
         std::function<void()> refresh;  ///< reads everything again
         std::function<void()> raise;
         std::function<void()> leave;
-        std::function<bool()> isBusy;     ///< records are being read or changed
-        std::function<bool()> hasDialog;  ///< something waits for the user's answer
+        std::function<bool()> isBusy;             ///< records are being read or changed
+        std::function<bool()> hasDialog;          ///< something waits for the user's answer
+        std::function<void()> refreshLists = {};  ///< reads the pick lists again; empty: everything
     };
     explicit CInstanceHost(Around around, QObject* parent = nullptr);
 
@@ -48,4 +49,5 @@ class CInstanceHost final : public QObject {
     QTimer m_delay;  ///< gathers what comes within a moment: 5,000 changes are shown in a few steps
     QStringList m_changedTimes, m_changedExpenses;
     bool m_allChanged = false;
+    bool m_listsChanged = false;
 };

@@ -109,7 +109,11 @@ void CRecordListModel::TouchTimers(int firstRow, int lastRow) {
     if (column >= 0) Q_EMIT dataChanged(index(firstRow, column), index(lastRow, column));
 }
 
-void CRecordListModel::AddRows(const QStringList& ids) {
+/// A record of the other kind can be added as well; it isn't shown.
+void CRecordListModel::AddRows(const QStringList& added) {
+    QStringList ids;
+    for (const QString& id : added)
+        if (m_document.IsVisible(id)) ids.append(id);
     const bool inPlace = m_settings.resortOnChange && m_inOrder && ids.size() <= kFewRows;
     if (inPlace) {
         for (const QString& id : ids) InsertSorted(id);

@@ -97,7 +97,7 @@ class CRecordListModel final : public QAbstractTableModel {
     void PutRows(CRowSorter& sorter) const;
     void SortRows();
     void Sort();
-    void AddRows(const QStringList& ids);
+    void AddRows(const QStringList& added);
     void ChangeRows(const QStringList& ids);
     void RemoveRows(const QStringList& ids);
     void TouchRows(const std::vector<int>& rows);
