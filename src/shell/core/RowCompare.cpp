@@ -15,18 +15,17 @@ namespace {
 
 using Form = CompareForm;
 
-constexpr std::array<CompareForm, Column::kCount> kForms =
-    {
-        Form::DateAndStart, Form::Span,   Form::Span,      Form::Span,  // 0 to 3: date and the three spans
-        Form::Text,         Form::Text,   Form::TimeOfDay, Form::TimeOfDay, Form::Number,
-        Form::Text,         Form::Text,   Form::Text,  // 4 to 11: items, start, end, rate
-        Form::Number,       Form::Flag,   Form::Flag,      Form::Flag,
-        Form::Flag,  // 12 to 16: amount, flags, notes
-        Form::DateAndStart, Form::Number, Form::Text,      Form::Text,      Form::Text,
-        Form::Flag,  // 17 to 22: expenses from the date on
-        Form::Text,  // 23: the distance as the text that it is stored as, so 10 goes before 9
-        Form::Number,       Form::Text,   Form::Text,      Form::Flag,      Form::Flag,
-        Form::Flag,         Form::Flag,   Form::Flag,      Form::Flag,      Form::Flag,  // 24 to 33
+constexpr std::array<CompareForm, Column::kCount> kForms = {
+    Form::DateAndStart, Form::Span,   Form::Span,      Form::Span,  // 0 to 3: date and the three spans
+    Form::Text,         Form::Text,   Form::TimeOfDay, Form::TimeOfDay, Form::Number,
+    Form::Text,         Form::Text,   Form::Text,  // 4 to 11: items, start, end, rate
+    Form::Number,       Form::Flag,   Form::Flag,      Form::Flag,
+    Form::Flag,  // 12 to 16: amount, flags, notes
+    Form::DateAndStart, Form::Number, Form::Text,      Form::Text,      Form::Text,
+    Form::Flag,  // 17 to 22: expenses from the date on
+    Form::Text,  // 23: the distance as the text that it is stored as, so 10 goes before 9
+    Form::Number,       Form::Text,   Form::Text,      Form::Flag,      Form::Flag,
+    Form::Flag,         Form::Flag,   Form::Flag,      Form::Flag,      Form::Flag,  // 24 to 33
 };
 
 const CTRecord& TimeOf(const CVORec& record) {
