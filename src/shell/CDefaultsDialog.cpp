@@ -53,6 +53,16 @@ CDefaultsDialog::CDefaultsDialog(CVORec& working, bool isChoosing, const RecordD
     setObjectName(QStringLiteral("defaultsDialog"));
     setWindowTitle(LoadText(ModeOf(working) == RecordMode::Time ? Text::DefaultsTitleTime
                                                                 : Text::DefaultsTitleExpenses));
+    Build();
+    Fill();
+    m_list->setCurrentItem(m_list->topLevelItem(0));
+    ShowState();
+    RestoreDialogSize(*this, m_around.settings.Profile(), SizeSection(), kUsualSize);
+}
+
+CDefaultsDialog::~CDefaultsDialog() = default;
+
+void CDefaultsDialog::Build() {
     CMnemonics mnemonics;
     auto* column = new QVBoxLayout(this);
     column->setSpacing(kFormSpace);
@@ -64,13 +74,7 @@ CDefaultsDialog::CDefaultsDialog(CVORec& working, bool isChoosing, const RecordD
     row->addLayout(left, 1);
     row->addLayout(BuildActions(mnemonics));
     BuildEnd(*column, mnemonics);
-    Fill();
-    m_list->setCurrentItem(m_list->topLevelItem(0));
-    ShowState();
-    RestoreDialogSize(*this, m_around.settings.Profile(), SizeSection(), kUsualSize);
 }
-
-CDefaultsDialog::~CDefaultsDialog() = default;
 
 void CDefaultsDialog::BuildList(QVBoxLayout& column) {
     m_list = new QTreeWidget;

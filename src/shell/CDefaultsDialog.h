@@ -28,6 +28,7 @@ class CDefaultsDialog final : public QDialog {
 
  private:
     [[nodiscard]] NamedDefaultsActions Actions(const QString& title);
+    void Build();
     void BuildList(QVBoxLayout& column);
     [[nodiscard]] QVBoxLayout* BuildActions(CMnemonics& mnemonics);
     QPushButton* AddAction(QVBoxLayout& column, Text caption, const char* name,

@@ -52,6 +52,5 @@ void CFrameFilters::Pick(const FilterCommandRow& row, Filter filter) {
 void CFrameFilters::ToggleDependencies() {
     CCfgStore& settings = m_around.settings;
     settings.useDependencies = !settings.useDependencies;
-    const SettingRow* row = FindSetting(QStringLiteral("useDependencies"));
-    if (!row || !settings.SaveValue(row->index)) TellNotSaved(m_around.prompt);
+    SaveSetting(QStringLiteral("useDependencies"), settings, m_around.prompt);
 }

@@ -36,6 +36,13 @@ CItemCombo::CItemCombo(Offer offer, WhyEmpty whyEmpty, QWidget* parent)
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     view()->setTextElideMode(Qt::ElideRight);
     LimitLength(*lineEdit(), kTextLength);
+    BuildProposals();
+    connect(lineEdit(), &QLineEdit::textChanged, this, [this] {
+        if (!m_isShowing) Q_EMIT Edited();
+    });
+}
+
+void CItemCombo::BuildProposals() {
     // The box's own completion would put an item's spelling in place of what was typed.
     setCompleter(nullptr);
     m_completer->setWidget(this);
@@ -44,9 +51,6 @@ CItemCombo::CItemCombo(Offer offer, WhyEmpty whyEmpty, QWidget* parent)
     m_completer->setMaxVisibleItems(kMostProposals);
     m_completer->popup()->installEventFilter(this);
     connect(lineEdit(), &QLineEdit::textEdited, this, &CItemCombo::Propose);
-    connect(lineEdit(), &QLineEdit::textChanged, this, [this] {
-        if (!m_isShowing) Q_EMIT Edited();
-    });
     connect(m_completer, qOverload<const QString&>(&QCompleter::activated), this, &CItemCombo::TakeProposal);
 }
 

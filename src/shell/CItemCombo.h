@@ -37,6 +37,7 @@ class CItemCombo final : public QComboBox {
     void Edited();  ///< the user typed or picked another text
 
  private:
+    void BuildProposals();
     void Fill();
     void Propose();
     void TakeProposal(const QString& text);

@@ -2,6 +2,7 @@
 
 #include "app/CVelmarchApp.h"
 #include "lang/LoadText.h"
+#include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "shell/CActions.h"
 #include "shell/CElidedLabel.h"
@@ -18,11 +19,13 @@
 #include <QAction>
 #include <QLabel>
 #include <QPushButton>
+#include <QSplitter>
 #include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
+#include <QTreeView>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -41,13 +44,14 @@ struct Window {
     std::function<bool(CTRecord&)> dialog = [](CTRecord&) { return true; };
     int dialogs = 0;
 
-    explicit Window(const QString& home) {
+    enum class Mode { Time, AsStored };
+    explicit Window(const QString& home, Mode mode = Mode::Time) {
         [&] {
             QVERIFY(app.ResolveHome(home));
             QVERIFY(app.OpenSettings());
             QVERIFY(app.OpenStore());
         }();
-        theRecordMode = RecordMode::Time;
+        if (mode == Mode::Time) theRecordMode = RecordMode::Time;
         set = std::make_unique<ActiveTimerSet>(clock);
         timers = std::make_unique<CRecordTimers>(*set, app.Document(), app.Settings());
         app.Document().SetTimers(timers.get());
@@ -334,6 +338,102 @@ class TestCMainFrame final : public QObject {
         QCOMPARE(window.List().SelectedCount(), 0);
     }
 
+    void eachModeHasItsRecordsAndItsPeriod() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        window.frame->Refresh();
+        window.Add(19);
+        CERecord expense;
+        expense.date.Set(11, 18, 2026);
+        expense.amount.Set(12.5F);
+        QVERIFY(window.app.Document().AddRecord(expense, true, false, true));
+        QCOMPARE(window.Rows(), 1);
+        QTest::keyClick(window.frame.get(), Qt::Key_2, Qt::ControlModifier);
+        QCOMPARE(window.Rows(), 1);
+        QCOMPARE(window.Status("statusMode"), LoadText(Text::ModeExpense));
+        QCOMPARE(window.Status("statusPeriod"), LoadText(Text::PeriodAll));
+        QVERIFY(window.Offers(32839));
+        QVERIFY(!window.Offers(32853));  // an expense has no timer
+        window.frame->RunCommand(32798);
+        QCOMPARE(window.app.Document().FilterOfExpenses().preset, 1);
+        QCOMPARE(window.app.Document().Filter().preset, 4);
+        QTest::keyClick(window.frame.get(), Qt::Key_1, Qt::ControlModifier);
+        QCOMPARE(window.Status("statusMode"), LoadText(Text::ModeTime));
+        QCOMPARE(window.Rows(), 1);
+        QVERIFY(!window.Offers(32839));
+    }
+
+    void theModeOutlivesARestart() {
+        QTemporaryDir folder;
+        {
+            Window window(folder.path());
+            window.frame->Refresh();
+            window.frame->SwitchMode(RecordMode::Expense);
+        }
+        Window again(folder.path(), Window::Mode::AsStored);
+        again.frame->Refresh();
+        QCOMPARE(again.Status("statusMode"), LoadText(Text::ModeExpense));
+    }
+
+    void theTreeIsBesideTheListAboveItOrHidden() {
+        QTemporaryDir folder;
+        {
+            Window window(folder.path());
+            window.frame->Refresh();
+            auto* tree = window.Find<QWidget>("dataTree");
+            QVERIFY(tree->isVisible());
+            QVERIFY(window.Offers(32773));
+            window.frame->RunCommand(32773);
+            QCOMPARE(window.Find<QSplitter>("panes")->orientation(), Qt::Vertical);
+            window.frame->RunCommand(32771);
+            QVERIFY(tree->isHidden());
+            QVERIFY(!window.Offers(32772));
+            QVERIFY(!window.Offers(32773));
+        }
+        Window again(folder.path());
+        QVERIFY(again.Find<QWidget>("dataTree")->isHidden());
+        QCOMPARE(again.Find<QSplitter>("panes")->orientation(), Qt::Vertical);
+        again.frame->RunCommand(32771);
+        QVERIFY(again.Find<QWidget>("dataTree")->isVisible());
+    }
+
+    void aNarrowWindowHidesTheTreeUntilItIsAskedFor() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        window.frame->Refresh();
+        auto* tree = window.Find<QWidget>("dataTree");
+        window.frame->resize(500, 400);
+        QTRY_VERIFY(tree->isHidden());
+        window.frame->RunCommand(32771);
+        QVERIFY(tree->isVisible());
+        window.frame->resize(1000, 700);
+        QTRY_VERIFY(tree->isVisible());
+    }
+
+    void aNewRecordFromTheTreeHasItsValues() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        window.frame->Refresh();
+        window.dialog = [](CTRecord& record) {
+            record.item1 = u"Client A"_s;
+            return true;
+        };
+        QTest::keyClick(window.frame.get(), Qt::Key_N, Qt::ControlModifier);
+        QVERIFY(!window.Offers(32861));
+        auto* tree = window.Find<QTreeView>("dataTree");
+        const QModelIndex root = tree->model()->index(0, 0);
+        tree->setCurrentIndex(tree->model()->index(0, 0, root));
+        QVERIFY(window.Offers(32861));
+        QString seen;
+        window.dialog = [&seen](CTRecord& record) {
+            seen = record.item1;
+            return true;
+        };
+        window.frame->RunCommand(32861);
+        QCOMPARE(seen, u"Client A"_s);
+        QCOMPARE(window.Rows(), 2);
+    }
+
     void smallWindow() {
         QTemporaryDir folder;
         Window window(folder.path());
@@ -343,7 +443,7 @@ class TestCMainFrame final : public QObject {
         QTRY_COMPARE(window.frame->width(), 480);
         // The second bar goes below the first instead of being cut.
         QTRY_VERIFY(window.Find<QToolBar>("toolBar102")->y() > window.Find<QToolBar>("toolBar101")->y());
-        window.frame->resize(1200, 700);
+        window.frame->resize(2000, 700);
         QTRY_COMPARE(window.Find<QToolBar>("toolBar102")->y(), window.Find<QToolBar>("toolBar101")->y());
     }
 

@@ -42,8 +42,8 @@ class OpenWindow {
         m_timers = std::make_unique<CRecordTimers>(m_timerSet, m_app.Document(), m_app.Settings());
         m_app.Document().SetTimers(m_timers.get());
         frame = std::make_unique<CMainFrame>(CMainFrame::Surroundings{
-            m_app, *m_timers, m_hub, m_prompt, m_pump, m_clock, [](QWidget*, CTRecord&) { return false; },
-            [](QWidget*) { return false; }});
+            m_app, *m_timers, m_hub, m_prompt, m_pump, m_clock, [](QWidget*, CVORec&) { return false; },
+            [](QWidget*) { return false; }, [](QWidget*, CVORec&, bool) { return false; }});
         m_host = std::make_unique<CInstanceHost>(
             CInstanceHost::Around{m_app.Document(), *m_timers, m_app.Settings(), [this] { frame->Refresh(); },
                                   [] {}, [] {}, [this] { return frame->IsBusy(); }, [] { return false; }});
