@@ -6,51 +6,60 @@
 #include "lang/FormatText.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr OptionRow kTimeOptions[] = {
+constexpr OptionRow kPeriodOptions[] = {
     {"period", "ID", OptionShape::Value, Text::CliOptPeriod},
     {"day", "DATE", OptionShape::Value, Text::CliOptDay},
     {"from", "DATE", OptionShape::Value, Text::CliOptFrom},
     {"to", "DATE", OptionShape::Value, Text::CliOptTo},
     {"item1", "TEXT", OptionShape::Value, Text::CliOptWithItem1},
     {"item2", "TEXT", OptionShape::Value, Text::CliOptWithItem2},
+};
+constexpr OptionRow kTimeItems[] = {
     {"item3", "TEXT", OptionShape::Value, Text::CliOptWithItem3},
     {"item4", "TEXT", OptionShape::Value, Text::CliOptWithItem4},
-    {"item5", "TEXT", OptionShape::Value, Text::CliOptWithItem5},
-    {"whole", "", OptionShape::Flag, Text::CliOptWhole},
-    {"case", "", OptionShape::Flag, Text::CliOptCase},
-    {"billable", "", OptionShape::YesNo, Text::CliOptWithBillable},
-    {"billed", "", OptionShape::YesNo, Text::CliOptWithBilled},
-    {"exported", "", OptionShape::YesNo, Text::CliOptWithExported},
-    {"timers", "", OptionShape::YesNo, Text::CliOptWithTimers},
 };
-
-constexpr OptionRow kExpenseOptions[] = {
-    {"period", "ID", OptionShape::Value, Text::CliOptPeriod},
-    {"day", "DATE", OptionShape::Value, Text::CliOptDay},
-    {"from", "DATE", OptionShape::Value, Text::CliOptFrom},
-    {"to", "DATE", OptionShape::Value, Text::CliOptTo},
-    {"item1", "TEXT", OptionShape::Value, Text::CliOptWithItem1},
-    {"item2", "TEXT", OptionShape::Value, Text::CliOptWithItem2},
+constexpr OptionRow kExpenseItems[] = {
     {"item3", "TEXT", OptionShape::Value, Text::CliOptWithExpItem3},
     {"item4", "TEXT", OptionShape::Value, Text::CliOptWithExpItem4},
+};
+constexpr OptionRow kMatchOptions[] = {
     {"item5", "TEXT", OptionShape::Value, Text::CliOptWithItem5},
     {"whole", "", OptionShape::Flag, Text::CliOptWhole},
     {"case", "", OptionShape::Flag, Text::CliOptCase},
+    {"exported", "", OptionShape::YesNo, Text::CliOptWithExported},
+};
+constexpr OptionRow kTimeCriteria[] = {
+    {"billable", "", OptionShape::YesNo, Text::CliOptWithBillable},
+    {"billed", "", OptionShape::YesNo, Text::CliOptWithBilled},
+    {"timers", "", OptionShape::YesNo, Text::CliOptWithTimers},
+};
+constexpr OptionRow kExpenseCriteria[] = {
     {"flag1", "", OptionShape::YesNo, Text::CliOptWithFlag},
     {"flag2", "", OptionShape::YesNo, Text::CliOptWithFlag},
     {"flag3", "", OptionShape::YesNo, Text::CliOptWithFlag},
     {"flag4", "", OptionShape::YesNo, Text::CliOptWithFlag},
     {"flag5", "", OptionShape::YesNo, Text::CliOptWithFlag},
-    {"exported", "", OptionShape::YesNo, Text::CliOptWithExported},
     {"distance-entries", "", OptionShape::YesNo, Text::CliOptWithDistance},
     {"amount", "=N|<N|>N", OptionShape::Value, Text::CliOptWithAmount},
 };
+
+/// One table of several.
+template <std::size_t... Sizes>
+constexpr auto Joined(const OptionRow (&... tables)[Sizes]) {
+    std::array<OptionRow, (Sizes + ...)> joined{};
+    auto end = joined.begin();
+    ((end = std::ranges::copy(tables, end).out), ...);
+    return joined;
+}
+constexpr auto kTimeOptions = Joined(kPeriodOptions, kTimeItems, kMatchOptions, kTimeCriteria);
+constexpr auto kExpenseOptions = Joined(kPeriodOptions, kExpenseItems, kMatchOptions, kExpenseCriteria);
 
 constexpr const char* kItems[] = {"item1", "item2", "item3", "item4", "item5"};
 

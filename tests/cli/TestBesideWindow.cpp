@@ -21,12 +21,18 @@ class TestBesideWindow : public QObject {
 
     void ChangesAreTold_data();
     void ChangesAreTold();
+    void NewListItemsAreToldWithTheRecord();
+    void ChangesOfListsAreTold_data();
+    void ChangesOfListsAreTold();
     void ManyChangesAreToldWithoutIdentities();
     void ReadingTellsNothing();
     void TimersAreCarriedOutByTheWindow();
     void TimersOfTheWindowAreShown();
     void ARefusalOfTheWindowIsHandedOn();
     void SettingsAreChangedByTheWindow();
+    void ColumnsAreChangedByTheWindow();
+    void DefaultsAreChangedByTheWindow();
+    void TheLastReadingIsNotedByTheWindow();
     void ANewTimerIsStartedByTheWindow();
     void DeleteLetsTheWindowDropTheTimer();
     void AMuteWindow_data();
@@ -91,23 +97,67 @@ void TestBesideWindow::ChangesAreTold_data() {
     QTest::newRow("copy") << QStringList{u"time"_s, u"copy"_s, u"%1"_s};
     QTest::newRow("mark") << QStringList{u"time"_s, u"mark"_s, u"%1"_s, u"--as"_s, u"first"_s};
     QTest::newRow("new") << QStringList{u"time"_s, u"new"_s, u"--timestamp"_s};
+    QTest::newRow("add an expense") << QStringList{u"expense"_s, u"add"_s};
+    QTest::newRow("edit one") << QStringList{u"expense"_s, u"edit"_s, u"%1"_s, u"--notes"_s, u"A"_s};
+    QTest::newRow("delete one") << QStringList{u"expense"_s, u"delete"_s, u"%1"_s};
+    QTest::newRow("copy one") << QStringList{u"expense"_s, u"copy"_s, u"%1"_s};
+    QTest::newRow("mark one") << QStringList{u"expense"_s, u"mark"_s, u"%1"_s, u"--as"_s, u"fifth"_s};
+    QTest::newRow("a new one") << QStringList{u"expense"_s, u"new"_s};
 }
 
 void TestBesideWindow::ChangesAreTold() {
     QFETCH(QStringList, command);
-    const QString id = m_home->Add({});
+    const QString id = m_home->Add({}, command[0]);
     Listen(m_home->Path());
     command.replaceInStrings(u"%1"_s, id);
     const Reply reply = m_home->RunJson(QStringList(u"--yes"_s) + command);
     QCOMPARE(reply.exit, 0);
     QTRY_VERIFY(!m_heard.isEmpty());
     const QJsonObject told = Only(InstanceCommand::kSyncEnd);
-    QCOMPARE(told[u"kind"].toString(), u"time"_s);
+    QCOMPARE(told[u"kind"].toString(), command[0]);
     const bool isOwn = command.contains(id) && command[1] != u"copy";
     const QString changed = isOwn                    ? id
                             : reply.Json().isArray() ? reply.Array()[0].toString()
                                                      : reply.Object()[u"id"].toString();
     QCOMPARE(told[u"ids"].toArray(), QJsonArray{changed});
+}
+
+/// The window then reads its lists anew.
+void TestBesideWindow::NewListItemsAreToldWithTheRecord() {
+    Listen(m_home->Path());
+    for (const bool isNew : {true, false}) {
+        m_heard.clear();
+        QCOMPARE(m_home->Run({u"time"_s, u"add"_s, u"--item1"_s, u"Alpha"_s}).exit, 0);
+        QTRY_VERIFY(!m_heard.isEmpty());
+        const QJsonObject told = Only(InstanceCommand::kSyncEnd);
+        QCOMPARE(told[u"ids"].toArray().size(), 1);
+        QCOMPARE(told[u"lists"].toBool(), isNew);
+    }
+}
+
+void TestBesideWindow::ChangesOfListsAreTold_data() {
+    QTest::addColumn<QStringList>("command");
+    QTest::newRow("a new item") << QStringList{u"items"_s, u"add"_s, u"17"_s, u"One"_s};
+    QTest::newRow("a renamed one") << QStringList{u"items"_s, u"rename"_s, u"16"_s, u"Alpha"_s, u"Beta"_s};
+    QTest::newRow("a deleted one") << QStringList{u"items"_s, u"delete"_s, u"16"_s, u"Alpha"_s};
+    QTest::newRow("a cleared list") << QStringList{u"items"_s, u"clear"_s, u"16"_s};
+    QTest::newRow("the dependencies") << QStringList{u"tree"_s, u"add"_s, u"time"_s, u"Alpha"_s};
+    QTest::newRow("a name") << QStringList{u"labels"_s, u"set"_s, u"109"_s, u"Matter"_s};
+    QTest::newRow("all names") << QStringList{u"labels"_s, u"reset"_s};
+}
+
+/// Anything may look different now, so no records are named. The window sees to its columns by itself.
+void TestBesideWindow::ChangesOfListsAreTold() {
+    QFETCH(QStringList, command);
+    QCOMPARE(m_home->Run({u"items"_s, u"add"_s, u"16"_s, u"Alpha"_s}).exit, 0);
+    Listen(m_home->Path());
+    QCOMPARE(m_home->Run(QStringList(u"--yes"_s) + command).exit, 0);
+    QTRY_VERIFY(!m_heard.isEmpty());
+    QCOMPARE(Only(InstanceCommand::kSyncEnd), QJsonObject());
+    QCOMPARE(m_heard.size(), 1);
+    cleanup();
+    const QJsonArray columns = m_home->RunJson({u"columns"_s, u"list"_s, u"time"_s}).Array();
+    QCOMPARE(columns[4][u"caption"].toString(), u"Client"_s);
 }
 
 void TestBesideWindow::ManyChangesAreToldWithoutIdentities() {
@@ -185,6 +235,49 @@ void TestBesideWindow::SettingsAreChangedByTheWindow() {
     QCOMPARE(m_home->RunJson({u"settings"_s, u"get"_s, u"confirmCopy"_s}).Object()[u"value"].toInt(), 1);
 }
 
+void TestBesideWindow::ColumnsAreChangedByTheWindow() {
+    Listen(m_home->Path());
+    QCOMPARE(m_home
+                 ->Run({u"columns"_s, u"set"_s, u"time"_s, u"Client"_s, u"0"_s, u"--width"_s, u"Date=99"_s,
+                        u"--breaks"_s, u"1,2"_s})
+                 .exit,
+             0);
+    QCOMPARE(Only(InstanceCommand::kSetting),
+             FromText(u"{'columns': 'list', 'half': 'time', 'shown': [4, 0], "
+                      "'widths': {'0': 99}, 'breaks': [1, 2]}"_s));
+    m_heard.clear();
+    QCOMPARE(m_home->Run({u"columns"_s, u"reset"_s, u"expense"_s, u"--tree"_s}).exit, 0);
+    QCOMPARE(Only(InstanceCommand::kSetting),
+             FromText(u"{'columns': 'tree', 'half': 'expense', 'reset': true}"_s));
+    cleanup();
+    const QJsonArray columns = m_home->RunJson({u"columns"_s, u"list"_s, u"time"_s}).Array();
+    QCOMPARE(columns[0][u"width"].toInt(), 80);
+}
+
+void TestBesideWindow::DefaultsAreChangedByTheWindow() {
+    QCOMPARE(m_home->Run({u"defaults"_s, u"save"_s, u"Mine"_s}).exit, 0);
+    Listen(m_home->Path());
+    const auto only = [this] {
+        return ::Only(Only(InstanceCommand::kSetting), {u"defaults"_s, u"action"_s, u"name"_s});
+    };
+    QCOMPARE(m_home->Run({u"defaults"_s, u"save"_s, u"Other"_s, u"--mode"_s, u"expense"_s}).exit, 0);
+    QCOMPARE(only(), FromText(u"{'defaults': 'expense', 'action': 'write', 'name': 'Other'}"_s));
+    m_heard.clear();
+    QCOMPARE(m_home->Run({u"defaults"_s, u"rename"_s, u"mine"_s, u"Yours"_s}).exit, 0);
+    QCOMPARE(only(), FromText(u"{'defaults': 'time', 'action': 'rename', 'name': 'Mine'}"_s));
+    m_heard.clear();
+    QCOMPARE(m_home->Run({u"--yes"_s, u"defaults"_s, u"delete"_s, u"Mine"_s}).exit, 0);
+    QCOMPARE(only(), FromText(u"{'defaults': 'time', 'action': 'delete', 'name': 'Mine'}"_s));
+    cleanup();
+    QCOMPARE(m_home->RunJson({u"defaults"_s, u"list"_s}).out, QByteArray("[\"Mine\", \"(empty record)\"]\n"));
+}
+
+void TestBesideWindow::TheLastReadingIsNotedByTheWindow() {
+    Listen(m_home->Path());
+    QCOMPARE(m_home->Run({u"expense"_s, u"add"_s, u"--odometer-end"_s, u"1120.5"_s}).exit, 0);
+    QCOMPARE(Only(InstanceCommand::kSetting), FromText(u"{'name': 'odometerLastEnd', 'value': 1120}"_s));
+}
+
 void TestBesideWindow::ANewTimerIsStartedByTheWindow() {
     Listen(m_home->Path());
     const Reply reply = m_home->RunJson({u"time"_s, u"new"_s, u"--timestamp"_s, u"--timer"_s});
@@ -213,6 +306,11 @@ void TestBesideWindow::AMuteWindow_data() {
     QTest::newRow("a setting") << QStringList{u"settings"_s, u"set"_s, u"confirmCopy"_s, u"0"_s} << 3;
     QTest::newRow("a new record with a timer") << QStringList{u"time"_s, u"new"_s, u"--timer"_s} << 3;
     QTest::newRow("a record with a timer goes") << QStringList{u"time"_s, u"delete"_s, u"%1"_s} << 3;
+    QTest::newRow("columns") << QStringList{u"columns"_s, u"set"_s, u"time"_s, u"Date"_s} << 3;
+    QTest::newRow("default columns") << QStringList{u"columns"_s, u"reset"_s, u"time"_s} << 3;
+    QTest::newRow("a stored default") << QStringList{u"defaults"_s, u"save"_s, u"Mine"_s} << 3;
+    QTest::newRow("a name of a field") << QStringList{u"labels"_s, u"set"_s, u"109"_s, u"Matter"_s} << 3;
+    QTest::newRow("list items are everybody's") << QStringList{u"items"_s, u"list"_s, u"16"_s} << 0;
     QTest::newRow("records are everybody's") << QStringList{u"time"_s, u"add"_s} << 0;
     QTest::newRow("so is looking at them") << QStringList{u"time"_s, u"show"_s, u"%1"_s} << 0;
 }

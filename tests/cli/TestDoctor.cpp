@@ -28,6 +28,12 @@ class TestDoctor : public QObject {
     void BadRecords_data();
     void BadRecords();
     void ListItemsWithoutAList();
+    void DamagedDependencies_data();
+    void DamagedDependencies();
+    void DependenciesOfGoneItems();
+    void DamagedColumns_data();
+    void DamagedColumns();
+    void ADamagedDefault();
     void AnOrphanTimer();
 
  private:
@@ -180,16 +186,25 @@ void TestDoctor::BadRecords_data() {
     QTest::newRow("a year 26") << QByteArray("UPDATE time_velmarch SET year=26") << QByteArray("dates");
     QTest::newRow("an identity that is none")
         << QByteArray("UPDATE time_velmarch SET identity='xyz'") << QByteArray("identities");
+    QTest::newRow("an expense of a month 13")
+        << QByteArray("UPDATE expense_velmarch SET month=13") << QByteArray("dates");
+    QTest::newRow("an expense of a 29 February that isn't")
+        << QByteArray("UPDATE expense_velmarch SET month=2, day=29, year=2026") << QByteArray("dates");
+    QTest::newRow("an expense's identity that is none")
+        << QByteArray("UPDATE expense_velmarch SET identity='xyz'") << QByteArray("identities");
 }
 
 void TestDoctor::BadRecords() {
     QFETCH(QByteArray, sql);
     QFETCH(QByteArray, words);
     m_home->Add({u"--date"_s, u"2026-11-19"_s});
+    m_home->AddExpense({u"--date"_s, u"2026-11-19"_s});
     QVERIFY(Execute(u"velmarch.store"_s, sql));
     const Reply reply = m_home->RunJson({u"doctor"_s});
     QCOMPARE(reply.exit, 1);
-    const QJsonObject check = Check(reply.Object(), u"time records"_s);
+    const QString kind = sql.contains("expense") ? u"expense"_s : u"time"_s;
+    const QJsonObject check = Check(reply.Object(), kind + u" records"_s);
+    if (words == "dates") QVERIFY(check[u"advice"].toString().contains(kind + u" edit"_s));
     QCOMPARE(check[u"ok"].toBool(true), false);
     QVERIFY2(check[u"detail"].toString().toUtf8().contains(words), reply.out.constData());
 }
@@ -209,6 +224,80 @@ void TestDoctor::ListItemsWithoutAList() {
     QVERIFY(Execute(u"velmarch.store"_s, "DELETE FROM item_velmarch WHERE list=98"));
     QCOMPARE(Check(m_home->RunJson({u"doctor"_s}).Object(), u"list items"_s)[u"detail"].toString(),
              u"2 list items"_s);
+}
+
+void TestDoctor::DamagedDependencies_data() {
+    QTest::addColumn<QByteArray>("sql");
+    QTest::newRow("a block that doesn't fit its digest")
+        << QByteArray("UPDATE dependency_velmarch SET block='00'||substr(block,3) WHERE length(block)>64");
+    QTest::newRow("no block") << QByteArray("UPDATE dependency_velmarch SET block='xyz' WHERE number=55");
+    QTest::newRow("a chunk that is gone")
+        << QByteArray("DELETE FROM dependency_velmarch WHERE identity NOT LIKE 'FFFF%'");
+}
+
+void TestDoctor::DamagedDependencies() {
+    QFETCH(QByteArray, sql);
+    QCOMPARE(m_home->Run({u"items"_s, u"add"_s, u"16"_s, u"Alpha"_s}).exit, 0);
+    QCOMPARE(m_home->Run({u"tree"_s, u"add"_s, u"time"_s, u"Alpha"_s}).exit, 0);
+    QCOMPARE(Check(m_home->RunJson({u"doctor"_s}).Object(), u"time dependencies"_s)[u"detail"].toString(),
+             u"1 entries"_s);
+    QVERIFY(Execute(u"velmarch.store"_s, sql));
+    const Reply reply = m_home->RunJson({u"doctor"_s});
+    QCOMPARE(reply.exit, 1);
+    const QJsonObject check = Check(reply.Object(), u"time dependencies"_s);
+    QCOMPARE(check[u"ok"].toBool(true), false);
+    QVERIFY(!check[u"advice"].toString().isEmpty());
+    QCOMPARE(Check(reply.Object(), u"expense dependencies"_s)[u"ok"].toBool(false), true);
+}
+
+void TestDoctor::DependenciesOfGoneItems() {
+    QCOMPARE(m_home->Run({u"items"_s, u"add"_s, u"16"_s, u"Alpha"_s}).exit, 0);
+    QCOMPARE(m_home->Run({u"tree"_s, u"add"_s, u"expense"_s, u"Alpha"_s}).exit, 0);
+    QVERIFY(Execute(u"velmarch.store"_s, "DELETE FROM item_velmarch"));
+    const QJsonObject report = m_home->RunJson({u"doctor"_s}).Object();
+    QCOMPARE(Check(report, u"expense dependencies"_s)[u"ok"].toBool(true), false);
+    QCOMPARE(Check(report, u"time dependencies"_s)[u"ok"].toBool(false), true);
+}
+
+void TestDoctor::DamagedColumns_data() {
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("check");
+    QTest::newRow("of the list") << u"ListColumns"_s << u"columns"_s;
+    QTest::newRow("of the tree") << u"TreeColumns"_s << u"tree levels"_s;
+}
+
+void TestDoctor::DamagedColumns() {
+    QFETCH(QString, value);
+    QFETCH(QString, check);
+    m_home->Add({});
+    QVERIFY(Execute(u"velmarch.settings"_s,
+                    "UPDATE entries SET value=x'0600000001000000FF' WHERE name='" + value.toLatin1() + "'"));
+    const Reply reply = m_home->RunJson({u"doctor"_s});
+    QCOMPARE(reply.exit, 1);
+    const QJsonObject finding = Check(reply.Object(), check);
+    QCOMPARE(finding[u"ok"].toBool(true), false);
+    QVERIFY2(finding[u"advice"].toString().contains(u"columns reset"), reply.out.constData());
+    for (const QString& mode : {u"time"_s, u"expense"_s}) {
+        QStringList reset{u"columns"_s, u"reset"_s, mode};
+        if (value == u"TreeColumns") reset.append(u"--tree"_s);
+        QCOMPARE(m_home->Run(reset).exit, 0);
+    }
+    QCOMPARE(m_home->Run({u"doctor"_s}).exit, 0);
+}
+
+void TestDoctor::ADamagedDefault() {
+    for (const QString& name : {u"Mine"_s, u"Yours"_s})
+        QCOMPARE(m_home->Run({u"defaults"_s, u"save"_s, name}).exit, 0);
+    QVERIFY(Execute(u"velmarch.settings"_s,
+                    "UPDATE entries SET value=x'00' WHERE key=(SELECT id FROM keys WHERE name='Mine')"));
+    const QJsonObject check = Check(m_home->RunJson({u"doctor"_s}).Object(), u"time defaults"_s);
+    QCOMPARE(check[u"ok"].toBool(true), false);
+    QVERIFY2(check[u"detail"].toString().contains(u"Mine"), qPrintable(check[u"detail"].toString()));
+    QVERIFY(!check[u"detail"].toString().contains(u"Yours"));
+    QCOMPARE(m_home->Run({u"defaults"_s, u"show"_s, u"Mine"_s}).exit, 1);
+    QCOMPARE(m_home->Run({u"time"_s, u"new"_s, u"--from"_s, u"defaults:Mine"_s}).exit, 1);
+    QCOMPARE(m_home->Run({u"--yes"_s, u"defaults"_s, u"delete"_s, u"Mine"_s}).exit, 0);
+    QCOMPARE(m_home->Run({u"doctor"_s}).exit, 0);
 }
 
 void TestDoctor::AnOrphanTimer() {
