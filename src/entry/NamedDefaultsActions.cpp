@@ -46,7 +46,7 @@ NamedDefaultsActions::NamedDefaultsActions(NamedDefaults& defaults, CVORec& work
 
 std::optional<QString> NamedDefaultsActions::New() {
     if (!m_defaults.Read(NamedDefaults::EmptyRecordName(), m_working) || !m_screen.edit(m_working)) return {};
-    const std::optional<QString> name = AskNewName();
+    std::optional<QString> name = AskNewName();
     if (!name || !m_defaults.Write(*name, m_working)) return {};
     return name;
 }
@@ -61,7 +61,7 @@ std::optional<QString> NamedDefaultsActions::AskNewName() {
             if (!GoesOn(Text::AskNameAgain, Text::DefaultsName, m_screen.prompt)) return {};
             continue;
         }
-        const std::optional<QString> former = m_defaults.FindName(typed);
+        std::optional<QString> former = m_defaults.FindName(typed);
         if (!former) return typed;
         const Answer answer = m_screen.prompt.Ask(
             QuestionOf(Text::AskReplaceDefault, Text::NewDefaultTitle, Buttons::YesNoCancel, Answer::No));
@@ -97,7 +97,7 @@ bool NamedDefaultsActions::Delete(const QString& name) {
 std::optional<QString> NamedDefaultsActions::Rename(const QString& name) {
     if (name.isEmpty() || IsRefused(name, Text::RenameRefused, Text::RenameDefaultTitle, m_screen.prompt))
         return {};
-    const std::optional<QString> newName = AskOtherName(name);
+    std::optional<QString> newName = AskOtherName(name);
     if (!newName || !m_defaults.Rename(name, *newName)) return {};
     return newName;
 }

@@ -65,7 +65,7 @@ CommandWords WordsOf(const CommandRow& row, bool timeMode, const FieldLabels& la
 
 QString MenuPathOf(const CommandRow& row) {
     const MenuRow& menu = RowOf(row.menu);
-    const QString own = PlainCaption(LoadText(menu.caption));
+    QString own = PlainCaption(LoadText(menu.caption));
     if (menu.parent == menu.menu) return own;
     return PlainCaption(LoadText(RowOf(menu.parent).caption)) + LoadText(Text::PathBetween) + own;
 }

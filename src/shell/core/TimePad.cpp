@@ -15,6 +15,7 @@ constexpr int kMinuteStep = 5;
 
 std::vector<int> Ids(int first) {
     std::vector<int> ids;
+    ids.reserve(kButtons);
     for (int place = 0; place < kButtons; ++place) ids.push_back(first + place);
     return ids;
 }

@@ -50,6 +50,7 @@ std::vector<int> FindBest(const std::vector<PlacedText>& texts, const QString& w
     }
     std::ranges::sort(ranked);
     std::vector<int> found;
+    found.reserve(ranked.size());
     for (const auto& [rank, place] : ranked) found.push_back(place);
     return found;
 }
