@@ -30,7 +30,7 @@ constexpr PresetRow kPresets[] = {
 
 /// What a field is called without a name of the user: its default, for the heading of a list what it is.
 QString DefaultOf(int field) {
-    const QString name = FieldLabels::Default(field);
+    QString name = FieldLabels::Default(field);
     if (!name.isEmpty()) return name;
     for (const RecordMode mode : {RecordMode::Time, RecordMode::Expense})
         for (const LabelRow& row : LabelRows(mode))
