@@ -2,6 +2,7 @@
 
 #include "app/FieldLabels.h"
 #include "lang/LoadText.h"
+#include "shell/IconTheme.h"
 #include "shell/ModalUser.h"
 #include "support/TestHome.h"
 
@@ -48,6 +49,7 @@ class TestCButtonChooser final : public QObject {
  private Q_SLOTS:
     void initTestCase() {
         home = std::make_unique<TestHome>();
+        ChooseIconTheme();
         labels.Set(109, u"Customer & Co"_s);
     }
 

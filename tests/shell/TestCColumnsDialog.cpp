@@ -48,7 +48,7 @@ class TestCColumnsDialog final : public QObject {
         QCOMPARE(time.windowTitle(), u"Columns and look"_s);
         // the breaks 5 and 7, and one at the end
         QCOMPARE(Shown(time),
-                 u"Date, Start, Duration, Billable, Billed, -, Client, Project, -, Activity, "
+                 u"Date, Start, Hours, Billable, Billed, -, Client, Project, -, Activity, "
                  "Cost centre, -"_s);
         QCOMPARE(Lines(time, "availableColumns").first(), u"-"_s);
         QCOMPARE(Lines(time, "availableColumns").size(), 9);

@@ -341,7 +341,7 @@ class TestCommandTable final : public QObject {
     void menusInTheirOrder() {
         QStringList captions;
         for (const MenuRow& row : MenuTable())
-            if (row.parent == row.menu) captions << LoadText(row.caption).remove(u'&');
+            if (row.parent == row.menu) captions << QString(LoadText(row.caption)).remove(u'&');
         QCOMPARE(captions.join(u' '), QStringLiteral("Record View Period Filter Timer Lists Tools Help"));
     }
     /// Each submenu stands behind a command of its parent.
