@@ -135,8 +135,10 @@ CSearchList::~CSearchList() = default;
 void CSearchList::SetRows(std::vector<SearchRow> rows, int current, Find find) {
     m_find = std::move(find);
     m_rows->Set(std::move(rows));
+    // Where there is little room, the place is what can be cut.
+    const bool hasPlace = m_rows->columnCount() > kPlaceColumn;
     m_list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_list->header()->setSectionResizeMode(kTextColumn, QHeaderView::Stretch);
+    m_list->header()->setSectionResizeMode(hasPlace ? kPlaceColumn : kTextColumn, QHeaderView::Stretch);
     Select(current);
 }
 
