@@ -118,6 +118,8 @@ CSearchList::CSearchList(const Texts& texts, QWidget* parent)
     m_list->setUniformRowHeights(true);
     m_list->setAllColumnsShowFocus(true);
     m_list->header()->setStretchLastSection(false);
+    m_list->header()->setMinimumSectionSize(1);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     column->addWidget(m_list);
     m_nothing->setObjectName(QStringLiteral("searchNothing"));
     m_nothing->setWordWrap(true);
