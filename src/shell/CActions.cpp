@@ -7,6 +7,7 @@
 #include "shell/PlainTip.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -48,6 +49,22 @@ CActions::CActions(QMainWindow& window) : QObject(&window), m_window(window), m_
 
 void CActions::MakeActions() {
     for (const CommandRow& row : CommandTable()) m_made.push_back({&row, MakeAction(row)});
+    GroupChoices();
+}
+
+/// Of commands of which one holds at a time, each is shown as a choice and not as a switch. "Last year",
+/// whose check may be that of the layout with its number, stays by itself.
+void CActions::GroupChoices() {
+    std::map<int, QActionGroup*> groups;
+    for (const Made& made : m_made) {
+        if (made.row->check != CheckStyle::Radio) continue;
+        const bool isPeriod = made.row->run == Run::PeriodAll || made.row->run == Run::PeriodDay ||
+                              made.row->run == Run::PeriodPreset;
+        if (isPeriod && made.row->id == Command::kLayoutIcons) continue;
+        QActionGroup*& group = groups[static_cast<int>(isPeriod ? Run::PeriodPreset : made.row->run)];
+        if (!group) group = new QActionGroup(this);
+        group->addAction(made.action);
+    }
 }
 
 QAction* CActions::MakeAction(const CommandRow& row) {

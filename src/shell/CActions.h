@@ -57,6 +57,7 @@ class CActions final : public QObject {
     };
     void MakeActions();
     [[nodiscard]] QAction* MakeAction(const CommandRow& row);
+    void GroupChoices();
     void MakeMenus();
     void FillMenu(QMenu& menu, Menu which);
     void MakeContextMenu();

@@ -4,6 +4,7 @@
 #include "shell/CMnemonics.h"
 #include "shell/DialogSize.h"
 #include "shell/FormRows.h"
+#include "shell/PlainTip.h"
 #include "shell/core/CommandWords.h"
 
 #include <QDialogButtonBox>
@@ -13,6 +14,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace {
@@ -31,6 +33,13 @@ QPushButton* AddButton(QVBoxLayout& buttons, Text caption, Text tip, const char*
     NameWidget(*button, QString::fromLatin1(name), LoadText(caption));
     buttons.addWidget(button);
     return button;
+}
+
+/// In place of an icon, so that the words beside it stand in line.
+QIcon Blank(const QSize& size) {
+    QPixmap blank(size);
+    blank.fill(Qt::transparent);
+    return blank;
 }
 
 }  // namespace
@@ -63,6 +72,8 @@ QListWidget* CButtonChooser::AddList(QHBoxLayout& lists, Text caption, const cha
     auto* label = new QLabel(mnemonics.Give(LoadText(caption)));
     label->setBuddy(list);
     NameWidget(*list, QString::fromLatin1(name), LoadText(caption));
+    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    list->setIconSize({icon, icon});
     list->setTextElideMode(Qt::ElideRight);
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->installEventFilter(this);
@@ -106,12 +117,12 @@ void CButtonChooser::Fill(QListWidget& list, const QList<int>& buttons, int curr
     for (const int button : buttons) {
         const CommandRow* row = FindCommand(button);
         if (!row) {
-            list.addItem(LoadText(Text::ChooserSeparator));
+            new QListWidgetItem(Blank(list.iconSize()), LoadText(Text::ChooserSeparator), &list);
             continue;
         }
         const CommandWords words = WordsOf(*row, m_names.timeMode, m_names.labels);
-        auto* item = new QListWidgetItem(QIcon::fromTheme(QString::fromLatin1(row->icon)), words.tip, &list);
-        item->setStatusTip(words.status);
+        const QIcon icon = QIcon::fromTheme(QString::fromLatin1(row->icon));
+        (new QListWidgetItem(icon, words.tip, &list))->setToolTip(PlainTip(words.status));
     }
     list.setCurrentRow(qMin(current, list.count() - 1));
 }

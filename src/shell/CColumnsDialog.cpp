@@ -38,10 +38,8 @@ CColumnsDialog::CColumnsDialog(Of of, ColumnHalf half, CCfgStore& settings, QWid
     CMnemonics mnemonics;
     auto* column = new QVBoxLayout(this);
     column->setSpacing(kFormSpace);
-    if (isList)
-        column->addWidget(ListPages());
-    else
-        column->addWidget(m_columns);
+    column->addWidget(isList ? ListPages() : m_columns);
+    if (!isList) m_columns->layout()->setContentsMargins(0, 0, 0, 0);
     column->addWidget(MakeDialogButtons(*this, Text::DialogOk, mnemonics));
     const CColSet& set = isList ? m_settings.ListColumns() : m_settings.TreeColumns();
     m_columns->SetDraft(ColumnDraftOf(set, m_half), isList && HasSeveralLines(m_settings));

@@ -14,16 +14,18 @@
 
 namespace {
 
-QString SizeSection() {
-    return QStringLiteral("PickDialog");
+QString SizeSection(bool hasSearch) {
+    return hasSearch ? QStringLiteral("PickDialog") : QStringLiteral("ShortPickDialog");
 }
 constexpr QSize kUsualSize{320, 400};
+constexpr QSize kUsualShortSize{280, 180};
 
 }  // namespace
 
 CPickDialog::CPickDialog(const Choice& choice, CProfile& profile, QWidget* parent)
     : QDialog(parent),
       m_profile(profile),
+      m_hasSearch(choice.hasSearch),
       m_list(new CSearchList({Text::PickSearch, Text::PickRows, Text::PickNothingFound})) {
     setObjectName(QStringLiteral("pickDialog"));
     setWindowTitle(choice.title);
@@ -48,7 +50,7 @@ CPickDialog::CPickDialog(const Choice& choice, CProfile& profile, QWidget* paren
     for (const QString& text : choice.rows) rows.push_back({.text = text});
     m_list->SetRows(std::move(rows), choice.present,
                     [texts = choice.rows](const QString& words) { return FindByWords(texts, words); });
-    RestoreDialogSize(*this, m_profile, SizeSection(), kUsualSize);
+    RestoreDialogSize(*this, m_profile, SizeSection(m_hasSearch), m_hasSearch ? kUsualSize : kUsualShortSize);
     m_list->setFocus();
 }
 
@@ -57,7 +59,7 @@ int CPickDialog::Picked() const {
 }
 
 void CPickDialog::done(int result) {
-    KeepDialogSize(*this, m_profile, SizeSection());
+    KeepDialogSize(*this, m_profile, SizeSection(m_hasSearch));
     QDialog::done(result);
 }
 

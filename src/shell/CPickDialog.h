@@ -29,6 +29,7 @@ class CPickDialog final : public QDialog {
 
  private:
     CProfile& m_profile;
+    bool m_hasSearch;
     CSearchList* m_list;
 };
 

@@ -118,6 +118,8 @@ CSearchList::CSearchList(const Texts& texts, QWidget* parent)
     m_list->setUniformRowHeights(true);
     m_list->setAllColumnsShowFocus(true);
     m_list->header()->setStretchLastSection(false);
+    m_list->header()->setMinimumSectionSize(1);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     column->addWidget(m_list);
     m_nothing->setObjectName(QStringLiteral("searchNothing"));
     m_nothing->setWordWrap(true);
@@ -135,8 +137,10 @@ CSearchList::~CSearchList() = default;
 void CSearchList::SetRows(std::vector<SearchRow> rows, int current, Find find) {
     m_find = std::move(find);
     m_rows->Set(std::move(rows));
+    // Where there is little room, the place is what can be cut.
+    const bool hasPlace = m_rows->columnCount() > kPlaceColumn;
     m_list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_list->header()->setSectionResizeMode(kTextColumn, QHeaderView::Stretch);
+    m_list->header()->setSectionResizeMode(hasPlace ? kPlaceColumn : kTextColumn, QHeaderView::Stretch);
     Select(current);
 }
 

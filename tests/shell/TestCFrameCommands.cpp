@@ -304,9 +304,8 @@ class TestCFrameCommands final : public QObject {
         Scene time;
         const QString id = time.home.AddTime(2026, 11, 19, u"09:00"_s, u"10:00"_s);
         time.dialog = [&time](CVORec& record) {
-            if (&record != &time.timeEntry) return false;  // not the working record of time
             static_cast<CTRecord&>(record).notes = u"edited"_s;
-            return true;
+            return &record == &time.timeEntry;  // the one working record of time
         };
         time.SelectAll();
         time.Run(103);

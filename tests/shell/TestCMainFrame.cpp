@@ -444,7 +444,7 @@ class TestCMainFrame final : public QObject {
         QTRY_COMPARE(window.frame->width(), 480);
         // The second bar goes below the first instead of being cut.
         QTRY_VERIFY(window.Find<QToolBar>("toolBar102")->y() > window.Find<QToolBar>("toolBar101")->y());
-        window.frame->resize(2000, 700);
+        window.frame->resize(1500, 700);
         QTRY_COMPARE(window.Find<QToolBar>("toolBar102")->y(), window.Find<QToolBar>("toolBar101")->y());
     }
 

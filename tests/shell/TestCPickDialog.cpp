@@ -144,7 +144,6 @@ class TestCPickDialog final : public QObject {
         QCOMPARE(List(*dialog)->model()->rowCount(), 4);
     }
     void SizeIsKept() {
-        Open()->resize(400, 500);
         {
             const auto dialog = Open();
             dialog->resize(410, 330);

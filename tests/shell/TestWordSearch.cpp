@@ -36,12 +36,15 @@ class TestWordSearch final : public QObject {
     void BestFirst_data() {
         QTest::addColumn<QString>("words");
         QTest::addColumn<QString>("expected");
-        const QString all = u"New record, Start timer, New with timer, Restart, Edit, Timers only"_s;
+        const QString all =
+            u"New record, Start timer, Restart all, New with timer, Restart, Edit, Timers only"_s;
         QTest::newRow("no words: as given") << "" << all;
         QTest::newRow("what begins so comes first") << "timer"
                                                     << "Timers only, Start timer, New with timer, Edit";
+        QTest::newRow("the text itself before what begins so") << "RESTART"
+                                                               << "Restart, Restart all";
         QTest::newRow("words that begin before those within") << "start"
-                                                              << "Start timer, Restart";
+                                                              << "Start timer, Restart all, Restart";
         QTest::newRow("in any order") << "timer new"
                                       << "New with timer";
         QTest::newRow("by the place alone") << "edit timer"
@@ -53,12 +56,11 @@ class TestWordSearch final : public QObject {
     }
     void BestFirst() {
         QFETCH(QString, words);
-        const std::vector<PlacedText> texts{{u"New record"_s, u"Record"_s},
-                                            {u"Start timer"_s, u"Clock"_s},
-                                            {u"New with timer"_s, u"Record"_s},
-                                            {u"Restart"_s, u"Record"_s},
-                                            {u"Edit"_s, u"Timer"_s},
-                                            {u"Timers only"_s, u"Filter"_s}};
+        const std::vector<PlacedText> texts{
+            {u"New record"_s, u"Record"_s},  {u"Start timer"_s, u"Clock"_s},
+            {u"Restart all"_s, u"Record"_s}, {u"New with timer"_s, u"Record"_s},
+            {u"Restart"_s, u"Record"_s},     {u"Edit"_s, u"Timer"_s},
+            {u"Timers only"_s, u"Filter"_s}};
         QStringList found;
         for (const int place : FindBest(texts, words)) found << texts[static_cast<std::size_t>(place)].text;
         QTEST(found.join(u", "_s), "expected");

@@ -16,12 +16,13 @@ bool BeginsWord(const QString& text, const QString& word) {
     return false;
 }
 
-enum Rank { kIs, kBegins, kWords, kSomewhere, kWithPlace, kNotFound };
+enum Rank { kEquals, kBegins, kWords, kSomewhere, kWithPlace, kNotFound };
 
 Rank RankOf(const PlacedText& placed, const QString& words) {
     const QStringList all = WordsIn(words);
-    if (placed.text.compare(words.trimmed(), Qt::CaseInsensitive) == 0) return kIs;
-    if (placed.text.startsWith(words.trimmed(), Qt::CaseInsensitive)) return kBegins;
+    const QString typed = words.trimmed();
+    if (placed.text.compare(typed, Qt::CaseInsensitive) == 0) return kEquals;
+    if (placed.text.startsWith(typed, Qt::CaseInsensitive)) return kBegins;
     if (std::ranges::all_of(all, [&](const QString& word) { return BeginsWord(placed.text, word); }))
         return kWords;
     if (HasAllWords(placed.text, words)) return kSomewhere;

@@ -14,7 +14,7 @@ struct PlacedText {
     QString text;
     QString place;
 };
-/// The places of those that have all words, the best first: the text typed, then one that begins so, then one
-/// in which each word begins a word, then one that has the words somewhere, last those that need the place
-/// for it. Equals stay in their order.
+/// The places of those that have all words, the best first: the text as typed, then one that begins so, then
+/// one in which each word begins a word, then one that has the words somewhere, last those that need the
+/// place for it. Equals stay in their order.
 [[nodiscard]] std::vector<int> FindBest(const std::vector<PlacedText>& texts, const QString& words);
