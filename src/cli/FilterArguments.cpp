@@ -143,7 +143,7 @@ void ReadFlags(const CArguments& arguments, const FlagRow<Filter> (&flags)[N], F
 
 FilterProblem ReadTimeFilter(const CArguments& arguments, const PeriodSurroundings& around,
                              TimeFilter& filter) {
-    const FilterProblem problem = ReadShared(arguments, around, filter);
+    FilterProblem problem = ReadShared(arguments, around, filter);
     ReadFlags(arguments, kTimeFlags, filter);
     return problem;
 }

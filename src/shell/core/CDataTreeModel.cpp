@@ -46,7 +46,7 @@ QVariant CDataTreeModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
     const CTreeNode& node = NodeAt(index);
     const bool isRoot = node.Parent() == nullptr;
-    const QString text = isRoot ? LoadText(Text::TreeRoot) : node.Text();
+    QString text = isRoot ? LoadText(Text::TreeRoot) : node.Text();
     const QString count = isRoot ? QString() : FormatText<Text::PlainInteger>(node.Count());
     switch (role) {
         case Qt::DisplayRole:
