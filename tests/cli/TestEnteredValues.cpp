@@ -36,6 +36,8 @@ class TestEnteredValues : public QObject {
     void ReadSpan();
     void ReadNumber_data();
     void ReadNumber();
+    void ReadSignedNumber_data();
+    void ReadSignedNumber();
     void ReadIdentity_data();
     void ReadIdentity();
 };
@@ -173,6 +175,26 @@ void TestEnteredValues::ReadNumber() {
     QFETCH(QString, region);
     QFETCH(QString, typed);
     QTEST(EnteredValues::ReadNumber(typed, Region(region)).value_or(-1.0), "number");
+}
+
+void TestEnteredValues::ReadSignedNumber_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<double>("number");  // 99: none
+    QTest::newRow("a number without a sign") << u"12.5"_s << 12.5;
+    QTest::newRow("a negative one") << u"-12.5"_s << -12.5;
+    QTest::newRow("blanks around") << u" -3 "_s << -3.0;
+    QTest::newRow("nothing behind the sign") << u"-"_s << 99.0;
+    QTest::newRow("a blank behind the sign") << u"- 3"_s << 99.0;
+    QTest::newRow("two signs") << u"--3"_s << 99.0;
+    QTest::newRow("a plus sign") << u"+3"_s << 99.0;
+    QTest::newRow("a sign behind") << u"3-"_s << 99.0;
+    QTest::newRow("too much") << u"-1000000000"_s << 99.0;
+    QTest::newRow("nothing") << QString() << 99.0;
+}
+
+void TestEnteredValues::ReadSignedNumber() {
+    QFETCH(QString, typed);
+    QTEST(EnteredValues::ReadSignedNumber(typed, {}).value_or(99.0), "number");
 }
 
 void TestEnteredValues::ReadIdentity_data() {
