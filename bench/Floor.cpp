@@ -84,6 +84,31 @@ int Load(const std::string& path) {
     return 0;
 }
 
+struct FloorItem {
+    int list, type;
+    std::string text;
+    double number;
+    std::string identity;
+};
+
+/// The five columns of the list items into plain texts and numbers.
+int Items(const std::string& path) {
+    const auto start = Clock::now();
+    FloorStore store(path);
+    sqlite3_stmt* statement = store.Prepare("SELECT * FROM item_velmarch");
+    const auto text = [statement](int column) {
+        return std::string(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
+    };
+    std::vector<FloorItem> items;
+    while (store.Step(statement))
+        items.push_back({sqlite3_column_int(statement, 0), sqlite3_column_int(statement, 1), text(2),
+                         sqlite3_column_double(statement, 3), text(4)});
+    sqlite3_finalize(statement);
+    Say("items_us", MicrosecondsSince(start));
+    theResult = items.size();
+    return 0;
+}
+
 /// The same rows into the same schema, with one commit per 10,000.
 int Fill(const std::string& source, const std::string& target) {
     std::vector<FloorRow> rows;
@@ -155,10 +180,13 @@ int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     const std::string what = arguments.empty() ? std::string() : arguments[0];
     if (what == "load" && arguments.size() == 2) return Load(arguments[1]);
+    if (what == "items" && arguments.size() == 2) return Items(arguments[1]);
     if (what == "fill" && arguments.size() == 3) return Fill(arguments[1], arguments[2]);
     if (what == "add" && arguments.size() == 2) return Add(arguments[1]);
     if (what == "month" && arguments.size() == 4) return Month(arguments[1], arguments[2], arguments[3]);
-    std::fputs("usage: bench-floor load STORE | fill SOURCE TARGET | add STORE | month STORE YEAR MONTH\n",
-               stderr);
+    std::fputs(
+        "usage: bench-floor load STORE | items STORE | fill SOURCE TARGET | add STORE | month STORE YEAR "
+        "MONTH\n",
+        stderr);
     return 2;
 }

@@ -3,6 +3,7 @@
 #include "OursViews.h"
 #include "app/CVelmarchApp.h"
 #include "app/DemoData.h"
+#include "app/ListTable.h"
 #include "lang/LoadText.h"
 #include "platform/CClock.h"
 #include "platform/CInstallLocation.h"
@@ -107,6 +108,30 @@ int Load(const QString& home) {
     return 0;
 }
 
+/// Items of the first pick list in a home without records.
+int MakeItems(const QString& home, int count) {
+    Program program(home);
+    CRecordStore& store = program.app.Store();
+    if (!store.BeginBatch()) return 1;
+    for (int i = 0; i < count; ++i) {
+        CPRecord item(QStringLiteral("Client number %1").arg(i));
+        item.listId = ListId::kClient;
+        item.GenUnique();
+        if (!store.InsertRecord(item, true)) return 1;
+    }
+    return store.Commit() ? 0 : 1;
+}
+
+int Items(const QString& home) {
+    Program program(home);
+    QElapsedTimer timer;
+    timer.start();
+    if (!program.app.Catalogue().Load()) return 1;
+    Say("items_us", Microseconds(timer));
+    Say("items", static_cast<double>(program.app.Catalogue().GetList(ListId::kClient)->size()));
+    return 0;
+}
+
 int Views(const QString& home) {
     Program program(home);
     if (!program.app.Document().LoadRecords(RecordKind::Time)) return 1;
@@ -124,8 +149,14 @@ int main(int argc, char** argv) {
     if (!LoadLanguageLibrary(FolderOf(ModulePath()))) return 1;
     if (arguments.size() == 3 && arguments[1] == QStringLiteral("load")) return Load(arguments[2]);
     if (arguments.size() == 3 && arguments[1] == QStringLiteral("views")) return Views(arguments[2]);
+    if (arguments.size() == 3 && arguments[1] == QStringLiteral("items")) return Items(arguments[2]);
+    if (arguments.size() == 4 && arguments[1] == QStringLiteral("make-items"))
+        return MakeItems(arguments[2], arguments[3].toInt());
     if (arguments.size() == 5 && arguments[1] == QStringLiteral("fill"))
         return Fill(arguments[2], arguments[3].toInt(), arguments[4].toUInt());
-    std::fputs("usage: bench-ours load HOME | views HOME | fill HOME RECORDS SEED\n", stderr);
+    std::fputs(
+        "usage: bench-ours load HOME | views HOME | fill HOME RECORDS SEED |\n"
+        "       make-items HOME COUNT | items HOME\n",
+        stderr);
     return 2;
 }

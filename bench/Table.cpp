@@ -14,6 +14,7 @@ namespace fs = std::filesystem;
 
 /// The store that small homes are compared with.
 constexpr int kSmall = 1000;
+constexpr int kItems = 50000;
 constexpr int kSeed = 1;
 constexpr int kCommandRounds = 21;
 
@@ -168,6 +169,22 @@ void Commands(const Places& places, int size) {
     Line("time list of a month (floor: the bare query)", lists[0] / 1000, lists[1] / 1000, 4, "ms");
 }
 
+/// The pick lists of a home with many items; no records.
+void ListItems(const Places& places) {
+    Head(std::to_string(kItems) + " list items");
+    theVerdict = "MISSED";
+    const fs::path home = places.scratch / "items";
+    (void)Run({places.Program("bench-ours"), "make-items", home, std::to_string(kItems)});
+    std::vector<double> ours, floor;
+    for (int round = 0; round < 7; ++round) {
+        ours.push_back(Run({places.Program("bench-ours"), "items", home}).Figure("items_us"));
+        floor.push_back(
+            Run({places.Program("bench-floor"), "items", home / "velmarch.store"}).Figure("items_us"));
+    }
+    Line("catalogue load (floor: the bare query)", Best(ours) / 1000, Best(floor) / 1000, 3, "ms");
+    fs::remove_all(home);
+}
+
 void ProcessStart(const Places& places) {
     theVerdict = "MISSED";
     Head("Start of a process");
@@ -213,6 +230,8 @@ int main(int argc, char** argv) {
     Times small;
     FillHome(places, kSmall, small, 5);
     ProcessStart(places);
+    ListItems(places);
+    theVerdict = "over";
     std::vector<Times> times(sizes.size());
     for (std::size_t i = 0; i < sizes.size(); ++i) {
         Head(std::to_string(sizes[i]) + " records");
