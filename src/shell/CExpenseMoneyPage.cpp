@@ -92,6 +92,11 @@ void CExpenseMoneyPage::AddAmount(QGridLayout& form, const CItemFields& fields, 
                             QStringLiteral("item5Field"), mnemonics);
 }
 
+/// The field that has the focus settles its entry when it goes, and that is after this page's own part.
+CExpenseMoneyPage::~CExpenseMoneyPage() {
+    for (const QObject* child : findChildren<QObject*>()) child->disconnect(this);
+}
+
 void CExpenseMoneyPage::Wire() {
     connect(m_isDistance, &QCheckBox::clicked, this, &CExpenseMoneyPage::SwitchDistance);
     connect(m_distance, &CItemCombo::Edited, this, &CExpenseMoneyPage::EnterDistance);

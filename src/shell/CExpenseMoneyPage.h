@@ -19,6 +19,7 @@ class CExpenseMoneyPage final : public QWidget {
  public:
     CExpenseMoneyPage(const RecordDialogSurroundings& around, const CItemFields& fields,
                       CMnemonics mnemonics);
+    ~CExpenseMoneyPage() override;
 
     void ShowRecord(const CERecord& record);
     /// Distance and rate of a record, and the amount that follows from them.
