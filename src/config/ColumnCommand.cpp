@@ -28,7 +28,7 @@ std::optional<ColumnHalf> HalfOf(const QJsonObject& command) {
 /// Whole numbers; nothing when one isn't.
 std::optional<std::vector<int>> Numbers(const QJsonValue& values) {
     std::vector<int> numbers;
-    for (const QJsonValue& value : values.toArray()) {
+    for (const auto& value : values.toArray()) {
         const int number = value.toInt(-1);
         if (number < 0) return std::nullopt;
         numbers.push_back(number);
