@@ -57,7 +57,7 @@ void CRecordListModel::OnHint(Hint hint, const QStringList& ids) {
             return Rebuild();
         case Hint::Clear:
             beginResetModel();
-            m_rows.clear();
+            m_rows = std::vector<Row>();
             endResetModel();
             return;
         default:
@@ -128,10 +128,22 @@ void CRecordListModel::AddRows(const QStringList& added) {
 
 void CRecordListModel::Append(const QStringList& ids) {
     if (ids.isEmpty()) return;
+    MakeRoom(static_cast<std::size_t>(ids.size()));
     const int first = rowCount();
     beginInsertRows({}, first, first + static_cast<int>(ids.size()) - 1);
     for (const QString& id : ids) m_rows.push_back(RowOf(id));
     endInsertRows();
+}
+
+/// An eighth more than is needed: doubling would leave a million rows with the room of two.
+void CRecordListModel::MakeRoom(std::size_t more) {
+    constexpr std::size_t kLeast = 8;
+    const std::size_t needed = m_rows.size() + more;
+    if (needed > m_rows.capacity()) m_rows.reserve(needed + std::max(kLeast, needed / 8));
+}
+
+void CRecordListModel::ReturnRoom() {
+    if (m_rows.size() < m_rows.capacity() / 2) m_rows.shrink_to_fit();
 }
 
 void CRecordListModel::ChangeRows(const QStringList& ids) {
@@ -152,6 +164,7 @@ void CRecordListModel::RemoveRows(const QStringList& ids) {
         beginResetModel();
         const QSet<QString> gone(ids.begin(), ids.end());
         std::erase_if(m_rows, [&gone](const Row& row) { return gone.contains(row.id); });
+        ReturnRoom();
         endResetModel();
         return;
     }
@@ -160,6 +173,7 @@ void CRecordListModel::RemoveRows(const QStringList& ids) {
         m_rows.erase(m_rows.begin() + *row);
         endRemoveRows();
     }
+    ReturnRoom();
 }
 
 void CRecordListModel::TouchRows(const std::vector<int>& rows) {

@@ -76,6 +76,9 @@ class CRecordListModel final : public QAbstractTableModel {
     [[nodiscard]] QStringList AllIds() const;
     /// The rows of these records, ascending; one walk over all rows, however many are asked for.
     [[nodiscard]] std::vector<int> RowsOf(const QStringList& ids) const;
+    /// What the rows take in memory, room for more included. The texts of the identities are the records'
+    /// own.
+    [[nodiscard]] std::size_t BytesOfRows() const { return m_rows.capacity() * sizeof(Row); }
     /// The timers of these rows changed: they are shown anew.
     void TouchTimers(int firstRow, int lastRow);
 
@@ -94,6 +97,8 @@ class CRecordListModel final : public QAbstractTableModel {
 
     void TakeSortFromSettings();
     void Fill();
+    void MakeRoom(std::size_t more);
+    void ReturnRoom();
     void PutRows(CRowSorter& sorter) const;
     void SortRows();
     void Sort();
