@@ -9,14 +9,13 @@
 #include "shell/CColumnsDialog.h"
 #include "shell/CFrameDoor.h"
 #include "shell/CPalette.h"
+#include "shell/CPickDialog.h"
 #include "shell/CRecordListView.h"
 #include "shell/FrameAround.h"
 #include "shell/ListFontDialog.h"
 #include "shell/SettingSwitch.h"
 #include "shell/core/CRecordListModel.h"
 #include "shell/core/CTreeDoor.h"
-
-#include <QInputDialog>
 
 namespace {
 
@@ -53,18 +52,18 @@ void CFrameViews::Sort() {
         if (column == m_around.model.SortColumn()) present = static_cast<int>(captions.size());
         captions.append(m_around.model.CaptionOf(column));
     }
-    bool picked = false;
-    const QString caption = QInputDialog::getItem(&m_around.door.Window(), LoadText(Text::SortTitle),
-                                                  LoadText(Text::SortBy), captions, present, false, &picked);
+    const std::optional<int> picked = RunPickDialog(
+        &m_around.door.Window(),
+        {.title = LoadText(Text::SortTitle), .rows = captions, .present = present, .hasSearch = false},
+        m_around.settings.Profile());
     if (!picked) return;
-    m_around.model.SortByHeader(static_cast<int>(captions.indexOf(caption)) + 1);
+    m_around.model.SortByHeader(*picked + 1);
     m_around.view.ApplyLayout();
 }
 
 void CFrameViews::Layout(int layout) {
-    m_around.view.CaptureWidths();
     m_around.settings.listLayout = layout;
-    m_around.document.NotifyViews(Hint::Rebuild);
+    m_around.door.RebuildList();
 }
 
 /// The widths on screen come first, or the columns chosen would take those of the last start.
@@ -84,9 +83,8 @@ void CFrameViews::TreeColumns() {
 void CFrameViews::ListFont() {
     const std::optional<FontRecord> font = AskListFont(&m_around.door.Window(), m_around.view.font());
     if (!font) return;
-    m_around.view.CaptureWidths();
     m_around.settings.SetListFont(*font);
-    SaveSettings();
+    PersistLayout();
     m_around.document.NotifyViews(Hint::Rebuild);
 }
 
@@ -113,8 +111,7 @@ void CFrameViews::FindCommand() {
 
 void CFrameViews::Options() {
     if (!m_around.options()) return;
-    m_around.door.KeepLayout();
-    SaveSettings();
+    PersistLayout();
     ResetWorkingRecords();
     m_around.door.Refresh();
 }
@@ -123,6 +120,7 @@ void CFrameViews::About() {
     CAboutDialog(m_around.home, &m_around.door.Window()).exec();
 }
 
-void CFrameViews::SaveSettings() {
+void CFrameViews::PersistLayout() {
+    m_around.view.CaptureWidths();
     if (!m_around.settings.SaveAll()) TellNotSaved(m_around.prompt);
 }

@@ -20,9 +20,9 @@ class CFrameViews {
     void FindCommand();
     void Options();
     void About();
+    /// The settings are saved, with the widths that the columns have on screen.
+    void PersistLayout();
 
  private:
-    void SaveSettings();
-
     const FrameAround& m_around;
 };

@@ -30,8 +30,9 @@ class CRecordListView final : public QTableView {
     /// First and last row in sight; last below first when there is none.
     [[nodiscard]] std::pair<int, int> RowsInSight() const;
 
-    /// The widths of columns that the user has changed go to the list's columns in the settings, that of the
-    /// state to iconColumnWidth.
+    /// The widths of columns that differ from those last shown go to the list's columns in the settings, that
+    /// of the state to iconColumnWidth. The last column fills the row, and its width is taken only where it
+    /// has no more than its own.
     void CaptureWidths();
 
  Q_SIGNALS:
@@ -39,8 +40,12 @@ class CRecordListView final : public QTableView {
     void SelectionChanged();
     void EditWanted(const QString& id);
     void MenuWanted(const QPoint& globalPosition);
+    /// The user has let go of a column's edge: the widths are to be captured and kept.
+    void ColumnResized();
 
  protected:
+    /// Sees where the user lets go of the header.
+    [[nodiscard]] bool eventFilter(QObject* watched, QEvent* event) override;
     /// Home and End go to the first and last record, not to the ends of a row.
     [[nodiscard]] QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -59,12 +64,14 @@ class CRecordListView final : public QTableView {
     [[nodiscard]] int WidthOf(int section) const;
     [[nodiscard]] int CountWidth() const;
     void ToggleRow(int row);
+    void EndDrag();
+    [[nodiscard]] int PresentWidth(int section) const;
 
     CRecordListModel& m_model;
     CCfgStore& m_settings;
     CRecordDelegate* m_cells;
     CRecordLineDelegate* m_lines;
-    /// Column and width of each section but the last, as they were last set here. The state is no column.
+    /// Column and width of each section, as they were last set here. The state is no column.
     std::vector<std::pair<int, int>> m_applied;
     bool m_isToggling = false;  ///< the press was on a check box, so its release is nothing else
 };

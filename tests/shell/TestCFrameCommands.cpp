@@ -17,6 +17,7 @@
 
 #include <QCheckBox>
 #include <QFontDialog>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -42,7 +43,7 @@ class Door final : public CFrameDoor {
     void ToggleBar2() override { asked << u"bar 2"_s; }
     void ToggleStatusBar() override { asked << u"status bar"_s; }
     void Refresh() override { asked << u"refresh"_s; }
-    void KeepLayout() override { asked << u"keep"_s; }
+    void RebuildList() override { asked << u"list"_s; }
     void PickDay() override { asked << u"day"_s; }
     void Leave() override { asked << u"leave"_s; }
 
@@ -402,7 +403,67 @@ class TestCFrameCommands final : public QObject {
                  (QStringList{u"bar 1"_s, u"bar 2"_s, u"status bar"_s, u"refresh"_s, u"day"_s, u"leave"_s}));
         scene.door.asked.clear();
         scene.Run(40066);
-        QCOMPARE(scene.door.asked, (QStringList{u"keep"_s, u"refresh"_s}));
+        QCOMPARE(scene.door.asked, QStringList{u"refresh"_s});
+        scene.door.asked.clear();
+        scene.Run(32825);
+        QCOMPARE(scene.home.settings->listLayout, 2);
+        QCOMPARE(scene.door.asked, QStringList{u"list"_s});
+        QVERIFY(scene.Hints().isEmpty());
+    }
+    /// After the options what the columns are wide on screen is saved with them.
+    void OptionsSaveTheWidths() {
+        Scene scene;
+        scene.home.settings->listLayout = 3;
+        scene.home.AddTime(2026, 11, 19);
+        scene.SelectAll();
+        scene.view.horizontalHeader()->resizeSection(1, 141);
+        scene.timeEntry.notes = u"left over"_s;
+        scene.Run(40066);
+        QCOMPARE(scene.timeEntry.notes, QString());
+        const TestHome next(scene.home.Path());
+        QCOMPARE(next.settings->ListColumns().EntryAt(0).width, 141);
+    }
+    /// Picking a column acts like a click on its header, also where two are called alike.
+    void SortByADialog() {
+        Scene scene;
+        CColSet& columns = scene.home.settings->ListColumns();
+        const ColumnEntry start = columns.EntryAt(6);
+        columns.SetColumn(ColumnHalf::Time, u"Start"_s,
+                          {columns.EntryAt(0).caption, start.width, start.position, true});
+        scene.home.AddTime(2026, 11, 19);
+        scene.SelectAll();
+        QStringList rows;
+        QString title;
+        const auto pick = [&](int row) {
+            return ModalUser([&rows, &title, row](QDialog& dialog) {
+                title = dialog.windowTitle();
+                auto* list = dialog.findChild<QTreeView*>(u"searchRows"_s);
+                rows.clear();
+                for (int i = 0; i < list->model()->rowCount(); ++i)
+                    rows << list->model()->index(i, 0).data().toString();
+                list->setCurrentIndex(list->model()->index(row, 0));
+                row < 0 ? dialog.reject() : dialog.accept();
+            });
+        };
+        {
+            const ModalUser picks = pick(1);
+            scene.Run(32784);
+        }
+        QCOMPARE(title, u"Sort"_s);
+        QCOMPARE(rows.mid(0, 3), (QStringList{u"Date"_s, u"Date"_s, u"Hours"_s}));
+        QCOMPARE(scene.home.settings->sortColumnTime, 6);
+        QVERIFY(scene.home.settings->sortAscendingTime);
+        {
+            const ModalUser picks = pick(1);
+            scene.Run(32784);
+        }
+        QVERIFY(!scene.home.settings->sortAscendingTime);
+        {
+            const ModalUser cancels = pick(-1);
+            scene.Run(32784);
+        }
+        QCOMPARE(scene.home.settings->sortColumnTime, 6);
+        QVERIFY(!scene.home.settings->sortAscendingTime);
     }
 
     void FilterByAText() {
@@ -494,6 +555,11 @@ class TestCFrameCommands final : public QObject {
     }
     void ListColumnsRebuild() {
         Scene scene;
+        scene.home.settings->listLayout = 3;
+        scene.home.AddTime(2026, 11, 19);
+        scene.SelectAll();
+        scene.home.views.seen.clear();
+        scene.view.horizontalHeader()->resizeSection(2, 142);
         {
             const ModalUser accepts([](QDialog& dialog) {
                 auto* shown = dialog.findChild<QListWidget*>(u"shownColumns"_s);
@@ -504,6 +570,7 @@ class TestCFrameCommands final : public QObject {
             scene.Run(40052);
         }
         QVERIFY(!scene.home.settings->ListColumns().IsVisible(0));
+        QCOMPARE(scene.home.settings->ListColumns().EntryAt(6).width, 142);
         QCOMPARE(scene.Hints(), QList<int>{6});
         {
             const ModalUser cancels([](QDialog& dialog) { dialog.reject(); });
