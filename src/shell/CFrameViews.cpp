@@ -66,6 +66,10 @@ void CFrameViews::Layout(int layout) {
     m_around.door.RebuildList();
 }
 
+void CFrameViews::RebuildViews() {
+    m_around.document.NotifyViews(Hint::Rebuild);
+}
+
 /// The widths on screen come first, or the columns chosen would take those of the last start.
 void CFrameViews::ListColumns() {
     m_around.view.CaptureWidths();

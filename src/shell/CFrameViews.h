@@ -12,6 +12,7 @@ class CFrameViews {
     void SelectNone();
     void Sort();
     void Layout(int layout);
+    void RebuildViews();
     void ListColumns();
     void ListFont();
     void ToggleTree();

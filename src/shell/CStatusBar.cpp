@@ -44,27 +44,28 @@ CStatusBar::CStatusBar(const CVelmarchDoc& document, Selection selection, QWidge
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(6, 0, 6, 0);
     layout->setSpacing(6);
-    const auto picture = [&](const QString& name) {
-        auto* made = new QLabel(row);
-        made->setObjectName(name);
-        layout->addWidget(made);
-        return made;
-    };
-    const auto label = [&](const QString& name, Text accessible, int stretch) {
+    m_modePicture = new QLabel(row);
+    const auto label = [&](const QString& name, Text accessible) {
         auto* made = new CElidedLabel(row);
         made->setObjectName(name);
         made->setAccessibleName(LoadText(accessible));
-        layout->addWidget(made, stretch);
         return made;
     };
-    m_modePicture = picture(u"statusModePicture"_s);
-    m_mode = label(u"statusMode"_s, Text::StatusMode, 0);
+    m_mode = label(u"statusMode"_s, Text::StatusMode);
+    m_period = label(u"statusPeriod"_s, Text::StatusPeriod);
+    m_sums = label(u"statusSums"_s, Text::StatusSums);
+    m_count = label(u"statusCount"_s, Text::StatusSums);
+    m_sumsPicture = new QLabel(row);
+    m_modePicture->setObjectName(u"statusModePicture"_s);
+    m_sumsPicture->setObjectName(u"statusSumsPicture"_s);
+    layout->addWidget(m_modePicture);
+    layout->addWidget(m_mode);
     layout->addWidget(Divider(row));
-    m_period = label(u"statusPeriod"_s, Text::StatusPeriod, 0);
+    layout->addWidget(m_period);
     layout->addWidget(Divider(row));
-    m_count = label(u"statusCount"_s, Text::StatusSums, 0);
-    m_sumsPicture = picture(u"statusSumsPicture"_s);
-    m_sums = label(u"statusSums"_s, Text::StatusSums, 1);
+    layout->addWidget(m_count);
+    layout->addWidget(m_sumsPicture);
+    layout->addWidget(m_sums, 1);
     addWidget(row, 1);
     ApplyLook();
 }

@@ -409,6 +409,8 @@ class TestCFrameCommands final : public QObject {
         QCOMPARE(scene.home.settings->listLayout, 2);
         QCOMPARE(scene.door.asked, QStringList{u"list"_s});
         QVERIFY(scene.Hints().isEmpty());
+        scene.Run(32778);
+        QCOMPARE(scene.Hints(), QList<int>{6});
     }
     /// After the options what the columns are wide on screen is saved with them.
     void OptionsSaveTheWidths() {

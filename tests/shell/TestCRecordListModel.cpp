@@ -321,6 +321,28 @@ class TestCRecordListModel final : public QObject {
         for (const QString& id : scene.model.AllIds()) QVERIFY(!gone.contains(id));
     }
 
+    /// By the places of records, and by their identities where one is gone or the places were given anew.
+    void rowsOfRecords() {
+        Scene scene;
+        const QString first = scene.Add(20), second = scene.Add(19), third = scene.Add(18);
+        scene.Rebuild();
+        using Rows = std::vector<int>;
+        QCOMPARE(scene.model.RowsOf({}), Rows());
+        QCOMPARE(scene.model.RowsOf({third, first}), (Rows{0, 2}));
+        QCOMPARE(scene.model.RowsOf({third, QStringLiteral("unknown")}), Rows{2});
+        QVERIFY(scene.home.document->DeleteRecord(RecordKind::Time, second, false));
+        QCOMPARE(scene.model.RowsOf({second}), Rows{1});
+        QCOMPARE(scene.model.RowsOf({second, third}), (Rows{1, 2}));
+        scene.home.document->BuildVisible();
+        QCOMPARE(scene.model.RowsOf({third, first}), (Rows{0, 2}));
+        scene.home.settings->resortOnChange = false;
+        const QString fourth = scene.Add(17);
+        scene.home.views.seen.clear();
+        scene.model.OnHint(Hint::Added, {fourth});
+        QCOMPARE(scene.model.RowsOf({fourth}), Rows{3});
+        QCOMPARE(scene.model.RowsOf({first, fourth}), (Rows{0, 3}));
+    }
+
     void clearEmpties() {
         Scene scene;
         scene.Add(19);

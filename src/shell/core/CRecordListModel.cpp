@@ -92,13 +92,29 @@ QStringList CRecordListModel::AllIds() const {
 }
 
 std::vector<int> CRecordListModel::RowsOf(const QStringList& ids) const {
+    if (ids.isEmpty()) return {};
+    if (const auto rows = RowsByPlace(ids)) return *rows;
     const QSet<QString> wanted(ids.begin(), ids.end());
     std::vector<int> rows;
-    for (std::size_t row = 0; row < m_rows.size() && !wanted.isEmpty(); ++row) {
-        const QString& id = m_rows[row].id;
-        const bool found = ids.size() == 1 ? id == ids.front() : wanted.contains(id);
-        if (found) rows.push_back(static_cast<int>(row));
+    for (std::size_t row = 0; row < m_rows.size(); ++row)
+        if (wanted.contains(m_rows[row].id)) rows.push_back(static_cast<int>(row));
+    return rows;
+}
+
+/// The places stand in the rows themselves, the identities somewhere in memory: among a million rows a record
+/// is found in a fraction of the time. Nothing when one of the records has no place.
+std::optional<std::vector<int>> CRecordListModel::RowsByPlace(const QStringList& ids) const {
+    if (m_edition != m_document.PlacesEdition()) return std::nullopt;
+    std::vector<bool> wanted(m_document.VisiblePlaces());
+    for (const QString& id : ids) {
+        const std::size_t place = m_document.VisiblePlaceOf(id);
+        if (place >= wanted.size()) return std::nullopt;
+        wanted[place] = true;
     }
+    std::vector<int> rows;
+    for (std::size_t row = 0; row < m_rows.size(); ++row)
+        if (m_rows[row].place < wanted.size() && wanted[m_rows[row].place])
+            rows.push_back(static_cast<int>(row));
     return rows;
 }
 

@@ -5,6 +5,7 @@
 
 #include <QAbstractTableModel>
 #include <QStringList>
+#include <optional>
 #include <vector>
 
 class ActiveTimerSet;
@@ -95,6 +96,7 @@ class CRecordListModel final : public QAbstractTableModel {
         std::size_t place = 0;
     };
 
+    [[nodiscard]] std::optional<std::vector<int>> RowsByPlace(const QStringList& ids) const;
     void TakeSortFromSettings();
     void Fill();
     void MakeRoom(std::size_t more);
