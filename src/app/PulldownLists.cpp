@@ -37,7 +37,9 @@ const PulldownLists::ItemList* PulldownLists::Get(int list) const {
 
 CPRecord* PulldownLists::Find(int list, const QString& text) const {
     const List* found = Locate(list);
-    return found ? found->byText.value(text) : nullptr;
+    if (!found) return nullptr;
+    if (!found->byText) found->byText = IndexOf(found->items);
+    return found->byText->value(text);
 }
 
 CPRecord* PulldownLists::FindById(const QString& id) const {
@@ -52,7 +54,7 @@ bool PulldownLists::Add(std::unique_ptr<CPRecord> item) {
     if (place) return true;
     place = item.get();
     list->items.push_back(item.get());
-    AddText(*list, *item);
+    if (list->byText) AddText(*list->byText, *item);
     m_owned.push_back(std::move(item));
     return true;
 }
@@ -63,8 +65,8 @@ void PulldownLists::SetValue(CPRecord& item, const CPRecord& value) {
     item.text = value.text;
     item.number = value.number;
     List* list = Locate(item.listId);
-    if (!list || item.GetText() == former) return;
-    const bool isOnly = AddText(*list, item);
+    if (!list || !list->byText || item.GetText() == former) return;
+    const bool isOnly = AddText(*list->byText, item);
     FindFirstAnew(*list, former);
     if (!isOnly) FindFirstAnew(*list, item.GetText());
 }
@@ -82,21 +84,29 @@ void PulldownLists::RemoveAll(int list) {
     if (!found) return;
     for (const CPRecord* item : found->items) m_byId.remove(item->GetId());
     found->items.clear();
-    found->byText.clear();
+    found->byText.reset();
 }
 
 /// Whether no other item of the list shows its text.
-bool PulldownLists::AddText(List& list, CPRecord& item) {
-    CPRecord*& first = list.byText[item.GetText()];
+bool PulldownLists::AddText(TextIndex& index, CPRecord& item) {
+    CPRecord*& first = index[item.GetText()];
     if (first) return false;
     first = &item;
     return true;
 }
 
+PulldownLists::TextIndex PulldownLists::IndexOf(const ItemList& items) {
+    TextIndex index;
+    index.reserve(std::ssize(items));
+    for (CPRecord* item : items) AddText(index, *item);
+    return index;
+}
+
 /// The list is walked only where texts stand in it twice: then there are more items than texts.
 void PulldownLists::FindFirstAnew(List& list, const QString& text) {
-    list.byText.remove(text);
-    if (list.items.size() == static_cast<std::size_t>(list.byText.size())) return;
+    if (!list.byText) return;
+    list.byText->remove(text);
+    if (std::ssize(list.items) == list.byText->size()) return;
     const auto first = std::ranges::find(list.items, text, &CPRecord::GetText);
-    if (first != list.items.end()) list.byText.insert(text, *first);
+    if (first != list.items.end()) list.byText->insert(text, *first);
 }

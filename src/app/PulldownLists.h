@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QString>
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// The pick lists with their items in memory: the 57 known lists, their items in order of loading and adding,
@@ -35,14 +36,18 @@ class PulldownLists {
     void RemoveAll(int list);
 
  private:
+    using TextIndex = QHash<QString, CPRecord*>;
     struct List {
         int id;
         ItemList items;
-        QHash<QString, CPRecord*> byText;  ///< the first item that shows the text
+        /// The first item that shows a text. Made when first asked for: a start reads all items and looks
+        /// for hardly one by its text.
+        mutable std::optional<TextIndex> byText;
     };
     [[nodiscard]] List* Locate(int list);
     [[nodiscard]] const List* Locate(int list) const;
-    static bool AddText(List& list, CPRecord& item);
+    static bool AddText(TextIndex& index, CPRecord& item);
+    [[nodiscard]] static TextIndex IndexOf(const ItemList& items);
     static void FindFirstAnew(List& list, const QString& text);
 
     std::vector<List> m_lists;
