@@ -253,7 +253,12 @@ class TestCRecordListModel final : public QObject {
                    scene.model.BytesOfRows() < 64 * static_cast<std::size_t>(scene.model.rowCount());
         };
         QStringList ids;
-        for (int i = 0; i < 2000; ++i) ids.append(scene.Add(1 + i % 19));
+        for (int i = 0; i < 2000; ++i) {
+            CTRecord record;
+            record.date.Set(11, 1 + i % 19, 2026);
+            QVERIFY(scene.home.document->AddRecord(record, false, true, true, &ids.emplaceBack()));
+        }
+        QVERIFY(scene.home.document->Commit());
         scene.Rebuild();
         QVERIFY(isSmall());
         for (int i = 0; i < 3; ++i) {
