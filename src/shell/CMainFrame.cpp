@@ -102,7 +102,7 @@ void CMainFrame::MakePanes() {
     setCentralWidget(m_panes);
     m_status = new CStatusBar(document,
                               {.count = [this] { return IsListInFront() ? m_view->SelectedCount() : 0; },
-                               .ids = [this] { return m_view->SelectedIds(); }},
+                               .each = [this](const auto& visit) { m_view->ForEachSelected(visit); }},
                               this);
     setStatusBar(m_status);
     m_ticker = new CTimerTicker(

@@ -191,6 +191,12 @@ int CRecordListView::SelectedCount() const {
     return count;
 }
 
+void CRecordListView::ForEachSelected(const std::function<void(const CVORec& record)>& visit) const {
+    for (const QItemSelectionRange& range : selectionModel()->selection())
+        for (int row = range.top(); row <= range.bottom() && range.left() == 0; ++row)
+            if (const CVORec* record = m_model.VisibleAt(row)) visit(*record);
+}
+
 void CRecordListView::SelectNone() {
     selectionModel()->clearSelection();
 }

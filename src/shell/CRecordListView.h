@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTableView>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -8,6 +9,7 @@ class CCfgStore;
 class CRecordDelegate;
 class CRecordLineDelegate;
 class CRecordListModel;
+class CVORec;
 
 /// The record list on screen, in the layout that the settings say. It selects whole rows; a click on the
 /// check box at a row's left edge toggles that row and leaves the others alone.
@@ -24,6 +26,8 @@ class CRecordListView final : public QTableView {
     /// Identities of the selected records in the order of the rows.
     [[nodiscard]] QStringList SelectedIds() const;
     [[nodiscard]] int SelectedCount() const;
+    /// The selected records as the document shows them, in no promised order.
+    void ForEachSelected(const std::function<void(const CVORec& record)>& visit) const;
     void SelectNone();
     /// Selects just these records, as far as they are listed, and brings the first into sight.
     void SelectIds(const QStringList& ids);

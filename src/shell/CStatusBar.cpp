@@ -152,8 +152,7 @@ const StatusSums& CStatusBar::ListSums() {
 
 StatusSums CStatusBar::SelectionSums() const {
     StatusSums sums;
-    for (const QString& id : m_selection.ids())
-        if (const CVORec* record = m_document.FindRecord(id)) sums.Add(*record);
+    m_selection.each([&sums](const CVORec& record) { sums.Add(record); });
     return sums;
 }
 

@@ -9,6 +9,7 @@
 
 class CElidedLabel;
 class CVelmarchDoc;
+class CVORec;
 class QLabel;
 
 /// What is shown, in one row: the mode; the period with day and week; number and sums of the selected
@@ -21,7 +22,7 @@ class CStatusBar final : public QStatusBar, public CViewNotifier {
     /// no record or every one selected the sums of all listed ones serve, which are known already.
     struct Selection {
         std::function<int()> count;
-        std::function<QStringList()> ids;
+        std::function<void(const std::function<void(const CVORec&)>& visit)> each;
     };
     CStatusBar(const CVelmarchDoc& document, Selection selection, QWidget* parent = nullptr);
 

@@ -342,6 +342,26 @@ class TestCFrameCommands final : public QObject {
         scene.home.prompt.Finish();
     }
 
+    /// Each timer of the selection tells of itself at once; a stop changes its record first.
+    void TimersOfTheSelection() {
+        Scene scene;
+        const QString first = scene.home.AddTime(2026, 11, 18), second = scene.home.AddTime(2026, 11, 19);
+        scene.home.settings->timerOnNewTimer = 0;
+        scene.SelectAll();
+        scene.home.views.seen.clear();
+        scene.Run(40112);
+        QCOMPARE(scene.Hints(), (QList<int>{3, 3}));
+        QCOMPARE(scene.home.views.seen[0].second, QStringList{second});  // the latest stands first
+        QCOMPARE(scene.home.views.seen[1].second, QStringList{first});
+        scene.home.views.seen.clear();
+        scene.Run(40113);
+        QCOMPARE(scene.Hints(), (QList<int>{4, 4}));
+        scene.home.views.seen.clear();
+        scene.Run(40111);
+        QCOMPARE(scene.Hints(), (QList<int>{14, 1, 5, 14, 1, 5}));
+        QVERIFY(!scene.set.AnyActive());
+    }
+
     void MarksOfExpenses_data() {
         QTest::addColumn<int>("command");
         QTest::addColumn<QString>("flags");

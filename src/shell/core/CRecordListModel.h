@@ -68,6 +68,8 @@ class CRecordListModel final : public QAbstractTableModel {
     [[nodiscard]] QString IdAt(int row) const { return m_rows[static_cast<std::size_t>(row)].id; }
     /// Null when the document doesn't know the record any more.
     [[nodiscard]] const CVORec* RecordAt(int row) const;
+    /// The record as the document shows it: found without a search as long as the places are the same.
+    [[nodiscard]] const CVORec* VisibleAt(int row) const;
     /// What a row says in a column of records, whatever the layout; empty for a record that is gone.
     [[nodiscard]] QString TextOf(int row, int column) const;
     /// Whether its flag of a column is set, or notes are there.

@@ -73,6 +73,10 @@ std::size_t CRecordListModel::PlaceOf(const Row& row) const {
     return m_edition == m_document.PlacesEdition() ? row.place : m_document.VisiblePlaceOf(row.id);
 }
 
+const CVORec* CRecordListModel::VisibleAt(int row) const {
+    return m_document.VisibleAt(PlaceOf(m_rows[static_cast<std::size_t>(row)]));
+}
+
 /// In the order of the records: a walk through a million of them as they lie in memory takes a tenth of the
 /// time that the order of the rows would.
 void CRecordListModel::PutRows(CRowSorter& sorter) const {
