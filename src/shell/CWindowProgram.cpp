@@ -17,6 +17,7 @@
 #include "shell/CQuitSignals.h"
 #include "shell/CRecordDialog.h"
 #include "shell/IconTheme.h"
+#include "shell/LegiblePalette.h"
 #include "shell/core/CInstanceHost.h"
 #include "shell/core/CStartCheck.h"
 #include "shell/core/CViewHub.h"
@@ -157,6 +158,7 @@ int CWindowProgram::RunWindow() {
     qInstallMessageHandler(usual);
     QApplication::setApplicationName(LoadText(Text::ProgramTitle));
     QApplication::setDesktopFileName(u"velmarch"_s);
+    MakePaletteLegible();
     ChooseIconTheme();
 
     CSystemClock clock;
