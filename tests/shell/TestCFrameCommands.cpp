@@ -2,18 +2,9 @@
 
 #include "app/CVelmarchApp.h"
 #include "lang/LoadText.h"
-#include "records/CERecord.h"
-#include "records/CTRecord.h"
-#include "shell/CActions.h"
-#include "shell/CFrameDoor.h"
-#include "shell/CRecordListView.h"
+#include "shell/FrameCommandsHome.h"
 #include "shell/ModalUser.h"
 #include "shell/core/BarButtons.h"
-#include "shell/core/CProgress.h"
-#include "shell/core/CRecordListModel.h"
-#include "shell/core/CTreeDoor.h"
-#include "support/TestHome.h"
-#include "timers/CRecordTimers.h"
 
 #include <QCheckBox>
 #include <QFontDialog>
@@ -21,178 +12,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMainWindow>
 #include <QTreeView>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-class NoProgress final : public CProgress {
- public:
-    void Begin(const QString&, int) override {}
-    bool Advance() override { return true; }
-    void End() override {}
-};
-
-/// Notes what is asked of the window.
-class Door final : public CFrameDoor {
- public:
-    QWidget& Window() override { return window; }
-    void ToggleBar1() override { asked << u"bar 1"_s; }
-    void ToggleBar2() override { asked << u"bar 2"_s; }
-    void ToggleStatusBar() override { asked << u"status bar"_s; }
-    void Refresh() override { asked << u"refresh"_s; }
-    void RebuildList() override { asked << u"list"_s; }
-    void PickDay() override { asked << u"day"_s; }
-    void Leave() override { asked << u"leave"_s; }
-
-    QMainWindow window;
-    QStringList asked;
-};
-
-class Tree final : public CTreeDoor {
- public:
-    bool IsShown() const override { return isShown; }
-    void Show(bool shown) override { isShown = shown; }
-    bool IsStacked() const override { return isStacked; }
-    void Stack(bool stacked) override { isStacked = stacked; }
-    bool HasNode() const override { return hasNode; }
-    bool CanExpand() const override { return hasNode; }
-    void ExpandAll() override { ++expanded; }
-    bool FillRecord(CVORec& record) const override {
-        if (!hasNode) return false;
-        if (record.Kind() == RecordKind::Time)
-            static_cast<CTRecord&>(record).item1 = u"From the tree"_s;
-        else
-            static_cast<CERecord&>(record).item1 = u"From the tree"_s;
-        return true;
-    }
-
-    bool isShown = true;
-    bool isStacked = false;
-    bool hasNode = false;
-    int expanded = 0;
-};
-
-/// The commands over a scratch home, with all that a window can have. The mode is that of the scene.
-struct Scene {
-    TestHome home;
-    RecordModeScope mode;
-    ActiveTimerSet set{home.clock};
-    CRecordTimers timers{set, *home.document, *home.settings};
-    CRecordListModel model{*home.document, set, *home.settings};
-    CRecordListView view{model, *home.settings};
-    NoProgress progress;
-    Door door;
-    Tree tree;
-    CActions actions{door.window};
-    CTRecord timeEntry;
-    CERecord expenseEntry;
-    std::function<bool(CVORec&)> dialog = [](CVORec&) { return true; };
-    int dialogs = 0;
-    QList<int> ran;
-    QStringList called;
-    std::unique_ptr<CFrameCommands> commands;
-
-    explicit Scene(RecordMode wanted = RecordMode::Time) : mode(wanted) {
-        std::swap(theTimeEntry, m_timeEntry);
-        std::swap(theExpenseEntry, m_expenseEntry);
-        home.document->LoadCurrentMode();
-        home.document->BuildVisible();
-        commands = std::make_unique<CFrameCommands>(Around());
-        home.views.seen.clear();
-    }
-    ~Scene() {
-        commands.reset();
-        std::swap(theTimeEntry, m_timeEntry);
-        std::swap(theExpenseEntry, m_expenseEntry);
-    }
-    Scene(const Scene&) = delete;
-    Scene& operator=(const Scene&) = delete;
-
-    [[nodiscard]] CFrameCommands::Around Bare() {
-        return {.document = *home.document,
-                .timers = timers,
-                .settings = *home.settings,
-                .prompt = home.prompt,
-                .progress = progress,
-                .clock = home.clock,
-                .model = model,
-                .view = view,
-                .door = door,
-                .home = home.Path()};
-    }
-    [[nodiscard]] CFrameCommands::Around Around() {
-        CFrameCommands::Around around = Bare();
-        around.editRecord = [this](CVORec& record) {
-            ++dialogs;
-            return dialog(record);
-        };
-        around.options = [] { return true; };
-        around.switchMode = [this](RecordMode to) { called << u"mode %1"_s.arg(static_cast<int>(to)); };
-        around.tree = &tree;
-        around.fillFromDefaults = [this](CVORec& record) {
-            called << u"defaults"_s;
-            if (record.Kind() == RecordKind::Time) static_cast<CTRecord&>(record).item2 = u"A default"_s;
-            return defaultsAreChosen;
-        };
-        around.runDefaults = [this] { called << u"dialog of defaults"_s; };
-        around.catalogue = home.catalogue.get();
-        around.actions = &actions;
-        around.state = [this] { return State(); };
-        around.runCommand = [this](int command) { ran << command; };
-        return around;
-    }
-    [[nodiscard]] CommandState State() const {
-        CommandState state;
-        commands->Describe(state);
-        state.selected = view.SelectedCount();
-        state.listed = model.rowCount();
-        return state;
-    }
-    /// As a menu does it: the row that the state says.
-    void Run(int command) {
-        const CommandRow* row = RouteCommand(command, State());
-        QVERIFY(row);
-        QVERIFY2(IsOffered(*row, State()), row->name);
-        commands->Run(*row);
-    }
-    [[nodiscard]] bool Offers(int command) const { return IsOffered(*FindCommand(command), State()); }
-    [[nodiscard]] bool Checks(int command) const { return IsChecked(*FindCommand(command), State()); }
-    /// The list shows what the document does, all of it selected.
-    void SelectAll() {
-        model.Rebuild();
-        view.ApplyLayout();
-        view.selectAll();
-    }
-    [[nodiscard]] QList<int> Hints() const {
-        QList<int> hints;
-        for (const auto& [hint, ids] : home.views.seen) hints << static_cast<int>(hint);
-        return hints;
-    }
-    QString AddExpense(const QString& item1) {
-        CERecord record;
-        record.Reset();
-        record.date.Set(11, 19, 2026);
-        record.item1 = item1;
-        QString id;
-        [&] { QVERIFY(home.document->AddRecord(record, true, false, true, &id)); }();
-        return id;
-    }
-    [[nodiscard]] const CTRecord& OnlyTime() const {
-        const QStringList ids = model.AllIds();
-        if (ids.size() != 1) qFatal("not one record");
-        return *home.document->FindTime(ids.front());
-    }
-
-    bool defaultsAreChosen = true;
-
- private:
-    // What is installed: these two meanwhile, those from before at the end.
-    CTRecord* m_timeEntry = &timeEntry;
-    CERecord* m_expenseEntry = &expenseEntry;
-};
 
 /// Picks a row of a pick dialog by its words.
 ModalUser Picks(const QString& words) {
