@@ -46,11 +46,17 @@ CDataTreeView::CDataTreeView(CVelmarchDoc& document, const CCfgStore& settings, 
     connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, &CDataTreeView::Remember);
     connect(m_model, &QAbstractItemModel::modelReset, this, &CDataTreeView::TakeUp);
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &CDataTreeView::ApplySelection);
+    // The selected node may not be what the list shows any more: then a click means it anew.
+    connect(this, &QTreeView::clicked, this, [this] {
+        if (!m_isApplied) ApplySelection();
+    });
     expand(m_model->RootIndex());
 }
 
 void CDataTreeView::OnHint(Hint hint, const QStringList& ids) {
-    if (!m_isFiltering) m_tree.OnHint(hint, ids);
+    if (m_isFiltering) return;
+    if (hint == Hint::Rebuild) m_isApplied = false;
+    m_tree.OnHint(hint, ids);
 }
 
 // --- The selection
@@ -82,6 +88,7 @@ void CDataTreeView::ApplySelection() {
     m_document.BuildVisible();
     m_tree.KeepOverFilter();
     m_document.NotifyViews(Hint::Rebuild);
+    m_isApplied = true;
     Q_EMIT SelectionMoved();
 }
 

@@ -53,6 +53,7 @@ class CDataTreeView final : public QTreeView {
     CDataTreeModel* m_model;
     bool m_isFiltering = false;  ///< the rebuild that is announced comes from here
     bool m_isTakingUp = false;   ///< a selection that is taken up again filters nothing
+    bool m_isApplied = false;    ///< the selected node is what the list was last narrowed to
     QList<QStringList> m_open;   ///< paths
     QStringList m_selected;
     bool m_hadSelection = false;

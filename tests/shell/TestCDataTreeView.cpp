@@ -155,6 +155,43 @@ class TestCDataTreeView final : public QObject {
         QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
     }
 
+    void aClickOnTheSelectedNodeNarrowsAgain() {
+        Scene scene;
+        scene.Add(u"A"_s, u"x"_s);
+        scene.Add(u"B"_s, u"x"_s);
+        scene.view.show();
+        const auto click = [&scene] {
+            const QPoint at = scene.view.visualRect(scene.At({u"A"_s})).center();
+            QTest::mouseClick(scene.view.viewport(), Qt::LeftButton, {}, at);
+        };
+        click();
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
+        scene.document.ResetTimeFilter();
+        scene.document.NotifyViews(Hint::Rebuild);
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
+        QCOMPARE(scene.view.currentIndex(), scene.At({u"A"_s}));
+        click();
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
+        const int before = scene.rebuilds;
+        click();
+        QCOMPARE(scene.rebuilds, before);
+    }
+
+    void withoutLevelsTheRootAloneIsThereAndClearsTheConditions() {
+        Scene scene;
+        scene.Add(u"A"_s, u"x"_s);
+        scene.Add(u"B"_s, u"x"_s);
+        scene.home.settings->TreeColumns().ShowExactly(ColumnHalf::Time, {});
+        scene.document.Filter().items[0] = u"B"_s;
+        scene.Rebuild();
+        QCOMPARE(scene.Model().rowCount(scene.Root()), 0);
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
+        scene.Select({});
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
+        QVERIFY(!scene.view.HasNode());
+        QVERIFY(!scene.view.CanExpand());
+    }
+
     void expandAllTogglesTheNodeAndAllBelow() {
         Scene scene;
         scene.Add(u"A"_s, u"x"_s);

@@ -1,0 +1,292 @@
+#include "shell/AskText.h"
+#include "shell/CAboutDialog.h"
+#include "shell/CAppearancePage.h"
+#include "shell/CButtonChooser.h"
+#include "shell/CCalendarPopup.h"
+#include "shell/CCodedTextDialog.h"
+#include "shell/CColourPopup.h"
+#include "shell/CColumnsDialog.h"
+#include "shell/CDefaultsDialog.h"
+#include "shell/CExpenseDialog.h"
+#include "shell/COdometerDialog.h"
+#include "shell/COptionsDialog.h"
+#include "shell/CPalette.h"
+#include "shell/CPickDialog.h"
+#include "shell/CRecordDialog.h"
+#include "shell/CSpanPopup.h"
+#include "shell/CTimePopup.h"
+#include "shell/DialogHome.h"
+#include "shell/ListFontDialog.h"
+#include "shell/ModalUser.h"
+
+#include <QAccessible>
+#include <QComboBox>
+#include <QPlainTextEdit>
+#include <QSpinBox>
+#include <QTreeView>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+using Look = std::function<void(QWidget& window)>;
+
+/// A dialog or popup of the program, opened over a home; look gets it while it is shown.
+struct WindowRow {
+    const char* name;
+    void (*open)(DialogHome& home, const Look& look);
+};
+
+void ShowAndLook(DialogHome& home, QWidget& window, const Look& look) {
+    home.Look(window);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    look(window);
+}
+
+void OpenRecord(DialogHome& home, const Look& look) {
+    CRecordDialog dialog(home.Around());
+    CTRecord record;
+    record.GenUnique();
+    record.date.Set(11, 19, 2026);
+    record.SetBillable(true);
+    dialog.SetDraft(record);
+    ShowAndLook(home, dialog, look);
+}
+
+void OpenExpense(DialogHome& home, const Look& look, bool isDistance) {
+    CExpenseDialog dialog(home.Around());
+    CERecord record;
+    record.GenUnique();
+    record.date.Set(11, 19, 2026);
+    record.isDistance = isDistance;
+    record.flag1 = record.flag3 = true;
+    dialog.SetDraft(record);
+    ShowAndLook(home, dialog, look);
+}
+
+template <bool isChoosing>
+void OpenDefaults(DialogHome& home, const Look& look) {
+    CTRecord working;
+    CDefaultsDialog dialog(working, isChoosing, home.Around());
+    ShowAndLook(home, dialog, look);
+}
+
+void OpenOptions(DialogHome& home, const Look& look, const char* row) {
+    COptionsDialog dialog(*home.home.settings);
+    ShowAndLook(home, dialog, [&look, row](QWidget& window) {
+        auto* tree = window.findChild<QTreeView*>(u"optionsTree"_s);
+        const QModelIndexList found =
+            tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole, QString::fromLatin1(row), 1,
+                                 Qt::MatchExactly | Qt::MatchRecursive);
+        tree->setCurrentIndex(found.front());
+        QCoreApplication::processEvents();
+        look(window);
+    });
+}
+
+template <CColumnsDialog::Of of>
+void OpenColumns(DialogHome& home, const Look& look) {
+    CColumnsDialog dialog(of, ColumnHalf::Time, *home.home.settings);
+    ShowAndLook(home, dialog, look);
+}
+
+TimePicking Picking(DialogHome& home) {
+    return {TimeField::Start, home.clockEntry, home.home.clock, home.home.prompt};
+}
+
+template <bool is24Hour>
+void OpenTimePad(DialogHome& home, const Look& look) {
+    CTimePopup popup(Picking(home), is24Hour, {}, nullptr);
+    ShowAndLook(home, popup, look);
+}
+
+constexpr WindowRow kWindows[] = {
+    {"time record", OpenRecord},
+    {"expense", [](DialogHome& home, const Look& look) { OpenExpense(home, look, false); }},
+    {"expense of a distance", [](DialogHome& home, const Look& look) { OpenExpense(home, look, true); }},
+    {"odometer",
+     [](DialogHome& home, const Look& look) {
+         COdometerDialog dialog(home.Around(), {});
+         ShowAndLook(home, dialog, look);
+     }},
+    {"coded texts",
+     [](DialogHome& home, const Look& look) {
+         CCodedTextDialog dialog(home.Around());
+         ShowAndLook(home, dialog, look);
+     }},
+    {"defaults, to manage", OpenDefaults<false>},
+    {"defaults, to choose", OpenDefaults<true>},
+    {"options", [](DialogHome& home, const Look& look) { OpenOptions(home, look, "Copy"); }},
+    {"options with a list of values",
+     [](DialogHome& home, const Look& look) { OpenOptions(home, look, "First day of week"); }},
+    {"options with a number",
+     [](DialogHome& home, const Look& look) { OpenOptions(home, look, "Last end value"); }},
+    {"columns of the list", OpenColumns<CColumnsDialog::Of::List>},
+    {"levels of the tree", OpenColumns<CColumnsDialog::Of::Tree>},
+    {"a choice with a search",
+     [](DialogHome& home, const Look& look) {
+         CPickDialog dialog({.title = u"Client"_s, .rows = {u"A"_s, u"B"_s}, .present = 0},
+                            *home.home.profile);
+         ShowAndLook(home, dialog, look);
+     }},
+    {"a choice without a search",
+     [](DialogHome& home, const Look& look) {
+         CPickDialog dialog({.title = u"Client"_s, .rows = {u"A"_s}, .present = 0, .hasSearch = false},
+                            *home.home.profile);
+         ShowAndLook(home, dialog, look);
+     }},
+    {"the palette of commands",
+     [](DialogHome& home, const Look& look) {
+         CommandState state;
+         CPalette dialog(PaletteEntries(state, FieldLabels()), *home.home.profile);
+         ShowAndLook(home, dialog, look);
+     }},
+    {"buttons of a bar",
+     [](DialogHome& home, const Look& look) {
+         const FieldLabels labels;
+         CButtonChooser dialog(Bar::Records, {103, 102}, {true, labels}, *home.home.profile);
+         ShowAndLook(home, dialog, look);
+     }},
+    {"about",
+     [](DialogHome& home, const Look& look) {
+         CAboutDialog dialog(home.home.Path());
+         ShowAndLook(home, dialog, look);
+     }},
+    {"a question for a text",
+     [](DialogHome&, const Look& look) {
+         const ModalUser user([&look](QDialog& dialog) {
+             look(dialog);
+             dialog.reject();
+         });
+         QVERIFY(!AskText(nullptr, {u"New default"_s, u"Name"_s, {}}));
+     }},
+    {"the font of the list",
+     [](DialogHome&, const Look& look) {
+         const ModalUser user([&look](QDialog& dialog) {
+             look(dialog);
+             dialog.reject();
+         });
+         QVERIFY(!AskListFont(nullptr, QFont(u"Sans"_s, 10)));
+     }},
+    {"time pad, 12 hours", OpenTimePad<false>},
+    {"time pad, 24 hours", OpenTimePad<true>},
+    {"pad of a duration",
+     [](DialogHome& home, const Look& look) {
+         CSpanPopup popup(home.spanEntry, 5, {}, nullptr);
+         ShowAndLook(home, popup, look);
+     }},
+    {"colours",
+     [](DialogHome& home, const Look& look) {
+         CColourPopup popup(0, u"Default"_s, {}, nullptr);
+         ShowAndLook(home, popup, look);
+     }},
+    {"calendar",
+     [](DialogHome& home, const Look& look) {
+         DateTimeVal day;
+         day.SetToday(home.home.clock);
+         CCalendarPopup popup(day, 1, nullptr);
+         ShowAndLook(home, popup, look);
+     }},
+};
+
+/// What Tab can come to.
+bool TakesTab(const QWidget& widget, const QWidget& window) {
+    return widget.isVisibleTo(&window) && widget.isEnabledTo(&window) && !widget.focusProxy() &&
+           (widget.focusPolicy() & Qt::TabFocus) == Qt::TabFocus;
+}
+
+QString Describe(const QWidget& widget) {
+    return QString::fromLatin1(widget.metaObject()->className()) + u' ' + widget.objectName();
+}
+
+/// Those of the window's widgets in its tab chain for which a condition doesn't hold.
+QString Failing(QWidget& window, const std::function<bool(QWidget&)>& holds) {
+    QStringList failing;
+    for (QWidget* widget = window.nextInFocusChain(); widget != &window; widget = widget->nextInFocusChain())
+        if (widget->window() == &window && TakesTab(*widget, window) && !holds(*widget))
+            failing << Describe(*widget);
+    return failing.join(u", "_s);
+}
+
+bool HasName(QWidget& widget) {
+    QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&widget);
+    return spoken && !spoken->text(QAccessible::Name).isEmpty();
+}
+
+/// Something to enter or to choose in, for which there must be a way to get to by its words.
+bool IsField(const QWidget& widget) {
+    return qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QComboBox*>(&widget) ||
+           qobject_cast<const QAbstractSpinBox*>(&widget) || qobject_cast<const QPlainTextEdit*>(&widget) ||
+           qobject_cast<const QAbstractItemView*>(&widget);
+}
+
+bool HasBuddy(const QWidget& field, const QWidget& window) {
+    const auto labels = window.findChildren<QLabel*>();
+    return std::any_of(labels.begin(), labels.end(), [&field](const QLabel* label) {
+        return label->buddy() == &field && !QKeySequence::mnemonic(label->text()).isEmpty();
+    });
+}
+
+}  // namespace
+
+/// Every dialog and popup with keys and a screen reader alone.
+class TestAccessibleNames final : public QObject {
+    Q_OBJECT
+
+ private:
+    static void Rows() {
+        QTest::addColumn<int>("row");
+        for (std::size_t i = 0; i < std::size(kWindows); ++i)
+            QTest::newRow(kWindows[i].name) << static_cast<int>(i);
+    }
+    /// Looks at a window, and at each page of one that has pages.
+    static void OnEachPage(const Look& look) {
+        QFETCH(int, row);
+        DialogHome home;
+        kWindows[row].open(home, [&look](QWidget& window) {
+            auto* pages = window.findChild<QTabWidget*>();
+            for (int page = 0; page < (pages ? pages->count() : 1); ++page) {
+                if (pages) pages->setCurrentIndex(page);
+                look(window);
+            }
+        });
+        home.home.prompt.Finish();
+    }
+
+ private Q_SLOTS:
+    void WhatTakesTheFocusHasAName_data() { Rows(); }
+    void WhatTakesTheFocusHasAName() {
+        OnEachPage([](QWidget& window) { QCOMPARE(Failing(window, HasName), QString()); });
+    }
+
+    void FieldsAreReachedByTheirWords_data() { Rows(); }
+    void FieldsAreReachedByTheirWords() {
+        OnEachPage([](QWidget& window) {
+            QCOMPARE(
+                Failing(window,
+                        [&window](QWidget& widget) { return !IsField(widget) || HasBuddy(widget, window); }),
+                QStringList());
+        });
+    }
+
+    void TabComesToEverythingAndRoundAgain_data() { Rows(); }
+    void TabComesToEverythingAndRoundAgain() {
+        constexpr qsizetype kParts = 4;  // of a time field, through which Tab goes one by one
+        OnEachPage([](QWidget& window) {
+            QStringList missing = Failing(window, [](QWidget&) { return false; }).split(u", "_s);
+            QVERIFY(window.focusWidget());
+            const QPointer<QWidget> first = window.focusWidget();
+            for (qsizetype step = missing.size() + kParts; step > 0; --step) {
+                missing.removeOne(Describe(*window.focusWidget()));
+                QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+                if (window.focusWidget() == first) break;
+            }
+            QCOMPARE(window.focusWidget(), first.data());
+            QCOMPARE(missing, QStringList());
+        });
+    }
+};
+
+QTEST_MAIN(TestAccessibleNames)
+#include "TestAccessibleNames.moc"
