@@ -21,6 +21,7 @@
 
 #include <QAccessible>
 #include <QComboBox>
+#include <QFontDialog>
 #include <QPlainTextEdit>
 #include <QSpinBox>
 #include <QTreeView>
@@ -35,6 +36,9 @@ using Look = std::function<void(QWidget& window)>;
 struct WindowRow {
     const char* name;
     void (*open)(DialogHome& home, const Look& look);
+    /// The fields without words of their own beside them, each a key away from what has some: the second part
+    /// of a row, the notes that are their page, a search line that has the focus at first, and its list.
+    const char* withoutWords = "";
 };
 
 void ShowAndLook(DialogHome& home, QWidget& window, const Look& look) {
@@ -102,9 +106,10 @@ void OpenTimePad(DialogHome& home, const Look& look) {
 }
 
 constexpr WindowRow kWindows[] = {
-    {"time record", OpenRecord},
-    {"expense", [](DialogHome& home, const Look& look) { OpenExpense(home, look, false); }},
-    {"expense of a distance", [](DialogHome& home, const Look& look) { OpenExpense(home, look, true); }},
+    {"time record", OpenRecord, "notesField"},
+    {"expense", [](DialogHome& home, const Look& look) { OpenExpense(home, look, false); }, "notesField"},
+    {"expense of a distance", [](DialogHome& home, const Look& look) { OpenExpense(home, look, true); },
+     "notesField"},
     {"odometer",
      [](DialogHome& home, const Look& look) {
          COdometerDialog dialog(home.Around(), {});
@@ -114,14 +119,18 @@ constexpr WindowRow kWindows[] = {
      [](DialogHome& home, const Look& look) {
          CCodedTextDialog dialog(home.Around());
          ShowAndLook(home, dialog, look);
-     }},
-    {"defaults, to manage", OpenDefaults<false>},
-    {"defaults, to choose", OpenDefaults<true>},
-    {"options", [](DialogHome& home, const Look& look) { OpenOptions(home, look, "Copy"); }},
+     },
+     "item1Name item2Name item3Name"},
+    {"defaults, to manage", OpenDefaults<false>, "defaultsList"},
+    {"defaults, to choose", OpenDefaults<true>, "defaultsList"},
+    {"options", [](DialogHome& home, const Look& look) { OpenOptions(home, look, "Copy"); },
+     "optionsSearch optionsTree"},
     {"options with a list of values",
-     [](DialogHome& home, const Look& look) { OpenOptions(home, look, "First day of week"); }},
+     [](DialogHome& home, const Look& look) { OpenOptions(home, look, "First day of week"); },
+     "optionsSearch optionsTree firstDayOfWeek"},
     {"options with a number",
-     [](DialogHome& home, const Look& look) { OpenOptions(home, look, "Last end value"); }},
+     [](DialogHome& home, const Look& look) { OpenOptions(home, look, "Last end value"); },
+     "optionsSearch optionsTree odometerLastEnd"},
     {"columns of the list", OpenColumns<CColumnsDialog::Of::List>},
     {"levels of the tree", OpenColumns<CColumnsDialog::Of::Tree>},
     {"a choice with a search",
@@ -129,19 +138,22 @@ constexpr WindowRow kWindows[] = {
          CPickDialog dialog({.title = u"Client"_s, .rows = {u"A"_s, u"B"_s}, .present = 0},
                             *home.home.profile);
          ShowAndLook(home, dialog, look);
-     }},
+     },
+     "searchLine searchRows"},
     {"a choice without a search",
      [](DialogHome& home, const Look& look) {
          CPickDialog dialog({.title = u"Client"_s, .rows = {u"A"_s}, .present = 0, .hasSearch = false},
                             *home.home.profile);
          ShowAndLook(home, dialog, look);
-     }},
+     },
+     "searchRows"},
     {"the palette of commands",
      [](DialogHome& home, const Look& look) {
          CommandState state;
          CPalette dialog(PaletteEntries(state, FieldLabels()), *home.home.profile);
          ShowAndLook(home, dialog, look);
-     }},
+     },
+     "searchLine searchRows"},
     {"buttons of a bar",
      [](DialogHome& home, const Look& look) {
          const FieldLabels labels;
@@ -169,25 +181,28 @@ constexpr WindowRow kWindows[] = {
          });
          QVERIFY(!AskListFont(nullptr, QFont(u"Sans"_s, 10)));
      }},
-    {"time pad, 12 hours", OpenTimePad<false>},
-    {"time pad, 24 hours", OpenTimePad<true>},
+    {"time pad, 12 hours", OpenTimePad<false>, "timeControl halfGrid"},
+    {"time pad, 24 hours", OpenTimePad<true>, "timeControl"},
     {"pad of a duration",
      [](DialogHome& home, const Look& look) {
          CSpanPopup popup(home.spanEntry, 5, {}, nullptr);
          ShowAndLook(home, popup, look);
-     }},
+     },
+     "hourList minuteList"},
     {"colours",
      [](DialogHome& home, const Look& look) {
          CColourPopup popup(0, u"Default"_s, {}, nullptr);
          ShowAndLook(home, popup, look);
-     }},
+     },
+     "colourGrid"},
     {"calendar",
      [](DialogHome& home, const Look& look) {
          DateTimeVal day;
          day.SetToday(home.home.clock);
          CCalendarPopup popup(day, 1, nullptr);
          ShowAndLook(home, popup, look);
-     }},
+     },
+     "qt_calendar_calendarview"},
 };
 
 /// What Tab can come to.
@@ -221,6 +236,11 @@ bool IsField(const QWidget& widget) {
            qobject_cast<const QAbstractItemView*>(&widget);
 }
 
+/// The list of sizes and the sample in the font dialog, which are Qt's own.
+bool IsOfQt(const QWidget& widget) {
+    return qobject_cast<const QFontDialog*>(widget.window()) != nullptr;
+}
+
 bool HasBuddy(const QWidget& field, const QWidget& window) {
     const auto labels = window.findChildren<QLabel*>();
     return std::any_of(labels.begin(), labels.end(), [&field](const QLabel* label) {
@@ -242,15 +262,18 @@ class TestAccessibleNames final : public QObject {
     }
     /// Looks at a window, and at each page of one that has pages.
     static void OnEachPage(const Look& look) {
-        QFETCH(int, row);
-        DialogHome home;
-        kWindows[row].open(home, [&look](QWidget& window) {
+        Open([&look](QWidget& window) {
             auto* pages = window.findChild<QTabWidget*>();
             for (int page = 0; page < (pages ? pages->count() : 1); ++page) {
                 if (pages) pages->setCurrentIndex(page);
                 look(window);
             }
         });
+    }
+    static void Open(const Look& look) {
+        QFETCH(int, row);
+        DialogHome home;
+        kWindows[row].open(home, look);
         home.home.prompt.Finish();
     }
 
@@ -262,11 +285,14 @@ class TestAccessibleNames final : public QObject {
 
     void FieldsAreReachedByTheirWords_data() { Rows(); }
     void FieldsAreReachedByTheirWords() {
-        OnEachPage([](QWidget& window) {
-            QCOMPARE(
-                Failing(window,
-                        [&window](QWidget& widget) { return !IsField(widget) || HasBuddy(widget, window); }),
-                QStringList());
+        QFETCH(int, row);
+        const QStringList known = QString::fromLatin1(kWindows[row].withoutWords).split(u' ');
+        OnEachPage([&known](QWidget& window) {
+            const auto isReached = [&](const QWidget& widget) {
+                return !IsField(widget) || HasBuddy(widget, window) || known.contains(widget.objectName()) ||
+                       IsOfQt(widget);
+            };
+            QCOMPARE(Failing(window, isReached), QString());
         });
     }
 
@@ -284,6 +310,17 @@ class TestAccessibleNames final : public QObject {
             }
             QCOMPARE(window.focusWidget(), first.data());
             QCOMPARE(missing, QStringList());
+        });
+    }
+
+    void EscapeClosesAndAsksNothing_data() { Rows(); }
+    void EscapeClosesAndAsksNothing() {
+        Open([](QWidget& window) {
+            QVERIFY(window.focusWidget());
+            QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+            QVERIFY(!window.isVisible());
+            if (const auto* dialog = qobject_cast<QDialog*>(&window))
+                QCOMPARE(dialog->result(), int(QDialog::Rejected));
         });
     }
 };
