@@ -229,6 +229,31 @@ bool HasName(QWidget& widget) {
     return spoken && !spoken->text(QAccessible::Name).isEmpty();
 }
 
+/// What the focus comes to by Tab, from where it is until it is there again; each once, though Tab goes
+/// through a time field part by part.
+QList<QWidget*> TabRound(const QWidget& window, qsizetype most) {
+    constexpr qsizetype kParts = 4;
+    QList<QWidget*> stops{window.focusWidget()};
+    for (qsizetype step = 0; step < most + kParts; ++step) {
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        if (window.focusWidget() == stops.front()) break;
+        if (window.focusWidget() != stops.back()) stops << window.focusWidget();
+    }
+    return stops;
+}
+
+QRect PlaceIn(const QWidget& widget, const QWidget& window) {
+    return {widget.mapTo(&window, QPoint()), widget.size()};
+}
+
+/// Above another widget, or in its row to the left of it.
+bool StandsBefore(const QWidget& widget, const QWidget& other, const QWidget& window) {
+    const QRect a = PlaceIn(widget, window), b = PlaceIn(other, window);
+    if (a.bottom() < b.top()) return true;
+    const bool isOneRow = a.top() <= b.bottom() && b.top() <= a.bottom();
+    return isOneRow && a.right() < b.left();
+}
+
 /// Something to enter or to choose in, for which there must be a way to get to by its words.
 bool IsField(const QWidget& widget) {
     return qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QComboBox*>(&widget) ||
@@ -236,7 +261,7 @@ bool IsField(const QWidget& widget) {
            qobject_cast<const QAbstractItemView*>(&widget);
 }
 
-/// The list of sizes and the sample in the font dialog, which are Qt's own.
+/// The font dialog is Qt's own: its sample has no words, and Tab comes to it before the writing system.
 bool IsOfQt(const QWidget& widget) {
     return qobject_cast<const QFontDialog*>(widget.window()) != nullptr;
 }
@@ -298,18 +323,29 @@ class TestAccessibleNames final : public QObject {
 
     void TabComesToEverythingAndRoundAgain_data() { Rows(); }
     void TabComesToEverythingAndRoundAgain() {
-        constexpr qsizetype kParts = 4;  // of a time field, through which Tab goes one by one
         OnEachPage([](QWidget& window) {
             QStringList missing = Failing(window, [](QWidget&) { return false; }).split(u", "_s);
             QVERIFY(window.focusWidget());
-            const QPointer<QWidget> first = window.focusWidget();
-            for (qsizetype step = missing.size() + kParts; step > 0; --step) {
-                missing.removeOne(Describe(*window.focusWidget()));
-                QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
-                if (window.focusWidget() == first) break;
-            }
-            QCOMPARE(window.focusWidget(), first.data());
+            const QList<QWidget*> stops = TabRound(window, missing.size());
+            for (const QWidget* stop : stops) missing.removeOne(Describe(*stop));
             QCOMPARE(missing, QStringList());
+            QCOMPARE(window.focusWidget(), stops.front());
+        });
+    }
+
+    void TabGoesAsOneReads_data() { Rows(); }
+    /// From left to right and from top to bottom, and once back to the start.
+    void TabGoesAsOneReads() {
+        OnEachPage([](QWidget& window) {
+            if (IsOfQt(window)) return;
+            const QList<QWidget*> stops = TabRound(window, 60);
+            QStringList back;
+            for (qsizetype i = 0; i < stops.size(); ++i) {
+                const QWidget& next = *stops[(i + 1) % stops.size()];
+                if (StandsBefore(next, *stops[i], window))
+                    back << Describe(*stops[i]) + u" to "_s + Describe(next);
+            }
+            QVERIFY2(back.size() <= 1, qPrintable(back.join(u", "_s)));
         });
     }
 
