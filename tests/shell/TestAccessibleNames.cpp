@@ -25,6 +25,7 @@
 #include <QPlainTextEdit>
 #include <QSpinBox>
 #include <QTreeView>
+#include <memory>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -286,7 +287,7 @@ class TestAccessibleNames final : public QObject {
             QTest::newRow(kWindows[i].name) << static_cast<int>(i);
     }
     /// Looks at a window, and at each page of one that has pages.
-    static void OnEachPage(const Look& look) {
+    void OnEachPage(const Look& look) const {
         Open([&look](QWidget& window) {
             auto* pages = window.findChild<QTabWidget*>();
             for (int page = 0; page < (pages ? pages->count() : 1); ++page) {
@@ -295,14 +296,18 @@ class TestAccessibleNames final : public QObject {
             }
         });
     }
-    static void Open(const Look& look) {
+    void Open(const Look& look) const {
         QFETCH(int, row);
-        DialogHome home;
-        kWindows[row].open(home, look);
-        home.home.prompt.Finish();
+        kWindows[row].open(*m_home, look);
+        m_home->home.prompt.Finish();
     }
 
+    std::unique_ptr<DialogHome> m_home;  ///< one for all: no dialog changes what another shows
+
  private Q_SLOTS:
+    void initTestCase() { m_home = std::make_unique<DialogHome>(); }
+    void cleanupTestCase() { m_home.reset(); }
+
     void WhatTakesTheFocusHasAName_data() { Rows(); }
     void WhatTakesTheFocusHasAName() {
         OnEachPage([](QWidget& window) { QCOMPARE(Failing(window, HasName), QString()); });
