@@ -1,5 +1,7 @@
 #include "shell/COptionsTree.h"
 
+#include <QLineEdit>
+
 COptionsTree::COptionsTree(QWidget* parent) : QTreeView(parent) {}
 
 /// The editor comes once the move is done with: the tree may still have to scroll to the row.
@@ -15,12 +17,17 @@ void COptionsTree::OpenEditor() {
     if (m_edited.isValid() || !(value.flags() & Qt::ItemIsEditable)) return;
     m_edited = value;
     openPersistentEditor(value);
+    // Selected digits would look as if they were typed over already.
+    if (auto* digits = indexWidget(value)->findChild<QLineEdit*>()) digits->deselect();
 }
 
 void COptionsTree::EnterEditor(const QModelIndex& valueIndex) {
     setCurrentIndex(valueIndex);
     OpenEditor();
-    if (QWidget* editor = indexWidget(m_edited)) editor->setFocus();
+    QWidget* editor = indexWidget(m_edited);
+    if (!editor) return;
+    editor->setFocus();
+    if (auto* digits = editor->findChild<QLineEdit*>()) digits->selectAll();
 }
 
 void COptionsTree::CloseEditor() {

@@ -69,6 +69,7 @@ class TestCOptionsTree : public QObject {
         QVERIFY(scene.EndMinutes()->x() >= words.right());
         QCOMPARE(scene.EndMinutes()->font(), scene.tree->font());
         QCOMPARE(scene.EndMinutes()->value(), 0);
+        QVERIFY(!scene.EndMinutes()->findChild<QLineEdit*>()->hasSelectedText());
         scene.SelectFirstDay();
         QVERIFY(scene.FirstDay());
         QCOMPARE(scene.FirstDay()->currentText(), QStringLiteral("Sunday"));
@@ -106,6 +107,8 @@ class TestCOptionsTree : public QObject {
         QCoreApplication::processEvents();
         QVERIFY(scene.EndMinutes());
         QVERIFY(scene.EndMinutes()->hasFocus());
+        QTest::keyClicks(scene.EndMinutes(), QStringLiteral("45"));
+        QCOMPARE(scene.EndMinutes()->value(), 45);
     }
 
     void WhatIsTypedGoesToTheRowWhenAnotherIsSelected() {
