@@ -6,6 +6,7 @@
 #include "platform/CPrompt.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
+#include "shell/CTreeDelegate.h"
 #include "shell/core/CDataTreeModel.h"
 
 #include <QContextMenuEvent>
@@ -36,6 +37,7 @@ CDataTreeView::CDataTreeView(CVelmarchDoc& document, const CCfgStore& settings, 
     setObjectName(QStringLiteral("dataTree"));
     setAccessibleName(LoadText(Text::DataTreeTitle));
     setModel(m_model);
+    setItemDelegate(new CTreeDelegate(this));
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setEditTriggers(NoEditTriggers);

@@ -2,6 +2,7 @@
 
 #include "lang/LoadText.h"
 #include "records/CTRecord.h"
+#include "shell/IconTheme.h"
 #include "shell/core/CDataTreeModel.h"
 #include "support/TestHome.h"
 
@@ -175,6 +176,20 @@ class TestCDataTreeView final : public QObject {
         const int before = scene.rebuilds;
         click();
         QCOMPARE(scene.rebuilds, before);
+    }
+
+    /// Beside its text; this one has none that could be seen.
+    void nodesHaveAPicture() {
+        ChooseIconTheme();
+        Scene scene;
+        scene.Add(QString(), u"x"_s);
+        scene.view.show();
+        const QRect row = scene.view.visualRect(scene.At({QString()}));
+        const QImage start = scene.view.viewport()->grab({row.topLeft(), QSize(24, row.height())}).toImage();
+        QSet<QRgb> colours;
+        for (int y = 0; y < start.height(); ++y)
+            for (int x = 0; x < start.width(); ++x) colours << start.pixel(x, y);
+        QVERIFY(colours.size() > 1);
     }
 
     void withoutLevelsTheRootAloneIsThereAndClearsTheConditions() {
