@@ -4,8 +4,6 @@
 #include "config/CCfgStore.h"
 #include "lang/LoadText.h"
 #include "platform/CPrompt.h"
-#include "records/CERecord.h"
-#include "records/CTRecord.h"
 #include "shell/CTreeDelegate.h"
 #include "shell/core/CDataTreeModel.h"
 
@@ -121,8 +119,7 @@ void CDataTreeView::ApplySelection() {
 bool CDataTreeView::FillRecord(CVORec& record) const {
     if (!HasNode()) return false;
     const TreePath path = m_tree.StepsTo(m_model->NodeAt(Selected()));
-    return record.Kind() == RecordKind::Time ? ::FillRecord(path, static_cast<CTRecord&>(record), m_settings)
-                                             : ::FillRecord(path, static_cast<CERecord&>(record));
+    return ::FillRecord(path, record, m_settings);
 }
 
 void CDataTreeView::ExpandAll() {

@@ -99,6 +99,8 @@ class Changer {
             case 3:
             case 4:
                 return ChangeTimer();
+            case 5:
+                return ChangeElsewhere();
             default:
                 return ChangeRecord();
         }
