@@ -1,6 +1,8 @@
 #include "cli/TreeCommands.h"
 
 #include "app/CPulldownCatalogue.h"
+#include "app/CVelmarchDoc.h"
+#include "app/StoreChange.h"
 #include "cli/CArguments.h"
 #include "cli/CJsonText.h"
 #include "cli/COutput.h"
@@ -105,13 +107,18 @@ ExitCode ShowTree(const CArguments& arguments, Console& console, RecordDesk& des
     ExitCode exit = ExitCode::Done;
     const auto mode = Begin(arguments, console, desk, exit);
     if (!mode) return exit;
-    const DependencyTree& tree = desk.catalogue.Tree(DependencySetOf(KindOf(*mode)));
+    const DependencySet set = DependencySetOf(KindOf(*mode));
+    if (desk.catalogue.IsDamaged(set))
+        return Refuse(ExitCode::Failed, LoadText(Text::CliDependenciesDamaged), console);
+    const DependencyTree& tree = desk.catalogue.Tree(set);
     console.out.isJson ? WriteJson(console.out, tree) : WriteLines(console.out, tree);
     return ExitCode::Done;
 }
 
 ExitCode AddToTree(const CArguments& arguments, Console& console, RecordDesk& desk) {
-    ExitCode exit = ExitCode::Done;
+    const StoreHold hold(desk.document.Store());
+    ExitCode exit = ExitCode::Failed;
+    if (!hold.IsHeld()) return exit;
     const auto mode = Begin(arguments, console, desk, exit);
     if (!mode) return exit;
     CDependencyEditor editor(desk.catalogue, *mode);
@@ -129,7 +136,9 @@ ExitCode AddToTree(const CArguments& arguments, Console& console, RecordDesk& de
 }
 
 ExitCode RemoveFromTree(const CArguments& arguments, Console& console, RecordDesk& desk) {
-    ExitCode exit = ExitCode::Done;
+    const StoreHold hold(desk.document.Store());
+    ExitCode exit = ExitCode::Failed;
+    if (!hold.IsHeld()) return exit;
     const auto mode = Begin(arguments, console, desk, exit);
     if (!mode) return exit;
     CDependencyEditor editor(desk.catalogue, *mode);
