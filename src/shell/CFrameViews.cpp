@@ -9,14 +9,13 @@
 #include "shell/CColumnsDialog.h"
 #include "shell/CFrameDoor.h"
 #include "shell/CPalette.h"
+#include "shell/CPickDialog.h"
 #include "shell/CRecordListView.h"
 #include "shell/FrameAround.h"
 #include "shell/ListFontDialog.h"
 #include "shell/SettingSwitch.h"
 #include "shell/core/CRecordListModel.h"
 #include "shell/core/CTreeDoor.h"
-
-#include <QInputDialog>
 
 namespace {
 
@@ -47,17 +46,19 @@ void CFrameViews::SelectNone() {
 
 /// Picking a column acts like a click on its header.
 void CFrameViews::Sort() {
-    QStringList captions;
-    int present = 0;
+    CPickDialog::Choice choice{.title = LoadText(Text::SortBy),
+                               .rows = {},
+                               .present = 0,
+                               .hasSearch = false,
+                               .accept = Text::SortTitle};
     for (const int column : m_around.model.VisibleColumns()) {
-        if (column == m_around.model.SortColumn()) present = static_cast<int>(captions.size());
-        captions.append(m_around.model.CaptionOf(column));
+        if (column == m_around.model.SortColumn()) choice.present = static_cast<int>(choice.rows.size());
+        choice.rows.append(m_around.model.CaptionOf(column));
     }
-    bool picked = false;
-    const QString caption = QInputDialog::getItem(&m_around.door.Window(), LoadText(Text::SortTitle),
-                                                  LoadText(Text::SortBy), captions, present, false, &picked);
+    const std::optional<int> picked =
+        RunPickDialog(&m_around.door.Window(), choice, m_around.settings.Profile());
     if (!picked) return;
-    m_around.model.SortByHeader(static_cast<int>(captions.indexOf(caption)) + 1);
+    m_around.model.SortByHeader(*picked + 1);
     m_around.view.ApplyLayout();
 }
 

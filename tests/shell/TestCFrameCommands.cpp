@@ -492,6 +492,29 @@ class TestCFrameCommands final : public QObject {
         scene.Run(32891);
         QVERIFY(!scene.home.settings->useDependencies);
     }
+    /// Also where two columns are called alike; picked again, it turns round.
+    void SortByThePickedColumn() {
+        Scene scene;
+        scene.home.settings->ListColumns().SetColumn(ColumnHalf::Time, 7, {u"Client"_s, 90, 7, true});
+        scene.model.Rebuild();
+        const auto pick = [&scene](int present) {
+            const ModalUser picks([present](QDialog& dialog) {
+                auto* rows = dialog.findChild<QTreeView*>(u"searchRows"_s);
+                QCOMPARE(rows->currentIndex().row(), present);
+                rows->setCurrentIndex(rows->model()->index(6, 0));
+                QTest::keyClick(rows, Qt::Key_Return);
+            });
+            scene.Run(32784);
+        };
+        pick(0);
+        QCOMPARE(scene.home.settings->sortColumnTime, 5);
+        QVERIFY(scene.home.settings->sortAscendingTime);
+        pick(6);
+        QVERIFY(!scene.home.settings->sortAscendingTime);
+        const ModalUser cancels([](QDialog& dialog) { dialog.reject(); });
+        scene.Run(32784);
+        QVERIFY(!scene.home.settings->sortAscendingTime);
+    }
     void ListColumnsRebuild() {
         Scene scene;
         {
