@@ -250,7 +250,7 @@ bool CSqliteFile::Run(const QByteArray& sql) {
 bool CSqliteFile::Begin() {
     if (InTransaction()) return true;
     m_began = Run("BEGIN IMMEDIATE");
-    m_changesBefore = sqlite3_total_changes64(m_db);
+    if (m_began) m_changesBefore = sqlite3_total_changes64(m_db);
     return m_began;
 }
 

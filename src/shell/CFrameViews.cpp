@@ -46,16 +46,17 @@ void CFrameViews::SelectNone() {
 
 /// Picking a column acts like a click on its header.
 void CFrameViews::Sort() {
-    QStringList captions;
-    int present = 0;
+    CPickDialog::Choice choice{.title = LoadText(Text::SortTitle),
+                               .rows = {},
+                               .present = 0,
+                               .hasSearch = false,
+                               .accept = Text::SortTitle};
     for (const int column : m_around.model.VisibleColumns()) {
-        if (column == m_around.model.SortColumn()) present = static_cast<int>(captions.size());
-        captions.append(m_around.model.CaptionOf(column));
+        if (column == m_around.model.SortColumn()) choice.present = static_cast<int>(choice.rows.size());
+        choice.rows.append(m_around.model.CaptionOf(column));
     }
-    const std::optional<int> picked = RunPickDialog(
-        &m_around.door.Window(),
-        {.title = LoadText(Text::SortTitle), .rows = captions, .present = present, .hasSearch = false},
-        m_around.settings.Profile());
+    const std::optional<int> picked =
+        RunPickDialog(&m_around.door.Window(), choice, m_around.settings.Profile());
     if (!picked) return;
     m_around.model.SortByHeader(*picked + 1);
     m_around.view.ApplyLayout();

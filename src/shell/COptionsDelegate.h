@@ -5,7 +5,7 @@
 class COptionsModel;
 
 /// Draws and edits the options: check boxes and radio buttons change with Space or a click anywhere on the
-/// row, values open a combo box or a number field with Space, F2 or a click.
+/// row, values have a combo box or a number field, entered with Space, F2 or a click.
 class COptionsDelegate final : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -22,10 +22,12 @@ class COptionsDelegate final : public QStyledItemDelegate {
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
 
  Q_SIGNALS:
-    /// Space was pressed on a row whose value has an editor.
+    /// Space or F2 was pressed on a row whose value has an editor, or the row was clicked.
     void EditWanted(const QModelIndex& valueIndex);
 
  protected:
+    /// The wheel scrolls the tree, whatever editor is under it.
+    [[nodiscard]] bool eventFilter(QObject* editor, QEvent* event) override;
     [[nodiscard]] bool editorEvent(QEvent* event, QAbstractItemModel* model,
                                    const QStyleOptionViewItem& option, const QModelIndex& index) override;
 

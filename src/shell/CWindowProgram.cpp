@@ -11,11 +11,10 @@
 #include "shell/CBoxPrompt.h"
 #include "shell/CDefaultsDialog.h"
 #include "shell/CEventPump.h"
-#include "shell/CExpenseDialog.h"
 #include "shell/CMainFrame.h"
 #include "shell/COptionsDialog.h"
 #include "shell/CQuitSignals.h"
-#include "shell/CRecordDialog.h"
+#include "shell/EditRecord.h"
 #include "shell/IconTheme.h"
 #include "shell/LegiblePalette.h"
 #include "shell/core/CInstanceHost.h"
@@ -61,12 +60,6 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& context, const 
         std::_Exit(kFailed);
     }
     if (!QByteArray(context.category).startsWith("qt.qpa")) Print(stderr, message);
-}
-
-bool EditRecord(QWidget* parent, CVORec& record, const RecordDialogSurroundings& around) {
-    return record.Kind() == RecordKind::Time
-               ? RunRecordDialog(parent, static_cast<CTRecord&>(record), around)
-               : RunExpenseDialog(parent, static_cast<CERecord&>(record), around);
 }
 
 /// Another window of this home is there: it comes forward, and this process ends.
