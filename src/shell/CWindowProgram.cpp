@@ -6,6 +6,7 @@
 #include "platform/CInstallLocation.h"
 #include "platform/CInstance.h"
 #include "platform/CInstanceChannel.h"
+#include "shell/AccessibleRoles.h"
 #include "shell/CAboutDialog.h"
 #include "shell/CBoxPrompt.h"
 #include "shell/CDefaultsDialog.h"
@@ -138,6 +139,7 @@ int CWindowProgram::RunVerb(const QStringList& arguments) const {
 int CWindowProgram::RunWindow() {
     const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
     QApplication qt(m_argc, m_argv);
+    InstallAccessibleRoles();
     qInstallMessageHandler(usual);
     QApplication::setApplicationName(LoadText(Text::ProgramTitle));
     QApplication::setDesktopFileName(u"velmarch"_s);
