@@ -1,5 +1,8 @@
 #include "shell/AccessibleRoles.h"
 
+#include "shell/COptionsTree.h"
+#include "shell/COptionsTreeAccess.h"
+
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QFrame>
@@ -28,6 +31,8 @@ constexpr RoleRow kRoles[] = {
 /// Qt asks for each class an object descends from, from its own up; null leaves the answer to Qt.
 QAccessibleInterface* MakeAccessible(const QString& className, QObject* object) {
     if (!object || !object->isWidgetType()) return nullptr;
+    if (className == QLatin1String(COptionsTree::staticMetaObject.className()))
+        return new COptionsTreeAccess(static_cast<COptionsTree&>(*object));
     auto* widget = static_cast<QWidget*>(object);
     for (const RoleRow& row : kRoles)
         if (className == QLatin1String(row.className) && row.concerns(*widget))

@@ -107,7 +107,10 @@ void COptionsDelegate::PaintArrow(QPainter* painter, const QStyleOptionViewItem&
 
 bool COptionsDelegate::editorEvent(QEvent* event, QAbstractItemModel*, const QStyleOptionViewItem&,
                                    const QModelIndex& index) {
-    if (!IsSpace(*event) && !IsClick(*event)) return false;
+    return (IsSpace(*event) || IsClick(*event)) && Act(index);
+}
+
+bool COptionsDelegate::Act(const QModelIndex& index) {
     if (m_model.Toggle(Source(index))) return true;
     const QModelIndex value = index.siblingAtColumn(1);
     if (!(value.flags() & Qt::ItemIsEditable)) return false;

@@ -20,6 +20,8 @@ class COptionsDelegate final : public QStyledItemDelegate {
                                         const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+    /// What Space and a click do on a row; false where there is nothing to change.
+    bool Act(const QModelIndex& index);
 
  Q_SIGNALS:
     /// Space was pressed on a row whose value has an editor.

@@ -5,6 +5,7 @@
 #include "shell/CMnemonics.h"
 #include "shell/COptionsDelegate.h"
 #include "shell/COptionsModel.h"
+#include "shell/COptionsTree.h"
 #include "shell/DialogSize.h"
 #include "shell/FormRows.h"
 #include "shell/SettingSwitch.h"
@@ -16,7 +17,6 @@
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QSortFilterProxyModel>
-#include <QTreeView>
 #include <QVBoxLayout>
 
 namespace {
@@ -71,7 +71,7 @@ void COptionsDialog::BuildTree() {
     m_proxy->setRecursiveFilteringEnabled(true);
     m_proxy->setFilterRole(COptionsModel::WordsRole);
     auto* delegate = new COptionsDelegate(*m_model, this);
-    m_tree = new QTreeView;
+    m_tree = new COptionsTree;
     NameWidget(*m_tree, QStringLiteral("optionsTree"), LoadText(Text::OptionsTree));
     m_tree->setModel(m_proxy);
     m_tree->setItemDelegate(delegate);

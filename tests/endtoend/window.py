@@ -34,7 +34,7 @@ def wait(what, question):
         except GLib.Error as error:
             last = error.message
         if time.monotonic() > end:
-            raise Failed(f"{what} ({last})")
+            raise Failed(f"{what() if callable(what) else what} ({last})")
         time.sleep(0.1)
 
 
