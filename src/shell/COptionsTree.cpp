@@ -25,7 +25,7 @@ void COptionsTree::Act(const QModelIndex& cell) {
 void COptionsTree::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                                const QList<int>& roles) {
     QTreeView::dataChanged(topLeft, bottomRight, roles);
-    if (!QAccessible::isActive() || !topLeft.data(Qt::CheckStateRole).isValid()) return;
+    if (!topLeft.data(Qt::CheckStateRole).isValid()) return;
     QAccessible::State changed;
     changed.checked = true;
     QAccessibleStateChangeEvent event(this, changed);
