@@ -6,7 +6,7 @@ import sys
 
 from gi.repository import GLib
 
-from window import Failed, ROLE, STATE, children, do, everything, find, frame, get, has, names, rows, wait
+from window import Failed, ROLE, STATE, children, do, everything, find, frame, get, has, listen, names, rows, wait
 
 NAMELESS_ROLES = (ROLE.UNKNOWN, ROLE.INVALID)
 
@@ -144,6 +144,7 @@ def narrow_by_the_tree(window):
 
 def set_an_option(window):
     """Once left by Cancel, and once by OK."""
+    heard = listen("object:state-changed:checked")
     for button, is_kept in (("Cancel", False), ("OK", True)):
         choose(window, "Tools", "Options...")
         form = dialog(window, "Options")
@@ -154,6 +155,8 @@ def set_an_option(window):
             raise Failed("the option isn't on at first")
         do(box, "Toggle")
         wait("the option is off", lambda: not has(box, STATE.CHECKED))
+        wait(lambda: f"the change is announced, not {heard}", lambda: ("Copy", 0) in heard)
+        heard.clear()
         do(get(form, ROLE.PUSH_BUTTON, button), "Press")
         no_dialog(window)
         expected = '"value": 0' if is_kept else '"value": 1'

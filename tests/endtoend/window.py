@@ -33,6 +33,8 @@ def wait(what, question):
             last = "not so"
         except GLib.Error as error:
             last = error.message
+        while GLib.MainContext.default().iteration(False):  # what listeners hear in between
+            pass
         if time.monotonic() > end:
             raise Failed(f"{what() if callable(what) else what} ({last})")
         time.sleep(0.1)
@@ -90,6 +92,18 @@ def find(root, role, name, in_sight=True):
 def get(root, role, name, in_sight=True):
     said = "one that was described" if callable(name) else repr(name)
     return wait(f"there is {role.value_nick} {said}", lambda: find(root, role, name, in_sight))
+
+
+def listen(event):
+    """What is announced from now on: a list that grows while something is waited for."""
+    heard = []
+    listener = Atspi.EventListener.new(lambda told: heard.append((told.source.get_name(), told.detail1)))
+    listener.register(event)
+    heard_by.append(listener)
+    return heard
+
+
+heard_by = []  # listeners that must not be collected
 
 
 def names(root, role):

@@ -13,7 +13,6 @@
 #include <QSizeGrip>
 #include <QSplitter>
 #include <QTest>
-#include <QTestAccessibility>
 #include <QTreeView>
 
 using namespace Qt::Literals::StringLiterals;
@@ -165,23 +164,6 @@ class TestAccessibleRoles final : public QObject {
         QVERIFY(scene.Cell(QAccessible::TreeItem, u"Rounding"_s));
         search->setText(QString());
         QVERIFY(scene.Cell(QAccessible::CheckBox, u"Delete"_s)->state().checked);
-    }
-
-    /// Whoever turns a check box by Space is told that it is off now.
-    void aChangeIsAnnounced() {
-        const Scene scene;
-        QTestAccessibility::initialize();
-        scene.view.setFocus();
-        const int place = scene.tree->indexOfChild(scene.Cell(QAccessible::CheckBox, u"Delete"_s));
-        scene.view.setCurrentIndex(scene.view.model()->index(1, 0, scene.view.model()->index(0, 0)));
-        QTestAccessibility::clearEvents();
-        QTest::keyClick(&scene.view, Qt::Key_Space);
-        QAccessible::State checked;
-        checked.checked = true;
-        QAccessibleStateChangeEvent expected(&scene.view, checked);
-        expected.setChild(place);
-        QVERIFY(QTestAccessibility::containsEvent(&expected));
-        QTestAccessibility::cleanup();
     }
 };
 

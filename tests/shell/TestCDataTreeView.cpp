@@ -114,6 +114,8 @@ class TestCDataTreeView final : public QObject {
         scene.Add(u"A"_s, u"x"_s);
         scene.Add(u"A"_s, u"y"_s);
         scene.Add(u"B"_s, u"x"_s);
+        scene.view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&scene.view));
         QAccessibleTableInterface* rows =
             QAccessible::queryAccessibleInterface(&scene.view)->tableInterface();
         QCOMPARE(rows->cellAt(2, 0)->text(QAccessible::Name), u"B: 1"_s);
