@@ -59,6 +59,10 @@ class CPulldownCatalogue {
     [[nodiscard]] const DependencyTree& Tree(DependencySet set) const {
         return set == DependencySet::Time ? m_tree1.tree : m_tree2.tree;
     }
+    /// What is stored of the set couldn't be read and hasn't been given up; the tree is empty meanwhile.
+    [[nodiscard]] bool IsDamaged(DependencySet set) const {
+        return (set == DependencySet::Time ? m_tree1 : m_tree2).state == TreePlace::State::Damaged;
+    }
 
     /// Null for a list that isn't known.
     [[nodiscard]] const ItemList* GetList(int list) const { return m_lists.Get(list); }

@@ -83,10 +83,9 @@ CPulldownCatalogue::LoadEnd CPulldownCatalogue::LoadRowByRow(const QString& stat
 
 /// An item of a list that doesn't exist ends the load: which items there are would be guesswork.
 bool CPulldownCatalogue::Keep(std::unique_ptr<CPRecord> item) {
-    const int list = item->listId;
-    const QString text = item->GetText();
-    if (m_lists.Add(std::move(item))) return true;
-    return Warn(Text::StoredItemWithoutList, FormatText<Text::StoredItemWithoutList>(list, text));
+    if (IsKnownList(item->listId) || IsIgnoredList(item->listId)) return m_lists.Add(std::move(item));
+    return Warn(Text::StoredItemWithoutList,
+                FormatText<Text::StoredItemWithoutList>(item->listId, item->GetText()));
 }
 
 // --- Dependencies

@@ -11,8 +11,13 @@ PulldownLists::PulldownLists() {
 void PulldownLists::Clear() {
     m_lists.clear();
     for (const int list : KnownLists()) m_lists.push_back({list, {}, {}});
-    m_items.clear();
-    m_retired.clear();
+    m_byId.clear();
+    m_owned.clear();
+}
+
+void PulldownLists::Reserve(std::size_t items) {
+    m_byId.reserve(static_cast<qsizetype>(items));
+    m_owned.reserve(items);
 }
 
 /// The first entry of that number.
@@ -33,25 +38,24 @@ const PulldownLists::ItemList* PulldownLists::Get(int list) const {
 CPRecord* PulldownLists::Find(int list, const QString& text) const {
     const List* found = Locate(list);
     if (!found) return nullptr;
-    const auto item = found->byText.find(text);
-    return item == found->byText.end() ? nullptr : item->second;
+    if (!found->byText) found->byText = IndexOf(found->items);
+    return found->byText->value(text);
 }
 
 CPRecord* PulldownLists::FindById(const QString& id) const {
-    const auto item = m_items.find(id);
-    return item == m_items.end() ? nullptr : item->second.get();
+    return m_byId.value(id);
 }
 
 bool PulldownLists::Add(std::unique_ptr<CPRecord> item) {
     if (IsIgnoredList(item->listId)) return true;
     List* list = Locate(item->listId);
     if (!list) return false;
-    const auto [place, isNew] = m_items.try_emplace(item->GetId());
-    if (!isNew) return true;
-    place->second = std::move(item);
-    CPRecord* added = place->second.get();
-    list->items.push_back(added);
-    list->byText.try_emplace(added->GetText(), added);
+    CPRecord*& place = m_byId[item->GetId()];
+    if (place) return true;
+    place = item.get();
+    list->items.push_back(item.get());
+    if (list->byText) AddText(*list->byText, *item);
+    m_owned.push_back(std::move(item));
     return true;
 }
 
@@ -61,8 +65,8 @@ void PulldownLists::SetValue(CPRecord& item, const CPRecord& value) {
     item.text = value.text;
     item.number = value.number;
     List* list = Locate(item.listId);
-    if (!list || item.GetText() == former) return;
-    const bool isOnly = list->byText.try_emplace(item.GetText(), &item).second;
+    if (!list || !list->byText || item.GetText() == former) return;
+    const bool isOnly = AddText(*list->byText, item);
     FindFirstAnew(*list, former);
     if (!isOnly) FindFirstAnew(*list, item.GetText());
 }
@@ -72,28 +76,37 @@ void PulldownLists::Remove(CPRecord& item) {
         std::erase(list->items, &item);
         FindFirstAnew(*list, item.GetText());
     }
-    Retire(item.GetId());
+    m_byId.remove(item.GetId());
 }
 
 void PulldownLists::RemoveAll(int list) {
     List* found = Locate(list);
     if (!found) return;
-    for (const CPRecord* item : found->items) Retire(item->GetId());
+    for (const CPRecord* item : found->items) m_byId.remove(item->GetId());
     found->items.clear();
-    found->byText.clear();
+    found->byText.reset();
+}
+
+/// Whether no other item of the list shows its text.
+bool PulldownLists::AddText(TextIndex& index, CPRecord& item) {
+    CPRecord*& first = index[item.GetText()];
+    if (first) return false;
+    first = &item;
+    return true;
+}
+
+PulldownLists::TextIndex PulldownLists::IndexOf(const ItemList& items) {
+    TextIndex index;
+    index.reserve(std::ssize(items));
+    for (CPRecord* item : items) AddText(index, *item);
+    return index;
 }
 
 /// The list is walked only where texts stand in it twice: then there are more items than texts.
 void PulldownLists::FindFirstAnew(List& list, const QString& text) {
-    list.byText.erase(text);
-    if (list.items.size() == list.byText.size()) return;
+    if (!list.byText) return;
+    list.byText->remove(text);
+    if (std::ssize(list.items) == list.byText->size()) return;
     const auto first = std::ranges::find(list.items, text, &CPRecord::GetText);
-    if (first != list.items.end()) list.byText.emplace(text, *first);
-}
-
-void PulldownLists::Retire(const QString& id) {
-    const auto item = m_items.find(id);
-    if (item == m_items.end()) return;
-    m_retired.push_back(std::move(item->second));
-    m_items.erase(item);
+    if (first != list.items.end()) list.byText->insert(text, *first);
 }

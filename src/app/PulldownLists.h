@@ -2,10 +2,10 @@
 
 #include "records/CPRecord.h"
 
-#include <QHash>  // std::hash of texts
+#include <QHash>
 #include <QString>
 #include <memory>
-#include <unordered_map>
+#include <optional>
 #include <vector>
 
 /// The pick lists with their items in memory: the 57 known lists, their items in order of loading and adding,
@@ -18,7 +18,8 @@ class PulldownLists {
     /// All lists anew and empty. Now the items that were removed are destroyed as well: until then pointers
     /// to them, in a tree that is being edited say, stay good.
     void Clear();
-    void Reserve(std::size_t items) { m_items.reserve(items); }
+    /// Makes room for this many items in all.
+    void Reserve(std::size_t items);
 
     /// Null for a list that isn't known.
     [[nodiscard]] const ItemList* Get(int list) const;
@@ -35,17 +36,21 @@ class PulldownLists {
     void RemoveAll(int list);
 
  private:
+    using TextIndex = QHash<QString, CPRecord*>;
     struct List {
         int id;
         ItemList items;
-        std::unordered_map<QString, CPRecord*> byText;  ///< the first item that shows the text
+        /// The first item that shows a text. Made when first asked for: a start reads all items and looks
+        /// for hardly one by its text.
+        mutable std::optional<TextIndex> byText;
     };
     [[nodiscard]] List* Locate(int list);
     [[nodiscard]] const List* Locate(int list) const;
+    static bool AddText(TextIndex& index, CPRecord& item);
+    [[nodiscard]] static TextIndex IndexOf(const ItemList& items);
     static void FindFirstAnew(List& list, const QString& text);
-    void Retire(const QString& id);
 
     std::vector<List> m_lists;
-    std::unordered_map<QString, std::unique_ptr<CPRecord>> m_items;
-    std::vector<std::unique_ptr<CPRecord>> m_retired;
+    QHash<QString, CPRecord*> m_byId;
+    std::vector<std::unique_ptr<CPRecord>> m_owned;  ///< the items, those that were removed included
 };

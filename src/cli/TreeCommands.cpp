@@ -105,7 +105,10 @@ ExitCode ShowTree(const CArguments& arguments, Console& console, RecordDesk& des
     ExitCode exit = ExitCode::Done;
     const auto mode = Begin(arguments, console, desk, exit);
     if (!mode) return exit;
-    const DependencyTree& tree = desk.catalogue.Tree(DependencySetOf(KindOf(*mode)));
+    const DependencySet set = DependencySetOf(KindOf(*mode));
+    if (desk.catalogue.IsDamaged(set))
+        return Refuse(ExitCode::Failed, LoadText(Text::CliDependenciesDamaged), console);
+    const DependencyTree& tree = desk.catalogue.Tree(set);
     console.out.isJson ? WriteJson(console.out, tree) : WriteLines(console.out, tree);
     return ExitCode::Done;
 }

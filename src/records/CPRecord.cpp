@@ -33,11 +33,12 @@ int StoredType(const CPRecord& record) {
     return record.valueType == CPRecord::ValueType::Number ? kNumberType : kTextType;
 }
 
+/// The text is read without the cache of shared texts: hardly two items show the same.
 template <class Row>
 void Take(Row& row, CPRecord& record) {
     record.listId = row.Int();
     const int type = row.Int();
-    const QString text = row.Text();
+    const QString text = row.LongText();
     const float number = row.Float();
     ClearValue(record);
     if (type == kNumberType)

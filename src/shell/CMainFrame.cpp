@@ -15,6 +15,7 @@
 #include "shell/CStatusBar.h"
 #include "shell/Glyphs.h"
 #include "shell/IconTheme.h"
+#include "shell/LegiblePalette.h"
 #include "shell/WindowMemory.h"
 #include "shell/core/CRecordListModel.h"
 #include "shell/core/CTimerTicker.h"
@@ -367,6 +368,7 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
 void CMainFrame::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() != QEvent::PaletteChange || !m_actions) return;
+    MakePaletteLegible();
     ChooseIconTheme();
     m_actions->RefreshIcons();
     m_view->ApplyLayout();

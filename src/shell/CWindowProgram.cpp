@@ -6,6 +6,7 @@
 #include "platform/CInstallLocation.h"
 #include "platform/CInstance.h"
 #include "platform/CInstanceChannel.h"
+#include "platform/CLauncher.h"
 #include "shell/AccessibleRoles.h"
 #include "shell/CAboutDialog.h"
 #include "shell/CBoxPrompt.h"
@@ -17,16 +18,20 @@
 #include "shell/CQuitSignals.h"
 #include "shell/CRecordDialog.h"
 #include "shell/IconTheme.h"
+#include "shell/LegiblePalette.h"
 #include "shell/core/CInstanceHost.h"
+#include "shell/core/CStartCheck.h"
 #include "shell/core/CViewHub.h"
 #include "timers/CRecordTimers.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QTimer>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 
+using namespace std::chrono_literals;
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -71,6 +76,18 @@ int RaiseOther(const QString& home) {
     if (other.FindWindow(home, LoadText(Text::ProgramTitle)) && !other.Post(InstanceCommand::kRaise))
         return kDone;  // it is just ending
     return kDone;
+}
+
+/// Does something as soon as nobody is at work in a dialog or a menu.
+void WhenFree(QObject* context, const std::function<void()>& work) {
+    if (!QApplication::activeModalWidget() && !QApplication::activePopupWidget()) return work();
+    QTimer::singleShot(1s, context, [context, work] { WhenFree(context, work); });
+}
+
+/// A while after the start, when the first clicks are done.
+void LookOverLater(CStartCheck& check, QObject* context, const QString& home) {
+    QTimer::singleShot(3s, context,
+                       [&check, home] { check.Begin(ProgramFolder() + u"/velmarch-cli"_s, home); });
 }
 
 }  // namespace
@@ -143,6 +160,7 @@ int CWindowProgram::RunWindow() {
     qInstallMessageHandler(usual);
     QApplication::setApplicationName(LoadText(Text::ProgramTitle));
     QApplication::setDesktopFileName(u"velmarch"_s);
+    MakePaletteLegible();
     ChooseIconTheme();
 
     CSystemClock clock;
@@ -181,9 +199,15 @@ int CWindowProgram::RunWindow() {
     if (!host.Listen(app.Home(), LoadText(Text::ProgramTitle)))
         Print(stderr, FormatText<Text::ChannelFailed>(host.Error()));
     const CQuitSignals signals([&frame] { frame->close(); });
+    CProcessLauncher launcher;
+    CStartCheck check(
+        {launcher, prompt, [&frame](const std::function<void()>& work) { WhenFree(frame.get(), work); }});
     frame->show();
     // The records come with the window on the screen.
-    QTimer::singleShot(0, frame.get(), [&frame] { frame->Refresh(); });
+    QTimer::singleShot(0, frame.get(), [&] {
+        frame->Refresh();
+        LookOverLater(check, frame.get(), app.Home());
+    });
     const int code = QApplication::exec();
 
     frame->KeepEverything();

@@ -248,6 +248,11 @@ void TestDoctor::DamagedDependencies() {
     QCOMPARE(check[u"ok"].toBool(true), false);
     QVERIFY(!check[u"advice"].toString().isEmpty());
     QCOMPARE(Check(reply.Object(), u"expense dependencies"_s)[u"ok"].toBool(false), true);
+    // "tree show" doesn't show them as none either.
+    const Reply shown = m_home->RunJson({u"tree"_s, u"show"_s, u"time"_s});
+    QCOMPARE(shown.exit, 1);
+    QVERIFY(shown.out.isEmpty());
+    QVERIFY2(shown.err.contains("What is stored of them is damaged."), shown.err.constData());
 }
 
 void TestDoctor::DependenciesOfGoneItems() {
