@@ -10,12 +10,14 @@
 #include "shell/CFrameDoor.h"
 #include "shell/CPalette.h"
 #include "shell/CRecordListView.h"
+#include "shell/FormRows.h"
 #include "shell/FrameAround.h"
 #include "shell/ListFontDialog.h"
 #include "shell/SettingSwitch.h"
 #include "shell/core/CRecordListModel.h"
 #include "shell/core/CTreeDoor.h"
 
+#include <QComboBox>
 #include <QInputDialog>
 
 namespace {
@@ -53,11 +55,15 @@ void CFrameViews::Sort() {
         if (column == m_around.model.SortColumn()) present = static_cast<int>(captions.size());
         captions.append(m_around.model.CaptionOf(column));
     }
-    bool picked = false;
-    const QString caption = QInputDialog::getItem(&m_around.door.Window(), LoadText(Text::SortTitle),
-                                                  LoadText(Text::SortBy), captions, present, false, &picked);
-    if (!picked) return;
-    m_around.model.SortByHeader(static_cast<int>(captions.indexOf(caption)) + 1);
+    QInputDialog dialog(&m_around.door.Window());
+    dialog.setWindowTitle(LoadText(Text::SortTitle));
+    dialog.setLabelText(LoadText(Text::SortBy));
+    dialog.setComboBoxItems(captions);
+    dialog.setTextValue(captions.value(present));
+    if (auto* box = dialog.findChild<QComboBox*>())
+        NameWidget(*box, QStringLiteral("sortColumn"), LoadText(Text::SortBy));
+    if (dialog.exec() != QDialog::Accepted) return;
+    m_around.model.SortByHeader(static_cast<int>(captions.indexOf(dialog.textValue())) + 1);
     m_around.view.ApplyLayout();
 }
 

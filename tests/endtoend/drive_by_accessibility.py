@@ -8,7 +8,7 @@ from gi.repository import GLib
 
 from window import Failed, ROLE, STATE, children, do, everything, find, frame, get, has, listen, names, rows, wait
 
-NAMELESS_ROLES = (ROLE.UNKNOWN, ROLE.INVALID)
+NO_ROLES = (ROLE.UNKNOWN, ROLE.INVALID)
 
 
 def passed(what):
@@ -28,7 +28,7 @@ def look_over(root, what):
         accessible = path[-1]
         seen += 1
         role = accessible.get_role()
-        if role in NAMELESS_ROLES:
+        if role in NO_ROLES:
             wrong.append(f"no role: {described(path)}")
         if has(accessible, STATE.FOCUSABLE) and not accessible.get_name().strip():
             wrong.append(f"no name: {described(path)}")
@@ -148,8 +148,6 @@ def set_an_option(window):
     for button, is_kept in (("Cancel", False), ("OK", True)):
         choose(window, "Tools", "Options...")
         form = dialog(window, "Options")
-        if not is_kept:
-            look_over(form, "the options")
         box = get(form, ROLE.CHECK_BOX, "Copy")
         if not has(box, STATE.CHECKED):
             raise Failed("the option isn't on at first")
@@ -162,6 +160,39 @@ def set_an_option(window):
         expected = '"value": 0' if is_kept else '"value": 1'
         wait(f"{button} is obeyed", lambda: expected in console("settings", "get", "confirmCopy"))
     passed("an option is toggled; Cancel forgets it, OK keeps it")
+
+
+def commands(window):
+    """The commands of all menus with their paths."""
+
+    def below(at, path):
+        for child in children(at):
+            if child.get_role() == ROLE.MENU_ITEM:
+                own = path + [child.get_name()]
+                yield own, child
+                yield from below(child, own)
+            else:
+                yield from below(child, path)
+
+    return list(below(get(window, ROLE.MENU_BAR, ""), []))
+
+
+def look_over_the_dialogs(window):
+    """Each command whose caption announces a dialog, with a record selected so that all are offered."""
+    get(window, ROLE.TABLE, "Records").add_row_selection(0)
+    dialogs = 0
+    for path, command in commands(window):
+        if not path[-1].endswith("...") or path[-1] == "A day..." or not has(command, STATE.ENABLED):
+            continue
+        do(command, "Press")
+        form = get(window.get_application(), ROLE.DIALOG, lambda name: True)
+        look_over(form, " > ".join(path))
+        answer = lambda name: name in ("Cancel", "Close")
+        do(get(form, ROLE.PUSH_BUTTON, answer), "Press")
+        no_dialog(window)
+        dialogs += 1
+    if dialogs < 8:
+        raise Failed(f"only {dialogs} dialogs are offered")
 
 
 def make_an_expense(window):
@@ -193,6 +224,7 @@ def main():
     read_the_list(window)
     narrow_by_the_tree(window)
     look_over(window, "the window with records")
+    look_over_the_dialogs(window)
     set_an_option(window)
     make_an_expense(window)
     look_over(window, "the window with expenses")

@@ -116,7 +116,7 @@ def do(accessible, action):
     offered = [accessible.get_action_name(i) for i in range(accessible.get_n_actions())]
     if action not in offered:
         raise Failed(f"{accessible.get_name()!r} can't {action}, only {offered}")
-    Atspi.set_timeout(500, 0)
+    Atspi.set_timeout(200, 0)
     try:
         accessible.do_action(offered.index(action))
     except GLib.Error:

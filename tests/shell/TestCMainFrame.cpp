@@ -10,13 +10,16 @@
 #include "shell/CEventPump.h"
 #include "shell/CRecordListView.h"
 #include "shell/IconTheme.h"
+#include "shell/ModalUser.h"
 #include "shell/core/CRecordListModel.h"
 #include "shell/core/CViewHub.h"
 #include "support/CScriptedPrompt.h"
 #include "support/CTestClock.h"
 #include "timers/CRecordTimers.h"
 
+#include <QAbstractItemView>
 #include <QAction>
+#include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
@@ -466,6 +469,24 @@ class TestCMainFrame final : public QObject {
         QCOMPARE(told("statusMode"), u"What is shown: Time"_s);
         QCOMPARE(told("statusPeriod"), u"Period shown: "_s + window.Status("statusPeriod"));
         QVERIFY(told("statusSums").startsWith(u"Number and sums: Of "_s));
+    }
+
+    void sortByAColumn() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        window.frame->Refresh();
+        window.Add(19, "10:00", "11:00");
+        window.Add(18, "08:00", "09:00");
+        const ModalUser sorts([](QDialog& dialog) {
+            auto* box = dialog.findChild<QComboBox*>(u"sortColumn"_s);
+            QVERIFY(!box->accessibleName().isEmpty() && !box->view()->accessibleName().isEmpty());
+            box->setCurrentText(u"Start"_s);
+            dialog.accept();
+        });
+        window.frame->RunCommand(Command::kSort);
+        QVERIFY(sorts.Met());
+        const auto first = window.List().model()->index(0, 1).data(Qt::AccessibleTextRole).toString();
+        QVERIFY2(first.contains(u"Start: 08:00 AM"_s), qPrintable(first));
     }
 
     /// Those that other buttons took the place of at the start are gone, not hidden.
