@@ -3,6 +3,7 @@
 #include "lang/LoadText.h"
 #include "shell/ModalUser.h"
 
+#include <QAccessible>
 #include <QComboBox>
 #include <QFont>
 #include <QFontDialog>
@@ -54,21 +55,21 @@ class TestListFontDialog final : public QObject {
         QStringList nameless;
         int fields = 0;
         const ModalUser looks([&](QDialog& dialog) {
-            for (const QWidget* widget : dialog.findChildren<QWidget*>()) {
-                const bool isField = qobject_cast<const QLineEdit*>(widget) ||
-                                     qobject_cast<const QComboBox*>(widget) ||
-                                     qobject_cast<const QListView*>(widget);
+            for (QWidget* widget : dialog.findChildren<QWidget*>()) {
+                const bool isField = qobject_cast<QLineEdit*>(widget) || qobject_cast<QComboBox*>(widget) ||
+                                     qobject_cast<QListView*>(widget);
                 if (!isField || widget->focusPolicy() == Qt::NoFocus) continue;
                 ++fields;
-                if (widget->accessibleName().isEmpty())
-                    nameless << QString::fromLatin1(widget->metaObject()->className());
+                if (QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).isEmpty())
+                    nameless << QString::fromLatin1(widget->metaObject()->className()) + u" in "_s +
+                                    QString::fromLatin1(widget->parent()->metaObject()->className());
             }
             dialog.reject();
         });
         QCOMPARE(AskListFont(nullptr, QFont()), std::nullopt);
         QVERIFY(looks.Met());
         QVERIFY(fields >= 4);
-        QCOMPARE(nameless, QStringList());
+        QCOMPARE(nameless.join(u' '), QString());
     }
 
     void Asked() {
