@@ -6,7 +6,7 @@ import sys
 
 from gi.repository import GLib
 
-from window import Failed, ROLE, STATE, children, do, everything, find, frame, get, has, listen, names, rows, wait
+from window import Failed, ROLE, STATE, children, do, find, frame, get, has, listen, names, rows, wait
 
 NO_ROLES = (ROLE.UNKNOWN, ROLE.INVALID)
 

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # The stage on which the stories of this folder play: a display and a session of their own, the programs installed into
 # a scratch folder, and the moves of a person at the keyboard. Sourced by a story, which is called with the build folder.
 #
