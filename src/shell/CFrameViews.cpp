@@ -11,6 +11,7 @@
 #include "shell/CPalette.h"
 #include "shell/CPickDialog.h"
 #include "shell/CRecordListView.h"
+#include "shell/FormRows.h"
 #include "shell/FrameAround.h"
 #include "shell/ListFontDialog.h"
 #include "shell/SettingSwitch.h"
@@ -46,7 +47,7 @@ void CFrameViews::SelectNone() {
 
 /// Picking a column acts like a click on its header.
 void CFrameViews::Sort() {
-    CPickDialog::Choice choice{.title = LoadText(Text::SortBy),
+    CPickDialog::Choice choice{.title = LoadText(Text::SortTitle),
                                .rows = {},
                                .present = 0,
                                .hasSearch = false,
