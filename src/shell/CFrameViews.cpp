@@ -64,8 +64,11 @@ void CFrameViews::Sort() {
 }
 
 void CFrameViews::Layout(int layout) {
-    m_around.view.CaptureWidths();
     m_around.settings.listLayout = layout;
+    m_around.door.RebuildList();
+}
+
+void CFrameViews::RebuildViews() {
     m_around.document.NotifyViews(Hint::Rebuild);
 }
 
@@ -86,9 +89,8 @@ void CFrameViews::TreeColumns() {
 void CFrameViews::ListFont() {
     const std::optional<FontRecord> font = AskListFont(&m_around.door.Window(), m_around.view.font());
     if (!font) return;
-    m_around.view.CaptureWidths();
     m_around.settings.SetListFont(*font);
-    SaveSettings();
+    PersistLayout();
     m_around.document.NotifyViews(Hint::Rebuild);
 }
 
@@ -115,8 +117,7 @@ void CFrameViews::FindCommand() {
 
 void CFrameViews::Options() {
     if (!m_around.options()) return;
-    m_around.door.KeepLayout();
-    SaveSettings();
+    PersistLayout();
     ResetWorkingRecords();
     m_around.door.Refresh();
 }
@@ -125,6 +126,7 @@ void CFrameViews::About() {
     CAboutDialog(m_around.home, &m_around.door.Window()).exec();
 }
 
-void CFrameViews::SaveSettings() {
+void CFrameViews::PersistLayout() {
+    m_around.view.CaptureWidths();
     if (!m_around.settings.SaveAll()) TellNotSaved(m_around.prompt);
 }

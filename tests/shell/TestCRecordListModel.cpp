@@ -243,6 +243,75 @@ class TestCRecordListModel final : public QObject {
         QCOMPARE(scene.model.rowCount(), 2);
     }
 
+    /// A million rows are to be 64 MB at most, whatever was done to them since: they are filled, added to,
+    /// sorted, thinned out and filtered.
+    void rowsAreSmall() {
+        Scene scene;
+        const auto isSmall = [&scene] {
+            return scene.model.BytesOfRows() >=
+                       sizeof(void*) * static_cast<std::size_t>(scene.model.rowCount()) &&
+                   scene.model.BytesOfRows() < 64 * static_cast<std::size_t>(scene.model.rowCount());
+        };
+        QStringList ids;
+        for (int i = 0; i < 2000; ++i) {
+            CTRecord record;
+            record.date.Set(11, 1 + i % 19, 2026);
+            QVERIFY(scene.home.document->AddRecord(record, false, true, true, &ids.emplaceBack()));
+        }
+        QVERIFY(scene.home.document->Commit());
+        scene.Rebuild();
+        QVERIFY(isSmall());
+        for (int i = 0; i < 3; ++i) {
+            scene.Add(19);
+            scene.Deliver();
+            QVERIFY(isSmall());
+        }
+        scene.home.settings->resortOnChange = false;
+        scene.Add(19);
+        scene.Deliver();
+        QVERIFY(isSmall());
+        scene.model.SortByHeader(2);
+        QVERIFY(isSmall());
+        scene.home.document->Filter().ApplyPreset(1, scene.home.document->PeriodNeeds());
+        scene.Rebuild();
+        QVERIFY(scene.model.rowCount() > 50 && scene.model.rowCount() < 200);
+        QVERIFY(isSmall());
+        scene.home.document->Filter().EnablePeriod(false);
+        scene.Rebuild();
+        scene.model.OnHint(Hint::AboutToGo, ids.mid(0, 1900));
+        QCOMPARE(scene.model.rowCount(), 104);
+        QVERIFY(isSmall());
+        scene.model.OnHint(Hint::Clear, {});
+        QCOMPARE(scene.model.BytesOfRows(), 0U);
+    }
+
+    /// What others are told of leaves the rows as they are.
+    void hintsOfOthers() {
+        Scene scene;
+        const QString id = scene.Add(19);
+        scene.Rebuild();
+        QSignalSpy reset(&scene.model, &QAbstractItemModel::modelReset);
+        QSignalSpy changed(&scene.model, &QAbstractItemModel::dataChanged);
+        QSignalSpy removed(&scene.model, &QAbstractItemModel::rowsRemoved);
+        for (const int hint : {2, 7, 11, 14}) scene.model.OnHint(static_cast<Hint>(hint), {id});
+        QCOMPARE(reset.count() + changed.count() + removed.count(), 0);
+        QCOMPARE(scene.model.rowCount(), 1);
+    }
+
+    /// A record without a duration is first in both directions of that column.
+    void withoutADurationFirst() {
+        Scene scene;
+        scene.Add(18, "09:00", "10:00");
+        scene.Add(19);
+        scene.Add(20, "09:00", "12:00");
+        scene.home.settings->sortColumnTime = 1;
+        for (const bool ascending : {true, false}) {
+            scene.home.settings->sortAscendingTime = ascending;
+            scene.Rebuild();
+            QCOMPARE(scene.Days(), ascending ? QStringLiteral("19 18 20") : QStringLiteral("19 20 18"));
+        }
+    }
+
     /// Many at once, with rows between them that stay.
     void removedManyRows() {
         Scene scene;
@@ -255,6 +324,28 @@ class TestCRecordListModel final : public QObject {
         scene.model.OnHint(Hint::AboutToGo, gone);
         QCOMPARE(scene.model.rowCount(), 100);
         for (const QString& id : scene.model.AllIds()) QVERIFY(!gone.contains(id));
+    }
+
+    /// By the places of records, and by their identities where one is gone or the places were given anew.
+    void rowsOfRecords() {
+        Scene scene;
+        const QString first = scene.Add(20), second = scene.Add(19), third = scene.Add(18);
+        scene.Rebuild();
+        using Rows = std::vector<int>;
+        QCOMPARE(scene.model.RowsOf({}), Rows());
+        QCOMPARE(scene.model.RowsOf({third, first}), (Rows{0, 2}));
+        QCOMPARE(scene.model.RowsOf({third, QStringLiteral("unknown")}), Rows{2});
+        QVERIFY(scene.home.document->DeleteRecord(RecordKind::Time, second, false));
+        QCOMPARE(scene.model.RowsOf({second}), Rows{1});
+        QCOMPARE(scene.model.RowsOf({second, third}), (Rows{1, 2}));
+        scene.home.document->BuildVisible();
+        QCOMPARE(scene.model.RowsOf({third, first}), (Rows{0, 2}));
+        scene.home.settings->resortOnChange = false;
+        const QString fourth = scene.Add(17);
+        scene.home.views.seen.clear();
+        scene.model.OnHint(Hint::Added, {fourth});
+        QCOMPARE(scene.model.RowsOf({fourth}), Rows{3});
+        QCOMPARE(scene.model.RowsOf({first, fourth}), (Rows{0, 3}));
     }
 
     void clearEmpties() {
