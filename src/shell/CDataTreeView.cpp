@@ -89,6 +89,13 @@ QModelIndex CDataTreeView::Selected() const {
     return currentIndex().siblingAtColumn(CDataTreeModel::TextSection);
 }
 
+void CDataTreeView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTreeView::selectionChanged(selected, deselected);
+    if (selected.isEmpty()) return;
+    const QModelIndex node = selected.front().topLeft();
+    if (node != Selected()) setCurrentIndex(node);
+}
+
 bool CDataTreeView::HasNode() const {
     const QModelIndex selected = Selected();
     return selected.isValid() && m_model->NodeAt(selected).Parent();

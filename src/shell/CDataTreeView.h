@@ -38,6 +38,8 @@ class CDataTreeView final : public QTreeView {
 
  protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    /// A node that is selected without the cursor, as a screen reader does it, gets the cursor.
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
     void ApplySelection();

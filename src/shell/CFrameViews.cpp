@@ -11,6 +11,7 @@
 #include "shell/CPalette.h"
 #include "shell/CPickDialog.h"
 #include "shell/CRecordListView.h"
+#include "shell/FormRows.h"
 #include "shell/FrameAround.h"
 #include "shell/ListFontDialog.h"
 #include "shell/SettingSwitch.h"

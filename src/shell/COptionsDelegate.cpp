@@ -115,9 +115,15 @@ bool COptionsDelegate::eventFilter(QObject* editor, QEvent* event) {
 
 bool COptionsDelegate::editorEvent(QEvent* event, QAbstractItemModel*, const QStyleOptionViewItem&,
                                    const QModelIndex& index) {
-    const bool isTap = IsSpace(*event) || IsClick(*event);
-    if (!isTap && KeyOf(*event) != Qt::Key_F2) return false;
-    if (isTap && m_model.Toggle(Source(index))) return true;
+    if (IsSpace(*event) || IsClick(*event)) return Act(index);
+    return KeyOf(*event) == Qt::Key_F2 && Edit(index);
+}
+
+bool COptionsDelegate::Act(const QModelIndex& index) {
+    return m_model.Toggle(Source(index)) || Edit(index);
+}
+
+bool COptionsDelegate::Edit(const QModelIndex& index) {
     const QModelIndex value = index.siblingAtColumn(1);
     if (!(value.flags() & Qt::ItemIsEditable)) return false;
     Q_EMIT EditWanted(value);

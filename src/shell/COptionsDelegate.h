@@ -20,6 +20,8 @@ class COptionsDelegate final : public QStyledItemDelegate {
                                         const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+    /// What Space and a click do on a row; false where there is nothing to change.
+    bool Act(const QModelIndex& index);
 
  Q_SIGNALS:
     /// Space or F2 was pressed on a row whose value has an editor, or the row was clicked.
@@ -32,6 +34,7 @@ class COptionsDelegate final : public QStyledItemDelegate {
                                    const QStyleOptionViewItem& option, const QModelIndex& index) override;
 
  private:
+    bool Edit(const QModelIndex& index);
     [[nodiscard]] QModelIndex Source(const QModelIndex& index) const;
     [[nodiscard]] int ValueWidth(const QFontMetrics& metrics) const;
     void PaintRadio(QPainter* painter, const QStyleOptionViewItem& item) const;

@@ -191,8 +191,9 @@ bool CRecordDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
 
 QString CRecordDelegate::TipAt(const QPoint&, const QStyleOptionViewItem& option,
                                const QModelIndex& index) const {
+    if (index.column() == 0) return index.data(Qt::ToolTipRole).toString();
     QString inWords = index.data(Qt::AccessibleTextRole).toString();
-    if (index.column() == 0 || index.data(CRecordListModel::ImageRole).isValid()) return inWords;
+    if (index.data(CRecordListModel::ImageRole).isValid()) return inWords;
     const int needed = QFontMetrics(option.font).horizontalAdvance(inWords) + 2 * kMargin;
     return needed > option.rect.width() ? inWords : QString();
 }

@@ -45,10 +45,10 @@ CStatusBar::CStatusBar(const CVelmarchDoc& document, Selection selection, QWidge
     layout->setContentsMargins(6, 0, 6, 0);
     layout->setSpacing(6);
     m_modePicture = new QLabel(row);
-    const auto label = [&](const QString& name, Text accessible) {
+    const auto label = [&](const QString& name, Text caption) {
         auto* made = new CElidedLabel(row);
         made->setObjectName(name);
-        made->setAccessibleName(LoadText(accessible));
+        made->SetCaption(LoadText(caption));
         return made;
     };
     m_mode = label(u"statusMode"_s, Text::StatusMode);

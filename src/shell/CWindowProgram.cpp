@@ -7,6 +7,7 @@
 #include "platform/CInstance.h"
 #include "platform/CInstanceChannel.h"
 #include "platform/CLauncher.h"
+#include "shell/AccessibleRoles.h"
 #include "shell/CAboutDialog.h"
 #include "shell/CBoxPrompt.h"
 #include "shell/CDefaultsDialog.h"
@@ -148,6 +149,7 @@ int CWindowProgram::RunVerb(const QStringList& arguments) const {
 int CWindowProgram::RunWindow() {
     const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
     QApplication qt(m_argc, m_argv);
+    InstallAccessibleRoles();
     qInstallMessageHandler(usual);
     QApplication::setApplicationName(LoadText(Text::ProgramTitle));
     QApplication::setDesktopFileName(u"velmarch"_s);

@@ -2,28 +2,18 @@
 
 #include "lang/LoadText.h"
 #include "shell/CMnemonics.h"
+#include "shell/FormRows.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QFont>
 #include <QFontDialog>
 #include <QFontInfo>
+#include <QGridLayout>
 #include <QLabel>
-#include <QListView>
+#include <QLineEdit>
 #include <algorithm>
-
-namespace {
-
-/// The lists of families, styles and sizes are read out by the words above them, which come in the same
-/// order. A dialog of the desktop's own has neither.
-void NameLists(const QFontDialog& dialog) {
-    QStringList words;
-    for (const auto* label : dialog.findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly))
-        if (label->buddy()) words << CMnemonics::Plain(label->text());
-    const auto lists = dialog.findChildren<QListView*>(QString(), Qt::FindDirectChildrenOnly);
-    for (qsizetype i = 0; i < std::min(lists.size(), words.size()); ++i)
-        lists[i]->setAccessibleName(words[i]);
-}
-
-}  // namespace
+#include <vector>
 
 std::optional<FontRecord> FontRecordOf(const QFont& font) {
     // A font by pixels has no size in points of its own.
@@ -37,11 +27,37 @@ std::optional<FontRecord> FontRecordOf(const QFont& font) {
     return record;
 }
 
+namespace {
+
+bool IsField(const QWidget& widget) {
+    return qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QAbstractItemView*>(&widget) ||
+           qobject_cast<const QComboBox*>(&widget);
+}
+
+/// Qt's fields have no names: a field and the list below it are called by the label above them.
+void NameFields(const QFontDialog& dialog) {
+    const auto* grid = qobject_cast<const QGridLayout*>(dialog.layout());
+    if (!grid) return;
+    std::vector<QString> labels(static_cast<std::size_t>(grid->columnCount()));
+    for (int place = 0; place < grid->rowCount() * grid->columnCount(); ++place) {
+        const int column = place % grid->columnCount();
+        const QLayoutItem* item = grid->itemAtPosition(place / grid->columnCount(), column);
+        QWidget* widget = item ? item->widget() : nullptr;
+        QString& label = labels[static_cast<std::size_t>(column)];
+        if (const auto* above = qobject_cast<const QLabel*>(widget))
+            label = CMnemonics::Plain(above->text());
+        else if (widget && IsField(*widget))
+            NameWidget(*widget, widget->objectName(), label);
+    }
+}
+
+}  // namespace
+
 std::optional<FontRecord> AskListFont(QWidget* parent, const QFont& present) {
     QFontDialog dialog(present, parent);
     dialog.setObjectName(QStringLiteral("listFontDialog"));
     dialog.setWindowTitle(LoadText(Text::ListFontTitle));
-    NameLists(dialog);
+    NameFields(dialog);
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return FontRecordOf(dialog.selectedFont());
 }

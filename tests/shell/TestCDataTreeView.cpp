@@ -7,6 +7,7 @@
 #include "support/TestHome.h"
 
 #include <QAbstractItemModelTester>
+#include <QAccessible>
 #include <QStyledItemDelegate>
 #include <QTest>
 #include <random>
@@ -107,6 +108,30 @@ class TestCDataTreeView final : public QObject {
         QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
         scene.Select({u"A"_s});
         QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
+    }
+
+    /// Screen readers select a row without moving the cursor to it.
+    void aNodeSelectedByAScreenReaderNarrowsTheList() {
+        Scene scene;
+        scene.Add(u"A"_s, u"x"_s);
+        scene.Add(u"A"_s, u"y"_s);
+        scene.Add(u"B"_s, u"x"_s);
+        scene.view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&scene.view));
+        QAccessibleTableInterface* rows =
+            QAccessible::queryAccessibleInterface(&scene.view)->tableInterface();
+        QCOMPARE(rows->cellAt(2, 0)->text(QAccessible::Name), u"B: 1"_s);
+        const int before = scene.rebuilds;
+        QVERIFY(rows->selectRow(2));
+        QCOMPARE(scene.view.currentIndex(), scene.At({u"B"_s}));
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
+        QCOMPARE(scene.rebuilds, before + 1);
+        QVERIFY(rows->selectRow(1));
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
+        QCOMPARE(scene.view.selectionModel()->selectedRows().size(), 1);
+        QVERIFY(rows->selectRow(0));
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{3});
+        QVERIFY(!scene.view.HasNode());
     }
 
     void theRootClearsTheConditionsAndKeepsThePeriod() {

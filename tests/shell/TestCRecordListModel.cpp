@@ -379,14 +379,23 @@ class TestCRecordListModel final : public QObject {
         const auto image = [&] {
             return scene.model.data(scene.model.index(0, 0), CRecordListModel::ImageRole).toInt();
         };
+        const auto told = [&](int role) {
+            return scene.model.data(scene.model.index(0, 0), role).toString();
+        };
         QCOMPARE(image(), 3);
+        QVERIFY(told(Qt::AccessibleTextRole).startsWith(QStringLiteral("Date: 11/19/26, ")));
+        QCOMPARE(told(Qt::ToolTipRole), QString());
         QSignalSpy changed(&scene.model, &QAbstractItemModel::dataChanged);
         scene.timers.Start(id, false, 0, 0, 0);
         scene.model.OnHint(Hint::TimerStarted, {id});
         QCOMPARE(image(), 5);
+        QVERIFY(told(Qt::AccessibleTextRole).startsWith(QStringLiteral("The timer runs, Date: 11/19/26, ")));
+        QCOMPARE(told(Qt::ToolTipRole), QStringLiteral("The timer runs"));
         scene.timers.Pause(id);
         scene.model.OnHint(Hint::TimerPaused, {id});
         QCOMPARE(image(), 6);
+        QVERIFY(told(Qt::AccessibleTextRole).startsWith(QStringLiteral("The timer is paused, Date: ")));
+        QCOMPARE(told(Qt::ToolTipRole), QStringLiteral("The timer is paused"));
         scene.timers.Stop(id);
         scene.model.OnHint(Hint::TimerStopped, {id});
         QCOMPARE(image(), 3);
@@ -465,7 +474,13 @@ class TestCRecordListModel final : public QObject {
         QCOMPARE(column(1, Qt::DisplayRole), QStringLiteral("11/20/26 11/19/26 11/18/26"));
         QCOMPARE(column(0, CRecordListModel::ImageRole), QStringLiteral("9 8 8"));
         QCOMPARE(column(3, CRecordListModel::ImageRole), QStringLiteral("0 0 0"));
-        QCOMPARE(column(0, Qt::AccessibleTextRole), QStringLiteral("  "));
+        QCOMPARE(column(0, Qt::ToolTipRole), QStringLiteral("Distance entry  "));
+        // The first cell tells the whole record, also among columns.
+        const auto told = [&model](int row) {
+            return model.data(model.index(row, 0), Qt::AccessibleTextRole).toString();
+        };
+        QVERIFY(told(0).startsWith(QStringLiteral("Distance entry, Date: 11/20/26, Amount: 100.00")));
+        QVERIFY(told(1).startsWith(QStringLiteral("Date: 11/19/26, Amount: 10.00")));
         QCOMPARE(model.headerData(5, Qt::Horizontal).toString(), QStringLiteral("Client"));
         QVERIFY(model.data(model.index(0, 2), Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
         model.SortByHeader(2);

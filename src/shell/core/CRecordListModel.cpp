@@ -233,6 +233,8 @@ QVariant CRecordListModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
             return TextAt(*record, index.column());
+        case Qt::ToolTipRole:
+            return index.column() == 0 ? StateInWords(*record) : QString();
         case Qt::AccessibleTextRole:
             return AccessibleText(*record, index.column());
         case Qt::TextAlignmentRole: {
@@ -255,16 +257,29 @@ QString CRecordListModel::TextAt(const CVORec& record, int modelColumn) const {
     return CellText(record, column, m_settings, m_timers);
 }
 
+/// Whoever goes from row to row by the keyboard hears the first cell of each, so it tells the whole record.
 QString CRecordListModel::AccessibleText(const CVORec& record, int modelColumn) const {
     if (modelColumn == 0) {
-        const RowImage state = StateImageOf(record);
-        return state == RowImage::TimerRunning  ? LoadText(Text::StateRunning)
-               : state == RowImage::TimerPaused ? LoadText(Text::StatePaused)
-                                                : QString();
+        QStringList words{StateInWords(record), RecordInWords(record, m_settings, m_timers)};
+        words.removeAll(QString());
+        return words.join(QStringLiteral(", "));
     }
     const int column = ColumnOf(modelColumn);
     return column != Column::kNone && IsImageColumn(column) ? FlagInWords(record, column, m_settings)
                                                             : TextAt(record, modelColumn);
+}
+
+QString CRecordListModel::StateInWords(const CVORec& record) const {
+    switch (StateImageOf(record)) {
+        case RowImage::TimerRunning:
+            return LoadText(Text::StateRunning);
+        case RowImage::TimerPaused:
+            return LoadText(Text::StatePaused);
+        case RowImage::DistanceEntry:
+            return LoadText(Text::DistanceEntry);
+        default:
+            return {};
+    }
 }
 
 RowImage CRecordListModel::StateImageOf(const CVORec& record) const {

@@ -122,6 +122,7 @@ class CRecordListModel final : public QAbstractTableModel {
     [[nodiscard]] QString TextAt(const CVORec& record, int modelColumn) const;
     [[nodiscard]] QString AccessibleText(const CVORec& record, int modelColumn) const;
     [[nodiscard]] QVariant ImageOf(const CVORec& record, int modelColumn) const;
+    [[nodiscard]] QString StateInWords(const CVORec& record) const;
     [[nodiscard]] RowImage StateImageOf(const CVORec& record) const;
     [[nodiscard]] int ColumnOf(int modelColumn) const;
 
