@@ -11,7 +11,6 @@
 
 #include <QAbstractItemView>
 #include <QAction>
-#include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -529,9 +528,10 @@ class TestCMainFrame final : public QObject {
         window.Add(19, "10:00", "11:00");
         window.Add(18, "08:00", "09:00");
         const ModalUser sorts([](QDialog& dialog) {
-            auto* box = dialog.findChild<QComboBox*>(u"sortColumn"_s);
-            QVERIFY(!box->accessibleName().isEmpty() && !box->view()->accessibleName().isEmpty());
-            box->setCurrentText(u"Start"_s);
+            auto* rows = dialog.findChild<QTreeView*>(u"searchRows"_s);
+            QVERIFY(!rows->accessibleName().isEmpty());
+            rows->setCurrentIndex(rows->model()->index(1, 0));
+            QCOMPARE(rows->currentIndex().data().toString(), u"Start"_s);
             dialog.accept();
         });
         window.frame->RunCommand(Command::kSort);
