@@ -7,6 +7,7 @@
 #include "WindowHome.h"
 #include "config/CCfgStore.h"
 #include "config/ColumnTable.h"
+#include "records/CTRecord.h"
 #include "shell/core/CTimerTicker.h"
 
 #include <malloc.h>
@@ -15,6 +16,7 @@
 #include <QMouseEvent>
 #include <algorithm>
 #include <cstdio>
+#include <functional>
 #include <string>
 
 namespace {
@@ -23,6 +25,7 @@ constexpr int kPages = 41;
 constexpr int kTicks = 41;
 constexpr int kTimers = 1000;
 constexpr int kRounds = 5;
+constexpr int kChanges = 11;
 
 void Say(const std::string& name, double value) {
     std::printf("%s %.3f\n", name.c_str(), value);
@@ -70,14 +73,16 @@ double HeapBytes() {
     return static_cast<double>(heap.uordblks + heap.hblkhd);
 }
 
-/// Of a second list over the same records, on the screen like the first.
+/// Of a second list over the same records, which is on the screen before its rows come.
 void MeasureRowMemory(WindowHome& home) {
-    const double before = HeapBytes();
     CRecordListModel model(home.app.Document(), home.set, home.app.Settings());
     CRecordListView view(model, home.app.Settings());
-    model.Rebuild();
-    view.ApplyLayout();
     WaitForPaint(*view.viewport(), [&view] { view.show(); });
+    const double before = HeapBytes();
+    WaitForPaint(*view.viewport(), [&] {
+        model.Rebuild();
+        view.ApplyLayout();
+    });
     Say("row_bytes", (HeapBytes() - before) / model.rowCount());
 }
 
@@ -137,6 +142,21 @@ void MeasureTicks(WindowHome& home, ListLayout layout, const std::string& name) 
     home.set.Clear();
 }
 
+/// One record after the other gets another text, as the record dialog does it: the record is selected.
+double Changes(WindowHome& home, const std::function<double(const CTRecord&)>& change) {
+    std::vector<double> changes;
+    for (int row = 0; row < kChanges; ++row) {
+        const QString id = home.Model().IdAt(row);
+        home.List().SelectIds({id});
+        Settle();
+        CTRecord record;
+        record.Copy(*home.app.Document().FindTime(id));
+        record.notes += QStringLiteral(" changed");
+        changes.push_back(change(record));
+    }
+    return Median(changes);
+}
+
 double SwitchTo(WindowHome& home, RecordMode mode) {
     return TookToPaint(*home.List().viewport(), [&] { home.frame->SwitchMode(mode); });
 }
@@ -158,6 +178,22 @@ void MeasureSorting(WindowHome& home) {
 void MeasureTick(WindowHome& home) {
     MeasureTicks(home, ListLayout::Columns, "tick_columns");
     MeasureTicks(home, ListLayout::Lines, "tick_lines");
+}
+
+void MeasureChange(WindowHome& home) {
+    home.SetLayout(ListLayout::Lines);
+    home.List().scrollToTop();
+    CVelmarchDoc& document = home.app.Document();
+    const auto modify = [&document](const CTRecord& record, bool notify) {
+        if (!document.ModifyRecord(record, record.GetId(), notify, false, true, true))
+            qFatal("the record can't be changed");
+    };
+    Say("change_us", Changes(home, [&](const CTRecord& record) {
+            return TookToPaint(*home.List().viewport(), [&] { modify(record, true); });
+        }));
+    Say("change_floor_us",
+        Changes(home, [&](const CTRecord& record) { return Took([&] { modify(record, false); }); }));
+    document.FlushPending(Hint::Changed);
 }
 
 void MeasureSwitch(WindowHome& home) {

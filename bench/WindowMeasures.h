@@ -11,5 +11,7 @@ void MeasureList(WindowHome& home);
 void MeasureSorting(WindowHome& home);
 /// A second with 1,000 running timers.
 void MeasureTick(WindowHome& home);
+/// A record with other notes. The floor is the document's change of it, without a notice.
+void MeasureChange(WindowHome& home);
 /// To the expenses and back. The floor takes the window away.
 void MeasureSwitch(WindowHome& home);

@@ -5,6 +5,7 @@
 
 #include <QAbstractTableModel>
 #include <QStringList>
+#include <optional>
 #include <vector>
 
 class ActiveTimerSet;
@@ -95,7 +96,7 @@ class CRecordListModel final : public QAbstractTableModel {
     void TakeSortFromSettings();
     void Fill();
     void PutRows(CRowSorter& sorter) const;
-    void SortRows();
+    std::vector<std::uint32_t> SortRows();
     void Sort();
     void AddRows(const QStringList& added);
     void ChangeRows(const QStringList& ids);
@@ -106,6 +107,7 @@ class CRecordListModel final : public QAbstractTableModel {
     void MoveToPlace(int row);
     [[nodiscard]] RowKey KeyOf(const QString& id) const;
     [[nodiscard]] std::size_t PlaceOf(const Row& row) const;
+    [[nodiscard]] std::optional<std::vector<bool>> PlacesOf(const QStringList& ids) const;
     [[nodiscard]] Row RowOf(const QString& id) const;
     [[nodiscard]] int PlaceFor(const RowKey& key) const;
     [[nodiscard]] int Compare(const RowKey& a, const RowKey& b) const;
