@@ -218,6 +218,25 @@ class TestCRecordListModel final : public QObject {
         QCOMPARE(scene.model.IdAt(selection.selectedRows().front().row()), id);
     }
 
+    /// The order turns round, and each selected row is where its record is.
+    void selectedRowsGoAlongWithASort() {
+        Scene scene;
+        const QString first = scene.Add(18), last = scene.Add(21);
+        scene.Add(19);
+        scene.Add(20);
+        scene.Rebuild();
+        QItemSelectionModel selection(&scene.model);
+        for (const QString& id : {first, last})
+            selection.select(scene.model.index(scene.model.RowsOf({id}).front(), 0),
+                             QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        selection.setCurrentIndex(scene.model.index(1, 1), QItemSelectionModel::NoUpdate);
+        scene.model.SortByHeader(1);
+        QCOMPARE(scene.Days(), QStringLiteral("18 19 20 21"));
+        QVERIFY(selection.isRowSelected(0) && selection.isRowSelected(3));
+        QCOMPARE(selection.selectedRows().size(), 2);
+        QCOMPARE(selection.currentIndex(), scene.model.index(2, 1));
+    }
+
     /// Equal durations contradict themselves; a changed row stays among its equals.
     void equalDurationsDontJump() {
         Scene scene;
@@ -255,6 +274,31 @@ class TestCRecordListModel final : public QObject {
         scene.model.OnHint(Hint::AboutToGo, gone);
         QCOMPARE(scene.model.rowCount(), 100);
         for (const QString& id : scene.model.AllIds()) QVERIFY(!gone.contains(id));
+    }
+
+    /// Ascending, whatever order they are asked for in; who has no row is passed over.
+    void rowsOfRecords() {
+        Scene scene;
+        const QString first = scene.Add(20), second = scene.Add(19), third = scene.Add(18);
+        scene.Rebuild();
+        QCOMPARE(scene.model.RowsOf({third, first}), (std::vector<int>{0, 2}));
+        QCOMPARE(scene.model.RowsOf({second, QStringLiteral("nobody")}), std::vector<int>{1});
+        QCOMPARE(scene.model.RowsOf({}), std::vector<int>());
+        const QString added = scene.Add(21);
+        scene.Deliver();
+        QCOMPARE(scene.model.RowsOf({added, third}), (std::vector<int>{0, 3}));
+    }
+
+    /// Nobody has told the list yet that a record is gone, or that others are visible: its rows are found.
+    void rowsOfRecordsBehindTheList() {
+        Scene scene;
+        const QString first = scene.Add(20), second = scene.Add(19), third = scene.Add(18);
+        scene.Rebuild();
+        QVERIFY(scene.home.document->DeleteRecord(RecordKind::Time, second, false));
+        QCOMPARE(scene.model.RowsOf({second, third}), (std::vector<int>{1, 2}));
+        scene.home.document->Filter().ApplyPreset(1, scene.home.document->PeriodNeeds());
+        scene.home.document->BuildVisible();
+        QCOMPARE(scene.model.RowsOf({first, third}), (std::vector<int>{0, 2}));
     }
 
     void clearEmpties() {
