@@ -59,28 +59,49 @@ void AddGroup(Parsed& parsed, const GroupRow& group, const std::vector<std::stri
     }
 }
 
+/// What the library gets of a line.
+struct Prepared {
+    std::vector<std::string> arguments;
+    std::vector<std::string> words;  ///< what stands behind "--": words, whatever they look like
+    std::string emptyYesNo;          ///< a yes-or-no option with an empty text for its value
+};
+
+/// The option of this name and, if it has one, of this shape; null when there is none.
+const OptionRow* FindOption(const Parsed& parsed, std::string_view argument) {
+    if (!argument.starts_with("--")) return nullptr;
+    for (const auto& [row, option] : parsed.options)
+        if (argument.substr(2) == row->name) return row;
+    return nullptr;
+}
+
 /// "--item1=" gives an empty text. The library would take the next argument for the value, so the two are
-/// parted beforehand.
-std::vector<std::string> WithEmptyValues(const std::vector<std::string>& arguments, const Parsed& parsed) {
-    const auto takesValue = [&](std::string_view argument) {
-        return argument.starts_with("--") &&
-               std::any_of(parsed.options.begin(), parsed.options.end(), [&](const auto& option) {
-                   return TakesValue(*option.first) && argument.substr(2) == option.first->name;
-               });
-    };
-    std::vector<std::string> result;
-    bool isValue = false;
-    for (const std::string& argument : arguments) {
-        const std::string_view text = argument;
-        if (!isValue && text.ends_with('=') && takesValue(text.substr(0, text.size() - 1))) {
-            result.emplace_back(text.substr(0, text.size() - 1));
-            result.emplace_back();
+/// parted beforehand. It would take an empty text behind a yes-or-no option for nothing at all: an unset
+/// variable of a script isn't a yes.
+Prepared Prepare(const std::vector<std::string>& arguments, const Parsed& parsed) {
+    Prepared prepared;
+    const OptionRow* opened = nullptr;  // the option whose value may come next
+    for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+        const bool isValue = opened && TakesValue(*opened);
+        const bool isEmptyYesNo = opened && opened->shape == OptionShape::YesNo && argument->empty();
+        if (isEmptyYesNo) prepared.emptyYesNo = argument[-1];
+        opened = nullptr;
+        if (!isValue && *argument == "--") {
+            prepared.words.assign(argument + 1, arguments.end());
+            break;
+        }
+        const bool isCut = !isValue && argument->ends_with('=');
+        const std::string name = isCut ? argument->substr(0, argument->size() - 1) : *argument;
+        const OptionRow* row = isValue ? nullptr : FindOption(parsed, name);
+        if (isCut && row && row->shape == OptionShape::YesNo) prepared.emptyYesNo = name;
+        if (isCut && row && TakesValue(*row)) {
+            prepared.arguments.push_back(name);
+            prepared.arguments.emplace_back();
             continue;
         }
-        isValue = !isValue && takesValue(text);
-        result.push_back(argument);
+        prepared.arguments.push_back(*argument);
+        if (!isCut) opened = row;
     }
-    return result;
+    return prepared;
 }
 
 /// What the library took for the value of a yes-or-no option may have been the next word: "--billable ID".
@@ -160,10 +181,13 @@ QString Unexpected(const CommandRequest& request, const Parsed& parsed) {
 
 /// Runs the library; its word on what it doesn't like becomes ours.
 void Parse(CommandRequest& request, Parsed& parsed, const std::vector<std::string>& arguments) {
+    Prepared prepared = Prepare(arguments, parsed);
+    if (!prepared.emptyYesNo.empty())
+        request.problem = FormatText<Text::CliValueMissing>(QString::fromStdString(prepared.emptyYesNo));
     try {
-        std::vector<std::string> reversed = WithEmptyValues(arguments, parsed);
-        std::reverse(reversed.begin(), reversed.end());
-        parsed.app.parse(std::move(reversed));
+        std::reverse(prepared.arguments.begin(), prepared.arguments.end());
+        parsed.app.parse(std::move(prepared.arguments));
+        parsed.words.insert(parsed.words.end(), prepared.words.begin(), prepared.words.end());
     } catch (const CLI::ExtrasError&) {
         TakeCommand(request, parsed);
         request.problem = Unexpected(request, parsed);

@@ -54,7 +54,9 @@ Answer CConsolePrompt::Ask(const MessageBox& box) {
     const bool takesYes = isOkCancel || box.buttons == Buttons::YesNo || box.buttons == Buttons::YesNoCancel;
     const Answer yes = isOkCancel ? Answer::Ok : Answer::Yes;
     const Answer no = isOkCancel ? Answer::Cancel : Answer::No;
-    if (takesYes && m_sayYes) return yes;
+    // "--yes" confirms what the command does, not the loss of what was found damaged on the way.
+    const bool isOfCommand = box.textId != static_cast<int>(Text::AskResetTree);
+    if (takesYes && m_sayYes && isOfCommand) return yes;
     if (!takesYes || ::isatty(STDIN_FILENO) == 0) {
         m_out.Complain(FormatText<Text::CliNotConfirmed>(OnLines(box.text)));
         return takesYes ? no : box.defaultAnswer;

@@ -26,6 +26,8 @@ class CSettingsOwner {
     [[nodiscard]] NamedDefaults Defaults(RecordMode mode) const { return {m_settings, m_clock, mode}; }
 
  private:
+    [[nodiscard]] QJsonObject ChangeHere(const QJsonObject& command);
+
     CCfgStore& m_settings;
     CWindowLink& m_window;
     const CClock& m_clock;

@@ -18,8 +18,12 @@ struct ExpenseDraft {
     bool isPageTouched = false;
     std::optional<Odometer> odometer;  ///< while readings are being entered
     bool isStartCleared = false;       ///< then no start is suggested
+    bool isEndCleared = false;
 
-    explicit ExpenseDraft(CERecord& expense) : record(expense) {
+    ExpenseDraft(CERecord& expense, const QStringList& cleared)
+        : record(expense),
+          isStartCleared(cleared.contains(u"odometer-start")),
+          isEndCleared(cleared.contains(u"odometer-end")) {
         page.isDistance = expense.isDistance;
         page.distance = expense.distance.text;
         page.rate = expense.GetRateText();
@@ -64,6 +68,7 @@ QString EnterDistance(ExpenseDraft& draft, const Entered& entered, const FieldNe
     draft.record.odometerEnd = byHand.end;
     draft.page.distance = byHand.distance;
     if (entered) draft.page.isDistance = true;
+    if (!draft.page.isDistance) draft.record.distance.Reset();  // which the page of a plain amount leaves
     draft.ComputeAmount();
     return {};
 }
@@ -73,6 +78,7 @@ QString EnterRate(ExpenseDraft& draft, const Entered& entered, const FieldNeeds&
     const QString typed = entered.value_or(QString()).trimmed();
     draft.isPageTouched = true;
     draft.page.rate = typed;
+    if (!entered && !draft.page.isDistance) draft.record.rate.SetNone();  // as above
     if (!entered) return {};
     draft.page.isDistance = true;
     draft.ComputeAmount();
@@ -87,6 +93,7 @@ Odometer& OdometerOf(ExpenseDraft& draft, const FieldNeeds& needs) {
     TakeDistance(draft.record, draft.page.distance, draft.page.rate);
     draft.odometer = OpenOdometer(draft.record, needs.settings);
     if (draft.isStartCleared) draft.odometer->start.clear();
+    if (draft.isEndCleared) draft.odometer->end.clear();
     return *draft.odometer;
 }
 
@@ -104,7 +111,6 @@ template <QString Odometer::*Reading, QString CERecord::*Field>
 QString EnterReading(ExpenseDraft& draft, const Entered& entered, const FieldNeeds& needs) {
     if (!entered) {
         draft.record.*Field = QString();
-        draft.isStartCleared = draft.isStartCleared || Reading == &Odometer::start;
         return {};
     }
     const QString typed = entered->trimmed();
@@ -213,7 +219,7 @@ std::span<const OptionRow> ExpenseFieldOptions() {
 
 FieldProblem EnterExpenseFields(CERecord& record, const CArguments& arguments, const FieldNeeds& needs) {
     if (FieldProblem problem = CheckPlain(arguments); problem.exit != ExitCode::Done) return problem;
-    ExpenseDraft draft(record);
+    ExpenseDraft draft(record, arguments.Values("clear"));
     FieldProblem problem = EnterAll<ExpenseDraft>(kFields, draft, arguments, needs);
     if (problem.exit != ExitCode::Done) return problem;
     CloseOdometer(draft, needs);

@@ -164,7 +164,9 @@ FilterProblem ReadAmount(const QString& typed, const PeriodSurroundings& around,
     const auto row = std::ranges::find_if(
         kComparisons, [&](const ComparisonRow& one) { return text.startsWith(one.sign); });
     const auto number = EnteredValues::ReadSignedNumber(text.mid(1), around.region);
-    if (row == std::end(kComparisons) || !number) return Usage(FormatText<Text::CliAmountCondition>(typed));
+    // -1 is how a filter keeps "any amount".
+    if (row == std::end(kComparisons) || !number || *number == -1.0)
+        return Usage(FormatText<Text::CliAmountCondition>(typed));
     filter.amount = static_cast<float>(*number);
     filter.comparison = row->comparison;
     return {};

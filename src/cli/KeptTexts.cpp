@@ -1,6 +1,8 @@
 #include "cli/KeptTexts.h"
 
 #include "app/CPulldownCatalogue.h"
+#include "app/CVelmarchDoc.h"
+#include "app/StoreChange.h"
 #include "cli/CArguments.h"
 #include "cli/RecordDesk.h"
 #include "config/CCfgStore.h"
@@ -16,10 +18,12 @@ namespace {
 /// Loads a list only when something is to go into it: adding a record without new texts stays quick.
 class CLazyKeeper final : public CItemKeeper {
  public:
-    explicit CLazyKeeper(CPulldownCatalogue& catalogue) : m_catalogue(catalogue) {}
+    explicit CLazyKeeper(RecordDesk& desk) : m_store(desk.document.Store()), m_catalogue(desk.catalogue) {}
 
     bool Keep(int list, const QString& text) override {
-        if (text.isEmpty() || !m_catalogue.LoadLists({list})) return false;
+        if (text.isEmpty()) return false;
+        const StoreHold hold(m_store);
+        if (!hold.IsHeld() || !m_catalogue.LoadLists({list})) return false;
         const bool isKept = CCatalogueKeeper(m_catalogue).Keep(list, text);
         m_hasKept = m_hasKept || isKept;
         return isKept;
@@ -27,6 +31,7 @@ class CLazyKeeper final : public CItemKeeper {
     [[nodiscard]] bool HasKept() const { return m_hasKept; }
 
  private:
+    CRecordStore& m_store;
     CPulldownCatalogue& m_catalogue;
     bool m_hasKept = false;
 };
@@ -70,7 +75,7 @@ void Keep(const CERecord& record, const CArguments& arguments, const KeepInLists
 }  // namespace
 
 bool KeepTexts(const CVORec& record, const CArguments& arguments, RecordDesk& desk) {
-    CLazyKeeper keeper(desk.catalogue);
+    CLazyKeeper keeper(desk);
     const KeepInLists keep(desk.settings, keeper);
     if (record.Kind() == RecordKind::Time)
         Keep(static_cast<const CTRecord&>(record), arguments, keep);

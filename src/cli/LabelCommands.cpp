@@ -1,6 +1,8 @@
 #include "cli/LabelCommands.h"
 
 #include "app/CPulldownCatalogue.h"
+#include "app/CVelmarchDoc.h"
+#include "app/StoreChange.h"
 #include "cli/CArguments.h"
 #include "cli/CJsonText.h"
 #include "cli/COutput.h"
@@ -82,9 +84,10 @@ void WriteAll(COutput& out, const FieldLabels& labels) {
 ExitCode Change(const std::function<bool(CLabelEditor&)>& work, Console& console, RecordDesk& desk) {
     if (desk.window.IsThere() && !desk.window.Reach())
         return Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsSettings), console);
-    if (!desk.catalogue.Load()) return ExitCode::Failed;
+    const StoreHold hold(desk.document.Store());
+    if (!hold.IsHeld() || !desk.catalogue.Load()) return ExitCode::Failed;
     CLabelEditor editor(desk.catalogue);
-    if (!work(editor)) return ExitCode::Failed;
+    if (!work(editor) || !desk.document.Commit()) return ExitCode::Failed;
     if (!desk.window.IsThere() && !desk.owner.NameColumns(desk.catalogue.Labels()))
         console.out.Note(LoadText(Text::CliSettingsNotSaved));
     AnnounceLists(console, desk);

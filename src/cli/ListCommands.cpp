@@ -1,14 +1,20 @@
 #include "cli/ListCommands.h"
 
 #include "app/CPulldownCatalogue.h"
+#include "app/CVelmarchDoc.h"
+#include "app/StoreChange.h"
 #include "cli/CArguments.h"
 #include "cli/CJsonText.h"
 #include "cli/COutput.h"
+#include "cli/EnteredValues.h"
 #include "cli/ListSteps.h"
 #include "cli/RecordDesk.h"
 #include "cli/RecordSteps.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
+
+#include <functional>
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -36,6 +42,18 @@ QString CheckLength(const QString& text) {
     return text.size() > kLongestItem
                ? FormatText<Text::CliTooLong>(static_cast<int>(text.size()), kLongestItem)
                : QString();
+}
+
+/// A list of numbers takes what is one from its first to its last character; the catalogue itself would stop
+/// at the first that is none.
+bool IsReadable(const ListRow& row, const QString& text, const CRegionalInfo& region) {
+    return !row.holdsNumbers || EnteredValues::ReadSignedNumber(text.trimmed(), region);
+}
+
+/// Changes lists and trees as they are by now, with nobody in between. The user has been asked before.
+bool AsLoadedNow(RecordDesk& desk, const std::function<bool()>& change) {
+    const StoreHold hold(desk.document.Store());
+    return hold.IsHeld() && desk.catalogue.Load() && change() && desk.document.Commit();
 }
 
 ExitCode NoSuchItem(const QString& text, Console& console) {
@@ -84,9 +102,13 @@ ExitCode AddItem(const CArguments& arguments, Console& console, RecordDesk& desk
     const QString text = arguments.Words()[1];
     if (const QString words = CheckLength(text); !words.isEmpty())
         return Refuse(ExitCode::Usage, words, console);
+    // While a question stands, others can't be kept waiting.
+    std::optional<StoreHold> hold;
+    if (!desk.settings.confirmAddListItem) hold.emplace(desk.document.Store());
     const OpenList list = Open(arguments, console, desk);
     if (!list.row) return list.exit;
-    if (desk.catalogue.CheckNewItem(list.row->list, text) == NewItem::Refused)
+    if (!IsReadable(*list.row, text, desk.settings.Region()) ||
+        desk.catalogue.CheckNewItem(list.row->list, text) == NewItem::Refused)
         return Refuse(ExitCode::Failed, FormatText<Text::CliItemRefused>(text), console);
     if (!desk.catalogue.AddItem(list.row->list, text, true)) return ExitCode::Failed;
     AnnounceLists(console, desk);
@@ -94,19 +116,26 @@ ExitCode AddItem(const CArguments& arguments, Console& console, RecordDesk& desk
     return ExitCode::Done;
 }
 
+/// The records come first: after a program was killed in between, the same command finishes the job. Where
+/// the list has the new text already, its items stay as they are, and only records take it.
 ExitCode RenameItem(const CArguments& arguments, Console& console, RecordDesk& desk) {
     const QString former = arguments.Words()[1], text = arguments.Words()[2];
     if (const QString words = CheckLength(text); !words.isEmpty())
         return Refuse(ExitCode::Usage, words, console);
+    const StoreHold hold(desk.document.Store());
     const OpenList opened = Open(arguments, console, desk);
-    if (!opened.row) return opened.exit;
+    if (!opened.row || !hold.IsHeld()) return opened.exit;
     const int list = opened.row->list;
     if (!desk.catalogue.HasItem(list, ItemText(list, former))) return NoSuchItem(former, console);
-    if (desk.catalogue.CheckNewItem(list, text) == NewItem::Refused)
+    const bool isInRecords = arguments.Has("in-records");
+    const bool isMerge = isInRecords && ItemText(list, former) != ItemText(list, text) &&
+                         desk.catalogue.HasItem(list, ItemText(list, text));
+    if (!isMerge && (!IsReadable(*opened.row, text, desk.settings.Region()) ||
+                     desk.catalogue.CheckNewItem(list, text) == NewItem::Refused))
         return Refuse(ExitCode::Failed, FormatText<Text::CliRenameRefused>(text), console);
-    if (!desk.catalogue.RenameItem(list, former, text)) return ExitCode::Failed;
     int count = 0;
-    if (arguments.Has("in-records")) desk.catalogue.ReplaceInRecords(count, list, former, text);
+    if (isInRecords) desk.catalogue.ReplaceInRecords(count, list, former, text);
+    if (!isMerge && !desk.catalogue.RenameItem(list, former, text)) return ExitCode::Failed;
     AnnounceLists(console, desk);
     PrintCount(console.out, "changed", Text::CliChanged, count);
     return ExitCode::Done;
@@ -120,7 +149,7 @@ ExitCode DeleteItem(const CArguments& arguments, Console& console, RecordDesk& d
     if (!desk.catalogue.HasItem(list, ItemText(list, text))) return NoSuchItem(text, console);
     const bool isAgreed = !desk.settings.confirmDeleteListItem ||
                           Confirm(Text::CliAskDeleteItem, Text::ListsTitle, Text::AskDeleteTitle, console);
-    const bool isDone = isAgreed && desk.catalogue.DeleteItem(list, text);
+    const bool isDone = isAgreed && AsLoadedNow(desk, [&] { return desk.catalogue.DeleteItem(list, text); });
     if (isDone) AnnounceLists(console, desk);
     PrintCount(console.out, "deleted", Text::CliItemsDeleted, isDone ? 1 : 0);
     return isDone ? ExitCode::Done : ExitCode::Failed;
@@ -134,7 +163,8 @@ ExitCode ClearItems(const CArguments& arguments, Console& console, RecordDesk& d
     const qsizetype count = desk.catalogue.Texts(list).size();
     const bool isAgreed = count == 0 || !desk.settings.confirmDeleteListItem ||
                           Confirm(Text::CliAskClearList, Text::ListsTitle, Text::AskDeleteTitle, console);
-    const bool isDone = isAgreed && (count == 0 || desk.catalogue.DeleteAllItems(list));
+    const bool isDone =
+        isAgreed && (count == 0 || AsLoadedNow(desk, [&] { return desk.catalogue.DeleteAllItems(list); }));
     if (isDone && count > 0) AnnounceLists(console, desk);
     PrintCount(console.out, "deleted", Text::CliItemsDeleted, isDone ? count : 0);
     return isDone ? ExitCode::Done : ExitCode::Failed;

@@ -1,6 +1,7 @@
 #include "cli/RecordCommands.h"
 
 #include "app/CVelmarchDoc.h"
+#include "app/StoreChange.h"
 #include "cli/CArguments.h"
 #include "cli/COutput.h"
 #include "cli/CSettingsOwner.h"
@@ -56,9 +57,11 @@ ExitCode AddRecord(RecordKind kind, const CArguments& arguments, Console& consol
 }
 
 ExitCode EditRecord(RecordKind kind, const CArguments& arguments, Console& console, RecordDesk& desk) {
+    desk.timers.Look();  // the window may be asked for them, so that comes before others have to wait
+    const StoreHold hold(desk.document.Store());
+    if (!hold.IsHeld()) return ExitCode::Failed;
     const CVORec* stored = FindRecord(kind, arguments.Words().first(), console, desk);
     if (!stored) return LookupFailed(desk);
-    desk.timers.Look();
     const std::unique_ptr<CVORec> record = stored->Clone();
     Settings noted = desk.settings;
     const FieldProblem problem =

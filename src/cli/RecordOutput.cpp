@@ -22,8 +22,15 @@ void WriteRecordLines(COutput& out, const RecordRow& row) {
     }
 }
 
+/// At most so many characters; none is cut in half.
+QString Cut(const QString& text, qsizetype width) {
+    if (text.size() <= width) return text;
+    const qsizetype kept = width - (text[width - 2].isHighSurrogate() ? 2 : 1);
+    return text.left(kept) + u'…';
+}
+
 QString Cell(const QString& text, qsizetype width, bool isNumber) {
-    const QString fitting = text.size() > width ? text.left(width - 1) + u'…' : text;
+    const QString fitting = Cut(text, width);
     return isNumber ? fitting.rightJustified(width) : fitting.leftJustified(width);
 }
 

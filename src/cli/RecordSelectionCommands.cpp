@@ -176,7 +176,9 @@ ExitCode MarkRecords(RecordKind kind, const CArguments& arguments, Console& cons
         isAgreed &&
         AsOneChange(desk, *ids,
                     [&](const QString& id) {
-                        const auto record = Marked(*desk.document.FindRecord(id), row->mark);
+                        const CVORec* stored = desk.document.FetchRecord(kind, id);
+                        if (!stored) return false;
+                        const auto record = Marked(*stored, row->mark);
                         if (!record) return true;
                         changed.append(id);
                         return desk.document.ModifyRecord(*record, id, false, true, true, true);

@@ -1,6 +1,8 @@
 #include "cli/TreeCommands.h"
 
 #include "app/CPulldownCatalogue.h"
+#include "app/CVelmarchDoc.h"
+#include "app/StoreChange.h"
 #include "cli/CArguments.h"
 #include "cli/CJsonText.h"
 #include "cli/COutput.h"
@@ -114,7 +116,9 @@ ExitCode ShowTree(const CArguments& arguments, Console& console, RecordDesk& des
 }
 
 ExitCode AddToTree(const CArguments& arguments, Console& console, RecordDesk& desk) {
-    ExitCode exit = ExitCode::Done;
+    const StoreHold hold(desk.document.Store());
+    ExitCode exit = ExitCode::Failed;
+    if (!hold.IsHeld()) return exit;
     const auto mode = Begin(arguments, console, desk, exit);
     if (!mode) return exit;
     CDependencyEditor editor(desk.catalogue, *mode);
@@ -132,7 +136,9 @@ ExitCode AddToTree(const CArguments& arguments, Console& console, RecordDesk& de
 }
 
 ExitCode RemoveFromTree(const CArguments& arguments, Console& console, RecordDesk& desk) {
-    ExitCode exit = ExitCode::Done;
+    const StoreHold hold(desk.document.Store());
+    ExitCode exit = ExitCode::Failed;
+    if (!hold.IsHeld()) return exit;
     const auto mode = Begin(arguments, console, desk, exit);
     if (!mode) return exit;
     CDependencyEditor editor(desk.catalogue, *mode);

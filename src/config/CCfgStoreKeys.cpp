@@ -176,8 +176,15 @@ bool CCfgStore::HasEntry(const QString& prefix, const QString& entry) {
     return parent.IsOpen() && m_tree.OpenKey(parent, entry).IsOpen();
 }
 
+/// One change of the tree: a program that is killed in between leaves no entry without its value.
 bool CCfgStore::WriteEntry(const QString& prefix, const QString& entry, const QByteArray& data) {
-    return WriteSubBinary(prefix, entry, LoadText(Text::ValueEntry), data, true);
+    const QString& value = LoadText(Text::ValueEntry);
+    if (!HasFittingSize(value, data.size())) return false;
+    const bool done = m_tree.Change([&] { return WriteSubBinary(prefix, entry, value, data, false); });
+    if (!done)
+        Tell(Text::ValueWriteFailed, FormatText<Text::ValueWriteFailed>(m_basePath, value),
+             Text::WriteSettingTitle);
+    return done;
 }
 
 bool CCfgStore::DeleteEntry(const QString& prefix, const QString& entry) {

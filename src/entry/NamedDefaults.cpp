@@ -87,14 +87,10 @@ bool NamedDefaults::Read(const QString& name, CVORec& record) const {
     return time ? TakeBytes(*time, bytes) : TakeBytes(*expense, bytes);
 }
 
-/// A record that is too large for the settings (long notes) leaves no empty default behind.
 bool NamedDefaults::Write(const QString& name, const CVORec& record) {
     QByteArray bytes;
-    if (name.isEmpty() || record.Kind() != KindOf(m_mode) || !record.ToBytes(bytes)) return false;
-    const bool isNew = !m_settings.HasEntry(KeyOf(m_mode), name);
-    if (m_settings.WriteEntry(KeyOf(m_mode), name, bytes)) return true;
-    if (isNew) static_cast<void>(m_settings.DeleteEntry(KeyOf(m_mode), name));
-    return false;
+    return !name.isEmpty() && record.Kind() == KindOf(m_mode) && record.ToBytes(bytes) &&
+           m_settings.WriteEntry(KeyOf(m_mode), name, bytes);
 }
 
 bool NamedDefaults::Delete(const QString& name) {

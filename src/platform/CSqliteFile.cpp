@@ -250,7 +250,12 @@ bool CSqliteFile::Run(const QByteArray& sql) {
 bool CSqliteFile::Begin() {
     if (InTransaction()) return true;
     m_began = Run("BEGIN IMMEDIATE");
+    if (m_began) m_changesBefore = sqlite3_total_changes64(m_db);
     return m_began;
+}
+
+bool CSqliteFile::IsUntouched() const {
+    return InTransaction() && sqlite3_total_changes64(m_db) == m_changesBefore;
 }
 
 bool CSqliteFile::Commit() {

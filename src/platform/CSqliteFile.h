@@ -62,6 +62,8 @@ class CSqliteFile {
     [[nodiscard]] bool Commit();
     void Rollback();
     [[nodiscard]] bool InTransaction() const;
+    /// A transaction is open, and nothing was changed in it so far.
+    [[nodiscard]] bool IsUntouched() const;
 
     /// False once the file on disk isn't the opened one any more (moved, deleted, replaced).
     [[nodiscard]] bool IsStillInPlace() const;
@@ -97,6 +99,7 @@ class CSqliteFile {
     int m_errorCode = 0;
     bool m_readOnly = false;
     bool m_began = false;
+    std::int64_t m_changesBefore = 0;  ///< of the connection, when the transaction began
     bool m_isMemory = false;
     std::uint64_t m_device = 0;
     std::uint64_t m_inode = 0;

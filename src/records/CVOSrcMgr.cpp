@@ -267,6 +267,10 @@ bool CVOSrcMgr::HasOpenChanges() const {
     return m_impl->file.InTransaction() || !m_impl->changes.IsEmpty();
 }
 
+bool CVOSrcMgr::IsBatchUntouched() const {
+    return m_impl->file.IsUntouched() && m_impl->changes.IsEmpty();
+}
+
 void CVOSrcMgr::CloseQuery() {
     if (m_recordset) m_recordset->m_cursor.Close();
 }

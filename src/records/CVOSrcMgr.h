@@ -60,6 +60,8 @@ class CVOSrcMgr {
     void Discard();
     /// Whether something waits for an Update: after a failed one, too.
     [[nodiscard]] bool HasOpenChanges() const;
+    /// A batch is open that has changed nothing so far.
+    [[nodiscard]] bool IsBatchUntouched() const;
     /// Frees the query and its statement: nothing stays open across a turn of the event loop.
     void CloseQuery();
     void Close();

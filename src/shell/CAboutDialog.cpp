@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QGridLayout>
 #include <QLabel>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -39,12 +40,15 @@ QList<QByteArray> LinesOf(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll().split('\n') : QList<QByteArray>();
 }
 
-/// What the process may still take of the addresses it is allowed; nothing where there is no limit.
+/// What the process may still take of the addresses it is allowed: all that the processor has for programs
+/// where no limit is set.
 MemoryGroup AddressSpace() {
+    constexpr std::uint64_t kAllAddresses = std::uint64_t{1} << 47;
     rlimit limit{};
-    if (getrlimit(RLIMIT_AS, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY) return {};
+    if (getrlimit(RLIMIT_AS, &limit) != 0) return {};
+    const std::uint64_t total = std::min<std::uint64_t>(limit.rlim_cur, kAllAddresses);
     const std::uint64_t used = KernelFigure(LinesOf(u"/proc/self/status"_s), "VmSize");
-    return {limit.rlim_cur, limit.rlim_cur > used ? limit.rlim_cur - used : 0};
+    return {total, total > used ? total - used : 0};
 }
 
 }  // namespace
@@ -72,10 +76,11 @@ QStringList MemoryLines(const MemoryFigures& figures) {
     lines.append(figures.swap.total > 0
                      ? FormatText<Text::PageFree>(Megabytes(figures.swap.free), Percentage(figures.swap))
                      : FormatText<Text::PageFreeOnly>(Megabytes(figures.swap.free)));
-    if (figures.addresses.total == 0) return lines;
-    lines.append(FormatText<Text::VirtualTotal>(Megabytes(figures.addresses.total)));
-    lines.append(
-        FormatText<Text::VirtualFree>(Megabytes(figures.addresses.free), Percentage(figures.addresses)));
+    const MemoryGroup& addresses = figures.addresses;
+    lines.append(FormatText<Text::VirtualTotal>(Megabytes(addresses.total)));
+    lines.append(addresses.total > 0
+                     ? FormatText<Text::VirtualFree>(Megabytes(addresses.free), Percentage(addresses))
+                     : FormatText<Text::VirtualFreeOnly>(Megabytes(addresses.free)));
     return lines;
 }
 

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QMainWindow>
 #include <QMenu>
+#include <QThread>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -19,13 +20,17 @@ qsizetype PlaceOfPeriod(const QList<int>& buttons) {
     return next >= 0 ? next : buttons.indexOf(Command::kPeriodPrevious) + 1;
 }
 
-/// Dividing lines are the bar's own; commands and the period stay for the next time.
+/// Dividing lines are the bar's own; commands and the period stay for the next time. The bar leaves its
+/// buttons to the event loop, as one of them may have called for this; buttons given up before that loop runs
+/// would stay hidden in the bar until the program ends, and screen readers would find each command twice.
 void Clear(QToolBar& bar) {
+    const bool isAtStart = QThread::currentThread()->loopLevel() == 0;
     for (QAction* action : bar.actions()) {
-        if (action->isSeparator())
-            delete action;
-        else
-            bar.removeAction(action);
+        QWidget* button = bar.widgetForAction(action);
+        const bool isOurs = qobject_cast<CPeriodButton*>(button);
+        bar.removeAction(action);
+        if (action->isSeparator()) delete action;
+        if (isAtStart && !isOurs) delete button;
     }
 }
 
@@ -39,6 +44,8 @@ QToolBar* CActions::MakeBar(Text title, const QString& name) {
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     bar->toggleViewAction()->setVisible(false);
     bar->setMovable(false);
+    // The arrow for what doesn't fit has no words of its own.
+    bar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s)->setAccessibleName(LoadText(title));
     m_window.addToolBar(bar);
     return bar;
 }

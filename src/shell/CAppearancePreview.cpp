@@ -43,6 +43,11 @@ class CSamplePainter final : public CRecordDelegate {
 CAppearancePreview::CAppearancePreview(QWidget* parent)
     : QTableView(parent), m_painter(new CSamplePainter(m_draft, this)) {
     auto* records = new QStandardItemModel(kRecords, 2, this);
+    QStringList lines;
+    for (int number = 1; number <= kLines; ++number) lines << FormatText<Text::AppSampleLine>(number);
+    for (int cell = 0; cell < 2 * kRecords; ++cell)
+        records->setData(records->index(cell / 2, cell % 2), lines.join(QStringLiteral(", ")),
+                         Qt::AccessibleTextRole);
     setModel(records);
     setItemDelegate(m_painter);
     setSelectionMode(QAbstractItemView::NoSelection);

@@ -2,6 +2,7 @@
 
 #include "lang/LoadText.h"
 #include "shell/CMnemonics.h"
+#include "shell/CTwoLists.h"
 #include "shell/DialogSize.h"
 #include "shell/FormRows.h"
 #include "shell/PlainTip.h"
@@ -9,11 +10,8 @@
 
 #include <QDialogButtonBox>
 #include <QIcon>
-#include <QKeyEvent>
-#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <QSignalBlocker>
 #include <QStyle>
 #include <QVBoxLayout>
 
@@ -24,16 +22,17 @@ QString SizeSection() {
 }
 constexpr QSize kUsualSize{680, 460};
 
-QPushButton* AddButton(QVBoxLayout& buttons, Text caption, Text tip, const char* name, const char* icon,
-                       CMnemonics& mnemonics) {
-    auto* button = new QPushButton(mnemonics.Give(LoadText(caption)));
-    button->setIcon(QIcon::fromTheme(QString::fromLatin1(icon)));
-    button->setToolTip(LoadText(tip));
-    button->setAutoDefault(false);
-    NameWidget(*button, QString::fromLatin1(name), LoadText(caption));
-    buttons.addWidget(button);
-    return button;
-}
+constexpr CTwoLists::Words kWords{
+    .available = Text::ChooserAvailable,
+    .availableName = "availableButtons",
+    .taken = Text::ChooserOnBar,
+    .takenName = "barButtons",
+    .take = {Text::ChooserAdd, Text::TipChooserAdd, "takeButton"},
+    .giveBack = {Text::ChooserRemove, Text::TipChooserRemove, "giveBackButton"},
+    .up = {Text::ColumnUp, Text::TipChooserUp, "buttonUp"},
+    .down = {Text::ColumnDown, Text::TipChooserDown, "buttonDown"},
+};
+constexpr CTwoLists::Button kReset{Text::ChooserReset, Text::TipChooserReset, "resetButtons"};
 
 /// In place of an icon, so that the words beside it stand in line.
 QIcon Blank(const QSize& size) {
@@ -52,68 +51,31 @@ CButtonChooser::CButtonChooser(Bar bar, const QList<int>& buttons, const Names& 
     CMnemonics mnemonics;
     auto* column = new QVBoxLayout(this);
     column->setSpacing(kFormSpace);
-    auto* lists = new QHBoxLayout;
-    lists->setSpacing(kFormSpace);
-    m_available = AddList(*lists, Text::ChooserAvailable, "availableButtons", mnemonics);
-    AddButtons(*lists, mnemonics);
-    m_onBar = AddList(*lists, Text::ChooserOnBar, "barButtons", mnemonics);
-    column->addLayout(lists);
-    column->addWidget(MakeDialogButtons(*this, Text::DialogOk, mnemonics));
-    connect(m_available, &QListWidget::itemDoubleClicked, this, &CButtonChooser::Take);
-    connect(m_onBar, &QListWidget::itemDoubleClicked, this, &CButtonChooser::GiveBack);
-    ShowLists(0, 0);
-    RestoreDialogSize(*this, m_profile, SizeSection(), kUsualSize);
-    m_available->setFocus();
-}
-
-QListWidget* CButtonChooser::AddList(QHBoxLayout& lists, Text caption, const char* name,
-                                     CMnemonics& mnemonics) {
-    auto* list = new QListWidget;
-    auto* label = new QLabel(mnemonics.Give(LoadText(caption)));
-    label->setBuddy(list);
-    NameWidget(*list, QString::fromLatin1(name), LoadText(caption));
-    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
-    list->setIconSize({icon, icon});
-    list->setTextElideMode(Qt::ElideRight);
-    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    list->installEventFilter(this);
-    auto* column = new QVBoxLayout;
-    column->setSpacing(kFormSpace);
-    column->addWidget(label);
-    column->addWidget(list);
-    lists.addLayout(column, 1);
-    connect(list, &QListWidget::currentRowChanged, this, &CButtonChooser::ShowUse);
-    return list;
-}
-
-void CButtonChooser::AddButtons(QHBoxLayout& lists, CMnemonics& mnemonics) {
-    auto* column = new QVBoxLayout;
-    column->setSpacing(kFormSpace);
-    lists.addLayout(column);
-    column->addStretch();
-    m_take = AddButton(*column, Text::ChooserAdd, Text::TipChooserAdd, "takeButton", "go-next", mnemonics);
-    m_giveBack = AddButton(*column, Text::ChooserRemove, Text::TipChooserRemove, "giveBackButton",
-                           "go-previous", mnemonics);
-    column->addSpacing(kFormSpace);
-    m_up = AddButton(*column, Text::ColumnUp, Text::TipChooserUp, "buttonUp", "go-up", mnemonics);
-    m_down = AddButton(*column, Text::ColumnDown, Text::TipChooserDown, "buttonDown", "go-down", mnemonics);
-    column->addSpacing(kFormSpace);
-    auto* reset = AddButton(*column, Text::ChooserReset, Text::TipChooserReset, "resetButtons", "edit-reset",
+    m_lists = new CTwoLists(kWords,
+                            {.take = [this](int line) { return m_choice.Take(line); },
+                             .giveBack = [this](int line) { return m_choice.GiveBack(line); },
+                             .up = [this](int line) { return m_choice.MoveUp(line); },
+                             .down = [this](int line) { return m_choice.MoveDown(line); },
+                             .fill =
+                                 [this](QListWidget& available, QListWidget& onBar) {
+                                     Fill(available, m_choice.Available());
+                                     Fill(onBar, m_choice.OnBar());
+                                 }},
                             mnemonics);
-    column->addStretch();
-    connect(m_take, &QPushButton::clicked, this, &CButtonChooser::Take);
-    connect(m_giveBack, &QPushButton::clicked, this, &CButtonChooser::GiveBack);
-    connect(m_up, &QPushButton::clicked, this, [this] { Move(&ButtonChoice::MoveUp); });
-    connect(m_down, &QPushButton::clicked, this, [this] { Move(&ButtonChoice::MoveDown); });
-    connect(reset, &QPushButton::clicked, this, [this] {
+    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    for (QListWidget* list : {&m_lists->Available(), &m_lists->Taken()}) list->setIconSize({icon, icon});
+    connect(m_lists->AddButton(kReset, "edit-reset", mnemonics), &QPushButton::clicked, this, [this] {
         m_choice.Reset();
-        ShowLists(0, 0);
+        m_lists->ShowLines(0, 0);
     });
+    column->addWidget(m_lists);
+    column->addWidget(MakeDialogButtons(*this, Text::DialogOk, mnemonics));
+    m_lists->ShowLines(0, 0);
+    RestoreDialogSize(*this, m_profile, SizeSection(), kUsualSize);
+    m_lists->setFocus();
 }
 
-void CButtonChooser::Fill(QListWidget& list, const QList<int>& buttons, int current) {
-    const QSignalBlocker blocked(&list);
-    list.clear();
+void CButtonChooser::Fill(QListWidget& list, const QList<int>& buttons) const {
     for (const int button : buttons) {
         const CommandRow* row = FindCommand(button);
         if (!row) {
@@ -124,57 +86,6 @@ void CButtonChooser::Fill(QListWidget& list, const QList<int>& buttons, int curr
         const QIcon icon = QIcon::fromTheme(QString::fromLatin1(row->icon));
         (new QListWidgetItem(icon, words.tip, &list))->setToolTip(PlainTip(words.status));
     }
-    list.setCurrentRow(qMin(current, list.count() - 1));
-}
-
-void CButtonChooser::ShowLists(int availableLine, int onBarLine) {
-    Fill(*m_available, m_choice.Available(), availableLine);
-    Fill(*m_onBar, m_choice.OnBar(), onBarLine);
-    ShowUse();
-}
-
-void CButtonChooser::ShowUse() {
-    if (!m_down) return;
-    const int line = m_onBar->currentRow();
-    m_take->setEnabled(m_available->currentRow() >= 0);
-    m_giveBack->setEnabled(line >= 0);
-    m_up->setEnabled(line > 0);
-    m_down->setEnabled(line >= 0 && line < m_onBar->count() - 1);
-}
-
-/// Among the available ones the next line comes under the cursor, so that several can be taken in a row.
-void CButtonChooser::Take() {
-    const int line = m_available->currentRow();
-    const int taken = m_choice.Take(line);
-    if (taken != ButtonChoice::kNone) ShowLists(line, taken);
-}
-
-void CButtonChooser::GiveBack() {
-    const int line = m_onBar->currentRow();
-    if (line < 0) return;
-    const int given = m_choice.GiveBack(line);
-    ShowLists(given == ButtonChoice::kNone ? m_available->currentRow() : given, line);
-}
-
-void CButtonChooser::Move(int (ButtonChoice::*move)(int line)) {
-    const int line = (m_choice.*move)(m_onBar->currentRow());
-    if (line != ButtonChoice::kNone) ShowLists(m_available->currentRow(), line);
-}
-
-bool CButtonChooser::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
-    const auto& key = static_cast<QKeyEvent&>(*event);
-    const auto modifiers = key.modifiers() & ~Qt::KeypadModifier;
-    const bool isOnBar = watched == m_onBar;
-    if (key.key() == Qt::Key_Space && modifiers == Qt::NoModifier) {
-        isOnBar ? GiveBack() : Take();
-        return true;
-    }
-    const bool isMove = isOnBar && modifiers == Qt::AltModifier;
-    if (!isMove || (key.key() != Qt::Key_Up && key.key() != Qt::Key_Down))
-        return QDialog::eventFilter(watched, event);
-    Move(key.key() == Qt::Key_Up ? &ButtonChoice::MoveUp : &ButtonChoice::MoveDown);
-    return true;
 }
 
 void CButtonChooser::done(int result) {

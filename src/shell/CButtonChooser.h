@@ -5,16 +5,12 @@
 #include <QDialog>
 #include <optional>
 
-class CMnemonics;
 class CProfile;
+class CTwoLists;
 class FieldLabels;
-class QHBoxLayout;
 class QListWidget;
-class QPushButton;
-class QVBoxLayout;
 
-/// Which buttons a tool bar has, in which order, with dividing lines between them: two lists and buttons
-/// between them. A double click and Space move a line over, Alt+Up and Alt+Down move one of the bar.
+/// Which buttons a tool bar has, in which order, with dividing lines between them, chosen in two lists.
 class CButtonChooser final : public QDialog {
     Q_OBJECT
 
@@ -31,29 +27,13 @@ class CButtonChooser final : public QDialog {
     [[nodiscard]] const QList<int>& Buttons() const { return m_choice.OnBar(); }
     void done(int result) override;
 
- protected:
-    [[nodiscard]] bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
-    [[nodiscard]] QListWidget* AddList(QHBoxLayout& lists, Text caption, const char* name,
-                                       CMnemonics& mnemonics);
-    void AddButtons(QHBoxLayout& lists, CMnemonics& mnemonics);
-    void Fill(QListWidget& list, const QList<int>& buttons, int current);
-    void ShowLists(int availableLine, int onBarLine);
-    void ShowUse();
-    void Take();
-    void GiveBack();
-    void Move(int (ButtonChoice::*move)(int line));
+    void Fill(QListWidget& list, const QList<int>& buttons) const;
 
     ButtonChoice m_choice;
     Names m_names;
     CProfile& m_profile;
-    QListWidget* m_available;
-    QListWidget* m_onBar;
-    QPushButton* m_take = nullptr;
-    QPushButton* m_giveBack = nullptr;
-    QPushButton* m_up = nullptr;
-    QPushButton* m_down = nullptr;
+    CTwoLists* m_lists;
 };
 
 /// The buttons as chosen; nothing when the user cancelled.

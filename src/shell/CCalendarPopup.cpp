@@ -4,6 +4,7 @@
 #include "shell/CMnemonics.h"
 #include "shell/FormRows.h"
 
+#include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -15,6 +16,9 @@ CCalendarPopup::CCalendarPopup(const DateTimeVal& day, int firstDayOfWeek, QWidg
     setObjectName(QStringLiteral("calendarPopup"));
     setFrameStyle(QFrame::StyledPanel);
     NameWidget(*m_calendar, QStringLiteral("calendar"), LoadText(Text::LabelDate));
+    // The focus goes to the calendar's table of days, which is what is read out.
+    for (auto* days : m_calendar->findChildren<QAbstractItemView*>())
+        days->setAccessibleName(LoadText(Text::LabelDate));
     m_calendar->setGridVisible(false);
     m_calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     // The usual red of weekends can't be read on a dark ground.

@@ -1,17 +1,12 @@
 #pragma once
 
-#include "lang/Text.h"
 #include "shell/core/ColumnChoice.h"
 
 #include <QWidget>
 
-class CMnemonics;
-class QListWidget;
-class QPushButton;
-class QVBoxLayout;
+class CTwoLists;
 
-/// Which columns are shown and in which order: two lists, with buttons between them. A double click and Space
-/// move a line over, Alt+Up and Alt+Down move a shown one.
+/// Which columns are shown and in which order, chosen in two lists.
 class CColumnPage final : public QWidget {
     Q_OBJECT
 
@@ -22,25 +17,7 @@ class CColumnPage final : public QWidget {
     void SetDraft(const ChosenColumns& columns, bool hasSeparators);
     [[nodiscard]] ChosenColumns GetDraft() const { return m_choice.Close(); }
 
- protected:
-    [[nodiscard]] bool eventFilter(QObject* watched, QEvent* event) override;
-
  private:
-    QListWidget* AddList(Text caption, const char* name, int column, CMnemonics& mnemonics);
-    QPushButton* AddButton(QVBoxLayout& buttons, Text caption, Text tip, const char* name, const char* icon,
-                           CMnemonics& mnemonics);
-    void AddButtons(CMnemonics& mnemonics);
-    void Take();
-    void GiveBack();
-    void Move(int (ColumnChoice::*move)(int line));
-    void ShowLists(int availableLine, int shownLine);
-    void ShowUse();
-
     ColumnChoice m_choice;
-    QListWidget* m_available;
-    QListWidget* m_shown;
-    QPushButton* m_take = nullptr;
-    QPushButton* m_giveBack = nullptr;
-    QPushButton* m_up = nullptr;
-    QPushButton* m_down = nullptr;
+    CTwoLists* m_lists;
 };

@@ -4,8 +4,7 @@
 #include "config/CCfgStore.h"
 #include "lang/LoadText.h"
 #include "platform/CPrompt.h"
-#include "records/CERecord.h"
-#include "records/CTRecord.h"
+#include "shell/CTreeDelegate.h"
 #include "shell/core/CDataTreeModel.h"
 
 #include <QContextMenuEvent>
@@ -36,6 +35,7 @@ CDataTreeView::CDataTreeView(CVelmarchDoc& document, const CCfgStore& settings, 
     setObjectName(QStringLiteral("dataTree"));
     setAccessibleName(LoadText(Text::DataTreeTitle));
     setModel(m_model);
+    setItemDelegate(new CTreeDelegate(this));
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setEditTriggers(NoEditTriggers);
@@ -45,18 +45,55 @@ CDataTreeView::CDataTreeView(CVelmarchDoc& document, const CCfgStore& settings, 
     header()->setSectionResizeMode(CDataTreeModel::CountSection, QHeaderView::ResizeToContents);
     connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, &CDataTreeView::Remember);
     connect(m_model, &QAbstractItemModel::modelReset, this, &CDataTreeView::TakeUp);
+    connect(m_model, &QAbstractItemModel::rowsAboutToBeRemoved, this, &CDataTreeView::NoteOpen);
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &CDataTreeView::ApplySelection);
+    // The selected node may not be what the list shows any more: then a click means it anew.
+    connect(this, &QTreeView::clicked, this, [this] {
+        if (!m_isApplied) ApplySelection();
+    });
     expand(m_model->RootIndex());
 }
 
 void CDataTreeView::OnHint(Hint hint, const QStringList& ids) {
-    if (!m_isFiltering) m_tree.OnHint(hint, ids);
+    if (m_isFiltering) return;
+    if (hint == Hint::Rebuild) m_isApplied = false;
+    if (ids.isEmpty()) return m_tree.OnHint(hint, ids);
+    // A node that goes takes the selection to its neighbour, which nobody has chosen, and comes back closed.
+    const QScopedValueRollback takingUp(m_isTakingUp, true);
+    RememberSelection();
+    m_tree.OnHint(hint, ids);
+    HoldSelection();
+    if (hint == Hint::Changed) Reopen();
+    if (hint == Hint::Added || hint == Hint::Changed || hint == Hint::Deleted) m_open.clear();
+}
+
+void CDataTreeView::RememberSelection() {
+    if (!Selected().isValid()) return;
+    m_hadSelection = true;
+    m_selected = CDataTree::PathOf(m_model->NodeAt(Selected()));
+}
+
+/// The node of a record that changes goes with its old values and may come back with the new ones: then it is
+/// selected again. Until then nothing is, and the list stays as it is.
+void CDataTreeView::HoldSelection() {
+    const CTreeNode* node = m_hadSelection ? m_tree.Find(m_selected) : nullptr;
+    if (!node)
+        selectionModel()->clear();
+    else if (const QModelIndex held = m_model->IndexOf(*node); held != Selected())
+        setCurrentIndex(held);
 }
 
 // --- The selection
 
 QModelIndex CDataTreeView::Selected() const {
     return currentIndex().siblingAtColumn(CDataTreeModel::TextSection);
+}
+
+void CDataTreeView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTreeView::selectionChanged(selected, deselected);
+    if (selected.isEmpty()) return;
+    const QModelIndex node = selected.front().topLeft();
+    if (node != Selected()) setCurrentIndex(node);
 }
 
 bool CDataTreeView::HasNode() const {
@@ -82,14 +119,14 @@ void CDataTreeView::ApplySelection() {
     m_document.BuildVisible();
     m_tree.KeepOverFilter();
     m_document.NotifyViews(Hint::Rebuild);
+    m_isApplied = true;
     Q_EMIT SelectionMoved();
 }
 
 bool CDataTreeView::FillRecord(CVORec& record) const {
     if (!HasNode()) return false;
     const TreePath path = m_tree.StepsTo(m_model->NodeAt(Selected()));
-    return record.Kind() == RecordKind::Time ? ::FillRecord(path, static_cast<CTRecord&>(record), m_settings)
-                                             : ::FillRecord(path, static_cast<CERecord&>(record));
+    return ::FillRecord(path, record, m_settings);
 }
 
 void CDataTreeView::ExpandAll() {
@@ -113,24 +150,29 @@ void CDataTreeView::ToggleBelow(const QModelIndex& index) {
 void CDataTreeView::Remember() {
     if (!m_tree.Root().ChildCount()) return;  // cleared before other records come: what was known is kept
     m_open.clear();
-    const auto remember = [this](const auto& self, const QModelIndex& parent) -> void {
-        for (int row = 0; row < m_model->rowCount(parent) && m_open.size() < kMostOpen; ++row) {
-            const QModelIndex child = m_model->index(row, 0, parent);
-            if (!isExpanded(child)) continue;
-            m_open.append(CDataTree::PathOf(m_model->NodeAt(child)));
-            self(self, child);
-        }
-    };
-    remember(remember, m_model->RootIndex());
-    m_hadSelection = Selected().isValid();
-    m_selected = m_hadSelection ? CDataTree::PathOf(m_model->NodeAt(Selected())) : QStringList();
+    NoteOpen(m_model->RootIndex(), 0, m_model->rowCount(m_model->RootIndex()) - 1);
+    m_hadSelection = false;
+    RememberSelection();
+}
+
+void CDataTreeView::NoteOpen(const QModelIndex& parent, int first, int last) {
+    for (int row = first; row <= last && m_open.size() < kMostOpen; ++row) {
+        const QModelIndex child = m_model->index(row, 0, parent);
+        if (!isExpanded(child)) continue;
+        m_open.append(CDataTree::PathOf(m_model->NodeAt(child)));
+        NoteOpen(child, 0, m_model->rowCount(child) - 1);
+    }
+}
+
+void CDataTreeView::Reopen() {
+    for (const QStringList& path : std::as_const(m_open))
+        if (const CTreeNode* node = m_tree.Find(path)) expand(m_model->IndexOf(*node));
 }
 
 void CDataTreeView::TakeUp() {
     const QScopedValueRollback takingUp(m_isTakingUp, true);
     expand(m_model->RootIndex());
-    for (const QStringList& path : std::as_const(m_open))
-        if (const CTreeNode* node = m_tree.Find(path)) expand(m_model->IndexOf(*node));
+    Reopen();
     const CTreeNode* node = m_hadSelection ? m_tree.Find(m_selected) : nullptr;
     if (node) setCurrentIndex(m_model->IndexOf(*node));
 }

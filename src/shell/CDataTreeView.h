@@ -38,10 +38,16 @@ class CDataTreeView final : public QTreeView {
 
  protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    /// A node that is selected without the cursor, as a screen reader does it, gets the cursor.
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
  private:
     void ApplySelection();
     void Remember();
+    void RememberSelection();
+    void HoldSelection();
+    void NoteOpen(const QModelIndex& parent, int first, int last);
+    void Reopen();
     void TakeUp();
     void ToggleBelow(const QModelIndex& index);
     [[nodiscard]] QModelIndex Selected() const;
@@ -53,7 +59,8 @@ class CDataTreeView final : public QTreeView {
     CDataTreeModel* m_model;
     bool m_isFiltering = false;  ///< the rebuild that is announced comes from here
     bool m_isTakingUp = false;   ///< a selection that is taken up again filters nothing
-    QList<QStringList> m_open;   ///< paths
+    bool m_isApplied = false;    ///< the selected node is what the list was last narrowed to
+    QList<QStringList> m_open;   ///< paths of open nodes that are gone and may come back
     QStringList m_selected;
     bool m_hadSelection = false;
 };

@@ -3,13 +3,11 @@
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
 #include "platform/CPrompt.h"
-#include "records/CERecord.h"
-#include "records/CTRecord.h"
+#include "records/CVORec.h"
 #include "shell/AskText.h"
-#include "shell/CExpenseDialog.h"
 #include "shell/CMnemonics.h"
-#include "shell/CRecordDialog.h"
 #include "shell/DialogSize.h"
+#include "shell/EditRecord.h"
 #include "shell/FormRows.h"
 
 #include <QDialogButtonBox>
@@ -30,12 +28,6 @@ constexpr QSize kUsualSize{420, 320};
 
 RecordMode ModeOf(const CVORec& record) {
     return record.Kind() == RecordKind::Time ? RecordMode::Time : RecordMode::Expense;
-}
-
-bool EditRecord(QWidget* parent, CVORec& record, const RecordDialogSurroundings& around) {
-    return record.Kind() == RecordKind::Time
-               ? RunRecordDialog(parent, static_cast<CTRecord&>(record), around)
-               : RunExpenseDialog(parent, static_cast<CERecord&>(record), around);
 }
 
 }  // namespace

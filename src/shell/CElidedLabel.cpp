@@ -1,5 +1,7 @@
 #include "shell/CElidedLabel.h"
 
+#include "lang/FormatText.h"
+
 #include <QPainter>
 #include <QStyle>
 
@@ -8,11 +10,20 @@ CElidedLabel::CElidedLabel(QWidget* parent) : QLabel(parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
+void CElidedLabel::SetCaption(const QString& caption) {
+    m_caption = caption;
+    setAccessibleName(caption);
+}
+
 void CElidedLabel::SetFullText(const QString& text, const QString& tip) {
     m_full = text;
     setText(text);
     setToolTip((tip.isEmpty() ? text : tip).toHtmlEscaped());
-    setAccessibleDescription(tip.isEmpty() ? text : tip);
+    const QString& told = tip.isEmpty() ? text : tip;
+    if (m_caption.isEmpty())
+        setAccessibleName(told);
+    else
+        setAccessibleName(told.isEmpty() ? m_caption : FormatText<Text::RecordInWords>(m_caption, told));
     updateGeometry();
 }
 

@@ -9,6 +9,8 @@ class CElidedLabel final : public QLabel {
  public:
     explicit CElidedLabel(QWidget* parent = nullptr);
 
+    /// What the text is called; read aloud it comes before it: "Period shown: This week".
+    void SetCaption(const QString& caption);
     /// tip: in place of the text where it says more.
     void SetFullText(const QString& text, const QString& tip = {});
     [[nodiscard]] const QString& FullText() const { return m_full; }
@@ -19,5 +21,6 @@ class CElidedLabel final : public QLabel {
     void paintEvent(QPaintEvent* event) override;
 
  private:
+    QString m_caption;
     QString m_full;
 };

@@ -52,6 +52,7 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::ToggleStatusBar, [](Self& self, int) { self.m_around.door.ToggleStatusBar(); }},
         {::Run::CustomizeBar, [](Self& self, int bar) { self.m_views.CustomizeBar(Bar{bar}); }},
         {::Run::Refresh, [](Self& self, int) { self.m_around.door.Refresh(); }},
+        {::Run::RebuildViews, [](Self& self, int) { self.m_views.RebuildViews(); }},
         {::Run::PeriodPreset, [](Self& self, int preset) { self.Period().Preset(preset); }},
         {::Run::PeriodAll, [](Self& self, int) { self.Period().All(); }},
         {::Run::PeriodDay, [](Self& self, int) { self.m_around.door.PickDay(); }},

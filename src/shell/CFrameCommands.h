@@ -18,6 +18,8 @@ class CFrameCommands {
     void Run(const CommandRow& row);
     /// Edits one record through the dialog and stores it.
     void EditRecord(const QString& id) { m_records.Edit(id); }
+    /// After the user has changed the width of a column.
+    void PersistLayout() { m_views.PersistLayout(); }
     [[nodiscard]] CPeriodCommands& Period() { return m_filters.Period(); }
     /// The part of the state that commands know: mode, period, conditions, tree, and what the window has.
     void Describe(CommandState& state) const;

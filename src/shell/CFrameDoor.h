@@ -14,8 +14,8 @@ class CFrameDoor {
     virtual void ToggleStatusBar() = 0;
     /// Reads all records again; commands wait meanwhile.
     virtual void Refresh() = 0;
-    /// Layout and widths into the settings.
-    virtual void KeepLayout() = 0;
+    /// The list alone anew, by the settings; whoever looks at it keeps the place.
+    virtual void RebuildList() = 0;
     /// A calendar under the period button; the day picked is applied.
     virtual void PickDay() = 0;
     virtual void Leave() = 0;

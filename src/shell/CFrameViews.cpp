@@ -9,14 +9,14 @@
 #include "shell/CColumnsDialog.h"
 #include "shell/CFrameDoor.h"
 #include "shell/CPalette.h"
+#include "shell/CPickDialog.h"
 #include "shell/CRecordListView.h"
+#include "shell/FormRows.h"
 #include "shell/FrameAround.h"
 #include "shell/ListFontDialog.h"
 #include "shell/SettingSwitch.h"
 #include "shell/core/CRecordListModel.h"
 #include "shell/core/CTreeDoor.h"
-
-#include <QInputDialog>
 
 namespace {
 
@@ -47,23 +47,28 @@ void CFrameViews::SelectNone() {
 
 /// Picking a column acts like a click on its header.
 void CFrameViews::Sort() {
-    QStringList captions;
-    int present = 0;
+    CPickDialog::Choice choice{.title = LoadText(Text::SortTitle),
+                               .rows = {},
+                               .present = 0,
+                               .hasSearch = false,
+                               .accept = Text::SortTitle};
     for (const int column : m_around.model.VisibleColumns()) {
-        if (column == m_around.model.SortColumn()) present = static_cast<int>(captions.size());
-        captions.append(m_around.model.CaptionOf(column));
+        if (column == m_around.model.SortColumn()) choice.present = static_cast<int>(choice.rows.size());
+        choice.rows.append(m_around.model.CaptionOf(column));
     }
-    bool picked = false;
-    const QString caption = QInputDialog::getItem(&m_around.door.Window(), LoadText(Text::SortTitle),
-                                                  LoadText(Text::SortBy), captions, present, false, &picked);
+    const std::optional<int> picked =
+        RunPickDialog(&m_around.door.Window(), choice, m_around.settings.Profile());
     if (!picked) return;
-    m_around.model.SortByHeader(static_cast<int>(captions.indexOf(caption)) + 1);
+    m_around.model.SortByHeader(*picked + 1);
     m_around.view.ApplyLayout();
 }
 
 void CFrameViews::Layout(int layout) {
-    m_around.view.CaptureWidths();
     m_around.settings.listLayout = layout;
+    m_around.door.RebuildList();
+}
+
+void CFrameViews::RebuildViews() {
     m_around.document.NotifyViews(Hint::Rebuild);
 }
 
@@ -84,9 +89,8 @@ void CFrameViews::TreeColumns() {
 void CFrameViews::ListFont() {
     const std::optional<FontRecord> font = AskListFont(&m_around.door.Window(), m_around.view.font());
     if (!font) return;
-    m_around.view.CaptureWidths();
     m_around.settings.SetListFont(*font);
-    SaveSettings();
+    PersistLayout();
     m_around.document.NotifyViews(Hint::Rebuild);
 }
 
@@ -113,8 +117,7 @@ void CFrameViews::FindCommand() {
 
 void CFrameViews::Options() {
     if (!m_around.options()) return;
-    m_around.door.KeepLayout();
-    SaveSettings();
+    PersistLayout();
     ResetWorkingRecords();
     m_around.door.Refresh();
 }
@@ -123,6 +126,7 @@ void CFrameViews::About() {
     CAboutDialog(m_around.home, &m_around.door.Window()).exec();
 }
 
-void CFrameViews::SaveSettings() {
+void CFrameViews::PersistLayout() {
+    m_around.view.CaptureWidths();
     if (!m_around.settings.SaveAll()) TellNotSaved(m_around.prompt);
 }

@@ -12,6 +12,7 @@ class CFrameViews {
     void SelectNone();
     void Sort();
     void Layout(int layout);
+    void RebuildViews();
     void ListColumns();
     void ListFont();
     void ToggleTree();
@@ -20,9 +21,9 @@ class CFrameViews {
     void FindCommand();
     void Options();
     void About();
+    /// The settings are saved, with the widths that the columns have on screen.
+    void PersistLayout();
 
  private:
-    void SaveSettings();
-
     const FrameAround& m_around;
 };

@@ -15,6 +15,7 @@
 #include "shell/CStatusBar.h"
 #include "shell/Glyphs.h"
 #include "shell/IconTheme.h"
+#include "shell/LegiblePalette.h"
 #include "shell/WindowMemory.h"
 #include "shell/core/CRecordListModel.h"
 #include "shell/core/CTimerTicker.h"
@@ -27,6 +28,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QToolBar>
 
@@ -99,8 +101,10 @@ void CMainFrame::MakePanes() {
     m_tree = new CDataTreeView(document, settings, m_around.prompt, this);
     m_panes = new CPanes(*m_tree, *m_pane, this);
     setCentralWidget(m_panes);
-    m_status = new CStatusBar(
-        document, [this] { return State().listIsActive ? m_view->SelectedIds() : QStringList(); }, this);
+    m_status = new CStatusBar(document,
+                              {.count = [this] { return IsListInFront() ? m_view->SelectedCount() : 0; },
+                               .each = [this](const auto& visit) { m_view->ForEachSelected(visit); }},
+                              this);
     setStatusBar(m_status);
     m_ticker = new CTimerTicker(
         m_around.timers.Set(), *m_model, [this] { return m_view->RowsInSight(); }, this);
@@ -144,6 +148,7 @@ void CMainFrame::Connect() {
     connect(m_view, &CRecordListView::EditWanted, this, [this](const QString& id) {
         if (!IsBusy()) m_commands->EditRecord(id);
     });
+    connect(m_view, &CRecordListView::ColumnResized, this, [this] { m_commands->PersistLayout(); });
     connect(m_view, &CRecordListView::MenuWanted, this,
             [this](const QPoint& at) { m_actions->ContextMenu().popup(at); });
     connect(m_tree, &CDataTreeView::SelectionMoved, this, &CMainFrame::UpdateActions);
@@ -167,8 +172,12 @@ void CMainFrame::RunCommand(int command) {
     UpdateActions();
 }
 
+bool CMainFrame::IsListInFront() const {
+    return m_pane->currentWidget() == m_view;
+}
+
 CommandState CMainFrame::State() const {
-    const bool listIsActive = m_pane->currentWidget() == m_view;
+    const bool listIsActive = IsListInFront();
     CommandState state{.listIsActive = listIsActive,
                        .busy = IsBusy(),
                        .selected = listIsActive ? m_view->SelectedCount() : 0,
@@ -183,17 +192,36 @@ CommandState CMainFrame::State() const {
 
 void CMainFrame::NotifyViews(Hint hint, const QStringList& ids) {
     if (hint == Hint::Clear || hint == Hint::Rebuild) KeepPlace();
-    if (hint != Hint::SelectionChanged) m_model->OnHint(hint, ids);
+    if (hint != Hint::SelectionChanged) TellList(hint, ids);
     m_tree->OnHint(hint, ids);
-    if (hint == Hint::AboutToGo) m_view->SelectNone();
-    if (hint == Hint::Rebuild) {
-        m_view->ApplyLayout();
-        if (m_tree->font() != m_view->font()) m_tree->setFont(m_view->font());
-        TakePlaceUp();
-    }
+    if (hint == Hint::AboutToGo) m_around.hub.NotifyViews(Hint::SelectionChanged, {});
+    if (hint == Hint::Rebuild) TakeUpList();
     m_ticker->Reconsider();
     ShowListOrNote();
     UpdateActions();
+}
+
+/// Rows that go take the whole selection with them; that it changed is said once, however the rows went.
+void CMainFrame::TellList(Hint hint, const QStringList& ids) {
+    if (hint != Hint::AboutToGo) return m_model->OnHint(hint, ids);
+    const QSignalBlocker quiet(m_view);
+    m_model->OnHint(hint, ids);
+    m_view->SelectNone();
+}
+
+void CMainFrame::TakeUpList() {
+    m_view->ApplyLayout();
+    for (QWidget* widget : {static_cast<QWidget*>(m_tree), static_cast<QWidget*>(m_status)})
+        if (widget->font() != m_view->font()) widget->setFont(m_view->font());
+    TakePlaceUp();
+}
+
+void CMainFrame::RebuildList() {
+    KeepPlace();
+    m_model->Rebuild();
+    TakeUpList();
+    m_ticker->Reconsider();
+    m_around.hub.NotifyViews(Hint::SelectionChanged, {});
 }
 
 /// The list is rebuilt for many reasons; whoever looks at it shouldn't lose the place.
@@ -262,7 +290,6 @@ void CMainFrame::KeepLayout() {
     memory.KeepShown(Text::SectionStatusBar, m_status->isVisibleTo(this));
     memory.KeepShown(Text::SectionBar2, m_actions->FiltersBar().isVisibleTo(this));
     memory.KeepShown(Text::SectionBar1, m_actions->RecordsBar().isVisibleTo(this));
-    m_view->CaptureWidths();
     memory.KeepBinary(Text::EntryGeometry, saveGeometry());
     memory.KeepShown(Text::SectionPanes, m_panes->IsWanted());
     memory.KeepPanes(m_panes->saveState(), m_panes->IsStacked());
@@ -273,7 +300,7 @@ void CMainFrame::KeepLayout() {
 void CMainFrame::KeepEverything() {
     m_around.timers.SaveTimers();
     KeepLayout();
-    StorePeriod(m_around.app.Profile(), m_around.app.Document().Filter());
+    StorePeriod(m_around.app.Profile(), m_around.app.Document().CurrentFilter());
     NoteMode(m_around.app.Settings());
 }
 
@@ -367,6 +394,7 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
 void CMainFrame::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() != QEvent::PaletteChange || !m_actions) return;
+    MakePaletteLegible();
     ChooseIconTheme();
     m_actions->RefreshIcons();
     m_view->ApplyLayout();

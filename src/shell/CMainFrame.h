@@ -75,7 +75,11 @@ class CMainFrame final : public QMainWindow, public CViewNotifier, private CFram
     void MakeCommands();
     void Connect();
     void RestoreLayout();
-    void KeepLayout() override;
+    void KeepLayout();
+    void RebuildList() override;
+    void TellList(Hint hint, const QStringList& ids);
+    void TakeUpList();
+    [[nodiscard]] bool IsListInFront() const;
     void ShowListOrNote();
     void UpdateActions();
     void WrapBars();

@@ -14,6 +14,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
 
 using ExpenseEntryRules::Odometer;
@@ -58,7 +59,7 @@ QLineEdit* COdometerDialog::AddReading(QGridLayout& form, Text label, const QStr
     const int row = form.rowCount();
     AddLabel(form, row, LoadText(label), *line, name, mnemonics);
     form.addWidget(line, row, 1);
-    connect(line, &QLineEdit::textEdited, this, &COdometerDialog::EnterReading);
+    connect(line, &QLineEdit::textChanged, this, &COdometerDialog::EnterReading);
     return line;
 }
 
@@ -76,6 +77,7 @@ void COdometerDialog::AddDistance(QGridLayout& form, CMnemonics& mnemonics) {
 }
 
 void COdometerDialog::EnterReading() {
+    if (m_isShowing) return;
     Odometer odometer = GetDraft();
     ExpenseEntryRules::ReadingsChanged(odometer);
     if (odometer.distance != m_distance->Text()) m_distance->ShowText(odometer.distance);
@@ -85,9 +87,14 @@ void COdometerDialog::EnterReading() {
 void COdometerDialog::EnterDistance() {
     Odometer odometer = GetDraft();
     ExpenseEntryRules::DistanceChosen(odometer, m_distance->Text());
+    ShowReadings(odometer);
+    MarkNumbers();
+}
+
+void COdometerDialog::ShowReadings(const Odometer& odometer) {
+    const QScopedValueRollback showing(m_isShowing, true);
     m_start->setText(odometer.start);
     m_end->setText(odometer.end);
-    MarkNumbers();
 }
 
 void COdometerDialog::MarkNumbers() {
@@ -96,8 +103,7 @@ void COdometerDialog::MarkNumbers() {
 }
 
 void COdometerDialog::SetDraft(const Odometer& odometer) {
-    m_start->setText(odometer.start);
-    m_end->setText(odometer.end);
+    ShowReadings(odometer);
     m_distance->ShowText(odometer.distance);
     m_rate->ShowText(odometer.rate);
     MarkNumbers();

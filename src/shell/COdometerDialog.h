@@ -30,6 +30,7 @@ class COdometerDialog final : public QDialog {
     void AddDistance(QGridLayout& form, CMnemonics& mnemonics);
     void EnterReading();
     void EnterDistance();
+    void ShowReadings(const ExpenseEntryRules::Odometer& odometer);
     void MarkNumbers();
 
     RecordDialogSurroundings m_around;
@@ -38,6 +39,7 @@ class COdometerDialog final : public QDialog {
     QLineEdit* m_end = nullptr;
     CItemCombo* m_distance = nullptr;
     CItemCombo* m_rate = nullptr;
+    bool m_isShowing = false;  ///< the readings are being set from here
 };
 
 /// Lets the user edit the readings; true when accepted, and only then they are changed.

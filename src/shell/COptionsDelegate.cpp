@@ -23,10 +23,12 @@ void LightenOutlines(QPalette& palette) {
         palette.setBrush(QPalette::Window, palette.placeholderText());
 }
 
+int KeyOf(const QEvent& event) {
+    return event.type() == QEvent::KeyPress ? static_cast<const QKeyEvent&>(event).key() : 0;
+}
+
 bool IsSpace(const QEvent& event) {
-    if (event.type() != QEvent::KeyPress) return false;
-    const int key = static_cast<const QKeyEvent&>(event).key();
-    return key == Qt::Key_Space || key == Qt::Key_Select;
+    return KeyOf(event) == Qt::Key_Space || KeyOf(event) == Qt::Key_Select;
 }
 
 bool IsClick(const QEvent& event) {
@@ -105,10 +107,23 @@ void COptionsDelegate::PaintArrow(QPainter* painter, const QStyleOptionViewItem&
     StyleOf(item).drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, painter, item.widget);
 }
 
+bool COptionsDelegate::eventFilter(QObject* editor, QEvent* event) {
+    if (event->type() != QEvent::Wheel) return QStyledItemDelegate::eventFilter(editor, event);
+    event->ignore();
+    return true;
+}
+
 bool COptionsDelegate::editorEvent(QEvent* event, QAbstractItemModel*, const QStyleOptionViewItem&,
                                    const QModelIndex& index) {
-    if (!IsSpace(*event) && !IsClick(*event)) return false;
-    if (m_model.Toggle(Source(index))) return true;
+    if (IsSpace(*event) || IsClick(*event)) return Act(index);
+    return KeyOf(*event) == Qt::Key_F2 && Edit(index);
+}
+
+bool COptionsDelegate::Act(const QModelIndex& index) {
+    return m_model.Toggle(Source(index)) || Edit(index);
+}
+
+bool COptionsDelegate::Edit(const QModelIndex& index) {
     const QModelIndex value = index.siblingAtColumn(1);
     if (!(value.flags() & Qt::ItemIsEditable)) return false;
     Q_EMIT EditWanted(value);

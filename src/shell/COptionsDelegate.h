@@ -5,7 +5,7 @@
 class COptionsModel;
 
 /// Draws and edits the options: check boxes and radio buttons change with Space or a click anywhere on the
-/// row, values open a combo box or a number field with Space, F2 or a click.
+/// row, values have a combo box or a number field, entered with Space, F2 or a click.
 class COptionsDelegate final : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -20,16 +20,21 @@ class COptionsDelegate final : public QStyledItemDelegate {
                                         const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+    /// What Space and a click do on a row; false where there is nothing to change.
+    bool Act(const QModelIndex& index);
 
  Q_SIGNALS:
-    /// Space was pressed on a row whose value has an editor.
+    /// Space or F2 was pressed on a row whose value has an editor, or the row was clicked.
     void EditWanted(const QModelIndex& valueIndex);
 
  protected:
+    /// The wheel scrolls the tree, whatever editor is under it.
+    [[nodiscard]] bool eventFilter(QObject* editor, QEvent* event) override;
     [[nodiscard]] bool editorEvent(QEvent* event, QAbstractItemModel* model,
                                    const QStyleOptionViewItem& option, const QModelIndex& index) override;
 
  private:
+    bool Edit(const QModelIndex& index);
     [[nodiscard]] QModelIndex Source(const QModelIndex& index) const;
     [[nodiscard]] int ValueWidth(const QFontMetrics& metrics) const;
     void PaintRadio(QPainter* painter, const QStyleOptionViewItem& item) const;

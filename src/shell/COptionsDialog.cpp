@@ -5,6 +5,7 @@
 #include "shell/CMnemonics.h"
 #include "shell/COptionsDelegate.h"
 #include "shell/COptionsModel.h"
+#include "shell/COptionsTree.h"
 #include "shell/DialogSize.h"
 #include "shell/FormRows.h"
 #include "shell/SettingSwitch.h"
@@ -16,7 +17,6 @@
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QSortFilterProxyModel>
-#include <QTreeView>
 #include <QVBoxLayout>
 
 namespace {
@@ -71,25 +71,20 @@ void COptionsDialog::BuildTree() {
     m_proxy->setRecursiveFilteringEnabled(true);
     m_proxy->setFilterRole(COptionsModel::WordsRole);
     auto* delegate = new COptionsDelegate(*m_model, this);
-    m_tree = new QTreeView;
+    m_tree = new COptionsTree;
     NameWidget(*m_tree, QStringLiteral("optionsTree"), LoadText(Text::OptionsTree));
     m_tree->setModel(m_proxy);
     m_tree->setItemDelegate(delegate);
     m_tree->setHeaderHidden(true);
     m_tree->setAllColumnsShowFocus(true);
-    m_tree->setEditTriggers(QAbstractItemView::EditKeyPressed);
+    m_tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_tree->header()->setStretchLastSection(false);
     m_tree->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     m_tree->header()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     ShowAll();
-    // Once the key or click that asks for the editor is done with, or it would go on to close it.
-    connect(
-        delegate, &COptionsDelegate::EditWanted, this,
-        [this](const QModelIndex& value) {
-            m_tree->setCurrentIndex(value);
-            m_tree->edit(value);
-        },
-        Qt::QueuedConnection);
+    // Once the key or click that asks for the editor is done with, or it would go on to leave it.
+    connect(delegate, &COptionsDelegate::EditWanted, m_tree, &COptionsTree::EnterEditor,
+            Qt::QueuedConnection);
 }
 
 /// Opens all groups; words without a value beside them have the whole row.
@@ -103,6 +98,7 @@ void COptionsDialog::ShowAll() {
 }
 
 void COptionsDialog::Narrow(const QString& words) {
+    m_tree->CloseEditor();
     m_proxy->setFilterRegularExpression(AllWords(words));
     ShowAll();
     m_nothing->setVisible(m_proxy->rowCount() == 0);
@@ -117,8 +113,8 @@ void COptionsDialog::keyPressEvent(QKeyEvent* event) {
 }
 
 void COptionsDialog::accept() {
-    // A number that is still being typed counts: the editor loses the focus and hands it over.
-    m_tree->setFocus();
+    // A number that is still being typed counts.
+    m_tree->CloseEditor();
     m_changed = m_model->Store(m_settings);
     QDialog::accept();
 }

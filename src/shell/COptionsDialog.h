@@ -6,11 +6,11 @@
 class CCfgStore;
 class CColumnNames;
 class COptionsModel;
+class COptionsTree;
 class CPrompt;
 class QLabel;
 class QLineEdit;
 class QSortFilterProxyModel;
-class QTreeView;
 
 /// The settings as a tree that a search narrows. Nothing is changed before OK.
 class COptionsDialog final : public QDialog {
@@ -39,7 +39,7 @@ class COptionsDialog final : public QDialog {
     CCfgStore& m_settings;
     COptionsModel* m_model;
     QSortFilterProxyModel* m_proxy;
-    QTreeView* m_tree = nullptr;
+    COptionsTree* m_tree = nullptr;
     QLineEdit* m_search = nullptr;
     QLabel* m_nothing = nullptr;
     std::vector<int> m_changed;

@@ -1,7 +1,7 @@
 #include "shell/COptionsModel.h"
 
 #include "app/FieldLabels.h"
-#include "lang/LoadText.h"
+#include "lang/FormatText.h"
 
 #include <QStringList>
 
@@ -50,6 +50,7 @@ QStandardItem* COptionsModel::AddRow(QStandardItem& parent, const QString& text,
     words->setEditable(false);
     auto* value = new QStandardItem;
     value->setEditable(false);
+    value->setAccessibleText(text);
     parent.appendRow({words, value});
     return words;
 }
@@ -62,7 +63,6 @@ void COptionsModel::AddOption(const OptionRow& row, QStandardItem& words) {
     mark(*value);
     words.setCheckable(row.kind == OptionKind::Check);
     value->setEditable(row.kind == OptionKind::Choice || row.kind == OptionKind::Number);
-    value->setAccessibleText(words.text());
     if (row.kind == OptionKind::Radios) {
         for (const ValueChoice& choice : row.choices) {
             QStandardItem* leaf = AddRow(words, LoadText(choice.text), words.data(WordsRole).toString());
@@ -98,7 +98,10 @@ void COptionsModel::Show(const Option& option) {
         QStandardItem* leaf = option.words->child(i);
         leaf->setCheckState(stateOf(leaf->data(RadioRole).toLongLong() == option.edited));
     }
-    if (option.value->isEditable()) option.value->setText(ValueText(*option.row, option.edited));
+    if (!option.value->isEditable()) return;
+    const QString value = ValueText(*option.row, option.edited);
+    option.value->setText(value);
+    option.value->setAccessibleText(FormatText<Text::RecordInWords>(option.words->text(), value));
 }
 
 std::optional<std::size_t> COptionsModel::PlaceOf(const QModelIndex& index) const {
@@ -122,6 +125,11 @@ void COptionsModel::SetValue(const QModelIndex& index, std::int64_t value) {
     if (!place || !IsAllowed(*m_options[*place].setting, value)) return;
     m_options[*place].edited = value;
     Show(m_options[*place]);
+}
+
+bool COptionsModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::CheckStateRole) return QStandardItemModel::setData(index, value, role);
+    return index.data(role) == value || Toggle(index);
 }
 
 bool COptionsModel::Toggle(const QModelIndex& index) {

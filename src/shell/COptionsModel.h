@@ -33,6 +33,8 @@ class COptionsModel final : public QStandardItemModel {
     [[nodiscard]] const OptionRow* RowOf(const QModelIndex& index) const;
     [[nodiscard]] std::int64_t ValueOf(const QModelIndex& index) const;
     void SetValue(const QModelIndex& index, std::int64_t value);
+    /// A check box or radio button that is set from outside, as a screen reader does it, changes as by Space.
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     /// Space or a click: a check box changes, a radio button is marked. False for all else.
     bool Toggle(const QModelIndex& index);
 

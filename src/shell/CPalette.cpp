@@ -50,7 +50,7 @@ CPalette::CPalette(std::vector<PaletteEntry> entries, CProfile& profile, QWidget
                         .place = entry.path,
                         .keys = KeysOf(*entry.row),
                         .icon = QIcon::fromTheme(QString::fromLatin1(entry.row->icon))});
-        texts.push_back({entry.name, entry.path});
+        texts.push_back({entry.name, entry.path + u' ' + entry.tip});
     }
     m_list->SetRows(std::move(rows), 0,
                     [texts = std::move(texts)](const QString& words) { return FindBest(texts, words); });

@@ -41,7 +41,7 @@ CPickDialog::CPickDialog(const Choice& choice, CProfile& profile, QWidget* paren
         note->setWordWrap(true);
         column->addWidget(note);
     }
-    auto* buttons = MakeDialogButtons(*this, Text::PickAccept, mnemonics);
+    auto* buttons = MakeDialogButtons(*this, choice.accept, mnemonics);
     column->addWidget(buttons);
     connect(m_list, &CSearchList::CurrentChanged, this,
             [buttons](int row) { buttons->button(QDialogButtonBox::Ok)->setEnabled(row >= 0); });

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "lang/Text.h"
+
 #include <QDialog>
 #include <QStringList>
 #include <optional>
@@ -19,6 +21,7 @@ class CPickDialog final : public QDialog {
         int present = -1;       ///< the row selected at first, -1 for none
         bool hasSearch = true;  ///< a short list needs none
         QString note = {};      ///< a sentence below the list
+        Text accept = Text::PickAccept;
     };
     /// The profile keeps its size.
     CPickDialog(const Choice& choice, CProfile& profile, QWidget* parent = nullptr);

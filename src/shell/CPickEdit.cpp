@@ -6,6 +6,7 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QToolButton>
 
 namespace {
@@ -54,7 +55,7 @@ CPickEdit::CPickEdit(const QString& forms, QWidget* parent)
     setTextMargins(0, 0, m_button->sizeHint().width(), 0);
     setToolTip(m_forms);
     connect(m_button, &QToolButton::clicked, this, &CPickEdit::OpenPopup);
-    connect(this, &QLineEdit::textEdited, this, &CPickEdit::Reread);
+    connect(this, &QLineEdit::textChanged, this, &CPickEdit::TakeText);
     connect(this, &QLineEdit::editingFinished, this, [this] {
         if (m_isTouched) Q_EMIT Settled();
     });
@@ -105,14 +106,28 @@ void CPickEdit::ShowText(const QString& text) {
     m_isReadable = true;
     m_shownText = text;
     // An equal text isn't set again, which would lose the cursor and what is selected.
-    if (text != this->text()) setText(text);
+    if (text != this->text()) {
+        const QScopedValueRollback showing(m_isShowing, true);
+        setText(text);
+    }
     MarkUnreadable(*this, false, {});
 }
 
 void CPickEdit::EnterText(const QString& text) {
-    setText(text);
+    {
+        const QScopedValueRollback showing(m_isShowing, true);
+        setText(text);
+    }
     selectAll();
     Reread();
+}
+
+/// Typed, or put in by a screen reader, which asks no key handler whether the field is locked.
+void CPickEdit::TakeText() {
+    if (m_isShowing) return;
+    if (!IsLocked()) return Reread();
+    ShowText(m_shownText);
+    Q_EMIT EntryTried();
 }
 
 void CPickEdit::Reread() {

@@ -53,6 +53,7 @@ class CPickEdit : public QLineEdit {
 
  private:
     void Reread();
+    void TakeText();
     [[nodiscard]] bool TryPickKeys(const QKeyEvent& event);
 
     QToolButton* m_button;
@@ -60,4 +61,5 @@ class CPickEdit : public QLineEdit {
     QString m_shownText;
     bool m_isReadable = true;
     bool m_isTouched = false;
+    bool m_isShowing = false;  ///< the text is being set from here
 };

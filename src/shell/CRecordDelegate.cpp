@@ -91,13 +91,20 @@ void CRecordDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
 
 QColor CRecordDelegate::Ground(const QStyleOptionViewItem& option, int row) const {
     if (IsSelected(option)) return HasFocus(option) ? m_colours.highlight : m_colours.highlightNoFocus;
-    return m_settings.alternateRows != 0 && IsAlternate(row) ? m_colours.alternate : m_colours.window;
+    return !IsPlain() && m_settings.alternateRows != 0 && IsAlternate(row) ? m_colours.alternate
+                                                                           : m_colours.window;
 }
 
 QColor CRecordDelegate::Ink(const QStyleOptionViewItem& option, int lineColour) const {
     if (IsSelected(option))
         return HasFocus(option) ? m_colours.highlightText : m_colours.highlightTextNoFocus;
-    return m_colours.lines[static_cast<std::size_t>(lineColour - 1)];
+    return IsPlain() ? option.palette.color(QPalette::Text)
+                     : m_colours.lines[static_cast<std::size_t>(lineColour - 1)];
+}
+
+bool CRecordDelegate::IsPlain() const {
+    return m_settings.listLayout == static_cast<int>(ListLayout::Icons) ||
+           m_settings.listLayout == static_cast<int>(ListLayout::List);
 }
 
 /// The check box stands at the row's left edge, the row's picture behind it.
@@ -165,7 +172,7 @@ void CRecordDelegate::PaintText(QPainter& painter, const QRect& place, const QSt
 
 /// Width 0 is the thinnest line that the screen has.
 void CRecordDelegate::PaintGridLine(QPainter& painter, const QRect& row) const {
-    if (m_settings.gridLines == 0) return;
+    if (IsPlain() || m_settings.gridLines == 0) return;
     QPen pen(m_colours.grid, 2.0 * m_settings.gridLineWidth);
     const int style = std::clamp(m_settings.gridLineStyle, 0, 4);
     pen.setStyle(static_cast<Qt::PenStyle>(style + static_cast<int>(Qt::SolidLine)));
@@ -184,8 +191,9 @@ bool CRecordDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
 
 QString CRecordDelegate::TipAt(const QPoint&, const QStyleOptionViewItem& option,
                                const QModelIndex& index) const {
+    if (index.column() == 0) return index.data(Qt::ToolTipRole).toString();
     QString inWords = index.data(Qt::AccessibleTextRole).toString();
-    if (index.column() == 0 || index.data(CRecordListModel::ImageRole).isValid()) return inWords;
+    if (index.data(CRecordListModel::ImageRole).isValid()) return inWords;
     const int needed = QFontMetrics(option.font).horizontalAdvance(inWords) + 2 * kMargin;
     return needed > option.rect.width() ? inWords : QString();
 }

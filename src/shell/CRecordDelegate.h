@@ -57,4 +57,7 @@ class CRecordDelegate : public QStyledItemDelegate {
  private:
     void PaintState(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void PaintGridLine(QPainter& painter, const QRect& row) const;
+    /// Large icons and the plain list look as the desktop draws a list: no second ground, no grid line, no
+    /// colour of the lines.
+    [[nodiscard]] bool IsPlain() const;
 };

@@ -39,6 +39,8 @@ struct CRecordDialogTime::SpanRow {
 
 namespace {
 
+constexpr int kAmountName = 115;
+
 using namespace RecordDialogParts;
 
 /// The steps of a field are those of its rounding, if it is rounded at all.
@@ -160,7 +162,7 @@ void CRecordDialogTime::AddSpan(QGridLayout& form, const SpanRow& row, CMnemonic
 void CRecordDialogTime::AddSums(QGridLayout& form) {
     const int last = form.rowCount() - 1;
     m_net = AddSum(form, last - 1, LoadText(Text::LabelNet), "netTime");
-    m_money = AddSum(form, last, LabelOf(m_around.catalogue, 115), "moneySum");
+    m_money = AddSum(form, last, LabelOf(m_around.catalogue, kAmountName), "moneySum");
 }
 
 void CRecordDialogTime::AddSwitch(QGridLayout& form, const char* settingName, const QString& text,
@@ -206,8 +208,8 @@ void CRecordDialogTime::ShowRecord() {
     for (const Field& field : m_fields)
         if (field.edit != m_typed && field.edit->IsReadable()) field.show(record);
     ShowWeekday(m_day, record.date);
-    m_net->setText(NetText(record.spans.effective));
-    m_money->setText(record.GetAmountText());
+    ShowValue(*m_net, LoadText(Text::LabelNet), NetText(record.spans.effective));
+    ShowValue(*m_money, LabelOf(m_around.catalogue, kAmountName), record.GetAmountText());
 }
 
 void CRecordDialogTime::LockTimes(bool isLocked) {

@@ -17,7 +17,8 @@ namespace {
 
 /// The height of the font for which the default widths of the columns were chosen.
 constexpr int kWidthsMadeFor = 12;
-constexpr int kLeastWidth = 5;
+/// In place of a width that would leave nothing to see or to take hold of.
+constexpr int kRaisedWidth = 5;
 
 /// A list font that was never chosen is the desktop's.
 QFont ListFontOf(const FontRecord& record) {
@@ -54,9 +55,9 @@ CRecordListView::CRecordListView(CRecordListModel& model, CCfgStore& settings, Q
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setSectionsClickable(true);
     horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setMinimumSectionSize(kLeastWidth);
+    horizontalHeader()->setMinimumSectionSize(0);
     horizontalHeader()->setTextElideMode(Qt::ElideRight);
-    connect(&model, &QAbstractItemModel::modelAboutToBeReset, this, &CRecordListView::CaptureWidths);
+    horizontalHeader()->viewport()->installEventFilter(this);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int position) {
         m_model.SortByHeader(position);
         ApplyLayout();
@@ -64,7 +65,6 @@ CRecordListView::CRecordListView(CRecordListModel& model, CCfgStore& settings, Q
 }
 
 void CRecordListView::ApplyLayout() {
-    CaptureWidths();
     ApplyFont();
     const ListColours colours = MakeListColours(m_settings, QApplication::palette());
     m_cells->SetColours(colours);
@@ -105,11 +105,9 @@ void CRecordListView::ApplyWidths() {
     m_applied = {{Column::kNone, header.sectionSize(0)}};
     if (!inColumns) return;
     for (int section = 1; section < m_model.columnCount(); ++section) {
-        header.resizeSection(section, WidthOf(section));
-        // The last column fills the row, so its size says nothing.
-        if (section + 1 < m_model.columnCount())
-            m_applied.emplace_back(m_model.VisibleColumns()[static_cast<std::size_t>(section - 1)],
-                                   header.sectionSize(section));
+        const int width = WidthOf(section);
+        header.resizeSection(section, width);
+        m_applied.emplace_back(m_model.VisibleColumns()[static_cast<std::size_t>(section - 1)], width);
     }
 }
 
@@ -119,7 +117,7 @@ int CRecordListView::WidthOf(int section) const {
     const int column = m_model.VisibleColumns()[static_cast<std::size_t>(section - 1)];
     const int stored = m_settings.ListColumns().EntryAt(column).width;
     const int preset = ColumnTable()[static_cast<std::size_t>(column)].width;
-    if (stored != preset) return std::clamp(stored, kLeastWidth, kWidestColumn);
+    if (stored != preset) return std::min(stored, kWidestColumn);
     const double scale = std::max(1.0, static_cast<double>(fontMetrics().height()) / kWidthsMadeFor);
     const int least = std::max(horizontalHeader()->sectionSizeHint(section),
                                column == Column::kDuration ? CountWidth() : 0);
@@ -131,13 +129,20 @@ int CRecordListView::CountWidth() const {
            2 * CRecordDelegate::kMargin + 2;
 }
 
+/// Of a last column that was stretched to the end of the row: the width that was set.
+int CRecordListView::PresentWidth(int section) const {
+    const QHeaderView& header = *horizontalHeader();
+    const bool isStretched =
+        section > 0 && section == header.count() - 1 && header.length() <= header.viewport()->width();
+    return isStretched ? m_applied[static_cast<std::size_t>(section)].second : header.sectionSize(section);
+}
+
 /// Only what differs from what was set here is the user's.
 void CRecordListView::CaptureWidths() {
-    const QHeaderView& header = *horizontalHeader();
-    const int sections = std::min(static_cast<int>(m_applied.size()), header.count() - 1);
+    const int sections = std::min(static_cast<int>(m_applied.size()), horizontalHeader()->count());
     for (int section = 0; section < sections; ++section) {
         auto& [column, width] = m_applied[static_cast<std::size_t>(section)];
-        const int present = header.sectionSize(section);
+        const int present = PresentWidth(section);
         if (present == width || present < 1) continue;
         width = present;
         if (column == Column::kNone)
@@ -145,6 +150,27 @@ void CRecordListView::CaptureWidths() {
         else
             m_settings.ListColumns().SetWidth(column, present);
     }
+}
+
+bool CRecordListView::eventFilter(QObject* watched, QEvent* event) {
+    const bool isRelease = event->type() == QEvent::MouseButtonRelease &&
+                           static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
+    if (isRelease && watched == horizontalHeader()->viewport()) EndDrag();
+    return QTableView::eventFilter(watched, event);
+}
+
+/// The release that ends a drag or a double click on an edge; a click that sorts changes no width.
+void CRecordListView::EndDrag() {
+    bool isResized = false;
+    for (int section = 0; section < std::min(static_cast<int>(m_applied.size()), horizontalHeader()->count());
+         ++section) {
+        if (PresentWidth(section) == m_applied[static_cast<std::size_t>(section)].second) continue;
+        if (PresentWidth(section) < 1) horizontalHeader()->resizeSection(section, kRaisedWidth);
+        isResized = true;
+    }
+    if (!isResized) return;
+    Q_EMIT ColumnResized();
+    viewport()->update();
 }
 
 QStringList CRecordListView::SelectedIds() const {
@@ -163,6 +189,12 @@ int CRecordListView::SelectedCount() const {
     for (const QItemSelectionRange& range : selectionModel()->selection())
         if (range.left() == 0) count += range.height();
     return count;
+}
+
+void CRecordListView::ForEachSelected(const std::function<void(const CVORec& record)>& visit) const {
+    for (const QItemSelectionRange& range : selectionModel()->selection())
+        for (int row = range.top(); row <= range.bottom() && range.left() == 0; ++row)
+            if (const CVORec* record = m_model.VisibleAt(row)) visit(*record);
 }
 
 void CRecordListView::SelectNone() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTableView>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -8,6 +9,7 @@ class CCfgStore;
 class CRecordDelegate;
 class CRecordLineDelegate;
 class CRecordListModel;
+class CVORec;
 
 /// The record list on screen, in the layout that the settings say. It selects whole rows; a click on the
 /// check box at a row's left edge toggles that row and leaves the others alone.
@@ -24,14 +26,17 @@ class CRecordListView final : public QTableView {
     /// Identities of the selected records in the order of the rows.
     [[nodiscard]] QStringList SelectedIds() const;
     [[nodiscard]] int SelectedCount() const;
+    /// The selected records as the document shows them, in no promised order.
+    void ForEachSelected(const std::function<void(const CVORec& record)>& visit) const;
     void SelectNone();
     /// Selects just these records, as far as they are listed, and brings the first into sight.
     void SelectIds(const QStringList& ids);
     /// First and last row in sight; last below first when there is none.
     [[nodiscard]] std::pair<int, int> RowsInSight() const;
 
-    /// The widths of columns that the user has changed go to the list's columns in the settings, that of the
-    /// state to iconColumnWidth.
+    /// The widths of columns that differ from those last shown go to the list's columns in the settings, that
+    /// of the state to iconColumnWidth. The last column fills the row, and its width is taken only where it
+    /// has no more than its own.
     void CaptureWidths();
 
  Q_SIGNALS:
@@ -39,8 +44,12 @@ class CRecordListView final : public QTableView {
     void SelectionChanged();
     void EditWanted(const QString& id);
     void MenuWanted(const QPoint& globalPosition);
+    /// The user has let go of a column's edge: the widths are to be captured and kept.
+    void ColumnResized();
 
  protected:
+    /// Sees where the user lets go of the header.
+    [[nodiscard]] bool eventFilter(QObject* watched, QEvent* event) override;
     /// Home and End go to the first and last record, not to the ends of a row.
     [[nodiscard]] QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -59,12 +68,14 @@ class CRecordListView final : public QTableView {
     [[nodiscard]] int WidthOf(int section) const;
     [[nodiscard]] int CountWidth() const;
     void ToggleRow(int row);
+    void EndDrag();
+    [[nodiscard]] int PresentWidth(int section) const;
 
     CRecordListModel& m_model;
     CCfgStore& m_settings;
     CRecordDelegate* m_cells;
     CRecordLineDelegate* m_lines;
-    /// Column and width of each section but the last, as they were last set here. The state is no column.
+    /// Column and width of each section, as they were last set here. The state is no column.
     std::vector<std::pair<int, int>> m_applied;
     bool m_isToggling = false;  ///< the press was on a check box, so its release is nothing else
 };

@@ -77,6 +77,8 @@ class CSearchList::Rows final : public QAbstractTableModel {
         switch (role) {
             case Qt::DisplayRole:
                 return column == kTextColumn ? row.text : column == kPlaceColumn ? row.place : row.keys;
+            case Qt::AccessibleTextRole:
+                return InWords(row);
             case Qt::ToolTipRole:
                 return column == kTextColumn ? PlainTip(row.text) : QVariant();
             case Qt::DecorationRole:
@@ -91,6 +93,13 @@ class CSearchList::Rows final : public QAbstractTableModel {
     }
 
  private:
+    /// Each cell tells the whole row, as the cursor is on rows: "Options, Tools, Ctrl+,".
+    [[nodiscard]] static QString InWords(const SearchRow& row) {
+        QStringList words{row.text, row.place, row.keys};
+        words.removeAll(QString());
+        return words.join(QStringLiteral(", "));
+    }
+
     CSearchList& m_list;
     std::vector<SearchRow> m_all;
     std::vector<int> m_shown;

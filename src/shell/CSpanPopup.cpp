@@ -39,6 +39,8 @@ CSpanPopup::CSpanPopup(CTRecord& entry, int step, const std::optional<EnteredSpa
     m_hours = AddPart(*grid, Text::PickHours, "hour", mnemonics);
     m_minutes = AddPart(*grid, Text::PickMinutes, "minute", mnemonics);
     Column().addLayout(grid);
+    // By rows: who types the hours types the minutes next.
+    QWidget::setTabOrder(m_hours.field, m_minutes.field);
     Fill(*m_hours.list, m_pad.HourTexts(), m_pad.ChosenHour());
     Fill(*m_minutes.list, m_pad.MinuteTexts(), m_pad.ChosenMinute());
     ShowFields();

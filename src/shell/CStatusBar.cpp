@@ -22,6 +22,12 @@ constexpr int kPicture = 16;
 constexpr QRgb kSumsOnLight = 0xFF215DC6;
 constexpr QRgb kSumsOnDark = 0xFF8FB8FF;
 
+void ShowPicture(QLabel& label, Glyph glyph) {
+    label.setPixmap(Glyphs::Picture(glyph, kPicture, label.devicePixelRatioF(),
+                                    label.palette().color(QPalette::WindowText),
+                                    label.palette().color(QPalette::Window)));
+}
+
 QFrame* Divider(QWidget* parent) {
     auto* line = new QFrame(parent);
     line->setFrameShape(QFrame::VLine);
@@ -31,7 +37,7 @@ QFrame* Divider(QWidget* parent) {
 
 }  // namespace
 
-CStatusBar::CStatusBar(const CVelmarchDoc& document, std::function<QStringList()> selection, QWidget* parent)
+CStatusBar::CStatusBar(const CVelmarchDoc& document, Selection selection, QWidget* parent)
     : QStatusBar(parent), m_document(document), m_selection(std::move(selection)) {
     setObjectName(u"statusBar"_s);
     auto* row = new QWidget(this);
@@ -39,26 +45,32 @@ CStatusBar::CStatusBar(const CVelmarchDoc& document, std::function<QStringList()
     layout->setContentsMargins(6, 0, 6, 0);
     layout->setSpacing(6);
     m_modePicture = new QLabel(row);
-    const auto label = [&](const QString& name, Text accessible) {
+    const auto label = [&](const QString& name, Text caption) {
         auto* made = new CElidedLabel(row);
         made->setObjectName(name);
-        made->setAccessibleName(LoadText(accessible));
+        made->SetCaption(LoadText(caption));
         return made;
     };
     m_mode = label(u"statusMode"_s, Text::StatusMode);
     m_period = label(u"statusPeriod"_s, Text::StatusPeriod);
     m_sums = label(u"statusSums"_s, Text::StatusSums);
+    m_count = label(u"statusCount"_s, Text::StatusSums);
+    m_sumsPicture = new QLabel(row);
     m_modePicture->setObjectName(u"statusModePicture"_s);
+    m_sumsPicture->setObjectName(u"statusSumsPicture"_s);
     layout->addWidget(m_modePicture);
     layout->addWidget(m_mode);
     layout->addWidget(Divider(row));
     layout->addWidget(m_period);
     layout->addWidget(Divider(row));
+    layout->addWidget(m_count);
+    layout->addWidget(m_sumsPicture);
     layout->addWidget(m_sums, 1);
     addWidget(row, 1);
     ApplyLook();
 }
 
+/// The words are in the font of the list.
 void CStatusBar::ApplyLook() {
     QFont bold = font();
     bold.setWeight(QFont::Bold);
@@ -66,13 +78,14 @@ void CStatusBar::ApplyLook() {
     const bool dark = IsDark(palette());
     QPalette sums = palette();
     sums.setColor(QPalette::WindowText, QColor(dark ? kSumsOnDark : kSumsOnLight));
-    m_sums->setPalette(sums);
-    ShowModePicture();
+    for (QWidget* widget : {static_cast<QWidget*>(m_count), static_cast<QWidget*>(m_sums)})
+        widget->setPalette(sums);
+    if (!m_mode->FullText().isEmpty()) ShowModePicture();
 }
 
 void CStatusBar::changeEvent(QEvent* event) {
     QStatusBar::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) ApplyLook();
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) ApplyLook();
 }
 
 void CStatusBar::NotifyViews(Hint hint, const QStringList&) {
@@ -81,7 +94,7 @@ void CStatusBar::NotifyViews(Hint hint, const QStringList&) {
         case Hint::Changed:
         case Hint::Deleted:
         case Hint::Rebuild:
-            m_listSumsKnown = false;
+            m_listSums.reset();
             ShowMode();
             ShowPeriod();
             ShowSums();
@@ -98,10 +111,9 @@ void CStatusBar::NotifyViews(Hint hint, const QStringList&) {
 }
 
 void CStatusBar::ClearAll() {
-    m_listSumsKnown = false;
-    m_mode->SetFullText({});
-    m_period->SetFullText({});
-    m_sums->SetFullText({});
+    m_listSums.reset();
+    for (CElidedLabel* label : {m_mode, m_period, m_count, m_sums}) label->SetFullText({});
+    for (QLabel* picture : {m_modePicture, m_sumsPicture}) picture->clear();
 }
 
 void CStatusBar::ShowMode() {
@@ -110,16 +122,14 @@ void CStatusBar::ShowMode() {
 }
 
 void CStatusBar::ShowModePicture() {
-    const Glyph glyph = theRecordMode == RecordMode::Time ? Glyph::ModeTime : Glyph::ModeExpense;
-    m_modePicture->setPixmap(Glyphs::Picture(glyph, kPicture, devicePixelRatioF(),
-                                             palette().color(QPalette::WindowText),
-                                             palette().color(QPalette::Window)));
+    ShowPicture(*m_modePicture, theRecordMode == RecordMode::Time ? Glyph::ModeTime : Glyph::ModeExpense);
 }
 
 /// Single days bear day and week, weeks their week, other periods nothing.
 void CStatusBar::ShowPeriod() {
     const PeriodFilter& filter = m_document.CurrentFilter();
     QString text = filter.displayName;
+    if (text.isEmpty()) return m_period->SetFullText({});
     const bool isDay = filter.preset == PeriodCode::kToday || filter.preset == PeriodCode::kYesterday ||
                        filter.preset == PeriodCode::kSingleDate;
     const bool isWeek =
@@ -132,21 +142,39 @@ void CStatusBar::ShowPeriod() {
     m_period->SetFullText(text);
 }
 
-void CStatusBar::ShowSums() {
-    const QStringList selected = m_selection();
-    StatusSums ofSelection;
-    for (const QString& id : selected)
-        if (const CVORec* record = m_document.FindRecord(id)) ofSelection.Add(*record);
-    if (selected.isEmpty() && !m_listSumsKnown) {
-        m_listSums = {};
-        m_document.ForEachVisible([this](const CVORec& record) { m_listSums.Add(record); });
-        m_listSumsKnown = true;
+const StatusSums& CStatusBar::ListSums() {
+    if (!m_listSums) {
+        m_listSums.emplace();
+        m_document.ForEachVisible([this](const CVORec& record) { m_listSums->Add(record); });
     }
-    const StatusSums& sums = selected.isEmpty() ? m_listSums : ofSelection;
+    return *m_listSums;
+}
+
+StatusSums CStatusBar::SelectionSums() const {
+    StatusSums sums;
+    m_selection.each([&sums](const CVORec& record) { sums.Add(record); });
+    return sums;
+}
+
+void CStatusBar::ShowSums() {
+    const int selected = m_selection.count();
+    const bool isEachListed = static_cast<std::size_t>(selected) == m_document.VisibleCount();
+    if (selected == 0 || isEachListed)
+        ShowSumsOf(ListSums(), selected > 0);
+    else
+        ShowSumsOf(SelectionSums(), true);
+}
+
+/// The picture, which stands where there are sums, and the tip say of which records they are.
+void CStatusBar::ShowSumsOf(const StatusSums& sums, bool isSelection) {
     const CCfgStore& settings = m_document.GetSettings();
-    const QString sumsText = sums.SumsText(settings.precisionAmount, settings.precisionDuration);
-    const QString text = sumsText.isEmpty() ? sums.CountText() : sums.CountText() + u"  "_s + sumsText;
-    if (text.isEmpty()) return m_sums->SetFullText({});
-    m_sums->SetFullText(
-        text, selected.isEmpty() ? FormatText<Text::ListTip>(text) : FormatText<Text::SelectionTip>(text));
+    const QString count = sums.CountText();
+    const QString text = sums.SumsText(settings.precisionAmount, settings.precisionDuration);
+    const QString whole = text.isEmpty() ? count : count + u"  "_s + text;
+    const QString tip =
+        isSelection ? FormatText<Text::SelectionTip>(whole) : FormatText<Text::ListTip>(whole);
+    m_count->SetFullText(count, count.isEmpty() ? QString() : tip);
+    m_sums->SetFullText(text, text.isEmpty() ? QString() : tip);
+    m_sumsPicture->clear();
+    if (!text.isEmpty()) ShowPicture(*m_sumsPicture, isSelection ? Glyph::SumOfSelection : Glyph::SumOfList);
 }

@@ -5,9 +5,11 @@
 
 #include <QStatusBar>
 #include <functional>
+#include <optional>
 
 class CElidedLabel;
 class CVelmarchDoc;
+class CVORec;
 class QLabel;
 
 /// What is shown, in one row: the mode; the period with day and week; number and sums of the selected
@@ -16,9 +18,13 @@ class CStatusBar final : public QStatusBar, public CViewNotifier {
     Q_OBJECT
 
  public:
-    /// selection: identities of the selected records.
-    CStatusBar(const CVelmarchDoc& document, std::function<QStringList()> selection,
-               QWidget* parent = nullptr);
+    /// The selection of the list; a list that isn't in front has none. The number costs nothing, so that with
+    /// no record or every one selected the sums of all listed ones serve, which are known already.
+    struct Selection {
+        std::function<int()> count;
+        std::function<void(const std::function<void(const CVORec&)>& visit)> each;
+    };
+    CStatusBar(const CVelmarchDoc& document, Selection selection, QWidget* parent = nullptr);
 
     void NotifyViews(Hint hint, const QStringList& ids) override;
 
@@ -30,16 +36,20 @@ class CStatusBar final : public QStatusBar, public CViewNotifier {
     void ShowModePicture();
     void ShowPeriod();
     void ShowSums();
+    void ShowSumsOf(const StatusSums& sums, bool isSelection);
+    [[nodiscard]] const StatusSums& ListSums();
+    [[nodiscard]] StatusSums SelectionSums() const;
     void ClearAll();
     void ApplyLook();
 
     const CVelmarchDoc& m_document;
-    std::function<QStringList()> m_selection;
-    StatusSums
-        m_listSums;  ///< of all listed records; kept, so that a new selection doesn't add them up again
-    bool m_listSumsKnown = false;
+    Selection m_selection;
+    /// Of all listed records; kept, so that a new selection doesn't add them up again.
+    std::optional<StatusSums> m_listSums;
     QLabel* m_modePicture;
     CElidedLabel* m_mode;
     CElidedLabel* m_period;
+    CElidedLabel* m_count;
+    QLabel* m_sumsPicture;
     CElidedLabel* m_sums;
 };

@@ -136,7 +136,7 @@ void CTimerPanelWidget::Close() {
 }
 
 void CTimerPanelWidget::ShowTime() {
-    m_time->setText(m_panel.DurationText());
+    ShowValue(*m_time, LoadText(Text::TimerCountName), m_panel.DurationText());
 }
 
 /// The button of the present state looks pressed; a press that changed nothing is undone here too.
@@ -144,7 +144,7 @@ void CTimerPanelWidget::ShowState() {
     const TimerState state = m_panel.State();
     m_start->setChecked(state == TimerState::Running);
     m_pause->setChecked(state == TimerState::Paused);
-    m_state->setText(LoadText(StateText(state)));
+    ShowValue(*m_state, LoadText(Text::TimesDrivenByTimerTitle), LoadText(StateText(state)));
     ShowTime();
     Q_EMIT StateChanged(state != TimerState::None);
 }

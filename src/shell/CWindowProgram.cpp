@@ -7,16 +7,17 @@
 #include "platform/CInstance.h"
 #include "platform/CInstanceChannel.h"
 #include "platform/CLauncher.h"
+#include "shell/AccessibleRoles.h"
 #include "shell/CAboutDialog.h"
 #include "shell/CBoxPrompt.h"
 #include "shell/CDefaultsDialog.h"
 #include "shell/CEventPump.h"
-#include "shell/CExpenseDialog.h"
 #include "shell/CMainFrame.h"
 #include "shell/COptionsDialog.h"
 #include "shell/CQuitSignals.h"
-#include "shell/CRecordDialog.h"
+#include "shell/EditRecord.h"
 #include "shell/IconTheme.h"
+#include "shell/LegiblePalette.h"
 #include "shell/core/CInstanceHost.h"
 #include "shell/core/CStartCheck.h"
 #include "shell/core/CViewHub.h"
@@ -60,12 +61,6 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& context, const 
         std::_Exit(kFailed);
     }
     if (!QByteArray(context.category).startsWith("qt.qpa")) Print(stderr, message);
-}
-
-bool EditRecord(QWidget* parent, CVORec& record, const RecordDialogSurroundings& around) {
-    return record.Kind() == RecordKind::Time
-               ? RunRecordDialog(parent, static_cast<CTRecord&>(record), around)
-               : RunExpenseDialog(parent, static_cast<CERecord&>(record), around);
 }
 
 /// Another window of this home is there: it comes forward, and this process ends.
@@ -154,9 +149,11 @@ int CWindowProgram::RunVerb(const QStringList& arguments) const {
 int CWindowProgram::RunWindow() {
     const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
     QApplication qt(m_argc, m_argv);
+    InstallAccessibleRoles();
     qInstallMessageHandler(usual);
     QApplication::setApplicationName(LoadText(Text::ProgramTitle));
     QApplication::setDesktopFileName(u"velmarch"_s);
+    MakePaletteLegible();
     ChooseIconTheme();
 
     CSystemClock clock;

@@ -1,10 +1,12 @@
 #include "shell/FormRows.h"
 
-#include "lang/LoadText.h"
+#include "lang/FormatText.h"
 #include "shell/CMnemonics.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QGridLayout>
@@ -38,6 +40,12 @@ QString WholeCharacters(const QString& text) {
 void NameWidget(QWidget& widget, const QString& objectName, const QString& accessibleName) {
     widget.setObjectName(objectName);
     widget.setAccessibleName(accessibleName);
+    if (const auto* box = qobject_cast<QComboBox*>(&widget)) box->view()->setAccessibleName(accessibleName);
+}
+
+void ShowValue(QLabel& label, const QString& caption, const QString& value) {
+    label.setText(value);
+    label.setAccessibleName(value.isEmpty() ? caption : FormatText<Text::RecordInWords>(caption, value));
 }
 
 QLabel* AddLabel(QGridLayout& form, int row, const QString& text, QWidget& field, const QString& objectName,

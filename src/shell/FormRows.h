@@ -16,8 +16,11 @@ class QWidget;
 /// The rhythm of forms: the space between rows, and three times as much between groups.
 inline constexpr int kFormSpace = 8;
 
-/// Names a widget for tests and for screen readers.
+/// Names a widget for tests and for screen readers; the list that a combo box opens has its name too.
 void NameWidget(QWidget& widget, const QString& objectName, const QString& accessibleName);
+
+/// Shows a value in a label that stands beside its caption. Read aloud it is both: "Net time: 3:30".
+void ShowValue(QLabel& label, const QString& caption, const QString& value);
 
 /// The label of a field in column 0 of a form with its mnemonic, as the field's buddy; the field takes the
 /// label's words as its accessible name.

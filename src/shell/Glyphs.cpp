@@ -13,10 +13,11 @@ static void CallForPictures() {
 
 namespace {
 
-constexpr std::array kFiles = {"check-clear",   "check-set",    "record",     "expense",  "distance-entry",
-                               "timer-running", "timer-paused", "flag-clear", "billable", "billed",
-                               "reimbursable",  "reimbursed",   "personal",   "exported", "notes",
-                               "mode-time",     "mode-expense"};
+constexpr std::array kFiles = {"check-clear",    "check-set",     "record",       "expense",
+                               "distance-entry", "timer-running", "timer-paused", "flag-clear",
+                               "billable",       "billed",        "reimbursable", "reimbursed",
+                               "personal",       "exported",      "notes",        "mode-time",
+                               "mode-expense",   "sum-list",      "sum-selection"};
 
 QByteArray Drawing(Glyph glyph, const QColor& ink, const QColor& paper) {
     CallForPictures();

@@ -25,7 +25,9 @@ enum class Glyph {
     Exported,
     Notes,
     ModeTime,
-    ModeExpense
+    ModeExpense,
+    SumOfList,
+    SumOfSelection
 };
 
 /// Draws the program's own pictures sharp at any size and scale, in the colours of where they stand.

@@ -50,7 +50,8 @@ DateRow AddDateRow(QGridLayout& form, const RecordDialogSurroundings& around, CM
 
 void ShowWeekday(const DateRow& row, const RecordDate& date) {
     const auto day = DayOf(date);
-    row.weekday->setText(day ? WeekdayName(DayOfWeek(day->month, day->day, day->year)) : QString());
+    ShowValue(*row.weekday, LoadText(Text::LabelDate),
+              day ? WeekdayName(DayOfWeek(day->month, day->day, day->year)) : QString());
 }
 
 void TellRefused(CPrompt& prompt, int textId, const QString& why) {

@@ -51,6 +51,8 @@ void TestBadInput::Usage_data() {
                                      << QByteArray("--notes is given twice");
     QTest::newRow("a flag with a value") << u"time new --timer=5"_s << QByteArray("--timer takes no value");
     QTest::newRow("neither yes nor no") << u"time add --billable perhaps"_s << QByteArray("\"perhaps\"");
+    QTest::newRow("an empty text for yes or no")
+        << u"time add --billable="_s << QByteArray("--billable needs a value");
     QTest::newRow("a word too many") << u"time list now"_s << QByteArray("\"now\"");
     QTest::newRow("no identity") << u"time show"_s << QByteArray("Something is missing: ID");
     QTest::newRow("no value") << u"settings set confirmCopy"_s

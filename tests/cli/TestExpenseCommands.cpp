@@ -20,6 +20,7 @@ class TestExpenseCommands : public QObject {
     void Edit_data();
     void Edit();
     void Refused_data();
+    void ClearOnAPlainAmount();
     void Refused();
     void RefusedChangesNothing();
     void LongTexts_data();
@@ -158,6 +159,9 @@ void TestExpenseCommands::Edit_data() {
     QTest::newRow("clear a reading, the distance stays")
         << u"--odometer-start 100 --odometer-end 150"_s << u"--clear odometer-start"_s
         << u"{'odometerStart': '', 'odometerEnd': '150', 'distance': 50.0}"_s;
+    QTest::newRow("clear a reading while the other is entered anew")
+        << u"--odometer-start 10 --odometer-end 20"_s << u"--odometer-start 15 --clear odometer-end"_s
+        << u"{'odometerStart': '15', 'odometerEnd': '', 'distance': 10.0}"_s;
     QTest::newRow("turning the first flag off clears the second")
         << u"--flag1 --flag2 --flag3 --flag4"_s << u"--flag1 no"_s
         << u"{'flag1': false, 'flag2': false, 'flag3': true, 'flag4': true}"_s;
@@ -208,6 +212,15 @@ void TestExpenseCommands::Refused_data() {
     QTest::newRow("a field of time records") << u"--start 9:00"_s << QByteArray("--start");
     QTest::newRow("billable is the first flag here") << u"--billable"_s << QByteArray("--billable");
     QTest::newRow("a field twice") << u"--amount 1 --amount 2"_s << QByteArray("--amount is given twice");
+}
+
+/// A distance entry that became a plain amount has kept what it was made of.
+void TestExpenseCommands::ClearOnAPlainAmount() {
+    const QString id = m_home->AddExpense(Words(u"--distance 5 --rate 2"_s));
+    QCOMPARE(Expense(QStringList{u"edit"_s, id} + Words(u"--distance-entry no --amount 7"_s)).exit, 0);
+    QCOMPARE(Expense(QStringList{u"edit"_s, id} + Words(u"--clear rate --clear distance"_s)).exit, 0);
+    QCOMPARE(Only(m_home->ShowExpense(id), {u"isDistance"_s, u"distance"_s, u"rate"_s, u"amount"_s}),
+             FromText(u"{'isDistance': false, 'distance': null, 'rate': null, 'amount': 7.0}"_s));
 }
 
 void TestExpenseCommands::Refused() {

@@ -22,6 +22,8 @@ class TestItemCommands : public QObject {
     void Rename_data();
     void Rename();
     void RenameInRecords();
+    void RenameToATextThatIsThereInRecords();
+    void WordsBehindTwoDashes();
     void RenameInAListThatNoRecordUses();
     void Delete();
     void DeleteOfANumber();
@@ -93,6 +95,9 @@ void TestItemCommands::Add_data() {
     QTest::newRow("a number") << u"70"_s << u"1.50"_s << 0 << u"0.3|1.5"_s;
     QTest::newRow("the same number in other digits") << u"70"_s << u"0.300"_s << 1 << u"0.3"_s;
     QTest::newRow("no number in a list of numbers") << u"70"_s << u"much"_s << 1 << u"0.3"_s;
+    for (const char* half : {"5abc", "1,5", "1.5,2", "12.50 EUR", "3%"})
+        QTest::addRow("what begins as a number: %s", half)
+            << u"70"_s << QString::fromLatin1(half) << 1 << u"0.3"_s;
     QTest::newRow("255 characters") << u"17"_s << QString(255, u'x') << 0 << u"Alpha|"_s + QString(255, u'x');
     QTest::newRow("256 characters") << u"17"_s << QString(256, u'x') << 2 << u"Alpha"_s;
     QTest::newRow("a distance is a text") << u"69"_s << u"12.50"_s << 0 << u"12.50"_s;
@@ -165,6 +170,24 @@ void TestItemCommands::RenameInRecords() {
     QCOMPARE(m_home->Show(other)[u"item1"].toString(), u"Beta"_s);
     QCOMPARE(m_home->Show(elsewhere)[u"item2"].toString(), u"O'Brien"_s);
     QCOMPARE(Texts(u"16"_s), u"100 % \"Ü\" 😀|Beta"_s);
+}
+
+/// Two clients become one in the records; what stands in the list is left to the user.
+void TestItemCommands::RenameToATextThatIsThereInRecords() {
+    const QString id = m_home->Add({u"--item1"_s, u"ACME"_s}),
+                  other = m_home->Add({u"--item1"_s, u"Acme Ltd"_s});
+    const Reply reply = Items({u"rename"_s, u"16"_s, u"ACME"_s, u"Acme Ltd"_s, u"--in-records"_s});
+    QCOMPARE(reply.out, QByteArray("{\"changed\": 1}\n"));
+    QCOMPARE(m_home->Show(id)[u"item1"].toString(), u"Acme Ltd"_s);
+    QCOMPARE(m_home->Show(other)[u"item1"].toString(), u"Acme Ltd"_s);
+    QCOMPARE(Texts(u"16"_s), u"ACME|Acme Ltd"_s);
+}
+
+void TestItemCommands::WordsBehindTwoDashes() {
+    QCOMPARE(Items({u"add"_s, u"17"_s, u"--"_s, u"-dash"_s}).exit, 0);
+    QCOMPARE(Items({u"add"_s, u"17"_s, u"--"_s, u"--json"_s}).exit, 0);
+    QCOMPARE(Items({u"add"_s, u"--"_s, u"17"_s, u"--"_s}).exit, 0);
+    QCOMPARE(Texts(u"17"_s), u"-dash|--json|--"_s);
 }
 
 void TestItemCommands::RenameInAListThatNoRecordUses() {

@@ -94,6 +94,13 @@ class TestCAppearancePage : public QObject {
         QTEST(static_cast<int>(SettingValue(settings, *FindSetting(name))), "expected");
     }
 
+    /// What the sample paints can be read as well.
+    void TheSampleHasWords() {
+        const CAppearancePreview preview;
+        for (const int column : {0, 1})
+            QVERIFY(!preview.model()->index(2, column).data(Qt::AccessibleTextRole).toString().isEmpty());
+    }
+
     void UntouchedChangesNothing() {
         CAppearancePage page;
         for (const Settings& stored : {Settings(), Coloured()}) {

@@ -1,153 +1,11 @@
 #include "shell/core/CDataTree.h"
 
-#include "records/CERecord.h"
-#include "records/CTRecord.h"
-#include "shell/core/CTreeWatcher.h"
-#include "support/TestHome.h"
+#include "shell/DataTreeScene.h"
 
 #include <QTest>
-#include <memory>
-#include <random>
 
 using namespace Qt::Literals::StringLiterals;
-
-namespace {
-
-/// "A 2 [x 1, y 1], B 1 [x 1]": the nodes below one, each with its count.
-QString Below(const CTreeNode& node) {
-    QStringList words;
-    for (const CTreeNode* child : node.Children()) {
-        const QString below = Below(*child);
-        words.append(u"%1 %2"_s.arg(child->Text()).arg(child->Count()) +
-                     (below.isEmpty() ? QString() : u" [%1]"_s.arg(below)));
-    }
-    return words.join(u", "_s);
-}
-
-/// A document whose views are a tree: hints reach it while the document is as it is when they are sent.
-class Scene final : public CViewNotifier {
- public:
-    TestHome home;
-    CNoPump pump;
-    CVelmarchDoc document{{*home.store, *this, pump, home.clock, *home.settings}};
-    CDataTree tree{document, *home.settings};
-
-    /// The captions of the levels.
-    explicit Scene(const char* levels = "Client Project") {
-        [&] { QVERIFY(document.BeginBatch()); }();
-        SetLevels(ColumnHalf::Time, levels);
-        Rebuild();
-    }
-    ~Scene() override { document.Commit(); }
-    Scene(const Scene&) = delete;
-    Scene& operator=(const Scene&) = delete;
-
-    void NotifyViews(Hint hint, const QStringList& ids) override { tree.OnHint(hint, ids); }
-    void SetLevels(ColumnHalf half, const char* levels) {
-        CTreeColSet& columns = home.settings->TreeColumns();
-        QStringList all;
-        for (int column = FirstColumn(half); column < EndOfColumns(half); ++column)
-            all.append(columns.EntryAt(column).caption);
-        columns.AssignOrder(half, all, QString::fromLatin1(levels).split(u' ', Qt::SkipEmptyParts));
-    }
-    void Rebuild() {
-        document.BuildVisible();
-        document.NotifyViews(Hint::Rebuild);
-    }
-    /// Words of the tree below its root.
-    [[nodiscard]] QString Tree() const { return Below(tree.Root()); }
-
-    static CTRecord Record(const QString& client, const QString& project) {
-        CTRecord record;
-        record.GenUnique();
-        record.item1 = client;
-        record.item2 = project;
-        return record;
-    }
-    QString Add(const CVORec& record, bool notify = true) {
-        QString id;
-        [&] { QVERIFY(document.AddRecord(record, notify, true, false, &id)); }();
-        return id;
-    }
-    QString Add(const char* client, const char* project) {
-        return Add(Record(QString::fromUtf8(client), QString::fromUtf8(project)));
-    }
-    void Change(const QString& id, const QString& client, const QString& project) {
-        CTRecord record;
-        record.Copy(*document.FindTime(id));
-        record.item1 = client;
-        record.item2 = project;
-        QVERIFY(document.ModifyRecord(record, id, true, true, true, true));
-    }
-    void Delete(const QString& id) { QVERIFY(document.DeleteRecord(RecordKind::Time, id, true)); }
-    /// What a rebuild would make.
-    [[nodiscard]] QString Rebuilt() {
-        CDataTree fresh(document, *home.settings);
-        fresh.Rebuild();
-        return Below(fresh.Root());
-    }
-};
-
-/// Follows a tree by what it is told alone.
-class Mirror final : public CTreeWatcher {
- public:
-    explicit Mirror(CDataTree& tree) : m_tree(tree) {
-        tree.SetWatcher(this);
-        AfterReset();
-    }
-    void BeforeReset() override { m_top = {}; }
-    void AfterReset() override { m_top = Copy(m_tree.Root()); }
-    void BeforeInsert(const CTreeNode& parent, int row) override {
-        m_parent = &At(parent);
-        m_row = row;
-        QCOMPARE(static_cast<int>(m_parent->below.size()), parent.ChildCount());
-    }
-    void AfterInsert(const CTreeNode& node) override {
-        QCOMPARE(node.Row(), m_row);
-        m_parent->below.insert(m_parent->below.begin() + m_row, Copy(node));
-    }
-    void BeforeRemove(const CTreeNode& node) override {
-        Node& parent = At(*node.Parent());
-        parent.below.erase(parent.below.begin() + node.Row());
-    }
-    void AfterRemove(const CTreeNode& parent) override {
-        QCOMPARE(static_cast<int>(At(parent).below.size()), parent.ChildCount());
-    }
-    void CountChanged(const CTreeNode& node) override { At(node).count = node.Count(); }
-
-    [[nodiscard]] QString Words() const { return Words(m_top); }
-
- private:
-    struct Node {
-        QString text;
-        int count = 0;
-        std::vector<Node> below;
-    };
-    static Node Copy(const CTreeNode& node) {
-        Node copy{node.Text(), node.Count(), {}};
-        for (const CTreeNode* child : node.Children()) copy.below.push_back(Copy(*child));
-        return copy;
-    }
-    static QString Words(const Node& node) {
-        QStringList words;
-        for (const Node& child : node.below) {
-            const QString below = Words(child);
-            words.append(u"%1 %2"_s.arg(child.text).arg(child.count) +
-                         (below.isEmpty() ? QString() : u" [%1]"_s.arg(below)));
-        }
-        return words.join(u", "_s);
-    }
-    Node& At(const CTreeNode& node) {
-        return node.Parent() ? At(*node.Parent()).below[static_cast<std::size_t>(node.Row())] : m_top;
-    }
-
-    CDataTree& m_tree;
-    Node m_top;
-    Node* m_parent = nullptr;
-    int m_row = 0;
-};
-
-}  // namespace
+using Scene = DataTreeScene;
 
 class TestCDataTree final : public QObject {
     Q_OBJECT
@@ -175,11 +33,6 @@ class TestCDataTree final : public QObject {
     void levelsChangeWithTheNextRebuild();
     void paths();
     void textsOfOneMemory();
-    void randomChanges_data();
-    void randomChanges();
-
- private:
-    static void RandomChange(Scene& scene, std::mt19937& random, QStringList& ids);
 };
 
 void TestCDataTree::nothing() {
@@ -461,71 +314,6 @@ void TestCDataTree::textsOfOneMemory() {
     QCOMPARE(scene.tree.Root().ChildCount(), 6000);
     for (const CTreeNode* child : scene.tree.Root().Children())
         QCOMPARE(child->Count(), child->Text().mid(1).toInt() < 2000 ? 4 : 3);
-}
-
-void TestCDataTree::randomChanges_data() {
-    QTest::addColumn<unsigned>("seed");
-    for (unsigned seed = 1; seed <= 20; ++seed) QTest::addRow("seed %u", seed) << seed;
-}
-
-/// After every change the tree is what a rebuild would make, and whoever listened to it knows it.
-void TestCDataTree::randomChanges() {
-    QFETCH(unsigned, seed);
-    std::mt19937 random(seed);
-    Scene scene("Client Project Billable");
-    QStringList ids;
-    const Mirror mirror(scene.tree);
-    for (int change = 0; change < 150; ++change) {
-        RandomChange(scene, random, ids);
-        QCOMPARE(scene.Tree(), scene.Rebuilt());
-        QCOMPARE(mirror.Words(), scene.Tree());
-    }
-    scene.tree.SetWatcher(nullptr);
-}
-
-void TestCDataTree::RandomChange(Scene& scene, std::mt19937& random, QStringList& ids) {
-    const auto pick = [&random](int bound) {
-        return static_cast<int>(random() % static_cast<unsigned>(bound));
-    };
-    const QString texts[] = {QString(), u"x"_s, u"y"_s, u"X"_s, u"A"_s, u"B"_s};
-    CTRecord record = Scene::Record(texts[pick(6)], texts[pick(6)]);
-    record.SetBillable(pick(2) == 0);
-    const QString id = ids.isEmpty() ? QString() : ids[pick(static_cast<int>(ids.size()))];
-    const bool isThere = !id.isEmpty() && scene.document.FindTime(id);
-    if (isThere) record.SetId(id);
-    switch (isThere ? pick(8) : 0) {
-        case 1:
-        case 2:
-            QVERIFY(scene.document.ModifyRecord(record, id, true, true, true, true));
-            break;
-        case 3:  // a mark: announced by the command, flushed later
-            scene.document.NotifyViews(Hint::AboutToChange, {id});
-            QVERIFY(scene.document.ModifyRecord(record, id, false, true, true, true));
-            scene.document.FlushPending(Hint::Changed);
-            break;
-        case 4:
-            QVERIFY(scene.document.DeleteRecord(RecordKind::Time, id, true));
-            break;
-        case 5:  // a selection
-            scene.document.NotifyViews(Hint::AboutToGo, {id});
-            QVERIFY(scene.document.DeleteRecord(RecordKind::Time, id, false));
-            scene.document.FlushPending(Hint::Deleted);
-            break;
-        case 6:  // another program
-            QVERIFY(pick(3) == 0 ? scene.home.store->DeleteRecord(RecordKind::Time, id)
-                                 : scene.home.store->ModifyRecord(record, id, true, true));
-            QVERIFY(scene.document.RefreshRecords(RecordKind::Time, {id}));
-            break;
-        case 7:  // another filter
-            scene.document.Filter().Reset();
-            if (pick(2) == 0) scene.document.Filter().items[1] = texts[pick(6)];
-            scene.Rebuild();
-            break;
-        default:
-            record.GenUnique();
-            ids.append(scene.Add(record, false));
-            scene.document.FlushPending(Hint::Added);
-    }
 }
 
 QTEST_GUILESS_MAIN(TestCDataTree)

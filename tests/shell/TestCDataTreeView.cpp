@@ -2,10 +2,13 @@
 
 #include "lang/LoadText.h"
 #include "records/CTRecord.h"
+#include "shell/IconTheme.h"
 #include "shell/core/CDataTreeModel.h"
 #include "support/TestHome.h"
 
 #include <QAbstractItemModelTester>
+#include <QAccessible>
+#include <QStyledItemDelegate>
 #include <QTest>
 #include <random>
 
@@ -107,6 +110,30 @@ class TestCDataTreeView final : public QObject {
         QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
     }
 
+    /// Screen readers select a row without moving the cursor to it.
+    void aNodeSelectedByAScreenReaderNarrowsTheList() {
+        Scene scene;
+        scene.Add(u"A"_s, u"x"_s);
+        scene.Add(u"A"_s, u"y"_s);
+        scene.Add(u"B"_s, u"x"_s);
+        scene.view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&scene.view));
+        QAccessibleTableInterface* rows =
+            QAccessible::queryAccessibleInterface(&scene.view)->tableInterface();
+        QCOMPARE(rows->cellAt(2, 0)->text(QAccessible::Name), u"B: 1"_s);
+        const int before = scene.rebuilds;
+        QVERIFY(rows->selectRow(2));
+        QCOMPARE(scene.view.currentIndex(), scene.At({u"B"_s}));
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
+        QCOMPARE(scene.rebuilds, before + 1);
+        QVERIFY(rows->selectRow(1));
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
+        QCOMPARE(scene.view.selectionModel()->selectedRows().size(), 1);
+        QVERIFY(rows->selectRow(0));
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{3});
+        QVERIFY(!scene.view.HasNode());
+    }
+
     void theRootClearsTheConditionsAndKeepsThePeriod() {
         Scene scene;
         scene.Add(u"A"_s, u"x"_s, 21);
@@ -153,6 +180,105 @@ class TestCDataTreeView final : public QObject {
         QVERIFY(!scene.view.isExpanded(scene.At({u"A"_s})));
         QCOMPARE(scene.view.currentIndex(), scene.At({u"A"_s}));
         QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
+    }
+
+    void aClickOnTheSelectedNodeNarrowsAgain() {
+        Scene scene;
+        scene.Add(u"A"_s, u"x"_s);
+        scene.Add(u"B"_s, u"x"_s);
+        scene.view.show();
+        const auto click = [&scene] {
+            const QPoint at = scene.view.visualRect(scene.At({u"A"_s})).center();
+            QTest::mouseClick(scene.view.viewport(), Qt::LeftButton, {}, at);
+        };
+        click();
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
+        scene.document.ResetTimeFilter();
+        scene.document.NotifyViews(Hint::Rebuild);
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
+        QCOMPARE(scene.view.currentIndex(), scene.At({u"A"_s}));
+        click();
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
+        const int before = scene.rebuilds;
+        click();
+        QCOMPARE(scene.rebuilds, before);
+    }
+
+    void theOnlyRecordOfTheSelectedNodeIsEdited_data() {
+        QTest::addColumn<QString>("client");
+        QTest::addColumn<QString>("selected");
+        QTest::newRow("its client stays: so does the selection, and the node open") << u"A"_s << u"A"_s;
+        QTest::newRow("it goes to another client: nothing is selected") << u"C"_s << QString();
+        QTest::newRow("it goes to one that is there") << u"B"_s << QString();
+    }
+    /// In each case the list goes on showing the record.
+    void theOnlyRecordOfTheSelectedNodeIsEdited() {
+        QFETCH(QString, client);
+        Scene scene;
+        const QString id = scene.Add(u"A"_s, u"x"_s);
+        scene.Add(u"B"_s, u"x"_s);
+        scene.view.expand(scene.At({u"A"_s}));
+        scene.Select({u"A"_s});
+        const int before = scene.rebuilds;
+        CTRecord record;
+        record.Copy(*scene.document.FindTime(id));
+        record.item1 = client;
+        QVERIFY(scene.document.ModifyRecord(record, id, true, true, true, true));
+        QTEST(scene.view.currentIndex().data().toString(), "selected");
+        QCOMPARE(scene.view.selectionModel()->selectedRows().size(), client == u"A"_s ? 1 : 0);
+        QCOMPARE(scene.view.isExpanded(scene.At({u"A"_s})), client == u"A"_s);
+        QVERIFY(!scene.view.isExpanded(scene.At({client})) || client == u"A"_s);
+        QVERIFY(scene.document.IsVisible(id));
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
+        QCOMPARE(scene.rebuilds, before);
+        QCOMPARE(scene.CountAt({client}), client == u"B"_s ? u"2"_s : u"1"_s);
+        scene.Select({client});
+        QVERIFY(scene.document.IsVisible(id));
+    }
+
+    void theLastRecordOfTheSelectedNodeIsDeleted() {
+        Scene scene;
+        const QString id = scene.Add(u"A"_s, u"x"_s);
+        scene.Add(u"B"_s, u"x"_s);
+        scene.Select({u"A"_s, u"x"_s});
+        const int before = scene.rebuilds;
+        QVERIFY(scene.document.DeleteRecord(RecordKind::Time, id, true));
+        QVERIFY(!scene.At({u"A"_s}).isValid());
+        QVERIFY(!scene.view.HasNode());
+        QCOMPARE(scene.rebuilds, before);
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{0});
+        scene.Select({u"B"_s});
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
+    }
+
+    /// Before its text, where an ordinary tree has none.
+    void nodesHaveAPicture() {
+        ChooseIconTheme();
+        Scene scene;
+        scene.Add(u"A"_s, u"x"_s);
+        scene.view.show();
+        const auto node = [&scene] {
+            return scene.view.viewport()->grab(scene.view.visualRect(scene.At({u"A"_s}))).toImage();
+        };
+        const QImage pictured = node();
+        QStyledItemDelegate ordinary;
+        scene.view.setItemDelegate(&ordinary);
+        QVERIFY(node() != pictured);
+    }
+
+    void withoutLevelsTheRootAloneIsThereAndClearsTheConditions() {
+        Scene scene;
+        scene.Add(u"A"_s, u"x"_s);
+        scene.Add(u"B"_s, u"x"_s);
+        scene.home.settings->TreeColumns().ShowExactly(ColumnHalf::Time, {});
+        scene.document.Filter().items[0] = u"B"_s;
+        scene.Rebuild();
+        QCOMPARE(scene.Model().rowCount(scene.Root()), 0);
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
+        scene.Select({});
+        QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
+        QVERIFY(!scene.view.HasNode());
+        QVERIFY(!scene.view.CanExpand());
     }
 
     void expandAllTogglesTheNodeAndAllBelow() {

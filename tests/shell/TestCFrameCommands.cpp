@@ -2,196 +2,21 @@
 
 #include "app/CVelmarchApp.h"
 #include "lang/LoadText.h"
-#include "records/CERecord.h"
-#include "records/CTRecord.h"
-#include "shell/CActions.h"
-#include "shell/CFrameDoor.h"
-#include "shell/CRecordListView.h"
+#include "shell/FrameCommandsHome.h"
 #include "shell/ModalUser.h"
 #include "shell/core/BarButtons.h"
-#include "shell/core/CProgress.h"
-#include "shell/core/CRecordListModel.h"
-#include "shell/core/CTreeDoor.h"
-#include "support/TestHome.h"
-#include "timers/CRecordTimers.h"
 
 #include <QCheckBox>
 #include <QFontDialog>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMainWindow>
 #include <QTreeView>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-class NoProgress final : public CProgress {
- public:
-    void Begin(const QString&, int) override {}
-    bool Advance() override { return true; }
-    void End() override {}
-};
-
-/// Notes what is asked of the window.
-class Door final : public CFrameDoor {
- public:
-    QWidget& Window() override { return window; }
-    void ToggleBar1() override { asked << u"bar 1"_s; }
-    void ToggleBar2() override { asked << u"bar 2"_s; }
-    void ToggleStatusBar() override { asked << u"status bar"_s; }
-    void Refresh() override { asked << u"refresh"_s; }
-    void KeepLayout() override { asked << u"keep"_s; }
-    void PickDay() override { asked << u"day"_s; }
-    void Leave() override { asked << u"leave"_s; }
-
-    QMainWindow window;
-    QStringList asked;
-};
-
-class Tree final : public CTreeDoor {
- public:
-    bool IsShown() const override { return isShown; }
-    void Show(bool shown) override { isShown = shown; }
-    bool IsStacked() const override { return isStacked; }
-    void Stack(bool stacked) override { isStacked = stacked; }
-    bool HasNode() const override { return hasNode; }
-    bool CanExpand() const override { return hasNode; }
-    void ExpandAll() override { ++expanded; }
-    bool FillRecord(CVORec& record) const override {
-        if (!hasNode) return false;
-        if (record.Kind() == RecordKind::Time)
-            static_cast<CTRecord&>(record).item1 = u"From the tree"_s;
-        else
-            static_cast<CERecord&>(record).item1 = u"From the tree"_s;
-        return true;
-    }
-
-    bool isShown = true;
-    bool isStacked = false;
-    bool hasNode = false;
-    int expanded = 0;
-};
-
-/// The commands over a scratch home, with all that a window can have. The mode is that of the scene.
-struct Scene {
-    TestHome home;
-    RecordModeScope mode;
-    ActiveTimerSet set{home.clock};
-    CRecordTimers timers{set, *home.document, *home.settings};
-    CRecordListModel model{*home.document, set, *home.settings};
-    CRecordListView view{model, *home.settings};
-    NoProgress progress;
-    Door door;
-    Tree tree;
-    CActions actions{door.window};
-    CTRecord timeEntry;
-    CERecord expenseEntry;
-    std::function<bool(CVORec&)> dialog = [](CVORec&) { return true; };
-    int dialogs = 0;
-    QList<int> ran;
-    QStringList called;
-    std::unique_ptr<CFrameCommands> commands;
-
-    explicit Scene(RecordMode wanted = RecordMode::Time) : mode(wanted) {
-        std::swap(theTimeEntry, m_timeEntry);
-        std::swap(theExpenseEntry, m_expenseEntry);
-        home.document->LoadCurrentMode();
-        home.document->BuildVisible();
-        commands = std::make_unique<CFrameCommands>(Around());
-        home.views.seen.clear();
-    }
-    ~Scene() {
-        commands.reset();
-        std::swap(theTimeEntry, m_timeEntry);
-        std::swap(theExpenseEntry, m_expenseEntry);
-    }
-    Scene(const Scene&) = delete;
-    Scene& operator=(const Scene&) = delete;
-
-    [[nodiscard]] CFrameCommands::Around Bare() {
-        return {.document = *home.document,
-                .timers = timers,
-                .settings = *home.settings,
-                .prompt = home.prompt,
-                .progress = progress,
-                .clock = home.clock,
-                .model = model,
-                .view = view,
-                .door = door,
-                .home = home.Path()};
-    }
-    [[nodiscard]] CFrameCommands::Around Around() {
-        CFrameCommands::Around around = Bare();
-        around.editRecord = [this](CVORec& record) {
-            ++dialogs;
-            return dialog(record);
-        };
-        around.options = [] { return true; };
-        around.switchMode = [this](RecordMode to) { called << u"mode %1"_s.arg(static_cast<int>(to)); };
-        around.tree = &tree;
-        around.fillFromDefaults = [this](CVORec& record) {
-            called << u"defaults"_s;
-            if (record.Kind() == RecordKind::Time) static_cast<CTRecord&>(record).item2 = u"A default"_s;
-            return defaultsAreChosen;
-        };
-        around.runDefaults = [this] { called << u"dialog of defaults"_s; };
-        around.catalogue = home.catalogue.get();
-        around.actions = &actions;
-        around.state = [this] { return State(); };
-        around.runCommand = [this](int command) { ran << command; };
-        return around;
-    }
-    [[nodiscard]] CommandState State() const {
-        CommandState state;
-        commands->Describe(state);
-        state.selected = view.SelectedCount();
-        state.listed = model.rowCount();
-        return state;
-    }
-    /// As a menu does it: the row that the state says.
-    void Run(int command) {
-        const CommandRow* row = RouteCommand(command, State());
-        QVERIFY(row);
-        QVERIFY2(IsOffered(*row, State()), row->name);
-        commands->Run(*row);
-    }
-    [[nodiscard]] bool Offers(int command) const { return IsOffered(*FindCommand(command), State()); }
-    [[nodiscard]] bool Checks(int command) const { return IsChecked(*FindCommand(command), State()); }
-    /// The list shows what the document does, all of it selected.
-    void SelectAll() {
-        model.Rebuild();
-        view.ApplyLayout();
-        view.selectAll();
-    }
-    [[nodiscard]] QList<int> Hints() const {
-        QList<int> hints;
-        for (const auto& [hint, ids] : home.views.seen) hints << static_cast<int>(hint);
-        return hints;
-    }
-    QString AddExpense(const QString& item1) {
-        CERecord record;
-        record.Reset();
-        record.date.Set(11, 19, 2026);
-        record.item1 = item1;
-        QString id;
-        [&] { QVERIFY(home.document->AddRecord(record, true, false, true, &id)); }();
-        return id;
-    }
-    [[nodiscard]] const CTRecord& OnlyTime() const {
-        const QStringList ids = model.AllIds();
-        if (ids.size() != 1) qFatal("not one record");
-        return *home.document->FindTime(ids.front());
-    }
-
-    bool defaultsAreChosen = true;
-
- private:
-    // What is installed: these two meanwhile, those from before at the end.
-    CTRecord* m_timeEntry = &timeEntry;
-    CERecord* m_expenseEntry = &expenseEntry;
-};
 
 /// Picks a row of a pick dialog by its words.
 ModalUser Picks(const QString& words) {
@@ -341,6 +166,26 @@ class TestCFrameCommands final : public QObject {
         scene.home.prompt.Finish();
     }
 
+    /// Each timer of the selection tells of itself at once; a stop changes its record first.
+    void TimersOfTheSelection() {
+        Scene scene;
+        const QString first = scene.home.AddTime(2026, 11, 18), second = scene.home.AddTime(2026, 11, 19);
+        scene.home.settings->timerOnNewTimer = 0;
+        scene.SelectAll();
+        scene.home.views.seen.clear();
+        scene.Run(40112);
+        QCOMPARE(scene.Hints(), (QList<int>{3, 3}));
+        QCOMPARE(scene.home.views.seen[0].second, QStringList{second});  // the latest stands first
+        QCOMPARE(scene.home.views.seen[1].second, QStringList{first});
+        scene.home.views.seen.clear();
+        scene.Run(40113);
+        QCOMPARE(scene.Hints(), (QList<int>{4, 4}));
+        scene.home.views.seen.clear();
+        scene.Run(40111);
+        QCOMPARE(scene.Hints(), (QList<int>{14, 1, 5, 14, 1, 5}));
+        QVERIFY(!scene.set.AnyActive());
+    }
+
     void MarksOfExpenses_data() {
         QTest::addColumn<int>("command");
         QTest::addColumn<QString>("flags");
@@ -402,7 +247,27 @@ class TestCFrameCommands final : public QObject {
                  (QStringList{u"bar 1"_s, u"bar 2"_s, u"status bar"_s, u"refresh"_s, u"day"_s, u"leave"_s}));
         scene.door.asked.clear();
         scene.Run(40066);
-        QCOMPARE(scene.door.asked, (QStringList{u"keep"_s, u"refresh"_s}));
+        QCOMPARE(scene.door.asked, QStringList{u"refresh"_s});
+        scene.door.asked.clear();
+        scene.Run(32825);
+        QCOMPARE(scene.home.settings->listLayout, 2);
+        QCOMPARE(scene.door.asked, QStringList{u"list"_s});
+        QVERIFY(scene.Hints().isEmpty());
+        scene.Run(32778);
+        QCOMPARE(scene.Hints(), QList<int>{6});
+    }
+    /// After the options what the columns are wide on screen is saved with them.
+    void OptionsSaveTheWidths() {
+        Scene scene;
+        scene.home.settings->listLayout = 3;
+        scene.home.AddTime(2026, 11, 19);
+        scene.SelectAll();
+        scene.view.horizontalHeader()->resizeSection(1, 141);
+        scene.timeEntry.notes = u"left over"_s;
+        scene.Run(40066);
+        QCOMPARE(scene.timeEntry.notes, QString());
+        const TestHome next(scene.home.Path());
+        QCOMPARE(next.settings->ListColumns().EntryAt(0).width, 141);
     }
 
     void FilterByAText() {
@@ -492,8 +357,37 @@ class TestCFrameCommands final : public QObject {
         scene.Run(32891);
         QVERIFY(!scene.home.settings->useDependencies);
     }
+    /// Also where two columns are called alike; picked again, it turns round.
+    void SortByThePickedColumn() {
+        Scene scene;
+        scene.home.settings->ListColumns().SetColumn(ColumnHalf::Time, 7, {u"Client"_s, 90, 7, true});
+        scene.model.Rebuild();
+        const auto pick = [&scene](int present) {
+            const ModalUser picks([present](QDialog& dialog) {
+                auto* rows = dialog.findChild<QTreeView*>(u"searchRows"_s);
+                QCOMPARE(dialog.windowTitle(), u"Sort"_s);
+                QCOMPARE(rows->currentIndex().row(), present);
+                rows->setCurrentIndex(rows->model()->index(6, 0));
+                QTest::keyClick(rows, Qt::Key_Return);
+            });
+            scene.Run(32784);
+        };
+        pick(0);
+        QCOMPARE(scene.home.settings->sortColumnTime, 5);
+        QVERIFY(scene.home.settings->sortAscendingTime);
+        pick(6);
+        QVERIFY(!scene.home.settings->sortAscendingTime);
+        const ModalUser cancels([](QDialog& dialog) { dialog.reject(); });
+        scene.Run(32784);
+        QVERIFY(!scene.home.settings->sortAscendingTime);
+    }
     void ListColumnsRebuild() {
         Scene scene;
+        scene.home.settings->listLayout = 3;
+        scene.home.AddTime(2026, 11, 19);
+        scene.SelectAll();
+        scene.home.views.seen.clear();
+        scene.view.horizontalHeader()->resizeSection(2, 142);
         {
             const ModalUser accepts([](QDialog& dialog) {
                 auto* shown = dialog.findChild<QListWidget*>(u"shownColumns"_s);
@@ -504,6 +398,7 @@ class TestCFrameCommands final : public QObject {
             scene.Run(40052);
         }
         QVERIFY(!scene.home.settings->ListColumns().IsVisible(0));
+        QCOMPARE(scene.home.settings->ListColumns().EntryAt(6).width, 142);
         QCOMPARE(scene.Hints(), QList<int>{6});
         {
             const ModalUser cancels([](QDialog& dialog) { dialog.reject(); });

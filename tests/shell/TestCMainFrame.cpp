@@ -1,28 +1,22 @@
 #include "shell/CMainFrame.h"
 
-#include "app/CVelmarchApp.h"
 #include "lang/LoadText.h"
-#include "records/CERecord.h"
-#include "records/CTRecord.h"
-#include "shell/CActions.h"
-#include "shell/CElidedLabel.h"
+#include "platform/CProfile.h"
 #include "shell/CEmptyNote.h"
-#include "shell/CEventPump.h"
-#include "shell/CRecordListView.h"
+#include "shell/FrameHome.h"
 #include "shell/IconTheme.h"
+#include "shell/ModalUser.h"
 #include "shell/core/CRecordListModel.h"
-#include "shell/core/CViewHub.h"
-#include "support/CScriptedPrompt.h"
-#include "support/CTestClock.h"
-#include "timers/CRecordTimers.h"
+#include "support/TestHome.h"
 
+#include <QAbstractItemView>
 #include <QAction>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
 #include <QTreeView>
@@ -31,69 +25,19 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// The window over a home, wired as the program wires it; the record dialog is a function of the test.
-struct Window {
-    CTestClock clock;
-    CScriptedPrompt prompt;
-    CEventPump pump;
-    CViewHub hub;
-    CVelmarchApp app{{clock, prompt, pump, hub}};
-    std::unique_ptr<ActiveTimerSet> set;
-    std::unique_ptr<CRecordTimers> timers;
-    std::unique_ptr<CMainFrame> frame;
-    std::function<bool(CTRecord&)> dialog = [](CTRecord&) { return true; };
-    int dialogs = 0;
+/// Hears what the views hear, after them.
+class Listener final : public CViewNotifier {
+ public:
+    explicit Listener(CViewHub& hub) : m_hub(hub) { m_hub.Attach(*this); }
+    ~Listener() override { m_hub.Detach(*this); }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+    void NotifyViews(Hint hint, const QStringList&) override { heard << static_cast<int>(hint); }
 
-    enum class Mode { Time, AsStored };
-    explicit Window(const QString& home, Mode mode = Mode::Time) {
-        [&] {
-            QVERIFY(app.ResolveHome(home));
-            QVERIFY(app.OpenSettings());
-            QVERIFY(app.OpenStore());
-        }();
-        if (mode == Mode::Time) theRecordMode = RecordMode::Time;
-        set = std::make_unique<ActiveTimerSet>(clock);
-        timers = std::make_unique<CRecordTimers>(*set, app.Document(), app.Settings());
-        app.Document().SetTimers(timers.get());
-        frame = std::make_unique<CMainFrame>(CMainFrame::Surroundings{
-            app, *timers, hub, prompt, pump, clock,
-            [this](QWidget*, CVORec& record) {
-                ++dialogs;
-                return record.Kind() == RecordKind::Expense || dialog(static_cast<CTRecord&>(record));
-            },
-            [](QWidget*) { return true; }, [](QWidget*, CVORec&, bool) { return true; }});
-        frame->show();
-        [&] { QVERIFY(QTest::qWaitForWindowExposed(frame.get())); }();
-    }
-    ~Window() {
-        frame->KeepEverything();
-        app.Document().SetTimers(nullptr);
-        frame.reset();
-        app.CloseSettings();
-    }
-    template <class Widget>
-    [[nodiscard]] Widget* Find(const char* name) const {
-        auto* widget = frame->findChild<Widget*>(QString::fromLatin1(name));
-        [&] { QVERIFY2(widget, name); }();
-        return widget;
-    }
-    [[nodiscard]] CRecordListView& List() const { return *Find<CRecordListView>("recordList"); }
-    [[nodiscard]] int Rows() const { return List().model()->rowCount(); }
-    [[nodiscard]] QString Status(const char* part) const { return Find<CElidedLabel>(part)->FullText(); }
-    [[nodiscard]] bool Offers(int command) const {
-        return frame->findChild<CActions*>()->Action(command)->isEnabled();
-    }
-    QString Add(int day, const char* start = "09:00", const char* end = "10:00") {
-        CTRecord record;
-        record.Reset();
-        record.date.Set(11, day, 2026);
-        DateTimeVal time;
-        if (time.ParseTimeText(QString::fromLatin1(start), true)) record.SetStart(time);
-        if (time.ParseTimeText(QString::fromLatin1(end), true)) record.SetEnd(time);
-        QString id;
-        [&] { QVERIFY(app.Document().AddRecord(record, true, false, true, &id)); }();
-        return id;
-    }
+    QList<int> heard;
+
+ private:
+    CViewHub& m_hub;
 };
 
 }  // namespace
@@ -222,44 +166,153 @@ class TestCMainFrame final : public QObject {
         QVERIFY(!window.Offers(103) && !window.Offers(102));
     }
 
-    void statusBar() {
+    /// Records that go take the selection with them, and the list says so itself: within the notice that they
+    /// are about to go, before the others hear of it.
+    void deletedRecordsTakeTheSelectionAlong_data() {
+        QTest::addColumn<int>("records");
+        QTest::newRow("one") << 1;
+        QTest::newRow("so many that the list starts anew") << 100;
+    }
+    void deletedRecordsTakeTheSelectionAlong() {
+        QFETCH(int, records);
         QTemporaryDir folder;
         Window window(folder.path());
         window.frame->Refresh();
-        QCOMPARE(window.Status("statusMode"), u"Time"_s);
-        QCOMPARE(window.Status("statusPeriod"), u"This month"_s);
-        QCOMPARE(window.Status("statusSums"), QString());
-        window.Add(18);
-        const QString id = window.Add(19, "09:00", "11:30");
-        QCOMPARE(window.Status("statusSums"), u"(2)  3.5000"_s);
-        window.List().SelectIds({id});
-        QCOMPARE(window.Status("statusSums"), u"(1)  2.5000"_s);
-        window.List().SelectNone();
-        QCOMPARE(window.Status("statusSums"), u"(2)  3.5000"_s);
+        const QString staying = window.Add(1);
+        for (int i = 0; i < records; ++i) window.Add(2 + i % 20);
+        window.app.Settings().confirmDelete = false;
+        QStringList going = window.List().SelectedIds();
+        window.List().selectAll();
+        going = window.List().SelectedIds();
+        going.removeOne(staying);
+        window.List().SelectIds(going);
+        Listener listener(window.hub);
+        window.frame->RunCommand(102);
+        QCOMPARE(listener.heard, (QList<int>{11, 12, 2}));
+        QCOMPARE(window.Rows(), 1);
+        QCOMPARE(window.List().SelectedCount(), 0);
+        QCOMPARE(window.Status("statusCount"), u"(1)"_s);
     }
 
-    /// 19 November 2026 is day 323; by the simple rule it lies in week 47.
-    void statusPeriod_data() {
-        QTest::addColumn<int>("command");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("today: day and week") << 32798 << u"Today (323, 47)"_s;
-        QTest::newRow("yesterday") << 32789 << u"Yesterday (322, 46)"_s;
-        QTest::newRow("this week: the week of its first day") << 32799 << u"This week (46)"_s;
-        QTest::newRow("next week") << 32843 << u"Next week (47)"_s;
-        QTest::newRow("two weeks: none") << 32800 << u"Last and this week"_s;
-        QTest::newRow("a month: none") << 32801 << u"This month"_s;
-        QTest::newRow("all") << 32802 << u"All"_s;
-    }
-    void statusPeriod() {
-        QFETCH(int, command);
+    /// A record that goes without the user's doing clears what is selected elsewhere, too.
+    void oneGoingClearsEverySelection() {
         QTemporaryDir folder;
         Window window(folder.path());
         window.frame->Refresh();
+        const QString going = window.Add(18), staying = window.Add(19);
+        window.List().SelectIds({staying});
+        Listener listener(window.hub);
+        QVERIFY(window.app.Document().DeleteRecord(RecordKind::Time, going, true));
+        QCOMPARE(listener.heard, (QList<int>{11, 12, 2}));
+        QCOMPARE(window.List().SelectedCount(), 0);
+    }
+
+    /// Another layout is the list's own affair: nothing else is made anew.
+    void layoutsBearARadioCheck_data() {
+        QTest::addColumn<int>("command");
+        QTest::addColumn<int>("layout");
+        QTest::addColumn<int>("style");
+        QTest::newRow("large icons are kept as icons") << 32823 << 1 << 0;
+        QTest::newRow("a plain list is kept as a list") << 32825 << 2 << 3;
+        QTest::newRow("columns are kept as rows") << 32826 << 3 << 1;
+        QTest::newRow("lines are kept as rows") << 32783 << 4 << 1;
+    }
+    void layoutsBearARadioCheck() {
+        QFETCH(int, command);
+        QFETCH(int, layout);
+        QTemporaryDir folder;
+        Window window(folder.path());
+        window.frame->Refresh();
+        const QString id = window.Add(19);
+        window.frame->RunCommand(layout == 4 ? 32825 : 32783);
+        window.List().SelectIds({id});
+        Listener listener(window.hub);
         window.frame->RunCommand(command);
-        QTEST(window.Status("statusPeriod"), "text");
-        window.app.Settings().showDayWeekNumbers = false;
-        window.hub.NotifyViews(Hint::Rebuild, {});
-        QVERIFY(!window.Status("statusPeriod").contains(u'('));
+        QCOMPARE(window.app.Settings().listLayout, layout);
+        for (const int each : {32823, 32825, 32826, 32783})
+            QCOMPARE(window.frame->findChild<CActions*>()->Action(each)->isChecked(), each == command);
+        QCOMPARE(window.List().SelectedIds(), QStringList{id});
+        for (const int hint : listener.heard) QCOMPARE(hint, 11);
+        window.frame->KeepEverything();
+        QTEST(window.app.Profile().GetInt(u"List"_s, u"Style"_s, -1), "style");
+    }
+
+    /// A drag of a column's edge is kept at once: the next program to open the settings finds it.
+    void aDraggedWidthIsKeptAtOnce() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        window.frame->Refresh();
+        window.Add(19);
+        window.frame->RunCommand(32826);
+        QWidget* header = window.List().horizontalHeader()->viewport();
+        const int edge = window.List().columnViewportPosition(2) - 1;
+        const int width = window.List().columnWidth(1);
+        QTest::mousePress(header, Qt::LeftButton, {}, QPoint(edge, 5));
+        QTest::mouseMove(header, QPoint(edge + 17, 5));
+        QMouseEvent drag(QEvent::MouseMove, QPointF(edge + 40, 5), header->mapToGlobal(QPointF(edge + 40, 5)),
+                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(header, &drag);
+        QTest::mouseRelease(header, Qt::LeftButton, {}, QPoint(edge + 40, 5));
+        QCOMPARE(window.List().columnWidth(1), width + 40);
+        window.app.Settings().KeepStoreUntouched();
+        const TestHome next(folder.path());
+        QCOMPARE(next.settings->ListColumns().EntryAt(0).width, width + 40);
+    }
+
+    /// Widths are read where the mode changes, into the columns of the mode that ends; the mode in use shown
+    /// anew reads its records and no width.
+    void widthsAreReadWhenTheModeChanges() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        window.frame->Refresh();
+        window.Add(19);
+        window.frame->RunCommand(32826);
+        const CColSet& columns = window.app.Settings().ListColumns();
+        const int former = columns.EntryAt(0).width;
+        window.List().horizontalHeader()->resizeSection(1, 137);
+        window.frame->RunCommand(40011);
+        QCOMPARE(window.Rows(), 1);
+        QCOMPARE(columns.EntryAt(0).width, former);
+        const int formerOfExpenses = columns.EntryAt(17).width;
+        window.List().horizontalHeader()->resizeSection(1, 138);
+        window.frame->RunCommand(40012);
+        QCOMPARE(columns.EntryAt(0).width, 138);
+        QCOMPARE(columns.EntryAt(17).width, formerOfExpenses);
+    }
+
+    /// The period that comes back is that of the mode that the window was in.
+    void thePeriodOfExpensesComesBack() {
+        QTemporaryDir folder;
+        {
+            Window window(folder.path());
+            window.frame->Refresh();
+            window.frame->RunCommand(32799);
+            window.frame->SwitchMode(RecordMode::Expense);
+            window.frame->RunCommand(32789);
+        }
+        Window again(folder.path(), Window::Mode::AsStored);
+        again.frame->Refresh();
+        QCOMPARE(again.app.Document().FilterOfExpenses().preset, 16);
+    }
+
+    /// With something else in front nothing is selected, whatever the list has.
+    void withoutTheListInFrontNothingOfItIsOffered() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        window.frame->Refresh();
+        window.Add(18);
+        window.Add(19);
+        window.List().selectAll();
+        QVERIFY(window.Offers(102) && window.Offers(40112) && window.Offers(32814));
+        window.Find<QStackedWidget>("pane1")->setCurrentIndex(0);
+        window.hub.NotifyViews(Hint::SelectionChanged, {});
+        window.Find<QStackedWidget>("pane1")->setCurrentIndex(0);
+        const CommandState state = window.frame->State();
+        QCOMPARE(state.selected, 0);
+        for (const int command : {101, 102, 103, 32838, 40055, 32841, 32842, 40111, 40112, 40113, 32813,
+                                  32814, 32854, 32864, 32867})
+            QVERIFY2(!IsOffered(*RouteCommand(command, state), state), qPrintable(QString::number(command)));
+        QCOMPARE(RouteCommand(32823, state)->run, Run::PeriodPreset);
     }
 
     /// The number 32823 is the layout of large icons while the list is in front, else "last year".
@@ -454,12 +507,45 @@ class TestCMainFrame final : public QObject {
         window.frame->Refresh();
         window.Add(19);
         for (const QToolButton* button : window.frame->findChildren<QToolButton*>()) {
-            if (button->objectName().startsWith(u"qt_"_s)) continue;
+            // Screen readers find the menus themselves, however narrow the window is.
+            if (button->objectName() == u"qt_menubar_ext_button"_s) continue;
             QVERIFY2(!button->objectName().isEmpty(), qPrintable(button->text()));
             QVERIFY2(!button->accessibleName().isEmpty(), qPrintable(button->objectName()));
+            if (button->objectName().startsWith(u"qt_"_s)) continue;
             QVERIFY2(!button->icon().isNull(), qPrintable(button->objectName()));
         }
         QVERIFY(!window.List().accessibleName().isEmpty());
+        const auto told = [&window](const char* name) { return window.Find<QLabel>(name)->accessibleName(); };
+        QCOMPARE(told("statusMode"), u"What is shown: Time"_s);
+        QCOMPARE(told("statusPeriod"), u"Period shown: "_s + window.Status("statusPeriod"));
+        QVERIFY(told("statusSums").startsWith(u"Number and sums: Of "_s));
+    }
+
+    void sortByAColumn() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        window.frame->Refresh();
+        window.Add(19, "10:00", "11:00");
+        window.Add(18, "08:00", "09:00");
+        const ModalUser sorts([](QDialog& dialog) {
+            auto* rows = dialog.findChild<QTreeView*>(u"searchRows"_s);
+            QVERIFY(!rows->accessibleName().isEmpty());
+            rows->setCurrentIndex(rows->model()->index(1, 0));
+            QCOMPARE(rows->currentIndex().data().toString(), u"Start"_s);
+            dialog.accept();
+        });
+        window.frame->RunCommand(Command::kSort);
+        QVERIFY(sorts.Met());
+        const auto first = window.List().model()->index(0, 1).data(Qt::AccessibleTextRole).toString();
+        QVERIFY2(first.contains(u"Start: 08:00 AM"_s), qPrintable(first));
+    }
+
+    /// Those that other buttons took the place of at the start are gone, not hidden.
+    void eachButtonIsThereOnce() {
+        QTemporaryDir folder;
+        const Window window(folder.path());
+        for (const char* name : {"button103", "button40147", "button32844", "periodButton"})
+            QCOMPARE(window.frame->findChildren<QToolButton*>(QString::fromLatin1(name)).size(), 1);
     }
 
     /// A load that is under way ends when the window is closed.

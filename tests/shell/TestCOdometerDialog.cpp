@@ -89,6 +89,22 @@ class TestCOdometerDialog : public QObject {
         QCOMPARE(t.Shown("distanceField"), S("140"));
     }
 
+    /// A screen reader puts in a reading as a whole, without a key.
+    void AReadingPutInFromOutside() {
+        OdometerHome t;
+        t.Open({S("10"), {}, {}, S("7.00")});
+        QCOMPARE(t.Trip(), S("10 to : 7.00 x "));
+        t.Find<QLineEdit>("endReading")->setText(S("150"));
+        QCOMPARE(t.Trip(), S("10 to 150: 140 x "));
+    }
+
+    /// A distance that isn't the difference of its readings stays when the dialog opens.
+    void OpeningComputesNothing() {
+        OdometerHome t;
+        t.Open({S("10"), S("20"), {}, S("7.00")});
+        QCOMPARE(t.Trip(), S("10 to 20: 7.00 x "));
+    }
+
     void ADecimalComma() {
         OdometerHome t(CommaRegion());
         t.Open();

@@ -250,6 +250,26 @@ class TestCOptionsDialog : public QObject {
         QCOMPARE(home.settings->weekNumberType, 0);
     }
 
+    /// Whoever sets a check box past its keys, as a screen reader may, sets the option.
+    void ACheckBoxSetFromOutside() {
+        TestHome home;
+        COptionsDialog dialog(*home.settings);
+        dialog.show();
+        QTreeView& tree = *Tree(dialog);
+        const QModelIndex box = Find(tree, QStringLiteral("Confirmation dialogs>Delete"));
+        QVERIFY(tree.model()->setData(box, Qt::Checked, Qt::CheckStateRole));
+        QCOMPARE(box.data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+        QVERIFY(tree.model()->setData(box, Qt::Unchecked, Qt::CheckStateRole));
+        QCOMPARE(box.data(Qt::CheckStateRole).toInt(), int(Qt::Unchecked));
+        const QModelIndex radio =
+            Find(tree, QStringLiteral("Preferences, formatting>Weeknumber type>ISO-8601"));
+        QVERIFY(tree.model()->setData(radio, Qt::Checked, Qt::CheckStateRole));
+        Accept(dialog);
+        QVERIFY(!home.settings->confirmDelete);
+        QCOMPARE(home.settings->weekNumberType, 0);
+        QCOMPARE(dialog.Changed().size(), std::size_t{2});
+    }
+
     void PostProcessingIsTheNumberOfItsButton() {
         TestHome home;
         home.settings->exportPostProcessing = 1;

@@ -89,6 +89,10 @@ class TestCPalette final : public QObject {
             if (Rows(*palette).index(row, 0).data().toString() == u"Delete"_s) {
                 QCOMPARE(Rows(*palette).index(row, 1).data().toString(), u"Record"_s);
                 QCOMPARE(Rows(*palette).index(row, 2).data().toString(), u"Del"_s);
+                // Each cell tells the row, also one that shows nothing.
+                for (const int column : {0, 1, 2})
+                    QCOMPARE(Rows(*palette).index(row, column).data(Qt::AccessibleTextRole).toString(),
+                             u"Delete, Record, Del"_s);
                 return;
             }
         QFAIL("Delete isn't listed");

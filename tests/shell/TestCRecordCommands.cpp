@@ -235,6 +235,26 @@ class TestCRecordCommands final : public QObject {
         QCOMPARE(scene.home.document->RecordCount(), 3U);
     }
 
+    /// What can't be saved, as another program has deleted it, ends it: the one before is marked and told of,
+    /// the one behind stays as it was.
+    void marksStopAtAFailure() {
+        Scene scene;
+        {
+            const TestHome other(scene.home.Path());
+            other.document->LoadRecords(RecordKind::Time);
+            QVERIFY(other.document->DeleteRecord(RecordKind::Time, scene.ids[1], false));
+        }
+        scene.home.prompt.ExpectTold(Text::ModifyFailed);
+        scene.commands.SetMark(RecordMark::Exported, scene.ids, false);
+        scene.home.prompt.Finish();
+        QCOMPARE(scene.Hints(), (QList<int>{14, 14, 1}));
+        QCOMPARE(scene.home.views.seen[1].second, QStringList{scene.ids[1]});
+        QCOMPARE(scene.home.views.seen[2].second, QStringList{scene.ids[0]});
+        QCOMPARE(scene.Stored(), 2U);
+        QVERIFY(scene.home.document->FindTime(scene.ids[0])->isExported);
+        QVERIFY(!scene.home.document->FindTime(scene.ids[2])->isExported);
+    }
+
     void markIsRefused() {
         Scene scene;
         scene.home.prompt.Expect(Text::AskMarkRecords, Answer::No);

@@ -3,6 +3,9 @@
 #include "lang/LoadText.h"
 #include "shell/RecordDialogHome.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QLabel>
 #include <QPlainTextEdit>
 
 /// The record dialog as a whole: what it shows, takes and refuses, its keys and its manners.
@@ -29,6 +32,23 @@ class TestCRecordDialog : public QObject {
         QCOMPARE(t.Find<QPlainTextEdit>("notesField")->toPlainText(), QStringLiteral("line\nline"));
         QCOMPARE(t.Label("timerTime"), QStringLiteral("01:30"));
         QCOMPARE(t.Label("timerState"), QStringLiteral("No timer"));
+    }
+
+    /// What stands beside a caption is read aloud with it.
+    void ValuesAreReadWithTheirCaptions() {
+        RecordDialogHome t;
+        t.SetTimes(QStringLiteral("09:00"), QStringLiteral("10:30"));
+        t.record.SetBillable(true);
+        t.record.SetRate(10);
+        t.Open();
+        const auto told = [&t](const char* name) { return t.Find<QLabel>(name)->accessibleName(); };
+        QCOMPARE(told("weekday"), QStringLiteral("Date: Thursday"));
+        QCOMPARE(told("netTime"), QStringLiteral("Net time: 1:30 (1.5000 h)"));
+        QCOMPARE(told("moneySum"), QStringLiteral("Amount: 15.00"));
+        QCOMPARE(told("timerTime"), QStringLiteral("Time of the timer: 01:30"));
+        t.Enter("endField", QStringLiteral("11:00"));
+        QCOMPARE(told("moneySum"), QStringLiteral("Amount: 20.00"));
+        QCOMPARE(t.Find<QComboBox>("item1Field")->view()->accessibleName(), QStringLiteral("Client"));
     }
 
     void AcceptTakesThePages() {

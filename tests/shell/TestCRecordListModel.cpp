@@ -262,6 +262,75 @@ class TestCRecordListModel final : public QObject {
         QCOMPARE(scene.model.rowCount(), 2);
     }
 
+    /// A million rows are to be 64 MB at most, whatever was done to them since: they are filled, added to,
+    /// sorted, thinned out and filtered.
+    void rowsAreSmall() {
+        Scene scene;
+        const auto isSmall = [&scene] {
+            return scene.model.BytesOfRows() >=
+                       sizeof(void*) * static_cast<std::size_t>(scene.model.rowCount()) &&
+                   scene.model.BytesOfRows() < 64 * static_cast<std::size_t>(scene.model.rowCount());
+        };
+        QStringList ids;
+        for (int i = 0; i < 2000; ++i) {
+            CTRecord record;
+            record.date.Set(11, 1 + i % 19, 2026);
+            QVERIFY(scene.home.document->AddRecord(record, false, true, true, &ids.emplaceBack()));
+        }
+        QVERIFY(scene.home.document->Commit());
+        scene.Rebuild();
+        QVERIFY(isSmall());
+        for (int i = 0; i < 3; ++i) {
+            scene.Add(19);
+            scene.Deliver();
+            QVERIFY(isSmall());
+        }
+        scene.home.settings->resortOnChange = false;
+        scene.Add(19);
+        scene.Deliver();
+        QVERIFY(isSmall());
+        scene.model.SortByHeader(2);
+        QVERIFY(isSmall());
+        scene.home.document->Filter().ApplyPreset(1, scene.home.document->PeriodNeeds());
+        scene.Rebuild();
+        QVERIFY(scene.model.rowCount() > 50 && scene.model.rowCount() < 200);
+        QVERIFY(isSmall());
+        scene.home.document->Filter().EnablePeriod(false);
+        scene.Rebuild();
+        scene.model.OnHint(Hint::AboutToGo, ids.mid(0, 1900));
+        QCOMPARE(scene.model.rowCount(), 104);
+        QVERIFY(isSmall());
+        scene.model.OnHint(Hint::Clear, {});
+        QCOMPARE(scene.model.BytesOfRows(), 0U);
+    }
+
+    /// What others are told of leaves the rows as they are.
+    void hintsOfOthers() {
+        Scene scene;
+        const QString id = scene.Add(19);
+        scene.Rebuild();
+        QSignalSpy reset(&scene.model, &QAbstractItemModel::modelReset);
+        QSignalSpy changed(&scene.model, &QAbstractItemModel::dataChanged);
+        QSignalSpy removed(&scene.model, &QAbstractItemModel::rowsRemoved);
+        for (const int hint : {2, 7, 11, 14}) scene.model.OnHint(static_cast<Hint>(hint), {id});
+        QCOMPARE(reset.count() + changed.count() + removed.count(), 0);
+        QCOMPARE(scene.model.rowCount(), 1);
+    }
+
+    /// A record without a duration is first in both directions of that column.
+    void withoutADurationFirst() {
+        Scene scene;
+        scene.Add(18, "09:00", "10:00");
+        scene.Add(19);
+        scene.Add(20, "09:00", "12:00");
+        scene.home.settings->sortColumnTime = 1;
+        for (const bool ascending : {true, false}) {
+            scene.home.settings->sortAscendingTime = ascending;
+            scene.Rebuild();
+            QCOMPARE(scene.Days(), ascending ? QStringLiteral("19 18 20") : QStringLiteral("19 20 18"));
+        }
+    }
+
     /// Many at once, with rows between them that stay.
     void removedManyRows() {
         Scene scene;
@@ -276,29 +345,26 @@ class TestCRecordListModel final : public QObject {
         for (const QString& id : scene.model.AllIds()) QVERIFY(!gone.contains(id));
     }
 
-    /// Ascending, whatever order they are asked for in; who has no row is passed over.
+    /// By the places of records, and by their identities where one is gone or the places were given anew.
     void rowsOfRecords() {
         Scene scene;
         const QString first = scene.Add(20), second = scene.Add(19), third = scene.Add(18);
         scene.Rebuild();
-        QCOMPARE(scene.model.RowsOf({third, first}), (std::vector<int>{0, 2}));
-        QCOMPARE(scene.model.RowsOf({second, QStringLiteral("nobody")}), std::vector<int>{1});
-        QCOMPARE(scene.model.RowsOf({}), std::vector<int>());
-        const QString added = scene.Add(21);
-        scene.Deliver();
-        QCOMPARE(scene.model.RowsOf({added, third}), (std::vector<int>{0, 3}));
-    }
-
-    /// Nobody has told the list yet that a record is gone, or that others are visible: its rows are found.
-    void rowsOfRecordsBehindTheList() {
-        Scene scene;
-        const QString first = scene.Add(20), second = scene.Add(19), third = scene.Add(18);
-        scene.Rebuild();
+        using Rows = std::vector<int>;
+        QCOMPARE(scene.model.RowsOf({}), Rows());
+        QCOMPARE(scene.model.RowsOf({third, first}), (Rows{0, 2}));
+        QCOMPARE(scene.model.RowsOf({third, QStringLiteral("unknown")}), Rows{2});
         QVERIFY(scene.home.document->DeleteRecord(RecordKind::Time, second, false));
-        QCOMPARE(scene.model.RowsOf({second, third}), (std::vector<int>{1, 2}));
-        scene.home.document->Filter().ApplyPreset(1, scene.home.document->PeriodNeeds());
+        QCOMPARE(scene.model.RowsOf({second}), Rows{1});
+        QCOMPARE(scene.model.RowsOf({second, third}), (Rows{1, 2}));
         scene.home.document->BuildVisible();
-        QCOMPARE(scene.model.RowsOf({first, third}), (std::vector<int>{0, 2}));
+        QCOMPARE(scene.model.RowsOf({third, first}), (Rows{0, 2}));
+        scene.home.settings->resortOnChange = false;
+        const QString fourth = scene.Add(17);
+        scene.home.views.seen.clear();
+        scene.model.OnHint(Hint::Added, {fourth});
+        QCOMPARE(scene.model.RowsOf({fourth}), Rows{3});
+        QCOMPARE(scene.model.RowsOf({first, fourth}), (Rows{0, 3}));
     }
 
     void clearEmpties() {
@@ -332,14 +398,23 @@ class TestCRecordListModel final : public QObject {
         const auto image = [&] {
             return scene.model.data(scene.model.index(0, 0), CRecordListModel::ImageRole).toInt();
         };
+        const auto told = [&](int role) {
+            return scene.model.data(scene.model.index(0, 0), role).toString();
+        };
         QCOMPARE(image(), 3);
+        QVERIFY(told(Qt::AccessibleTextRole).startsWith(QStringLiteral("Date: 11/19/26, ")));
+        QCOMPARE(told(Qt::ToolTipRole), QString());
         QSignalSpy changed(&scene.model, &QAbstractItemModel::dataChanged);
         scene.timers.Start(id, false, 0, 0, 0);
         scene.model.OnHint(Hint::TimerStarted, {id});
         QCOMPARE(image(), 5);
+        QVERIFY(told(Qt::AccessibleTextRole).startsWith(QStringLiteral("The timer runs, Date: 11/19/26, ")));
+        QCOMPARE(told(Qt::ToolTipRole), QStringLiteral("The timer runs"));
         scene.timers.Pause(id);
         scene.model.OnHint(Hint::TimerPaused, {id});
         QCOMPARE(image(), 6);
+        QVERIFY(told(Qt::AccessibleTextRole).startsWith(QStringLiteral("The timer is paused, Date: ")));
+        QCOMPARE(told(Qt::ToolTipRole), QStringLiteral("The timer is paused"));
         scene.timers.Stop(id);
         scene.model.OnHint(Hint::TimerStopped, {id});
         QCOMPARE(image(), 3);
@@ -418,7 +493,13 @@ class TestCRecordListModel final : public QObject {
         QCOMPARE(column(1, Qt::DisplayRole), QStringLiteral("11/20/26 11/19/26 11/18/26"));
         QCOMPARE(column(0, CRecordListModel::ImageRole), QStringLiteral("9 8 8"));
         QCOMPARE(column(3, CRecordListModel::ImageRole), QStringLiteral("0 0 0"));
-        QCOMPARE(column(0, Qt::AccessibleTextRole), QStringLiteral("  "));
+        QCOMPARE(column(0, Qt::ToolTipRole), QStringLiteral("Distance entry  "));
+        // The first cell tells the whole record, also among columns.
+        const auto told = [&model](int row) {
+            return model.data(model.index(row, 0), Qt::AccessibleTextRole).toString();
+        };
+        QVERIFY(told(0).startsWith(QStringLiteral("Distance entry, Date: 11/20/26, Amount: 100.00")));
+        QVERIFY(told(1).startsWith(QStringLiteral("Date: 11/19/26, Amount: 10.00")));
         QCOMPARE(model.headerData(5, Qt::Horizontal).toString(), QStringLiteral("Client"));
         QVERIFY(model.data(model.index(0, 2), Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
         model.SortByHeader(2);

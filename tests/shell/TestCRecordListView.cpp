@@ -7,8 +7,10 @@
 #include "support/TestHome.h"
 #include "timers/ActiveTimerSet.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QImage>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QSignalSpy>
@@ -51,6 +53,17 @@ struct Scene {
     }
     void Click(int row, int x, Qt::KeyboardModifiers keys = {}) {
         QTest::mouseClick(view.viewport(), Qt::LeftButton, keys, At(row, x));
+    }
+    /// The user takes hold of a section's right edge.
+    void DragEdge(int section, int by) {
+        QWidget* header = view.horizontalHeader()->viewport();
+        const QPoint edge(view.columnViewportPosition(section) + view.columnWidth(section) - 1, 5);
+        const QPoint end = edge + QPoint(by, 0);
+        QTest::mousePress(header, Qt::LeftButton, {}, edge);
+        QMouseEvent drag(QEvent::MouseMove, end, header->mapToGlobal(end), Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(header, &drag);
+        QTest::mouseRelease(header, Qt::LeftButton, {}, end);
     }
     [[nodiscard]] QList<int> SelectedRows() const {
         QList<int> rows;
@@ -176,6 +189,28 @@ class TestCRecordListView final : public QObject {
         QVERIFY(scene.Ground(0) != red && scene.Ground(1) != red);
     }
 
+    /// Large icons and the plain list are drawn as the desktop draws lists.
+    void plainLayouts_data() {
+        QTest::addColumn<int>("layout");
+        QTest::newRow("large icons") << 1;
+        QTest::newRow("plain list") << 2;
+    }
+    void plainLayouts() {
+        QFETCH(int, layout);
+        Scene scene(4, layout);
+        scene.home.settings->alternateRowColour = 0x0000FF;
+        scene.home.settings->gridLineColour = 0x00FF00;
+        scene.home.settings->lineColour1 = 0xFF0000;
+        scene.view.ApplyLayout();
+        const QImage picture = scene.view.viewport()->grab().toImage();
+        for (int y = 0; y < scene.view.rowViewportPosition(3); ++y)
+            for (int x = 0; x < picture.width(); ++x) {
+                const QColor colour = picture.pixelColor(x, y);
+                QVERIFY(colour != QColor(255, 0, 0) && colour != QColor(0, 255, 0) &&
+                        colour != QColor(0, 0, 255));
+            }
+    }
+
     void gridLine() {
         Scene scene(2);
         scene.home.settings->gridLineColour = 0x00FF00;
@@ -239,13 +274,11 @@ class TestCRecordListView final : public QObject {
         QCOMPARE(columns.EntryAt(0).width, 123);
         QCOMPARE(columns.EntryAt(6).width,
                  65);  // the others keep their defaults, whatever the font made of them
-        // A sort takes along what was just changed, and so does another layout.
-        header.resizeSection(2, 99);
-        scene.model.SortByHeader(1);
-        scene.view.ApplyLayout();
-        QCOMPARE(scene.view.columnWidth(2), 99);
         header.resizeSection(2, 98);
+        scene.view.CaptureWidths();
+        QCOMPARE(columns.EntryAt(6).width, 98);
         scene.Layout(4);
+        scene.view.CaptureWidths();
         QCOMPARE(columns.EntryAt(6).width, 98);
         scene.Layout(3);
         QCOMPARE(scene.view.columnWidth(0), 55);
@@ -258,7 +291,9 @@ class TestCRecordListView final : public QObject {
         Scene scene(3, 3);
         CColSet& columns = scene.home.settings->ListColumns();
         scene.view.horizontalHeader()->resizeSection(1, 123);
+        scene.view.CaptureWidths();
         scene.view.resize(900, 400);
+        scene.view.CaptureWidths();
         scene.model.Rebuild();
         columns.MoveDown(ColumnHalf::Time, 1);
         scene.model.Rebuild();
@@ -277,12 +312,74 @@ class TestCRecordListView final : public QObject {
 
     void damagedWidths() {
         Scene scene(3, 3);
-        for (const int width : {1, 2000000000}) {
-            scene.home.settings->ListColumns().SetWidth(0, width);
+        const std::pair<int, int> widths[] = {{1, 1}, {4, 4}, {2000000000, 10000}};
+        for (const auto& [stored, shown] : widths) {
+            scene.home.settings->ListColumns().SetWidth(0, stored);
             scene.model.Rebuild();
             scene.view.ApplyLayout();
-            QCOMPARE(scene.view.columnWidth(1), width == 1 ? 5 : 10000);
+            QCOMPARE(scene.view.columnWidth(1), shown);
         }
+    }
+
+    /// Letting go of a column's edge says so once; a width of nothing has become 5 by then. A click that
+    /// sorts changes no width and says nothing.
+    void draggedWidths_data() {
+        QTest::addColumn<int>("by");
+        QTest::addColumn<int>("width");
+        QTest::newRow("wider") << 60 << 160;
+        QTest::newRow("narrow, but something") << -97 << 3;
+        QTest::newRow("to nothing becomes 5") << -100 << 5;
+        QTest::newRow("beyond nothing becomes 5") << -130 << 5;
+    }
+    void draggedWidths() {
+        QFETCH(int, by);
+        Scene scene(3, 3);
+        scene.home.settings->ListColumns().SetWidth(0, 100);
+        scene.Layout(3);
+        QSignalSpy resized(&scene.view, &CRecordListView::ColumnResized);
+        scene.DragEdge(1, by);
+        QTEST(scene.view.columnWidth(1), "width");
+        QCOMPARE(resized.count(), 1);
+        scene.view.CaptureWidths();
+        QTEST(scene.home.settings->ListColumns().EntryAt(0).width, "width");
+        QTest::mouseClick(scene.view.horizontalHeader()->viewport(), Qt::LeftButton, {},
+                          QPoint(scene.view.columnViewportPosition(3) + 10, 5));
+        QCOMPARE(resized.count(), 1);
+    }
+
+    /// The last column fills the row, which nobody has asked for; where the others leave it no more than its
+    /// own width, it can be dragged like them.
+    void lastColumn() {
+        Scene scene(3, 3);
+        CColSet& columns = scene.home.settings->ListColumns();
+        scene.view.resize(3000, 400);
+        QVERIFY(scene.view.columnWidth(9) > 1000);
+        scene.view.CaptureWidths();
+        QCOMPARE(columns.EntryAt(10).width, 90);
+        columns.SetWidth(10, 80);
+        scene.view.resize(300, 400);
+        scene.Layout(3);
+        QCOMPARE(scene.view.columnWidth(9), 80);
+        scene.view.horizontalScrollBar()->setValue(scene.view.horizontalScrollBar()->maximum());
+        scene.DragEdge(9, -30);
+        QCOMPARE(scene.view.columnWidth(9), 50);
+        scene.view.CaptureWidths();
+        QCOMPARE(columns.EntryAt(10).width, 50);
+    }
+
+    /// The state's width counts in each layout, and not when it is nothing.
+    void widthOfTheState() {
+        Scene scene(3, 2);
+        scene.view.horizontalHeader()->resizeSection(0, 47);
+        scene.view.CaptureWidths();
+        QCOMPARE(scene.home.settings->iconColumnWidth, 47);
+        scene.view.horizontalHeader()->resizeSection(0, 0);
+        scene.view.CaptureWidths();
+        QCOMPARE(scene.home.settings->iconColumnWidth, 47);
+        scene.Layout(4);
+        QCOMPARE(scene.view.columnWidth(0), 47);
+        scene.view.resize(640, 400);
+        QCOMPARE(scene.view.columnWidth(1), scene.view.viewport()->width() - 47);
     }
 
     /// Lines follow the breaks of the columns.

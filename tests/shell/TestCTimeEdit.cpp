@@ -110,6 +110,30 @@ class TestCTimeEdit : public QObject {
         QCOMPARE(edit.text(), keys);
     }
 
+    /// A screen reader puts in a text as a whole, without a key.
+    void ATextPutInFromOutside() {
+        CTimeEdit edit(Region(false), Picking(), 5);
+        edit.SetTime(Time(9, 0));
+        QSignalSpy entered(&edit, &CPickEdit::Entered);
+        edit.setText(QStringLiteral("2130"));
+        QCOMPARE(Shown(edit), QStringLiteral("21:30"));
+        QVERIFY(edit.IsTouched());
+        QCOMPARE(entered.count(), 1);
+    }
+
+    void ATextPutInFromOutsideWhileLocked() {
+        CTimeEdit edit(Region(false), Picking(), 5);
+        edit.SetTime(Time(9, 0));
+        edit.Lock(QStringLiteral("a reason"));
+        QSignalSpy tried(&edit, &CPickEdit::EntryTried);
+        QSignalSpy entered(&edit, &CPickEdit::Entered);
+        edit.setText(QStringLiteral("2130"));
+        QCOMPARE(edit.text(), QStringLiteral("09:00 AM"));
+        QCOMPARE(Shown(edit), QStringLiteral("09:00"));
+        QCOMPARE(tried.count(), 1);
+        QCOMPARE(entered.count(), 0);
+    }
+
     void Clear() {
         CTimeEdit edit(Region(false), Picking(), 5);
         edit.SetTime(Time(9, 0));

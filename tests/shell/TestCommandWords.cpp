@@ -75,7 +75,7 @@ class TestCommandWords final : public QObject {
             << u"Find a command by its words and run it"_s;
         QTest::newRow("the layout, not the period of that number")
             << 32823 << true << u"Large icons"_s << u"Large icons"_s
-            << u"One text for each record, with a large icon"_s;
+            << u"Layout with one text for each record and a large icon"_s;
     }
     void Words() {
         QFETCH(int, command);

@@ -3,8 +3,12 @@
 #include "lang/LoadText.h"
 #include "shell/ModalUser.h"
 
+#include <QAccessible>
+#include <QComboBox>
 #include <QFont>
 #include <QFontDialog>
+#include <QLineEdit>
+#include <QListView>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -45,6 +49,27 @@ class TestListFontDialog final : public QObject {
         QFont font(u"Some Face"_s);
         font.setPointSizeF(5000);
         QCOMPARE(FontRecordOf(font).value_or(FontRecord()).tenthsOfPoint, 10000);
+    }
+
+    void EveryFieldHasAName() {
+        QStringList nameless;
+        int fields = 0;
+        const ModalUser looks([&](QDialog& dialog) {
+            for (QWidget* widget : dialog.findChildren<QWidget*>()) {
+                const bool isField = qobject_cast<QLineEdit*>(widget) || qobject_cast<QComboBox*>(widget) ||
+                                     qobject_cast<QListView*>(widget);
+                if (!isField || widget->focusPolicy() == Qt::NoFocus) continue;
+                ++fields;
+                if (QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).isEmpty())
+                    nameless << QString::fromLatin1(widget->metaObject()->className()) + u" in "_s +
+                                    QString::fromLatin1(widget->parent()->metaObject()->className());
+            }
+            dialog.reject();
+        });
+        QCOMPARE(AskListFont(nullptr, QFont()), std::nullopt);
+        QVERIFY(looks.Met());
+        QVERIFY(fields >= 4);
+        QCOMPARE(nameless.join(u' '), QString());
     }
 
     void Asked() {

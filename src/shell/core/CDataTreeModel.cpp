@@ -2,6 +2,16 @@
 
 #include "lang/FormatText.h"
 
+namespace {
+
+/// A node's text may be empty; a row without any would look like a fault.
+QString ShownText(const CTreeNode& node) {
+    if (!node.Parent()) return LoadText(Text::TreeRoot);
+    return node.Text().trimmed().isEmpty() ? LoadText(Text::TreeEmptyText) : node.Text();
+}
+
+}  // namespace
+
 CDataTreeModel::CDataTreeModel(CDataTree& tree, QObject* parent) : QAbstractItemModel(parent), m_tree(tree) {
     m_tree.SetWatcher(this);
 }
@@ -46,7 +56,7 @@ QVariant CDataTreeModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
     const CTreeNode& node = NodeAt(index);
     const bool isRoot = node.Parent() == nullptr;
-    QString text = isRoot ? LoadText(Text::TreeRoot) : node.Text();
+    const QString text = ShownText(node);
     const QString count = isRoot ? QString() : FormatText<Text::PlainInteger>(node.Count());
     switch (role) {
         case Qt::DisplayRole:

@@ -68,6 +68,8 @@ class CRecordListModel final : public QAbstractTableModel {
     [[nodiscard]] QString IdAt(int row) const { return m_rows[static_cast<std::size_t>(row)].id; }
     /// Null when the document doesn't know the record any more.
     [[nodiscard]] const CVORec* RecordAt(int row) const;
+    /// The record as the document shows it: found without a search as long as the places are the same.
+    [[nodiscard]] const CVORec* VisibleAt(int row) const;
     /// What a row says in a column of records, whatever the layout; empty for a record that is gone.
     [[nodiscard]] QString TextOf(int row, int column) const;
     /// Whether its flag of a column is set, or notes are there.
@@ -77,6 +79,9 @@ class CRecordListModel final : public QAbstractTableModel {
     [[nodiscard]] QStringList AllIds() const;
     /// The rows of these records, ascending; one walk over all rows, however many are asked for.
     [[nodiscard]] std::vector<int> RowsOf(const QStringList& ids) const;
+    /// What the rows take in memory, room for more included. The texts of the identities are the records'
+    /// own.
+    [[nodiscard]] std::size_t BytesOfRows() const { return m_rows.capacity() * sizeof(Row); }
     /// The timers of these rows changed: they are shown anew.
     void TouchTimers(int firstRow, int lastRow);
 
@@ -93,8 +98,11 @@ class CRecordListModel final : public QAbstractTableModel {
         std::size_t place = 0;
     };
 
+    [[nodiscard]] std::optional<std::vector<int>> RowsByPlace(const QStringList& ids) const;
     void TakeSortFromSettings();
     void Fill();
+    void MakeRoom(std::size_t more);
+    void ReturnRoom();
     void PutRows(CRowSorter& sorter) const;
     std::vector<std::uint32_t> SortRows();
     void Sort();
@@ -107,7 +115,6 @@ class CRecordListModel final : public QAbstractTableModel {
     void MoveToPlace(int row);
     [[nodiscard]] RowKey KeyOf(const QString& id) const;
     [[nodiscard]] std::size_t PlaceOf(const Row& row) const;
-    [[nodiscard]] std::optional<std::vector<bool>> PlacesOf(const QStringList& ids) const;
     [[nodiscard]] Row RowOf(const QString& id) const;
     [[nodiscard]] int PlaceFor(const RowKey& key) const;
     [[nodiscard]] int Compare(const RowKey& a, const RowKey& b) const;
@@ -115,6 +122,7 @@ class CRecordListModel final : public QAbstractTableModel {
     [[nodiscard]] QString TextAt(const CVORec& record, int modelColumn) const;
     [[nodiscard]] QString AccessibleText(const CVORec& record, int modelColumn) const;
     [[nodiscard]] QVariant ImageOf(const CVORec& record, int modelColumn) const;
+    [[nodiscard]] QString StateInWords(const CVORec& record) const;
     [[nodiscard]] RowImage StateImageOf(const CVORec& record) const;
     [[nodiscard]] int ColumnOf(int modelColumn) const;
 

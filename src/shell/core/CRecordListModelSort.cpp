@@ -38,7 +38,7 @@ void CRecordListModel::TakeSortFromSettings() {
 }
 
 void CRecordListModel::Fill() {
-    m_rows.clear();
+    m_rows = std::vector<Row>();  // a list of ten shouldn't keep the room of a million
     m_rows.reserve(m_document.VisibleCount());
     m_edition = m_document.PlacesEdition();
     for (std::size_t place = 0; place < m_document.VisiblePlaces(); ++place)
@@ -70,6 +70,10 @@ CRecordListModel::Row CRecordListModel::RowOf(const QString& id) const {
 
 std::size_t CRecordListModel::PlaceOf(const Row& row) const {
     return m_edition == m_document.PlacesEdition() ? row.place : m_document.VisiblePlaceOf(row.id);
+}
+
+const CVORec* CRecordListModel::VisibleAt(int row) const {
+    return m_document.VisibleAt(PlaceOf(m_rows[static_cast<std::size_t>(row)]));
 }
 
 /// In the order of the records: a walk through a million of them as they lie in memory takes a tenth of the
@@ -129,6 +133,7 @@ int CRecordListModel::PlaceFor(const RowKey& key) const {
 }
 
 void CRecordListModel::InsertSorted(const QString& id) {
+    MakeRoom(1);
     const int place = m_sortColumn == Column::kNone ? rowCount() : PlaceFor(KeyOf(id));
     beginInsertRows({}, place, place);
     m_rows.insert(m_rows.begin() + place, RowOf(id));

@@ -8,7 +8,8 @@ std::vector<PaletteEntry> PaletteEntries(const CommandState& state, const FieldL
         // Whoever looks for a command is in the palette already.
         if (row.run == Run::FindCommand || RouteCommand(row.id, state) != &row || !IsOffered(row, state))
             continue;
-        entries.push_back({&row, WordsOf(row, state.timeMode, labels).name, MenuPathOf(row)});
+        const CommandWords words = WordsOf(row, state.timeMode, labels);
+        entries.push_back({&row, words.name, MenuPathOf(row), words.status});
     }
     return entries;
 }

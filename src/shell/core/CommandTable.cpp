@@ -162,6 +162,7 @@ constexpr CommandRow kCommands[] = {
     {Command::kListColumns, "CmdListColumns", Text::CmdListColumns, Text::TipListColumns, "object-columns", "", Menu::View, false, Receiver::Frame, Run::ListColumns, 0, nullptr, CheckStyle::None, nullptr},
     {Command::kListFont, "CmdListFont", Text::CmdListFont, Text::TipListFont, "preferences-desktop-font", "", Menu::View, false, Receiver::Frame, Run::ListFont, 0, nullptr, CheckStyle::None, nullptr},
     {Command::kRefresh, "CmdRefresh", Text::CmdRefresh, Text::TipRefresh, "view-refresh", "F5", Menu::View, true, Receiver::Frame, Run::Refresh, 0, nullptr, CheckStyle::None, nullptr},
+    {Command::kRebuildViews, "CmdRebuildViews", Text::CmdRebuildViews, Text::TipRebuildViews, "view-refresh", "Shift+F5", Menu::View, false, Receiver::View, Run::RebuildViews, 0, nullptr, CheckStyle::None, nullptr},
     {Command::kToggleTree, "CmdToggleTree", Text::CmdToggleTree, Text::TipToggleTree, "view-sidetree", "", Menu::DataTree, false, Receiver::Frame, Run::ToggleTree, 0, HasTree, CheckStyle::Toggle, TreeShown},
     {Command::kPanesSideBySide, "CmdPanesSideBySide", Text::CmdPanesSideBySide, Text::TipPanesSideBySide, "view-split-left-right", "", Menu::DataTree, true, Receiver::Frame, Run::StackPanes, 0, TreeShown, CheckStyle::Radio, TreeBeside},
     {Command::kPanesStacked, "CmdPanesStacked", Text::CmdPanesStacked, Text::TipPanesStacked, "view-split-top-bottom", "", Menu::DataTree, false, Receiver::Frame, Run::StackPanes, 1, TreeShown, CheckStyle::Radio, TreeAbove},

@@ -36,6 +36,7 @@ inline constexpr int kToggleStatusBar = 32774;
 inline constexpr int kCustomizeBar1 = 32817;
 inline constexpr int kCustomizeBar2 = 32879;
 inline constexpr int kRefresh = 32780;
+inline constexpr int kRebuildViews = 32778;
 inline constexpr int kPeriodToday = 32798;
 inline constexpr int kPeriodAll = 32802;
 inline constexpr int kPeriodDay = 32803;
@@ -79,6 +80,7 @@ enum class Run {
     ToggleStatusBar,
     CustomizeBar,  ///< argument: a Bar
     Refresh,
+    RebuildViews,
     PeriodPreset,  ///< argument: preset
     PeriodAll,
     PeriodDay,
