@@ -116,7 +116,7 @@ double Ticks(WindowHome& home) {
             home.clock.Advance(1);
             ticker.Tick();
         }));
-    return Median(ticks);
+    return std::ranges::min(ticks);
 }
 
 /// The same cells painted anew, without a timer in them.
@@ -127,7 +127,7 @@ double Repaints(WindowHome& home) {
         repaints.push_back(TookToPaint(*home.List().viewport(), [&, first = first, last = last] {
             for (int row = first; row <= last; ++row) home.Model().TouchTimers(row, row);
         }));
-    return Median(repaints);
+    return std::ranges::min(repaints);
 }
 
 void MeasureTicks(WindowHome& home, ListLayout layout, const std::string& name) {
