@@ -20,12 +20,18 @@ namespace {
     std::exit(1);
 }
 
-std::string ReadToEnd(int handle) {
-    std::string text;
+using Clock = std::chrono::steady_clock;
+
+double MicrosecondsSince(Clock::time_point start) {
+    return std::chrono::duration<double, std::micro>(Clock::now() - start).count();
+}
+
+void ReadToEnd(int handle, Clock::time_point start, Finished& finished) {
     char buffer[65536];
-    for (ssize_t got = 0; (got = read(handle, buffer, sizeof buffer)) > 0;)
-        text.append(buffer, static_cast<std::size_t>(got));
-    return text;
+    ssize_t got = read(handle, buffer, sizeof buffer);
+    finished.toFirstOutput = MicrosecondsSince(start);
+    for (; got > 0; got = read(handle, buffer, sizeof buffer))
+        finished.output.append(buffer, static_cast<std::size_t>(got));
 }
 
 }  // namespace
@@ -49,17 +55,16 @@ Finished Run(const Command& command) {
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
 
-    const auto start = std::chrono::steady_clock::now();
+    const auto start = Clock::now();
     pid_t process = 0;
     if (posix_spawn(&process, words[0], &actions, nullptr, words.data(), environ) != 0)
         Fail(command, "can't be started");
     close(ends[1]);
     Finished finished;
-    finished.output = ReadToEnd(ends[0]);
+    ReadToEnd(ends[0], start, finished);
     int status = 0;
     waitpid(process, &status, 0);
-    finished.microseconds =
-        std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count();
+    finished.microseconds = MicrosecondsSince(start);
     close(ends[0]);
     posix_spawn_file_actions_destroy(&actions);
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) Fail(command, "failed");

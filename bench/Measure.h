@@ -7,6 +7,7 @@
 /// A finished process: how long it took from start to end, and what it printed.
 struct Finished {
     double microseconds = 0;
+    double toFirstOutput = 0;  ///< microseconds as well; of one that prints nothing, to its end
     std::string output;
     /// A line "name value" of the output; ends the run when it is missing.
     [[nodiscard]] double Figure(const std::string& name) const;

@@ -1,6 +1,8 @@
 // The waiting moments inside the program, measured on its own classes. Prints "name value", a line each.
 
+#include "LoudPrompt.h"
 #include "OursViews.h"
+#include "ProcessorTime.h"
 #include "app/CVelmarchApp.h"
 #include "app/DemoData.h"
 #include "app/ListTable.h"
@@ -8,7 +10,8 @@
 #include "platform/CClock.h"
 #include "platform/CInstallLocation.h"
 #include "platform/CMessagePump.h"
-#include "platform/CPrompt.h"
+#include "records/CERecord.h"
+#include "shell/core/PeriodMemory.h"
 
 #include <unistd.h>
 #include <QCoreApplication>
@@ -19,17 +22,6 @@
 #include <vector>
 
 namespace {
-
-/// Nothing is expected to be asked or told; what is, ends the run.
-class LoudPrompt final : public CPrompt {
- public:
-    Answer Ask(const MessageBox& box) override {
-        Tell(box);
-        return box.defaultAnswer;
-    }
-    void Tell(const MessageBox& box) override { qFatal("%s", qPrintable(box.text)); }
-    std::optional<QString> ChooseFile(const FileChoice&) override { return std::nullopt; }
-};
 
 struct Program {
     CSystemClock clock;
@@ -65,6 +57,7 @@ int Fill(const QString& home, int times, std::uint32_t seed) {
     if (FillWithDemoData(program.app.Store(), program.clock, {times, 0}, seed) != DemoOutcome::Filled)
         return 1;
     Say("fill_us", Microseconds(timer));
+    StorePeriod(program.app.Profile(), PeriodFilter());  // a window over this home lists all of them
     return 0;
 }
 
@@ -95,11 +88,12 @@ void Find(CVelmarchDoc& document) {
 int Load(const QString& home) {
     Program program(home);
     CVelmarchDoc& document = program.app.Document();
-    const double before = ResidentBytes();
+    const double before = ResidentBytes(), processorBefore = ProcessorMicroseconds();
     QElapsedTimer timer;
     timer.start();
     if (!document.LoadRecords(RecordKind::Time)) return 1;
     Say("load_us", Microseconds(timer));
+    Say("load_processor_us", ProcessorMicroseconds() - processorBefore);
     Say("bytes", ResidentBytes() - before);
     Say("records", static_cast<double>(document.RecordCount()));
     document.BuildVisible();
@@ -118,6 +112,24 @@ int MakeItems(const QString& home, int count) {
         item.listId = ListId::kClient;
         item.GenUnique();
         if (!store.InsertRecord(item, true)) return 1;
+    }
+    return store.Commit() ? 0 : 1;
+}
+
+/// Expenses for a home that has time records only.
+int MakeExpenses(const QString& home, int count) {
+    Program program(home);
+    CRecordStore& store = program.app.Store();
+    if (!store.BeginBatch()) return 1;
+    for (int i = 0; i < count; ++i) {
+        CERecord expense;
+        expense.Reset();
+        expense.date.Set(i % 12 + 1, i % 28 + 1, 2000 + i % 25);
+        expense.item1 = QStringLiteral("Client number %1").arg(i % 50);
+        expense.item5 = QStringLiteral("EUR");
+        expense.amount.Set(static_cast<float>(i % 1000));
+        expense.GenUnique();
+        if (!store.InsertRecord(expense, true)) return 1;
     }
     return store.Commit() ? 0 : 1;
 }
@@ -152,11 +164,13 @@ int main(int argc, char** argv) {
     if (arguments.size() == 3 && arguments[1] == QStringLiteral("items")) return Items(arguments[2]);
     if (arguments.size() == 4 && arguments[1] == QStringLiteral("make-items"))
         return MakeItems(arguments[2], arguments[3].toInt());
+    if (arguments.size() == 4 && arguments[1] == QStringLiteral("make-expenses"))
+        return MakeExpenses(arguments[2], arguments[3].toInt());
     if (arguments.size() == 5 && arguments[1] == QStringLiteral("fill"))
         return Fill(arguments[2], arguments[3].toInt(), arguments[4].toUInt());
     std::fputs(
         "usage: bench-ours load HOME | views HOME | fill HOME RECORDS SEED |\n"
-        "       make-items HOME COUNT | items HOME\n",
+        "       make-items HOME COUNT | items HOME | make-expenses HOME COUNT\n",
         stderr);
     return 2;
 }

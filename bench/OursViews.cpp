@@ -1,5 +1,7 @@
 #include "OursViews.h"
 
+#include "ProcessorTime.h"
+#include "SortFloor.h"
 #include "app/CVelmarchApp.h"
 #include "platform/CClock.h"
 #include "shell/core/CDataTree.h"
@@ -9,7 +11,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 
 namespace {
 
@@ -17,20 +18,6 @@ constexpr int kRounds = 5;
 
 /// Keeps the compiler from dropping a result.
 volatile double theResult;
-
-/// Processor time: nothing here waits for a disk, and what else the machine does isn't counted.
-double Microseconds() {
-    timespec time{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
-}
-
-template <class Work>
-double Took(Work&& work) {
-    const double start = Microseconds();
-    work();
-    return Microseconds() - start;
-}
 
 /// The best of some runs, as a line.
 template <class Work>
@@ -68,29 +55,13 @@ void BuildTree(const CVelmarchDoc& document, const CCfgStore& settings) {
     theResult = static_cast<double>(tree.Root().Children().size());
 }
 
-/// std::sort of the keys of all rows in the order in which the list has them, each no larger than it must be.
-template <class Key>
-double SortKeys(const CRecordListModel& model, int column, Key&& keyOf) {
-    std::vector<std::pair<decltype(keyOf(RowKey())), int>> keys;
-    for (int row = 0; row < model.rowCount(); ++row)
-        keys.emplace_back(keyOf(MakeRowKey(*model.RecordAt(row), column, TheRegion())), row);
-    const double took = Took([&keys] {
-        std::ranges::sort(
-            keys, {}, [](const auto& key) -> const auto& { return key.first; });
-    });
-    theResult = keys.front().second;
-    return took;
-}
-
 /// The list is sorted from the order of another column each time, the floor from that same order.
 void Sort(CRecordListModel& model, const char* ours, const char* floor, int position, int otherPosition) {
     const int column = model.VisibleColumns()[static_cast<std::size_t>(position - 1)];
     std::vector<double> list, keys;
     for (int round = 0; round < kRounds; ++round) {
         model.SortByHeader(otherPosition);
-        keys.push_back(CompareFormOf(column) == CompareForm::Text
-                           ? SortKeys(model, column, [](const RowKey& key) { return key.text; })
-                           : SortKeys(model, column, [](const RowKey& key) { return key.order; }));
+        keys.push_back(SortFloor(model, column));
         list.push_back(Took([&] { model.SortByHeader(position); }));
     }
     std::printf("%s %.3f\n%s %.3f\n", ours, std::ranges::min(list), floor, std::ranges::min(keys));

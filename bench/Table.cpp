@@ -1,12 +1,16 @@
 // Measures every waiting moment beside its floor and prints the table.
 //   bench-table PROGRAMS SCRATCH SIZE...
 
-#include "Measure.h"
+#include "Places.h"
+#include "TableLines.h"
+#include "TableWindow.h"
 
-#include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
+
+using namespace TableLines;
 
 namespace {
 
@@ -30,48 +34,13 @@ Month LastMonth() {
     return local.tm_mon == 0 ? Month{local.tm_year + 1899, 12} : Month{local.tm_year + 1900, local.tm_mon};
 }
 
-/// Where the programs and the scratch homes are.
-struct Places {
-    fs::path programs, scratch;
-    [[nodiscard]] std::string Program(const char* name) const { return programs / name; }
-    [[nodiscard]] fs::path Home(int size) const { return scratch / std::to_string(size); }
-    [[nodiscard]] std::string Store(int size) const { return Home(size) / "velmarch.store"; }
-    [[nodiscard]] Command Cli(int size, const Command& words) const {
-        Command command{Program("velmarch-cli"), "--home", Home(size)};
-        command.insert(command.end(), words.begin(), words.end());
-        return command;
-    }
-};
-
 /// What is remembered of a size for the growth at the end.
 struct Times {
     double fill = 0, load = 0, filter = 0;
 };
 
-/// The goals hold for a lifetime of records; below, where the start of a process outweighs its work, they
-/// only give an idea.
+/// The goals hold from here on.
 constexpr int kLifetime = 1000000;
-const char* theVerdict = "MISSED";
-
-void Head(const std::string& title) {
-    std::printf("\n%s\n%-46s %12s %12s %8s %8s\n", title.c_str(), "", "ours", "floor", "ratio", "goal");
-}
-
-/// One line: two figures, their ratio, and the goal that the ratio is to keep (0: none).
-void Line(const char* name, double ours, double floor, double goal, const char* unit) {
-    const double ratio = ours / floor;
-    std::printf("%-46s %9.2f %-2s %9.2f %-2s %8.2f", name, ours, unit, floor, unit, ratio);
-    if (goal > 0) std::printf(" %8.2f  %s", goal, ratio > goal ? theVerdict : "");
-    std::printf("\n");
-    std::fflush(stdout);
-}
-
-/// One line against a limit of its own.
-void Limit(const char* name, double ours, double floor, double limit, const char* unit) {
-    std::printf("%-46s %9.2f %-2s %9.2f %-2s %8.2f %5.0f %-2s  %s\n", name, ours, unit, floor, unit,
-                ours / floor, limit, unit, ours > limit ? theVerdict : "");
-    std::fflush(stdout);
-}
 
 void FillHome(const Places& places, int size, Times& times, int rounds) {
     std::vector<double> ours, floor;
@@ -172,7 +141,7 @@ void Commands(const Places& places, int size) {
 /// The pick lists of a home with many items; no records.
 void ListItems(const Places& places) {
     Head(std::to_string(kItems) + " list items");
-    theVerdict = "MISSED";
+    JudgeAs("MISSED");
     const fs::path home = places.scratch / "items";
     (void)Run({places.Program("bench-ours"), "make-items", home, std::to_string(kItems)});
     std::vector<double> ours, floor;
@@ -186,7 +155,7 @@ void ListItems(const Places& places) {
 }
 
 void ProcessStart(const Places& places) {
-    theVerdict = "MISSED";
+    JudgeAs("MISSED");
     Head("Start of a process");
     const std::vector<double> starts =
         InTurns(61, {{places.Program("velmarch-cli"), "--version"},
@@ -194,13 +163,6 @@ void ProcessStart(const Places& places) {
                      {places.Program("bench-empty")}});
     Line("velmarch-cli --version", starts[0] / 1000, starts[2] / 1000, 1.5, "ms");
     Line("velmarch-cli day today", starts[1] / 1000, starts[2] / 1000, 1.5, "ms");
-}
-
-/// How a figure grew between two sizes: 1 is linear.
-void Growth(const char* name, double small, double large, int factor) {
-    const double exponent = std::log(large / small) / std::log(factor);
-    std::printf("%-46s %12s %12s %8.2f %8.2f%s\n", name, "", "", exponent, 1.1,
-                exponent > 1.1 ? "  MISSED" : "");
 }
 
 void GrowthOf(const std::vector<int>& sizes, const std::vector<Times>& times) {
@@ -226,20 +188,22 @@ int main(int argc, char** argv) {
     for (int i = 3; i < argc; ++i) sizes.push_back(std::atoi(argv[i]));
 
     Head(std::to_string(kSmall) + " records");
-    theVerdict = "over";
+    JudgeAs("over");
     Times small;
     FillHome(places, kSmall, small, 5);
     ProcessStart(places);
     ListItems(places);
-    theVerdict = "over";
+    JudgeAs("over");
     std::vector<Times> times(sizes.size());
+    WindowTimes window;
     for (std::size_t i = 0; i < sizes.size(); ++i) {
         Head(std::to_string(sizes[i]) + " records");
-        theVerdict = sizes[i] >= kLifetime ? "MISSED" : "over";
+        JudgeAs(sizes[i] >= kLifetime ? "MISSED" : "over");
         FillHome(places, sizes[i], times[i], sizes[i] >= kLifetime ? 2 : 4);
         InMemory(places, sizes[i], times[i]);
         Views(places, sizes[i]);
         Commands(places, sizes[i]);
+        window = WindowLines(places, sizes[i], window, sizes[i] >= kLifetime ? 3 : 7);
         fs::remove_all(places.Home(sizes[i]));
     }
     GrowthOf(sizes, times);

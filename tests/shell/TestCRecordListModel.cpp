@@ -218,6 +218,25 @@ class TestCRecordListModel final : public QObject {
         QCOMPARE(scene.model.IdAt(selection.selectedRows().front().row()), id);
     }
 
+    /// The order turns round, and each selected row is where its record is.
+    void selectedRowsGoAlongWithASort() {
+        Scene scene;
+        const QString first = scene.Add(18), last = scene.Add(21);
+        scene.Add(19);
+        scene.Add(20);
+        scene.Rebuild();
+        QItemSelectionModel selection(&scene.model);
+        for (const QString& id : {first, last})
+            selection.select(scene.model.index(scene.model.RowsOf({id}).front(), 0),
+                             QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        selection.setCurrentIndex(scene.model.index(1, 1), QItemSelectionModel::NoUpdate);
+        scene.model.SortByHeader(1);
+        QCOMPARE(scene.Days(), QStringLiteral("18 19 20 21"));
+        QVERIFY(selection.isRowSelected(0) && selection.isRowSelected(3));
+        QCOMPARE(selection.selectedRows().size(), 2);
+        QCOMPARE(selection.currentIndex(), scene.model.index(2, 1));
+    }
+
     /// Equal durations contradict themselves; a changed row stays among its equals.
     void equalDurationsDontJump() {
         Scene scene;

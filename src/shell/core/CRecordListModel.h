@@ -104,7 +104,7 @@ class CRecordListModel final : public QAbstractTableModel {
     void MakeRoom(std::size_t more);
     void ReturnRoom();
     void PutRows(CRowSorter& sorter) const;
-    void SortRows();
+    std::vector<std::uint32_t> SortRows();
     void Sort();
     void AddRows(const QStringList& added);
     void ChangeRows(const QStringList& ids);

@@ -6,7 +6,6 @@
 #include "shell/core/CRecordListModel.h"
 #include "shell/core/CRowSorter.h"
 
-#include <QHash>
 #include <algorithm>
 #include <cstdint>
 
@@ -91,29 +90,31 @@ void CRecordListModel::PutRows(CRowSorter& sorter) const {
             sorter.Put(rows[place], *record);
 }
 
-void CRecordListModel::SortRows() {
+/// Gives the former row of each row; nothing when all stay where they are.
+std::vector<std::uint32_t> CRecordListModel::SortRows() {
     m_inOrder = true;
-    if (m_sortColumn == Column::kNone) return;
+    if (m_sortColumn == Column::kNone) return {};
     CRowSorter sorter(m_sortColumn, TheRegion(), m_rows.size());
     PutRows(sorter);
+    std::vector<std::uint32_t> formerRows = sorter.Sorted(SortsAscending());
     std::vector<Row> sorted;
     sorted.reserve(m_rows.size());
-    for (const std::uint32_t row : sorter.Sorted(SortsAscending())) sorted.push_back(std::move(m_rows[row]));
+    for (const std::uint32_t row : formerRows) sorted.push_back(std::move(m_rows[row]));
     m_rows = std::move(sorted);
+    return formerRows;
 }
 
 /// Sorts and takes selection and current row along.
 void CRecordListModel::Sort() {
     Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
     const QModelIndexList before = persistentIndexList();
-    QStringList ids;
-    for (const QModelIndex& index : before) ids.append(IdAt(index.row()));
-    SortRows();
-    QHash<QString, int> places;
-    for (const int row : RowsOf(ids)) places.insert(IdAt(row), row);
+    const std::vector<std::uint32_t> formerRows = SortRows();
+    std::vector<int> rows(m_rows.size());
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        rows[formerRows.empty() ? row : formerRows[row]] = static_cast<int>(row);
     QModelIndexList after;
-    for (qsizetype i = 0; i < before.size(); ++i)
-        after.append(index(places.value(ids[i]), before[i].column()));
+    for (const QModelIndex& former : before)
+        after.append(index(rows[static_cast<std::size_t>(former.row())], former.column()));
     changePersistentIndexList(before, after);
     Q_EMIT layoutChanged({}, VerticalSortHint);
 }

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/CPrompt.h"
+
+/// Nothing is expected to be asked or told; what is, ends the run.
+class LoudPrompt final : public CPrompt {
+ public:
+    Answer Ask(const MessageBox& box) override {
+        Tell(box);
+        return box.defaultAnswer;
+    }
+    void Tell(const MessageBox& box) override { qFatal("%s", qPrintable(box.text)); }
+    std::optional<QString> ChooseFile(const FileChoice&) override { return std::nullopt; }
+};

@@ -1,0 +1,95 @@
+#include "TableWindow.h"
+
+#include "Places.h"
+#include "TableLines.h"
+
+#include <string>
+#include <vector>
+
+using namespace TableLines;
+
+namespace {
+
+/// Each of them does everything many times already.
+constexpr int kRuns = 2;
+
+/// A start to the first rows beside what it can't do without: an empty window, and the records.
+struct Starts {
+    std::vector<double> ours, window, load;
+};
+
+void StartLine(const char* name, const Starts& starts, double (*typical)(const std::vector<double>&)) {
+    Line(name, typical(starts.ours) / 1000, (typical(starts.window) + typical(starts.load)) / 1000, 1.5,
+         "ms");
+}
+
+double MedianOf(const std::vector<double>& values) {
+    return Median(values);
+}
+
+void Start(const Places& places, int size, int rounds) {
+    Starts wall, processor;
+    for (int round = 0; round < rounds; ++round) {
+        const Finished ours = Run({places.Program("bench-window"), "start", places.Home(size)});
+        const Finished window = Run({places.Program("bench-empty-window")});
+        const Finished load = Run({places.Program("bench-ours"), "load", places.Home(size)});
+        wall.ours.push_back(ours.toFirstOutput);
+        wall.window.push_back(window.toFirstOutput);
+        wall.load.push_back(load.Figure("load_us"));
+        processor.ours.push_back(ours.Figure("first_rows_us"));
+        processor.window.push_back(window.Figure("first_rows_us"));
+        processor.load.push_back(load.Figure("load_processor_us"));
+    }
+    StartLine("start to first rows, by the clock", wall, MedianOf);
+    StartLine("start to first rows, by the processor", processor, Best);
+}
+
+/// The figures of several runs of the window, each the best of them.
+class Runs {
+ public:
+    Runs(const Places& places, int size, int rounds) {
+        for (int round = 0; round < rounds; ++round)
+            m_runs.push_back(Run({places.Program("bench-window"), "views", places.Home(size)}));
+    }
+    [[nodiscard]] double Figure(const std::string& name) const {
+        std::vector<double> values;
+        for (const Finished& run : m_runs) values.push_back(run.Figure(name));
+        return Best(values);
+    }
+    void ShowLine(const char* name, const std::string& figure, double goal) const {
+        Line(name, Figure(figure + "_us") / 1000, Figure(figure + "_floor_us") / 1000, goal, "ms");
+    }
+
+ private:
+    std::vector<Finished> m_runs;
+};
+
+}  // namespace
+
+WindowTimes WindowLines(const Places& places, int size, const WindowTimes& former, int starts) {
+    Start(places, size, starts);
+    (void)Run({places.Program("bench-ours"), "make-expenses", places.Home(size), std::to_string(size / 10)});
+    const Runs runs(places, size, kRuns);
+    runs.ShowLine("page in columns (floor: a plain table)", "page_columns", 2);
+    runs.ShowLine("page in lines (floor: a plain table)", "page_lines", 2);
+    const auto click = [&runs](const char* name, const std::string& figure) {
+        Line(name, runs.Figure(figure + "_us") / 1000,
+             (runs.Figure(figure + "_floor_us") + runs.Figure("page_columns_floor_us")) / 1000, 3, "ms");
+    };
+    click("click on date header (floor: sort + a page)", "click_date");
+    click("click on text header (floor: sort + a page)", "click_text");
+    runs.ShowLine("switch to expenses (floor: the document's)", "to_expenses", 1.5);
+    runs.ShowLine("switch back to times (floor: the document's)", "to_times", 1.5);
+    runs.ShowLine("tick in columns (floor: without timers)", "tick_columns", 2);
+    runs.ShowLine("tick in lines (floor: without timers)", "tick_lines", 2);
+    runs.ShowLine("a record changed (floor: the document's)", "change", 0);
+    const WindowTimes times{runs.Figure("tick_lines_us"), runs.Figure("tick_columns_us")};
+    if (former.tickLines > 0) {
+        Line("tick in columns (floor: at the former size)", times.tickColumns / 1000,
+             former.tickColumns / 1000, 1.25, "ms");
+        Line("tick in lines (floor: at the former size)", times.tickLines / 1000, former.tickLines / 1000,
+             1.25, "ms");
+    }
+    Alone("memory of the list, per row", runs.Figure("row_bytes"), 64, "B");
+    return times;
+}

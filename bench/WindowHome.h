@@ -1,0 +1,45 @@
+#pragma once
+
+#include "LoudPrompt.h"
+#include "app/CVelmarchApp.h"
+#include "platform/CClock.h"
+#include "shell/CEventPump.h"
+#include "shell/CMainFrame.h"
+#include "shell/CRecordListView.h"
+#include "shell/core/CRecordListModel.h"
+#include "shell/core/CViewHub.h"
+#include "timers/CRecordTimers.h"
+
+#include <memory>
+
+/// Today at noon and so many seconds.
+class NoonClock final : public CClock {
+ public:
+    void Advance(int seconds) { m_seconds += seconds; }
+    [[nodiscard]] SYSTEMTIME GetLocalTime() const override;
+
+ private:
+    int m_seconds = 0;
+};
+
+/// The window over a home, wired as the program wires it and on the screen, its records loaded. Nothing is
+/// kept at the end, so the next run starts from the same state.
+struct WindowHome {
+    NoonClock clock;
+    LoudPrompt prompt;
+    CEventPump pump;
+    CViewHub hub;
+    CVelmarchApp app{{clock, prompt, pump, hub}};
+    ActiveTimerSet set{clock};
+    std::unique_ptr<CRecordTimers> timers;
+    std::unique_ptr<CMainFrame> frame;
+
+    explicit WindowHome(const QString& home);
+    ~WindowHome();
+    WindowHome(const WindowHome&) = delete;
+    WindowHome& operator=(const WindowHome&) = delete;
+
+    void SetLayout(ListLayout layout);
+    [[nodiscard]] CRecordListView& List() const { return *frame->findChild<CRecordListView*>(); }
+    [[nodiscard]] CRecordListModel& Model() const { return *frame->findChild<CRecordListModel*>(); }
+};

@@ -1,0 +1,208 @@
+#include "WindowMeasures.h"
+
+#include "Painted.h"
+#include "PlainList.h"
+#include "ProcessorTime.h"
+#include "SortFloor.h"
+#include "WindowHome.h"
+#include "config/CCfgStore.h"
+#include "config/ColumnTable.h"
+#include "records/CTRecord.h"
+#include "shell/core/CTimerTicker.h"
+
+#include <malloc.h>
+#include <QCoreApplication>
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <string>
+
+namespace {
+
+constexpr int kPages = 41;
+constexpr int kTicks = 41;
+constexpr int kTimers = 1000;
+constexpr int kRounds = 5;
+constexpr int kChanges = 11;
+
+void Say(const std::string& name, double value) {
+    std::printf("%s %.3f\n", name.c_str(), value);
+}
+
+double Median(std::vector<double> values) {
+    std::ranges::sort(values);
+    return values[values.size() / 2];
+}
+
+void Press(QWidget& widget, int key) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier), release(QEvent::KeyRelease, key, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &press);
+    QCoreApplication::sendEvent(&widget, &release);
+}
+
+void Click(QWidget& widget, const QPoint& at) {
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        const Qt::MouseButtons held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+        QMouseEvent event(type, at, widget.mapToGlobal(at), Qt::LeftButton, held, Qt::NoModifier);
+        QCoreApplication::sendEvent(&widget, &event);
+    }
+}
+
+/// From the first row down. The first key only goes to the end of what is in sight.
+double PageDown(QTableView& view) {
+    view.setCurrentIndex(view.model()->index(0, 0));
+    view.scrollToTop();
+    WaitForPaint(*view.viewport(), [&view] { Press(view, Qt::Key_PageDown); });
+    std::vector<double> pages;
+    for (int page = 0; page < kPages; ++page)
+        pages.push_back(TookToPaint(*view.viewport(), [&view] { Press(view, Qt::Key_PageDown); }));
+    return Median(pages);
+}
+
+void MeasurePages(WindowHome& home, ListLayout layout, const std::string& name) {
+    home.SetLayout(layout);
+    Say(name + "_us", PageDown(home.List()));
+    PlainList plain(home);
+    Say(name + "_floor_us", PageDown(plain.View()));
+}
+
+double HeapBytes() {
+    const struct mallinfo2 heap = mallinfo2();
+    return static_cast<double>(heap.uordblks + heap.hblkhd);
+}
+
+/// Of a second list over the same records, which is on the screen before its rows come.
+void MeasureRowMemory(WindowHome& home) {
+    CRecordListModel model(home.app.Document(), home.set, home.app.Settings());
+    CRecordListView view(model, home.app.Settings());
+    WaitForPaint(*view.viewport(), [&view] { view.show(); });
+    const double before = HeapBytes();
+    WaitForPaint(*view.viewport(), [&] {
+        model.Rebuild();
+        view.ApplyLayout();
+    });
+    Say("row_bytes", (HeapBytes() - before) / model.rowCount());
+}
+
+void ClickHeader(CRecordListView& list, int section) {
+    QHeaderView& header = *list.horizontalHeader();
+    Click(*header.viewport(),
+          {header.sectionViewportPosition(section) + header.sectionSize(section) / 2, header.height() / 2});
+}
+
+/// From the order of another column each time, and so the floor.
+void MeasureSort(WindowHome& home, int column, int otherColumn, const std::string& name) {
+    CRecordListView& list = home.List();
+    const CRecordListModel& model = home.Model();
+    std::vector<double> ours, floor;
+    for (int round = 0; round < kRounds; ++round) {
+        WaitForPaint(*list.viewport(), [&] { ClickHeader(list, model.ModelColumnOf(otherColumn)); });
+        floor.push_back(SortFloor(model, column));
+        ours.push_back(
+            TookToPaint(*list.viewport(), [&] { ClickHeader(list, model.ModelColumnOf(column)); }));
+        if (model.SortColumn() != column) qFatal("the click on the header has not sorted");
+    }
+    Say(name + "_us", std::ranges::min(ours));
+    Say(name + "_floor_us", std::ranges::min(floor));
+}
+
+double Ticks(WindowHome& home) {
+    auto& ticker = *home.frame->findChild<CTimerTicker*>();
+    std::vector<double> ticks;
+    for (int tick = 0; tick < kTicks; ++tick)
+        ticks.push_back(TookToPaint(*home.List().viewport(), [&] {
+            home.clock.Advance(1);
+            ticker.Tick();
+        }));
+    return std::ranges::min(ticks);
+}
+
+/// The same cells painted anew, without a timer in them.
+double Repaints(WindowHome& home) {
+    const auto [first, last] = home.List().RowsInSight();
+    std::vector<double> repaints;
+    for (int repaint = 0; repaint < kTicks; ++repaint)
+        repaints.push_back(TookToPaint(*home.List().viewport(), [&, first = first, last = last] {
+            for (int row = first; row <= last; ++row) home.Model().TouchTimers(row, row);
+        }));
+    return std::ranges::min(repaints);
+}
+
+void MeasureTicks(WindowHome& home, ListLayout layout, const std::string& name) {
+    home.SetLayout(layout);
+    home.List().scrollToTop();
+    Settle();
+    Say(name + "_floor_us", Repaints(home));
+    for (int row = 0; row < std::min(kTimers, home.Model().rowCount()); ++row)
+        home.set.Start(home.Model().IdAt(row), false, 0, 0, 0);
+    home.List().viewport()->update();
+    Say(name + "_us", Ticks(home));
+    home.set.Clear();
+}
+
+/// One record after the other gets another text, as the record dialog does it: the record is selected.
+double Changes(WindowHome& home, const std::function<double(const CTRecord&)>& change) {
+    std::vector<double> changes;
+    for (int row = 0; row < kChanges; ++row) {
+        const QString id = home.Model().IdAt(row);
+        home.List().SelectIds({id});
+        Settle();
+        CTRecord record;
+        record.Copy(*home.app.Document().FindTime(id));
+        record.notes += QStringLiteral(" changed");
+        changes.push_back(change(record));
+    }
+    return Median(changes);
+}
+
+double SwitchTo(WindowHome& home, RecordMode mode) {
+    return TookToPaint(*home.List().viewport(), [&] { home.frame->SwitchMode(mode); });
+}
+
+}  // namespace
+
+void MeasureList(WindowHome& home) {
+    MeasureRowMemory(home);
+    MeasurePages(home, ListLayout::Columns, "page_columns");
+    MeasurePages(home, ListLayout::Lines, "page_lines");
+}
+
+void MeasureSorting(WindowHome& home) {
+    home.SetLayout(ListLayout::Columns);
+    MeasureSort(home, Column::kDate, Column::kItem1, "click_date");
+    MeasureSort(home, Column::kItem1, Column::kDate, "click_text");
+}
+
+void MeasureTick(WindowHome& home) {
+    MeasureTicks(home, ListLayout::Columns, "tick_columns");
+    MeasureTicks(home, ListLayout::Lines, "tick_lines");
+}
+
+void MeasureChange(WindowHome& home) {
+    home.SetLayout(ListLayout::Lines);
+    home.List().scrollToTop();
+    CVelmarchDoc& document = home.app.Document();
+    const auto modify = [&document](const CTRecord& record, bool notify) {
+        if (!document.ModifyRecord(record, record.GetId(), notify, false, true, true))
+            qFatal("the record can't be changed");
+    };
+    Say("change_us", Changes(home, [&](const CTRecord& record) {
+            return TookToPaint(*home.List().viewport(), [&] { modify(record, true); });
+        }));
+    Say("change_floor_us",
+        Changes(home, [&](const CTRecord& record) { return Took([&] { modify(record, false); }); }));
+    document.FlushPending(Hint::Changed);
+}
+
+void MeasureSwitch(WindowHome& home) {
+    home.SetLayout(ListLayout::Lines);
+    Say("to_expenses_us", SwitchTo(home, RecordMode::Expense));
+    Say("to_times_us", SwitchTo(home, RecordMode::Time));
+    home.app.Document().SetTimers(nullptr);
+    home.frame.reset();
+    CVelmarchDoc& document = home.app.Document();
+    Say("to_expenses_floor_us", Took([&] { document.SwitchMode(RecordMode::Expense); }));
+    Say("to_times_floor_us", Took([&] { document.SwitchMode(RecordMode::Time); }));
+}
