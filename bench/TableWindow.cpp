@@ -86,9 +86,9 @@ WindowTimes WindowLines(const Places& places, int size, const WindowTimes& forme
     const WindowTimes times{runs.Figure("tick_lines_us"), runs.Figure("tick_columns_us")};
     if (former.tickLines > 0) {
         Line("tick in columns (floor: at the former size)", times.tickColumns / 1000,
-             former.tickColumns / 1000, 1.25, "ms");
+             former.tickColumns / 1000, 1.5, "ms");
         Line("tick in lines (floor: at the former size)", times.tickLines / 1000, former.tickLines / 1000,
-             1.25, "ms");
+             1.5, "ms");
     }
     Alone("memory of the list, per row", runs.Figure("row_bytes"), 64, "B");
     return times;
