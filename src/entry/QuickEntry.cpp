@@ -134,14 +134,17 @@ constexpr int kQuick = kTimestamp | kSuccessive;
 template <>
 constexpr int kQuick<CTRecord> = kTimestamp | kSuccessive | kTimer;
 
-/// Without the dialog the record is added as it is; with it, as edited, unless the user cancels.
+/// Without the dialog the record is added as it is; with it, as edited, unless the user cancels. One that
+/// can't be stored comes back to the dialog: what was entered isn't lost.
 template <class Record>
 QuickOutcome Finish(Record& record, int flags, const QuickEntrySurroundings& around) {
     const bool isQuick = flags & kQuick<Record>;
     const bool isAsked = around.edit && (!isQuick || around.settings.dialogOnQuickEntry);
     QuickOutcome outcome{.succeeded = true, .addedId = {}};
-    if (!isAsked || around.edit(record))
+    do {
+        if (isAsked && !around.edit(record)) break;
         outcome.succeeded = around.document.AddRecord(record, true, false, false, &outcome.addedId);
+    } while (isAsked && !outcome.succeeded);
     return outcome;
 }
 

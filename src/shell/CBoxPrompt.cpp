@@ -56,10 +56,15 @@ QMessageBox::StandardButton ButtonOf(Answer answer) {
     return QMessageBox::NoButton;
 }
 
+/// The window in front; a progress box, which hasn't the keyboard, counts too.
+QWidget* InFront() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal && modal->isVisible() ? modal : QApplication::activeWindow();
+}
+
 /// Escape and the box's close button answer what the harmless button answers.
 int Show(const MessageBox& box) {
-    QMessageBox shown(IconOf(box.icon), box.title, box.text, ButtonsOf(box.buttons),
-                      QApplication::activeWindow());
+    QMessageBox shown(IconOf(box.icon), box.title, box.text, ButtonsOf(box.buttons), InFront());
     shown.setObjectName(QStringLiteral("messageBox"));
     shown.setTextFormat(Qt::PlainText);
     shown.setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -89,7 +94,7 @@ void CBoxPrompt::Tell(const MessageBox& box) {
 }
 
 std::optional<QString> CBoxPrompt::ChooseFile(const FileChoice& choice) {
-    QWidget* parent = QApplication::activeWindow();
+    QWidget* parent = InFront();
     const QString file =
         choice.purpose == FileChoice::Purpose::Open
             ? QFileDialog::getOpenFileName(parent, choice.title, choice.suggestedName, choice.filter)

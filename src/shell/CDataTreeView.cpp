@@ -96,6 +96,11 @@ void CDataTreeView::selectionChanged(const QItemSelection& selected, const QItem
     if (node != Selected()) setCurrentIndex(node);
 }
 
+void CDataTreeView::focusInEvent(QFocusEvent* event) {
+    const QScopedValueRollback takingUp(m_isTakingUp, true);
+    QTreeView::focusInEvent(event);
+}
+
 bool CDataTreeView::HasNode() const {
     const QModelIndex selected = Selected();
     return selected.isValid() && m_model->NodeAt(selected).Parent();

@@ -40,6 +40,8 @@ class CDataTreeView final : public QTreeView {
     void contextMenuEvent(QContextMenuEvent* event) override;
     /// A node that is selected without the cursor, as a screen reader does it, gets the cursor.
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    /// Where no node has the cursor the root gets it, which nobody has chosen: the list stays as it is.
+    void focusInEvent(QFocusEvent* event) override;
 
  private:
     void ApplySelection();

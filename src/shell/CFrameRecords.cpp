@@ -62,9 +62,12 @@ void CFrameRecords::Edit(const QString& id) {
     const CVORec* record = m_around.document.FindRecord(id);
     CVORec* working = record ? WorkingCopyOf(*record) : nullptr;
     if (!working || !m_around.editRecord) return;
-    if (m_around.editRecord(*working) &&
-        !m_around.document.ModifyRecord(*working, id, true, false, true, true))
-        m_around.door.Refresh();  // memory and store may differ now; the failure has been told
+    while (m_around.editRecord(*working)) {
+        if (m_around.document.ModifyRecord(*working, id, true, false, true, true)) return;
+        // Memory and store may differ now. The failure has been told; what was entered comes back to the
+        // dialog.
+        m_around.door.Refresh();
+    }
 }
 
 void CFrameRecords::CopySelected() {
@@ -81,6 +84,8 @@ void CFrameRecords::MarkSelected(int mark) {
 
 void CFrameRecords::ApplyTimers(int action) {
     ApplyToSelection(m_around.view.SelectedIds(), static_cast<TimerAction>(action), m_around.timers);
+    // What can't be stored was told; the views show again what is.
+    if (m_around.document.Store().m_lastError != 0) m_around.door.Refresh();
 }
 
 void CFrameRecords::StopTimers() {

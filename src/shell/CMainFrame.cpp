@@ -27,6 +27,7 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QStackedWidget>
@@ -67,7 +68,7 @@ CMainFrame::CMainFrame(const Surroundings& around) : m_around(around) {
     setWindowTitle(LoadText(Text::ProgramTitle));
     setWindowIcon(Glyphs::ProgramIcon());
     setMinimumSize(kLeastSize);
-    resize(kStartSize);
+    resize(kStartSize.boundedTo(screen()->availableSize()));
     setContextMenuPolicy(Qt::NoContextMenu);
     MakePanes();
     m_actions = new CActions(*this);
@@ -261,6 +262,7 @@ void CMainFrame::ShowListOrNote() {
     const bool showsList = m_model->rowCount() > 0;
     if (!showsList) m_note->Show(reason, document.CurrentFilter().displayName);
     QWidget* wanted = showsList ? static_cast<QWidget*>(m_view) : m_note;
+    m_pane->setFocusProxy(wanted);  // for whoever brings the keyboard to the pane
     if (m_pane->currentWidget() == wanted) return;
     const bool treeHasFocus = m_tree->hasFocus();
     m_pane->setCurrentWidget(wanted);

@@ -3,6 +3,7 @@
 #include "lang/LoadText.h"
 
 #include <QProgressDialog>
+#include <limits>
 
 namespace {
 constexpr int kPatienceMs = 500;
@@ -16,13 +17,16 @@ void CProgressBox::Begin(const QString& what, int steps) {
     m_box->setObjectName(QStringLiteral("progress"));
     m_box->setWindowTitle(LoadText(Text::ProgramTitle));
     m_box->setWindowModality(Qt::WindowModal);
-    m_box->setMinimumDuration(kPatienceMs);
+    // Qt's own timer would bring it up over a message that a step shows.
+    m_box->setMinimumDuration(std::numeric_limits<int>::max());
     m_box->setAutoReset(false);
     m_box->setValue(0);
+    m_begun.start();
 }
 
 bool CProgressBox::Advance() {
     m_box->setValue(m_box->value() + 1);
+    if (m_box->isHidden() && !m_box->wasCanceled() && m_begun.hasExpired(kPatienceMs)) m_box->show();
     return !m_box->wasCanceled();
 }
 

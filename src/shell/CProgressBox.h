@@ -2,6 +2,7 @@
 
 #include "shell/core/CProgress.h"
 
+#include <QElapsedTimer>
 #include <memory>
 
 class QProgressDialog;
@@ -20,4 +21,5 @@ class CProgressBox final : public CProgress {
  private:
     QWidget& m_parent;
     std::unique_ptr<QProgressDialog> m_box;
+    QElapsedTimer m_begun;
 };

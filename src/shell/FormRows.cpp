@@ -5,6 +5,7 @@
 
 #include <QAbstractItemView>
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
@@ -82,7 +83,13 @@ QDialogButtonBox* MakeDialogButtons(QDialog& dialog, Text acceptText, CMnemonics
     };
     dress(QDialogButtonBox::Ok, acceptText, QStringLiteral("acceptButton"));
     dress(QDialogButtonBox::Cancel, Text::DialogCancel, QStringLiteral("cancelButton"));
-    box->button(QDialogButtonBox::Ok)->setDefault(true);
+    QPushButton* accept = box->button(QDialogButtonBox::Ok);
+    accept->setDefault(true);
+    // Any button is the one for Enter while it has the keyboard. Qt forgets to give that back when the
+    // keyboard goes on by a mnemonic or a page; in a field Enter always accepts.
+    QObject::connect(qApp, &QApplication::focusChanged, accept, [&dialog, accept](QWidget*, QWidget* now) {
+        if (now && dialog.isAncestorOf(now) && !qobject_cast<QPushButton*>(now)) accept->setDefault(true);
+    });
     QObject::connect(box, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(box, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     return box;

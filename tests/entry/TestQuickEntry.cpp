@@ -19,6 +19,7 @@ struct Scene {
     Dialog dialog = Dialog::None;
     int dialogs = 0;
     QString dialogId;
+    std::function<void()> whileOpen = [] {};
     QStringList selected;
     QString successiveId;
     QuickEntrySurroundings::Step fillFromDefaults;
@@ -35,7 +36,10 @@ struct Scene {
             around.edit = [this](CVORec& record) {
                 ++dialogs;
                 dialogId = record.GetId();
-                static_cast<CTRecord&>(record).notes = QStringLiteral("edited");
+                CTRecord& edited = static_cast<CTRecord&>(record);
+                // What was entered before is there again.
+                edited.notes = edited.notes.isEmpty() ? QStringLiteral("edited") : edited.notes + u'!';
+                whileOpen();
                 return dialog == Dialog::Accept;
             };
         return NewTimeRecord(flags, around);
@@ -90,6 +94,8 @@ class TestQuickEntry : public QObject {
     void CancelTakesTheTimerOut();
     void ActionOnOthersStaysAfterACancel();
     void FailedAddTakesTheTimerOut();
+    void FailedAddComesBackToTheDialog();
+    void FailedAddIsGivenUp();
     void TimerIsSavedWithTheRecord();
 };
 
@@ -431,6 +437,36 @@ void TestQuickEntry::FailedAddTakesTheTimerOut() {
     const QuickOutcome outcome = scene.Run(81);
     QVERIFY(scene.home.manager.File().Execute("PRAGMA query_only=OFF"));
     QVERIFY(!outcome.succeeded);
+    QCOMPARE(scene.set.Count(), 0);
+}
+
+/// The disk is full at first; the second time there is room.
+void TestQuickEntry::FailedAddComesBackToTheDialog() {
+    Scene scene;
+    scene.dialog = Scene::Dialog::Accept;
+    scene.whileOpen = [&scene] {
+        QVERIFY(scene.home.manager.File().Execute(scene.dialogs == 1 ? "PRAGMA query_only=ON"
+                                                                     : "PRAGMA query_only=OFF"));
+    };
+    scene.home.prompt.ExpectTold(Text::InsertFailed);
+    const QuickOutcome outcome = scene.Run(1);
+    QVERIFY(outcome.succeeded);
+    QCOMPARE(scene.dialogs, 2);
+    QCOMPARE(scene.home.document->FindTime(outcome.addedId)->notes, QStringLiteral("edited!"));
+}
+
+void TestQuickEntry::FailedAddIsGivenUp() {
+    Scene scene;
+    scene.dialog = Scene::Dialog::Accept;
+    scene.whileOpen = [&scene] {
+        QVERIFY(scene.home.manager.File().Execute("PRAGMA query_only=ON"));
+        if (scene.dialogs == 2) scene.dialog = Scene::Dialog::Cancel;
+    };
+    scene.home.prompt.ExpectTold(Text::InsertFailed);
+    const QuickOutcome outcome = scene.Run(81);
+    QVERIFY(scene.home.manager.File().Execute("PRAGMA query_only=OFF"));
+    QVERIFY(!outcome.succeeded);
+    QCOMPARE(scene.Records(), std::size_t(0));
     QCOMPARE(scene.set.Count(), 0);
 }
 

@@ -307,6 +307,19 @@ class TestCDataTreeView final : public QObject {
         QCOMPARE(record.item2, u"x"_s);
     }
 
+    /// The keyboard gives the root the cursor; nobody has chosen it, so conditions from elsewhere stay.
+    void keyboardAloneChoosesNothing() {
+        Scene scene;
+        scene.Add(u"Alder"_s, u"Bridge"_s);
+        scene.document.Filter().items[0] = u"Alder"_s;
+        scene.view.show();
+        QVERIFY(QTest::qWaitForWindowActive(&scene.view));
+        QCOMPARE(scene.document.Filter().items[0], u"Alder"_s);
+        scene.view.clearFocus();
+        scene.view.setFocus();
+        QCOMPARE(scene.document.Filter().items[0], u"Alder"_s);
+    }
+
     /// Under a checker of item models: any mixture of changes leaves the tree as a rebuild would make it.
     void randomChanges() {
         Scene scene;

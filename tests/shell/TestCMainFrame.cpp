@@ -2,6 +2,8 @@
 
 #include "lang/LoadText.h"
 #include "platform/CProfile.h"
+#include "platform/CSqliteFile.h"
+#include "shell/CDataTreeView.h"
 #include "shell/CEmptyNote.h"
 #include "shell/FrameHome.h"
 #include "shell/IconTheme.h"
@@ -538,6 +540,39 @@ class TestCMainFrame final : public QObject {
         QVERIFY(sorts.Met());
         const auto first = window.List().model()->index(0, 1).data(Qt::AccessibleTextRole).toString();
         QVERIFY2(first.contains(u"Start: 08:00 AM"_s), qPrintable(first));
+    }
+
+    /// A change that can't be stored isn't lost: its dialog comes again with what was entered.
+    void failedEditComesBackToTheDialog() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        window.frame->Refresh();
+        const QString id = window.Add(19);
+        window.List().SelectIds({id});
+        CSqliteFile& file = window.app.Document().Store().Manager().File();
+        window.dialog = [&](CTRecord& record) {
+            record.notes += u"more "_s;
+            [&] {
+                QVERIFY(file.Execute(window.dialogs == 1 ? "PRAGMA query_only=ON" : "PRAGMA query_only=OFF"));
+            }();
+            return true;
+        };
+        window.prompt.ExpectTold(Text::ModifyFailed);
+        window.frame->RunCommand(Command::kEdit);
+        QCOMPARE(window.dialogs, 2);
+        QCOMPARE(window.app.Document().FindTime(id)->notes, u"more more "_s);
+    }
+
+    void nextPaneGoesToTheTreeAndBack() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        window.frame->Refresh();
+        window.Add(19);
+        window.List().setFocus();
+        QTest::keyClick(window.frame.get(), Qt::Key_F6);
+        QVERIFY(window.Find<CDataTreeView>("dataTree")->hasFocus());
+        QTest::keyClick(window.frame.get(), Qt::Key_F6);
+        QVERIFY(window.List().hasFocus());
     }
 
     /// Those that other buttons took the place of at the start are gone, not hidden.

@@ -260,6 +260,22 @@ class TestCRecordDialog : public QObject {
         VERIFY_SMALL_SCREEN(*t.dialog);
     }
 
+    /// Also when the keyboard went from the button that cancels straight to a page by its mnemonic.
+    void EnterInAFieldAccepts() {
+        RecordDialogHome t;
+        t.Open();
+        auto* cancel = t.dialog->findChild<QPushButton*>(QStringLiteral("cancelButton"));
+        cancel->setFocus();
+        QVERIFY(cancel->isDefault() || cancel->hasFocus());
+        const DialogUser user(*t.dialog);
+        user.TurnTo(1);
+        auto* item = t.dialog->findChild<QWidget*>(QStringLiteral("item1Field"));
+        item->setFocus();
+        QVERIFY(t.dialog->findChild<QPushButton*>(QStringLiteral("acceptButton"))->isDefault());
+        QTest::keyClick(item, Qt::Key_Return);
+        QCOMPARE(t.dialog->result(), int(QDialog::Accepted));
+    }
+
     void RemembersItsSize() {
         RecordDialogHome t;
         t.Open();

@@ -71,8 +71,12 @@ void CRecordCommands::Delete(const QStringList& ids, bool ask) {
     for (const QString& id : ids.first(isKept ? done : 0))
         if (m_around.timers.HasTimer(id)) m_around.timers.Drop(id);
     m_around.document.FlushPending(Hint::Deleted);
-    // What stayed, because one failed or the user cancelled, was taken out of the views above.
-    if (isKept && done < ids.size()) m_around.document.NotifyViews(Hint::Rebuild);
+    // What stayed, because one failed or the user cancelled, was taken out of the views above, and one that
+    // failed out of what the document shows, too.
+    if (isKept && done < ids.size()) {
+        m_around.document.BuildVisible();
+        m_around.document.NotifyViews(Hint::Rebuild);
+    }
     if (!isKept) ReadAnew();
 }
 
