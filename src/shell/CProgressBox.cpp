@@ -17,7 +17,7 @@ void CProgressBox::Begin(const QString& what, int steps) {
     m_box->setObjectName(QStringLiteral("progress"));
     m_box->setWindowTitle(LoadText(Text::ProgramTitle));
     m_box->setWindowModality(Qt::WindowModal);
-    // Qt's own timer would bring it up over a message that a step shows.
+    // Until a step has begun late enough: Qt's own timer would bring it up over a message that a step shows.
     m_box->setMinimumDuration(std::numeric_limits<int>::max());
     m_box->setAutoReset(false);
     m_box->setValue(0);
@@ -25,8 +25,8 @@ void CProgressBox::Begin(const QString& what, int steps) {
 }
 
 bool CProgressBox::Advance() {
+    if (m_begun.hasExpired(kPatienceMs)) m_box->setMinimumDuration(0);
     m_box->setValue(m_box->value() + 1);
-    if (m_box->isHidden() && !m_box->wasCanceled() && m_begun.hasExpired(kPatienceMs)) m_box->show();
     return !m_box->wasCanceled();
 }
 
