@@ -73,7 +73,7 @@ bool CSettingsTree::Open(const QString& path, int busySeconds) {
     m_keptAside.clear();
     m_reason.clear();
     OpenOutcome outcome = OpenFile(path, busySeconds);
-    if (IsUnreadable(outcome)) outcome = ReplaceUnreadable(path, busySeconds);
+    if (IsUnreadable(outcome) || MayPass(outcome)) outcome = OpenInTurn(path, busySeconds);
     // If there is no file the program goes on with defaults; what it writes is forgotten at its end.
     const bool isUsable = IsUsable(outcome);
     const QString reason = m_reason;
@@ -94,9 +94,17 @@ OpenOutcome CSettingsTree::OpenFile(const QString& path, int busySeconds) {
     return outcome;
 }
 
+/// While another program puts a bad file aside there is none for a moment, or a new one that it has not
+/// finished: who looks just then finds nothing to open, or nothing to write.
+bool CSettingsTree::MayPass(OpenOutcome outcome) const {
+    const int code = m_file->ErrorCode() & 0xff;
+    const bool isPassing = code == SQLITE_CANTOPEN || code == SQLITE_READONLY;
+    return outcome == OpenOutcome::ReadOnly || (outcome == OpenOutcome::Failed && isPassing);
+}
+
 /// Several programs may find the same bad file at once: each looks again when it is its turn, so that nobody
 /// moves a fresh file away.
-OpenOutcome CSettingsTree::ReplaceUnreadable(const QString& path, int busySeconds) {
+OpenOutcome CSettingsTree::OpenInTurn(const QString& path, int busySeconds) {
     const FolderLock turn(path);
     m_reason.clear();
     const OpenOutcome outcome = OpenFile(path, busySeconds);

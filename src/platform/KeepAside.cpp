@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QStringList>
 #include <cerrno>
 
 #include <fcntl.h>
@@ -18,25 +19,31 @@ bool Rename(const QString& from, const QString& to) {
                        QFile::encodeName(to).constData(), RENAME_NOREPLACE) == 0;
 }
 
+/// Two in one second get different names.
 QString NameAside(const QString& path) {
     const SYSTEMTIME now = CSystemClock().GetLocalTime();
-    return path + QString::asprintf(".unreadable-%04d%02d%02d-%02d%02d%02d", now.wYear, now.wMonth, now.wDay,
-                                    now.wHour, now.wMinute, now.wSecond);
+    const QString name = path + QString::asprintf(".unreadable-%04d%02d%02d-%02d%02d%02d", now.wYear,
+                                                  now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond);
+    QString free = name;
+    for (int number = 2; QFileInfo::exists(free); ++number) free = name + u'-' + QString::number(number);
+    return free;
 }
 
 }  // namespace
 
+/// The file goes last: once it is gone another program may make a new one at once, and a journal that is
+/// there then belongs to that.
 QString KeepAside(const QString& path) {
-    const QString name = NameAside(path);
-    QString aside = name;
-    // Two in one second get different names.
-    for (int number = 2; !Rename(path, aside); ++number) {
-        if (errno != EEXIST) return {};
-        aside = name + u'-' + QString::number(number);
-    }
-    for (const char* part : {"-journal", "-wal", "-shm"}) {
+    const QString aside = NameAside(path);
+    QStringList moved;
+    for (const char* part : {"-journal", "-wal", "-shm", ""}) {
         const QString suffix = QString::fromLatin1(part);
-        if (QFileInfo(path + suffix).size() > 0 && !Rename(path + suffix, aside + suffix)) return {};
+        if (!suffix.isEmpty() && QFileInfo(path + suffix).size() == 0) continue;
+        if (!Rename(path + suffix, aside + suffix)) {
+            for (const QString& back : moved) static_cast<void>(Rename(aside + back, path + back));
+            return {};
+        }
+        moved.append(suffix);
     }
     return aside;
 }
