@@ -1,6 +1,7 @@
 #include "app/CPulldownCatalogue.h"
 #include "app/DependencyBytes.h"
 #include "records/CDRecord.h"
+#include "support/RandomTexts.h"
 #include "support/TestHome.h"
 
 #include <QElapsedTimer>
@@ -90,6 +91,30 @@ class TestCPulldownCatalogueLoad : public QObject {
         QVERIFY(catalogue->Tree(kTimes).IsEmpty());
         QVERIFY(DependencyRows().isEmpty());
         QVERIFY(catalogue->Labels().IsFilled());
+    }
+
+    /// 10,000 texts in three lists: after a restart each is there, exact, and found by itself alone.
+    void ManyTextsAfterARestart() {
+        constexpr int kLists[] = {16, 17, 72};
+        const QStringList texts = RandomTexts(10000, 7);
+        QVERIFY(home->store->BeginBatch());
+        for (qsizetype i = 0; i < texts.size(); ++i) {
+            CPRecord item(texts[i]);
+            item.listId = kLists[i % 3];
+            item.GenUnique();
+            QVERIFY(home->store->InsertRecord(item, true));
+        }
+        QVERIFY(home->store->Commit());
+        const TestHome next(home->Path());
+        for (int place = 0; place < 3; ++place) {
+            QStringList expected;
+            for (qsizetype i = place; i < texts.size(); i += 3) expected.append(texts[i]);
+            QCOMPARE(next.catalogue->Texts(kLists[place]), expected);
+        }
+        for (qsizetype i = 0; i < texts.size(); ++i) {
+            QVERIFY(next.catalogue->HasItem(kLists[i % 3], texts[i]));
+            QVERIFY(!next.catalogue->HasItem(kLists[(i + 1) % 3], texts[i]));
+        }
     }
 
     void LoadSortsItemsIntoTheirLists() {

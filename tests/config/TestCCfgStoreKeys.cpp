@@ -1,4 +1,5 @@
 #include "SettingsHome.h"
+#include "support/RandomTexts.h"
 
 #include <QTemporaryDir>
 
@@ -22,6 +23,7 @@ class TestCCfgStoreKeys : public QObject {
     void SubReadMakesTheKey();
     void NamesAreData_data();
     void NamesAreData();
+    void ManyNamesAfterARestart();
     void EnumKeys();
     void DeleteValueAndKey();
     void Entries();
@@ -204,6 +206,32 @@ void TestCCfgStoreKeys::NamesAreData() {
     QVERIFY(m_settings->DeleteEntry(prefix, entry));
     QVERIFY(m_settings->EnumKeys(prefix, names));
     QCOMPARE(names, QStringList{QStringLiteral("a")});
+}
+
+/// 5,000 names of entries in each of two places, each with a value of its own.
+void TestCCfgStoreKeys::ManyNamesAfterARestart() {
+    const QStringList prefixes{QStringLiteral("Defaults"), QStringLiteral("Reports")};
+    const QStringList names = RandomTexts(10000, 11);
+    QVERIFY(m_home->profile->Change([&] {
+        for (qsizetype i = 0; i < names.size(); ++i)
+            if (!m_settings->WriteEntry(prefixes[i % 2], names[i], names[i].toUtf8())) return false;
+        return true;
+    }));
+    m_home = std::make_unique<SettingsHome>(m_folder->path());
+    m_settings = &m_home->Start();
+    for (qsizetype place = 0; place < 2; ++place) {
+        QStringList stored, expected;
+        QVERIFY(m_settings->EnumKeys(prefixes[place], stored));
+        for (qsizetype i = place; i < names.size(); i += 2) expected.append(names[i]);
+        stored.sort();
+        expected.sort();
+        QCOMPARE(stored, expected);
+    }
+    for (qsizetype i = 0; i < names.size(); i += 97) {
+        QByteArray value;
+        QVERIFY(m_settings->ReadEntry(value, prefixes[i % 2], names[i]));
+        QCOMPARE(value, names[i].toUtf8());
+    }
 }
 
 void TestCCfgStoreKeys::EnumKeys() {
