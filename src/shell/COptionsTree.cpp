@@ -3,7 +3,10 @@
 #include "shell/COptionsDelegate.h"
 
 #include <QAccessible>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QSpinBox>
 
 COptionsTree::COptionsTree(QWidget* parent) : QTreeView(parent) {}
 
@@ -51,6 +54,15 @@ void COptionsTree::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHi
     if (hint == QAbstractItemDelegate::RevertModelCache && m_edited.isValid())
         itemDelegate()->setEditorData(editor, m_edited);
     QTreeView::closeEditor(editor, hint);
+}
+
+void COptionsTree::keyPressEvent(QKeyEvent* event) {
+    const QString typed = event->text();
+    QWidget* editor = m_edited.isValid() ? indexWidget(m_edited) : nullptr;
+    const bool isDigit = typed.size() == 1 && typed.front().isDigit();
+    if (!isDigit || !qobject_cast<QSpinBox*>(editor)) return QTreeView::keyPressEvent(event);
+    EnterEditor(m_edited);
+    QCoreApplication::sendEvent(editor, event);
 }
 
 // --- For screen readers

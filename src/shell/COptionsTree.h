@@ -33,6 +33,8 @@ class COptionsTree final : public QTreeView {
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void verticalScrollbarValueChanged(int value) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    /// A digit goes to the number of the row, which is on screen already.
+    void keyPressEvent(QKeyEvent* event) override;
 
  private:
     void OpenEditor();

@@ -60,6 +60,19 @@ class TestCOptionsTree : public QObject {
     };
 
  private Q_SLOTS:
+    void ADigitGoesToTheNumberOfTheRow() {
+        const Scene scene;
+        scene.SelectEndMinutes();
+        QTest::keyClick(scene.tree, Qt::Key_1);
+        QVERIFY(scene.EndMinutes()->hasFocus());
+        QTest::keyClick(scene.EndMinutes(), Qt::Key_5);
+        QCOMPARE(scene.EndMinutes()->text(), QStringLiteral("15"));
+        scene.SelectCopy();
+        scene.tree->setFocus();
+        QTest::keyClick(scene.tree, Qt::Key_1);  // nothing to enter there
+        QVERIFY(scene.tree->hasFocus());
+    }
+
     void TheSelectedRowHasItsEditorBesideItsWords() {
         const Scene scene;
         scene.SelectEndMinutes();
