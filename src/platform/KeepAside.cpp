@@ -34,7 +34,7 @@ QString NameAside(const QString& path) {
 /// The file goes last: once it is gone another program may make a new one at once, and a journal that is
 /// there then belongs to that.
 QString KeepAside(const QString& path) {
-    const QString aside = NameAside(path);
+    QString aside = NameAside(path);
     QStringList moved;
     for (const char* part : {"-journal", "-wal", "-shm", ""}) {
         const QString suffix = QString::fromLatin1(part);
