@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QMainWindow>
 #include <QMenu>
+#include <QStyle>
 #include <QThread>
 #include <QToolBar>
 #include <QToolButton>
@@ -13,6 +14,9 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
+
+/// In place of a command's number: the period button.
+constexpr int kPeriod = -1;
 
 /// The period stands between the buttons of the former and the next one, as far as they are there.
 qsizetype PlaceOfPeriod(const QList<int>& buttons) {
@@ -36,42 +40,118 @@ void Clear(QToolBar& bar) {
 
 }  // namespace
 
-QToolBar* CActions::MakeBar(Text title, const QString& name) {
-    auto* bar = new QToolBar(LoadText(title), &m_window);
-    bar->setObjectName(name);
-    bar->setAccessibleName(LoadText(title));
+QToolBar* CActions::MakeRow(const WrappedBar& bar) {
+    auto* row = new QToolBar(LoadText(bar.title), &m_window);
+    row->setObjectName(bar.rows.empty() ? bar.name : bar.name + u'.' + QString::number(bar.rows.size() + 1));
+    row->setAccessibleName(LoadText(bar.title));
     // Shown and hidden by their commands, which remember it.
-    bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    bar->toggleViewAction()->setVisible(false);
-    bar->setMovable(false);
-    // The arrow for what doesn't fit has no words of its own.
-    bar->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s)->setAccessibleName(LoadText(title));
-    m_window.addToolBar(bar);
-    return bar;
+    row->setContextMenuPolicy(Qt::PreventContextMenu);
+    row->toggleViewAction()->setVisible(false);
+    row->setMovable(false);
+    // The arrow for what doesn't fit, a single button at most, has no words of its own.
+    row->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s)->setAccessibleName(LoadText(bar.title));
+    return row;
 }
 
 void CActions::MakeBars() {
-    m_records = MakeBar(Text::BarRecords, u"toolBar101"_s);
-    m_filters = MakeBar(Text::BarFilters, u"toolBar102"_s);
-    m_period = new CPeriodButton(m_filters);
-    m_periodPlace = m_filters->addWidget(m_period);
+    m_bars[Bar::Records] = {Text::BarRecords, u"toolBar101"_s, {}, {}, {}};
+    m_bars[Bar::Filters] = {Text::BarFilters, u"toolBar102"_s, {}, {}, {}};
+    for (auto& [which, bar] : m_bars) {
+        bar.rows.push_back(MakeRow(bar));
+        m_window.addToolBar(bar.rows.front());
+    }
+    m_period = new CPeriodButton(&FiltersBar());
+    m_periodPlace = FiltersBar().addWidget(m_period);
     for (const Bar bar : {Bar::Records, Bar::Filters}) SetButtons(bar, FactoryButtons(bar));
 }
 
 void CActions::SetButtons(Bar which, const QList<int>& buttons) {
-    QToolBar& bar = which == Bar::Records ? *m_records : *m_filters;
-    m_buttons[which] = buttons;
-    Clear(bar);
-    const qsizetype placeOfPeriod = which == Bar::Filters ? PlaceOfPeriod(buttons) : -1;
-    for (qsizetype place = 0; place < buttons.size(); ++place) {
-        if (place == placeOfPeriod) bar.addAction(m_periodPlace);
-        if (buttons[place] == kDivider)
-            bar.addSeparator();
-        else
-            AddButton(bar, buttons[place]);
-    }
-    if (placeOfPeriod == buttons.size()) bar.addAction(m_periodPlace);
+    m_bars[which].buttons = buttons;
+    QList<int> elements = buttons;
+    if (which == Bar::Filters) elements.insert(PlaceOfPeriod(buttons), kPeriod);
+    Place(which, {elements});
+    WrapBar(which);
+}
+
+// --- Rows
+
+void CActions::Wrap(int width) {
+    m_width = width;
+    for (const Bar bar : {Bar::Records, Bar::Filters}) WrapBar(bar);
+}
+
+void CActions::WrapBar(Bar which) {
+    WrappedBar& bar = m_bars[which];
+    std::vector<QList<int>> rows(1);
+    const int room = RoomOnARow(*bar.rows.front());
+    int used = 0;
+    for (const QList<int>& shown : bar.shown)
+        for (const int element : shown) {
+            const int width = WidthOf(bar, element);
+            if (m_width > 0 && used > 0 && used + width > room) {
+                rows.emplace_back();
+                used = 0;
+            }
+            rows.back().append(element);
+            used += width;
+        }
+    if (rows != bar.shown) Place(which, rows);
+    for (std::size_t i = 1; i < bar.rows.size(); ++i) bar.rows[i]->setVisible(!bar.rows.front()->isHidden());
+}
+
+int CActions::RoomOnARow(const QToolBar& row) const {
+    const QStyle& style = *row.style();
+    return m_width - 2 * (style.pixelMetric(QStyle::PM_ToolBarItemMargin, nullptr, &row) +
+                          style.pixelMetric(QStyle::PM_ToolBarFrameWidth, nullptr, &row));
+}
+
+int CActions::WidthOf(const WrappedBar& bar, int element) const {
+    const QToolBar& first = *bar.rows.front();
+    const int space = first.style()->pixelMetric(QStyle::PM_ToolBarItemSpacing, nullptr, &first);
+    if (element == kDivider)
+        return space + first.style()->pixelMetric(QStyle::PM_ToolBarSeparatorExtent, nullptr, &first);
+    const QWidget* button = element == kPeriod ? m_period : nullptr;
+    for (const QToolBar* row : bar.rows)
+        if (QAction* action = Action(element); action && !button) button = row->widgetForAction(action);
+    return button ? space + button->sizeHint().width() : 0;
+}
+
+void CActions::Place(Bar which, const std::vector<QList<int>>& rows) {
+    WrappedBar& bar = m_bars[which];
+    for (QToolBar* row : bar.rows) Clear(*row);
+    while (bar.rows.size() > rows.size()) DropRow(bar);
+    while (bar.rows.size() < rows.size()) AddRow(which);
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        for (const int element : rows[i]) AddElement(*bar.rows[i], element);
+    bar.shown = rows;
     NameButtons();
+}
+
+/// The rows of one bar lie one below the other, and those of the filters below those of the records.
+void CActions::AddRow(Bar which) {
+    WrappedBar& bar = m_bars[which];
+    QToolBar* row = MakeRow(bar);
+    if (which == Bar::Records)
+        m_window.insertToolBar(&FiltersBar(), row);
+    else
+        m_window.addToolBar(row);
+    m_window.insertToolBarBreak(row);
+    bar.rows.push_back(row);
+}
+
+void CActions::DropRow(WrappedBar& bar) {
+    m_window.removeToolBar(bar.rows.back());
+    bar.rows.back()->deleteLater();
+    bar.rows.pop_back();
+}
+
+void CActions::AddElement(QToolBar& bar, int element) {
+    if (element == kPeriod)
+        bar.addAction(m_periodPlace);
+    else if (element == kDivider)
+        bar.addSeparator();
+    else
+        AddButton(bar, element);
 }
 
 void CActions::AddButton(QToolBar& bar, int command) {
@@ -87,8 +167,9 @@ void CActions::AddButton(QToolBar& bar, int command) {
 }
 
 void CActions::NameButtons() {
-    for (const QToolBar* bar : {m_records, m_filters})
-        for (const Made& made : m_made)
-            if (QWidget* button = bar->widgetForAction(made.action))
-                button->setAccessibleName(Words(*made.row).tip);
+    for (const auto& [which, bar] : m_bars)
+        for (const QToolBar* row : bar.rows)
+            for (const Made& made : m_made)
+                if (QWidget* button = row->widgetForAction(made.action))
+                    button->setAccessibleName(Words(*made.row).tip);
 }

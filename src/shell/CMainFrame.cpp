@@ -354,11 +354,14 @@ void CMainFrame::ToggleStatusBar() {
     m_status->setVisible(m_status->isHidden());
 }
 
-/// The two bars share a row where both fit, else the second goes below the first.
+/// The two bars share a row where both fit, else the second goes below the first, and each takes the rows it
+/// needs.
 void CMainFrame::WrapBars() {
+    m_actions->Wrap(width());
     QToolBar &first = m_actions->RecordsBar(), &second = m_actions->FiltersBar();
     const int needed = first.sizeHint().width() + second.sizeHint().width();
-    const bool breaks = first.isVisibleTo(this) && second.isVisibleTo(this) && needed > width();
+    const bool areLong = m_actions->RowsOf(Bar::Records) > 1 || m_actions->RowsOf(Bar::Filters) > 1;
+    const bool breaks = first.isVisibleTo(this) && second.isVisibleTo(this) && (areLong || needed > width());
     if (breaks == toolBarBreak(&second)) return;
     if (breaks)
         insertToolBarBreak(&second);

@@ -76,6 +76,27 @@ class TestCActions final : public QObject {
     Q_OBJECT
 
  private Q_SLOTS:
+    /// Whatever the width, the same buttons stand in the same order, each once.
+    void RowsKeepTheOrder() {
+        Scene scene;
+        const auto all = [&scene] {
+            QStringList buttons;
+            for (const char* name : {"toolBar102", "toolBar102.2", "toolBar102.3"})
+                if (const auto* bar = scene.window.findChild<QToolBar*>(QString::fromLatin1(name)))
+                    if (!bar->actions().isEmpty()) buttons << Scene::OnBar(*bar);
+            return buttons.join(u' ');
+        };
+        const QString inOne = all();
+        scene.actions.Wrap(400);
+        QVERIFY(scene.actions.RowsOf(Bar::Filters) > 1);
+        QCOMPARE(all(), inOne);
+        scene.actions.Wrap(250);
+        QCOMPARE(all(), inOne);
+        scene.actions.Wrap(1600);
+        QCOMPARE(scene.actions.RowsOf(Bar::Filters), 1U);
+        QCOMPARE(all(), inOne);
+    }
+
     void initTestCase() {
         QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR)));
         ChooseIconTheme();

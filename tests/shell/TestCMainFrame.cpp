@@ -490,19 +490,6 @@ class TestCMainFrame final : public QObject {
         QCOMPARE(window.Rows(), 2);
     }
 
-    void smallWindow() {
-        QTemporaryDir folder;
-        Window window(folder.path());
-        window.frame->Refresh();
-        QCOMPARE(window.frame->minimumSize(), QSize(480, 360));
-        window.frame->resize(480, 360);
-        QTRY_COMPARE(window.frame->width(), 480);
-        // The second bar goes below the first instead of being cut.
-        QTRY_VERIFY(window.Find<QToolBar>("toolBar102")->y() > window.Find<QToolBar>("toolBar101")->y());
-        window.frame->resize(1500, 700);
-        QTRY_COMPARE(window.Find<QToolBar>("toolBar102")->y(), window.Find<QToolBar>("toolBar101")->y());
-    }
-
     void everythingHasAName() {
         QTemporaryDir folder;
         Window window(folder.path());
