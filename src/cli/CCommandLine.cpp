@@ -66,7 +66,7 @@ struct Prepared {
     std::string emptyYesNo;          ///< a yes-or-no option with an empty text for its value
 };
 
-/// The option of this name and, if it has one, of this shape; null when there is none.
+/// The option that an argument names; null when it names none.
 const OptionRow* FindOption(const Parsed& parsed, std::string_view argument) {
     if (!argument.starts_with("--")) return nullptr;
     for (const auto& [row, option] : parsed.options)

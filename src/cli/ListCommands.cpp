@@ -104,7 +104,8 @@ ExitCode AddItem(const CArguments& arguments, Console& console, RecordDesk& desk
         return Refuse(ExitCode::Usage, words, console);
     // While a question stands, others can't be kept waiting.
     std::optional<StoreHold> hold;
-    if (!desk.settings.confirmAddListItem) hold.emplace(desk.document.Store());
+    if (!desk.settings.confirmAddListItem && !hold.emplace(desk.document.Store()).IsHeld())
+        return ExitCode::Failed;
     const OpenList list = Open(arguments, console, desk);
     if (!list.row) return list.exit;
     if (!IsReadable(*list.row, text, desk.settings.Region()) ||
@@ -123,8 +124,9 @@ ExitCode RenameItem(const CArguments& arguments, Console& console, RecordDesk& d
     if (const QString words = CheckLength(text); !words.isEmpty())
         return Refuse(ExitCode::Usage, words, console);
     const StoreHold hold(desk.document.Store());
+    if (!hold.IsHeld()) return ExitCode::Failed;
     const OpenList opened = Open(arguments, console, desk);
-    if (!opened.row || !hold.IsHeld()) return opened.exit;
+    if (!opened.row) return opened.exit;
     const int list = opened.row->list;
     if (!desk.catalogue.HasItem(list, ItemText(list, former))) return NoSuchItem(former, console);
     const bool isInRecords = arguments.Has("in-records");

@@ -11,7 +11,6 @@
 #include "shell/CPalette.h"
 #include "shell/CPickDialog.h"
 #include "shell/CRecordListView.h"
-#include "shell/FormRows.h"
 #include "shell/FrameAround.h"
 #include "shell/ListFontDialog.h"
 #include "shell/SettingSwitch.h"
