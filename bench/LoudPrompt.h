@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CPrompt.h"
+#include "platform/host/CPrompt.h"
 
 /// Nothing is expected to be asked or told; what is, ends the run.
 class LoudPrompt final : public CPrompt {

@@ -7,11 +7,11 @@
 #include "app/DemoData.h"
 #include "app/ListTable.h"
 #include "lang/LoadText.h"
-#include "platform/CClock.h"
-#include "platform/CInstallLocation.h"
-#include "platform/CMessagePump.h"
+#include "platform/host/CClock.h"
+#include "platform/host/CInstallLocation.h"
+#include "platform/host/CMessagePump.h"
 #include "records/CERecord.h"
-#include "shell/core/PeriodMemory.h"
+#include "viewmodel/program/PeriodMemory.h"
 
 #include <unistd.h>
 #include <QCoreApplication>

@@ -3,10 +3,10 @@
 #include "ProcessorTime.h"
 #include "SortFloor.h"
 #include "app/CVelmarchApp.h"
-#include "platform/CClock.h"
-#include "shell/core/CDataTree.h"
-#include "shell/core/CRecordListModel.h"
-#include "shell/core/StatusSums.h"
+#include "platform/host/CClock.h"
+#include "viewmodel/tree/CDataTree.h"
+#include "viewmodel/list/CRecordListModel.h"
+#include "viewmodel/list/StatusSums.h"
 #include "timers/ActiveTimerSet.h"
 
 #include <algorithm>

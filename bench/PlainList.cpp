@@ -3,8 +3,8 @@
 #include "Painted.h"
 #include "WindowHome.h"
 #include "config/CCfgStore.h"
-#include "shell/Glyphs.h"
-#include "shell/core/LineLayout.h"
+#include "shell/look/Glyphs.h"
+#include "viewmodel/list/LineLayout.h"
 
 #include <QHeaderView>
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "SortFloor.h"
 
 #include "ProcessorTime.h"
-#include "platform/CRegionalInfo.h"
-#include "shell/core/CRecordListModel.h"
+#include "platform/host/CRegionalInfo.h"
+#include "viewmodel/list/CRecordListModel.h"
 
 #include <algorithm>
 

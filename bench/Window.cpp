@@ -6,8 +6,8 @@
 #include "WindowHome.h"
 #include "WindowMeasures.h"
 #include "lang/LoadText.h"
-#include "platform/CInstallLocation.h"
-#include "shell/CWindowProgram.h"
+#include "platform/host/CInstallLocation.h"
+#include "shell/program/CWindowProgram.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -1,7 +1,7 @@
 #include "WindowHome.h"
 
 #include "Painted.h"
-#include "shell/IconTheme.h"
+#include "shell/look/IconTheme.h"
 
 SYSTEMTIME NoonClock::GetLocalTime() const {
     SYSTEMTIME time = CSystemClock().GetLocalTime();

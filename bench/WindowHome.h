@@ -2,12 +2,12 @@
 
 #include "LoudPrompt.h"
 #include "app/CVelmarchApp.h"
-#include "platform/CClock.h"
-#include "shell/CEventPump.h"
-#include "shell/CMainFrame.h"
-#include "shell/CRecordListView.h"
-#include "shell/core/CRecordListModel.h"
-#include "shell/core/CViewHub.h"
+#include "platform/host/CClock.h"
+#include "shell/program/CEventPump.h"
+#include "shell/frame/CMainFrame.h"
+#include "shell/list/CRecordListView.h"
+#include "viewmodel/list/CRecordListModel.h"
+#include "viewmodel/program/CViewHub.h"
 #include "timers/CRecordTimers.h"
 
 #include <memory>

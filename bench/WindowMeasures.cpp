@@ -8,7 +8,7 @@
 #include "config/CCfgStore.h"
 #include "config/ColumnTable.h"
 #include "records/CTRecord.h"
-#include "shell/core/CTimerTicker.h"
+#include "viewmodel/program/CTimerTicker.h"
 
 #include <malloc.h>
 #include <QCoreApplication>

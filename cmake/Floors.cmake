@@ -21,7 +21,7 @@ endif()
 # velmarch_floor(NAME LINKS target...): the static library of the current folder, alias Velmarch::NAME.
 function(velmarch_floor name)
     cmake_parse_arguments(FLOOR "" "" "LINKS" ${ARGN})
-    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
          ${CMAKE_CURRENT_SOURCE_DIR}/*.qrc)
     list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
     add_library(velmarch_${name} STATIC ${sources})
@@ -40,7 +40,7 @@ endfunction()
 # velmarch_tests(LINKS target...): every Test*.cpp of the current folder is a Qt Test program and a ctest.
 function(velmarch_tests)
     cmake_parse_arguments(TESTS "" "" "LINKS" ${ARGN})
-    file(GLOB tests CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/Test*.cpp)
+    file(GLOB_RECURSE tests CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/Test*.cpp)
     set(first "")
     foreach(file ${tests})
         get_filename_component(name ${file} NAME_WE)

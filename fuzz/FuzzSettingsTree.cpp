@@ -2,7 +2,7 @@
 // place; then the tree works. A file that is newer or can't be read stays as it was. (A file with a
 // write-ahead log is brought back to a rollback journal before anybody looks into it, so that it may change.)
 #include "Fuzz.h"
-#include "platform/CSettingsTree.h"
+#include "platform/settings/CSettingsTree.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,7 +3,7 @@
 #include "FuzzTexts.h"
 #include "app/DependencyBytes.h"
 #include "config/CTreeColSet.h"
-#include "platform/CSettingsTree.h"
+#include "platform/settings/CSettingsTree.h"
 #include "records/ByteStream.h"
 #include "records/CDRecord.h"
 #include "records/CERecord.h"

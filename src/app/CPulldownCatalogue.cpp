@@ -7,7 +7,7 @@
 #include "app/StoreChange.h"
 #include "config/Settings.h"
 #include "lang/FormatText.h"
-#include "platform/CPrompt.h"
+#include "platform/host/CPrompt.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 #include "app/DependencyBytes.h"
 #include "app/ListTable.h"
 #include "lang/FormatText.h"
-#include "platform/CPrompt.h"
+#include "platform/host/CPrompt.h"
 
 #include <utility>
 

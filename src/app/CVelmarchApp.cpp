@@ -1,9 +1,9 @@
 #include "app/CVelmarchApp.h"
 
 #include "lang/FormatText.h"
-#include "platform/CInstallLocation.h"
-#include "platform/CPrompt.h"
-#include "platform/CRegionalInfo.h"
+#include "platform/host/CInstallLocation.h"
+#include "platform/host/CPrompt.h"
+#include "platform/host/CRegionalInfo.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
-#include "platform/CMessagePump.h"
+#include "platform/host/CMessagePump.h"
 #include "records/CTRecord.h"
 
 #include <utility>

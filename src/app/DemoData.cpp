@@ -2,7 +2,7 @@
 
 #include "app/DemoWords.h"
 #include "calendar/CalendarMath.h"
-#include "platform/CClock.h"
+#include "platform/host/CClock.h"
 #include "records/CERecord.h"
 #include "records/CPRecord.h"
 #include "records/CRecordStore.h"

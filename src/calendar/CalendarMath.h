@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/SYSTEMTIME.h"
+#include "platform/host/SYSTEMTIME.h"
 
 #include <QString>
 

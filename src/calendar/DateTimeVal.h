@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CClock.h"
+#include "platform/host/CClock.h"
 
 #include <QString>
 #include <cstdint>

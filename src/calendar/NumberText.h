@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/CRegionalInfo.h"
-#include "platform/SYSTEMTIME.h"
+#include "platform/host/CRegionalInfo.h"
+#include "platform/host/SYSTEMTIME.h"
 
 #include <QString>
 

@@ -2,7 +2,7 @@
 
 #include "calendar/DateTimeVal.h"
 #include "lang/Text.h"
-#include "platform/CRegionalInfo.h"
+#include "platform/host/CRegionalInfo.h"
 
 #include <QString>
 #include <span>

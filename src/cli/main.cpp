@@ -1,12 +1,12 @@
-#include "cli/CCommandLine.h"
-#include "cli/CConsolePrompt.h"
-#include "cli/COutput.h"
-#include "cli/CommandTable.h"
-#include "cli/Dispatch.h"
-#include "cli/HelpText.h"
+#include "cli/arguments/CCommandLine.h"
+#include "cli/output/CConsolePrompt.h"
+#include "cli/output/COutput.h"
+#include "cli/commands/CommandTable.h"
+#include "cli/commands/Dispatch.h"
+#include "cli/arguments/HelpText.h"
 #include "lang/FormatText.h"
-#include "platform/CClock.h"
-#include "platform/CInstallLocation.h"
+#include "platform/host/CClock.h"
+#include "platform/host/CInstallLocation.h"
 
 #include <fcntl.h>
 #include <QStringDecoder>

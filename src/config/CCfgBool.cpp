@@ -1,6 +1,6 @@
 #include "config/CCfgBool.h"
 
-#include "platform/CProfile.h"
+#include "platform/settings/CProfile.h"
 
 bool CCfgBool::Save(CProfile& profile, const QString& section, const QString& entry) const {
     return profile.WriteInt(section, entry, *m_setting ? 1 : 0);

@@ -1,6 +1,6 @@
 #include "config/CCfgColour.h"
 
-#include "platform/CProfile.h"
+#include "platform/settings/CProfile.h"
 
 #include <QtEndian>
 

@@ -1,6 +1,6 @@
 #include "config/CCfgInt.h"
 
-#include "platform/CProfile.h"
+#include "platform/settings/CProfile.h"
 
 bool CCfgInt::Save(CProfile& profile, const QString& section, const QString& entry) const {
     return profile.WriteInt(section, entry, *m_setting);

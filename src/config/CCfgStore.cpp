@@ -4,7 +4,7 @@
 #include "config/CCfgColour.h"
 #include "config/CCfgInt.h"
 #include "lang/FormatText.h"
-#include "platform/CPrompt.h"
+#include "platform/host/CPrompt.h"
 
 #include <algorithm>
 #include <type_traits>

@@ -7,9 +7,9 @@
 #include "config/Settings.h"
 #include "config/SettingsTable.h"
 #include "lang/Text.h"
-#include "platform/CProfile.h"
-#include "platform/CRegionalInfo.h"
-#include "platform/CSettingsTree.h"
+#include "platform/settings/CProfile.h"
+#include "platform/host/CRegionalInfo.h"
+#include "platform/settings/CSettingsTree.h"
 #include "records/Precisions.h"
 
 #include <QByteArray>

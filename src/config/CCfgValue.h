@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CSettingsTree.h"
+#include "platform/settings/CSettingsTree.h"
 
 #include <QHash>
 #include <QString>

@@ -1,7 +1,7 @@
 // What the dialog of the stored defaults asks, and in which order.
 #include "entry/NamedDefaults.h"
 #include "lang/FormatText.h"
-#include "platform/CPrompt.h"
+#include "platform/host/CPrompt.h"
 #include "records/CVORec.h"
 
 #include <utility>

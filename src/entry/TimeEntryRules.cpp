@@ -7,7 +7,7 @@
 #include "entry/KeepInLists.h"
 #include "entry/TypedFields.h"
 #include "lang/LoadText.h"
-#include "platform/CPrompt.h"
+#include "platform/host/CPrompt.h"
 #include "records/CTRecord.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "records/ByteStream.h"
 
-#include "platform/CodePage.h"
+#include "platform/host/CodePage.h"
 
 #include <QtEndian>
 #include <algorithm>

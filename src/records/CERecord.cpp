@@ -1,7 +1,7 @@
 #include "records/CERecord.h"
 
 #include "calendar/NumberText.h"
-#include "platform/CRegionalInfo.h"
+#include "platform/host/CRegionalInfo.h"
 #include "records/ByteStream.h"
 #include "records/Precisions.h"
 #include "records/RowAccess.h"

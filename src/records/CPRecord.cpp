@@ -1,7 +1,7 @@
 #include "records/CPRecord.h"
 
 #include "calendar/NumberText.h"
-#include "platform/CRegionalInfo.h"
+#include "platform/host/CRegionalInfo.h"
 #include "records/ByteStream.h"
 #include "records/RowAccess.h"
 

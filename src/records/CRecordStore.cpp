@@ -1,7 +1,7 @@
 #include "records/CRecordStore.h"
 
 #include "lang/FormatText.h"
-#include "platform/CPrompt.h"
+#include "platform/host/CPrompt.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "records/CStoreTable.h"
 
 #include "lang/LoadText.h"
-#include "platform/CSqliteFile.h"
+#include "platform/sqlite/CSqliteFile.h"
 
 #include <sqlite3.h>
 

@@ -2,7 +2,7 @@
 
 #include "calendar/CalendarMath.h"
 #include "calendar/NumberText.h"
-#include "platform/CRegionalInfo.h"
+#include "platform/host/CRegionalInfo.h"
 #include "records/FieldTexts.h"
 #include "records/Precisions.h"
 

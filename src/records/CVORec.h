@@ -1,7 +1,7 @@
 #pragma once
 
 #include "lang/Text.h"
-#include "platform/RowTable.h"
+#include "platform/sqlite/RowTable.h"
 #include "records/CVOId.h"
 
 #include <QByteArray>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/RowTable.h"
-#include "platform/VARIANT.h"
+#include "platform/sqlite/RowTable.h"
+#include "platform/sqlite/VARIANT.h"
 #include "records/QueryCursor.h"
 
 #include <QString>

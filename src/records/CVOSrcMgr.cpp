@@ -1,8 +1,8 @@
 #include "records/CVOSrcMgr.h"
 
 #include "lang/LoadText.h"
-#include "platform/CSqliteFile.h"
-#include "platform/SqliteErrors.h"
+#include "platform/sqlite/CSqliteFile.h"
+#include "platform/sqlite/SqliteErrors.h"
 #include "records/CStoreTable.h"
 #include "records/OpenChanges.h"
 

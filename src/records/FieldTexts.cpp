@@ -3,7 +3,7 @@
 #include "calendar/DateText.h"
 #include "calendar/NumberText.h"
 #include "lang/FormatText.h"
-#include "platform/CRegionalInfo.h"
+#include "platform/host/CRegionalInfo.h"
 #include "records/TextCache.h"
 
 #include <bit>

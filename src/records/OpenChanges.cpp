@@ -1,6 +1,6 @@
 #include "records/OpenChanges.h"
 
-#include "platform/CSqliteFile.h"
+#include "platform/sqlite/CSqliteFile.h"
 #include "records/CStoreTable.h"
 
 #include <algorithm>

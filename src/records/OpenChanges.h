@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/VARIANT.h"
+#include "platform/sqlite/VARIANT.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "records/QueryCursor.h"
 
-#include "platform/CSqliteFile.h"
+#include "platform/sqlite/CSqliteFile.h"
 
 #include <sqlite3.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/RowTable.h"
+#include "platform/sqlite/RowTable.h"
 #include "records/CVORec.h"
 #include "records/CVORecordset.h"
 #include "records/SharedTexts.h"

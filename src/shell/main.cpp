@@ -1,4 +1,4 @@
-#include "shell/CWindowProgram.h"
+#include "shell/program/CWindowProgram.h"
 
 int main(int argc, char** argv) {
     return CWindowProgram(argc, argv).Run();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/CTimerDesk.h"
-#include "platform/CClock.h"
+#include "platform/host/CClock.h"
 
 #include <QString>
 #include <cstdint>

@@ -2,7 +2,7 @@
 
 #include "app/CVelmarchDoc.h"
 #include "lang/FormatText.h"
-#include "platform/CPrompt.h"
+#include "platform/host/CPrompt.h"
 #include "records/CTRecord.h"
 #include "timers/CRecordTimers.h"
 #include "timers/TimerTexts.h"

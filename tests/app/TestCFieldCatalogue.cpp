@@ -3,7 +3,7 @@
 #include "app/FieldLabels.h"
 #include "config/Settings.h"
 #include "lang/LoadText.h"
-#include "platform/CRegionalInfo.h"
+#include "platform/host/CRegionalInfo.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 

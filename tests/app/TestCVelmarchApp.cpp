@@ -1,8 +1,8 @@
 #include "app/CVelmarchApp.h"
 
 #include "lang/LoadText.h"
-#include "platform/CInstallLocation.h"
-#include "platform/CMessagePump.h"
+#include "platform/host/CInstallLocation.h"
+#include "platform/host/CMessagePump.h"
 #include "support/CScriptedPrompt.h"
 #include "support/CTestClock.h"
 #include "support/TestHome.h"

@@ -1,5 +1,5 @@
 #include "DocumentScene.h"
-#include "platform/CMessagePump.h"
+#include "platform/host/CMessagePump.h"
 
 #include <functional>
 

@@ -1,7 +1,7 @@
 #include "app/ListTable.h"
 
 #include "lang/LoadText.h"
-#include "platform/CRegionalInfo.h"
+#include "platform/host/CRegionalInfo.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"

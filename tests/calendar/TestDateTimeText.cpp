@@ -1,7 +1,7 @@
 #include "calendar/DateTimeVal.h"
 #include "calendar/IsoDays.h"
 #include "lang/LoadText.h"
-#include "platform/CRegionalInfo.h"
+#include "platform/host/CRegionalInfo.h"
 #include "support/CTestClock.h"
 
 #include <QTest>

@@ -1,7 +1,7 @@
 #include "calendar/DateText.h"
 #include "calendar/NumberText.h"
 #include "lang/LoadText.h"
-#include "platform/CRegionalInfo.h"
+#include "platform/host/CRegionalInfo.h"
 
 #include <QProcess>
 #include <QTemporaryDir>

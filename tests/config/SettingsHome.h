@@ -2,8 +2,8 @@
 
 #include "config/CCfgStore.h"
 #include "lang/LoadText.h"
-#include "platform/CProfile.h"
-#include "platform/CSettingsTree.h"
+#include "platform/settings/CProfile.h"
+#include "platform/settings/CSettingsTree.h"
 #include "support/CScriptedPrompt.h"
 
 #include <QTest>

@@ -3,7 +3,7 @@
 #include "config/Settings.h"
 #include "entry/KeepInLists.h"
 #include "lang/LoadText.h"
-#include "platform/CRegionalInfo.h"
+#include "platform/host/CRegionalInfo.h"
 #include "records/CERecord.h"
 
 #include <QTest>

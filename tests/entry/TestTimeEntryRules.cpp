@@ -4,7 +4,7 @@
 #include "config/Settings.h"
 #include "entry/KeepInLists.h"
 #include "lang/LoadText.h"
-#include "platform/CRegionalInfo.h"
+#include "platform/host/CRegionalInfo.h"
 #include "records/CTRecord.h"
 #include "support/CScriptedPrompt.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "lang/LoadText.h"
-#include "platform/CRegionalInfo.h"
+#include "platform/host/CRegionalInfo.h"
 #include "records/CRecordStore.h"
 #include "records/CTRecord.h"
 #include "records/CVOSrcMgr.h"

@@ -1,7 +1,7 @@
 #include "records/CRecordStore.h"
 
 #include "RecordsFixture.h"
-#include "platform/CPrompt.h"
+#include "platform/host/CPrompt.h"
 #include "records/CDRecord.h"
 #include "records/CERecord.h"
 #include "records/CPRecord.h"

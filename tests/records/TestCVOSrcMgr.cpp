@@ -1,7 +1,7 @@
 #include "records/CVOSrcMgr.h"
 
 #include "RecordsFixture.h"
-#include "platform/CSqliteFile.h"
+#include "platform/sqlite/CSqliteFile.h"
 #include "records/CPRecord.h"
 
 /// The store contract: queries, rows, transactions, two managers on one store.

@@ -1,5 +1,5 @@
 #include "RecordsFixture.h"
-#include "platform/CSqliteFile.h"
+#include "platform/sqlite/CSqliteFile.h"
 
 #include <sqlite3.h>
 #include <sys/stat.h>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "lang/Text.h"
-#include "platform/CPrompt.h"
+#include "platform/host/CPrompt.h"
 
 #include <QStringList>
 #include <deque>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CClock.h"
+#include "platform/host/CClock.h"
 
 /// A clock that stands still until a test moves it.
 class CTestClock final : public CClock {

@@ -1,4 +1,4 @@
-#include "platform/CSqliteFile.h"
+#include "platform/sqlite/CSqliteFile.h"
 #include "records/RecordsFixture.h"
 #include "torture/FileHistory.h"
 

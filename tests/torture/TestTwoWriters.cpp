@@ -9,11 +9,11 @@
 
 #include "app/CVelmarchApp.h"
 #include "lang/LoadText.h"
-#include "platform/CInstance.h"
-#include "shell/CEventPump.h"
-#include "shell/CMainFrame.h"
-#include "shell/core/CInstanceHost.h"
-#include "shell/core/CViewHub.h"
+#include "platform/instance/CInstance.h"
+#include "shell/program/CEventPump.h"
+#include "shell/frame/CMainFrame.h"
+#include "viewmodel/program/CInstanceHost.h"
+#include "viewmodel/program/CViewHub.h"
 #include "support/CScriptedPrompt.h"
 #include "timers/CRecordTimers.h"
 

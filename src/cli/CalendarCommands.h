@@ -1,9 +1,0 @@
-#pragma once
-
-#include "cli/CommandTable.h"
-
-// The groups "day" and "period".
-
-[[nodiscard]] ExitCode ShowDay(const CArguments& arguments, Console& console);
-[[nodiscard]] ExitCode ListPeriods(const CArguments& arguments, Console& console);
-[[nodiscard]] ExitCode ShowPeriod(const CArguments& arguments, Console& console, const CCfgStore& settings);

@@ -1,9 +1,0 @@
-#pragma once
-
-#include "cli/CommandTable.h"
-
-// The group "tree": which list items go with which.
-
-[[nodiscard]] ExitCode ShowTree(const CArguments& arguments, Console& console, RecordDesk& desk);
-[[nodiscard]] ExitCode AddToTree(const CArguments& arguments, Console& console, RecordDesk& desk);
-[[nodiscard]] ExitCode RemoveFromTree(const CArguments& arguments, Console& console, RecordDesk& desk);

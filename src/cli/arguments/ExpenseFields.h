@@ -1,0 +1,13 @@
+#pragma once
+
+#include "cli/arguments/RecordFields.h"
+
+class CERecord;
+
+[[nodiscard]] std::span<const OptionRow> ExpenseFieldOptions();
+
+/// Enters the fields of an expense in this order: date, items, notes, distance entry, distance, rate,
+/// odometer readings, amount, flags. Distance, rate or a reading make a distance entry, whose amount is
+/// computed. The last reading is noted in the needs' settings.
+[[nodiscard]] FieldProblem EnterExpenseFields(CERecord& record, const CArguments& arguments,
+                                              const FieldNeeds& needs);

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "calendar/DateTimeVal.h"
+#include "cli/arguments/CArguments.h"
+#include "cli/arguments/EnteredValues.h"
+#include "cli/arguments/RecordFields.h"
+#include "lang/FormatText.h"
+
+#include <array>
+
+/// What the fields of both kinds of records are made of. A draft is a record that is being entered, with what
+/// its rules of entry need beside it; its member "record" is the record itself.
+namespace FieldParts {
+
+/// One field. The order of a table is the order in which its fields are entered.
+template <class Draft>
+struct RecordField {
+    OptionRow option;
+    bool canBeCleared;
+    /// Enters the value; the sentence that refuses it, empty when it was taken.
+    QString (*enter)(Draft& draft, const Entered& entered, const FieldNeeds& needs);
+    /// Whether the field may be entered at all now; null: always.
+    FieldProblem (*mayEnter)(const Draft& draft, const Entered& entered, const FieldNeeds& needs) = nullptr;
+};
+
+/// The options of a table of fields.
+template <class Draft, std::size_t N>
+[[nodiscard]] constexpr std::array<OptionRow, N> OptionsOf(const RecordField<Draft> (&fields)[N]) {
+    std::array<OptionRow, N> options{};
+    for (std::size_t i = 0; i < N; ++i) options[i] = fields[i].option;
+    return options;
+}
+
+/// A name that --clear can't take, or a field that is set and cleared at once.
+[[nodiscard]] FieldProblem CheckCleared(const CArguments& arguments, const QStringList& clearable);
+/// "--rate: The record isn't billable."
+[[nodiscard]] FieldProblem Refused(const OptionRow& option, const FieldProblem& problem);
+
+template <class Draft>
+[[nodiscard]] FieldProblem EnterOne(const RecordField<Draft>& field, Draft& draft, const Entered& entered,
+                                    const FieldNeeds& needs) {
+    if (field.mayEnter)
+        if (const FieldProblem problem = field.mayEnter(draft, entered, needs);
+            problem.exit != ExitCode::Done)
+            return Refused(field.option, problem);
+    const QString words = field.enter(draft, entered, needs);
+    return words.isEmpty() ? FieldProblem{} : Refused(field.option, {ExitCode::Usage, words});
+}
+
+/// Enters what was given, in the order of the table.
+template <class Draft>
+[[nodiscard]] FieldProblem EnterAll(std::span<const RecordField<Draft>> fields, Draft& draft,
+                                    const CArguments& arguments, const FieldNeeds& needs) {
+    QStringList clearable;
+    for (const auto& field : fields)
+        if (field.canBeCleared) clearable.append(QString::fromLatin1(field.option.name));
+    if (FieldProblem problem = CheckCleared(arguments, clearable); problem.exit != ExitCode::Done)
+        return problem;
+    const QStringList cleared = arguments.Values("clear");
+    for (const auto& field : fields) {
+        const Entered entered = arguments.Value(field.option.name);
+        if (!entered && !cleared.contains(QLatin1String(field.option.name))) continue;
+        if (FieldProblem problem = EnterOne(field, draft, entered, needs); problem.exit != ExitCode::Done)
+            return problem;
+    }
+    return {};
+}
+
+template <class Draft>
+QString EnterDate(Draft& draft, const Entered& entered, const FieldNeeds& needs) {
+    const auto date = EnteredValues::ReadDate(entered.value_or(QString()), needs.region, needs.clock);
+    if (!date) return FormatText<Text::CliNoDate>(entered.value_or(QString()));
+    draft.record.date.Set(date->month, date->day, date->year);
+    return {};
+}
+
+/// The sentence that refuses a text that is too long, empty for one that fits.
+[[nodiscard]] QString CheckLength(const QString& text, int longest);
+
+template <class Draft, auto Field, int Longest = kTextLength>
+QString EnterText(Draft& draft, const Entered& entered, const FieldNeeds&) {
+    const QString text = entered.value_or(QString());
+    QString words = CheckLength(text, Longest);
+    if (words.isEmpty()) draft.record.*Field = text;
+    return words;
+}
+
+[[nodiscard]] bool IsYes(const Entered& entered);
+
+}  // namespace FieldParts

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "cli/commands/CommandTable.h"
+
+// The groups "day" and "period".
+
+[[nodiscard]] ExitCode ShowDay(const CArguments& arguments, Console& console);
+[[nodiscard]] ExitCode ListPeriods(const CArguments& arguments, Console& console);
+[[nodiscard]] ExitCode ShowPeriod(const CArguments& arguments, Console& console, const CCfgStore& settings);

@@ -1,0 +1,205 @@
+#include "cli/commands/DefaultCommands.h"
+
+#include "app/CVelmarchDoc.h"
+#include "cli/arguments/CArguments.h"
+#include "cli/output/CJsonText.h"
+#include "cli/output/COutput.h"
+#include "cli/home/CSettingsOwner.h"
+#include "cli/commands/RecordDesk.h"
+#include "cli/arguments/RecordFields.h"
+#include "cli/output/RecordOutput.h"
+#include "cli/commands/RecordSteps.h"
+#include "config/CCfgStore.h"
+#include "lang/FormatText.h"
+
+#include <algorithm>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr OptionRow kModeOption[] = {{"mode", "time|expense", OptionShape::Value, Text::CliOptMode}};
+constexpr OptionRow kSaveOptions[] = {
+    {"mode", "time|expense", OptionShape::Value, Text::CliOptMode},
+    {"from", "ID", OptionShape::Value, Text::CliOptFromRecord},
+};
+
+constexpr qsizetype kLongestName = 255;
+
+std::optional<RecordMode> ModeOf(const CArguments& arguments, Console& console) {
+    const auto typed = arguments.Value("mode");
+    return typed ? ReadMode(*typed, console) : RecordMode::Time;
+}
+
+/// What a change of a default starts with.
+QJsonObject Request(RecordMode mode, const QString& action, const QString& name) {
+    return {{u"defaults"_s, mode == RecordMode::Time ? u"time"_s : u"expense"_s},
+            {u"action"_s, action},
+            {u"name"_s, name}};
+}
+
+/// The sentence that refuses a name for a default; empty when it can be one.
+QString CheckName(const QString& name) {
+    if (name.isEmpty()) return LoadText(Text::CliEmptyName);
+    if (name.size() > kLongestName) return FormatText<Text::CliNameTooLong>(static_cast<int>(kLongestName));
+    return {};
+}
+
+ExitCode RefuseReserved(const QString& name, Console& console) {
+    return Refuse(ExitCode::Failed, FormatText<Text::CliReservedName>(name), console);
+}
+
+ExitCode NoSuchDefault(const QString& name, Console& console) {
+    return Refuse(ExitCode::NotFound, FormatText<Text::CliNoSuchDefault>(name), console);
+}
+
+// --- Save
+
+bool IsOf(std::span<const OptionRow> options, const char* name) {
+    return std::ranges::any_of(
+        options, [name](const OptionRow& option) { return std::string_view(option.name) == name; });
+}
+
+/// The fields of both kinds, each once.
+std::vector<OptionRow> AllFields() {
+    const auto times = FieldOptions(RecordKind::Time), expenses = FieldOptions(RecordKind::Expense);
+    std::vector<OptionRow> all(times.begin(), times.end());
+    for (const OptionRow& option : expenses)
+        if (!IsOf(times, option.name)) all.push_back(option);
+    return all;
+}
+
+/// The sentence that refuses fields beside another record, or those of the other kind.
+QString CheckFields(const CArguments& arguments, RecordKind kind) {
+    for (const OptionRow& option : SaveDefaultFields()) {
+        if (!arguments.Has(option.name)) continue;
+        if (arguments.Has("from")) return LoadText(Text::CliFieldsOrFrom);
+        if (!IsOf(FieldOptions(kind), option.name))
+            return FormatText<Text::CliUnexpected>(u"--"_s + QString::fromLatin1(option.name));
+    }
+    return {};
+}
+
+/// What is to be stored: a copy of a record, or a new one of today with these fields. Null after telling why
+/// there is none.
+std::unique_ptr<CVORec> MakeDefault(RecordKind kind, const CArguments& arguments, Console& console,
+                                    RecordDesk& desk, ExitCode& exit) {
+    if (const auto id = arguments.Value("from")) {
+        const CVORec* record = FindRecord(kind, *id, console, desk);
+        exit = record ? ExitCode::Done : LookupFailed(desk);
+        return record ? record->Clone() : nullptr;
+    }
+    std::unique_ptr<CVORec> record = RecordOfToday(kind, console.clock);
+    Settings noted = desk.settings;
+    const FieldProblem problem =
+        EnterFields(*record, arguments, {noted, desk.settings.Region(), console.clock, nullptr});
+    exit = problem.exit;
+    if (exit == ExitCode::Done) return record;
+    console.out.Complain(problem.words);
+    return nullptr;
+}
+
+/// A default that is replaced keeps its name: "standard" replaces "Standard".
+std::optional<QString> AgreedName(const QString& name, RecordMode mode, Console& console,
+                                  const RecordDesk& desk) {
+    const auto former = desk.owner.Defaults(mode).FindName(name);
+    if (!former) return name;
+    const bool isAgreed = Confirm(Text::CliDefaultExists, FormatText<Text::CliDefaultExists>(*former),
+                                  Text::NewDefaultTitle, Text::NewDefaultTitle, console);
+    return isAgreed ? former : std::nullopt;
+}
+
+}  // namespace
+
+std::span<const OptionRow> ModeOption() {
+    return kModeOption;
+}
+
+std::span<const OptionRow> SaveDefaultOptions() {
+    return kSaveOptions;
+}
+
+std::span<const OptionRow> SaveDefaultFields() {
+    static const std::vector<OptionRow> kFields = AllFields();
+    return kFields;
+}
+
+ExitCode ListDefaults(const CArguments& arguments, Console& console, CSettingsOwner& owner) {
+    const auto mode = ModeOf(arguments, console);
+    if (!mode) return ExitCode::Usage;
+    PrintTexts(console.out, owner.Defaults(*mode).Names());
+    return ExitCode::Done;
+}
+
+ExitCode ShowDefault(const CArguments& arguments, Console& console, CSettingsOwner& owner) {
+    const auto mode = ModeOf(arguments, console);
+    if (!mode) return ExitCode::Usage;
+    const QString name = arguments.Words().first();
+    const NamedDefaults defaults = owner.Defaults(*mode);
+    const auto stored = NamedDefaults::IsReserved(name) ? name : defaults.FindName(name);
+    if (!stored) return NoSuchDefault(name, console);
+    const std::unique_ptr<CVORec> record = NewRecord(KindOf(*mode));
+    if (!defaults.Read(*stored, *record))
+        return Refuse(ExitCode::Failed, FormatText<Text::DefaultDamaged>(*stored), console);
+    WriteRecord(console.out, {*record});
+    return ExitCode::Done;
+}
+
+ExitCode SaveDefault(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const auto mode = ModeOf(arguments, console);
+    if (!mode) return ExitCode::Usage;
+    const QString name = arguments.Words().first();
+    QString problem = CheckName(name);
+    if (problem.isEmpty()) problem = CheckFields(arguments, KindOf(*mode));
+    if (!problem.isEmpty()) return Refuse(ExitCode::Usage, problem, console);
+    if (NamedDefaults::LooksReserved(name)) return RefuseReserved(name, console);
+
+    ExitCode exit = ExitCode::Done;
+    const std::unique_ptr<CVORec> record = MakeDefault(KindOf(*mode), arguments, console, desk, exit);
+    QByteArray bytes;
+    if (!record || !record->ToBytes(bytes)) return record ? ExitCode::Failed : exit;
+    const auto agreed = AgreedName(name, *mode, console, desk);
+    if (!agreed) return ExitCode::Failed;
+    QJsonObject request = Request(*mode, u"write"_s, *agreed);
+    request.insert(u"record"_s, QString::fromLatin1(bytes.toBase64()));
+    exit = ChangeSettings(request, console, desk.owner);
+    record->SetId({});
+    if (exit == ExitCode::Done) WriteRecord(console.out, {*record});
+    return exit;
+}
+
+ExitCode RenameDefault(const CArguments& arguments, Console& console, CSettingsOwner& owner) {
+    const auto mode = ModeOf(arguments, console);
+    if (!mode) return ExitCode::Usage;
+    const QString name = arguments.Words()[0], to = arguments.Words()[1];
+    if (const QString problem = CheckName(to); !problem.isEmpty())
+        return Refuse(ExitCode::Usage, problem, console);
+    for (const QString& reserved : {name, to})
+        if (NamedDefaults::LooksReserved(reserved)) return RefuseReserved(reserved, console);
+    const auto stored = owner.Defaults(*mode).FindName(name);
+    if (!stored) return NoSuchDefault(name, console);
+    if (owner.Defaults(*mode).IsTaken(to, *stored))
+        return Refuse(ExitCode::Failed, FormatText<Text::CliNameTaken>(to), console);
+    QJsonObject request = Request(*mode, u"rename"_s, *stored);
+    request.insert(u"to"_s, to);
+    const ExitCode exit = ChangeSettings(request, console, owner);
+    if (exit == ExitCode::Done) PrintTexts(console.out, owner.Defaults(*mode).Names());
+    return exit;
+}
+
+ExitCode DeleteDefault(const CArguments& arguments, Console& console, CSettingsOwner& owner) {
+    const auto mode = ModeOf(arguments, console);
+    if (!mode) return ExitCode::Usage;
+    const QString name = arguments.Words().first();
+    if (NamedDefaults::IsReserved(name)) return RefuseReserved(name, console);
+    const auto stored = owner.Defaults(*mode).FindName(name);
+    if (!stored) return NoSuchDefault(name, console);
+    const QString question = LoadText(Text::AskDeleteDefault) + *stored + LoadText(Text::AskDeleteDefaultEnd);
+    const bool isAgreed =
+        !owner.Stored().confirmDelete || Confirm(Text::AskDeleteDefault, question, Text::DeleteDefaultTitle,
+                                                 Text::DeleteDefaultTitle, console);
+    const ExitCode exit =
+        isAgreed ? ChangeSettings(Request(*mode, u"delete"_s, *stored), console, owner) : ExitCode::Failed;
+    PrintCount(console.out, "deleted", Text::CliDeleted, exit == ExitCode::Done ? 1 : 0);
+    return exit;
+}

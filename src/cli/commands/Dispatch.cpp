@@ -1,0 +1,79 @@
+#include "cli/commands/Dispatch.h"
+
+#include "app/CVelmarchApp.h"
+#include "cli/arguments/CCommandLine.h"
+#include "cli/home/CSettingsOwner.h"
+#include "cli/home/CTimerAccess.h"
+#include "cli/home/CWindowLink.h"
+#include "cli/commands/CommandTable.h"
+#include "cli/commands/RecordDesk.h"
+#include "platform/host/CMessagePump.h"
+
+namespace {
+
+/// The home of one command.
+class COpenHome {
+ public:
+    explicit COpenHome(Console& console) : m_app({console.clock, console.prompt, m_pump, m_views}) {}
+
+    [[nodiscard]] bool OpenSettings(const QString& homeOption) {
+        if (!m_app.ResolveHome(homeOption)) return false;
+        // Settings that can't be kept have been told about; commands that only read go on with what there is.
+        m_areSettingsKept = m_app.OpenSettings();
+        m_app.Settings().KeepStoreUntouched();
+        return true;
+    }
+    [[nodiscard]] bool AreSettingsKept() const { return m_areSettingsKept; }
+    [[nodiscard]] CVelmarchApp& App() { return m_app; }
+
+ private:
+    CNoPump m_pump;
+    CNoViews m_views;
+    CVelmarchApp m_app;
+    bool m_areSettingsKept = false;
+};
+
+class CRunner {
+ public:
+    CRunner(const CommandRequest& request, Console& console) : m_request(request), m_console(console) {}
+
+    ExitCode operator()(RunWithoutHome run) { return run(m_request.arguments, m_console); }
+
+    ExitCode operator()(RunOnHome run) { return run(m_request.arguments, m_console, m_request.home); }
+
+    ExitCode operator()(RunWithSettings run) {
+        COpenHome home(m_console);
+        // The defaults would pass for what the user has set.
+        if (!home.OpenSettings(m_request.home) || !home.AreSettingsKept()) return ExitCode::Failed;
+        return run(m_request.arguments, m_console, home.App().Settings());
+    }
+
+    ExitCode operator()(RunOnSettings run) {
+        COpenHome home(m_console);
+        if (!home.OpenSettings(m_request.home) || !home.AreSettingsKept()) return ExitCode::Failed;
+        CWindowLink window(home.App().Home());
+        CSettingsOwner owner(home.App().Settings(), window, m_console.clock);
+        return run(m_request.arguments, m_console, owner);
+    }
+
+    ExitCode operator()(RunOnRecords run) {
+        COpenHome home(m_console);
+        if (!home.OpenSettings(m_request.home) || !home.App().OpenStore()) return ExitCode::Failed;
+        CVelmarchApp& app = home.App();
+        CWindowLink window(app.Home());
+        CTimerAccess timers(m_console.clock, app.Document(), app.Settings(), window);
+        CSettingsOwner owner(app.Settings(), window, m_console.clock);
+        RecordDesk desk{app.Document(), app.Settings(), timers, window, app.Catalogue(), owner};
+        return run(m_request.arguments, m_console, desk);
+    }
+
+ private:
+    const CommandRequest& m_request;
+    Console& m_console;
+};
+
+}  // namespace
+
+ExitCode RunCommandOf(const CommandRequest& request, Console& console) {
+    return std::visit(CRunner(request, console), request.command->run);
+}

@@ -1,0 +1,173 @@
+#include "cli/commands/ListCommands.h"
+
+#include "app/CPulldownCatalogue.h"
+#include "app/CVelmarchDoc.h"
+#include "app/StoreChange.h"
+#include "cli/arguments/CArguments.h"
+#include "cli/output/CJsonText.h"
+#include "cli/output/COutput.h"
+#include "cli/arguments/EnteredValues.h"
+#include "cli/commands/ListSteps.h"
+#include "cli/commands/RecordDesk.h"
+#include "cli/commands/RecordSteps.h"
+#include "config/CCfgStore.h"
+#include "lang/FormatText.h"
+
+#include <functional>
+#include <optional>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr OptionRow kRenameOptions[] = {
+    {"in-records", "", OptionShape::Flag, Text::CliOptInRecords},
+};
+
+/// A list with its items loaded.
+struct OpenList {
+    const ListRow* row = nullptr;
+    ExitCode exit = ExitCode::Done;  ///< when there is none: not found, or the store can't be read
+};
+
+OpenList Open(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const ListRow* row = FindList(arguments.Words().first(), console);
+    if (!row) return {nullptr, ExitCode::NotFound};
+    if (!desk.catalogue.LoadLists({row->list})) return {nullptr, ExitCode::Failed};
+    return {row};
+}
+
+/// The sentence that refuses a text as an item, empty for one that is short enough.
+QString CheckLength(const QString& text) {
+    return text.size() > kLongestItem
+               ? FormatText<Text::CliTooLong>(static_cast<int>(text.size()), kLongestItem)
+               : QString();
+}
+
+/// A list of numbers takes what is one from its first to its last character; the catalogue itself would stop
+/// at the first that is none.
+bool IsReadable(const ListRow& row, const QString& text, const CRegionalInfo& region) {
+    return !row.holdsNumbers || EnteredValues::ReadSignedNumber(text.trimmed(), region);
+}
+
+/// Changes lists and trees as they are by now, with nobody in between. The user has been asked before.
+bool AsLoadedNow(RecordDesk& desk, const std::function<bool()>& change) {
+    const StoreHold hold(desk.document.Store());
+    return hold.IsHeld() && desk.catalogue.Load() && change() && desk.document.Commit();
+}
+
+ExitCode NoSuchItem(const QString& text, Console& console) {
+    return Refuse(ExitCode::NotFound, FormatText<Text::CliNoSuchItem>(text), console);
+}
+
+}  // namespace
+
+std::span<const OptionRow> RenameItemOptions() {
+    return kRenameOptions;
+}
+
+ExitCode ShowLists(const CArguments&, Console& console) {
+    COutput& out = console.out;
+    if (!out.isJson) {
+        for (const ListRow& row : RecordLists())
+            out.PutLine(FormatText<Text::CliListLine>(row.list, LoadText(row.title)));
+        return ExitCode::Done;
+    }
+    CJsonText json(out);
+    json.BeginArray();
+    for (const ListRow& row : RecordLists()) {
+        json.NewLine();
+        json.BeginObject();
+        json.Key("list");
+        json.Integer(row.list);
+        json.Key("name");
+        json.Text(LoadText(row.title));
+        json.Key("kind");
+        json.Text(row.holdsNumbers ? u"number"_s : u"text"_s);
+        json.EndObject();
+    }
+    json.EndArray();
+    out.Put("\n");
+    return ExitCode::Done;
+}
+
+ExitCode ListItems(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const OpenList list = Open(arguments, console, desk);
+    if (!list.row) return list.exit;
+    PrintTexts(console.out, desk.catalogue.Texts(list.row->list));
+    return ExitCode::Done;
+}
+
+ExitCode AddItem(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const QString text = arguments.Words()[1];
+    if (const QString words = CheckLength(text); !words.isEmpty())
+        return Refuse(ExitCode::Usage, words, console);
+    // While a question stands, others can't be kept waiting.
+    std::optional<StoreHold> hold;
+    if (!desk.settings.confirmAddListItem && !hold.emplace(desk.document.Store()).IsHeld())
+        return ExitCode::Failed;
+    const OpenList list = Open(arguments, console, desk);
+    if (!list.row) return list.exit;
+    if (!IsReadable(*list.row, text, desk.settings.Region()) ||
+        desk.catalogue.CheckNewItem(list.row->list, text) == NewItem::Refused)
+        return Refuse(ExitCode::Failed, FormatText<Text::CliItemRefused>(text), console);
+    if (!desk.catalogue.AddItem(list.row->list, text, true)) return ExitCode::Failed;
+    AnnounceLists(console, desk);
+    PrintDone(console.out, "added", 1);
+    return ExitCode::Done;
+}
+
+/// The records come first: after a program was killed in between, the same command finishes the job. Where
+/// the list has the new text already, its items stay as they are, and only records take it.
+ExitCode RenameItem(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const QString former = arguments.Words()[1], text = arguments.Words()[2];
+    if (const QString words = CheckLength(text); !words.isEmpty())
+        return Refuse(ExitCode::Usage, words, console);
+    const StoreHold hold(desk.document.Store());
+    if (!hold.IsHeld()) return ExitCode::Failed;
+    const OpenList opened = Open(arguments, console, desk);
+    if (!opened.row) return opened.exit;
+    const int list = opened.row->list;
+    if (!desk.catalogue.HasItem(list, ItemText(list, former))) return NoSuchItem(former, console);
+    const bool isInRecords = arguments.Has("in-records");
+    const bool isMerge = isInRecords && ItemText(list, former) != ItemText(list, text) &&
+                         desk.catalogue.HasItem(list, ItemText(list, text));
+    if (!isMerge && (!IsReadable(*opened.row, text, desk.settings.Region()) ||
+                     desk.catalogue.CheckNewItem(list, text) == NewItem::Refused))
+        return Refuse(ExitCode::Failed, FormatText<Text::CliRenameRefused>(text), console);
+    int count = 0;
+    if (isInRecords) desk.catalogue.ReplaceInRecords(count, list, former, text);
+    if (!isMerge && !desk.catalogue.RenameItem(list, former, text)) return ExitCode::Failed;
+    AnnounceLists(console, desk);
+    PrintCount(console.out, "changed", Text::CliChanged, count);
+    return ExitCode::Done;
+}
+
+ExitCode DeleteItem(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const OpenList opened = Open(arguments, console, desk);
+    if (!opened.row) return opened.exit;
+    const int list = opened.row->list;
+    const QString text = arguments.Words()[1];
+    if (!desk.catalogue.HasItem(list, ItemText(list, text))) return NoSuchItem(text, console);
+    const bool isAgreed = !desk.settings.confirmDeleteListItem ||
+                          Confirm(Text::CliAskDeleteItem, Text::ListsTitle, Text::AskDeleteTitle, console);
+    const bool isDone = isAgreed && AsLoadedNow(desk, [&] { return desk.catalogue.DeleteItem(list, text); });
+    if (isDone) AnnounceLists(console, desk);
+    PrintCount(console.out, "deleted", Text::CliItemsDeleted, isDone ? 1 : 0);
+    return isDone ? ExitCode::Done : ExitCode::Failed;
+}
+
+/// An empty list is nothing to ask about.
+ExitCode ClearItems(const CArguments& arguments, Console& console, RecordDesk& desk) {
+    const OpenList opened = Open(arguments, console, desk);
+    if (!opened.row) return opened.exit;
+    const int list = opened.row->list;
+    const qsizetype count = desk.catalogue.Texts(list).size();
+    const bool isAgreed = count == 0 || !desk.settings.confirmDeleteListItem ||
+                          Confirm(Text::CliAskClearList, Text::ListsTitle, Text::AskDeleteTitle, console);
+    const bool isDone =
+        isAgreed && (count == 0 || AsLoadedNow(desk, [&] { return desk.catalogue.DeleteAllItems(list); }));
+    if (isDone && count > 0) AnnounceLists(console, desk);
+    PrintCount(console.out, "deleted", Text::CliItemsDeleted, isDone ? count : 0);
+    return isDone ? ExitCode::Done : ExitCode::Failed;
+}

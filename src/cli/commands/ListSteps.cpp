@@ -1,0 +1,41 @@
+#include "cli/commands/ListSteps.h"
+
+#include "cli/output/CJsonText.h"
+#include "cli/output/COutput.h"
+#include "cli/home/CWindowLink.h"
+#include "cli/arguments/EnteredValues.h"
+#include "cli/commands/RecordDesk.h"
+#include "lang/FormatText.h"
+
+#include <algorithm>
+
+const ListRow* FindList(const QString& typed, Console& console) {
+    const auto number = EnteredValues::ReadCount(typed);
+    const auto lists = RecordLists();
+    const auto found = std::ranges::find_if(lists, [&](const ListRow& row) {
+        return number ? row.list == *number : LoadText(row.title).compare(typed, Qt::CaseInsensitive) == 0;
+    });
+    if (found != lists.end()) return &*found;
+    console.out.Complain(FormatText<Text::CliNoSuchList>(typed));
+    return nullptr;
+}
+
+QString ItemText(int list, const QString& typed) {
+    float number = 0.0F;
+    QString display;
+    return HoldsNumbers(list) && NormaliseNumber(typed, number, display) ? display : typed;
+}
+
+void AnnounceLists(Console& console, RecordDesk& desk) {
+    if (!desk.window.TellAllChanged()) console.out.Note(LoadText(Text::CliWindowNotTold));
+}
+
+void PrintDone(COutput& out, const char* key, qsizetype count) {
+    if (!out.isJson) return;
+    CJsonText json(out);
+    json.BeginObject();
+    json.Key(key);
+    json.Integer(count);
+    json.EndObject();
+    out.Put("\n");
+}

@@ -1,0 +1,105 @@
+#include "cli/commands/RecordSteps.h"
+
+#include "app/CVelmarchDoc.h"
+#include "app/RecordMode.h"
+#include "cli/output/CJsonText.h"
+#include "cli/output/COutput.h"
+#include "cli/home/CSettingsOwner.h"
+#include "cli/home/CWindowLink.h"
+#include "cli/arguments/EnteredValues.h"
+#include "cli/commands/RecordDesk.h"
+#include "cli/output/RecordOutput.h"
+#include "lang/FormatText.h"
+#include "platform/host/CPrompt.h"
+
+ExitCode Refuse(ExitCode exit, const QString& words, Console& console) {
+    console.out.Complain(words);
+    return exit;
+}
+
+const CVORec* FindRecord(RecordKind kind, const QString& typed, Console& console, RecordDesk& desk) {
+    const auto id = EnteredValues::ReadIdentity(typed);
+    const CVORec* record = id ? desk.document.FetchRecord(kind, *id) : nullptr;
+    // A store that can't be read has said so by itself.
+    if (!record && desk.document.Store().m_lastError == 0)
+        console.out.Complain(kind == RecordKind::Time ? FormatText<Text::CliNoSuchRecord>(typed)
+                                                      : FormatText<Text::CliNoSuchExpense>(typed));
+    return record;
+}
+
+std::optional<QStringList> FindRecords(RecordKind kind, const QStringList& typed, Console& console,
+                                       RecordDesk& desk) {
+    QStringList ids;
+    for (const QString& text : typed) {
+        const CVORec* record = FindRecord(kind, text, console, desk);
+        if (!record) return std::nullopt;
+        ids.append(record->GetId());
+    }
+    ids.removeDuplicates();
+    return ids;
+}
+
+ExitCode LookupFailed(const RecordDesk& desk) {
+    return desk.document.Store().m_lastError == 0 ? ExitCode::NotFound : ExitCode::Failed;
+}
+
+void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordDesk& desk, bool listsToo) {
+    if (!desk.window.TellChanged(kind, ids, listsToo)) console.out.Note(LoadText(Text::CliWindowNotTold));
+}
+
+void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordDesk& desk) {
+    const CVORec* record = desk.document.FetchRecord(kind, id);
+    if (record) WriteRecord(console.out, {*record, desk.timers.Shown(id)});
+}
+
+bool Confirm(Text question, Text title, Text verb, Console& console) {
+    return Confirm(question, LoadText(question), title, verb, console);
+}
+
+bool Confirm(Text question, const QString& text, Text title, Text verb, Console& console) {
+    MessageBox box;
+    box.textId = static_cast<int>(question);
+    box.title = LoadText(title);
+    box.text = text;
+    box.icon = BoxIcon::Warning;
+    box.buttons = Buttons::YesNo;
+    box.defaultAnswer = Answer::No;
+    box.actionLabel = LoadText(verb);
+    return console.prompt.Ask(box) == Answer::Yes;
+}
+
+ExitCode ChangeSettings(const QJsonObject& command, Console& console, CSettingsOwner& owner) {
+    const QJsonObject answer = owner.Change(command);
+    if (answer[u"ok"].toBool()) return ExitCode::Done;
+    return Refuse(static_cast<ExitCode>(answer[u"exit"].toInt(1)), answer[u"error"].toString(), console);
+}
+
+std::optional<RecordMode> ReadMode(const QString& typed, Console& console) {
+    if (typed == u"time") return RecordMode::Time;
+    if (typed == u"expense") return RecordMode::Expense;
+    console.out.Complain(FormatText<Text::CliNoMode>(typed));
+    return std::nullopt;
+}
+
+void PrintCount(COutput& out, const char* key, Text sentence, qsizetype count) {
+    if (!out.isJson)
+        return out.PutLine(QString::asprintf(LoadText(sentence).toUtf8().constData(), int(count)));
+    CJsonText json(out);
+    json.BeginObject();
+    json.Key(key);
+    json.Integer(count);
+    json.EndObject();
+    out.Put("\n");
+}
+
+void PrintTexts(COutput& out, const QStringList& texts) {
+    if (!out.isJson) {
+        for (const QString& text : texts) out.PutLine(text);
+        return;
+    }
+    CJsonText json(out);
+    json.BeginArray();
+    for (const QString& text : texts) json.Text(text);
+    json.EndArray();
+    out.Put("\n");
+}

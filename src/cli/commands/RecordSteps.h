@@ -1,0 +1,43 @@
+#pragma once
+
+#include "cli/commands/CommandTable.h"
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+class CVORec;
+class QJsonObject;
+enum class RecordKind : int;
+enum class RecordMode : int;
+
+// Steps that commands about records share. Kinds are time and expense.
+
+/// The stored record that was asked for; null after telling that there is none.
+[[nodiscard]] const CVORec* FindRecord(RecordKind kind, const QString& typed, Console& console,
+                                       RecordDesk& desk);
+/// The identities that were asked for, each once; nothing, after telling which, when one isn't stored.
+[[nodiscard]] std::optional<QStringList> FindRecords(RecordKind kind, const QStringList& typed,
+                                                     Console& console, RecordDesk& desk);
+/// How a command ends that didn't find its record: not found, or failed where the store can't be read.
+[[nodiscard]] ExitCode LookupFailed(const RecordDesk& desk);
+/// Tells the window, and the user when the window can't be told. listsToo: pick lists changed with the
+/// records.
+void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordDesk& desk,
+              bool listsToo = false);
+/// Prints a stored record with its timer.
+void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordDesk& desk);
+/// Asks a yes-or-no question with no as the default.
+[[nodiscard]] bool Confirm(Text question, Text title, Text verb, Console& console);
+/// The same with a text made from the question.
+[[nodiscard]] bool Confirm(Text question, const QString& text, Text title, Text verb, Console& console);
+/// Tells why a command stopped.
+[[nodiscard]] ExitCode Refuse(ExitCode exit, const QString& words, Console& console);
+/// Has a change of the settings carried out by whoever owns them; tells why when it wasn't.
+[[nodiscard]] ExitCode ChangeSettings(const QJsonObject& command, Console& console, CSettingsOwner& owner);
+/// "time" or "expense"; nothing, after telling, for anything else.
+[[nodiscard]] std::optional<RecordMode> ReadMode(const QString& typed, Console& console);
+/// {"deleted": 2}, or a sentence with the number.
+void PrintCount(COutput& out, const char* key, Text sentence, qsizetype count);
+/// An array of texts, or one on each line.
+void PrintTexts(COutput& out, const QStringList& texts);

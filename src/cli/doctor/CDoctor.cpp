@@ -1,0 +1,114 @@
+#include "cli/doctor/CDoctor.h"
+
+#include "app/CVelmarchApp.h"
+#include "cli/doctor/Examinations.h"
+#include "cli/home/ReadingRoom.h"
+#include "lang/FormatText.h"
+#include "platform/sqlite/CSqliteFile.h"
+
+#include <QFileInfo>
+
+namespace {
+
+using enum Finding::Verdict;
+
+/// A file that is there and can't be read for want of rights; advice for a damaged one would be wrong.
+bool IsClosedToUs(const QString& path) {
+    return QFileInfo::exists(path) && !QFileInfo(path).isReadable();
+}
+
+Finding NoAccess(const char* name, const QString& path) {
+    return {name, Bad, FormatText<Text::CliNoAccess>(path), LoadText(Text::CliAdviseNoAccess)};
+}
+
+Finding ReadOnly(const char* name, const QString& path) {
+    return {name, Bad, FormatText<Text::CliReadOnly>(path), LoadText(Text::CliAdviseReadOnly)};
+}
+
+}  // namespace
+
+void CDoctor::Note(const Finding& finding) {
+    m_findings.push_back(finding);
+}
+
+const std::vector<Finding>& CDoctor::Examine(const QString& homeOption) {
+    m_findings.clear();
+    // That this runs at all says that the library is there.
+    Note({"language", Good, FormatText<Text::CliTextsSound>(static_cast<int>(AllTexts().size()))});
+    if (!ExamineHome(homeOption)) return m_findings;
+    const QString settingsPath = m_home + u'/' + CVelmarchApp::SettingsFileName();
+    const bool canReadSettings = ExamineSettings(settingsPath);
+    const bool isRead = canReadSettings && QFileInfo::exists(settingsPath);
+    ReadingRoom room(m_clock, m_home, isRead ? settingsPath : QString());
+    ExamineData(room, canReadSettings, ExamineStore(room));
+    return m_findings;
+}
+
+bool CDoctor::ExamineHome(const QString& homeOption) {
+    CNoPump pump;
+    CNoViews views;
+    CListeningPrompt prompt;
+    CVelmarchApp app({m_clock, prompt, pump, views});
+    const bool isResolved = app.ResolveHome(homeOption);
+    m_home = app.Home();
+    if (!isResolved)
+        Note({"home", Bad, prompt.TakeHeard(), LoadText(Text::CliAdviseHome)});
+    else
+        Note(QFileInfo(m_home).isWritable() ? Finding{"home", Good, m_home} : ReadOnly("home", m_home));
+    return isResolved;
+}
+
+bool CDoctor::ExamineSettings(const QString& path) {
+    const auto note = [this](const Finding& finding, bool canRead) {
+        Note(finding);
+        return canRead;
+    };
+    if (!QFileInfo::exists(path)) return note({"settings", Good, LoadText(Text::CliNoSettingsYet)}, true);
+    if (IsClosedToUs(path)) return note(NoAccess("settings", path), false);
+    CSqliteFile file;
+    const OpenOutcome outcome = file.Open(path, CSettingsTree::kFileKind, false);
+    const bool isOpen = outcome == OpenOutcome::Existed || outcome == OpenOutcome::ReadOnly;
+    const QString wrong = isOpen ? file.IntegrityReport() : file.Error();
+    if (!wrong.isEmpty() || !isOpen)
+        return note({"settings", Bad, wrong, LoadText(Text::CliAdviseSettings)}, false);
+    return note(file.IsReadOnly() ? ReadOnly("settings", path) : Finding{"settings", Good, path}, true);
+}
+
+CDoctor::Store CDoctor::ExamineStore(ReadingRoom& room) {
+    const QString path = m_home + u'/' + LoadText(Text::StoreFileName);
+    const auto note = [this](Store store, const Finding& finding) {
+        Note(finding);
+        return store;
+    };
+    if (IsClosedToUs(path)) return note(Store::Unreadable, NoAccess("store", path));
+    if (QFileInfo(path).size() == 0) {
+        if (!CVelmarchApp::ExpectsStore(room.profile))
+            return note(Store::Absent, {"store", Good, LoadText(Text::CliNoStoreYet)});
+        return note(Store::Absent,
+                    {"store", Bad, FormatText<Text::CliStoreGone>(path), LoadText(Text::CliAdviseStoreGone)});
+    }
+    eActionDisposition source{}, second{};
+    const bool isOpen = room.manager.InitDataSrc(source, second);
+    const QString wrong = isOpen ? room.manager.File().IntegrityReport() : room.manager.m_error;
+    if (!wrong.isEmpty() || !isOpen)
+        return note(Store::Unreadable, {"store", Bad, wrong, LoadText(Text::CliAdviseStore)});
+    if (source == eActionDisposition::Created)
+        return note(Store::Unreadable,
+                    {"store", Bad, LoadText(Text::CliTablesMissing), LoadText(Text::CliAdviseTables)});
+    return note(Store::Readable,
+                room.manager.File().IsReadOnly() ? ReadOnly("store", path) : Finding{"store", Good, path});
+}
+
+/// Where there is no store yet, nothing of it is named.
+void CDoctor::ExamineData(ReadingRoom& room, bool canReadSettings, Store store) {
+    for (const Examination& examination : Examinations()) {
+        const bool isOfSettings = examination.needs != ExaminationNeeds::Store;
+        const bool isOfStore = examination.needs != ExaminationNeeds::Settings;
+        if (isOfSettings && !canReadSettings)
+            Note({examination.name, Unchecked, LoadText(Text::CliUncheckedSettings)});
+        else if (isOfStore && store == Store::Unreadable)
+            Note({examination.name, Unchecked, LoadText(Text::CliUncheckedStore)});
+        else if (isOfSettings || store == Store::Readable)
+            Note(examination.examine(examination.name, room));
+    }
+}

@@ -1,0 +1,173 @@
+#include "cli/doctor/Examinations.h"
+
+#include "app/DependencyBytes.h"
+#include "app/DependencyStore.h"
+#include "calendar/CalendarMath.h"
+#include "cli/arguments/EnteredValues.h"
+#include "cli/home/ReadingRoom.h"
+#include "entry/NamedDefaults.h"
+#include "lang/FormatText.h"
+#include "records/CERecord.h"
+#include "records/CPRecord.h"
+#include "records/CTRecord.h"
+
+#include <QStringList>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+using enum Finding::Verdict;
+
+constexpr int kFirstYear = EnteredValues::kFirstYear;
+constexpr int kLastYear = 9999;
+constexpr qsizetype kNamed = 5;  ///< of what is at fault, so many are named
+
+/// What is at fault: its number, and the first of it by name.
+class CFaults {
+ public:
+    void Add(const QString& name) {
+        if (m_named.size() < kNamed) m_named.append(name);
+        ++m_count;
+    }
+    [[nodiscard]] bool IsEmpty() const { return m_count == 0; }
+    [[nodiscard]] int Count() const { return m_count; }
+    [[nodiscard]] QString Named() const {
+        return m_named.join(u", "_s) + (m_count > m_named.size() ? u", …"_s : QString());
+    }
+
+ private:
+    int m_count = 0;
+    QStringList m_named;
+};
+
+// --- Records
+
+/// A date that isn't set is none at fault: a record may have no day.
+bool IsPlausible(const RecordDate& date) {
+    if (!date.IsSet() && date.day < 1 && date.year < 1) return true;
+    return date.month >= 1 && date.month <= 12 && date.year >= kFirstYear && date.year <= kLastYear &&
+           date.day >= 1 && date.day <= DaysInMonth(date.month, date.year);
+}
+
+const RecordDate& DateOf(const CVORec& record) {
+    return record.Kind() == RecordKind::Time ? static_cast<const CTRecord&>(record).date
+                                             : static_cast<const CERecord&>(record).date;
+}
+
+/// Reads all records of a kind and looks at each.
+template <RecordMode Mode, Text AdviceOnDates>
+Finding ExamineRecords(const char* name, ReadingRoom& room) {
+    const RecordModeScope mode(Mode);
+    (void)room.prompt.TakeHeard();  // what the settings had to say is no matter of the records
+    room.document.LoadRecords(KindOf(Mode));
+    if (room.prompt.HasHeard() || room.store.m_lastError != 0)
+        return {name, Bad, room.prompt.TakeHeard(), LoadText(Text::CliAdviseStore)};
+    room.document.BuildVisible();
+    CFaults identities, dates;
+    room.document.ForEachVisible([&](const CVORec& record) {
+        if (!IsIdentity(record.GetId())) identities.Add(record.GetId());
+        if (!IsPlausible(DateOf(record))) dates.Add(record.GetId());
+    });
+    if (!identities.IsEmpty())
+        return {name, Bad, FormatText<Text::CliBadIdentities>(identities.Count(), identities.Named()),
+                LoadText(Text::CliAdviseIdentities)};
+    if (!dates.IsEmpty())
+        return {name, Bad, FormatText<Text::CliBadDates>(dates.Count(), dates.Named()),
+                LoadText(AdviceOnDates)};
+    return {name, Good, FormatText<Text::CliRecordsSound>(static_cast<int>(room.document.RecordCount()))};
+}
+
+/// The time records are loaded.
+Finding ExamineTimers(const char* name, ReadingRoom& room) {
+    if (!room.recordTimers.RestoreTimers())
+        return {name, Bad, LoadText(Text::CliTimersUnreadable), LoadText(Text::CliAdviseTimers)};
+    CFaults orphans;
+    for (int i = 0; i < room.timers.Count(); ++i)
+        if (!room.document.FindTime(room.timers.IdAt(i))) orphans.Add(room.timers.IdAt(i));
+    if (!orphans.IsEmpty())
+        return {name, Bad, FormatText<Text::CliOrphanTimers>(orphans.Count(), orphans.Named()),
+                LoadText(Text::CliAdviseOrphans)};
+    return {name, Good, FormatText<Text::CliTimersSound>(room.timers.Count())};
+}
+
+// --- Lists
+
+Finding ExamineItems(const char* name, ReadingRoom& room) {
+    CFaults strays;
+    int count = 0;
+    auto item = std::make_unique<CPRecord>();
+    QString id;
+    if (room.store.Query(room.store.SelectAll(RecordKind::PulldownItem)))
+        for (; room.store.NextRecord(*item, id, true); ++count, item = std::make_unique<CPRecord>()) {
+            const QString shown = u"%1 (%2)"_s.arg(item->GetText()).arg(item->listId);
+            if (!room.lists.Add(std::move(item))) strays.Add(shown);
+        }
+    if (room.prompt.HasHeard() || room.store.m_lastError != 0)
+        return {name, Bad, room.prompt.TakeHeard(), LoadText(Text::CliAdviseStore)};
+    if (!strays.IsEmpty())
+        return {name, Bad, FormatText<Text::CliUnknownLists>(strays.Count(), strays.Named()),
+                LoadText(Text::CliAdviseUnknownLists)};
+    return {name, Good, FormatText<Text::CliItemsSound>(count)};
+}
+
+/// The list items are known. Reads only: a set in the old form is converted by whoever loads it.
+template <DependencySet Set>
+Finding ExamineDependencies(const char* name, ReadingRoom& room) {
+    const StoredTree stored = DependencyStore(room.store).Read(Set);
+    const QString heard = room.prompt.TakeHeard();
+    if (stored.state == StoredTree::State::Failed) return {name, Bad, heard, LoadText(Text::CliAdviseStore)};
+    const auto tree =
+        stored.state == StoredTree::State::Damaged
+            ? std::nullopt
+            : TreeFromBytes(stored.bytes, [&](const QString& id) { return room.lists.FindById(id); });
+    if (!tree)
+        return {name, Bad, LoadText(Text::CliDependenciesDamaged), LoadText(Text::CliAdviseDependencies)};
+    int count = 0;
+    for (const auto* node = tree->Root().FirstChild(); node; node = DependencyTree::NextOf(*node)) ++count;
+    return {name, Good, FormatText<Text::CliDependenciesSound>(count)};
+}
+
+// --- Columns and defaults
+
+template <class Set, Text Name>
+Finding ExamineColumns(const char* name, ReadingRoom& room) {
+    QByteArray blob;
+    if (!room.settings.ReadBinary(LoadText(Name), blob, false))
+        return {name, Good, LoadText(Text::CliColumnsDefaults)};
+    if (Set().LoadBlob(blob)) return {name, Good, LoadText(Text::CliColumnsSound)};
+    return {name, Bad, LoadText(Text::CliColumnsDamaged), LoadText(Text::CliAdviseColumns)};
+}
+
+template <RecordMode Mode>
+Finding ExamineDefaults(const char* name, ReadingRoom& room) {
+    const NamedDefaults defaults(room.settings, room.document.Clock(), Mode);
+    CFaults damaged;
+    for (const QString& stored : defaults.Names())
+        if (!defaults.Read(stored, *NewRecord(KindOf(Mode)))) damaged.Add(stored);
+    if (!damaged.IsEmpty())
+        return {name, Bad, FormatText<Text::CliDefaultsDamaged>(damaged.Count(), damaged.Named()),
+                LoadText(Text::CliAdviseDefaults)};
+    return {name, Good, FormatText<Text::CliDefaultsSound>(static_cast<int>(defaults.Names().size()) - 1)};
+}
+
+using enum ExaminationNeeds;
+
+constexpr Examination kExaminations[] = {
+    {"time records", Store, ExamineRecords<RecordMode::Time, Text::CliAdviseDates>},
+    {"timers", SettingsBesideRecords, ExamineTimers},
+    {"expense records", Store, ExamineRecords<RecordMode::Expense, Text::CliAdviseExpenseDates>},
+    {"list items", Store, ExamineItems},
+    {"time dependencies", Store, ExamineDependencies<DependencySet::Time>},
+    {"expense dependencies", Store, ExamineDependencies<DependencySet::Expense>},
+    {"columns", Settings, ExamineColumns<CColSet, Text::ValueListColumns>},
+    {"tree levels", Settings, ExamineColumns<CTreeColSet, Text::ValueTreeColumns>},
+    {"time defaults", Settings, ExamineDefaults<RecordMode::Time>},
+    {"expense defaults", Settings, ExamineDefaults<RecordMode::Expense>},
+};
+
+}  // namespace
+
+std::span<const Examination> Examinations() {
+    return kExaminations;
+}

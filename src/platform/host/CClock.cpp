@@ -1,0 +1,21 @@
+#include "platform/host/CClock.h"
+
+#include <ctime>
+
+SYSTEMTIME CSystemClock::GetLocalTime() const {
+    timespec now{};
+    ::clock_gettime(CLOCK_REALTIME, &now);
+    std::tm parts{};
+    ::localtime_r(&now.tv_sec, &parts);
+    const auto word = [](long value) { return static_cast<std::uint16_t>(value); };
+    SYSTEMTIME time;
+    time.wYear = word(parts.tm_year + 1900L);
+    time.wMonth = word(parts.tm_mon + 1L);
+    time.wDayOfWeek = word(parts.tm_wday);
+    time.wDay = word(parts.tm_mday);
+    time.wHour = word(parts.tm_hour);
+    time.wMinute = word(parts.tm_min);
+    time.wSecond = word(parts.tm_sec > 59 ? 59L : parts.tm_sec);  // a leap second repeats the last one
+    time.wMilliseconds = word(now.tv_nsec / 1000000L);
+    return time;
+}

@@ -1,0 +1,145 @@
+#include "platform/host/CRegionalInfo.h"
+
+#include <QLocale>
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+/// The name of the locale in charge of a category: LC_ALL before the category's own before LANG.
+QByteArray LocaleName(const char* category) {
+    for (const char* variable : {"LC_ALL", category, "LANG"}) {
+        QByteArray name = qgetenv(variable);
+        if (!name.isEmpty()) return name;
+    }
+    return {};
+}
+
+/// The locale itself, from Qt's own data, so that it need not be generated on this machine. Nothing for "C",
+/// "POSIX" and names nobody knows.
+std::optional<QLocale> LocaleOf(const char* category) {
+    const QLocale locale(QString::fromUtf8(LocaleName(category)));
+    if (locale.language() == QLocale::C) return std::nullopt;
+    return locale;
+}
+
+/// A pattern without its quoted parts: "d 'de' MMMM" becomes "d  MMMM".
+QString WithoutQuoted(const QString& pattern) {
+    QString rest;
+    bool quoted = false;
+    for (const QChar sign : pattern) {
+        if (sign == u'\'') {
+            quoted = !quoted;
+        } else if (!quoted) {
+            rest += sign;
+        }
+    }
+    return rest;
+}
+
+QString DatePattern(const QLocale& locale) {
+    return WithoutQuoted(locale.dateFormat(QLocale::ShortFormat));
+}
+
+/// "M/d/yy" is month-day-year, "dd.MM.yy" day-month-year, "yyyy-MM-dd" year-month-day.
+QString DateOrderOf(const QLocale& locale) {
+    const QString pattern = DatePattern(locale);
+    const qsizetype day = pattern.indexOf(u'd');
+    const qsizetype month = pattern.indexOf(u'M');
+    const qsizetype year = pattern.indexOf(u'y');
+    if (year < day && year < month) return QStringLiteral("2");
+    return month < day ? QStringLiteral("0") : QStringLiteral("1");
+}
+
+/// The first sign between two parts of a date: the full stop in "d. M. yyyy".
+QString DateSeparatorOf(const QLocale& locale) {
+    const QString pattern = DatePattern(locale);
+    const auto isPart = [](QChar sign) { return sign == u'd' || sign == u'M' || sign == u'y'; };
+    const auto part = std::find_if(pattern.begin(), pattern.end(), isPart);
+    const auto behind = std::find_if_not(part, pattern.end(), isPart);
+    return behind == pattern.end() ? QString() : QString(*behind);
+}
+
+/// A pattern with a marker for AM and PM counts to 12, any other to 24.
+QString TimeFormatOf(const QLocale& locale) {
+    const QString pattern = WithoutQuoted(locale.timeFormat(QLocale::ShortFormat));
+    return pattern.contains(u'a', Qt::CaseInsensitive) ? QStringLiteral("0") : QStringLiteral("1");
+}
+
+/// Only the customary units of the United States count as not metric; the British locale says metric, as the
+/// C library's does.
+QString MeasureOf(const QLocale& locale) {
+    return locale.measurementSystem() == QLocale::ImperialUSSystem ? QStringLiteral("1")
+                                                                   : QStringLiteral("0");
+}
+
+QString DecimalSeparatorOf(const QLocale& locale) {
+    return locale.decimalPoint();
+}
+
+struct LocaleRow {
+    LocaleType type;
+    const char* category;
+    QString (*read)(const QLocale&);
+};
+/// The number of fraction digits has no row: the environment doesn't say it.
+constexpr LocaleRow kLocaleRows[] = {
+    {LocaleType::DecimalSeparator, "LC_NUMERIC", DecimalSeparatorOf},
+    {LocaleType::TimeFormat, "LC_TIME", TimeFormatOf},
+    {LocaleType::DateOrder, "LC_TIME", DateOrderOf},
+    {LocaleType::DateSeparator, "LC_TIME", DateSeparatorOf},
+    {LocaleType::Measure, "LC_MEASUREMENT", MeasureOf},
+};
+
+/// First character of a locale's answer, 0 when there is none.
+char16_t FirstOf(const CLocaleSource& source, LocaleType type) {
+    const std::optional<QString> text = source.GetLocaleInfo(type);
+    return text && !text->isEmpty() ? text->front().unicode() : u'\0';
+}
+
+/// Below 0 or no number counts as 2, above 6 as 6.
+int FractionDigits(const CLocaleSource& source) {
+    bool isNumber = false;
+    const int digits = source.GetLocaleInfo(LocaleType::FractionDigits).value_or(QString()).toInt(&isNumber);
+    return !isNumber || digits < 0 ? 2 : std::min(digits, 6);
+}
+
+const CRegionalInfo* g_region = nullptr;
+
+}  // namespace
+
+std::optional<QString> CUserLocale::GetLocaleInfo(LocaleType type) const {
+    for (const LocaleRow& row : kLocaleRows) {
+        if (row.type != type) continue;
+        const std::optional<QLocale> locale = LocaleOf(row.category);
+        return locale ? std::optional(row.read(*locale)) : std::nullopt;
+    }
+    return std::nullopt;
+}
+
+CRegionalInfo ReadRegionalInfo(const CLocaleSource& source) {
+    CRegionalInfo region;
+    if (const char16_t sign = FirstOf(source, LocaleType::DecimalSeparator)) region.decimalChar = sign;
+    region.usesDotDecimal = region.decimalChar == u'.';
+    region.is24Hour = FirstOf(source, LocaleType::TimeFormat) == u'1';
+    const char16_t order = FirstOf(source, LocaleType::DateOrder);
+    region.dateOrder = order == u'1' || order == u'2' ? order - u'0' : 0;
+    if (const char16_t sign = FirstOf(source, LocaleType::DateSeparator)) region.dateSeparator = sign;
+    region.fractionDigits = FractionDigits(source);
+    region.isMetric = FirstOf(source, LocaleType::Measure) == u'0';
+    return region;
+}
+
+const CRegionalInfo& TheRegion() {
+    if (g_region != nullptr) return *g_region;
+    static const CRegionalInfo users = ReadRegionalInfo(CUserLocale());
+    return users;
+}
+
+RegionScope::RegionScope(const CRegionalInfo& region) : m_region(region), m_previous(g_region) {
+    g_region = &m_region;
+}
+
+RegionScope::~RegionScope() {
+    g_region = m_previous;
+}

@@ -1,0 +1,47 @@
+#include "platform/sqlite/CStatementCache.h"
+
+#include <sqlite3.h>
+
+#include <iterator>
+
+namespace {
+
+constexpr std::size_t kMost = 64;
+
+}  // namespace
+
+CStatementCache::~CStatementCache() {
+    for (const Entry& entry : m_entries) sqlite3_finalize(entry.statement);
+}
+
+sqlite3_stmt* CStatementCache::Get(const QByteArray& sql) {
+    const auto found = m_places.constFind(sql);
+    if (found == m_places.constEnd()) return Prepare(sql);
+    m_entries.splice(m_entries.begin(), m_entries, *found);
+    sqlite3_stmt* statement = m_entries.front().statement;
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement);
+    return statement;
+}
+
+sqlite3_stmt* CStatementCache::Prepare(const QByteArray& sql) {
+    sqlite3_stmt* statement = nullptr;
+    const int result = sqlite3_prepare_v3(m_db, sql.constData(), static_cast<int>(sql.size()),
+                                          SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+    if (result != SQLITE_OK || statement == nullptr) return nullptr;
+    m_entries.push_front({sql, statement});
+    m_places.insert(sql, m_entries.begin());
+    if (m_entries.size() > kMost) DropOldest();
+    return statement;
+}
+
+/// One that is being stepped right now stays, and so does the newest.
+void CStatementCache::DropOldest() {
+    for (auto entry = std::prev(m_entries.end()); entry != m_entries.begin(); --entry) {
+        if (sqlite3_stmt_busy(entry->statement) != 0) continue;
+        sqlite3_finalize(entry->statement);
+        m_places.remove(entry->sql);
+        m_entries.erase(entry);
+        return;
+    }
+}

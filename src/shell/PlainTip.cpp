@@ -1,7 +1,0 @@
-#include "shell/PlainTip.h"
-
-#include <QTextDocument>
-
-QString PlainTip(const QString& text) {
-    return Qt::mightBeRichText(text) ? QStringLiteral("<span>%1</span>").arg(text.toHtmlEscaped()) : text;
-}

@@ -1,0 +1,175 @@
+#include "lang/LoadText.h"
+#include "shell/commands/CActions.h"
+#include "shell/commands/CPeriodButton.h"
+#include "viewmodel/commands/BarButtons.h"
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+#include <QStyle>
+#include <QThread>
+#include <QToolBar>
+#include <QToolButton>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// In place of a command's number: the period button.
+constexpr int kPeriod = -1;
+
+/// The period stands between the buttons of the former and the next one, as far as they are there.
+qsizetype PlaceOfPeriod(const QList<int>& buttons) {
+    const qsizetype next = buttons.indexOf(Command::kPeriodNext);
+    return next >= 0 ? next : buttons.indexOf(Command::kPeriodPrevious) + 1;
+}
+
+/// Dividing lines are the bar's own; commands and the period stay for the next time. The bar leaves its
+/// buttons to the event loop, as one of them may have called for this; buttons given up before that loop runs
+/// would stay hidden in the bar until the program ends, and screen readers would find each command twice.
+void Clear(QToolBar& bar) {
+    const bool isAtStart = QThread::currentThread()->loopLevel() == 0;
+    for (QAction* action : bar.actions()) {
+        QWidget* button = bar.widgetForAction(action);
+        const bool isOurs = qobject_cast<CPeriodButton*>(button);
+        bar.removeAction(action);
+        if (action->isSeparator()) delete action;
+        if (isAtStart && !isOurs) delete button;
+    }
+}
+
+}  // namespace
+
+QToolBar* CActions::MakeRow(const WrappedBar& bar) {
+    auto* row = new QToolBar(LoadText(bar.title), &m_window);
+    row->setObjectName(bar.rows.empty() ? bar.name : bar.name + u'.' + QString::number(bar.rows.size() + 1));
+    row->setAccessibleName(LoadText(bar.title));
+    // Shown and hidden by their commands, which remember it.
+    row->setContextMenuPolicy(Qt::PreventContextMenu);
+    row->toggleViewAction()->setVisible(false);
+    row->setMovable(false);
+    // The arrow for what doesn't fit, a single button at most, has no words of its own.
+    row->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s)->setAccessibleName(LoadText(bar.title));
+    return row;
+}
+
+void CActions::MakeBars() {
+    m_bars[Bar::Records] = {Text::BarRecords, u"toolBar101"_s, {}, {}, {}};
+    m_bars[Bar::Filters] = {Text::BarFilters, u"toolBar102"_s, {}, {}, {}};
+    for (auto& [which, bar] : m_bars) {
+        bar.rows.push_back(MakeRow(bar));
+        m_window.addToolBar(bar.rows.front());
+    }
+    m_period = new CPeriodButton(&FiltersBar());
+    m_periodPlace = FiltersBar().addWidget(m_period);
+    for (const Bar bar : {Bar::Records, Bar::Filters}) SetButtons(bar, FactoryButtons(bar));
+}
+
+void CActions::SetButtons(Bar which, const QList<int>& buttons) {
+    m_bars[which].buttons = buttons;
+    QList<int> elements = buttons;
+    if (which == Bar::Filters) elements.insert(PlaceOfPeriod(buttons), kPeriod);
+    Place(which, {elements});
+    WrapBar(which);
+}
+
+// --- Rows
+
+void CActions::Wrap(int width) {
+    m_width = width;
+    for (const Bar bar : {Bar::Records, Bar::Filters}) WrapBar(bar);
+}
+
+void CActions::WrapBar(Bar which) {
+    WrappedBar& bar = m_bars[which];
+    std::vector<QList<int>> rows(1);
+    const int room = RoomOnARow(*bar.rows.front());
+    int used = 0;
+    for (const QList<int>& shown : bar.shown)
+        for (const int element : shown) {
+            const int width = WidthOf(bar, element);
+            if (m_width > 0 && used > 0 && used + width > room) {
+                rows.emplace_back();
+                used = 0;
+            }
+            rows.back().append(element);
+            used += width;
+        }
+    if (rows != bar.shown) Place(which, rows);
+    for (std::size_t i = 1; i < bar.rows.size(); ++i) bar.rows[i]->setVisible(!bar.rows.front()->isHidden());
+}
+
+int CActions::RoomOnARow(const QToolBar& row) const {
+    const QStyle& style = *row.style();
+    return m_width - 2 * (style.pixelMetric(QStyle::PM_ToolBarItemMargin, nullptr, &row) +
+                          style.pixelMetric(QStyle::PM_ToolBarFrameWidth, nullptr, &row));
+}
+
+int CActions::WidthOf(const WrappedBar& bar, int element) const {
+    const QToolBar& first = *bar.rows.front();
+    const int space = first.style()->pixelMetric(QStyle::PM_ToolBarItemSpacing, nullptr, &first);
+    if (element == kDivider)
+        return space + first.style()->pixelMetric(QStyle::PM_ToolBarSeparatorExtent, nullptr, &first);
+    const QWidget* button = element == kPeriod ? m_period : nullptr;
+    for (const QToolBar* row : bar.rows)
+        if (QAction* action = Action(element); action && !button) button = row->widgetForAction(action);
+    return button ? space + button->sizeHint().width() : 0;
+}
+
+void CActions::Place(Bar which, const std::vector<QList<int>>& rows) {
+    WrappedBar& bar = m_bars[which];
+    for (QToolBar* row : bar.rows) Clear(*row);
+    while (bar.rows.size() > rows.size()) DropRow(bar);
+    while (bar.rows.size() < rows.size()) AddRow(which);
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        for (const int element : rows[i]) AddElement(*bar.rows[i], element);
+    bar.shown = rows;
+    NameButtons();
+}
+
+/// The rows of one bar lie one below the other, and those of the filters below those of the records.
+void CActions::AddRow(Bar which) {
+    WrappedBar& bar = m_bars[which];
+    QToolBar* row = MakeRow(bar);
+    if (which == Bar::Records)
+        m_window.insertToolBar(&FiltersBar(), row);
+    else
+        m_window.addToolBar(row);
+    m_window.insertToolBarBreak(row);
+    bar.rows.push_back(row);
+}
+
+void CActions::DropRow(WrappedBar& bar) {
+    m_window.removeToolBar(bar.rows.back());
+    bar.rows.back()->deleteLater();
+    bar.rows.pop_back();
+}
+
+void CActions::AddElement(QToolBar& bar, int element) {
+    if (element == kPeriod)
+        bar.addAction(m_periodPlace);
+    else if (element == kDivider)
+        bar.addSeparator();
+    else
+        AddButton(bar, element);
+}
+
+void CActions::AddButton(QToolBar& bar, int command) {
+    QAction* action = Action(command);
+    if (!action) return;
+    bar.addAction(action);
+    auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
+    button->setObjectName(QStringLiteral("button%1").arg(command));
+    if (const Menu under = MenuUnderButton(command); under != Menu::Help) {
+        button->setMenu(m_menus[under]);
+        button->setPopupMode(QToolButton::MenuButtonPopup);
+    }
+}
+
+void CActions::NameButtons() {
+    for (const auto& [which, bar] : m_bars)
+        for (const QToolBar* row : bar.rows)
+            for (const Made& made : m_made)
+                if (QWidget* button = row->widgetForAction(made.action))
+                    button->setAccessibleName(Words(*made.row).tip);
+}

@@ -1,0 +1,103 @@
+#include "shell/controls/CBoxPrompt.h"
+
+#include "lang/LoadText.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace {
+
+struct ButtonRow {
+    Answer answer;
+    QMessageBox::StandardButton button;
+};
+constexpr ButtonRow kButtons[] = {
+    {Answer::Ok, QMessageBox::Ok},         {Answer::Yes, QMessageBox::Yes},
+    {Answer::No, QMessageBox::No},         {Answer::Cancel, QMessageBox::Cancel},
+    {Answer::Abort, QMessageBox::Abort},   {Answer::Retry, QMessageBox::Retry},
+    {Answer::Ignore, QMessageBox::Ignore},
+};
+
+QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::OkCancel:
+            return QMessageBox::Ok | QMessageBox::Cancel;
+        case Buttons::YesNo:
+            return QMessageBox::Yes | QMessageBox::No;
+        case Buttons::YesNoCancel:
+            return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+        case Buttons::AbortRetryIgnore:
+            return QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+        default:
+            return QMessageBox::Ok;
+    }
+}
+
+QMessageBox::Icon IconOf(BoxIcon icon) {
+    switch (icon) {
+        case BoxIcon::Information:
+            return QMessageBox::Information;
+        case BoxIcon::Warning:
+            return QMessageBox::Warning;
+        case BoxIcon::Stop:
+            return QMessageBox::Critical;
+        case BoxIcon::Question:
+            return QMessageBox::Question;
+        default:
+            return QMessageBox::NoIcon;
+    }
+}
+
+QMessageBox::StandardButton ButtonOf(Answer answer) {
+    for (const ButtonRow& row : kButtons)
+        if (row.answer == answer) return row.button;
+    return QMessageBox::NoButton;
+}
+
+/// The window in front; a progress box, which hasn't the keyboard, counts too.
+QWidget* InFront() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal && modal->isVisible() ? modal : QApplication::activeWindow();
+}
+
+/// Escape and the box's close button answer what the harmless button answers.
+int Show(const MessageBox& box) {
+    QMessageBox shown(IconOf(box.icon), box.title, box.text, ButtonsOf(box.buttons), InFront());
+    shown.setObjectName(QStringLiteral("messageBox"));
+    shown.setTextFormat(Qt::PlainText);
+    shown.setTextInteractionFlags(Qt::TextSelectableByMouse);
+    if (QAbstractButton* yes = shown.button(QMessageBox::Yes); yes && !box.actionLabel.isEmpty()) {
+        yes->setText(box.actionLabel);
+        if (QAbstractButton* no = shown.button(QMessageBox::No)) no->setText(LoadText(Text::ActionCancel));
+    }
+    const QMessageBox::StandardButton harmless = ButtonOf(box.defaultAnswer);
+    if (shown.button(harmless)) {
+        shown.setDefaultButton(harmless);
+        shown.setEscapeButton(harmless);
+    }
+    return shown.exec();
+}
+
+}  // namespace
+
+Answer CBoxPrompt::Ask(const MessageBox& box) {
+    const int button = Show(box);
+    for (const ButtonRow& row : kButtons)
+        if (row.button == button) return row.answer;
+    return box.defaultAnswer;
+}
+
+void CBoxPrompt::Tell(const MessageBox& box) {
+    Show(box);
+}
+
+std::optional<QString> CBoxPrompt::ChooseFile(const FileChoice& choice) {
+    QWidget* parent = InFront();
+    const QString file =
+        choice.purpose == FileChoice::Purpose::Open
+            ? QFileDialog::getOpenFileName(parent, choice.title, choice.suggestedName, choice.filter)
+            : QFileDialog::getSaveFileName(parent, choice.title, choice.suggestedName, choice.filter);
+    return file.isEmpty() ? std::nullopt : std::optional(file);
+}

@@ -1,0 +1,56 @@
+#include "shell/frame/CFrameFilters.h"
+
+#include "app/CPulldownCatalogue.h"
+#include "app/CVelmarchDoc.h"
+#include "config/CCfgStore.h"
+#include "lang/FormatText.h"
+#include "shell/frame/CFrameDoor.h"
+#include "shell/controls/CPickDialog.h"
+#include "shell/frame/FrameAround.h"
+#include "shell/options/SettingSwitch.h"
+#include "viewmodel/commands/CommandWords.h"
+#include "viewmodel/commands/FilterCommands.h"
+
+namespace {
+
+QString NameOf(const FilterCommandRow& row, const CPulldownCatalogue* catalogue) {
+    const FieldLabels defaults;
+    return WordsOf(*FindCommand(row.command), theRecordMode == RecordMode::Time,
+                   catalogue ? catalogue->Labels() : defaults)
+        .name;
+}
+
+}  // namespace
+
+CFrameFilters::CFrameFilters(const FrameAround& around) : m_around(around), m_period(around.document) {}
+
+void CFrameFilters::FilterBy(int command) {
+    const FilterCommandRow* row = FindFilterCommand(command);
+    if (!row) return;
+    if (theRecordMode == RecordMode::Time)
+        Pick(*row, m_around.document.Filter());
+    else
+        Pick(*row, m_around.document.FilterOfExpenses());
+}
+
+template <class Filter>
+void CFrameFilters::Pick(const FilterCommandRow& row, Filter filter) {
+    const bool isText = row.list != 0;
+    const QStringList choices = FilterChoices(row, m_around.catalogue);
+    const bool isEmpty = isText && choices.size() == 1;
+    const std::optional<int> picked =
+        RunPickDialog(&m_around.door.Window(),
+                      {.title = FormatText<Text::PickTitle>(NameOf(row, m_around.catalogue)),
+                       .rows = choices,
+                       .present = PresentChoice(row, filter, choices),
+                       .hasSearch = isText,
+                       .note = isEmpty ? LoadText(Text::PickNoItems) : QString()},
+                      m_around.settings.Profile());
+    if (picked && ApplyChoice(row, filter, choices, *picked)) m_period.ApplyFilter(filter);
+}
+
+void CFrameFilters::ToggleDependencies() {
+    CCfgStore& settings = m_around.settings;
+    settings.useDependencies = !settings.useDependencies;
+    SaveSetting(QStringLiteral("useDependencies"), settings, m_around.prompt);
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "viewmodel/commands/CPeriodCommands.h"
+
+struct FilterCommandRow;
+struct FrameAround;
+
+/// The commands that choose which records and which list items are shown.
+class CFrameFilters {
+ public:
+    explicit CFrameFilters(const FrameAround& around);
+
+    [[nodiscard]] CPeriodCommands& Period() { return m_period; }
+    /// Lets the user pick the value of the condition that a command stands for.
+    void FilterBy(int command);
+    /// Whether lists offer only what goes with the items above. Kept at once.
+    void ToggleDependencies();
+
+ private:
+    template <class Filter>
+    void Pick(const FilterCommandRow& row, Filter filter);
+
+    const FrameAround& m_around;
+    CPeriodCommands m_period;
+};

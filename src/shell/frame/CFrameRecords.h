@@ -1,0 +1,28 @@
+#pragma once
+
+#include "viewmodel/commands/CRecordCommands.h"
+
+struct FrameAround;
+
+/// The commands that make, change and delete records, those of their timers among them.
+class CFrameRecords {
+ public:
+    explicit CFrameRecords(const FrameAround& around);
+
+    /// flags: QuickFlag.
+    void QuickEntry(int flags);
+    void EditSelected();
+    /// Through the dialog, then into the store.
+    void Edit(const QString& id);
+    void CopySelected();
+    void DeleteSelected();
+    void MarkSelected(int mark);
+    /// action: a TimerAction.
+    void ApplyTimers(int action);
+    void StopTimers();
+    void PauseTimers();
+
+ private:
+    const FrameAround& m_around;
+    CRecordCommands m_commands;
+};

@@ -1,0 +1,412 @@
+#include "shell/frame/CMainFrame.h"
+
+#include "app/CVelmarchApp.h"
+#include "calendar/NumberText.h"
+#include "lang/LoadText.h"
+#include "shell/commands/CActions.h"
+#include "shell/controls/CCalendarPopup.h"
+#include "shell/tree/CDataTreeView.h"
+#include "shell/list/CEmptyNote.h"
+#include "shell/program/CEventPump.h"
+#include "shell/frame/CPanes.h"
+#include "shell/commands/CPeriodButton.h"
+#include "shell/frame/CProgressBox.h"
+#include "shell/list/CRecordListView.h"
+#include "shell/list/CStatusBar.h"
+#include "shell/look/Glyphs.h"
+#include "shell/look/IconTheme.h"
+#include "shell/look/LegiblePalette.h"
+#include "shell/frame/WindowMemory.h"
+#include "viewmodel/list/CRecordListModel.h"
+#include "viewmodel/program/CTimerTicker.h"
+#include "viewmodel/program/CViewHub.h"
+#include "viewmodel/program/PeriodMemory.h"
+#include "timers/CRecordTimers.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QStackedWidget>
+#include <QToolBar>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr QSize kStartSize(1000, 680);
+constexpr QSize kLeastSize(480, 360);
+/// A selection of at most so many records is taken up again after the list was rebuilt.
+constexpr int kKeptSelection = 1000;
+/// The menu at a node of the data tree.
+constexpr int kTreeMenu[] = {Command::kTreeExpandAll, 32861, 32862, 32863, Command::kTreeColumns};
+
+}  // namespace
+
+/// While it lives, records are being read or changed and no command is offered.
+class CMainFrame::BusyScope {
+ public:
+    explicit BusyScope(CMainFrame& frame) : m_frame(frame) {
+        if (++m_frame.m_busy == 1) m_frame.UpdateActions();
+    }
+    ~BusyScope() {
+        if (--m_frame.m_busy == 0) m_frame.UpdateActions();
+    }
+    BusyScope(const BusyScope&) = delete;
+    BusyScope& operator=(const BusyScope&) = delete;
+
+ private:
+    CMainFrame& m_frame;
+};
+
+CMainFrame::CMainFrame(const Surroundings& around) : m_around(around) {
+    setObjectName(u"mainFrame"_s);
+    // The title is how other processes find the window: it never changes.
+    setWindowTitle(LoadText(Text::ProgramTitle));
+    setWindowIcon(Glyphs::ProgramIcon());
+    setMinimumSize(kLeastSize);
+    resize(kStartSize.boundedTo(screen()->availableSize()));
+    setContextMenuPolicy(Qt::NoContextMenu);
+    MakePanes();
+    m_actions = new CActions(*this);
+    MakeCommands();
+    RestoreLayout();
+    m_around.timers.RestoreTimers();
+    RestorePeriod(m_around.app.Profile(), m_around.app.Document().CurrentFilter(),
+                  m_around.app.Document().PeriodNeeds());
+    Connect();
+    m_around.hub.Attach(*this);
+    m_around.hub.Attach(*m_status);
+    ShowListOrNote();
+    UpdateActions();
+}
+
+CMainFrame::~CMainFrame() {
+    m_around.hub.Detach(*m_status);
+    m_around.hub.Detach(*this);
+}
+
+void CMainFrame::MakePanes() {
+    CVelmarchDoc& document = m_around.app.Document();
+    CCfgStore& settings = m_around.app.Settings();
+    m_model = new CRecordListModel(document, m_around.timers.Set(), settings, this);
+    m_view = new CRecordListView(*m_model, settings, this);
+    m_note = new CEmptyNote(this);
+    m_pane = new QStackedWidget(this);
+    m_pane->setObjectName(u"pane1"_s);
+    m_pane->addWidget(m_note);
+    m_pane->addWidget(m_view);
+    m_tree = new CDataTreeView(document, settings, m_around.prompt, this);
+    m_panes = new CPanes(*m_tree, *m_pane, this);
+    setCentralWidget(m_panes);
+    m_status = new CStatusBar(document,
+                              {.count = [this] { return IsListInFront() ? m_view->SelectedCount() : 0; },
+                               .each = [this](const auto& visit) { m_view->ForEachSelected(visit); }},
+                              this);
+    setStatusBar(m_status);
+    m_ticker = new CTimerTicker(
+        m_around.timers.Set(), *m_model, [this] { return m_view->RowsInSight(); }, this);
+    m_progress = std::make_unique<CProgressBox>(*this);
+}
+
+void CMainFrame::MakeCommands() {
+    m_commands = std::make_unique<CFrameCommands>(CommandNeeds());
+}
+
+FrameAround CMainFrame::CommandNeeds() {
+    return {
+        .document = m_around.app.Document(),
+        .timers = m_around.timers,
+        .settings = m_around.app.Settings(),
+        .prompt = m_around.prompt,
+        .progress = *m_progress,
+        .clock = m_around.clock,
+        .model = *m_model,
+        .view = *m_view,
+        .door = *this,
+        .home = m_around.app.Home(),
+        .editRecord = [this](CVORec& record) { return m_around.edit(this, record); },
+        .options = [this] { return m_around.options(this); },
+        .switchMode = [this](RecordMode mode) { SwitchMode(mode); },
+        .tree = m_panes,
+        .fillFromDefaults = [this](CVORec& record) { return m_around.defaults(this, record, true); },
+        .runDefaults = [this] { EditDefaults(); },
+        .catalogue = &m_around.app.Catalogue(),
+        .actions = m_actions,
+        .state = [this] { return State(); },
+        .runCommand = [this](int command) { RunCommand(command); },
+    };
+}
+
+void CMainFrame::Connect() {
+    connect(m_actions, &CActions::Triggered, this, &CMainFrame::RunCommand);
+    connect(m_note, &CEmptyNote::CommandWanted, this, &CMainFrame::RunCommand);
+    connect(m_view, &CRecordListView::SelectionChanged, this,
+            [this] { m_around.hub.NotifyViews(Hint::SelectionChanged, {}); });
+    connect(m_view, &CRecordListView::EditWanted, this, [this](const QString& id) {
+        if (!IsBusy()) m_commands->EditRecord(id);
+    });
+    connect(m_view, &CRecordListView::ColumnResized, this, [this] { m_commands->PersistLayout(); });
+    connect(m_view, &CRecordListView::MenuWanted, this,
+            [this](const QPoint& at) { m_actions->ContextMenu().popup(at); });
+    connect(m_tree, &CDataTreeView::SelectionMoved, this, &CMainFrame::UpdateActions);
+    connect(m_tree, &CDataTreeView::MenuWanted, this, &CMainFrame::ShowTreeMenu);
+    connect(new QShortcut(QKeySequence(Qt::Key_F6), this), &QShortcut::activated, m_panes, &CPanes::NextPane);
+    CPeriodButton& period = m_actions->PeriodButton();
+    connect(&period, &CPeriodButton::PresetChosen, this,
+            [this](int preset) { m_commands->Period().Preset(preset); });
+    connect(&period, &CPeriodButton::AllChosen, this, [this] { m_commands->Period().All(); });
+    connect(&period, &CPeriodButton::DayWanted, this, [this] { PickDay(); });
+}
+
+void CMainFrame::RunCommand(int command) {
+    const CommandState state = State();
+    const CommandRow* row = RouteCommand(command, state);
+    if (row && IsOffered(*row, state)) {
+        // Leaving isn't work that something else has to wait for.
+        if (row->run == Run::Exit) return m_commands->Run(*row);
+        m_commands->Run(*row);
+    }
+    UpdateActions();
+}
+
+bool CMainFrame::IsListInFront() const {
+    return m_pane->currentWidget() == m_view;
+}
+
+CommandState CMainFrame::State() const {
+    const bool listIsActive = IsListInFront();
+    CommandState state{.listIsActive = listIsActive,
+                       .busy = IsBusy(),
+                       .selected = listIsActive ? m_view->SelectedCount() : 0,
+                       .listed = m_model->rowCount(),
+                       .listLayout = static_cast<int>(m_model->Layout()),
+                       .bar1Shown = m_actions->RecordsBar().isVisibleTo(this),
+                       .bar2Shown = m_actions->FiltersBar().isVisibleTo(this),
+                       .statusBarShown = m_status->isVisibleTo(this)};
+    if (m_commands) m_commands->Describe(state);
+    return state;
+}
+
+void CMainFrame::NotifyViews(Hint hint, const QStringList& ids) {
+    if (hint == Hint::Clear || hint == Hint::Rebuild) KeepPlace();
+    if (hint != Hint::SelectionChanged) TellList(hint, ids);
+    m_tree->OnHint(hint, ids);
+    if (hint == Hint::AboutToGo) m_around.hub.NotifyViews(Hint::SelectionChanged, {});
+    if (hint == Hint::Rebuild) TakeUpList();
+    m_ticker->Reconsider();
+    ShowListOrNote();
+    UpdateActions();
+}
+
+/// Rows that go take the whole selection with them; that it changed is said once, however the rows went.
+void CMainFrame::TellList(Hint hint, const QStringList& ids) {
+    if (hint != Hint::AboutToGo) return m_model->OnHint(hint, ids);
+    const QSignalBlocker quiet(m_view);
+    m_model->OnHint(hint, ids);
+    m_view->SelectNone();
+}
+
+void CMainFrame::TakeUpList() {
+    m_view->ApplyLayout();
+    for (QWidget* widget : {static_cast<QWidget*>(m_tree), static_cast<QWidget*>(m_status)})
+        if (widget->font() != m_view->font()) widget->setFont(m_view->font());
+    TakePlaceUp();
+}
+
+void CMainFrame::RebuildList() {
+    KeepPlace();
+    m_model->Rebuild();
+    TakeUpList();
+    m_ticker->Reconsider();
+    m_around.hub.NotifyViews(Hint::SelectionChanged, {});
+}
+
+/// The list is rebuilt for many reasons; whoever looks at it shouldn't lose the place.
+void CMainFrame::KeepPlace() {
+    if (m_model->rowCount() == 0) return;
+    m_keptSelection = m_view->SelectedCount() <= kKeptSelection ? m_view->SelectedIds() : QStringList();
+    const QModelIndex current = m_view->currentIndex();
+    m_keptCurrent = current.isValid() ? m_model->IdAt(current.row()) : QString();
+}
+
+void CMainFrame::TakePlaceUp() {
+    if (!m_keptSelection.isEmpty()) m_view->SelectIds(m_keptSelection);
+    const std::vector<int> current =
+        m_keptCurrent.isEmpty() ? std::vector<int>() : m_model->RowsOf({m_keptCurrent});
+    const int row = current.empty() ? 0 : current.front();
+    if (m_model->rowCount() > 0 && m_keptSelection.isEmpty())
+        m_view->selectionModel()->setCurrentIndex(m_model->index(row, 0), QItemSelectionModel::NoUpdate);
+}
+
+void CMainFrame::Refresh() {
+    if (IsBusy()) return;
+    {
+        const BusyScope busy(*this);
+        ShowListOrNote();
+        m_around.app.LoadStep();
+        m_isLoading = false;
+    }
+    ShowListOrNote();
+}
+
+void CMainFrame::ShowListOrNote() {
+    CVelmarchDoc& document = m_around.app.Document();
+    const bool narrowed = theRecordMode == RecordMode::Time ? HasConditions(document.Filter())
+                                                            : HasConditions(document.FilterOfExpenses());
+    const EmptyReason reason = WhyEmpty(static_cast<std::size_t>(m_model->rowCount()), document.RecordCount(),
+                                        m_isLoading || IsBusy(), narrowed);
+    const bool showsList = m_model->rowCount() > 0;
+    if (!showsList) m_note->Show(reason, document.CurrentFilter().displayName);
+    QWidget* wanted = showsList ? static_cast<QWidget*>(m_view) : m_note;
+    m_pane->setFocusProxy(wanted);  // for whoever brings the keyboard to the pane
+    if (m_pane->currentWidget() == wanted) return;
+    const bool treeHasFocus = m_tree->hasFocus();
+    m_pane->setCurrentWidget(wanted);
+    if (!treeHasFocus) wanted->setFocus();
+}
+
+void CMainFrame::UpdateActions() {
+    m_actions->Update(State());
+    const PeriodFilter& filter = m_around.app.Document().CurrentFilter();
+    m_actions->PeriodButton().ShowPeriod(filter.displayName, filter.preset);
+}
+
+void CMainFrame::RestoreLayout() {
+    const WindowMemory memory(m_around.app.Profile());
+    m_status->setVisible(memory.IsShown(Text::SectionStatusBar));
+    m_actions->RecordsBar().setVisible(memory.IsShown(Text::SectionBar1));
+    m_actions->FiltersBar().setVisible(memory.IsShown(Text::SectionBar2));
+    restoreGeometry(memory.Binary(Text::EntryGeometry));
+    m_panes->restoreState(memory.Panes());
+    m_panes->Stack(memory.ArePanesStacked());
+    m_panes->Show(memory.IsShown(Text::SectionPanes));
+    m_view->ApplyLayout();
+}
+
+void CMainFrame::KeepLayout() {
+    WindowMemory memory(m_around.app.Profile());
+    memory.KeepShown(Text::SectionStatusBar, m_status->isVisibleTo(this));
+    memory.KeepShown(Text::SectionBar2, m_actions->FiltersBar().isVisibleTo(this));
+    memory.KeepShown(Text::SectionBar1, m_actions->RecordsBar().isVisibleTo(this));
+    memory.KeepBinary(Text::EntryGeometry, saveGeometry());
+    memory.KeepShown(Text::SectionPanes, m_panes->IsWanted());
+    memory.KeepPanes(m_panes->saveState(), m_panes->IsStacked());
+    memory.KeepListStyle(m_model->Layout());
+    memory.KeepView();
+}
+
+void CMainFrame::KeepEverything() {
+    m_around.timers.SaveTimers();
+    KeepLayout();
+    StorePeriod(m_around.app.Profile(), m_around.app.Document().CurrentFilter());
+    NoteMode(m_around.app.Settings());
+}
+
+void CMainFrame::ComeForward() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+    QApplication::alert(this);
+}
+
+void CMainFrame::SwitchMode(RecordMode mode) {
+    if (IsBusy()) return;
+    {
+        const BusyScope busy(*this);
+        ShowListOrNote();
+        m_around.app.Document().SwitchMode(mode, [this] { m_view->CaptureWidths(); });
+    }
+    ShowListOrNote();
+    UpdateActions();
+}
+
+void CMainFrame::EditDefaults() {
+    CVORec* working =
+        theRecordMode == RecordMode::Time ? static_cast<CVORec*>(theTimeEntry) : theExpenseEntry;
+    if (working) static_cast<void>(m_around.defaults(this, *working, false));
+}
+
+void CMainFrame::ShowTreeMenu(const QPoint& at) {
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const int command : kTreeMenu)
+        if (QAction* action = m_actions->Action(command)) menu->addAction(action);
+    UpdateActions();
+    menu->popup(at);
+}
+
+void CMainFrame::ToggleBar1() {
+    m_actions->RecordsBar().setVisible(m_actions->RecordsBar().isHidden());
+    WrapBars();
+}
+
+void CMainFrame::ToggleBar2() {
+    m_actions->FiltersBar().setVisible(m_actions->FiltersBar().isHidden());
+    WrapBars();
+}
+
+void CMainFrame::ToggleStatusBar() {
+    m_status->setVisible(m_status->isHidden());
+}
+
+/// The two bars share a row where both fit, else the second goes below the first, and each takes the rows it
+/// needs.
+void CMainFrame::WrapBars() {
+    m_actions->Wrap(width());
+    QToolBar &first = m_actions->RecordsBar(), &second = m_actions->FiltersBar();
+    const int needed = first.sizeHint().width() + second.sizeHint().width();
+    const bool areLong = m_actions->RowsOf(Bar::Records) > 1 || m_actions->RowsOf(Bar::Filters) > 1;
+    const bool breaks = first.isVisibleTo(this) && second.isVisibleTo(this) && (areLong || needed > width());
+    if (breaks == toolBarBreak(&second)) return;
+    if (breaks)
+        insertToolBarBreak(&second);
+    else
+        removeToolBarBreak(&second);
+}
+
+void CMainFrame::PickDay() {
+    CVelmarchDoc& document = m_around.app.Document();
+    DateTimeVal day;
+    if (!day.ParseDateText(document.CurrentFilter().startText, TheRegion(), m_around.clock))
+        day.SetToday(m_around.clock);
+    auto* popup = new CCalendarPopup(day, m_around.app.Settings().firstDayOfWeek, this);
+    popup->setAttribute(Qt::WA_DeleteOnClose);
+    popup->setAccessibleName(LoadText(Text::DayPopup));
+    const auto apply = [this](const DateTimeVal& picked) {
+        m_commands->Period().Day(FormatDate(TheRegion(), picked.month, picked.day, picked.year));
+    };
+    connect(popup, &CCalendarPopup::Picked, this, apply);
+    connect(popup, &CCalendarPopup::TodayWanted, this,
+            [this] { m_commands->Period().Preset(PeriodCode::kToday); });
+    const QWidget& button = m_actions->PeriodButton();
+    const bool underButton = button.isVisible();
+    popup->move(underButton ? button.mapToGlobal(QPoint(0, button.height()))
+                            : mapToGlobal(QPoint(0, menuBar()->height())));
+    popup->show();
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event) {
+    // A load that is still running ends after its present record.
+    m_around.pump.AskToQuit();
+    event->accept();
+}
+
+void CMainFrame::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || !m_actions) return;
+    MakePaletteLegible();
+    ChooseIconTheme();
+    m_actions->RefreshIcons();
+    m_view->ApplyLayout();
+    ShowListOrNote();
+}
+
+void CMainFrame::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (m_actions) WrapBars();
+}

@@ -1,0 +1,112 @@
+#pragma once
+
+#include "app/Hints.h"
+#include "app/RecordMode.h"
+#include "shell/frame/CFrameCommands.h"
+#include "shell/frame/CFrameDoor.h"
+
+#include <QMainWindow>
+#include <memory>
+
+class CActions;
+class CCalendarPopup;
+class CDataTreeView;
+class CEmptyNote;
+class CEventPump;
+class CPanes;
+class CProgressBox;
+class CRecordListModel;
+class CRecordListView;
+class CRecordTimers;
+class CStatusBar;
+class CTimerTicker;
+class CVelmarchApp;
+class CViewHub;
+class QStackedWidget;
+
+/// The one top-level window. It builds the panes, makes the actions and connects them; the work is done by
+/// the classes it holds.
+class CMainFrame final : public QMainWindow, public CViewNotifier, private CFrameDoor {
+    Q_OBJECT
+
+ public:
+    /// All must outlive the frame.
+    struct Surroundings {
+        CVelmarchApp& app;
+        CRecordTimers& timers;
+        CViewHub& hub;
+        CPrompt& prompt;
+        CEventPump& pump;
+        const CClock& clock;
+        /// Lets the user edit a record of either kind, or change the settings; true when accepted.
+        std::function<bool(QWidget* parent, CVORec& record)> edit;
+        std::function<bool(QWidget* parent)> options;
+        /// The stored defaults, to manage them or with isChoosing to fill the record from one: true then.
+        std::function<bool(QWidget* parent, CVORec& working, bool isChoosing)> defaults;
+    };
+    explicit CMainFrame(const Surroundings& around);
+    ~CMainFrame() override;
+
+    /// The load step, with the window on screen.
+    void Refresh() override;
+    /// At the end: timers, layout and period are kept. Before the settings are closed.
+    void KeepEverything();
+    void ComeForward();
+    /// Shows the records of a mode; those of the mode in use are read again.
+    void SwitchMode(RecordMode mode);
+    [[nodiscard]] bool IsBusy() const { return m_busy > 0; }
+
+    void NotifyViews(Hint hint, const QStringList& ids) override;
+    /// Carries a command out as a menu would: the view first, then the frame, if it is offered.
+    void RunCommand(int command);
+    [[nodiscard]] CommandState State() const;
+
+ protected:
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+ private:
+    class BusyScope;
+    void MakePanes();
+    [[nodiscard]] FrameAround CommandNeeds();
+    void EditDefaults();
+    void ShowTreeMenu(const QPoint& at);
+    void MakeCommands();
+    void Connect();
+    void RestoreLayout();
+    void KeepLayout();
+    void RebuildList() override;
+    void TellList(Hint hint, const QStringList& ids);
+    void TakeUpList();
+    [[nodiscard]] bool IsListInFront() const;
+    void ShowListOrNote();
+    void UpdateActions();
+    void WrapBars();
+    void KeepPlace();
+    void TakePlaceUp();
+
+    [[nodiscard]] QWidget& Window() override { return *this; }
+    void ToggleBar1() override;
+    void ToggleBar2() override;
+    void ToggleStatusBar() override;
+    void PickDay() override;
+    void Leave() override { close(); }
+
+    Surroundings m_around;
+    int m_busy = 0;
+    bool m_isLoading = true;  ///< until the first load step has run
+    QStringList m_keptSelection;
+    QString m_keptCurrent;
+    CRecordListModel* m_model = nullptr;
+    CRecordListView* m_view = nullptr;
+    CEmptyNote* m_note = nullptr;
+    QStackedWidget* m_pane = nullptr;
+    CDataTreeView* m_tree = nullptr;
+    CPanes* m_panes = nullptr;
+    CStatusBar* m_status = nullptr;
+    CActions* m_actions = nullptr;
+    CTimerTicker* m_ticker = nullptr;
+    std::unique_ptr<CProgressBox> m_progress;
+    std::unique_ptr<CFrameCommands> m_commands;
+};

@@ -1,0 +1,71 @@
+#include "shell/frame/CPanes.h"
+
+#include "shell/tree/CDataTreeView.h"
+
+#include <QResizeEvent>
+
+namespace {
+/// Panes narrower than this leave too little for a list beside the tree.
+constexpr int kWideEnough = 600;
+constexpr int kTreeShare = 1, kListShare = 3;
+constexpr int kTreeWidth = 240, kListWidth = 760;
+}  // namespace
+
+CPanes::CPanes(CDataTreeView& tree, QWidget& list, QWidget* parent)
+    : QSplitter(parent), m_tree(tree), m_list(list) {
+    setObjectName(QStringLiteral("panes"));
+    setChildrenCollapsible(false);
+    addWidget(&m_tree);
+    addWidget(&m_list);
+    setStretchFactor(0, kTreeShare);
+    setStretchFactor(1, kListShare);
+    setSizes({kTreeWidth, kListWidth});
+}
+
+bool CPanes::IsShown() const {
+    return !m_tree.isHidden();
+}
+
+void CPanes::Show(bool isShown) {
+    m_isWanted = isShown;
+    m_isInsisted = isShown;
+    Follow();
+    if (!isShown) m_list.setFocus();
+}
+
+void CPanes::Stack(bool isStacked) {
+    setOrientation(isStacked ? Qt::Vertical : Qt::Horizontal);
+    Follow();
+}
+
+void CPanes::Follow() {
+    const bool hasRoom = IsStacked() || width() >= kWideEnough;
+    m_tree.setVisible(m_isWanted && (hasRoom || m_isInsisted));
+}
+
+void CPanes::resizeEvent(QResizeEvent* event) {
+    QSplitter::resizeEvent(event);
+    if (width() >= kWideEnough) m_isInsisted = false;
+    Follow();
+}
+
+bool CPanes::HasNode() const {
+    return IsShown() && m_tree.HasNode();
+}
+
+bool CPanes::CanExpand() const {
+    return IsShown() && m_tree.CanExpand();
+}
+
+void CPanes::ExpandAll() {
+    m_tree.ExpandAll();
+}
+
+bool CPanes::FillRecord(CVORec& record) const {
+    return m_tree.FillRecord(record);
+}
+
+void CPanes::NextPane() {
+    const bool toTree = IsShown() && !m_tree.hasFocus();
+    (toTree ? static_cast<QWidget&>(m_tree) : m_list).setFocus(Qt::TabFocusReason);
+}

@@ -1,0 +1,97 @@
+#include "shell/list/CEmptyNote.h"
+
+#include "lang/FormatText.h"
+#include "shell/look/Glyphs.h"
+#include "viewmodel/commands/CommandTable.h"
+
+#include <QEvent>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int kPicture = 64;
+
+struct Offer {
+    int command;
+    Text button;
+    const char* icon;
+};
+
+Offer OfferFor(EmptyReason reason) {
+    switch (reason) {
+        case EmptyReason::InPeriod:
+            return {Command::kPeriodAll, Text::ButtonShowAll, "view-calendar"};
+        case EmptyReason::Filtered:
+            return {Command::kClearFilter, Text::ButtonClearFilter, "edit-clear-all"};
+        default:
+            return {Command::kNew, Text::ButtonNew, "document-new"};
+    }
+}
+
+QString SentenceFor(EmptyReason reason, const QString& period) {
+    switch (reason) {
+        case EmptyReason::Loading:
+            return LoadText(Text::EmptyLoading);
+        case EmptyReason::InPeriod:
+            return FormatText<Text::EmptyInPeriod>(period);
+        case EmptyReason::Filtered:
+            return FormatText<Text::EmptyFiltered>(period);
+        default:
+            return LoadText(Text::EmptyNoRecords);
+    }
+}
+
+}  // namespace
+
+CEmptyNote::CEmptyNote(QWidget* parent)
+    : QWidget(parent),
+      m_picture(new QLabel(this)),
+      m_sentence(new QLabel(this)),
+      m_button(new QPushButton(this)) {
+    setObjectName(u"emptyNote"_s);
+    m_picture->setObjectName(u"emptyPicture"_s);
+    m_sentence->setObjectName(u"emptySentence"_s);
+    m_button->setObjectName(u"emptyButton"_s);
+    m_picture->setAlignment(Qt::AlignCenter);
+    m_sentence->setAlignment(Qt::AlignCenter);
+    m_sentence->setWordWrap(true);
+    m_sentence->setTextFormat(Qt::PlainText);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(16);
+    layout->addStretch(2);
+    layout->addWidget(m_picture);
+    layout->addWidget(m_sentence);
+    layout->addWidget(m_button, 0, Qt::AlignHCenter);
+    layout->addStretch(3);
+    connect(m_button, &QPushButton::clicked, this, [this] { Q_EMIT CommandWanted(m_command); });
+    ApplyLook();
+}
+
+void CEmptyNote::Show(EmptyReason reason, const QString& period) {
+    const Offer offer = OfferFor(reason);
+    m_command = offer.command;
+    m_sentence->setText(SentenceFor(reason, period));
+    m_button->setVisible(reason != EmptyReason::Loading);
+    m_button->setText(LoadText(offer.button));
+    m_button->setAccessibleName(LoadText(offer.button));
+    m_button->setIcon(QIcon::fromTheme(QString::fromLatin1(offer.icon)));
+    setFocusProxy(m_button);
+}
+
+void CEmptyNote::ApplyLook() {
+    const QColor ink = palette().color(QPalette::Disabled, QPalette::Text);
+    m_picture->setPixmap(Glyphs::Picture(Glyph::ModeTime, kPicture, devicePixelRatioF(), ink,
+                                         palette().color(QPalette::Base)));
+}
+
+void CEmptyNote::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) ApplyLook();
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "viewmodel/list/EmptyReason.h"
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+/// Stands in the list's place while it shows nothing: why that is so, and a button for the one useful thing.
+class CEmptyNote final : public QWidget {
+    Q_OBJECT
+
+ public:
+    explicit CEmptyNote(QWidget* parent = nullptr);
+
+    /// period: its name, for the sentence.
+    void Show(EmptyReason reason, const QString& period);
+
+ Q_SIGNALS:
+    /// The command that the button stands for.
+    void CommandWanted(int command);
+
+ protected:
+    void changeEvent(QEvent* event) override;
+
+ private:
+    void ApplyLook();
+
+    QLabel* m_picture;
+    QLabel* m_sentence;
+    QPushButton* m_button;
+    int m_command = 0;
+};

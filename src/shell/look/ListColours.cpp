@@ -1,0 +1,71 @@
+#include "shell/look/ListColours.h"
+
+#include "config/Settings.h"
+
+#include <QPalette>
+
+namespace {
+
+/// share 0: all of a, 1: all of b.
+QColor Mix(const QColor& a, const QColor& b, double share) {
+    const auto part = [share](int from, int to) { return static_cast<int>(from + (to - from) * share); };
+    return {part(a.red(), b.red()), part(a.green(), b.green()), part(a.blue(), b.blue())};
+}
+
+struct ColourRow {
+    std::uint32_t Settings::*member;
+    QColor ListColours::*target;
+    double towardsText;  ///< the dark match: so far from the window's colour to the text's
+};
+constexpr ColourRow kGrounds[] = {
+    {&Settings::alternateRowColour, &ListColours::alternate, 0.05},
+    {&Settings::gridLineColour, &ListColours::grid, 0.16},
+};
+
+struct LineRow {
+    std::uint32_t Settings::*member;
+    QRgb dark;
+};
+constexpr LineRow kLines[] = {
+    {&Settings::lineColour1, 0xFFF2F2F5},
+    {&Settings::lineColour2, 0xFFB4B3D2},
+    {&Settings::lineColour3, 0xFF9C9CCB},
+    {&Settings::lineColour4, 0xFFA0A0A0},
+};
+
+}  // namespace
+
+QColor ColourOfSetting(std::uint32_t value) {
+    return {static_cast<int>(value & 0xFF), static_cast<int>(value >> 8 & 0xFF),
+            static_cast<int>(value >> 16 & 0xFF)};
+}
+
+bool IsDark(const QPalette& palette) {
+    return palette.color(QPalette::Base).lightness() < palette.color(QPalette::Text).lightness();
+}
+
+ListColours MakeListColours(const Settings& settings, const QPalette& palette) {
+    static const Settings defaults;
+    const bool dark = IsDark(palette);
+    ListColours colours;
+    colours.window = palette.color(QPalette::Base);
+    for (const ColourRow& row : kGrounds) {
+        const bool replace = dark && settings.*row.member == defaults.*row.member;
+        colours.*row.target = replace ? Mix(colours.window, palette.color(QPalette::Text), row.towardsText)
+                                      : ColourOfSetting(settings.*row.member);
+    }
+    for (std::size_t line = 0; line < colours.lines.size(); ++line) {
+        const LineRow& row = kLines[line];
+        const bool replace = dark && settings.*row.member == defaults.*row.member;
+        colours.lines[line] = replace ? QColor(row.dark) : ColourOfSetting(settings.*row.member);
+    }
+    colours.highlight = palette.color(QPalette::Active, QPalette::Highlight);
+    colours.highlightText = palette.color(QPalette::Active, QPalette::HighlightedText);
+    colours.highlightNoFocus = palette.color(QPalette::Inactive, QPalette::Highlight);
+    colours.highlightTextNoFocus = palette.color(QPalette::Inactive, QPalette::HighlightedText);
+    if (colours.highlightNoFocus == colours.highlight) {
+        colours.highlightNoFocus = Mix(colours.window, colours.highlight, 0.35);
+        colours.highlightTextNoFocus = palette.color(QPalette::Text);
+    }
+    return colours;
+}

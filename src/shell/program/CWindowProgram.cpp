@@ -1,0 +1,211 @@
+#include "shell/program/CWindowProgram.h"
+
+#include "app/CVelmarchApp.h"
+#include "lang/FormatText.h"
+#include "platform/host/CClock.h"
+#include "platform/host/CInstallLocation.h"
+#include "platform/instance/CInstance.h"
+#include "platform/instance/CInstanceChannel.h"
+#include "platform/host/CLauncher.h"
+#include "shell/look/AccessibleRoles.h"
+#include "shell/program/CAboutDialog.h"
+#include "shell/controls/CBoxPrompt.h"
+#include "shell/record/CDefaultsDialog.h"
+#include "shell/program/CEventPump.h"
+#include "shell/frame/CMainFrame.h"
+#include "shell/options/COptionsDialog.h"
+#include "shell/program/CQuitSignals.h"
+#include "shell/record/EditRecord.h"
+#include "shell/look/IconTheme.h"
+#include "shell/look/LegiblePalette.h"
+#include "viewmodel/program/CInstanceHost.h"
+#include "viewmodel/program/CStartCheck.h"
+#include "viewmodel/program/CViewHub.h"
+#include "timers/CRecordTimers.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTimer>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+
+using namespace std::chrono_literals;
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kFailed = 1;
+constexpr int kUsage = 2;
+
+void Print(std::FILE* stream, const QString& text) {
+    const QByteArray line = text.toLocal8Bit() + '\n';
+    std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stream);
+}
+
+/// The library lies beside the program; the application object that knows where isn't made yet.
+QString ProgramFolder() {
+    return FolderOf(ModulePath());
+}
+
+bool HasDisplay(const QStringList& arguments) {
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || arguments.contains(u"-platform"_s);
+}
+
+/// A display that is named but can't be reached: Qt would abort, with advice for its own developers.
+void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (type == QtFatalMsg) {
+        Print(stderr, LoadText(Text::NoDisplay));
+        std::_Exit(kFailed);
+    }
+    if (!QByteArray(context.category).startsWith("qt.qpa")) Print(stderr, message);
+}
+
+/// Another window of this home is there: it comes forward, and this process ends.
+int RaiseOther(const QString& home) {
+    CInstanceClient other;
+    if (other.FindWindow(home, LoadText(Text::ProgramTitle)) && !other.Post(InstanceCommand::kRaise))
+        return kDone;  // it is just ending
+    return kDone;
+}
+
+/// Does something as soon as nobody is at work in a dialog or a menu.
+void WhenFree(QObject* context, const std::function<void()>& work) {
+    if (!QApplication::activeModalWidget() && !QApplication::activePopupWidget()) return work();
+    QTimer::singleShot(1s, context, [context, work] { WhenFree(context, work); });
+}
+
+/// A while after the start, when the first clicks are done.
+void LookOverLater(CStartCheck& check, QObject* context, const QString& home) {
+    QTimer::singleShot(3s, context,
+                       [&check, home] { check.Begin(ProgramFolder() + u"/velmarch-cli"_s, home); });
+}
+
+}  // namespace
+
+CWindowProgram::CWindowProgram(int& argc, char** argv) : m_argc(argc), m_argv(argv) {}
+
+int CWindowProgram::Run() {
+    if (!LoadLanguageLibrary(ProgramFolder())) return kFailed;  // there is no text to say why
+    QStringList arguments;
+    for (int i = 1; i < m_argc; ++i) arguments.append(QString::fromLocal8Bit(m_argv[i]));
+    const bool isClear = ReadOptions(arguments);
+    if (FindVerb(arguments)) return RunVerb(arguments);
+    if (!isClear) {
+        Print(stderr, m_complaint);
+        return kUsage;
+    }
+    if (m_wantsHelp || m_wantsVersion) return RunConsolePart();
+    if (!HasDisplay(arguments)) {
+        Print(stderr, LoadText(Text::NoDisplay));
+        return kFailed;
+    }
+    return RunWindow();
+}
+
+/// What Qt knows (-style, -platform and so on) is left to it.
+bool CWindowProgram::ReadOptions(const QStringList& arguments) {
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        const QString& token = arguments[i];
+        if (token == u"--help"_s || token == u"-h"_s) {
+            m_wantsHelp = true;
+        } else if (token == u"--version"_s) {
+            m_wantsVersion = true;
+        } else if (token.startsWith(u"--home="_s)) {
+            m_home = token.mid(7);
+        } else if (token == u"--home"_s && i + 1 < arguments.size()) {
+            m_home = arguments[++i];
+        } else if (token == u"--home"_s) {
+            m_complaint = LoadText(Text::HomeNeedsFolder);
+        } else if (token.startsWith(u"--"_s)) {
+            m_complaint = FormatText<Text::UnknownOption>(token);
+        }
+    }
+    return m_complaint.isEmpty();
+}
+
+int CWindowProgram::RunConsolePart() {
+    Print(stdout,
+          m_wantsHelp ? LoadText(Text::HelpUsage) : LoadText(Text::ProgramTitle) + u' ' + VersionLine());
+    return kDone;
+}
+
+/// A verb acts on the window of this home if there is one, and ends in silence if there is none.
+int CWindowProgram::RunVerb(const QStringList& arguments) const {
+    const Verb verb = *FindVerb(arguments);
+    // Nothing has to be registered with a synchronisation here.
+    if (verb == Verb::RegisterSync) return kDone;
+    const QString named = m_home.isEmpty() ? qEnvironmentVariable("VELMARCH_HOME") : m_home;
+    const QString home = named.isEmpty() ? ReadInstallLocation().directory : QDir(named).canonicalPath();
+    CInstanceClient other;
+    if (home.isEmpty() || !other.FindWindow(home, LoadText(Text::ProgramTitle))) return kDone;
+    const bool isHeard = verb == Verb::Shutdown ? other.Send(InstanceCommand::kExit).has_value()
+                                                : other.Post(InstanceCommand::kSyncEnd);
+    return isHeard ? kDone : kFailed;
+}
+
+int CWindowProgram::RunWindow() {
+    const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
+    QApplication qt(m_argc, m_argv);
+    InstallAccessibleRoles();
+    qInstallMessageHandler(usual);
+    QApplication::setApplicationName(LoadText(Text::ProgramTitle));
+    QApplication::setDesktopFileName(u"velmarch"_s);
+    MakePaletteLegible();
+    ChooseIconTheme();
+
+    CSystemClock clock;
+    CBoxPrompt prompt;
+    CEventPump pump;
+    CViewHub hub;
+    CVelmarchApp app({clock, prompt, pump, hub});
+    if (!app.ResolveHome(m_home)) return kFailed;
+    CInstance instance;
+    if (instance.Take(QString::fromLatin1(CVelmarchApp::kMutexName), app.Home()) ==
+        CInstance::Outcome::AlreadyExists)
+        return RaiseOther(app.Home());
+    // Without the settings' file the window works with what memory holds; the user has been told.
+    static_cast<void>(app.OpenSettings());
+    if (!app.OpenStore()) return kFailed;
+
+    ActiveTimerSet timerSet(clock);
+    CRecordTimers timers(timerSet, app.Document(), app.Settings());
+    app.Document().SetTimers(&timers);
+    const RecordDialogSurroundings dialog{app.Document(), timers, app.Settings(),
+                                          prompt,         clock,  app.Catalogue()};
+    auto frame = std::make_unique<CMainFrame>(CMainFrame::Surroundings{
+        app, timers, hub, prompt, pump, clock,
+        [&dialog](QWidget* parent, CVORec& record) { return EditRecord(parent, record, dialog); },
+        [&app, &prompt](QWidget* parent) {
+            return RunOptionsDialog(parent, app.Settings(), prompt, &app.Catalogue().Labels());
+        },
+        [&dialog](QWidget* parent, CVORec& working, bool isChoosing) {
+            return RunDefaultsDialog(parent, working, isChoosing, dialog);
+        }});
+    CInstanceHost host({app.Document(), timers, app.Settings(), [&frame] { frame->Refresh(); },
+                        [&frame] { frame->ComeForward(); }, [&frame] { frame->close(); },
+                        [&frame] { return frame->IsBusy(); },
+                        [] { return QApplication::activeModalWidget() != nullptr; },
+                        [&app] { app.LoadLists(); }});
+    if (!host.Listen(app.Home(), LoadText(Text::ProgramTitle)))
+        Print(stderr, FormatText<Text::ChannelFailed>(host.Error()));
+    const CQuitSignals signals([&frame] { frame->close(); });
+    CProcessLauncher launcher;
+    CStartCheck check(
+        {launcher, prompt, [&frame](const std::function<void()>& work) { WhenFree(frame.get(), work); }});
+    frame->show();
+    // The records come with the window on the screen.
+    QTimer::singleShot(0, frame.get(), [&] {
+        frame->Refresh();
+        LookOverLater(check, frame.get(), app.Home());
+    });
+    const int code = QApplication::exec();
+
+    frame->KeepEverything();
+    app.Document().SetTimers(nullptr);
+    frame.reset();
+    app.CloseSettings();
+    return code;
+}

@@ -1,0 +1,129 @@
+#include "shell/record/CExpenseDialog.h"
+
+#include "app/ListTable.h"
+#include "config/CCfgStore.h"
+#include "entry/CCatalogueKeeper.h"
+#include "entry/KeepInLists.h"
+#include "lang/LoadText.h"
+#include "shell/controls/CDateEdit.h"
+#include "shell/record/CExpenseItemsPage.h"
+#include "shell/record/CExpenseMoneyPage.h"
+#include "shell/look/CMnemonics.h"
+#include "shell/record/CNotesPage.h"
+#include "shell/record/COdometerDialog.h"
+#include "shell/look/DialogSize.h"
+#include "shell/look/FormRows.h"
+#include "shell/options/SettingSwitch.h"
+
+#include <QDialogButtonBox>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace {
+
+QString SizeSection() {
+    return QStringLiteral("ExpenseDialog");
+}
+constexpr QSize kUsualSize{560, 420};
+constexpr int kNotesName = 137;
+
+}  // namespace
+
+CExpenseDialog::CExpenseDialog(const RecordDialogSurroundings& around, QWidget* parent)
+    : QDialog(parent), m_around(around), m_fields(around.catalogue, RecordMode::Expense, around.settings) {
+    setObjectName(QStringLiteral("expenseDialog"));
+    setWindowTitle(LoadText(Text::ExpenseDialogTitle));
+    BuildPages();
+    // A page that was called by its tab or its mnemonic has the focus in its first field.
+    connect(m_pages, &QTabWidget::currentChanged, this, [this] { m_pages->currentWidget()->setFocus(); });
+    connect(m_money, &CExpenseMoneyPage::OdometerWanted, this, &CExpenseDialog::OpenOdometer);
+    RecordDialogParts::AcceptByCtrlReturn(*this);
+    RestoreDialogSize(*this, m_around.settings.Profile(), SizeSection(), kUsualSize);
+}
+
+/// The pages work on what this object holds, so they go before it.
+CExpenseDialog::~CExpenseDialog() {
+    delete m_pages;
+}
+
+/// What is in sight on every page takes its mnemonics first; each page shares out the rest by itself.
+void CExpenseDialog::BuildPages() {
+    CMnemonics mnemonics;
+    QDialogButtonBox* buttons = MakeDialogButtons(*this, Text::DialogSave, mnemonics);
+    const QString money = mnemonics.Take(LoadText(Text::PageMoney));
+    const QString items = mnemonics.Take(LoadText(Text::PageItems));
+    const QString notes = mnemonics.Take(LoadText(Text::PageNotes));
+    m_pages = new QTabWidget;
+    NameWidget(*m_pages, QStringLiteral("pages"), LoadText(Text::ExpenseDialogTitle));
+    auto* column = new QVBoxLayout(this);
+    column->setSpacing(kFormSpace);
+    column->addWidget(m_pages);
+    m_money = new CExpenseMoneyPage(m_around, m_fields, mnemonics);
+    m_items = new CExpenseItemsPage(m_around, m_fields, mnemonics);
+    m_notes = new CNotesPage(RecordDialogParts::LabelOf(m_around.catalogue, kNotesName));
+    m_pages->addTab(m_money, money);
+    m_pages->addTab(m_items, items);
+    m_pages->addTab(m_notes, notes);
+    column->addSpacing(kFormSpace);
+    column->addWidget(buttons);
+}
+
+void CExpenseDialog::SetDraft(const CERecord& record) {
+    m_draft.Copy(record);
+    m_money->ShowRecord(record);
+    m_items->ShowRecord(record);
+    m_notes->SetNotes(record.notes);
+    m_pages->setCurrentWidget(m_money);
+    RecordDialogParts::AskAgain(*m_money->DateField());
+}
+
+/// It opens on what the page shows. Cancelled, it has changed nothing.
+void CExpenseDialog::OpenOdometer() {
+    CERecord record;
+    record.Copy(m_draft);
+    const ExpenseEntryRules::MoneyPage page = m_money->Page();
+    ExpenseEntryRules::TakeDistance(record, page.distance, page.rate);
+    ExpenseEntryRules::Odometer odometer = ExpenseEntryRules::OpenOdometer(record, m_around.settings);
+    const QStringList itemPath = m_fields.PathOf(ListId::kDistanceRate);
+    if (!RunOdometerDialog(this, odometer, itemPath, m_around)) return;
+    ExpenseEntryRules::AcceptOdometer(record, odometer, m_around.settings);
+    SaveSetting(QStringLiteral("odometerLastEnd"), m_around.settings, m_around.prompt);
+    m_draft.Copy(record);
+    m_money->ShowDistance(m_draft);
+}
+
+bool CExpenseDialog::DateIsReadable() {
+    CDateEdit& date = *m_money->DateField();
+    if (date.IsReadable() && date.GetDate()) return true;
+    if (date.IsReadable())
+        RecordDialogParts::TellRefused(m_around.prompt, static_cast<int>(Text::DateMissing),
+                                       LoadText(Text::DateMissing));
+    else
+        RecordDialogParts::TellRefused(m_around.prompt, date.UnreadableTextId(), date.WhyUnreadable());
+    m_pages->setCurrentWidget(m_money);
+    RecordDialogParts::AskAgain(date);
+    return false;
+}
+
+void CExpenseDialog::accept() {
+    if (!DateIsReadable()) return;
+    CCatalogueKeeper lists(m_around.catalogue);
+    const KeepInLists keep(m_around.settings, lists);
+    ExpenseEntryRules::AcceptMoneyPage(m_draft, m_money->Page(), keep);
+    ExpenseEntryRules::AcceptItemsPage(m_draft, m_items->Page(), keep);
+    m_draft.notes = m_notes->GetNotes();
+    QDialog::accept();
+}
+
+void CExpenseDialog::done(int result) {
+    KeepDialogSize(*this, m_around.settings.Profile(), SizeSection());
+    QDialog::done(result);
+}
+
+bool RunExpenseDialog(QWidget* parent, CERecord& record, const RecordDialogSurroundings& around) {
+    CExpenseDialog dialog(around, parent);
+    dialog.SetDraft(record);
+    if (dialog.exec() != QDialog::Accepted) return false;
+    record.Copy(dialog.GetDraft());
+    return true;
+}

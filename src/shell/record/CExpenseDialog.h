@@ -1,0 +1,47 @@
+#pragma once
+
+#include "records/CERecord.h"
+#include "shell/controls/CItemFields.h"
+#include "shell/record/RecordDialogParts.h"
+
+#include <QDialog>
+
+class CExpenseItemsPage;
+class CExpenseMoneyPage;
+class CNotesPage;
+class QTabWidget;
+
+/// Edits one expense on three pages, Money, Items and Notes. It carries what is entered to the rules of
+/// entry; the store is the caller's affair.
+class CExpenseDialog final : public QDialog {
+    Q_OBJECT
+
+ public:
+    explicit CExpenseDialog(const RecordDialogSurroundings& around, QWidget* parent = nullptr);
+    ~CExpenseDialog() override;
+
+    void SetDraft(const CERecord& record);
+    /// The record as edited, once the dialog was accepted.
+    [[nodiscard]] const CERecord& GetDraft() const { return m_draft; }
+
+    /// Refused in words, and the dialog stays open, while the date is missing or can't be read.
+    void accept() override;
+    void done(int result) override;
+
+ private:
+    void BuildPages();
+    [[nodiscard]] bool DateIsReadable();
+    void OpenOdometer();
+
+    RecordDialogSurroundings m_around;
+    CERecord m_draft;
+    CItemFields m_fields;
+    QTabWidget* m_pages = nullptr;
+    CExpenseMoneyPage* m_money = nullptr;
+    CExpenseItemsPage* m_items = nullptr;
+    CNotesPage* m_notes = nullptr;
+};
+
+/// Lets the user edit the expense; true when accepted, and only then the record is changed.
+[[nodiscard]] bool RunExpenseDialog(QWidget* parent, CERecord& record,
+                                    const RecordDialogSurroundings& around);

@@ -1,0 +1,129 @@
+#include "shell/record/CExpenseItemsPage.h"
+
+#include "app/ListTable.h"
+#include "lang/LoadText.h"
+#include "records/CERecord.h"
+#include "shell/record/CCodedTextDialog.h"
+#include "shell/controls/CItemCombo.h"
+#include "shell/controls/CItemFields.h"
+#include "shell/look/CMnemonics.h"
+#include "shell/look/FormRows.h"
+#include "shell/record/RecordDialogParts.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QPushButton>
+#include <iterator>
+
+using ExpenseEntryRules::ItemsPage;
+using RecordDialogParts::LabelOf;
+
+namespace {
+
+struct ItemRow {
+    int field;
+    int list;
+    QString CERecord::*value;
+    QString ItemsPage::*entered;
+};
+constexpr ItemRow kItems[] = {
+    {131, ListId::kClient, &CERecord::item1, &ItemsPage::item1},
+    {132, ListId::kProject, &CERecord::item2, &ItemsPage::item2},
+    {133, ListId::kExpenseItem3, &CERecord::item3, &ItemsPage::item3},
+    {134, ListId::kExpenseItem4, &CERecord::item4, &ItemsPage::item4},
+};
+
+struct FlagRow {
+    int field;
+    bool CERecord::*value;
+    bool ItemsPage::*entered;
+    int needs;  ///< the flag that must be on, -1 for none
+};
+constexpr FlagRow kFlags[] = {
+    {138, &CERecord::flag1, &ItemsPage::flag1, -1}, {139, &CERecord::flag2, &ItemsPage::flag2, 0},
+    {141, &CERecord::flag3, &ItemsPage::flag3, -1}, {142, &CERecord::flag4, &ItemsPage::flag4, 2},
+    {140, &CERecord::flag5, &ItemsPage::flag5, -1},
+};
+
+}  // namespace
+
+CExpenseItemsPage::CExpenseItemsPage(const RecordDialogSurroundings& around, const CItemFields& fields,
+                                     CMnemonics mnemonics)
+    : m_around(around) {
+    setObjectName(QStringLiteral("itemsPage"));
+    auto* form = new QGridLayout(this);
+    form->setSpacing(kFormSpace);
+    PlanMnemonics(mnemonics);
+    AddItems(*form, fields, mnemonics);
+    setFocusProxy(m_items.front());
+    form->setRowMinimumHeight(form->rowCount(), kFormSpace);
+    AddFlags(*form, mnemonics);
+    form->setColumnStretch(1, 1);
+    form->setRowStretch(form->rowCount(), 1);
+}
+
+/// Labels that users name themselves may leave few letters to share.
+void CExpenseItemsPage::PlanMnemonics(CMnemonics& mnemonics) const {
+    QStringList texts;
+    for (const ItemRow& row : kItems) texts << LabelOf(m_around.catalogue, row.field);
+    texts << LoadText(Text::CodesButton);
+    for (const FlagRow& row : kFlags) texts << LabelOf(m_around.catalogue, row.field);
+    mnemonics.Plan(texts);
+}
+
+void CExpenseItemsPage::AddItems(QGridLayout& form, const CItemFields& fields, CMnemonics& mnemonics) {
+    for (std::size_t i = 0; i < std::size(kItems); ++i)
+        m_items[i] = fields.AddRow(form, kItems[i].list, LabelOf(m_around.catalogue, kItems[i].field),
+                                   QStringLiteral("item%1Field").arg(i + 1), mnemonics);
+    auto* codes = new QPushButton(mnemonics.Give(LoadText(Text::CodesButton)));
+    NameWidget(*codes, QStringLiteral("codesButton"), LoadText(Text::CodesTitle));
+    codes->setAutoDefault(false);
+    form.addWidget(codes, form.rowCount() - 1, 2);
+    connect(codes, &QPushButton::clicked, this, &CExpenseItemsPage::EditCodes);
+}
+
+/// A flag that needs another one stands beside it.
+void CExpenseItemsPage::AddFlags(QGridLayout& form, CMnemonics& mnemonics) {
+    auto* flags = new QGridLayout;
+    flags->setHorizontalSpacing(3 * kFormSpace);
+    int row = -1;
+    for (std::size_t i = 0; i < std::size(kFlags); ++i) {
+        const bool isSecond = kFlags[i].needs >= 0;
+        if (!isSecond) ++row;
+        m_flags[i] = MakeCheckBox(LabelOf(m_around.catalogue, kFlags[i].field),
+                                  QStringLiteral("flag%1Box").arg(i + 1), mnemonics);
+        flags->addWidget(m_flags[i], row, isSecond ? 1 : 0);
+        connect(m_flags[i], &QCheckBox::clicked, this, &CExpenseItemsPage::ShowEnabled);
+    }
+    flags->setColumnStretch(1, 1);
+    form.addLayout(flags, form.rowCount(), 1, 1, 2);
+}
+
+void CExpenseItemsPage::ShowEnabled() {
+    for (std::size_t i = 0; i < std::size(kFlags); ++i) {
+        if (kFlags[i].needs < 0) continue;
+        const bool isOn = m_flags[static_cast<std::size_t>(kFlags[i].needs)]->isChecked();
+        m_flags[i]->setEnabled(isOn);
+        if (!isOn) m_flags[i]->setChecked(false);
+    }
+}
+
+void CExpenseItemsPage::EditCodes() {
+    CodedItems texts;
+    for (std::size_t i = 0; i < m_items.size(); ++i) texts[i] = m_items[i]->Text();
+    if (!RunCodedTextDialog(this, texts, m_around)) return;
+    for (std::size_t i = 0; i < m_items.size(); ++i) m_items[i]->ShowText(texts[i]);
+}
+
+void CExpenseItemsPage::ShowRecord(const CERecord& record) {
+    for (std::size_t i = 0; i < std::size(kItems); ++i) m_items[i]->ShowText(record.*kItems[i].value);
+    for (std::size_t i = 0; i < std::size(kFlags); ++i) m_flags[i]->setChecked(record.*kFlags[i].value);
+    ShowEnabled();
+}
+
+ItemsPage CExpenseItemsPage::Page() const {
+    ItemsPage page;
+    for (std::size_t i = 0; i < std::size(kItems); ++i) page.*kItems[i].entered = m_items[i]->Text();
+    for (std::size_t i = 0; i < std::size(kFlags); ++i) page.*kFlags[i].entered = m_flags[i]->isChecked();
+    return page;
+}

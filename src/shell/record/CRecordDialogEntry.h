@@ -1,0 +1,56 @@
+#pragma once
+
+#include "entry/TimeEntryRules.h"
+#include "shell/controls/CItemFields.h"
+
+#include <QWidget>
+#include <array>
+
+class CItemCombo;
+class CMnemonics;
+class CRecordDraft;
+class QCheckBox;
+class QGridLayout;
+struct RecordDialogSurroundings;
+
+/// The page with the five items, the money and the flags, called as the user calls them. Rate and amount
+/// follow one another while typing.
+class CRecordDialogEntry final : public QWidget {
+    Q_OBJECT
+
+ public:
+    CRecordDialogEntry(CRecordDraft& draft, const RecordDialogSurroundings& around, CMnemonics mnemonics);
+
+    /// Shows all of a record that has just come.
+    void ShowRecord();
+    /// After a change of the times: shows which of rate and amount was computed; what was typed stays as
+    /// typed.
+    void ShowComputed();
+    /// What the page holds, for the rule that accepts it.
+    [[nodiscard]] TimeEntryRules::EntryPage Page() const;
+
+ Q_SIGNALS:
+    void Changed();  ///< the record's money changed
+
+ private:
+    using EnterMoney = bool (*)(CTRecord& record, const QString& text);
+
+    void AddItems(QGridLayout& form, CMnemonics& mnemonics);
+    void AddMoney(QGridLayout& form, CMnemonics& mnemonics);
+    [[nodiscard]] QString LabelOf(int field) const;
+    void PlanMnemonics(CMnemonics& mnemonics) const;
+    void Wire();
+    void Enter(CItemCombo& typed, EnterMoney rule);
+    void SwitchBillable(bool isBillable);
+    void ShowMoney(const CItemCombo* typed);
+    void ShowEnabled();
+
+    CRecordDraft& m_draft;
+    const RecordDialogSurroundings& m_around;
+    CItemFields m_fields;
+    std::array<CItemCombo*, 5> m_items{};
+    QCheckBox* m_billable = nullptr;
+    CItemCombo* m_rate = nullptr;
+    CItemCombo* m_amount = nullptr;
+    QCheckBox* m_billed = nullptr;
+};

@@ -1,0 +1,227 @@
+#include "shell/record/CRecordDialogTime.h"
+
+#include "app/CVelmarchApp.h"
+#include "config/CCfgStore.h"
+#include "entry/TimeEntryRules.h"
+#include "lang/FormatText.h"
+#include "records/CTRecord.h"
+#include "shell/controls/CDateEdit.h"
+#include "shell/look/CMnemonics.h"
+#include "shell/controls/CSpanEdit.h"
+#include "shell/controls/CTimeEdit.h"
+#include "shell/look/FormRows.h"
+#include "shell/options/SettingSwitch.h"
+#include "viewmodel/fields/SpanPad.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <algorithm>
+
+/// A time of day: where the record has it, what rounds it, which rule takes it.
+struct CRecordDialogTime::TimeRow {
+    TimeField field;
+    const char* name;
+    Text label;
+    std::int32_t Settings::*roundType;
+    std::int32_t Settings::*roundMinutes;
+    bool (CTRecord::*get)(int& hour, int& minute, bool& isPm) const;
+    void (*enter)(CTRecord&, const std::optional<DateTimeVal>&, const Settings&);
+};
+
+/// A length of time: where the record has it and which rule takes it.
+struct CRecordDialogTime::SpanRow {
+    const char* name;
+    Text label;
+    SpanField SpanSet::*field;
+    void (*enter)(CTRecord&, const std::optional<EnteredSpan>&, const Settings&);
+};
+
+namespace {
+
+constexpr int kAmountName = 115;
+
+using namespace RecordDialogParts;
+
+/// The steps of a field are those of its rounding, if it is rounded at all.
+int StepOf(int roundType, int roundMinutes) {
+    return std::min(PickStep(roundType, roundMinutes), 60);
+}
+
+std::optional<EnteredSpan> SpanOf(const SpanField& span) {
+    if (!span.IsSet()) return {};
+    return EnteredSpan{span.hours, span.minutes};
+}
+
+void EnterDay(CTRecord& record, const std::optional<DateTimeVal>& day) {
+    if (day)
+        record.date.Set(day->month, day->day, day->year);
+    else
+        record.date.Reset();
+}
+
+void EnterTypedDuration(CTRecord& record, const std::optional<EnteredSpan>& span, const Settings& settings) {
+    TimeEntryRules::EnterDuration(record, span, settings);
+}
+
+QString NetText(const SpanField& net) {
+    return net.IsSet() ? FormatText<Text::NetWithHours>(net.clockText, net.decimal.text) : net.clockText;
+}
+
+QLabel* AddSum(QGridLayout& form, int row, const QString& caption, const char* name) {
+    constexpr int kSumColumn = 3;
+    form.addWidget(new QLabel(caption), row, kSumColumn);
+    auto* value = new QLabel;
+    QFont font = value->font();
+    font.setBold(true);
+    value->setFont(font);
+    value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    NameWidget(*value, QString::fromLatin1(name), caption);
+    form.addWidget(value, row, kSumColumn + 1);
+    return value;
+}
+
+}  // namespace
+
+CRecordDialogTime::CRecordDialogTime(CRecordDraft& draft, const RecordDialogSurroundings& around,
+                                     CMnemonics mnemonics)
+    : m_draft(draft), m_around(around), m_settings(around.settings) {
+    setObjectName(QStringLiteral("timePage"));
+    auto* form = new QGridLayout(this);
+    form->setSpacing(kFormSpace);
+    AddFields(*form, mnemonics);
+    AddSums(*form);
+    form->setRowMinimumHeight(form->rowCount(), kFormSpace);
+    AddSwitch(*form, "lockDurationOnTimeEdit", LoadText(Text::OptLockDuration), mnemonics);
+    AddSwitch(*form, "accumulateOnReentry", LoadText(Text::OptAccumulate), mnemonics);
+    setFocusProxy(m_day.edit);
+    form->setColumnMinimumWidth(2, kFormSpace);
+    form->setColumnStretch(1, 2);
+    form->setColumnStretch(4, 3);
+    form->setRowStretch(form->rowCount(), 1);
+}
+
+void CRecordDialogTime::AddFields(QGridLayout& form, CMnemonics& mnemonics) {
+    AddDate(form, mnemonics);
+    const TimeRow times[] = {
+        {TimeField::Start, "startField", Text::LabelStart, &Settings::roundStartType,
+         &Settings::roundStartMinutes, &CTRecord::GetStart, &TimeEntryRules::EnterStart},
+        {TimeField::End, "endField", Text::LabelEnd, &Settings::roundEndType, &Settings::roundEndMinutes,
+         &CTRecord::GetEnd, &TimeEntryRules::EnterEnd},
+    };
+    for (const TimeRow& row : times) AddTime(form, row, mnemonics);
+    const SpanRow spans[] = {
+        {"durationField", Text::LabelDuration, &SpanSet::duration, &EnterTypedDuration},
+        {"breakField", Text::LabelBreak, &SpanSet::breakTime, &TimeEntryRules::EnterBreak},
+    };
+    for (const SpanRow& row : spans) AddSpan(form, row, mnemonics);
+}
+
+void CRecordDialogTime::AddDate(QGridLayout& form, CMnemonics& mnemonics) {
+    m_day = AddDateRow(form, m_around, mnemonics);
+    AddField({m_day.edit, [this](const CTRecord& record) { m_day.edit->SetDate(DayOf(record.date)); },
+              [this](CTRecord& record) { EnterDay(record, m_day.edit->GetDate()); }, false});
+}
+
+void CRecordDialogTime::AddTime(QGridLayout& form, const TimeRow& row, CMnemonics& mnemonics) {
+    const int step = StepOf(m_settings.*row.roundType, m_settings.*row.roundMinutes);
+    auto* edit = new CTimeEdit(FieldRegion(m_settings),
+                               {row.field, *theClockEntry, m_around.clock, m_around.prompt}, step);
+    const int place = form.rowCount();
+    AddLabel(form, place, LoadText(row.label), *edit, QString::fromLatin1(row.name), mnemonics);
+    form.addWidget(edit, place, 1);
+    const auto show = [edit, get = row.get](const CTRecord& record) {
+        int hour = 0;
+        int minute = 0;
+        bool isPm = false;
+        DateTimeVal time;
+        const bool hasTime = (record.*get)(hour, minute, isPm) && time.SetTime(hour, minute, isPm);
+        edit->SetTime(hasTime ? std::optional(time) : std::nullopt);
+    };
+    const auto enter = [this, edit, rule = row.enter](CTRecord& record) {
+        rule(record, edit->GetTime(), m_settings);
+    };
+    AddField({edit, show, enter, false});
+}
+
+void CRecordDialogTime::AddSpan(QGridLayout& form, const SpanRow& row, CMnemonics& mnemonics) {
+    const int step = StepOf(m_settings.roundDurationType, m_settings.roundDurationMinutes);
+    auto* edit = new CSpanEdit(FieldRegion(m_settings), *theSpanEntry, step);
+    const int place = form.rowCount();
+    AddLabel(form, place, LoadText(row.label), *edit, QString::fromLatin1(row.name), mnemonics);
+    form.addWidget(edit, place, 1);
+    const auto show = [edit, field = row.field](const CTRecord& record) {
+        edit->SetSpan(SpanOf(record.spans.*field));
+    };
+    const auto enter = [this, edit, rule = row.enter](CTRecord& record) {
+        rule(record, edit->GetSpan(), m_settings);
+    };
+    AddField({edit, show, enter, true});
+}
+
+void CRecordDialogTime::AddSums(QGridLayout& form) {
+    const int last = form.rowCount() - 1;
+    m_net = AddSum(form, last - 1, LoadText(Text::LabelNet), "netTime");
+    m_money = AddSum(form, last, LabelOf(m_around.catalogue, kAmountName), "moneySum");
+}
+
+void CRecordDialogTime::AddSwitch(QGridLayout& form, const char* settingName, const QString& text,
+                                  CMnemonics& mnemonics) {
+    QCheckBox* box =
+        MakeSettingSwitch(QString::fromLatin1(settingName), text, m_settings, m_around.prompt, mnemonics);
+    form.addWidget(box, form.rowCount(), 0, 1, form.columnCount());
+    // What is being typed was tried under the old state; it holds as it stands.
+    connect(box, &QCheckBox::clicked, this, &CRecordDialogTime::Settle);
+}
+
+void CRecordDialogTime::AddField(Field field) {
+    const std::size_t place = m_fields.size();
+    connect(field.edit, &CPickEdit::Entered, this, [this, place] { Enter(place); });
+    connect(field.edit, &CPickEdit::Settled, this, &CRecordDialogTime::Settle);
+    connect(field.edit, &CPickEdit::EntryTried, this, &CRecordDialogTime::EntryTried);
+    m_fields.push_back(std::move(field));
+}
+
+/// The same text as before is no entry, so that a time which was never rounded stays when the user only looks
+/// at it; but while entries add up, the same duration again means twice as long.
+void CRecordDialogTime::Enter(std::size_t place) {
+    const Field& field = m_fields[place];
+    const bool isSame = field.edit->HasShownText() && !(field.adds && m_settings.accumulateOnReentry);
+    if (isSame || !field.edit->IsReadable())
+        m_draft.Undo(static_cast<int>(place));
+    else
+        m_draft.Try(static_cast<int>(place), field.enter);
+    m_typed = field.edit;
+    ShowRecord();
+    Q_EMIT Changed();
+}
+
+void CRecordDialogTime::Settle() {
+    m_draft.Settle();
+    m_typed = nullptr;
+    ShowRecord();
+    Q_EMIT Changed();
+}
+
+void CRecordDialogTime::ShowRecord() {
+    const CTRecord& record = m_draft.Record();
+    for (const Field& field : m_fields)
+        if (field.edit != m_typed && field.edit->IsReadable()) field.show(record);
+    ShowWeekday(m_day, record.date);
+    ShowValue(*m_net, LoadText(Text::LabelNet), NetText(record.spans.effective));
+    ShowValue(*m_money, LabelOf(m_around.catalogue, kAmountName), record.GetAmountText());
+}
+
+void CRecordDialogTime::LockTimes(bool isLocked) {
+    for (const Field& field : m_fields) {
+        if (field.edit == m_day.edit || field.edit->IsLocked() == isLocked) continue;
+        field.edit->Lock(isLocked ? LoadText(Text::TimesDrivenByTimer) : QString());
+        field.show(m_draft.Record());
+    }
+}
+
+CPickEdit* CRecordDialogTime::FirstUnreadable() const {
+    const auto found = std::find_if(m_fields.begin(), m_fields.end(),
+                                    [](const Field& field) { return !field.edit->IsReadable(); });
+    return found == m_fields.end() ? nullptr : found->edit;
+}

@@ -1,0 +1,12 @@
+#include "shell/record/EditRecord.h"
+
+#include "records/CERecord.h"
+#include "records/CTRecord.h"
+#include "shell/record/CExpenseDialog.h"
+#include "shell/record/CRecordDialog.h"
+
+bool EditRecord(QWidget* parent, CVORec& record, const RecordDialogSurroundings& around) {
+    return record.Kind() == RecordKind::Time
+               ? RunRecordDialog(parent, static_cast<CTRecord&>(record), around)
+               : RunExpenseDialog(parent, static_cast<CERecord&>(record), around);
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "calendar/DateTimeVal.h"
+#include "lang/Text.h"
+#include "platform/host/CRegionalInfo.h"
+
+#include <optional>
+
+class CCfgStore;
+class CClock;
+class CDateEdit;
+class CMnemonics;
+class CPickEdit;
+class CPrompt;
+class CPulldownCatalogue;
+class CRecordTimers;
+class CVelmarchDoc;
+class QDialog;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+struct RecordDate;
+
+/// What the dialogs of records need from outside. All must outlive them.
+struct RecordDialogSurroundings {
+    CVelmarchDoc& document;
+    CRecordTimers& timers;
+    CCfgStore& settings;
+    CPrompt& prompt;
+    const CClock& clock;
+    CPulldownCatalogue& catalogue;
+};
+
+/// Pieces that the dialogs of time records and of expenses have in common.
+namespace RecordDialogParts {
+
+/// Regional values as the fields need them: the setting decides between 12 and 24 hours.
+[[nodiscard]] CRegionalInfo FieldRegion(const CCfgStore& settings);
+[[nodiscard]] std::optional<DateTimeVal> DayOf(const RecordDate& date);
+
+/// What the user calls a field, cut where it would make a form too wide.
+[[nodiscard]] QString LabelOf(const CPulldownCatalogue& catalogue, int field);
+
+/// The first row of a form: the date, and behind the gap its weekday.
+struct DateRow {
+    CDateEdit* edit = nullptr;
+    QLabel* weekday = nullptr;
+};
+[[nodiscard]] DateRow AddDateRow(QGridLayout& form, const RecordDialogSurroundings& around,
+                                 CMnemonics& mnemonics);
+void ShowWeekday(const DateRow& row, const RecordDate& date);
+
+/// Tells why the text of a field can't be accepted; the caller then calls for it with AskAgain.
+void TellRefused(CPrompt& prompt, int textId, const QString& why);
+/// Puts the user into the field, over its text.
+void AskAgain(CPickEdit& field);
+/// Marks a field whose text is no number; an empty one isn't marked.
+void MarkNumber(QLineEdit& field, Text reason);
+/// Ctrl+Enter accepts, from the notes too.
+void AcceptByCtrlReturn(QDialog& dialog);
+
+}  // namespace RecordDialogParts

@@ -1,0 +1,79 @@
+#include "viewmodel/commands/CPeriodCommands.h"
+
+#include "app/CVelmarchDoc.h"
+
+namespace {
+
+void Show(CVelmarchDoc& document) {
+    document.BuildVisible();
+    document.NotifyViews(Hint::Rebuild);
+}
+
+/// A filter without conditions over the same period.
+template <class Filter>
+Filter PeriodAlone(const Filter& present) {
+    Filter filter;
+    static_cast<PeriodFilter&>(filter) = present;
+    filter.matchWhole = filter.matchCase = false;
+    return filter;
+}
+
+}  // namespace
+
+void CPeriodCommands::ApplyFilter(const TimeFilter& filter) {
+    m_document.Filter() = filter;
+    Show(m_document);
+}
+
+void CPeriodCommands::ApplyFilter(const ExpenseFilter& filter) {
+    m_document.FilterOfExpenses() = filter;
+    Show(m_document);
+}
+
+void CPeriodCommands::Change(const std::function<bool(PeriodFilter& filter)>& change) {
+    if (theRecordMode == RecordMode::Time) {
+        TimeFilter filter = m_document.Filter();
+        if (change(filter)) ApplyFilter(filter);
+    } else {
+        ExpenseFilter filter = m_document.FilterOfExpenses();
+        if (change(filter)) ApplyFilter(filter);
+    }
+}
+
+void CPeriodCommands::Preset(int preset) {
+    Change([&](PeriodFilter& filter) { return filter.ApplyPreset(preset, m_document.PeriodNeeds()); });
+}
+
+void CPeriodCommands::All() {
+    Change([](PeriodFilter& filter) {
+        filter.EnablePeriod(false);
+        return true;
+    });
+}
+
+void CPeriodCommands::Day(const QString& date) {
+    Change([&](PeriodFilter& filter) { return filter.SetSingleDate(date, m_document.PeriodNeeds()); });
+}
+
+void CPeriodCommands::StepBack() {
+    Change([&](PeriodFilter& filter) { return filter.StepBack(m_document.PeriodNeeds()); });
+}
+
+void CPeriodCommands::StepForward() {
+    Change([&](PeriodFilter& filter) { return filter.StepForward(m_document.PeriodNeeds()); });
+}
+
+void CPeriodCommands::ClearConditions() {
+    if (theRecordMode == RecordMode::Time)
+        ApplyFilter(PeriodAlone(m_document.Filter()));
+    else
+        ApplyFilter(PeriodAlone(m_document.FilterOfExpenses()));
+}
+
+void CPeriodCommands::WithTimers() {
+    if (theRecordMode != RecordMode::Time) return;
+    TimeFilter filter;
+    filter.Reset();
+    filter.timer = FlagCriterion::kSet;
+    ApplyFilter(filter);
+}

@@ -1,0 +1,57 @@
+#include "viewmodel/commands/WordSearch.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+QStringList WordsIn(const QString& words) {
+    return words.split(u' ', Qt::SkipEmptyParts);
+}
+
+bool BeginsWord(const QString& text, const QString& word) {
+    for (qsizetype at = text.indexOf(word, 0, Qt::CaseInsensitive); at >= 0;
+         at = text.indexOf(word, at + 1, Qt::CaseInsensitive))
+        if (at == 0 || !text[at - 1].isLetterOrNumber()) return true;
+    return false;
+}
+
+enum Rank { kEquals, kBegins, kWords, kSomewhere, kWithPlace, kNotFound };
+
+Rank RankOf(const PlacedText& placed, const QString& words) {
+    const QStringList all = WordsIn(words);
+    const QString typed = words.trimmed();
+    if (placed.text.compare(typed, Qt::CaseInsensitive) == 0) return kEquals;
+    if (placed.text.startsWith(typed, Qt::CaseInsensitive)) return kBegins;
+    if (std::ranges::all_of(all, [&](const QString& word) { return BeginsWord(placed.text, word); }))
+        return kWords;
+    if (HasAllWords(placed.text, words)) return kSomewhere;
+    return HasAllWords(placed.place + u' ' + placed.text, words) ? kWithPlace : kNotFound;
+}
+
+}  // namespace
+
+bool HasAllWords(const QString& text, const QString& words) {
+    return std::ranges::all_of(
+        WordsIn(words), [&text](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
+}
+
+std::vector<int> FindByWords(const QStringList& texts, const QString& words) {
+    std::vector<int> found;
+    for (int i = 0; i < texts.size(); ++i)
+        if (HasAllWords(texts[i], words)) found.push_back(i);
+    return found;
+}
+
+std::vector<int> FindBest(const std::vector<PlacedText>& texts, const QString& words) {
+    std::vector<std::pair<Rank, int>> ranked;
+    for (int i = 0; i < std::ssize(texts); ++i) {
+        const Rank rank = RankOf(texts[static_cast<std::size_t>(i)], words);
+        if (rank != kNotFound) ranked.emplace_back(rank, i);
+    }
+    std::ranges::sort(ranked);
+    std::vector<int> found;
+    found.reserve(ranked.size());
+    for (const auto& [rank, place] : ranked) found.push_back(place);
+    return found;
+}

@@ -1,0 +1,307 @@
+#include "viewmodel/list/CRecordListModel.h"
+
+#include "app/CVelmarchDoc.h"
+#include "config/CCfgStore.h"
+#include "lang/LoadText.h"
+#include "viewmodel/list/CellText.h"
+#include "timers/ActiveTimerSet.h"
+
+#include <QSet>
+#include <algorithm>
+
+namespace {
+
+/// Up to so many changed records find their places one by one; for more the whole list is sorted.
+constexpr qsizetype kFewRows = 64;
+
+RowImage TimerImage(TimerState state) {
+    return state == TimerState::Running  ? RowImage::TimerRunning
+           : state == TimerState::Paused ? RowImage::TimerPaused
+                                         : RowImage::Plain;
+}
+
+}  // namespace
+
+CRecordListModel::CRecordListModel(const CVelmarchDoc& document, const ActiveTimerSet& timers,
+                                   CCfgStore& settings, QObject* parent)
+    : QAbstractTableModel(parent),
+      m_document(document),
+      m_timers(timers),
+      m_settings(settings),
+      m_sortColumn(Column::kNone) {}
+
+void CRecordListModel::Rebuild() {
+    beginResetModel();
+    const int layout = m_settings.listLayout;
+    m_layout = layout >= 1 && layout <= 4 ? static_cast<ListLayout>(layout) : ListLayout::Lines;
+    m_settings.listLayout = static_cast<std::int32_t>(m_layout);
+    m_columns = m_settings.ListColumns().Order(HalfOf(KindOf(theRecordMode)));
+    TakeSortFromSettings();
+    Fill();
+    endResetModel();
+}
+
+void CRecordListModel::OnHint(Hint hint, const QStringList& ids) {
+    switch (hint) {
+        case Hint::Added:
+            return AddRows(ids);
+        case Hint::Changed:
+            return ChangeRows(ids);
+        case Hint::AboutToGo:
+            return RemoveRows(ids);
+        case Hint::TimerStarted:
+        case Hint::TimerPaused:
+        case Hint::TimerStopped:
+            return TouchRows(RowsOf(ids));
+        case Hint::Rebuild:
+            return Rebuild();
+        case Hint::Clear:
+            beginResetModel();
+            m_rows = std::vector<Row>();
+            endResetModel();
+            return;
+        default:
+            return;
+    }
+}
+
+const CVORec* CRecordListModel::RecordAt(int row) const {
+    return m_document.FindRecord(IdAt(row));
+}
+
+QString CRecordListModel::TextOf(int row, int column) const {
+    const CVORec* record = RecordAt(row);
+    return record ? CellText(*record, column, m_settings, m_timers) : QString();
+}
+
+bool CRecordListModel::IsFlagSet(int row, int column) const {
+    const CVORec* record = RecordAt(row);
+    return record && FlagOf(*record, column);
+}
+
+QString CRecordListModel::FlagInWordsOf(int row, int column) const {
+    const CVORec* record = RecordAt(row);
+    return record ? FlagInWords(*record, column, m_settings) : QString();
+}
+
+QStringList CRecordListModel::AllIds() const {
+    QStringList ids;
+    ids.reserve(rowCount());
+    for (const Row& row : m_rows) ids.append(row.id);
+    return ids;
+}
+
+std::vector<int> CRecordListModel::RowsOf(const QStringList& ids) const {
+    if (ids.isEmpty()) return {};
+    if (const auto rows = RowsByPlace(ids)) return *rows;
+    const QSet<QString> wanted(ids.begin(), ids.end());
+    std::vector<int> rows;
+    for (std::size_t row = 0; row < m_rows.size(); ++row)
+        if (wanted.contains(m_rows[row].id)) rows.push_back(static_cast<int>(row));
+    return rows;
+}
+
+/// The places stand in the rows themselves, the identities somewhere in memory: among a million rows a record
+/// is found in a fraction of the time. Nothing when one of the records has no place.
+std::optional<std::vector<int>> CRecordListModel::RowsByPlace(const QStringList& ids) const {
+    if (m_edition != m_document.PlacesEdition()) return std::nullopt;
+    std::vector<bool> wanted(m_document.VisiblePlaces());
+    for (const QString& id : ids) {
+        const std::size_t place = m_document.VisiblePlaceOf(id);
+        if (place >= wanted.size()) return std::nullopt;
+        wanted[place] = true;
+    }
+    std::vector<int> rows;
+    for (std::size_t row = 0; row < m_rows.size(); ++row)
+        if (m_rows[row].place < wanted.size() && wanted[m_rows[row].place])
+            rows.push_back(static_cast<int>(row));
+    return rows;
+}
+
+void CRecordListModel::TouchTimers(int firstRow, int lastRow) {
+    if (firstRow > lastRow || lastRow >= rowCount()) return;
+    const int column = m_layout == ListLayout::Columns ? ModelColumnOf(Column::kDuration) : 1;
+    Q_EMIT dataChanged(index(firstRow, 0), index(lastRow, 0));
+    if (column >= 0) Q_EMIT dataChanged(index(firstRow, column), index(lastRow, column));
+}
+
+/// A record of the other kind can be added as well; it isn't shown.
+void CRecordListModel::AddRows(const QStringList& added) {
+    QStringList ids;
+    for (const QString& id : added)
+        if (m_document.IsVisible(id)) ids.append(id);
+    const bool inPlace = m_settings.resortOnChange && m_inOrder && ids.size() <= kFewRows;
+    if (inPlace) {
+        for (const QString& id : ids) InsertSorted(id);
+        return;
+    }
+    Append(ids);
+    if (m_settings.resortOnChange)
+        Sort();
+    else
+        m_inOrder = false;
+}
+
+void CRecordListModel::Append(const QStringList& ids) {
+    if (ids.isEmpty()) return;
+    MakeRoom(static_cast<std::size_t>(ids.size()));
+    const int first = rowCount();
+    beginInsertRows({}, first, first + static_cast<int>(ids.size()) - 1);
+    for (const QString& id : ids) m_rows.push_back(RowOf(id));
+    endInsertRows();
+}
+
+/// An eighth more than is needed: doubling would leave a million rows with the room of two.
+void CRecordListModel::MakeRoom(std::size_t more) {
+    constexpr std::size_t kLeast = 8;
+    const std::size_t needed = m_rows.size() + more;
+    if (needed > m_rows.capacity()) m_rows.reserve(needed + std::max(kLeast, needed / 8));
+}
+
+void CRecordListModel::ReturnRoom() {
+    if (m_rows.size() < m_rows.capacity() / 2) m_rows.shrink_to_fit();
+}
+
+void CRecordListModel::ChangeRows(const QStringList& ids) {
+    const std::vector<int> rows = RowsOf(ids);
+    TouchRows(rows);
+    if (!m_settings.resortOnChange) {
+        m_inOrder = m_inOrder && rows.empty();
+        return;
+    }
+    if (rows.size() == 1 && m_inOrder) return MoveToPlace(rows.front());
+    if (!rows.empty()) Sort();
+}
+
+void CRecordListModel::RemoveRows(const QStringList& ids) {
+    const std::vector<int> rows = RowsOf(ids);
+    if (static_cast<qsizetype>(rows.size()) > kFewRows) {
+        // One reset instead of many shifts: each would move every row behind it.
+        beginResetModel();
+        const QSet<QString> gone(ids.begin(), ids.end());
+        std::erase_if(m_rows, [&gone](const Row& row) { return gone.contains(row.id); });
+        ReturnRoom();
+        endResetModel();
+        return;
+    }
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
+        beginRemoveRows({}, *row, *row);
+        m_rows.erase(m_rows.begin() + *row);
+        endRemoveRows();
+    }
+    ReturnRoom();
+}
+
+void CRecordListModel::TouchRows(const std::vector<int>& rows) {
+    for (const int row : rows) Q_EMIT dataChanged(index(row, 0), index(row, columnCount() - 1));
+}
+
+int CRecordListModel::ModelColumnOf(int column) const {
+    if (m_layout != ListLayout::Columns) return -1;
+    const auto found = std::find(m_columns.begin(), m_columns.end(), column);
+    return found == m_columns.end() ? -1 : static_cast<int>(found - m_columns.begin()) + 1;
+}
+
+QString CRecordListModel::CaptionOf(int column) const {
+    return m_settings.ListColumns().EntryAt(column).caption;
+}
+
+int CRecordListModel::ColumnOf(int modelColumn) const {
+    const auto place = static_cast<std::size_t>(modelColumn);
+    if (place == 0) return Column::kNone;
+    if (m_layout == ListLayout::Columns)
+        return place <= m_columns.size() ? m_columns[place - 1] : Column::kNone;
+    if (m_layout == ListLayout::Lines || m_columns.empty()) return Column::kNone;
+    return m_columns.front();  // one text for each row: that of the first visible column
+}
+
+int CRecordListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+int CRecordListModel::columnCount(const QModelIndex& parent) const {
+    if (parent.isValid()) return 0;
+    return m_layout == ListLayout::Columns ? static_cast<int>(m_columns.size()) + 1 : 2;
+}
+
+QVariant CRecordListModel::data(const QModelIndex& index, int role) const {
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+    if (role == ColumnRole) return ColumnOf(index.column());
+    if (role == IdRole) return IdAt(index.row());
+    const CVORec* record = RecordAt(index.row());
+    if (!record) return {};
+    switch (role) {
+        case Qt::DisplayRole:
+            return TextAt(*record, index.column());
+        case Qt::ToolTipRole:
+            return index.column() == 0 ? StateInWords(*record) : QString();
+        case Qt::AccessibleTextRole:
+            return AccessibleText(*record, index.column());
+        case Qt::TextAlignmentRole: {
+            const bool right = IsRightAligned(ColumnOf(index.column()));
+            return QVariant::fromValue(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
+        }
+        case ImageRole:
+            return ImageOf(*record, index.column());
+        default:
+            return {};
+    }
+}
+
+QString CRecordListModel::TextAt(const CVORec& record, int modelColumn) const {
+    if (modelColumn == 0) return {};
+    if (m_layout == ListLayout::Lines) return RecordInWords(record, m_settings, m_timers);
+    const int column = ColumnOf(modelColumn);
+    // Among columns the notes are an image, so that a long note doesn't fill the row.
+    if (column == Column::kNone || IsImageColumn(column)) return {};
+    return CellText(record, column, m_settings, m_timers);
+}
+
+/// Whoever goes from row to row by the keyboard hears the first cell of each, so it tells the whole record.
+QString CRecordListModel::AccessibleText(const CVORec& record, int modelColumn) const {
+    if (modelColumn == 0) {
+        QStringList words{StateInWords(record), RecordInWords(record, m_settings, m_timers)};
+        words.removeAll(QString());
+        return words.join(QStringLiteral(", "));
+    }
+    const int column = ColumnOf(modelColumn);
+    return column != Column::kNone && IsImageColumn(column) ? FlagInWords(record, column, m_settings)
+                                                            : TextAt(record, modelColumn);
+}
+
+QString CRecordListModel::StateInWords(const CVORec& record) const {
+    switch (StateImageOf(record)) {
+        case RowImage::TimerRunning:
+            return LoadText(Text::StateRunning);
+        case RowImage::TimerPaused:
+            return LoadText(Text::StatePaused);
+        case RowImage::DistanceEntry:
+            return LoadText(Text::DistanceEntry);
+        default:
+            return {};
+    }
+}
+
+RowImage CRecordListModel::StateImageOf(const CVORec& record) const {
+    if (record.Kind() == RecordKind::Time) return TimerImage(m_timers.StateOf(record.GetId()));
+    return FlagOf(record, Column::kIsDistance) ? RowImage::DistanceEntry : RowImage::Expense;
+}
+
+QVariant CRecordListModel::ImageOf(const CVORec& record, int modelColumn) const {
+    if (modelColumn == 0) return static_cast<int>(StateImageOf(record));
+    const int column = ColumnOf(modelColumn);
+    if (column == Column::kNone || !IsImageColumn(column)) return {};
+    return static_cast<int>(FlagOf(record, column) ? RowImage::FlagSet : RowImage::FlagClear);
+}
+
+QVariant CRecordListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal) return {};
+    const int column = ColumnOf(section);
+    if (column == Column::kNone) return {};
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return CaptionOf(column);
+    if (role == Qt::TextAlignmentRole) {
+        const bool right = IsRightAligned(column);
+        return QVariant::fromValue(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
+    }
+    return {};
+}

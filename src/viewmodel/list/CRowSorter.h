@@ -1,0 +1,43 @@
+#pragma once
+
+#include "viewmodel/list/RowCompare.h"
+
+#include <QHash>
+#include <array>
+#include <vector>
+
+/// Sorts many rows by one column. Each row is looked at once and becomes a number; equal texts, which repeat
+/// over a lifetime of records, are folded and compared once. Where the order is a proper one the numbers
+/// alone put the rows in their places, otherwise two are compared at a time.
+class CRowSorter {
+ public:
+    CRowSorter(int column, const CRegionalInfo& region, std::size_t rows);
+
+    /// One of the rows, from 0; in whatever order. One that isn't put, as its record is gone, has no value.
+    void Put(std::size_t row, const CVORec& record);
+    /// The rows in their new order. Rows of which neither goes before the other keep their order.
+    [[nodiscard]] std::vector<std::uint32_t> Sorted(bool ascending);
+
+ private:
+    struct Item {
+        std::uint64_t order;
+        std::uint32_t row;
+    };
+    /// A text of a record, known by where it lies in memory.
+    struct Known {
+        QString text;
+        std::uint64_t number = 0;
+        bool isUsed = false;
+    };
+
+    [[nodiscard]] std::uint64_t NumberOf(const QString& text);
+    void RankTexts();
+    void SortByOrder(bool ascending);
+
+    int m_column;
+    CompareForm m_form;
+    const CRegionalInfo& m_region;
+    std::vector<Item> m_items;
+    std::array<Known, 1024> m_known;
+    QHash<QString, std::uint64_t> m_numbers;  ///< of the folded texts, in order of their coming
+};

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "platform/instance/CInstanceChannel.h"
+
+#include <QJsonObject>
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+#include <functional>
+
+class CCfgStore;
+class CRecordTimers;
+class CVelmarchDoc;
+
+/// What the running window does for other processes of its home: it comes forward, leaves, shows what changed
+/// outside, and carries out commands on what it owns, timers and settings.
+class CInstanceHost final : public QObject {
+    Q_OBJECT
+
+ public:
+    struct Around {
+        CVelmarchDoc& document;
+        CRecordTimers& timers;
+        CCfgStore& settings;
+        std::function<void()> refresh;  ///< reads everything again
+        std::function<void()> raise;
+        std::function<void()> leave;
+        std::function<bool()> isBusy;             ///< records are being read or changed
+        std::function<bool()> hasDialog;          ///< something waits for the user's answer
+        std::function<void()> refreshLists = {};  ///< reads the pick lists again; empty: everything
+    };
+    explicit CInstanceHost(Around around, QObject* parent = nullptr);
+
+    [[nodiscard]] bool Listen(const QString& home, const QString& title);
+    [[nodiscard]] const QString& Error() const { return m_server.Error(); }
+
+    /// One command; the answer for a sender that waits.
+    QJsonObject Handle(int command, const QJsonObject& arguments);
+
+ private:
+    void NoteChange(const QJsonObject& arguments);
+    void ShowChanges();
+    [[nodiscard]] QJsonObject RunTimer(const QJsonObject& arguments);
+    [[nodiscard]] QJsonObject RunSetting(const QJsonObject& arguments);
+    [[nodiscard]] QJsonObject Leave();
+
+    Around m_around;
+    CInstanceServer m_server;
+    QTimer m_delay;  ///< gathers what comes within a moment: 5,000 changes are shown in a few steps
+    QStringList m_changedTimes, m_changedExpenses;
+    bool m_allChanged = false;
+    bool m_listsChanged = false;
+};

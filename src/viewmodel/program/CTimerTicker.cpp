@@ -1,0 +1,33 @@
+#include "viewmodel/program/CTimerTicker.h"
+
+#include "app/RecordMode.h"
+#include "viewmodel/list/CRecordListModel.h"
+#include "timers/ActiveTimerSet.h"
+
+#include <algorithm>
+
+namespace {
+constexpr int kPeriodMs = 1000;
+}
+
+CTimerTicker::CTimerTicker(ActiveTimerSet& timers, CRecordListModel& model, Sight sight, QObject* parent)
+    : QObject(parent), m_timers(timers), m_model(model), m_sight(std::move(sight)) {
+    m_timer.setInterval(kPeriodMs);
+    connect(&m_timer, &QTimer::timeout, this, &CTimerTicker::Tick);
+}
+
+void CTimerTicker::Reconsider() {
+    if (!m_timers.AnyRunning())
+        m_timer.stop();
+    else if (!m_timer.isActive())
+        m_timer.start();
+}
+
+void CTimerTicker::Tick() {
+    if (theRecordMode != RecordMode::Time) return;
+    const auto [first, last] = m_sight();
+    for (int row = std::max(first, 0); row <= std::min(last, m_model.rowCount() - 1); ++row) {
+        ActiveTimer* timer = m_timers.Find(m_model.IdAt(row));
+        if (timer && timer->UpdateElapsed(m_timers.Clock())) m_model.TouchTimers(row, row);
+    }
+}

@@ -1,0 +1,291 @@
+#include "viewmodel/tree/CDataTree.h"
+
+#include "app/CVelmarchDoc.h"
+#include "config/CCfgStore.h"
+#include "lang/LoadText.h"
+#include "records/CERecord.h"
+#include "records/CTRecord.h"
+#include "viewmodel/tree/CTreeLeaves.h"
+#include "viewmodel/tree/CTreeWatcher.h"
+#include "viewmodel/tree/TreeTexts.h"
+
+#include <algorithm>
+#include <bit>
+
+namespace {
+
+/// How many records ahead the memory is fetched: a walk through a million of them waits for little else.
+constexpr std::size_t kAhead = 16;
+
+quint64 KeyOf(std::uint32_t parent, std::uint32_t text) {
+    return quint64{parent} << 32U | text;
+}
+
+}  // namespace
+
+/// One level with its texts at hand.
+struct CDataTree::Level {
+    const TreeLevelRow* row;
+    const QString* set;
+    const QString* clear;
+
+    [[nodiscard]] const QString& TextOf(const CVORec& record) const {
+        if (row->timeText) return static_cast<const CTRecord&>(record).*row->timeText;
+        if (row->expenseText) return static_cast<const CERecord&>(record).*row->expenseText;
+        const bool isSet = row->timeFlag ? static_cast<const CTRecord&>(record).*row->timeFlag
+                                         : static_cast<const CERecord&>(record).*row->expenseFlag;
+        return isSet ? *set : *clear;
+    }
+    /// Has the memory of a record's text brought near, without looking at it.
+    void Fetch(const CVORec& record) const {
+        if (row->timeText) __builtin_prefetch(&(static_cast<const CTRecord&>(record).*row->timeText));
+        if (row->expenseText) __builtin_prefetch(&(static_cast<const CERecord&>(record).*row->expenseText));
+    }
+};
+
+CDataTree::CDataTree(const CVelmarchDoc& document, const CCfgStore& settings)
+    : m_document(document), m_settings(settings), m_root(std::make_unique<CTreeNode>()) {
+    m_root->m_text = LoadText(Text::TreeRoot);
+}
+
+CDataTree::~CDataTree() {
+    FreeNodes();
+}
+
+// --- Everything anew
+
+void CDataTree::TakeLevels() {
+    m_columns = m_settings.TreeColumns().Order(HalfOf(KindOf(theRecordMode)));
+    m_levels.clear();
+    for (const int column : m_columns)
+        if (const TreeLevelRow* row = FindTreeLevel(column))
+            m_levels.push_back({row, &LoadText(row->set), &LoadText(row->clear)});
+}
+
+void CDataTree::Rebuild() {
+    if (m_watcher) m_watcher->BeforeReset();
+    FreeNodes();
+    TakeLevels();
+    Fill();
+    m_isCounted.assign(m_document.VisiblePlaces(), true);
+    m_edition = m_document.PlacesEdition();
+    if (m_watcher) m_watcher->AfterReset();
+}
+
+/// The nodes of the lowest level are counted first; each tells its number to those above it.
+void CDataTree::Fill() {
+    if (m_levels.empty()) return;
+    CTreeLeaves leaves(m_levels.size());
+    std::vector<CTreeNode*> nodes;
+    std::vector<std::uint32_t> numbers(m_levels.size());
+    m_isFilling = true;
+    for (std::size_t place = 0; place < m_document.VisiblePlaces(); ++place) {
+        if (const CVORec* later = m_document.VisibleAt(place + kAhead)) {
+            __builtin_prefetch(later);
+            for (const Level& level : m_levels) level.Fetch(*later);
+        }
+        const CVORec* record = m_document.VisibleAt(place);
+        if (!record || !HasLevelsOf(*record)) continue;
+        for (std::size_t i = 0; i < numbers.size(); ++i) numbers[i] = NumberOf(m_levels[i].TextOf(*record));
+        if (leaves.Count(numbers)) nodes.push_back(LeafOf(*record, numbers));
+    }
+    m_isFilling = false;
+    for (std::size_t leaf = 0; leaf < nodes.size(); ++leaf)
+        for (CTreeNode* node = nodes[leaf]; node->m_parent; node = node->m_parent)
+            node->m_count += leaves.CountOf(leaf);
+}
+
+/// The node of a record's lowest level, made with those above it where they aren't there yet, not counted.
+CTreeNode* CDataTree::LeafOf(const CVORec& record, const std::vector<std::uint32_t>& numbers) {
+    CTreeNode* node = m_root.get();
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        CTreeNode* child = ChildOf(*node, numbers[i]);
+        node = child ? child : AddChild(*node, m_levels[i].TextOf(record), numbers[i]);
+    }
+    return node;
+}
+
+void CDataTree::Clear() {
+    if (m_watcher) m_watcher->BeforeReset();
+    FreeNodes();
+    if (m_watcher) m_watcher->AfterReset();
+}
+
+void CDataTree::FreeNodes() {
+    for (CTreeNode* node : std::as_const(m_nodes)) delete node;
+    m_nodes.clear();
+    m_texts.clear();
+    m_known.fill({});
+    m_root->m_children.clear();
+    m_root->m_isSorted = true;
+    m_nextNode = 1;
+    m_isCounted.clear();
+}
+
+// --- One record
+
+bool CDataTree::HasLevelsOf(const CVORec& record) const {
+    return !m_columns.empty() && HalfOf(m_columns.front()) == HalfOf(record.Kind());
+}
+
+void CDataTree::AddRecord(const CVORec& record) {
+    if (!HasLevelsOf(record)) return;
+    CTreeNode* node = m_root.get();
+    for (const Level& level : m_levels) {
+        const QString& text = level.TextOf(record);
+        const std::uint32_t number = NumberOf(text);
+        CTreeNode* child = ChildOf(*node, number);
+        const bool isNew = !child;
+        if (isNew) child = AddChild(*node, text, number);
+        ++child->m_count;
+        if (m_watcher && isNew)
+            m_watcher->AfterInsert(*child);
+        else if (m_watcher)
+            m_watcher->CountChanged(*child);
+        node = child;
+    }
+}
+
+void CDataTree::RemoveRecord(const CVORec& record) {
+    if (!HasLevelsOf(record)) return;
+    CTreeNode* node = m_root.get();
+    for (const Level& level : m_levels) {
+        CTreeNode* child = ChildOf(*node, NumberOf(level.TextOf(record)));
+        if (!child) continue;
+        if (child->m_count <= 1) return RemoveChild(*child);
+        --child->m_count;
+        if (m_watcher) m_watcher->CountChanged(*child);
+        node = child;
+    }
+}
+
+/// Most texts of a level are one and the same in memory and are known by their address.
+std::uint32_t CDataTree::NumberOf(const QString& text) {
+    const auto address = std::bit_cast<std::uintptr_t>(text.constData());
+    Known& known = m_known[(address * 0x9E3779B97F4A7C15U) >> 52U];
+    static_assert(std::tuple_size_v<decltype(m_known)> == 1U << 12U);
+    const bool isSame = known.text.constData() == text.constData() && known.text.size() == text.size();
+    if (isSame && known.isUsed) return known.number;
+    auto number = m_texts.constFind(text);
+    if (number == m_texts.cend()) number = m_texts.insert(text, static_cast<std::uint32_t>(m_texts.size()));
+    known = {text, *number, true};
+    return known.number;
+}
+
+// --- Nodes
+
+CTreeNode* CDataTree::ChildOf(const CTreeNode& parent, std::uint32_t textNumber) const {
+    return m_nodes.value(KeyOf(parent.m_number, textNumber));
+}
+
+CTreeNode* CDataTree::AddChild(CTreeNode& parent, const QString& text, std::uint32_t textNumber) {
+    auto* node = new CTreeNode;
+    node->m_text = text;
+    node->m_parent = &parent;
+    node->m_number = m_nextNode++;
+    node->m_textNumber = textNumber;
+    m_nodes.insert(KeyOf(parent.m_number, textNumber), node);
+    if (m_isFilling) {
+        parent.m_isSorted = parent.m_children.empty();
+        parent.m_children.push_back(node);
+        return node;
+    }
+    const std::size_t place = parent.PlaceOf(text);
+    if (m_watcher) m_watcher->BeforeInsert(parent, static_cast<int>(place));
+    parent.m_children.insert(parent.m_children.begin() + static_cast<std::ptrdiff_t>(place), node);
+    return node;
+}
+
+void CDataTree::RemoveChild(CTreeNode& node) {
+    CTreeNode& parent = *node.m_parent;
+    const std::size_t place = parent.PlaceOf(node.m_text);
+    if (m_watcher) m_watcher->BeforeRemove(node);
+    parent.m_children.erase(parent.m_children.begin() + static_cast<std::ptrdiff_t>(place));
+    Free(&node);
+    if (m_watcher) m_watcher->AfterRemove(parent);
+}
+
+void CDataTree::Free(CTreeNode* node) {
+    for (CTreeNode* child : node->m_children) Free(child);
+    m_nodes.remove(KeyOf(node->m_parent->m_number, node->m_textNumber));
+    delete node;
+}
+
+// --- Hints
+
+void CDataTree::KeepOverFilter() {
+    m_isCounted.assign(m_document.VisiblePlaces(), true);
+    m_edition = m_document.PlacesEdition();
+}
+
+void CDataTree::OnHint(Hint hint, const QStringList& ids) {
+    // Other records are visible than those that were counted, and nobody has said so.
+    if (!ids.isEmpty() && m_edition != m_document.PlacesEdition()) Rebuild();
+    switch (hint) {
+        case Hint::Added:
+        case Hint::Changed:
+            CountIn(ids);
+            break;
+        case Hint::AboutToGo:
+        case Hint::AboutToChange:
+            for (const QString& id : ids) CountOut(id);
+            break;
+        case Hint::Rebuild:
+            Rebuild();
+            break;
+        case Hint::Clear:
+            Clear();
+            break;
+        default:
+            break;
+    }
+}
+
+/// A record that the filter keeps out of the document's visible ones stays out. One that was changed without
+/// a word before can't be counted out any more: then everything is counted anew.
+void CDataTree::CountIn(const QStringList& ids) {
+    for (const QString& id : ids) {
+        const std::size_t place = m_document.VisiblePlaceOf(id);
+        const CVORec* record = m_document.VisibleAt(place);
+        if (!record) continue;
+        if (place >= m_isCounted.size()) m_isCounted.resize(place + 1, false);
+        if (m_isCounted[place]) return Rebuild();
+        m_isCounted[place] = true;
+        AddRecord(*record);
+    }
+}
+
+void CDataTree::CountOut(const QString& id) {
+    const std::size_t place = m_document.VisiblePlaceOf(id);
+    if (place >= m_isCounted.size() || !m_isCounted[place]) return;
+    const CVORec* record = m_document.VisibleAt(place);
+    if (!record) return;
+    m_isCounted[place] = false;
+    RemoveRecord(*record);
+}
+
+// --- Paths
+
+QStringList CDataTree::PathOf(const CTreeNode& node) {
+    QStringList path;
+    for (const CTreeNode* step = &node; step->m_parent; step = step->m_parent) path.prepend(step->m_text);
+    return path;
+}
+
+TreePath CDataTree::StepsTo(const CTreeNode& node) const {
+    TreePath steps;
+    const QStringList texts = PathOf(node);
+    for (qsizetype i = 0; i < texts.size(); ++i)
+        steps.push_back({m_columns[static_cast<std::size_t>(i)], texts[i]});
+    return steps;
+}
+
+const CTreeNode* CDataTree::Find(const QStringList& path) const {
+    const CTreeNode* node = m_root.get();
+    for (const QString& text : path) {
+        const auto number = m_texts.constFind(text);
+        node = number == m_texts.cend() ? nullptr : ChildOf(*node, *number);
+        if (!node) return nullptr;
+    }
+    return node;
+}

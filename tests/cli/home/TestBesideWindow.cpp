@@ -1,0 +1,361 @@
+#include "ConsoleHome.h"
+#include "app/CVelmarchApp.h"
+#include "lang/LoadText.h"
+#include "platform/instance/CInstance.h"
+#include "platform/instance/CInstanceChannel.h"
+
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::Literals::StringLiterals;
+
+/// What the console program tells a running window and asks it for. The window is played by the test: it
+/// holds the home's mutex and notes what arrives.
+class TestBesideWindow : public QObject {
+    Q_OBJECT
+
+ private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void ChangesAreTold_data();
+    void ChangesAreTold();
+    void NewListItemsAreToldWithTheRecord();
+    void ChangesOfListsAreTold_data();
+    void ChangesOfListsAreTold();
+    void ManyChangesAreToldWithoutIdentities();
+    void ReadingTellsNothing();
+    void TimersAreCarriedOutByTheWindow();
+    void TimersOfTheWindowAreShown();
+    void ARefusalOfTheWindowIsHandedOn();
+    void SettingsAreChangedByTheWindow();
+    void ColumnsAreChangedByTheWindow();
+    void DefaultsAreChangedByTheWindow();
+    void TheLastReadingIsNotedByTheWindow();
+    void ANewTimerIsStartedByTheWindow();
+    void DeleteLetsTheWindowDropTheTimer();
+    void AMuteWindow_data();
+    void AMuteWindow();
+    void AWindowThatIsStillStarting();
+    void AWindowOfAnotherHome();
+
+ private:
+    struct Heard {
+        int command = 0;
+        QJsonObject arguments;
+    };
+    void Listen(const QString& home);
+    [[nodiscard]] QJsonObject Only(int command) const;
+    std::unique_ptr<ConsoleHome> m_home;
+    std::unique_ptr<CInstance> m_mutex;
+    std::unique_ptr<CInstanceServer> m_server;
+    QList<Heard> m_heard;
+    QJsonObject m_answer;
+};
+
+void TestBesideWindow::initTestCase() {
+    QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR)));
+}
+
+void TestBesideWindow::init() {
+    m_home = std::make_unique<ConsoleHome>();
+    m_mutex = std::make_unique<CInstance>();
+    m_server = std::make_unique<CInstanceServer>();
+    m_heard.clear();
+    m_answer = {{u"ok"_s, true}, {u"timers"_s, QJsonArray()}};
+}
+
+void TestBesideWindow::cleanup() {
+    m_server.reset();
+    m_mutex.reset();
+}
+
+void TestBesideWindow::Listen(const QString& home) {
+    QCOMPARE(m_mutex->Take(QString::fromLatin1(CVelmarchApp::kMutexName), home), CInstance::Outcome::Taken);
+    QVERIFY2(m_server->Listen(home, LoadText(Text::ProgramTitle),
+                              [this](int command, const QJsonObject& arguments) {
+                                  m_heard.append({command, arguments});
+                                  return m_answer;
+                              }),
+             qPrintable(m_server->Error()));
+}
+
+/// The arguments of the one command of its kind that was heard.
+QJsonObject TestBesideWindow::Only(int command) const {
+    QList<QJsonObject> found;
+    for (const Heard& heard : m_heard)
+        if (heard.command == command) found.append(heard.arguments);
+    return found.size() == 1 ? found.first() : QJsonObject{{u"heard"_s, found.size()}};
+}
+
+void TestBesideWindow::ChangesAreTold_data() {
+    QTest::addColumn<QStringList>("command");  // %1: the record
+    QTest::newRow("add") << QStringList{u"time"_s, u"add"_s};
+    QTest::newRow("edit") << QStringList{u"time"_s, u"edit"_s, u"%1"_s, u"--item1"_s, u"A"_s};
+    QTest::newRow("delete") << QStringList{u"time"_s, u"delete"_s, u"%1"_s};
+    QTest::newRow("copy") << QStringList{u"time"_s, u"copy"_s, u"%1"_s};
+    QTest::newRow("mark") << QStringList{u"time"_s, u"mark"_s, u"%1"_s, u"--as"_s, u"first"_s};
+    QTest::newRow("new") << QStringList{u"time"_s, u"new"_s, u"--timestamp"_s};
+    QTest::newRow("add an expense") << QStringList{u"expense"_s, u"add"_s};
+    QTest::newRow("edit one") << QStringList{u"expense"_s, u"edit"_s, u"%1"_s, u"--notes"_s, u"A"_s};
+    QTest::newRow("delete one") << QStringList{u"expense"_s, u"delete"_s, u"%1"_s};
+    QTest::newRow("copy one") << QStringList{u"expense"_s, u"copy"_s, u"%1"_s};
+    QTest::newRow("mark one") << QStringList{u"expense"_s, u"mark"_s, u"%1"_s, u"--as"_s, u"fifth"_s};
+    QTest::newRow("a new one") << QStringList{u"expense"_s, u"new"_s};
+}
+
+void TestBesideWindow::ChangesAreTold() {
+    QFETCH(QStringList, command);
+    const QString id = m_home->Add({}, command[0]);
+    Listen(m_home->Path());
+    command.replaceInStrings(u"%1"_s, id);
+    const Reply reply = m_home->RunJson(QStringList(u"--yes"_s) + command);
+    QCOMPARE(reply.exit, 0);
+    QTRY_VERIFY(!m_heard.isEmpty());
+    const QJsonObject told = Only(InstanceCommand::kSyncEnd);
+    QCOMPARE(told[u"kind"].toString(), command[0]);
+    const bool isOwn = command.contains(id) && command[1] != u"copy";
+    const QString changed = isOwn                    ? id
+                            : reply.Json().isArray() ? reply.Array()[0].toString()
+                                                     : reply.Object()[u"id"].toString();
+    QCOMPARE(told[u"ids"].toArray(), QJsonArray{changed});
+}
+
+/// The window then reads its lists anew.
+void TestBesideWindow::NewListItemsAreToldWithTheRecord() {
+    Listen(m_home->Path());
+    for (const bool isNew : {true, false}) {
+        m_heard.clear();
+        QCOMPARE(m_home->Run({u"time"_s, u"add"_s, u"--item1"_s, u"Alpha"_s}).exit, 0);
+        QTRY_VERIFY(!m_heard.isEmpty());
+        const QJsonObject told = Only(InstanceCommand::kSyncEnd);
+        QCOMPARE(told[u"ids"].toArray().size(), 1);
+        QCOMPARE(told[u"lists"].toBool(), isNew);
+    }
+}
+
+void TestBesideWindow::ChangesOfListsAreTold_data() {
+    QTest::addColumn<QStringList>("command");
+    QTest::newRow("a new item") << QStringList{u"items"_s, u"add"_s, u"17"_s, u"One"_s};
+    QTest::newRow("a renamed one") << QStringList{u"items"_s, u"rename"_s, u"16"_s, u"Alpha"_s, u"Beta"_s};
+    QTest::newRow("a deleted one") << QStringList{u"items"_s, u"delete"_s, u"16"_s, u"Alpha"_s};
+    QTest::newRow("a cleared list") << QStringList{u"items"_s, u"clear"_s, u"16"_s};
+    QTest::newRow("the dependencies") << QStringList{u"tree"_s, u"add"_s, u"time"_s, u"Alpha"_s};
+    QTest::newRow("a name") << QStringList{u"labels"_s, u"set"_s, u"109"_s, u"Matter"_s};
+    QTest::newRow("all names") << QStringList{u"labels"_s, u"reset"_s};
+}
+
+/// Anything may look different now, so no records are named. The window sees to its columns by itself.
+void TestBesideWindow::ChangesOfListsAreTold() {
+    QFETCH(QStringList, command);
+    QCOMPARE(m_home->Run({u"items"_s, u"add"_s, u"16"_s, u"Alpha"_s}).exit, 0);
+    Listen(m_home->Path());
+    QCOMPARE(m_home->Run(QStringList(u"--yes"_s) + command).exit, 0);
+    QTRY_VERIFY(!m_heard.isEmpty());
+    QCOMPARE(Only(InstanceCommand::kSyncEnd), QJsonObject());
+    QCOMPARE(m_heard.size(), 1);
+    cleanup();
+    const QJsonArray columns = m_home->RunJson({u"columns"_s, u"list"_s, u"time"_s}).Array();
+    QCOMPARE(columns[4][u"caption"].toString(), u"Client"_s);
+}
+
+void TestBesideWindow::ManyChangesAreToldWithoutIdentities() {
+    QCOMPARE(m_home->Run({u"demo"_s, u"fill"_s, u"2000"_s}).exit, 0);
+    QStringList ids;
+    for (const QJsonValue& record :
+         m_home->RunJson({u"time"_s, u"list"_s, u"--exported"_s}).Object()[u"records"].toArray())
+        ids.append(record[u"id"].toString());
+    QVERIFY(ids.size() > 1000);
+    Listen(m_home->Path());
+    const Reply reply =
+        m_home->RunJson(QStringList{u"--yes"_s, u"time"_s, u"mark"_s, u"--as"_s, u"not-exported"_s} + ids);
+    QCOMPARE(reply.Object()[u"changed"].toInt(), ids.size());
+    QTRY_VERIFY(!m_heard.isEmpty());
+    QVERIFY(!Only(InstanceCommand::kSyncEnd).contains(u"ids"_s));
+}
+
+void TestBesideWindow::ReadingTellsNothing() {
+    const QString id = m_home->Add({});
+    Listen(m_home->Path());
+    for (const QStringList& words :
+         {QStringList{u"time"_s, u"list"_s}, QStringList{u"time"_s, u"show"_s, id},
+          QStringList{u"settings"_s, u"list"_s}, QStringList{u"day"_s, u"today"_s}, QStringList{u"doctor"_s}})
+        QCOMPARE(m_home->Run(words).exit, 0);
+    QTest::qWait(100);
+    QVERIFY(m_heard.isEmpty());
+}
+
+void TestBesideWindow::TimersAreCarriedOutByTheWindow() {
+    const QString id = m_home->Add({});
+    Listen(m_home->Path());
+    m_answer[u"timers"_s] =
+        QJsonArray{QJsonObject{{u"id"_s, id}, {u"state"_s, u"running"_s}, {u"seconds"_s, 4711}}};
+    const Reply reply = m_home->RunJson({u"timer"_s, u"start"_s, id});
+    QCOMPARE(reply.exit, 0);
+    QCOMPARE(reply.out, "[{\"id\": \"" + id.toLatin1() + "\", \"state\": \"running\", \"seconds\": 4711}]\n");
+    QCOMPARE(Only(InstanceCommand::kTimer), (QJsonObject{{u"action"_s, u"start"_s}, {u"id"_s, id}}));
+    for (const QString& action : {u"stop-all"_s, u"pause-all"_s, u"status"_s}) {
+        m_heard.clear();
+        QCOMPARE(m_home->RunJson({u"timer"_s, action}).exit, 0);
+        QCOMPARE(Only(InstanceCommand::kTimer), (QJsonObject{{u"action"_s, action}}));
+    }
+    // Nothing of it was done here.
+    cleanup();
+    QCOMPARE(m_home->RunJson({u"timer"_s, u"status"_s}).Array(), QJsonArray());
+}
+
+void TestBesideWindow::TimersOfTheWindowAreShown() {
+    const QString id = m_home->Add({});
+    m_home->Run({u"timer"_s, u"start"_s, id});
+    Listen(m_home->Path());
+    m_answer[u"timers"_s] =
+        QJsonArray{QJsonObject{{u"id"_s, id}, {u"state"_s, u"paused"_s}, {u"seconds"_s, 360000}}};
+    QCOMPARE(m_home->Show(id)[u"timer"].toObject(), FromText(u"{'state': 'paused', 'seconds': 360000}"_s));
+}
+
+void TestBesideWindow::ARefusalOfTheWindowIsHandedOn() {
+    const QString id = m_home->Add({});
+    Listen(m_home->Path());
+    m_answer = {{u"ok"_s, false}, {u"exit"_s, 1}, {u"error"_s, u"No timer runs."_s}};
+    const Reply reply = m_home->RunJson({u"timer"_s, u"pause"_s, id});
+    QCOMPARE(reply.exit, 1);
+    QVERIFY(reply.err.contains("No timer runs."));
+    QVERIFY(reply.out.isEmpty());
+}
+
+void TestBesideWindow::SettingsAreChangedByTheWindow() {
+    Listen(m_home->Path());
+    QCOMPARE(m_home->Run({u"settings"_s, u"set"_s, u"confirmCopy"_s, u"0"_s}).exit, 0);
+    QCOMPARE(Only(InstanceCommand::kSetting), (QJsonObject{{u"name"_s, u"confirmCopy"_s}, {u"value"_s, 0}}));
+    m_heard.clear();
+    QCOMPARE(m_home->Run({u"settings"_s, u"reset"_s}).exit, 0);
+    QCOMPARE(Only(InstanceCommand::kSetting), (QJsonObject{{u"reset"_s, true}}));
+    cleanup();
+    QCOMPARE(m_home->RunJson({u"settings"_s, u"get"_s, u"confirmCopy"_s}).Object()[u"value"].toInt(), 1);
+}
+
+void TestBesideWindow::ColumnsAreChangedByTheWindow() {
+    Listen(m_home->Path());
+    QCOMPARE(m_home
+                 ->Run({u"columns"_s, u"set"_s, u"time"_s, u"Client"_s, u"0"_s, u"--width"_s, u"Date=99"_s,
+                        u"--breaks"_s, u"1,2"_s})
+                 .exit,
+             0);
+    QCOMPARE(Only(InstanceCommand::kSetting),
+             FromText(u"{'columns': 'list', 'half': 'time', 'shown': [4, 0], "
+                      "'widths': {'0': 99}, 'breaks': [1, 2]}"_s));
+    m_heard.clear();
+    QCOMPARE(m_home->Run({u"columns"_s, u"reset"_s, u"expense"_s, u"--tree"_s}).exit, 0);
+    QCOMPARE(Only(InstanceCommand::kSetting),
+             FromText(u"{'columns': 'tree', 'half': 'expense', 'reset': true}"_s));
+    cleanup();
+    const QJsonArray columns = m_home->RunJson({u"columns"_s, u"list"_s, u"time"_s}).Array();
+    QCOMPARE(columns[0][u"width"].toInt(), 80);
+}
+
+void TestBesideWindow::DefaultsAreChangedByTheWindow() {
+    QCOMPARE(m_home->Run({u"defaults"_s, u"save"_s, u"Mine"_s}).exit, 0);
+    Listen(m_home->Path());
+    const auto only = [this] {
+        return ::Only(Only(InstanceCommand::kSetting), {u"defaults"_s, u"action"_s, u"name"_s});
+    };
+    QCOMPARE(m_home->Run({u"defaults"_s, u"save"_s, u"Other"_s, u"--mode"_s, u"expense"_s}).exit, 0);
+    QCOMPARE(only(), FromText(u"{'defaults': 'expense', 'action': 'write', 'name': 'Other'}"_s));
+    m_heard.clear();
+    QCOMPARE(m_home->Run({u"defaults"_s, u"rename"_s, u"mine"_s, u"Yours"_s}).exit, 0);
+    QCOMPARE(only(), FromText(u"{'defaults': 'time', 'action': 'rename', 'name': 'Mine'}"_s));
+    m_heard.clear();
+    QCOMPARE(m_home->Run({u"--yes"_s, u"defaults"_s, u"delete"_s, u"Mine"_s}).exit, 0);
+    QCOMPARE(only(), FromText(u"{'defaults': 'time', 'action': 'delete', 'name': 'Mine'}"_s));
+    cleanup();
+    QCOMPARE(m_home->RunJson({u"defaults"_s, u"list"_s}).out, QByteArray("[\"Mine\", \"(empty record)\"]\n"));
+}
+
+void TestBesideWindow::TheLastReadingIsNotedByTheWindow() {
+    Listen(m_home->Path());
+    QCOMPARE(m_home->Run({u"expense"_s, u"add"_s, u"--odometer-end"_s, u"1120.5"_s}).exit, 0);
+    QCOMPARE(Only(InstanceCommand::kSetting), FromText(u"{'name': 'odometerLastEnd', 'value': 1120}"_s));
+}
+
+void TestBesideWindow::ANewTimerIsStartedByTheWindow() {
+    Listen(m_home->Path());
+    const Reply reply = m_home->RunJson({u"time"_s, u"new"_s, u"--timestamp"_s, u"--timer"_s});
+    QCOMPARE(reply.exit, 0);
+    const QString id = reply.Object()[u"id"].toString();
+    QCOMPARE(Only(InstanceCommand::kTimer),
+             (QJsonObject{{u"action"_s, u"start"_s}, {u"id"_s, id}, {u"fromZero"_s, true}}));
+    QVERIFY2(m_heard.first().command == InstanceCommand::kSyncEnd, "the window must know the record first");
+}
+
+void TestBesideWindow::DeleteLetsTheWindowDropTheTimer() {
+    const QString id = m_home->Add({});
+    m_home->Run({u"timer"_s, u"start"_s, id});
+    Listen(m_home->Path());
+    QCOMPARE(m_home->Run({u"--yes"_s, u"time"_s, u"delete"_s, id}).exit, 0);
+    QCOMPARE(Only(InstanceCommand::kTimer), (QJsonObject{{u"action"_s, u"drop"_s}, {u"id"_s, id}}));
+    QCOMPARE(Only(InstanceCommand::kSyncEnd)[u"ids"].toArray(), QJsonArray{id});
+}
+
+void TestBesideWindow::AMuteWindow_data() {
+    QTest::addColumn<QStringList>("command");  // %1: a record with a timer
+    QTest::addColumn<int>("exit");
+    QTest::newRow("a timer") << QStringList{u"timer"_s, u"pause"_s, u"%1"_s} << 3;
+    QTest::newRow("all timers") << QStringList{u"timer"_s, u"stop-all"_s} << 3;
+    QTest::newRow("what timers there are") << QStringList{u"timer"_s, u"status"_s} << 3;
+    QTest::newRow("a setting") << QStringList{u"settings"_s, u"set"_s, u"confirmCopy"_s, u"0"_s} << 3;
+    QTest::newRow("a new record with a timer") << QStringList{u"time"_s, u"new"_s, u"--timer"_s} << 3;
+    QTest::newRow("a record with a timer goes") << QStringList{u"time"_s, u"delete"_s, u"%1"_s} << 3;
+    QTest::newRow("columns") << QStringList{u"columns"_s, u"set"_s, u"time"_s, u"Date"_s} << 3;
+    QTest::newRow("default columns") << QStringList{u"columns"_s, u"reset"_s, u"time"_s} << 3;
+    QTest::newRow("a stored default") << QStringList{u"defaults"_s, u"save"_s, u"Mine"_s} << 3;
+    QTest::newRow("a name of a field") << QStringList{u"labels"_s, u"set"_s, u"109"_s, u"Matter"_s} << 3;
+    QTest::newRow("list items are everybody's") << QStringList{u"items"_s, u"list"_s, u"16"_s} << 0;
+    QTest::newRow("records are everybody's") << QStringList{u"time"_s, u"add"_s} << 0;
+    QTest::newRow("so is looking at them") << QStringList{u"time"_s, u"show"_s, u"%1"_s} << 0;
+}
+
+/// The mutex is held and nobody listens.
+void TestBesideWindow::AMuteWindow() {
+    QFETCH(QStringList, command);
+    const QString id = m_home->Add({});
+    m_home->Run({u"timer"_s, u"start"_s, id});
+    QCOMPARE(m_mutex->Take(QString::fromLatin1(CVelmarchApp::kMutexName), m_home->Path()),
+             CInstance::Outcome::Taken);
+    command.replaceInStrings(u"%1"_s, id);
+    const Reply reply = m_home->RunJson(QStringList(u"--yes"_s) + command);
+    QTEST(reply.exit, "exit");
+    QVERIFY(reply.exit == 0 || reply.err.contains("window"));
+    cleanup();
+    const QJsonObject list = m_home->RunJson({u"time"_s, u"list"_s}).Object();
+    QCOMPARE(list[u"count"].toInt(), command[1] == u"add" ? 2 : 1);
+    QCOMPARE(m_home->RunJson({u"timer"_s, u"status"_s}).Array()[0][u"state"].toString(), u"running"_s);
+    QCOMPARE(m_home->RunJson({u"settings"_s, u"get"_s, u"confirmCopy"_s}).Object()[u"value"].toInt(), 1);
+}
+
+void TestBesideWindow::AWindowThatIsStillStarting() {
+    const QString id = m_home->Add({});
+    QCOMPARE(m_mutex->Take(QString::fromLatin1(CVelmarchApp::kMutexName), m_home->Path()),
+             CInstance::Outcome::Taken);
+    QTimer::singleShot(700, this, [this] {
+        QVERIFY(m_server->Listen(m_home->Path(), LoadText(Text::ProgramTitle),
+                                 [this](int command, const QJsonObject& a) {
+                                     m_heard.append({command, a});
+                                     return m_answer;
+                                 }));
+    });
+    QCOMPARE(m_home->RunJson({u"timer"_s, u"start"_s, id}).exit, 0);
+    QCOMPARE(m_heard.size(), 1);
+}
+
+void TestBesideWindow::AWindowOfAnotherHome() {
+    const ConsoleHome other;
+    Listen(other.Path());
+    const QString id = m_home->Add({});
+    QCOMPARE(m_home->RunJson({u"timer"_s, u"start"_s, id}).exit, 0);
+    QCOMPARE(m_home->RunJson({u"timer"_s, u"status"_s}).Array().size(), 1);
+    QVERIFY(m_heard.isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TestBesideWindow)
+#include "TestBesideWindow.moc"

@@ -1,0 +1,108 @@
+#include "shell/controls/CBoxPrompt.h"
+
+#include "lang/LoadText.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+
+using namespace Qt::Literals::StringLiterals;
+
+/// What a box offers and what its buttons and keys answer.
+class TestCBoxPrompt : public QObject {
+    Q_OBJECT
+
+ private Q_SLOTS:
+    void initTestCase() { QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR))); }
+    void Buttons_data();
+    void Buttons();
+    void EscapeIsHarmless_data();
+    void EscapeIsHarmless();
+};
+
+namespace {
+
+MessageBox Question(Buttons buttons, Answer harmless) {
+    MessageBox box;
+    box.title = u"Title"_s;
+    box.text = u"Text"_s;
+    box.buttons = buttons;
+    box.defaultAnswer = harmless;
+    return box;
+}
+
+/// Does something with the box as soon as it is there.
+void WhenShown(const std::function<void(QMessageBox&)>& act) {
+    QTimer::singleShot(0, qApp, [act] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box) return QTest::qFail("no box is shown", __FILE__, __LINE__);
+        act(*box);
+    });
+}
+
+}  // namespace
+
+void TestCBoxPrompt::Buttons_data() {
+    QTest::addColumn<int>("buttons");
+    QTest::addColumn<int>("button");
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<int>("count");
+    const auto row = [](const char* name, ::Buttons buttons, QMessageBox::StandardButton button,
+                        Answer answer, int count) {
+        QTest::newRow(name) << static_cast<int>(buttons) << static_cast<int>(button)
+                            << static_cast<int>(answer) << count;
+    };
+    row("OK of OK and Cancel", ::Buttons::OkCancel, QMessageBox::Ok, Answer::Ok, 2);
+    row("Cancel of OK and Cancel", ::Buttons::OkCancel, QMessageBox::Cancel, Answer::Cancel, 2);
+    row("yes of yes and no", ::Buttons::YesNo, QMessageBox::Yes, Answer::Yes, 2);
+    row("no of yes and no", ::Buttons::YesNo, QMessageBox::No, Answer::No, 2);
+    row("cancel of three", ::Buttons::YesNoCancel, QMessageBox::Cancel, Answer::Cancel, 3);
+    row("retry of three", ::Buttons::AbortRetryIgnore, QMessageBox::Retry, Answer::Retry, 3);
+}
+
+void TestCBoxPrompt::Buttons() {
+    QFETCH(int, buttons);
+    QFETCH(int, button);
+    QFETCH(int, answer);
+    QFETCH(int, count);
+    CBoxPrompt prompt;
+    qsizetype shown = 0;
+    WhenShown([&](QMessageBox& box) {
+        shown = box.buttons().size();
+        QTest::mouseClick(box.button(static_cast<QMessageBox::StandardButton>(button)), Qt::LeftButton);
+    });
+    const auto harmless = buttons == static_cast<int>(::Buttons::OkCancel)           ? Answer::Ok
+                          : buttons == static_cast<int>(::Buttons::AbortRetryIgnore) ? Answer::Abort
+                                                                                     : Answer::No;
+    QCOMPARE(static_cast<int>(prompt.Ask(Question(static_cast<::Buttons>(buttons), harmless))), answer);
+    QCOMPARE(shown, qsizetype(count));
+}
+
+void TestCBoxPrompt::EscapeIsHarmless_data() {
+    QTest::addColumn<int>("buttons");
+    QTest::addColumn<int>("harmless");
+    QTest::newRow("yes and no") << static_cast<int>(::Buttons::YesNo) << static_cast<int>(Answer::No);
+    QTest::newRow("three buttons") << static_cast<int>(::Buttons::YesNoCancel)
+                                   << static_cast<int>(Answer::No);
+    QTest::newRow("OK and Cancel, OK goes on")
+        << static_cast<int>(::Buttons::OkCancel) << static_cast<int>(Answer::Ok);
+    QTest::newRow("OK and Cancel, OK does it")
+        << static_cast<int>(::Buttons::OkCancel) << static_cast<int>(Answer::Cancel);
+}
+
+void TestCBoxPrompt::EscapeIsHarmless() {
+    QFETCH(int, buttons);
+    QFETCH(int, harmless);
+    CBoxPrompt prompt;
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
+        WhenShown([key](QMessageBox& box) { QTest::keyClick(&box, key); });
+        const MessageBox box = Question(static_cast<::Buttons>(buttons), static_cast<Answer>(harmless));
+        QCOMPARE(static_cast<int>(prompt.Ask(box)), harmless);
+    }
+}
+
+QTEST_MAIN(TestCBoxPrompt)
+#include "TestCBoxPrompt.moc"

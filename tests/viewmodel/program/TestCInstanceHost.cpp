@@ -1,0 +1,202 @@
+#include "viewmodel/program/CInstanceHost.h"
+
+#include "entry/NamedDefaults.h"
+#include "lang/LoadText.h"
+#include "records/CERecord.h"
+#include "records/CTRecord.h"
+#include "support/TestHome.h"
+#include "timers/CRecordTimers.h"
+
+#include <QJsonArray>
+#include <QTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct Scene {
+    TestHome home;
+    ActiveTimerSet set{home.clock};
+    CRecordTimers timers{set, *home.document, *home.settings};
+    int refreshed = 0, raised = 0, left = 0;
+    bool busy = false, dialog = false;
+    CInstanceHost host{{*home.document, timers, *home.settings, [this] { ++refreshed; }, [this] { ++raised; },
+                        [this] { ++left; }, [this] { return busy; }, [this] { return dialog; }}};
+    QString id = home.AddTime(2026, 11, 19, u"09:00"_s);
+
+    Scene() {
+        home.document->LoadRecords(RecordKind::Time);
+        home.document->BuildVisible();
+        home.views.seen.clear();
+    }
+    QJsonObject Changed(const QStringList& ids) const {
+        return {{u"kind"_s, u"time"_s}, {u"ids"_s, QJsonArray::fromStringList(ids)}};
+    }
+    /// Another program writes a record into the same store.
+    QString AddOutside() {
+        TestHome other(home.Path());
+        return other.AddTime(2026, 11, 20);
+    }
+};
+
+}  // namespace
+
+class TestCInstanceHost final : public QObject {
+    Q_OBJECT
+
+ private Q_SLOTS:
+    void comesForward() {
+        Scene scene;
+        QVERIFY(scene.host.Handle(InstanceCommand::kRaise, {}).value(u"ok"_s).toBool());
+        QCOMPARE(scene.raised, 1);
+    }
+
+    /// The record that was added outside appears by itself; nothing else is read.
+    void showsAChange() {
+        Scene scene;
+        const QString added = scene.AddOutside();
+        scene.host.Handle(InstanceCommand::kSyncEnd, scene.Changed({added}));
+        QTRY_VERIFY(scene.home.document->FindTime(added));
+        QCOMPARE(scene.refreshed, 0);
+        QCOMPARE(scene.home.views.seen.last().first, Hint::Added);
+    }
+
+    void readsAllWithoutIdentities() {
+        Scene scene;
+        scene.host.Handle(InstanceCommand::kSyncEnd, {});
+        scene.host.Handle(InstanceCommand::kSyncEnd, {});
+        scene.host.Handle(InstanceCommand::kSyncEnd, {});
+        QTRY_COMPARE(scene.refreshed, 1);
+        QTest::qWait(150);
+        QCOMPARE(scene.refreshed, 1);
+    }
+
+    /// While times are shown, a change of expenses is nothing to see.
+    void changedExpensesBesideTimes() {
+        Scene scene;
+        scene.host.Handle(
+            InstanceCommand::kSyncEnd,
+            {{u"kind"_s, u"expense"_s}, {u"ids"_s, QJsonArray{u"0123456789ABCDEF0123456789ABCDEF"_s}}});
+        QTest::qWait(150);
+        QCOMPARE(scene.refreshed, 0);
+        QVERIFY(scene.home.views.seen.isEmpty());
+    }
+
+    void showsAChangedExpense() {
+        Scene scene;
+        const RecordModeScope mode(RecordMode::Expense);
+        scene.home.document->LoadRecords(RecordKind::Expense);
+        scene.home.document->BuildVisible();
+        TestHome other(scene.home.Path());
+        CERecord lunch;
+        QString id;
+        QVERIFY(other.document->AddRecord(lunch, false, false, true, &id));
+        scene.host.Handle(InstanceCommand::kSyncEnd, {{u"kind"_s, u"expense"_s}, {u"ids"_s, QJsonArray{id}}});
+        QTRY_VERIFY(scene.home.document->FindExpense(id));
+        QCOMPARE(scene.refreshed, 0);
+        QCOMPARE(scene.home.views.seen.last().first, Hint::Added);
+    }
+
+    /// What the console wants changed of the settings is changed here, columns and stored defaults too.
+    void changesWhatTheSettingsHold() {
+        Scene scene;
+        const auto ask = [&](const QJsonObject& arguments) {
+            return scene.host.Handle(InstanceCommand::kSetting, arguments).value(u"ok"_s).toBool();
+        };
+        QVERIFY(ask({{u"name"_s, u"confirmCopy"_s}, {u"value"_s, 0}}));
+        QVERIFY(ask({{u"columns"_s, u"list"_s}, {u"half"_s, u"time"_s}, {u"shown"_s, QJsonArray{4, 0}}}));
+        QByteArray bytes;
+        QVERIFY(CTRecord().ToBytes(bytes));
+        QVERIFY(ask({{u"defaults"_s, u"time"_s},
+                     {u"action"_s, u"write"_s},
+                     {u"name"_s, u"Mine"_s},
+                     {u"record"_s, QString::fromLatin1(bytes.toBase64())}}));
+        QVERIFY(!ask({{u"columns"_s, u"menu"_s}}));
+        QVERIFY(!scene.home.settings->confirmCopy);
+        QCOMPARE(scene.home.settings->ListColumns().Order(ColumnHalf::Time), (std::vector<int>{4, 0}));
+        const NamedDefaults defaults(*scene.home.settings, scene.home.clock, RecordMode::Time);
+        QCOMPARE(defaults.Names().first(), u"Mine"_s);
+        QTRY_COMPARE(scene.refreshed, 1);
+    }
+
+    void notWhenItIsSwitchedOff() {
+        Scene scene;
+        scene.home.settings->refreshOnSyncEnd = false;
+        scene.host.Handle(InstanceCommand::kSyncEnd, {});
+        QTest::qWait(150);
+        QCOMPARE(scene.refreshed, 0);
+    }
+
+    void waitsWhileRecordsAreRead() {
+        Scene scene;
+        scene.busy = true;
+        scene.host.Handle(InstanceCommand::kSyncEnd, {});
+        QTest::qWait(200);
+        QCOMPARE(scene.refreshed, 0);
+        const QJsonObject answer = scene.host.Handle(InstanceCommand::kTimer, {{u"action"_s, u"status"_s}});
+        QCOMPARE(answer.value(u"exit"_s).toInt(), 3);
+        scene.busy = false;
+        QTRY_COMPARE(scene.refreshed, 1);
+    }
+
+    void runsATimerCommand() {
+        Scene scene;
+        const QJsonObject answer =
+            scene.host.Handle(InstanceCommand::kTimer, {{u"action"_s, u"start"_s}, {u"id"_s, scene.id}});
+        QVERIFY(answer.value(u"ok"_s).toBool());
+        QCOMPARE(scene.set.StateOf(scene.id), TimerState::Running);
+        const QJsonObject unknown =
+            scene.host.Handle(InstanceCommand::kTimer,
+                              {{u"action"_s, u"start"_s}, {u"id"_s, u"0123456789ABCDEF0123456789ABCDEF"_s}});
+        QCOMPARE(unknown.value(u"exit"_s).toInt(), 4);
+    }
+
+    /// Added outside a moment ago, its timer starts at once: the change is taken in first.
+    void timerOfARecordJustAdded() {
+        Scene scene;
+        const QString added = scene.AddOutside();
+        scene.host.Handle(InstanceCommand::kSyncEnd, scene.Changed({added}));
+        const QJsonObject answer =
+            scene.host.Handle(InstanceCommand::kTimer, {{u"action"_s, u"start"_s}, {u"id"_s, added}});
+        QVERIFY(answer.value(u"ok"_s).toBool());
+        QVERIFY(scene.home.document->FindTime(added));
+    }
+
+    void changesASetting() {
+        Scene scene;
+        const QJsonObject answer = scene.host.Handle(InstanceCommand::kSetting,
+                                                     {{u"name"_s, u"spanDisplayFormat"_s}, {u"value"_s, 1}});
+        QVERIFY(answer.value(u"ok"_s).toBool());
+        QCOMPARE(scene.home.settings->spanDisplayFormat, 1);
+        QTRY_COMPARE(scene.refreshed, 1);
+        const QJsonObject refused = scene.host.Handle(InstanceCommand::kSetting,
+                                                      {{u"name"_s, u"spanDisplayFormat"_s}, {u"value"_s, 7}});
+        QVERIFY(!refused.value(u"ok"_s).toBool());
+    }
+
+    void leaves() {
+        Scene scene;
+        QVERIFY(scene.host.Handle(InstanceCommand::kExit, {}).value(u"ok"_s).toBool());
+        QCOMPARE(scene.left, 0);  // the answer goes out first
+        QTRY_COMPARE(scene.left, 1);
+        QCOMPARE(scene.raised, 1);
+    }
+
+    void doesNotLeaveADialogBehind() {
+        Scene scene;
+        scene.dialog = true;
+        const QJsonObject answer = scene.host.Handle(InstanceCommand::kExit, {});
+        QVERIFY(!answer.value(u"ok"_s).toBool());
+        QCOMPARE(answer.value(u"error"_s).toString(), LoadText(Text::DialogIsOpen));
+        QTest::qWait(50);
+        QCOMPARE(scene.left, 0);
+    }
+
+    void unknownCommand() {
+        Scene scene;
+        QVERIFY(!scene.host.Handle(4711, {}).value(u"ok"_s).toBool());
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCInstanceHost)
+#include "TestCInstanceHost.moc"

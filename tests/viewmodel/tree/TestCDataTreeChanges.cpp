@@ -1,0 +1,309 @@
+#include "viewmodel/tree/DataTreeScene.h"
+#include "viewmodel/tree/CTreeWatcher.h"
+#include "viewmodel/tree/TreeTexts.h"
+#include "timers/CRecordTimers.h"
+
+#include <QTest>
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <random>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Follows a tree by what it is told alone.
+class Mirror final : public CTreeWatcher {
+ public:
+    explicit Mirror(CDataTree& tree) : m_tree(tree) {
+        tree.SetWatcher(this);
+        AfterReset();
+    }
+    void BeforeReset() override { m_top = {}; }
+    void AfterReset() override { m_top = Copy(m_tree.Root()); }
+    void BeforeInsert(const CTreeNode& parent, int row) override {
+        m_parent = &At(parent);
+        m_row = row;
+        QCOMPARE(static_cast<int>(m_parent->below.size()), parent.ChildCount());
+    }
+    void AfterInsert(const CTreeNode& node) override {
+        QCOMPARE(node.Row(), m_row);
+        m_parent->below.insert(m_parent->below.begin() + m_row, Copy(node));
+    }
+    void BeforeRemove(const CTreeNode& node) override {
+        Node& parent = At(*node.Parent());
+        parent.below.erase(parent.below.begin() + node.Row());
+    }
+    void AfterRemove(const CTreeNode& parent) override {
+        QCOMPARE(static_cast<int>(At(parent).below.size()), parent.ChildCount());
+    }
+    void CountChanged(const CTreeNode& node) override { At(node).count = node.Count(); }
+
+    [[nodiscard]] QString Words() const { return Words(m_top); }
+
+ private:
+    struct Node {
+        QString text;
+        int count = 0;
+        std::vector<Node> below;
+    };
+    static Node Copy(const CTreeNode& node) {
+        Node copy{node.Text(), node.Count(), {}};
+        for (const CTreeNode* child : node.Children()) copy.below.push_back(Copy(*child));
+        return copy;
+    }
+    static QString Words(const Node& node) {
+        QStringList words;
+        for (const Node& child : node.below) {
+            const QString below = Words(child);
+            words.append(u"%1 %2"_s.arg(child.text).arg(child.count) +
+                         (below.isEmpty() ? QString() : u" [%1]"_s.arg(below)));
+        }
+        return words.join(u", "_s);
+    }
+    Node& At(const CTreeNode& node) {
+        return node.Parent() ? At(*node.Parent()).below[static_cast<std::size_t>(node.Row())] : m_top;
+    }
+
+    CDataTree& m_tree;
+    Node m_top;
+    Node* m_parent = nullptr;
+    int m_row = 0;
+};
+
+/// A user, the commands of the window and another program, who change records at random, the same each time.
+class Changer {
+ public:
+    explicit Changer(unsigned seed) : m_random(seed) {
+        m_scene.document.SetTimers(&m_timers);
+        for (const ColumnHalf half : {ColumnHalf::Time, ColumnHalf::Expense}) ShowColumns(half);
+        m_scene.Rebuild();
+    }
+    ~Changer() { m_scene.document.SetTimers(nullptr); }
+    Changer(const Changer&) = delete;
+    Changer& operator=(const Changer&) = delete;
+
+    DataTreeScene& Scene() { return m_scene; }
+
+    /// Any change there is.
+    void Change() {
+        switch (Pick(14)) {
+            case 0:
+                return SwitchMode();
+            case 1:
+                ShowColumns(HalfOf(Kind()));
+                return m_scene.Rebuild();
+            case 2:
+                return ChangeFilter();
+            case 3:
+            case 4:
+                return ChangeTimer();
+            case 5:
+                return ChangeElsewhere();
+            default:
+                return ChangeRecord();
+        }
+    }
+    /// A change of a record that is in sight, or a new one.
+    void ChangeRecord() {
+        const QString id = AnyId();
+        if (id.isEmpty()) return AddRecord();
+        switch (Pick(7)) {
+            case 0:
+            case 1:
+                return Modify(id);
+            case 2:
+                return Mark(id);
+            case 3:
+                QVERIFY(m_scene.document.DeleteRecord(Kind(), id, true));
+                return;
+            case 4:
+                return DeleteSelected(id);
+            default:
+                return AddRecord();
+        }
+    }
+    /// Another program changes or deletes a record, in sight or not.
+    void ChangeElsewhere() {
+        const QStringList& ids = m_ids[Place()];
+        if (ids.isEmpty()) return;
+        const QString id = ids[Pick(static_cast<int>(ids.size()))];
+        if (!m_scene.document.FindRecord(id)) return;
+        QVERIFY(Pick(3) == 0 ? m_scene.home.store->DeleteRecord(Kind(), id)
+                             : m_scene.home.store->ModifyRecord(*NewRecordOf(id), id, true, true));
+        QVERIFY(m_scene.document.RefreshRecords(Kind(), {id}));
+    }
+    /// Any node, or the root.
+    const CTreeNode& AnyNode() {
+        const CTreeNode* node = &m_scene.tree.Root();
+        while (node->ChildCount() > 0 && Pick(3) != 0)
+            node = node->Children()[static_cast<std::size_t>(Pick(node->ChildCount()))];
+        return *node;
+    }
+
+ private:
+    static RecordKind Kind() { return KindOf(theRecordMode); }
+    static std::size_t Place() { return theRecordMode == RecordMode::Time ? 0 : 1; }
+    int Pick(int bound) { return static_cast<int>(m_random() % static_cast<unsigned>(bound)); }
+    QString AnyText() {
+        static const QString texts[] = {QString(), u"x"_s, u"y"_s, u"X"_s, u"A"_s, u"B"_s};
+        return texts[Pick(6)];
+    }
+    /// Visible and of the mode; empty when there is none.
+    QString AnyId() {
+        QStringList visible;
+        m_scene.document.ForEachVisible([&visible](const CVORec& record) { visible << record.GetId(); });
+        visible.sort();
+        return visible.isEmpty() ? QString() : visible[Pick(static_cast<int>(visible.size()))];
+    }
+    /// With texts and flags at random; an empty identity gives a new one.
+    std::unique_ptr<CVORec> NewRecordOf(const QString& id) {
+        std::unique_ptr<CVORec> record = NewRecord(Kind());
+        if (id.isEmpty())
+            record->GenUnique();
+        else
+            record->SetId(id);
+        for (const TreeLevelRow& level : TreeLevels()) {
+            if (HalfOf(level.column) != HalfOf(Kind())) continue;
+            if (level.timeText) static_cast<CTRecord&>(*record).*level.timeText = AnyText();
+            if (level.timeFlag) static_cast<CTRecord&>(*record).*level.timeFlag = Pick(2) == 0;
+            if (level.expenseText) static_cast<CERecord&>(*record).*level.expenseText = AnyText();
+            if (level.expenseFlag) static_cast<CERecord&>(*record).*level.expenseFlag = Pick(2) == 0;
+        }
+        return record;
+    }
+
+    void AddRecord() {
+        const bool isAnnounced = Pick(2) == 0;
+        m_ids[Place()] << m_scene.Add(*NewRecordOf({}), isAnnounced);
+        if (!isAnnounced) m_scene.document.FlushPending(Hint::Added);
+    }
+    void Modify(const QString& id) {
+        QVERIFY(m_scene.document.ModifyRecord(*NewRecordOf(id), id, true, true, true, true));
+    }
+    /// As the command for marks: announced before by the command, flushed after it.
+    void Mark(const QString& id) {
+        m_scene.document.NotifyViews(Hint::AboutToChange, {id});
+        QVERIFY(m_scene.document.ModifyRecord(*NewRecordOf(id), id, false, true, true, true));
+        m_scene.document.FlushPending(Hint::Changed);
+    }
+    void DeleteSelected(const QString& id) {
+        m_scene.document.NotifyViews(Hint::AboutToGo, {id});
+        QVERIFY(m_scene.document.DeleteRecord(Kind(), id, false));
+        m_scene.document.FlushPending(Hint::Deleted);
+    }
+    void SwitchMode() {
+        const bool toExpenses = theRecordMode == RecordMode::Time;
+        m_scene.document.SwitchMode(toExpenses ? RecordMode::Expense : RecordMode::Time);
+    }
+    /// None up to three of the columns that can be levels, in any order.
+    void ShowColumns(ColumnHalf half) {
+        std::vector<int> columns;
+        for (const TreeLevelRow& level : TreeLevels())
+            if (HalfOf(level.column) == half) columns.push_back(level.column);
+        std::shuffle(columns.begin(), columns.end(), m_random);
+        columns.resize(static_cast<std::size_t>(Pick(4)));
+        m_scene.home.settings->TreeColumns().ShowExactly(half, columns);
+    }
+    void ChangeFilter() {
+        CVelmarchDoc& document = m_scene.document;
+        document.Filter().Reset();
+        document.FilterOfExpenses().Reset();
+        const auto item = static_cast<std::size_t>(Pick(5));
+        switch (Pick(4)) {
+            case 0:
+                document.Filter().items[item] = AnyText();
+                document.FilterOfExpenses().items[item] = AnyText();
+                break;
+            case 1:
+                document.Filter().timer = Pick(2);
+                document.FilterOfExpenses().flags[item] = Pick(2);
+                break;
+            case 2:
+                document.Filter().billable = Pick(2);
+                document.FilterOfExpenses().distance = Pick(2);
+                break;
+            default:
+                break;
+        }
+        m_scene.Rebuild();
+    }
+    /// A timer starts or stops; a stop writes into the record.
+    void ChangeTimer() {
+        const QString id = AnyId();
+        if (id.isEmpty() || theRecordMode != RecordMode::Time) return ChangeElsewhere();
+        if (m_timers.HasTimer(id)) {
+            m_scene.home.clock.Advance(60);
+            m_timers.FoldAndStore();
+            QVERIFY(m_timers.StopRecordTimer(id));
+        } else {
+            QVERIFY(m_timers.StartRecordTimer(id));
+        }
+    }
+
+    std::mt19937 m_random;
+    DataTreeScene m_scene{""};
+    ActiveTimerSet m_set{m_scene.home.clock};
+    CRecordTimers m_timers{m_set, m_scene.document, *m_scene.home.settings};
+    std::array<QStringList, 2> m_ids;  ///< of all that were added, by mode
+};
+
+}  // namespace
+
+/// Whatever happens to the records, hints alone keep the tree right.
+class TestCDataTreeChanges final : public QObject {
+    Q_OBJECT
+
+ private Q_SLOTS:
+    void hintsKeepTheTreeRight_data() { Seeds(); }
+    /// After every change the tree is what a rebuild would make, and whoever listened to it knows it. Records
+    /// of both modes come, change and go, by the user, in batches and by another program; timers start and
+    /// stop; filters, the timers' among them, and the columns of the levels change.
+    void hintsKeepTheTreeRight() {
+        QFETCH(unsigned, seed);
+        Changer changer(seed);
+        DataTreeScene& scene = changer.Scene();
+        const Mirror mirror(scene.tree);
+        for (int change = 0; change < 200; ++change) {
+            changer.Change();
+            QCOMPARE(scene.Tree(), scene.Rebuilt());
+            QCOMPARE(mirror.Words(), scene.Tree());
+        }
+        scene.tree.SetWatcher(nullptr);
+    }
+
+    void aNodeAsTheFilter_data() { Seeds(); }
+    /// A node narrows the list and the tree stays: what happens to the records in sight meanwhile is counted,
+    /// so that the tree is right when the root shows all of them again.
+    void aNodeAsTheFilter() {
+        QFETCH(unsigned, seed);
+        Changer changer(seed);
+        DataTreeScene& scene = changer.Scene();
+        scene.home.settings->TreeColumns().ShowExactly(ColumnHalf::Time, {4, 13, 5});
+        scene.Rebuild();
+        for (int selection = 0; selection < 40; ++selection) {
+            Choose(scene, changer.AnyNode());
+            for (int change = 0; change < 4; ++change) changer.ChangeRecord();
+            Choose(scene, scene.tree.Root());
+            QCOMPARE(scene.Tree(), scene.Rebuilt());
+        }
+    }
+
+ private:
+    static void Seeds() {
+        QTest::addColumn<unsigned>("seed");
+        for (unsigned seed = 1; seed <= 20; ++seed) QTest::addRow("seed %u", seed) << seed;
+    }
+    /// As the view does it when a node is selected.
+    static void Choose(DataTreeScene& scene, const CTreeNode& node) {
+        TimeFilter& filter = scene.document.Filter();
+        ApplyPath(scene.tree.StepsTo(node), filter);
+        filter.matchWhole = filter.matchCase = true;
+        scene.document.BuildVisible();
+        scene.tree.KeepOverFilter();
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCDataTreeChanges)
+#include "TestCDataTreeChanges.moc"
