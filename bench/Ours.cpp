@@ -62,7 +62,7 @@ int Fill(const QString& home, int times, std::uint32_t seed) {
 }
 
 void Filter(CVelmarchDoc& document) {
-    document.Filter().ApplyPreset(PeriodCode::kThisMonth, document.PeriodNeeds());
+    document.Filter().ApplyPreset(PeriodCode::kThisMonth, document.GetPeriodContext());
     QElapsedTimer timer;
     timer.start();
     document.BuildVisible();

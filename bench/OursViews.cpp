@@ -4,10 +4,10 @@
 #include "SortFloor.h"
 #include "app/CVelmarchApp.h"
 #include "platform/host/CClock.h"
-#include "viewmodel/tree/CDataTree.h"
+#include "timers/ActiveTimerSet.h"
 #include "viewmodel/list/CRecordListModel.h"
 #include "viewmodel/list/StatusSums.h"
-#include "timers/ActiveTimerSet.h"
+#include "viewmodel/tree/CDataTree.h"
 
 #include <algorithm>
 #include <cstdio>

@@ -17,9 +17,9 @@ WindowHome::WindowHome(const QString& home) {
     app.Settings().KeepStoreUntouched();
     timers = std::make_unique<CRecordTimers>(set, app.Document(), app.Settings());
     app.Document().SetTimers(timers.get());
-    frame = std::make_unique<CMainFrame>(CMainFrame::Surroundings{
-        app, *timers, hub, prompt, pump, clock, [](QWidget*, CVORec&) { return false; },
-        [](QWidget*) { return false; }, [](QWidget*, CVORec&, bool) { return false; }});
+    frame = std::make_unique<CMainFrame>(
+        CMainFrame::Context{app, *timers, hub, prompt, pump, clock, [](QWidget*, CVORec&) { return false; },
+                            [](QWidget*) { return false; }, [](QWidget*, CVORec&, bool) { return false; }});
     frame->show();
     WaitForPaint(*List().viewport(), [this] { frame->Refresh(); });
 }

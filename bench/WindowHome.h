@@ -3,12 +3,12 @@
 #include "LoudPrompt.h"
 #include "app/CVelmarchApp.h"
 #include "platform/host/CClock.h"
-#include "shell/program/CEventPump.h"
+#include "shell/frame/CEventPump.h"
 #include "shell/frame/CMainFrame.h"
 #include "shell/list/CRecordListView.h"
+#include "timers/CRecordTimers.h"
 #include "viewmodel/list/CRecordListModel.h"
 #include "viewmodel/program/CViewHub.h"
-#include "timers/CRecordTimers.h"
 
 #include <memory>
 

@@ -18,7 +18,32 @@ if(VELMARCH_FUZZ)
     target_link_options(velmarch_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
-# velmarch_floor(NAME LINKS target...): the static library of the current folder, alias Velmarch::NAME.
+# Reading the headers of Qt takes most of the time that a file takes, and precompiling them some twelve seconds. So a few
+# targets do it for all: the core, what has widgets, and the tests of each. The preset for clang-tidy goes without, so
+# that each file still has to include what it uses.
+function(velmarch_precompiled name)
+    cmake_parse_arguments(PRECOMPILED "" "" "LINKS;HEADERS" ${ARGN})
+    file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp.new "// Nothing but its precompiled headers.\n")
+    file(COPY_FILE ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp.new ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp ONLY_IF_DIFFERENT)
+    add_library(${name} OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+    set_target_properties(${name} PROPERTIES AUTOMOC OFF)
+    target_link_libraries(${name} PRIVATE velmarch_flags ${PRECOMPILED_LINKS})
+    target_precompile_headers(${name} PRIVATE ${PRECOMPILED_HEADERS})
+endfunction()
+set(velmarch_core_headers <QByteArray> <QHash> <QString> <QStringList> <algorithm> <array> <functional> <memory> <optional>
+                          <span> <variant> <vector>)
+velmarch_precompiled(velmarch_pch_core LINKS Qt6::Core HEADERS ${velmarch_core_headers})
+velmarch_precompiled(velmarch_pch_widgets LINKS Qt6::Widgets Qt6::Svg HEADERS ${velmarch_core_headers} <QtWidgets>)
+if(VELMARCH_TESTS)
+    # Qt6::Test tells each target its own folders, which would make headers precompiled for one useless to the others.
+    add_library(velmarch_test_flags INTERFACE)
+    target_link_libraries(velmarch_test_flags INTERFACE Qt6::Test)
+    target_compile_options(velmarch_test_flags INTERFACE -UQT_TESTCASE_BUILDDIR -UQT_TESTCASE_SOURCEDIR)
+    velmarch_precompiled(velmarch_pch_tests LINKS velmarch_test_flags HEADERS <QtTest>)
+    velmarch_precompiled(velmarch_pch_widget_tests LINKS Qt6::Widgets Qt6::Svg velmarch_test_flags HEADERS <QtWidgets> <QtTest>)
+endif()
+
+# velmarch_floor(NAME LINKS target...): the static library of the current folder with its rooms, alias Velmarch::NAME.
 function(velmarch_floor name)
     cmake_parse_arguments(FLOOR "" "" "LINKS" ${ARGN})
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
@@ -28,34 +53,35 @@ function(velmarch_floor name)
     add_library(Velmarch::${name} ALIAS velmarch_${name})
     set_target_properties(velmarch_${name} PROPERTIES LINKER_LANGUAGE CXX)
     target_link_libraries(velmarch_${name} PUBLIC velmarch_flags ${FLOOR_LINKS})
-    # Reading these takes most of the time that a file takes. The preset for clang-tidy goes without, so that each file
-    # still has to include what it uses.
-    target_precompile_headers(velmarch_${name} PRIVATE <QByteArray> <QHash> <QString> <QStringList> <algorithm> <array>
-                              <functional> <memory> <optional> <span> <variant> <vector>)
     if(Qt6::Widgets IN_LIST FLOOR_LINKS)
-        target_precompile_headers(velmarch_${name} PRIVATE <QtWidgets>)
+        target_precompile_headers(velmarch_${name} REUSE_FROM velmarch_pch_widgets)
+    elseif(NOT Qt6::Test IN_LIST FLOOR_LINKS)
+        target_precompile_headers(velmarch_${name} REUSE_FROM velmarch_pch_core)
     endif()
 endfunction()
 
-# velmarch_tests(LINKS target...): every Test*.cpp of the current folder is a Qt Test program and a ctest.
-function(velmarch_tests)
+# velmarch_tests(NAME LINKS target...): the Test*.cpp of the current folder and its rooms make one program, tests_NAME.
+# Each of their classes is a ctest of its own, run in its own process. Where widgets are linked there is a QApplication.
+function(velmarch_tests name)
     cmake_parse_arguments(TESTS "" "" "LINKS" ${ARGN})
     file(GLOB_RECURSE tests CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/Test*.cpp)
-    set(first "")
+    set(program tests_${name})
+    add_executable(${program} ${tests} ${PROJECT_SOURCE_DIR}/tests/support/main.cpp)
+    target_link_libraries(${program} PRIVATE ${TESTS_LINKS} Velmarch::test_support velmarch_test_flags)
+    target_compile_definitions(${program} PRIVATE
+        TEST_SOURCE_DIR="${CMAKE_CURRENT_SOURCE_DIR}" TEST_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+    if(Velmarch::shell IN_LIST TESTS_LINKS)
+        target_compile_definitions(${program} PRIVATE TEST_APPLICATION=QApplication TEST_APPLICATION_HEADER=<QApplication>)
+        target_precompile_headers(${program} REUSE_FROM velmarch_pch_widget_tests)
+    else()
+        target_compile_definitions(${program} PRIVATE
+            TEST_APPLICATION=QCoreApplication TEST_APPLICATION_HEADER=<QCoreApplication>)
+        target_precompile_headers(${program} REUSE_FROM velmarch_pch_tests)
+    endif()
     foreach(file ${tests})
-        get_filename_component(name ${file} NAME_WE)
-        add_executable(${name} ${file})
-        target_link_libraries(${name} PRIVATE ${TESTS_LINKS} Velmarch::test_support Qt6::Test)
-        target_compile_definitions(${name} PRIVATE
-            TEST_SOURCE_DIR="${CMAKE_CURRENT_SOURCE_DIR}" TEST_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
-        if(first)
-            target_precompile_headers(${name} REUSE_FROM ${first})
-        else()
-            target_precompile_headers(${name} PRIVATE <QtTest>)
-            set(first ${name})
-        endif()
-        add_test(NAME ${name} COMMAND ${name})
-        set_tests_properties(${name} PROPERTIES TIMEOUT 300
+        get_filename_component(class ${file} NAME_WE)
+        add_test(NAME ${class} COMMAND ${program} ${class})
+        set_tests_properties(${class} PROPERTIES TIMEOUT 300
             ENVIRONMENT "QT_QPA_PLATFORM=offscreen;TZ=UTC;LC_ALL=C.UTF-8")
     endforeach()
 endfunction()

@@ -5,6 +5,7 @@
 #include "records/CDRecord.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
+#include "records/RecordFactory.h"
 
 #include <cmath>
 

@@ -47,11 +47,11 @@ bool SetValue(CPRecord& item, int list, const QString& text) {
 
 }  // namespace
 
-CPulldownCatalogue::CPulldownCatalogue(const Surroundings& around)
-    : m_document(around.document),
-      m_prompt(around.prompt),
-      m_settings(around.settings),
-      m_store(around.manager, around.prompt, around.dataSourceName),
+CPulldownCatalogue::CPulldownCatalogue(const Context& context)
+    : m_document(context.document),
+      m_prompt(context.prompt),
+      m_settings(context.settings),
+      m_store(context.manager, context.prompt, context.dataSourceName),
       m_dependencies(m_store) {}
 
 CPulldownCatalogue::~CPulldownCatalogue() = default;

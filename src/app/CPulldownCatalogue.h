@@ -30,14 +30,14 @@ class CPulldownCatalogue {
     /// Items in the order of loading and adding.
     using ItemList = PulldownLists::ItemList;
     /// What the catalogue needs from outside. All must outlive it.
-    struct Surroundings {
+    struct Context {
         CVOSrcMgr& manager;
         CVelmarchDoc& document;  ///< carries renamed items into the records of the mode in use
         CPrompt& prompt;
         const Settings& settings;
         QString dataSourceName;
     };
-    explicit CPulldownCatalogue(const Surroundings& around);
+    explicit CPulldownCatalogue(const Context& context);
     ~CPulldownCatalogue();
     CPulldownCatalogue(const CPulldownCatalogue&) = delete;
     CPulldownCatalogue& operator=(const CPulldownCatalogue&) = delete;

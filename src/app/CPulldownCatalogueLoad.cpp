@@ -3,6 +3,7 @@
 #include "app/ListTable.h"
 #include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
+#include "records/RecordFactory.h"
 
 #include <utility>
 

@@ -4,6 +4,7 @@
 #include "platform/host/CInstallLocation.h"
 #include "platform/host/CPrompt.h"
 #include "platform/host/CRegionalInfo.h"
+#include "records/RecordFactory.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -55,7 +56,7 @@ std::optional<Verb> FindVerb(const QStringList& arguments) {
     return std::nullopt;
 }
 
-CVelmarchApp::CVelmarchApp(const Outside& outside) : m_outside(outside) {}
+CVelmarchApp::CVelmarchApp(const Context& context) : m_context(context) {}
 
 CVelmarchApp::~CVelmarchApp() {
     DropCatalogue();
@@ -137,7 +138,7 @@ bool CVelmarchApp::OpenSettings() {
     else if (areMissing)
         Tell(Text::SettingsMissing, FormatText<Text::SettingsMissing>(path), Text::SettingsTitle);
     m_profile = std::make_unique<CProfile>(m_tree, LoadText(Text::ProfileKeyName));
-    m_settings = std::make_unique<CCfgStore>(m_tree, *m_profile, m_outside.prompt, TheRegion(),
+    m_settings = std::make_unique<CCfgStore>(m_tree, *m_profile, m_context.prompt, TheRegion(),
                                              LoadText(Text::BaseKeyPath));
     m_precisions = std::make_unique<PrecisionScope>(*m_settings);
     // After the precisions: a record takes them over when it is made.
@@ -174,11 +175,11 @@ bool CVelmarchApp::OpenStore() {
     m_srcMgr.m_directory = m_home;
     m_srcMgr.m_fileName = LoadText(Text::StoreFileName);
     m_srcMgr.m_thirdLocation = LoadText(Text::StoreThirdLocation);
-    m_store = std::make_unique<CRecordStore>(m_srcMgr, m_outside.prompt, DataSourceName());
+    m_store = std::make_unique<CRecordStore>(m_srcMgr, m_context.prompt, DataSourceName());
     m_document = std::make_unique<CVelmarchDoc>(
-        DocumentSurroundings{*m_store, m_outside.views, m_outside.pump, m_outside.clock, *m_settings});
-    m_catalogue = std::make_unique<CPulldownCatalogue>(CPulldownCatalogue::Surroundings{
-        m_srcMgr, *m_document, m_outside.prompt, *m_settings, DataSourceName()});
+        DocumentContext{*m_store, m_context.views, m_context.pump, m_context.clock, *m_settings});
+    m_catalogue = std::make_unique<CPulldownCatalogue>(
+        CPulldownCatalogue::Context{m_srcMgr, *m_document, m_context.prompt, *m_settings, DataSourceName()});
     thePulldownCatalogue = m_catalogue.get();
 
     const QString path = m_home + u'/' + m_srcMgr.m_fileName;
@@ -231,7 +232,7 @@ bool CVelmarchApp::AskAboutMissingStore(const QString& path) {
                          Buttons::YesNo,
                          Answer::No,
                          LoadText(Text::StartWithoutRecords)};
-    return m_outside.prompt.Ask(box) == Answer::Yes;
+    return m_context.prompt.Ask(box) == Answer::Yes;
 }
 
 bool CVelmarchApp::LoadStep() {
@@ -253,6 +254,6 @@ bool CVelmarchApp::LoadLists() {
 }
 
 void CVelmarchApp::Tell(Text id, const QString& text, Text title) {
-    m_outside.prompt.Tell(
+    m_context.prompt.Tell(
         {static_cast<int>(id), LoadText(title), text, BoxIcon::Warning, Buttons::Ok, Answer::Ok, {}});
 }

@@ -39,13 +39,13 @@ extern CERecord* theExpenseEntry;  ///< what the expense screens edit
 class CVelmarchApp {
  public:
     /// What the application needs from outside. All must outlive it.
-    struct Outside {
+    struct Context {
         const CClock& clock;
         CPrompt& prompt;
         CMessagePump& pump;
         CViewNotifier& views;
     };
-    explicit CVelmarchApp(const Outside& outside);
+    explicit CVelmarchApp(const Context& context);
     ~CVelmarchApp();
     CVelmarchApp(const CVelmarchApp&) = delete;
     CVelmarchApp& operator=(const CVelmarchApp&) = delete;
@@ -102,7 +102,7 @@ class CVelmarchApp {
     void Tell(Text id, const QString& text, Text title);
     void DropCatalogue();
 
-    Outside m_outside;
+    Context m_context;
     QString m_home;
     CVOSrcMgr m_srcMgr;
     CSettingsTree m_tree;

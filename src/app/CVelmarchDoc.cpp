@@ -3,16 +3,17 @@
 #include "config/CCfgStore.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
+#include "records/RecordFactory.h"
 
 #include <algorithm>
 #include <utility>
 
-CVelmarchDoc::CVelmarchDoc(const DocumentSurroundings& around)
-    : m_store(around.store),
-      m_views(around.views),
-      m_pump(around.pump),
-      m_clock(around.clock),
-      m_settings(around.settings) {}
+CVelmarchDoc::CVelmarchDoc(const DocumentContext& context)
+    : m_store(context.store),
+      m_views(context.views),
+      m_pump(context.pump),
+      m_clock(context.clock),
+      m_settings(context.settings) {}
 
 CVelmarchDoc::~CVelmarchDoc() = default;
 
@@ -22,8 +23,8 @@ CVelmarchDoc::~CVelmarchDoc() = default;
 class CVelmarchDoc::BothFilters {
  public:
     explicit BothFilters(const CVelmarchDoc& document)
-        : m_time(document.m_timeFilter, document.PeriodNeeds(), document.m_timers),
-          m_expense(document.m_expenseFilter, document.PeriodNeeds()) {}
+        : m_time(document.m_timeFilter, document.GetPeriodContext(), document.m_timers),
+          m_expense(document.m_expenseFilter, document.GetPeriodContext()) {}
     [[nodiscard]] bool Matches(const CVORec& record) const {
         return record.Kind() == RecordKind::Time ? m_time.Matches(static_cast<const CTRecord&>(record))
                                                  : m_expense.Matches(static_cast<const CERecord&>(record));
@@ -50,8 +51,8 @@ void CVelmarchDoc::BuildVisible() {
 
 bool CVelmarchDoc::Passes(const CVORec& record) const {
     if (record.Kind() == RecordKind::Time)
-        return m_timeFilter.Matches(static_cast<const CTRecord&>(record), PeriodNeeds(), m_timers);
-    return m_expenseFilter.Matches(static_cast<const CERecord&>(record), PeriodNeeds());
+        return m_timeFilter.Matches(static_cast<const CTRecord&>(record), GetPeriodContext(), m_timers);
+    return m_expenseFilter.Matches(static_cast<const CERecord&>(record), GetPeriodContext());
 }
 
 void CVelmarchDoc::ResetTimeFilter() {
@@ -89,7 +90,7 @@ PeriodFilter& CVelmarchDoc::FilterOf(RecordKind kind) {
     return m_expenseFilter;
 }
 
-PeriodSurroundings CVelmarchDoc::PeriodNeeds() const {
+PeriodContext CVelmarchDoc::GetPeriodContext() const {
     return {m_clock, m_settings.Region(), m_settings.firstDayOfWeek, m_settings.yearDisplayFormat};
 }
 

@@ -17,11 +17,11 @@ class CCfgStore;
 class CClock;
 class CERecord;
 class CMessagePump;
-class CTimerDesk;
+class CTimerService;
 class CTRecord;
 
 /// What the document needs from outside, handed in at its making.
-struct DocumentSurroundings {
+struct DocumentContext {
     CRecordStore& store;
     CViewNotifier& views;
     CMessagePump& pump;
@@ -39,13 +39,13 @@ class CVelmarchDoc {
     /// More identities than these aren't refreshed one by one.
     static constexpr qsizetype kMostRefreshed = 1000;
 
-    explicit CVelmarchDoc(const DocumentSurroundings& around);
+    explicit CVelmarchDoc(const DocumentContext& context);
     ~CVelmarchDoc();
     CVelmarchDoc(const CVelmarchDoc&) = delete;
     CVelmarchDoc& operator=(const CVelmarchDoc&) = delete;
 
     /// Who knows the timers; null: no record has one.
-    void SetTimers(const CTimerDesk* timers) { m_timers = timers; }
+    void SetTimers(const CTimerService* timers) { m_timers = timers; }
 
     /// Reloads all records of a kind (time or expense): hint Clear, then the bulk path, then row by row where
     /// that fails. True as well when the rows can't be read: the store has told the user, and the collection
@@ -128,7 +128,7 @@ class CVelmarchDoc {
     [[nodiscard]] PeriodFilter& FilterOf(RecordKind kind);
     [[nodiscard]] const PeriodFilter& CurrentFilter() const;
     [[nodiscard]] PeriodFilter& CurrentFilter() { return FilterOf(KindOf(theRecordMode)); }
-    [[nodiscard]] PeriodSurroundings PeriodNeeds() const;
+    [[nodiscard]] PeriodContext GetPeriodContext() const;
     [[nodiscard]] CRecordStore& Store() { return m_store; }
     [[nodiscard]] const CCfgStore& GetSettings() const { return m_settings; }
     [[nodiscard]] const CClock& Clock() const { return m_clock; }
@@ -164,7 +164,7 @@ class CVelmarchDoc {
     CMessagePump& m_pump;
     const CClock& m_clock;
     const CCfgStore& m_settings;
-    const CTimerDesk* m_timers = nullptr;
+    const CTimerService* m_timers = nullptr;
     QStringList m_pendingIds;
     std::vector<CVORec*> m_visible;  ///< null where a record was removed; places are kept in m_records
     std::size_t m_visibleCount = 0;

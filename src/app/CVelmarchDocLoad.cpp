@@ -2,6 +2,7 @@
 #include "config/CCfgStore.h"
 #include "platform/host/CMessagePump.h"
 #include "records/CTRecord.h"
+#include "records/RecordFactory.h"
 
 #include <utility>
 

@@ -7,6 +7,7 @@
 #include "records/CPRecord.h"
 #include "records/CRecordStore.h"
 #include "records/CTRecord.h"
+#include "records/RecordFactory.h"
 
 #include <algorithm>
 #include <random>

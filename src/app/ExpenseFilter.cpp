@@ -27,12 +27,12 @@ void ExpenseFilter::Reset() {
     exported = FlagCriterion::kAny;
 }
 
-bool ExpenseFilter::Matches(const CERecord& record, const PeriodSurroundings& around) const {
-    return Prepared(*this, around).Matches(record);
+bool ExpenseFilter::Matches(const CERecord& record, const PeriodContext& context) const {
+    return Prepared(*this, context).Matches(record);
 }
 
-ExpenseFilter::Prepared::Prepared(const ExpenseFilter& filter, const PeriodSurroundings& around)
-    : m_tests(filter, around), m_amount(filter.amount), m_comparison(filter.comparison) {
+ExpenseFilter::Prepared::Prepared(const ExpenseFilter& filter, const PeriodContext& context)
+    : m_tests(filter, context), m_amount(filter.amount), m_comparison(filter.comparison) {
     for (std::size_t i = 0; i < kItems.size(); ++i) m_tests.WantText(kItems[i], filter.items[i]);
     m_tests.WantFlag(&CERecord::isDistance, filter.distance);
     for (std::size_t i = 0; i < kFlags.size(); ++i) m_tests.WantFlag(kFlags[i], filter.flags[i]);

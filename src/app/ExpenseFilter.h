@@ -30,12 +30,12 @@ class ExpenseFilter final : public PeriodFilter {
 
     void Reset() override;
     /// One expense, by its rule of tests; the first that fails ends it.
-    [[nodiscard]] bool Matches(const CERecord& record, const PeriodSurroundings& around) const;
+    [[nodiscard]] bool Matches(const CERecord& record, const PeriodContext& context) const;
 
     /// The same tests, prepared for a walk over many records.
     class Prepared {
      public:
-        Prepared(const ExpenseFilter& filter, const PeriodSurroundings& around);
+        Prepared(const ExpenseFilter& filter, const PeriodContext& context);
         [[nodiscard]] bool Matches(const CERecord& record) const;
 
      private:

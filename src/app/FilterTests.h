@@ -28,11 +28,11 @@ inline constexpr int kClear = 0;
 template <class Record>
 class FilterTests {
  public:
-    FilterTests(const PeriodFilter& filter, const PeriodSurroundings& around)
+    FilterTests(const PeriodFilter& filter, const PeriodContext& context)
         : m_matchWhole(filter.matchWhole), m_matchCase(filter.matchCase) {
         DateTimeVal start;
         DateTimeVal end;
-        if (filter.Dates(start, end, around)) m_days = {KeyOf(start), KeyOf(end)};
+        if (filter.Dates(start, end, context)) m_days = {KeyOf(start), KeyOf(end)};
     }
     /// The field must equal the text or hold it, as the filter says; the word for any: no test.
     void WantText(QString Record::*field, const QString& wanted) {

@@ -6,6 +6,7 @@
 #include "lang/FormatText.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
+#include "records/RecordFactory.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "app/TimeFilter.h"
 
-#include "app/CTimerDesk.h"
+#include "app/CTimerService.h"
 #include "records/CTRecord.h"
 
 namespace {
@@ -23,14 +23,14 @@ void TimeFilter::Reset() {
     timer = FlagCriterion::kAny;
 }
 
-bool TimeFilter::Matches(const CTRecord& record, const PeriodSurroundings& around,
-                         const CTimerDesk* timers) const {
-    return Prepared(*this, around, timers).Matches(record);
+bool TimeFilter::Matches(const CTRecord& record, const PeriodContext& context,
+                         const CTimerService* timers) const {
+    return Prepared(*this, context, timers).Matches(record);
 }
 
-TimeFilter::Prepared::Prepared(const TimeFilter& filter, const PeriodSurroundings& around,
-                               const CTimerDesk* timers)
-    : m_tests(filter, around), m_timers(timers), m_timer(filter.timer) {
+TimeFilter::Prepared::Prepared(const TimeFilter& filter, const PeriodContext& context,
+                               const CTimerService* timers)
+    : m_tests(filter, context), m_timers(timers), m_timer(filter.timer) {
     for (std::size_t i = 0; i < kItems.size(); ++i) m_tests.WantText(kItems[i], filter.items[i]);
     m_tests.WantFlag(&CTRecord::isBillable, filter.billable);
     m_tests.WantFlag(&CTRecord::isBilled, filter.billed);

@@ -4,7 +4,7 @@
 
 #include <array>
 
-class CTimerDesk;
+class CTimerService;
 class CTRecord;
 
 /// Which time records a view shows: a period, texts of the five items, three flags, and whether a timer is
@@ -21,20 +21,20 @@ class TimeFilter final : public PeriodFilter {
 
     void Reset() override;
     /// One record, by its rule of tests; the first that fails ends it.
-    [[nodiscard]] bool Matches(const CTRecord& record, const PeriodSurroundings& around,
-                               const CTimerDesk* timers) const;
+    [[nodiscard]] bool Matches(const CTRecord& record, const PeriodContext& context,
+                               const CTimerService* timers) const;
 
     /// The same tests, prepared for a walk over many records.
     class Prepared {
      public:
-        Prepared(const TimeFilter& filter, const PeriodSurroundings& around, const CTimerDesk* timers);
+        Prepared(const TimeFilter& filter, const PeriodContext& context, const CTimerService* timers);
         [[nodiscard]] bool Matches(const CTRecord& record) const;
 
      private:
         [[nodiscard]] bool MatchesTimer(const CTRecord& record) const;
 
         FilterTests<CTRecord> m_tests;
-        const CTimerDesk* m_timers;
+        const CTimerService* m_timers;
         int m_timer;
     };
 };

@@ -15,20 +15,20 @@ QString DateWithYear(const CRegionalInfo& region, const DateTimeVal& date) {
 }
 
 /// A text that is no date gives today.
-DateTimeVal DateOf(const QString& text, const PeriodSurroundings& around) {
+DateTimeVal DateOf(const QString& text, const PeriodContext& context) {
     DateTimeVal date;
-    (void)date.ParseDateText(text, around.region, around.clock);
+    (void)date.ParseDateText(text, context.region, context.clock);
     return date;
 }
 
-QString RangeName(const DateTimeVal& start, const DateTimeVal& end, const PeriodSurroundings& around) {
-    return DisplayDate(around.region, start, around.yearDisplayFormat) + LoadText(Text::PeriodTo) +
-           DisplayDate(around.region, end, around.yearDisplayFormat);
+QString RangeName(const DateTimeVal& start, const DateTimeVal& end, const PeriodContext& context) {
+    return DisplayDate(context.region, start, context.yearDisplayFormat) + LoadText(Text::PeriodTo) +
+           DisplayDate(context.region, end, context.yearDisplayFormat);
 }
 
-void PutDates(PeriodFilter& filter, const PresetDates& dates, const PeriodSurroundings& around) {
-    filter.startText = DateWithYear(around.region, dates.start);
-    filter.endText = DateWithYear(around.region, dates.end);
+void PutDates(PeriodFilter& filter, const PresetDates& dates, const PeriodContext& context) {
+    filter.startText = DateWithYear(context.region, dates.start);
+    filter.endText = DateWithYear(context.region, dates.end);
 }
 
 using StepDates = void (*)(PresetDates& dates, int direction);
@@ -68,18 +68,18 @@ const StepRow* FindStep(int preset) {
     return row == std::ranges::end(kSteps) ? nullptr : row;
 }
 
-bool Step(PeriodFilter& filter, int direction, const PeriodSurroundings& around) {
+bool Step(PeriodFilter& filter, int direction, const PeriodContext& context) {
     const StepRow* const row = FindStep(filter.preset);
     if (!row) return false;
-    PresetDates dates{DateOf(filter.startText, around), DateOf(filter.endText, around)};
+    PresetDates dates{DateOf(filter.startText, context), DateOf(filter.endText, context)};
     if (!row->step) {
         const bool fromEnd = direction > 0 && filter.preset == PeriodCode::kRange;
         DateTimeVal beside = fromEnd ? dates.end : dates.start;
-        return filter.SetSingleDate(DateWithYear(around.region, beside.AddDays(direction)), around);
+        return filter.SetSingleDate(DateWithYear(context.region, beside.AddDays(direction)), context);
     }
     row->step(dates, direction);
-    PutDates(filter, dates, around);
-    filter.displayName = RangeName(dates.start, dates.end, around);
+    PutDates(filter, dates, context);
+    filter.displayName = RangeName(dates.start, dates.end, context);
     return true;
 }
 
@@ -103,68 +103,67 @@ void PeriodFilter::Reset() {
     endText = startText;
 }
 
-bool PeriodFilter::ApplyPreset(int id, const PeriodSurroundings& around) {
+bool PeriodFilter::ApplyPreset(int id, const PeriodContext& context) {
     const PeriodPresetRow* const row = FindPeriodPreset(id);
     if (!row) return false;
     isEnabled = true;
     displayName = LoadText(row->name);
     preset = id;
     DateTimeVal today;
-    today.SetToday(around.clock);
+    today.SetToday(context.clock);
     PresetDates dates;
-    const PresetOutcome outcome = ComputePreset(id, today, around.firstDayOfWeek, dates);
+    const PresetOutcome outcome = ComputePreset(id, today, context.firstDayOfWeek, dates);
     if (outcome == PresetOutcome::NoDates) return true;
     if (outcome == PresetOutcome::Failed && id != PeriodCode::kToday)
-        return ApplyPreset(PeriodCode::kToday, around);
-    PutDates(*this, dates, around);
+        return ApplyPreset(PeriodCode::kToday, context);
+    PutDates(*this, dates, context);
     return true;
 }
 
-bool PeriodFilter::SetSingleDate(const QString& text, const PeriodSurroundings& around) {
+bool PeriodFilter::SetSingleDate(const QString& text, const PeriodContext& context) {
     DateTimeVal date;
-    if (!date.ParseDateText(text, around.region, around.clock)) return false;
+    if (!date.ParseDateText(text, context.region, context.clock)) return false;
     DateTimeVal today;
-    today.SetToday(around.clock);
-    if (text == DateWithYear(around.region, today)) return ApplyPreset(PeriodCode::kToday, around);
+    today.SetToday(context.clock);
+    if (text == DateWithYear(context.region, today)) return ApplyPreset(PeriodCode::kToday, context);
     // the caller may hand in one of our own texts
     const QString chosen = text;  // NOLINT(performance-unnecessary-copy-initialization)
     EnablePeriod(true);
     preset = PeriodCode::kSingleDate;
     startText = chosen;
     endText = chosen;
-    displayName = DisplayDate(around.region, date, around.yearDisplayFormat);
+    displayName = DisplayDate(context.region, date, context.yearDisplayFormat);
     return true;
 }
 
-void PeriodFilter::SetRange(const DateTimeVal& start, const DateTimeVal& end,
-                            const PeriodSurroundings& around) {
+void PeriodFilter::SetRange(const DateTimeVal& start, const DateTimeVal& end, const PeriodContext& context) {
     if (!start.IsEarlierDate(end)) {
         // Equal dates are the single day; a start after the end is the single day of the end.
-        (void)SetSingleDate(DateWithYear(around.region, end), around);
+        (void)SetSingleDate(DateWithYear(context.region, end), context);
         return;
     }
     EnablePeriod(true);
     preset = PeriodCode::kRange;
-    PutDates(*this, {start, end}, around);
-    displayName = RangeName(start, end, around);
+    PutDates(*this, {start, end}, context);
+    displayName = RangeName(start, end, context);
 }
 
 bool PeriodFilter::CanStep() const {
     return FindStep(preset) != nullptr;
 }
 
-bool PeriodFilter::StepBack(const PeriodSurroundings& around) {
-    return Step(*this, -1, around);
+bool PeriodFilter::StepBack(const PeriodContext& context) {
+    return Step(*this, -1, context);
 }
 
-bool PeriodFilter::StepForward(const PeriodSurroundings& around) {
-    return Step(*this, 1, around);
+bool PeriodFilter::StepForward(const PeriodContext& context) {
+    return Step(*this, 1, context);
 }
 
-bool PeriodFilter::Dates(DateTimeVal& start, DateTimeVal& end, const PeriodSurroundings& around) const {
+bool PeriodFilter::Dates(DateTimeVal& start, DateTimeVal& end, const PeriodContext& context) const {
     if (!isEnabled) return false;
-    start = DateOf(startText, around);
-    end = DateOf(endText, around);
+    start = DateOf(startText, context);
+    end = DateOf(endText, context);
     return true;
 }
 

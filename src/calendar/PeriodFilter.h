@@ -1,37 +1,12 @@
 #pragma once
 
-#include "calendar/DateTimeVal.h"
-#include "lang/Text.h"
+#include "calendar/PeriodPresets.h"
 #include "platform/host/CRegionalInfo.h"
 
 #include <QString>
-#include <span>
-
-/// One preset that the user can choose. The numbers are stored as they stand.
-struct PeriodPresetRow {
-    int preset;
-    int command;  ///< number of its menu command
-    Text name;    ///< "This week"
-    Text token;   ///< by which it is stored
-};
-
-/// The 24 presets in the order in which they are offered.
-[[nodiscard]] std::span<const PeriodPresetRow> PeriodPresets();
-[[nodiscard]] const PeriodPresetRow* FindPeriodPreset(int preset);
-
-/// Preset numbers that are no row of the table.
-namespace PeriodCode {
-inline constexpr int kNotChosen = 0;
-inline constexpr int kToday = 1;
-inline constexpr int kThisMonth = 4;
-inline constexpr int kSingleDate = 5;
-inline constexpr int kAll = 6;
-inline constexpr int kRange = 7;
-inline constexpr int kYesterday = 16;
-}  // namespace PeriodCode
 
 /// What period computations need from outside.
-struct PeriodSurroundings {
+struct PeriodContext {
     const CClock& clock;
     const CRegionalInfo& region;
     int firstDayOfWeek = 0;     ///< 0 Sunday to 6 Saturday
@@ -56,15 +31,15 @@ class PeriodFilter {
     /// No restriction at all: every criterion any.
     virtual void Reset();
     /// False only for a number that is no preset.
-    bool ApplyPreset(int id, const PeriodSurroundings& around);
+    bool ApplyPreset(int id, const PeriodContext& context);
     /// False if the text is no date.
-    bool SetSingleDate(const QString& text, const PeriodSurroundings& around);
-    void SetRange(const DateTimeVal& start, const DateTimeVal& end, const PeriodSurroundings& around);
+    bool SetSingleDate(const QString& text, const PeriodContext& context);
+    void SetRange(const DateTimeVal& start, const DateTimeVal& end, const PeriodContext& context);
     [[nodiscard]] bool CanStep() const;
-    bool StepBack(const PeriodSurroundings& around);
-    bool StepForward(const PeriodSurroundings& around);
+    bool StepBack(const PeriodContext& context);
+    bool StepForward(const PeriodContext& context);
     /// Both dates; false when the period sets none.
-    [[nodiscard]] bool Dates(DateTimeVal& start, DateTimeVal& end, const PeriodSurroundings& around) const;
+    [[nodiscard]] bool Dates(DateTimeVal& start, DateTimeVal& end, const PeriodContext& context) const;
 };
 
 /// A date as views show it: 0 long, 1 short, 2 without year.

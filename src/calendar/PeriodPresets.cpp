@@ -1,7 +1,5 @@
 #include "calendar/PeriodPresets.h"
 
-#include "calendar/PeriodFilter.h"
-
 #include <algorithm>
 #include <array>
 

@@ -7,8 +7,8 @@
 #include "config/Settings.h"
 #include "config/SettingsTable.h"
 #include "lang/Text.h"
-#include "platform/settings/CProfile.h"
 #include "platform/host/CRegionalInfo.h"
+#include "platform/settings/CProfile.h"
 #include "platform/settings/CSettingsTree.h"
 #include "records/Precisions.h"
 

@@ -5,7 +5,7 @@
 #include "config/SettingCommand.h"
 #include "entry/NamedDefaults.h"
 #include "lang/FormatText.h"
-#include "records/CVORec.h"
+#include "records/RecordFactory.h"
 
 using namespace Qt::Literals::StringLiterals;
 

@@ -1,6 +1,6 @@
 #include "entry/QuickEntry.h"
 
-#include "app/CTimerDesk.h"
+#include "app/CTimerService.h"
 #include "app/CVelmarchDoc.h"
 #include "calendar/NumberText.h"
 #include "config/Settings.h"
@@ -35,31 +35,31 @@ constexpr QuickCommandRow kCommands[] = {
 };
 
 /// The one selected record; null unless exactly one is selected.
-const CVORec* Selected(RecordKind kind, const QuickEntrySurroundings& around) {
-    return around.selectedIds.size() == 1 ? around.document.FetchRecord(kind, around.selectedIds.first())
-                                          : nullptr;
+const CVORec* Selected(RecordKind kind, const QuickEntryContext& context) {
+    return context.selectedIds.size() == 1 ? context.document.FetchRecord(kind, context.selectedIds.first())
+                                           : nullptr;
 }
 
 enum class Base { Filled, Cancelled, Failed };
 
 /// A copy takes every field, times, duration and break too.
 template <class Record>
-Base CopySelected(Record& record, const QuickEntrySurroundings& around) {
-    const CVORec* base = Selected(record.Kind(), around);
+Base CopySelected(Record& record, const QuickEntryContext& context) {
+    const CVORec* base = Selected(record.Kind(), context);
     if (!base) return Base::Failed;
     record.Copy(static_cast<const Record&>(*base));
     return Base::Filled;
 }
 
 template <class Record>
-Base FillFromBase(Record& record, int flags, const QuickEntrySurroundings& around) {
+Base FillFromBase(Record& record, int flags, const QuickEntryContext& context) {
     if (flags & kDefaults) {
-        if (!around.fillFromDefaults) return Base::Failed;
-        return around.fillFromDefaults(record) ? Base::Filled : Base::Cancelled;
+        if (!context.fillFromDefaults) return Base::Failed;
+        return context.fillFromDefaults(record) ? Base::Filled : Base::Cancelled;
     }
     if (flags & kTree)
-        return around.fillFromTree && around.fillFromTree(record) ? Base::Filled : Base::Failed;
-    return flags & kCopy ? CopySelected(record, around) : Base::Filled;
+        return context.fillFromTree && context.fillFromTree(record) ? Base::Filled : Base::Failed;
+    return flags & kCopy ? CopySelected(record, context) : Base::Filled;
 }
 
 void PutDate(RecordDate& date, const DateTimeVal& day) {
@@ -67,16 +67,16 @@ void PutDate(RecordDate& date, const DateTimeVal& day) {
 }
 
 /// A single date that can't be read leaves the date unset; yesterday is yesterday; any other period is today.
-void DateFromPeriod(RecordDate& date, const PeriodFilter& period, const QuickEntrySurroundings& around) {
+void DateFromPeriod(RecordDate& date, const PeriodFilter& period, const QuickEntryContext& context) {
     if (period.preset == PeriodCode::kSingleDate) {
         SYSTEMTIME day;
         date.Reset();
-        if (ParseDate(around.document.PeriodNeeds().region, period.startText, day))
+        if (ParseDate(context.document.GetPeriodContext().region, period.startText, day))
             date.Set(day.wMonth, day.wDay, day.wYear);
         return;
     }
     DateTimeVal day;
-    day.SetToday(around.clock);
+    day.SetToday(context.clock);
     if (period.preset == PeriodCode::kYesterday) day.SubtractDays(1);
     PutDate(date, day);
 }
@@ -91,10 +91,10 @@ void Timestamp(CTRecord& record, const CClock& clock) {
 
 /// The date of the other record, and its end as start, a minute later if so set. Past midnight the date
 /// stays: after 11:59 PM comes 12:00 AM of the same date. A record without an end gives one without a start.
-bool Succeed(CTRecord& record, const QuickEntrySurroundings& around) {
-    const CVORec* fetched = around.successiveId.isEmpty()
-                                ? Selected(RecordKind::Time, around)
-                                : around.document.FetchRecord(RecordKind::Time, around.successiveId);
+bool Succeed(CTRecord& record, const QuickEntryContext& context) {
+    const CVORec* fetched = context.successiveId.isEmpty()
+                                ? Selected(RecordKind::Time, context)
+                                : context.document.FetchRecord(RecordKind::Time, context.successiveId);
     if (!fetched) return false;
     const auto& former = static_cast<const CTRecord&>(*fetched);
     record.date.Copy(former.date);
@@ -104,26 +104,26 @@ bool Succeed(CTRecord& record, const QuickEntrySurroundings& around) {
     }
     DateTimeVal start;
     start.SetTime(former.endHour, former.endMinute, former.endIsPm);
-    if (around.settings.addMinuteOnSuccessive) start.AddMinutes(1);
+    if (context.settings.addMinuteOnSuccessive) start.AddMinutes(1);
     record.SetStart(start);
     return true;
 }
 
-bool FillDateAndStart(CTRecord& record, int flags, const QuickEntrySurroundings& around) {
-    if (flags & kTimestamp) Timestamp(record, around.clock);
-    if (flags & kSuccessive) return Succeed(record, around);
-    if (!(flags & kTimestamp)) DateFromPeriod(record.date, around.document.Filter(), around);
+bool FillDateAndStart(CTRecord& record, int flags, const QuickEntryContext& context) {
+    if (flags & kTimestamp) Timestamp(record, context.clock);
+    if (flags & kSuccessive) return Succeed(record, context);
+    if (!(flags & kTimestamp)) DateFromPeriod(record.date, context.document.Filter(), context);
     return true;
 }
 
 /// An expense that follows another takes nothing from it: there is no start.
-bool FillDateAndStart(CERecord& record, int flags, const QuickEntrySurroundings& around) {
+bool FillDateAndStart(CERecord& record, int flags, const QuickEntryContext& context) {
     if (!(flags & kTimestamp)) {
-        DateFromPeriod(record.date, around.document.FilterOfExpenses(), around);
+        DateFromPeriod(record.date, context.document.FilterOfExpenses(), context);
         return true;
     }
     DateTimeVal today;
-    today.SetToday(around.clock);
+    today.SetToday(context.clock);
     PutDate(record.date, today);
     return true;
 }
@@ -137,23 +137,23 @@ constexpr int kQuick<CTRecord> = kTimestamp | kSuccessive | kTimer;
 /// Without the dialog the record is added as it is; with it, as edited, unless the user cancels. One that
 /// can't be stored comes back to the dialog: what was entered isn't lost.
 template <class Record>
-QuickOutcome Finish(Record& record, int flags, const QuickEntrySurroundings& around) {
+QuickOutcome Finish(Record& record, int flags, const QuickEntryContext& context) {
     const bool isQuick = flags & kQuick<Record>;
-    const bool isAsked = around.edit && (!isQuick || around.settings.dialogOnQuickEntry);
+    const bool isAsked = context.edit && (!isQuick || context.settings.dialogOnQuickEntry);
     QuickOutcome outcome{.succeeded = true, .addedId = {}};
     do {
-        if (isAsked && !around.edit(record)) break;
-        outcome.succeeded = around.document.AddRecord(record, true, false, false, &outcome.addedId);
+        if (isAsked && !context.edit(record)) break;
+        outcome.succeeded = context.document.AddRecord(record, true, false, false, &outcome.addedId);
     } while (isAsked && !outcome.succeeded);
     return outcome;
 }
 
 /// The steps up to the identity; false when the command ends there, with its outcome set.
 template <class Record>
-bool Begin(Record& record, int flags, const QuickEntrySurroundings& around, QuickOutcome& outcome) {
-    const Base base = FillFromBase(record, flags, around);
+bool Begin(Record& record, int flags, const QuickEntryContext& context, QuickOutcome& outcome) {
+    const Base base = FillFromBase(record, flags, context);
     outcome.succeeded = base == Base::Cancelled;
-    if (base != Base::Filled || !FillDateAndStart(record, flags, around)) return false;
+    if (base != Base::Filled || !FillDateAndStart(record, flags, context)) return false;
     record.GenUnique();
     return true;
 }
@@ -176,27 +176,27 @@ std::span<const QuickCommandRow> QuickCommands() {
     return kRows;
 }
 
-QuickOutcome NewTimeRecord(int flags, const QuickEntrySurroundings& around) {
+QuickOutcome NewTimeRecord(int flags, const QuickEntryContext& context) {
     CTRecord record;
     QuickOutcome outcome;
-    if (!Begin(record, flags, around, outcome)) return outcome;
+    if (!Begin(record, flags, context, outcome)) return outcome;
     const QString id = record.GetId();
     if (flags & kTimer) {
-        around.timers.RunNewTimerAction();
-        around.timers.StartFromZero(id);
+        context.timers.RunNewTimerAction();
+        context.timers.StartFromZero(id);
     }
-    outcome = Finish(record, flags, around);
+    outcome = Finish(record, flags, context);
     // The dialog may have started a timer as well.
     if (outcome.addedId.isEmpty())
-        around.timers.Drop(id);
+        context.timers.Drop(id);
     else
-        around.timers.Keep(id);
+        context.timers.Keep(id);
     return outcome;
 }
 
-QuickOutcome NewExpenseRecord(int flags, const QuickEntrySurroundings& around) {
+QuickOutcome NewExpenseRecord(int flags, const QuickEntryContext& context) {
     CERecord record;
     QuickOutcome outcome;
-    if (!Begin(record, flags, around, outcome)) return outcome;
-    return Finish(record, flags, around);
+    if (!Begin(record, flags, context, outcome)) return outcome;
+    return Finish(record, flags, context);
 }

@@ -8,7 +8,7 @@
 #include <span>
 
 class CVelmarchDoc;
-class CTimerDesk;
+class CTimerService;
 class CClock;
 struct Settings;
 
@@ -34,12 +34,12 @@ struct QuickCommandRow {
 [[nodiscard]] std::span<const QuickCommandRow> QuickCommands();
 
 /// What a new record needs from outside.
-struct QuickEntrySurroundings {
+struct QuickEntryContext {
     /// Fills or changes a record of the kind that is made; false when that was called off or isn't possible.
     using Step = std::function<bool(CVORec& record)>;
 
     CVelmarchDoc& document;
-    CTimerDesk& timers;
+    CTimerService& timers;
     const Settings& settings;
     const CClock& clock;
     QStringList selectedIds;  ///< of the record list; a copy and a successive entry need exactly one
@@ -64,11 +64,10 @@ struct QuickOutcome {
 /// Makes a new time record by flags: base, date and start, identity, timer, then straight into the document
 /// or through the dialog, as the settings say. A cancelled dialog is a success that added nothing; a timer of
 /// the new record goes with it. What happened to other timers stays.
-[[nodiscard]] QuickOutcome NewTimeRecord(int flags, const QuickEntrySurroundings& around);
+[[nodiscard]] QuickOutcome NewTimeRecord(int flags, const QuickEntryContext& context);
 /// The same for an expense, which has a date and neither start nor timer: a successive one is dated as a
 /// blank one, and the timer's flag does nothing.
-[[nodiscard]] QuickOutcome NewExpenseRecord(int flags, const QuickEntrySurroundings& around);
-[[nodiscard]] inline QuickOutcome NewRecordOf(RecordKind kind, int flags,
-                                              const QuickEntrySurroundings& around) {
-    return kind == RecordKind::Time ? NewTimeRecord(flags, around) : NewExpenseRecord(flags, around);
+[[nodiscard]] QuickOutcome NewExpenseRecord(int flags, const QuickEntryContext& context);
+[[nodiscard]] inline QuickOutcome NewRecordOf(RecordKind kind, int flags, const QuickEntryContext& context) {
+    return kind == RecordKind::Time ? NewTimeRecord(flags, context) : NewExpenseRecord(flags, context);
 }

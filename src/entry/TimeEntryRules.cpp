@@ -1,6 +1,6 @@
 #include "entry/TimeEntryRules.h"
 
-#include "app/CTimerDesk.h"
+#include "app/CTimerService.h"
 #include "app/ListTable.h"
 #include "calendar/NumberText.h"
 #include "config/Settings.h"
@@ -67,7 +67,7 @@ constexpr TypedRow kTyped[] = {
 
 namespace TimeEntryRules {
 
-bool MayEnterTimes(const CTimerDesk& timers, const QString& recordId, CPrompt* prompt) {
+bool MayEnterTimes(const CTimerService& timers, const QString& recordId, CPrompt* prompt) {
     const TimerState state = timers.StateOf(recordId);
     if (state != TimerState::Running && state != TimerState::Paused) return true;
     if (prompt) {

@@ -7,7 +7,7 @@
 
 class CPrompt;
 class CTRecord;
-class CTimerDesk;
+class CTimerService;
 class KeepInLists;
 struct Settings;
 
@@ -23,7 +23,7 @@ namespace TimeEntryRules {
 
 /// While the record has a timer, start, end, duration and break can't be entered. False when so; with a
 /// prompt the user is told.
-[[nodiscard]] bool MayEnterTimes(const CTimerDesk& timers, const QString& recordId, CPrompt* prompt);
+[[nodiscard]] bool MayEnterTimes(const CTimerService& timers, const QString& recordId, CPrompt* prompt);
 
 /// 08:00 to 10:00 and a start of 09:00: the duration becomes 1:00; with lockDurationOnTimeEdit it stays 2:00
 /// and the end becomes 11:00. The time is rounded before anything is computed from it.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/sqlite/VARIANT.h"
-#include "records/CVORec.h"
+#include "records/FieldDef.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/CTimerDesk.h"
+#include "app/CTimerService.h"
 #include "platform/host/CClock.h"
 
 #include <QString>

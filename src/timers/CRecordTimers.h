@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/CTimerDesk.h"
+#include "app/CTimerService.h"
 #include "app/Hints.h"
 #include "timers/ActiveTimerSet.h"
 
@@ -22,7 +22,7 @@ class CTRecord;
 /// Two programs may keep their timers in the same settings. Each save reads what the other one has written
 /// since, inside the same change of the settings, and takes it over (TimerMerge.h); so a console command and
 /// a starting window never overwrite one another's timers, and reading needs no lock.
-class CRecordTimers final : public CTimerDesk {
+class CRecordTimers final : public CTimerService {
  public:
     CRecordTimers(ActiveTimerSet& timers, CVelmarchDoc& document, CCfgStore& settings);
 

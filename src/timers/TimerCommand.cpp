@@ -13,7 +13,7 @@ constexpr int kFailed = 1;
 constexpr int kNotFound = 4;
 
 /// What a command acts on.
-struct Scene {
+struct Fixture {
     QString id;
     bool fromZero;
     CRecordTimers& timers;
@@ -34,81 +34,82 @@ QJsonObject TimerJson(ActiveTimer timer, const CClock& clock) {
             {QStringLiteral("seconds"), timer.hours * 3600 + timer.minutes * 60 + timer.seconds}};
 }
 
-QJsonObject Done(Scene& scene) {
+QJsonObject Done(Fixture& fixture) {
     QJsonArray all;
-    const ActiveTimerSet& set = scene.timers.Set();
+    const ActiveTimerSet& set = fixture.timers.Set();
     for (int i = 0; i < set.Count(); ++i) all.append(TimerJson(set.At(i), set.Clock()));
     return {{QStringLiteral("ok"), true}, {QStringLiteral("timers"), all}};
 }
 
 /// A failure may come from saving the timers, whatever was done to them: trying once more tells, and costs
 /// nothing when they are saved.
-QJsonObject DoneIf(bool succeeded, Scene& scene, Text failure) {
-    if (succeeded) return Done(scene);
-    if (!scene.timers.StoreTimers())
+QJsonObject DoneIf(bool succeeded, Fixture& fixture, Text failure) {
+    if (succeeded) return Done(fixture);
+    if (!fixture.timers.StoreTimers())
         return Refusal(kFailed,
-                       FormatText<Text::TimersNotSaved>(scene.document.GetSettings().Tree().Error()));
+                       FormatText<Text::TimersNotSaved>(fixture.document.GetSettings().Tree().Error()));
     return Refusal(kFailed, LoadText(failure));
 }
 
-bool HasRecord(Scene& scene) {
-    return scene.document.FetchRecord(RecordKind::Time, scene.id) != nullptr;
+bool HasRecord(Fixture& fixture) {
+    return fixture.document.FetchRecord(RecordKind::Time, fixture.id) != nullptr;
 }
 
-QJsonObject NoRecord(const Scene& scene) {
-    return Refusal(kNotFound, FormatText<Text::TimerRecordUnknown>(scene.id));
+QJsonObject NoRecord(const Fixture& fixture) {
+    return Refusal(kNotFound, FormatText<Text::TimerRecordUnknown>(fixture.id));
 }
 
 /// The timer of a new record, as the quick commands start it.
-bool StartFromZero(Scene& scene) {
-    scene.timers.RunNewTimerAction();
-    return scene.timers.StartFromZero(scene.id);
+bool StartFromZero(Fixture& fixture) {
+    fixture.timers.RunNewTimerAction();
+    return fixture.timers.StartFromZero(fixture.id);
 }
 
-QJsonObject Start(Scene& scene) {
-    if (!HasRecord(scene)) return NoRecord(scene);
-    const bool started = scene.fromZero ? StartFromZero(scene) : scene.timers.StartRecordTimer(scene.id);
-    return DoneIf(started, scene, Text::TimerNotStarted);
+QJsonObject Start(Fixture& fixture) {
+    if (!HasRecord(fixture)) return NoRecord(fixture);
+    const bool started =
+        fixture.fromZero ? StartFromZero(fixture) : fixture.timers.StartRecordTimer(fixture.id);
+    return DoneIf(started, fixture, Text::TimerNotStarted);
 }
 
-QJsonObject Pause(Scene& scene) {
-    if (!HasRecord(scene)) return NoRecord(scene);
-    scene.timers.FoldAndStore();
-    return DoneIf(scene.timers.PauseRecordTimer(scene.id), scene, Text::TimerNotRunning);
+QJsonObject Pause(Fixture& fixture) {
+    if (!HasRecord(fixture)) return NoRecord(fixture);
+    fixture.timers.FoldAndStore();
+    return DoneIf(fixture.timers.PauseRecordTimer(fixture.id), fixture, Text::TimerNotRunning);
 }
 
-QJsonObject Stop(Scene& scene) {
-    if (!HasRecord(scene)) return NoRecord(scene);
-    scene.timers.FoldAndStore();
-    const bool hadTimer = scene.timers.HasTimer(scene.id);
-    return DoneIf(scene.timers.StopRecordTimer(scene.id), scene,
+QJsonObject Stop(Fixture& fixture) {
+    if (!HasRecord(fixture)) return NoRecord(fixture);
+    fixture.timers.FoldAndStore();
+    const bool hadTimer = fixture.timers.HasTimer(fixture.id);
+    return DoneIf(fixture.timers.StopRecordTimer(fixture.id), fixture,
                   hadTimer ? Text::TimerNotStopped : Text::TimerNotThere);
 }
 
-QJsonObject StopAll(Scene& scene) {
-    scene.timers.FoldAndStore();
-    return DoneIf(scene.timers.StopAllTimers(), scene, Text::TimersNotAllStopped);
+QJsonObject StopAll(Fixture& fixture) {
+    fixture.timers.FoldAndStore();
+    return DoneIf(fixture.timers.StopAllTimers(), fixture, Text::TimersNotAllStopped);
 }
 
-QJsonObject PauseAll(Scene& scene) {
-    scene.timers.FoldAndStore();
-    return DoneIf(scene.timers.PauseAllTimers(), scene, Text::TimersNotAllPaused);
+QJsonObject PauseAll(Fixture& fixture) {
+    fixture.timers.FoldAndStore();
+    return DoneIf(fixture.timers.PauseAllTimers(), fixture, Text::TimersNotAllPaused);
 }
 
-QJsonObject Drop(Scene& scene) {
-    if (!scene.timers.HasTimer(scene.id)) return Refusal(kNotFound, LoadText(Text::TimerNotThere));
-    scene.timers.Drop(scene.id);
-    return DoneIf(scene.timers.StoreTimers(), scene, Text::TimerNotThere);
+QJsonObject Drop(Fixture& fixture) {
+    if (!fixture.timers.HasTimer(fixture.id)) return Refusal(kNotFound, LoadText(Text::TimerNotThere));
+    fixture.timers.Drop(fixture.id);
+    return DoneIf(fixture.timers.StoreTimers(), fixture, Text::TimerNotThere);
 }
 
-QJsonObject Status(Scene& scene) {
-    scene.timers.FoldAndStore();
-    return Done(scene);
+QJsonObject Status(Fixture& fixture) {
+    fixture.timers.FoldAndStore();
+    return Done(fixture);
 }
 
 struct ActionRow {
     QLatin1String name;
-    QJsonObject (*run)(Scene& scene);
+    QJsonObject (*run)(Fixture& fixture);
 };
 
 constexpr ActionRow kActions[] = {
@@ -122,9 +123,9 @@ constexpr ActionRow kActions[] = {
 
 QJsonObject RunTimerCommand(const QJsonObject& command, CRecordTimers& timers, CVelmarchDoc& document) {
     const QString action = command.value(QStringLiteral("action")).toString();
-    Scene scene{command.value(QStringLiteral("id")).toString(),
-                command.value(QStringLiteral("fromZero")).toBool(), timers, document};
+    Fixture fixture{command.value(QStringLiteral("id")).toString(),
+                    command.value(QStringLiteral("fromZero")).toBool(), timers, document};
     for (const ActionRow& row : kActions)
-        if (action == row.name) return row.run(scene);
+        if (action == row.name) return row.run(fixture);
     return Refusal(kFailed, FormatText<Text::TimerActionUnknown>(action));
 }

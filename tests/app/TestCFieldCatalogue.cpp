@@ -6,6 +6,7 @@
 #include "platform/host/CRegionalInfo.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -410,5 +411,5 @@ void TestCFieldCatalogue::Precisions() {
     QTEST(catalogue.Precision(field).value_or(-1), "places");
 }
 
-QTEST_GUILESS_MAIN(TestCFieldCatalogue)
+TEST_CLASS(TestCFieldCatalogue);
 #include "TestCFieldCatalogue.moc"

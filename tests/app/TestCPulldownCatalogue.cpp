@@ -1,5 +1,6 @@
 #include "app/CPulldownCatalogue.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -408,5 +409,5 @@ class TestCPulldownCatalogue : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestCPulldownCatalogue)
+TEST_CLASS(TestCPulldownCatalogue);
 #include "TestCPulldownCatalogue.moc"

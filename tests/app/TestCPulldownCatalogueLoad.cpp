@@ -3,6 +3,7 @@
 #include "records/CDRecord.h"
 #include "support/RandomTexts.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -407,5 +408,5 @@ class TestCPulldownCatalogueLoad : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestCPulldownCatalogueLoad)
+TEST_CLASS(TestCPulldownCatalogueLoad);
 #include "TestCPulldownCatalogueLoad.moc"

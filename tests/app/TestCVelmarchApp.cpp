@@ -3,9 +3,11 @@
 #include "lang/LoadText.h"
 #include "platform/host/CInstallLocation.h"
 #include "platform/host/CMessagePump.h"
+#include "records/RecordFactory.h"
 #include "support/CScriptedPrompt.h"
 #include "support/CTestClock.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QDir>
 #include <QFile>
@@ -377,5 +379,5 @@ class TestCVelmarchApp : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestCVelmarchApp)
+TEST_CLASS(TestCVelmarchApp);
 #include "TestCVelmarchApp.moc"

@@ -1,22 +1,23 @@
-#include "DocumentScene.h"
+#include "DocumentFixture.h"
 #include "records/CPRecord.h"
+#include "support/TestProgram.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 class TestCVelmarchDoc : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<DocumentScene> scene;
+    std::unique_ptr<DocumentFixture> fixture;
     CVelmarchDoc* document = nullptr;
 
  private Q_SLOTS:
-    void initTestCase_data() { DocumentScene::AddModes(); }
+    void initTestCase_data() { DocumentFixture::AddModes(); }
     void init() {
         QFETCH_GLOBAL(RecordMode, mode);
-        scene = std::make_unique<DocumentScene>(mode);
-        document = scene->document;
+        fixture = std::make_unique<DocumentFixture>(mode);
+        document = fixture->document;
     }
-    void cleanup() { scene.reset(); }
+    void cleanup() { fixture.reset(); }
 
     // --- Adding
 
@@ -33,53 +34,53 @@ class TestCVelmarchDoc : public QObject {
     void AddRecord() {
         QFETCH(bool, notify);
         QFETCH(bool, newIdentity);
-        const auto record = scene->OnDay(1, u"work"_s);
+        const auto record = fixture->OnDay(1, u"work"_s);
         const QString given = record->GetId();
         QString id;
         QVERIFY(document->AddRecord(*record, notify, false, newIdentity, &id));
-        QTEST(scene->Hints({id}), "told");
+        QTEST(fixture->Hints({id}), "told");
         document->FlushPending(Hint::Added);
-        QTEST(scene->Hints({id}), "toldByFlush");
+        QTEST(fixture->Hints({id}), "toldByFlush");
         QCOMPARE(record->GetId(), given);
         QCOMPARE(id == given, !newIdentity);
         QVERIFY(document->FindRecord(id) != record.get());
-        QCOMPARE(scene->Item1(id), u"work"_s);
-        scene->Reload();
-        QCOMPARE(scene->Item1(id), u"work"_s);
+        QCOMPARE(fixture->Item1(id), u"work"_s);
+        fixture->Reload();
+        QCOMPARE(fixture->Item1(id), u"work"_s);
     }
 
     void AddRecordThatDoesNotPassTheFilter() {
-        scene->ShowOnlyDay(2);
-        scene->AddOnDay(1, u"a"_s);
-        QCOMPARE(scene->VisibleItems(), QStringList{u"a"_s});
+        fixture->ShowOnlyDay(2);
+        fixture->AddOnDay(1, u"a"_s);
+        QCOMPARE(fixture->VisibleItems(), QStringList{u"a"_s});
         document->BuildVisible();
-        QCOMPARE(scene->VisibleItems(), QStringList());
+        QCOMPARE(fixture->VisibleItems(), QStringList());
         QCOMPARE(document->RecordCount(), std::size_t{1});
     }
 
     void AddRecordThatCanNotBeStored() {
-        scene->AddOnDay(1, u"a"_s);
-        scene->home.prompt.ExpectTold(Text::InsertFailed);
-        QVERIFY(!document->AddRecord(*scene->OnDay(2, DocumentScene::TooLong()), true, false, true));
-        QCOMPARE(scene->Hints(), QString());
-        QCOMPARE(scene->VisibleItems(), QStringList{u"a"_s});
+        fixture->AddOnDay(1, u"a"_s);
+        fixture->home.prompt.ExpectTold(Text::InsertFailed);
+        QVERIFY(!document->AddRecord(*fixture->OnDay(2, DocumentFixture::TooLong()), true, false, true));
+        QCOMPARE(fixture->Hints(), QString());
+        QCOMPARE(fixture->VisibleItems(), QStringList{u"a"_s});
         QCOMPARE(document->RecordCount(), std::size_t{1});
     }
 
     void AddRecordOfTheOtherModeStaysApart() {
-        const QString id = scene->Add(*DocumentScene::OnDay(1, u"taxi"_s, scene->otherKind));
+        const QString id = fixture->Add(*DocumentFixture::OnDay(1, u"taxi"_s, fixture->otherKind));
         QCOMPARE(document->RecordCount(), std::size_t{0});
         QCOMPARE(document->VisibleCount(), std::size_t{0});
-        QCOMPARE(scene->Item1(id), u"taxi"_s);
-        QCOMPARE(document->FindTime(id) != nullptr, scene->otherKind == RecordKind::Time);
-        QCOMPARE(document->FindExpense(id) != nullptr, scene->otherKind == RecordKind::Expense);
+        QCOMPARE(fixture->Item1(id), u"taxi"_s);
+        QCOMPARE(document->FindTime(id) != nullptr, fixture->otherKind == RecordKind::Time);
+        QCOMPARE(document->FindExpense(id) != nullptr, fixture->otherKind == RecordKind::Expense);
     }
 
     void RecordsOfListsAreNoneOfTheDocuments() {
         const CPRecord item(u"a"_s);
         QVERIFY(!CVelmarchDoc::CloneRecord(item));
         QVERIFY(!document->AddRecord(item, true, false, true));
-        QCOMPARE(scene->Hints(), QString());
+        QCOMPARE(fixture->Hints(), QString());
     }
 
     // --- Changing
@@ -93,24 +94,24 @@ class TestCVelmarchDoc : public QObject {
     }
     void ModifyRecord() {
         QFETCH(bool, notify);
-        const QString other = scene->AddOnDay(1, u"a"_s), id = scene->AddOnDay(2, u"b"_s);
-        scene->Reload();
-        const auto changed = scene->Changed(id, 2, u"c"_s);
+        const QString other = fixture->AddOnDay(1, u"a"_s), id = fixture->AddOnDay(2, u"b"_s);
+        fixture->Reload();
+        const auto changed = fixture->Changed(id, 2, u"c"_s);
         QVERIFY(document->ModifyRecord(*changed, id, notify, false, true, true));
-        QTEST(scene->Hints({other, id}), "told");
-        QCOMPARE(scene->VisibleItems(), QStringList({u"a"_s, u"c"_s}));
-        QCOMPARE(scene->Item1(id), u"c"_s);
+        QTEST(fixture->Hints({other, id}), "told");
+        QCOMPARE(fixture->VisibleItems(), QStringList({u"a"_s, u"c"_s}));
+        QCOMPARE(fixture->Item1(id), u"c"_s);
         document->FlushPending(Hint::Changed);
-        QTEST(scene->Hints({other, id}), "toldByFlush");
-        scene->Reload();
-        QCOMPARE(scene->VisibleItems(), QStringList({u"a"_s, u"c"_s}));
+        QTEST(fixture->Hints({other, id}), "toldByFlush");
+        fixture->Reload();
+        QCOMPARE(fixture->VisibleItems(), QStringList({u"a"_s, u"c"_s}));
     }
 
     void ModifyRecordThatNoLongerPassesTheFilter() {
-        const QString id = scene->AddOnDay(1, u"a"_s);
-        scene->ShowOnlyDay(1);
+        const QString id = fixture->AddOnDay(1, u"a"_s);
+        fixture->ShowOnlyDay(1);
         QVERIFY(document->IsVisible(id));
-        const auto moved = scene->Changed(id, 2, u"a"_s);
+        const auto moved = fixture->Changed(id, 2, u"a"_s);
         QVERIFY(document->ModifyRecord(*moved, id, true, false, true, true));
         QVERIFY(document->IsVisible(id));
         document->BuildVisible();
@@ -119,57 +120,57 @@ class TestCVelmarchDoc : public QObject {
     }
 
     void ModifyRecordThatCanNotBeStored() {
-        const QString id = scene->AddOnDay(1, u"a"_s);
-        scene->Reload();
-        const auto changed = scene->Changed(id, 1, DocumentScene::TooLong());
-        scene->home.prompt.ExpectTold(Text::ModifyFailed);
+        const QString id = fixture->AddOnDay(1, u"a"_s);
+        fixture->Reload();
+        const auto changed = fixture->Changed(id, 1, DocumentFixture::TooLong());
+        fixture->home.prompt.ExpectTold(Text::ModifyFailed);
         QVERIFY(!document->ModifyRecord(*changed, id, true, false, true, true));
-        QCOMPARE(scene->Hints({id}), u"14 A"_s);
-        QCOMPARE(scene->VisibleItems(), QStringList{DocumentScene::TooLong()});
-        QCOMPARE(scene->Item1(id), u"a"_s);
+        QCOMPARE(fixture->Hints({id}), u"14 A"_s);
+        QCOMPARE(fixture->VisibleItems(), QStringList{DocumentFixture::TooLong()});
+        QCOMPARE(fixture->Item1(id), u"a"_s);
 
-        DocumentScene::Put(*changed, 1, u"b"_s);
+        DocumentFixture::Put(*changed, 1, u"b"_s);
         QVERIFY(document->ModifyRecord(*changed, id, true, false, true, true));
-        QCOMPARE(scene->VisibleItems(), QStringList{u"b"_s});
-        scene->home.prompt.ExpectTold(Text::ModifyFailed);
-        DocumentScene::Put(*changed, 1, DocumentScene::TooLong());
+        QCOMPARE(fixture->VisibleItems(), QStringList{u"b"_s});
+        fixture->home.prompt.ExpectTold(Text::ModifyFailed);
+        DocumentFixture::Put(*changed, 1, DocumentFixture::TooLong());
         QVERIFY(!document->ModifyRecord(*changed, id, true, false, true, true));
         document->NotifyViews(Hint::Rebuild);  // without BuildVisible: columns changed
-        QCOMPARE(scene->VisibleItems(), QStringList{DocumentScene::TooLong()});
+        QCOMPARE(fixture->VisibleItems(), QStringList{DocumentFixture::TooLong()});
         document->BuildVisible();
         document->NotifyViews(Hint::Rebuild);
-        QCOMPARE(scene->VisibleItems(), QStringList{u"b"_s});
+        QCOMPARE(fixture->VisibleItems(), QStringList{u"b"_s});
     }
 
     void ModifyRecordGivenTheObjectItselfAndItsOwnIdentity() {
-        const QString id = scene->AddOnDay(1, u"a"_s);
+        const QString id = fixture->AddOnDay(1, u"a"_s);
         CVORec* record = document->FindRecord(id);
-        DocumentScene::Put(*record, 1, u"b"_s);
+        DocumentFixture::Put(*record, 1, u"b"_s);
         QVERIFY(document->ModifyRecord(*record, record->GetId(), true, false, true, true));
-        QCOMPARE(scene->Item1(id), u"b"_s);
+        QCOMPARE(fixture->Item1(id), u"b"_s);
     }
 
     void ModifyRecordOfAKindThatIsNotLoaded() {
-        const QString id = scene->AddOnDay(1, u"a"_s);
-        const auto changed = scene->Changed(id, 1, u"b"_s);
-        document->LoadRecords(scene->otherKind);
+        const QString id = fixture->AddOnDay(1, u"a"_s);
+        const auto changed = fixture->Changed(id, 1, u"b"_s);
+        document->LoadRecords(fixture->otherKind);
         document->BuildVisible();
-        scene->home.views.seen.clear();
+        fixture->home.views.seen.clear();
         QVERIFY(document->ModifyRecord(*changed, id, true, false, true, false));
-        QCOMPARE(scene->Hints({id}), u"14 A, 1 A"_s);
+        QCOMPARE(fixture->Hints({id}), u"14 A, 1 A"_s);
         QCOMPARE(document->RecordCount(), std::size_t{0});
-        QCOMPARE(DocumentScene::Item1Of(document->FetchRecord(scene->kind, id)), u"b"_s);
+        QCOMPARE(DocumentFixture::Item1Of(document->FetchRecord(fixture->kind, id)), u"b"_s);
     }
 
     void ModifyRecordWithoutKeepingItInMemory() {
-        const QString id = scene->AddOnDay(1, u"a"_s);
-        scene->Reload();
-        const auto changed = scene->Changed(id, 1, u"b"_s);
+        const QString id = fixture->AddOnDay(1, u"a"_s);
+        fixture->Reload();
+        const auto changed = fixture->Changed(id, 1, u"b"_s);
         QVERIFY(document->ModifyRecord(*changed, id, true, false, true, false));
-        QCOMPARE(scene->VisibleItems(), QStringList{u"b"_s});
-        QCOMPARE(scene->Item1(id), u"a"_s);
-        scene->Reload();
-        QCOMPARE(scene->Item1(id), u"b"_s);
+        QCOMPARE(fixture->VisibleItems(), QStringList{u"b"_s});
+        QCOMPARE(fixture->Item1(id), u"a"_s);
+        fixture->Reload();
+        QCOMPARE(fixture->Item1(id), u"b"_s);
     }
 
     // --- Deleting
@@ -183,24 +184,24 @@ class TestCVelmarchDoc : public QObject {
     }
     void DeleteRecord() {
         QFETCH(bool, notify);
-        const QString a = scene->AddOnDay(1, u"a"_s), b = scene->AddOnDay(2, u"b"_s),
-                      c = scene->AddOnDay(3, u"c"_s);
-        scene->Reload();
-        QVERIFY(document->DeleteRecord(scene->kind, b, notify));
-        QTEST(scene->Hints({a, b, c}), "told");
+        const QString a = fixture->AddOnDay(1, u"a"_s), b = fixture->AddOnDay(2, u"b"_s),
+                      c = fixture->AddOnDay(3, u"c"_s);
+        fixture->Reload();
+        QVERIFY(document->DeleteRecord(fixture->kind, b, notify));
+        QTEST(fixture->Hints({a, b, c}), "told");
         document->FlushPending(Hint::Deleted);
-        QTEST(scene->Hints({a, b, c}), "toldByFlush");
-        QCOMPARE(scene->VisibleItems(), QStringList({u"a"_s, u"c"_s}));
+        QTEST(fixture->Hints({a, b, c}), "toldByFlush");
+        QCOMPARE(fixture->VisibleItems(), QStringList({u"a"_s, u"c"_s}));
         QCOMPARE(document->VisibleCount(), std::size_t{2});
         QVERIFY(!document->FindRecord(b));
-        scene->Reload();
+        fixture->Reload();
         QCOMPARE(document->RecordCount(), std::size_t{2});
     }
 
     void DeleteRecordGivenItsOwnIdentity() {
-        const QString id = scene->AddOnDay(1);
-        QVERIFY(document->DeleteRecord(scene->kind, document->FindRecord(id)->GetId(), true));
-        QCOMPARE(scene->Hints({id}), u"12 A, 2 A"_s);
+        const QString id = fixture->AddOnDay(1);
+        QVERIFY(document->DeleteRecord(fixture->kind, document->FindRecord(id)->GetId(), true));
+        QCOMPARE(fixture->Hints({id}), u"12 A, 2 A"_s);
     }
 
     void DeleteRecordThatIsAbsent_data() {
@@ -211,17 +212,17 @@ class TestCVelmarchDoc : public QObject {
     }
     void DeleteRecordThatIsAbsent() {
         QFETCH(bool, loaded);
-        if (loaded) scene->Reload();
-        QTEST(document->DeleteRecord(scene->kind, scene->OnDay(1)->GetId(), true), "deleted");
+        if (loaded) fixture->Reload();
+        QTEST(document->DeleteRecord(fixture->kind, fixture->OnDay(1)->GetId(), true), "deleted");
     }
 
     void DeleteRecordThatTheStoreKeeps() {
-        const QString id = scene->AddOnDay(1, u"a"_s);
-        scene->Reload();
-        QVERIFY(scene->Execute(u"ALTER TABLE %1 RENAME TO elsewhere"_s));
-        scene->home.prompt.ExpectTold(Text::DeleteFailed);
-        QVERIFY(!document->DeleteRecord(scene->kind, id, true));
-        QCOMPARE(scene->Hints({id}), u"12 A"_s);
+        const QString id = fixture->AddOnDay(1, u"a"_s);
+        fixture->Reload();
+        QVERIFY(fixture->Execute(u"ALTER TABLE %1 RENAME TO elsewhere"_s));
+        fixture->home.prompt.ExpectTold(Text::DeleteFailed);
+        QVERIFY(!document->DeleteRecord(fixture->kind, id, true));
+        QCOMPARE(fixture->Hints({id}), u"12 A"_s);
         QCOMPARE(document->VisibleCount(), std::size_t{0});
         QVERIFY(document->FindRecord(id));
     }
@@ -238,53 +239,53 @@ class TestCVelmarchDoc : public QObject {
     void FlushPending() {
         QFETCH(int, changes);
         QStringList ids;
-        for (int i = 0; i < 3; ++i) ids.append(scene->AddOnDay(1 + i));
-        scene->Reload();
+        for (int i = 0; i < 3; ++i) ids.append(fixture->AddOnDay(1 + i));
+        fixture->Reload();
         for (int i = 0; i < changes; ++i) {
             QVERIFY(document->ModifyRecord(*document->FindRecord(ids[i]), ids[i], false, false, true, true));
         }
-        QCOMPARE(scene->Hints(), QString());
+        QCOMPARE(fixture->Hints(), QString());
         document->FlushPending(Hint::Changed);
-        QTEST(scene->Hints(ids), "told");
+        QTEST(fixture->Hints(ids), "told");
         document->FlushPending(Hint::Changed);
-        QCOMPARE(scene->Hints(), QString());
+        QCOMPARE(fixture->Hints(), QString());
     }
 
     void BatchWithinABatch() {
-        const QString outer = scene->AddOnDay(1, u"a"_s), inner = scene->AddOnDay(2, u"b"_s);
-        scene->Reload();
+        const QString outer = fixture->AddOnDay(1, u"a"_s), inner = fixture->AddOnDay(2, u"b"_s);
+        fixture->Reload();
         const CVORec* former = document->FindRecord(outer);
-        QVERIFY(document->ModifyRecord(*scene->Changed(outer, 1, u"c"_s), outer, false, false, true, true));
+        QVERIFY(document->ModifyRecord(*fixture->Changed(outer, 1, u"c"_s), outer, false, false, true, true));
         const qsizetype waiting = document->PendingCount();
         QCOMPARE(waiting, qsizetype{1});
-        QVERIFY(document->ModifyRecord(*scene->Changed(inner, 2, u"d"_s), inner, false, false, true, true));
+        QVERIFY(document->ModifyRecord(*fixture->Changed(inner, 2, u"d"_s), inner, false, false, true, true));
         QCOMPARE(document->TakePending(waiting), QStringList{inner});
         document->NotifyViews(Hint::Changed, {inner});
-        QCOMPARE(DocumentScene::Item1Of(former), u"a"_s);  // its own hint is still to come
+        QCOMPARE(DocumentFixture::Item1Of(former), u"a"_s);  // its own hint is still to come
         QCOMPARE(document->TakePending(0), QStringList{outer});
         QCOMPARE(document->PendingCount(), qsizetype{0});
     }
 
     void RecordsOfABatchLiveUntilTheViewsAreTold() {
-        const QString id = scene->AddOnDay(1, u"a"_s), other = scene->AddOnDay(2, u"b"_s);
-        scene->Reload();
+        const QString id = fixture->AddOnDay(1, u"a"_s), other = fixture->AddOnDay(2, u"b"_s);
+        fixture->Reload();
         const CVORec* shown = document->FindRecord(id);
         const CVORec* deleted = document->FindRecord(other);
-        const auto changed = scene->Changed(id, 1, u"c"_s);
+        const auto changed = fixture->Changed(id, 1, u"c"_s);
         QVERIFY(document->ModifyRecord(*changed, id, false, false, true, true));
-        QVERIFY(document->DeleteRecord(scene->kind, other, false));
-        QVERIFY(document->AddRecord(*scene->OnDay(3), true, false, true));
-        QCOMPARE(DocumentScene::Item1Of(shown), u"a"_s);
-        QCOMPARE(DocumentScene::Item1Of(deleted), u"b"_s);
+        QVERIFY(document->DeleteRecord(fixture->kind, other, false));
+        QVERIFY(document->AddRecord(*fixture->OnDay(3), true, false, true));
+        QCOMPARE(DocumentFixture::Item1Of(shown), u"a"_s);
+        QCOMPARE(DocumentFixture::Item1Of(deleted), u"b"_s);
     }
 
     void DeletesOfABatchAreDurableTogether() {
-        const QString a = scene->AddOnDay(1), b = scene->AddOnDay(2);
-        scene->Reload();
-        DocumentScene second(theRecordMode, scene->home.Path());
+        const QString a = fixture->AddOnDay(1), b = fixture->AddOnDay(2);
+        fixture->Reload();
+        DocumentFixture second(theRecordMode, fixture->home.Path());
         QVERIFY(document->BeginBatch());
-        QVERIFY(document->DeleteRecord(scene->kind, a, false));
-        QVERIFY(document->DeleteRecord(scene->kind, b, false));
+        QVERIFY(document->DeleteRecord(fixture->kind, a, false));
+        QVERIFY(document->DeleteRecord(fixture->kind, b, false));
         second.document->LoadCurrentMode();
         QCOMPARE(second.document->RecordCount(), std::size_t{2});
         QVERIFY(document->Commit());
@@ -293,9 +294,9 @@ class TestCVelmarchDoc : public QObject {
     }
 
     void AddsWithoutCommitAreDurableTogether() {
-        DocumentScene second(theRecordMode, scene->home.Path());
-        QVERIFY(document->AddRecord(*scene->OnDay(1), false, true, false));
-        QVERIFY(document->AddRecord(*scene->OnDay(2), false, true, false));
+        DocumentFixture second(theRecordMode, fixture->home.Path());
+        QVERIFY(document->AddRecord(*fixture->OnDay(1), false, true, false));
+        QVERIFY(document->AddRecord(*fixture->OnDay(2), false, true, false));
         second.document->LoadCurrentMode();
         QCOMPARE(second.document->RecordCount(), std::size_t{0});
         QVERIFY(document->Commit());
@@ -304,5 +305,5 @@ class TestCVelmarchDoc : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestCVelmarchDoc)
+TEST_CLASS(TestCVelmarchDoc);
 #include "TestCVelmarchDoc.moc"

@@ -1,5 +1,7 @@
-#include "DocumentScene.h"
+#include "DocumentFixture.h"
 #include "platform/host/CMessagePump.h"
+#include "records/RecordFactory.h"
+#include "support/TestProgram.h"
 
 #include <functional>
 
@@ -42,7 +44,7 @@ class Steps final : public CViewNotifier {
 class TestCVelmarchDocLoad : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<DocumentScene> scene;
+    std::unique_ptr<DocumentFixture> fixture;
     CVelmarchDoc* document = nullptr;
 
     void ResetFilter(RecordKind kind) {
@@ -53,13 +55,13 @@ class TestCVelmarchDocLoad : public QObject {
     }
 
  private Q_SLOTS:
-    void initTestCase_data() { DocumentScene::AddModes(); }
+    void initTestCase_data() { DocumentFixture::AddModes(); }
     void init() {
         QFETCH_GLOBAL(RecordMode, mode);
-        scene = std::make_unique<DocumentScene>(mode);
-        document = scene->document;
+        fixture = std::make_unique<DocumentFixture>(mode);
+        document = fixture->document;
     }
-    void cleanup() { scene.reset(); }
+    void cleanup() { fixture.reset(); }
 
     // --- Loading
 
@@ -74,30 +76,30 @@ class TestCVelmarchDocLoad : public QObject {
     void LoadRecords() {
         QFETCH(int, ours);
         QFETCH(int, others);
-        scene->AddMany(ours, scene->kind);
-        scene->AddMany(others, scene->otherKind);
-        QVERIFY(document->LoadRecords(scene->kind));
+        fixture->AddMany(ours, fixture->kind);
+        fixture->AddMany(others, fixture->otherKind);
+        QVERIFY(document->LoadRecords(fixture->kind));
         QCOMPARE(document->RecordCount(), static_cast<std::size_t>(ours));
         QCOMPARE(document->VisibleCount(), std::size_t{0});
-        QCOMPARE(scene->Hints(), u"9"_s);
+        QCOMPARE(fixture->Hints(), u"9"_s);
         document->BuildVisible();
         QCOMPARE(document->VisibleCount(), static_cast<std::size_t>(ours));
     }
 
     void LoadRecordsRowByRowWhereTheBulkPathFails() {
-        for (int day = 1; day <= 5; ++day) scene->AddOnDay(day, QString::number(day));
-        scene->SpoilBulkPath();
-        QVERIFY(document->LoadRecords(scene->kind));
+        for (int day = 1; day <= 5; ++day) fixture->AddOnDay(day, QString::number(day));
+        fixture->SpoilBulkPath();
+        QVERIFY(document->LoadRecords(fixture->kind));
         document->BuildVisible();
-        QCOMPARE(scene->VisibleItems(), QStringList({u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s}));
+        QCOMPARE(fixture->VisibleItems(), QStringList({u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s}));
     }
 
     void LoadRecordsForgetsWhatIsPending() {
-        QVERIFY(document->AddRecord(*scene->OnDay(1), false, false, true));
-        document->LoadRecords(scene->kind);
-        scene->home.views.seen.clear();
+        QVERIFY(document->AddRecord(*fixture->OnDay(1), false, false, true));
+        document->LoadRecords(fixture->kind);
+        fixture->home.views.seen.clear();
         document->FlushPending(Hint::Added);
-        QCOMPARE(scene->Hints(), QString());
+        QCOMPARE(fixture->Hints(), QString());
     }
 
     void QuitDuringALoad_data() {
@@ -112,13 +114,13 @@ class TestCVelmarchDocLoad : public QObject {
     void QuitDuringALoad() {
         QFETCH(bool, bulkPath);
         QFETCH(int, quitAt);
-        scene->AddMany(10, scene->kind);
-        if (!bulkPath) scene->SpoilBulkPath();
+        fixture->AddMany(10, fixture->kind);
+        if (!bulkPath) fixture->SpoilBulkPath();
         ScriptedPump pump;
         pump.quitAt = quitAt;
         CVelmarchDoc other(
-            {*scene->home.store, scene->home.views, pump, scene->home.clock, *scene->home.settings});
-        other.LoadRecords(scene->kind);
+            {*fixture->home.store, fixture->home.views, pump, fixture->home.clock, *fixture->home.settings});
+        other.LoadRecords(fixture->kind);
         QTEST(static_cast<int>(other.RecordCount()), "loaded");
         QCOMPARE(pump.calls, quitAt);
     }
@@ -134,22 +136,22 @@ class TestCVelmarchDocLoad : public QObject {
     void CommandsServedDuringALoad() {
         QFETCH(bool, bulkPath);
         QFETCH(bool, loadsAnew);
-        const QString id = scene->AddMany(10, scene->kind);
-        if (!bulkPath) scene->SpoilBulkPath();
+        const QString id = fixture->AddMany(10, fixture->kind);
+        if (!bulkPath) fixture->SpoilBulkPath();
         ScriptedPump pump;
         CVelmarchDoc other(
-            {*scene->home.store, scene->home.views, pump, scene->home.clock, *scene->home.settings});
+            {*fixture->home.store, fixture->home.views, pump, fixture->home.clock, *fixture->home.settings});
         pump.work = [&] {
-            if (loadsAnew) other.LoadRecords(scene->kind);
-            const auto record = NewRecord(scene->kind);
-            QVERIFY(scene->home.store->ReadRecord(*record, id));
+            if (loadsAnew) other.LoadRecords(fixture->kind);
+            const auto record = NewRecord(fixture->kind);
+            QVERIFY(fixture->home.store->ReadRecord(*record, id));
         };
-        other.LoadRecords(scene->kind);
+        other.LoadRecords(fixture->kind);
         other.BuildVisible();
         QCOMPARE(other.RecordCount(), std::size_t{10});
         QCOMPARE(other.VisibleCount(), std::size_t{10});
-        QVERIFY(other.DeleteRecord(scene->kind, id, false));
-        QVERIFY(!other.DeleteRecord(scene->kind, id, false));
+        QVERIFY(other.DeleteRecord(fixture->kind, id, false));
+        QVERIFY(!other.DeleteRecord(fixture->kind, id, false));
     }
 
     void LoadDays_data() {
@@ -164,57 +166,57 @@ class TestCVelmarchDocLoad : public QObject {
     void LoadDays() {
         QFETCH(int, first);
         QFETCH(int, last);
-        for (int day = 1; day <= 6; ++day) scene->AddOnDay(day, QString::number(day));
+        for (int day = 1; day <= 6; ++day) fixture->AddOnDay(day, QString::number(day));
         DateTimeVal from, to;
         QVERIFY(from.SetDate(11, first, 2026));
         QVERIFY(to.SetDate(11, last, 2026));
-        QVERIFY(document->LoadDays(scene->kind, from, to));
+        QVERIFY(document->LoadDays(fixture->kind, from, to));
         document->BuildVisible();
-        QTEST(scene->VisibleItems(), "items");
+        QTEST(fixture->VisibleItems(), "items");
     }
 
     // --- Filter
 
     void BuildVisible() {
-        scene->AddOnDay(1, u"a"_s);
-        scene->AddOnDay(2, u"b"_s);
-        scene->Reload();
-        QCOMPARE(scene->VisibleItems(), QStringList({u"a"_s, u"b"_s}));
-        scene->ShowOnlyDay(2);
-        QCOMPARE(scene->VisibleItems(), QStringList{u"b"_s});
+        fixture->AddOnDay(1, u"a"_s);
+        fixture->AddOnDay(2, u"b"_s);
+        fixture->Reload();
+        QCOMPARE(fixture->VisibleItems(), QStringList({u"a"_s, u"b"_s}));
+        fixture->ShowOnlyDay(2);
+        QCOMPARE(fixture->VisibleItems(), QStringList{u"b"_s});
         QCOMPARE(document->VisibleCount(), std::size_t{1});
         QCOMPARE(document->RecordCount(), std::size_t{2});
-        QCOMPARE(scene->Hints(), QString());
-        scene->Reload();
-        QCOMPARE(scene->VisibleItems(), QStringList{u"b"_s});  // the filter keeps its state
-        ResetFilter(scene->otherKind);
-        QCOMPARE(scene->VisibleItems(), QStringList{u"b"_s});
-        ResetFilter(scene->kind);
+        QCOMPARE(fixture->Hints(), QString());
+        fixture->Reload();
+        QCOMPARE(fixture->VisibleItems(), QStringList{u"b"_s});  // the filter keeps its state
+        ResetFilter(fixture->otherKind);
+        QCOMPARE(fixture->VisibleItems(), QStringList{u"b"_s});
+        ResetFilter(fixture->kind);
         QCOMPARE(document->VisibleCount(), std::size_t{2});
     }
 
     void TheOtherKindsFilterDoesNotCount() {
-        scene->AddOnDay(1, u"a"_s);
-        document->FilterOf(scene->otherKind).SetSingleDate(u"11/2/2026"_s, document->PeriodNeeds());
+        fixture->AddOnDay(1, u"a"_s);
+        document->FilterOf(fixture->otherKind).SetSingleDate(u"11/2/2026"_s, document->GetPeriodContext());
         document->BuildVisible();
-        QCOMPARE(scene->VisibleItems(), QStringList{u"a"_s});
+        QCOMPARE(fixture->VisibleItems(), QStringList{u"a"_s});
     }
 
     void FilterOfTheMode() {
         const PeriodFilter& current = document->CurrentFilter();
-        const bool isTime = scene->kind == RecordKind::Time;
+        const bool isTime = fixture->kind == RecordKind::Time;
         QCOMPARE(&current == &document->Filter(), isTime);
         QCOMPARE(&current == &document->FilterOfExpenses(), !isTime);
     }
 
     void CollectIds() {
-        scene->AddOnDay(1);
-        const QString id = scene->AddOnDay(2);
-        scene->ShowOnlyDay(2);
+        fixture->AddOnDay(1);
+        const QString id = fixture->AddOnDay(2);
+        fixture->ShowOnlyDay(2);
         QStringList times{u"left from before"_s}, expenses{u"left from before"_s};
         document->CollectTimeIds(times);
         document->CollectExpenseIds(expenses);
-        const bool isTime = scene->kind == RecordKind::Time;
+        const bool isTime = fixture->kind == RecordKind::Time;
         QCOMPARE(times, isTime ? QStringList{id} : QStringList());
         QCOMPARE(expenses, isTime ? QStringList() : QStringList{id});
     }
@@ -232,51 +234,52 @@ class TestCVelmarchDocLoad : public QObject {
     }
     void SwitchMode() {
         QFETCH(bool, toTheOther);
-        scene->AddOnDay(1, u"a"_s);
-        scene->Reload();
+        fixture->AddOnDay(1, u"a"_s);
+        fixture->Reload();
         const RecordMode former = theRecordMode;
         const RecordMode other = former == RecordMode::Time ? RecordMode::Expense : RecordMode::Time;
         {
-            DocumentScene second(former, scene->home.Path());  // another program adds one of each kind
+            DocumentFixture second(former, fixture->home.Path());  // another program adds one of each kind
             second.AddOnDay(2, u"b"_s);
-            second.Add(*DocumentScene::OnDay(3, u"o"_s, second.otherKind));
+            second.Add(*DocumentFixture::OnDay(3, u"o"_s, second.otherKind));
         }
         Steps steps(former);
         CNoPump pump;
-        CVelmarchDoc own({*scene->home.store, steps, pump, scene->home.clock, *scene->home.settings});
+        CVelmarchDoc own({*fixture->home.store, steps, pump, fixture->home.clock, *fixture->home.settings});
         own.SwitchMode(toTheOther ? other : former, [&steps] { steps.Note(u"widths"_s); });
         QTEST(steps.seen.join(u", "_s), "steps");
         QCOMPARE(theRecordMode, toTheOther ? other : former);
         QStringList items;
-        own.ForEachVisible([&items](const CVORec& record) { items.append(DocumentScene::Item1Of(&record)); });
+        own.ForEachVisible(
+            [&items](const CVORec& record) { items.append(DocumentFixture::Item1Of(&record)); });
         items.sort();
         QTEST(items, "items");
         QCOMPARE(own.RecordCount(), own.VisibleCount());
     }
 
     void SwitchModeLeavesNothingOfTheOtherKindInMemory() {
-        const QString id = scene->AddOnDay(1, u"a"_s);
-        scene->Reload();
-        document->SwitchMode(scene->kind == RecordKind::Time ? RecordMode::Expense : RecordMode::Time);
+        const QString id = fixture->AddOnDay(1, u"a"_s);
+        fixture->Reload();
+        document->SwitchMode(fixture->kind == RecordKind::Time ? RecordMode::Expense : RecordMode::Time);
         QCOMPARE(document->RecordCount(), std::size_t{0});
         QVERIFY(!document->FindRecord(id));
-        QCOMPARE(scene->Hints(), u"9, 6"_s);
+        QCOMPARE(fixture->Hints(), u"9, 6"_s);
     }
 
     void SwitchModeForgetsWhatIsPending() {
-        QVERIFY(document->AddRecord(*scene->OnDay(1), false, false, true));
+        QVERIFY(document->AddRecord(*fixture->OnDay(1), false, false, true));
         document->SwitchMode(theRecordMode);
-        scene->home.views.seen.clear();
+        fixture->home.views.seen.clear();
         document->FlushPending(Hint::Added);
-        QCOMPARE(scene->Hints(), QString());
+        QCOMPARE(fixture->Hints(), QString());
     }
 
     void SwitchModeThatIsOvertakenByAnotherCommand() {
-        scene->AddMany(3, RecordKind::Time);
-        scene->AddMany(3, RecordKind::Expense);
+        fixture->AddMany(3, RecordKind::Time);
+        fixture->AddMany(3, RecordKind::Expense);
         ScriptedPump pump;
         CVelmarchDoc own(
-            {*scene->home.store, scene->home.views, pump, scene->home.clock, *scene->home.settings});
+            {*fixture->home.store, fixture->home.views, pump, fixture->home.clock, *fixture->home.settings});
         const RecordMode former = theRecordMode;
         pump.work = [&own, former] { own.SwitchMode(former); };
         bool captured = false;
@@ -303,11 +306,11 @@ class TestCVelmarchDocLoad : public QObject {
     void FetchRecord() {
         QFETCH(QString, id);
         QFETCH(bool, ofItsKind);
-        const QString stored = scene->AddOnDay(1, u"a"_s);
-        DocumentScene second(theRecordMode, scene->home.Path());
+        const QString stored = fixture->AddOnDay(1, u"a"_s);
+        DocumentFixture second(theRecordMode, fixture->home.Path());
         CVelmarchDoc& fresh = *second.document;
-        QTEST(DocumentScene::Item1Of(fresh.FetchRecord(ofItsKind ? scene->kind : scene->otherKind,
-                                                       id == u"stored"_s ? stored : id)),
+        QTEST(DocumentFixture::Item1Of(fresh.FetchRecord(ofItsKind ? fixture->kind : fixture->otherKind,
+                                                         id == u"stored"_s ? stored : id)),
               "item1");
         QCOMPARE(fresh.RecordCount(), std::size_t{0});
         QCOMPARE(fresh.VisibleCount(), std::size_t{0});
@@ -315,30 +318,30 @@ class TestCVelmarchDocLoad : public QObject {
     }
 
     void FetchRecordSeesTheChangesOfAnotherProgram() {
-        const QString id = scene->AddOnDay(1, u"a"_s);
-        DocumentScene second(theRecordMode, scene->home.Path());
-        CVORec* fetched = second.document->FetchRecord(scene->kind, id);
-        QCOMPARE(DocumentScene::Item1Of(fetched), u"a"_s);
-        const auto changed = scene->Changed(id, 1, u"b"_s);
+        const QString id = fixture->AddOnDay(1, u"a"_s);
+        DocumentFixture second(theRecordMode, fixture->home.Path());
+        CVORec* fetched = second.document->FetchRecord(fixture->kind, id);
+        QCOMPARE(DocumentFixture::Item1Of(fetched), u"a"_s);
+        const auto changed = fixture->Changed(id, 1, u"b"_s);
         QVERIFY(document->ModifyRecord(*changed, id, true, false, true, true));
-        QCOMPARE(second.document->FetchRecord(scene->kind, id), fetched);
-        QCOMPARE(DocumentScene::Item1Of(fetched), u"b"_s);
-        QVERIFY(document->DeleteRecord(scene->kind, id, true));
-        QVERIFY(!second.document->FetchRecord(scene->kind, id));
+        QCOMPARE(second.document->FetchRecord(fixture->kind, id), fetched);
+        QCOMPARE(DocumentFixture::Item1Of(fetched), u"b"_s);
+        QVERIFY(document->DeleteRecord(fixture->kind, id, true));
+        QVERIFY(!second.document->FetchRecord(fixture->kind, id));
         QVERIFY(!second.document->FindRecord(id));
     }
 
     void ChangingAFetchedRecord() {
-        const QString id = scene->AddOnDay(1, u"a"_s);
-        DocumentScene second(theRecordMode, scene->home.Path());
+        const QString id = fixture->AddOnDay(1, u"a"_s);
+        DocumentFixture second(theRecordMode, fixture->home.Path());
         CVelmarchDoc& fresh = *second.document;
-        QVERIFY(fresh.FetchRecord(scene->kind, id));
+        QVERIFY(fresh.FetchRecord(fixture->kind, id));
         const auto changed = second.Changed(id, 1, u"b"_s);
         QVERIFY(fresh.ModifyRecord(*changed, id, true, false, true, true));
-        QCOMPARE(DocumentScene::Item1Of(fresh.FindRecord(id)), u"b"_s);
-        QVERIFY(fresh.DeleteRecord(scene->kind, id, true));
+        QCOMPARE(DocumentFixture::Item1Of(fresh.FindRecord(id)), u"b"_s);
+        QVERIFY(fresh.DeleteRecord(fixture->kind, id, true));
         QVERIFY(!fresh.FindRecord(id));
-        scene->Reload();
+        fixture->Reload();
         QCOMPARE(document->RecordCount(), std::size_t{0});
     }
 
@@ -369,27 +372,27 @@ class TestCVelmarchDocLoad : public QObject {
     void RefreshRecords() {
         QFETCH(QString, change);
         QFETCH(int, shownDay);
-        const QString a = scene->AddOnDay(1, u"a"_s), b = scene->AddOnDay(2, u"b"_s);
-        scene->Reload();
-        if (shownDay != 0) scene->ShowOnlyDay(shownDay);
+        const QString a = fixture->AddOnDay(1, u"a"_s), b = fixture->AddOnDay(2, u"b"_s);
+        fixture->Reload();
+        if (shownDay != 0) fixture->ShowOnlyDay(shownDay);
 
-        DocumentScene second(theRecordMode, scene->home.Path());
-        CVelmarchDoc& outside = *second.document;
-        const auto added = scene->OnDay(9, u"n"_s);
-        QVERIFY(outside.FetchRecord(scene->kind, a));
+        DocumentFixture second(theRecordMode, fixture->home.Path());
+        CVelmarchDoc& context = *second.document;
+        const auto added = fixture->OnDay(9, u"n"_s);
+        QVERIFY(context.FetchRecord(fixture->kind, a));
         const auto record =
             second.Changed(a, change == u"move"_s ? 5 : 1, change == u"item"_s ? u"c"_s : u"a"_s);
         if (change == u"delete"_s)
-            QVERIFY(outside.DeleteRecord(scene->kind, a, true));
+            QVERIFY(context.DeleteRecord(fixture->kind, a, true));
         else if (change == u"add"_s)
-            QVERIFY(outside.AddRecord(*added, true, false, false));
+            QVERIFY(context.AddRecord(*added, true, false, false));
         else
-            QVERIFY(outside.ModifyRecord(*record, a, true, false, true, true));
+            QVERIFY(context.ModifyRecord(*record, a, true, false, true, true));
 
         const QString id = change == u"add"_s ? added->GetId() : a;
-        QVERIFY(document->RefreshRecords(scene->kind, {id, id}));
-        QTEST(scene->Hints({a, b, added->GetId()}), "told");
-        QTEST(scene->VisibleItems(), "items");
+        QVERIFY(document->RefreshRecords(fixture->kind, {id, id}));
+        QTEST(fixture->Hints({a, b, added->GetId()}), "told");
+        QTEST(fixture->VisibleItems(), "items");
         QTEST(static_cast<int>(document->RecordCount()), "count");
     }
 
@@ -409,14 +412,15 @@ class TestCVelmarchDocLoad : public QObject {
         QFETCH(int, count);
         QFETCH(QString, id);
         QFETCH(bool, ofTheMode);
-        scene->AddOnDay(1, u"a"_s);
-        scene->Reload();
-        QTEST(document->RefreshRecords(ofTheMode ? scene->kind : scene->otherKind, QStringList(count, id)),
-              "done");
-        QCOMPARE(scene->Hints(), QString());
-        QCOMPARE(scene->VisibleItems(), QStringList{u"a"_s});
+        fixture->AddOnDay(1, u"a"_s);
+        fixture->Reload();
+        QTEST(
+            document->RefreshRecords(ofTheMode ? fixture->kind : fixture->otherKind, QStringList(count, id)),
+            "done");
+        QCOMPARE(fixture->Hints(), QString());
+        QCOMPARE(fixture->VisibleItems(), QStringList{u"a"_s});
     }
 };
 
-QTEST_GUILESS_MAIN(TestCVelmarchDocLoad)
+TEST_CLASS(TestCVelmarchDocLoad);
 #include "TestCVelmarchDocLoad.moc"

@@ -1,5 +1,6 @@
 #include "app/CPulldownCatalogue.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -58,5 +59,5 @@ class TestCheckNewItem : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestCheckNewItem)
+TEST_CLASS(TestCheckNewItem);
 #include "TestCheckNewItem.moc"

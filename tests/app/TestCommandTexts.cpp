@@ -2,6 +2,7 @@
 
 #include "app/FieldLabels.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QSet>
 #include <QTest>
@@ -98,5 +99,5 @@ class TestCommandTexts : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestCommandTexts)
+TEST_CLASS(TestCommandTexts);
 #include "TestCommandTexts.moc"

@@ -4,7 +4,9 @@
 #include "records/CERecord.h"
 #include "records/CPRecord.h"
 #include "records/CTRecord.h"
+#include "records/RecordFactory.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 #include <set>
@@ -148,5 +150,5 @@ class TestDemoData : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestDemoData)
+TEST_CLASS(TestDemoData);
 #include "TestDemoData.moc"

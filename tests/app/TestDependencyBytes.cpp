@@ -1,6 +1,7 @@
 #include "app/DependencyBytes.h"
 
 #include "records/CPRecord.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 #include <map>
@@ -195,5 +196,5 @@ class TestDependencyBytes : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestDependencyBytes)
+TEST_CLASS(TestDependencyBytes);
 #include "TestDependencyBytes.moc"

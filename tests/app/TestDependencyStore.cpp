@@ -4,6 +4,7 @@
 #include "records/CDRecord.h"
 #include "records/CPRecord.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -256,5 +257,5 @@ class TestDependencyStore : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestDependencyStore)
+TEST_CLASS(TestDependencyStore);
 #include "TestDependencyStore.moc"

@@ -1,6 +1,7 @@
 #include "app/DependencyTree.h"
 
 #include "records/CPRecord.h"
+#include "support/TestProgram.h"
 
 #include <QStringList>
 #include <QTest>
@@ -287,5 +288,5 @@ class TestDependencyTree : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestDependencyTree)
+TEST_CLASS(TestDependencyTree);
 #include "TestDependencyTree.moc"

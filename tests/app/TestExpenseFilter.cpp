@@ -2,6 +2,7 @@
 #include "lang/LoadText.h"
 #include "records/CERecord.h"
 #include "support/CTestClock.h"
+#include "support/TestProgram.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -38,7 +39,7 @@ class TestExpenseFilter final : public QObject {
     void MillionRecords();
 
  private:
-    [[nodiscard]] PeriodSurroundings Around() const {
+    [[nodiscard]] PeriodContext Context() const {
         return {.clock = m_clock, .region = m_region, .firstDayOfWeek = 1};
     }
 
@@ -54,7 +55,7 @@ void TestExpenseFilter::ResetIsAny() {
     filter.distance = filter.exported = FlagCriterion::kSet;
     filter.flags.fill(FlagCriterion::kClear);
     filter.matchWhole = filter.matchCase = true;
-    QVERIFY(filter.ApplyPreset(1, Around()));
+    QVERIFY(filter.ApplyPreset(1, Context()));
     filter.Reset();
     for (const QString& item : filter.items) QCOMPARE(item, u"(any)"_s);
     QCOMPARE(filter.amount, -1.0F);
@@ -64,7 +65,7 @@ void TestExpenseFilter::ResetIsAny() {
     QCOMPARE(filter.exported, 100);
     QVERIFY(!filter.matchWhole && !filter.matchCase && !filter.isEnabled);
     QCOMPARE(filter.preset, 6);
-    QVERIFY(filter.Matches(CERecord(), Around()));
+    QVERIFY(filter.Matches(CERecord(), Context()));
 }
 
 void TestExpenseFilter::Period_data() {
@@ -85,10 +86,10 @@ void TestExpenseFilter::Period() {
     QFETCH(int, preset);
     QFETCH(QDate, date);
     ExpenseFilter filter;
-    QCOMPARE(filter.ApplyPreset(preset, Around()), preset != PeriodCode::kAll);
+    QCOMPARE(filter.ApplyPreset(preset, Context()), preset != PeriodCode::kAll);
     CERecord record;
     if (date.isValid()) record.date.Set(date.month(), date.day(), date.year());
-    QTEST(filter.Matches(record, Around()), "matches");
+    QTEST(filter.Matches(record, Context()), "matches");
 }
 
 void TestExpenseFilter::Texts_data() {
@@ -137,7 +138,7 @@ void TestExpenseFilter::Texts() {
     ExpenseFilter filter;
     CERecord record;
     change(filter, record);
-    QTEST(filter.Matches(record, Around()), "matches");
+    QTEST(filter.Matches(record, Context()), "matches");
 }
 
 void TestExpenseFilter::Amount_data() {
@@ -170,7 +171,7 @@ void TestExpenseFilter::Amount() {
     ExpenseFilter filter;
     filter.amount = wanted;
     filter.comparison = comparison;
-    QTEST(filter.Matches(record, Around()), "matches");
+    QTEST(filter.Matches(record, Context()), "matches");
 }
 
 void TestExpenseFilter::AmountsToTheCent_data() {
@@ -189,7 +190,7 @@ void TestExpenseFilter::AmountsToTheCent() {
     record.amount.Set(amount);
     ExpenseFilter filter;
     filter.amount = amount;
-    QVERIFY(filter.Matches(record, Around()));
+    QVERIFY(filter.Matches(record, Context()));
 }
 
 void TestExpenseFilter::Flags_data() {
@@ -215,8 +216,8 @@ void TestExpenseFilter::Flags() {
         int* const criteria[] = {&filter.distance, &filter.flags[0], &filter.flags[1], &filter.flags[2],
                                  &filter.flags[3], &filter.flags[4], &filter.exported};
         *criteria[place] = criterion;
-        QCOMPARE(filter.Matches(with, Around()), criterion == 100 || criterion == 1);
-        QCOMPARE(filter.Matches(without, Around()), criterion == 100 || criterion == 0);
+        QCOMPARE(filter.Matches(with, Context()), criterion == 100 || criterion == 1);
+        QCOMPARE(filter.Matches(without, Context()), criterion == 100 || criterion == 0);
     }
 }
 
@@ -237,13 +238,13 @@ void TestExpenseFilter::FirstFailureEnds() {
     record.amount.Set(7.0F);
     record.flag3 = true;
     ExpenseFilter filter;
-    QVERIFY(filter.ApplyPreset(1, Around()));
+    QVERIFY(filter.ApplyPreset(1, Context()));
     filter.items[2] = u"taxi"_s;
     filter.amount = 7.0F;
     filter.flags[2] = FlagCriterion::kSet;
-    QVERIFY(filter.Matches(record, Around()));
+    QVERIFY(filter.Matches(record, Context()));
     spoil(filter, record);
-    QVERIFY(!filter.Matches(record, Around()));
+    QVERIFY(!filter.Matches(record, Context()));
 }
 
 /// A lifetime of expenses by this month: a walk of well under a second.
@@ -251,8 +252,8 @@ void TestExpenseFilter::MillionRecords() {
     std::vector<CERecord> days(365);
     for (int i = 0; i < 365; ++i) days[static_cast<std::size_t>(i)].date.Set(1 + i / 31, 1 + i % 31, 2026);
     ExpenseFilter filter;
-    QVERIFY(filter.ApplyPreset(4, Around()));
-    const ExpenseFilter::Prepared prepared(filter, Around());
+    QVERIFY(filter.ApplyPreset(4, Context()));
+    const ExpenseFilter::Prepared prepared(filter, Context());
     int matching = 0;
     QElapsedTimer timer;
     timer.start();
@@ -264,5 +265,5 @@ void TestExpenseFilter::MillionRecords() {
     QVERIFY2(took < 1000, qPrintable(QString::number(took)));
 }
 
-QTEST_GUILESS_MAIN(TestExpenseFilter)
+TEST_CLASS(TestExpenseFilter);
 #include "TestExpenseFilter.moc"

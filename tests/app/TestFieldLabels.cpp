@@ -1,6 +1,7 @@
 #include "app/FieldLabels.h"
 
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -81,5 +82,5 @@ class TestFieldLabels : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestFieldLabels)
+TEST_CLASS(TestFieldLabels);
 #include "TestFieldLabels.moc"

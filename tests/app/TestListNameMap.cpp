@@ -1,6 +1,7 @@
 #include "app/ListNameMap.h"
 
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QSet>
 #include <QTest>
@@ -82,5 +83,5 @@ class TestListNameMap : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestListNameMap)
+TEST_CLASS(TestListNameMap);
 #include "TestListNameMap.moc"

@@ -5,6 +5,7 @@
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 #include <algorithm>
@@ -154,5 +155,5 @@ class TestListTable : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestListTable)
+TEST_CLASS(TestListTable);
 #include "TestListTable.moc"

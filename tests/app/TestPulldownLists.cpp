@@ -1,6 +1,7 @@
 #include "app/PulldownLists.h"
 
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -149,5 +150,5 @@ class TestPulldownLists : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestPulldownLists)
+TEST_CLASS(TestPulldownLists);
 #include "TestPulldownLists.moc"

@@ -4,6 +4,7 @@
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -317,5 +318,5 @@ class TestRecordReplacer : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestRecordReplacer)
+TEST_CLASS(TestRecordReplacer);
 #include "TestRecordReplacer.moc"

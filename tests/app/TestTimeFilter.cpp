@@ -1,8 +1,9 @@
-#include "app/CTimerDesk.h"
+#include "app/CTimerService.h"
 #include "app/TimeFilter.h"
 #include "lang/LoadText.h"
 #include "records/CTRecord.h"
 #include "support/CTestClock.h"
+#include "support/TestProgram.h"
 
 #include <QElapsedTimer>
 #include <QTest>
@@ -13,7 +14,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// Knows one record with a timer.
-class OneTimer final : public CTimerDesk {
+class OneTimer final : public CTimerService {
  public:
     [[nodiscard]] TimerState StateOf(const QString& recordId) const override {
         return recordId == u"TIMED"_s ? TimerState::Paused : TimerState::None;
@@ -45,7 +46,7 @@ class TestTimeFilter final : public QObject {
     void MillionRecords();
 
  private:
-    [[nodiscard]] PeriodSurroundings Around() const {
+    [[nodiscard]] PeriodContext Context() const {
         return {.clock = m_clock, .region = m_region, .firstDayOfWeek = 1};
     }
 
@@ -62,7 +63,7 @@ void TestTimeFilter::ResetIsAny() {
     for (const int criterion : {filter.billable, filter.billed, filter.exported, filter.timer})
         QCOMPARE(criterion, 100);
     QCOMPARE(filter.preset, 6);
-    QVERIFY(filter.Matches(CTRecord(), Around(), nullptr));
+    QVERIFY(filter.Matches(CTRecord(), Context(), nullptr));
 }
 
 void TestTimeFilter::Period_data() {
@@ -92,10 +93,10 @@ void TestTimeFilter::Period() {
     QFETCH(int, day);
     QFETCH(int, year);
     TimeFilter filter;
-    QCOMPARE(filter.ApplyPreset(preset, Around()), preset != PeriodCode::kAll);
+    QCOMPARE(filter.ApplyPreset(preset, Context()), preset != PeriodCode::kAll);
     CTRecord record;
     record.date.Set(month, day, year);
-    QTEST(filter.Matches(record, Around(), nullptr), "matches");
+    QTEST(filter.Matches(record, Context(), nullptr), "matches");
 }
 
 void TestTimeFilter::PeriodThatIsNoDateMeansToday() {
@@ -103,9 +104,9 @@ void TestTimeFilter::PeriodThatIsNoDateMeansToday() {
     filter.EnablePeriod(true);  // no dates chosen yet
     CTRecord record;
     record.date.Set(11, 19, 2026);
-    QVERIFY(filter.Matches(record, Around(), nullptr));
+    QVERIFY(filter.Matches(record, Context(), nullptr));
     record.date.Set(11, 20, 2026);
-    QVERIFY(!filter.Matches(record, Around(), nullptr));
+    QVERIFY(!filter.Matches(record, Context(), nullptr));
 }
 
 void TestTimeFilter::Criteria_data() {
@@ -249,7 +250,7 @@ void TestTimeFilter::Criteria() {
     CTRecord record;
     change(filter, record);
     const OneTimer timers;
-    QTEST(filter.Matches(record, Around(), &timers), "matches");
+    QTEST(filter.Matches(record, Context(), &timers), "matches");
 }
 
 void TestTimeFilter::WithoutTimers() {
@@ -257,15 +258,15 @@ void TestTimeFilter::WithoutTimers() {
     CTRecord record;
     record.SetId(u"TIMED"_s);
     filter.timer = FlagCriterion::kClear;
-    QVERIFY(filter.Matches(record, Around(), nullptr));
+    QVERIFY(filter.Matches(record, Context(), nullptr));
     filter.timer = FlagCriterion::kSet;
-    QVERIFY(!filter.Matches(record, Around(), nullptr));
+    QVERIFY(!filter.Matches(record, Context(), nullptr));
 }
 
 void TestTimeFilter::PreparedKeepsItsDates() {
     TimeFilter filter;
-    QVERIFY(filter.ApplyPreset(1, Around()));
-    const TimeFilter::Prepared prepared(filter, Around(), nullptr);
+    QVERIFY(filter.ApplyPreset(1, Context()));
+    const TimeFilter::Prepared prepared(filter, Context(), nullptr);
     filter.Reset();
     CTRecord record;
     record.date.Set(11, 19, 2026);
@@ -279,8 +280,8 @@ void TestTimeFilter::MillionRecords() {
     std::vector<CTRecord> days(365);
     for (int i = 0; i < 365; ++i) days[static_cast<std::size_t>(i)].date.Set(1 + i / 31, 1 + i % 31, 2026);
     TimeFilter filter;
-    QVERIFY(filter.ApplyPreset(4, Around()));
-    const TimeFilter::Prepared prepared(filter, Around(), nullptr);
+    QVERIFY(filter.ApplyPreset(4, Context()));
+    const TimeFilter::Prepared prepared(filter, Context(), nullptr);
     int matching = 0;
     QElapsedTimer timer;
     timer.start();
@@ -292,5 +293,5 @@ void TestTimeFilter::MillionRecords() {
     QVERIFY2(took < 1000, qPrintable(QString::number(took)));
 }
 
-QTEST_GUILESS_MAIN(TestTimeFilter)
+TEST_CLASS(TestTimeFilter);
 #include "TestTimeFilter.moc"

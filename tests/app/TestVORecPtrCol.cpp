@@ -1,5 +1,7 @@
 #include "app/VORecPtrCol.h"
 
+#include "support/TestProgram.h"
+
 #include <QHash>
 #include <QTest>
 #include <random>
@@ -256,5 +258,5 @@ class TestVORecPtrCol : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestVORecPtrCol)
+TEST_CLASS(TestVORecPtrCol);
 #include "TestVORecPtrCol.moc"

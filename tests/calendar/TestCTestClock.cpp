@@ -1,5 +1,7 @@
 #include "support/CTestClock.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 
 /// What other tests rely on when they move the clock.
@@ -37,5 +39,5 @@ void TestCTestClock::Advance() {
     QTEST(now.wHour * 3600 + now.wMinute * 60 + now.wSecond, "secondOfDay");
 }
 
-QTEST_GUILESS_MAIN(TestCTestClock)
+TEST_CLASS(TestCTestClock);
 #include "TestCTestClock.moc"

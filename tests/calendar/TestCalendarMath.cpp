@@ -1,5 +1,6 @@
 #include "calendar/CalendarMath.h"
 #include "lang/LoadText.h"
+#include "support/TestProgram.h"
 
 #include <QDate>
 #include <QTest>
@@ -291,5 +292,5 @@ void TestCalendarMath::AbsurdDates() {
     QVERIFY(WeekFirstMonday(kMost) <= 54);
 }
 
-QTEST_GUILESS_MAIN(TestCalendarMath)
+TEST_CLASS(TestCalendarMath);
 #include "TestCalendarMath.moc"

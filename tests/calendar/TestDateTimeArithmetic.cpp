@@ -1,5 +1,6 @@
 #include "calendar/DateTimeVal.h"
 #include "calendar/IsoDays.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 #include <limits>
@@ -165,5 +166,5 @@ void TestDateTimeArithmetic::AbsurdNumbers() {
     }
 }
 
-QTEST_GUILESS_MAIN(TestDateTimeArithmetic)
+TEST_CLASS(TestDateTimeArithmetic);
 #include "TestDateTimeArithmetic.moc"

@@ -3,6 +3,7 @@
 #include "lang/LoadText.h"
 #include "platform/host/CRegionalInfo.h"
 #include "support/CTestClock.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -154,5 +155,5 @@ void TestDateTimeText::ParseDateKeepsTheTime() {
     QCOMPARE(TimeTextOf(value), u"9:05 PM"_s);
 }
 
-QTEST_GUILESS_MAIN(TestDateTimeText)
+TEST_CLASS(TestDateTimeText);
 #include "TestDateTimeText.moc"

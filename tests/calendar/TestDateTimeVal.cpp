@@ -1,6 +1,7 @@
 #include "calendar/DateTimeVal.h"
 #include "calendar/IsoDays.h"
 #include "support/CTestClock.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 #include <limits>
@@ -385,5 +386,5 @@ void TestDateTimeVal::ToPicker() {
     QCOMPARE(int{time.wHour}, 0);
 }
 
-QTEST_GUILESS_MAIN(TestDateTimeVal)
+TEST_CLASS(TestDateTimeVal);
 #include "TestDateTimeVal.moc"

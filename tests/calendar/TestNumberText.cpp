@@ -2,6 +2,7 @@
 #include "calendar/NumberText.h"
 #include "lang/LoadText.h"
 #include "platform/host/CRegionalInfo.h"
+#include "support/TestProgram.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -284,5 +285,5 @@ void TestNumberText::TextsOfADay() {
         QVERIFY(!ShortDateText(region, absurd, absurd, absurd).isEmpty());
 }
 
-QTEST_GUILESS_MAIN(TestNumberText)
+TEST_CLASS(TestNumberText);
 #include "TestNumberText.moc"

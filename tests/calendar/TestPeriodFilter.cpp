@@ -2,6 +2,7 @@
 #include "calendar/PeriodFilter.h"
 #include "lang/LoadText.h"
 #include "support/CTestClock.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -32,7 +33,7 @@ class TestPeriodFilter final : public QObject {
 
  private:
     /// Today is Thursday, 19 November 2026; weeks start on Monday; full years are shown.
-    [[nodiscard]] PeriodSurroundings Around(int yearDisplayFormat = 0) const {
+    [[nodiscard]] PeriodContext Context(int yearDisplayFormat = 0) const {
         return {.clock = m_clock,
                 .region = m_region,
                 .firstDayOfWeek = 1,
@@ -57,7 +58,7 @@ void TestPeriodFilter::EnablePeriod() {
 
 void TestPeriodFilter::Reset() {
     PeriodFilter filter;
-    QVERIFY(filter.ApplyPreset(2, Around()));
+    QVERIFY(filter.ApplyPreset(2, Context()));
     filter.matchWhole = true;
     filter.matchCase = true;
     filter.Reset();
@@ -93,8 +94,8 @@ void TestPeriodFilter::SetSingleDate() {
     QFETCH(QString, text);
     QFETCH(bool, isDate);
     PeriodFilter filter;
-    QVERIFY(filter.ApplyPreset(4, Around()));
-    QCOMPARE(filter.SetSingleDate(text, Around()), isDate);
+    QVERIFY(filter.ApplyPreset(4, Context()));
+    QCOMPARE(filter.SetSingleDate(text, Context()), isDate);
     QTEST(filter.preset, "preset");
     QTEST(filter.startText, "date");
     QTEST(filter.displayName, "name");
@@ -124,7 +125,7 @@ void TestPeriodFilter::SetRange() {
     QFETCH(QString, start);
     QFETCH(QString, end);
     PeriodFilter filter;
-    filter.SetRange(DayOf(start), DayOf(end), Around(1));
+    filter.SetRange(DayOf(start), DayOf(end), Context(1));
     QVERIFY(filter.isEnabled);
     QTEST(filter.preset, "preset");
     QTEST(filter.startText + u' ' + filter.endText, "texts");
@@ -144,12 +145,12 @@ void TestPeriodFilter::CanStep() {
     QFETCH(int, preset);
     QFETCH(bool, steps);
     PeriodFilter filter;
-    QVERIFY(filter.ApplyPreset(4, Around()));
+    QVERIFY(filter.ApplyPreset(4, Context()));
     filter.preset = preset;
     QCOMPARE(filter.CanStep(), steps);
     const QString before = filter.startText;
-    QCOMPARE(PeriodFilter(filter).StepBack(Around()), steps);
-    QCOMPARE(filter.StepForward(Around()), steps);
+    QCOMPARE(PeriodFilter(filter).StepBack(Context()), steps);
+    QCOMPARE(filter.StepForward(Context()), steps);
     QCOMPARE(filter.startText != before, steps);
 }
 
@@ -188,9 +189,9 @@ void TestPeriodFilter::Step() {
     QFETCH(int, preset);
     QFETCH(int, steps);
     PeriodFilter filter;
-    QVERIFY(filter.ApplyPreset(preset, Around()));
+    QVERIFY(filter.ApplyPreset(preset, Context()));
     for (int i = 0; i < std::abs(steps); ++i)
-        QVERIFY(steps > 0 ? filter.StepForward(Around()) : filter.StepBack(Around()));
+        QVERIFY(steps > 0 ? filter.StepForward(Context()) : filter.StepBack(Context()));
     QTEST(filter.preset, "newPreset");
     QTEST(filter.startText + u' ' + filter.endText, "texts");
     QTEST(filter.displayName, "name");
@@ -198,39 +199,39 @@ void TestPeriodFilter::Step() {
 
 void TestPeriodFilter::StepFebruaryForwardAndBack() {
     const CTestClock february(2003, 2, 14);
-    const PeriodSurroundings around{.clock = february, .region = m_region};
+    const PeriodContext context{.clock = february, .region = m_region};
     PeriodFilter filter;
-    QVERIFY(filter.ApplyPreset(4, around));
+    QVERIFY(filter.ApplyPreset(4, context));
     QCOMPARE(filter.endText, u"02/29/2003"_s);
-    QVERIFY(filter.StepForward(around));
+    QVERIFY(filter.StepForward(context));
     QCOMPARE(filter.startText + u' ' + filter.endText, u"03/01/2003 03/31/2003"_s);
-    QVERIFY(filter.StepBack(around));
+    QVERIFY(filter.StepBack(context));
     QCOMPARE(filter.startText + u' ' + filter.endText, u"02/01/2003 02/28/2003"_s);
 }
 
 void TestPeriodFilter::StepOntoToday() {
     PeriodFilter filter;
-    QVERIFY(filter.SetSingleDate(u"11/18/2026"_s, Around()));
-    QVERIFY(filter.StepForward(Around()));
+    QVERIFY(filter.SetSingleDate(u"11/18/2026"_s, Context()));
+    QVERIFY(filter.StepForward(Context()));
     QCOMPARE(filter.preset, 1);
     QCOMPARE(filter.displayName, u"Today"_s);
 
-    filter.SetRange(DayOf(u"2026-11-20"_s), DayOf(u"2026-12-24"_s), Around());
+    filter.SetRange(DayOf(u"2026-11-20"_s), DayOf(u"2026-12-24"_s), Context());
     PeriodFilter forward = filter;
-    QVERIFY(forward.StepForward(Around()));
+    QVERIFY(forward.StepForward(Context()));
     QCOMPARE(forward.startText, u"12/25/2026"_s);
     QCOMPARE(forward.preset, 5);
-    QVERIFY(filter.StepBack(Around()));
+    QVERIFY(filter.StepBack(Context()));
     QCOMPARE(filter.displayName, u"Today"_s);
 }
 
 void TestPeriodFilter::StepKeepsPresetUntilAppliedAgain() {
     PeriodFilter filter;
-    QVERIFY(filter.ApplyPreset(2, Around()));
+    QVERIFY(filter.ApplyPreset(2, Context()));
     const PeriodFilter present = filter;
-    for (int i = 0; i < 60; ++i) QVERIFY(filter.StepForward(Around()));
+    for (int i = 0; i < 60; ++i) QVERIFY(filter.StepForward(Context()));
     QCOMPARE(filter.startText, u"01/10/2028"_s);
-    QVERIFY(filter.ApplyPreset(filter.preset, Around()));
+    QVERIFY(filter.ApplyPreset(filter.preset, Context()));
     QCOMPARE(filter.startText, present.startText);
     QCOMPARE(filter.displayName, u"This week"_s);
 }
@@ -257,7 +258,7 @@ void TestPeriodFilter::Dates() {
     filter.endText = endText;
     DateTimeVal start;
     DateTimeVal end;
-    QCOMPARE(filter.Dates(start, end, Around()), !dates.isEmpty());
+    QCOMPARE(filter.Dates(start, end, Context()), !dates.isEmpty());
     if (!dates.isEmpty()) QCOMPARE(IsoOf(start) + u' ' + IsoOf(end), dates);
 }
 
@@ -279,5 +280,5 @@ void TestPeriodFilter::DisplayForm() {
     QTEST(DisplayDate(m_region, DayOf(date), format), "text");
 }
 
-QTEST_GUILESS_MAIN(TestPeriodFilter)
+TEST_CLASS(TestPeriodFilter);
 #include "TestPeriodFilter.moc"

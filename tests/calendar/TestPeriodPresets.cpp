@@ -2,6 +2,7 @@
 #include "calendar/PeriodFilter.h"
 #include "lang/LoadText.h"
 #include "support/CTestClock.h"
+#include "support/TestProgram.h"
 
 #include <QFile>
 #include <QSet>
@@ -142,15 +143,15 @@ void TestPeriodPresets::EdgeCases() {
 
 void TestPeriodPresets::LastMonthToDateKeepsTheDates() {
     const CTestClock clock(2026, 11, 19);
-    const PeriodSurroundings around{.clock = clock, .region = m_region};
+    const PeriodContext context{.clock = clock, .region = m_region};
     PeriodFilter filter;
-    QVERIFY(filter.ApplyPreset(20, around));
+    QVERIFY(filter.ApplyPreset(20, context));
     QCOMPARE(filter.displayName, u"Last month to date"_s);
     QCOMPARE(filter.preset, 20);
     QVERIFY(filter.isEnabled);
     QCOMPARE(filter.startText, u"(any)"_s);
-    QVERIFY(filter.ApplyPreset(14, around));
-    QVERIFY(filter.ApplyPreset(20, around));
+    QVERIFY(filter.ApplyPreset(14, context));
+    QVERIFY(filter.ApplyPreset(20, context));
     QCOMPARE(filter.startText, u"2026-01-01"_s);
     QCOMPARE(filter.endText, u"2026-12-31"_s);
 }
@@ -192,5 +193,5 @@ void TestPeriodPresets::ClockWithoutDate() {
     QCOMPARE(filter.displayName, u"Today"_s);
 }
 
-QTEST_GUILESS_MAIN(TestPeriodPresets)
+TEST_CLASS(TestPeriodPresets);
 #include "TestPeriodPresets.moc"

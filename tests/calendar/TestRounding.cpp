@@ -1,5 +1,7 @@
 #include "calendar/NumberText.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 #include <cmath>
 #include <limits>
@@ -192,5 +194,5 @@ void TestRounding::AbsurdMinutes() {
     QCOMPARE(hours, kLeast);
 }
 
-QTEST_GUILESS_MAIN(TestRounding)
+TEST_CLASS(TestRounding);
 #include "TestRounding.moc"

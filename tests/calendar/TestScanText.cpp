@@ -1,5 +1,7 @@
 #include "calendar/ScanText.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 #include <limits>
 
@@ -81,5 +83,5 @@ void TestScanText::OtherTargetStops() {
     QCOMPARE(number, 7);
 }
 
-QTEST_GUILESS_MAIN(TestScanText)
+TEST_CLASS(TestScanText);
 #include "TestScanText.moc"

@@ -2,6 +2,7 @@
 #include "calendar/NumberText.h"
 #include "lang/LoadText.h"
 #include "platform/host/CRegionalInfo.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -64,5 +65,5 @@ void TestUserLocales::Texts() {
     QCOMPARE(time.Hour24() * 100 + time.minute, 1515);
 }
 
-QTEST_GUILESS_MAIN(TestUserLocales)
+TEST_CLASS(TestUserLocales);
 #include "TestUserLocales.moc"

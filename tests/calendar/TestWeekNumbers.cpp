@@ -1,5 +1,6 @@
 #include "calendar/CalendarMath.h"
 #include "lang/LoadText.h"
+#include "support/TestProgram.h"
 
 #include <QDate>
 #include <QFile>
@@ -126,5 +127,5 @@ void TestWeekNumbers::Label() {
     QTEST(DayWeekLabel(date.month(), date.day(), date.year(), showDay, rule), "label");
 }
 
-QTEST_GUILESS_MAIN(TestWeekNumbers)
+TEST_CLASS(TestWeekNumbers);
 #include "TestWeekNumbers.moc"

@@ -1,5 +1,6 @@
 #include "ColumnBytes.h"
 #include "SettingsHome.h"
+#include "support/TestProgram.h"
 
 #include <QTemporaryDir>
 
@@ -488,5 +489,5 @@ void TestCCfgStore::ColumnsTooLargeForTheKey() {
     settings.ListColumns().SetBreaks(ColumnHalf::Time, {5, 7, 9});
 }
 
-QTEST_GUILESS_MAIN(TestCCfgStore)
+TEST_CLASS(TestCCfgStore);
 #include "TestCCfgStore.moc"

@@ -1,5 +1,6 @@
 #include "SettingsHome.h"
 #include "support/RandomTexts.h"
+#include "support/TestProgram.h"
 
 #include <QTemporaryDir>
 
@@ -306,5 +307,5 @@ void TestCCfgStoreKeys::FailedWriteIsReported() {
     QVERIFY(m_home->tree.File().Execute("PRAGMA query_only=OFF"));
 }
 
-QTEST_GUILESS_MAIN(TestCCfgStoreKeys)
+TEST_CLASS(TestCCfgStoreKeys);
 #include "TestCCfgStoreKeys.moc"

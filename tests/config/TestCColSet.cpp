@@ -4,6 +4,7 @@
 #include "config/CColumnNames.h"
 #include "config/Settings.h"
 #include "lang/LoadText.h"
+#include "support/TestProgram.h"
 
 #include <QHash>
 #include <QTest>
@@ -431,5 +432,5 @@ void TestCColSet::applyCaptionsWithoutNames() {
     QCOMPARE(set.EntryAt(23).caption, QStringLiteral("Distance"));
 }
 
-QTEST_APPLESS_MAIN(TestCColSet)
+TEST_CLASS(TestCColSet);
 #include "TestCColSet.moc"

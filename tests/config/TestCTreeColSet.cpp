@@ -2,6 +2,7 @@
 
 #include "ColumnBytes.h"
 #include "lang/LoadText.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -89,5 +90,5 @@ class TestCTreeColSet final : public QObject {
     }
 };
 
-QTEST_APPLESS_MAIN(TestCTreeColSet)
+TEST_CLASS(TestCTreeColSet);
 #include "TestCTreeColSet.moc"

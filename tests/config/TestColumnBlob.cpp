@@ -2,6 +2,7 @@
 #include "config/CTreeColSet.h"
 #include "lang/LoadText.h"
 #include "records/RunPack.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -215,5 +216,5 @@ void TestColumnBlob::whatFollowsIsIgnored() {
     QVERIFY(ColumnsFromBlob(Blob(Rows() + NoBreaks() + "more") + "and more"));
 }
 
-QTEST_APPLESS_MAIN(TestColumnBlob)
+TEST_CLASS(TestColumnBlob);
 #include "TestColumnBlob.moc"

@@ -1,6 +1,7 @@
 #include "config/ColumnCommand.h"
 
 #include "SettingsHome.h"
+#include "support/TestProgram.h"
 
 #include <QJsonDocument>
 #include <QTemporaryDir>
@@ -136,5 +137,5 @@ void TestColumnCommand::FailedSaveChangesNothing() {
     QCOMPARE(Shown(settings.ListColumns()), before);
 }
 
-QTEST_GUILESS_MAIN(TestColumnCommand)
+TEST_CLASS(TestColumnCommand);
 #include "TestColumnCommand.moc"

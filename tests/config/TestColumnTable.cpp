@@ -1,5 +1,7 @@
 #include "config/ColumnTable.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 #include <algorithm>
 
@@ -117,5 +119,5 @@ class TestColumnTable final : public QObject {
     }
 };
 
-QTEST_APPLESS_MAIN(TestColumnTable)
+TEST_CLASS(TestColumnTable);
 #include "TestColumnTable.moc"

@@ -1,5 +1,7 @@
 #include "config/FontRecord.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 
 class TestFontRecord : public QObject {
@@ -61,5 +63,5 @@ void TestFontRecord::Refused() {
     QCOMPARE(font, (FontRecord{77, 500, true, QStringLiteral("before")}));
 }
 
-QTEST_GUILESS_MAIN(TestFontRecord)
+TEST_CLASS(TestFontRecord);
 #include "TestFontRecord.moc"

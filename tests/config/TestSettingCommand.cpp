@@ -1,6 +1,7 @@
 #include "config/SettingCommand.h"
 
 #include "SettingsHome.h"
+#include "support/TestProgram.h"
 
 #include <QJsonDocument>
 #include <QTemporaryDir>
@@ -110,5 +111,5 @@ void TestSettingCommand::FailedSaveChangesNothing() {
     QCOMPARE(settings.precisionRate, 3);
 }
 
-QTEST_GUILESS_MAIN(TestSettingCommand)
+TEST_CLASS(TestSettingCommand);
 #include "TestSettingCommand.moc"

@@ -1,6 +1,7 @@
 #include "config/SettingsTable.h"
 
 #include "lang/LoadText.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -157,5 +158,5 @@ void TestSettingsTable::PutAndRead() {
         if (&other != row) QCOMPARE(SettingValue(settings, other), other.preset);
 }
 
-QTEST_GUILESS_MAIN(TestSettingsTable)
+TEST_CLASS(TestSettingsTable);
 #include "TestSettingsTable.moc"

@@ -10,8 +10,10 @@
 #include "records/CPRecord.h"
 #include "records/CTRecord.h"
 #include "records/GuardedBlock.h"
+#include "records/RecordFactory.h"
 #include "records/RunPack.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <sqlite3.h>
 
@@ -267,5 +269,5 @@ void TestDocs::StoredDefaults() {
         QVERIFY2(part.contains(u'`' + LoadText(name) + u'`'), qPrintable(LoadText(name)));
 }
 
-QTEST_GUILESS_MAIN(TestDocs)
+TEST_CLASS(TestDocs);
 #include "TestDocs.moc"

@@ -1,6 +1,7 @@
 #include "entry/CodedText.h"
 
 #include "lang/LoadText.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -74,5 +75,5 @@ void TestCodedText::Payments() {
                           u"CR: Credit note"_s, u"OT: Other"_s}));
 }
 
-QTEST_GUILESS_MAIN(TestCodedText)
+TEST_CLASS(TestCodedText);
 #include "TestCodedText.moc"

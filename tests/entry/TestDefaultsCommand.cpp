@@ -5,6 +5,7 @@
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -145,5 +146,5 @@ void TestDefaultsCommand::FailedWriteKeepsWhatWasThere() {
     QCOMPARE(Names(), u"One"_s);
 }
 
-QTEST_GUILESS_MAIN(TestDefaultsCommand)
+TEST_CLASS(TestDefaultsCommand);
 #include "TestDefaultsCommand.moc"

@@ -5,6 +5,7 @@
 #include "lang/LoadText.h"
 #include "platform/host/CRegionalInfo.h"
 #include "records/CERecord.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -352,5 +353,5 @@ void TestExpenseEntryRules::CancelledOdometer() {
     QCOMPARE(settings.odometerLastEnd, 777);
 }
 
-QTEST_GUILESS_MAIN(TestExpenseEntryRules)
+TEST_CLASS(TestExpenseEntryRules);
 #include "TestExpenseEntryRules.moc"

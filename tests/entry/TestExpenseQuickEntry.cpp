@@ -1,7 +1,8 @@
-#include "app/CTimerDesk.h"
+#include "app/CTimerService.h"
 #include "entry/QuickEntry.h"
 #include "records/CERecord.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -10,7 +11,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// Notes what is asked of the timers: nothing, for expenses.
-class Timers final : public CTimerDesk {
+class Timers final : public CTimerService {
  public:
     int calls = 0;
     [[nodiscard]] TimerState StateOf(const QString&) const override { return TimerState::None; }
@@ -21,7 +22,7 @@ class Timers final : public CTimerDesk {
 };
 
 /// A home in expense mode with a user in front of a dialog. The clock stands at 9:05 on 19 November 2026.
-struct Scene {
+struct Fixture {
     enum class Dialog { None, Accept, Cancel };
 
     TestHome home;
@@ -30,20 +31,20 @@ struct Scene {
     Dialog dialog = Dialog::None;
     int dialogs = 0;
     QStringList selected;
-    QuickEntrySurroundings::Step fillFromDefaults;
-    QuickEntrySurroundings::Step fillFromTree;
+    QuickEntryContext::Step fillFromDefaults;
+    QuickEntryContext::Step fillFromTree;
 
-    Scene() { home.clock.Set(2026, 11, 19, 9, 5); }
+    Fixture() { home.clock.Set(2026, 11, 19, 9, 5); }
     QuickOutcome Run(int flags) {
-        QuickEntrySurroundings around{*home.document, timers,    *home.settings,   home.clock,  selected,
-                                      nullptr,        QString(), fillFromDefaults, fillFromTree};
+        QuickEntryContext context{*home.document, timers,    *home.settings,   home.clock,  selected,
+                                  nullptr,        QString(), fillFromDefaults, fillFromTree};
         if (dialog != Dialog::None)
-            around.edit = [this](CVORec& record) {
+            context.edit = [this](CVORec& record) {
                 ++dialogs;
                 static_cast<CERecord&>(record).notes = u"edited"_s;
                 return dialog == Dialog::Accept;
             };
-        return NewExpenseRecord(flags, around);
+        return NewExpenseRecord(flags, context);
     }
     QString AddTaxi() {
         CERecord record;
@@ -118,10 +119,10 @@ void TestExpenseQuickEntry::Commands_data() {
 
 void TestExpenseQuickEntry::Commands() {
     QFETCH(int, flags);
-    Scene scene;
-    scene.selected = {scene.AddTaxi()};
-    QVERIFY(scene.home.document->FilterOfExpenses().SetSingleDate(u"11/10/2026"_s,
-                                                                  scene.home.document->PeriodNeeds()));
+    Fixture fixture;
+    fixture.selected = {fixture.AddTaxi()};
+    QVERIFY(fixture.home.document->FilterOfExpenses().SetSingleDate(
+        u"11/10/2026"_s, fixture.home.document->GetPeriodContext()));
     const auto fill = [](const QString& from) {
         return [from](CVORec& record) {
             static_cast<CERecord&>(record).item1 = from;
@@ -129,16 +130,16 @@ void TestExpenseQuickEntry::Commands() {
             return true;
         };
     };
-    scene.fillFromDefaults = fill(u"defaults"_s);
-    scene.fillFromTree = fill(u"tree"_s);
-    const QuickOutcome outcome = scene.Run(flags);
+    fixture.fillFromDefaults = fill(u"defaults"_s);
+    fixture.fillFromTree = fill(u"tree"_s);
+    const QuickOutcome outcome = fixture.Run(flags);
     QVERIFY(outcome.succeeded);
-    QVERIFY(outcome.addedId != scene.selected.first());
-    QTEST(scene.Stored(outcome.addedId), "stored");
-    QCOMPARE(scene.home.views.seen.last().first, Hint::Added);
-    QCOMPARE(scene.home.views.seen.last().second, QStringList{outcome.addedId});
-    QVERIFY(scene.home.document->IsVisible(outcome.addedId));
-    QCOMPARE(scene.timers.calls, 0);
+    QVERIFY(outcome.addedId != fixture.selected.first());
+    QTEST(fixture.Stored(outcome.addedId), "stored");
+    QCOMPARE(fixture.home.views.seen.last().first, Hint::Added);
+    QCOMPARE(fixture.home.views.seen.last().second, QStringList{outcome.addedId});
+    QVERIFY(fixture.home.document->IsVisible(outcome.addedId));
+    QCOMPARE(fixture.timers.calls, 0);
 }
 
 void TestExpenseQuickEntry::DateFromThePeriod_data() {
@@ -155,19 +156,19 @@ void TestExpenseQuickEntry::DateFromThePeriod_data() {
 void TestExpenseQuickEntry::DateFromThePeriod() {
     QFETCH(int, preset);
     QFETCH(QString, startText);
-    Scene scene;
-    scene.home.clock.Set(2027, 1, 1, 0, 0);
-    scene.home.document->FilterOfExpenses().preset = preset;
-    scene.home.document->FilterOfExpenses().startText = startText;
-    scene.home.document->Filter().preset = PeriodCode::kYesterday;  // of the other mode, doesn't count
-    for (const int flags : {1, 33}) QTEST(scene.Stored(scene.Run(flags).addedId), "stored");
+    Fixture fixture;
+    fixture.home.clock.Set(2027, 1, 1, 0, 0);
+    fixture.home.document->FilterOfExpenses().preset = preset;
+    fixture.home.document->FilterOfExpenses().startText = startText;
+    fixture.home.document->Filter().preset = PeriodCode::kYesterday;  // of the other mode, doesn't count
+    for (const int flags : {1, 33}) QTEST(fixture.Stored(fixture.Run(flags).addedId), "stored");
 }
 
 void TestExpenseQuickEntry::CopyTakesEveryField() {
-    Scene scene;
-    scene.selected = {scene.AddTaxi()};
+    Fixture fixture;
+    fixture.selected = {fixture.AddTaxi()};
     CERecord copy;
-    QVERIFY(scene.home.store->ReadRecord(copy, scene.Run(24).addedId));
+    QVERIFY(fixture.home.store->ReadRecord(copy, fixture.Run(24).addedId));
     QVERIFY(copy.isDistance);
     QCOMPARE(copy.distance.text, u"12.50"_s);
     QCOMPARE(copy.GetRateText(), u"0.500"_s);
@@ -192,15 +193,15 @@ void TestExpenseQuickEntry::SelectionOfOne() {
     QFETCH(int, flags);
     QFETCH(int, selected);
     QFETCH(bool, succeeded);
-    Scene scene;
-    for (int i = 0; i < selected; ++i) scene.selected.append(scene.AddTaxi());
+    Fixture fixture;
+    for (int i = 0; i < selected; ++i) fixture.selected.append(fixture.AddTaxi());
     if (selected == 1)
-        QVERIFY(scene.home.document->DeleteRecord(RecordKind::Expense, scene.selected[0], false));
-    const std::size_t before = scene.home.document->RecordCount();
-    const QuickOutcome outcome = scene.Run(flags);
+        QVERIFY(fixture.home.document->DeleteRecord(RecordKind::Expense, fixture.selected[0], false));
+    const std::size_t before = fixture.home.document->RecordCount();
+    const QuickOutcome outcome = fixture.Run(flags);
     QCOMPARE(outcome.succeeded, succeeded);
     QCOMPARE(outcome.addedId.isEmpty(), !succeeded);
-    QCOMPARE(scene.home.document->RecordCount(), before + (succeeded ? 1 : 0));
+    QCOMPARE(fixture.home.document->RecordCount(), before + (succeeded ? 1 : 0));
 }
 
 void TestExpenseQuickEntry::BaseThatGivesNothing_data() {
@@ -216,14 +217,14 @@ void TestExpenseQuickEntry::BaseThatGivesNothing_data() {
 void TestExpenseQuickEntry::BaseThatGivesNothing() {
     QFETCH(int, flags);
     QFETCH(bool, isThere);
-    Scene scene;
-    scene.dialog = Scene::Dialog::Accept;
-    if (isThere) scene.fillFromDefaults = scene.fillFromTree = [](CVORec&) { return false; };
-    const QuickOutcome outcome = scene.Run(flags);
+    Fixture fixture;
+    fixture.dialog = Fixture::Dialog::Accept;
+    if (isThere) fixture.fillFromDefaults = fixture.fillFromTree = [](CVORec&) { return false; };
+    const QuickOutcome outcome = fixture.Run(flags);
     QTEST(outcome.succeeded, "succeeded");
     QCOMPARE(outcome.addedId, QString());
-    QCOMPARE(scene.dialogs, 0);
-    QCOMPARE(scene.home.document->RecordCount(), std::size_t{0});
+    QCOMPARE(fixture.dialogs, 0);
+    QCOMPARE(fixture.home.document->RecordCount(), std::size_t{0});
 }
 
 void TestExpenseQuickEntry::Dialog_data() {
@@ -244,52 +245,52 @@ void TestExpenseQuickEntry::Dialog() {
     QFETCH(int, flags);
     QFETCH(bool, dialogOnQuickEntry);
     QFETCH(int, dialogs);
-    Scene scene;
-    scene.home.settings->dialogOnQuickEntry = dialogOnQuickEntry;
-    scene.selected = {scene.AddTaxi()};
-    scene.dialog = Scene::Dialog::Accept;
-    const QuickOutcome outcome = scene.Run(flags);
+    Fixture fixture;
+    fixture.home.settings->dialogOnQuickEntry = dialogOnQuickEntry;
+    fixture.selected = {fixture.AddTaxi()};
+    fixture.dialog = Fixture::Dialog::Accept;
+    const QuickOutcome outcome = fixture.Run(flags);
     QVERIFY(outcome.succeeded);
-    QCOMPARE(scene.dialogs, dialogs);
+    QCOMPARE(fixture.dialogs, dialogs);
     CERecord record;
-    QVERIFY(scene.home.store->ReadRecord(record, outcome.addedId));
+    QVERIFY(fixture.home.store->ReadRecord(record, outcome.addedId));
     QCOMPARE(record.notes == u"edited"_s, dialogs == 1);
     QCOMPARE(record.date.longText, u"11/19/2026"_s);
 }
 
 void TestExpenseQuickEntry::Cancel() {
-    Scene scene;
-    scene.dialog = Scene::Dialog::Cancel;
-    const QuickOutcome outcome = scene.Run(81);
+    Fixture fixture;
+    fixture.dialog = Fixture::Dialog::Cancel;
+    const QuickOutcome outcome = fixture.Run(81);
     QVERIFY(outcome.succeeded);
     QCOMPARE(outcome.addedId, QString());
-    QCOMPARE(scene.dialogs, 1);
-    QCOMPARE(scene.home.document->RecordCount(), std::size_t{0});
-    QCOMPARE(scene.home.views.seen.size(), 0);
-    QCOMPARE(scene.timers.calls, 0);
+    QCOMPARE(fixture.dialogs, 1);
+    QCOMPARE(fixture.home.document->RecordCount(), std::size_t{0});
+    QCOMPARE(fixture.home.views.seen.size(), 0);
+    QCOMPARE(fixture.timers.calls, 0);
 }
 
 void TestExpenseQuickEntry::FailedAdd() {
-    Scene scene;
-    QVERIFY(scene.home.manager.File().Execute("PRAGMA query_only=ON"));
-    scene.home.prompt.ExpectTold(Text::InsertFailed);
-    const QuickOutcome outcome = scene.Run(17);
-    QVERIFY(scene.home.manager.File().Execute("PRAGMA query_only=OFF"));
+    Fixture fixture;
+    QVERIFY(fixture.home.manager.File().Execute("PRAGMA query_only=ON"));
+    fixture.home.prompt.ExpectTold(Text::InsertFailed);
+    const QuickOutcome outcome = fixture.Run(17);
+    QVERIFY(fixture.home.manager.File().Execute("PRAGMA query_only=OFF"));
     QVERIFY(!outcome.succeeded);
     QCOMPARE(outcome.addedId, QString());
 }
 
 /// The kind decides, not the mode: the console makes both kinds in any mode.
 void TestExpenseQuickEntry::KindOfTheRecord() {
-    Scene scene;
-    const QuickEntrySurroundings around{*scene.home.document, scene.timers, *scene.home.settings,
-                                        scene.home.clock,     {},           {}};
-    const QString time = NewRecordOf(RecordKind::Time, 17, around).addedId;
-    const QString expense = NewRecordOf(RecordKind::Expense, 17, around).addedId;
-    QVERIFY(scene.home.document->FindTime(time));
-    QVERIFY(scene.home.document->FindExpense(expense));
-    QCOMPARE(scene.home.document->RecordCount(), std::size_t{1});  // the time record isn't of the mode
+    Fixture fixture;
+    const QuickEntryContext context{
+        *fixture.home.document, fixture.timers, *fixture.home.settings, fixture.home.clock, {}, {}};
+    const QString time = NewRecordOf(RecordKind::Time, 17, context).addedId;
+    const QString expense = NewRecordOf(RecordKind::Expense, 17, context).addedId;
+    QVERIFY(fixture.home.document->FindTime(time));
+    QVERIFY(fixture.home.document->FindExpense(expense));
+    QCOMPARE(fixture.home.document->RecordCount(), std::size_t{1});  // the time record isn't of the mode
 }
 
-QTEST_GUILESS_MAIN(TestExpenseQuickEntry)
+TEST_CLASS(TestExpenseQuickEntry);
 #include "TestExpenseQuickEntry.moc"

@@ -6,6 +6,7 @@
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -309,5 +310,5 @@ void TestKeepInLists::CatalogueTakesTheRestAfterARefusal() {
     QCOMPARE(record.item1, u"[1] coded"_s);
 }
 
-QTEST_GUILESS_MAIN(TestKeepInLists)
+TEST_CLASS(TestKeepInLists);
 #include "TestKeepInLists.moc"

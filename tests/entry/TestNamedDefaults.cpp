@@ -5,6 +5,7 @@
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QRandomGenerator>
 #include <QSet>
@@ -17,12 +18,12 @@ namespace {
 const QString kEmptyRecord = u"(empty record)"_s;
 
 /// Named defaults of a home whose clock stands at 19 November 2026.
-struct Scene {
+struct Fixture {
     TestHome home;
     NamedDefaults time;
     NamedDefaults expense;
 
-    explicit Scene(const CRegionalInfo& region = {})
+    explicit Fixture(const CRegionalInfo& region = {})
         : home(region),
           time(*home.settings, home.clock, RecordMode::Time),
           expense(*home.settings, home.clock, RecordMode::Expense) {
@@ -118,23 +119,23 @@ class TestNamedDefaults : public QObject {
 };
 
 void TestNamedDefaults::NoDefaults() {
-    Scene scene;
-    QCOMPARE(scene.time.Names(), QStringList{kEmptyRecord});
-    QCOMPARE(scene.expense.Names(), QStringList{kEmptyRecord});
+    Fixture fixture;
+    QCOMPARE(fixture.time.Names(), QStringList{kEmptyRecord});
+    QCOMPARE(fixture.expense.Names(), QStringList{kEmptyRecord});
     QCOMPARE(NamedDefaults::EmptyRecordName(), kEmptyRecord);
 }
 
 void TestNamedDefaults::EmptyRecordOfToday() {
-    Scene scene;
+    Fixture fixture;
     CTRecord time = Meeting();
     time.GenUnique();
-    QVERIFY(scene.time.Read(kEmptyRecord, time));
+    QVERIFY(fixture.time.Read(kEmptyRecord, time));
     QCOMPARE(DateOf(time.date), u"2026-11-19"_s);
     QCOMPARE(time.item1, QString());
     QVERIFY(!time.HasStart());
     QCOMPARE(time.GetId(), QString());
     CERecord expense = Trip();
-    QVERIFY(scene.expense.Read(kEmptyRecord, expense));
+    QVERIFY(fixture.expense.Read(kEmptyRecord, expense));
     QCOMPARE(DateOf(expense.date), u"2026-11-19"_s);
     QCOMPARE(expense.GetDistance(), 0.0F);
     QVERIFY(!expense.flag1);
@@ -142,14 +143,14 @@ void TestNamedDefaults::EmptyRecordOfToday() {
 
 /// Times, items, money and the date are those that were stored; the identity isn't part of a default.
 void TestNamedDefaults::TimeDefault() {
-    Scene scene;
+    Fixture fixture;
     CTRecord stored = Meeting();
     stored.GenUnique();
-    QVERIFY(scene.time.Write(u"Meeting"_s, stored));
+    QVERIFY(fixture.time.Write(u"Meeting"_s, stored));
     CTRecord record;
     record.GenUnique();
     const QString id = record.GetId();
-    QVERIFY(scene.time.Read(u"Meeting"_s, record));
+    QVERIFY(fixture.time.Read(u"Meeting"_s, record));
     QCOMPARE(record.GetId(), id);
     QCOMPARE(DateOf(record.date), u"2020-03-02"_s);
     QCOMPARE(record.startHour, 9);
@@ -165,10 +166,10 @@ void TestNamedDefaults::TimeDefault() {
 }
 
 void TestNamedDefaults::ExpenseDefault() {
-    Scene scene;
-    QVERIFY(scene.expense.Write(u"Trip"_s, Trip()));
+    Fixture fixture;
+    QVERIFY(fixture.expense.Write(u"Trip"_s, Trip()));
     CERecord record;
-    QVERIFY(scene.expense.Read(u"Trip"_s, record));
+    QVERIFY(fixture.expense.Read(u"Trip"_s, record));
     QCOMPARE(DateOf(record.date), u"2020-03-02"_s);
     QCOMPARE(record.item3, u"Trip"_s);
     QVERIFY(record.isDistance);
@@ -181,12 +182,12 @@ void TestNamedDefaults::ExpenseDefault() {
 }
 
 void TestNamedDefaults::FormerContentDoesNotShineThrough() {
-    Scene scene;
+    Fixture fixture;
     CERecord plain;
     plain.item1 = u"Hotel"_s;
-    QVERIFY(scene.expense.Write(u"Hotel"_s, plain));
+    QVERIFY(fixture.expense.Write(u"Hotel"_s, plain));
     CERecord record = Trip();
-    QVERIFY(scene.expense.Read(u"Hotel"_s, record));
+    QVERIFY(fixture.expense.Read(u"Hotel"_s, record));
     QVERIFY(!record.isDistance);
     QCOMPARE(record.GetDistance(), 0.0F);
     QCOMPARE(record.GetAmountText(), QString());
@@ -194,23 +195,23 @@ void TestNamedDefaults::FormerContentDoesNotShineThrough() {
 }
 
 void TestNamedDefaults::KindsAreApart() {
-    Scene scene;
-    QVERIFY(scene.time.Write(u"Same"_s, Meeting()));
-    QVERIFY(scene.expense.Write(u"Same"_s, Trip()));
-    QVERIFY(scene.expense.Write(u"Other"_s, Trip()));
-    QCOMPARE(scene.time.Names(), QStringList({u"Same"_s, kEmptyRecord}));
-    QCOMPARE(scene.expense.Names(), QStringList({u"Same"_s, u"Other"_s, kEmptyRecord}));
-    QVERIFY(scene.expense.Delete(u"Same"_s));
+    Fixture fixture;
+    QVERIFY(fixture.time.Write(u"Same"_s, Meeting()));
+    QVERIFY(fixture.expense.Write(u"Same"_s, Trip()));
+    QVERIFY(fixture.expense.Write(u"Other"_s, Trip()));
+    QCOMPARE(fixture.time.Names(), QStringList({u"Same"_s, kEmptyRecord}));
+    QCOMPARE(fixture.expense.Names(), QStringList({u"Same"_s, u"Other"_s, kEmptyRecord}));
+    QVERIFY(fixture.expense.Delete(u"Same"_s));
     CTRecord record;
-    QVERIFY(scene.time.Read(u"Same"_s, record));
+    QVERIFY(fixture.time.Read(u"Same"_s, record));
 }
 
 void TestNamedDefaults::OtherKindIsRefused() {
-    Scene scene;
-    QVERIFY(!scene.time.Write(u"Trip"_s, Trip()));
-    QCOMPARE(scene.time.Names(), QStringList{kEmptyRecord});
+    Fixture fixture;
+    QVERIFY(!fixture.time.Write(u"Trip"_s, Trip()));
+    QCOMPARE(fixture.time.Names(), QStringList{kEmptyRecord});
     CERecord expense = Trip();
-    QVERIFY(!scene.time.Read(kEmptyRecord, expense));
+    QVERIFY(!fixture.time.Read(kEmptyRecord, expense));
     QCOMPARE(DateOf(expense.date), u"2020-03-02"_s);
 }
 
@@ -236,14 +237,14 @@ void TestNamedDefaults::Names_data() {
 /// Exactly as it was given, also at the next start.
 void TestNamedDefaults::Names() {
     QFETCH(QString, name);
-    Scene scene;
-    QVERIFY(scene.time.Write(u"before"_s, Meeting()));
+    Fixture fixture;
+    QVERIFY(fixture.time.Write(u"before"_s, Meeting()));
     CTRecord stored = Meeting();
     stored.notes = u"this one"_s;
-    QVERIFY(scene.time.Write(name, stored));
-    QVERIFY(scene.time.Write(u"behind"_s, Meeting()));
+    QVERIFY(fixture.time.Write(name, stored));
+    QVERIFY(fixture.time.Write(u"behind"_s, Meeting()));
 
-    TestHome next(scene.home.Path());
+    TestHome next(fixture.home.Path());
     NamedDefaults defaults(*next.settings, next.clock, RecordMode::Time);
     QCOMPARE(defaults.Names(), QStringList({u"before"_s, name, u"behind"_s, kEmptyRecord}));
     CTRecord record;
@@ -256,22 +257,22 @@ void TestNamedDefaults::Names() {
 }
 
 void TestNamedDefaults::RefusedNames() {
-    Scene scene;
-    QVERIFY(!scene.time.Write(QString(), Meeting()));
-    QCOMPARE(scene.time.Names(), QStringList{kEmptyRecord});
+    Fixture fixture;
+    QVERIFY(!fixture.time.Write(QString(), Meeting()));
+    QCOMPARE(fixture.time.Names(), QStringList{kEmptyRecord});
     CTRecord record;
-    QVERIFY(!scene.time.Read(QString(), record));
-    QVERIFY(!scene.time.Delete(QString()));
-    QVERIFY(!scene.time.Delete(kEmptyRecord));
-    QVERIFY(!scene.time.Rename(kEmptyRecord, u"a"_s));
+    QVERIFY(!fixture.time.Read(QString(), record));
+    QVERIFY(!fixture.time.Delete(QString()));
+    QVERIFY(!fixture.time.Delete(kEmptyRecord));
+    QVERIFY(!fixture.time.Rename(kEmptyRecord, u"a"_s));
 }
 
 void TestNamedDefaults::ReservedNameIsStoredButNeverChosen() {
-    Scene scene;
-    QVERIFY(scene.time.Write(kEmptyRecord, Meeting()));
-    QCOMPARE(scene.time.Names(), QStringList({kEmptyRecord, kEmptyRecord}));
+    Fixture fixture;
+    QVERIFY(fixture.time.Write(kEmptyRecord, Meeting()));
+    QCOMPARE(fixture.time.Names(), QStringList({kEmptyRecord, kEmptyRecord}));
     CTRecord record;
-    QVERIFY(scene.time.Read(kEmptyRecord, record));
+    QVERIFY(fixture.time.Read(kEmptyRecord, record));
     QCOMPARE(record.notes, QString());
     QCOMPARE(DateOf(record.date), u"2026-11-19"_s);
 }
@@ -292,19 +293,19 @@ void TestNamedDefaults::FindName_data() {
 void TestNamedDefaults::FindName() {
     QFETCH(QString, name);
     QFETCH(QString, found);
-    Scene scene;
+    Fixture fixture;
     for (const QString& stored : {u"Standard"_s, u"\u00DCbung"_s, u"A"_s, u"a"_s})
-        QVERIFY(scene.time.Write(stored, Meeting()));
-    QCOMPARE(scene.time.FindName(name), found.isEmpty() ? std::nullopt : std::optional(found));
+        QVERIFY(fixture.time.Write(stored, Meeting()));
+    QCOMPARE(fixture.time.FindName(name), found.isEmpty() ? std::nullopt : std::optional(found));
 }
 
 void TestNamedDefaults::Delete() {
-    Scene scene;
-    QVERIFY(scene.time.Write(u"a"_s, Meeting()));
-    QVERIFY(scene.time.Write(u"A"_s, Meeting()));
-    QVERIFY(scene.time.Delete(u"a"_s));
-    QCOMPARE(scene.time.Names(), QStringList({u"A"_s, kEmptyRecord}));
-    QVERIFY(!scene.time.Delete(u"a"_s));
+    Fixture fixture;
+    QVERIFY(fixture.time.Write(u"a"_s, Meeting()));
+    QVERIFY(fixture.time.Write(u"A"_s, Meeting()));
+    QVERIFY(fixture.time.Delete(u"a"_s));
+    QCOMPARE(fixture.time.Names(), QStringList({u"A"_s, kEmptyRecord}));
+    QVERIFY(!fixture.time.Delete(u"a"_s));
 }
 
 void TestNamedDefaults::Rename_data() {
@@ -323,29 +324,29 @@ void TestNamedDefaults::Rename_data() {
 void TestNamedDefaults::Rename() {
     QFETCH(QString, newName);
     QFETCH(bool, done);
-    Scene scene;
-    QVERIFY(scene.time.Write(u"one"_s, Meeting()));
-    QVERIFY(scene.time.Write(u"two"_s, CTRecord()));
-    QCOMPARE(scene.time.Rename(u"one"_s, newName), done);
+    Fixture fixture;
+    QVERIFY(fixture.time.Write(u"one"_s, Meeting()));
+    QVERIFY(fixture.time.Write(u"two"_s, CTRecord()));
+    QCOMPARE(fixture.time.Rename(u"one"_s, newName), done);
     QSet<QString> expected{u"two"_s, kEmptyRecord, done ? newName : u"one"_s};
-    const QStringList names = scene.time.Names();
+    const QStringList names = fixture.time.Names();
     QCOMPARE(QSet<QString>(names.begin(), names.end()), expected);
     CTRecord record;
-    QVERIFY(scene.time.Read(done ? newName : u"one"_s, record));
+    QVERIFY(fixture.time.Read(done ? newName : u"one"_s, record));
     QCOMPARE(record.notes, u"weekly"_s);
-    QVERIFY(!scene.time.Rename(u"missing"_s, u"four"_s));
+    QVERIFY(!fixture.time.Rename(u"missing"_s, u"four"_s));
 }
 
 /// An entry without a value stays where it is.
 void TestNamedDefaults::RenameOfADamagedDefault() {
-    Scene scene;
+    Fixture fixture;
     QByteArray bytes;
-    QVERIFY(!scene.home.settings->ReadEntry(bytes, u"TimeDefaults"_s, u"hollow"_s));
-    QCOMPARE(scene.time.Names(), QStringList({u"hollow"_s, kEmptyRecord}));
-    QVERIFY(!scene.time.Rename(u"hollow"_s, u"new"_s));
-    QCOMPARE(scene.time.Names(), QStringList({u"hollow"_s, kEmptyRecord}));
-    QVERIFY(scene.time.Delete(u"hollow"_s));
-    QCOMPARE(scene.time.Names(), QStringList{kEmptyRecord});
+    QVERIFY(!fixture.home.settings->ReadEntry(bytes, u"TimeDefaults"_s, u"hollow"_s));
+    QCOMPARE(fixture.time.Names(), QStringList({u"hollow"_s, kEmptyRecord}));
+    QVERIFY(!fixture.time.Rename(u"hollow"_s, u"new"_s));
+    QCOMPARE(fixture.time.Names(), QStringList({u"hollow"_s, kEmptyRecord}));
+    QVERIFY(fixture.time.Delete(u"hollow"_s));
+    QCOMPARE(fixture.time.Names(), QStringList{kEmptyRecord});
 }
 
 void TestNamedDefaults::DamagedValue_data() {
@@ -357,46 +358,46 @@ void TestNamedDefaults::DamagedValue_data() {
 
 void TestNamedDefaults::DamagedValue() {
     QFETCH(int, kept);
-    Scene scene;
+    Fixture fixture;
     QByteArray bytes;
     QVERIFY(Meeting().ToBytes(bytes));
     bytes.truncate(kept < 0 ? bytes.size() + kept : kept);
-    QVERIFY(scene.home.settings->WriteEntry(u"TimeDefaults"_s, u"damaged"_s, bytes));
+    QVERIFY(fixture.home.settings->WriteEntry(u"TimeDefaults"_s, u"damaged"_s, bytes));
     CTRecord record = Meeting();
     record.notes = u"mine"_s;
-    QVERIFY(!scene.time.Read(u"damaged"_s, record));
+    QVERIFY(!fixture.time.Read(u"damaged"_s, record));
     QCOMPARE(record.notes, u"mine"_s);
     QCOMPARE(record.startHour, 9);
-    QVERIFY(scene.time.Write(u"damaged"_s, Meeting()));
-    QVERIFY(scene.time.Read(u"damaged"_s, record));
+    QVERIFY(fixture.time.Write(u"damaged"_s, Meeting()));
+    QVERIFY(fixture.time.Read(u"damaged"_s, record));
     QCOMPARE(record.notes, u"weekly"_s);
 }
 
 void TestNamedDefaults::MissingDefaultIsNotMade() {
-    Scene scene;
+    Fixture fixture;
     CTRecord record;
-    QVERIFY(!scene.time.Read(u"missing"_s, record));
-    QCOMPARE(scene.time.Names(), QStringList{kEmptyRecord});
+    QVERIFY(!fixture.time.Read(u"missing"_s, record));
+    QCOMPARE(fixture.time.Names(), QStringList{kEmptyRecord});
 }
 
 /// A value of the settings has at most 4096 bytes.
 void TestNamedDefaults::TooLargeRecordLeavesNothing() {
-    Scene scene;
+    Fixture fixture;
     CTRecord record = Meeting();
     record.notes = QString(2000, u'n');
-    scene.home.prompt.ExpectTold(Text::ValueRefusedLarge);
-    QVERIFY(!scene.time.Write(u"long"_s, record));
-    QCOMPARE(scene.time.Names(), QStringList{kEmptyRecord});
+    fixture.home.prompt.ExpectTold(Text::ValueRefusedLarge);
+    QVERIFY(!fixture.time.Write(u"long"_s, record));
+    QCOMPARE(fixture.time.Names(), QStringList{kEmptyRecord});
 }
 
 void TestNamedDefaults::TooLargeRecordKeepsTheFormerOne() {
-    Scene scene;
+    Fixture fixture;
     CTRecord record = Meeting();
-    QVERIFY(scene.time.Write(u"long"_s, record));
+    QVERIFY(fixture.time.Write(u"long"_s, record));
     record.notes = QString(2000, u'n');
-    scene.home.prompt.ExpectTold(Text::ValueRefusedLarge);
-    QVERIFY(!scene.time.Write(u"long"_s, record));
-    QVERIFY(scene.time.Read(u"long"_s, record));
+    fixture.home.prompt.ExpectTold(Text::ValueRefusedLarge);
+    QVERIFY(!fixture.time.Write(u"long"_s, record));
+    QVERIFY(fixture.time.Read(u"long"_s, record));
     QCOMPARE(record.notes, u"weekly"_s);
 }
 
@@ -411,14 +412,14 @@ void TestNamedDefaults::TenThousandNames() {
     QFETCH(QString, prefix);
     constexpr int kCount = 10000;
     const QStringList names = DistinctNames(kCount, 20261119);
-    Scene scene;
-    QVERIFY(scene.home.tree.Change([&] {
+    Fixture fixture;
+    QVERIFY(fixture.home.tree.Change([&] {
         for (int i = 0; i < kCount; ++i)
-            if (!scene.home.settings->WriteEntry(prefix, names.at(i), QByteArray::number(i))) return false;
+            if (!fixture.home.settings->WriteEntry(prefix, names.at(i), QByteArray::number(i))) return false;
         return true;
     }));
 
-    TestHome next(scene.home.Path());
+    TestHome next(fixture.home.Path());
     QStringList found;
     QVERIFY(next.settings->EnumKeys(prefix, found));
     QCOMPARE(found.size(), qsizetype(kCount));
@@ -432,5 +433,5 @@ void TestNamedDefaults::TenThousandNames() {
     QVERIFY(found == names);
 }
 
-QTEST_GUILESS_MAIN(TestNamedDefaults)
+TEST_CLASS(TestNamedDefaults);
 #include "TestNamedDefaults.moc"

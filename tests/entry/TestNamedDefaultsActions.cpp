@@ -3,6 +3,7 @@
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 #include <deque>
@@ -22,7 +23,7 @@ QString DateOf(const RecordDate& date) {
 
 /// The dialog of the defaults of time records with a user in front of it. There are two defaults, "one" and
 /// "two".
-struct Scene {
+struct Fixture {
     TestHome home;
     NamedDefaults defaults;
     CTRecord working;
@@ -34,18 +35,18 @@ struct Scene {
     QString seenDate, seen;  ///< its date and notes
     int edited = 0;
 
-    Scene() : defaults(*home.settings, home.clock, RecordMode::Time) {
+    Fixture() : defaults(*home.settings, home.clock, RecordMode::Time) {
         home.clock.Set(2026, 11, 19, 9, 5);
         Store(u"one"_s);
         Store(u"two"_s);
         working.GenUnique();
         working.notes = u"of somebody else"_s;
     }
-    ~Scene() {
+    ~Fixture() {
         if (!typed.empty()) QTest::qFail("a name was never asked for", __FILE__, __LINE__);
     }
-    Scene(const Scene&) = delete;
-    Scene& operator=(const Scene&) = delete;
+    Fixture(const Fixture&) = delete;
+    Fixture& operator=(const Fixture&) = delete;
 
     void Store(const QString& name) {
         CTRecord record;
@@ -123,21 +124,21 @@ class TestNamedDefaultsActions : public QObject {
 
 /// The record is empty and of today, whatever the working record held before.
 void TestNamedDefaultsActions::NewStartsEmpty() {
-    Scene scene;
-    scene.notes = u"mine"_s;
-    scene.typed = {u"three"_s};
-    QCOMPARE(scene.Actions().New(), Typed(u"three"_s));
-    QCOMPARE(scene.seenId, QString());
-    QCOMPARE(scene.seenDate, u"2026-11-19"_s);
-    QCOMPARE(scene.seen, QString());
-    QCOMPARE(scene.openings, QStringList{QString()});
-    QCOMPARE(scene.Stored(u"three"_s), Typed(u"mine"_s));
-    QCOMPARE(scene.Names(), QStringList({u"one"_s, u"two"_s, u"three"_s}));
+    Fixture fixture;
+    fixture.notes = u"mine"_s;
+    fixture.typed = {u"three"_s};
+    QCOMPARE(fixture.Actions().New(), Typed(u"three"_s));
+    QCOMPARE(fixture.seenId, QString());
+    QCOMPARE(fixture.seenDate, u"2026-11-19"_s);
+    QCOMPARE(fixture.seen, QString());
+    QCOMPARE(fixture.openings, QStringList{QString()});
+    QCOMPARE(fixture.Stored(u"three"_s), Typed(u"mine"_s));
+    QCOMPARE(fixture.Names(), QStringList({u"one"_s, u"two"_s, u"three"_s}));
 }
 
 void TestNamedDefaultsActions::NewExpense() {
-    Scene scene;
-    NamedDefaults expenses(*scene.home.settings, scene.home.clock, RecordMode::Expense);
+    Fixture fixture;
+    NamedDefaults expenses(*fixture.home.settings, fixture.home.clock, RecordMode::Expense);
     CERecord working;
     working.item1 = u"left over"_s;
     NamedDefaultsActions actions(expenses, working, true,
@@ -145,7 +146,7 @@ void TestNamedDefaultsActions::NewExpense() {
                                       static_cast<CERecord&>(record).item2 = u"Hotel"_s;
                                       return true;
                                   },
-                                  [](const QString&) { return Typed(u"one"_s); }, scene.home.prompt});
+                                  [](const QString&) { return Typed(u"one"_s); }, fixture.home.prompt});
     QCOMPARE(actions.New(), Typed(u"one"_s));
     CERecord record;
     QVERIFY(expenses.Read(u"one"_s, record));
@@ -155,35 +156,35 @@ void TestNamedDefaultsActions::NewExpense() {
 }
 
 void TestNamedDefaultsActions::NewCancelledRecord() {
-    Scene scene;
-    scene.acceptsRecord = false;
-    QCOMPARE(scene.Actions().New(), Typed());
-    QCOMPARE(scene.edited, 1);
-    QCOMPARE(scene.Names(), QStringList({u"one"_s, u"two"_s}));
+    Fixture fixture;
+    fixture.acceptsRecord = false;
+    QCOMPARE(fixture.Actions().New(), Typed());
+    QCOMPARE(fixture.edited, 1);
+    QCOMPARE(fixture.Names(), QStringList({u"one"_s, u"two"_s}));
 }
 
 void TestNamedDefaultsActions::NewCancelledName() {
-    Scene scene;
-    scene.typed = {kCancel};
-    QCOMPARE(scene.Actions().New(), Typed());
-    QCOMPARE(scene.Names(), QStringList({u"one"_s, u"two"_s}));
+    Fixture fixture;
+    fixture.typed = {kCancel};
+    QCOMPARE(fixture.Actions().New(), Typed());
+    QCOMPARE(fixture.Names(), QStringList({u"one"_s, u"two"_s}));
 }
 
 void TestNamedDefaultsActions::NewWithoutAName() {
-    Scene scene;
-    scene.typed = {QString(), QString(), u"three"_s};
-    scene.home.prompt.Expect(Text::AskNameAgain, Answer::Ok);
-    scene.home.prompt.Expect(Text::AskNameAgain, Answer::Ok);
-    QCOMPARE(scene.Actions().New(), Typed(u"three"_s));
-    QCOMPARE(scene.edited, 1);
+    Fixture fixture;
+    fixture.typed = {QString(), QString(), u"three"_s};
+    fixture.home.prompt.Expect(Text::AskNameAgain, Answer::Ok);
+    fixture.home.prompt.Expect(Text::AskNameAgain, Answer::Ok);
+    QCOMPARE(fixture.Actions().New(), Typed(u"three"_s));
+    QCOMPARE(fixture.edited, 1);
 }
 
 void TestNamedDefaultsActions::NewWithoutANameCancelled() {
-    Scene scene;
-    scene.typed = {QString()};
-    scene.home.prompt.Expect(Text::AskNameAgain, Answer::Cancel);
-    QCOMPARE(scene.Actions().New(), Typed());
-    QCOMPARE(scene.Names(), QStringList({u"one"_s, u"two"_s}));
+    Fixture fixture;
+    fixture.typed = {QString()};
+    fixture.home.prompt.Expect(Text::AskNameAgain, Answer::Cancel);
+    QCOMPARE(fixture.Actions().New(), Typed());
+    QCOMPARE(fixture.Names(), QStringList({u"one"_s, u"two"_s}));
 }
 
 void TestNamedDefaultsActions::NewTaken_data() {
@@ -206,103 +207,103 @@ void TestNamedDefaultsActions::NewTaken() {
     QFETCH(QList<int>, answers);
     QFETCH(QString, result);
     QFETCH(QString, notesOfOne);
-    Scene scene;
-    scene.notes = u"new"_s;
-    for (const QString& name : typed.split(u'|')) scene.typed.emplace_back(name);
+    Fixture fixture;
+    fixture.notes = u"new"_s;
+    for (const QString& name : typed.split(u'|')) fixture.typed.emplace_back(name);
     for (const int answer : answers)
-        scene.home.prompt.Expect(Text::AskReplaceDefault, static_cast<Answer>(answer));
-    QCOMPARE(scene.Actions().New(), result.isEmpty() ? Typed() : Typed(result));
-    QCOMPARE(scene.Stored(u"one"_s), Typed(notesOfOne));
-    QCOMPARE(scene.edited, 1);
-    QVERIFY(!scene.Names().contains(u"ONE"_s));
+        fixture.home.prompt.Expect(Text::AskReplaceDefault, static_cast<Answer>(answer));
+    QCOMPARE(fixture.Actions().New(), result.isEmpty() ? Typed() : Typed(result));
+    QCOMPARE(fixture.Stored(u"one"_s), Typed(notesOfOne));
+    QCOMPARE(fixture.edited, 1);
+    QVERIFY(!fixture.Names().contains(u"ONE"_s));
 }
 
 /// Wanted: only a rename refuses that name.
 void TestNamedDefaultsActions::NewTakesTheReservedName() {
-    Scene scene;
-    scene.typed = {kEmptyRecord};
-    QCOMPARE(scene.Actions().New(), Typed(kEmptyRecord));
-    QCOMPARE(scene.Names(), QStringList({u"one"_s, u"two"_s, kEmptyRecord}));
+    Fixture fixture;
+    fixture.typed = {kEmptyRecord};
+    QCOMPARE(fixture.Actions().New(), Typed(kEmptyRecord));
+    QCOMPARE(fixture.Names(), QStringList({u"one"_s, u"two"_s, kEmptyRecord}));
 }
 
 void TestNamedDefaultsActions::NewThatCannotBeStored() {
-    Scene scene;
-    scene.notes = QString(2000, u'n');
-    scene.typed = {u"three"_s};
-    scene.home.prompt.ExpectTold(Text::ValueRefusedLarge);
-    QCOMPARE(scene.Actions().New(), Typed());
-    QCOMPARE(scene.Names(), QStringList({u"one"_s, u"two"_s}));
+    Fixture fixture;
+    fixture.notes = QString(2000, u'n');
+    fixture.typed = {u"three"_s};
+    fixture.home.prompt.ExpectTold(Text::ValueRefusedLarge);
+    QCOMPARE(fixture.Actions().New(), Typed());
+    QCOMPARE(fixture.Names(), QStringList({u"one"_s, u"two"_s}));
 }
 
 void TestNamedDefaultsActions::Edit() {
-    Scene scene;
-    scene.notes = u"changed"_s;
-    QVERIFY(scene.Actions().Edit(u"one"_s));
-    QCOMPARE(scene.seen, u"one"_s);
-    QCOMPARE(scene.seenDate, u"2020-03-02"_s);
-    QCOMPARE(scene.Stored(u"one"_s), Typed(u"changed"_s));
-    QCOMPARE(scene.Stored(u"two"_s), Typed(u"two"_s));
-    QCOMPARE(scene.Names(), QStringList({u"one"_s, u"two"_s}));
+    Fixture fixture;
+    fixture.notes = u"changed"_s;
+    QVERIFY(fixture.Actions().Edit(u"one"_s));
+    QCOMPARE(fixture.seen, u"one"_s);
+    QCOMPARE(fixture.seenDate, u"2020-03-02"_s);
+    QCOMPARE(fixture.Stored(u"one"_s), Typed(u"changed"_s));
+    QCOMPARE(fixture.Stored(u"two"_s), Typed(u"two"_s));
+    QCOMPARE(fixture.Names(), QStringList({u"one"_s, u"two"_s}));
 }
 
 void TestNamedDefaultsActions::EditCancelled() {
-    Scene scene;
-    scene.notes = u"changed"_s;
-    scene.acceptsRecord = false;
-    QVERIFY(!scene.Actions().Edit(u"one"_s));
-    QCOMPARE(scene.Stored(u"one"_s), Typed(u"one"_s));
+    Fixture fixture;
+    fixture.notes = u"changed"_s;
+    fixture.acceptsRecord = false;
+    QVERIFY(!fixture.Actions().Edit(u"one"_s));
+    QCOMPARE(fixture.Stored(u"one"_s), Typed(u"one"_s));
 }
 
 void TestNamedDefaultsActions::EditReserved() {
-    Scene scene;
-    scene.home.prompt.ExpectTold(Text::EditRefused);
-    QVERIFY(!scene.Actions().Edit(kEmptyRecord));
-    QCOMPARE(scene.edited, 0);
-    QCOMPARE(scene.home.prompt.told.last(),
+    Fixture fixture;
+    fixture.home.prompt.ExpectTold(Text::EditRefused);
+    QVERIFY(!fixture.Actions().Edit(kEmptyRecord));
+    QCOMPARE(fixture.edited, 0);
+    QCOMPARE(fixture.home.prompt.told.last(),
              u"This can't be edited: \"(empty record)\" stands for an empty record and is always there."_s);
 }
 
 void TestNamedDefaultsActions::EditDamaged() {
-    Scene scene;
-    QVERIFY(scene.home.settings->WriteEntry(u"TimeDefaults"_s, u"damaged"_s, QByteArray("?")));
-    scene.home.prompt.ExpectTold(Text::DefaultDamaged);
-    QVERIFY(!scene.Actions().Edit(u"damaged"_s));
-    QCOMPARE(scene.edited, 0);
+    Fixture fixture;
+    QVERIFY(fixture.home.settings->WriteEntry(u"TimeDefaults"_s, u"damaged"_s, QByteArray("?")));
+    fixture.home.prompt.ExpectTold(Text::DefaultDamaged);
+    QVERIFY(!fixture.Actions().Edit(u"damaged"_s));
+    QCOMPARE(fixture.edited, 0);
 }
 
 void TestNamedDefaultsActions::Delete() {
-    Scene scene;
-    scene.home.prompt.Expect(Text::AskDeleteDefault, Answer::Yes);
-    QVERIFY(scene.Actions().Delete(u"one"_s));
-    QCOMPARE(scene.home.prompt.told.last(), u"Delete the default \"one\"?"_s);
-    QCOMPARE(scene.Names(), QStringList{u"two"_s});
+    Fixture fixture;
+    fixture.home.prompt.Expect(Text::AskDeleteDefault, Answer::Yes);
+    QVERIFY(fixture.Actions().Delete(u"one"_s));
+    QCOMPARE(fixture.home.prompt.told.last(), u"Delete the default \"one\"?"_s);
+    QCOMPARE(fixture.Names(), QStringList{u"two"_s});
 }
 
 void TestNamedDefaultsActions::DeleteDeclined() {
-    Scene scene;
-    scene.home.prompt.Expect(Text::AskDeleteDefault, Answer::No);
-    QVERIFY(!scene.Actions().Delete(u"one"_s));
-    QCOMPARE(scene.Names(), QStringList({u"one"_s, u"two"_s}));
+    Fixture fixture;
+    fixture.home.prompt.Expect(Text::AskDeleteDefault, Answer::No);
+    QVERIFY(!fixture.Actions().Delete(u"one"_s));
+    QCOMPARE(fixture.Names(), QStringList({u"one"_s, u"two"_s}));
 }
 
 void TestNamedDefaultsActions::DeleteWithoutAsking() {
-    Scene scene;
-    QVERIFY(scene.Actions(false).Delete(u"one"_s));
-    QCOMPARE(scene.Names(), QStringList{u"two"_s});
+    Fixture fixture;
+    QVERIFY(fixture.Actions(false).Delete(u"one"_s));
+    QCOMPARE(fixture.Names(), QStringList{u"two"_s});
 }
 
 void TestNamedDefaultsActions::DeleteReserved() {
-    Scene scene;
-    scene.home.prompt.ExpectTold(Text::DeleteRefused);
-    QVERIFY(!scene.Actions().Delete(kEmptyRecord));
+    Fixture fixture;
+    fixture.home.prompt.ExpectTold(Text::DeleteRefused);
+    QVERIFY(!fixture.Actions().Delete(kEmptyRecord));
 }
 
 void TestNamedDefaultsActions::NothingSelected() {
-    Scene scene;
-    QVERIFY(!scene.Actions().Edit(QString()));
-    QVERIFY(!scene.Actions().Delete(QString()));
-    QCOMPARE(scene.Actions().Rename(QString()), Typed());
-    QCOMPARE(scene.Names(), QStringList({u"one"_s, u"two"_s}));
+    Fixture fixture;
+    QVERIFY(!fixture.Actions().Edit(QString()));
+    QVERIFY(!fixture.Actions().Delete(QString()));
+    QCOMPARE(fixture.Actions().Rename(QString()), Typed());
+    QCOMPARE(fixture.Names(), QStringList({u"one"_s, u"two"_s}));
 }
 
 void TestNamedDefaultsActions::Rename_data() {
@@ -329,36 +330,36 @@ void TestNamedDefaultsActions::Rename() {
     QFETCH(QString, typed);
     QFETCH(QString, boxes);
     QFETCH(QString, result);
-    Scene scene;
-    for (const QString& name : typed.split(u'|')) scene.typed.emplace_back(name);
+    Fixture fixture;
+    for (const QString& name : typed.split(u'|')) fixture.typed.emplace_back(name);
     for (const QString& box : boxes.split(u' ', Qt::SkipEmptyParts)) {
         const Answer answer = box.endsWith(u"ok") ? Answer::Ok : Answer::Cancel;
-        if (box.startsWith(u"empty")) scene.home.prompt.Expect(Text::AskNameAgain, answer);
-        if (box.startsWith(u"taken")) scene.home.prompt.Expect(Text::AskOtherName, answer);
-        if (box == u"reserved") scene.home.prompt.ExpectTold(Text::RenameRefused);
+        if (box.startsWith(u"empty")) fixture.home.prompt.Expect(Text::AskNameAgain, answer);
+        if (box.startsWith(u"taken")) fixture.home.prompt.Expect(Text::AskOtherName, answer);
+        if (box == u"reserved") fixture.home.prompt.ExpectTold(Text::RenameRefused);
     }
-    QCOMPARE(scene.Actions().Rename(u"one"_s), result.isEmpty() ? Typed() : Typed(result));
-    QCOMPARE(scene.Stored(result.isEmpty() ? u"one"_s : result), Typed(u"one"_s));
-    QCOMPARE(scene.Stored(u"two"_s), Typed(u"two"_s));
-    QCOMPARE(scene.Names().size(), 2);
+    QCOMPARE(fixture.Actions().Rename(u"one"_s), result.isEmpty() ? Typed() : Typed(result));
+    QCOMPARE(fixture.Stored(result.isEmpty() ? u"one"_s : result), Typed(u"one"_s));
+    QCOMPARE(fixture.Stored(u"two"_s), Typed(u"two"_s));
+    QCOMPARE(fixture.Names().size(), 2);
 }
 
 void TestNamedDefaultsActions::RenameReservedRow() {
-    Scene scene;
-    scene.home.prompt.ExpectTold(Text::RenameRefused);
-    QCOMPARE(scene.Actions().Rename(kEmptyRecord), Typed());
-    QVERIFY(scene.openings.isEmpty());
+    Fixture fixture;
+    fixture.home.prompt.ExpectTold(Text::RenameRefused);
+    QCOMPARE(fixture.Actions().Rename(kEmptyRecord), Typed());
+    QVERIFY(fixture.openings.isEmpty());
 }
 
 /// The question opens on the present name, then on what was typed last.
 void TestNamedDefaultsActions::RenameAsksAgain() {
-    Scene scene;
-    scene.typed = {u"two"_s, kCancel};
-    scene.home.prompt.Expect(Text::AskOtherName, Answer::Ok);
-    QCOMPARE(scene.Actions().Rename(u"one"_s), Typed());
-    QCOMPARE(scene.openings, QStringList({u"one"_s, u"two"_s}));
-    QCOMPARE(scene.Names(), QStringList({u"one"_s, u"two"_s}));
+    Fixture fixture;
+    fixture.typed = {u"two"_s, kCancel};
+    fixture.home.prompt.Expect(Text::AskOtherName, Answer::Ok);
+    QCOMPARE(fixture.Actions().Rename(u"one"_s), Typed());
+    QCOMPARE(fixture.openings, QStringList({u"one"_s, u"two"_s}));
+    QCOMPARE(fixture.Names(), QStringList({u"one"_s, u"two"_s}));
 }
 
-QTEST_GUILESS_MAIN(TestNamedDefaultsActions)
+TEST_CLASS(TestNamedDefaultsActions);
 #include "TestNamedDefaultsActions.moc"

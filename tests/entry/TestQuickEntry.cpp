@@ -3,6 +3,7 @@
 #include "config/CCfgStore.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 #include "timers/CRecordTimers.h"
 
 #include <QTest>
@@ -10,7 +11,7 @@
 namespace {
 
 /// A home with timers and a user in front of a dialog. The clock stands at 9:05 on 19 November 2026.
-struct Scene {
+struct Fixture {
     enum class Dialog { None, Accept, Cancel };
 
     TestHome home;
@@ -22,18 +23,18 @@ struct Scene {
     std::function<void()> whileOpen = [] {};
     QStringList selected;
     QString successiveId;
-    QuickEntrySurroundings::Step fillFromDefaults;
-    QuickEntrySurroundings::Step fillFromTree;
+    QuickEntryContext::Step fillFromDefaults;
+    QuickEntryContext::Step fillFromTree;
 
-    Scene() {
+    Fixture() {
         home.clock.Set(2026, 11, 19, 9, 5);
         home.document->SetTimers(&timers);
     }
     QuickOutcome Run(int flags) {
-        QuickEntrySurroundings around{*home.document, timers,       *home.settings,   home.clock,  selected,
-                                      nullptr,        successiveId, fillFromDefaults, fillFromTree};
+        QuickEntryContext context{*home.document, timers,       *home.settings,   home.clock,  selected,
+                                  nullptr,        successiveId, fillFromDefaults, fillFromTree};
         if (dialog != Dialog::None)
-            around.edit = [this](CVORec& record) {
+            context.edit = [this](CVORec& record) {
                 ++dialogs;
                 dialogId = record.GetId();
                 CTRecord& edited = static_cast<CTRecord&>(record);
@@ -42,7 +43,7 @@ struct Scene {
                 whileOpen();
                 return dialog == Dialog::Accept;
             };
-        return NewTimeRecord(flags, around);
+        return NewTimeRecord(flags, context);
     }
     /// "2026-11-19 9:05 - -": date, start, end, duration.
     [[nodiscard]] QString Stored(const QString& id) {
@@ -128,16 +129,16 @@ void TestQuickEntry::Blank_data() {
 void TestQuickEntry::Blank() {
     QFETCH(int, flags);
     QFETCH(QString, stored);
-    Scene scene;
-    scene.home.clock.Set(2026, 11, 19, 9, 7, 59);
-    scene.home.settings->roundStartType = 16;
-    scene.home.settings->roundStartMinutes = 15;
-    const QuickOutcome outcome = scene.Run(flags);
+    Fixture fixture;
+    fixture.home.clock.Set(2026, 11, 19, 9, 7, 59);
+    fixture.home.settings->roundStartType = 16;
+    fixture.home.settings->roundStartMinutes = 15;
+    const QuickOutcome outcome = fixture.Run(flags);
     QVERIFY(outcome.succeeded);
-    QCOMPARE(scene.Stored(outcome.addedId), stored);
-    QCOMPARE(scene.home.views.seen.last().first, Hint::Added);
-    QCOMPARE(scene.home.views.seen.last().second, QStringList{outcome.addedId});
-    QCOMPARE(scene.timers.HasTimer(outcome.addedId), (flags & 64) != 0);
+    QCOMPARE(fixture.Stored(outcome.addedId), stored);
+    QCOMPARE(fixture.home.views.seen.last().first, Hint::Added);
+    QCOMPARE(fixture.home.views.seen.last().second, QStringList{outcome.addedId});
+    QCOMPARE(fixture.timers.HasTimer(outcome.addedId), (flags & 64) != 0);
 }
 
 void TestQuickEntry::DateFromThePeriod_data() {
@@ -160,11 +161,11 @@ void TestQuickEntry::DateFromThePeriod() {
     QFETCH(int, preset);
     QFETCH(QString, startText);
     QFETCH(QString, stored);
-    Scene scene;
-    scene.home.clock.Set(2027, 1, 1, 0, 0);
-    scene.home.document->Filter().preset = preset;
-    scene.home.document->Filter().startText = startText;
-    QCOMPARE(scene.Stored(scene.Run(1).addedId), stored);
+    Fixture fixture;
+    fixture.home.clock.Set(2027, 1, 1, 0, 0);
+    fixture.home.document->Filter().preset = preset;
+    fixture.home.document->Filter().startText = startText;
+    QCOMPARE(fixture.Stored(fixture.Run(1).addedId), stored);
 }
 
 void TestQuickEntry::Successive_data() {
@@ -189,10 +190,10 @@ void TestQuickEntry::Successive() {
     QFETCH(QString, end);
     QFETCH(bool, addMinute);
     QFETCH(QString, stored);
-    Scene scene;
-    scene.home.settings->addMinuteOnSuccessive = addMinute;
-    scene.selected = {scene.home.AddTime(2026, 11, 2, start, end)};
-    QCOMPARE(scene.Stored(scene.Run(33).addedId), stored);
+    Fixture fixture;
+    fixture.home.settings->addMinuteOnSuccessive = addMinute;
+    fixture.selected = {fixture.home.AddTime(2026, 11, 2, start, end)};
+    QCOMPARE(fixture.Stored(fixture.Run(33).addedId), stored);
 }
 
 void TestQuickEntry::Copy_data() {
@@ -222,19 +223,19 @@ void TestQuickEntry::Copy() {
     QFETCH(QString, start);
     QFETCH(QString, end);
     QFETCH(QString, stored);
-    Scene scene;
-    scene.selected = {scene.home.AddTime(2026, 11, 2, start, end)};
-    const QuickOutcome outcome = scene.Run(flags);
-    QVERIFY(outcome.addedId != scene.selected.first());
-    QCOMPARE(scene.Stored(outcome.addedId), stored);
+    Fixture fixture;
+    fixture.selected = {fixture.home.AddTime(2026, 11, 2, start, end)};
+    const QuickOutcome outcome = fixture.Run(flags);
+    QVERIFY(outcome.addedId != fixture.selected.first());
+    QCOMPARE(fixture.Stored(outcome.addedId), stored);
     // The timer of the new record starts from zero, not from the copied duration.
     int hours = -1, minutes = -1, seconds = -1;
-    QCOMPARE(scene.set.GetElapsed(outcome.addedId, hours, minutes, seconds), (flags & 64) != 0);
+    QCOMPARE(fixture.set.GetElapsed(outcome.addedId, hours, minutes, seconds), (flags & 64) != 0);
     QCOMPARE(hours * 60 + minutes, 0);
 }
 
 void TestQuickEntry::CopyTakesEveryField() {
-    Scene scene;
+    Fixture fixture;
     CTRecord base;
     base.GenUnique();
     base.date.Set(11, 2, 2026);
@@ -247,10 +248,10 @@ void TestQuickEntry::CopyTakesEveryField() {
     base.SetRate(50);
     base.isBilled = true;
     base.isExported = true;
-    QVERIFY(scene.home.document->AddRecord(base, true, false, false));
-    scene.selected = {base.GetId()};
+    QVERIFY(fixture.home.document->AddRecord(base, true, false, false));
+    fixture.selected = {base.GetId()};
     CTRecord copy;
-    QVERIFY(scene.home.store->ReadRecord(copy, scene.Run(24).addedId));
+    QVERIFY(fixture.home.store->ReadRecord(copy, fixture.Run(24).addedId));
     QCOMPARE(copy.item1, base.item1);
     QCOMPARE(copy.item5, base.item5);
     QCOMPARE(copy.notes, base.notes);
@@ -274,15 +275,16 @@ void TestQuickEntry::SelectionOfOne_data() {
 void TestQuickEntry::SelectionOfOne() {
     QFETCH(int, flags);
     QFETCH(int, selected);
-    Scene scene;
-    for (int i = 0; i < selected; ++i) scene.selected.append(scene.home.AddTime(2026, 11, 2));
-    if (selected == 1) QVERIFY(scene.home.document->DeleteRecord(RecordKind::Time, scene.selected[0], false));
-    const std::size_t before = scene.Records();
-    const QuickOutcome outcome = scene.Run(flags);
+    Fixture fixture;
+    for (int i = 0; i < selected; ++i) fixture.selected.append(fixture.home.AddTime(2026, 11, 2));
+    if (selected == 1)
+        QVERIFY(fixture.home.document->DeleteRecord(RecordKind::Time, fixture.selected[0], false));
+    const std::size_t before = fixture.Records();
+    const QuickOutcome outcome = fixture.Run(flags);
     QVERIFY(!outcome.succeeded);
     QVERIFY(outcome.addedId.isEmpty());
-    QCOMPARE(scene.Records(), before);
-    QCOMPARE(scene.set.Count(), 0);
+    QCOMPARE(fixture.Records(), before);
+    QCOMPARE(fixture.set.Count(), 0);
 }
 
 void TestQuickEntry::Bases_data() {
@@ -300,8 +302,8 @@ void TestQuickEntry::Bases_data() {
 
 void TestQuickEntry::Bases() {
     QFETCH(int, flags);
-    Scene scene;
-    scene.selected = {scene.home.AddTime(2026, 11, 2, QStringLiteral("09:00"), QStringLiteral("17:00"))};
+    Fixture fixture;
+    fixture.selected = {fixture.home.AddTime(2026, 11, 2, QStringLiteral("09:00"), QStringLiteral("17:00"))};
     QString source;
     const auto fill = [&source](const char* from) {
         return [&source, from](CVORec& filled) {
@@ -313,14 +315,14 @@ void TestQuickEntry::Bases() {
             return true;
         };
     };
-    scene.fillFromDefaults = fill("defaults");
-    scene.fillFromTree = fill("tree");
-    const QuickOutcome outcome = scene.Run(flags);
+    fixture.fillFromDefaults = fill("defaults");
+    fixture.fillFromTree = fill("tree");
+    const QuickOutcome outcome = fixture.Run(flags);
     QVERIFY(outcome.succeeded);
-    QTEST(scene.Stored(outcome.addedId), "stored");
+    QTEST(fixture.Stored(outcome.addedId), "stored");
     QCOMPARE(source, flags & 2 ? QStringLiteral("defaults") : QStringLiteral("tree"));
-    QCOMPARE(scene.home.document->FindTime(outcome.addedId)->item2, source);
-    QCOMPARE(scene.timers.HasTimer(outcome.addedId), (flags & 64) != 0);
+    QCOMPARE(fixture.home.document->FindTime(outcome.addedId)->item2, source);
+    QCOMPARE(fixture.timers.HasTimer(outcome.addedId), (flags & 64) != 0);
 }
 
 void TestQuickEntry::BaseThatGivesNothing_data() {
@@ -334,49 +336,50 @@ void TestQuickEntry::BaseThatGivesNothing_data() {
 
 void TestQuickEntry::BaseThatGivesNothing() {
     QFETCH(int, flags);
-    Scene scene;
-    scene.dialog = Scene::Dialog::Accept;
-    scene.fillFromDefaults = scene.fillFromTree = [](CVORec&) { return false; };
-    const QuickOutcome outcome = scene.Run(flags);
+    Fixture fixture;
+    fixture.dialog = Fixture::Dialog::Accept;
+    fixture.fillFromDefaults = fixture.fillFromTree = [](CVORec&) { return false; };
+    const QuickOutcome outcome = fixture.Run(flags);
     QTEST(outcome.succeeded, "succeeded");
     QCOMPARE(outcome.addedId, QString());
-    QCOMPARE(scene.dialogs, 0);
-    QCOMPARE(scene.Records(), std::size_t(0));
-    QCOMPARE(scene.set.Count(), 0);
+    QCOMPARE(fixture.dialogs, 0);
+    QCOMPARE(fixture.Records(), std::size_t(0));
+    QCOMPARE(fixture.set.Count(), 0);
 }
 
 void TestQuickEntry::BasesThatAreNotThere() {
-    Scene scene;
-    for (const int flags : {2, 18, 82, 34, 98, 4, 20, 84}) QVERIFY(!scene.Run(flags).succeeded);
-    QCOMPARE(scene.Records(), std::size_t(0));
+    Fixture fixture;
+    for (const int flags : {2, 18, 82, 34, 98, 4, 20, 84}) QVERIFY(!fixture.Run(flags).succeeded);
+    QCOMPARE(fixture.Records(), std::size_t(0));
 }
 
 void TestQuickEntry::SuccessiveOfAnotherThanTheCopy() {
-    Scene scene;
-    scene.selected = {scene.home.AddTime(2026, 11, 2, QStringLiteral("07:00"), QStringLiteral("09:00"))};
-    scene.successiveId = scene.home.AddTime(2026, 11, 5, QStringLiteral("12:00"), QStringLiteral("15:30"));
-    QCOMPARE(scene.Stored(scene.Run(40).addedId), QStringLiteral("2026-11-05 15:31 17:31 2:00"));
+    Fixture fixture;
+    fixture.selected = {fixture.home.AddTime(2026, 11, 2, QStringLiteral("07:00"), QStringLiteral("09:00"))};
+    fixture.successiveId =
+        fixture.home.AddTime(2026, 11, 5, QStringLiteral("12:00"), QStringLiteral("15:30"));
+    QCOMPARE(fixture.Stored(fixture.Run(40).addedId), QStringLiteral("2026-11-05 15:31 17:31 2:00"));
 }
 
 void TestQuickEntry::Timer() {
-    Scene scene;
-    const QString id = scene.Run(81).addedId;
-    scene.home.clock.Advance(95);
-    scene.timers.FoldAndStore();
+    Fixture fixture;
+    const QString id = fixture.Run(81).addedId;
+    fixture.home.clock.Advance(95);
+    fixture.timers.FoldAndStore();
     int hours = 0, minutes = 0, seconds = 0;
-    QVERIFY(scene.set.GetElapsed(id, hours, minutes, seconds));
+    QVERIFY(fixture.set.GetElapsed(id, hours, minutes, seconds));
     QCOMPARE(minutes * 60 + seconds, 95);
 }
 
 void TestQuickEntry::TimerActionOnOthers() {
-    Scene scene;
-    scene.home.settings->timerOnNewTimer = 2;
-    const QString first = scene.Run(81).addedId;
-    scene.home.clock.Advance(30 * 60);
-    const QString second = scene.Run(81).addedId;
-    QCOMPARE(scene.Stored(first), QStringLiteral("2026-11-19 9:05 9:35 0:30"));
-    QVERIFY(!scene.timers.HasTimer(first));
-    QVERIFY(scene.timers.HasTimer(second));
+    Fixture fixture;
+    fixture.home.settings->timerOnNewTimer = 2;
+    const QString first = fixture.Run(81).addedId;
+    fixture.home.clock.Advance(30 * 60);
+    const QString second = fixture.Run(81).addedId;
+    QCOMPARE(fixture.Stored(first), QStringLiteral("2026-11-19 9:05 9:35 0:30"));
+    QVERIFY(!fixture.timers.HasTimer(first));
+    QVERIFY(fixture.timers.HasTimer(second));
 }
 
 void TestQuickEntry::Dialog_data() {
@@ -397,88 +400,88 @@ void TestQuickEntry::Dialog() {
     QFETCH(int, flags);
     QFETCH(bool, dialogOnQuickEntry);
     QFETCH(int, dialogs);
-    Scene scene;
-    scene.home.settings->dialogOnQuickEntry = dialogOnQuickEntry;
-    scene.selected = {scene.home.AddTime(2026, 11, 2, QStringLiteral("07:00"), QStringLiteral("09:00"))};
-    scene.dialog = Scene::Dialog::Accept;
-    const QuickOutcome outcome = scene.Run(flags);
+    Fixture fixture;
+    fixture.home.settings->dialogOnQuickEntry = dialogOnQuickEntry;
+    fixture.selected = {fixture.home.AddTime(2026, 11, 2, QStringLiteral("07:00"), QStringLiteral("09:00"))};
+    fixture.dialog = Fixture::Dialog::Accept;
+    const QuickOutcome outcome = fixture.Run(flags);
     QVERIFY(outcome.succeeded);
-    QCOMPARE(scene.dialogs, dialogs);
+    QCOMPARE(fixture.dialogs, dialogs);
     CTRecord record;
-    QVERIFY(scene.home.store->ReadRecord(record, outcome.addedId));
+    QVERIFY(fixture.home.store->ReadRecord(record, outcome.addedId));
     QCOMPARE(record.notes, dialogs == 1 ? QStringLiteral("edited") : QString());
-    if (dialogs == 1) QCOMPARE(scene.dialogId, outcome.addedId);
+    if (dialogs == 1) QCOMPARE(fixture.dialogId, outcome.addedId);
 }
 
 void TestQuickEntry::CancelTakesTheTimerOut() {
-    Scene scene;
-    scene.dialog = Scene::Dialog::Cancel;
-    const QuickOutcome outcome = scene.Run(81);
+    Fixture fixture;
+    fixture.dialog = Fixture::Dialog::Cancel;
+    const QuickOutcome outcome = fixture.Run(81);
     QVERIFY(outcome.succeeded);
     QVERIFY(outcome.addedId.isEmpty());
-    QCOMPARE(scene.dialogs, 1);
-    QCOMPARE(scene.Records(), std::size_t(0));
-    QCOMPARE(scene.set.Count(), 0);
+    QCOMPARE(fixture.dialogs, 1);
+    QCOMPARE(fixture.Records(), std::size_t(0));
+    QCOMPARE(fixture.set.Count(), 0);
 }
 
 void TestQuickEntry::ActionOnOthersStaysAfterACancel() {
-    Scene scene;
-    const QString first = scene.Run(81).addedId;
-    scene.home.settings->timerOnNewTimer = 1;
-    scene.dialog = Scene::Dialog::Cancel;
-    QVERIFY(scene.Run(81).succeeded);
-    QCOMPARE(static_cast<int>(scene.timers.StateOf(first)), 1);
+    Fixture fixture;
+    const QString first = fixture.Run(81).addedId;
+    fixture.home.settings->timerOnNewTimer = 1;
+    fixture.dialog = Fixture::Dialog::Cancel;
+    QVERIFY(fixture.Run(81).succeeded);
+    QCOMPARE(static_cast<int>(fixture.timers.StateOf(first)), 1);
 }
 
 void TestQuickEntry::FailedAddTakesTheTimerOut() {
-    Scene scene;
-    QVERIFY(scene.home.manager.File().Execute("PRAGMA query_only=ON"));
-    scene.home.prompt.ExpectTold(Text::InsertFailed);
-    const QuickOutcome outcome = scene.Run(81);
-    QVERIFY(scene.home.manager.File().Execute("PRAGMA query_only=OFF"));
+    Fixture fixture;
+    QVERIFY(fixture.home.manager.File().Execute("PRAGMA query_only=ON"));
+    fixture.home.prompt.ExpectTold(Text::InsertFailed);
+    const QuickOutcome outcome = fixture.Run(81);
+    QVERIFY(fixture.home.manager.File().Execute("PRAGMA query_only=OFF"));
     QVERIFY(!outcome.succeeded);
-    QCOMPARE(scene.set.Count(), 0);
+    QCOMPARE(fixture.set.Count(), 0);
 }
 
 /// The disk is full at first; the second time there is room.
 void TestQuickEntry::FailedAddComesBackToTheDialog() {
-    Scene scene;
-    scene.dialog = Scene::Dialog::Accept;
-    scene.whileOpen = [&scene] {
-        QVERIFY(scene.home.manager.File().Execute(scene.dialogs == 1 ? "PRAGMA query_only=ON"
-                                                                     : "PRAGMA query_only=OFF"));
+    Fixture fixture;
+    fixture.dialog = Fixture::Dialog::Accept;
+    fixture.whileOpen = [&fixture] {
+        QVERIFY(fixture.home.manager.File().Execute(fixture.dialogs == 1 ? "PRAGMA query_only=ON"
+                                                                         : "PRAGMA query_only=OFF"));
     };
-    scene.home.prompt.ExpectTold(Text::InsertFailed);
-    const QuickOutcome outcome = scene.Run(1);
+    fixture.home.prompt.ExpectTold(Text::InsertFailed);
+    const QuickOutcome outcome = fixture.Run(1);
     QVERIFY(outcome.succeeded);
-    QCOMPARE(scene.dialogs, 2);
-    QCOMPARE(scene.home.document->FindTime(outcome.addedId)->notes, QStringLiteral("edited!"));
+    QCOMPARE(fixture.dialogs, 2);
+    QCOMPARE(fixture.home.document->FindTime(outcome.addedId)->notes, QStringLiteral("edited!"));
 }
 
 void TestQuickEntry::FailedAddIsGivenUp() {
-    Scene scene;
-    scene.dialog = Scene::Dialog::Accept;
-    scene.whileOpen = [&scene] {
-        QVERIFY(scene.home.manager.File().Execute("PRAGMA query_only=ON"));
-        if (scene.dialogs == 2) scene.dialog = Scene::Dialog::Cancel;
+    Fixture fixture;
+    fixture.dialog = Fixture::Dialog::Accept;
+    fixture.whileOpen = [&fixture] {
+        QVERIFY(fixture.home.manager.File().Execute("PRAGMA query_only=ON"));
+        if (fixture.dialogs == 2) fixture.dialog = Fixture::Dialog::Cancel;
     };
-    scene.home.prompt.ExpectTold(Text::InsertFailed);
-    const QuickOutcome outcome = scene.Run(81);
-    QVERIFY(scene.home.manager.File().Execute("PRAGMA query_only=OFF"));
+    fixture.home.prompt.ExpectTold(Text::InsertFailed);
+    const QuickOutcome outcome = fixture.Run(81);
+    QVERIFY(fixture.home.manager.File().Execute("PRAGMA query_only=OFF"));
     QVERIFY(!outcome.succeeded);
-    QCOMPARE(scene.Records(), std::size_t(0));
-    QCOMPARE(scene.set.Count(), 0);
+    QCOMPARE(fixture.Records(), std::size_t(0));
+    QCOMPARE(fixture.set.Count(), 0);
 }
 
 void TestQuickEntry::TimerIsSavedWithTheRecord() {
-    Scene scene;
-    const QString id = scene.Run(81).addedId;
-    TestHome next(scene.home.Path());
+    Fixture fixture;
+    const QString id = fixture.Run(81).addedId;
+    TestHome next(fixture.home.Path());
     ActiveTimerSet set(next.clock);
     CRecordTimers timers(set, *next.document, *next.settings);
     QVERIFY(timers.RestoreTimers());
     QCOMPARE(static_cast<int>(timers.StateOf(id)), 2);
 }
 
-QTEST_GUILESS_MAIN(TestQuickEntry)
+TEST_CLASS(TestQuickEntry);
 #include "TestQuickEntry.moc"

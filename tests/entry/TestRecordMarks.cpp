@@ -4,6 +4,7 @@
 #include "records/CERecord.h"
 #include "records/CPRecord.h"
 #include "records/CTRecord.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -141,5 +142,5 @@ void TestRecordMarks::OtherRecords() {
     QVERIFY(!IsMarkOf(RecordKind::PulldownItem, RecordMark::First));
 }
 
-QTEST_GUILESS_MAIN(TestRecordMarks)
+TEST_CLASS(TestRecordMarks);
 #include "TestRecordMarks.moc"

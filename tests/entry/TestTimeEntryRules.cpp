@@ -1,12 +1,13 @@
 #include "entry/TimeEntryRules.h"
 
-#include "app/CTimerDesk.h"
+#include "app/CTimerService.h"
 #include "config/Settings.h"
 #include "entry/KeepInLists.h"
 #include "lang/LoadText.h"
 #include "platform/host/CRegionalInfo.h"
 #include "records/CTRecord.h"
 #include "support/CScriptedPrompt.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -60,7 +61,7 @@ CTRecord Record(const QString& text) {
     return record;
 }
 
-class OneTimer final : public CTimerDesk {
+class OneTimer final : public CTimerService {
  public:
     TimerState state = TimerState::None;
     [[nodiscard]] TimerState StateOf(const QString&) const override { return state; }
@@ -448,5 +449,5 @@ void TestTimeEntryRules::AcceptCutsItems() {
     QCOMPARE(record.item3, QString(254, u'x'));
 }
 
-QTEST_GUILESS_MAIN(TestTimeEntryRules)
+TEST_CLASS(TestTimeEntryRules);
 #include "TestTimeEntryRules.moc"

@@ -1,5 +1,6 @@
 #include "lang/LoadText.h"
 #include "support/CScriptedPrompt.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -108,5 +109,5 @@ void TestCScriptedPrompt::UnexpectedFileFails() {
     QCOMPARE(chosen, std::nullopt);
 }
 
-QTEST_GUILESS_MAIN(TestCScriptedPrompt)
+TEST_CLASS(TestCScriptedPrompt);
 #include "TestCScriptedPrompt.moc"

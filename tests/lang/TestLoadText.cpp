@@ -1,6 +1,7 @@
 #include "lang/FormatText.h"
 #include "lang/LoadText.h"
 #include "lang/TextFormat.h"
+#include "support/TestProgram.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -183,5 +184,5 @@ void TestLoadText::FormatTextFills() {
     QTEST(filled, "expected");
 }
 
-QTEST_GUILESS_MAIN(TestLoadText)
+TEST_CLASS(TestLoadText);
 #include "TestLoadText.moc"

@@ -1,3 +1,5 @@
+#include "support/TestProgram.h"
+
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -103,5 +105,5 @@ void TestMakeTexts::UnwritableTarget() {
     QVERIFY2(m_said.contains(u"can't be written"_s), qPrintable(m_said));
 }
 
-QTEST_GUILESS_MAIN(TestMakeTexts)
+TEST_CLASS(TestMakeTexts);
 #include "TestMakeTexts.moc"

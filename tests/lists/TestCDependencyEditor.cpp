@@ -4,6 +4,7 @@
 #include "config/CCfgStore.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -417,5 +418,5 @@ void TestCDependencyEditor::ItemsStayWhenGivenUp() {
     QCOMPARE(catalogue->Texts(16), QStringList({u"Z"_s, u"c"_s, u"D"_s}));
 }
 
-QTEST_GUILESS_MAIN(TestCDependencyEditor)
+TEST_CLASS(TestCDependencyEditor);
 #include "TestCDependencyEditor.moc"

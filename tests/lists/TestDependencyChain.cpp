@@ -4,6 +4,7 @@
 #include "config/CCfgStore.h"
 #include "lists/LabelSets.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -230,5 +231,5 @@ void TestDependencyChain::OneItemUnderManyParents() {
                  QStringList{u"of "_s + client});
 }
 
-QTEST_GUILESS_MAIN(TestDependencyChain)
+TEST_CLASS(TestDependencyChain);
 #include "TestDependencyChain.moc"

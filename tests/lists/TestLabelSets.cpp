@@ -3,6 +3,7 @@
 #include "app/CPulldownCatalogue.h"
 #include "lang/LoadText.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 #include <algorithm>
@@ -286,5 +287,5 @@ void TestLabelSets::NameThatStandsInATree() {
     QCOMPARE(next.catalogue->Labels().GetLabel(109), u"Patient"_s);
 }
 
-QTEST_GUILESS_MAIN(TestLabelSets)
+TEST_CLASS(TestLabelSets);
 #include "TestLabelSets.moc"

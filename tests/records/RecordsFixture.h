@@ -5,6 +5,7 @@
 #include "records/CRecordStore.h"
 #include "records/CTRecord.h"
 #include "records/CVOSrcMgr.h"
+#include "records/RecordFactory.h"
 #include "support/CScriptedPrompt.h"
 
 #include <QDir>

@@ -1,5 +1,7 @@
 #include "records/ByteStream.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 #include <functional>
 
@@ -201,5 +203,5 @@ void TestByteStream::Release() {
     QCOMPARE(stream.GetByte(), std::uint8_t{1});
 }
 
-QTEST_GUILESS_MAIN(TestByteStream)
+TEST_CLASS(TestByteStream);
 #include "TestByteStream.moc"

@@ -1,6 +1,7 @@
 #include "records/CDRecord.h"
 
 #include "RecordsFixture.h"
+#include "support/TestProgram.h"
 
 class TestCDRecord : public QObject {
     Q_OBJECT
@@ -209,5 +210,5 @@ void TestCDRecord::NoBulkForm() {
     QCOMPARE(record.Clone()->Kind(), RecordKind::Dependency);
 }
 
-QTEST_GUILESS_MAIN(TestCDRecord)
+TEST_CLASS(TestCDRecord);
 #include "TestCDRecord.moc"

@@ -2,6 +2,7 @@
 
 #include "RecordsFixture.h"
 #include "records/Precisions.h"
+#include "support/TestProgram.h"
 
 class TestCERecord : public QObject {
     Q_OBJECT
@@ -328,5 +329,5 @@ void TestCERecord::Copy() {
     QCOMPARE(target.distance.text, QString());
 }
 
-QTEST_GUILESS_MAIN(TestCERecord)
+TEST_CLASS(TestCERecord);
 #include "TestCERecord.moc"

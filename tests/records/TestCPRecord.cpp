@@ -1,6 +1,7 @@
 #include "records/CPRecord.h"
 
 #include "RecordsFixture.h"
+#include "support/TestProgram.h"
 
 using Type = CPRecord::ValueType;
 
@@ -232,5 +233,5 @@ void TestCPRecord::ReusedObject() {
     QCOMPARE(record.Clone()->GetId(), number.GetId());
 }
 
-QTEST_GUILESS_MAIN(TestCPRecord)
+TEST_CLASS(TestCPRecord);
 #include "TestCPRecord.moc"

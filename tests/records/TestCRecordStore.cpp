@@ -5,6 +5,8 @@
 #include "records/CDRecord.h"
 #include "records/CERecord.h"
 #include "records/CPRecord.h"
+#include "records/RecordFactory.h"
+#include "support/TestProgram.h"
 
 class TestCRecordStore : public QObject {
     Q_OBJECT
@@ -375,5 +377,5 @@ void TestCRecordStore::QuoteText() {
     QCOMPARE(home.manager.m_recordset->GetFieldValueString(0), text);
 }
 
-QTEST_GUILESS_MAIN(TestCRecordStore)
+TEST_CLASS(TestCRecordStore);
 #include "TestCRecordStore.moc"

@@ -2,6 +2,7 @@
 
 #include "RecordsFixture.h"
 #include "records/Precisions.h"
+#include "support/TestProgram.h"
 
 #include <limits>
 
@@ -495,5 +496,5 @@ void TestCTRecord::AbsurdNumbers() {
     }
 }
 
-QTEST_GUILESS_MAIN(TestCTRecord)
+TEST_CLASS(TestCTRecord);
 #include "TestCTRecord.moc"

@@ -1,5 +1,7 @@
 #include "RecordsFixture.h"
 
+#include "support/TestProgram.h"
+
 /// The forms in which a time record travels: bytes, a row, a row of a bulk read.
 class TestCTRecordForms : public QObject {
     Q_OBJECT
@@ -278,5 +280,5 @@ void TestCTRecordForms::AbsurdRow() {
     }
 }
 
-QTEST_GUILESS_MAIN(TestCTRecordForms)
+TEST_CLASS(TestCTRecordForms);
 #include "TestCTRecordForms.moc"

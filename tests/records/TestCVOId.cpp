@@ -1,5 +1,7 @@
 #include "records/CVOId.h"
 
+#include "support/TestProgram.h"
+
 #include <sys/wait.h>
 #include <unistd.h>
 #include <QSet>
@@ -132,5 +134,5 @@ void TestCVOId::Equality() {
     QCOMPARE(copy.GetId(), QStringLiteral("AB"));
 }
 
-QTEST_GUILESS_MAIN(TestCVOId)
+TEST_CLASS(TestCVOId);
 #include "TestCVOId.moc"

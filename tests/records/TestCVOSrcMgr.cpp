@@ -3,6 +3,8 @@
 #include "RecordsFixture.h"
 #include "platform/sqlite/CSqliteFile.h"
 #include "records/CPRecord.h"
+#include "records/RecordFactory.h"
+#include "support/TestProgram.h"
 
 /// The store contract: queries, rows, transactions, two managers on one store.
 class TestCVOSrcMgr : public QObject {
@@ -590,5 +592,5 @@ void TestCVOSrcMgr::TwoManagers() {
     QVERIFY(home.manager.Query(kAllTimes, false));
 }
 
-QTEST_GUILESS_MAIN(TestCVOSrcMgr)
+TEST_CLASS(TestCVOSrcMgr);
 #include "TestCVOSrcMgr.moc"

@@ -1,6 +1,7 @@
 #include "RecordsFixture.h"
 #include "platform/sqlite/CSqliteFile.h"
 #include "records/OpenChanges.h"
+#include "support/TestProgram.h"
 #include "torture/CVfsShim.h"
 
 /// A commit that fails: what was entered stays in the open state and is written with the next commit, once.
@@ -341,5 +342,5 @@ void TestFailedCommit::NoLockWhileWaiting() {
     QCOMPARE(home.TimeRows(), 3);
 }
 
-QTEST_GUILESS_MAIN(TestFailedCommit)
+TEST_CLASS(TestFailedCommit);
 #include "TestFailedCommit.moc"

@@ -2,6 +2,7 @@
 
 #include "RecordsFixture.h"
 #include "records/SharedTexts.h"
+#include "support/TestProgram.h"
 
 #include <limits>
 
@@ -270,5 +271,5 @@ void TestFieldValues::Shared() {
         for (int i = 0; i < 100000; ++i) QCOMPARE(SharedText(QByteArray::number(i)), QString::number(i));
 }
 
-QTEST_GUILESS_MAIN(TestFieldValues)
+TEST_CLASS(TestFieldValues);
 #include "TestFieldValues.moc"

@@ -1,5 +1,7 @@
 #include "records/GuardedBlock.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -70,5 +72,5 @@ void TestGuardedBlock::LargestOfARow() {
     QCOMPARE(BlockText(QByteArray(15984, 'x')).size(), qsizetype(32000));
 }
 
-QTEST_GUILESS_MAIN(TestGuardedBlock)
+TEST_CLASS(TestGuardedBlock);
 #include "TestGuardedBlock.moc"

@@ -1,5 +1,7 @@
 #include "records/RunPack.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 
 class TestRunPack : public QObject {
@@ -87,5 +89,5 @@ void TestRunPack::RoundTrip() {
     QCOMPARE(*unpacked, plain);
 }
 
-QTEST_GUILESS_MAIN(TestRunPack)
+TEST_CLASS(TestRunPack);
 #include "TestRunPack.moc"

@@ -1,5 +1,6 @@
 #include "RecordsFixture.h"
 #include "platform/sqlite/CSqliteFile.h"
+#include "support/TestProgram.h"
 
 #include <sqlite3.h>
 #include <sys/stat.h>
@@ -220,5 +221,5 @@ void TestStoreOpening::DamagedLater() {
     QVERIFY(!home.manager.File().IntegrityReport().isEmpty());
 }
 
-QTEST_GUILESS_MAIN(TestStoreOpening)
+TEST_CLASS(TestStoreOpening);
 #include "TestStoreOpening.moc"

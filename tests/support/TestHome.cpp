@@ -2,6 +2,7 @@
 
 #include "lang/LoadText.h"
 #include "records/CTRecord.h"
+#include "records/RecordFactory.h"
 
 #include <QtGlobal>
 
@@ -53,9 +54,9 @@ void TestHome::Open() {
     for (const RecordKind kind :
          {RecordKind::Time, RecordKind::Expense, RecordKind::PulldownItem, RecordKind::Dependency})
         Demand(manager.InitDataSrcTable(store->TableName(kind), *NewRecord(kind)), "making a table");
-    document = std::make_unique<CVelmarchDoc>(DocumentSurroundings{*store, views, m_pump, clock, *settings});
+    document = std::make_unique<CVelmarchDoc>(DocumentContext{*store, views, m_pump, clock, *settings});
     catalogue = std::make_unique<CPulldownCatalogue>(
-        CPulldownCatalogue::Surroundings{manager, *document, prompt, *settings, QStringLiteral("velmarch")});
+        CPulldownCatalogue::Context{manager, *document, prompt, *settings, QStringLiteral("velmarch")});
     (void)catalogue->Load();  // what is wrong with it, the prompt is told
     thePulldownCatalogue = catalogue.get();
 }

@@ -1,6 +1,7 @@
 #include "timers/ActiveTimer.h"
 
 #include "support/CTestClock.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 #include <vector>
@@ -158,5 +159,5 @@ void TestActiveTimer::Begin() {
     QCOMPARE(static_cast<int>(timer.state), stateAfter);
 }
 
-QTEST_GUILESS_MAIN(TestActiveTimer)
+TEST_CLASS(TestActiveTimer);
 #include "TestActiveTimer.moc"

@@ -1,6 +1,7 @@
 #include "timers/ActiveTimerSet.h"
 
 #include "support/CTestClock.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -276,5 +277,5 @@ void TestActiveTimerSet::ThousandTimersTick() {
     QCOMPARE(Count(set, ids.last()), QStringLiteral("0:01:40"));
 }
 
-QTEST_GUILESS_MAIN(TestActiveTimerSet)
+TEST_CLASS(TestActiveTimerSet);
 #include "TestActiveTimerSet.moc"

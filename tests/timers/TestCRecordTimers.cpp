@@ -1,6 +1,7 @@
 #include "timers/CRecordTimers.h"
 
 #include "TimerHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -481,5 +482,5 @@ void TestCRecordTimers::OrphansStayWhileTheStoreCantBeAsked() {
     QCOMPARE(next.CountOf(id), QStringLiteral("00:00:00 running"));
 }
 
-QTEST_GUILESS_MAIN(TestCRecordTimers)
+TEST_CLASS(TestCRecordTimers);
 #include "TestCRecordTimers.moc"

@@ -2,15 +2,16 @@
 
 #include "TimerHome.h"
 #include "entry/TimeEntryRules.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
 namespace {
 
 /// A record dialog without widgets: edits a copy of a record, notes what the panel asks of it.
-class PanelScene {
+class PanelFixture {
  public:
-    explicit PanelScene(TimerHome& timerHome, const QString& id) : home(timerHome) {
+    explicit PanelFixture(TimerHome& timerHome, const QString& id) : home(timerHome) {
         if (!home.store->ReadRecord(draft, id)) draft.SetId(id);
         CTimerPanel::Dialog dialog;
         dialog.setFromTimer = [this](int hours, int minutes, int seconds, bool fromTimer) {
@@ -89,13 +90,13 @@ void TestCTimerPanel::Open() {
     if (state != 4) QVERIFY(home.timers->StartRecordTimer(id));
     if (state == 1) QVERIFY(home.timers->PauseRecordTimer(id));
     home.clock.Advance(10 * kMinute + 5);
-    PanelScene scene(home, id);
-    scene.panel->PanelOpen();
-    QCOMPARE(scene.shown, shown);
-    QCOMPARE(scene.isTicking, ticks);
-    QCOMPARE(scene.repaints, repaints);
-    QCOMPARE(scene.panel->DurationText(), text);
-    QCOMPARE(static_cast<int>(scene.panel->State()), state);
+    PanelFixture fixture(home, id);
+    fixture.panel->PanelOpen();
+    QCOMPARE(fixture.shown, shown);
+    QCOMPARE(fixture.isTicking, ticks);
+    QCOMPARE(fixture.repaints, repaints);
+    QCOMPARE(fixture.panel->DurationText(), text);
+    QCOMPARE(static_cast<int>(fixture.panel->State()), state);
 }
 
 void TestCTimerPanel::OpenAfterTheClockWentBack() {
@@ -103,25 +104,25 @@ void TestCTimerPanel::OpenAfterTheClockWentBack() {
     const QString id = home.AddTime(2026, 11, 19);
     QVERIFY(home.timers->StartRecordTimer(id));
     home.clock.Advance(-kMinute);
-    PanelScene scene(home, id);
-    scene.panel->PanelOpen();
-    QCOMPARE(scene.shown, QStringList());
-    QVERIFY(!scene.isTicking);
-    QCOMPARE(scene.repaints, 1);
+    PanelFixture fixture(home, id);
+    fixture.panel->PanelOpen();
+    QCOMPARE(fixture.shown, QStringList());
+    QVERIFY(!fixture.isTicking);
+    QCOMPARE(fixture.repaints, 1);
 }
 
 void TestCTimerPanel::StartAndTick() {
     TimerHome home;
     const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
-    PanelScene scene(home, id);
+    PanelFixture fixture(home, id);
     home.views.seen.clear();
-    QVERIFY(scene.panel->PanelStart());
-    QVERIFY(scene.isTicking);
+    QVERIFY(fixture.panel->PanelStart());
+    QVERIFY(fixture.isTicking);
     home.clock.Advance(90);
-    scene.panel->PanelTick();
-    QCOMPARE(scene.shown, (QStringList{QStringLiteral("0:00:00"), QStringLiteral("0:01:30")}));
-    QCOMPARE(scene.panel->DurationText(), QStringLiteral("00:01:30"));
-    QCOMPARE(scene.DraftTimes(), QStringLiteral("09:00 AM-09:01 AM 0:01"));
+    fixture.panel->PanelTick();
+    QCOMPARE(fixture.shown, (QStringList{QStringLiteral("0:00:00"), QStringLiteral("0:01:30")}));
+    QCOMPARE(fixture.panel->DurationText(), QStringLiteral("00:01:30"));
+    QCOMPARE(fixture.DraftTimes(), QStringLiteral("09:00 AM-09:01 AM 0:01"));
     QCOMPARE(home.TimesOf(id), QStringLiteral("09:00 AM---:-- --:--"));
     QCOMPARE(home.TimerHints(), QStringLiteral("3"));
     QCOMPARE(home.StoredCountOf(id), QStringLiteral("00:00:00 running"));
@@ -130,10 +131,10 @@ void TestCTimerPanel::StartAndTick() {
 void TestCTimerPanel::StartGoesOnFromTheEditedDuration() {
     TimerHome home;
     const QString id = home.AddTime(2026, 11, 19, QStringLiteral("08:00"), QStringLiteral("10:00"));
-    PanelScene scene(home, id);
-    scene.draft.SetDuration(1, 30, false);  // the stored record has 2:00
-    QVERIFY(scene.panel->PanelStart());
-    QCOMPARE(scene.shown, QStringList{QStringLiteral("1:30:00")});
+    PanelFixture fixture(home, id);
+    fixture.draft.SetDuration(1, 30, false);  // the stored record has 2:00
+    QVERIFY(fixture.panel->PanelStart());
+    QCOMPARE(fixture.shown, QStringList{QStringLiteral("1:30:00")});
 }
 
 void TestCTimerPanel::StartOnARunningTimerDoesNothing() {
@@ -143,10 +144,10 @@ void TestCTimerPanel::StartOnARunningTimerDoesNothing() {
     QVERIFY(home.timers->StartRecordTimer(other));
     QVERIFY(home.timers->StartRecordTimer(id));
     home.settings->timerOnNewTimer = 2;
-    PanelScene scene(home, id);
+    PanelFixture fixture(home, id);
     home.views.seen.clear();
-    QVERIFY(scene.panel->PanelStart());
-    QCOMPARE(scene.repaints, 0);
+    QVERIFY(fixture.panel->PanelStart());
+    QCOMPARE(fixture.repaints, 0);
     QCOMPARE(home.TimerHints(), QString());
     QCOMPARE(home.CountOf(other), QStringLiteral("00:00:00 running"));
 }
@@ -158,39 +159,39 @@ void TestCTimerPanel::StartRunsTheActionOnOthers() {
     const QString id = home.AddTime(2026, 11, 19);
     QVERIFY(home.timers->StartRecordTimer(other));
     home.clock.Advance(5 * kMinute);
-    PanelScene scene(home, id);
-    QVERIFY(scene.panel->PanelStart());
+    PanelFixture fixture(home, id);
+    QVERIFY(fixture.panel->PanelStart());
     QCOMPARE(home.CountOf(other), QStringLiteral("00:05:00 paused"));
 }
 
 void TestCTimerPanel::FailedTick() {
     TimerHome home;
     const QString id = home.AddTime(2026, 11, 19);
-    PanelScene scene(home, id);
-    scene.tickError = 8;
+    PanelFixture fixture(home, id);
+    fixture.tickError = 8;
     home.prompt.ExpectTold(Text::TickFailed);
     home.views.seen.clear();
-    QVERIFY(!scene.panel->PanelStart());
+    QVERIFY(!fixture.panel->PanelStart());
     QVERIFY2(home.prompt.told.last().contains(u'8'), qPrintable(home.prompt.told.last()));
     QCOMPARE(home.CountOf(id), QStringLiteral("00:00:00 running"));
     QCOMPARE(home.TimerHints(), QString());
     home.prompt.ExpectTold(Text::TickFailed);
-    scene.panel->PanelOpen();
+    fixture.panel->PanelOpen();
 }
 
 void TestCTimerPanel::Pause() {
     TimerHome home;
     const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
-    PanelScene scene(home, id);
-    QVERIFY(scene.panel->PanelStart());
+    PanelFixture fixture(home, id);
+    QVERIFY(fixture.panel->PanelStart());
     home.clock.Advance(12 * kMinute + 7);
     home.views.seen.clear();
-    QVERIFY(scene.panel->PanelPause());
-    QVERIFY(!scene.isTicking);
-    QCOMPARE(scene.shown.last(), QStringLiteral("0:12:07"));
+    QVERIFY(fixture.panel->PanelPause());
+    QVERIFY(!fixture.isTicking);
+    QCOMPARE(fixture.shown.last(), QStringLiteral("0:12:07"));
     QCOMPARE(home.StoredCountOf(id), QStringLiteral("00:12:07 paused"));
     QCOMPARE(home.TimerHints(), QStringLiteral("4"));
-    QVERIFY(scene.panel->PanelPause());
+    QVERIFY(fixture.panel->PanelPause());
     QCOMPARE(home.TimerHints(), QString());
 }
 
@@ -215,48 +216,48 @@ void TestCTimerPanel::Stop() {
     home.settings->roundDurationMinutes = roundMinutes;
     home.settings->accumulateOnReentry = accumulate;
     const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
-    PanelScene scene(home, id);
-    QVERIFY(scene.panel->PanelStart());
+    PanelFixture fixture(home, id);
+    QVERIFY(fixture.panel->PanelStart());
     home.clock.Advance(34 * kMinute + 50);
-    scene.panel->PanelTick();
-    if (pauseFirst) QVERIFY(scene.panel->PanelPause());
+    fixture.panel->PanelTick();
+    if (pauseFirst) QVERIFY(fixture.panel->PanelPause());
     home.views.seen.clear();
-    QVERIFY(scene.panel->PanelStop());
-    QCOMPARE(scene.shown.last(), QStringLiteral("0:34:00 final"));
-    QVERIFY(!scene.isTicking);
-    QCOMPARE(scene.DraftTimes(), times);
+    QVERIFY(fixture.panel->PanelStop());
+    QCOMPARE(fixture.shown.last(), QStringLiteral("0:34:00 final"));
+    QVERIFY(!fixture.isTicking);
+    QCOMPARE(fixture.DraftTimes(), times);
     QCOMPARE(home.TimerHints(), QStringLiteral("5"));
     QCOMPARE(home.CountOf(id), QStringLiteral("none"));
     QCOMPARE(home.StoredCountOf(id), QStringLiteral("none"));
-    QVERIFY(!scene.panel->PanelStop());
+    QVERIFY(!fixture.panel->PanelStop());
 }
 
 void TestCTimerPanel::WithoutATimer() {
     TimerHome home;
     const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"), QStringLiteral("10:30"));
-    PanelScene scene(home, id);
+    PanelFixture fixture(home, id);
     home.views.seen.clear();
-    QVERIFY(!scene.panel->PanelPause());
-    QVERIFY(!scene.panel->PanelStop());
-    scene.panel->PanelTick();
-    scene.panel->PanelClose();
-    QCOMPARE(scene.shown, QStringList());
-    QCOMPARE(scene.repaints, 0);
+    QVERIFY(!fixture.panel->PanelPause());
+    QVERIFY(!fixture.panel->PanelStop());
+    fixture.panel->PanelTick();
+    fixture.panel->PanelClose();
+    QCOMPARE(fixture.shown, QStringList());
+    QCOMPARE(fixture.repaints, 0);
     QCOMPARE(home.TimerHints(), QString());
-    QCOMPARE(scene.panel->DurationText(), QStringLiteral("01:30"));
+    QCOMPARE(fixture.panel->DurationText(), QStringLiteral("01:30"));
 }
 
 void TestCTimerPanel::CancelLeavesTheTimerRunning() {
     TimerHome home;
     const QString id = home.AddTime(2026, 11, 19);
     QVERIFY(home.timers->StartRecordTimer(id));
-    PanelScene scene(home, id);
-    scene.panel->PanelOpen();
+    PanelFixture fixture(home, id);
+    fixture.panel->PanelOpen();
     home.clock.Advance(kMinute);
-    scene.panel->PanelTick();
-    scene.panel->PanelClose();
-    QVERIFY(!scene.isTicking);
-    QCOMPARE(scene.shown.last(), QStringLiteral("0:01:00"));
+    fixture.panel->PanelTick();
+    fixture.panel->PanelClose();
+    QVERIFY(!fixture.isTicking);
+    QCOMPARE(fixture.shown.last(), QStringLiteral("0:01:00"));
     QCOMPARE(home.CountOf(id), QStringLiteral("00:01:00 running"));
     home.clock.Advance(kMinute);
     home.timers->FoldAndStore();
@@ -267,11 +268,11 @@ void TestCTimerPanel::StopThenCancelDropsTheCount() {
     TimerHome home;
     const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
     QVERIFY(home.timers->StartRecordTimer(id));
-    PanelScene scene(home, id);
-    scene.panel->PanelOpen();
+    PanelFixture fixture(home, id);
+    fixture.panel->PanelOpen();
     home.clock.Advance(10 * kMinute);
-    QVERIFY(scene.panel->PanelStop());
-    scene.panel->PanelClose();
+    QVERIFY(fixture.panel->PanelStop());
+    fixture.panel->PanelClose();
     QCOMPARE(home.CountOf(id), QStringLiteral("none"));
     QCOMPARE(home.TimesOf(id), QStringLiteral("09:00 AM---:-- --:--"));
 }
@@ -280,16 +281,16 @@ void TestCTimerPanel::TimerOfANewRecordGoesWithIt() {
     TimerHome home;
     CVOId id;
     id.GenUnique();
-    PanelScene scene(home, id.GetId());
-    QVERIFY(scene.panel->PanelStart());
+    PanelFixture fixture(home, id.GetId());
+    QVERIFY(fixture.panel->PanelStart());
     QCOMPARE(home.StoredCountOf(id.GetId()), QStringLiteral("none"));
     home.clock.Advance(kMinute);
-    QVERIFY(scene.panel->PanelPause());
-    QVERIFY(scene.panel->PanelStart());
+    QVERIFY(fixture.panel->PanelPause());
+    QVERIFY(fixture.panel->PanelStart());
     QCOMPARE(home.CountOf(id.GetId()), QStringLiteral("00:01:00 running"));
     home.timers->Drop(id.GetId());  // the dialog was cancelled
     QCOMPARE(home.set->Count(), 0);
 }
 
-QTEST_GUILESS_MAIN(TestCTimerPanel)
+TEST_CLASS(TestCTimerPanel);
 #include "TestCTimerPanel.moc"

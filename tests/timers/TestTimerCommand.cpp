@@ -1,6 +1,7 @@
 #include "timers/TimerCommand.h"
 
 #include "TimerHome.h"
+#include "support/TestProgram.h"
 
 #include <QJsonArray>
 #include <QTest>
@@ -131,5 +132,5 @@ void TestTimerCommand::UnsavedTimersAreAnError() {
     QVERIFY(home.tree.File().Execute("PRAGMA query_only=OFF"));
 }
 
-QTEST_GUILESS_MAIN(TestTimerCommand)
+TEST_CLASS(TestTimerCommand);
 #include "TestTimerCommand.moc"

@@ -1,6 +1,7 @@
 #include "timers/TimerMerge.h"
 
 #include "support/CTestClock.h"
+#include "support/TestProgram.h"
 #include "timers/ActiveTimerSet.h"
 
 #include <QTest>
@@ -59,5 +60,5 @@ void TestTimerMerge::Merge() {
     QCOMPARE(shown.join(u' '), merged);
 }
 
-QTEST_GUILESS_MAIN(TestTimerMerge)
+TEST_CLASS(TestTimerMerge);
 #include "TestTimerMerge.moc"

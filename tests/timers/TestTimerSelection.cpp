@@ -1,6 +1,7 @@
 #include "timers/TimerSelection.h"
 
 #include "TimerHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -59,5 +60,5 @@ void TestTimerSelection::NothingInExpenseMode() {
     QCOMPARE(home.set->Count(), 0);
 }
 
-QTEST_GUILESS_MAIN(TestTimerSelection)
+TEST_CLASS(TestTimerSelection);
 #include "TestTimerSelection.moc"

@@ -2,6 +2,7 @@
 
 #include "lang/LoadText.h"
 #include "records/FieldValues.h"
+#include "support/TestProgram.h"
 #include "timers/ActiveTimer.h"
 
 #include <QTest>
@@ -40,5 +41,5 @@ void TestTimerTexts::LiveDuration() {
     QCOMPARE(LiveDurationText(timer.state == TimerState::None ? nullptr : &timer, duration), text);
 }
 
-QTEST_GUILESS_MAIN(TestTimerTexts)
+TEST_CLASS(TestTimerTexts);
 #include "TestTimerTexts.moc"

@@ -1,3 +1,5 @@
+#include "support/TestProgram.h"
+
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
@@ -225,5 +227,5 @@ void TestKill::EverythingAcknowledgedIsThere() {
           static_cast<int>(m_records.size()));
 }
 
-QTEST_GUILESS_MAIN(TestKill)
+TEST_CLASS(TestKill);
 #include "TestKill.moc"

@@ -1,5 +1,6 @@
 #include "platform/sqlite/CSqliteFile.h"
 #include "records/RecordsFixture.h"
+#include "support/TestProgram.h"
 #include "torture/FileHistory.h"
 
 #include <QFile>
@@ -240,5 +241,5 @@ void TestPowerCut::OtherSettingsLoseRecords() {
     QVERIFY2(findings.wrong.size() >= atLeast, qPrintable(QString::number(findings.wrong.size())));
 }
 
-QTEST_GUILESS_MAIN(TestPowerCut)
+TEST_CLASS(TestPowerCut);
 #include "TestPowerCut.moc"

@@ -10,12 +10,13 @@
 #include "app/CVelmarchApp.h"
 #include "lang/LoadText.h"
 #include "platform/instance/CInstance.h"
-#include "shell/program/CEventPump.h"
+#include "shell/frame/CEventPump.h"
 #include "shell/frame/CMainFrame.h"
+#include "support/CScriptedPrompt.h"
+#include "support/TestProgram.h"
+#include "timers/CRecordTimers.h"
 #include "viewmodel/program/CInstanceHost.h"
 #include "viewmodel/program/CViewHub.h"
-#include "support/CScriptedPrompt.h"
-#include "timers/CRecordTimers.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -41,10 +42,10 @@ class OpenWindow {
         m_app.Settings().dialogOnQuickEntry = false;
         m_timers = std::make_unique<CRecordTimers>(m_timerSet, m_app.Document(), m_app.Settings());
         m_app.Document().SetTimers(m_timers.get());
-        frame = std::make_unique<CMainFrame>(CMainFrame::Surroundings{
+        frame = std::make_unique<CMainFrame>(CMainFrame::Context{
             m_app, *m_timers, m_hub, m_prompt, m_pump, m_clock, [](QWidget*, CVORec&) { return false; },
             [](QWidget*) { return false; }, [](QWidget*, CVORec&, bool) { return false; }});
-        m_host = std::make_unique<CInstanceHost>(CInstanceHost::Around{
+        m_host = std::make_unique<CInstanceHost>(CInstanceHost::Context{
             m_app.Document(), *m_timers, m_app.Settings(), [this] { frame->Refresh(); }, [] {}, [] {},
             [this] { return frame->IsBusy(); }, [] { return false; }, [this] { m_app.LoadLists(); }});
         isOpen = m_host->Listen(m_app.Home(), LoadText(Text::ProgramTitle));
@@ -154,5 +155,5 @@ void TestTwoWriters::WindowAndConsoleAtOnce() {
           windowLongestMs);
 }
 
-QTEST_MAIN(TestTwoWriters)
+TEST_CLASS(TestTwoWriters);
 #include "TestTwoWriters.moc"

@@ -37,8 +37,8 @@ struct ExpenseDraft {
 
 /// The sentence that refuses what is no number; empty for one. -1 stands for none in what is stored.
 template <auto Field>
-QString CheckNumber(const ExpenseDraft& draft, const QString& typed, const FieldNeeds& needs) {
-    const auto number = EnteredValues::ReadSignedNumber(typed, needs.region);
+QString CheckNumber(const ExpenseDraft& draft, const QString& typed, const FieldContext& context) {
+    const auto number = EnteredValues::ReadSignedNumber(typed, context.region);
     DecimalField field;
     field.precision = (draft.record.*Field).precision;
     if (number) field.Set(static_cast<float>(*number));
@@ -48,7 +48,7 @@ QString CheckNumber(const ExpenseDraft& draft, const QString& typed, const Field
 // --- Distance entry
 
 /// As its box: turned off, it empties what the page shows.
-QString EnterDistanceEntry(ExpenseDraft& draft, const Entered& entered, const FieldNeeds&) {
+QString EnterDistanceEntry(ExpenseDraft& draft, const Entered& entered, const FieldContext&) {
     MoneyPage& page = draft.page;
     if (!IsYes(entered) && page.isDistance) page.distance = page.rate = page.amount = QString();
     page.isDistance = IsYes(entered);
@@ -57,10 +57,10 @@ QString EnterDistanceEntry(ExpenseDraft& draft, const Entered& entered, const Fi
 }
 
 /// A distance that is entered by hand has no readings.
-QString EnterDistance(ExpenseDraft& draft, const Entered& entered, const FieldNeeds& needs) {
+QString EnterDistance(ExpenseDraft& draft, const Entered& entered, const FieldContext& context) {
     const QString typed = entered.value_or(QString()).trimmed();
     if (entered)
-        if (QString words = CheckNumber<&CERecord::distance>(draft, typed, needs); !words.isEmpty())
+        if (QString words = CheckNumber<&CERecord::distance>(draft, typed, context); !words.isEmpty())
             return words;
     Odometer byHand;
     DistanceChosen(byHand, typed);
@@ -74,7 +74,7 @@ QString EnterDistance(ExpenseDraft& draft, const Entered& entered, const FieldNe
 }
 
 /// Clearing leaves the amount as it is.
-QString EnterRate(ExpenseDraft& draft, const Entered& entered, const FieldNeeds& needs) {
+QString EnterRate(ExpenseDraft& draft, const Entered& entered, const FieldContext& context) {
     const QString typed = entered.value_or(QString()).trimmed();
     draft.isPageTouched = true;
     draft.page.rate = typed;
@@ -82,24 +82,24 @@ QString EnterRate(ExpenseDraft& draft, const Entered& entered, const FieldNeeds&
     if (!entered) return {};
     draft.page.isDistance = true;
     draft.ComputeAmount();
-    return CheckNumber<&CERecord::rate>(draft, typed, needs);
+    return CheckNumber<&CERecord::rate>(draft, typed, context);
 }
 
 // --- Odometer
 
 /// Opens the odometer on what the page shows.
-Odometer& OdometerOf(ExpenseDraft& draft, const FieldNeeds& needs) {
+Odometer& OdometerOf(ExpenseDraft& draft, const FieldContext& context) {
     if (draft.odometer) return *draft.odometer;
     TakeDistance(draft.record, draft.page.distance, draft.page.rate);
-    draft.odometer = OpenOdometer(draft.record, needs.settings);
+    draft.odometer = OpenOdometer(draft.record, context.settings);
     if (draft.isStartCleared) draft.odometer->start.clear();
     if (draft.isEndCleared) draft.odometer->end.clear();
     return *draft.odometer;
 }
 
-void CloseOdometer(ExpenseDraft& draft, const FieldNeeds& needs) {
+void CloseOdometer(ExpenseDraft& draft, const FieldContext& context) {
     if (!draft.odometer) return;
-    AcceptOdometer(draft.record, *draft.odometer, needs.settings);
+    AcceptOdometer(draft.record, *draft.odometer, context.settings);
     draft.odometer.reset();
     draft.page.distance = draft.record.distance.text;
     draft.page.rate = draft.record.GetRateText();
@@ -108,15 +108,15 @@ void CloseOdometer(ExpenseDraft& draft, const FieldNeeds& needs) {
 
 /// An empty text is no reading; a cleared one leaves the distance as it is.
 template <QString Odometer::*Reading, QString CERecord::*Field>
-QString EnterReading(ExpenseDraft& draft, const Entered& entered, const FieldNeeds& needs) {
+QString EnterReading(ExpenseDraft& draft, const Entered& entered, const FieldContext& context) {
     if (!entered) {
         draft.record.*Field = QString();
         return {};
     }
     const QString typed = entered->trimmed();
-    if (!typed.isEmpty() && !EnteredValues::ReadNumber(typed, needs.region))
+    if (!typed.isEmpty() && !EnteredValues::ReadNumber(typed, context.region))
         return FormatText<Text::CliNoNumber>(typed);
-    Odometer& odometer = OdometerOf(draft, needs);
+    Odometer& odometer = OdometerOf(draft, context);
     odometer.*Reading = typed;
     ReadingsChanged(odometer);
     draft.page.isDistance = true;
@@ -125,21 +125,21 @@ QString EnterReading(ExpenseDraft& draft, const Entered& entered, const FieldNee
 
 // --- Amount and flags
 
-FieldProblem UnlessComputed(const ExpenseDraft& draft, const Entered& entered, const FieldNeeds&) {
+FieldProblem UnlessComputed(const ExpenseDraft& draft, const Entered& entered, const FieldContext&) {
     if (!entered || !draft.page.isDistance) return {};
     return {ExitCode::Usage, LoadText(Text::CliAmountComputed)};
 }
 
-QString EnterAmount(ExpenseDraft& draft, const Entered& entered, const FieldNeeds& needs) {
-    CloseOdometer(draft, needs);
+QString EnterAmount(ExpenseDraft& draft, const Entered& entered, const FieldContext& context) {
+    CloseOdometer(draft, context);
     draft.isPageTouched = true;
     draft.page.amount = entered.value_or(QString()).trimmed();
-    return entered ? CheckNumber<&CERecord::amount>(draft, draft.page.amount, needs) : QString();
+    return entered ? CheckNumber<&CERecord::amount>(draft, draft.page.amount, context) : QString();
 }
 
 /// Turning a flag off clears the one that needs it.
 template <bool ItemsPage::*Flag>
-QString EnterFlag(ExpenseDraft& draft, const Entered& entered, const FieldNeeds&) {
+QString EnterFlag(ExpenseDraft& draft, const Entered& entered, const FieldContext&) {
     CERecord& record = draft.record;
     ItemsPage page{record.item1, record.item2, record.item3, record.item4, record.flag1,
                    record.flag2, record.flag3, record.flag4, record.flag5};
@@ -152,10 +152,10 @@ FieldProblem Needs(const Entered& entered, bool first, const char* name) {
     if (!IsYes(entered) || first) return {};
     return {ExitCode::Usage, FormatText<Text::CliFlagNeeds>(QString::fromLatin1(name))};
 }
-FieldProblem NeedsFlag1(const ExpenseDraft& draft, const Entered& entered, const FieldNeeds&) {
+FieldProblem NeedsFlag1(const ExpenseDraft& draft, const Entered& entered, const FieldContext&) {
     return Needs(entered, draft.record.flag1, "flag1");
 }
-FieldProblem NeedsFlag3(const ExpenseDraft& draft, const Entered& entered, const FieldNeeds&) {
+FieldProblem NeedsFlag3(const ExpenseDraft& draft, const Entered& entered, const FieldContext&) {
     return Needs(entered, draft.record.flag3, "flag3");
 }
 
@@ -217,12 +217,12 @@ std::span<const OptionRow> ExpenseFieldOptions() {
     return kOptions;
 }
 
-FieldProblem EnterExpenseFields(CERecord& record, const CArguments& arguments, const FieldNeeds& needs) {
+FieldProblem EnterExpenseFields(CERecord& record, const CArguments& arguments, const FieldContext& context) {
     if (FieldProblem problem = CheckPlain(arguments); problem.exit != ExitCode::Done) return problem;
     ExpenseDraft draft(record, arguments.Values("clear"));
-    FieldProblem problem = EnterAll<ExpenseDraft>(kFields, draft, arguments, needs);
+    FieldProblem problem = EnterAll<ExpenseDraft>(kFields, draft, arguments, context);
     if (problem.exit != ExitCode::Done) return problem;
-    CloseOdometer(draft, needs);
+    CloseOdometer(draft, context);
     AcceptPage(draft);
     return {};
 }

@@ -10,4 +10,4 @@ class CERecord;
 /// odometer readings, amount, flags. Distance, rate or a reading make a distance entry, whose amount is
 /// computed. The last reading is noted in the needs' settings.
 [[nodiscard]] FieldProblem EnterExpenseFields(CERecord& record, const CArguments& arguments,
-                                              const FieldNeeds& needs);
+                                              const FieldContext& context);

@@ -18,9 +18,10 @@ struct RecordField {
     OptionRow option;
     bool canBeCleared;
     /// Enters the value; the sentence that refuses it, empty when it was taken.
-    QString (*enter)(Draft& draft, const Entered& entered, const FieldNeeds& needs);
+    QString (*enter)(Draft& draft, const Entered& entered, const FieldContext& context);
     /// Whether the field may be entered at all now; null: always.
-    FieldProblem (*mayEnter)(const Draft& draft, const Entered& entered, const FieldNeeds& needs) = nullptr;
+    FieldProblem (*mayEnter)(const Draft& draft, const Entered& entered,
+                             const FieldContext& context) = nullptr;
 };
 
 /// The options of a table of fields.
@@ -38,19 +39,19 @@ template <class Draft, std::size_t N>
 
 template <class Draft>
 [[nodiscard]] FieldProblem EnterOne(const RecordField<Draft>& field, Draft& draft, const Entered& entered,
-                                    const FieldNeeds& needs) {
+                                    const FieldContext& context) {
     if (field.mayEnter)
-        if (const FieldProblem problem = field.mayEnter(draft, entered, needs);
+        if (const FieldProblem problem = field.mayEnter(draft, entered, context);
             problem.exit != ExitCode::Done)
             return Refused(field.option, problem);
-    const QString words = field.enter(draft, entered, needs);
+    const QString words = field.enter(draft, entered, context);
     return words.isEmpty() ? FieldProblem{} : Refused(field.option, {ExitCode::Usage, words});
 }
 
 /// Enters what was given, in the order of the table.
 template <class Draft>
 [[nodiscard]] FieldProblem EnterAll(std::span<const RecordField<Draft>> fields, Draft& draft,
-                                    const CArguments& arguments, const FieldNeeds& needs) {
+                                    const CArguments& arguments, const FieldContext& context) {
     QStringList clearable;
     for (const auto& field : fields)
         if (field.canBeCleared) clearable.append(QString::fromLatin1(field.option.name));
@@ -60,15 +61,15 @@ template <class Draft>
     for (const auto& field : fields) {
         const Entered entered = arguments.Value(field.option.name);
         if (!entered && !cleared.contains(QLatin1String(field.option.name))) continue;
-        if (FieldProblem problem = EnterOne(field, draft, entered, needs); problem.exit != ExitCode::Done)
+        if (FieldProblem problem = EnterOne(field, draft, entered, context); problem.exit != ExitCode::Done)
             return problem;
     }
     return {};
 }
 
 template <class Draft>
-QString EnterDate(Draft& draft, const Entered& entered, const FieldNeeds& needs) {
-    const auto date = EnteredValues::ReadDate(entered.value_or(QString()), needs.region, needs.clock);
+QString EnterDate(Draft& draft, const Entered& entered, const FieldContext& context) {
+    const auto date = EnteredValues::ReadDate(entered.value_or(QString()), context.region, context.clock);
     if (!date) return FormatText<Text::CliNoDate>(entered.value_or(QString()));
     draft.record.date.Set(date->month, date->day, date->year);
     return {};
@@ -78,7 +79,7 @@ QString EnterDate(Draft& draft, const Entered& entered, const FieldNeeds& needs)
 [[nodiscard]] QString CheckLength(const QString& text, int longest);
 
 template <class Draft, auto Field, int Longest = kTextLength>
-QString EnterText(Draft& draft, const Entered& entered, const FieldNeeds&) {
+QString EnterText(Draft& draft, const Entered& entered, const FieldContext&) {
     const QString text = entered.value_or(QString());
     QString words = CheckLength(text, Longest);
     if (words.isEmpty()) draft.record.*Field = text;

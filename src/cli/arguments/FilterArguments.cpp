@@ -91,32 +91,31 @@ FilterProblem NoDate(const char* option, const QString& typed) {
         FormatText<Text::CliOptionRefused>(QString::fromLatin1(option), FormatText<Text::CliNoDate>(typed)));
 }
 
-FilterProblem ReadPreset(const QString& typed, const PeriodSurroundings& around, PeriodFilter& filter) {
+FilterProblem ReadPreset(const QString& typed, const PeriodContext& context, PeriodFilter& filter) {
     const auto preset = EnteredValues::ReadCount(typed);
-    if (preset && filter.ApplyPreset(*preset, around)) return {};
+    if (preset && filter.ApplyPreset(*preset, context)) return {};
     return {ExitCode::NotFound, FormatText<Text::CliNoSuchPeriod>(typed)};
 }
 
 /// One day, or all days between two; ends that are swapped give the day of the later option.
 FilterProblem ReadDays(const char* firstOption, const QString& first, const char* lastOption,
-                       const QString& last, const PeriodSurroundings& around, PeriodFilter& filter) {
-    const auto start = EnteredValues::ReadDate(first, around.region, around.clock);
+                       const QString& last, const PeriodContext& context, PeriodFilter& filter) {
+    const auto start = EnteredValues::ReadDate(first, context.region, context.clock);
     if (!start) return NoDate(firstOption, first);
-    const auto end = EnteredValues::ReadDate(last, around.region, around.clock);
+    const auto end = EnteredValues::ReadDate(last, context.region, context.clock);
     if (!end) return NoDate(lastOption, last);
-    filter.SetRange(*start, *end, around);
+    filter.SetRange(*start, *end, context);
     return {};
 }
 
-FilterProblem ReadPeriod(const CArguments& arguments, const PeriodSurroundings& around,
-                         PeriodFilter& filter) {
+FilterProblem ReadPeriod(const CArguments& arguments, const PeriodContext& context, PeriodFilter& filter) {
     const auto preset = arguments.Value("period"), day = arguments.Value("day");
     const auto from = arguments.Value("from"), to = arguments.Value("to");
     if (int{preset.has_value()} + int{day.has_value()} + int{from || to} > 1)
         return Usage(LoadText(Text::CliOnePeriod));
-    if (preset) return ReadPreset(*preset, around, filter);
-    if (day) return ReadDays("day", *day, "day", *day, around, filter);
-    if (from && to) return ReadDays("from", *from, "to", *to, around, filter);
+    if (preset) return ReadPreset(*preset, context, filter);
+    if (day) return ReadDays("day", *day, "day", *day, context, filter);
+    if (from && to) return ReadDays("from", *from, "to", *to, context, filter);
     return from || to ? Usage(LoadText(Text::CliFromAndTo)) : FilterProblem{};
 }
 
@@ -126,13 +125,13 @@ int CriterionOf(const QString& typed) {
 
 /// What the filters of both kinds have.
 template <class Filter>
-FilterProblem ReadShared(const CArguments& arguments, const PeriodSurroundings& around, Filter& filter) {
+FilterProblem ReadShared(const CArguments& arguments, const PeriodContext& context, Filter& filter) {
     filter.Reset();
     for (std::size_t i = 0; i < std::size(kItems); ++i)
         if (const auto text = arguments.Value(kItems[i])) filter.items[i] = *text;
     filter.matchWhole = arguments.Has("whole");
     filter.matchCase = arguments.Has("case");
-    return ReadPeriod(arguments, around, filter);
+    return ReadPeriod(arguments, context, filter);
 }
 
 template <class Filter, std::size_t N>
@@ -141,9 +140,8 @@ void ReadFlags(const CArguments& arguments, const FlagRow<Filter> (&flags)[N], F
         if (const auto typed = arguments.Value(flag.option)) filter.*flag.criterion = CriterionOf(*typed);
 }
 
-FilterProblem ReadTimeFilter(const CArguments& arguments, const PeriodSurroundings& around,
-                             TimeFilter& filter) {
-    FilterProblem problem = ReadShared(arguments, around, filter);
+FilterProblem ReadTimeFilter(const CArguments& arguments, const PeriodContext& context, TimeFilter& filter) {
+    FilterProblem problem = ReadShared(arguments, context, filter);
     ReadFlags(arguments, kTimeFlags, filter);
     return problem;
 }
@@ -159,11 +157,11 @@ constexpr ComparisonRow kComparisons[] = {
 };
 
 /// "=12.50", "<100", ">-20".
-FilterProblem ReadAmount(const QString& typed, const PeriodSurroundings& around, ExpenseFilter& filter) {
+FilterProblem ReadAmount(const QString& typed, const PeriodContext& context, ExpenseFilter& filter) {
     const QString text = typed.trimmed();
     const auto row = std::ranges::find_if(
         kComparisons, [&](const ComparisonRow& one) { return text.startsWith(one.sign); });
-    const auto number = EnteredValues::ReadSignedNumber(text.mid(1), around.region);
+    const auto number = EnteredValues::ReadSignedNumber(text.mid(1), context.region);
     // -1 is how a filter keeps "any amount".
     if (row == std::end(kComparisons) || !number || *number == -1.0)
         return Usage(FormatText<Text::CliAmountCondition>(typed));
@@ -172,14 +170,14 @@ FilterProblem ReadAmount(const QString& typed, const PeriodSurroundings& around,
     return {};
 }
 
-FilterProblem ReadExpenseFilter(const CArguments& arguments, const PeriodSurroundings& around,
+FilterProblem ReadExpenseFilter(const CArguments& arguments, const PeriodContext& context,
                                 ExpenseFilter& filter) {
-    FilterProblem problem = ReadShared(arguments, around, filter);
+    FilterProblem problem = ReadShared(arguments, context, filter);
     ReadFlags(arguments, kExpenseFlags, filter);
     for (std::size_t i = 0; i < std::size(kFlags); ++i)
         if (const auto typed = arguments.Value(kFlags[i])) filter.flags[i] = CriterionOf(*typed);
     if (const auto amount = arguments.Value("amount"); amount && problem.exit == ExitCode::Done)
-        problem = ReadAmount(*amount, around, filter);
+        problem = ReadAmount(*amount, context, filter);
     return problem;
 }
 
@@ -192,6 +190,6 @@ std::span<const OptionRow> FilterOptions(RecordKind kind) {
 
 FilterProblem ReadFilter(RecordKind kind, const CArguments& arguments, CVelmarchDoc& document) {
     return kind == RecordKind::Time
-               ? ReadTimeFilter(arguments, document.PeriodNeeds(), document.Filter())
-               : ReadExpenseFilter(arguments, document.PeriodNeeds(), document.FilterOfExpenses());
+               ? ReadTimeFilter(arguments, document.GetPeriodContext(), document.Filter())
+               : ReadExpenseFilter(arguments, document.GetPeriodContext(), document.FilterOfExpenses());
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "cli/commands/CommandTable.h"
+#include "cli/arguments/OptionRow.h"
+#include "cli/output/ExitCode.h"
 #include "records/CVORec.h"
 
 #include <QString>

@@ -5,6 +5,7 @@
 #include "cli/arguments/TimeFields.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
+#include "records/RecordFactory.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -21,10 +22,10 @@ std::unique_ptr<CVORec> RecordOfToday(RecordKind kind, const CClock& clock) {
     return record;
 }
 
-FieldProblem EnterFields(CVORec& record, const CArguments& arguments, const FieldNeeds& needs) {
+FieldProblem EnterFields(CVORec& record, const CArguments& arguments, const FieldContext& context) {
     return record.Kind() == RecordKind::Time
-               ? EnterTimeFields(static_cast<CTRecord&>(record), arguments, needs)
-               : EnterExpenseFields(static_cast<CERecord&>(record), arguments, needs);
+               ? EnterTimeFields(static_cast<CTRecord&>(record), arguments, context)
+               : EnterExpenseFields(static_cast<CERecord&>(record), arguments, context);
 }
 
 namespace FieldParts {

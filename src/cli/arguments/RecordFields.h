@@ -1,6 +1,7 @@
 #pragma once
 
-#include "cli/commands/CommandTable.h"
+#include "cli/arguments/OptionRow.h"
+#include "cli/output/ExitCode.h"
 #include "records/CVORec.h"
 
 #include <QString>
@@ -9,16 +10,16 @@
 
 class CArguments;
 class CClock;
-class CTimerDesk;
+class CTimerService;
 struct CRegionalInfo;
 struct Settings;
 
 /// What the fields of a command line need to become values of a record.
-struct FieldNeeds {
+struct FieldContext {
     Settings& settings;  ///< a copy: what a rule notes in it for the next record is to be kept by the caller
     const CRegionalInfo& region;
     const CClock& clock;
-    const CTimerDesk* timers;  ///< null for a record that is new
+    const CTimerService* timers;  ///< null for a record that is new
 };
 
 /// Why fields were refused; the exit code says which kind. Nothing of the record is to be stored then.
@@ -37,4 +38,5 @@ using Entered = std::optional<QString>;
 
 /// Enters all given fields, and clears those named by --clear, through the rules of entry of the record's
 /// kind, in a fixed order, whatever their order on the command line.
-[[nodiscard]] FieldProblem EnterFields(CVORec& record, const CArguments& arguments, const FieldNeeds& needs);
+[[nodiscard]] FieldProblem EnterFields(CVORec& record, const CArguments& arguments,
+                                       const FieldContext& context);

@@ -1,6 +1,6 @@
 #include "cli/arguments/TimeFields.h"
 
-#include "app/CTimerDesk.h"
+#include "app/CTimerService.h"
 #include "cli/arguments/FieldParts.h"
 #include "entry/TimeEntryRules.h"
 #include "records/CTRecord.h"
@@ -15,12 +15,12 @@ struct TimeDraft {
     CTRecord& record;
 };
 
-QString EnterBillable(TimeDraft& draft, const Entered& entered, const FieldNeeds&) {
+QString EnterBillable(TimeDraft& draft, const Entered& entered, const FieldContext&) {
     draft.record.SetBillable(IsYes(entered));
     return {};
 }
 
-QString EnterBilled(TimeDraft& draft, const Entered& entered, const FieldNeeds&) {
+QString EnterBilled(TimeDraft& draft, const Entered& entered, const FieldContext&) {
     draft.record.isBilled = IsYes(entered);
     return {};
 }
@@ -28,10 +28,10 @@ QString EnterBilled(TimeDraft& draft, const Entered& entered, const FieldNeeds&)
 using TimeRule = void (*)(CTRecord&, const std::optional<DateTimeVal>&, const Settings&);
 
 template <TimeRule Rule>
-QString EnterTime(TimeDraft& draft, const Entered& entered, const FieldNeeds& needs) {
+QString EnterTime(TimeDraft& draft, const Entered& entered, const FieldContext& context) {
     const auto time = entered ? EnteredValues::ReadTime(*entered) : std::nullopt;
     if (entered && !time) return FormatText<Text::CliNoTime>(*entered);
-    Rule(draft.record, time, needs.settings);
+    Rule(draft.record, time, context.settings);
     return {};
 }
 
@@ -42,10 +42,10 @@ void DurationRule(CTRecord& record, const std::optional<EnteredSpan>& span, cons
 using SpanRule = void (*)(CTRecord&, const std::optional<EnteredSpan>&, const Settings&);
 
 template <SpanRule Rule>
-QString EnterSpan(TimeDraft& draft, const Entered& entered, const FieldNeeds& needs) {
-    const auto span = entered ? EnteredValues::ReadSpan(*entered, needs.region) : std::nullopt;
+QString EnterSpan(TimeDraft& draft, const Entered& entered, const FieldContext& context) {
+    const auto span = entered ? EnteredValues::ReadSpan(*entered, context.region) : std::nullopt;
     if (entered && !span) return FormatText<Text::CliNoSpan>(*entered);
-    Rule(draft.record, span, needs.settings);
+    Rule(draft.record, span, context.settings);
     return {};
 }
 
@@ -54,23 +54,23 @@ using MoneySetter = bool (CTRecord::*)(float);
 
 /// Clearing goes by the setter: a value below zero is none, and its partner stays as it is.
 template <MoneyRule Rule, MoneySetter Set>
-QString EnterMoney(TimeDraft& draft, const Entered& entered, const FieldNeeds& needs) {
+QString EnterMoney(TimeDraft& draft, const Entered& entered, const FieldContext& context) {
     if (!entered) {
         (void)(draft.record.*Set)(-1.0F);  // false says that there is no value now, as it was wanted
         return {};
     }
-    const bool isNumber = EnteredValues::ReadNumber(*entered, needs.region).has_value();
+    const bool isNumber = EnteredValues::ReadNumber(*entered, context.region).has_value();
     if (isNumber && Rule(draft.record, entered->trimmed())) return {};
     return FormatText<Text::CliNoNumber>(*entered);
 }
 
 /// Times are driven by the record's timer while it has one.
-FieldProblem UnlessTimed(const TimeDraft& draft, const Entered&, const FieldNeeds& needs) {
-    if (!needs.timers || MayEnterTimes(*needs.timers, draft.record.GetId(), nullptr)) return {};
+FieldProblem UnlessTimed(const TimeDraft& draft, const Entered&, const FieldContext& context) {
+    if (!context.timers || MayEnterTimes(*context.timers, draft.record.GetId(), nullptr)) return {};
     return {ExitCode::Failed, LoadText(Text::TimesDrivenByTimer)};
 }
 
-FieldProblem IfBillable(const TimeDraft& draft, const Entered& entered, const FieldNeeds&) {
+FieldProblem IfBillable(const TimeDraft& draft, const Entered& entered, const FieldContext&) {
     if (!entered || draft.record.isBillable) return {};
     return {ExitCode::Usage, LoadText(Text::CliNotBillable)};
 }
@@ -111,7 +111,7 @@ std::span<const OptionRow> TimeFieldOptions() {
     return kOptions;
 }
 
-FieldProblem EnterTimeFields(CTRecord& record, const CArguments& arguments, const FieldNeeds& needs) {
+FieldProblem EnterTimeFields(CTRecord& record, const CArguments& arguments, const FieldContext& context) {
     TimeDraft draft{record};
-    return EnterAll<TimeDraft>(kFields, draft, arguments, needs);
+    return EnterAll<TimeDraft>(kFields, draft, arguments, context);
 }

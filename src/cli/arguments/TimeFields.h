@@ -9,4 +9,4 @@ class CTRecord;
 /// Enters the fields of a time record in this order: date, items, notes, billable, start, end, duration,
 /// break, rate, amount, billed.
 [[nodiscard]] FieldProblem EnterTimeFields(CTRecord& record, const CArguments& arguments,
-                                           const FieldNeeds& needs);
+                                           const FieldContext& context);

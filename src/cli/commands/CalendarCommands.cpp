@@ -3,12 +3,12 @@
 #include "calendar/CalendarMath.h"
 #include "calendar/PeriodFilter.h"
 #include "cli/arguments/CArguments.h"
+#include "cli/arguments/EnteredValues.h"
+#include "cli/commands/RecordSteps.h"
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
-#include "cli/arguments/EnteredValues.h"
 #include "cli/output/PeriodOutput.h"
 #include "cli/output/RecordColumns.h"
-#include "cli/commands/RecordSteps.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
 
@@ -70,10 +70,10 @@ bool SetsDays(const PeriodFilter& period) {
     return period.isEnabled && period.startText != LoadText(Text::AnyWord);
 }
 
-void WritePeriodOf(CJsonText& json, const PeriodFilter& filter, const PeriodSurroundings& around) {
+void WritePeriodOf(CJsonText& json, const PeriodFilter& filter, const PeriodContext& context) {
     if (!filter.isEnabled) return json.Null();
     DateTimeVal start, end;
-    const bool hasDates = SetsDays(filter) && filter.Dates(start, end, around);
+    const bool hasDates = SetsDays(filter) && filter.Dates(start, end, context);
     json.BeginObject();
     json.Key("preset");
     json.Integer(filter.preset);
@@ -122,20 +122,20 @@ ExitCode ListPeriods(const CArguments&, Console& console) {
 
 ExitCode ShowPeriod(const CArguments& arguments, Console& console, const CCfgStore& settings) {
     const QString typed = arguments.Words().first();
-    const PeriodSurroundings around{console.clock, settings.Region(), settings.firstDayOfWeek,
-                                    settings.yearDisplayFormat};
+    const PeriodContext context{console.clock, settings.Region(), settings.firstDayOfWeek,
+                                settings.yearDisplayFormat};
     PeriodFilter period;
     const auto preset = EnteredValues::ReadCount(typed);
-    if (!preset || !period.ApplyPreset(*preset, around))
+    if (!preset || !period.ApplyPreset(*preset, context))
         return Refuse(ExitCode::NotFound, FormatText<Text::CliNoSuchPeriod>(typed), console);
     if (console.out.isJson) {
         CJsonText json(console.out);
-        WritePeriodOf(json, period, around);
+        WritePeriodOf(json, period, context);
         console.out.Put("\n");
         return ExitCode::Done;
     }
     DateTimeVal start, end;
-    const bool hasDates = SetsDays(period) && period.Dates(start, end, around);
+    const bool hasDates = SetsDays(period) && period.Dates(start, end, context);
     console.out.PutLine(
         hasDates ? FormatText<Text::CliPeriodLine>(period.displayName, IsoText(start), IsoText(end))
                  : FormatText<Text::CliPeriodWithoutDays>(period.displayName));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/commands/CommandTable.h"
+#include "cli/commands/CommandRow.h"
 
 // The groups "day" and "period".
 

@@ -2,11 +2,11 @@
 
 #include "app/RecordMode.h"
 #include "cli/arguments/CArguments.h"
-#include "cli/output/CJsonText.h"
-#include "cli/output/COutput.h"
-#include "cli/home/CSettingsOwner.h"
 #include "cli/arguments/ColumnArguments.h"
 #include "cli/commands/RecordSteps.h"
+#include "cli/home/CSettingsOwner.h"
+#include "cli/output/CJsonText.h"
+#include "cli/output/COutput.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
 

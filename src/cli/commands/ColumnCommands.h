@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/commands/CommandTable.h"
+#include "cli/commands/CommandRow.h"
 
 // The group "columns": what the record list shows of a kind of records, and the levels of the data tree.
 

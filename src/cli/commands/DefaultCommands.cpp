@@ -2,15 +2,16 @@
 
 #include "app/CVelmarchDoc.h"
 #include "cli/arguments/CArguments.h"
+#include "cli/arguments/RecordFields.h"
+#include "cli/commands/RecordSteps.h"
+#include "cli/home/CSettingsOwner.h"
+#include "cli/home/RecordContext.h"
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
-#include "cli/home/CSettingsOwner.h"
-#include "cli/commands/RecordDesk.h"
-#include "cli/arguments/RecordFields.h"
 #include "cli/output/RecordOutput.h"
-#include "cli/commands/RecordSteps.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
+#include "records/RecordFactory.h"
 
 #include <algorithm>
 
@@ -83,16 +84,16 @@ QString CheckFields(const CArguments& arguments, RecordKind kind) {
 /// What is to be stored: a copy of a record, or a new one of today with these fields. Null after telling why
 /// there is none.
 std::unique_ptr<CVORec> MakeDefault(RecordKind kind, const CArguments& arguments, Console& console,
-                                    RecordDesk& desk, ExitCode& exit) {
+                                    RecordContext& context, ExitCode& exit) {
     if (const auto id = arguments.Value("from")) {
-        const CVORec* record = FindRecord(kind, *id, console, desk);
-        exit = record ? ExitCode::Done : LookupFailed(desk);
+        const CVORec* record = FindRecord(kind, *id, console, context);
+        exit = record ? ExitCode::Done : LookupFailed(context);
         return record ? record->Clone() : nullptr;
     }
     std::unique_ptr<CVORec> record = RecordOfToday(kind, console.clock);
-    Settings noted = desk.settings;
+    Settings noted = context.settings;
     const FieldProblem problem =
-        EnterFields(*record, arguments, {noted, desk.settings.Region(), console.clock, nullptr});
+        EnterFields(*record, arguments, {noted, context.settings.Region(), console.clock, nullptr});
     exit = problem.exit;
     if (exit == ExitCode::Done) return record;
     console.out.Complain(problem.words);
@@ -101,8 +102,8 @@ std::unique_ptr<CVORec> MakeDefault(RecordKind kind, const CArguments& arguments
 
 /// A default that is replaced keeps its name: "standard" replaces "Standard".
 std::optional<QString> AgreedName(const QString& name, RecordMode mode, Console& console,
-                                  const RecordDesk& desk) {
-    const auto former = desk.owner.Defaults(mode).FindName(name);
+                                  const RecordContext& context) {
+    const auto former = context.owner.Defaults(mode).FindName(name);
     if (!former) return name;
     const bool isAgreed = Confirm(Text::CliDefaultExists, FormatText<Text::CliDefaultExists>(*former),
                                   Text::NewDefaultTitle, Text::NewDefaultTitle, console);
@@ -145,7 +146,7 @@ ExitCode ShowDefault(const CArguments& arguments, Console& console, CSettingsOwn
     return ExitCode::Done;
 }
 
-ExitCode SaveDefault(const CArguments& arguments, Console& console, RecordDesk& desk) {
+ExitCode SaveDefault(const CArguments& arguments, Console& console, RecordContext& context) {
     const auto mode = ModeOf(arguments, console);
     if (!mode) return ExitCode::Usage;
     const QString name = arguments.Words().first();
@@ -155,14 +156,14 @@ ExitCode SaveDefault(const CArguments& arguments, Console& console, RecordDesk& 
     if (NamedDefaults::LooksReserved(name)) return RefuseReserved(name, console);
 
     ExitCode exit = ExitCode::Done;
-    const std::unique_ptr<CVORec> record = MakeDefault(KindOf(*mode), arguments, console, desk, exit);
+    const std::unique_ptr<CVORec> record = MakeDefault(KindOf(*mode), arguments, console, context, exit);
     QByteArray bytes;
     if (!record || !record->ToBytes(bytes)) return record ? ExitCode::Failed : exit;
-    const auto agreed = AgreedName(name, *mode, console, desk);
+    const auto agreed = AgreedName(name, *mode, console, context);
     if (!agreed) return ExitCode::Failed;
     QJsonObject request = Request(*mode, u"write"_s, *agreed);
     request.insert(u"record"_s, QString::fromLatin1(bytes.toBase64()));
-    exit = ChangeSettings(request, console, desk.owner);
+    exit = ChangeSettings(request, console, context.owner);
     record->SetId({});
     if (exit == ExitCode::Done) WriteRecord(console.out, {*record});
     return exit;

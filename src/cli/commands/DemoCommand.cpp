@@ -1,13 +1,13 @@
 #include "app/CVelmarchDoc.h"
 #include "app/DemoData.h"
 #include "cli/arguments/CArguments.h"
-#include "cli/output/CJsonText.h"
-#include "cli/output/COutput.h"
-#include "cli/home/CWindowLink.h"
 #include "cli/arguments/EnteredValues.h"
 #include "cli/commands/OtherCommands.h"
-#include "cli/commands/RecordDesk.h"
 #include "cli/commands/RecordSteps.h"
+#include "cli/home/CWindowLink.h"
+#include "cli/home/RecordContext.h"
+#include "cli/output/CJsonText.h"
+#include "cli/output/COutput.h"
 #include "lang/FormatText.h"
 
 #include <unistd.h>
@@ -37,7 +37,7 @@ std::span<const OptionRow> DemoOptions() {
     return kDemoOptions;
 }
 
-ExitCode FillDemo(const CArguments& arguments, Console& console, RecordDesk& desk) {
+ExitCode FillDemo(const CArguments& arguments, Console& console, RecordContext& context) {
     const QString typed = arguments.Words().first();
     const auto count = EnteredValues::ReadCount(typed);
     if (!count || *count < 1 || *count > kMostRecords)
@@ -51,13 +51,13 @@ ExitCode FillDemo(const CArguments& arguments, Console& console, RecordDesk& des
         console.out.Progress(FormatText<Text::CliProgress>(written, *count));
     };
     const DemoOutcome outcome =
-        FillWithDemoData(desk.document.Store(), console.clock, counts, static_cast<std::uint32_t>(*seed),
+        FillWithDemoData(context.document.Store(), console.clock, counts, static_cast<std::uint32_t>(*seed),
                          showsProgress ? progress : std::function<void(int)>());
     if (showsProgress) console.out.NoteBare(QStringLiteral("\n"));
     if (outcome == DemoOutcome::NotEmpty)
         return Refuse(ExitCode::Failed, LoadText(Text::CliDemoNotEmpty), console);
     if (outcome == DemoOutcome::Failed) return ExitCode::Failed;
-    if (!desk.window.TellAllChanged()) console.out.Note(LoadText(Text::CliWindowNotTold));
+    if (!context.window.TellAllChanged()) console.out.Note(LoadText(Text::CliWindowNotTold));
     WriteDone(console.out, counts);
     return ExitCode::Done;
 }

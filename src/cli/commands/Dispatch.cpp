@@ -1,12 +1,12 @@
 #include "cli/commands/Dispatch.h"
 
 #include "app/CVelmarchApp.h"
-#include "cli/arguments/CCommandLine.h"
+#include "cli/commands/CCommandLine.h"
+#include "cli/commands/CommandTable.h"
 #include "cli/home/CSettingsOwner.h"
 #include "cli/home/CTimerAccess.h"
 #include "cli/home/CWindowLink.h"
-#include "cli/commands/CommandTable.h"
-#include "cli/commands/RecordDesk.h"
+#include "cli/home/RecordContext.h"
 #include "platform/host/CMessagePump.h"
 
 namespace {
@@ -63,8 +63,8 @@ class CRunner {
         CWindowLink window(app.Home());
         CTimerAccess timers(m_console.clock, app.Document(), app.Settings(), window);
         CSettingsOwner owner(app.Settings(), window, m_console.clock);
-        RecordDesk desk{app.Document(), app.Settings(), timers, window, app.Catalogue(), owner};
-        return run(m_request.arguments, m_console, desk);
+        RecordContext context{app.Document(), app.Settings(), timers, window, app.Catalogue(), owner};
+        return run(m_request.arguments, m_console, context);
     }
 
  private:

@@ -1,8 +1,8 @@
 #include "cli/arguments/CArguments.h"
+#include "cli/commands/OtherCommands.h"
 #include "cli/doctor/CDoctor.h"
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
-#include "cli/commands/OtherCommands.h"
 #include "lang/FormatText.h"
 
 #include <algorithm>

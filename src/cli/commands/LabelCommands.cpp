@@ -4,14 +4,14 @@
 #include "app/CVelmarchDoc.h"
 #include "app/StoreChange.h"
 #include "cli/arguments/CArguments.h"
-#include "cli/output/CJsonText.h"
-#include "cli/output/COutput.h"
-#include "cli/home/CSettingsOwner.h"
-#include "cli/home/CWindowLink.h"
 #include "cli/arguments/EnteredValues.h"
 #include "cli/commands/ListSteps.h"
-#include "cli/commands/RecordDesk.h"
 #include "cli/commands/RecordSteps.h"
+#include "cli/home/CSettingsOwner.h"
+#include "cli/home/CWindowLink.h"
+#include "cli/home/RecordContext.h"
+#include "cli/output/CJsonText.h"
+#include "cli/output/COutput.h"
 #include "lang/FormatText.h"
 #include "lists/LabelSets.h"
 
@@ -81,34 +81,34 @@ void WriteAll(COutput& out, const FieldLabels& labels) {
 
 /// Changes names, and lets the captions of columns follow: a running window does that for its own columns
 /// when it is told, so one that can't be told is no time for it.
-ExitCode Change(const std::function<bool(CLabelEditor&)>& work, Console& console, RecordDesk& desk) {
-    if (desk.window.IsThere() && !desk.window.Reach())
+ExitCode Change(const std::function<bool(CLabelEditor&)>& work, Console& console, RecordContext& context) {
+    if (context.window.IsThere() && !context.window.Reach())
         return Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsSettings), console);
-    const StoreHold hold(desk.document.Store());
-    if (!hold.IsHeld() || !desk.catalogue.Load()) return ExitCode::Failed;
-    CLabelEditor editor(desk.catalogue);
-    if (!work(editor) || !desk.document.Commit()) return ExitCode::Failed;
-    if (!desk.window.IsThere() && !desk.owner.NameColumns(desk.catalogue.Labels()))
+    const StoreHold hold(context.document.Store());
+    if (!hold.IsHeld() || !context.catalogue.Load()) return ExitCode::Failed;
+    CLabelEditor editor(context.catalogue);
+    if (!work(editor) || !context.document.Commit()) return ExitCode::Failed;
+    if (!context.window.IsThere() && !context.owner.NameColumns(context.catalogue.Labels()))
         console.out.Note(LoadText(Text::CliSettingsNotSaved));
-    AnnounceLists(console, desk);
+    AnnounceLists(console, context);
     return ExitCode::Done;
 }
 
-ExitCode ChangeAll(const std::function<bool(CLabelEditor&)>& work, Console& console, RecordDesk& desk) {
-    const ExitCode exit = Change(work, console, desk);
-    if (exit == ExitCode::Done) WriteAll(console.out, desk.catalogue.Labels());
+ExitCode ChangeAll(const std::function<bool(CLabelEditor&)>& work, Console& console, RecordContext& context) {
+    const ExitCode exit = Change(work, console, context);
+    if (exit == ExitCode::Done) WriteAll(console.out, context.catalogue.Labels());
     return exit;
 }
 
 }  // namespace
 
-ExitCode ListLabels(const CArguments&, Console& console, RecordDesk& desk) {
-    if (!desk.catalogue.Load()) return ExitCode::Failed;
-    WriteAll(console.out, desk.catalogue.Labels());
+ExitCode ListLabels(const CArguments&, Console& console, RecordContext& context) {
+    if (!context.catalogue.Load()) return ExitCode::Failed;
+    WriteAll(console.out, context.catalogue.Labels());
     return ExitCode::Done;
 }
 
-ExitCode SetLabel(const CArguments& arguments, Console& console, RecordDesk& desk) {
+ExitCode SetLabel(const CArguments& arguments, Console& console, RecordContext& context) {
     const QString typed = arguments.Words()[0], text = arguments.Words()[1];
     const auto field = EnteredValues::ReadCount(typed);
     if (!field || *field < kFirstLabel || *field > kLastLabel)
@@ -117,18 +117,18 @@ ExitCode SetLabel(const CArguments& arguments, Console& console, RecordDesk& des
         return Refuse(ExitCode::Usage,
                       FormatText<Text::CliTooLong>(static_cast<int>(text.size()), kLongestItem), console);
     const ExitCode exit =
-        Change([&](CLabelEditor& editor) { return editor.SetLabel(*field, text); }, console, desk);
-    if (exit == ExitCode::Done) WriteOne(console.out, *field, desk.catalogue.Labels());
+        Change([&](CLabelEditor& editor) { return editor.SetLabel(*field, text); }, console, context);
+    if (exit == ExitCode::Done) WriteOne(console.out, *field, context.catalogue.Labels());
     return exit;
 }
 
-ExitCode ResetLabels(const CArguments&, Console& console, RecordDesk& desk) {
+ExitCode ResetLabels(const CArguments&, Console& console, RecordContext& context) {
     if (!Confirm(Text::AskResetLabels, Text::AskResetLabelsTitle, Text::AskResetLabelsTitle, console))
         return ExitCode::Failed;
-    return ChangeAll([](CLabelEditor& editor) { return editor.Reset(); }, console, desk);
+    return ChangeAll([](CLabelEditor& editor) { return editor.Reset(); }, console, context);
 }
 
-ExitCode UseLabelPreset(const CArguments& arguments, Console& console, RecordDesk& desk) {
+ExitCode UseLabelPreset(const CArguments& arguments, Console& console, RecordContext& context) {
     const QString typed = arguments.Words().first();
     const auto row = std::ranges::find_if(
         kPresets, [&](const PresetRow& one) { return typed == QLatin1String(one.name); });
@@ -136,5 +136,5 @@ ExitCode UseLabelPreset(const CArguments& arguments, Console& console, RecordDes
         return Refuse(ExitCode::Usage, FormatText<Text::CliNoSuchPreset>(typed), console);
     if (!Confirm(row->question, Text::AskLabelsPresetTitle, Text::AskLabelsPresetTitle, console))
         return ExitCode::Failed;
-    return ChangeAll([&](CLabelEditor& editor) { return editor.ApplyPreset(row->preset); }, console, desk);
+    return ChangeAll([&](CLabelEditor& editor) { return editor.ApplyPreset(row->preset); }, console, context);
 }

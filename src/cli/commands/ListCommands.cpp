@@ -4,12 +4,12 @@
 #include "app/CVelmarchDoc.h"
 #include "app/StoreChange.h"
 #include "cli/arguments/CArguments.h"
-#include "cli/output/CJsonText.h"
-#include "cli/output/COutput.h"
 #include "cli/arguments/EnteredValues.h"
 #include "cli/commands/ListSteps.h"
-#include "cli/commands/RecordDesk.h"
 #include "cli/commands/RecordSteps.h"
+#include "cli/home/RecordContext.h"
+#include "cli/output/CJsonText.h"
+#include "cli/output/COutput.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
 
@@ -30,10 +30,10 @@ struct OpenList {
     ExitCode exit = ExitCode::Done;  ///< when there is none: not found, or the store can't be read
 };
 
-OpenList Open(const CArguments& arguments, Console& console, RecordDesk& desk) {
+OpenList Open(const CArguments& arguments, Console& console, RecordContext& context) {
     const ListRow* row = FindList(arguments.Words().first(), console);
     if (!row) return {nullptr, ExitCode::NotFound};
-    if (!desk.catalogue.LoadLists({row->list})) return {nullptr, ExitCode::Failed};
+    if (!context.catalogue.LoadLists({row->list})) return {nullptr, ExitCode::Failed};
     return {row};
 }
 
@@ -51,9 +51,9 @@ bool IsReadable(const ListRow& row, const QString& text, const CRegionalInfo& re
 }
 
 /// Changes lists and trees as they are by now, with nobody in between. The user has been asked before.
-bool AsLoadedNow(RecordDesk& desk, const std::function<bool()>& change) {
-    const StoreHold hold(desk.document.Store());
-    return hold.IsHeld() && desk.catalogue.Load() && change() && desk.document.Commit();
+bool AsLoadedNow(RecordContext& context, const std::function<bool()>& change) {
+    const StoreHold hold(context.document.Store());
+    return hold.IsHeld() && context.catalogue.Load() && change() && context.document.Commit();
 }
 
 ExitCode NoSuchItem(const QString& text, Console& console) {
@@ -91,83 +91,85 @@ ExitCode ShowLists(const CArguments&, Console& console) {
     return ExitCode::Done;
 }
 
-ExitCode ListItems(const CArguments& arguments, Console& console, RecordDesk& desk) {
-    const OpenList list = Open(arguments, console, desk);
+ExitCode ListItems(const CArguments& arguments, Console& console, RecordContext& context) {
+    const OpenList list = Open(arguments, console, context);
     if (!list.row) return list.exit;
-    PrintTexts(console.out, desk.catalogue.Texts(list.row->list));
+    PrintTexts(console.out, context.catalogue.Texts(list.row->list));
     return ExitCode::Done;
 }
 
-ExitCode AddItem(const CArguments& arguments, Console& console, RecordDesk& desk) {
+ExitCode AddItem(const CArguments& arguments, Console& console, RecordContext& context) {
     const QString text = arguments.Words()[1];
     if (const QString words = CheckLength(text); !words.isEmpty())
         return Refuse(ExitCode::Usage, words, console);
     // While a question stands, others can't be kept waiting.
     std::optional<StoreHold> hold;
-    if (!desk.settings.confirmAddListItem && !hold.emplace(desk.document.Store()).IsHeld())
+    if (!context.settings.confirmAddListItem && !hold.emplace(context.document.Store()).IsHeld())
         return ExitCode::Failed;
-    const OpenList list = Open(arguments, console, desk);
+    const OpenList list = Open(arguments, console, context);
     if (!list.row) return list.exit;
-    if (!IsReadable(*list.row, text, desk.settings.Region()) ||
-        desk.catalogue.CheckNewItem(list.row->list, text) == NewItem::Refused)
+    if (!IsReadable(*list.row, text, context.settings.Region()) ||
+        context.catalogue.CheckNewItem(list.row->list, text) == NewItem::Refused)
         return Refuse(ExitCode::Failed, FormatText<Text::CliItemRefused>(text), console);
-    if (!desk.catalogue.AddItem(list.row->list, text, true)) return ExitCode::Failed;
-    AnnounceLists(console, desk);
+    if (!context.catalogue.AddItem(list.row->list, text, true)) return ExitCode::Failed;
+    AnnounceLists(console, context);
     PrintDone(console.out, "added", 1);
     return ExitCode::Done;
 }
 
 /// The records come first: after a program was killed in between, the same command finishes the job. Where
 /// the list has the new text already, its items stay as they are, and only records take it.
-ExitCode RenameItem(const CArguments& arguments, Console& console, RecordDesk& desk) {
+ExitCode RenameItem(const CArguments& arguments, Console& console, RecordContext& context) {
     const QString former = arguments.Words()[1], text = arguments.Words()[2];
     if (const QString words = CheckLength(text); !words.isEmpty())
         return Refuse(ExitCode::Usage, words, console);
-    const StoreHold hold(desk.document.Store());
+    const StoreHold hold(context.document.Store());
     if (!hold.IsHeld()) return ExitCode::Failed;
-    const OpenList opened = Open(arguments, console, desk);
+    const OpenList opened = Open(arguments, console, context);
     if (!opened.row) return opened.exit;
     const int list = opened.row->list;
-    if (!desk.catalogue.HasItem(list, ItemText(list, former))) return NoSuchItem(former, console);
+    if (!context.catalogue.HasItem(list, ItemText(list, former))) return NoSuchItem(former, console);
     const bool isInRecords = arguments.Has("in-records");
     const bool isMerge = isInRecords && ItemText(list, former) != ItemText(list, text) &&
-                         desk.catalogue.HasItem(list, ItemText(list, text));
-    if (!isMerge && (!IsReadable(*opened.row, text, desk.settings.Region()) ||
-                     desk.catalogue.CheckNewItem(list, text) == NewItem::Refused))
+                         context.catalogue.HasItem(list, ItemText(list, text));
+    if (!isMerge && (!IsReadable(*opened.row, text, context.settings.Region()) ||
+                     context.catalogue.CheckNewItem(list, text) == NewItem::Refused))
         return Refuse(ExitCode::Failed, FormatText<Text::CliRenameRefused>(text), console);
     int count = 0;
-    if (isInRecords) desk.catalogue.ReplaceInRecords(count, list, former, text);
-    if (!isMerge && !desk.catalogue.RenameItem(list, former, text)) return ExitCode::Failed;
-    AnnounceLists(console, desk);
+    if (isInRecords) context.catalogue.ReplaceInRecords(count, list, former, text);
+    if (!isMerge && !context.catalogue.RenameItem(list, former, text)) return ExitCode::Failed;
+    AnnounceLists(console, context);
     PrintCount(console.out, "changed", Text::CliChanged, count);
     return ExitCode::Done;
 }
 
-ExitCode DeleteItem(const CArguments& arguments, Console& console, RecordDesk& desk) {
-    const OpenList opened = Open(arguments, console, desk);
+ExitCode DeleteItem(const CArguments& arguments, Console& console, RecordContext& context) {
+    const OpenList opened = Open(arguments, console, context);
     if (!opened.row) return opened.exit;
     const int list = opened.row->list;
     const QString text = arguments.Words()[1];
-    if (!desk.catalogue.HasItem(list, ItemText(list, text))) return NoSuchItem(text, console);
-    const bool isAgreed = !desk.settings.confirmDeleteListItem ||
+    if (!context.catalogue.HasItem(list, ItemText(list, text))) return NoSuchItem(text, console);
+    const bool isAgreed = !context.settings.confirmDeleteListItem ||
                           Confirm(Text::CliAskDeleteItem, Text::ListsTitle, Text::AskDeleteTitle, console);
-    const bool isDone = isAgreed && AsLoadedNow(desk, [&] { return desk.catalogue.DeleteItem(list, text); });
-    if (isDone) AnnounceLists(console, desk);
+    const bool isDone =
+        isAgreed && AsLoadedNow(context, [&] { return context.catalogue.DeleteItem(list, text); });
+    if (isDone) AnnounceLists(console, context);
     PrintCount(console.out, "deleted", Text::CliItemsDeleted, isDone ? 1 : 0);
     return isDone ? ExitCode::Done : ExitCode::Failed;
 }
 
 /// An empty list is nothing to ask about.
-ExitCode ClearItems(const CArguments& arguments, Console& console, RecordDesk& desk) {
-    const OpenList opened = Open(arguments, console, desk);
+ExitCode ClearItems(const CArguments& arguments, Console& console, RecordContext& context) {
+    const OpenList opened = Open(arguments, console, context);
     if (!opened.row) return opened.exit;
     const int list = opened.row->list;
-    const qsizetype count = desk.catalogue.Texts(list).size();
-    const bool isAgreed = count == 0 || !desk.settings.confirmDeleteListItem ||
+    const qsizetype count = context.catalogue.Texts(list).size();
+    const bool isAgreed = count == 0 || !context.settings.confirmDeleteListItem ||
                           Confirm(Text::CliAskClearList, Text::ListsTitle, Text::AskDeleteTitle, console);
     const bool isDone =
-        isAgreed && (count == 0 || AsLoadedNow(desk, [&] { return desk.catalogue.DeleteAllItems(list); }));
-    if (isDone && count > 0) AnnounceLists(console, desk);
+        isAgreed &&
+        (count == 0 || AsLoadedNow(context, [&] { return context.catalogue.DeleteAllItems(list); }));
+    if (isDone && count > 0) AnnounceLists(console, context);
     PrintCount(console.out, "deleted", Text::CliItemsDeleted, isDone ? count : 0);
     return isDone ? ExitCode::Done : ExitCode::Failed;
 }

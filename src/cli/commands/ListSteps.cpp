@@ -1,10 +1,10 @@
 #include "cli/commands/ListSteps.h"
 
+#include "cli/arguments/EnteredValues.h"
+#include "cli/home/CWindowLink.h"
+#include "cli/home/RecordContext.h"
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
-#include "cli/home/CWindowLink.h"
-#include "cli/arguments/EnteredValues.h"
-#include "cli/commands/RecordDesk.h"
 #include "lang/FormatText.h"
 
 #include <algorithm>
@@ -26,8 +26,8 @@ QString ItemText(int list, const QString& typed) {
     return HoldsNumbers(list) && NormaliseNumber(typed, number, display) ? display : typed;
 }
 
-void AnnounceLists(Console& console, RecordDesk& desk) {
-    if (!desk.window.TellAllChanged()) console.out.Note(LoadText(Text::CliWindowNotTold));
+void AnnounceLists(Console& console, RecordContext& context) {
+    if (!context.window.TellAllChanged()) console.out.Note(LoadText(Text::CliWindowNotTold));
 }
 
 void PrintDone(COutput& out, const char* key, qsizetype count) {

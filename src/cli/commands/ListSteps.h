@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/ListTable.h"
-#include "cli/commands/CommandTable.h"
+#include "cli/commands/CommandRow.h"
 
 #include <QString>
 
@@ -13,7 +13,7 @@
 /// What an item of the list shows that was typed like this: 0.50 is 0.5 in a list of numbers.
 [[nodiscard]] QString ItemText(int list, const QString& typed);
 /// Tells the window that lists, dependencies or names changed, and the user when the window can't be told.
-void AnnounceLists(Console& console, RecordDesk& desk);
+void AnnounceLists(Console& console, RecordContext& context);
 /// {"added": 2}; nothing for people, who see it by the lack of a complaint.
 void PrintDone(COutput& out, const char* key, qsizetype count);
 

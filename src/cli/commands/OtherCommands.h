@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/commands/CommandTable.h"
+#include "cli/commands/CommandRow.h"
 
 #include <QString>
 
@@ -8,6 +8,6 @@
 
 [[nodiscard]] ExitCode ListTexts(const CArguments& arguments, Console& console);
 [[nodiscard]] ExitCode RunDoctor(const CArguments& arguments, Console& console, const QString& homeOption);
-[[nodiscard]] ExitCode FillDemo(const CArguments& arguments, Console& console, RecordDesk& desk);
+[[nodiscard]] ExitCode FillDemo(const CArguments& arguments, Console& console, RecordContext& context);
 
 [[nodiscard]] std::span<const OptionRow> DemoOptions();

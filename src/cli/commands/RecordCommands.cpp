@@ -3,13 +3,13 @@
 #include "app/CVelmarchDoc.h"
 #include "app/StoreChange.h"
 #include "cli/arguments/CArguments.h"
-#include "cli/output/COutput.h"
-#include "cli/home/CSettingsOwner.h"
-#include "cli/doctor/KeptTexts.h"
-#include "cli/commands/RecordDesk.h"
 #include "cli/arguments/RecordFields.h"
-#include "cli/output/RecordOutput.h"
+#include "cli/commands/KeptTexts.h"
 #include "cli/commands/RecordSteps.h"
+#include "cli/home/CSettingsOwner.h"
+#include "cli/home/RecordContext.h"
+#include "cli/output/COutput.h"
+#include "cli/output/RecordOutput.h"
 #include "config/CCfgStore.h"
 #include "lang/LoadText.h"
 
@@ -22,16 +22,16 @@ namespace {
 constexpr OptionRow kEditOptions[] = {{"clear", "FIELD", OptionShape::Values, Text::CliOptClear}};
 
 /// A store that took a record in and then could not write it to disk has told so by itself.
-bool IsWritten(const RecordDesk& desk) {
-    return desk.document.Store().m_lastError == 0;
+bool IsWritten(const RecordContext& context) {
+    return context.document.Store().m_lastError == 0;
 }
 
 /// The last reading becomes the suggestion for the next expense. The record is stored; that this fails is no
 /// failure of the command.
-void KeepOdometer(const Settings& noted, Console& console, RecordDesk& desk) {
-    if (noted.odometerLastEnd == desk.settings.odometerLastEnd) return;
+void KeepOdometer(const Settings& noted, Console& console, RecordContext& context) {
+    if (noted.odometerLastEnd == context.settings.odometerLastEnd) return;
     const QJsonObject answer =
-        desk.owner.Change({{u"name"_s, u"odometerLastEnd"_s}, {u"value"_s, noted.odometerLastEnd}});
+        context.owner.Change({{u"name"_s, u"odometerLastEnd"_s}, {u"value"_s, noted.odometerLastEnd}});
     if (!answer[u"ok"].toBool()) console.out.Note(LoadText(Text::CliOdometerNotNoted));
 }
 
@@ -41,45 +41,45 @@ std::span<const OptionRow> EditOptions() {
     return kEditOptions;
 }
 
-ExitCode AddRecord(RecordKind kind, const CArguments& arguments, Console& console, RecordDesk& desk) {
+ExitCode AddRecord(RecordKind kind, const CArguments& arguments, Console& console, RecordContext& context) {
     const std::unique_ptr<CVORec> record = RecordOfToday(kind, console.clock);
-    Settings noted = desk.settings;
+    Settings noted = context.settings;
     const FieldProblem problem =
-        EnterFields(*record, arguments, {noted, desk.settings.Region(), console.clock, nullptr});
+        EnterFields(*record, arguments, {noted, context.settings.Region(), console.clock, nullptr});
     if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
     QString id;
-    if (!desk.document.AddRecord(*record, true, false, true, &id) || !IsWritten(desk))
+    if (!context.document.AddRecord(*record, true, false, true, &id) || !IsWritten(context))
         return ExitCode::Failed;
-    KeepOdometer(noted, console, desk);
-    Announce(kind, {id}, console, desk, KeepTexts(*record, arguments, desk));
-    PrintRecord(kind, id, console, desk);
+    KeepOdometer(noted, console, context);
+    Announce(kind, {id}, console, context, KeepTexts(*record, arguments, context));
+    PrintRecord(kind, id, console, context);
     return ExitCode::Done;
 }
 
-ExitCode EditRecord(RecordKind kind, const CArguments& arguments, Console& console, RecordDesk& desk) {
-    desk.timers.Look();  // the window may be asked for them, so that comes before others have to wait
-    const StoreHold hold(desk.document.Store());
+ExitCode EditRecord(RecordKind kind, const CArguments& arguments, Console& console, RecordContext& context) {
+    context.timers.Look();  // the window may be asked for them, so that comes before others have to wait
+    const StoreHold hold(context.document.Store());
     if (!hold.IsHeld()) return ExitCode::Failed;
-    const CVORec* stored = FindRecord(kind, arguments.Words().first(), console, desk);
-    if (!stored) return LookupFailed(desk);
+    const CVORec* stored = FindRecord(kind, arguments.Words().first(), console, context);
+    if (!stored) return LookupFailed(context);
     const std::unique_ptr<CVORec> record = stored->Clone();
-    Settings noted = desk.settings;
-    const FieldProblem problem =
-        EnterFields(*record, arguments, {noted, desk.settings.Region(), console.clock, &desk.timers.Desk()});
+    Settings noted = context.settings;
+    const FieldProblem problem = EnterFields(
+        *record, arguments, {noted, context.settings.Region(), console.clock, &context.timers.Service()});
     if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
     const QString id = record->GetId();
-    if (!desk.document.ModifyRecord(*record, id, true, false, true, true) || !IsWritten(desk))
+    if (!context.document.ModifyRecord(*record, id, true, false, true, true) || !IsWritten(context))
         return ExitCode::Failed;
-    KeepOdometer(noted, console, desk);
-    Announce(kind, {id}, console, desk, KeepTexts(*record, arguments, desk));
-    PrintRecord(kind, id, console, desk);
+    KeepOdometer(noted, console, context);
+    Announce(kind, {id}, console, context, KeepTexts(*record, arguments, context));
+    PrintRecord(kind, id, console, context);
     return ExitCode::Done;
 }
 
-ExitCode ShowRecord(RecordKind kind, const CArguments& arguments, Console& console, RecordDesk& desk) {
-    const CVORec* record = FindRecord(kind, arguments.Words().first(), console, desk);
-    if (!record) return LookupFailed(desk);
-    desk.timers.Look();
-    WriteRecord(console.out, {*record, desk.timers.Shown(record->GetId())});
+ExitCode ShowRecord(RecordKind kind, const CArguments& arguments, Console& console, RecordContext& context) {
+    const CVORec* record = FindRecord(kind, arguments.Words().first(), console, context);
+    if (!record) return LookupFailed(context);
+    context.timers.Look();
+    WriteRecord(console.out, {*record, context.timers.Shown(record->GetId())});
     return ExitCode::Done;
 }

@@ -1,14 +1,14 @@
 #include "app/CVelmarchDoc.h"
 #include "cli/arguments/CArguments.h"
-#include "cli/output/CJsonText.h"
-#include "cli/output/COutput.h"
 #include "cli/arguments/EnteredValues.h"
 #include "cli/arguments/FilterArguments.h"
-#include "cli/output/PeriodOutput.h"
 #include "cli/commands/RecordCommands.h"
-#include "cli/commands/RecordDesk.h"
-#include "cli/output/RecordOutput.h"
 #include "cli/commands/RecordSteps.h"
+#include "cli/home/RecordContext.h"
+#include "cli/output/CJsonText.h"
+#include "cli/output/COutput.h"
+#include "cli/output/PeriodOutput.h"
+#include "cli/output/RecordOutput.h"
 #include "cli/output/RecordSums.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
@@ -61,7 +61,7 @@ QString ReadOrder(RecordKind kind, const CArguments& arguments, ListOrder& order
 /// Only the days of the period are read where it has days; everything otherwise.
 void LoadPeriod(RecordKind kind, const PeriodFilter& filter, CVelmarchDoc& document) {
     DateTimeVal first, last;
-    if (filter.isEnabled && filter.Dates(first, last, document.PeriodNeeds()))
+    if (filter.isEnabled && filter.Dates(first, last, document.GetPeriodContext()))
         document.LoadDays(kind, first, last);
     else
         document.LoadRecords(kind);
@@ -88,40 +88,40 @@ Records Collect(const CVelmarchDoc& document, const ListOrder& order) {
     return records;
 }
 
-void WriteListJson(COutput& out, RecordKind kind, RecordDesk& desk, const PeriodFilter& filter,
+void WriteListJson(COutput& out, RecordKind kind, RecordContext& context, const PeriodFilter& filter,
                    const Records& records, std::size_t shown) {
     CJsonText json(out);
     json.BeginObject();
     json.Key("mode");
     json.Text(kind == RecordKind::Time ? u"time"_s : u"expense"_s);
     json.Key("period");
-    WritePeriodOf(json, filter, desk.document.PeriodNeeds());
+    WritePeriodOf(json, filter, context.document.GetPeriodContext());
     json.Key("count");
     json.Integer(static_cast<qint64>(records.size()));
     json.Key("records");
     json.BeginArray();
     for (std::size_t i = 0; i < shown && !out.IsBroken(); ++i) {
         json.NewLine();
-        WriteRecordJson(json, {*records[i], desk.timers.Shown(records[i]->GetId())});
+        WriteRecordJson(json, {*records[i], context.timers.Shown(records[i]->GetId())});
     }
     json.EndArray();
     json.Key("sums");
-    WriteSums(json, kind, AddUp(records), desk.settings);
+    WriteSums(json, kind, AddUp(records), context.settings);
     json.EndObject();
     out.Put("\n");
 }
 
-void WriteListTable(COutput& out, RecordKind kind, RecordDesk& desk, const PeriodFilter& filter,
+void WriteListTable(COutput& out, RecordKind kind, RecordContext& context, const PeriodFilter& filter,
                     const Records& records, std::size_t shown) {
     std::vector<RecordRow> rows;
     rows.reserve(shown);
     for (std::size_t i = 0; i < shown; ++i)
-        rows.push_back({*records[i], desk.timers.Shown(records[i]->GetId())});
+        rows.push_back({*records[i], context.timers.Shown(records[i]->GetId())});
     WriteRecordTable(out, rows);
     out.PutLine(records.size() == 1
                     ? FormatText<Text::CliOneRecord>(filter.displayName)
                     : FormatText<Text::CliRecordCount>(filter.displayName, static_cast<int>(records.size())));
-    WriteSumLines(out, kind, AddUp(records), desk.settings);
+    WriteSumLines(out, kind, AddUp(records), context.settings);
 }
 
 }  // namespace
@@ -130,23 +130,23 @@ std::span<const OptionRow> ListOptions() {
     return kListOptions;
 }
 
-ExitCode ListRecords(RecordKind kind, const CArguments& arguments, Console& console, RecordDesk& desk) {
+ExitCode ListRecords(RecordKind kind, const CArguments& arguments, Console& console, RecordContext& context) {
     ListOrder order;
     if (const QString problem = ReadOrder(kind, arguments, order); !problem.isEmpty())
         return Refuse(ExitCode::Usage, problem, console);
-    const FilterProblem problem = ReadFilter(kind, arguments, desk.document);
+    const FilterProblem problem = ReadFilter(kind, arguments, context.document);
     if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
 
-    desk.timers.Look();
-    desk.document.SetTimers(&desk.timers.Desk());
-    const PeriodFilter& filter = desk.document.FilterOf(kind);
-    LoadPeriod(kind, filter, desk.document);
-    if (desk.document.Store().m_lastError != 0) return ExitCode::Failed;
-    const Records records = Collect(desk.document, order);
+    context.timers.Look();
+    context.document.SetTimers(&context.timers.Service());
+    const PeriodFilter& filter = context.document.FilterOf(kind);
+    LoadPeriod(kind, filter, context.document);
+    if (context.document.Store().m_lastError != 0) return ExitCode::Failed;
+    const Records records = Collect(context.document, order);
     const std::size_t shown = order.limit == 0 ? records.size() : std::min(order.limit, records.size());
     if (console.out.isJson)
-        WriteListJson(console.out, kind, desk, filter, records, shown);
+        WriteListJson(console.out, kind, context, filter, records, shown);
     else
-        WriteListTable(console.out, kind, desk, filter, records, shown);
+        WriteListTable(console.out, kind, context, filter, records, shown);
     return ExitCode::Done;
 }

@@ -1,16 +1,17 @@
 #include "app/CVelmarchDoc.h"
 #include "cli/arguments/CArguments.h"
-#include "cli/output/COutput.h"
+#include "cli/commands/RecordCommands.h"
+#include "cli/commands/RecordSteps.h"
 #include "cli/home/CSettingsOwner.h"
 #include "cli/home/CTimerAccess.h"
 #include "cli/home/CWindowLink.h"
-#include "cli/commands/RecordCommands.h"
-#include "cli/commands/RecordDesk.h"
-#include "cli/commands/RecordSteps.h"
+#include "cli/home/RecordContext.h"
+#include "cli/output/COutput.h"
 #include "config/CCfgStore.h"
 #include "entry/QuickEntry.h"
 #include "lang/FormatText.h"
 #include "records/CTRecord.h"
+#include "records/RecordFactory.h"
 
 #include <QJsonObject>
 
@@ -75,9 +76,9 @@ QString ReadRequest(const CArguments& arguments, QuickRequest& request) {
 }
 
 /// Finds the stored default; one that can't be read is told and fails.
-ExitCode ResolveDefault(QuickRequest& request, Console& console, RecordDesk& desk) {
+ExitCode ResolveDefault(QuickRequest& request, Console& console, RecordContext& context) {
     if ((request.flags & QuickFlag::kDefaults) == 0) return ExitCode::Done;
-    const NamedDefaults defaults = desk.owner.Defaults(theRecordMode);
+    const NamedDefaults defaults = context.owner.Defaults(theRecordMode);
     const auto stored =
         NamedDefaults::IsReserved(request.stored) ? request.stored : defaults.FindName(request.stored);
     if (!stored)
@@ -88,51 +89,54 @@ ExitCode ResolveDefault(QuickRequest& request, Console& console, RecordDesk& des
 }
 
 /// Finds what the new record is made from.
-ExitCode Resolve(QuickRequest& request, Console& console, RecordDesk& desk) {
+ExitCode Resolve(QuickRequest& request, Console& console, RecordContext& context) {
     const auto resolve = [&](int flag, QString& id) {
         if ((request.flags & flag) == 0) return true;
-        const CVORec* record = FindRecord(request.kind, id, console, desk);
+        const CVORec* record = FindRecord(request.kind, id, console, context);
         if (record) id = record->GetId();
         return record != nullptr;
     };
     return resolve(QuickFlag::kCopy, request.copied) && resolve(QuickFlag::kSuccessive, request.followed)
-               ? ResolveDefault(request, console, desk)
-               : LookupFailed(desk);
+               ? ResolveDefault(request, console, context)
+               : LookupFailed(context);
 }
 
 /// Makes the record with the timers at hand; the new identity, empty when it failed.
-QString Make(int flags, const QuickRequest& request, Console& console, RecordDesk& desk) {
-    QuickEntrySurroundings around{desk.document,   desk.timers.Desk(), desk.settings, console.clock, {}, {},
-                                  request.followed};
-    if ((flags & QuickFlag::kCopy) != 0) around.selectedIds = {request.copied};
-    around.fillFromDefaults = [&](CVORec& record) {
-        return desk.owner.Defaults(theRecordMode).Read(request.stored, record);
+QString Make(int flags, const QuickRequest& request, Console& console, RecordContext& context) {
+    QuickEntryContext context{
+        context.document, context.timers.Service(), context.settings, console.clock, {}, {},
+        request.followed};
+    if ((flags & QuickFlag::kCopy) != 0) context.selectedIds = {request.copied};
+    context.fillFromDefaults = [&](CVORec& record) {
+        return context.owner.Defaults(theRecordMode).Read(request.stored, record);
     };
-    const QuickOutcome outcome = NewRecordOf(request.kind, flags, around);
-    const bool isWritten = desk.document.Store().m_lastError == 0;
+    const QuickOutcome outcome = NewRecordOf(request.kind, flags, context);
+    const bool isWritten = context.document.Store().m_lastError == 0;
     return outcome.succeeded && isWritten ? outcome.addedId : QString();
 }
 
 /// The record is made here, and the window, once it knows the record, starts its timer from zero.
-ExitCode MakeBesideWindow(const QuickRequest& request, Console& console, RecordDesk& desk, QString& id) {
-    if (!desk.window.Reach()) return Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsTimers), console);
-    id = Make(request.flags & ~QuickFlag::kTimer, request, console, desk);
+ExitCode MakeBesideWindow(const QuickRequest& request, Console& console, RecordContext& context,
+                          QString& id) {
+    if (!context.window.Reach())
+        return Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsTimers), console);
+    id = Make(request.flags & ~QuickFlag::kTimer, request, console, context);
     if (id.isEmpty()) return ExitCode::Failed;
-    Announce(RecordKind::Time, {id}, console, desk);
+    Announce(RecordKind::Time, {id}, console, context);
     const QJsonObject answer =
-        desk.timers.Run({{u"action"_s, u"start"_s}, {u"id"_s, id}, {u"fromZero"_s, true}});
+        context.timers.Run({{u"action"_s, u"start"_s}, {u"id"_s, id}, {u"fromZero"_s, true}});
     if (answer[u"ok"].toBool()) return ExitCode::Done;
     return Refuse(static_cast<ExitCode>(answer[u"exit"].toInt(1)),
                   FormatText<Text::CliAddedWithoutTimer>(id, answer[u"error"].toString()), console);
 }
 
 /// The record is durable before the timer is: a program killed in between leaves a record without its timer.
-ExitCode MakeWithTimer(const QuickRequest& request, Console& console, RecordDesk& desk, QString& id) {
-    const auto changed = desk.timers.ChangeHere([&] {
-        id = Make(request.flags, request, console, desk);
+ExitCode MakeWithTimer(const QuickRequest& request, Console& console, RecordContext& context, QString& id) {
+    const auto changed = context.timers.ChangeHere([&] {
+        id = Make(request.flags, request, console, context);
         return !id.isEmpty();
     });
-    if (changed == CTimerAccess::Changed::WindowOwns) return MakeBesideWindow(request, console, desk, id);
+    if (changed == CTimerAccess::Changed::WindowOwns) return MakeBesideWindow(request, console, context, id);
     if (changed == CTimerAccess::Changed::Done) return ExitCode::Done;
     if (id.isEmpty()) return ExitCode::Failed;
     const QString added = id;
@@ -140,9 +144,9 @@ ExitCode MakeWithTimer(const QuickRequest& request, Console& console, RecordDesk
                   FormatText<Text::CliAddedWithoutTimer>(added, LoadText(Text::CliTimersNotStored)), console);
 }
 
-ExitCode MakeNow(const QuickRequest& request, Console& console, RecordDesk& desk, QString& id) {
-    if ((request.flags & QuickFlag::kTimer) != 0) return MakeWithTimer(request, console, desk, id);
-    id = Make(request.flags, request, console, desk);
+ExitCode MakeNow(const QuickRequest& request, Console& console, RecordContext& context, QString& id) {
+    if ((request.flags & QuickFlag::kTimer) != 0) return MakeWithTimer(request, console, context, id);
+    id = Make(request.flags, request, console, context);
     return id.isEmpty() ? ExitCode::Failed : ExitCode::Done;
 }
 
@@ -152,17 +156,18 @@ std::span<const OptionRow> NewOptions(RecordKind kind) {
     return kind == RecordKind::Time ? kTimeOptions : kExpenseOptions;
 }
 
-ExitCode NewRecordFrom(RecordKind kind, const CArguments& arguments, Console& console, RecordDesk& desk) {
+ExitCode NewRecordFrom(RecordKind kind, const CArguments& arguments, Console& console,
+                       RecordContext& context) {
     QuickRequest request{kind, 0, {}, {}, {}};
     if (const QString problem = ReadRequest(arguments, request); !problem.isEmpty())
         return Refuse(ExitCode::Usage, problem, console);
-    const ExitCode known = Resolve(request, console, desk);
+    const ExitCode known = Resolve(request, console, context);
     if (known != ExitCode::Done) return known;
     QString id;
-    const ExitCode exit = MakeNow(request, console, desk, id);
+    const ExitCode exit = MakeNow(request, console, context, id);
     if (exit != ExitCode::Done) return exit;
-    Announce(kind, {id}, console, desk);
-    desk.timers.Look();
-    PrintRecord(kind, id, console, desk);
+    Announce(kind, {id}, console, context);
+    context.timers.Look();
+    PrintRecord(kind, id, console, context);
     return ExitCode::Done;
 }

@@ -1,11 +1,11 @@
 #include "app/CVelmarchDoc.h"
 #include "cli/arguments/CArguments.h"
-#include "cli/output/COutput.h"
+#include "cli/commands/RecordCommands.h"
+#include "cli/commands/RecordSteps.h"
 #include "cli/home/CTimerAccess.h"
 #include "cli/home/CWindowLink.h"
-#include "cli/commands/RecordCommands.h"
-#include "cli/commands/RecordDesk.h"
-#include "cli/commands/RecordSteps.h"
+#include "cli/home/RecordContext.h"
+#include "cli/output/COutput.h"
 #include "config/CCfgStore.h"
 #include "entry/RecordMarks.h"
 #include "lang/FormatText.h"
@@ -54,9 +54,10 @@ const MarkRow* FindMark(RecordKind kind, const QString& name) {
 
 /// Runs the work on every identity within one transaction, which the caller commits. Undone as a whole when
 /// one fails.
-bool AsOneChange(RecordDesk& desk, const QStringList& ids, const std::function<bool(const QString&)>& work) {
-    CVOSrcMgr& manager = desk.document.Store().Manager();
-    if (!desk.document.BeginBatch()) return false;
+bool AsOneChange(RecordContext& context, const QStringList& ids,
+                 const std::function<bool(const QString&)>& work) {
+    CVOSrcMgr& manager = context.document.Store().Manager();
+    if (!context.document.BeginBatch()) return false;
     if (std::all_of(ids.begin(), ids.end(), work)) return true;
     manager.Discard();
     return false;
@@ -64,54 +65,56 @@ bool AsOneChange(RecordDesk& desk, const QStringList& ids, const std::function<b
 
 // --- Delete
 
-bool DeleteAll(RecordKind kind, RecordDesk& desk, const QStringList& ids) {
-    return AsOneChange(desk, ids,
-                       [&](const QString& id) { return desk.document.DeleteRecord(kind, id, false); });
+bool DeleteAll(RecordKind kind, RecordContext& context, const QStringList& ids) {
+    return AsOneChange(context, ids,
+                       [&](const QString& id) { return context.document.DeleteRecord(kind, id, false); });
 }
 
 /// The timers go first and the records with the commit after it: a program killed in between leaves a record
 /// without its timer, never a timer without its record.
-bool DeleteWithTimers(RecordDesk& desk, const QStringList& ids, const QStringList& timed) {
+bool DeleteWithTimers(RecordContext& context, const QStringList& ids, const QStringList& timed) {
     std::vector<ActiveTimer> dropped;
-    for (const QString& id : timed) dropped.push_back(*desk.timers.Find(id));
-    const auto changed = desk.timers.ChangeHere([&] {
-        if (!DeleteAll(RecordKind::Time, desk, ids)) return false;
-        for (const QString& id : timed) desk.timers.Desk().Drop(id);
+    for (const QString& id : timed) dropped.push_back(*context.timers.Find(id));
+    const auto changed = context.timers.ChangeHere([&] {
+        if (!DeleteAll(RecordKind::Time, context, ids)) return false;
+        for (const QString& id : timed) context.timers.Service().Drop(id);
         return true;
     });
-    if (changed == CTimerAccess::Changed::Done && desk.document.Commit()) return true;
-    desk.document.Store().Manager().Discard();
+    if (changed == CTimerAccess::Changed::Done && context.document.Commit()) return true;
+    context.document.Store().Manager().Discard();
     if (changed == CTimerAccess::Changed::Done)
-        for (const ActiveTimer& timer : dropped) (void)desk.timers.PutBack(timer);
+        for (const ActiveTimer& timer : dropped) (void)context.timers.PutBack(timer);
     return false;
 }
 
 /// The window drops the timers, which it owns, and is told of the records afterwards.
-bool DeleteBesideWindow(RecordDesk& desk, const QStringList& ids, const QStringList& timed) {
+bool DeleteBesideWindow(RecordContext& context, const QStringList& ids, const QStringList& timed) {
     for (const QString& id : timed) {
-        const QJsonObject answer = desk.timers.Run({{u"action"_s, u"drop"_s}, {u"id"_s, id}});
+        const QJsonObject answer = context.timers.Run({{u"action"_s, u"drop"_s}, {u"id"_s, id}});
         if (!answer[u"ok"].toBool()) return false;
     }
-    return DeleteAll(RecordKind::Time, desk, ids) && desk.document.Commit();
+    return DeleteAll(RecordKind::Time, context, ids) && context.document.Commit();
 }
 
 /// Those of the records that have a timer; an expense has none.
-QStringList Timed(RecordKind kind, RecordDesk& desk, const QStringList& ids) {
+QStringList Timed(RecordKind kind, RecordContext& context, const QStringList& ids) {
     QStringList timed;
     if (kind != RecordKind::Time) return timed;
-    desk.timers.Read();
+    context.timers.Read();
     for (const QString& id : ids)
-        if (desk.timers.Desk().HasTimer(id)) timed.append(id);
+        if (context.timers.Service().HasTimer(id)) timed.append(id);
     return timed;
 }
 
-ExitCode DeleteNow(RecordKind kind, RecordDesk& desk, const QStringList& ids, Console& console) {
-    const QStringList timed = Timed(kind, desk, ids);
+ExitCode DeleteNow(RecordKind kind, RecordContext& context, const QStringList& ids, Console& console) {
+    const QStringList timed = Timed(kind, context, ids);
     if (timed.isEmpty())
-        return DeleteAll(kind, desk, ids) && desk.document.Commit() ? ExitCode::Done : ExitCode::Failed;
-    if (!desk.window.IsThere()) return DeleteWithTimers(desk, ids, timed) ? ExitCode::Done : ExitCode::Failed;
-    if (!desk.window.Reach()) return Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsTimers), console);
-    return DeleteBesideWindow(desk, ids, timed) ? ExitCode::Done : ExitCode::Failed;
+        return DeleteAll(kind, context, ids) && context.document.Commit() ? ExitCode::Done : ExitCode::Failed;
+    if (!context.window.IsThere())
+        return DeleteWithTimers(context, ids, timed) ? ExitCode::Done : ExitCode::Failed;
+    if (!context.window.Reach())
+        return Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsTimers), console);
+    return DeleteBesideWindow(context, ids, timed) ? ExitCode::Done : ExitCode::Failed;
 }
 
 // --- Mark
@@ -128,63 +131,64 @@ std::span<const OptionRow> MarkOptions(RecordKind kind) {
     return kind == RecordKind::Time ? kTimeMarkOptions : kExpenseMarkOptions;
 }
 
-ExitCode DeleteRecords(RecordKind kind, const CArguments& arguments, Console& console, RecordDesk& desk) {
-    const auto ids = FindRecords(kind, arguments.Words(), console, desk);
-    if (!ids) return LookupFailed(desk);
+ExitCode DeleteRecords(RecordKind kind, const CArguments& arguments, Console& console,
+                       RecordContext& context) {
+    const auto ids = FindRecords(kind, arguments.Words(), console, context);
+    if (!ids) return LookupFailed(context);
     const bool isAgreed =
-        !desk.settings.confirmDelete ||
+        !context.settings.confirmDelete ||
         Confirm(Text::AskDeleteRecords, Text::AskDeleteTitle, Text::AskDeleteTitle, console);
-    const ExitCode exit = isAgreed ? DeleteNow(kind, desk, *ids, console) : ExitCode::Failed;
-    if (exit == ExitCode::Done) Announce(kind, *ids, console, desk);
+    const ExitCode exit = isAgreed ? DeleteNow(kind, context, *ids, console) : ExitCode::Failed;
+    if (exit == ExitCode::Done) Announce(kind, *ids, console, context);
     PrintCount(console.out, "deleted", Text::CliDeleted, exit == ExitCode::Done ? ids->size() : 0);
     return exit;
 }
 
-ExitCode CopyRecords(RecordKind kind, const CArguments& arguments, Console& console, RecordDesk& desk) {
-    const auto ids = FindRecords(kind, arguments.Words(), console, desk);
-    if (!ids) return LookupFailed(desk);
-    const bool isAgreed = !desk.settings.confirmCopy ||
+ExitCode CopyRecords(RecordKind kind, const CArguments& arguments, Console& console, RecordContext& context) {
+    const auto ids = FindRecords(kind, arguments.Words(), console, context);
+    if (!ids) return LookupFailed(context);
+    const bool isAgreed = !context.settings.confirmCopy ||
                           Confirm(Text::AskCopyRecords, Text::AskCopyTitle, Text::AskCopyTitle, console);
     QStringList copies;
     const bool isDone =
         isAgreed &&
-        AsOneChange(desk, *ids,
+        AsOneChange(context, *ids,
                     [&](const QString& id) {
-                        const CVORec* record = desk.document.FetchRecord(kind, id);
+                        const CVORec* record = context.document.FetchRecord(kind, id);
                         QString copy;
-                        if (!record || !desk.document.AddRecord(*record, false, true, true, &copy))
+                        if (!record || !context.document.AddRecord(*record, false, true, true, &copy))
                             return false;
                         copies.append(copy);
                         return true;
                     }) &&
-        desk.document.Commit();
-    if (isDone) Announce(kind, copies, console, desk);
+        context.document.Commit();
+    if (isDone) Announce(kind, copies, console, context);
     PrintTexts(console.out, isDone ? copies : QStringList());
     return isDone ? ExitCode::Done : ExitCode::Failed;
 }
 
-ExitCode MarkRecords(RecordKind kind, const CArguments& arguments, Console& console, RecordDesk& desk) {
+ExitCode MarkRecords(RecordKind kind, const CArguments& arguments, Console& console, RecordContext& context) {
     const QString name = arguments.Value("as").value_or(QString());
     const MarkRow* row = FindMark(kind, name);
     if (!row) return Refuse(ExitCode::Usage, FormatText<Text::CliNoSuchMark>(name, MarkNames(kind)), console);
-    const auto ids = FindRecords(kind, arguments.Words(), console, desk);
-    if (!ids) return LookupFailed(desk);
-    const bool isAgreed = !desk.settings.confirmMark ||
+    const auto ids = FindRecords(kind, arguments.Words(), console, context);
+    if (!ids) return LookupFailed(context);
+    const bool isAgreed = !context.settings.confirmMark ||
                           Confirm(Text::AskMarkRecords, Text::AskMarkTitle, Text::AskMarkTitle, console);
     QStringList changed;
     const bool isDone =
         isAgreed &&
-        AsOneChange(desk, *ids,
+        AsOneChange(context, *ids,
                     [&](const QString& id) {
-                        const CVORec* stored = desk.document.FetchRecord(kind, id);
+                        const CVORec* stored = context.document.FetchRecord(kind, id);
                         if (!stored) return false;
                         const auto record = Marked(*stored, row->mark);
                         if (!record) return true;
                         changed.append(id);
-                        return desk.document.ModifyRecord(*record, id, false, true, true, true);
+                        return context.document.ModifyRecord(*record, id, false, true, true, true);
                     }) &&
-        desk.document.Commit();
-    if (isDone) Announce(kind, changed, console, desk);
+        context.document.Commit();
+    if (isDone) Announce(kind, changed, console, context);
     PrintCount(console.out, "changed", Text::CliChanged, isDone ? changed.size() : 0);
     return isDone ? ExitCode::Done : ExitCode::Failed;
 }

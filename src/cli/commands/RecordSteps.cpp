@@ -2,12 +2,12 @@
 
 #include "app/CVelmarchDoc.h"
 #include "app/RecordMode.h"
-#include "cli/output/CJsonText.h"
-#include "cli/output/COutput.h"
+#include "cli/arguments/EnteredValues.h"
 #include "cli/home/CSettingsOwner.h"
 #include "cli/home/CWindowLink.h"
-#include "cli/arguments/EnteredValues.h"
-#include "cli/commands/RecordDesk.h"
+#include "cli/home/RecordContext.h"
+#include "cli/output/CJsonText.h"
+#include "cli/output/COutput.h"
 #include "cli/output/RecordOutput.h"
 #include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
@@ -17,21 +17,21 @@ ExitCode Refuse(ExitCode exit, const QString& words, Console& console) {
     return exit;
 }
 
-const CVORec* FindRecord(RecordKind kind, const QString& typed, Console& console, RecordDesk& desk) {
+const CVORec* FindRecord(RecordKind kind, const QString& typed, Console& console, RecordContext& context) {
     const auto id = EnteredValues::ReadIdentity(typed);
-    const CVORec* record = id ? desk.document.FetchRecord(kind, *id) : nullptr;
+    const CVORec* record = id ? context.document.FetchRecord(kind, *id) : nullptr;
     // A store that can't be read has said so by itself.
-    if (!record && desk.document.Store().m_lastError == 0)
+    if (!record && context.document.Store().m_lastError == 0)
         console.out.Complain(kind == RecordKind::Time ? FormatText<Text::CliNoSuchRecord>(typed)
                                                       : FormatText<Text::CliNoSuchExpense>(typed));
     return record;
 }
 
 std::optional<QStringList> FindRecords(RecordKind kind, const QStringList& typed, Console& console,
-                                       RecordDesk& desk) {
+                                       RecordContext& context) {
     QStringList ids;
     for (const QString& text : typed) {
-        const CVORec* record = FindRecord(kind, text, console, desk);
+        const CVORec* record = FindRecord(kind, text, console, context);
         if (!record) return std::nullopt;
         ids.append(record->GetId());
     }
@@ -39,17 +39,18 @@ std::optional<QStringList> FindRecords(RecordKind kind, const QStringList& typed
     return ids;
 }
 
-ExitCode LookupFailed(const RecordDesk& desk) {
-    return desk.document.Store().m_lastError == 0 ? ExitCode::NotFound : ExitCode::Failed;
+ExitCode LookupFailed(const RecordContext& context) {
+    return context.document.Store().m_lastError == 0 ? ExitCode::NotFound : ExitCode::Failed;
 }
 
-void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordDesk& desk, bool listsToo) {
-    if (!desk.window.TellChanged(kind, ids, listsToo)) console.out.Note(LoadText(Text::CliWindowNotTold));
+void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordContext& context,
+              bool listsToo) {
+    if (!context.window.TellChanged(kind, ids, listsToo)) console.out.Note(LoadText(Text::CliWindowNotTold));
 }
 
-void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordDesk& desk) {
-    const CVORec* record = desk.document.FetchRecord(kind, id);
-    if (record) WriteRecord(console.out, {*record, desk.timers.Shown(id)});
+void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordContext& context) {
+    const CVORec* record = context.document.FetchRecord(kind, id);
+    if (record) WriteRecord(console.out, {*record, context.timers.Shown(id)});
 }
 
 bool Confirm(Text question, Text title, Text verb, Console& console) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/commands/CommandTable.h"
+#include "cli/commands/CommandRow.h"
 
 #include <QString>
 #include <QStringList>
@@ -15,18 +15,18 @@ enum class RecordMode : int;
 
 /// The stored record that was asked for; null after telling that there is none.
 [[nodiscard]] const CVORec* FindRecord(RecordKind kind, const QString& typed, Console& console,
-                                       RecordDesk& desk);
+                                       RecordContext& context);
 /// The identities that were asked for, each once; nothing, after telling which, when one isn't stored.
 [[nodiscard]] std::optional<QStringList> FindRecords(RecordKind kind, const QStringList& typed,
-                                                     Console& console, RecordDesk& desk);
+                                                     Console& console, RecordContext& context);
 /// How a command ends that didn't find its record: not found, or failed where the store can't be read.
-[[nodiscard]] ExitCode LookupFailed(const RecordDesk& desk);
+[[nodiscard]] ExitCode LookupFailed(const RecordContext& context);
 /// Tells the window, and the user when the window can't be told. listsToo: pick lists changed with the
 /// records.
-void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordDesk& desk,
+void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordContext& context,
               bool listsToo = false);
 /// Prints a stored record with its timer.
-void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordDesk& desk);
+void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordContext& context);
 /// Asks a yes-or-no question with no as the default.
 [[nodiscard]] bool Confirm(Text question, Text title, Text verb, Console& console);
 /// The same with a text made from the question.

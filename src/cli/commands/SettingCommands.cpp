@@ -1,11 +1,11 @@
 #include "cli/commands/SettingCommands.h"
 
 #include "cli/arguments/CArguments.h"
-#include "cli/output/CJsonText.h"
-#include "cli/output/COutput.h"
-#include "cli/home/CSettingsOwner.h"
 #include "cli/arguments/EnteredValues.h"
 #include "cli/commands/RecordSteps.h"
+#include "cli/home/CSettingsOwner.h"
+#include "cli/output/CJsonText.h"
+#include "cli/output/COutput.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
 

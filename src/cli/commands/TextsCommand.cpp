@@ -1,6 +1,6 @@
+#include "cli/commands/OtherCommands.h"
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
-#include "cli/commands/OtherCommands.h"
 #include "lang/LoadText.h"
 
 /// Numbers and texts as JSON, asked for or not: there is no other reader of them than a program.

@@ -4,11 +4,11 @@
 #include "app/CVelmarchDoc.h"
 #include "app/StoreChange.h"
 #include "cli/arguments/CArguments.h"
+#include "cli/commands/ListSteps.h"
+#include "cli/commands/RecordSteps.h"
+#include "cli/home/RecordContext.h"
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
-#include "cli/commands/ListSteps.h"
-#include "cli/commands/RecordDesk.h"
-#include "cli/commands/RecordSteps.h"
 #include "lang/FormatText.h"
 #include "lists/CDependencyEditor.h"
 #include "lists/DependencyChain.h"
@@ -79,17 +79,17 @@ ExitCode NoSuchItem(int list, const QString& text, Console& console) {
 }
 
 /// Stores what was edited, once. How many nodes the tree has more than before.
-ExitCode Save(CDependencyEditor& editor, RecordMode mode, Console& console, RecordDesk& desk) {
+ExitCode Save(CDependencyEditor& editor, RecordMode mode, Console& console, RecordContext& context) {
     if (!editor.IsChanged()) return ExitCode::Done;
     editor.Accept();
-    if (!desk.catalogue.SaveTree(DependencySetOf(KindOf(mode))))
+    if (!context.catalogue.SaveTree(DependencySetOf(KindOf(mode))))
         return Refuse(ExitCode::Failed, LoadText(Text::CliTreeNotSaved), console);
-    AnnounceLists(console, desk);
+    AnnounceLists(console, context);
     return ExitCode::Done;
 }
 
 /// What all three begin with: the mode, and everything loaded.
-std::optional<RecordMode> Begin(const CArguments& arguments, Console& console, RecordDesk& desk,
+std::optional<RecordMode> Begin(const CArguments& arguments, Console& console, RecordContext& context,
                                 ExitCode& exit) {
     const auto mode = ReadMode(arguments.Words().first(), console);
     exit = !mode ? ExitCode::Usage : ExitCode::Done;
@@ -97,31 +97,31 @@ std::optional<RecordMode> Begin(const CArguments& arguments, Console& console, R
         exit = Refuse(ExitCode::Usage,
                       FormatText<Text::CliPathTooDeep>(static_cast<int>(DependencyChain(*mode).size())),
                       console);
-    if (exit == ExitCode::Done && !desk.catalogue.Load()) exit = ExitCode::Failed;
+    if (exit == ExitCode::Done && !context.catalogue.Load()) exit = ExitCode::Failed;
     return exit == ExitCode::Done ? mode : std::nullopt;
 }
 
 }  // namespace
 
-ExitCode ShowTree(const CArguments& arguments, Console& console, RecordDesk& desk) {
+ExitCode ShowTree(const CArguments& arguments, Console& console, RecordContext& context) {
     ExitCode exit = ExitCode::Done;
-    const auto mode = Begin(arguments, console, desk, exit);
+    const auto mode = Begin(arguments, console, context, exit);
     if (!mode) return exit;
     const DependencySet set = DependencySetOf(KindOf(*mode));
-    if (desk.catalogue.IsDamaged(set))
+    if (context.catalogue.IsDamaged(set))
         return Refuse(ExitCode::Failed, LoadText(Text::CliDependenciesDamaged), console);
-    const DependencyTree& tree = desk.catalogue.Tree(set);
+    const DependencyTree& tree = context.catalogue.Tree(set);
     console.out.isJson ? WriteJson(console.out, tree) : WriteLines(console.out, tree);
     return ExitCode::Done;
 }
 
-ExitCode AddToTree(const CArguments& arguments, Console& console, RecordDesk& desk) {
-    const StoreHold hold(desk.document.Store());
+ExitCode AddToTree(const CArguments& arguments, Console& console, RecordContext& context) {
+    const StoreHold hold(context.document.Store());
     ExitCode exit = ExitCode::Failed;
     if (!hold.IsHeld()) return exit;
-    const auto mode = Begin(arguments, console, desk, exit);
+    const auto mode = Begin(arguments, console, context, exit);
     if (!mode) return exit;
-    CDependencyEditor editor(desk.catalogue, *mode);
+    CDependencyEditor editor(context.catalogue, *mode);
     const qsizetype before = CountOf(editor.Tree());
     Node* node = &editor.Tree().Root();
     for (const QString& text : PathOf(arguments, *mode)) {
@@ -130,25 +130,25 @@ ExitCode AddToTree(const CArguments& arguments, Console& console, RecordDesk& de
         node = node->FindChild(text);
     }
     const qsizetype added = CountOf(editor.Tree()) - before;
-    exit = Save(editor, *mode, console, desk);
+    exit = Save(editor, *mode, console, context);
     if (exit == ExitCode::Done) PrintDone(console.out, "added", added);
     return exit;
 }
 
-ExitCode RemoveFromTree(const CArguments& arguments, Console& console, RecordDesk& desk) {
-    const StoreHold hold(desk.document.Store());
+ExitCode RemoveFromTree(const CArguments& arguments, Console& console, RecordContext& context) {
+    const StoreHold hold(context.document.Store());
     ExitCode exit = ExitCode::Failed;
     if (!hold.IsHeld()) return exit;
-    const auto mode = Begin(arguments, console, desk, exit);
+    const auto mode = Begin(arguments, console, context, exit);
     if (!mode) return exit;
-    CDependencyEditor editor(desk.catalogue, *mode);
+    CDependencyEditor editor(context.catalogue, *mode);
     const qsizetype before = CountOf(editor.Tree());
     Node* node = editor.Tree().Walk(PathOf(arguments, *mode));
     if (!node || !editor.Remove(*node))
         return Refuse(ExitCode::NotFound, FormatText<Text::CliPathUnknown>(arguments.Words().last()),
                       console);
     const qsizetype removed = before - CountOf(editor.Tree());
-    exit = Save(editor, *mode, console, desk);
+    exit = Save(editor, *mode, console, context);
     if (exit == ExitCode::Done) PrintDone(console.out, "removed", removed);
     return exit;
 }

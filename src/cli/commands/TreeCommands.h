@@ -1,9 +1,9 @@
 #pragma once
 
-#include "cli/commands/CommandTable.h"
+#include "cli/commands/CommandRow.h"
 
 // The group "tree": which list items go with which.
 
-[[nodiscard]] ExitCode ShowTree(const CArguments& arguments, Console& console, RecordDesk& desk);
-[[nodiscard]] ExitCode AddToTree(const CArguments& arguments, Console& console, RecordDesk& desk);
-[[nodiscard]] ExitCode RemoveFromTree(const CArguments& arguments, Console& console, RecordDesk& desk);
+[[nodiscard]] ExitCode ShowTree(const CArguments& arguments, Console& console, RecordContext& context);
+[[nodiscard]] ExitCode AddToTree(const CArguments& arguments, Console& console, RecordContext& context);
+[[nodiscard]] ExitCode RemoveFromTree(const CArguments& arguments, Console& console, RecordContext& context);

@@ -2,7 +2,7 @@
 
 #include "app/CVelmarchApp.h"
 #include "cli/doctor/Examinations.h"
-#include "cli/home/ReadingRoom.h"
+#include "cli/home/ReadOnlyHome.h"
 #include "lang/FormatText.h"
 #include "platform/sqlite/CSqliteFile.h"
 
@@ -39,15 +39,15 @@ const std::vector<Finding>& CDoctor::Examine(const QString& homeOption) {
     const QString settingsPath = m_home + u'/' + CVelmarchApp::SettingsFileName();
     const bool canReadSettings = ExamineSettings(settingsPath);
     const bool isRead = canReadSettings && QFileInfo::exists(settingsPath);
-    ReadingRoom room(m_clock, m_home, isRead ? settingsPath : QString());
-    ExamineData(room, canReadSettings, ExamineStore(room));
+    ReadOnlyHome reader(m_clock, m_home, isRead ? settingsPath : QString());
+    ExamineData(reader, canReadSettings, ExamineStore(reader));
     return m_findings;
 }
 
 bool CDoctor::ExamineHome(const QString& homeOption) {
     CNoPump pump;
     CNoViews views;
-    CListeningPrompt prompt;
+    CRecordingPrompt prompt;
     CVelmarchApp app({m_clock, prompt, pump, views});
     const bool isResolved = app.ResolveHome(homeOption);
     m_home = app.Home();
@@ -74,7 +74,7 @@ bool CDoctor::ExamineSettings(const QString& path) {
     return note(file.IsReadOnly() ? ReadOnly("settings", path) : Finding{"settings", Good, path}, true);
 }
 
-CDoctor::Store CDoctor::ExamineStore(ReadingRoom& room) {
+CDoctor::Store CDoctor::ExamineStore(ReadOnlyHome& reader) {
     const QString path = m_home + u'/' + LoadText(Text::StoreFileName);
     const auto note = [this](Store store, const Finding& finding) {
         Note(finding);
@@ -82,33 +82,33 @@ CDoctor::Store CDoctor::ExamineStore(ReadingRoom& room) {
     };
     if (IsClosedToUs(path)) return note(Store::Unreadable, NoAccess("store", path));
     if (QFileInfo(path).size() == 0) {
-        if (!CVelmarchApp::ExpectsStore(room.profile))
+        if (!CVelmarchApp::ExpectsStore(reader.profile))
             return note(Store::Absent, {"store", Good, LoadText(Text::CliNoStoreYet)});
         return note(Store::Absent,
                     {"store", Bad, FormatText<Text::CliStoreGone>(path), LoadText(Text::CliAdviseStoreGone)});
     }
     eActionDisposition source{}, second{};
-    const bool isOpen = room.manager.InitDataSrc(source, second);
-    const QString wrong = isOpen ? room.manager.File().IntegrityReport() : room.manager.m_error;
+    const bool isOpen = reader.manager.InitDataSrc(source, second);
+    const QString wrong = isOpen ? reader.manager.File().IntegrityReport() : reader.manager.m_error;
     if (!wrong.isEmpty() || !isOpen)
         return note(Store::Unreadable, {"store", Bad, wrong, LoadText(Text::CliAdviseStore)});
     if (source == eActionDisposition::Created)
         return note(Store::Unreadable,
                     {"store", Bad, LoadText(Text::CliTablesMissing), LoadText(Text::CliAdviseTables)});
     return note(Store::Readable,
-                room.manager.File().IsReadOnly() ? ReadOnly("store", path) : Finding{"store", Good, path});
+                reader.manager.File().IsReadOnly() ? ReadOnly("store", path) : Finding{"store", Good, path});
 }
 
 /// Where there is no store yet, nothing of it is named.
-void CDoctor::ExamineData(ReadingRoom& room, bool canReadSettings, Store store) {
+void CDoctor::ExamineData(ReadOnlyHome& reader, bool canReadSettings, Store store) {
     for (const Examination& examination : Examinations()) {
-        const bool isOfSettings = examination.needs != ExaminationNeeds::Store;
-        const bool isOfStore = examination.needs != ExaminationNeeds::Settings;
+        const bool isOfSettings = examination.context != ExaminationContext::Store;
+        const bool isOfStore = examination.context != ExaminationContext::Settings;
         if (isOfSettings && !canReadSettings)
             Note({examination.name, Unchecked, LoadText(Text::CliUncheckedSettings)});
         else if (isOfStore && store == Store::Unreadable)
             Note({examination.name, Unchecked, LoadText(Text::CliUncheckedStore)});
         else if (isOfSettings || store == Store::Readable)
-            Note(examination.examine(examination.name, room));
+            Note(examination.examine(examination.name, reader));
     }
 }

@@ -5,7 +5,7 @@
 #include <vector>
 
 class CClock;
-struct ReadingRoom;
+struct ReadOnlyHome;
 
 /// Looks at a home from the language library to what lies in the records and changes nothing in it. What
 /// can't be looked at, because the file that it lies in can't be read, is named as not checked.
@@ -22,8 +22,8 @@ class CDoctor {
     [[nodiscard]] bool ExamineHome(const QString& homeOption);
     /// Whether the settings can be read.
     [[nodiscard]] bool ExamineSettings(const QString& path);
-    [[nodiscard]] Store ExamineStore(ReadingRoom& room);
-    void ExamineData(ReadingRoom& room, bool canReadSettings, Store store);
+    [[nodiscard]] Store ExamineStore(ReadOnlyHome& reader);
+    void ExamineData(ReadOnlyHome& reader, bool canReadSettings, Store store);
 
     const CClock& m_clock;
     QString m_home;

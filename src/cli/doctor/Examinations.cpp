@@ -4,12 +4,13 @@
 #include "app/DependencyStore.h"
 #include "calendar/CalendarMath.h"
 #include "cli/arguments/EnteredValues.h"
-#include "cli/home/ReadingRoom.h"
+#include "cli/home/ReadOnlyHome.h"
 #include "entry/NamedDefaults.h"
 #include "lang/FormatText.h"
 #include "records/CERecord.h"
 #include "records/CPRecord.h"
 #include "records/CTRecord.h"
+#include "records/RecordFactory.h"
 
 #include <QStringList>
 
@@ -57,15 +58,15 @@ const RecordDate& DateOf(const CVORec& record) {
 
 /// Reads all records of a kind and looks at each.
 template <RecordMode Mode, Text AdviceOnDates>
-Finding ExamineRecords(const char* name, ReadingRoom& room) {
+Finding ExamineRecords(const char* name, ReadOnlyHome& reader) {
     const RecordModeScope mode(Mode);
-    (void)room.prompt.TakeHeard();  // what the settings had to say is no matter of the records
-    room.document.LoadRecords(KindOf(Mode));
-    if (room.prompt.HasHeard() || room.store.m_lastError != 0)
-        return {name, Bad, room.prompt.TakeHeard(), LoadText(Text::CliAdviseStore)};
-    room.document.BuildVisible();
+    (void)reader.prompt.TakeHeard();  // what the settings had to say is no matter of the records
+    reader.document.LoadRecords(KindOf(Mode));
+    if (reader.prompt.HasHeard() || reader.store.m_lastError != 0)
+        return {name, Bad, reader.prompt.TakeHeard(), LoadText(Text::CliAdviseStore)};
+    reader.document.BuildVisible();
     CFaults identities, dates;
-    room.document.ForEachVisible([&](const CVORec& record) {
+    reader.document.ForEachVisible([&](const CVORec& record) {
         if (!IsIdentity(record.GetId())) identities.Add(record.GetId());
         if (!IsPlausible(DateOf(record))) dates.Add(record.GetId());
     });
@@ -75,36 +76,36 @@ Finding ExamineRecords(const char* name, ReadingRoom& room) {
     if (!dates.IsEmpty())
         return {name, Bad, FormatText<Text::CliBadDates>(dates.Count(), dates.Named()),
                 LoadText(AdviceOnDates)};
-    return {name, Good, FormatText<Text::CliRecordsSound>(static_cast<int>(room.document.RecordCount()))};
+    return {name, Good, FormatText<Text::CliRecordsSound>(static_cast<int>(reader.document.RecordCount()))};
 }
 
 /// The time records are loaded.
-Finding ExamineTimers(const char* name, ReadingRoom& room) {
-    if (!room.recordTimers.RestoreTimers())
+Finding ExamineTimers(const char* name, ReadOnlyHome& reader) {
+    if (!reader.recordTimers.RestoreTimers())
         return {name, Bad, LoadText(Text::CliTimersUnreadable), LoadText(Text::CliAdviseTimers)};
     CFaults orphans;
-    for (int i = 0; i < room.timers.Count(); ++i)
-        if (!room.document.FindTime(room.timers.IdAt(i))) orphans.Add(room.timers.IdAt(i));
+    for (int i = 0; i < reader.timers.Count(); ++i)
+        if (!reader.document.FindTime(reader.timers.IdAt(i))) orphans.Add(reader.timers.IdAt(i));
     if (!orphans.IsEmpty())
         return {name, Bad, FormatText<Text::CliOrphanTimers>(orphans.Count(), orphans.Named()),
                 LoadText(Text::CliAdviseOrphans)};
-    return {name, Good, FormatText<Text::CliTimersSound>(room.timers.Count())};
+    return {name, Good, FormatText<Text::CliTimersSound>(reader.timers.Count())};
 }
 
 // --- Lists
 
-Finding ExamineItems(const char* name, ReadingRoom& room) {
+Finding ExamineItems(const char* name, ReadOnlyHome& reader) {
     CFaults strays;
     int count = 0;
     auto item = std::make_unique<CPRecord>();
     QString id;
-    if (room.store.Query(room.store.SelectAll(RecordKind::PulldownItem)))
-        for (; room.store.NextRecord(*item, id, true); ++count, item = std::make_unique<CPRecord>()) {
+    if (reader.store.Query(reader.store.SelectAll(RecordKind::PulldownItem)))
+        for (; reader.store.NextRecord(*item, id, true); ++count, item = std::make_unique<CPRecord>()) {
             const QString shown = u"%1 (%2)"_s.arg(item->GetText()).arg(item->listId);
-            if (!room.lists.Add(std::move(item))) strays.Add(shown);
+            if (!reader.lists.Add(std::move(item))) strays.Add(shown);
         }
-    if (room.prompt.HasHeard() || room.store.m_lastError != 0)
-        return {name, Bad, room.prompt.TakeHeard(), LoadText(Text::CliAdviseStore)};
+    if (reader.prompt.HasHeard() || reader.store.m_lastError != 0)
+        return {name, Bad, reader.prompt.TakeHeard(), LoadText(Text::CliAdviseStore)};
     if (!strays.IsEmpty())
         return {name, Bad, FormatText<Text::CliUnknownLists>(strays.Count(), strays.Named()),
                 LoadText(Text::CliAdviseUnknownLists)};
@@ -113,14 +114,14 @@ Finding ExamineItems(const char* name, ReadingRoom& room) {
 
 /// The list items are known. Reads only: a set in the old form is converted by whoever loads it.
 template <DependencySet Set>
-Finding ExamineDependencies(const char* name, ReadingRoom& room) {
-    const StoredTree stored = DependencyStore(room.store).Read(Set);
-    const QString heard = room.prompt.TakeHeard();
+Finding ExamineDependencies(const char* name, ReadOnlyHome& reader) {
+    const StoredTree stored = DependencyStore(reader.store).Read(Set);
+    const QString heard = reader.prompt.TakeHeard();
     if (stored.state == StoredTree::State::Failed) return {name, Bad, heard, LoadText(Text::CliAdviseStore)};
     const auto tree =
         stored.state == StoredTree::State::Damaged
             ? std::nullopt
-            : TreeFromBytes(stored.bytes, [&](const QString& id) { return room.lists.FindById(id); });
+            : TreeFromBytes(stored.bytes, [&](const QString& id) { return reader.lists.FindById(id); });
     if (!tree)
         return {name, Bad, LoadText(Text::CliDependenciesDamaged), LoadText(Text::CliAdviseDependencies)};
     int count = 0;
@@ -131,17 +132,17 @@ Finding ExamineDependencies(const char* name, ReadingRoom& room) {
 // --- Columns and defaults
 
 template <class Set, Text Name>
-Finding ExamineColumns(const char* name, ReadingRoom& room) {
+Finding ExamineColumns(const char* name, ReadOnlyHome& reader) {
     QByteArray blob;
-    if (!room.settings.ReadBinary(LoadText(Name), blob, false))
+    if (!reader.settings.ReadBinary(LoadText(Name), blob, false))
         return {name, Good, LoadText(Text::CliColumnsDefaults)};
     if (Set().LoadBlob(blob)) return {name, Good, LoadText(Text::CliColumnsSound)};
     return {name, Bad, LoadText(Text::CliColumnsDamaged), LoadText(Text::CliAdviseColumns)};
 }
 
 template <RecordMode Mode>
-Finding ExamineDefaults(const char* name, ReadingRoom& room) {
-    const NamedDefaults defaults(room.settings, room.document.Clock(), Mode);
+Finding ExamineDefaults(const char* name, ReadOnlyHome& reader) {
+    const NamedDefaults defaults(reader.settings, reader.document.Clock(), Mode);
     CFaults damaged;
     for (const QString& stored : defaults.Names())
         if (!defaults.Read(stored, *NewRecord(KindOf(Mode)))) damaged.Add(stored);
@@ -151,7 +152,7 @@ Finding ExamineDefaults(const char* name, ReadingRoom& room) {
     return {name, Good, FormatText<Text::CliDefaultsSound>(static_cast<int>(defaults.Names().size()) - 1)};
 }
 
-using enum ExaminationNeeds;
+using enum ExaminationContext;
 
 constexpr Examination kExaminations[] = {
     {"time records", Store, ExamineRecords<RecordMode::Time, Text::CliAdviseDates>},

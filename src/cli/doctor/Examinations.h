@@ -4,10 +4,10 @@
 
 #include <span>
 
-struct ReadingRoom;
+struct ReadOnlyHome;
 
 /// What must have been read for an examination.
-enum class ExaminationNeeds {
+enum class ExaminationContext {
     Store,
     Settings,
     SettingsBesideRecords  ///< what is in the settings is held against the records, if there are any
@@ -16,8 +16,8 @@ enum class ExaminationNeeds {
 /// One examination of what lies in a home.
 struct Examination {
     const char* name;
-    ExaminationNeeds needs;
-    Finding (*examine)(const char* name, ReadingRoom& room);
+    ExaminationContext context;
+    Finding (*examine)(const char* name, ReadOnlyHome& reader);
 };
 
 /// In their order; each stands on those before it.

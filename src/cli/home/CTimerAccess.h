@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/output/TimerShown.h"
 #include "timers/ActiveTimerSet.h"
 #include "timers/CRecordTimers.h"
 
@@ -11,12 +12,6 @@
 class CCfgStore;
 class CVelmarchDoc;
 class CWindowLink;
-
-/// A timer as it is shown.
-struct TimerShown {
-    bool isRunning = false;
-    qint64 seconds = 0;
-};
 
 /// The timers of the home for a console command. A running window owns them: it is asked then. Without one
 /// they are read from the settings, changed and written back as one change, so that two programs at once lose
@@ -30,7 +25,7 @@ class CTimerAccess {
     /// Reads them and brings the counts up to now: folds and stores the fold, or lets the window do it.
     void Look();
 
-    [[nodiscard]] CTimerDesk& Desk() { return m_timers; }
+    [[nodiscard]] CTimerService& Service() { return m_timers; }
     [[nodiscard]] std::optional<TimerShown> Shown(const QString& recordId) const;
 
     /// Carries out a timer command where the timers are owned; its answer as RunTimerCommand gives it, "exit"

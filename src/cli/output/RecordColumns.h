@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/home/CTimerAccess.h"
+#include "cli/output/TimerShown.h"
 #include "lang/Text.h"
 #include "records/CVORec.h"
 

@@ -4,7 +4,7 @@
 
 #include <QFileInfo>
 
-#include "platform/host/KeepAside.h"
+#include "platform/host/Quarantine.h"
 #include "platform/settings/SettingsColumns.h"
 #include "platform/sqlite/SqliteErrors.h"
 
@@ -110,7 +110,7 @@ OpenOutcome CSettingsTree::OpenInTurn(const QString& path, int busySeconds) {
     const OpenOutcome outcome = OpenFile(path, busySeconds);
     if (!IsUnreadable(outcome)) return outcome;
     m_file->Close();
-    m_keptAside = KeepAside(QFileInfo(path).absoluteFilePath());
+    m_keptAside = PutInQuarantine(QFileInfo(path).absoluteFilePath());
     return m_keptAside.isEmpty() ? OpenOutcome::Failed : OpenFile(path, busySeconds);
 }
 

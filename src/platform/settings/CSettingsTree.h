@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/settings/SettingsValue.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -28,9 +30,6 @@ class CSettingsKey {
     CSettingsTree* m_tree = nullptr;
     std::int64_t m_row = 0;
 };
-
-/// A value of a key.
-using SettingsValue = std::variant<std::int32_t, QString, QByteArray>;
 
 /// A tree of keys with child keys and named values (integer, text, binary), kept in one SQLite file. Names
 /// are data: any text, slashes included, never a path; case counts. Empty keys exist. Writes are durable when

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/settings/SettingsValue.h"
+
 #include <QString>
 #include <optional>
-
-#include "platform/settings/CSettingsTree.h"
 
 struct sqlite3_stmt;
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/sqlite/OpenOutcome.h"
+
 #include <QByteArrayView>
 #include <QString>
 #include <cstdint>
@@ -10,19 +12,6 @@ struct sqlite3;
 struct sqlite3_stmt;
 class CLockWait;
 class CStatementCache;
-
-/// How opening a database file ended.
-enum class OpenOutcome {
-    Created,  ///< the file was absent and has been made
-    Existed,
-    Missing,   ///< absent, and creating was not asked for
-    ReadOnly,  ///< open for reading, but not writable
-    Locked,    ///< another program held it for too long
-    Damaged,   ///< or no database at all
-    Foreign,   ///< another program's, an empty file where none is to be made, or a folder
-    Newer,     ///< made by a newer version of the program
-    Failed     ///< anything else: see Error()
-};
 
 /// What identifies a file of ours and how it is to be opened.
 struct SqliteFileKind {

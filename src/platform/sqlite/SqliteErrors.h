@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "platform/sqlite/OpenOutcome.h"
 
-#include "platform/sqlite/CSqliteFile.h"
+#include <QString>
 
 /// What went wrong with a database file, in a sentence that says what to do. SQLite's own message appears
 /// only for what nobody foresaw, in parentheses. code: SQLite's extended result code; systemError: the errno

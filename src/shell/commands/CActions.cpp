@@ -2,8 +2,8 @@
 
 #include "app/FieldLabels.h"
 #include "lang/FormatText.h"
-#include "shell/look/CMnemonics.h"
 #include "shell/commands/CPeriodButton.h"
+#include "shell/look/CMnemonics.h"
 #include "shell/look/PlainTip.h"
 
 #include <QAction>

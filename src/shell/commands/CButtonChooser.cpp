@@ -1,8 +1,8 @@
 #include "shell/commands/CButtonChooser.h"
 
 #include "lang/LoadText.h"
-#include "shell/look/CMnemonics.h"
 #include "shell/controls/CTwoLists.h"
+#include "shell/look/CMnemonics.h"
 #include "shell/look/DialogSize.h"
 #include "shell/look/FormRows.h"
 #include "shell/look/PlainTip.h"
@@ -89,7 +89,7 @@ void CButtonChooser::Fill(QListWidget& list, const QList<int>& buttons) const {
 }
 
 void CButtonChooser::done(int result) {
-    KeepDialogSize(*this, m_profile, SizeSection());
+    PersistDialogSize(*this, m_profile, SizeSection());
     QDialog::done(result);
 }
 

@@ -1,8 +1,8 @@
 #include "shell/commands/CPalette.h"
 
 #include "lang/LoadText.h"
-#include "shell/look/CMnemonics.h"
 #include "shell/controls/CSearchList.h"
+#include "shell/look/CMnemonics.h"
 #include "shell/look/DialogSize.h"
 #include "shell/look/FormRows.h"
 #include "viewmodel/commands/WordSearch.h"
@@ -65,7 +65,7 @@ std::optional<int> CPalette::Chosen() const {
 }
 
 void CPalette::done(int result) {
-    KeepDialogSize(*this, m_profile, SizeSection());
+    PersistDialogSize(*this, m_profile, SizeSection());
     QDialog::done(result);
 }
 

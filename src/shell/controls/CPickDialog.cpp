@@ -1,8 +1,8 @@
 #include "shell/controls/CPickDialog.h"
 
 #include "lang/LoadText.h"
-#include "shell/look/CMnemonics.h"
 #include "shell/controls/CSearchList.h"
+#include "shell/look/CMnemonics.h"
 #include "shell/look/DialogSize.h"
 #include "shell/look/FormRows.h"
 #include "viewmodel/commands/WordSearch.h"
@@ -59,7 +59,7 @@ int CPickDialog::Picked() const {
 }
 
 void CPickDialog::done(int result) {
-    KeepDialogSize(*this, m_profile, SizeSection(m_hasSearch));
+    PersistDialogSize(*this, m_profile, SizeSection(m_hasSearch));
     QDialog::done(result);
 }
 

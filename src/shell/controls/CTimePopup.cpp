@@ -1,9 +1,9 @@
 #include "shell/controls/CTimePopup.h"
 
 #include "lang/LoadText.h"
-#include "shell/record/CClockControl.h"
-#include "shell/look/CMnemonics.h"
+#include "shell/controls/CClockControl.h"
 #include "shell/controls/CPickGrid.h"
+#include "shell/look/CMnemonics.h"
 #include "shell/look/FormRows.h"
 
 #include <QHBoxLayout>

@@ -4,20 +4,21 @@
 #include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
 #include "shell/commands/CActions.h"
-#include "shell/frame/CFrameDoor.h"
-#include "viewmodel/commands/BarButtons.h"
-#include "viewmodel/tree/CTreeDoor.h"
-#include "viewmodel/commands/FilterCommands.h"
+#include "shell/frame/CFrameControl.h"
 #include "timers/CRecordTimers.h"
+#include "viewmodel/commands/BarButtons.h"
+#include "viewmodel/commands/FilterCommands.h"
+#include "viewmodel/tree/CTreeControl.h"
 
 #include <algorithm>
 
-CFrameCommands::CFrameCommands(Around around)
-    : m_around(std::move(around)), m_records(m_around), m_views(m_around), m_filters(m_around) {
-    if (!m_around.actions) return;
-    m_around.actions->Follow(m_around.state, m_around.catalogue ? &m_around.catalogue->Labels() : nullptr);
+CFrameCommands::CFrameCommands(Context context)
+    : m_context(std::move(context)), m_records(m_context), m_views(m_context), m_filters(m_context) {
+    if (!m_context.actions) return;
+    m_context.actions->Follow(m_context.state,
+                              m_context.catalogue ? &m_context.catalogue->Labels() : nullptr);
     for (const Bar bar : {Bar::Records, Bar::Filters})
-        m_around.actions->SetButtons(bar, LoadButtons(m_around.settings.Profile(), bar));
+        m_context.actions->SetButtons(bar, LoadButtons(m_context.settings.Profile(), bar));
 }
 
 CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
@@ -35,27 +36,27 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::TimerAction, [](Self& self, int action) { self.m_records.ApplyTimers(action); }},
         {::Run::StopAllTimers, [](Self& self, int) { self.m_records.StopTimers(); }},
         {::Run::PauseAllTimers, [](Self& self, int) { self.m_records.PauseTimers(); }},
-        {::Run::Defaults, [](Self& self, int) { self.m_around.runDefaults(); }},
+        {::Run::Defaults, [](Self& self, int) { self.m_context.runDefaults(); }},
         {::Run::SelectAll, [](Self& self, int) { self.m_views.SelectAll(); }},
         {::Run::SelectNone, [](Self& self, int) { self.m_views.SelectNone(); }},
-        {::Run::SwitchMode, [](Self& self, int mode) { self.m_around.switchMode(RecordMode{mode}); }},
+        {::Run::SwitchMode, [](Self& self, int mode) { self.m_context.switchMode(RecordMode{mode}); }},
         {::Run::Sort, [](Self& self, int) { self.m_views.Sort(); }},
         {::Run::Layout, [](Self& self, int layout) { self.m_views.Layout(layout); }},
         {::Run::ListColumns, [](Self& self, int) { self.m_views.ListColumns(); }},
         {::Run::ListFont, [](Self& self, int) { self.m_views.ListFont(); }},
         {::Run::ToggleTree, [](Self& self, int) { self.m_views.ToggleTree(); }},
-        {::Run::StackPanes, [](Self& self, int stacked) { self.m_around.tree->Stack(stacked != 0); }},
-        {::Run::ExpandTree, [](Self& self, int) { self.m_around.tree->ExpandAll(); }},
+        {::Run::StackPanes, [](Self& self, int stacked) { self.m_context.tree->Stack(stacked != 0); }},
+        {::Run::ExpandTree, [](Self& self, int) { self.m_context.tree->ExpandAll(); }},
         {::Run::TreeColumns, [](Self& self, int) { self.m_views.TreeColumns(); }},
-        {::Run::ToggleBar1, [](Self& self, int) { self.m_around.door.ToggleBar1(); }},
-        {::Run::ToggleBar2, [](Self& self, int) { self.m_around.door.ToggleBar2(); }},
-        {::Run::ToggleStatusBar, [](Self& self, int) { self.m_around.door.ToggleStatusBar(); }},
+        {::Run::ToggleBar1, [](Self& self, int) { self.m_context.control.ToggleBar1(); }},
+        {::Run::ToggleBar2, [](Self& self, int) { self.m_context.control.ToggleBar2(); }},
+        {::Run::ToggleStatusBar, [](Self& self, int) { self.m_context.control.ToggleStatusBar(); }},
         {::Run::CustomizeBar, [](Self& self, int bar) { self.m_views.CustomizeBar(Bar{bar}); }},
-        {::Run::Refresh, [](Self& self, int) { self.m_around.door.Refresh(); }},
+        {::Run::Refresh, [](Self& self, int) { self.m_context.control.Refresh(); }},
         {::Run::RebuildViews, [](Self& self, int) { self.m_views.RebuildViews(); }},
         {::Run::PeriodPreset, [](Self& self, int preset) { self.Period().Preset(preset); }},
         {::Run::PeriodAll, [](Self& self, int) { self.Period().All(); }},
-        {::Run::PeriodDay, [](Self& self, int) { self.m_around.door.PickDay(); }},
+        {::Run::PeriodDay, [](Self& self, int) { self.m_context.control.PickDay(); }},
         {::Run::PeriodPrevious, [](Self& self, int) { self.Period().StepBack(); }},
         {::Run::PeriodNext, [](Self& self, int) { self.Period().StepForward(); }},
         {::Run::ClearFilter, [](Self& self, int) { self.Period().ClearConditions(); }},
@@ -65,7 +66,7 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::FindCommand, [](Self& self, int) { self.m_views.FindCommand(); }},
         {::Run::Options, [](Self& self, int) { self.m_views.Options(); }},
         {::Run::About, [](Self& self, int) { self.m_views.About(); }},
-        {::Run::Exit, [](Self& self, int) { self.m_around.door.Leave(); }},
+        {::Run::Exit, [](Self& self, int) { self.m_context.control.Leave(); }},
     };
     const auto* row = std::ranges::find(kHandlers, run, &Row::run);
     return row == std::end(kHandlers) ? nullptr : row->handler;
@@ -80,29 +81,29 @@ void CFrameCommands::Run(const CommandRow& row) {
 }
 
 void CFrameCommands::Describe(CommandState& state) const {
-    const CVelmarchDoc& document = m_around.document;
+    const CVelmarchDoc& document = m_context.document;
     const bool timeMode = theRecordMode == RecordMode::Time;
-    const PeriodFilter& period = m_around.document.CurrentFilter();
+    const PeriodFilter& period = m_context.document.CurrentFilter();
     state.timeMode = timeMode;
     state.preset = period.preset;
     state.canStep = period.CanStep();
-    state.anyTimer = m_around.timers.Set().AnyActive();
-    state.anyRunning = m_around.timers.Set().AnyRunning();
+    state.anyTimer = m_context.timers.Set().AnyActive();
+    state.anyRunning = m_context.timers.Set().AnyRunning();
     state.filters =
         timeMode ? SetFilterCommands(document.Filter()) : SetFilterCommands(document.FilterOfExpenses());
-    state.useDependencies = m_around.settings.useDependencies;
+    state.useDependencies = m_context.settings.useDependencies;
     DescribeTree(state);
-    state.has = {.modes = static_cast<bool>(m_around.switchMode),
-                 .tree = m_around.tree != nullptr,
-                 .defaults = static_cast<bool>(m_around.fillFromDefaults),
-                 .defaultsDialog = static_cast<bool>(m_around.runDefaults),
-                 .lists = m_around.catalogue != nullptr,
-                 .bars = m_around.actions != nullptr,
-                 .palette = m_around.state && m_around.runCommand};
+    state.has = {.modes = static_cast<bool>(m_context.switchMode),
+                 .tree = m_context.tree != nullptr,
+                 .defaults = static_cast<bool>(m_context.fillFromDefaults),
+                 .defaultsDialog = static_cast<bool>(m_context.runDefaults),
+                 .lists = m_context.catalogue != nullptr,
+                 .bars = m_context.actions != nullptr,
+                 .palette = m_context.state && m_context.runCommand};
 }
 
 void CFrameCommands::DescribeTree(CommandState& state) const {
-    const CTreeDoor* tree = m_around.tree;
+    const CTreeControl* tree = m_context.tree;
     state.treeShown = tree && tree->IsShown();
     state.treeStacked = tree && tree->IsStacked();
     state.treeHasNode = tree && tree->HasNode();

@@ -3,15 +3,15 @@
 #include "shell/frame/CFrameFilters.h"
 #include "shell/frame/CFrameRecords.h"
 #include "shell/frame/CFrameViews.h"
-#include "shell/frame/FrameAround.h"
+#include "shell/frame/FrameContext.h"
 #include "viewmodel/commands/CommandTable.h"
 
 /// Carries out the commands of the window: a table from what a command runs to the operation that does it.
 class CFrameCommands {
  public:
-    using Around = FrameAround;
+    using Context = FrameContext;
     /// The bars take the buttons that the user has chosen.
-    explicit CFrameCommands(Around around);
+    explicit CFrameCommands(Context context);
     CFrameCommands(const CFrameCommands&) = delete;
     CFrameCommands& operator=(const CFrameCommands&) = delete;
 
@@ -32,7 +32,7 @@ class CFrameCommands {
     [[nodiscard]] static Handler HandlerOf(::Run run);
     void DescribeTree(CommandState& state) const;
 
-    Around m_around;
+    Context m_context;
     CFrameRecords m_records;
     CFrameViews m_views;
     CFrameFilters m_filters;

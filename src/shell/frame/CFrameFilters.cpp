@@ -4,9 +4,9 @@
 #include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
-#include "shell/frame/CFrameDoor.h"
 #include "shell/controls/CPickDialog.h"
-#include "shell/frame/FrameAround.h"
+#include "shell/frame/CFrameControl.h"
+#include "shell/frame/FrameContext.h"
 #include "shell/options/SettingSwitch.h"
 #include "viewmodel/commands/CommandWords.h"
 #include "viewmodel/commands/FilterCommands.h"
@@ -22,35 +22,35 @@ QString NameOf(const FilterCommandRow& row, const CPulldownCatalogue* catalogue)
 
 }  // namespace
 
-CFrameFilters::CFrameFilters(const FrameAround& around) : m_around(around), m_period(around.document) {}
+CFrameFilters::CFrameFilters(const FrameContext& context) : m_context(context), m_period(context.document) {}
 
 void CFrameFilters::FilterBy(int command) {
     const FilterCommandRow* row = FindFilterCommand(command);
     if (!row) return;
     if (theRecordMode == RecordMode::Time)
-        Pick(*row, m_around.document.Filter());
+        Pick(*row, m_context.document.Filter());
     else
-        Pick(*row, m_around.document.FilterOfExpenses());
+        Pick(*row, m_context.document.FilterOfExpenses());
 }
 
 template <class Filter>
 void CFrameFilters::Pick(const FilterCommandRow& row, Filter filter) {
     const bool isText = row.list != 0;
-    const QStringList choices = FilterChoices(row, m_around.catalogue);
+    const QStringList choices = FilterChoices(row, m_context.catalogue);
     const bool isEmpty = isText && choices.size() == 1;
     const std::optional<int> picked =
-        RunPickDialog(&m_around.door.Window(),
-                      {.title = FormatText<Text::PickTitle>(NameOf(row, m_around.catalogue)),
+        RunPickDialog(&m_context.control.Window(),
+                      {.title = FormatText<Text::PickTitle>(NameOf(row, m_context.catalogue)),
                        .rows = choices,
                        .present = PresentChoice(row, filter, choices),
                        .hasSearch = isText,
                        .note = isEmpty ? LoadText(Text::PickNoItems) : QString()},
-                      m_around.settings.Profile());
+                      m_context.settings.Profile());
     if (picked && ApplyChoice(row, filter, choices, *picked)) m_period.ApplyFilter(filter);
 }
 
 void CFrameFilters::ToggleDependencies() {
-    CCfgStore& settings = m_around.settings;
+    CCfgStore& settings = m_context.settings;
     settings.useDependencies = !settings.useDependencies;
-    SaveSetting(QStringLiteral("useDependencies"), settings, m_around.prompt);
+    SaveSetting(QStringLiteral("useDependencies"), settings, m_context.prompt);
 }

@@ -3,12 +3,12 @@
 #include "viewmodel/commands/CPeriodCommands.h"
 
 struct FilterCommandRow;
-struct FrameAround;
+struct FrameContext;
 
 /// The commands that choose which records and which list items are shown.
 class CFrameFilters {
  public:
-    explicit CFrameFilters(const FrameAround& around);
+    explicit CFrameFilters(const FrameContext& context);
 
     [[nodiscard]] CPeriodCommands& Period() { return m_period; }
     /// Lets the user pick the value of the condition that a command stands for.
@@ -20,6 +20,6 @@ class CFrameFilters {
     template <class Filter>
     void Pick(const FilterCommandRow& row, Filter filter);
 
-    const FrameAround& m_around;
+    const FrameContext& m_context;
     CPeriodCommands m_period;
 };

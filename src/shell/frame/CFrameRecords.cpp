@@ -5,12 +5,12 @@
 #include "entry/RecordMarks.h"
 #include "lang/LoadText.h"
 #include "platform/host/CPrompt.h"
-#include "shell/frame/CFrameDoor.h"
+#include "shell/frame/CFrameControl.h"
+#include "shell/frame/FrameContext.h"
 #include "shell/list/CRecordListView.h"
-#include "shell/frame/FrameAround.h"
-#include "viewmodel/tree/CTreeDoor.h"
 #include "timers/CRecordTimers.h"
 #include "timers/TimerSelection.h"
+#include "viewmodel/tree/CTreeControl.h"
 
 #include <type_traits>
 
@@ -30,70 +30,70 @@ CVORec* WorkingCopyOf(const CVORec& record) {
 
 }  // namespace
 
-CFrameRecords::CFrameRecords(const FrameAround& around)
-    : m_around(around),
-      m_commands({around.document, around.timers, around.settings, around.prompt, around.progress}) {}
+CFrameRecords::CFrameRecords(const FrameContext& context)
+    : m_context(context),
+      m_commands({context.document, context.timers, context.settings, context.prompt, context.progress}) {}
 
 void CFrameRecords::QuickEntry(int flags) {
-    QuickEntrySurroundings around{.document = m_around.document,
-                                  .timers = m_around.timers,
-                                  .settings = m_around.settings,
-                                  .clock = m_around.clock,
-                                  .selectedIds = m_around.view.SelectedIds(),
-                                  .edit = m_around.editRecord,
-                                  .fillFromDefaults = m_around.fillFromDefaults};
-    if (m_around.tree)
-        around.fillFromTree = [tree = m_around.tree](CVORec& record) { return tree->FillRecord(record); };
-    const QuickOutcome outcome = NewRecordOf(KindOf(theRecordMode), flags, around);
-    if (!outcome.addedId.isEmpty()) m_around.view.SelectIds({outcome.addedId});
+    QuickEntryContext context{.document = m_context.document,
+                              .timers = m_context.timers,
+                              .settings = m_context.settings,
+                              .clock = m_context.clock,
+                              .selectedIds = m_context.view.SelectedIds(),
+                              .edit = m_context.editRecord,
+                              .fillFromDefaults = m_context.fillFromDefaults};
+    if (m_context.tree)
+        context.fillFromTree = [tree = m_context.tree](CVORec& record) { return tree->FillRecord(record); };
+    const QuickOutcome outcome = NewRecordOf(KindOf(theRecordMode), flags, context);
+    if (!outcome.addedId.isEmpty()) m_context.view.SelectIds({outcome.addedId});
 }
 
 void CFrameRecords::EditSelected() {
-    const QStringList ids = m_around.view.SelectedIds();
+    const QStringList ids = m_context.view.SelectedIds();
     if (ids.size() >= 2)
-        return m_around.prompt.Tell({.textId = static_cast<int>(Text::SelectOneRecord),
-                                     .title = LoadText(Text::EditTitle),
-                                     .text = LoadText(Text::SelectOneRecord),
-                                     .actionLabel = {}});
+        return m_context.prompt.Tell({.textId = static_cast<int>(Text::SelectOneRecord),
+                                      .title = LoadText(Text::EditTitle),
+                                      .text = LoadText(Text::SelectOneRecord),
+                                      .actionLabel = {}});
     if (!ids.isEmpty()) Edit(ids.front());
 }
 
 void CFrameRecords::Edit(const QString& id) {
-    const CVORec* record = m_around.document.FindRecord(id);
+    const CVORec* record = m_context.document.FindRecord(id);
     CVORec* working = record ? WorkingCopyOf(*record) : nullptr;
-    if (!working || !m_around.editRecord) return;
-    while (m_around.editRecord(*working)) {
-        if (m_around.document.ModifyRecord(*working, id, true, false, true, true)) return;
+    if (!working || !m_context.editRecord) return;
+    while (m_context.editRecord(*working)) {
+        if (m_context.document.ModifyRecord(*working, id, true, false, true, true)) return;
         // Memory and store may differ now. The failure has been told; what was entered comes back to the
         // dialog.
-        m_around.door.Refresh();
+        m_context.control.Refresh();
     }
 }
 
 void CFrameRecords::CopySelected() {
-    m_commands.Copy(m_around.view.SelectedIds());
+    m_commands.Copy(m_context.view.SelectedIds());
 }
 
 void CFrameRecords::DeleteSelected() {
-    m_commands.Delete(m_around.view.SelectedIds(), true);
+    m_commands.Delete(m_context.view.SelectedIds(), true);
 }
 
 void CFrameRecords::MarkSelected(int mark) {
-    m_commands.SetMark(static_cast<RecordMark>(mark), m_around.view.SelectedIds(), true);
+    m_commands.SetMark(static_cast<RecordMark>(mark), m_context.view.SelectedIds(), true);
 }
 
 void CFrameRecords::ApplyTimers(int action) {
-    ApplyToSelection(m_around.view.SelectedIds(), static_cast<TimerAction>(action), m_around.timers);
+    ApplyToSelection(m_context.view.SelectedIds(), static_cast<TimerAction>(action), m_context.timers);
     // What can't be stored was told; the views show again what is.
-    if (m_around.document.Store().m_lastError != 0) m_around.door.Refresh();
+    if (m_context.document.Store().m_lastError != 0) m_context.control.Refresh();
 }
 
 void CFrameRecords::StopTimers() {
-    m_around.timers.FoldAndStore();
-    m_around.timers.StopAllTimers();
+    m_context.timers.FoldAndStore();
+    m_context.timers.StopAllTimers();
 }
 
 void CFrameRecords::PauseTimers() {
-    m_around.timers.FoldAndStore();
-    m_around.timers.PauseAllTimers();
+    m_context.timers.FoldAndStore();
+    m_context.timers.PauseAllTimers();
 }

@@ -2,12 +2,12 @@
 
 #include "viewmodel/commands/CRecordCommands.h"
 
-struct FrameAround;
+struct FrameContext;
 
 /// The commands that make, change and delete records, those of their timers among them.
 class CFrameRecords {
  public:
-    explicit CFrameRecords(const FrameAround& around);
+    explicit CFrameRecords(const FrameContext& context);
 
     /// flags: QuickFlag.
     void QuickEntry(int flags);
@@ -23,6 +23,6 @@ class CFrameRecords {
     void PauseTimers();
 
  private:
-    const FrameAround& m_around;
+    const FrameContext& m_context;
     CRecordCommands m_commands;
 };

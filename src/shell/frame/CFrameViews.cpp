@@ -3,19 +3,19 @@
 #include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchApp.h"
 #include "lang/LoadText.h"
-#include "shell/program/CAboutDialog.h"
 #include "shell/commands/CActions.h"
 #include "shell/commands/CButtonChooser.h"
-#include "shell/options/CColumnsDialog.h"
-#include "shell/frame/CFrameDoor.h"
 #include "shell/commands/CPalette.h"
 #include "shell/controls/CPickDialog.h"
+#include "shell/frame/CAboutDialog.h"
+#include "shell/frame/CFrameControl.h"
+#include "shell/frame/FrameContext.h"
 #include "shell/list/CRecordListView.h"
-#include "shell/frame/FrameAround.h"
+#include "shell/options/CColumnsDialog.h"
 #include "shell/options/ListFontDialog.h"
 #include "shell/options/SettingSwitch.h"
 #include "viewmodel/list/CRecordListModel.h"
-#include "viewmodel/tree/CTreeDoor.h"
+#include "viewmodel/tree/CTreeControl.h"
 
 namespace {
 
@@ -29,19 +29,19 @@ ColumnHalf HalfInUse() {
     return HalfOf(KindOf(theRecordMode));
 }
 
-const FieldLabels& LabelsOf(const FrameAround& around) {
+const FieldLabels& LabelsOf(const FrameContext& context) {
     static const FieldLabels kDefaults;
-    return around.catalogue ? around.catalogue->Labels() : kDefaults;
+    return context.catalogue ? context.catalogue->Labels() : kDefaults;
 }
 
 }  // namespace
 
 void CFrameViews::SelectAll() {
-    m_around.view.selectAll();
+    m_context.view.selectAll();
 }
 
 void CFrameViews::SelectNone() {
-    m_around.view.SelectNone();
+    m_context.view.SelectNone();
 }
 
 /// Picking a column acts like a click on its header.
@@ -51,81 +51,81 @@ void CFrameViews::Sort() {
                                .present = 0,
                                .hasSearch = false,
                                .accept = Text::SortTitle};
-    for (const int column : m_around.model.VisibleColumns()) {
-        if (column == m_around.model.SortColumn()) choice.present = static_cast<int>(choice.rows.size());
-        choice.rows.append(m_around.model.CaptionOf(column));
+    for (const int column : m_context.model.VisibleColumns()) {
+        if (column == m_context.model.SortColumn()) choice.present = static_cast<int>(choice.rows.size());
+        choice.rows.append(m_context.model.CaptionOf(column));
     }
     const std::optional<int> picked =
-        RunPickDialog(&m_around.door.Window(), choice, m_around.settings.Profile());
+        RunPickDialog(&m_context.control.Window(), choice, m_context.settings.Profile());
     if (!picked) return;
-    m_around.model.SortByHeader(*picked + 1);
-    m_around.view.ApplyLayout();
+    m_context.model.SortByHeader(*picked + 1);
+    m_context.view.ApplyLayout();
 }
 
 void CFrameViews::Layout(int layout) {
-    m_around.settings.listLayout = layout;
-    m_around.door.RebuildList();
+    m_context.settings.listLayout = layout;
+    m_context.control.RebuildList();
 }
 
 void CFrameViews::RebuildViews() {
-    m_around.document.NotifyViews(Hint::Rebuild);
+    m_context.document.NotifyViews(Hint::Rebuild);
 }
 
 /// The widths on screen come first, or the columns chosen would take those of the last start.
 void CFrameViews::ListColumns() {
-    m_around.view.CaptureWidths();
-    if (RunColumnsDialog(&m_around.door.Window(), CColumnsDialog::Of::List, HalfInUse(), m_around.settings,
-                         m_around.prompt))
-        m_around.document.NotifyViews(Hint::Rebuild);
+    m_context.view.CaptureWidths();
+    if (RunColumnsDialog(&m_context.control.Window(), CColumnsDialog::Of::List, HalfInUse(),
+                         m_context.settings, m_context.prompt))
+        m_context.document.NotifyViews(Hint::Rebuild);
 }
 
 void CFrameViews::TreeColumns() {
-    if (RunColumnsDialog(&m_around.door.Window(), CColumnsDialog::Of::Tree, HalfInUse(), m_around.settings,
-                         m_around.prompt))
-        m_around.document.NotifyViews(Hint::Rebuild);
+    if (RunColumnsDialog(&m_context.control.Window(), CColumnsDialog::Of::Tree, HalfInUse(),
+                         m_context.settings, m_context.prompt))
+        m_context.document.NotifyViews(Hint::Rebuild);
 }
 
 void CFrameViews::ListFont() {
-    const std::optional<FontRecord> font = AskListFont(&m_around.door.Window(), m_around.view.font());
+    const std::optional<FontRecord> font = AskListFont(&m_context.control.Window(), m_context.view.font());
     if (!font) return;
-    m_around.settings.SetListFont(*font);
+    m_context.settings.SetListFont(*font);
     PersistLayout();
-    m_around.document.NotifyViews(Hint::Rebuild);
+    m_context.document.NotifyViews(Hint::Rebuild);
 }
 
 void CFrameViews::ToggleTree() {
-    m_around.tree->Show(!m_around.tree->IsShown());
+    m_context.tree->Show(!m_context.tree->IsShown());
 }
 
 void CFrameViews::CustomizeBar(Bar bar) {
-    CProfile& profile = m_around.settings.Profile();
+    CProfile& profile = m_context.settings.Profile();
     const std::optional<QList<int>> buttons =
-        RunButtonChooser(&m_around.door.Window(), bar, m_around.actions->Buttons(bar),
-                         {theRecordMode == RecordMode::Time, LabelsOf(m_around)}, profile);
+        RunButtonChooser(&m_context.control.Window(), bar, m_context.actions->Buttons(bar),
+                         {theRecordMode == RecordMode::Time, LabelsOf(m_context)}, profile);
     if (!buttons) return;
-    m_around.actions->SetButtons(bar, *buttons);
-    if (!KeepButtons(profile, bar, *buttons)) TellNotSaved(m_around.prompt);
+    m_context.actions->SetButtons(bar, *buttons);
+    if (!PersistButtons(profile, bar, *buttons)) TellNotSaved(m_context.prompt);
 }
 
 void CFrameViews::FindCommand() {
     const std::optional<int> command =
-        RunPalette(&m_around.door.Window(), PaletteEntries(m_around.state(), LabelsOf(m_around)),
-                   m_around.settings.Profile());
-    if (command) m_around.runCommand(*command);
+        RunPalette(&m_context.control.Window(), PaletteEntries(m_context.state(), LabelsOf(m_context)),
+                   m_context.settings.Profile());
+    if (command) m_context.runCommand(*command);
 }
 
 void CFrameViews::Options() {
-    if (!m_around.options()) return;
+    if (!m_context.options()) return;
     PersistLayout();
     ResetWorkingRecords();
-    m_around.door.Refresh();
+    m_context.control.Refresh();
 }
 
 void CFrameViews::About() {
-    CAboutDialog(m_around.home, &m_around.door.Window()).exec();
+    CAboutDialog(m_context.home, &m_context.control.Window()).exec();
 }
 
 void CFrameViews::PersistLayout() {
-    m_around.view.CaptureWidths();
-    if (!m_around.settings.SaveAll()) TellNotSaved(m_around.prompt);
+    m_context.view.CaptureWidths();
+    if (!m_context.settings.SaveAll()) TellNotSaved(m_context.prompt);
 }

@@ -1,12 +1,12 @@
 #pragma once
 
-struct FrameAround;
+struct FrameContext;
 enum class Bar;
 
 /// The commands that change how the window looks, and its dialogs.
 class CFrameViews {
  public:
-    explicit CFrameViews(const FrameAround& around) : m_around(around) {}
+    explicit CFrameViews(const FrameContext& context) : m_context(context) {}
 
     void SelectAll();
     void SelectNone();
@@ -25,5 +25,5 @@ class CFrameViews {
     void PersistLayout();
 
  private:
-    const FrameAround& m_around;
+    const FrameContext& m_context;
 };

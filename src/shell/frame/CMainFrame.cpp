@@ -4,24 +4,24 @@
 #include "calendar/NumberText.h"
 #include "lang/LoadText.h"
 #include "shell/commands/CActions.h"
-#include "shell/controls/CCalendarPopup.h"
-#include "shell/tree/CDataTreeView.h"
-#include "shell/list/CEmptyNote.h"
-#include "shell/program/CEventPump.h"
-#include "shell/frame/CPanes.h"
 #include "shell/commands/CPeriodButton.h"
+#include "shell/controls/CCalendarPopup.h"
+#include "shell/frame/CEventPump.h"
+#include "shell/frame/CPanes.h"
 #include "shell/frame/CProgressBox.h"
+#include "shell/frame/WindowMemory.h"
+#include "shell/list/CEmptyNote.h"
 #include "shell/list/CRecordListView.h"
 #include "shell/list/CStatusBar.h"
 #include "shell/look/Glyphs.h"
 #include "shell/look/IconTheme.h"
 #include "shell/look/LegiblePalette.h"
-#include "shell/frame/WindowMemory.h"
+#include "shell/tree/CDataTreeView.h"
+#include "timers/CRecordTimers.h"
 #include "viewmodel/list/CRecordListModel.h"
 #include "viewmodel/program/CTimerTicker.h"
 #include "viewmodel/program/CViewHub.h"
 #include "viewmodel/program/PeriodMemory.h"
-#include "timers/CRecordTimers.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -62,7 +62,7 @@ class CMainFrame::BusyScope {
     CMainFrame& m_frame;
 };
 
-CMainFrame::CMainFrame(const Surroundings& around) : m_around(around) {
+CMainFrame::CMainFrame(const Context& context) : m_context(context) {
     setObjectName(u"mainFrame"_s);
     // The title is how other processes find the window: it never changes.
     setWindowTitle(LoadText(Text::ProgramTitle));
@@ -74,32 +74,32 @@ CMainFrame::CMainFrame(const Surroundings& around) : m_around(around) {
     m_actions = new CActions(*this);
     MakeCommands();
     RestoreLayout();
-    m_around.timers.RestoreTimers();
-    RestorePeriod(m_around.app.Profile(), m_around.app.Document().CurrentFilter(),
-                  m_around.app.Document().PeriodNeeds());
+    m_context.timers.RestoreTimers();
+    RestorePeriod(m_context.app.Profile(), m_context.app.Document().CurrentFilter(),
+                  m_context.app.Document().GetPeriodContext());
     Connect();
-    m_around.hub.Attach(*this);
-    m_around.hub.Attach(*m_status);
+    m_context.hub.Attach(*this);
+    m_context.hub.Attach(*m_status);
     ShowListOrNote();
     UpdateActions();
 }
 
 CMainFrame::~CMainFrame() {
-    m_around.hub.Detach(*m_status);
-    m_around.hub.Detach(*this);
+    m_context.hub.Detach(*m_status);
+    m_context.hub.Detach(*this);
 }
 
 void CMainFrame::MakePanes() {
-    CVelmarchDoc& document = m_around.app.Document();
-    CCfgStore& settings = m_around.app.Settings();
-    m_model = new CRecordListModel(document, m_around.timers.Set(), settings, this);
+    CVelmarchDoc& document = m_context.app.Document();
+    CCfgStore& settings = m_context.app.Settings();
+    m_model = new CRecordListModel(document, m_context.timers.Set(), settings, this);
     m_view = new CRecordListView(*m_model, settings, this);
     m_note = new CEmptyNote(this);
     m_pane = new QStackedWidget(this);
     m_pane->setObjectName(u"pane1"_s);
     m_pane->addWidget(m_note);
     m_pane->addWidget(m_view);
-    m_tree = new CDataTreeView(document, settings, m_around.prompt, this);
+    m_tree = new CDataTreeView(document, settings, m_context.prompt, this);
     m_panes = new CPanes(*m_tree, *m_pane, this);
     setCentralWidget(m_panes);
     m_status = new CStatusBar(document,
@@ -108,33 +108,33 @@ void CMainFrame::MakePanes() {
                               this);
     setStatusBar(m_status);
     m_ticker = new CTimerTicker(
-        m_around.timers.Set(), *m_model, [this] { return m_view->RowsInSight(); }, this);
+        m_context.timers.Set(), *m_model, [this] { return m_view->RowsInSight(); }, this);
     m_progress = std::make_unique<CProgressBox>(*this);
 }
 
 void CMainFrame::MakeCommands() {
-    m_commands = std::make_unique<CFrameCommands>(CommandNeeds());
+    m_commands = std::make_unique<CFrameCommands>(MakeFrameContext());
 }
 
-FrameAround CMainFrame::CommandNeeds() {
+FrameContext CMainFrame::MakeFrameContext() {
     return {
-        .document = m_around.app.Document(),
-        .timers = m_around.timers,
-        .settings = m_around.app.Settings(),
-        .prompt = m_around.prompt,
+        .document = m_context.app.Document(),
+        .timers = m_context.timers,
+        .settings = m_context.app.Settings(),
+        .prompt = m_context.prompt,
         .progress = *m_progress,
-        .clock = m_around.clock,
+        .clock = m_context.clock,
         .model = *m_model,
         .view = *m_view,
-        .door = *this,
-        .home = m_around.app.Home(),
-        .editRecord = [this](CVORec& record) { return m_around.edit(this, record); },
-        .options = [this] { return m_around.options(this); },
+        .control = *this,
+        .home = m_context.app.Home(),
+        .editRecord = [this](CVORec& record) { return m_context.edit(this, record); },
+        .options = [this] { return m_context.options(this); },
         .switchMode = [this](RecordMode mode) { SwitchMode(mode); },
         .tree = m_panes,
-        .fillFromDefaults = [this](CVORec& record) { return m_around.defaults(this, record, true); },
+        .fillFromDefaults = [this](CVORec& record) { return m_context.defaults(this, record, true); },
         .runDefaults = [this] { EditDefaults(); },
-        .catalogue = &m_around.app.Catalogue(),
+        .catalogue = &m_context.app.Catalogue(),
         .actions = m_actions,
         .state = [this] { return State(); },
         .runCommand = [this](int command) { RunCommand(command); },
@@ -145,7 +145,7 @@ void CMainFrame::Connect() {
     connect(m_actions, &CActions::Triggered, this, &CMainFrame::RunCommand);
     connect(m_note, &CEmptyNote::CommandWanted, this, &CMainFrame::RunCommand);
     connect(m_view, &CRecordListView::SelectionChanged, this,
-            [this] { m_around.hub.NotifyViews(Hint::SelectionChanged, {}); });
+            [this] { m_context.hub.NotifyViews(Hint::SelectionChanged, {}); });
     connect(m_view, &CRecordListView::EditWanted, this, [this](const QString& id) {
         if (!IsBusy()) m_commands->EditRecord(id);
     });
@@ -192,10 +192,10 @@ CommandState CMainFrame::State() const {
 }
 
 void CMainFrame::NotifyViews(Hint hint, const QStringList& ids) {
-    if (hint == Hint::Clear || hint == Hint::Rebuild) KeepPlace();
+    if (hint == Hint::Clear || hint == Hint::Rebuild) RememberPlace();
     if (hint != Hint::SelectionChanged) TellList(hint, ids);
     m_tree->OnHint(hint, ids);
-    if (hint == Hint::AboutToGo) m_around.hub.NotifyViews(Hint::SelectionChanged, {});
+    if (hint == Hint::AboutToGo) m_context.hub.NotifyViews(Hint::SelectionChanged, {});
     if (hint == Hint::Rebuild) TakeUpList();
     m_ticker->Reconsider();
     ShowListOrNote();
@@ -214,26 +214,26 @@ void CMainFrame::TakeUpList() {
     m_view->ApplyLayout();
     for (QWidget* widget : {static_cast<QWidget*>(m_tree), static_cast<QWidget*>(m_status)})
         if (widget->font() != m_view->font()) widget->setFont(m_view->font());
-    TakePlaceUp();
+    RestorePlace();
 }
 
 void CMainFrame::RebuildList() {
-    KeepPlace();
+    RememberPlace();
     m_model->Rebuild();
     TakeUpList();
     m_ticker->Reconsider();
-    m_around.hub.NotifyViews(Hint::SelectionChanged, {});
+    m_context.hub.NotifyViews(Hint::SelectionChanged, {});
 }
 
 /// The list is rebuilt for many reasons; whoever looks at it shouldn't lose the place.
-void CMainFrame::KeepPlace() {
+void CMainFrame::RememberPlace() {
     if (m_model->rowCount() == 0) return;
     m_keptSelection = m_view->SelectedCount() <= kKeptSelection ? m_view->SelectedIds() : QStringList();
     const QModelIndex current = m_view->currentIndex();
     m_keptCurrent = current.isValid() ? m_model->IdAt(current.row()) : QString();
 }
 
-void CMainFrame::TakePlaceUp() {
+void CMainFrame::RestorePlace() {
     if (!m_keptSelection.isEmpty()) m_view->SelectIds(m_keptSelection);
     const std::vector<int> current =
         m_keptCurrent.isEmpty() ? std::vector<int>() : m_model->RowsOf({m_keptCurrent});
@@ -247,14 +247,14 @@ void CMainFrame::Refresh() {
     {
         const BusyScope busy(*this);
         ShowListOrNote();
-        m_around.app.LoadStep();
+        m_context.app.LoadStep();
         m_isLoading = false;
     }
     ShowListOrNote();
 }
 
 void CMainFrame::ShowListOrNote() {
-    CVelmarchDoc& document = m_around.app.Document();
+    CVelmarchDoc& document = m_context.app.Document();
     const bool narrowed = theRecordMode == RecordMode::Time ? HasConditions(document.Filter())
                                                             : HasConditions(document.FilterOfExpenses());
     const EmptyReason reason = WhyEmpty(static_cast<std::size_t>(m_model->rowCount()), document.RecordCount(),
@@ -271,12 +271,12 @@ void CMainFrame::ShowListOrNote() {
 
 void CMainFrame::UpdateActions() {
     m_actions->Update(State());
-    const PeriodFilter& filter = m_around.app.Document().CurrentFilter();
+    const PeriodFilter& filter = m_context.app.Document().CurrentFilter();
     m_actions->PeriodButton().ShowPeriod(filter.displayName, filter.preset);
 }
 
 void CMainFrame::RestoreLayout() {
-    const WindowMemory memory(m_around.app.Profile());
+    const WindowMemory memory(m_context.app.Profile());
     m_status->setVisible(memory.IsShown(Text::SectionStatusBar));
     m_actions->RecordsBar().setVisible(memory.IsShown(Text::SectionBar1));
     m_actions->FiltersBar().setVisible(memory.IsShown(Text::SectionBar2));
@@ -287,23 +287,23 @@ void CMainFrame::RestoreLayout() {
     m_view->ApplyLayout();
 }
 
-void CMainFrame::KeepLayout() {
-    WindowMemory memory(m_around.app.Profile());
-    memory.KeepShown(Text::SectionStatusBar, m_status->isVisibleTo(this));
-    memory.KeepShown(Text::SectionBar2, m_actions->FiltersBar().isVisibleTo(this));
-    memory.KeepShown(Text::SectionBar1, m_actions->RecordsBar().isVisibleTo(this));
-    memory.KeepBinary(Text::EntryGeometry, saveGeometry());
-    memory.KeepShown(Text::SectionPanes, m_panes->IsWanted());
-    memory.KeepPanes(m_panes->saveState(), m_panes->IsStacked());
-    memory.KeepListStyle(m_model->Layout());
-    memory.KeepView();
+void CMainFrame::PersistFrameLayout() {
+    WindowMemory memory(m_context.app.Profile());
+    memory.PersistShown(Text::SectionStatusBar, m_status->isVisibleTo(this));
+    memory.PersistShown(Text::SectionBar2, m_actions->FiltersBar().isVisibleTo(this));
+    memory.PersistShown(Text::SectionBar1, m_actions->RecordsBar().isVisibleTo(this));
+    memory.PersistBinary(Text::EntryGeometry, saveGeometry());
+    memory.PersistShown(Text::SectionPanes, m_panes->IsWanted());
+    memory.PersistPanes(m_panes->saveState(), m_panes->IsStacked());
+    memory.PersistListStyle(m_model->Layout());
+    memory.PersistView();
 }
 
-void CMainFrame::KeepEverything() {
-    m_around.timers.SaveTimers();
-    KeepLayout();
-    StorePeriod(m_around.app.Profile(), m_around.app.Document().CurrentFilter());
-    NoteMode(m_around.app.Settings());
+void CMainFrame::PersistEverything() {
+    m_context.timers.SaveTimers();
+    PersistFrameLayout();
+    StorePeriod(m_context.app.Profile(), m_context.app.Document().CurrentFilter());
+    NoteMode(m_context.app.Settings());
 }
 
 void CMainFrame::ComeForward() {
@@ -319,7 +319,7 @@ void CMainFrame::SwitchMode(RecordMode mode) {
     {
         const BusyScope busy(*this);
         ShowListOrNote();
-        m_around.app.Document().SwitchMode(mode, [this] { m_view->CaptureWidths(); });
+        m_context.app.Document().SwitchMode(mode, [this] { m_view->CaptureWidths(); });
     }
     ShowListOrNote();
     UpdateActions();
@@ -328,7 +328,7 @@ void CMainFrame::SwitchMode(RecordMode mode) {
 void CMainFrame::EditDefaults() {
     CVORec* working =
         theRecordMode == RecordMode::Time ? static_cast<CVORec*>(theTimeEntry) : theExpenseEntry;
-    if (working) static_cast<void>(m_around.defaults(this, *working, false));
+    if (working) static_cast<void>(m_context.defaults(this, *working, false));
 }
 
 void CMainFrame::ShowTreeMenu(const QPoint& at) {
@@ -370,11 +370,11 @@ void CMainFrame::WrapBars() {
 }
 
 void CMainFrame::PickDay() {
-    CVelmarchDoc& document = m_around.app.Document();
+    CVelmarchDoc& document = m_context.app.Document();
     DateTimeVal day;
-    if (!day.ParseDateText(document.CurrentFilter().startText, TheRegion(), m_around.clock))
-        day.SetToday(m_around.clock);
-    auto* popup = new CCalendarPopup(day, m_around.app.Settings().firstDayOfWeek, this);
+    if (!day.ParseDateText(document.CurrentFilter().startText, TheRegion(), m_context.clock))
+        day.SetToday(m_context.clock);
+    auto* popup = new CCalendarPopup(day, m_context.app.Settings().firstDayOfWeek, this);
     popup->setAttribute(Qt::WA_DeleteOnClose);
     popup->setAccessibleName(LoadText(Text::DayPopup));
     const auto apply = [this](const DateTimeVal& picked) {
@@ -392,7 +392,7 @@ void CMainFrame::PickDay() {
 
 void CMainFrame::closeEvent(QCloseEvent* event) {
     // A load that is still running ends after its present record.
-    m_around.pump.AskToQuit();
+    m_context.pump.AskToQuit();
     event->accept();
 }
 

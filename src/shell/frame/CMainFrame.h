@@ -3,7 +3,7 @@
 #include "app/Hints.h"
 #include "app/RecordMode.h"
 #include "shell/frame/CFrameCommands.h"
-#include "shell/frame/CFrameDoor.h"
+#include "shell/frame/CFrameControl.h"
 
 #include <QMainWindow>
 #include <memory>
@@ -26,12 +26,12 @@ class QStackedWidget;
 
 /// The one top-level window. It builds the panes, makes the actions and connects them; the work is done by
 /// the classes it holds.
-class CMainFrame final : public QMainWindow, public CViewNotifier, private CFrameDoor {
+class CMainFrame final : public QMainWindow, public CViewNotifier, private CFrameControl {
     Q_OBJECT
 
  public:
     /// All must outlive the frame.
-    struct Surroundings {
+    struct Context {
         CVelmarchApp& app;
         CRecordTimers& timers;
         CViewHub& hub;
@@ -44,13 +44,13 @@ class CMainFrame final : public QMainWindow, public CViewNotifier, private CFram
         /// The stored defaults, to manage them or with isChoosing to fill the record from one: true then.
         std::function<bool(QWidget* parent, CVORec& working, bool isChoosing)> defaults;
     };
-    explicit CMainFrame(const Surroundings& around);
+    explicit CMainFrame(const Context& context);
     ~CMainFrame() override;
 
     /// The load step, with the window on screen.
     void Refresh() override;
     /// At the end: timers, layout and period are kept. Before the settings are closed.
-    void KeepEverything();
+    void PersistEverything();
     void ComeForward();
     /// Shows the records of a mode; those of the mode in use are read again.
     void SwitchMode(RecordMode mode);
@@ -69,13 +69,13 @@ class CMainFrame final : public QMainWindow, public CViewNotifier, private CFram
  private:
     class BusyScope;
     void MakePanes();
-    [[nodiscard]] FrameAround CommandNeeds();
+    [[nodiscard]] FrameContext MakeFrameContext();
     void EditDefaults();
     void ShowTreeMenu(const QPoint& at);
     void MakeCommands();
     void Connect();
     void RestoreLayout();
-    void KeepLayout();
+    void PersistFrameLayout();
     void RebuildList() override;
     void TellList(Hint hint, const QStringList& ids);
     void TakeUpList();
@@ -83,8 +83,8 @@ class CMainFrame final : public QMainWindow, public CViewNotifier, private CFram
     void ShowListOrNote();
     void UpdateActions();
     void WrapBars();
-    void KeepPlace();
-    void TakePlaceUp();
+    void RememberPlace();
+    void RestorePlace();
 
     [[nodiscard]] QWidget& Window() override { return *this; }
     void ToggleBar1() override;
@@ -93,7 +93,7 @@ class CMainFrame final : public QMainWindow, public CViewNotifier, private CFram
     void PickDay() override;
     void Leave() override { close(); }
 
-    Surroundings m_around;
+    Context m_context;
     int m_busy = 0;
     bool m_isLoading = true;  ///< until the first load step has run
     QStringList m_keptSelection;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewmodel/tree/CTreeDoor.h"
+#include "viewmodel/tree/CTreeControl.h"
 
 #include <QSplitter>
 
@@ -8,7 +8,7 @@ class CDataTreeView;
 
 /// The two panes of the window: the data tree, beside or above the record list. The tree can be hidden; in a
 /// window that is too narrow for both it is hidden until it is asked for.
-class CPanes final : public QSplitter, public CTreeDoor {
+class CPanes final : public QSplitter, public CTreeControl {
     Q_OBJECT
 
  public:

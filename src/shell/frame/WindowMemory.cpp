@@ -18,7 +18,7 @@ bool WindowMemory::IsShown(Text section) const {
     return m_profile.GetInt(LoadText(section), LoadText(Text::EntryVisible), 1) != 0;
 }
 
-void WindowMemory::KeepShown(Text section, bool isShown) {
+void WindowMemory::PersistShown(Text section, bool isShown) {
     m_profile.WriteInt(LoadText(section), LoadText(Text::EntryVisible), isShown ? 1 : 0);
 }
 
@@ -26,19 +26,19 @@ QByteArray WindowMemory::Binary(Text entry) const {
     return m_profile.GetBinary(LoadText(Text::SectionWindow), LoadText(entry)).value_or(QByteArray());
 }
 
-void WindowMemory::KeepBinary(Text entry, const QByteArray& value) {
+void WindowMemory::PersistBinary(Text entry, const QByteArray& value) {
     if (!value.isEmpty() && value != Binary(entry))
         m_profile.WriteBinary(LoadText(Text::SectionWindow), LoadText(entry), value);
 }
 
-void WindowMemory::KeepListStyle(ListLayout layout) {
+void WindowMemory::PersistListStyle(ListLayout layout) {
     const int style = layout == ListLayout::Icons  ? kIconStyle
                       : layout == ListLayout::List ? kListStyle
                                                    : kRowStyle;
     m_profile.WriteInt(LoadText(Text::SectionList), LoadText(Text::EntryListStyle), style);
 }
 
-void WindowMemory::KeepView() {
+void WindowMemory::PersistView() {
     m_profile.WriteInt(LoadText(Text::SectionPanes), LoadText(Text::EntryView), kListView);
 }
 
@@ -50,7 +50,7 @@ bool WindowMemory::ArePanesStacked() const {
     return m_profile.GetInt(LoadText(Text::SectionPanes), LoadText(Text::EntryOrientation), 0) != 0;
 }
 
-void WindowMemory::KeepPanes(const QByteArray& sizes, bool areStacked) {
+void WindowMemory::PersistPanes(const QByteArray& sizes, bool areStacked) {
     if (sizes != Panes()) m_profile.WriteBinary(LoadText(Text::SectionPanes), SizesEntry(), sizes);
     m_profile.WriteInt(LoadText(Text::SectionPanes), LoadText(Text::EntryOrientation), areStacked ? 1 : 0);
 }

@@ -14,18 +14,18 @@ class WindowMemory {
 
     /// Whether a bar was shown; yes when nothing is known.
     [[nodiscard]] bool IsShown(Text section) const;
-    void KeepShown(Text section, bool isShown);
+    void PersistShown(Text section, bool isShown);
     /// A value of the window's own section; empty when nothing is known.
     [[nodiscard]] QByteArray Binary(Text entry) const;
-    void KeepBinary(Text entry, const QByteArray& value);
+    void PersistBinary(Text entry, const QByteArray& value);
     /// The sizes of the panes; empty when nothing is known.
     [[nodiscard]] QByteArray Panes() const;
     [[nodiscard]] bool ArePanesStacked() const;
-    void KeepPanes(const QByteArray& sizes, bool areStacked);
+    void PersistPanes(const QByteArray& sizes, bool areStacked);
     /// The layout as the kind of list that draws it: 0 icons, 1 rows, 3 plain list.
-    void KeepListStyle(ListLayout layout);
+    void PersistListStyle(ListLayout layout);
     /// That the list was the view in front: 0.
-    void KeepView();
+    void PersistView();
 
  private:
     CProfile& m_profile;

@@ -27,7 +27,7 @@ void RestoreDialogSize(QWidget& dialog, const CProfile& profile, const QString& 
     dialog.resize(wanted.boundedTo(dialog.screen()->availableSize()));
 }
 
-void KeepDialogSize(const QWidget& dialog, CProfile& profile, const QString& section) {
+void PersistDialogSize(const QWidget& dialog, CProfile& profile, const QString& section) {
     const QSize size = dialog.size();
     if (size == KeptSize(profile, section)) return;
     // A size that can't be kept is no reason to bother anybody: the dialog then opens as it did before.

@@ -11,4 +11,4 @@ class QWidget;
 void RestoreDialogSize(QWidget& dialog, const CProfile& profile, const QString& section,
                        const QSize& suggested);
 /// Keeps the size; nothing is written when it is the one already kept.
-void KeepDialogSize(const QWidget& dialog, CProfile& profile, const QString& section);
+void PersistDialogSize(const QWidget& dialog, CProfile& profile, const QString& section);

@@ -2,13 +2,13 @@
 
 #include "config/SettingsTable.h"
 #include "lang/FormatText.h"
-#include "shell/options/CAppearancePreview.h"
 #include "shell/controls/CColourPicker.h"
 #include "shell/look/CMnemonics.h"
 #include "shell/look/FormRows.h"
 #include "shell/look/ListColours.h"
-#include "viewmodel/list/ColourTable.h"
+#include "shell/options/CAppearancePreview.h"
 #include "viewmodel/fields/ValueChoices.h"
+#include "viewmodel/list/ColourTable.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,8 +1,8 @@
 #include "shell/options/CColumnPage.h"
 
 #include "lang/LoadText.h"
-#include "shell/look/CMnemonics.h"
 #include "shell/controls/CTwoLists.h"
+#include "shell/look/CMnemonics.h"
 #include "shell/look/FormRows.h"
 
 #include <QListWidget>

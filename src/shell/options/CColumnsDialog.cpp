@@ -2,11 +2,11 @@
 
 #include "config/CCfgStore.h"
 #include "lang/LoadText.h"
-#include "shell/options/CAppearancePage.h"
-#include "shell/options/CColumnPage.h"
 #include "shell/look/CMnemonics.h"
 #include "shell/look/DialogSize.h"
 #include "shell/look/FormRows.h"
+#include "shell/options/CAppearancePage.h"
+#include "shell/options/CColumnPage.h"
 #include "shell/options/SettingSwitch.h"
 #include "viewmodel/list/CRecordListModel.h"
 #include "viewmodel/list/ColumnDraft.h"
@@ -68,7 +68,7 @@ void CColumnsDialog::accept() {
 }
 
 void CColumnsDialog::done(int result) {
-    KeepDialogSize(*this, m_settings.Profile(), SizeSection(m_of));
+    PersistDialogSize(*this, m_settings.Profile(), SizeSection(m_of));
     QDialog::done(result);
 }
 

@@ -1,8 +1,8 @@
 #include "shell/options/COptionsDelegate.h"
 
 #include "lang/LoadText.h"
-#include "shell/options/COptionsModel.h"
 #include "shell/look/FormRows.h"
+#include "shell/options/COptionsModel.h"
 
 #include <QApplication>
 #include <QComboBox>

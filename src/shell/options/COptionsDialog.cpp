@@ -3,11 +3,11 @@
 #include "config/CCfgStore.h"
 #include "lang/LoadText.h"
 #include "shell/look/CMnemonics.h"
+#include "shell/look/DialogSize.h"
+#include "shell/look/FormRows.h"
 #include "shell/options/COptionsDelegate.h"
 #include "shell/options/COptionsModel.h"
 #include "shell/options/COptionsTree.h"
-#include "shell/look/DialogSize.h"
-#include "shell/look/FormRows.h"
 #include "shell/options/SettingSwitch.h"
 
 #include <QDialogButtonBox>
@@ -120,7 +120,7 @@ void COptionsDialog::accept() {
 }
 
 void COptionsDialog::done(int result) {
-    KeepDialogSize(*this, m_settings.Profile(), SizeSection());
+    PersistDialogSize(*this, m_settings.Profile(), SizeSection());
     QDialog::done(result);
 }
 

@@ -4,24 +4,24 @@
 #include "lang/FormatText.h"
 #include "platform/host/CClock.h"
 #include "platform/host/CInstallLocation.h"
+#include "platform/host/CLauncher.h"
 #include "platform/instance/CInstance.h"
 #include "platform/instance/CInstanceChannel.h"
-#include "platform/host/CLauncher.h"
-#include "shell/look/AccessibleRoles.h"
-#include "shell/program/CAboutDialog.h"
 #include "shell/controls/CBoxPrompt.h"
-#include "shell/record/CDefaultsDialog.h"
-#include "shell/program/CEventPump.h"
+#include "shell/frame/CAboutDialog.h"
+#include "shell/frame/CEventPump.h"
 #include "shell/frame/CMainFrame.h"
-#include "shell/options/COptionsDialog.h"
-#include "shell/program/CQuitSignals.h"
-#include "shell/record/EditRecord.h"
 #include "shell/look/IconTheme.h"
 #include "shell/look/LegiblePalette.h"
+#include "shell/options/COptionsDialog.h"
+#include "shell/program/AccessibleRoles.h"
+#include "shell/program/CQuitSignals.h"
+#include "shell/record/CDefaultsDialog.h"
+#include "shell/record/EditRecord.h"
+#include "timers/CRecordTimers.h"
 #include "viewmodel/program/CInstanceHost.h"
 #include "viewmodel/program/CStartCheck.h"
 #include "viewmodel/program/CViewHub.h"
-#include "timers/CRecordTimers.h"
 
 #include <QApplication>
 #include <QDir>
@@ -173,9 +173,8 @@ int CWindowProgram::RunWindow() {
     ActiveTimerSet timerSet(clock);
     CRecordTimers timers(timerSet, app.Document(), app.Settings());
     app.Document().SetTimers(&timers);
-    const RecordDialogSurroundings dialog{app.Document(), timers, app.Settings(),
-                                          prompt,         clock,  app.Catalogue()};
-    auto frame = std::make_unique<CMainFrame>(CMainFrame::Surroundings{
+    const RecordDialogContext dialog{app.Document(), timers, app.Settings(), prompt, clock, app.Catalogue()};
+    auto frame = std::make_unique<CMainFrame>(CMainFrame::Context{
         app, timers, hub, prompt, pump, clock,
         [&dialog](QWidget* parent, CVORec& record) { return EditRecord(parent, record, dialog); },
         [&app, &prompt](QWidget* parent) {
@@ -203,7 +202,7 @@ int CWindowProgram::RunWindow() {
     });
     const int code = QApplication::exec();
 
-    frame->KeepEverything();
+    frame->PersistEverything();
     app.Document().SetTimers(nullptr);
     frame.reset();
     app.CloseSettings();

@@ -4,8 +4,8 @@
 #include "entry/CodedText.h"
 #include "lang/FormatText.h"
 #include "records/CVORec.h"
-#include "shell/look/CElidedLabel.h"
 #include "shell/controls/CItemCombo.h"
+#include "shell/look/CElidedLabel.h"
 #include "shell/look/CMnemonics.h"
 #include "shell/look/DialogSize.h"
 #include "shell/look/FormRows.h"
@@ -33,8 +33,8 @@ int RoomForParts() {
 
 }  // namespace
 
-CCodedTextDialog::CCodedTextDialog(const RecordDialogSurroundings& around, QWidget* parent)
-    : QDialog(parent), m_around(around) {
+CCodedTextDialog::CCodedTextDialog(const RecordDialogContext& context, QWidget* parent)
+    : QDialog(parent), m_context(context) {
     setObjectName(QStringLiteral("codedTextDialog"));
     setWindowTitle(LoadText(Text::CodesTitle));
     CMnemonics mnemonics;
@@ -50,7 +50,7 @@ CCodedTextDialog::CCodedTextDialog(const RecordDialogSurroundings& around, QWidg
     column->addStretch();
     column->addSpacing(kFormSpace);
     column->addWidget(buttons);
-    RestoreDialogSize(*this, m_around.settings.Profile(), SizeSection(), kUsualSize);
+    RestoreDialogSize(*this, m_context.settings.Profile(), SizeSection(), kUsualSize);
 }
 
 void CCodedTextDialog::BuildRows(QGridLayout& form, CMnemonics& mnemonics) {
@@ -58,10 +58,10 @@ void CCodedTextDialog::BuildRows(QGridLayout& form, CMnemonics& mnemonics) {
     form.addWidget(new QLabel(LoadText(Text::NamePart)), 0, 2);
     for (std::size_t i = 0; i < m_parts.size(); ++i) {
         const int item = static_cast<int>(i);
-        m_parts[i] = AddParts(form, item, RecordDialogParts::LabelOf(m_around.catalogue, kFirstName + item),
+        m_parts[i] = AddParts(form, item, RecordDialogParts::LabelOf(m_context.catalogue, kFirstName + item),
                               mnemonics);
     }
-    AddPayment(form, RecordDialogParts::LabelOf(m_around.catalogue, kFirstName + static_cast<int>(kPayment)),
+    AddPayment(form, RecordDialogParts::LabelOf(m_context.catalogue, kFirstName + static_cast<int>(kPayment)),
                mnemonics);
     form.setColumnStretch(1, 1);
     form.setColumnStretch(2, 2);
@@ -122,12 +122,12 @@ CodedItems CCodedTextDialog::GetDraft() const {
 }
 
 void CCodedTextDialog::done(int result) {
-    KeepDialogSize(*this, m_around.settings.Profile(), SizeSection());
+    PersistDialogSize(*this, m_context.settings.Profile(), SizeSection());
     QDialog::done(result);
 }
 
-bool RunCodedTextDialog(QWidget* parent, CodedItems& items, const RecordDialogSurroundings& around) {
-    CCodedTextDialog dialog(around, parent);
+bool RunCodedTextDialog(QWidget* parent, CodedItems& items, const RecordDialogContext& context) {
+    CCodedTextDialog dialog(context, parent);
     dialog.SetDraft(items);
     if (dialog.exec() != QDialog::Accepted) return false;
     items = dialog.GetDraft();

@@ -19,7 +19,7 @@ class CCodedTextDialog final : public QDialog {
     Q_OBJECT
 
  public:
-    explicit CCodedTextDialog(const RecordDialogSurroundings& around, QWidget* parent = nullptr);
+    explicit CCodedTextDialog(const RecordDialogContext& context, QWidget* parent = nullptr);
 
     void SetDraft(const CodedItems& items);
     [[nodiscard]] CodedItems GetDraft() const;
@@ -37,12 +37,11 @@ class CCodedTextDialog final : public QDialog {
     void AddPayment(QGridLayout& form, const QString& label, CMnemonics& mnemonics);
     static void ShareRoom(const Parts& parts);
 
-    RecordDialogSurroundings m_around;
+    RecordDialogContext m_context;
     std::array<Parts, 3> m_parts;
     CItemCombo* m_payment = nullptr;
     CElidedLabel* m_note = nullptr;
 };
 
 /// Lets the user edit the texts; true when accepted, and only then they are changed.
-[[nodiscard]] bool RunCodedTextDialog(QWidget* parent, CodedItems& items,
-                                      const RecordDialogSurroundings& around);
+[[nodiscard]] bool RunCodedTextDialog(QWidget* parent, CodedItems& items, const RecordDialogContext& context);

@@ -7,8 +7,8 @@
 #include "shell/controls/AskText.h"
 #include "shell/look/CMnemonics.h"
 #include "shell/look/DialogSize.h"
-#include "shell/record/EditRecord.h"
 #include "shell/look/FormRows.h"
+#include "shell/record/EditRecord.h"
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
@@ -32,13 +32,13 @@ RecordMode ModeOf(const CVORec& record) {
 
 }  // namespace
 
-CDefaultsDialog::CDefaultsDialog(CVORec& working, bool isChoosing, const RecordDialogSurroundings& around,
+CDefaultsDialog::CDefaultsDialog(CVORec& working, bool isChoosing, const RecordDialogContext& context,
                                  QWidget* parent)
     : QDialog(parent),
-      m_around(around),
+      m_context(context),
       m_working(working),
       m_isChoosing(isChoosing),
-      m_defaults(around.settings, around.clock, ModeOf(working)),
+      m_defaults(context.settings, context.clock, ModeOf(working)),
       m_scratch(working.Clone()) {
     // A default has no identity, and so no timer.
     m_scratch->SetId({});
@@ -49,7 +49,7 @@ CDefaultsDialog::CDefaultsDialog(CVORec& working, bool isChoosing, const RecordD
     Fill();
     m_list->setCurrentItem(m_list->topLevelItem(0));
     ShowState();
-    RestoreDialogSize(*this, m_around.settings.Profile(), SizeSection(), kUsualSize);
+    RestoreDialogSize(*this, m_context.settings.Profile(), SizeSection(), kUsualSize);
 }
 
 CDefaultsDialog::~CDefaultsDialog() = default;
@@ -128,12 +128,12 @@ void CDefaultsDialog::BuildEnd(QVBoxLayout& column, CMnemonics& mnemonics) {
 
 NamedDefaultsActions CDefaultsDialog::Actions(const QString& title) {
     NamedDefaultsActions::Screen screen{
-        [this](CVORec& record) { return EditRecord(this, record, m_around); },
+        [this](CVORec& record) { return EditRecord(this, record, m_context); },
         [this, title](const QString& opening) {
             return AskText(this, {title, LoadText(Text::DefaultsName), opening});
         },
-        m_around.prompt};
-    return {m_defaults, *m_scratch, m_around.settings.confirmDelete, std::move(screen)};
+        m_context.prompt};
+    return {m_defaults, *m_scratch, m_context.settings.confirmDelete, std::move(screen)};
 }
 
 void CDefaultsDialog::New() {
@@ -198,17 +198,17 @@ void CDefaultsDialog::accept() {
     box.title = windowTitle();
     box.text = FormatText<Text::DefaultDamaged>(name);
     box.icon = BoxIcon::Warning;
-    m_around.prompt.Tell(box);
+    m_context.prompt.Tell(box);
 }
 
 void CDefaultsDialog::done(int result) {
-    KeepDialogSize(*this, m_around.settings.Profile(), SizeSection());
+    PersistDialogSize(*this, m_context.settings.Profile(), SizeSection());
     QDialog::done(result);
 }
 
 bool RunDefaultsDialog(QWidget* parent, CVORec& working, bool isChoosing,
-                       const RecordDialogSurroundings& around) {
-    const QScopedValueRollback clock(around.settings.clock24);
-    CDefaultsDialog dialog(working, isChoosing, around, parent);
+                       const RecordDialogContext& context) {
+    const QScopedValueRollback clock(context.settings.clock24);
+    CDefaultsDialog dialog(working, isChoosing, context, parent);
     return dialog.exec() == QDialog::Accepted;
 }

@@ -18,7 +18,7 @@ class CDefaultsDialog final : public QDialog {
 
  public:
     /// working: its kind tells which defaults; it takes the chosen one, and stays as it is otherwise.
-    CDefaultsDialog(CVORec& working, bool isChoosing, const RecordDialogSurroundings& around,
+    CDefaultsDialog(CVORec& working, bool isChoosing, const RecordDialogContext& context,
                     QWidget* parent = nullptr);
     ~CDefaultsDialog() override;
 
@@ -43,7 +43,7 @@ class CDefaultsDialog final : public QDialog {
     [[nodiscard]] QString Selected() const;
     void ShowState();
 
-    RecordDialogSurroundings m_around;
+    RecordDialogContext m_context;
     CVORec& m_working;
     bool m_isChoosing;
     NamedDefaults m_defaults;
@@ -57,4 +57,4 @@ class CDefaultsDialog final : public QDialog {
 /// Lets the user manage the stored defaults, or with isChoosing choose one into the record: true then. The
 /// setting clock24 is afterwards what it was, whatever was done to it meanwhile.
 [[nodiscard]] bool RunDefaultsDialog(QWidget* parent, CVORec& working, bool isChoosing,
-                                     const RecordDialogSurroundings& around);
+                                     const RecordDialogContext& context);

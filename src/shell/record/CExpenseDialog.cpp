@@ -6,14 +6,14 @@
 #include "entry/KeepInLists.h"
 #include "lang/LoadText.h"
 #include "shell/controls/CDateEdit.h"
-#include "shell/record/CExpenseItemsPage.h"
-#include "shell/record/CExpenseMoneyPage.h"
 #include "shell/look/CMnemonics.h"
-#include "shell/record/CNotesPage.h"
-#include "shell/record/COdometerDialog.h"
 #include "shell/look/DialogSize.h"
 #include "shell/look/FormRows.h"
 #include "shell/options/SettingSwitch.h"
+#include "shell/record/CExpenseItemsPage.h"
+#include "shell/record/CExpenseMoneyPage.h"
+#include "shell/record/CNotesPage.h"
+#include "shell/record/COdometerDialog.h"
 
 #include <QDialogButtonBox>
 #include <QTabWidget>
@@ -29,8 +29,10 @@ constexpr int kNotesName = 137;
 
 }  // namespace
 
-CExpenseDialog::CExpenseDialog(const RecordDialogSurroundings& around, QWidget* parent)
-    : QDialog(parent), m_around(around), m_fields(around.catalogue, RecordMode::Expense, around.settings) {
+CExpenseDialog::CExpenseDialog(const RecordDialogContext& context, QWidget* parent)
+    : QDialog(parent),
+      m_context(context),
+      m_fields(context.catalogue, RecordMode::Expense, context.settings) {
     setObjectName(QStringLiteral("expenseDialog"));
     setWindowTitle(LoadText(Text::ExpenseDialogTitle));
     BuildPages();
@@ -38,7 +40,7 @@ CExpenseDialog::CExpenseDialog(const RecordDialogSurroundings& around, QWidget* 
     connect(m_pages, &QTabWidget::currentChanged, this, [this] { m_pages->currentWidget()->setFocus(); });
     connect(m_money, &CExpenseMoneyPage::OdometerWanted, this, &CExpenseDialog::OpenOdometer);
     RecordDialogParts::AcceptByCtrlReturn(*this);
-    RestoreDialogSize(*this, m_around.settings.Profile(), SizeSection(), kUsualSize);
+    RestoreDialogSize(*this, m_context.settings.Profile(), SizeSection(), kUsualSize);
 }
 
 /// The pages work on what this object holds, so they go before it.
@@ -58,9 +60,9 @@ void CExpenseDialog::BuildPages() {
     auto* column = new QVBoxLayout(this);
     column->setSpacing(kFormSpace);
     column->addWidget(m_pages);
-    m_money = new CExpenseMoneyPage(m_around, m_fields, mnemonics);
-    m_items = new CExpenseItemsPage(m_around, m_fields, mnemonics);
-    m_notes = new CNotesPage(RecordDialogParts::LabelOf(m_around.catalogue, kNotesName));
+    m_money = new CExpenseMoneyPage(m_context, m_fields, mnemonics);
+    m_items = new CExpenseItemsPage(m_context, m_fields, mnemonics);
+    m_notes = new CNotesPage(RecordDialogParts::LabelOf(m_context.catalogue, kNotesName));
     m_pages->addTab(m_money, money);
     m_pages->addTab(m_items, items);
     m_pages->addTab(m_notes, notes);
@@ -83,11 +85,11 @@ void CExpenseDialog::OpenOdometer() {
     record.Copy(m_draft);
     const ExpenseEntryRules::MoneyPage page = m_money->Page();
     ExpenseEntryRules::TakeDistance(record, page.distance, page.rate);
-    ExpenseEntryRules::Odometer odometer = ExpenseEntryRules::OpenOdometer(record, m_around.settings);
+    ExpenseEntryRules::Odometer odometer = ExpenseEntryRules::OpenOdometer(record, m_context.settings);
     const QStringList itemPath = m_fields.PathOf(ListId::kDistanceRate);
-    if (!RunOdometerDialog(this, odometer, itemPath, m_around)) return;
-    ExpenseEntryRules::AcceptOdometer(record, odometer, m_around.settings);
-    SaveSetting(QStringLiteral("odometerLastEnd"), m_around.settings, m_around.prompt);
+    if (!RunOdometerDialog(this, odometer, itemPath, m_context)) return;
+    ExpenseEntryRules::AcceptOdometer(record, odometer, m_context.settings);
+    SaveSetting(QStringLiteral("odometerLastEnd"), m_context.settings, m_context.prompt);
     m_draft.Copy(record);
     m_money->ShowDistance(m_draft);
 }
@@ -96,10 +98,10 @@ bool CExpenseDialog::DateIsReadable() {
     CDateEdit& date = *m_money->DateField();
     if (date.IsReadable() && date.GetDate()) return true;
     if (date.IsReadable())
-        RecordDialogParts::TellRefused(m_around.prompt, static_cast<int>(Text::DateMissing),
+        RecordDialogParts::TellRefused(m_context.prompt, static_cast<int>(Text::DateMissing),
                                        LoadText(Text::DateMissing));
     else
-        RecordDialogParts::TellRefused(m_around.prompt, date.UnreadableTextId(), date.WhyUnreadable());
+        RecordDialogParts::TellRefused(m_context.prompt, date.UnreadableTextId(), date.WhyUnreadable());
     m_pages->setCurrentWidget(m_money);
     RecordDialogParts::AskAgain(date);
     return false;
@@ -107,8 +109,8 @@ bool CExpenseDialog::DateIsReadable() {
 
 void CExpenseDialog::accept() {
     if (!DateIsReadable()) return;
-    CCatalogueKeeper lists(m_around.catalogue);
-    const KeepInLists keep(m_around.settings, lists);
+    CCatalogueKeeper lists(m_context.catalogue);
+    const KeepInLists keep(m_context.settings, lists);
     ExpenseEntryRules::AcceptMoneyPage(m_draft, m_money->Page(), keep);
     ExpenseEntryRules::AcceptItemsPage(m_draft, m_items->Page(), keep);
     m_draft.notes = m_notes->GetNotes();
@@ -116,12 +118,12 @@ void CExpenseDialog::accept() {
 }
 
 void CExpenseDialog::done(int result) {
-    KeepDialogSize(*this, m_around.settings.Profile(), SizeSection());
+    PersistDialogSize(*this, m_context.settings.Profile(), SizeSection());
     QDialog::done(result);
 }
 
-bool RunExpenseDialog(QWidget* parent, CERecord& record, const RecordDialogSurroundings& around) {
-    CExpenseDialog dialog(around, parent);
+bool RunExpenseDialog(QWidget* parent, CERecord& record, const RecordDialogContext& context) {
+    CExpenseDialog dialog(context, parent);
     dialog.SetDraft(record);
     if (dialog.exec() != QDialog::Accepted) return false;
     record.Copy(dialog.GetDraft());

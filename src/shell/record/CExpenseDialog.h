@@ -17,7 +17,7 @@ class CExpenseDialog final : public QDialog {
     Q_OBJECT
 
  public:
-    explicit CExpenseDialog(const RecordDialogSurroundings& around, QWidget* parent = nullptr);
+    explicit CExpenseDialog(const RecordDialogContext& context, QWidget* parent = nullptr);
     ~CExpenseDialog() override;
 
     void SetDraft(const CERecord& record);
@@ -33,7 +33,7 @@ class CExpenseDialog final : public QDialog {
     [[nodiscard]] bool DateIsReadable();
     void OpenOdometer();
 
-    RecordDialogSurroundings m_around;
+    RecordDialogContext m_context;
     CERecord m_draft;
     CItemFields m_fields;
     QTabWidget* m_pages = nullptr;
@@ -43,5 +43,4 @@ class CExpenseDialog final : public QDialog {
 };
 
 /// Lets the user edit the expense; true when accepted, and only then the record is changed.
-[[nodiscard]] bool RunExpenseDialog(QWidget* parent, CERecord& record,
-                                    const RecordDialogSurroundings& around);
+[[nodiscard]] bool RunExpenseDialog(QWidget* parent, CERecord& record, const RecordDialogContext& context);

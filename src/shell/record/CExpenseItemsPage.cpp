@@ -3,11 +3,11 @@
 #include "app/ListTable.h"
 #include "lang/LoadText.h"
 #include "records/CERecord.h"
-#include "shell/record/CCodedTextDialog.h"
 #include "shell/controls/CItemCombo.h"
 #include "shell/controls/CItemFields.h"
 #include "shell/look/CMnemonics.h"
 #include "shell/look/FormRows.h"
+#include "shell/record/CCodedTextDialog.h"
 #include "shell/record/RecordDialogParts.h"
 
 #include <QCheckBox>
@@ -47,9 +47,9 @@ constexpr FlagRow kFlags[] = {
 
 }  // namespace
 
-CExpenseItemsPage::CExpenseItemsPage(const RecordDialogSurroundings& around, const CItemFields& fields,
+CExpenseItemsPage::CExpenseItemsPage(const RecordDialogContext& context, const CItemFields& fields,
                                      CMnemonics mnemonics)
-    : m_around(around) {
+    : m_context(context) {
     setObjectName(QStringLiteral("itemsPage"));
     auto* form = new QGridLayout(this);
     form->setSpacing(kFormSpace);
@@ -65,15 +65,15 @@ CExpenseItemsPage::CExpenseItemsPage(const RecordDialogSurroundings& around, con
 /// Labels that users name themselves may leave few letters to share.
 void CExpenseItemsPage::PlanMnemonics(CMnemonics& mnemonics) const {
     QStringList texts;
-    for (const ItemRow& row : kItems) texts << LabelOf(m_around.catalogue, row.field);
+    for (const ItemRow& row : kItems) texts << LabelOf(m_context.catalogue, row.field);
     texts << LoadText(Text::CodesButton);
-    for (const FlagRow& row : kFlags) texts << LabelOf(m_around.catalogue, row.field);
+    for (const FlagRow& row : kFlags) texts << LabelOf(m_context.catalogue, row.field);
     mnemonics.Plan(texts);
 }
 
 void CExpenseItemsPage::AddItems(QGridLayout& form, const CItemFields& fields, CMnemonics& mnemonics) {
     for (std::size_t i = 0; i < std::size(kItems); ++i)
-        m_items[i] = fields.AddRow(form, kItems[i].list, LabelOf(m_around.catalogue, kItems[i].field),
+        m_items[i] = fields.AddRow(form, kItems[i].list, LabelOf(m_context.catalogue, kItems[i].field),
                                    QStringLiteral("item%1Field").arg(i + 1), mnemonics);
     auto* codes = new QPushButton(mnemonics.Give(LoadText(Text::CodesButton)));
     NameWidget(*codes, QStringLiteral("codesButton"), LoadText(Text::CodesTitle));
@@ -90,7 +90,7 @@ void CExpenseItemsPage::AddFlags(QGridLayout& form, CMnemonics& mnemonics) {
     for (std::size_t i = 0; i < std::size(kFlags); ++i) {
         const bool isSecond = kFlags[i].needs >= 0;
         if (!isSecond) ++row;
-        m_flags[i] = MakeCheckBox(LabelOf(m_around.catalogue, kFlags[i].field),
+        m_flags[i] = MakeCheckBox(LabelOf(m_context.catalogue, kFlags[i].field),
                                   QStringLiteral("flag%1Box").arg(i + 1), mnemonics);
         flags->addWidget(m_flags[i], row, isSecond ? 1 : 0);
         connect(m_flags[i], &QCheckBox::clicked, this, &CExpenseItemsPage::ShowEnabled);
@@ -111,7 +111,7 @@ void CExpenseItemsPage::ShowEnabled() {
 void CExpenseItemsPage::EditCodes() {
     CodedItems texts;
     for (std::size_t i = 0; i < m_items.size(); ++i) texts[i] = m_items[i]->Text();
-    if (!RunCodedTextDialog(this, texts, m_around)) return;
+    if (!RunCodedTextDialog(this, texts, m_context)) return;
     for (std::size_t i = 0; i < m_items.size(); ++i) m_items[i]->ShowText(texts[i]);
 }
 

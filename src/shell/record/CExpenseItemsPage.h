@@ -11,7 +11,7 @@ class CItemFields;
 class CMnemonics;
 class QCheckBox;
 class QGridLayout;
-struct RecordDialogSurroundings;
+struct RecordDialogContext;
 
 /// The page with four items of an expense, their codes behind a button, and the flags. "Billed" can be set
 /// while "Billable" is, "Reimbursed" while "Reimbursable" is.
@@ -19,8 +19,7 @@ class CExpenseItemsPage final : public QWidget {
     Q_OBJECT
 
  public:
-    CExpenseItemsPage(const RecordDialogSurroundings& around, const CItemFields& fields,
-                      CMnemonics mnemonics);
+    CExpenseItemsPage(const RecordDialogContext& context, const CItemFields& fields, CMnemonics mnemonics);
 
     void ShowRecord(const CERecord& record);
     /// What the page holds, for the rule that accepts it.
@@ -33,7 +32,7 @@ class CExpenseItemsPage final : public QWidget {
     void EditCodes();
     void ShowEnabled();
 
-    const RecordDialogSurroundings& m_around;
+    const RecordDialogContext& m_context;
     std::array<CItemCombo*, 4> m_items{};
     std::array<QCheckBox*, 5> m_flags{};
 };

@@ -32,17 +32,17 @@ void ShowNumber(CItemCombo& field, const QString& text) {
 
 }  // namespace
 
-CExpenseMoneyPage::CExpenseMoneyPage(const RecordDialogSurroundings& around, const CItemFields& fields,
+CExpenseMoneyPage::CExpenseMoneyPage(const RecordDialogContext& context, const CItemFields& fields,
                                      CMnemonics mnemonics)
-    : m_around(around) {
+    : m_context(context) {
     setObjectName(QStringLiteral("moneyPage"));
     auto* form = new QGridLayout(this);
     form->setSpacing(kFormSpace);
     mnemonics.Plan({LoadText(Text::LabelDate), LoadText(Text::DistanceEntry),
                     LoadText(Text::ColumnCaptionTrip), LoadText(Text::OdometerButton),
-                    LoadText(Text::ListDistanceRates), LabelOf(around.catalogue, kAmountName),
-                    LabelOf(around.catalogue, kItem5Name)});
-    m_day = AddDateRow(*form, around, mnemonics);
+                    LoadText(Text::ListDistanceRates), LabelOf(context.catalogue, kAmountName),
+                    LabelOf(context.catalogue, kItem5Name)});
+    m_day = AddDateRow(*form, context, mnemonics);
     setFocusProxy(m_day.edit);
     form->setRowMinimumHeight(form->rowCount(), kFormSpace);
     AddDistance(*form, fields, mnemonics);
@@ -56,7 +56,7 @@ CExpenseMoneyPage::CExpenseMoneyPage(const RecordDialogSurroundings& around, con
 }
 
 QString CExpenseMoneyPage::Unit() const {
-    return LoadText(m_around.settings.metricUnits ? Text::UnitKilometres : Text::UnitMiles);
+    return LoadText(m_context.settings.metricUnits ? Text::UnitKilometres : Text::UnitMiles);
 }
 
 void CExpenseMoneyPage::AddDistance(QGridLayout& form, const CItemFields& fields, CMnemonics& mnemonics) {
@@ -86,9 +86,9 @@ void CExpenseMoneyPage::AddOdometer(QGridLayout& form, CMnemonics& mnemonics) {
 }
 
 void CExpenseMoneyPage::AddAmount(QGridLayout& form, const CItemFields& fields, CMnemonics& mnemonics) {
-    m_amount = fields.AddRow(form, ListId::kAmount, LabelOf(m_around.catalogue, kAmountName),
+    m_amount = fields.AddRow(form, ListId::kAmount, LabelOf(m_context.catalogue, kAmountName),
                              QStringLiteral("amountField"), mnemonics);
-    m_item5 = fields.AddRow(form, ListId::kItem5, LabelOf(m_around.catalogue, kItem5Name),
+    m_item5 = fields.AddRow(form, ListId::kItem5, LabelOf(m_context.catalogue, kItem5Name),
                             QStringLiteral("item5Field"), mnemonics);
 }
 

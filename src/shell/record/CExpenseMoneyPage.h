@@ -17,8 +17,7 @@ class CExpenseMoneyPage final : public QWidget {
     Q_OBJECT
 
  public:
-    CExpenseMoneyPage(const RecordDialogSurroundings& around, const CItemFields& fields,
-                      CMnemonics mnemonics);
+    CExpenseMoneyPage(const RecordDialogContext& context, const CItemFields& fields, CMnemonics mnemonics);
     ~CExpenseMoneyPage() override;
 
     void ShowRecord(const CERecord& record);
@@ -42,7 +41,7 @@ class CExpenseMoneyPage final : public QWidget {
     void EnterDistance();
     void ShowEnabled();
 
-    const RecordDialogSurroundings& m_around;
+    const RecordDialogContext& m_context;
     RecordDialogParts::DateRow m_day;
     QCheckBox* m_isDistance = nullptr;
     CItemCombo* m_distance = nullptr;

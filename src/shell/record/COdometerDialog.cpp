@@ -28,9 +28,11 @@ constexpr QSize kUsualSize{400, 240};
 
 }  // namespace
 
-COdometerDialog::COdometerDialog(const RecordDialogSurroundings& around, const QStringList& itemPath,
+COdometerDialog::COdometerDialog(const RecordDialogContext& context, const QStringList& itemPath,
                                  QWidget* parent)
-    : QDialog(parent), m_around(around), m_fields(around.catalogue, RecordMode::Expense, around.settings) {
+    : QDialog(parent),
+      m_context(context),
+      m_fields(context.catalogue, RecordMode::Expense, context.settings) {
     setObjectName(QStringLiteral("odometerDialog"));
     setWindowTitle(LoadText(Text::OdometerTitle));
     const auto chain = DependencyChain(RecordMode::Expense);
@@ -49,7 +51,7 @@ COdometerDialog::COdometerDialog(const RecordDialogSurroundings& around, const Q
     column->addStretch();
     column->addSpacing(kFormSpace);
     column->addWidget(buttons);
-    RestoreDialogSize(*this, m_around.settings.Profile(), SizeSection(), kUsualSize);
+    RestoreDialogSize(*this, m_context.settings.Profile(), SizeSection(), kUsualSize);
 }
 
 QLineEdit* COdometerDialog::AddReading(QGridLayout& form, Text label, const QString& name,
@@ -64,7 +66,7 @@ QLineEdit* COdometerDialog::AddReading(QGridLayout& form, Text label, const QStr
 }
 
 void COdometerDialog::AddDistance(QGridLayout& form, CMnemonics& mnemonics) {
-    const QString unit = LoadText(m_around.settings.metricUnits ? Text::UnitKilometres : Text::UnitMiles);
+    const QString unit = LoadText(m_context.settings.metricUnits ? Text::UnitKilometres : Text::UnitMiles);
     m_distance = m_fields.AddRow(form, ListId::kDistance,
                                  FormatText<Text::FieldWithUnit>(LoadText(Text::ColumnCaptionTrip), unit),
                                  QStringLiteral("distanceField"), mnemonics);
@@ -118,13 +120,13 @@ Odometer COdometerDialog::GetDraft() const {
 }
 
 void COdometerDialog::done(int result) {
-    KeepDialogSize(*this, m_around.settings.Profile(), SizeSection());
+    PersistDialogSize(*this, m_context.settings.Profile(), SizeSection());
     QDialog::done(result);
 }
 
 bool RunOdometerDialog(QWidget* parent, Odometer& odometer, const QStringList& itemPath,
-                       const RecordDialogSurroundings& around) {
-    COdometerDialog dialog(around, itemPath, parent);
+                       const RecordDialogContext& context) {
+    COdometerDialog dialog(context, itemPath, parent);
     dialog.SetDraft(odometer);
     if (dialog.exec() != QDialog::Accepted) return false;
     odometer = dialog.GetDraft();

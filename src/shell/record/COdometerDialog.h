@@ -16,7 +16,7 @@ class COdometerDialog final : public QDialog {
 
  public:
     /// itemPath: the first three items of the expense, on which the rates and distances offered depend.
-    COdometerDialog(const RecordDialogSurroundings& around, const QStringList& itemPath,
+    COdometerDialog(const RecordDialogContext& context, const QStringList& itemPath,
                     QWidget* parent = nullptr);
 
     void SetDraft(const ExpenseEntryRules::Odometer& odometer);
@@ -33,7 +33,7 @@ class COdometerDialog final : public QDialog {
     void ShowReadings(const ExpenseEntryRules::Odometer& odometer);
     void MarkNumbers();
 
-    RecordDialogSurroundings m_around;
+    RecordDialogContext m_context;
     CItemFields m_fields;
     QLineEdit* m_start = nullptr;
     QLineEdit* m_end = nullptr;
@@ -44,4 +44,4 @@ class COdometerDialog final : public QDialog {
 
 /// Lets the user edit the readings; true when accepted, and only then they are changed.
 [[nodiscard]] bool RunOdometerDialog(QWidget* parent, ExpenseEntryRules::Odometer& odometer,
-                                     const QStringList& itemPath, const RecordDialogSurroundings& around);
+                                     const QStringList& itemPath, const RecordDialogContext& context);

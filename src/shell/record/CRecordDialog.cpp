@@ -7,13 +7,13 @@
 #include "lang/LoadText.h"
 #include "shell/controls/CDateEdit.h"
 #include "shell/look/CMnemonics.h"
+#include "shell/look/DialogSize.h"
+#include "shell/look/FormRows.h"
 #include "shell/record/CNotesPage.h"
 #include "shell/record/CRecordDialogEntry.h"
 #include "shell/record/CRecordDialogTime.h"
 #include "shell/record/CRecordDraft.h"
 #include "shell/record/CTimerPanelWidget.h"
-#include "shell/look/DialogSize.h"
-#include "shell/look/FormRows.h"
 #include "timers/CRecordTimers.h"
 
 #include <QDialogButtonBox>
@@ -30,13 +30,13 @@ constexpr int kNotesName = 116;
 
 }  // namespace
 
-CRecordDialog::CRecordDialog(const RecordDialogSurroundings& around, QWidget* parent)
-    : QDialog(parent), m_around(around), m_draft(std::make_unique<CRecordDraft>()) {
+CRecordDialog::CRecordDialog(const RecordDialogContext& context, QWidget* parent)
+    : QDialog(parent), m_context(context), m_draft(std::make_unique<CRecordDraft>()) {
     setObjectName(QStringLiteral("recordDialog"));
     setWindowTitle(LoadText(Text::RecordDialogTitle));
     BuildPages();
     Wire();
-    RestoreDialogSize(*this, m_around.settings.Profile(), SizeSection(), kUsualSize);
+    RestoreDialogSize(*this, m_context.settings.Profile(), SizeSection(), kUsualSize);
 }
 
 /// The pages and the timer work on the draft, so they go before it.
@@ -57,10 +57,10 @@ void CRecordDialog::BuildPages() {
     auto* column = new QVBoxLayout(this);
     column->setSpacing(kFormSpace);
     column->addWidget(m_pages);
-    m_timer = new CTimerPanelWidget(*m_draft, m_around, mnemonics);
-    m_time = new CRecordDialogTime(*m_draft, m_around, mnemonics);
-    m_entry = new CRecordDialogEntry(*m_draft, m_around, mnemonics);
-    m_notes = new CNotesPage(RecordDialogParts::LabelOf(m_around.catalogue, kNotesName));
+    m_timer = new CTimerPanelWidget(*m_draft, m_context, mnemonics);
+    m_time = new CRecordDialogTime(*m_draft, m_context, mnemonics);
+    m_entry = new CRecordDialogEntry(*m_draft, m_context, mnemonics);
+    m_notes = new CNotesPage(RecordDialogParts::LabelOf(m_context.catalogue, kNotesName));
     m_pages->addTab(m_time, time);
     m_pages->addTab(m_entry, entry);
     m_pages->addTab(m_notes, notes);
@@ -75,7 +75,7 @@ void CRecordDialog::Wire() {
     connect(m_entry, &CRecordDialogEntry::Changed, m_time, &CRecordDialogTime::ShowRecord);
     connect(m_time, &CRecordDialogTime::EntryTried, this, [this] {
         // The rule says why; while the fields are locked its answer is known.
-        std::ignore = TimeEntryRules::MayEnterTimes(m_around.timers, GetDraft().GetId(), &m_around.prompt);
+        std::ignore = TimeEntryRules::MayEnterTimes(m_context.timers, GetDraft().GetId(), &m_context.prompt);
     });
     connect(m_timer, &CTimerPanelWidget::AboutToAct, m_time, &CRecordDialogTime::Settle);
     connect(m_timer, &CTimerPanelWidget::TimesChanged, this, &CRecordDialog::ShowTimes);
@@ -107,7 +107,7 @@ void CRecordDialog::ShowTimes() {
 }
 
 void CRecordDialog::Refuse(CPickEdit& field, int textId, const QString& why) {
-    RecordDialogParts::TellRefused(m_around.prompt, textId, why);
+    RecordDialogParts::TellRefused(m_context.prompt, textId, why);
     m_pages->setCurrentWidget(m_time);
     RecordDialogParts::AskAgain(field);
 }
@@ -127,24 +127,24 @@ void CRecordDialog::accept() {
     if (!TypingIsReadable()) return;
     // The last count first, so that the page accepted shows what belongs to it.
     m_timer->Close();
-    CCatalogueKeeper lists(m_around.catalogue);
-    const KeepInLists keep(m_around.settings, lists);
+    CCatalogueKeeper lists(m_context.catalogue);
+    const KeepInLists keep(m_context.settings, lists);
     m_draft->Change([this, &keep](CTRecord& record) {
         TimeEntryRules::AcceptEntryPage(record, m_entry->Page(), keep);
         record.notes = m_notes->GetNotes();
     });
-    KeepDialogSize(*this, m_around.settings.Profile(), SizeSection());
+    PersistDialogSize(*this, m_context.settings.Profile(), SizeSection());
     QDialog::accept();
 }
 
 void CRecordDialog::reject() {
     m_timer->Close();
-    KeepDialogSize(*this, m_around.settings.Profile(), SizeSection());
+    PersistDialogSize(*this, m_context.settings.Profile(), SizeSection());
     QDialog::reject();
 }
 
-bool RunRecordDialog(QWidget* parent, CTRecord& record, const RecordDialogSurroundings& around) {
-    CRecordDialog dialog(around, parent);
+bool RunRecordDialog(QWidget* parent, CTRecord& record, const RecordDialogContext& context) {
+    CRecordDialog dialog(context, parent);
     dialog.SetDraft(record);
     if (dialog.exec() != QDialog::Accepted) return false;
     record.Copy(dialog.GetDraft());

@@ -19,7 +19,7 @@ class CRecordDialog final : public QDialog {
     Q_OBJECT
 
  public:
-    CRecordDialog(const RecordDialogSurroundings& around, QWidget* parent = nullptr);
+    CRecordDialog(const RecordDialogContext& context, QWidget* parent = nullptr);
     ~CRecordDialog() override;
 
     /// Shows a record. Its identity tells which timer is meant; a new record has one already. One without an
@@ -40,7 +40,7 @@ class CRecordDialog final : public QDialog {
     void ShowTimes();
     void Refuse(CPickEdit& field, int textId, const QString& why);
 
-    RecordDialogSurroundings m_around;
+    RecordDialogContext m_context;
     std::unique_ptr<CRecordDraft> m_draft;
     QTabWidget* m_pages = nullptr;
     CRecordDialogTime* m_time = nullptr;
@@ -50,4 +50,4 @@ class CRecordDialog final : public QDialog {
 };
 
 /// Lets the user edit the record; true when accepted, and only then the record is changed.
-[[nodiscard]] bool RunRecordDialog(QWidget* parent, CTRecord& record, const RecordDialogSurroundings& around);
+[[nodiscard]] bool RunRecordDialog(QWidget* parent, CTRecord& record, const RecordDialogContext& context);

@@ -5,8 +5,8 @@
 #include "lang/LoadText.h"
 #include "shell/controls/CItemCombo.h"
 #include "shell/look/CMnemonics.h"
-#include "shell/record/CRecordDraft.h"
 #include "shell/look/FormRows.h"
+#include "shell/record/CRecordDraft.h"
 #include "shell/record/RecordDialogParts.h"
 
 #include <QCheckBox>
@@ -36,9 +36,9 @@ constexpr int kBilledName = 118;
 
 }  // namespace
 
-CRecordDialogEntry::CRecordDialogEntry(CRecordDraft& draft, const RecordDialogSurroundings& around,
+CRecordDialogEntry::CRecordDialogEntry(CRecordDraft& draft, const RecordDialogContext& context,
                                        CMnemonics mnemonics)
-    : m_draft(draft), m_around(around), m_fields(around.catalogue, RecordMode::Time, around.settings) {
+    : m_draft(draft), m_context(context), m_fields(context.catalogue, RecordMode::Time, context.settings) {
     setObjectName(QStringLiteral("entryPage"));
     auto* form = new QGridLayout(this);
     form->setSpacing(kFormSpace);
@@ -53,7 +53,7 @@ CRecordDialogEntry::CRecordDialogEntry(CRecordDraft& draft, const RecordDialogSu
 }
 
 QString CRecordDialogEntry::LabelOf(int field) const {
-    return RecordDialogParts::LabelOf(m_around.catalogue, field);
+    return RecordDialogParts::LabelOf(m_context.catalogue, field);
 }
 
 /// Labels that users name themselves may leave few letters to share.

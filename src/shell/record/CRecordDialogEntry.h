@@ -11,7 +11,7 @@ class CMnemonics;
 class CRecordDraft;
 class QCheckBox;
 class QGridLayout;
-struct RecordDialogSurroundings;
+struct RecordDialogContext;
 
 /// The page with the five items, the money and the flags, called as the user calls them. Rate and amount
 /// follow one another while typing.
@@ -19,7 +19,7 @@ class CRecordDialogEntry final : public QWidget {
     Q_OBJECT
 
  public:
-    CRecordDialogEntry(CRecordDraft& draft, const RecordDialogSurroundings& around, CMnemonics mnemonics);
+    CRecordDialogEntry(CRecordDraft& draft, const RecordDialogContext& context, CMnemonics mnemonics);
 
     /// Shows all of a record that has just come.
     void ShowRecord();
@@ -46,7 +46,7 @@ class CRecordDialogEntry final : public QWidget {
     void ShowEnabled();
 
     CRecordDraft& m_draft;
-    const RecordDialogSurroundings& m_around;
+    const RecordDialogContext& m_context;
     CItemFields m_fields;
     std::array<CItemCombo*, 5> m_items{};
     QCheckBox* m_billable = nullptr;

@@ -6,9 +6,9 @@
 #include "lang/FormatText.h"
 #include "records/CTRecord.h"
 #include "shell/controls/CDateEdit.h"
-#include "shell/look/CMnemonics.h"
 #include "shell/controls/CSpanEdit.h"
 #include "shell/controls/CTimeEdit.h"
+#include "shell/look/CMnemonics.h"
 #include "shell/look/FormRows.h"
 #include "shell/options/SettingSwitch.h"
 #include "viewmodel/fields/SpanPad.h"
@@ -83,9 +83,9 @@ QLabel* AddSum(QGridLayout& form, int row, const QString& caption, const char* n
 
 }  // namespace
 
-CRecordDialogTime::CRecordDialogTime(CRecordDraft& draft, const RecordDialogSurroundings& around,
+CRecordDialogTime::CRecordDialogTime(CRecordDraft& draft, const RecordDialogContext& context,
                                      CMnemonics mnemonics)
-    : m_draft(draft), m_around(around), m_settings(around.settings) {
+    : m_draft(draft), m_context(context), m_settings(context.settings) {
     setObjectName(QStringLiteral("timePage"));
     auto* form = new QGridLayout(this);
     form->setSpacing(kFormSpace);
@@ -118,7 +118,7 @@ void CRecordDialogTime::AddFields(QGridLayout& form, CMnemonics& mnemonics) {
 }
 
 void CRecordDialogTime::AddDate(QGridLayout& form, CMnemonics& mnemonics) {
-    m_day = AddDateRow(form, m_around, mnemonics);
+    m_day = AddDateRow(form, m_context, mnemonics);
     AddField({m_day.edit, [this](const CTRecord& record) { m_day.edit->SetDate(DayOf(record.date)); },
               [this](CTRecord& record) { EnterDay(record, m_day.edit->GetDate()); }, false});
 }
@@ -126,7 +126,7 @@ void CRecordDialogTime::AddDate(QGridLayout& form, CMnemonics& mnemonics) {
 void CRecordDialogTime::AddTime(QGridLayout& form, const TimeRow& row, CMnemonics& mnemonics) {
     const int step = StepOf(m_settings.*row.roundType, m_settings.*row.roundMinutes);
     auto* edit = new CTimeEdit(FieldRegion(m_settings),
-                               {row.field, *theClockEntry, m_around.clock, m_around.prompt}, step);
+                               {row.field, *theClockEntry, m_context.clock, m_context.prompt}, step);
     const int place = form.rowCount();
     AddLabel(form, place, LoadText(row.label), *edit, QString::fromLatin1(row.name), mnemonics);
     form.addWidget(edit, place, 1);
@@ -162,13 +162,13 @@ void CRecordDialogTime::AddSpan(QGridLayout& form, const SpanRow& row, CMnemonic
 void CRecordDialogTime::AddSums(QGridLayout& form) {
     const int last = form.rowCount() - 1;
     m_net = AddSum(form, last - 1, LoadText(Text::LabelNet), "netTime");
-    m_money = AddSum(form, last, LabelOf(m_around.catalogue, kAmountName), "moneySum");
+    m_money = AddSum(form, last, LabelOf(m_context.catalogue, kAmountName), "moneySum");
 }
 
 void CRecordDialogTime::AddSwitch(QGridLayout& form, const char* settingName, const QString& text,
                                   CMnemonics& mnemonics) {
     QCheckBox* box =
-        MakeSettingSwitch(QString::fromLatin1(settingName), text, m_settings, m_around.prompt, mnemonics);
+        MakeSettingSwitch(QString::fromLatin1(settingName), text, m_settings, m_context.prompt, mnemonics);
     form.addWidget(box, form.rowCount(), 0, 1, form.columnCount());
     // What is being typed was tried under the old state; it holds as it stands.
     connect(box, &QCheckBox::clicked, this, &CRecordDialogTime::Settle);
@@ -209,7 +209,7 @@ void CRecordDialogTime::ShowRecord() {
         if (field.edit != m_typed && field.edit->IsReadable()) field.show(record);
     ShowWeekday(m_day, record.date);
     ShowValue(*m_net, LoadText(Text::LabelNet), NetText(record.spans.effective));
-    ShowValue(*m_money, LabelOf(m_around.catalogue, kAmountName), record.GetAmountText());
+    ShowValue(*m_money, LabelOf(m_context.catalogue, kAmountName), record.GetAmountText());
 }
 
 void CRecordDialogTime::LockTimes(bool isLocked) {

@@ -13,7 +13,7 @@ class CRecordDialogTime final : public QWidget {
     Q_OBJECT
 
  public:
-    CRecordDialogTime(CRecordDraft& draft, const RecordDialogSurroundings& around, CMnemonics mnemonics);
+    CRecordDialogTime(CRecordDraft& draft, const RecordDialogContext& context, CMnemonics mnemonics);
 
     /// What was typed holds from now on.
     void Settle();
@@ -50,7 +50,7 @@ class CRecordDialogTime final : public QWidget {
     void Enter(std::size_t place);
 
     CRecordDraft& m_draft;
-    const RecordDialogSurroundings& m_around;
+    const RecordDialogContext& m_context;
     CCfgStore& m_settings;
     std::vector<Field> m_fields;
     CPickEdit* m_typed = nullptr;  ///< what is entered there is not settled yet

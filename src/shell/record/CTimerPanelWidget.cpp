@@ -4,8 +4,8 @@
 #include "entry/TimeEntryRules.h"
 #include "lang/FormatText.h"
 #include "shell/look/CMnemonics.h"
-#include "shell/record/CRecordDraft.h"
 #include "shell/look/FormRows.h"
+#include "shell/record/CRecordDraft.h"
 #include "shell/record/RecordDialogParts.h"
 
 #include <QHBoxLayout>
@@ -47,11 +47,11 @@ QLabel* MakeTimeLabel() {
 
 }  // namespace
 
-CTimerPanelWidget::CTimerPanelWidget(CRecordDraft& draft, const RecordDialogSurroundings& around,
+CTimerPanelWidget::CTimerPanelWidget(CRecordDraft& draft, const RecordDialogContext& context,
                                      CMnemonics& mnemonics)
     : m_draft(draft),
-      m_settings(around.settings),
-      m_panel(draft.Record(), around.timers, around.document, around.prompt, Hooks()) {
+      m_settings(context.settings),
+      m_panel(draft.Record(), context.timers, context.document, context.prompt, Hooks()) {
     NameWidget(*this, QStringLiteral("timerPanel"), LoadText(Text::TimesDrivenByTimerTitle));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);

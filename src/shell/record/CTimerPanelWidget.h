@@ -12,7 +12,7 @@ class CRecordDraft;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
-struct RecordDialogSurroundings;
+struct RecordDialogContext;
 
 /// The timer of the record in the dialog: its time, counting once a second while it runs, and the buttons
 /// Start, Pause and Stop (F7, F8, F9).
@@ -20,7 +20,7 @@ class CTimerPanelWidget final : public QWidget {
     Q_OBJECT
 
  public:
-    CTimerPanelWidget(CRecordDraft& draft, const RecordDialogSurroundings& around, CMnemonics& mnemonics);
+    CTimerPanelWidget(CRecordDraft& draft, const RecordDialogContext& context, CMnemonics& mnemonics);
 
     /// The dialog shows a record.
     void Open();

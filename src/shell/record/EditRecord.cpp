@@ -5,8 +5,8 @@
 #include "shell/record/CExpenseDialog.h"
 #include "shell/record/CRecordDialog.h"
 
-bool EditRecord(QWidget* parent, CVORec& record, const RecordDialogSurroundings& around) {
+bool EditRecord(QWidget* parent, CVORec& record, const RecordDialogContext& context) {
     return record.Kind() == RecordKind::Time
-               ? RunRecordDialog(parent, static_cast<CTRecord&>(record), around)
-               : RunExpenseDialog(parent, static_cast<CERecord&>(record), around);
+               ? RunRecordDialog(parent, static_cast<CTRecord&>(record), context)
+               : RunExpenseDialog(parent, static_cast<CERecord&>(record), context);
 }

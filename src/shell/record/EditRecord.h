@@ -2,8 +2,8 @@
 
 class CVORec;
 class QWidget;
-struct RecordDialogSurroundings;
+struct RecordDialogContext;
 
 /// Lets the user edit a time record or an expense in the dialog of its kind; true when accepted, and only
 /// then the record is changed.
-[[nodiscard]] bool EditRecord(QWidget* parent, CVORec& record, const RecordDialogSurroundings& around);
+[[nodiscard]] bool EditRecord(QWidget* parent, CVORec& record, const RecordDialogContext& context);

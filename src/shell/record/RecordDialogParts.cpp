@@ -36,10 +36,10 @@ QString LabelOf(const CPulldownCatalogue& catalogue, int field) {
     return label.size() <= kMostCharacters ? label : label.left(kMostCharacters - 1) + QChar(0x2026);
 }
 
-DateRow AddDateRow(QGridLayout& form, const RecordDialogSurroundings& around, CMnemonics& mnemonics) {
+DateRow AddDateRow(QGridLayout& form, const RecordDialogContext& context, CMnemonics& mnemonics) {
     constexpr int kWeekdayColumn = 3;
     DateRow row;
-    row.edit = new CDateEdit(FieldRegion(around.settings), around.clock, around.settings.firstDayOfWeek);
+    row.edit = new CDateEdit(FieldRegion(context.settings), context.clock, context.settings.firstDayOfWeek);
     AddLabel(form, 0, LoadText(Text::LabelDate), *row.edit, QStringLiteral("dateField"), mnemonics);
     form.addWidget(row.edit, 0, 1);
     row.weekday = new QLabel;

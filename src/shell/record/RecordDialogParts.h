@@ -22,7 +22,7 @@ class QLineEdit;
 struct RecordDate;
 
 /// What the dialogs of records need from outside. All must outlive them.
-struct RecordDialogSurroundings {
+struct RecordDialogContext {
     CVelmarchDoc& document;
     CRecordTimers& timers;
     CCfgStore& settings;
@@ -46,7 +46,7 @@ struct DateRow {
     CDateEdit* edit = nullptr;
     QLabel* weekday = nullptr;
 };
-[[nodiscard]] DateRow AddDateRow(QGridLayout& form, const RecordDialogSurroundings& around,
+[[nodiscard]] DateRow AddDateRow(QGridLayout& form, const RecordDialogContext& context,
                                  CMnemonics& mnemonics);
 void ShowWeekday(const DateRow& row, const RecordDate& date);
 

@@ -78,7 +78,7 @@ QList<int> LoadButtons(const CProfile& profile, Bar bar) {
     return Sifted(bar, buttons);
 }
 
-bool KeepButtons(CProfile& profile, Bar bar, const QList<int>& buttons) {
+bool PersistButtons(CProfile& profile, Bar bar, const QList<int>& buttons) {
     QStringList numbers;
     for (const int button : buttons) numbers << QString::number(button);
     return profile.WriteText(LoadText(Text::SectionBarButtons), Entry(bar), numbers.join(u' '));

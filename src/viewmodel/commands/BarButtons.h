@@ -18,7 +18,7 @@ inline constexpr int kDivider = 0;
 /// The buttons as the user has chosen them, else the factory's. What is no button of the bar is left out.
 [[nodiscard]] QList<int> LoadButtons(const CProfile& profile, Bar bar);
 /// False when they could not be kept.
-bool KeepButtons(CProfile& profile, Bar bar, const QList<int>& buttons);
+bool PersistButtons(CProfile& profile, Bar bar, const QList<int>& buttons);
 
 /// Which buttons a bar has and in which order, chosen in two lists: the available ones, whose first line is a
 /// dividing line of which there are as many as are wanted, and those on the bar.

@@ -41,7 +41,7 @@ void CPeriodCommands::Change(const std::function<bool(PeriodFilter& filter)>& ch
 }
 
 void CPeriodCommands::Preset(int preset) {
-    Change([&](PeriodFilter& filter) { return filter.ApplyPreset(preset, m_document.PeriodNeeds()); });
+    Change([&](PeriodFilter& filter) { return filter.ApplyPreset(preset, m_document.GetPeriodContext()); });
 }
 
 void CPeriodCommands::All() {
@@ -52,15 +52,15 @@ void CPeriodCommands::All() {
 }
 
 void CPeriodCommands::Day(const QString& date) {
-    Change([&](PeriodFilter& filter) { return filter.SetSingleDate(date, m_document.PeriodNeeds()); });
+    Change([&](PeriodFilter& filter) { return filter.SetSingleDate(date, m_document.GetPeriodContext()); });
 }
 
 void CPeriodCommands::StepBack() {
-    Change([&](PeriodFilter& filter) { return filter.StepBack(m_document.PeriodNeeds()); });
+    Change([&](PeriodFilter& filter) { return filter.StepBack(m_document.GetPeriodContext()); });
 }
 
 void CPeriodCommands::StepForward() {
-    Change([&](PeriodFilter& filter) { return filter.StepForward(m_document.PeriodNeeds()); });
+    Change([&](PeriodFilter& filter) { return filter.StepForward(m_document.GetPeriodContext()); });
 }
 
 void CPeriodCommands::ClearConditions() {

@@ -1,6 +1,6 @@
 #include "viewmodel/commands/CRecordCommands.h"
 
-#include "app/CTimerDesk.h"
+#include "app/CTimerService.h"
 #include "app/CVelmarchDoc.h"
 #include "config/Settings.h"
 #include "entry/RecordMarks.h"
@@ -45,7 +45,7 @@ class Batch {
 }  // namespace
 
 bool CRecordCommands::Confirmed(Text question, Text title, qsizetype records) const {
-    return m_around.prompt.Ask(
+    return m_context.prompt.Ask(
                {.textId = static_cast<int>(question),
                 .title = LoadText(title),
                 .text = FormatText<Text::QuestionWithNumber>(LoadText(question), static_cast<int>(records)),
@@ -57,69 +57,69 @@ bool CRecordCommands::Confirmed(Text question, Text title, qsizetype records) co
 
 void CRecordCommands::Delete(const QStringList& ids, bool ask) {
     if (ids.isEmpty()) return;
-    if (ask && m_around.settings.confirmDelete &&
+    if (ask && m_context.settings.confirmDelete &&
         !Confirmed(Text::AskDeleteRecords, Text::AskDeleteTitle, ids.size()))
         return;
-    m_around.document.NotifyViews(Hint::AboutToGo, ids);
-    Batch batch(m_around.document);
+    m_context.document.NotifyViews(Hint::AboutToGo, ids);
+    Batch batch(m_context.document);
     const RecordKind kind = KindOf(theRecordMode);
     const int done =
-        RunOver(ids, m_around.progress, FormatText<Text::ProgressDelete>(static_cast<int>(ids.size())),
-                [this, kind](const QString& id) { return m_around.document.DeleteRecord(kind, id, false); });
+        RunOver(ids, m_context.progress, FormatText<Text::ProgressDelete>(static_cast<int>(ids.size())),
+                [this, kind](const QString& id) { return m_context.document.DeleteRecord(kind, id, false); });
     const bool isKept = batch.Close();
     // The timers go once their records are gone for good.
     for (const QString& id : ids.first(isKept ? done : 0))
-        if (m_around.timers.HasTimer(id)) m_around.timers.Drop(id);
-    m_around.document.FlushPending(Hint::Deleted);
+        if (m_context.timers.HasTimer(id)) m_context.timers.Drop(id);
+    m_context.document.FlushPending(Hint::Deleted);
     // What stayed, because one failed or the user cancelled, was taken out of the views above, and one that
     // failed out of what the document shows, too.
     if (isKept && done < ids.size()) {
-        m_around.document.BuildVisible();
-        m_around.document.NotifyViews(Hint::Rebuild);
+        m_context.document.BuildVisible();
+        m_context.document.NotifyViews(Hint::Rebuild);
     }
     if (!isKept) ReadAnew();
 }
 
 void CRecordCommands::ReadAnew() {
-    m_around.document.LoadCurrentMode();
-    m_around.document.BuildVisible();
-    m_around.document.NotifyViews(Hint::Rebuild);
+    m_context.document.LoadCurrentMode();
+    m_context.document.BuildVisible();
+    m_context.document.NotifyViews(Hint::Rebuild);
 }
 
 void CRecordCommands::Copy(const QStringList& ids) {
     if (ids.isEmpty()) return;
-    if (m_around.settings.confirmCopy && !Confirmed(Text::AskCopyRecords, Text::AskCopyTitle, ids.size()))
+    if (m_context.settings.confirmCopy && !Confirmed(Text::AskCopyRecords, Text::AskCopyTitle, ids.size()))
         return;
-    Batch batch(m_around.document);
-    RunOver(ids, m_around.progress, FormatText<Text::ProgressCopy>(static_cast<int>(ids.size())),
+    Batch batch(m_context.document);
+    RunOver(ids, m_context.progress, FormatText<Text::ProgressCopy>(static_cast<int>(ids.size())),
             [this, &batch](const QString& id) {
-                const CVORec* record = m_around.document.FindRecord(id);
-                return record && m_around.document.AddRecord(*record, false, batch.IsOpen(), true);
+                const CVORec* record = m_context.document.FindRecord(id);
+                return record && m_context.document.AddRecord(*record, false, batch.IsOpen(), true);
             });
     const bool isKept = batch.Close();
-    m_around.document.FlushPending(Hint::Added);
+    m_context.document.FlushPending(Hint::Added);
     if (!isKept) ReadAnew();
 }
 
 void CRecordCommands::SetMark(RecordMark mark, const QStringList& ids, bool ask) {
     if (ids.isEmpty() || !IsMarkOf(KindOf(theRecordMode), mark)) return;
-    if (ask && m_around.settings.confirmMark &&
+    if (ask && m_context.settings.confirmMark &&
         !Confirmed(Text::AskMarkRecords, Text::AskMarkTitle, ids.size()))
         return;
-    Batch batch(m_around.document);
-    RunOver(ids, m_around.progress, FormatText<Text::ProgressMark>(static_cast<int>(ids.size())),
+    Batch batch(m_context.document);
+    RunOver(ids, m_context.progress, FormatText<Text::ProgressMark>(static_cast<int>(ids.size())),
             [this, mark, &batch](const QString& id) { return MarkOne(mark, id, batch.IsOpen()); });
     const bool isKept = batch.Close();
-    m_around.document.FlushPending(Hint::Changed);
+    m_context.document.FlushPending(Hint::Changed);
     if (!isKept) ReadAnew();
 }
 
 /// A record that isn't there or bears the mark is passed over: true.
 bool CRecordCommands::MarkOne(RecordMark mark, const QString& id, bool inBatch) {
-    const CVORec* record = m_around.document.FindRecord(id);
+    const CVORec* record = m_context.document.FindRecord(id);
     if (!record) return true;
     const std::unique_ptr<CVORec> marked = CVelmarchDoc::CloneRecord(*record);
     if (!::SetMark(*marked, mark)) return true;
-    m_around.document.NotifyViews(Hint::AboutToChange, {id});
-    return m_around.document.ModifyRecord(*marked, id, false, inBatch, true, true);
+    m_context.document.NotifyViews(Hint::AboutToChange, {id});
+    return m_context.document.ModifyRecord(*marked, id, false, inBatch, true, true);
 }

@@ -5,7 +5,7 @@
 
 class CPrompt;
 class CProgress;
-class CTimerDesk;
+class CTimerService;
 class CVelmarchDoc;
 enum class RecordMark : int;
 enum class Text : int;
@@ -15,14 +15,14 @@ struct Settings;
 /// failure (or when the user cancels), and announces what was done in one piece.
 class CRecordCommands {
  public:
-    struct Around {
+    struct Context {
         CVelmarchDoc& document;
-        CTimerDesk& timers;
+        CTimerService& timers;
         const Settings& settings;
         CPrompt& prompt;
         CProgress& progress;
     };
-    explicit CRecordCommands(const Around& around) : m_around(around) {}
+    explicit CRecordCommands(const Context& context) : m_context(context) {}
 
     /// The views drop the records first, then they go one by one with their timers. ask: as confirmDelete
     /// says.
@@ -39,5 +39,5 @@ class CRecordCommands {
     /// After a batch of which nothing was kept.
     void ReadAnew();
 
-    Around m_around;
+    Context m_context;
 };

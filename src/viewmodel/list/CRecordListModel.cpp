@@ -3,8 +3,8 @@
 #include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
 #include "lang/LoadText.h"
-#include "viewmodel/list/CellText.h"
 #include "timers/ActiveTimerSet.h"
+#include "viewmodel/list/CellText.h"
 
 #include <QSet>
 #include <algorithm>

@@ -26,7 +26,8 @@ QJsonObject Refused(Text why) {
 
 }  // namespace
 
-CInstanceHost::CInstanceHost(Around around, QObject* parent) : QObject(parent), m_around(std::move(around)) {
+CInstanceHost::CInstanceHost(Context context, QObject* parent)
+    : QObject(parent), m_context(std::move(context)) {
     m_delay.setSingleShot(true);
     m_delay.setInterval(kGatherMs);
     connect(&m_delay, &QTimer::timeout, this, &CInstanceHost::ShowChanges);
@@ -41,10 +42,10 @@ bool CInstanceHost::Listen(const QString& home, const QString& title) {
 QJsonObject CInstanceHost::Handle(int command, const QJsonObject& arguments) {
     switch (command) {
         case InstanceCommand::kSyncEnd:
-            if (m_around.settings.refreshOnSyncEnd) NoteChange(arguments);
+            if (m_context.settings.refreshOnSyncEnd) NoteChange(arguments);
             return Done();
         case InstanceCommand::kRaise:
-            m_around.raise();
+            m_context.raise();
             return Done();
         case InstanceCommand::kExit:
             return Leave();
@@ -68,32 +69,32 @@ void CInstanceHost::NoteChange(const QJsonObject& arguments) {
 }
 
 void CInstanceHost::ShowChanges() {
-    if (m_around.isBusy()) return m_delay.start();
+    if (m_context.isBusy()) return m_delay.start();
     const QStringList times = std::exchange(m_changedTimes, {});
     const QStringList expenses = std::exchange(m_changedExpenses, {});
     const bool lists = std::exchange(m_listsChanged, false);
-    const bool all = std::exchange(m_allChanged, false) || (lists && !m_around.refreshLists);
+    const bool all = std::exchange(m_allChanged, false) || (lists && !m_context.refreshLists);
     const auto isShown = [this](RecordKind kind, const QStringList& ids) {
-        return ids.isEmpty() || m_around.document.RefreshRecords(kind, ids);
+        return ids.isEmpty() || m_context.document.RefreshRecords(kind, ids);
     };
     if (all || !isShown(RecordKind::Time, times) || !isShown(RecordKind::Expense, expenses))
-        m_around.refresh();
+        m_context.refresh();
     else if (lists)
-        m_around.refreshLists();
+        m_context.refreshLists();
 }
 
 QJsonObject CInstanceHost::RunTimer(const QJsonObject& arguments) {
-    if (m_around.isBusy()) return Refused(Text::WindowIsBusy);
+    if (m_context.isBusy()) return Refused(Text::WindowIsBusy);
     // A record that the console added a moment ago is known before its timer is started.
     if (m_delay.isActive()) {
         m_delay.stop();
         ShowChanges();
     }
-    return RunTimerCommand(arguments, m_around.timers, m_around.document);
+    return RunTimerCommand(arguments, m_context.timers, m_context.document);
 }
 
 QJsonObject CInstanceHost::RunSetting(const QJsonObject& arguments) {
-    QJsonObject answer = RunSettingsRequest(arguments, m_around.settings, m_around.document.Clock());
+    QJsonObject answer = RunSettingsRequest(arguments, m_context.settings, m_context.document.Clock());
     if (answer.value(u"ok"_s).toBool()) {
         m_allChanged = true;
         if (!m_delay.isActive()) m_delay.start();
@@ -103,9 +104,9 @@ QJsonObject CInstanceHost::RunSetting(const QJsonObject& arguments) {
 
 /// A dialog in which the user is entering something isn't thrown away: the window comes forward instead.
 QJsonObject CInstanceHost::Leave() {
-    m_around.raise();
-    if (m_around.hasDialog()) return Refused(Text::DialogIsOpen);
+    m_context.raise();
+    if (m_context.hasDialog()) return Refused(Text::DialogIsOpen);
     QMetaObject::invokeMethod(
-        this, [this] { m_around.leave(); }, Qt::QueuedConnection);
+        this, [this] { m_context.leave(); }, Qt::QueuedConnection);
     return Done();
 }

@@ -18,7 +18,7 @@ class CInstanceHost final : public QObject {
     Q_OBJECT
 
  public:
-    struct Around {
+    struct Context {
         CVelmarchDoc& document;
         CRecordTimers& timers;
         CCfgStore& settings;
@@ -29,7 +29,7 @@ class CInstanceHost final : public QObject {
         std::function<bool()> hasDialog;          ///< something waits for the user's answer
         std::function<void()> refreshLists = {};  ///< reads the pick lists again; empty: everything
     };
-    explicit CInstanceHost(Around around, QObject* parent = nullptr);
+    explicit CInstanceHost(Context context, QObject* parent = nullptr);
 
     [[nodiscard]] bool Listen(const QString& home, const QString& title);
     [[nodiscard]] const QString& Error() const { return m_server.Error(); }
@@ -44,7 +44,7 @@ class CInstanceHost final : public QObject {
     [[nodiscard]] QJsonObject RunSetting(const QJsonObject& arguments);
     [[nodiscard]] QJsonObject Leave();
 
-    Around m_around;
+    Context m_context;
     CInstanceServer m_server;
     QTimer m_delay;  ///< gathers what comes within a moment: 5,000 changes are shown in a few steps
     QStringList m_changedTimes, m_changedExpenses;

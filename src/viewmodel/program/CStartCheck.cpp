@@ -25,19 +25,19 @@ QString WrongFindings(const QByteArray& json) {
 }
 
 void CStartCheck::Begin(const QString& console, const QString& home) {
-    m_around.launcher.RunInBackground(console, {u"--json"_s, u"--home"_s, home, u"doctor"_s},
-                                      [this](const QByteArray& output) { Report(output); });
+    m_context.launcher.RunInBackground(console, {u"--json"_s, u"--home"_s, home, u"doctor"_s},
+                                       [this](const QByteArray& output) { Report(output); });
 }
 
 void CStartCheck::Report(const QByteArray& output) {
     const QString wrong = WrongFindings(output);
     if (wrong.isEmpty()) return;
-    m_around.whenFree([this, wrong] {
+    m_context.whenFree([this, wrong] {
         MessageBox box;
         box.textId = static_cast<int>(Text::StartCheckFound);
         box.title = LoadText(Text::ProgramTitle);
         box.text = FormatText<Text::StartCheckFound>(wrong);
         box.icon = BoxIcon::Warning;
-        m_around.prompt.Tell(box);
+        m_context.prompt.Tell(box);
     });
 }

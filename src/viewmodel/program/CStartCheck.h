@@ -12,20 +12,20 @@ class CPrompt;
 class CStartCheck {
  public:
     /// All must outlive the check.
-    struct Surroundings {
+    struct Context {
         CLauncher& launcher;
         CPrompt& prompt;
         /// Carries out what is handed in as soon as no dialog is open: what is being typed is no answer.
         std::function<void(std::function<void()> work)> whenFree;
     };
-    explicit CStartCheck(const Surroundings& around) : m_around(around) {}
+    explicit CStartCheck(const Context& context) : m_context(context) {}
 
     /// `console` is the console program's file; without it there is no check.
     void Begin(const QString& console, const QString& home);
 
  private:
     void Report(const QByteArray& output);
-    Surroundings m_around;
+    Context m_context;
 };
 
 /// What the doctor's JSON has found wrong, ready for reading, a paragraph each; empty when all is sound.

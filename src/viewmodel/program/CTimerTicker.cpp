@@ -1,8 +1,8 @@
 #include "viewmodel/program/CTimerTicker.h"
 
 #include "app/RecordMode.h"
-#include "viewmodel/list/CRecordListModel.h"
 #include "timers/ActiveTimerSet.h"
+#include "viewmodel/list/CRecordListModel.h"
 
 #include <algorithm>
 

@@ -9,20 +9,20 @@ QString DateEntry(const CProfile& profile, Text entry) {
     return profile.GetText(LoadText(Text::SectionPeriod), LoadText(entry)).value_or(QString());
 }
 
-void RestoreDay(const CProfile& profile, PeriodFilter& filter, const PeriodSurroundings& around) {
+void RestoreDay(const CProfile& profile, PeriodFilter& filter, const PeriodContext& context) {
     const QString day = DateEntry(profile, Text::EntryFirstDate);
-    if (day.isEmpty() || !filter.SetSingleDate(day, around)) filter.ApplyPreset(PeriodCode::kToday, around);
+    if (day.isEmpty() || !filter.SetSingleDate(day, context)) filter.ApplyPreset(PeriodCode::kToday, context);
 }
 
-void RestoreRange(const CProfile& profile, PeriodFilter& filter, const PeriodSurroundings& around) {
+void RestoreRange(const CProfile& profile, PeriodFilter& filter, const PeriodContext& context) {
     const QString first = DateEntry(profile, Text::EntryFirstDate);
     const QString second = DateEntry(profile, Text::EntrySecondDate);
     DateTimeVal start, end;
-    if (first.isEmpty() || second.isEmpty() || !start.ParseDateText(first, around.region, around.clock) ||
-        !end.ParseDateText(second, around.region, around.clock))
-        filter.ApplyPreset(PeriodCode::kToday, around);
+    if (first.isEmpty() || second.isEmpty() || !start.ParseDateText(first, context.region, context.clock) ||
+        !end.ParseDateText(second, context.region, context.clock))
+        filter.ApplyPreset(PeriodCode::kToday, context);
     else
-        filter.SetRange(start, end, around);
+        filter.SetRange(start, end, context);
 }
 
 int PresetOfToken(const QString& token) {
@@ -59,15 +59,15 @@ void StorePeriod(CProfile& profile, const PeriodFilter& filter) {
         profile.WriteText(section, LoadText(Text::EntrySecondDate), filter.endText);
 }
 
-void RestorePeriod(const CProfile& profile, PeriodFilter& filter, const PeriodSurroundings& around) {
+void RestorePeriod(const CProfile& profile, PeriodFilter& filter, const PeriodContext& context) {
     const QString token = profile.GetText(LoadText(Text::SectionPeriod), LoadText(Text::EntryVisible))
                               .value_or(LoadText(Text::TokenDefaultPeriod));
     if (token == LoadText(Text::TokenAll))
         filter.EnablePeriod(false);
     else if (token == LoadText(Text::TokenSingleDay))
-        RestoreDay(profile, filter, around);
+        RestoreDay(profile, filter, context);
     else if (token == LoadText(Text::TokenRange))
-        RestoreRange(profile, filter, around);
+        RestoreRange(profile, filter, context);
     else
-        filter.ApplyPreset(PresetOfToken(token), around);
+        filter.ApplyPreset(PresetOfToken(token), context);
 }

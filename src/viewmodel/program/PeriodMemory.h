@@ -9,4 +9,4 @@ void StorePeriod(CProfile& profile, const PeriodFilter& filter);
 
 /// Puts the stored period into a filter. Without one, or with an unknown token, it is this month; a day or a
 /// range that has lost a date is today.
-void RestorePeriod(const CProfile& profile, PeriodFilter& filter, const PeriodSurroundings& around);
+void RestorePeriod(const CProfile& profile, PeriodFilter& filter, const PeriodContext& context);

@@ -6,7 +6,7 @@
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "viewmodel/tree/CTreeLeaves.h"
-#include "viewmodel/tree/CTreeWatcher.h"
+#include "viewmodel/tree/CTreeListener.h"
 #include "viewmodel/tree/TreeTexts.h"
 
 #include <algorithm>

@@ -11,7 +11,7 @@
 #include <vector>
 
 class CCfgStore;
-class CTreeWatcher;
+class CTreeListener;
 class CVORec;
 class CVelmarchDoc;
 struct TreeLevelRow;
@@ -26,7 +26,7 @@ class CDataTree {
     CDataTree& operator=(const CDataTree&) = delete;
 
     /// Null: nobody.
-    void SetWatcher(CTreeWatcher* watcher) { m_watcher = watcher; }
+    void SetWatcher(CTreeListener* watcher) { m_watcher = watcher; }
 
     /// All visible records anew, by the levels that the settings have for the mode.
     void Rebuild();
@@ -78,7 +78,7 @@ class CDataTree {
 
     const CVelmarchDoc& m_document;
     const CCfgStore& m_settings;
-    CTreeWatcher* m_watcher = nullptr;
+    CTreeListener* m_watcher = nullptr;
     std::unique_ptr<CTreeNode> m_root;
     std::vector<int> m_columns;
     std::vector<Level> m_levels;

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "viewmodel/tree/CDataTree.h"
-#include "viewmodel/tree/CTreeWatcher.h"
+#include "viewmodel/tree/CTreeListener.h"
 
 #include <QAbstractItemModel>
 
 /// The data tree for a view: one row for the root, below it the nodes, each with its text and in a second
 /// column how many records it has.
-class CDataTreeModel final : public QAbstractItemModel, private CTreeWatcher {
+class CDataTreeModel final : public QAbstractItemModel, private CTreeListener {
     Q_OBJECT
 
  public:

@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QDir>
 #include <QFile>
@@ -236,5 +238,5 @@ void TestBadInput::ClosedDescriptors() {
     QCOMPARE(m_home->Run({u"doctor"_s}).exit, 0);
 }
 
-QTEST_GUILESS_MAIN(TestBadInput)
+TEST_CLASS(TestBadInput);
 #include "TestBadInput.moc"

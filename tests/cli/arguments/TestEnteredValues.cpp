@@ -2,6 +2,7 @@
 #include "lang/LoadText.h"
 #include "platform/host/CInstallLocation.h"
 #include "support/CTestClock.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -215,5 +216,5 @@ void TestEnteredValues::ReadIdentity() {
     QTEST(EnteredValues::ReadIdentity(typed).value_or(QString()), "id");
 }
 
-QTEST_GUILESS_MAIN(TestEnteredValues)
+TEST_CLASS(TestEnteredValues);
 #include "TestEnteredValues.moc"

@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -185,5 +187,5 @@ void TestColumnCommands::RefusedChangesNothing() {
     QCOMPARE(Columns({u"list"_s, u"time"_s}).out, before);
 }
 
-QTEST_GUILESS_MAIN(TestColumnCommands)
+TEST_CLASS(TestColumnCommands);
 #include "TestColumnCommands.moc"

@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QDate>
 #include <QTest>
@@ -262,5 +264,5 @@ void TestDefaultCommands::NewFromTheEmptyRecord() {
     QCOMPARE(m_home->RunJson({u"time"_s, u"new"_s, u"--from"_s, u"defaults:"_s}).exit, 4);
 }
 
-QTEST_GUILESS_MAIN(TestDefaultCommands)
+TEST_CLASS(TestDefaultCommands);
 #include "TestDefaultCommands.moc"

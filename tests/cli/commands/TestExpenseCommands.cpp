@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QDate>
 #include <QTest>
@@ -319,5 +321,5 @@ void TestExpenseCommands::KindsDontMix() {
     QCOMPARE(Expense({u"show"_s, expense}).exit, 0);
 }
 
-QTEST_GUILESS_MAIN(TestExpenseCommands)
+TEST_CLASS(TestExpenseCommands);
 #include "TestExpenseCommands.moc"

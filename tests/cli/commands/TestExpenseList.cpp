@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -166,5 +168,5 @@ void TestExpenseList::TimesAreNotAmongThem() {
     QCOMPARE(List({}).Object()[u"count"].toInt(), 4);
 }
 
-QTEST_GUILESS_MAIN(TestExpenseList)
+TEST_CLASS(TestExpenseList);
 #include "TestExpenseList.moc"

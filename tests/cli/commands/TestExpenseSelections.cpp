@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QDate>
 #include <QTest>
@@ -138,5 +140,5 @@ void TestExpenseSelections::ADay() {
     QCOMPARE(Expense(Words(u"list --day 2026-11-19 --flag2 no"_s)).Object()[u"count"].toInt(), 1);
 }
 
-QTEST_GUILESS_MAIN(TestExpenseSelections)
+TEST_CLASS(TestExpenseSelections);
 #include "TestExpenseSelections.moc"

@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -291,5 +293,5 @@ void TestItemCommands::AHomeThatCantBeWritten() {
     QCOMPARE(Texts(u"16"_s), u"Alpha"_s);
 }
 
-QTEST_GUILESS_MAIN(TestItemCommands)
+TEST_CLASS(TestItemCommands);
 #include "TestItemCommands.moc"

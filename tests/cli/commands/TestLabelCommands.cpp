@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -170,5 +172,5 @@ void TestLabelCommands::NamesAreNoItems() {
     QCOMPARE(m_home->RunJson({u"items"_s, u"list"_s, u"16"_s}).Array().size(), 0);
 }
 
-QTEST_GUILESS_MAIN(TestLabelCommands)
+TEST_CLASS(TestLabelCommands);
 #include "TestLabelCommands.moc"

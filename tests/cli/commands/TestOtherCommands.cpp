@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QDate>
 #include <QFile>
@@ -178,5 +180,5 @@ void TestOtherCommands::HelpNamesEveryCommand() {
     }
 }
 
-QTEST_GUILESS_MAIN(TestOtherCommands)
+TEST_CLASS(TestOtherCommands);
 #include "TestOtherCommands.moc"

@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QFile>
 #include <QTest>
@@ -119,5 +121,5 @@ void TestSettingCommands::ReadingWritesNothing() {
     QCOMPARE(content(), before);
 }
 
-QTEST_GUILESS_MAIN(TestSettingCommands)
+TEST_CLASS(TestSettingCommands);
 #include "TestSettingCommands.moc"

@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QDate>
 #include <QTest>
@@ -421,5 +423,5 @@ void TestTimeCommands::SettingsActOnEntry() {
     QCOMPARE(changed[u"end"].toString(), u"11:00"_s);
 }
 
-QTEST_GUILESS_MAIN(TestTimeCommands)
+TEST_CLASS(TestTimeCommands);
 #include "TestTimeCommands.moc"

@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QDate>
 #include <QTest>
@@ -202,5 +204,5 @@ void TestTimeList::Table() {
     QCOMPARE(lines[4], QByteArray("  4.0000 hours  100.00 EUR"));
 }
 
-QTEST_GUILESS_MAIN(TestTimeList)
+TEST_CLASS(TestTimeList);
 #include "TestTimeList.moc"

@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -125,5 +127,5 @@ void TestTimerCommands::StatusOfNone() {
     QCOMPARE(Timer({u"pause-all"_s}).exit, 0);
 }
 
-QTEST_GUILESS_MAIN(TestTimerCommands)
+TEST_CLASS(TestTimerCommands);
 #include "TestTimerCommands.moc"

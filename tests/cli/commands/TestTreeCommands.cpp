@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -222,5 +224,5 @@ void TestTreeCommands::Usage() {
     QVERIFY(reply.out.isEmpty());
 }
 
-QTEST_GUILESS_MAIN(TestTreeCommands)
+TEST_CLASS(TestTreeCommands);
 #include "TestTreeCommands.moc"

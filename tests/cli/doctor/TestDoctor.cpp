@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <sqlite3.h>
 
@@ -316,5 +318,5 @@ void TestDoctor::AnOrphanTimer() {
     QCOMPARE(m_home->Run({u"doctor"_s}).exit, 0);
 }
 
-QTEST_GUILESS_MAIN(TestDoctor)
+TEST_CLASS(TestDoctor);
 #include "TestDoctor.moc"

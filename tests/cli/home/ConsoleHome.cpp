@@ -1,4 +1,4 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
 
 #include <QEventLoop>
 #include <QProcess>

@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -108,5 +110,5 @@ void TestAtOnce::TheSameNumberOfAList() {
     QCOMPARE(rates.size(), QSet<QString>(rates.begin(), rates.end()).size());
 }
 
-QTEST_GUILESS_MAIN(TestAtOnce)
+TEST_CLASS(TestAtOnce);
 #include "TestAtOnce.moc"

@@ -1,8 +1,9 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
 #include "app/CVelmarchApp.h"
 #include "lang/LoadText.h"
 #include "platform/instance/CInstance.h"
 #include "platform/instance/CInstanceChannel.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 #include <QTimer>
@@ -357,5 +358,5 @@ void TestBesideWindow::AWindowOfAnotherHome() {
     QVERIFY(m_heard.isEmpty());
 }
 
-QTEST_GUILESS_MAIN(TestBesideWindow)
+TEST_CLASS(TestBesideWindow);
 #include "TestBesideWindow.moc"

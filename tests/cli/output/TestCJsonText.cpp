@@ -1,5 +1,6 @@
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
+#include "support/TestProgram.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -99,5 +100,5 @@ void TestCJsonText::KeepsTheOrderOfItsFields() {
     QCOMPARE(written, QByteArray(R"({"z": 1, "a": [null, true, []], "m": {}})"));
 }
 
-QTEST_GUILESS_MAIN(TestCJsonText)
+TEST_CLASS(TestCJsonText);
 #include "TestCJsonText.moc"

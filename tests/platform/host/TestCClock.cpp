@@ -1,5 +1,7 @@
 #include "platform/host/CClock.h"
 
+#include "support/TestProgram.h"
+
 #include <QDateTime>
 #include <QTest>
 #include <ctime>
@@ -38,5 +40,5 @@ void TestCClock::getLocalTime() {
     QCOMPARE(now.wDayOfWeek, static_cast<std::uint16_t>(read.date().dayOfWeek() % 7));
 }
 
-QTEST_APPLESS_MAIN(TestCClock)
+TEST_CLASS(TestCClock);
 #include "TestCClock.moc"

@@ -1,5 +1,7 @@
 #include "platform/host/CInstallLocation.h"
 
+#include "support/TestProgram.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -127,5 +129,5 @@ void TestCInstallLocation::folderOf() {
     QCOMPARE(FolderOf(path), folder);
 }
 
-QTEST_GUILESS_MAIN(TestCInstallLocation)
+TEST_CLASS(TestCInstallLocation);
 #include "TestCInstallLocation.moc"

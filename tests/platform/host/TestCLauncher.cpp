@@ -1,5 +1,7 @@
 #include "platform/host/CLauncher.h"
 
+#include "support/TestProgram.h"
+
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
@@ -75,5 +77,5 @@ class TestCLauncher : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestCLauncher)
+TEST_CLASS(TestCLauncher);
 #include "TestCLauncher.moc"

@@ -1,5 +1,7 @@
 #include "platform/host/CRegionalInfo.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 #include <map>
 
@@ -166,5 +168,5 @@ void TestCRegionalInfo::scope() {
     QCOMPARE(TheRegion().decimalChar, u',');
 }
 
-QTEST_APPLESS_MAIN(TestCRegionalInfo)
+TEST_CLASS(TestCRegionalInfo);
 #include "TestCRegionalInfo.moc"

@@ -1,5 +1,7 @@
 #include "platform/host/CodePage.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 #include <map>
 
@@ -109,5 +111,5 @@ void TestCodePage::everyByteOfLatin1() {
     QCOMPARE(ToCodePage(text), bytes);
 }
 
-QTEST_APPLESS_MAIN(TestCodePage)
+TEST_CLASS(TestCodePage);
 #include "TestCodePage.moc"

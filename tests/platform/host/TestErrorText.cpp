@@ -1,5 +1,7 @@
 #include "platform/host/ErrorText.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 #include <cerrno>
 
@@ -23,5 +25,5 @@ class TestErrorText final : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestErrorText)
+TEST_CLASS(TestErrorText);
 #include "TestErrorText.moc"

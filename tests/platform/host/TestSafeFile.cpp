@@ -1,5 +1,7 @@
 #include "platform/host/SafeFile.h"
 
+#include "support/TestProgram.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -203,5 +205,5 @@ void TestSafeFile::folderWithoutRights() {
     QCOMPARE(ReadBytes(path), "old");
 }
 
-QTEST_APPLESS_MAIN(TestSafeFile)
+TEST_CLASS(TestSafeFile);
 #include "TestSafeFile.moc"

@@ -1,5 +1,7 @@
 #include "platform/instance/CInstance.h"
 
+#include "support/TestProgram.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -200,5 +202,5 @@ void TestCInstance::failures() {
     QVERIFY(!QFile::exists(target));
 }
 
-QTEST_GUILESS_MAIN(TestCInstance)
+TEST_CLASS(TestCInstance);
 #include "TestCInstance.moc"

@@ -18,6 +18,7 @@
 #include <unistd.h>
 
 #include "platform/instance/InstanceProtocol.h"
+#include "support/TestProgram.h"
 
 namespace {
 
@@ -25,7 +26,7 @@ const QString kTitle = u"Velmarch"_qs;
 
 /// Does the work beside the event loop, as another program would, while the loop turns.
 template <typename Work>
-auto Outside(Work work) {
+auto Context(Work work) {
     decltype(work()) result{};
     std::atomic<bool> isDone = false;
     std::thread other([&] {
@@ -124,7 +125,7 @@ class TestCInstanceChannel : public QObject {
     }
     /// Whether an ordinary caller is served.
     [[nodiscard]] bool IsServed() const {
-        return Outside([&] {
+        return Context([&] {
             CInstanceClient client;
             return client.FindWindow(Home(), kTitle) && client.Send(1, {}, 2000).has_value();
         });
@@ -166,7 +167,7 @@ void TestCInstanceChannel::findWindow() {
                                                  {"dot", Home() + u"/./"_qs},
                                                  {"other", other.path()},
                                                  {"none", Home() + u"/none"_qs}};
-    QCOMPARE(Outside([&] { return CInstanceClient().FindWindow(homes.at(home), title); }), found);
+    QCOMPARE(Context([&] { return CInstanceClient().FindWindow(homes.at(home), title); }), found);
     m_server.Close();
     QVERIFY(!CInstanceClient().FindWindow(homes.at(home), title));
 }
@@ -181,7 +182,7 @@ void TestCInstanceChannel::findWindowOfAFrozenProgram() {
 
 void TestCInstanceChannel::post() {
     QVERIFY(Open());
-    QVERIFY(Outside([&] {
+    QVERIFY(Context([&] {
         CInstanceClient client;
         return client.FindWindow(Home(), kTitle) && client.Post(1045) && client.Post(2, {{u"a"_qs, 1}}) &&
                client.Post(3);
@@ -210,7 +211,7 @@ void TestCInstanceChannel::postToABusyWindow() {
         ++handled;
         return QJsonObject();
     }));
-    QVERIFY(Outside([&] {
+    QVERIFY(Context([&] {
         CInstanceClient client;
         return client.FindWindow(Home(), kTitle) && client.Post(1) && client.Post(1045) && handled == 0;
     }));
@@ -229,7 +230,7 @@ void TestCInstanceChannel::send_data() {
 void TestCInstanceChannel::send() {
     QFETCH(QJsonObject, arguments);
     QVERIFY(Open());
-    const auto answers = Outside([&] {
+    const auto answers = Context([&] {
         CInstanceClient client;
         std::vector<std::optional<QJsonObject>> got;
         if (!client.FindWindow(Home(), kTitle)) return got;
@@ -248,7 +249,7 @@ void TestCInstanceChannel::sendInVain() {
         if (command == 1) TurnLoop(800);
         return QJsonObject{{u"command"_qs, command}};
     }));
-    QVERIFY(Outside([&] {
+    QVERIFY(Context([&] {
         CInstanceClient client;
         if (!client.FindWindow(Home(), kTitle)) return false;
         QElapsedTimer timer;
@@ -259,7 +260,7 @@ void TestCInstanceChannel::sendInVain() {
         return answer && answer->value(u"command"_qs).toInt() == 2;  // not the late answer to the first
     }));
     const QJsonObject huge{{u"a"_qs, QString(2'000'000, u'x')}};
-    QVERIFY(!Outside([&] {
+    QVERIFY(!Context([&] {
         CInstanceClient client;
         return client.FindWindow(Home(), kTitle) && client.Send(2, huge);
     }));
@@ -271,7 +272,7 @@ void TestCInstanceChannel::sendGivenUpIsNotBegun() {
         m_commands.push_back(command);
         return QJsonObject();
     }));
-    QVERIFY(Outside([&] {
+    QVERIFY(Context([&] {
         CInstanceClient first;
         CInstanceClient second;
         if (!first.FindWindow(Home(), kTitle) || !second.FindWindow(Home(), kTitle)) return false;
@@ -293,7 +294,7 @@ void TestCInstanceChannel::commandsComeOneAfterAnother() {
         ++handled;
         return QJsonObject();
     }));
-    QVERIFY(Outside([&] {
+    QVERIFY(Context([&] {
         CInstanceClient one;
         CInstanceClient two;
         bool good = one.FindWindow(Home(), kTitle) && two.FindWindow(Home(), kTitle);
@@ -308,7 +309,7 @@ void TestCInstanceChannel::manyCallers() {
     constexpr int kCallers = 50;
     constexpr int kCommands = 20;
     QVERIFY(Open());
-    const int failed = Outside([&] {
+    const int failed = Context([&] {
         std::atomic<int> failures = 0;
         std::vector<std::thread> callers;
         for (int i = 0; i < kCallers; ++i) {
@@ -344,7 +345,7 @@ void TestCInstanceChannel::nonsense_data() {
 void TestCInstanceChannel::nonsense() {
     QFETCH(QByteArray, bytes);
     QVERIFY(Open());
-    QVERIFY(Outside([&] {
+    QVERIFY(Context([&] {
         const RawCaller caller(Home());
         caller.Say(bytes);
         return caller.isConnected && caller.WasDropped(3000);
@@ -369,7 +370,7 @@ void TestCInstanceChannel::callerThatNeverReads() {
     QVERIFY(Open());
     const RawCaller caller(Home());
     QVERIFY(caller.isConnected);
-    Outside([&] { return caller.Say(QByteArray("{\"find\":\"x\"}\n").repeated(200'000)); });
+    Context([&] { return caller.Say(QByteArray("{\"find\":\"x\"}\n").repeated(200'000)); });
     QVERIFY(IsServed());
 }
 
@@ -380,7 +381,7 @@ void TestCInstanceChannel::callerThatFloods() {
         return QJsonObject();
     }));
     constexpr int kCommands = 5000;
-    Outside([&] {
+    Context([&] {
         const RawCaller caller(Home());
         caller.Say(QByteArray("{\"post\":7}\n").repeated(kCommands), 5000);
         while (handled < kCommands && !caller.WasDropped(10)) {
@@ -408,20 +409,20 @@ void TestCInstanceChannel::closeInAHandler() {
         TurnLoop(50);
         return QJsonObject{{u"done"_qs, true}};
     }));
-    const auto answer = Outside([&] {
+    const auto answer = Context([&] {
         CInstanceClient client;
         return client.FindWindow(Home(), kTitle) ? client.Send(57665) : std::nullopt;
     });
     QVERIFY(answer.has_value());
     QVERIFY(answer->value(u"done"_qs).toBool());
-    QVERIFY(!Outside([&] { return CInstanceClient().FindWindow(Home(), kTitle); }));
+    QVERIFY(!Context([&] { return CInstanceClient().FindWindow(Home(), kTitle); }));
     QTest::qWait(10);
 }
 
 void TestCInstanceChannel::windowGone() {
     QVERIFY(Open());
     CInstanceClient client;
-    QVERIFY(Outside([&] { return client.FindWindow(Home(), kTitle); }));
+    QVERIFY(Context([&] { return client.FindWindow(Home(), kTitle); }));
     m_server.Close();
     QTest::qWait(10);
     QElapsedTimer timer;
@@ -477,5 +478,5 @@ void TestCInstanceChannel::strangers() {
     ::close(ready[1]);
 }
 
-QTEST_GUILESS_MAIN(TestCInstanceChannel)
+TEST_CLASS(TestCInstanceChannel);
 #include "TestCInstanceChannel.moc"

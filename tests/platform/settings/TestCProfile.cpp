@@ -1,5 +1,7 @@
 #include "platform/settings/CProfile.h"
 
+#include "support/TestProgram.h"
+
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -95,5 +97,5 @@ void TestCProfile::areasStayApart() {
     QCOMPARE(other.GetInt(u"s"_qs, u"e"_qs, 0), 2);
 }
 
-QTEST_GUILESS_MAIN(TestCProfile)
+TEST_CLASS(TestCProfile);
 #include "TestCProfile.moc"

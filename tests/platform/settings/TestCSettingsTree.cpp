@@ -1,5 +1,7 @@
 #include "platform/settings/CSettingsTree.h"
 
+#include "support/TestProgram.h"
+
 #include <sqlite3.h>
 #include <QDir>
 #include <QElapsedTimer>
@@ -475,5 +477,5 @@ void TestCSettingsTree::openIsQuick() {
     QVERIFY2(times[25] < 5'000'000, qPrintable(u"%1 ns"_qs.arg(times[25])));
 }
 
-QTEST_GUILESS_MAIN(TestCSettingsTree)
+TEST_CLASS(TestCSettingsTree);
 #include "TestCSettingsTree.moc"

@@ -16,6 +16,7 @@
 #include <csignal>
 
 #include "platform/sqlite/SqliteErrors.h"
+#include "support/TestProgram.h"
 
 namespace {
 
@@ -479,5 +480,5 @@ void TestCSqliteFile::sentence() {
     QCOMPARE(SqliteSentence(code, systemError, u"F"_qs, u"odd %1 thing"_qs), expected);
 }
 
-QTEST_GUILESS_MAIN(TestCSqliteFile)
+TEST_CLASS(TestCSqliteFile);
 #include "TestCSqliteFile.moc"

@@ -1,5 +1,7 @@
 #include "platform/sqlite/RowTable.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 
 class TestRowTable : public QObject {
@@ -92,5 +94,5 @@ void TestRowTable::textsOfOddKinds() {
     QCOMPARE(QString::fromUtf8(table.Text(0, 2)), u"\U0001F552"_qs);
 }
 
-QTEST_APPLESS_MAIN(TestRowTable)
+TEST_CLASS(TestRowTable);
 #include "TestRowTable.moc"

@@ -1,5 +1,7 @@
 #include "platform/sqlite/VARIANT.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 #include <cmath>
 #include <limits>
@@ -60,5 +62,5 @@ void TestVARIANT::conversions() {
     QCOMPARE(ToInt32(VARIANT(std::nan(""))), 0);
 }
 
-QTEST_APPLESS_MAIN(TestVARIANT)
+TEST_CLASS(TestVARIANT);
 #include "TestVARIANT.moc"

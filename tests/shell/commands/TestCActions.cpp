@@ -4,6 +4,7 @@
 #include "lang/LoadText.h"
 #include "shell/commands/CPeriodButton.h"
 #include "shell/look/IconTheme.h"
+#include "support/TestProgram.h"
 #include "viewmodel/commands/BarButtons.h"
 
 #include <QAction>
@@ -32,10 +33,10 @@ CommandState Everything(bool timeMode = true) {
 }
 
 /// Menus, bars and keys in a window of their own.
-struct Scene {
+struct Fixture {
     QMainWindow window;
     CActions actions{window};
-    Scene() {
+    Fixture() {
         actions.Update(Everything());
         window.resize(1600, 400);
         window.show();
@@ -78,22 +79,22 @@ class TestCActions final : public QObject {
  private Q_SLOTS:
     /// Whatever the width, the same buttons stand in the same order, each once.
     void RowsKeepTheOrder() {
-        Scene scene;
-        const auto all = [&scene] {
+        Fixture fixture;
+        const auto all = [&fixture] {
             QStringList buttons;
             for (const char* name : {"toolBar102", "toolBar102.2", "toolBar102.3"})
-                if (const auto* bar = scene.window.findChild<QToolBar*>(QString::fromLatin1(name)))
-                    if (!bar->actions().isEmpty()) buttons << Scene::OnBar(*bar);
+                if (const auto* bar = fixture.window.findChild<QToolBar*>(QString::fromLatin1(name)))
+                    if (!bar->actions().isEmpty()) buttons << Fixture::OnBar(*bar);
             return buttons.join(u' ');
         };
         const QString inOne = all();
-        scene.actions.Wrap(400);
-        QVERIFY(scene.actions.RowsOf(Bar::Filters) > 1);
+        fixture.actions.Wrap(400);
+        QVERIFY(fixture.actions.RowsOf(Bar::Filters) > 1);
         QCOMPARE(all(), inOne);
-        scene.actions.Wrap(250);
+        fixture.actions.Wrap(250);
         QCOMPARE(all(), inOne);
-        scene.actions.Wrap(1600);
-        QCOMPARE(scene.actions.RowsOf(Bar::Filters), 1U);
+        fixture.actions.Wrap(1600);
+        QCOMPARE(fixture.actions.RowsOf(Bar::Filters), 1U);
         QCOMPARE(all(), inOne);
     }
 
@@ -103,9 +104,9 @@ class TestCActions final : public QObject {
     }
 
     void MenusInTheirOrder() {
-        const Scene scene;
+        const Fixture fixture;
         QStringList captions;
-        for (const QAction* action : scene.window.menuBar()->actions())
+        for (const QAction* action : fixture.window.menuBar()->actions())
             captions << action->text().remove(u'&');
         QCOMPARE(captions.join(u' '), u"Record View Period Filter Timer Lists Tools Help"_s);
     }
@@ -126,17 +127,17 @@ class TestCActions final : public QObject {
         FieldLabels labels;
         for (int field = 109; field <= 142 && !name.isEmpty(); ++field)
             labels.Set(field, name.contains(u'%') ? name.arg(field) : name);
-        Scene scene;
-        scene.actions.Follow({}, &labels);
-        scene.actions.Update(Everything(timeMode));
+        Fixture fixture;
+        fixture.actions.Follow({}, &labels);
+        fixture.actions.Update(Everything(timeMode));
         for (const MenuRow& row : MenuTable()) {
-            const QString letters = Letters(scene.Of(row.menu));
+            const QString letters = Letters(fixture.Of(row.menu));
             const QSet<QChar> different(letters.begin(), letters.end());
             QVERIFY2(different.size() == letters.size(),
                      qPrintable(LoadText(row.caption) + u": "_s + letters));
         }
         // of fourteen entries most have one, of "Remarks" as many as it has letters
-        QVERIFY(Letters(scene.Of(Menu::Filter)).size() >= 9);
+        QVERIFY(Letters(fixture.Of(Menu::Filter)).size() >= 9);
     }
 
     void FieldsByTheNamesOfTheUser() {
@@ -144,93 +145,93 @@ class TestCActions final : public QObject {
         labels.Set(109, u"Customer & Co"_s);
         labels.Set(131, u"Payer"_s);
         labels.Set(118, u"Paid"_s);
-        Scene scene;
-        scene.actions.Follow({}, &labels);
-        scene.actions.Update(Everything(true));
-        const auto menuText = [&scene](int command) {
-            return scene.actions.Action(command)->text().replace(u"&&"_s, u"+"_s).remove(u'&');
+        Fixture fixture;
+        fixture.actions.Follow({}, &labels);
+        fixture.actions.Update(Everything(true));
+        const auto menuText = [&fixture](int command) {
+            return fixture.actions.Action(command)->text().replace(u"&&"_s, u"+"_s).remove(u'&');
         };
         QCOMPARE(menuText(32804), u"Customer + Co"_s);
         QCOMPARE(menuText(40055), u"Paid"_s);
         QCOMPARE(menuText(32833), u"Paid"_s);
         QCOMPARE(menuText(32837), u"Exported"_s);
-        QCOMPARE(scene.Button(32804)->toolTip(), u"Customer & Co"_s);
-        QCOMPARE(scene.Button(40055)->accessibleName(), u"Mark as Paid"_s);
-        scene.actions.Update(Everything(false));
+        QCOMPARE(fixture.Button(32804)->toolTip(), u"Customer & Co"_s);
+        QCOMPARE(fixture.Button(40055)->accessibleName(), u"Mark as Paid"_s);
+        fixture.actions.Update(Everything(false));
         QCOMPARE(menuText(32804), u"Payer"_s);
         QCOMPARE(menuText(40055), u"Billed"_s);
-        QCOMPARE(scene.Button(32804)->toolTip(), u"Payer"_s);
+        QCOMPARE(fixture.Button(32804)->toolTip(), u"Payer"_s);
     }
     /// A field that was renamed meanwhile, and a state that has changed, show when the menu opens.
     void MenuAsksBeforeItOpens() {
         FieldLabels labels;
         CommandState state = Everything();
-        Scene scene;
-        scene.actions.Follow([&state] { return state; }, &labels);
+        Fixture fixture;
+        fixture.actions.Follow([&state] { return state; }, &labels);
         labels.Set(110, u"Order"_s);
         state.treeHasNode = state.treeCanExpand = true;
         state.filters = {32805};
-        QVERIFY(!scene.actions.Action(40068)->isEnabled());
-        Q_EMIT scene.Of(Menu::Filter).aboutToShow();
-        QCOMPARE(scene.actions.Action(32805)->text().remove(u'&'), u"Order"_s);
-        QVERIFY(scene.actions.Action(32805)->isChecked());
-        QVERIFY(!scene.actions.Action(32804)->isChecked());
-        QVERIFY(scene.actions.Action(40068)->isEnabled());
+        QVERIFY(!fixture.actions.Action(40068)->isEnabled());
+        Q_EMIT fixture.Of(Menu::Filter).aboutToShow();
+        QCOMPARE(fixture.actions.Action(32805)->text().remove(u'&'), u"Order"_s);
+        QVERIFY(fixture.actions.Action(32805)->isChecked());
+        QVERIFY(!fixture.actions.Action(32804)->isChecked());
+        QVERIFY(fixture.actions.Action(40068)->isEnabled());
     }
 
     /// One mode, one layout, one period: choices, of which each follows the state alone.
     void ChoicesFollowTheState() {
-        Scene scene;
+        Fixture fixture;
         CommandState state = Everything();
         state.preset = 4;
         state.listLayout = 3;
-        scene.actions.Update(state);
-        const auto checked = [&scene](int command) { return scene.actions.Action(command)->isChecked(); };
+        fixture.actions.Update(state);
+        const auto checked = [&fixture](int command) { return fixture.actions.Action(command)->isChecked(); };
         QVERIFY(checked(32801) && checked(32826) && checked(40011) && checked(32772));
-        QVERIFY(scene.actions.Action(32801)->actionGroup()->isExclusive());
+        QVERIFY(fixture.actions.Action(32801)->actionGroup()->isExclusive());
         // chosen, but the state stays: the mark does so too
-        scene.actions.Action(32798)->trigger();
-        scene.actions.Update(state);
+        fixture.actions.Action(32798)->trigger();
+        fixture.actions.Update(state);
         QVERIFY(checked(32801) && !checked(32798));
         // large icons have the number of "last year": the period keeps its mark
         state.listLayout = 1;
-        scene.actions.Update(state);
+        fixture.actions.Update(state);
         QVERIFY(checked(32823) && checked(32801) && !checked(32826));
         // a range chosen elsewhere is no row of the menu
         state.preset = 7;
-        scene.actions.Update(state);
+        fixture.actions.Update(state);
         QVERIFY(!checked(32801));
         state.timeMode = false;
-        scene.actions.Update(state);
+        fixture.actions.Update(state);
         QVERIFY(!checked(40011) && checked(40012));
     }
 
     void TipsAndStatus() {
-        const Scene scene;
-        QCOMPARE(scene.Button(103)->toolTip(), u"Edit (Return)"_s);
-        QCOMPARE(scene.actions.Action(103)->statusTip(), u"Edit the selected record"_s);
-        QCOMPARE(scene.Button(102)->accessibleName(), u"Delete"_s);
+        const Fixture fixture;
+        QCOMPARE(fixture.Button(103)->toolTip(), u"Edit (Return)"_s);
+        QCOMPARE(fixture.actions.Action(103)->statusTip(), u"Edit the selected record"_s);
+        QCOMPARE(fixture.Button(102)->accessibleName(), u"Delete"_s);
         for (const CommandRow& row : CommandTable())
-            QVERIFY2(!scene.actions.Action(row.id)->statusTip().isEmpty(), row.name);
+            QVERIFY2(!fixture.actions.Action(row.id)->statusTip().isEmpty(), row.name);
     }
     void MarkupInANameIsNoMarkup() {
         FieldLabels labels;
         labels.Set(109, u"<b>Bold</b>"_s);
-        Scene scene;
-        scene.actions.Follow({}, &labels);
-        scene.actions.Update(Everything());
-        QCOMPARE(scene.Button(32804)->toolTip(), u"<span>&lt;b&gt;Bold&lt;/b&gt;</span>"_s);
+        Fixture fixture;
+        fixture.actions.Follow({}, &labels);
+        fixture.actions.Update(Everything());
+        QCOMPARE(fixture.Button(32804)->toolTip(), u"<span>&lt;b&gt;Bold&lt;/b&gt;</span>"_s);
     }
 
     void BarsAtFirst() {
-        const Scene scene;
-        QVERIFY(
-            Scene::OnBar(scene.window.findChild<CActions*>()->RecordsBar()).startsWith(u"40147 | 101 103"_s));
-        QVERIFY(
-            Scene::OnBar(scene.window.findChild<CActions*>()->FiltersBar()).startsWith(u"32844 P 32845 |"_s));
-        QCOMPARE(scene.Button(40147)->menu(), &scene.Of(Menu::New));
-        QCOMPARE(scene.Button(40055)->menu(), &scene.Of(Menu::Mark));
-        QCOMPARE(scene.Button(101)->menu(), nullptr);
+        const Fixture fixture;
+        QVERIFY(Fixture::OnBar(fixture.window.findChild<CActions*>()->RecordsBar())
+                    .startsWith(u"40147 | 101 103"_s));
+        QVERIFY(Fixture::OnBar(fixture.window.findChild<CActions*>()->FiltersBar())
+                    .startsWith(u"32844 P 32845 |"_s));
+        QCOMPARE(fixture.Button(40147)->menu(), &fixture.Of(Menu::New));
+        QCOMPARE(fixture.Button(40055)->menu(), &fixture.Of(Menu::Mark));
+        QCOMPARE(fixture.Button(101)->menu(), nullptr);
     }
     void ChosenButtons_data() {
         QTest::addColumn<QList<int>>("buttons");
@@ -245,34 +246,34 @@ class TestCActions final : public QObject {
     }
     void ChosenButtons() {
         QFETCH(QList<int>, buttons);
-        Scene scene;
+        Fixture fixture;
         // once more and back: nothing comes twice, nothing is lost
-        scene.actions.SetButtons(Bar::Filters, buttons);
-        scene.actions.SetButtons(Bar::Filters, FactoryButtons(Bar::Filters));
-        scene.actions.SetButtons(Bar::Filters, buttons);
-        QTEST(Scene::OnBar(scene.actions.FiltersBar()), "expected");
-        QCOMPARE(scene.actions.Buttons(Bar::Filters), buttons);
-        QTRY_VERIFY(scene.actions.PeriodButton().isVisible());
+        fixture.actions.SetButtons(Bar::Filters, buttons);
+        fixture.actions.SetButtons(Bar::Filters, FactoryButtons(Bar::Filters));
+        fixture.actions.SetButtons(Bar::Filters, buttons);
+        QTEST(Fixture::OnBar(fixture.actions.FiltersBar()), "expected");
+        QCOMPARE(fixture.actions.Buttons(Bar::Filters), buttons);
+        QTRY_VERIFY(fixture.actions.PeriodButton().isVisible());
     }
     void ButtonsWorkAfterTheChoice() {
-        Scene scene;
-        scene.actions.SetButtons(Bar::Records, {102, 40147});
-        QSignalSpy triggered(&scene.actions, &CActions::Triggered);
-        QTest::mouseClick(scene.Button(102), Qt::LeftButton);
+        Fixture fixture;
+        fixture.actions.SetButtons(Bar::Records, {102, 40147});
+        QSignalSpy triggered(&fixture.actions, &CActions::Triggered);
+        QTest::mouseClick(fixture.Button(102), Qt::LeftButton);
         QCOMPARE(triggered.count(), 1);
         QCOMPARE(triggered.front().front().toInt(), 102);
-        QCOMPARE(scene.Button(40147)->menu(), &scene.Of(Menu::New));
-        QCOMPARE(scene.Button(102)->accessibleName(), u"Delete"_s);
+        QCOMPARE(fixture.Button(40147)->menu(), &fixture.Of(Menu::New));
+        QCOMPARE(fixture.Button(102)->accessibleName(), u"Delete"_s);
         // what has no button keeps its key
-        QTest::keyClick(&scene.window, Qt::Key_D, Qt::ControlModifier);
+        QTest::keyClick(&fixture.window, Qt::Key_D, Qt::ControlModifier);
         QCOMPARE(triggered.back().front().toInt(), 101);
     }
     void EveryCommandHasAnIcon() {
-        const Scene scene;
+        const Fixture fixture;
         for (const CommandRow& row : CommandTable())
             QVERIFY2(!QIcon::fromTheme(QString::fromLatin1(row.icon)).isNull(), row.icon);
     }
 };
 
-QTEST_MAIN(TestCActions)
+TEST_CLASS(TestCActions);
 #include "TestCActions.moc"

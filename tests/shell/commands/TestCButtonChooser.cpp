@@ -2,9 +2,10 @@
 
 #include "app/FieldLabels.h"
 #include "lang/LoadText.h"
-#include "shell/look/IconTheme.h"
 #include "shell/frame/ModalUser.h"
+#include "shell/look/IconTheme.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QListWidget>
 #include <QPushButton>
@@ -141,5 +142,5 @@ class TestCButtonChooser final : public QObject {
     }
 };
 
-QTEST_MAIN(TestCButtonChooser)
+TEST_CLASS(TestCButtonChooser);
 #include "TestCButtonChooser.moc"

@@ -3,6 +3,7 @@
 #include "app/FieldLabels.h"
 #include "shell/frame/ModalUser.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -137,5 +138,5 @@ class TestCPalette final : public QObject {
     }
 };
 
-QTEST_MAIN(TestCPalette)
+TEST_CLASS(TestCPalette);
 #include "TestCPalette.moc"

@@ -2,6 +2,7 @@
 #include "shell/frame/FrameHome.h"
 #include "shell/look/IconTheme.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -61,5 +62,5 @@ class TestWindowBars : public QObject {
     }
 };
 
-QTEST_MAIN(TestWindowBars)
+TEST_CLASS(TestWindowBars);
 #include "TestWindowBars.moc"

@@ -1,6 +1,7 @@
 #include "shell/controls/CBoxPrompt.h"
 
 #include "lang/LoadText.h"
+#include "support/TestProgram.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -104,5 +105,5 @@ void TestCBoxPrompt::EscapeIsHarmless() {
     }
 }
 
-QTEST_MAIN(TestCBoxPrompt)
+TEST_CLASS(TestCBoxPrompt);
 #include "TestCBoxPrompt.moc"

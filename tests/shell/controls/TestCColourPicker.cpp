@@ -2,6 +2,7 @@
 
 #include "lang/LoadText.h"
 #include "shell/controls/CColourPopup.h"
+#include "support/TestProgram.h"
 #include "viewmodel/list/ColourTable.h"
 
 #include <QPushButton>
@@ -166,5 +167,5 @@ class TestCColourPicker : public QObject {
     }
 };
 
-QTEST_MAIN(TestCColourPicker)
+TEST_CLASS(TestCColourPicker);
 #include "TestCColourPicker.moc"

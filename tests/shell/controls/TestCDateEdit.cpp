@@ -4,6 +4,7 @@
 #include "shell/controls/CCalendarPopup.h"
 #include "shell/look/FormRows.h"
 #include "support/CTestClock.h"
+#include "support/TestProgram.h"
 
 #include <QCalendarWidget>
 #include <QPushButton>
@@ -142,5 +143,5 @@ class TestCDateEdit : public QObject {
     }
 };
 
-QTEST_MAIN(TestCDateEdit)
+TEST_CLASS(TestCDateEdit);
 #include "TestCDateEdit.moc"

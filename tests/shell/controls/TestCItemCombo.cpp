@@ -3,6 +3,7 @@
 #include "app/ListTable.h"
 #include "shell/controls/CItemFields.h"
 #include "shell/record/DialogHome.h"
+#include "support/TestProgram.h"
 
 #include <QSignalSpy>
 #include <QToolTip>
@@ -350,5 +351,5 @@ class TestCItemCombo : public QObject {
     }
 };
 
-QTEST_MAIN(TestCItemCombo)
+TEST_CLASS(TestCItemCombo);
 #include "TestCItemCombo.moc"

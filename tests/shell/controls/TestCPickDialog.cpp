@@ -3,6 +3,7 @@
 #include "lang/LoadText.h"
 #include "shell/frame/ModalUser.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QAbstractItemModelTester>
 #include <QLabel>
@@ -169,5 +170,5 @@ class TestCPickDialog final : public QObject {
     }
 };
 
-QTEST_MAIN(TestCPickDialog)
+TEST_CLASS(TestCPickDialog);
 #include "TestCPickDialog.moc"

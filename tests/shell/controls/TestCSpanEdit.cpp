@@ -4,6 +4,7 @@
 #include "records/CTRecord.h"
 #include "shell/controls/CPickPopup.h"
 #include "shell/look/FormRows.h"
+#include "support/TestProgram.h"
 
 #include <QLineEdit>
 #include <QListWidget>
@@ -203,5 +204,5 @@ class TestCSpanEdit : public QObject {
     }
 };
 
-QTEST_MAIN(TestCSpanEdit)
+TEST_CLASS(TestCSpanEdit);
 #include "TestCSpanEdit.moc"

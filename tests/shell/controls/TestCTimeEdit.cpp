@@ -7,6 +7,7 @@
 #include "shell/look/FormRows.h"
 #include "support/CScriptedPrompt.h"
 #include "support/CTestClock.h"
+#include "support/TestProgram.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
@@ -390,5 +391,5 @@ class TestCTimeEdit : public QObject {
     }
 };
 
-QTEST_MAIN(TestCTimeEdit)
+TEST_CLASS(TestCTimeEdit);
 #include "TestCTimeEdit.moc"

@@ -4,13 +4,13 @@
 #include "records/CTRecord.h"
 #include "shell/commands/CActions.h"
 #include "shell/frame/CFrameCommands.h"
-#include "shell/frame/CFrameDoor.h"
+#include "shell/frame/CFrameControl.h"
 #include "shell/list/CRecordListView.h"
-#include "viewmodel/program/CProgress.h"
-#include "viewmodel/list/CRecordListModel.h"
-#include "viewmodel/tree/CTreeDoor.h"
 #include "support/TestHome.h"
 #include "timers/CRecordTimers.h"
+#include "viewmodel/list/CRecordListModel.h"
+#include "viewmodel/program/CProgress.h"
+#include "viewmodel/tree/CTreeControl.h"
 
 #include <QMainWindow>
 #include <QTest>
@@ -23,7 +23,7 @@ class NoProgress final : public CProgress {
 };
 
 /// Notes what is asked of the window.
-class Door final : public CFrameDoor {
+class Door final : public CFrameControl {
  public:
     QWidget& Window() override { return window; }
     void ToggleBar1() override { asked << QStringLiteral("bar 1"); }
@@ -38,7 +38,7 @@ class Door final : public CFrameDoor {
     QStringList asked;
 };
 
-class Tree final : public CTreeDoor {
+class Tree final : public CTreeControl {
  public:
     bool IsShown() const override { return isShown; }
     void Show(bool shown) override { isShown = shown; }
@@ -63,7 +63,7 @@ class Tree final : public CTreeDoor {
 };
 
 /// The commands over a scratch home, with all that a window can have. The mode is that of the scene.
-struct Scene {
+struct Fixture {
     TestHome home;
     RecordModeScope mode;
     ActiveTimerSet set{home.clock};
@@ -71,9 +71,9 @@ struct Scene {
     CRecordListModel model{*home.document, set, *home.settings};
     CRecordListView view{model, *home.settings};
     NoProgress progress;
-    Door door;
+    Door control;
     Tree tree;
-    CActions actions{door.window};
+    CActions actions{control.window};
     CTRecord timeEntry;
     CERecord expenseEntry;
     std::function<bool(CVORec&)> dialog = [](CVORec&) { return true; };
@@ -82,23 +82,23 @@ struct Scene {
     QStringList called;
     std::unique_ptr<CFrameCommands> commands;
 
-    explicit Scene(RecordMode wanted = RecordMode::Time) : mode(wanted) {
+    explicit Fixture(RecordMode wanted = RecordMode::Time) : mode(wanted) {
         std::swap(theTimeEntry, m_timeEntry);
         std::swap(theExpenseEntry, m_expenseEntry);
         home.document->LoadCurrentMode();
         home.document->BuildVisible();
-        commands = std::make_unique<CFrameCommands>(Around());
+        commands = std::make_unique<CFrameCommands>(Context());
         home.views.seen.clear();
     }
-    ~Scene() {
+    ~Fixture() {
         commands.reset();
         std::swap(theTimeEntry, m_timeEntry);
         std::swap(theExpenseEntry, m_expenseEntry);
     }
-    Scene(const Scene&) = delete;
-    Scene& operator=(const Scene&) = delete;
+    Fixture(const Fixture&) = delete;
+    Fixture& operator=(const Fixture&) = delete;
 
-    [[nodiscard]] CFrameCommands::Around Bare() {
+    [[nodiscard]] CFrameCommands::Context Bare() {
         return {.document = *home.document,
                 .timers = timers,
                 .settings = *home.settings,
@@ -107,32 +107,32 @@ struct Scene {
                 .clock = home.clock,
                 .model = model,
                 .view = view,
-                .door = door,
+                .control = control,
                 .home = home.Path()};
     }
-    [[nodiscard]] CFrameCommands::Around Around() {
-        CFrameCommands::Around around = Bare();
-        around.editRecord = [this](CVORec& record) {
+    [[nodiscard]] CFrameCommands::Context Context() {
+        CFrameCommands::Context context = Bare();
+        context.editRecord = [this](CVORec& record) {
             ++dialogs;
             return dialog(record);
         };
-        around.options = [] { return true; };
-        around.switchMode = [this](RecordMode to) {
+        context.options = [] { return true; };
+        context.switchMode = [this](RecordMode to) {
             called << QStringLiteral("mode %1").arg(static_cast<int>(to));
         };
-        around.tree = &tree;
-        around.fillFromDefaults = [this](CVORec& record) {
+        context.tree = &tree;
+        context.fillFromDefaults = [this](CVORec& record) {
             called << QStringLiteral("defaults");
             if (record.Kind() == RecordKind::Time)
                 static_cast<CTRecord&>(record).item2 = QStringLiteral("A default");
             return defaultsAreChosen;
         };
-        around.runDefaults = [this] { called << QStringLiteral("dialog of defaults"); };
-        around.catalogue = home.catalogue.get();
-        around.actions = &actions;
-        around.state = [this] { return State(); };
-        around.runCommand = [this](int command) { ran << command; };
-        return around;
+        context.runDefaults = [this] { called << QStringLiteral("dialog of defaults"); };
+        context.catalogue = home.catalogue.get();
+        context.actions = &actions;
+        context.state = [this] { return State(); };
+        context.runCommand = [this](int command) { ran << command; };
+        return context;
     }
     [[nodiscard]] CommandState State() const {
         CommandState state;

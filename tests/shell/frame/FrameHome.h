@@ -4,14 +4,14 @@
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "shell/commands/CActions.h"
-#include "shell/look/CElidedLabel.h"
-#include "shell/program/CEventPump.h"
+#include "shell/frame/CEventPump.h"
 #include "shell/frame/CMainFrame.h"
 #include "shell/list/CRecordListView.h"
-#include "viewmodel/program/CViewHub.h"
+#include "shell/look/CElidedLabel.h"
 #include "support/CScriptedPrompt.h"
 #include "support/CTestClock.h"
 #include "timers/CRecordTimers.h"
+#include "viewmodel/program/CViewHub.h"
 
 #include <QAction>
 #include <QTest>
@@ -40,7 +40,7 @@ struct Window {
         set = std::make_unique<ActiveTimerSet>(clock);
         timers = std::make_unique<CRecordTimers>(*set, app.Document(), app.Settings());
         app.Document().SetTimers(timers.get());
-        frame = std::make_unique<CMainFrame>(CMainFrame::Surroundings{
+        frame = std::make_unique<CMainFrame>(CMainFrame::Context{
             app, *timers, hub, prompt, pump, clock,
             [this](QWidget*, CVORec& record) {
                 ++dialogs;
@@ -51,7 +51,7 @@ struct Window {
         [&] { QVERIFY(QTest::qWaitForWindowExposed(frame.get())); }();
     }
     ~Window() {
-        frame->KeepEverything();
+        frame->PersistEverything();
         app.Document().SetTimers(nullptr);
         frame.reset();
         app.CloseSettings();

@@ -4,6 +4,7 @@
 #include "lang/LoadText.h"
 #include "shell/frame/FrameCommandsHome.h"
 #include "shell/frame/ModalUser.h"
+#include "support/TestProgram.h"
 #include "viewmodel/commands/BarButtons.h"
 
 #include <QCheckBox>
@@ -42,8 +43,8 @@ class TestCFrameCommands final : public QObject {
 
  private Q_SLOTS:
     void WhatIsMissingIsNotOffered() {
-        Scene scene;
-        const CFrameCommands bare(scene.Bare());
+        Fixture fixture;
+        const CFrameCommands bare(fixture.Bare());
         CommandState state;
         state.selected = 1;
         bare.Describe(state);
@@ -53,32 +54,32 @@ class TestCFrameCommands final : public QObject {
         for (const int command : {40147, 103, 40052, 32829, 32891, 32832})
             QVERIFY2(IsOffered(*FindCommand(command), state), qPrintable(QString::number(command)));
         for (const int command : {40011, 40012, 32777, 32856, 32804, 32771, 40122, 32817, 40200})
-            QVERIFY2(scene.Offers(command), qPrintable(QString::number(command)));
+            QVERIFY2(fixture.Offers(command), qPrintable(QString::number(command)));
     }
     void DescribesTheFilterOfTheMode() {
-        Scene scene(RecordMode::Expense);
-        scene.home.document->Filter().ApplyPreset(10, scene.home.document->PeriodNeeds());
-        scene.home.document->FilterOfExpenses().ApplyPreset(2, scene.home.document->PeriodNeeds());
-        scene.home.document->Filter().items[0] = u"Client A"_s;
-        scene.home.document->FilterOfExpenses().flags[2] = 1;
-        CommandState state = scene.State();
+        Fixture fixture(RecordMode::Expense);
+        fixture.home.document->Filter().ApplyPreset(10, fixture.home.document->GetPeriodContext());
+        fixture.home.document->FilterOfExpenses().ApplyPreset(2, fixture.home.document->GetPeriodContext());
+        fixture.home.document->Filter().items[0] = u"Client A"_s;
+        fixture.home.document->FilterOfExpenses().flags[2] = 1;
+        CommandState state = fixture.State();
         QVERIFY(!state.timeMode);
         QCOMPARE(state.preset, 2);
         QVERIFY(state.canStep);
         QCOMPARE(state.filters, QSet<int>{32834});
         theRecordMode = RecordMode::Time;
-        state = scene.State();
+        state = fixture.State();
         QVERIFY(state.timeMode && !state.canStep);
         QCOMPARE(state.preset, 10);
         QCOMPARE(state.filters, QSet<int>{32804});
     }
 
     void NewRecordOfEachKind() {
-        Scene time;
+        Fixture time;
         time.Run(40147);
         QCOMPARE(time.dialogs, 1);
         QCOMPARE(time.home.document->RecordCount(), 1U);
-        Scene expense(RecordMode::Expense);
+        Fixture expense(RecordMode::Expense);
         expense.dialog = [](CVORec& record) {
             static_cast<CERecord&>(record).item3 = u"Taxi"_s;
             return record.Kind() == RecordKind::Expense;
@@ -89,27 +90,27 @@ class TestCFrameCommands final : public QObject {
         QCOMPARE(expense.home.document->FindExpense(id)->item3, u"Taxi"_s);
     }
     void NewRecordFromDefaults() {
-        Scene scene;
-        scene.Run(32856);
-        QCOMPARE(scene.called, QStringList{u"defaults"_s});
-        scene.SelectAll();
-        QCOMPARE(scene.OnlyTime().item2, u"A default"_s);
-        scene.defaultsAreChosen = false;
-        scene.Run(32857);
-        QCOMPARE(scene.home.document->RecordCount(), 1U);
-        QCOMPARE(scene.dialogs, 1);
+        Fixture fixture;
+        fixture.Run(32856);
+        QCOMPARE(fixture.called, QStringList{u"defaults"_s});
+        fixture.SelectAll();
+        QCOMPARE(fixture.OnlyTime().item2, u"A default"_s);
+        fixture.defaultsAreChosen = false;
+        fixture.Run(32857);
+        QCOMPARE(fixture.home.document->RecordCount(), 1U);
+        QCOMPARE(fixture.dialogs, 1);
     }
     void NewRecordFromTheTree() {
-        Scene scene;
-        QVERIFY(!scene.Offers(32861));
-        scene.tree.hasNode = true;
-        scene.home.settings->dialogOnQuickEntry = false;
-        scene.Run(32863);
-        QCOMPARE(scene.dialogs, 0);
-        scene.SelectAll();
-        QCOMPARE(scene.OnlyTime().item1, u"From the tree"_s);
-        QVERIFY(scene.set.AnyRunning());
-        Scene expense(RecordMode::Expense);
+        Fixture fixture;
+        QVERIFY(!fixture.Offers(32861));
+        fixture.tree.hasNode = true;
+        fixture.home.settings->dialogOnQuickEntry = false;
+        fixture.Run(32863);
+        QCOMPARE(fixture.dialogs, 0);
+        fixture.SelectAll();
+        QCOMPARE(fixture.OnlyTime().item1, u"From the tree"_s);
+        QVERIFY(fixture.set.AnyRunning());
+        Fixture expense(RecordMode::Expense);
         expense.tree.hasNode = true;
         QVERIFY(!expense.Offers(32863));
         expense.Run(32861);
@@ -118,15 +119,15 @@ class TestCFrameCommands final : public QObject {
                  u"From the tree"_s);
     }
     void CopyOfAnExpenseWithTimestamp() {
-        Scene scene(RecordMode::Expense);
-        scene.AddExpense(u"Client A"_s);
-        scene.SelectAll();
-        scene.Run(32864);
-        QCOMPARE(scene.home.document->RecordCount(), 2U);
+        Fixture fixture(RecordMode::Expense);
+        fixture.AddExpense(u"Client A"_s);
+        fixture.SelectAll();
+        fixture.Run(32864);
+        QCOMPARE(fixture.home.document->RecordCount(), 2U);
     }
 
     void EditOneOfEachKind() {
-        Scene time;
+        Fixture time;
         const QString id = time.home.AddTime(2026, 11, 19, u"09:00"_s, u"10:00"_s);
         time.dialog = [&time](CVORec& record) {
             static_cast<CTRecord&>(record).notes = u"edited"_s;
@@ -135,7 +136,7 @@ class TestCFrameCommands final : public QObject {
         time.SelectAll();
         time.Run(103);
         QCOMPARE(time.home.document->FindTime(id)->notes, u"edited"_s);
-        Scene expense(RecordMode::Expense);
+        Fixture expense(RecordMode::Expense);
         const QString other = expense.AddExpense(u"Client A"_s);
         expense.dialog = [](CVORec& record) {
             static_cast<CERecord&>(record).notes = u"edited"_s;
@@ -155,35 +156,35 @@ class TestCFrameCommands final : public QObject {
     }
     /// The command isn't offered for two; whoever runs it all the same is told.
     void EditTwo() {
-        Scene scene;
-        scene.home.AddTime(2026, 11, 18);
-        scene.home.AddTime(2026, 11, 19);
-        scene.SelectAll();
-        QVERIFY(!scene.Offers(103));
-        scene.home.prompt.ExpectTold(Text::SelectOneRecord);
-        scene.commands->Run(*FindCommand(103));
-        QCOMPARE(scene.dialogs, 0);
-        scene.home.prompt.Finish();
+        Fixture fixture;
+        fixture.home.AddTime(2026, 11, 18);
+        fixture.home.AddTime(2026, 11, 19);
+        fixture.SelectAll();
+        QVERIFY(!fixture.Offers(103));
+        fixture.home.prompt.ExpectTold(Text::SelectOneRecord);
+        fixture.commands->Run(*FindCommand(103));
+        QCOMPARE(fixture.dialogs, 0);
+        fixture.home.prompt.Finish();
     }
 
     /// Each timer of the selection tells of itself at once; a stop changes its record first.
     void TimersOfTheSelection() {
-        Scene scene;
-        const QString first = scene.home.AddTime(2026, 11, 18), second = scene.home.AddTime(2026, 11, 19);
-        scene.home.settings->timerOnNewTimer = 0;
-        scene.SelectAll();
-        scene.home.views.seen.clear();
-        scene.Run(40112);
-        QCOMPARE(scene.Hints(), (QList<int>{3, 3}));
-        QCOMPARE(scene.home.views.seen[0].second, QStringList{second});  // the latest stands first
-        QCOMPARE(scene.home.views.seen[1].second, QStringList{first});
-        scene.home.views.seen.clear();
-        scene.Run(40113);
-        QCOMPARE(scene.Hints(), (QList<int>{4, 4}));
-        scene.home.views.seen.clear();
-        scene.Run(40111);
-        QCOMPARE(scene.Hints(), (QList<int>{14, 1, 5, 14, 1, 5}));
-        QVERIFY(!scene.set.AnyActive());
+        Fixture fixture;
+        const QString first = fixture.home.AddTime(2026, 11, 18), second = fixture.home.AddTime(2026, 11, 19);
+        fixture.home.settings->timerOnNewTimer = 0;
+        fixture.SelectAll();
+        fixture.home.views.seen.clear();
+        fixture.Run(40112);
+        QCOMPARE(fixture.Hints(), (QList<int>{3, 3}));
+        QCOMPARE(fixture.home.views.seen[0].second, QStringList{second});  // the latest stands first
+        QCOMPARE(fixture.home.views.seen[1].second, QStringList{first});
+        fixture.home.views.seen.clear();
+        fixture.Run(40113);
+        QCOMPARE(fixture.Hints(), (QList<int>{4, 4}));
+        fixture.home.views.seen.clear();
+        fixture.Run(40111);
+        QCOMPARE(fixture.Hints(), (QList<int>{14, 1, 5, 14, 1, 5}));
+        QVERIFY(!fixture.set.AnyActive());
     }
 
     void MarksOfExpenses_data() {
@@ -197,172 +198,172 @@ class TestCFrameCommands final : public QObject {
     }
     void MarksOfExpenses() {
         QFETCH(int, command);
-        Scene scene(RecordMode::Expense);
-        const QString id = scene.AddExpense(u"Client A"_s);
-        scene.home.settings->confirmMark = false;
-        scene.SelectAll();
-        scene.Run(command);
-        const CERecord& record = *scene.home.document->FindExpense(id);
+        Fixture fixture(RecordMode::Expense);
+        const QString id = fixture.AddExpense(u"Client A"_s);
+        fixture.home.settings->confirmMark = false;
+        fixture.SelectAll();
+        fixture.Run(command);
+        const CERecord& record = *fixture.home.document->FindExpense(id);
         const bool flags[] = {record.flag1, record.flag2, record.flag3, record.flag4, record.flag5};
         QString shown;
         for (int i = 0; i < 5; ++i) shown += flags[i] ? QString::number(i + 1) : u"-"_s;
         QTEST(shown, "flags");
     }
     void DeleteAndCopyExpenses() {
-        Scene scene(RecordMode::Expense);
-        scene.AddExpense(u"Client A"_s);
-        scene.AddExpense(u"Client B"_s);
-        scene.home.settings->confirmCopy = scene.home.settings->confirmDelete = false;
-        scene.SelectAll();
-        scene.Run(101);
-        QCOMPARE(scene.home.document->RecordCount(), 4U);
-        scene.SelectAll();
-        scene.Run(102);
-        QCOMPARE(scene.home.document->RecordCount(), 0U);
+        Fixture fixture(RecordMode::Expense);
+        fixture.AddExpense(u"Client A"_s);
+        fixture.AddExpense(u"Client B"_s);
+        fixture.home.settings->confirmCopy = fixture.home.settings->confirmDelete = false;
+        fixture.SelectAll();
+        fixture.Run(101);
+        QCOMPARE(fixture.home.document->RecordCount(), 4U);
+        fixture.SelectAll();
+        fixture.Run(102);
+        QCOMPARE(fixture.home.document->RecordCount(), 0U);
     }
 
     void ModeDefaultsAndTree() {
-        Scene scene;
-        scene.Run(40012);
-        scene.Run(40011);
-        scene.Run(32777);
-        QCOMPARE(scene.called, (QStringList{u"mode 2"_s, u"mode 1"_s, u"dialog of defaults"_s}));
-        QVERIFY(scene.Checks(32771) && scene.Checks(32772));
-        scene.Run(32773);
-        QVERIFY(scene.tree.isStacked && scene.Checks(32773));
-        scene.Run(32772);
-        QVERIFY(!scene.tree.isStacked);
-        scene.tree.hasNode = true;
-        scene.Run(40068);
-        QCOMPARE(scene.tree.expanded, 1);
-        scene.Run(32771);
-        QVERIFY(!scene.tree.isShown && !scene.Checks(32772) && !scene.Offers(32773));
-        scene.Run(32771);
-        QVERIFY(scene.tree.isShown);
+        Fixture fixture;
+        fixture.Run(40012);
+        fixture.Run(40011);
+        fixture.Run(32777);
+        QCOMPARE(fixture.called, (QStringList{u"mode 2"_s, u"mode 1"_s, u"dialog of defaults"_s}));
+        QVERIFY(fixture.Checks(32771) && fixture.Checks(32772));
+        fixture.Run(32773);
+        QVERIFY(fixture.tree.isStacked && fixture.Checks(32773));
+        fixture.Run(32772);
+        QVERIFY(!fixture.tree.isStacked);
+        fixture.tree.hasNode = true;
+        fixture.Run(40068);
+        QCOMPARE(fixture.tree.expanded, 1);
+        fixture.Run(32771);
+        QVERIFY(!fixture.tree.isShown && !fixture.Checks(32772) && !fixture.Offers(32773));
+        fixture.Run(32771);
+        QVERIFY(fixture.tree.isShown);
     }
     void WhatTheWindowDoesItself() {
-        Scene scene;
-        for (const int command : {59392, 32812, 32774, 32780, 32803, 57665}) scene.Run(command);
-        QCOMPARE(scene.door.asked,
+        Fixture fixture;
+        for (const int command : {59392, 32812, 32774, 32780, 32803, 57665}) fixture.Run(command);
+        QCOMPARE(fixture.control.asked,
                  (QStringList{u"bar 1"_s, u"bar 2"_s, u"status bar"_s, u"refresh"_s, u"day"_s, u"leave"_s}));
-        scene.door.asked.clear();
-        scene.Run(40066);
-        QCOMPARE(scene.door.asked, QStringList{u"refresh"_s});
-        scene.door.asked.clear();
-        scene.Run(32825);
-        QCOMPARE(scene.home.settings->listLayout, 2);
-        QCOMPARE(scene.door.asked, QStringList{u"list"_s});
-        QVERIFY(scene.Hints().isEmpty());
-        scene.Run(32778);
-        QCOMPARE(scene.Hints(), QList<int>{6});
+        fixture.control.asked.clear();
+        fixture.Run(40066);
+        QCOMPARE(fixture.control.asked, QStringList{u"refresh"_s});
+        fixture.control.asked.clear();
+        fixture.Run(32825);
+        QCOMPARE(fixture.home.settings->listLayout, 2);
+        QCOMPARE(fixture.control.asked, QStringList{u"list"_s});
+        QVERIFY(fixture.Hints().isEmpty());
+        fixture.Run(32778);
+        QCOMPARE(fixture.Hints(), QList<int>{6});
     }
     /// After the options what the columns are wide on screen is saved with them.
     void OptionsSaveTheWidths() {
-        Scene scene;
-        scene.home.settings->listLayout = 3;
-        scene.home.AddTime(2026, 11, 19);
-        scene.SelectAll();
-        scene.view.horizontalHeader()->resizeSection(1, 141);
-        scene.timeEntry.notes = u"left over"_s;
-        scene.Run(40066);
-        QCOMPARE(scene.timeEntry.notes, QString());
-        const TestHome next(scene.home.Path());
+        Fixture fixture;
+        fixture.home.settings->listLayout = 3;
+        fixture.home.AddTime(2026, 11, 19);
+        fixture.SelectAll();
+        fixture.view.horizontalHeader()->resizeSection(1, 141);
+        fixture.timeEntry.notes = u"left over"_s;
+        fixture.Run(40066);
+        QCOMPARE(fixture.timeEntry.notes, QString());
+        const TestHome next(fixture.home.Path());
         QCOMPARE(next.settings->ListColumns().EntryAt(0).width, 141);
     }
 
     void FilterByAText() {
-        Scene scene;
-        QVERIFY(scene.home.catalogue->AddItem(16, u"Client A"_s, false));
-        QVERIFY(scene.home.catalogue->AddItem(16, u"Client B"_s, false));
-        scene.home.document->Filter().ApplyPreset(2, scene.home.document->PeriodNeeds());
+        Fixture fixture;
+        QVERIFY(fixture.home.catalogue->AddItem(16, u"Client A"_s, false));
+        QVERIFY(fixture.home.catalogue->AddItem(16, u"Client B"_s, false));
+        fixture.home.document->Filter().ApplyPreset(2, fixture.home.document->GetPeriodContext());
         QString title;
         {
             const ModalUser cancels([&title](QDialog& dialog) {
                 title = dialog.windowTitle();
                 QTest::keyClick(&dialog, Qt::Key_Escape);
             });
-            scene.Run(32804);
+            fixture.Run(32804);
             QVERIFY(cancels.Met());
         }
         QCOMPARE(title, u"Filter: Client"_s);
-        QVERIFY(scene.Hints().isEmpty() && !scene.Checks(32804));
+        QVERIFY(fixture.Hints().isEmpty() && !fixture.Checks(32804));
         {
             const ModalUser picks = Picks(u"b"_s);
-            scene.Run(32804);
+            fixture.Run(32804);
         }
-        const TimeFilter& filter = scene.home.document->Filter();
+        const TimeFilter& filter = fixture.home.document->Filter();
         QCOMPARE(filter.items[0], u"Client B"_s);
         QVERIFY(filter.matchWhole && filter.matchCase);
         QCOMPARE(filter.preset, 2);
-        QCOMPARE(scene.Hints(), QList<int>{6});
-        QVERIFY(scene.Checks(32804));
+        QCOMPARE(fixture.Hints(), QList<int>{6});
+        QVERIFY(fixture.Checks(32804));
         {
             const ModalUser picks = Picks(u"any"_s);
-            scene.Run(32804);
+            fixture.Run(32804);
         }
         QCOMPARE(filter.items[0], u"(any)"_s);
-        QVERIFY(!scene.Checks(32804));
+        QVERIFY(!fixture.Checks(32804));
     }
     void FilterExpenses() {
-        Scene scene(RecordMode::Expense);
-        QVERIFY(scene.home.catalogue->AddItem(71, u"Cash"_s, false));
+        Fixture fixture(RecordMode::Expense);
+        QVERIFY(fixture.home.catalogue->AddItem(71, u"Cash"_s, false));
         {
             const ModalUser picks = Picks(u"cash"_s);
-            scene.Run(32809);
+            fixture.Run(32809);
         }
-        QCOMPARE(scene.home.document->FilterOfExpenses().items[3], u"Cash"_s);
+        QCOMPARE(fixture.home.document->FilterOfExpenses().items[3], u"Cash"_s);
         {
             const ModalUser picks = Picks(u"No"_s);
-            scene.Run(32836);
+            fixture.Run(32836);
         }
-        QCOMPARE(scene.home.document->FilterOfExpenses().flags[4], 0);
-        QVERIFY(scene.Checks(32809) && scene.Checks(32836) && !scene.Checks(32837));
-        QCOMPARE(scene.home.document->Filter().items[3], u"(any)"_s);
-        scene.Run(32810);
-        QVERIFY(!scene.Checks(32809) && !scene.Checks(32836));
+        QCOMPARE(fixture.home.document->FilterOfExpenses().flags[4], 0);
+        QVERIFY(fixture.Checks(32809) && fixture.Checks(32836) && !fixture.Checks(32837));
+        QCOMPARE(fixture.home.document->Filter().items[3], u"(any)"_s);
+        fixture.Run(32810);
+        QVERIFY(!fixture.Checks(32809) && !fixture.Checks(32836));
     }
     /// A list without items says so.
     void FilterByAnEmptyList() {
-        Scene scene;
+        Fixture fixture;
         QString rows, note;
         const ModalUser looks([&](QDialog& dialog) {
             rows = QString::number(dialog.findChild<QTreeView*>(u"searchRows"_s)->model()->rowCount());
             note = dialog.findChild<QLabel*>(u"pickNote"_s)->text();
             dialog.reject();
         });
-        scene.Run(32806);
+        fixture.Run(32806);
         QCOMPARE(rows, u"1"_s);
         QCOMPARE(note, LoadText(Text::PickNoItems));
     }
     void PeriodOfExpenses() {
-        Scene scene(RecordMode::Expense);
-        scene.Run(32798);
-        QCOMPARE(scene.home.document->FilterOfExpenses().preset, 1);
-        QVERIFY(scene.home.document->Filter().preset != 1);
-        scene.Run(32844);
-        QCOMPARE(scene.home.document->FilterOfExpenses().startText, u"11/18/2026"_s);
-        scene.Run(32802);
-        QCOMPARE(scene.home.document->FilterOfExpenses().preset, 6);
+        Fixture fixture(RecordMode::Expense);
+        fixture.Run(32798);
+        QCOMPARE(fixture.home.document->FilterOfExpenses().preset, 1);
+        QVERIFY(fixture.home.document->Filter().preset != 1);
+        fixture.Run(32844);
+        QCOMPARE(fixture.home.document->FilterOfExpenses().startText, u"11/18/2026"_s);
+        fixture.Run(32802);
+        QCOMPARE(fixture.home.document->FilterOfExpenses().preset, 6);
     }
 
     void UseDependenciesIsKeptAtOnce() {
         QTemporaryDir folder;
-        Scene scene;
-        QVERIFY(!scene.Checks(32891));
-        scene.Run(32891);
-        QVERIFY(scene.Checks(32891));
-        scene.home.settings->KeepStoreUntouched();
-        const TestHome next(scene.home.Path());
+        Fixture fixture;
+        QVERIFY(!fixture.Checks(32891));
+        fixture.Run(32891);
+        QVERIFY(fixture.Checks(32891));
+        fixture.home.settings->KeepStoreUntouched();
+        const TestHome next(fixture.home.Path());
         QVERIFY(next.settings->useDependencies);
-        scene.Run(32891);
-        QVERIFY(!scene.home.settings->useDependencies);
+        fixture.Run(32891);
+        QVERIFY(!fixture.home.settings->useDependencies);
     }
     /// Also where two columns are called alike; picked again, it turns round.
     void SortByThePickedColumn() {
-        Scene scene;
-        scene.home.settings->ListColumns().SetColumn(ColumnHalf::Time, 7, {u"Client"_s, 90, 7, true});
-        scene.model.Rebuild();
-        const auto pick = [&scene](int present) {
+        Fixture fixture;
+        fixture.home.settings->ListColumns().SetColumn(ColumnHalf::Time, 7, {u"Client"_s, 90, 7, true});
+        fixture.model.Rebuild();
+        const auto pick = [&fixture](int present) {
             const ModalUser picks([present](QDialog& dialog) {
                 auto* rows = dialog.findChild<QTreeView*>(u"searchRows"_s);
                 QCOMPARE(dialog.windowTitle(), u"Sort"_s);
@@ -370,24 +371,24 @@ class TestCFrameCommands final : public QObject {
                 rows->setCurrentIndex(rows->model()->index(6, 0));
                 QTest::keyClick(rows, Qt::Key_Return);
             });
-            scene.Run(32784);
+            fixture.Run(32784);
         };
         pick(0);
-        QCOMPARE(scene.home.settings->sortColumnTime, 5);
-        QVERIFY(scene.home.settings->sortAscendingTime);
+        QCOMPARE(fixture.home.settings->sortColumnTime, 5);
+        QVERIFY(fixture.home.settings->sortAscendingTime);
         pick(6);
-        QVERIFY(!scene.home.settings->sortAscendingTime);
+        QVERIFY(!fixture.home.settings->sortAscendingTime);
         const ModalUser cancels([](QDialog& dialog) { dialog.reject(); });
-        scene.Run(32784);
-        QVERIFY(!scene.home.settings->sortAscendingTime);
+        fixture.Run(32784);
+        QVERIFY(!fixture.home.settings->sortAscendingTime);
     }
     void ListColumnsRebuild() {
-        Scene scene;
-        scene.home.settings->listLayout = 3;
-        scene.home.AddTime(2026, 11, 19);
-        scene.SelectAll();
-        scene.home.views.seen.clear();
-        scene.view.horizontalHeader()->resizeSection(2, 142);
+        Fixture fixture;
+        fixture.home.settings->listLayout = 3;
+        fixture.home.AddTime(2026, 11, 19);
+        fixture.SelectAll();
+        fixture.home.views.seen.clear();
+        fixture.view.horizontalHeader()->resizeSection(2, 142);
         {
             const ModalUser accepts([](QDialog& dialog) {
                 auto* shown = dialog.findChild<QListWidget*>(u"shownColumns"_s);
@@ -395,22 +396,22 @@ class TestCFrameCommands final : public QObject {
                 QTest::keyClick(shown, Qt::Key_Space);
                 dialog.accept();
             });
-            scene.Run(40052);
+            fixture.Run(40052);
         }
-        QVERIFY(!scene.home.settings->ListColumns().IsVisible(0));
-        QCOMPARE(scene.home.settings->ListColumns().EntryAt(6).width, 142);
-        QCOMPARE(scene.Hints(), QList<int>{6});
+        QVERIFY(!fixture.home.settings->ListColumns().IsVisible(0));
+        QCOMPARE(fixture.home.settings->ListColumns().EntryAt(6).width, 142);
+        QCOMPARE(fixture.Hints(), QList<int>{6});
         {
             const ModalUser cancels([](QDialog& dialog) { dialog.reject(); });
-            scene.Run(40122);
+            fixture.Run(40122);
         }
-        QCOMPARE(scene.Hints(), QList<int>{6});
+        QCOMPARE(fixture.Hints(), QList<int>{6});
         const ModalUser accepts([](QDialog& dialog) { dialog.accept(); });
-        scene.Run(40122);
-        QCOMPARE(scene.Hints(), (QList<int>{6, 6}));
+        fixture.Run(40122);
+        QCOMPARE(fixture.Hints(), (QList<int>{6, 6}));
     }
     void ListFontIsSaved() {
-        Scene scene;
+        Fixture fixture;
         {
             const ModalUser accepts([](QDialog& dialog) {
                 auto& fonts = static_cast<QFontDialog&>(dialog);
@@ -419,17 +420,17 @@ class TestCFrameCommands final : public QObject {
                 fonts.setCurrentFont(font);
                 fonts.accept();
             });
-            scene.Run(32829);
+            fixture.Run(32829);
         }
-        QCOMPARE(scene.home.settings->ListFont().tenthsOfPoint, 210);
-        QCOMPARE(scene.Hints(), QList<int>{6});
-        const TestHome next(scene.home.Path());
+        QCOMPARE(fixture.home.settings->ListFont().tenthsOfPoint, 210);
+        QCOMPARE(fixture.Hints(), QList<int>{6});
+        const TestHome next(fixture.home.Path());
         QCOMPARE(next.settings->ListFont().tenthsOfPoint, 210);
     }
 
     void ButtonsAreChosenAndRestored() {
-        Scene scene;
-        QCOMPARE(scene.actions.Buttons(Bar::Filters), FactoryButtons(Bar::Filters));
+        Fixture fixture;
+        QCOMPARE(fixture.actions.Buttons(Bar::Filters), FactoryButtons(Bar::Filters));
         {
             const ModalUser accepts([](QDialog& dialog) {
                 auto* onBar = dialog.findChild<QListWidget*>(u"barButtons"_s);
@@ -439,32 +440,32 @@ class TestCFrameCommands final : public QObject {
                 }
                 dialog.accept();
             });
-            scene.Run(32879);
+            fixture.Run(32879);
         }
-        QCOMPARE(scene.actions.Buttons(Bar::Filters), (QList<int>{32844, 32845}));
-        QCOMPARE(scene.actions.Buttons(Bar::Records), FactoryButtons(Bar::Records));
+        QCOMPARE(fixture.actions.Buttons(Bar::Filters), (QList<int>{32844, 32845}));
+        QCOMPARE(fixture.actions.Buttons(Bar::Records), FactoryButtons(Bar::Records));
         QMainWindow window;
         CActions actions(window);
-        CFrameCommands::Around around = scene.Around();
-        around.actions = &actions;
-        const CFrameCommands nextStart(around);
+        CFrameCommands::Context context = fixture.Context();
+        context.actions = &actions;
+        const CFrameCommands nextStart(context);
         QCOMPARE(actions.Buttons(Bar::Filters), (QList<int>{32844, 32845}));
     }
     void PaletteRunsWhatIsFound() {
-        Scene scene;
+        Fixture fixture;
         {
             const ModalUser finds([](QDialog& dialog) {
                 QTest::keyClicks(dialog.findChild<QLineEdit*>(u"searchLine"_s), u"this week"_s);
                 dialog.accept();
             });
-            scene.Run(40200);
+            fixture.Run(40200);
         }
-        QCOMPARE(scene.ran, QList<int>{32799});
+        QCOMPARE(fixture.ran, QList<int>{32799});
         const ModalUser cancels([](QDialog& dialog) { dialog.reject(); });
-        scene.Run(40200);
-        QCOMPARE(scene.ran, QList<int>{32799});
+        fixture.Run(40200);
+        QCOMPARE(fixture.ran, QList<int>{32799});
     }
 };
 
-QTEST_MAIN(TestCFrameCommands)
+TEST_CLASS(TestCFrameCommands);
 #include "TestCFrameCommands.moc"

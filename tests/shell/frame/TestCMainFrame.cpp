@@ -3,13 +3,14 @@
 #include "lang/LoadText.h"
 #include "platform/settings/CProfile.h"
 #include "platform/sqlite/CSqliteFile.h"
-#include "shell/tree/CDataTreeView.h"
-#include "shell/list/CEmptyNote.h"
 #include "shell/frame/FrameHome.h"
-#include "shell/look/IconTheme.h"
 #include "shell/frame/ModalUser.h"
-#include "viewmodel/list/CRecordListModel.h"
+#include "shell/list/CEmptyNote.h"
+#include "shell/look/IconTheme.h"
+#include "shell/tree/CDataTreeView.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
+#include "viewmodel/list/CRecordListModel.h"
 
 #include <QAbstractItemView>
 #include <QAction>
@@ -235,7 +236,7 @@ class TestCMainFrame final : public QObject {
             QCOMPARE(window.frame->findChild<CActions*>()->Action(each)->isChecked(), each == command);
         QCOMPARE(window.List().SelectedIds(), QStringList{id});
         for (const int hint : listener.heard) QCOMPARE(hint, 11);
-        window.frame->KeepEverything();
+        window.frame->PersistEverything();
         QTEST(window.app.Profile().GetInt(u"List"_s, u"Style"_s, -1), "style");
     }
 
@@ -580,5 +581,5 @@ class TestCMainFrame final : public QObject {
     }
 };
 
-QTEST_MAIN(TestCMainFrame)
+TEST_CLASS(TestCMainFrame);
 #include "TestCMainFrame.moc"

@@ -3,9 +3,10 @@
 #include "records/CTRecord.h"
 #include "shell/list/CRecordLineDelegate.h"
 #include "shell/look/ListColours.h"
-#include "viewmodel/list/CRecordListModel.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 #include "timers/ActiveTimerSet.h"
+#include "viewmodel/list/CRecordListModel.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -21,13 +22,13 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// A list of records on the screen, latest first.
-struct Scene {
+struct Fixture {
     TestHome home;
     ActiveTimerSet timers{home.clock};
     CRecordListModel model{*home.document, timers, *home.settings};
     CRecordListView view{model, *home.settings};
 
-    explicit Scene(int records, int layout = 4) {
+    explicit Fixture(int records, int layout = 4) {
         for (int i = 0; i < records; ++i) {
             CTRecord record;
             record.Reset();
@@ -90,81 +91,81 @@ class TestCRecordListView final : public QObject {
     }
     void checkBoxToggles() {
         QFETCH(int, layout);
-        Scene scene(5, layout);
-        QSignalSpy changed(&scene.view, &CRecordListView::SelectionChanged);
-        scene.Click(0, 3);
-        scene.Click(2, 15);
-        QCOMPARE(scene.SelectedRows(), (QList<int>{0, 2}));
+        Fixture fixture(5, layout);
+        QSignalSpy changed(&fixture.view, &CRecordListView::SelectionChanged);
+        fixture.Click(0, 3);
+        fixture.Click(2, 15);
+        QCOMPARE(fixture.SelectedRows(), (QList<int>{0, 2}));
         QCOMPARE(changed.count(), 2);
-        scene.Click(0, 0);
-        QCOMPARE(scene.SelectedRows(), (QList<int>{2}));
-        scene.Click(3, 16);
-        QCOMPARE(scene.SelectedRows(), (QList<int>{3}));
-        scene.Click(4, 200, Qt::ControlModifier);
-        QCOMPARE(scene.SelectedRows(), (QList<int>{3, 4}));
-        QCOMPARE(scene.view.SelectedCount(), 2);
+        fixture.Click(0, 0);
+        QCOMPARE(fixture.SelectedRows(), (QList<int>{2}));
+        fixture.Click(3, 16);
+        QCOMPARE(fixture.SelectedRows(), (QList<int>{3}));
+        fixture.Click(4, 200, Qt::ControlModifier);
+        QCOMPARE(fixture.SelectedRows(), (QList<int>{3, 4}));
+        QCOMPARE(fixture.view.SelectedCount(), 2);
     }
 
     void checkBoxBelowTheRowsIsNothing() {
-        Scene scene(1);
-        QTest::mouseClick(scene.view.viewport(), Qt::LeftButton, {}, QPoint(5, 390));
-        QCOMPARE(scene.view.SelectedCount(), 0);
+        Fixture fixture(1);
+        QTest::mouseClick(fixture.view.viewport(), Qt::LeftButton, {}, QPoint(5, 390));
+        QCOMPARE(fixture.view.SelectedCount(), 0);
     }
 
     /// Quick clicks on a check box toggle each time and edit nothing; elsewhere they edit.
     void doubleClicks() {
-        Scene scene(3);
-        QSignalSpy edit(&scene.view, &CRecordListView::EditWanted);
-        scene.Click(1, 5);
-        QTest::mouseDClick(scene.view.viewport(), Qt::LeftButton, {}, scene.At(1, 5));
+        Fixture fixture(3);
+        QSignalSpy edit(&fixture.view, &CRecordListView::EditWanted);
+        fixture.Click(1, 5);
+        QTest::mouseDClick(fixture.view.viewport(), Qt::LeftButton, {}, fixture.At(1, 5));
         QCOMPARE(edit.count(), 0);
-        QTest::mouseDClick(scene.view.viewport(), Qt::LeftButton, {}, scene.At(1, 100));
+        QTest::mouseDClick(fixture.view.viewport(), Qt::LeftButton, {}, fixture.At(1, 100));
         QCOMPARE(edit.count(), 1);
-        QCOMPARE(edit[0][0].toString(), scene.model.IdAt(1));
-        QTest::mouseDClick(scene.view.viewport(), Qt::LeftButton, {}, QPoint(100, 395));
+        QCOMPARE(edit[0][0].toString(), fixture.model.IdAt(1));
+        QTest::mouseDClick(fixture.view.viewport(), Qt::LeftButton, {}, QPoint(100, 395));
         QCOMPARE(edit.count(), 1);
     }
 
     void keysSelect() {
-        Scene scene(10);
-        scene.Click(0, 100);
-        QTest::keyClick(&scene.view, Qt::Key_Down);
-        QCOMPARE(scene.SelectedRows(), (QList<int>{1}));
-        QTest::keyClick(&scene.view, Qt::Key_Down, Qt::ShiftModifier);
-        QCOMPARE(scene.SelectedRows(), (QList<int>{1, 2}));
-        QTest::keyClick(&scene.view, Qt::Key_End);
-        QCOMPARE(scene.SelectedRows(), (QList<int>{9}));
-        QTest::keyClick(&scene.view, Qt::Key_Home, Qt::ShiftModifier);
-        QCOMPARE(scene.view.SelectedCount(), 10);
-        QTest::keyClick(&scene.view, Qt::Key_Down);
-        QCOMPARE(scene.SelectedRows(), (QList<int>{1}));
-        QTest::keyClick(&scene.view, Qt::Key_Home);
-        QCOMPARE(scene.SelectedRows(), (QList<int>{0}));
-        scene.view.selectAll();
-        QCOMPARE(scene.view.SelectedCount(), 10);
-        scene.view.SelectNone();
-        QCOMPARE(scene.view.SelectedCount(), 0);
+        Fixture fixture(10);
+        fixture.Click(0, 100);
+        QTest::keyClick(&fixture.view, Qt::Key_Down);
+        QCOMPARE(fixture.SelectedRows(), (QList<int>{1}));
+        QTest::keyClick(&fixture.view, Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(fixture.SelectedRows(), (QList<int>{1, 2}));
+        QTest::keyClick(&fixture.view, Qt::Key_End);
+        QCOMPARE(fixture.SelectedRows(), (QList<int>{9}));
+        QTest::keyClick(&fixture.view, Qt::Key_Home, Qt::ShiftModifier);
+        QCOMPARE(fixture.view.SelectedCount(), 10);
+        QTest::keyClick(&fixture.view, Qt::Key_Down);
+        QCOMPARE(fixture.SelectedRows(), (QList<int>{1}));
+        QTest::keyClick(&fixture.view, Qt::Key_Home);
+        QCOMPARE(fixture.SelectedRows(), (QList<int>{0}));
+        fixture.view.selectAll();
+        QCOMPARE(fixture.view.SelectedCount(), 10);
+        fixture.view.SelectNone();
+        QCOMPARE(fixture.view.SelectedCount(), 0);
     }
 
     void selectIds() {
-        Scene scene(60);
-        const QString last = scene.model.IdAt(59);
-        scene.view.SelectIds({last, u"unknown"_s});
-        QCOMPARE(scene.view.SelectedIds(), QStringList{last});
-        QCOMPARE(scene.view.RowsInSight().second, 59);
-        scene.view.SelectIds({});
-        QCOMPARE(scene.view.SelectedCount(), 0);
+        Fixture fixture(60);
+        const QString last = fixture.model.IdAt(59);
+        fixture.view.SelectIds({last, u"unknown"_s});
+        QCOMPARE(fixture.view.SelectedIds(), QStringList{last});
+        QCOMPARE(fixture.view.RowsInSight().second, 59);
+        fixture.view.SelectIds({});
+        QCOMPARE(fixture.view.SelectedCount(), 0);
     }
 
     void rowsInSight() {
-        Scene scene(60);
-        QCOMPARE(scene.view.RowsInSight().first, 0);
-        QVERIFY(scene.view.RowsInSight().second < 59);
-        scene.view.scrollToBottom();
-        QCOMPARE(scene.view.RowsInSight().second, 59);
-        Scene two(2);
+        Fixture fixture(60);
+        QCOMPARE(fixture.view.RowsInSight().first, 0);
+        QVERIFY(fixture.view.RowsInSight().second < 59);
+        fixture.view.scrollToBottom();
+        QCOMPARE(fixture.view.RowsInSight().second, 59);
+        Fixture two(2);
         QCOMPARE(two.view.RowsInSight(), (std::pair{0, 1}));
-        Scene none(0);
+        Fixture none(0);
         QVERIFY(none.view.RowsInSight().second < none.view.RowsInSight().first);
     }
 
@@ -178,15 +179,15 @@ class TestCRecordListView final : public QObject {
     void alternateGround() {
         QFETCH(int, layout);
         QFETCH(bool, firstIsAlternate);
-        Scene scene(4, layout);
-        scene.home.settings->alternateRowColour = 0x0000FF;  // red
-        scene.view.ApplyLayout();
+        Fixture fixture(4, layout);
+        fixture.home.settings->alternateRowColour = 0x0000FF;  // red
+        fixture.view.ApplyLayout();
         const QColor red(255, 0, 0);
-        QCOMPARE(scene.Ground(0) == red, firstIsAlternate);
-        QCOMPARE(scene.Ground(1) == red, !firstIsAlternate);
-        QCOMPARE(scene.Ground(2) == red, firstIsAlternate);
-        scene.home.settings->alternateRows = 0;
-        QVERIFY(scene.Ground(0) != red && scene.Ground(1) != red);
+        QCOMPARE(fixture.Ground(0) == red, firstIsAlternate);
+        QCOMPARE(fixture.Ground(1) == red, !firstIsAlternate);
+        QCOMPARE(fixture.Ground(2) == red, firstIsAlternate);
+        fixture.home.settings->alternateRows = 0;
+        QVERIFY(fixture.Ground(0) != red && fixture.Ground(1) != red);
     }
 
     /// Large icons and the plain list are drawn as the desktop draws lists.
@@ -197,13 +198,13 @@ class TestCRecordListView final : public QObject {
     }
     void plainLayouts() {
         QFETCH(int, layout);
-        Scene scene(4, layout);
-        scene.home.settings->alternateRowColour = 0x0000FF;
-        scene.home.settings->gridLineColour = 0x00FF00;
-        scene.home.settings->lineColour1 = 0xFF0000;
-        scene.view.ApplyLayout();
-        const QImage picture = scene.view.viewport()->grab().toImage();
-        for (int y = 0; y < scene.view.rowViewportPosition(3); ++y)
+        Fixture fixture(4, layout);
+        fixture.home.settings->alternateRowColour = 0x0000FF;
+        fixture.home.settings->gridLineColour = 0x00FF00;
+        fixture.home.settings->lineColour1 = 0xFF0000;
+        fixture.view.ApplyLayout();
+        const QImage picture = fixture.view.viewport()->grab().toImage();
+        for (int y = 0; y < fixture.view.rowViewportPosition(3); ++y)
             for (int x = 0; x < picture.width(); ++x) {
                 const QColor colour = picture.pixelColor(x, y);
                 QVERIFY(colour != QColor(255, 0, 0) && colour != QColor(0, 255, 0) &&
@@ -212,33 +213,33 @@ class TestCRecordListView final : public QObject {
     }
 
     void gridLine() {
-        Scene scene(2);
-        scene.home.settings->gridLineColour = 0x00FF00;
-        scene.view.ApplyLayout();
-        const int y = scene.view.rowViewportPosition(0) + scene.view.rowHeight(0) - 1;
-        QCOMPARE(scene.view.viewport()->grab().toImage().pixelColor(250, y), QColor(0, 255, 0));
-        scene.home.settings->gridLines = 0;
-        QVERIFY(scene.view.viewport()->grab().toImage().pixelColor(250, y) != QColor(0, 255, 0));
+        Fixture fixture(2);
+        fixture.home.settings->gridLineColour = 0x00FF00;
+        fixture.view.ApplyLayout();
+        const int y = fixture.view.rowViewportPosition(0) + fixture.view.rowHeight(0) - 1;
+        QCOMPARE(fixture.view.viewport()->grab().toImage().pixelColor(250, y), QColor(0, 255, 0));
+        fixture.home.settings->gridLines = 0;
+        QVERIFY(fixture.view.viewport()->grab().toImage().pixelColor(250, y) != QColor(0, 255, 0));
     }
 
     void selectedGround() {
-        Scene scene(3);
-        scene.view.setFocus();
-        scene.Click(1, 100);
-        const ListColours colours = MakeListColours(*scene.home.settings, scene.view.palette());
-        QTRY_VERIFY(scene.view.hasFocus());
-        QCOMPARE(scene.Ground(1), colours.highlight);
-        scene.view.clearFocus();
-        QCOMPARE(scene.Ground(1), colours.highlightNoFocus);
+        Fixture fixture(3);
+        fixture.view.setFocus();
+        fixture.Click(1, 100);
+        const ListColours colours = MakeListColours(*fixture.home.settings, fixture.view.palette());
+        QTRY_VERIFY(fixture.view.hasFocus());
+        QCOMPARE(fixture.Ground(1), colours.highlight);
+        fixture.view.clearFocus();
+        QCOMPARE(fixture.Ground(1), colours.highlightNoFocus);
     }
 
     /// Each line of text takes the height of the sample, at least 16 pixels; three lines with the defaults.
     void rowHeight() {
-        Scene scene(1);
-        CRecordLineDelegate lines(*scene.home.settings, scene.model);
+        Fixture fixture(1);
+        CRecordLineDelegate lines(*fixture.home.settings, fixture.model);
         QFont small(u"Sans Serif"_s);
         small.setPixelSize(6);
-        lines.SetLines(BuildLines(scene.model.VisibleColumns(), std::vector{5, 7, 9}));
+        lines.SetLines(BuildLines(fixture.model.VisibleColumns(), std::vector{5, 7, 9}));
         QCOMPARE(lines.RowHeight(QFontMetrics(small)), 48);
         QFont large = small;
         large.setPixelSize(40);
@@ -249,75 +250,75 @@ class TestCRecordListView final : public QObject {
     }
 
     void headers() {
-        Scene scene(3, 3);
-        QVERIFY(scene.view.horizontalHeader()->isVisible());
-        QCOMPARE(scene.view.horizontalHeader()->sortIndicatorSection(), 1);
-        QTest::mouseClick(scene.view.horizontalHeader()->viewport(), Qt::LeftButton, {},
-                          QPoint(scene.view.columnViewportPosition(2) + 10, 5));
-        QCOMPARE(scene.home.settings->sortColumnTime, 6);
-        QVERIFY(scene.home.settings->sortAscendingTime);
-        QTest::mouseClick(scene.view.horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(10, 5));
-        QCOMPARE(scene.home.settings->sortColumnTime, 6);
-        scene.Layout(4);
-        QVERIFY(!scene.view.horizontalHeader()->isVisible());
-        QCOMPARE(scene.view.columnWidth(0) + scene.view.columnWidth(1), scene.view.viewport()->width());
+        Fixture fixture(3, 3);
+        QVERIFY(fixture.view.horizontalHeader()->isVisible());
+        QCOMPARE(fixture.view.horizontalHeader()->sortIndicatorSection(), 1);
+        QTest::mouseClick(fixture.view.horizontalHeader()->viewport(), Qt::LeftButton, {},
+                          QPoint(fixture.view.columnViewportPosition(2) + 10, 5));
+        QCOMPARE(fixture.home.settings->sortColumnTime, 6);
+        QVERIFY(fixture.home.settings->sortAscendingTime);
+        QTest::mouseClick(fixture.view.horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(10, 5));
+        QCOMPARE(fixture.home.settings->sortColumnTime, 6);
+        fixture.Layout(4);
+        QVERIFY(!fixture.view.horizontalHeader()->isVisible());
+        QCOMPARE(fixture.view.columnWidth(0) + fixture.view.columnWidth(1), fixture.view.viewport()->width());
     }
 
     void widthsAreCaptured() {
-        Scene scene(3, 3);
-        CColSet& columns = scene.home.settings->ListColumns();
-        QHeaderView& header = *scene.view.horizontalHeader();
+        Fixture fixture(3, 3);
+        CColSet& columns = fixture.home.settings->ListColumns();
+        QHeaderView& header = *fixture.view.horizontalHeader();
         header.resizeSection(0, 55);
         header.resizeSection(1, 123);
-        scene.view.CaptureWidths();
-        QCOMPARE(scene.home.settings->iconColumnWidth, 55);
+        fixture.view.CaptureWidths();
+        QCOMPARE(fixture.home.settings->iconColumnWidth, 55);
         QCOMPARE(columns.EntryAt(0).width, 123);
         QCOMPARE(columns.EntryAt(6).width,
                  65);  // the others keep their defaults, whatever the font made of them
         header.resizeSection(2, 98);
-        scene.view.CaptureWidths();
+        fixture.view.CaptureWidths();
         QCOMPARE(columns.EntryAt(6).width, 98);
-        scene.Layout(4);
-        scene.view.CaptureWidths();
+        fixture.Layout(4);
+        fixture.view.CaptureWidths();
         QCOMPARE(columns.EntryAt(6).width, 98);
-        scene.Layout(3);
-        QCOMPARE(scene.view.columnWidth(0), 55);
-        QCOMPARE(scene.view.columnWidth(1), 123);
-        QCOMPARE(scene.view.columnWidth(2), 98);
+        fixture.Layout(3);
+        QCOMPARE(fixture.view.columnWidth(0), 55);
+        QCOMPARE(fixture.view.columnWidth(1), 123);
+        QCOMPARE(fixture.view.columnWidth(2), 98);
     }
 
     /// A width follows its column to another place; what the row gives the last one is nobody's wish.
     void widthsFollowTheirColumns() {
-        Scene scene(3, 3);
-        CColSet& columns = scene.home.settings->ListColumns();
-        scene.view.horizontalHeader()->resizeSection(1, 123);
-        scene.view.CaptureWidths();
-        scene.view.resize(900, 400);
-        scene.view.CaptureWidths();
-        scene.model.Rebuild();
+        Fixture fixture(3, 3);
+        CColSet& columns = fixture.home.settings->ListColumns();
+        fixture.view.horizontalHeader()->resizeSection(1, 123);
+        fixture.view.CaptureWidths();
+        fixture.view.resize(900, 400);
+        fixture.view.CaptureWidths();
+        fixture.model.Rebuild();
         columns.MoveDown(ColumnHalf::Time, 1);
-        scene.model.Rebuild();
-        scene.view.ApplyLayout();
-        QCOMPARE(scene.view.columnWidth(2), 123);
+        fixture.model.Rebuild();
+        fixture.view.ApplyLayout();
+        QCOMPARE(fixture.view.columnWidth(2), 123);
         QCOMPARE(columns.EntryAt(10).width, 90);
         columns.AssignOrder(ColumnHalf::Time, {u"Cost centre"_s}, {});
-        scene.model.Rebuild();
-        scene.view.ApplyLayout();
+        fixture.model.Rebuild();
+        fixture.view.ApplyLayout();
         columns.SetColumn(ColumnHalf::Time, u"Cost centre"_s, {u"Cost centre"_s, 90, 0, true});
-        scene.model.Rebuild();
-        scene.view.ApplyLayout();
+        fixture.model.Rebuild();
+        fixture.view.ApplyLayout();
         for (const int column : {6, 1, 4, 5, 9, 10})
             QCOMPARE(columns.EntryAt(column).width, ColumnTable()[static_cast<std::size_t>(column)].width);
     }
 
     void damagedWidths() {
-        Scene scene(3, 3);
+        Fixture fixture(3, 3);
         const std::pair<int, int> widths[] = {{1, 1}, {4, 4}, {2000000000, 10000}};
         for (const auto& [stored, shown] : widths) {
-            scene.home.settings->ListColumns().SetWidth(0, stored);
-            scene.model.Rebuild();
-            scene.view.ApplyLayout();
-            QCOMPARE(scene.view.columnWidth(1), shown);
+            fixture.home.settings->ListColumns().SetWidth(0, stored);
+            fixture.model.Rebuild();
+            fixture.view.ApplyLayout();
+            QCOMPARE(fixture.view.columnWidth(1), shown);
         }
     }
 
@@ -333,62 +334,62 @@ class TestCRecordListView final : public QObject {
     }
     void draggedWidths() {
         QFETCH(int, by);
-        Scene scene(3, 3);
-        scene.home.settings->ListColumns().SetWidth(0, 100);
-        scene.Layout(3);
-        QSignalSpy resized(&scene.view, &CRecordListView::ColumnResized);
-        scene.DragEdge(1, by);
-        QTEST(scene.view.columnWidth(1), "width");
+        Fixture fixture(3, 3);
+        fixture.home.settings->ListColumns().SetWidth(0, 100);
+        fixture.Layout(3);
+        QSignalSpy resized(&fixture.view, &CRecordListView::ColumnResized);
+        fixture.DragEdge(1, by);
+        QTEST(fixture.view.columnWidth(1), "width");
         QCOMPARE(resized.count(), 1);
-        scene.view.CaptureWidths();
-        QTEST(scene.home.settings->ListColumns().EntryAt(0).width, "width");
-        QTest::mouseClick(scene.view.horizontalHeader()->viewport(), Qt::LeftButton, {},
-                          QPoint(scene.view.columnViewportPosition(3) + 10, 5));
+        fixture.view.CaptureWidths();
+        QTEST(fixture.home.settings->ListColumns().EntryAt(0).width, "width");
+        QTest::mouseClick(fixture.view.horizontalHeader()->viewport(), Qt::LeftButton, {},
+                          QPoint(fixture.view.columnViewportPosition(3) + 10, 5));
         QCOMPARE(resized.count(), 1);
     }
 
     /// The last column fills the row, which nobody has asked for; where the others leave it no more than its
     /// own width, it can be dragged like them.
     void lastColumn() {
-        Scene scene(3, 3);
-        CColSet& columns = scene.home.settings->ListColumns();
-        scene.view.resize(3000, 400);
-        QVERIFY(scene.view.columnWidth(9) > 1000);
-        scene.view.CaptureWidths();
+        Fixture fixture(3, 3);
+        CColSet& columns = fixture.home.settings->ListColumns();
+        fixture.view.resize(3000, 400);
+        QVERIFY(fixture.view.columnWidth(9) > 1000);
+        fixture.view.CaptureWidths();
         QCOMPARE(columns.EntryAt(10).width, 90);
         columns.SetWidth(10, 80);
-        scene.view.resize(300, 400);
-        scene.Layout(3);
-        QCOMPARE(scene.view.columnWidth(9), 80);
-        scene.view.horizontalScrollBar()->setValue(scene.view.horizontalScrollBar()->maximum());
-        scene.DragEdge(9, -30);
-        QCOMPARE(scene.view.columnWidth(9), 50);
-        scene.view.CaptureWidths();
+        fixture.view.resize(300, 400);
+        fixture.Layout(3);
+        QCOMPARE(fixture.view.columnWidth(9), 80);
+        fixture.view.horizontalScrollBar()->setValue(fixture.view.horizontalScrollBar()->maximum());
+        fixture.DragEdge(9, -30);
+        QCOMPARE(fixture.view.columnWidth(9), 50);
+        fixture.view.CaptureWidths();
         QCOMPARE(columns.EntryAt(10).width, 50);
     }
 
     /// The state's width counts in each layout, and not when it is nothing.
     void widthOfTheState() {
-        Scene scene(3, 2);
-        scene.view.horizontalHeader()->resizeSection(0, 47);
-        scene.view.CaptureWidths();
-        QCOMPARE(scene.home.settings->iconColumnWidth, 47);
-        scene.view.horizontalHeader()->resizeSection(0, 0);
-        scene.view.CaptureWidths();
-        QCOMPARE(scene.home.settings->iconColumnWidth, 47);
-        scene.Layout(4);
-        QCOMPARE(scene.view.columnWidth(0), 47);
-        scene.view.resize(640, 400);
-        QCOMPARE(scene.view.columnWidth(1), scene.view.viewport()->width() - 47);
+        Fixture fixture(3, 2);
+        fixture.view.horizontalHeader()->resizeSection(0, 47);
+        fixture.view.CaptureWidths();
+        QCOMPARE(fixture.home.settings->iconColumnWidth, 47);
+        fixture.view.horizontalHeader()->resizeSection(0, 0);
+        fixture.view.CaptureWidths();
+        QCOMPARE(fixture.home.settings->iconColumnWidth, 47);
+        fixture.Layout(4);
+        QCOMPARE(fixture.view.columnWidth(0), 47);
+        fixture.view.resize(640, 400);
+        QCOMPARE(fixture.view.columnWidth(1), fixture.view.viewport()->width() - 47);
     }
 
     /// Lines follow the breaks of the columns.
     void breaksOfTheColumns() {
-        Scene scene(1);
-        const int three = scene.view.rowHeight(0);
-        scene.home.settings->ListColumns().SetBreaks(ColumnHalf::Time, {5});
-        scene.Layout(4);
-        QCOMPARE(scene.view.rowHeight(0) * 3, three * 2);
+        Fixture fixture(1);
+        const int three = fixture.view.rowHeight(0);
+        fixture.home.settings->ListColumns().SetBreaks(ColumnHalf::Time, {5});
+        fixture.Layout(4);
+        QCOMPARE(fixture.view.rowHeight(0) * 3, three * 2);
     }
 
     /// Every layout draws everything there is, at both scales, empty and full, without a word on the console.
@@ -402,17 +403,17 @@ class TestCRecordListView final : public QObject {
     void drawing() {
         QFETCH(int, layout);
         QFETCH(double, scale);
-        Scene scene(30, layout);
-        scene.timers.Start(scene.model.IdAt(0), true, 1, 42, 17);
-        scene.timers.Start(scene.model.IdAt(1), false, 0, 0, 0);
-        scene.timers.Pause(scene.model.IdAt(1));
-        scene.view.selectRow(2);
-        scene.home.settings->gridLineStyle = 99;
-        scene.home.settings->gridLineWidth = 3;
+        Fixture fixture(30, layout);
+        fixture.timers.Start(fixture.model.IdAt(0), true, 1, 42, 17);
+        fixture.timers.Start(fixture.model.IdAt(1), false, 0, 0, 0);
+        fixture.timers.Pause(fixture.model.IdAt(1));
+        fixture.view.selectRow(2);
+        fixture.home.settings->gridLineStyle = 99;
+        fixture.home.settings->gridLineWidth = 3;
         QImage picture(QSizeF(500 * scale, 400 * scale).toSize(), QImage::Format_ARGB32);
         picture.setDevicePixelRatio(scale);
         picture.fill(Qt::magenta);
-        scene.view.render(&picture);
+        fixture.view.render(&picture);
         for (const QPoint at : {QPoint(250, 100), QPoint(20, 200)})
             QVERIFY(picture.pixelColor(at * scale) != QColor(Qt::magenta));
     }
@@ -436,5 +437,5 @@ class TestCRecordListView final : public QObject {
     }
 };
 
-QTEST_MAIN(TestCRecordListView)
+TEST_CLASS(TestCRecordListView);
 #include "TestCRecordListView.moc"

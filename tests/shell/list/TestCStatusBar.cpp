@@ -4,6 +4,7 @@
 #include "lang/LoadText.h"
 #include "shell/frame/FrameHome.h"
 #include "shell/look/IconTheme.h"
+#include "support/TestProgram.h"
 
 #include <QLabel>
 #include <QTemporaryDir>
@@ -218,5 +219,5 @@ class TestCStatusBar final : public QObject {
     }
 };
 
-QTEST_MAIN(TestCStatusBar)
+TEST_CLASS(TestCStatusBar);
 #include "TestCStatusBar.moc"

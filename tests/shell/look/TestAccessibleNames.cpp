@@ -1,23 +1,24 @@
-#include "shell/controls/AskText.h"
-#include "shell/program/CAboutDialog.h"
-#include "shell/options/CAppearancePage.h"
 #include "shell/commands/CButtonChooser.h"
+#include "shell/commands/CPalette.h"
+#include "shell/controls/AskText.h"
 #include "shell/controls/CCalendarPopup.h"
-#include "shell/record/CCodedTextDialog.h"
 #include "shell/controls/CColourPopup.h"
+#include "shell/controls/CPickDialog.h"
+#include "shell/controls/CSpanPopup.h"
+#include "shell/controls/CTimePopup.h"
+#include "shell/frame/CAboutDialog.h"
+#include "shell/frame/ModalUser.h"
+#include "shell/options/CAppearancePage.h"
 #include "shell/options/CColumnsDialog.h"
+#include "shell/options/COptionsDialog.h"
+#include "shell/options/ListFontDialog.h"
+#include "shell/record/CCodedTextDialog.h"
 #include "shell/record/CDefaultsDialog.h"
 #include "shell/record/CExpenseDialog.h"
 #include "shell/record/COdometerDialog.h"
-#include "shell/options/COptionsDialog.h"
-#include "shell/commands/CPalette.h"
-#include "shell/controls/CPickDialog.h"
 #include "shell/record/CRecordDialog.h"
-#include "shell/controls/CSpanPopup.h"
-#include "shell/controls/CTimePopup.h"
 #include "shell/record/DialogHome.h"
-#include "shell/options/ListFontDialog.h"
-#include "shell/frame/ModalUser.h"
+#include "support/TestProgram.h"
 
 #include <QAccessible>
 #include <QComboBox>
@@ -50,7 +51,7 @@ void ShowAndLook(DialogHome& home, QWidget& window, const Look& look) {
 }
 
 void OpenRecord(DialogHome& home, const Look& look) {
-    CRecordDialog dialog(home.Around());
+    CRecordDialog dialog(home.Context());
     CTRecord record;
     record.GenUnique();
     record.date.Set(11, 19, 2026);
@@ -60,7 +61,7 @@ void OpenRecord(DialogHome& home, const Look& look) {
 }
 
 void OpenExpense(DialogHome& home, const Look& look, bool isDistance) {
-    CExpenseDialog dialog(home.Around());
+    CExpenseDialog dialog(home.Context());
     CERecord record;
     record.GenUnique();
     record.date.Set(11, 19, 2026);
@@ -73,7 +74,7 @@ void OpenExpense(DialogHome& home, const Look& look, bool isDistance) {
 template <bool isChoosing>
 void OpenDefaults(DialogHome& home, const Look& look) {
     CTRecord working;
-    CDefaultsDialog dialog(working, isChoosing, home.Around());
+    CDefaultsDialog dialog(working, isChoosing, home.Context());
     ShowAndLook(home, dialog, look);
 }
 
@@ -113,12 +114,12 @@ constexpr WindowRow kWindows[] = {
      "notesField"},
     {"odometer",
      [](DialogHome& home, const Look& look) {
-         COdometerDialog dialog(home.Around(), {});
+         COdometerDialog dialog(home.Context(), {});
          ShowAndLook(home, dialog, look);
      }},
     {"coded texts",
      [](DialogHome& home, const Look& look) {
-         CCodedTextDialog dialog(home.Around());
+         CCodedTextDialog dialog(home.Context());
          ShowAndLook(home, dialog, look);
      },
      "item1Name item2Name item3Name"},
@@ -366,5 +367,5 @@ class TestAccessibleNames final : public QObject {
     }
 };
 
-QTEST_MAIN(TestAccessibleNames)
+TEST_CLASS(TestAccessibleNames);
 #include "TestAccessibleNames.moc"

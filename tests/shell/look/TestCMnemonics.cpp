@@ -1,5 +1,7 @@
 #include "shell/look/CMnemonics.h"
 
+#include "support/TestProgram.h"
+
 #include <QtTest>
 
 /// Which letters the labels of a page get.
@@ -63,5 +65,5 @@ class TestCMnemonics : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestCMnemonics)
+TEST_CLASS(TestCMnemonics);
 #include "TestCMnemonics.moc"

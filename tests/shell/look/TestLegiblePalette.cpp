@@ -1,5 +1,7 @@
 #include "shell/look/LegiblePalette.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 
 class TestLegiblePalette : public QObject {
@@ -50,5 +52,5 @@ void TestLegiblePalette::NothingElseChanges() {
             QCOMPARE(mended.color(QPalette::ColorRole(role)), palette.color(QPalette::ColorRole(role)));
 }
 
-QTEST_MAIN(TestLegiblePalette)
+TEST_CLASS(TestLegiblePalette);
 #include "TestLegiblePalette.moc"

@@ -2,9 +2,10 @@
 
 #include "config/SettingsTable.h"
 #include "lang/LoadText.h"
-#include "shell/options/CAppearancePreview.h"
 #include "shell/controls/CColourPicker.h"
 #include "shell/controls/CColourPopup.h"
+#include "shell/options/CAppearancePreview.h"
+#include "support/TestProgram.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -194,5 +195,5 @@ class TestCAppearancePage : public QObject {
     }
 };
 
-QTEST_MAIN(TestCAppearancePage)
+TEST_CLASS(TestCAppearancePage);
 #include "TestCAppearancePage.moc"

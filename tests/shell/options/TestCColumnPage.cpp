@@ -1,6 +1,7 @@
 #include "shell/options/CColumnPage.h"
 
 #include "lang/LoadText.h"
+#include "support/TestProgram.h"
 
 #include <QLabel>
 #include <QListWidget>
@@ -180,5 +181,5 @@ class TestCColumnPage : public QObject {
     }
 };
 
-QTEST_MAIN(TestCColumnPage)
+TEST_CLASS(TestCColumnPage);
 #include "TestCColumnPage.moc"

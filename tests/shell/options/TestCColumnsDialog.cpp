@@ -3,6 +3,7 @@
 #include "lang/LoadText.h"
 #include "shell/frame/ModalUser.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QCheckBox>
 #include <QListWidget>
@@ -159,5 +160,5 @@ class TestCColumnsDialog final : public QObject {
     }
 };
 
-QTEST_MAIN(TestCColumnsDialog)
+TEST_CLASS(TestCColumnsDialog);
 #include "TestCColumnsDialog.moc"

@@ -5,6 +5,7 @@
 #include "lang/LoadText.h"
 #include "shell/options/OptionsTable.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QAbstractItemModelTester>
 #include <QComboBox>
@@ -473,5 +474,5 @@ class TestCOptionsDialog : public QObject {
     }
 };
 
-QTEST_MAIN(TestCOptionsDialog)
+TEST_CLASS(TestCOptionsDialog);
 #include "TestCOptionsDialog.moc"

@@ -2,6 +2,7 @@
 
 #include "shell/options/COptionsDialog.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -15,12 +16,12 @@ class TestCOptionsTree : public QObject {
 
  private:
     /// A dialog of options in front.
-    struct Scene {
+    struct Fixture {
         TestHome home;
         COptionsDialog dialog{*home.settings};
         COptionsTree* tree = dialog.findChild<COptionsTree*>(QStringLiteral("optionsTree"));
 
-        Scene() {
+        Fixture() {
             dialog.show();
             [&] { QVERIFY(QTest::qWaitForWindowActive(&dialog)); }();
             tree->setFocus();
@@ -61,45 +62,45 @@ class TestCOptionsTree : public QObject {
 
  private Q_SLOTS:
     void ADigitGoesToTheNumberOfTheRow() {
-        const Scene scene;
-        scene.SelectEndMinutes();
-        QTest::keyClick(scene.tree, Qt::Key_1);
-        QVERIFY(scene.EndMinutes()->hasFocus());
-        QTest::keyClick(scene.EndMinutes(), Qt::Key_5);
-        QCOMPARE(scene.EndMinutes()->text(), QStringLiteral("15"));
-        scene.SelectCopy();
-        scene.tree->setFocus();
-        QTest::keyClick(scene.tree, Qt::Key_1);  // nothing to enter there
-        QVERIFY(scene.tree->hasFocus());
+        const Fixture fixture;
+        fixture.SelectEndMinutes();
+        QTest::keyClick(fixture.tree, Qt::Key_1);
+        QVERIFY(fixture.EndMinutes()->hasFocus());
+        QTest::keyClick(fixture.EndMinutes(), Qt::Key_5);
+        QCOMPARE(fixture.EndMinutes()->text(), QStringLiteral("15"));
+        fixture.SelectCopy();
+        fixture.tree->setFocus();
+        QTest::keyClick(fixture.tree, Qt::Key_1);  // nothing to enter there
+        QVERIFY(fixture.tree->hasFocus());
     }
 
     void TheSelectedRowHasItsEditorBesideItsWords() {
-        const Scene scene;
-        scene.SelectEndMinutes();
-        QVERIFY(scene.EndMinutes());
-        QVERIFY(scene.EndMinutes()->isVisible());
-        const QRect words = scene.tree->visualRect(scene.tree->currentIndex());
-        QVERIFY(scene.EndMinutes()->x() >= words.right());
-        QCOMPARE(scene.EndMinutes()->font(), scene.tree->font());
-        QCOMPARE(scene.EndMinutes()->value(), 0);
-        QVERIFY(!scene.EndMinutes()->findChild<QLineEdit*>()->hasSelectedText());
-        scene.SelectFirstDay();
-        QVERIFY(scene.FirstDay());
-        QCOMPARE(scene.FirstDay()->currentText(), QStringLiteral("Sunday"));
-        Scene::Tidy();
-        QVERIFY(!scene.EndMinutes());
-        scene.SelectCopy();
-        Scene::Tidy();
-        QVERIFY(!scene.FirstDay());
+        const Fixture fixture;
+        fixture.SelectEndMinutes();
+        QVERIFY(fixture.EndMinutes());
+        QVERIFY(fixture.EndMinutes()->isVisible());
+        const QRect words = fixture.tree->visualRect(fixture.tree->currentIndex());
+        QVERIFY(fixture.EndMinutes()->x() >= words.right());
+        QCOMPARE(fixture.EndMinutes()->font(), fixture.tree->font());
+        QCOMPARE(fixture.EndMinutes()->value(), 0);
+        QVERIFY(!fixture.EndMinutes()->findChild<QLineEdit*>()->hasSelectedText());
+        fixture.SelectFirstDay();
+        QVERIFY(fixture.FirstDay());
+        QCOMPARE(fixture.FirstDay()->currentText(), QStringLiteral("Sunday"));
+        Fixture::Tidy();
+        QVERIFY(!fixture.EndMinutes());
+        fixture.SelectCopy();
+        Fixture::Tidy();
+        QVERIFY(!fixture.FirstDay());
     }
 
     void ThePassingKeyboardStaysInTheTree() {
-        const Scene scene;
-        scene.SelectFirstDay();
-        QVERIFY(scene.tree->hasFocus());
-        QTest::keyClick(scene.tree, Qt::Key_Down);
-        QCOMPARE(scene.tree->currentIndex().data().toString(), QStringLiteral("Timespan display format"));
-        QCOMPARE(scene.home.settings->firstDayOfWeek, 0);
+        const Fixture fixture;
+        fixture.SelectFirstDay();
+        QVERIFY(fixture.tree->hasFocus());
+        QTest::keyClick(fixture.tree, Qt::Key_Down);
+        QCOMPARE(fixture.tree->currentIndex().data().toString(), QStringLiteral("Timespan display format"));
+        QCOMPARE(fixture.home.settings->firstDayOfWeek, 0);
     }
 
     void EnterTheEditor_data() {
@@ -109,104 +110,104 @@ class TestCOptionsTree : public QObject {
     }
     void EnterTheEditor() {
         QFETCH(QString, way);
-        const Scene scene;
-        scene.SelectEndMinutes();
+        const Fixture fixture;
+        fixture.SelectEndMinutes();
         if (way == QStringLiteral("click")) {
-            const QPoint at = scene.tree->visualRect(scene.tree->currentIndex()).center();
-            QTest::mouseClick(scene.tree->viewport(), Qt::LeftButton, {}, at);
+            const QPoint at = fixture.tree->visualRect(fixture.tree->currentIndex()).center();
+            QTest::mouseClick(fixture.tree->viewport(), Qt::LeftButton, {}, at);
         } else {
-            QTest::keySequence(scene.tree, QKeySequence(way));
+            QTest::keySequence(fixture.tree, QKeySequence(way));
         }
         QCoreApplication::processEvents();
-        QVERIFY(scene.EndMinutes());
-        QVERIFY(scene.EndMinutes()->hasFocus());
-        QTest::keyClicks(scene.EndMinutes(), QStringLiteral("45"));
-        QCOMPARE(scene.EndMinutes()->value(), 45);
+        QVERIFY(fixture.EndMinutes());
+        QVERIFY(fixture.EndMinutes()->hasFocus());
+        QTest::keyClicks(fixture.EndMinutes(), QStringLiteral("45"));
+        QCOMPARE(fixture.EndMinutes()->value(), 45);
     }
 
     void WhatIsTypedGoesToTheRowWhenAnotherIsSelected() {
-        Scene scene;
-        scene.SelectEndMinutes();
-        scene.EndMinutes()->setFocus();
-        scene.EndMinutes()->selectAll();
-        QTest::keyClicks(scene.EndMinutes(), QStringLiteral("15"));
-        scene.SelectCopy();
-        scene.SelectEndMinutes();
-        QCOMPARE(scene.Value(), QStringLiteral("15"));
-        scene.dialog.accept();
-        QCOMPARE(scene.home.settings->roundEndMinutes, 15);
+        Fixture fixture;
+        fixture.SelectEndMinutes();
+        fixture.EndMinutes()->setFocus();
+        fixture.EndMinutes()->selectAll();
+        QTest::keyClicks(fixture.EndMinutes(), QStringLiteral("15"));
+        fixture.SelectCopy();
+        fixture.SelectEndMinutes();
+        QCOMPARE(fixture.Value(), QStringLiteral("15"));
+        fixture.dialog.accept();
+        QCOMPARE(fixture.home.settings->roundEndMinutes, 15);
     }
 
     void ScrollingHandsTheValueOverAndTakesTheEditorAway() {
-        Scene scene;
-        scene.dialog.resize(400, 300);
-        scene.SelectEndMinutes();
-        scene.EndMinutes()->setFocus();
-        scene.EndMinutes()->selectAll();
-        QTest::keyClicks(scene.EndMinutes(), QStringLiteral("20"));
-        scene.tree->verticalScrollBar()->setValue(0);
-        Scene::Tidy();
-        QVERIFY(!scene.EndMinutes());
-        QCOMPARE(scene.Value(), QStringLiteral("20"));
-        QVERIFY(scene.tree->hasFocus());
+        Fixture fixture;
+        fixture.dialog.resize(400, 300);
+        fixture.SelectEndMinutes();
+        fixture.EndMinutes()->setFocus();
+        fixture.EndMinutes()->selectAll();
+        QTest::keyClicks(fixture.EndMinutes(), QStringLiteral("20"));
+        fixture.tree->verticalScrollBar()->setValue(0);
+        Fixture::Tidy();
+        QVERIFY(!fixture.EndMinutes());
+        QCOMPARE(fixture.Value(), QStringLiteral("20"));
+        QVERIFY(fixture.tree->hasFocus());
         // The row is still the selected one, and Space brings its editor again.
-        QTest::keyClick(scene.tree, Qt::Key_Space);
+        QTest::keyClick(fixture.tree, Qt::Key_Space);
         QCoreApplication::processEvents();
-        QVERIFY(scene.EndMinutes());
-        QCOMPARE(scene.EndMinutes()->value(), 20);
+        QVERIFY(fixture.EndMinutes());
+        QCOMPARE(fixture.EndMinutes()->value(), 20);
     }
 
     void EscapeTakesBackWhatWasTyped() {
-        Scene scene;
-        scene.SelectEndMinutes();
-        scene.EndMinutes()->setFocus();
-        scene.EndMinutes()->selectAll();
-        QTest::keyClicks(scene.EndMinutes(), QStringLiteral("25"));
-        QTest::keyClick(scene.EndMinutes(), Qt::Key_Escape);
-        QVERIFY(scene.dialog.isVisible());
-        QVERIFY(scene.tree->hasFocus());
-        QCOMPARE(scene.EndMinutes()->value(), 0);
-        scene.dialog.accept();
-        QCOMPARE(scene.home.settings->roundEndMinutes, 0);
+        Fixture fixture;
+        fixture.SelectEndMinutes();
+        fixture.EndMinutes()->setFocus();
+        fixture.EndMinutes()->selectAll();
+        QTest::keyClicks(fixture.EndMinutes(), QStringLiteral("25"));
+        QTest::keyClick(fixture.EndMinutes(), Qt::Key_Escape);
+        QVERIFY(fixture.dialog.isVisible());
+        QVERIFY(fixture.tree->hasFocus());
+        QCOMPARE(fixture.EndMinutes()->value(), 0);
+        fixture.dialog.accept();
+        QCOMPARE(fixture.home.settings->roundEndMinutes, 0);
     }
 
     void ReturnInAnEditorAcceptsTheDialogWithItsValue() {
-        Scene scene;
-        scene.SelectEndMinutes();
-        scene.EndMinutes()->setFocus();
-        scene.EndMinutes()->selectAll();
-        QTest::keyClicks(scene.EndMinutes(), QStringLiteral("30"));
-        QTest::keyClick(scene.EndMinutes(), Qt::Key_Return);
+        Fixture fixture;
+        fixture.SelectEndMinutes();
+        fixture.EndMinutes()->setFocus();
+        fixture.EndMinutes()->selectAll();
+        QTest::keyClicks(fixture.EndMinutes(), QStringLiteral("30"));
+        QTest::keyClick(fixture.EndMinutes(), Qt::Key_Return);
         QCoreApplication::processEvents();
-        QCOMPARE(scene.dialog.result(), int(QDialog::Accepted));
-        QCOMPARE(scene.home.settings->roundEndMinutes, 30);
+        QCOMPARE(fixture.dialog.result(), int(QDialog::Accepted));
+        QCOMPARE(fixture.home.settings->roundEndMinutes, 30);
     }
 
     void TheWheelOverAnEditorChangesNothing() {
-        Scene scene;
-        scene.SelectFirstDay();
-        const QPointF at = scene.FirstDay()->rect().center();
-        QWheelEvent wheel(at, scene.FirstDay()->mapToGlobal(at), {}, QPoint(0, -120), Qt::NoButton, {},
+        Fixture fixture;
+        fixture.SelectFirstDay();
+        const QPointF at = fixture.FirstDay()->rect().center();
+        QWheelEvent wheel(at, fixture.FirstDay()->mapToGlobal(at), {}, QPoint(0, -120), Qt::NoButton, {},
                           Qt::NoScrollPhase, false);
-        QApplication::sendEvent(scene.FirstDay(), &wheel);
-        scene.dialog.accept();
-        QCOMPARE(scene.home.settings->firstDayOfWeek, 0);
+        QApplication::sendEvent(fixture.FirstDay(), &wheel);
+        fixture.dialog.accept();
+        QCOMPARE(fixture.home.settings->firstDayOfWeek, 0);
     }
 
     void ASearchHandsTheValueOver() {
-        Scene scene;
-        scene.SelectEndMinutes();
-        scene.EndMinutes()->setFocus();
-        scene.EndMinutes()->selectAll();
-        QTest::keyClicks(scene.EndMinutes(), QStringLiteral("10"));
-        auto* search = scene.dialog.findChild<QLineEdit*>(QStringLiteral("optionsSearch"));
+        Fixture fixture;
+        fixture.SelectEndMinutes();
+        fixture.EndMinutes()->setFocus();
+        fixture.EndMinutes()->selectAll();
+        QTest::keyClicks(fixture.EndMinutes(), QStringLiteral("10"));
+        auto* search = fixture.dialog.findChild<QLineEdit*>(QStringLiteral("optionsSearch"));
         search->setText(QStringLiteral("copy"));
         QCoreApplication::processEvents();
         search->clear();
-        scene.SelectEndMinutes();
-        QCOMPARE(scene.Value(), QStringLiteral("10"));
+        fixture.SelectEndMinutes();
+        QCOMPARE(fixture.Value(), QStringLiteral("10"));
     }
 };
 
-QTEST_MAIN(TestCOptionsTree)
+TEST_CLASS(TestCOptionsTree);
 #include "TestCOptionsTree.moc"

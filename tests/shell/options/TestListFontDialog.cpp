@@ -2,6 +2,7 @@
 
 #include "lang/LoadText.h"
 #include "shell/frame/ModalUser.h"
+#include "support/TestProgram.h"
 
 #include <QAccessible>
 #include <QComboBox>
@@ -91,5 +92,5 @@ class TestListFontDialog final : public QObject {
     }
 };
 
-QTEST_MAIN(TestListFontDialog)
+TEST_CLASS(TestListFontDialog);
 #include "TestListFontDialog.moc"

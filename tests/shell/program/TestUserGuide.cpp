@@ -1,5 +1,6 @@
 #include "lang/LoadText.h"
 #include "platform/host/CInstallLocation.h"
+#include "support/TestProgram.h"
 #include "viewmodel/commands/CommandTable.h"
 #include "viewmodel/commands/CommandWords.h"
 
@@ -60,5 +61,5 @@ void TestUserGuide::EveryPictureIsThereAndShown() {
     QCOMPARE(shown, made);
 }
 
-QTEST_GUILESS_MAIN(TestUserGuide)
+TEST_CLASS(TestUserGuide);
 #include "TestUserGuide.moc"

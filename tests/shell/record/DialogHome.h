@@ -25,7 +25,7 @@ class DialogHome : public DialogUser {
     DialogHome(const DialogHome&) = delete;
     DialogHome& operator=(const DialogHome&) = delete;
 
-    [[nodiscard]] RecordDialogSurroundings Around() {
+    [[nodiscard]] RecordDialogContext Context() {
         return {*home.document, timers, *home.settings, home.prompt, home.clock, *home.catalogue};
     }
     /// Shows a dialog in front and with the focus.

@@ -18,7 +18,7 @@ class ExpenseDialogHome : public DialogHome {
 
     /// Opens the dialog on the expense, in front and with the focus.
     void Open() {
-        dialog = std::make_unique<CExpenseDialog>(Around());
+        dialog = std::make_unique<CExpenseDialog>(Context());
         dialog->SetDraft(record);
         Show(*dialog);
     }

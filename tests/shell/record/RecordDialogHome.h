@@ -15,7 +15,7 @@ class RecordDialogHome : public DialogHome {
 
     /// Opens the dialog on the record, in front and with the focus.
     void Open() {
-        dialog = std::make_unique<CRecordDialog>(Around());
+        dialog = std::make_unique<CRecordDialog>(Context());
         dialog->SetDraft(record);
         Show(*dialog);
     }

@@ -2,6 +2,7 @@
 
 #include "app/ListTable.h"
 #include "shell/record/ExpenseDialogHome.h"
+#include "support/TestProgram.h"
 
 namespace {
 
@@ -12,7 +13,7 @@ QString S(const char* text) {
 class CodesHome : public DialogHome {
  public:
     void Open(const CodedItems& items = {}) {
-        dialog = std::make_unique<CCodedTextDialog>(Around());
+        dialog = std::make_unique<CCodedTextDialog>(Context());
         dialog->SetDraft(items);
         Show(*dialog);
     }
@@ -179,5 +180,5 @@ class TestCCodedTextDialog : public QObject {
     }
 };
 
-QTEST_MAIN(TestCCodedTextDialog)
+TEST_CLASS(TestCCodedTextDialog);
 #include "TestCCodedTextDialog.moc"

@@ -2,6 +2,7 @@
 
 #include "records/CERecord.h"
 #include "shell/record/DialogHome.h"
+#include "support/TestProgram.h"
 
 #include <QTimer>
 #include <QTreeWidget>
@@ -25,7 +26,7 @@ class DefaultsHome : public DialogHome {
         QVERIFY(defaults.Write(name, record));
     }
     void Open(bool isChoosing = false) {
-        dialog = std::make_unique<CDefaultsDialog>(working, isChoosing, Around());
+        dialog = std::make_unique<CDefaultsDialog>(working, isChoosing, Context());
         Show(*dialog);
     }
     [[nodiscard]] QTreeWidget* List() const { return Find<QTreeWidget>("defaultsList"); }
@@ -107,7 +108,7 @@ class TestCDefaultsDialog : public QObject {
         DefaultsHome t;
         t.Store(S("Zoo"), {});
         CERecord expense;
-        CDefaultsDialog dialog(expense, true, t.Around());
+        CDefaultsDialog dialog(expense, true, t.Context());
         QCOMPARE(dialog.findChild<QTreeWidget*>()->topLevelItemCount(), 1);
         QCOMPARE(dialog.windowTitle(), LoadText(Text::DefaultsTitleExpenses));
     }
@@ -203,7 +204,7 @@ class TestCDefaultsDialog : public QObject {
     void NewOfExpenses() {
         DefaultsHome t;
         CERecord expense;
-        CDefaultsDialog dialog(expense, false, t.Around());
+        CDefaultsDialog dialog(expense, false, t.Context());
         t.Show(dialog);
         t.PressAndDo("newButton", {[](const DialogUser& record) {
                                        record.Enter("amountField", S("12"));
@@ -411,7 +412,7 @@ class TestCDefaultsDialog : public QObject {
             t.home.settings->clock24 = false;
             DialogUser(*QApplication::activeModalWidget()).Press(isChoosing ? "acceptButton" : "closeButton");
         });
-        QCOMPARE(RunDefaultsDialog(nullptr, t.working, isChoosing, t.Around()), isChoosing);
+        QCOMPARE(RunDefaultsDialog(nullptr, t.working, isChoosing, t.Context()), isChoosing);
         QVERIFY(t.home.settings->clock24);
         QCOMPARE(t.working.item1, isChoosing ? S("Anvils") : QString());
     }
@@ -452,5 +453,5 @@ class TestCDefaultsDialog : public QObject {
     }
 };
 
-QTEST_MAIN(TestCDefaultsDialog)
+TEST_CLASS(TestCDefaultsDialog);
 #include "TestCDefaultsDialog.moc"

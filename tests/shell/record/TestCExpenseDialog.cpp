@@ -3,6 +3,7 @@
 #include "config/SettingsTable.h"
 #include "lang/LoadText.h"
 #include "shell/record/ExpenseDialogHome.h"
+#include "support/TestProgram.h"
 
 #include <QPlainTextEdit>
 
@@ -434,10 +435,10 @@ class TestCExpenseDialog : public QObject {
             user.Enter("item1Field", S("new"));
             isAccepted ? dialog->accept() : dialog->reject();
         });
-        QCOMPARE(RunExpenseDialog(nullptr, t.record, t.Around()), isAccepted);
+        QCOMPARE(RunExpenseDialog(nullptr, t.record, t.Context()), isAccepted);
         QTEST(t.record.item1, "expected");
     }
 };
 
-QTEST_MAIN(TestCExpenseDialog)
+TEST_CLASS(TestCExpenseDialog);
 #include "TestCExpenseDialog.moc"

@@ -1,8 +1,9 @@
 #include "shell/record/CExpenseMoneyPage.h"
 
 #include "lang/LoadText.h"
-#include "shell/record/ExpenseDialogHome.h"
 #include "shell/look/FormRows.h"
+#include "shell/record/ExpenseDialogHome.h"
+#include "support/TestProgram.h"
 
 namespace {
 
@@ -322,5 +323,5 @@ class TestCExpenseMoneyPage : public QObject {
     }
 };
 
-QTEST_MAIN(TestCExpenseMoneyPage)
+TEST_CLASS(TestCExpenseMoneyPage);
 #include "TestCExpenseMoneyPage.moc"

@@ -1,6 +1,7 @@
 #include "shell/record/CNotesPage.h"
 
 #include "shell/record/RecordDialogHome.h"
+#include "support/TestProgram.h"
 
 #include <QPlainTextEdit>
 
@@ -37,5 +38,5 @@ class TestCNotesPage : public QObject {
     }
 };
 
-QTEST_MAIN(TestCNotesPage)
+TEST_CLASS(TestCNotesPage);
 #include "TestCNotesPage.moc"

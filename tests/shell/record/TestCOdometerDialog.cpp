@@ -1,8 +1,9 @@
 #include "shell/record/COdometerDialog.h"
 
 #include "app/ListTable.h"
-#include "shell/record/DialogHome.h"
 #include "shell/look/FormRows.h"
+#include "shell/record/DialogHome.h"
+#include "support/TestProgram.h"
 
 #include <memory>
 
@@ -23,7 +24,7 @@ class OdometerHome : public DialogHome {
  public:
     explicit OdometerHome(const CRegionalInfo& region = {}) : DialogHome(region) {}
     void Open(const ExpenseEntryRules::Odometer& opening = {}) {
-        dialog = std::make_unique<COdometerDialog>(Around(), QStringList{S("Acme"), S("Alpha"), S("Trip")});
+        dialog = std::make_unique<COdometerDialog>(Context(), QStringList{S("Acme"), S("Alpha"), S("Trip")});
         dialog->SetDraft(opening);
         Show(*dialog);
     }
@@ -241,5 +242,5 @@ class TestCOdometerDialog : public QObject {
     }
 };
 
-QTEST_MAIN(TestCOdometerDialog)
+TEST_CLASS(TestCOdometerDialog);
 #include "TestCOdometerDialog.moc"

@@ -2,6 +2,7 @@
 
 #include "lang/LoadText.h"
 #include "shell/record/RecordDialogHome.h"
+#include "support/TestProgram.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -302,10 +303,10 @@ class TestCRecordDialog : public QObject {
             user.Enter("item1Field", QStringLiteral("new"));
             isAccepted ? dialog->accept() : dialog->reject();
         });
-        QCOMPARE(RunRecordDialog(nullptr, t.record, t.Around()), isAccepted);
+        QCOMPARE(RunRecordDialog(nullptr, t.record, t.Context()), isAccepted);
         QTEST(t.record.item1, "expected");
     }
 };
 
-QTEST_MAIN(TestCRecordDialog)
+TEST_CLASS(TestCRecordDialog);
 #include "TestCRecordDialog.moc"

@@ -5,6 +5,7 @@
 #include "lang/LoadText.h"
 #include "shell/look/FormRows.h"
 #include "shell/record/RecordDialogHome.h"
+#include "support/TestProgram.h"
 
 /// The page with items and money: what keys and clicks show, and what the record and the lists hold
 /// afterwards.
@@ -229,5 +230,5 @@ class TestCRecordDialogEntry : public QObject {
     }
 };
 
-QTEST_MAIN(TestCRecordDialogEntry)
+TEST_CLASS(TestCRecordDialogEntry);
 #include "TestCRecordDialogEntry.moc"

@@ -3,6 +3,7 @@
 #include "config/SettingsTable.h"
 #include "lang/LoadText.h"
 #include "shell/record/RecordDialogHome.h"
+#include "support/TestProgram.h"
 
 /// The page with the times: what keys and clicks show.
 class TestCRecordDialogTime : public QObject {
@@ -252,5 +253,5 @@ class TestCRecordDialogTime : public QObject {
     }
 };
 
-QTEST_MAIN(TestCRecordDialogTime)
+TEST_CLASS(TestCRecordDialogTime);
 #include "TestCRecordDialogTime.moc"

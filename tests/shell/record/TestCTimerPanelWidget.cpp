@@ -3,6 +3,7 @@
 #include "lang/LoadText.h"
 #include "shell/controls/CPickEdit.h"
 #include "shell/record/RecordDialogHome.h"
+#include "support/TestProgram.h"
 
 /// The timer in the record dialog, by its buttons, its count, and what it does to the fields.
 class TestCTimerPanelWidget : public QObject {
@@ -292,5 +293,5 @@ class TestCTimerPanelWidget : public QObject {
     }
 };
 
-QTEST_MAIN(TestCTimerPanelWidget)
+TEST_CLASS(TestCTimerPanelWidget);
 #include "TestCTimerPanelWidget.moc"

@@ -3,8 +3,9 @@
 #include "lang/LoadText.h"
 #include "records/CTRecord.h"
 #include "shell/look/IconTheme.h"
-#include "viewmodel/tree/CDataTreeModel.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
+#include "viewmodel/tree/CDataTreeModel.h"
 
 #include <QAbstractItemModelTester>
 #include <QAccessible>
@@ -17,7 +18,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// A tree on screen over a document whose hints reach it.
-class Scene final : public CViewNotifier {
+class Fixture final : public CViewNotifier {
  public:
     TestHome home;
     CNoPump pump;
@@ -25,13 +26,13 @@ class Scene final : public CViewNotifier {
     CDataTreeView view{document, *home.settings, home.prompt};
     int rebuilds = 0;
 
-    Scene() {
+    Fixture() {
         [&] { QVERIFY(document.BeginBatch()); }();
         Rebuild();
     }
-    ~Scene() override { document.Commit(); }
-    Scene(const Scene&) = delete;
-    Scene& operator=(const Scene&) = delete;
+    ~Fixture() override { document.Commit(); }
+    Fixture(const Fixture&) = delete;
+    Fixture& operator=(const Fixture&) = delete;
 
     void NotifyViews(Hint hint, const QStringList& ids) override {
         if (hint == Hint::Rebuild) ++rebuilds;
@@ -79,129 +80,130 @@ class TestCDataTreeView final : public QObject {
     void initTestCase() { QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR))); }
 
     void textsAndCounts() {
-        Scene scene;
-        scene.Add(u"B"_s, u"x"_s);
-        scene.Add(u"A"_s, u"y"_s);
-        scene.Add(u"A"_s, u"x"_s);
-        QCOMPARE(scene.Root().data().toString(), u"All"_s);
-        QCOMPARE(scene.CountAt({}), QString());
-        QCOMPARE(scene.At({u"A"_s}).row(), 0);
-        QCOMPARE(scene.CountAt({u"A"_s}), u"2"_s);
-        QCOMPARE(scene.CountAt({u"A"_s, u"y"_s}), u"1"_s);
-        QCOMPARE(scene.CountAt({u"B"_s}), u"1"_s);
-        QVERIFY(scene.view.isExpanded(scene.Root()));
-        QCOMPARE(scene.At({u"A"_s}).data(Qt::AccessibleTextRole).toString(), u"A: 2"_s);
+        Fixture fixture;
+        fixture.Add(u"B"_s, u"x"_s);
+        fixture.Add(u"A"_s, u"y"_s);
+        fixture.Add(u"A"_s, u"x"_s);
+        QCOMPARE(fixture.Root().data().toString(), u"All"_s);
+        QCOMPARE(fixture.CountAt({}), QString());
+        QCOMPARE(fixture.At({u"A"_s}).row(), 0);
+        QCOMPARE(fixture.CountAt({u"A"_s}), u"2"_s);
+        QCOMPARE(fixture.CountAt({u"A"_s, u"y"_s}), u"1"_s);
+        QCOMPARE(fixture.CountAt({u"B"_s}), u"1"_s);
+        QVERIFY(fixture.view.isExpanded(fixture.Root()));
+        QCOMPARE(fixture.At({u"A"_s}).data(Qt::AccessibleTextRole).toString(), u"A: 2"_s);
     }
 
     void selectingANodeNarrowsTheListAndKeepsTheTree() {
-        Scene scene;
-        scene.Add(u"A"_s, u"x"_s);
-        scene.Add(u"A"_s, u"y"_s);
-        scene.Add(u"B"_s, u"x"_s);
-        const int before = scene.rebuilds;
-        scene.Select({u"A"_s, u"y"_s});
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
-        QCOMPARE(scene.rebuilds, before + 1);
-        QVERIFY(scene.document.Filter().matchWhole && scene.document.Filter().matchCase);
-        QVERIFY(scene.At({u"B"_s}).isValid());
-        scene.Select({u"B"_s});
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
-        scene.Select({u"A"_s});
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
+        Fixture fixture;
+        fixture.Add(u"A"_s, u"x"_s);
+        fixture.Add(u"A"_s, u"y"_s);
+        fixture.Add(u"B"_s, u"x"_s);
+        const int before = fixture.rebuilds;
+        fixture.Select({u"A"_s, u"y"_s});
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{1});
+        QCOMPARE(fixture.rebuilds, before + 1);
+        QVERIFY(fixture.document.Filter().matchWhole && fixture.document.Filter().matchCase);
+        QVERIFY(fixture.At({u"B"_s}).isValid());
+        fixture.Select({u"B"_s});
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{1});
+        fixture.Select({u"A"_s});
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{2});
     }
 
     /// Screen readers select a row without moving the cursor to it.
     void aNodeSelectedByAScreenReaderNarrowsTheList() {
-        Scene scene;
-        scene.Add(u"A"_s, u"x"_s);
-        scene.Add(u"A"_s, u"y"_s);
-        scene.Add(u"B"_s, u"x"_s);
-        scene.view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&scene.view));
+        Fixture fixture;
+        fixture.Add(u"A"_s, u"x"_s);
+        fixture.Add(u"A"_s, u"y"_s);
+        fixture.Add(u"B"_s, u"x"_s);
+        fixture.view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&fixture.view));
         QAccessibleTableInterface* rows =
-            QAccessible::queryAccessibleInterface(&scene.view)->tableInterface();
+            QAccessible::queryAccessibleInterface(&fixture.view)->tableInterface();
         QCOMPARE(rows->cellAt(2, 0)->text(QAccessible::Name), u"B: 1"_s);
-        const int before = scene.rebuilds;
+        const int before = fixture.rebuilds;
         QVERIFY(rows->selectRow(2));
-        QCOMPARE(scene.view.currentIndex(), scene.At({u"B"_s}));
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
-        QCOMPARE(scene.rebuilds, before + 1);
+        QCOMPARE(fixture.view.currentIndex(), fixture.At({u"B"_s}));
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{1});
+        QCOMPARE(fixture.rebuilds, before + 1);
         QVERIFY(rows->selectRow(1));
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
-        QCOMPARE(scene.view.selectionModel()->selectedRows().size(), 1);
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{2});
+        QCOMPARE(fixture.view.selectionModel()->selectedRows().size(), 1);
         QVERIFY(rows->selectRow(0));
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{3});
-        QVERIFY(!scene.view.HasNode());
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{3});
+        QVERIFY(!fixture.view.HasNode());
     }
 
     void theRootClearsTheConditionsAndKeepsThePeriod() {
-        Scene scene;
-        scene.Add(u"A"_s, u"x"_s, 21);
-        scene.Add(u"B"_s, u"x"_s, 21);
-        scene.Add(u"B"_s, u"x"_s, 20);
-        QVERIFY(scene.document.Filter().SetSingleDate(u"11/21/2026"_s, scene.document.PeriodNeeds()));
-        const int preset = scene.document.Filter().preset;
-        scene.Rebuild();
-        scene.Select({u"B"_s});
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
-        scene.Select({});
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
-        QCOMPARE(scene.document.Filter().preset, preset);
-        QVERIFY(!scene.view.HasNode());
+        Fixture fixture;
+        fixture.Add(u"A"_s, u"x"_s, 21);
+        fixture.Add(u"B"_s, u"x"_s, 21);
+        fixture.Add(u"B"_s, u"x"_s, 20);
+        QVERIFY(
+            fixture.document.Filter().SetSingleDate(u"11/21/2026"_s, fixture.document.GetPeriodContext()));
+        const int preset = fixture.document.Filter().preset;
+        fixture.Rebuild();
+        fixture.Select({u"B"_s});
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{1});
+        fixture.Select({});
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{2});
+        QCOMPARE(fixture.document.Filter().preset, preset);
+        QVERIFY(!fixture.view.HasNode());
     }
 
     void recordsThatComeWhileNarrowedAreCountedIn() {
-        Scene scene;
-        scene.Add(u"A"_s, u"x"_s);
-        scene.Add(u"B"_s, u"x"_s);
-        scene.Add(u"B"_s, u"y"_s);
-        scene.Select({u"A"_s});
-        const QString id = scene.Add(u"A"_s, u"z"_s);
-        QCOMPARE(scene.CountAt({u"A"_s}), u"2"_s);
-        QCOMPARE(scene.CountAt({u"B"_s}), u"2"_s);
-        QVERIFY(scene.document.DeleteRecord(RecordKind::Time, id, true));
-        QCOMPARE(scene.CountAt({u"A"_s}), u"1"_s);
-        QVERIFY(!scene.At({u"A"_s, u"z"_s}).isValid());
-        QCOMPARE(scene.CountAt({u"B"_s}), u"2"_s);
+        Fixture fixture;
+        fixture.Add(u"A"_s, u"x"_s);
+        fixture.Add(u"B"_s, u"x"_s);
+        fixture.Add(u"B"_s, u"y"_s);
+        fixture.Select({u"A"_s});
+        const QString id = fixture.Add(u"A"_s, u"z"_s);
+        QCOMPARE(fixture.CountAt({u"A"_s}), u"2"_s);
+        QCOMPARE(fixture.CountAt({u"B"_s}), u"2"_s);
+        QVERIFY(fixture.document.DeleteRecord(RecordKind::Time, id, true));
+        QCOMPARE(fixture.CountAt({u"A"_s}), u"1"_s);
+        QVERIFY(!fixture.At({u"A"_s, u"z"_s}).isValid());
+        QCOMPARE(fixture.CountAt({u"B"_s}), u"2"_s);
     }
 
     void whatIsOpenAndSelectedOutlivesARebuild() {
-        Scene scene;
-        scene.Add(u"A"_s, u"x"_s);
-        scene.Add(u"B"_s, u"x"_s);
-        scene.view.expand(scene.At({u"B"_s}));
-        scene.Select({u"A"_s});
-        scene.document.NotifyViews(Hint::Clear);
-        const int before = scene.rebuilds;
-        scene.document.Filter().Reset();
-        scene.Rebuild();
-        QCOMPARE(scene.rebuilds, before + 1);  // taking the selection up filters nothing
-        QVERIFY(scene.view.isExpanded(scene.At({u"B"_s})));
-        QVERIFY(!scene.view.isExpanded(scene.At({u"A"_s})));
-        QCOMPARE(scene.view.currentIndex(), scene.At({u"A"_s}));
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
+        Fixture fixture;
+        fixture.Add(u"A"_s, u"x"_s);
+        fixture.Add(u"B"_s, u"x"_s);
+        fixture.view.expand(fixture.At({u"B"_s}));
+        fixture.Select({u"A"_s});
+        fixture.document.NotifyViews(Hint::Clear);
+        const int before = fixture.rebuilds;
+        fixture.document.Filter().Reset();
+        fixture.Rebuild();
+        QCOMPARE(fixture.rebuilds, before + 1);  // taking the selection up filters nothing
+        QVERIFY(fixture.view.isExpanded(fixture.At({u"B"_s})));
+        QVERIFY(!fixture.view.isExpanded(fixture.At({u"A"_s})));
+        QCOMPARE(fixture.view.currentIndex(), fixture.At({u"A"_s}));
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{2});
     }
 
     void aClickOnTheSelectedNodeNarrowsAgain() {
-        Scene scene;
-        scene.Add(u"A"_s, u"x"_s);
-        scene.Add(u"B"_s, u"x"_s);
-        scene.view.show();
-        const auto click = [&scene] {
-            const QPoint at = scene.view.visualRect(scene.At({u"A"_s})).center();
-            QTest::mouseClick(scene.view.viewport(), Qt::LeftButton, {}, at);
+        Fixture fixture;
+        fixture.Add(u"A"_s, u"x"_s);
+        fixture.Add(u"B"_s, u"x"_s);
+        fixture.view.show();
+        const auto click = [&fixture] {
+            const QPoint at = fixture.view.visualRect(fixture.At({u"A"_s})).center();
+            QTest::mouseClick(fixture.view.viewport(), Qt::LeftButton, {}, at);
         };
         click();
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
-        scene.document.ResetTimeFilter();
-        scene.document.NotifyViews(Hint::Rebuild);
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
-        QCOMPARE(scene.view.currentIndex(), scene.At({u"A"_s}));
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{1});
+        fixture.document.ResetTimeFilter();
+        fixture.document.NotifyViews(Hint::Rebuild);
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{2});
+        QCOMPARE(fixture.view.currentIndex(), fixture.At({u"A"_s}));
         click();
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
-        const int before = scene.rebuilds;
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{1});
+        const int before = fixture.rebuilds;
         click();
-        QCOMPARE(scene.rebuilds, before);
+        QCOMPARE(fixture.rebuilds, before);
     }
 
     void theOnlyRecordOfTheSelectedNodeIsEdited_data() {
@@ -214,116 +216,116 @@ class TestCDataTreeView final : public QObject {
     /// In each case the list goes on showing the record.
     void theOnlyRecordOfTheSelectedNodeIsEdited() {
         QFETCH(QString, client);
-        Scene scene;
-        const QString id = scene.Add(u"A"_s, u"x"_s);
-        scene.Add(u"B"_s, u"x"_s);
-        scene.view.expand(scene.At({u"A"_s}));
-        scene.Select({u"A"_s});
-        const int before = scene.rebuilds;
+        Fixture fixture;
+        const QString id = fixture.Add(u"A"_s, u"x"_s);
+        fixture.Add(u"B"_s, u"x"_s);
+        fixture.view.expand(fixture.At({u"A"_s}));
+        fixture.Select({u"A"_s});
+        const int before = fixture.rebuilds;
         CTRecord record;
-        record.Copy(*scene.document.FindTime(id));
+        record.Copy(*fixture.document.FindTime(id));
         record.item1 = client;
-        QVERIFY(scene.document.ModifyRecord(record, id, true, true, true, true));
-        QTEST(scene.view.currentIndex().data().toString(), "selected");
-        QCOMPARE(scene.view.selectionModel()->selectedRows().size(), client == u"A"_s ? 1 : 0);
-        QCOMPARE(scene.view.isExpanded(scene.At({u"A"_s})), client == u"A"_s);
-        QVERIFY(!scene.view.isExpanded(scene.At({client})) || client == u"A"_s);
-        QVERIFY(scene.document.IsVisible(id));
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
-        QCOMPARE(scene.rebuilds, before);
-        QCOMPARE(scene.CountAt({client}), client == u"B"_s ? u"2"_s : u"1"_s);
-        scene.Select({client});
-        QVERIFY(scene.document.IsVisible(id));
+        QVERIFY(fixture.document.ModifyRecord(record, id, true, true, true, true));
+        QTEST(fixture.view.currentIndex().data().toString(), "selected");
+        QCOMPARE(fixture.view.selectionModel()->selectedRows().size(), client == u"A"_s ? 1 : 0);
+        QCOMPARE(fixture.view.isExpanded(fixture.At({u"A"_s})), client == u"A"_s);
+        QVERIFY(!fixture.view.isExpanded(fixture.At({client})) || client == u"A"_s);
+        QVERIFY(fixture.document.IsVisible(id));
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{1});
+        QCOMPARE(fixture.rebuilds, before);
+        QCOMPARE(fixture.CountAt({client}), client == u"B"_s ? u"2"_s : u"1"_s);
+        fixture.Select({client});
+        QVERIFY(fixture.document.IsVisible(id));
     }
 
     void theLastRecordOfTheSelectedNodeIsDeleted() {
-        Scene scene;
-        const QString id = scene.Add(u"A"_s, u"x"_s);
-        scene.Add(u"B"_s, u"x"_s);
-        scene.Select({u"A"_s, u"x"_s});
-        const int before = scene.rebuilds;
-        QVERIFY(scene.document.DeleteRecord(RecordKind::Time, id, true));
-        QVERIFY(!scene.At({u"A"_s}).isValid());
-        QVERIFY(!scene.view.HasNode());
-        QCOMPARE(scene.rebuilds, before);
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{0});
-        scene.Select({u"B"_s});
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
+        Fixture fixture;
+        const QString id = fixture.Add(u"A"_s, u"x"_s);
+        fixture.Add(u"B"_s, u"x"_s);
+        fixture.Select({u"A"_s, u"x"_s});
+        const int before = fixture.rebuilds;
+        QVERIFY(fixture.document.DeleteRecord(RecordKind::Time, id, true));
+        QVERIFY(!fixture.At({u"A"_s}).isValid());
+        QVERIFY(!fixture.view.HasNode());
+        QCOMPARE(fixture.rebuilds, before);
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{0});
+        fixture.Select({u"B"_s});
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{1});
     }
 
     /// Before its text, where an ordinary tree has none.
     void nodesHaveAPicture() {
         ChooseIconTheme();
-        Scene scene;
-        scene.Add(u"A"_s, u"x"_s);
-        scene.view.show();
-        const auto node = [&scene] {
-            return scene.view.viewport()->grab(scene.view.visualRect(scene.At({u"A"_s}))).toImage();
+        Fixture fixture;
+        fixture.Add(u"A"_s, u"x"_s);
+        fixture.view.show();
+        const auto node = [&fixture] {
+            return fixture.view.viewport()->grab(fixture.view.visualRect(fixture.At({u"A"_s}))).toImage();
         };
         const QImage pictured = node();
         QStyledItemDelegate ordinary;
-        scene.view.setItemDelegate(&ordinary);
+        fixture.view.setItemDelegate(&ordinary);
         QVERIFY(node() != pictured);
     }
 
     void withoutLevelsTheRootAloneIsThereAndClearsTheConditions() {
-        Scene scene;
-        scene.Add(u"A"_s, u"x"_s);
-        scene.Add(u"B"_s, u"x"_s);
-        scene.home.settings->TreeColumns().ShowExactly(ColumnHalf::Time, {});
-        scene.document.Filter().items[0] = u"B"_s;
-        scene.Rebuild();
-        QCOMPARE(scene.Model().rowCount(scene.Root()), 0);
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{1});
-        scene.Select({});
-        QCOMPARE(scene.document.VisibleCount(), std::size_t{2});
-        QVERIFY(!scene.view.HasNode());
-        QVERIFY(!scene.view.CanExpand());
+        Fixture fixture;
+        fixture.Add(u"A"_s, u"x"_s);
+        fixture.Add(u"B"_s, u"x"_s);
+        fixture.home.settings->TreeColumns().ShowExactly(ColumnHalf::Time, {});
+        fixture.document.Filter().items[0] = u"B"_s;
+        fixture.Rebuild();
+        QCOMPARE(fixture.Model().rowCount(fixture.Root()), 0);
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{1});
+        fixture.Select({});
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{2});
+        QVERIFY(!fixture.view.HasNode());
+        QVERIFY(!fixture.view.CanExpand());
     }
 
     void expandAllTogglesTheNodeAndAllBelow() {
-        Scene scene;
-        scene.Add(u"A"_s, u"x"_s);
-        scene.home.prompt.ExpectTold(Text::SelectTreeNode);
-        scene.view.ExpandAll();
-        scene.Select({u"A"_s});
-        QVERIFY(scene.view.CanExpand());
-        scene.view.ExpandAll();
-        QVERIFY(scene.view.isExpanded(scene.At({u"A"_s})));
-        QVERIFY(scene.view.isExpanded(scene.At({u"A"_s, u"x"_s})));
-        scene.view.ExpandAll();
-        QVERIFY(!scene.view.isExpanded(scene.At({u"A"_s})));
+        Fixture fixture;
+        fixture.Add(u"A"_s, u"x"_s);
+        fixture.home.prompt.ExpectTold(Text::SelectTreeNode);
+        fixture.view.ExpandAll();
+        fixture.Select({u"A"_s});
+        QVERIFY(fixture.view.CanExpand());
+        fixture.view.ExpandAll();
+        QVERIFY(fixture.view.isExpanded(fixture.At({u"A"_s})));
+        QVERIFY(fixture.view.isExpanded(fixture.At({u"A"_s, u"x"_s})));
+        fixture.view.ExpandAll();
+        QVERIFY(!fixture.view.isExpanded(fixture.At({u"A"_s})));
     }
 
     void aRecordTakesTheValuesOfTheNode() {
-        Scene scene;
-        scene.Add(u"A"_s, u"x"_s);
+        Fixture fixture;
+        fixture.Add(u"A"_s, u"x"_s);
         CTRecord record;
-        scene.Select({});
-        QVERIFY(!scene.view.FillRecord(record));
-        scene.Select({u"A"_s, u"x"_s});
-        QVERIFY(scene.view.FillRecord(record));
+        fixture.Select({});
+        QVERIFY(!fixture.view.FillRecord(record));
+        fixture.Select({u"A"_s, u"x"_s});
+        QVERIFY(fixture.view.FillRecord(record));
         QCOMPARE(record.item1, u"A"_s);
         QCOMPARE(record.item2, u"x"_s);
     }
 
     /// The keyboard gives the root the cursor; nobody has chosen it, so conditions from elsewhere stay.
     void keyboardAloneChoosesNothing() {
-        Scene scene;
-        scene.Add(u"Alder"_s, u"Bridge"_s);
-        scene.document.Filter().items[0] = u"Alder"_s;
-        scene.view.show();
-        QVERIFY(QTest::qWaitForWindowActive(&scene.view));
-        QCOMPARE(scene.document.Filter().items[0], u"Alder"_s);
-        scene.view.clearFocus();
-        scene.view.setFocus();
-        QCOMPARE(scene.document.Filter().items[0], u"Alder"_s);
+        Fixture fixture;
+        fixture.Add(u"Alder"_s, u"Bridge"_s);
+        fixture.document.Filter().items[0] = u"Alder"_s;
+        fixture.view.show();
+        QVERIFY(QTest::qWaitForWindowActive(&fixture.view));
+        QCOMPARE(fixture.document.Filter().items[0], u"Alder"_s);
+        fixture.view.clearFocus();
+        fixture.view.setFocus();
+        QCOMPARE(fixture.document.Filter().items[0], u"Alder"_s);
     }
 
     /// Under a checker of item models: any mixture of changes leaves the tree as a rebuild would make it.
     void randomChanges() {
-        Scene scene;
-        const QAbstractItemModelTester tester(&scene.Model(),
+        Fixture fixture;
+        const QAbstractItemModelTester tester(&fixture.Model(),
                                               QAbstractItemModelTester::FailureReportingMode::QtTest);
         std::mt19937 random(7);  // NOLINT(cert-msc32-c,cert-msc51-cpp): the same changes each time
         const auto pick = [&random](int below) {
@@ -334,27 +336,27 @@ class TestCDataTreeView final : public QObject {
         for (int step = 0; step < 400; ++step) {
             const int what = ids.isEmpty() ? 0 : pick(3);
             if (what == 0) {
-                ids.append(scene.Add(name(), name()));
+                ids.append(fixture.Add(name(), name()));
                 continue;
             }
             const QString id = ids[pick(static_cast<int>(ids.size()))];
             if (what == 1) {
-                QVERIFY(scene.document.DeleteRecord(RecordKind::Time, id, true));
+                QVERIFY(fixture.document.DeleteRecord(RecordKind::Time, id, true));
                 ids.removeOne(id);
                 continue;
             }
             CTRecord record;
-            record.Copy(*scene.document.FindTime(id));
+            record.Copy(*fixture.document.FindTime(id));
             record.item1 = name();
-            QVERIFY(scene.document.ModifyRecord(record, id, true, true, true, true));
+            QVERIFY(fixture.document.ModifyRecord(record, id, true, true, true, true));
         }
         QHash<QString, int> counts;
-        for (const QString& id : ids) ++counts[scene.document.FindTime(id)->item1];
-        QCOMPARE(scene.Model().rowCount(scene.Root()), static_cast<int>(counts.size()));
+        for (const QString& id : ids) ++counts[fixture.document.FindTime(id)->item1];
+        QCOMPARE(fixture.Model().rowCount(fixture.Root()), static_cast<int>(counts.size()));
         for (auto it = counts.cbegin(); it != counts.cend(); ++it)
-            QCOMPARE(scene.CountAt({it.key()}), QString::number(it.value()));
+            QCOMPARE(fixture.CountAt({it.key()}), QString::number(it.value()));
     }
 };
 
-QTEST_MAIN(TestCDataTreeView)
+TEST_CLASS(TestCDataTreeView);
 #include "TestCDataTreeView.moc"

@@ -2,6 +2,7 @@
 
 #include "lang/LoadText.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -76,8 +77,8 @@ class TestBarButtons final : public QObject {
         QTemporaryDir folder;
         {
             TestHome home(folder.path());
-            QVERIFY(KeepButtons(*home.profile, Bar::Records, {40147, kDivider, 102}));
-            QVERIFY(KeepButtons(*home.profile, Bar::Filters, {}));
+            QVERIFY(PersistButtons(*home.profile, Bar::Records, {40147, kDivider, 102}));
+            QVERIFY(PersistButtons(*home.profile, Bar::Filters, {}));
         }
         TestHome home(folder.path());
         QCOMPARE(Numbers(LoadButtons(*home.profile, Bar::Records)), u"40147 | 102"_s);
@@ -132,5 +133,5 @@ class TestBarButtons final : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestBarButtons)
+TEST_CLASS(TestBarButtons);
 #include "TestBarButtons.moc"

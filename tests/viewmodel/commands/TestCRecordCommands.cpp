@@ -4,9 +4,10 @@
 #include "lang/LoadText.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
-#include "viewmodel/program/CProgress.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 #include "timers/CRecordTimers.h"
+#include "viewmodel/program/CProgress.h"
 
 #include <QTest>
 
@@ -30,7 +31,7 @@ class Progress final : public CProgress {
     bool ended = false;
 };
 
-struct Scene {
+struct Fixture {
     TestHome home;
     ActiveTimerSet set{home.clock};
     CRecordTimers timers{set, *home.document, *home.settings};
@@ -38,7 +39,7 @@ struct Scene {
     CRecordCommands commands{{*home.document, timers, *home.settings, home.prompt, progress}};
     QStringList ids;
 
-    Scene() {
+    Fixture() {
         for (int day = 17; day < 20; ++day)
             ids.append(home.AddTime(2026, 11, day, QStringLiteral("09:00"), QStringLiteral("10:00")));
         home.document->LoadRecords(RecordKind::Time);
@@ -63,92 +64,92 @@ class TestCRecordCommands final : public QObject {
 
  private Q_SLOTS:
     void deleteAsksFirst() {
-        Scene scene;
-        scene.home.prompt.Expect(Text::AskDeleteRecords, Answer::No);
-        scene.commands.Delete(scene.ids, true);
-        QCOMPARE(scene.Stored(), 3U);
-        scene.home.prompt.Finish();
+        Fixture fixture;
+        fixture.home.prompt.Expect(Text::AskDeleteRecords, Answer::No);
+        fixture.commands.Delete(fixture.ids, true);
+        QCOMPARE(fixture.Stored(), 3U);
+        fixture.home.prompt.Finish();
     }
 
     /// The views let go of the records before they go, and hear of all in one piece.
     void deleteInOneNotice() {
-        Scene scene;
-        scene.home.prompt.Expect(Text::AskDeleteRecords, Answer::Yes);
-        scene.commands.Delete({scene.ids[0], scene.ids[2]}, true);
-        QCOMPARE(scene.Hints(), (QList<int>{12, 2}));
-        QCOMPARE(scene.home.views.seen[0].second, (QStringList{scene.ids[0], scene.ids[2]}));
-        QCOMPARE(scene.home.views.seen[1].second, (QStringList{scene.ids[0], scene.ids[2]}));
-        QCOMPARE(scene.progress.wanted, 2);
-        QVERIFY(scene.progress.ended);
-        QCOMPARE(scene.Stored(), 1U);
+        Fixture fixture;
+        fixture.home.prompt.Expect(Text::AskDeleteRecords, Answer::Yes);
+        fixture.commands.Delete({fixture.ids[0], fixture.ids[2]}, true);
+        QCOMPARE(fixture.Hints(), (QList<int>{12, 2}));
+        QCOMPARE(fixture.home.views.seen[0].second, (QStringList{fixture.ids[0], fixture.ids[2]}));
+        QCOMPARE(fixture.home.views.seen[1].second, (QStringList{fixture.ids[0], fixture.ids[2]}));
+        QCOMPARE(fixture.progress.wanted, 2);
+        QVERIFY(fixture.progress.ended);
+        QCOMPARE(fixture.Stored(), 1U);
     }
 
     void deleteWithoutAsking() {
-        Scene scene;
-        scene.home.settings->confirmDelete = false;
-        scene.commands.Delete({scene.ids[0]}, true);
-        QCOMPARE(scene.Stored(), 2U);
-        scene.home.settings->confirmDelete = true;
-        scene.commands.Delete({scene.ids[1]}, false);
-        QCOMPARE(scene.Stored(), 1U);
+        Fixture fixture;
+        fixture.home.settings->confirmDelete = false;
+        fixture.commands.Delete({fixture.ids[0]}, true);
+        QCOMPARE(fixture.Stored(), 2U);
+        fixture.home.settings->confirmDelete = true;
+        fixture.commands.Delete({fixture.ids[1]}, false);
+        QCOMPARE(fixture.Stored(), 1U);
     }
 
     void deletedRecordsLoseTheirTimers() {
-        Scene scene;
-        scene.set.Start(scene.ids[0], false, 0, 0, 0);
-        scene.set.Start(scene.ids[1], false, 0, 0, 0);
-        scene.commands.Delete({scene.ids[0]}, false);
-        QCOMPARE(scene.set.StateOf(scene.ids[0]), TimerState::None);
-        QCOMPARE(scene.set.StateOf(scene.ids[1]), TimerState::Running);
+        Fixture fixture;
+        fixture.set.Start(fixture.ids[0], false, 0, 0, 0);
+        fixture.set.Start(fixture.ids[1], false, 0, 0, 0);
+        fixture.commands.Delete({fixture.ids[0]}, false);
+        QCOMPARE(fixture.set.StateOf(fixture.ids[0]), TimerState::None);
+        QCOMPARE(fixture.set.StateOf(fixture.ids[1]), TimerState::Running);
     }
 
     /// The first failure ends it: what stands behind it stays, and the views show it again.
     void deleteStopsAtAFailure() {
-        Scene scene;
-        scene.commands.Delete({scene.ids[0], QStringLiteral("no identity"), scene.ids[1]}, false);
-        QCOMPARE(scene.Stored(), 2U);
-        QVERIFY(scene.Hints().contains(6));
+        Fixture fixture;
+        fixture.commands.Delete({fixture.ids[0], QStringLiteral("no identity"), fixture.ids[1]}, false);
+        QCOMPARE(fixture.Stored(), 2U);
+        QVERIFY(fixture.Hints().contains(6));
     }
 
     void deleteIsCancelled() {
-        Scene scene;
-        scene.progress.cancelAt = 2;
-        scene.commands.Delete(scene.ids, false);
-        QCOMPARE(scene.Stored(), 2U);
+        Fixture fixture;
+        fixture.progress.cancelAt = 2;
+        fixture.commands.Delete(fixture.ids, false);
+        QCOMPARE(fixture.Stored(), 2U);
     }
 
     void nothingSelected() {
-        Scene scene;
-        scene.commands.Delete({}, true);
-        scene.commands.Copy({});
-        scene.commands.SetMark(RecordMark::First, {}, true);
-        QVERIFY(scene.home.views.seen.isEmpty());
-        scene.home.prompt.Finish();
+        Fixture fixture;
+        fixture.commands.Delete({}, true);
+        fixture.commands.Copy({});
+        fixture.commands.SetMark(RecordMark::First, {}, true);
+        QVERIFY(fixture.home.views.seen.isEmpty());
+        fixture.home.prompt.Finish();
     }
 
     void copies() {
-        Scene scene;
-        scene.home.prompt.Expect(Text::AskCopyRecords, Answer::Yes);
-        scene.commands.Copy({scene.ids[0], scene.ids[1]});
-        QCOMPARE(scene.Hints(), (QList<int>{0}));
-        const QStringList made = scene.home.views.seen[0].second;
+        Fixture fixture;
+        fixture.home.prompt.Expect(Text::AskCopyRecords, Answer::Yes);
+        fixture.commands.Copy({fixture.ids[0], fixture.ids[1]});
+        QCOMPARE(fixture.Hints(), (QList<int>{0}));
+        const QStringList made = fixture.home.views.seen[0].second;
         QCOMPARE(made.size(), 2);
-        QVERIFY(!scene.ids.contains(made[0]));
-        const CTRecord* copy = scene.home.document->FindTime(made[0]);
+        QVERIFY(!fixture.ids.contains(made[0]));
+        const CTRecord* copy = fixture.home.document->FindTime(made[0]);
         QCOMPARE(copy->date.day, 17);
         QCOMPARE(copy->spans.duration.hours, 1);
-        QCOMPARE(scene.Stored(), 5U);
+        QCOMPARE(fixture.Stored(), 5U);
     }
 
     void copyAsksOnlyWhenWanted() {
-        Scene scene;
-        scene.home.prompt.Expect(Text::AskCopyRecords, Answer::No);
-        scene.commands.Copy(scene.ids);
-        QCOMPARE(scene.Stored(), 3U);
-        scene.home.settings->confirmCopy = false;
-        scene.commands.Copy(scene.ids);
-        QCOMPARE(scene.Stored(), 6U);
-        scene.home.prompt.Finish();
+        Fixture fixture;
+        fixture.home.prompt.Expect(Text::AskCopyRecords, Answer::No);
+        fixture.commands.Copy(fixture.ids);
+        QCOMPARE(fixture.Stored(), 3U);
+        fixture.home.settings->confirmCopy = false;
+        fixture.commands.Copy(fixture.ids);
+        QCOMPARE(fixture.Stored(), 6U);
+        fixture.home.prompt.Finish();
     }
 
     void marks_data() {
@@ -166,10 +167,10 @@ class TestCRecordCommands final : public QObject {
     }
     void marks() {
         QFETCH(int, code);
-        Scene scene;
-        scene.commands.SetMark(static_cast<RecordMark>(code), scene.ids, false);
-        QCOMPARE(scene.Stored(), 3U);
-        const CTRecord* record = scene.home.document->FindTime(scene.ids[0]);
+        Fixture fixture;
+        fixture.commands.SetMark(static_cast<RecordMark>(code), fixture.ids, false);
+        QCOMPARE(fixture.Stored(), 3U);
+        const CTRecord* record = fixture.home.document->FindTime(fixture.ids[0]);
         QTEST(record->isBillable, "billable");
         QTEST(record->isBilled, "billed");
         QTEST(record->isExported, "exported");
@@ -178,91 +179,91 @@ class TestCRecordCommands final : public QObject {
     /// One question for all; each change goes out before it is made; one notice at the end. A marked record
     /// is left alone.
     void marksInOneNotice() {
-        Scene scene;
-        scene.commands.SetMark(RecordMark::Exported, {scene.ids[1]}, false);
-        scene.home.views.seen.clear();
-        scene.home.prompt.Expect(Text::AskMarkRecords, Answer::Yes);
-        scene.commands.SetMark(RecordMark::Exported, scene.ids, true);
-        QCOMPARE(scene.Hints(), (QList<int>{14, 14, 1}));
-        QCOMPARE(scene.home.views.seen[2].second, (QStringList{scene.ids[0], scene.ids[2]}));
-        scene.home.views.seen.clear();
-        scene.commands.SetMark(RecordMark::Exported, scene.ids, false);
-        QVERIFY(scene.home.views.seen.isEmpty());
-        scene.commands.SetMark(RecordMark::NotExported, scene.ids, false);
-        QCOMPARE(scene.Hints(), (QList<int>{14, 14, 14, 1}));
-        scene.home.prompt.Finish();
+        Fixture fixture;
+        fixture.commands.SetMark(RecordMark::Exported, {fixture.ids[1]}, false);
+        fixture.home.views.seen.clear();
+        fixture.home.prompt.Expect(Text::AskMarkRecords, Answer::Yes);
+        fixture.commands.SetMark(RecordMark::Exported, fixture.ids, true);
+        QCOMPARE(fixture.Hints(), (QList<int>{14, 14, 1}));
+        QCOMPARE(fixture.home.views.seen[2].second, (QStringList{fixture.ids[0], fixture.ids[2]}));
+        fixture.home.views.seen.clear();
+        fixture.commands.SetMark(RecordMark::Exported, fixture.ids, false);
+        QVERIFY(fixture.home.views.seen.isEmpty());
+        fixture.commands.SetMark(RecordMark::NotExported, fixture.ids, false);
+        QCOMPARE(fixture.Hints(), (QList<int>{14, 14, 14, 1}));
+        fixture.home.prompt.Finish();
     }
 
     /// A record that is billable but not billed still takes the second mark; money stays.
     void secondMarkOnTheFirst() {
-        Scene scene;
+        Fixture fixture;
         CTRecord record;
         record.Reset();
-        record.Copy(*scene.home.document->FindTime(scene.ids[0]));
+        record.Copy(*fixture.home.document->FindTime(fixture.ids[0]));
         record.SetBillable(true);
         record.SetRate(80.0F);
-        QVERIFY(scene.home.document->ModifyRecord(record, scene.ids[0], true, false, true, true));
-        scene.commands.SetMark(RecordMark::FirstAndSecond, {scene.ids[0]}, false);
-        const CTRecord* marked = scene.home.document->FindTime(scene.ids[0]);
+        QVERIFY(fixture.home.document->ModifyRecord(record, fixture.ids[0], true, false, true, true));
+        fixture.commands.SetMark(RecordMark::FirstAndSecond, {fixture.ids[0]}, false);
+        const CTRecord* marked = fixture.home.document->FindTime(fixture.ids[0]);
         QVERIFY(marked->isBillable && marked->isBilled);
         QCOMPARE(marked->amount.value, 80.0F);
     }
 
     /// In the other mode the same commands are about expenses.
     void expenses() {
-        Scene scene;
-        scene.home.document->SwitchMode(RecordMode::Expense);
+        Fixture fixture;
+        fixture.home.document->SwitchMode(RecordMode::Expense);
         QStringList ids;
         for (int i = 0; i < 3; ++i) {
             QString id;
-            QVERIFY(scene.home.document->AddRecord(CERecord(), false, false, true, &id));
+            QVERIFY(fixture.home.document->AddRecord(CERecord(), false, false, true, &id));
             ids.append(id);
         }
-        scene.home.document->FlushPending(Hint::Added);
-        scene.home.views.seen.clear();
-        scene.commands.SetMark(RecordMark::ThirdAndFourth, {ids[0], ids[1]}, false);
-        QCOMPARE(scene.Hints(), (QList<int>{14, 14, 1}));
-        scene.home.settings->confirmDelete = scene.home.settings->confirmCopy = false;
-        scene.commands.Delete({ids[1]}, true);
-        scene.commands.Copy({ids[0]});
-        scene.home.document->LoadRecords(RecordKind::Expense);
-        QCOMPARE(scene.home.document->RecordCount(), 3U);
-        QVERIFY(!scene.home.document->FindExpense(ids[1]));
-        QVERIFY(scene.home.document->FindExpense(ids[0])->flag3);
-        QVERIFY(scene.home.document->FindExpense(ids[0])->flag4);
-        QVERIFY(!scene.home.document->FindExpense(ids[2])->flag3);
-        scene.home.document->LoadRecords(RecordKind::Time);
-        QCOMPARE(scene.home.document->RecordCount(), 3U);
+        fixture.home.document->FlushPending(Hint::Added);
+        fixture.home.views.seen.clear();
+        fixture.commands.SetMark(RecordMark::ThirdAndFourth, {ids[0], ids[1]}, false);
+        QCOMPARE(fixture.Hints(), (QList<int>{14, 14, 1}));
+        fixture.home.settings->confirmDelete = fixture.home.settings->confirmCopy = false;
+        fixture.commands.Delete({ids[1]}, true);
+        fixture.commands.Copy({ids[0]});
+        fixture.home.document->LoadRecords(RecordKind::Expense);
+        QCOMPARE(fixture.home.document->RecordCount(), 3U);
+        QVERIFY(!fixture.home.document->FindExpense(ids[1]));
+        QVERIFY(fixture.home.document->FindExpense(ids[0])->flag3);
+        QVERIFY(fixture.home.document->FindExpense(ids[0])->flag4);
+        QVERIFY(!fixture.home.document->FindExpense(ids[2])->flag3);
+        fixture.home.document->LoadRecords(RecordKind::Time);
+        QCOMPARE(fixture.home.document->RecordCount(), 3U);
     }
 
     /// What can't be saved, as another program has deleted it, ends it: the one before is marked and told of,
     /// the one behind stays as it was.
     void marksStopAtAFailure() {
-        Scene scene;
+        Fixture fixture;
         {
-            const TestHome other(scene.home.Path());
+            const TestHome other(fixture.home.Path());
             other.document->LoadRecords(RecordKind::Time);
-            QVERIFY(other.document->DeleteRecord(RecordKind::Time, scene.ids[1], false));
+            QVERIFY(other.document->DeleteRecord(RecordKind::Time, fixture.ids[1], false));
         }
-        scene.home.prompt.ExpectTold(Text::ModifyFailed);
-        scene.commands.SetMark(RecordMark::Exported, scene.ids, false);
-        scene.home.prompt.Finish();
-        QCOMPARE(scene.Hints(), (QList<int>{14, 14, 1}));
-        QCOMPARE(scene.home.views.seen[1].second, QStringList{scene.ids[1]});
-        QCOMPARE(scene.home.views.seen[2].second, QStringList{scene.ids[0]});
-        QCOMPARE(scene.Stored(), 2U);
-        QVERIFY(scene.home.document->FindTime(scene.ids[0])->isExported);
-        QVERIFY(!scene.home.document->FindTime(scene.ids[2])->isExported);
+        fixture.home.prompt.ExpectTold(Text::ModifyFailed);
+        fixture.commands.SetMark(RecordMark::Exported, fixture.ids, false);
+        fixture.home.prompt.Finish();
+        QCOMPARE(fixture.Hints(), (QList<int>{14, 14, 1}));
+        QCOMPARE(fixture.home.views.seen[1].second, QStringList{fixture.ids[1]});
+        QCOMPARE(fixture.home.views.seen[2].second, QStringList{fixture.ids[0]});
+        QCOMPARE(fixture.Stored(), 2U);
+        QVERIFY(fixture.home.document->FindTime(fixture.ids[0])->isExported);
+        QVERIFY(!fixture.home.document->FindTime(fixture.ids[2])->isExported);
     }
 
     void markIsRefused() {
-        Scene scene;
-        scene.home.prompt.Expect(Text::AskMarkRecords, Answer::No);
-        scene.commands.SetMark(RecordMark::First, scene.ids, true);
-        QVERIFY(scene.home.views.seen.isEmpty());
-        scene.home.prompt.Finish();
+        Fixture fixture;
+        fixture.home.prompt.Expect(Text::AskMarkRecords, Answer::No);
+        fixture.commands.SetMark(RecordMark::First, fixture.ids, true);
+        QVERIFY(fixture.home.views.seen.isEmpty());
+        fixture.home.prompt.Finish();
     }
 };
 
-QTEST_GUILESS_MAIN(TestCRecordCommands)
+TEST_CLASS(TestCRecordCommands);
 #include "TestCRecordCommands.moc"

@@ -2,6 +2,7 @@
 
 #include "app/FieldLabels.h"
 #include "lang/LoadText.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -119,5 +120,5 @@ class TestCommandWords final : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestCommandWords)
+TEST_CLASS(TestCommandWords);
 #include "TestCommandWords.moc"

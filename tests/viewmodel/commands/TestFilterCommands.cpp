@@ -3,6 +3,7 @@
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -192,11 +193,11 @@ class TestFilterCommands final : public QObject {
         other.item1 = u"client a"_s;
         TimeFilter filter;
         QVERIFY(ApplyChoice(RowOf(32804), filter, {u"(any)"_s, u"Client A"_s}, 1));
-        const PeriodSurroundings around = home->document->PeriodNeeds();
-        QVERIFY(filter.Matches(record, around, nullptr));
-        QVERIFY(!filter.Matches(other, around, nullptr));
+        const PeriodContext context = home->document->GetPeriodContext();
+        QVERIFY(filter.Matches(record, context, nullptr));
+        QVERIFY(!filter.Matches(other, context, nullptr));
     }
 };
 
-QTEST_GUILESS_MAIN(TestFilterCommands)
+TEST_CLASS(TestFilterCommands);
 #include "TestFilterCommands.moc"

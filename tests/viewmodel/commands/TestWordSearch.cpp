@@ -1,5 +1,7 @@
 #include "viewmodel/commands/WordSearch.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -67,5 +69,5 @@ class TestWordSearch final : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestWordSearch)
+TEST_CLASS(TestWordSearch);
 #include "TestWordSearch.moc"

@@ -2,6 +2,7 @@
 
 #include "lang/LoadText.h"
 #include "records/CTRecord.h"
+#include "support/TestProgram.h"
 
 #include <QtTest>
 
@@ -164,5 +165,5 @@ class TestSpanPad : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestSpanPad)
+TEST_CLASS(TestSpanPad);
 #include "TestSpanPad.moc"

@@ -6,6 +6,7 @@
 #include "records/CTRecord.h"
 #include "support/CScriptedPrompt.h"
 #include "support/CTestClock.h"
+#include "support/TestProgram.h"
 
 #include <QtTest>
 
@@ -270,5 +271,5 @@ class TestTimePad : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestTimePad)
+TEST_CLASS(TestTimePad);
 #include "TestTimePad.moc"

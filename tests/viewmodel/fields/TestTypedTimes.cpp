@@ -3,6 +3,7 @@
 #include "calendar/NumberText.h"
 #include "lang/LoadText.h"
 #include "support/CTestClock.h"
+#include "support/TestProgram.h"
 
 #include <QtTest>
 
@@ -242,5 +243,5 @@ class TestTypedTimes : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestTypedTimes)
+TEST_CLASS(TestTypedTimes);
 #include "TestTypedTimes.moc"

@@ -1,6 +1,7 @@
 #include "viewmodel/fields/ValueChoices.h"
 
 #include "lang/LoadText.h"
+#include "support/TestProgram.h"
 
 #include <QtTest>
 
@@ -58,5 +59,5 @@ class TestValueChoices : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestValueChoices)
+TEST_CLASS(TestValueChoices);
 #include "TestValueChoices.moc"

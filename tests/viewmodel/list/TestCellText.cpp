@@ -4,6 +4,7 @@
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 #include "timers/ActiveTimerSet.h"
 
 #include <QTest>
@@ -233,5 +234,5 @@ class TestCellText final : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestCellText)
+TEST_CLASS(TestCellText);
 #include "TestCellText.moc"

@@ -1,6 +1,7 @@
 #include "viewmodel/list/ColourTable.h"
 
 #include "lang/LoadText.h"
+#include "support/TestProgram.h"
 
 #include <QtTest>
 
@@ -76,5 +77,5 @@ class TestColourTable : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestColourTable)
+TEST_CLASS(TestColourTable);
 #include "TestColourTable.moc"

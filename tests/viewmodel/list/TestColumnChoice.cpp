@@ -1,6 +1,7 @@
 #include "viewmodel/list/ColumnChoice.h"
 
 #include "lang/LoadText.h"
+#include "support/TestProgram.h"
 
 #include <QtTest>
 
@@ -170,5 +171,5 @@ class TestColumnChoice : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestColumnChoice)
+TEST_CLASS(TestColumnChoice);
 #include "TestColumnChoice.moc"

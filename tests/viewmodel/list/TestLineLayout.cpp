@@ -1,6 +1,7 @@
 #include "viewmodel/list/LineLayout.h"
 
 #include "config/ColumnTable.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -104,5 +105,5 @@ class TestLineLayout final : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestLineLayout)
+TEST_CLASS(TestLineLayout);
 #include "TestLineLayout.moc"

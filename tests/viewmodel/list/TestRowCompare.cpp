@@ -4,6 +4,7 @@
 #include "platform/host/CRegionalInfo.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
+#include "support/TestProgram.h"
 #include "viewmodel/list/CRowSorter.h"
 #include "viewmodel/list/MergeSort.h"
 
@@ -309,5 +310,5 @@ class TestRowCompare final : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestRowCompare)
+TEST_CLASS(TestRowCompare);
 #include "TestRowCompare.moc"

@@ -4,6 +4,7 @@
 #include "platform/host/CRegionalInfo.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -150,5 +151,5 @@ class TestStatusSums final : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestStatusSums)
+TEST_CLASS(TestStatusSums);
 #include "TestStatusSums.moc"

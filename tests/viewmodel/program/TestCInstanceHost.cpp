@@ -5,6 +5,7 @@
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 #include "timers/CRecordTimers.h"
 
 #include <QJsonArray>
@@ -14,7 +15,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-struct Scene {
+struct Fixture {
     TestHome home;
     ActiveTimerSet set{home.clock};
     CRecordTimers timers{set, *home.document, *home.settings};
@@ -24,7 +25,7 @@ struct Scene {
                         [this] { ++left; }, [this] { return busy; }, [this] { return dialog; }}};
     QString id = home.AddTime(2026, 11, 19, u"09:00"_s);
 
-    Scene() {
+    Fixture() {
         home.document->LoadRecords(RecordKind::Time);
         home.document->BuildVisible();
         home.views.seen.clear();
@@ -46,62 +47,63 @@ class TestCInstanceHost final : public QObject {
 
  private Q_SLOTS:
     void comesForward() {
-        Scene scene;
-        QVERIFY(scene.host.Handle(InstanceCommand::kRaise, {}).value(u"ok"_s).toBool());
-        QCOMPARE(scene.raised, 1);
+        Fixture fixture;
+        QVERIFY(fixture.host.Handle(InstanceCommand::kRaise, {}).value(u"ok"_s).toBool());
+        QCOMPARE(fixture.raised, 1);
     }
 
     /// The record that was added outside appears by itself; nothing else is read.
     void showsAChange() {
-        Scene scene;
-        const QString added = scene.AddOutside();
-        scene.host.Handle(InstanceCommand::kSyncEnd, scene.Changed({added}));
-        QTRY_VERIFY(scene.home.document->FindTime(added));
-        QCOMPARE(scene.refreshed, 0);
-        QCOMPARE(scene.home.views.seen.last().first, Hint::Added);
+        Fixture fixture;
+        const QString added = fixture.AddOutside();
+        fixture.host.Handle(InstanceCommand::kSyncEnd, fixture.Changed({added}));
+        QTRY_VERIFY(fixture.home.document->FindTime(added));
+        QCOMPARE(fixture.refreshed, 0);
+        QCOMPARE(fixture.home.views.seen.last().first, Hint::Added);
     }
 
     void readsAllWithoutIdentities() {
-        Scene scene;
-        scene.host.Handle(InstanceCommand::kSyncEnd, {});
-        scene.host.Handle(InstanceCommand::kSyncEnd, {});
-        scene.host.Handle(InstanceCommand::kSyncEnd, {});
-        QTRY_COMPARE(scene.refreshed, 1);
+        Fixture fixture;
+        fixture.host.Handle(InstanceCommand::kSyncEnd, {});
+        fixture.host.Handle(InstanceCommand::kSyncEnd, {});
+        fixture.host.Handle(InstanceCommand::kSyncEnd, {});
+        QTRY_COMPARE(fixture.refreshed, 1);
         QTest::qWait(150);
-        QCOMPARE(scene.refreshed, 1);
+        QCOMPARE(fixture.refreshed, 1);
     }
 
     /// While times are shown, a change of expenses is nothing to see.
     void changedExpensesBesideTimes() {
-        Scene scene;
-        scene.host.Handle(
+        Fixture fixture;
+        fixture.host.Handle(
             InstanceCommand::kSyncEnd,
             {{u"kind"_s, u"expense"_s}, {u"ids"_s, QJsonArray{u"0123456789ABCDEF0123456789ABCDEF"_s}}});
         QTest::qWait(150);
-        QCOMPARE(scene.refreshed, 0);
-        QVERIFY(scene.home.views.seen.isEmpty());
+        QCOMPARE(fixture.refreshed, 0);
+        QVERIFY(fixture.home.views.seen.isEmpty());
     }
 
     void showsAChangedExpense() {
-        Scene scene;
+        Fixture fixture;
         const RecordModeScope mode(RecordMode::Expense);
-        scene.home.document->LoadRecords(RecordKind::Expense);
-        scene.home.document->BuildVisible();
-        TestHome other(scene.home.Path());
+        fixture.home.document->LoadRecords(RecordKind::Expense);
+        fixture.home.document->BuildVisible();
+        TestHome other(fixture.home.Path());
         CERecord lunch;
         QString id;
         QVERIFY(other.document->AddRecord(lunch, false, false, true, &id));
-        scene.host.Handle(InstanceCommand::kSyncEnd, {{u"kind"_s, u"expense"_s}, {u"ids"_s, QJsonArray{id}}});
-        QTRY_VERIFY(scene.home.document->FindExpense(id));
-        QCOMPARE(scene.refreshed, 0);
-        QCOMPARE(scene.home.views.seen.last().first, Hint::Added);
+        fixture.host.Handle(InstanceCommand::kSyncEnd,
+                            {{u"kind"_s, u"expense"_s}, {u"ids"_s, QJsonArray{id}}});
+        QTRY_VERIFY(fixture.home.document->FindExpense(id));
+        QCOMPARE(fixture.refreshed, 0);
+        QCOMPARE(fixture.home.views.seen.last().first, Hint::Added);
     }
 
     /// What the console wants changed of the settings is changed here, columns and stored defaults too.
     void changesWhatTheSettingsHold() {
-        Scene scene;
+        Fixture fixture;
         const auto ask = [&](const QJsonObject& arguments) {
-            return scene.host.Handle(InstanceCommand::kSetting, arguments).value(u"ok"_s).toBool();
+            return fixture.host.Handle(InstanceCommand::kSetting, arguments).value(u"ok"_s).toBool();
         };
         QVERIFY(ask({{u"name"_s, u"confirmCopy"_s}, {u"value"_s, 0}}));
         QVERIFY(ask({{u"columns"_s, u"list"_s}, {u"half"_s, u"time"_s}, {u"shown"_s, QJsonArray{4, 0}}}));
@@ -112,91 +114,91 @@ class TestCInstanceHost final : public QObject {
                      {u"name"_s, u"Mine"_s},
                      {u"record"_s, QString::fromLatin1(bytes.toBase64())}}));
         QVERIFY(!ask({{u"columns"_s, u"menu"_s}}));
-        QVERIFY(!scene.home.settings->confirmCopy);
-        QCOMPARE(scene.home.settings->ListColumns().Order(ColumnHalf::Time), (std::vector<int>{4, 0}));
-        const NamedDefaults defaults(*scene.home.settings, scene.home.clock, RecordMode::Time);
+        QVERIFY(!fixture.home.settings->confirmCopy);
+        QCOMPARE(fixture.home.settings->ListColumns().Order(ColumnHalf::Time), (std::vector<int>{4, 0}));
+        const NamedDefaults defaults(*fixture.home.settings, fixture.home.clock, RecordMode::Time);
         QCOMPARE(defaults.Names().first(), u"Mine"_s);
-        QTRY_COMPARE(scene.refreshed, 1);
+        QTRY_COMPARE(fixture.refreshed, 1);
     }
 
     void notWhenItIsSwitchedOff() {
-        Scene scene;
-        scene.home.settings->refreshOnSyncEnd = false;
-        scene.host.Handle(InstanceCommand::kSyncEnd, {});
+        Fixture fixture;
+        fixture.home.settings->refreshOnSyncEnd = false;
+        fixture.host.Handle(InstanceCommand::kSyncEnd, {});
         QTest::qWait(150);
-        QCOMPARE(scene.refreshed, 0);
+        QCOMPARE(fixture.refreshed, 0);
     }
 
     void waitsWhileRecordsAreRead() {
-        Scene scene;
-        scene.busy = true;
-        scene.host.Handle(InstanceCommand::kSyncEnd, {});
+        Fixture fixture;
+        fixture.busy = true;
+        fixture.host.Handle(InstanceCommand::kSyncEnd, {});
         QTest::qWait(200);
-        QCOMPARE(scene.refreshed, 0);
-        const QJsonObject answer = scene.host.Handle(InstanceCommand::kTimer, {{u"action"_s, u"status"_s}});
+        QCOMPARE(fixture.refreshed, 0);
+        const QJsonObject answer = fixture.host.Handle(InstanceCommand::kTimer, {{u"action"_s, u"status"_s}});
         QCOMPARE(answer.value(u"exit"_s).toInt(), 3);
-        scene.busy = false;
-        QTRY_COMPARE(scene.refreshed, 1);
+        fixture.busy = false;
+        QTRY_COMPARE(fixture.refreshed, 1);
     }
 
     void runsATimerCommand() {
-        Scene scene;
+        Fixture fixture;
         const QJsonObject answer =
-            scene.host.Handle(InstanceCommand::kTimer, {{u"action"_s, u"start"_s}, {u"id"_s, scene.id}});
+            fixture.host.Handle(InstanceCommand::kTimer, {{u"action"_s, u"start"_s}, {u"id"_s, fixture.id}});
         QVERIFY(answer.value(u"ok"_s).toBool());
-        QCOMPARE(scene.set.StateOf(scene.id), TimerState::Running);
-        const QJsonObject unknown =
-            scene.host.Handle(InstanceCommand::kTimer,
-                              {{u"action"_s, u"start"_s}, {u"id"_s, u"0123456789ABCDEF0123456789ABCDEF"_s}});
+        QCOMPARE(fixture.set.StateOf(fixture.id), TimerState::Running);
+        const QJsonObject unknown = fixture.host.Handle(
+            InstanceCommand::kTimer,
+            {{u"action"_s, u"start"_s}, {u"id"_s, u"0123456789ABCDEF0123456789ABCDEF"_s}});
         QCOMPARE(unknown.value(u"exit"_s).toInt(), 4);
     }
 
     /// Added outside a moment ago, its timer starts at once: the change is taken in first.
     void timerOfARecordJustAdded() {
-        Scene scene;
-        const QString added = scene.AddOutside();
-        scene.host.Handle(InstanceCommand::kSyncEnd, scene.Changed({added}));
+        Fixture fixture;
+        const QString added = fixture.AddOutside();
+        fixture.host.Handle(InstanceCommand::kSyncEnd, fixture.Changed({added}));
         const QJsonObject answer =
-            scene.host.Handle(InstanceCommand::kTimer, {{u"action"_s, u"start"_s}, {u"id"_s, added}});
+            fixture.host.Handle(InstanceCommand::kTimer, {{u"action"_s, u"start"_s}, {u"id"_s, added}});
         QVERIFY(answer.value(u"ok"_s).toBool());
-        QVERIFY(scene.home.document->FindTime(added));
+        QVERIFY(fixture.home.document->FindTime(added));
     }
 
     void changesASetting() {
-        Scene scene;
-        const QJsonObject answer = scene.host.Handle(InstanceCommand::kSetting,
-                                                     {{u"name"_s, u"spanDisplayFormat"_s}, {u"value"_s, 1}});
+        Fixture fixture;
+        const QJsonObject answer = fixture.host.Handle(
+            InstanceCommand::kSetting, {{u"name"_s, u"spanDisplayFormat"_s}, {u"value"_s, 1}});
         QVERIFY(answer.value(u"ok"_s).toBool());
-        QCOMPARE(scene.home.settings->spanDisplayFormat, 1);
-        QTRY_COMPARE(scene.refreshed, 1);
-        const QJsonObject refused = scene.host.Handle(InstanceCommand::kSetting,
-                                                      {{u"name"_s, u"spanDisplayFormat"_s}, {u"value"_s, 7}});
+        QCOMPARE(fixture.home.settings->spanDisplayFormat, 1);
+        QTRY_COMPARE(fixture.refreshed, 1);
+        const QJsonObject refused = fixture.host.Handle(
+            InstanceCommand::kSetting, {{u"name"_s, u"spanDisplayFormat"_s}, {u"value"_s, 7}});
         QVERIFY(!refused.value(u"ok"_s).toBool());
     }
 
     void leaves() {
-        Scene scene;
-        QVERIFY(scene.host.Handle(InstanceCommand::kExit, {}).value(u"ok"_s).toBool());
-        QCOMPARE(scene.left, 0);  // the answer goes out first
-        QTRY_COMPARE(scene.left, 1);
-        QCOMPARE(scene.raised, 1);
+        Fixture fixture;
+        QVERIFY(fixture.host.Handle(InstanceCommand::kExit, {}).value(u"ok"_s).toBool());
+        QCOMPARE(fixture.left, 0);  // the answer goes out first
+        QTRY_COMPARE(fixture.left, 1);
+        QCOMPARE(fixture.raised, 1);
     }
 
     void doesNotLeaveADialogBehind() {
-        Scene scene;
-        scene.dialog = true;
-        const QJsonObject answer = scene.host.Handle(InstanceCommand::kExit, {});
+        Fixture fixture;
+        fixture.dialog = true;
+        const QJsonObject answer = fixture.host.Handle(InstanceCommand::kExit, {});
         QVERIFY(!answer.value(u"ok"_s).toBool());
         QCOMPARE(answer.value(u"error"_s).toString(), LoadText(Text::DialogIsOpen));
         QTest::qWait(50);
-        QCOMPARE(scene.left, 0);
+        QCOMPARE(fixture.left, 0);
     }
 
     void unknownCommand() {
-        Scene scene;
-        QVERIFY(!scene.host.Handle(4711, {}).value(u"ok"_s).toBool());
+        Fixture fixture;
+        QVERIFY(!fixture.host.Handle(4711, {}).value(u"ok"_s).toBool());
     }
 };
 
-QTEST_GUILESS_MAIN(TestCInstanceHost)
+TEST_CLASS(TestCInstanceHost);
 #include "TestCInstanceHost.moc"

@@ -4,6 +4,7 @@
 #include "platform/host/CInstallLocation.h"
 #include "platform/host/CLauncher.h"
 #include "support/CScriptedPrompt.h"
+#include "support/TestProgram.h"
 
 #include <QDir>
 #include <QFile>
@@ -107,5 +108,5 @@ class TestCStartCheck : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestCStartCheck)
+TEST_CLASS(TestCStartCheck);
 #include "TestCStartCheck.moc"

@@ -1,16 +1,17 @@
 #include "viewmodel/program/CTimerTicker.h"
 
 #include "app/RecordMode.h"
-#include "viewmodel/list/CRecordListModel.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 #include "timers/ActiveTimerSet.h"
+#include "viewmodel/list/CRecordListModel.h"
 
 #include <QSignalSpy>
 #include <QTest>
 
 namespace {
 
-struct Scene {
+struct Fixture {
     TestHome home;
     ActiveTimerSet timers{home.clock};
     CRecordListModel model{*home.document, timers, *home.settings};
@@ -18,7 +19,7 @@ struct Scene {
     CTimerTicker ticker{timers, model, [this] { return sight; }};
 
     /// Sixty records; row 3 and row 50 have a running timer.
-    Scene() {
+    Fixture() {
         for (int i = 0; i < 60; ++i) home.AddTime(2026, 11, 19);
         home.settings->listLayout = 3;
         home.document->BuildVisible();
@@ -41,76 +42,76 @@ class TestCTimerTicker final : public QObject {
  private Q_SLOTS:
     /// Only rows in sight are folded and shown; the one out of sight is right as soon as it is scrolled to.
     void foldsRowsInSight() {
-        Scene scene;
-        QSignalSpy changed(&scene.model, &QAbstractItemModel::dataChanged);
-        scene.ticker.Tick();
-        QCOMPARE(scene.SecondsOf(3), 5);
-        QCOMPARE(scene.SecondsOf(50), 0);
+        Fixture fixture;
+        QSignalSpy changed(&fixture.model, &QAbstractItemModel::dataChanged);
+        fixture.ticker.Tick();
+        QCOMPARE(fixture.SecondsOf(3), 5);
+        QCOMPARE(fixture.SecondsOf(50), 0);
         for (const QList<QVariant>& signal : changed) {
             QCOMPARE(signal[0].toModelIndex().row(), 3);
             QCOMPARE(signal[1].toModelIndex().row(), 3);
         }
         QVERIFY(!changed.isEmpty());
-        scene.sight = {45, 55};
-        scene.home.clock.Advance(60);
-        scene.ticker.Tick();
-        QCOMPARE(scene.SecondsOf(50), 65);
-        QCOMPARE(scene.SecondsOf(3), 5);
+        fixture.sight = {45, 55};
+        fixture.home.clock.Advance(60);
+        fixture.ticker.Tick();
+        QCOMPARE(fixture.SecondsOf(50), 65);
+        QCOMPARE(fixture.SecondsOf(3), 5);
     }
 
     void noTimerInSight() {
-        Scene scene;
-        scene.sight = {20, 40};
-        QSignalSpy changed(&scene.model, &QAbstractItemModel::dataChanged);
-        scene.ticker.Tick();
+        Fixture fixture;
+        fixture.sight = {20, 40};
+        QSignalSpy changed(&fixture.model, &QAbstractItemModel::dataChanged);
+        fixture.ticker.Tick();
         QVERIFY(changed.isEmpty());
     }
 
     /// A clock set back adds nothing, and nothing is shown anew.
     void clockSetBack() {
-        Scene scene;
-        scene.home.clock.Advance(-3600);
-        QSignalSpy changed(&scene.model, &QAbstractItemModel::dataChanged);
-        scene.ticker.Tick();
-        QCOMPARE(scene.SecondsOf(3), 0);
+        Fixture fixture;
+        fixture.home.clock.Advance(-3600);
+        QSignalSpy changed(&fixture.model, &QAbstractItemModel::dataChanged);
+        fixture.ticker.Tick();
+        QCOMPARE(fixture.SecondsOf(3), 0);
         QVERIFY(changed.isEmpty());
     }
 
     void sightBeyondTheRows() {
-        Scene scene;
-        scene.sight = {-5, 100000};
-        scene.ticker.Tick();
-        QCOMPARE(scene.SecondsOf(50), 5);
-        scene.sight = {0, -1};
-        scene.ticker.Tick();
+        Fixture fixture;
+        fixture.sight = {-5, 100000};
+        fixture.ticker.Tick();
+        QCOMPARE(fixture.SecondsOf(50), 5);
+        fixture.sight = {0, -1};
+        fixture.ticker.Tick();
     }
 
     void notInExpenseMode() {
-        Scene scene;
+        Fixture fixture;
         const RecordModeScope mode(RecordMode::Expense);
-        scene.ticker.Tick();
-        QCOMPARE(scene.SecondsOf(3), 0);
+        fixture.ticker.Tick();
+        QCOMPARE(fixture.SecondsOf(3), 0);
     }
 
     void ticksWhileATimerRuns() {
-        Scene scene;
-        QVERIFY(!scene.ticker.IsTicking());
-        scene.ticker.Reconsider();
-        QVERIFY(scene.ticker.IsTicking());
-        scene.timers.Pause(scene.model.IdAt(3));
-        scene.ticker.Reconsider();
-        QVERIFY(scene.ticker.IsTicking());
-        scene.timers.Pause(scene.model.IdAt(50));
-        scene.ticker.Reconsider();
-        QVERIFY(!scene.ticker.IsTicking());
+        Fixture fixture;
+        QVERIFY(!fixture.ticker.IsTicking());
+        fixture.ticker.Reconsider();
+        QVERIFY(fixture.ticker.IsTicking());
+        fixture.timers.Pause(fixture.model.IdAt(3));
+        fixture.ticker.Reconsider();
+        QVERIFY(fixture.ticker.IsTicking());
+        fixture.timers.Pause(fixture.model.IdAt(50));
+        fixture.ticker.Reconsider();
+        QVERIFY(!fixture.ticker.IsTicking());
     }
 
     void ticksOnceASecond() {
-        Scene scene;
-        scene.ticker.Reconsider();
-        QTRY_COMPARE_WITH_TIMEOUT(scene.SecondsOf(3), 5, 3000);
+        Fixture fixture;
+        fixture.ticker.Reconsider();
+        QTRY_COMPARE_WITH_TIMEOUT(fixture.SecondsOf(3), 5, 3000);
     }
 };
 
-QTEST_GUILESS_MAIN(TestCTimerTicker)
+TEST_CLASS(TestCTimerTicker);
 #include "TestCTimerTicker.moc"

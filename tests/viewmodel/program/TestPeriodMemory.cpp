@@ -2,9 +2,10 @@
 
 #include "app/TimeFilter.h"
 #include "lang/LoadText.h"
+#include "support/TestHome.h"
+#include "support/TestProgram.h"
 #include "viewmodel/commands/CPeriodCommands.h"
 #include "viewmodel/list/EmptyReason.h"
-#include "support/TestHome.h"
 
 #include <QTest>
 
@@ -27,13 +28,13 @@ class TestPeriodMemory final : public QObject {
     void roundTrip() {
         QFETCH(int, preset);
         TestHome home;
-        const PeriodSurroundings needs = home.document->PeriodNeeds();
+        const PeriodContext context = home.document->GetPeriodContext();
         TimeFilter filter;
-        if (preset != 6) QVERIFY(filter.ApplyPreset(preset, needs));
+        if (preset != 6) QVERIFY(filter.ApplyPreset(preset, context));
         StorePeriod(*home.profile, filter);
         QTEST(home.profile->GetText(u"Period"_s, u"Visible"_s).value_or(QString()), "token");
         TimeFilter restored;
-        RestorePeriod(*home.profile, restored, needs);
+        RestorePeriod(*home.profile, restored, context);
         QCOMPARE(restored.preset, preset);
         QCOMPARE(restored.startText, filter.startText);
         QCOMPARE(restored.displayName, filter.displayName);
@@ -41,26 +42,26 @@ class TestPeriodMemory final : public QObject {
 
     void singleDay() {
         TestHome home;
-        const PeriodSurroundings needs = home.document->PeriodNeeds();
+        const PeriodContext context = home.document->GetPeriodContext();
         TimeFilter filter;
-        QVERIFY(filter.SetSingleDate(u"11/02/2026"_s, needs));
+        QVERIFY(filter.SetSingleDate(u"11/02/2026"_s, context));
         StorePeriod(*home.profile, filter);
         TimeFilter restored;
-        RestorePeriod(*home.profile, restored, needs);
+        RestorePeriod(*home.profile, restored, context);
         QCOMPARE(restored.preset, 5);
         QCOMPARE(restored.startText, u"11/02/2026"_s);
     }
 
     void range() {
         TestHome home;
-        const PeriodSurroundings needs = home.document->PeriodNeeds();
+        const PeriodContext context = home.document->GetPeriodContext();
         DateTimeVal first, second;
         QVERIFY(first.SetDate(11, 2, 2026) && second.SetDate(11, 9, 2026));
         TimeFilter filter;
-        filter.SetRange(first, second, needs);
+        filter.SetRange(first, second, context);
         StorePeriod(*home.profile, filter);
         TimeFilter restored;
-        RestorePeriod(*home.profile, restored, needs);
+        RestorePeriod(*home.profile, restored, context);
         QCOMPARE(restored.preset, 7);
         QCOMPARE(restored.endText, u"11/09/2026"_s);
     }
@@ -86,7 +87,7 @@ class TestPeriodMemory final : public QObject {
         home.profile->WriteText(u"Period"_s, u"FirstDate"_s, first);
         home.profile->WriteText(u"Period"_s, u"SecondDate"_s, second);
         TimeFilter restored;
-        RestorePeriod(*home.profile, restored, home.document->PeriodNeeds());
+        RestorePeriod(*home.profile, restored, home.document->GetPeriodContext());
         QTEST(restored.preset, "preset");
     }
 
@@ -157,5 +158,5 @@ class TestPeriodMemory final : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestPeriodMemory)
+TEST_CLASS(TestPeriodMemory);
 #include "TestPeriodMemory.moc"

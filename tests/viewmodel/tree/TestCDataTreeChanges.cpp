@@ -1,7 +1,9 @@
-#include "viewmodel/tree/DataTreeScene.h"
-#include "viewmodel/tree/CTreeWatcher.h"
-#include "viewmodel/tree/TreeTexts.h"
+#include "records/RecordFactory.h"
+#include "support/TestProgram.h"
 #include "timers/CRecordTimers.h"
+#include "viewmodel/tree/CTreeListener.h"
+#include "viewmodel/tree/DataTreeFixture.h"
+#include "viewmodel/tree/TreeTexts.h"
 
 #include <QTest>
 #include <algorithm>
@@ -14,7 +16,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// Follows a tree by what it is told alone.
-class Mirror final : public CTreeWatcher {
+class Mirror final : public CTreeListener {
  public:
     explicit Mirror(CDataTree& tree) : m_tree(tree) {
         tree.SetWatcher(this);
@@ -76,15 +78,15 @@ class Mirror final : public CTreeWatcher {
 class Changer {
  public:
     explicit Changer(unsigned seed) : m_random(seed) {
-        m_scene.document.SetTimers(&m_timers);
+        m_fixture.document.SetTimers(&m_timers);
         for (const ColumnHalf half : {ColumnHalf::Time, ColumnHalf::Expense}) ShowColumns(half);
-        m_scene.Rebuild();
+        m_fixture.Rebuild();
     }
-    ~Changer() { m_scene.document.SetTimers(nullptr); }
+    ~Changer() { m_fixture.document.SetTimers(nullptr); }
     Changer(const Changer&) = delete;
     Changer& operator=(const Changer&) = delete;
 
-    DataTreeScene& Scene() { return m_scene; }
+    DataTreeFixture& Fixture() { return m_fixture; }
 
     /// Any change there is.
     void Change() {
@@ -93,7 +95,7 @@ class Changer {
                 return SwitchMode();
             case 1:
                 ShowColumns(HalfOf(Kind()));
-                return m_scene.Rebuild();
+                return m_fixture.Rebuild();
             case 2:
                 return ChangeFilter();
             case 3:
@@ -116,7 +118,7 @@ class Changer {
             case 2:
                 return Mark(id);
             case 3:
-                QVERIFY(m_scene.document.DeleteRecord(Kind(), id, true));
+                QVERIFY(m_fixture.document.DeleteRecord(Kind(), id, true));
                 return;
             case 4:
                 return DeleteSelected(id);
@@ -129,14 +131,14 @@ class Changer {
         const QStringList& ids = m_ids[Place()];
         if (ids.isEmpty()) return;
         const QString id = ids[Pick(static_cast<int>(ids.size()))];
-        if (!m_scene.document.FindRecord(id)) return;
-        QVERIFY(Pick(3) == 0 ? m_scene.home.store->DeleteRecord(Kind(), id)
-                             : m_scene.home.store->ModifyRecord(*NewRecordOf(id), id, true, true));
-        QVERIFY(m_scene.document.RefreshRecords(Kind(), {id}));
+        if (!m_fixture.document.FindRecord(id)) return;
+        QVERIFY(Pick(3) == 0 ? m_fixture.home.store->DeleteRecord(Kind(), id)
+                             : m_fixture.home.store->ModifyRecord(*NewRecordOf(id), id, true, true));
+        QVERIFY(m_fixture.document.RefreshRecords(Kind(), {id}));
     }
     /// Any node, or the root.
     const CTreeNode& AnyNode() {
-        const CTreeNode* node = &m_scene.tree.Root();
+        const CTreeNode* node = &m_fixture.tree.Root();
         while (node->ChildCount() > 0 && Pick(3) != 0)
             node = node->Children()[static_cast<std::size_t>(Pick(node->ChildCount()))];
         return *node;
@@ -153,7 +155,7 @@ class Changer {
     /// Visible and of the mode; empty when there is none.
     QString AnyId() {
         QStringList visible;
-        m_scene.document.ForEachVisible([&visible](const CVORec& record) { visible << record.GetId(); });
+        m_fixture.document.ForEachVisible([&visible](const CVORec& record) { visible << record.GetId(); });
         visible.sort();
         return visible.isEmpty() ? QString() : visible[Pick(static_cast<int>(visible.size()))];
     }
@@ -176,26 +178,26 @@ class Changer {
 
     void AddRecord() {
         const bool isAnnounced = Pick(2) == 0;
-        m_ids[Place()] << m_scene.Add(*NewRecordOf({}), isAnnounced);
-        if (!isAnnounced) m_scene.document.FlushPending(Hint::Added);
+        m_ids[Place()] << m_fixture.Add(*NewRecordOf({}), isAnnounced);
+        if (!isAnnounced) m_fixture.document.FlushPending(Hint::Added);
     }
     void Modify(const QString& id) {
-        QVERIFY(m_scene.document.ModifyRecord(*NewRecordOf(id), id, true, true, true, true));
+        QVERIFY(m_fixture.document.ModifyRecord(*NewRecordOf(id), id, true, true, true, true));
     }
     /// As the command for marks: announced before by the command, flushed after it.
     void Mark(const QString& id) {
-        m_scene.document.NotifyViews(Hint::AboutToChange, {id});
-        QVERIFY(m_scene.document.ModifyRecord(*NewRecordOf(id), id, false, true, true, true));
-        m_scene.document.FlushPending(Hint::Changed);
+        m_fixture.document.NotifyViews(Hint::AboutToChange, {id});
+        QVERIFY(m_fixture.document.ModifyRecord(*NewRecordOf(id), id, false, true, true, true));
+        m_fixture.document.FlushPending(Hint::Changed);
     }
     void DeleteSelected(const QString& id) {
-        m_scene.document.NotifyViews(Hint::AboutToGo, {id});
-        QVERIFY(m_scene.document.DeleteRecord(Kind(), id, false));
-        m_scene.document.FlushPending(Hint::Deleted);
+        m_fixture.document.NotifyViews(Hint::AboutToGo, {id});
+        QVERIFY(m_fixture.document.DeleteRecord(Kind(), id, false));
+        m_fixture.document.FlushPending(Hint::Deleted);
     }
     void SwitchMode() {
         const bool toExpenses = theRecordMode == RecordMode::Time;
-        m_scene.document.SwitchMode(toExpenses ? RecordMode::Expense : RecordMode::Time);
+        m_fixture.document.SwitchMode(toExpenses ? RecordMode::Expense : RecordMode::Time);
     }
     /// None up to three of the columns that can be levels, in any order.
     void ShowColumns(ColumnHalf half) {
@@ -204,10 +206,10 @@ class Changer {
             if (HalfOf(level.column) == half) columns.push_back(level.column);
         std::shuffle(columns.begin(), columns.end(), m_random);
         columns.resize(static_cast<std::size_t>(Pick(4)));
-        m_scene.home.settings->TreeColumns().ShowExactly(half, columns);
+        m_fixture.home.settings->TreeColumns().ShowExactly(half, columns);
     }
     void ChangeFilter() {
-        CVelmarchDoc& document = m_scene.document;
+        CVelmarchDoc& document = m_fixture.document;
         document.Filter().Reset();
         document.FilterOfExpenses().Reset();
         const auto item = static_cast<std::size_t>(Pick(5));
@@ -227,14 +229,14 @@ class Changer {
             default:
                 break;
         }
-        m_scene.Rebuild();
+        m_fixture.Rebuild();
     }
     /// A timer starts or stops; a stop writes into the record.
     void ChangeTimer() {
         const QString id = AnyId();
         if (id.isEmpty() || theRecordMode != RecordMode::Time) return ChangeElsewhere();
         if (m_timers.HasTimer(id)) {
-            m_scene.home.clock.Advance(60);
+            m_fixture.home.clock.Advance(60);
             m_timers.FoldAndStore();
             QVERIFY(m_timers.StopRecordTimer(id));
         } else {
@@ -243,9 +245,9 @@ class Changer {
     }
 
     std::mt19937 m_random;
-    DataTreeScene m_scene{""};
-    ActiveTimerSet m_set{m_scene.home.clock};
-    CRecordTimers m_timers{m_set, m_scene.document, *m_scene.home.settings};
+    DataTreeFixture m_fixture{""};
+    ActiveTimerSet m_set{m_fixture.home.clock};
+    CRecordTimers m_timers{m_set, m_fixture.document, *m_fixture.home.settings};
     std::array<QStringList, 2> m_ids;  ///< of all that were added, by mode
 };
 
@@ -263,14 +265,14 @@ class TestCDataTreeChanges final : public QObject {
     void hintsKeepTheTreeRight() {
         QFETCH(unsigned, seed);
         Changer changer(seed);
-        DataTreeScene& scene = changer.Scene();
-        const Mirror mirror(scene.tree);
+        DataTreeFixture& fixture = changer.Fixture();
+        const Mirror mirror(fixture.tree);
         for (int change = 0; change < 200; ++change) {
             changer.Change();
-            QCOMPARE(scene.Tree(), scene.Rebuilt());
-            QCOMPARE(mirror.Words(), scene.Tree());
+            QCOMPARE(fixture.Tree(), fixture.Rebuilt());
+            QCOMPARE(mirror.Words(), fixture.Tree());
         }
-        scene.tree.SetWatcher(nullptr);
+        fixture.tree.SetWatcher(nullptr);
     }
 
     void aNodeAsTheFilter_data() { Seeds(); }
@@ -279,14 +281,14 @@ class TestCDataTreeChanges final : public QObject {
     void aNodeAsTheFilter() {
         QFETCH(unsigned, seed);
         Changer changer(seed);
-        DataTreeScene& scene = changer.Scene();
-        scene.home.settings->TreeColumns().ShowExactly(ColumnHalf::Time, {4, 13, 5});
-        scene.Rebuild();
+        DataTreeFixture& fixture = changer.Fixture();
+        fixture.home.settings->TreeColumns().ShowExactly(ColumnHalf::Time, {4, 13, 5});
+        fixture.Rebuild();
         for (int selection = 0; selection < 40; ++selection) {
-            Choose(scene, changer.AnyNode());
+            Choose(fixture, changer.AnyNode());
             for (int change = 0; change < 4; ++change) changer.ChangeRecord();
-            Choose(scene, scene.tree.Root());
-            QCOMPARE(scene.Tree(), scene.Rebuilt());
+            Choose(fixture, fixture.tree.Root());
+            QCOMPARE(fixture.Tree(), fixture.Rebuilt());
         }
     }
 
@@ -296,14 +298,14 @@ class TestCDataTreeChanges final : public QObject {
         for (unsigned seed = 1; seed <= 20; ++seed) QTest::addRow("seed %u", seed) << seed;
     }
     /// As the view does it when a node is selected.
-    static void Choose(DataTreeScene& scene, const CTreeNode& node) {
-        TimeFilter& filter = scene.document.Filter();
-        ApplyPath(scene.tree.StepsTo(node), filter);
+    static void Choose(DataTreeFixture& fixture, const CTreeNode& node) {
+        TimeFilter& filter = fixture.document.Filter();
+        ApplyPath(fixture.tree.StepsTo(node), filter);
         filter.matchWhole = filter.matchCase = true;
-        scene.document.BuildVisible();
-        scene.tree.KeepOverFilter();
+        fixture.document.BuildVisible();
+        fixture.tree.KeepOverFilter();
     }
 };
 
-QTEST_GUILESS_MAIN(TestCDataTreeChanges)
+TEST_CLASS(TestCDataTreeChanges);
 #include "TestCDataTreeChanges.moc"

@@ -1,5 +1,7 @@
 #include "viewmodel/tree/CTreeLeaves.h"
 
+#include "support/TestProgram.h"
+
 #include <QTest>
 #include <array>
 #include <map>
@@ -55,5 +57,5 @@ class TestCTreeLeaves final : public QObject {
     }
 };
 
-QTEST_APPLESS_MAIN(TestCTreeLeaves)
+TEST_CLASS(TestCTreeLeaves);
 #include "TestCTreeLeaves.moc"

@@ -6,8 +6,9 @@
 #include "records/CERecord.h"
 #include "records/CPRecord.h"
 #include "records/CTRecord.h"
-#include "viewmodel/tree/TreeTexts.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
+#include "viewmodel/tree/TreeTexts.h"
 
 #include <QTest>
 
@@ -136,7 +137,7 @@ void TestTreePath::periodStays() {
         ExpenseFilter expense;
         for (PeriodFilter* filter :
              {static_cast<PeriodFilter*>(&time), static_cast<PeriodFilter*>(&expense)}) {
-            QVERIFY(filter->SetSingleDate(u"11/18/2026"_s, home.document->PeriodNeeds()));
+            QVERIFY(filter->SetSingleDate(u"11/18/2026"_s, home.document->GetPeriodContext()));
             filter->matchCase = true;
         }
         const QString name = time.displayName;
@@ -285,10 +286,10 @@ void TestTreePath::aNodeShowsItsRecords() {
         ApplyPath({{4, ColumnText(chosen, 4, settings)}, {13, ColumnText(chosen, 13, settings)}}, filter);
         filter.matchWhole = filter.matchCase = true;
         for (const CTRecord& record : records)
-            QCOMPARE(filter.Matches(record, home.document->PeriodNeeds(), nullptr),
+            QCOMPARE(filter.Matches(record, home.document->GetPeriodContext(), nullptr),
                      record.item1 == chosen.item1 && record.isBillable == chosen.isBillable);
     }
 }
 
-QTEST_GUILESS_MAIN(TestTreePath)
+TEST_CLASS(TestTreePath);
 #include "TestTreePath.moc"

@@ -5,6 +5,7 @@
 #include "platform/host/CRegionalInfo.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -130,5 +131,5 @@ class TestTreeTexts final : public QObject {
     }
 };
 
-QTEST_APPLESS_MAIN(TestTreeTexts)
+TEST_CLASS(TestTreeTexts);
 #include "TestTreeTexts.moc"

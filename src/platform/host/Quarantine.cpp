@@ -1,4 +1,4 @@
-#include "platform/host/KeepAside.h"
+#include "platform/host/Quarantine.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -33,7 +33,7 @@ QString NameAside(const QString& path) {
 
 /// The file goes last: once it is gone another program may make a new one at once, and a journal that is
 /// there then belongs to that.
-QString KeepAside(const QString& path) {
+QString PutInQuarantine(const QString& path) {
     QString aside = NameAside(path);
     QStringList moved;
     for (const char* part : {"-journal", "-wal", "-shm", ""}) {

@@ -12,9 +12,9 @@ enum class TimerState : int {
 };
 
 /// What filters and rules of entry need of the timers, without knowing the timer set.
-class CTimerDesk {
+class CTimerService {
  public:
-    virtual ~CTimerDesk() = default;
+    virtual ~CTimerService() = default;
     [[nodiscard]] virtual TimerState StateOf(const QString& recordId) const = 0;
     /// Runs what the setting timerOnNewTimer says over all timers (0 nothing, 1 pause the running ones, 2
     /// stop all).

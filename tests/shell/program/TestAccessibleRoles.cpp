@@ -1,8 +1,9 @@
-#include "shell/look/AccessibleRoles.h"
+#include "shell/program/AccessibleRoles.h"
 
 #include "lang/LoadText.h"
 #include "shell/options/COptionsDialog.h"
 #include "support/TestHome.h"
+#include "support/TestProgram.h"
 
 #include <QAccessible>
 #include <QComboBox>
@@ -24,13 +25,13 @@ QAccessible::Role RoleOf(QWidget& widget) {
 }
 
 /// The options as a screen reader finds them.
-struct Scene {
+struct Fixture {
     TestHome home;
     COptionsDialog dialog{*home.settings};
     QTreeView& view = *dialog.findChild<QTreeView*>(u"optionsTree"_s);
     QAccessibleInterface* tree = QAccessible::queryAccessibleInterface(&view);
 
-    Scene() {
+    Fixture() {
         dialog.show();
         [&] { QVERIFY(QTest::qWaitForWindowActive(&dialog)); }();
     }
@@ -85,87 +86,87 @@ class TestAccessibleRoles final : public QObject {
     }
 
     void optionsAreWhatTheyLookLike() {
-        const Scene scene;
-        QCOMPARE(scene.tree->role(), QAccessible::Tree);
-        QVERIFY(scene.Cell(QAccessible::TreeItem, u"Confirmation dialogs"_s)->state().expanded);
-        QAccessibleInterface* box = scene.Cell(QAccessible::CheckBox, u"Delete"_s);
+        const Fixture fixture;
+        QCOMPARE(fixture.tree->role(), QAccessible::Tree);
+        QVERIFY(fixture.Cell(QAccessible::TreeItem, u"Confirmation dialogs"_s)->state().expanded);
+        QAccessibleInterface* box = fixture.Cell(QAccessible::CheckBox, u"Delete"_s);
         QVERIFY(box->state().checkable && box->state().checked && box->state().focusable);
-        const QAccessible::State other = scene.Cell(QAccessible::CheckBox, u"Add list item"_s)->state();
+        const QAccessible::State other = fixture.Cell(QAccessible::CheckBox, u"Add list item"_s)->state();
         QVERIFY(other.checkable && !other.checked);
-        QVERIFY(scene.Cell(QAccessible::RadioButton, u"Ask me"_s)->state().checked);
-        QVERIFY(!scene.Cell(QAccessible::RadioButton, u"Do nothing"_s)->state().checked);
+        QVERIFY(fixture.Cell(QAccessible::RadioButton, u"Ask me"_s)->state().checked);
+        QVERIFY(!fixture.Cell(QAccessible::RadioButton, u"Do nothing"_s)->state().checked);
         // A value says what it is the value of.
-        QVERIFY(scene.Cell(QAccessible::Cell, u"Amounts: 2 decimal places"_s));
-        QVERIFY(scene.Cell(QAccessible::Cell, u"Last end value: -1"_s));
+        QVERIFY(fixture.Cell(QAccessible::Cell, u"Amounts: 2 decimal places"_s));
+        QVERIFY(fixture.Cell(QAccessible::Cell, u"Last end value: -1"_s));
     }
 
     void everyCellHasAName() {
-        const Scene scene;
+        const Fixture fixture;
         int cells = 0;
-        for (int i = 0; i < scene.tree->childCount(); ++i) {
-            QAccessibleInterface* cell = scene.tree->child(i);
+        for (int i = 0; i < fixture.tree->childCount(); ++i) {
+            QAccessibleInterface* cell = fixture.tree->child(i);
             if (!cell) continue;
             ++cells;
             QVERIFY2(!cell->text(QAccessible::Name).isEmpty(), qPrintable(QString::number(i)));
-            QCOMPARE(scene.tree->indexOfChild(cell), i);
-            QCOMPARE(cell->parent(), scene.tree);
-            QCOMPARE(scene.tree->child(i), cell);
+            QCOMPARE(fixture.tree->indexOfChild(cell), i);
+            QCOMPARE(cell->parent(), fixture.tree);
+            QCOMPARE(fixture.tree->child(i), cell);
         }
         QCOMPARE(cells, 2 * 72);
     }
 
     void aCheckBoxIsToggledAndKept() {
-        const Scene scene;
-        QAccessibleInterface* box = scene.Cell(QAccessible::CheckBox, u"Delete"_s);
-        Scene::Do(box, QAccessibleActionInterface::toggleAction());
+        const Fixture fixture;
+        QAccessibleInterface* box = fixture.Cell(QAccessible::CheckBox, u"Delete"_s);
+        Fixture::Do(box, QAccessibleActionInterface::toggleAction());
         QVERIFY(!box->state().checked);
-        QVERIFY(scene.home.settings->confirmDelete);
-        scene.dialog.findChild<QPushButton*>(u"acceptButton"_s)->click();
-        QVERIFY(!scene.home.settings->confirmDelete);
+        QVERIFY(fixture.home.settings->confirmDelete);
+        fixture.dialog.findChild<QPushButton*>(u"acceptButton"_s)->click();
+        QVERIFY(!fixture.home.settings->confirmDelete);
     }
 
     void aRadioButtonIsPressed() {
-        const Scene scene;
-        QAccessibleInterface* button = scene.Cell(QAccessible::RadioButton, u"Do nothing"_s);
-        Scene::Do(button, QAccessibleActionInterface::pressAction());
+        const Fixture fixture;
+        QAccessibleInterface* button = fixture.Cell(QAccessible::RadioButton, u"Do nothing"_s);
+        Fixture::Do(button, QAccessibleActionInterface::pressAction());
         QVERIFY(button->state().checked);
-        QVERIFY(!scene.Cell(QAccessible::RadioButton, u"Ask me"_s)->state().checked);
+        QVERIFY(!fixture.Cell(QAccessible::RadioButton, u"Ask me"_s)->state().checked);
     }
 
     void aValueOpensItsEditor() {
-        const Scene scene;
-        Scene::Do(scene.Cell(QAccessible::Cell, u"Amounts: 2 decimal places"_s),
-                  QAccessibleActionInterface::pressAction());
-        auto* editor = scene.dialog.findChild<QComboBox*>(u"precisionAmount"_s);
+        const Fixture fixture;
+        Fixture::Do(fixture.Cell(QAccessible::Cell, u"Amounts: 2 decimal places"_s),
+                    QAccessibleActionInterface::pressAction());
+        auto* editor = fixture.dialog.findChild<QComboBox*>(u"precisionAmount"_s);
         QVERIFY(editor);
         QCOMPARE(editor->accessibleName(), u"Amounts"_s);
     }
 
     void aGroupCanOnlyHaveTheFocus() {
-        const Scene scene;
-        QAccessibleInterface* group = scene.Cell(QAccessible::TreeItem, u"Functionality"_s);
+        const Fixture fixture;
+        QAccessibleInterface* group = fixture.Cell(QAccessible::TreeItem, u"Functionality"_s);
         const QString focus = QAccessibleActionInterface::setFocusAction();
         QCOMPARE(group->actionInterface()->actionNames(), QStringList{focus});
-        Scene::Do(group, QAccessibleActionInterface::toggleAction());
-        Scene::Do(group, focus);
-        QVERIFY(scene.view.hasFocus());
+        Fixture::Do(group, QAccessibleActionInterface::toggleAction());
+        Fixture::Do(group, focus);
+        QVERIFY(fixture.view.hasFocus());
         QVERIFY(group->state().focused);
-        QCOMPARE(scene.tree->focusChild(), group);
-        QCOMPARE(scene.view.currentIndex().data().toString(), u"Functionality"_s);
+        QCOMPARE(fixture.tree->focusChild(), group);
+        QCOMPARE(fixture.view.currentIndex().data().toString(), u"Functionality"_s);
     }
 
     void aSearchLeavesWhatItFinds() {
-        const Scene scene;
-        QAccessibleInterface* gone = scene.Cell(QAccessible::CheckBox, u"Delete"_s);
-        auto* search = scene.dialog.findChild<QLineEdit*>(u"optionsSearch"_s);
+        const Fixture fixture;
+        QAccessibleInterface* gone = fixture.Cell(QAccessible::CheckBox, u"Delete"_s);
+        auto* search = fixture.dialog.findChild<QLineEdit*>(u"optionsSearch"_s);
         search->setText(u"round"_s);
         QVERIFY(!gone->isValid());
-        QVERIFY(!scene.Cell(QAccessible::CheckBox, u"Delete"_s));
-        QVERIFY(scene.Cell(QAccessible::TreeItem, u"Rounding"_s));
+        QVERIFY(!fixture.Cell(QAccessible::CheckBox, u"Delete"_s));
+        QVERIFY(fixture.Cell(QAccessible::TreeItem, u"Rounding"_s));
         search->setText(QString());
-        QVERIFY(scene.Cell(QAccessible::CheckBox, u"Delete"_s)->state().checked);
+        QVERIFY(fixture.Cell(QAccessible::CheckBox, u"Delete"_s)->state().checked);
     }
 };
 
-QTEST_MAIN(TestAccessibleRoles)
+TEST_CLASS(TestAccessibleRoles);
 #include "TestAccessibleRoles.moc"

@@ -4,6 +4,7 @@
 #include "entry/QuickEntry.h"
 #include "lang/LoadText.h"
 #include "shell/frame/CFrameCommands.h"
+#include "support/TestProgram.h"
 
 #include <QSet>
 #include <QTest>
@@ -364,5 +365,5 @@ class TestCommandTable final : public QObject {
     }
 };
 
-QTEST_GUILESS_MAIN(TestCommandTable)
+TEST_CLASS(TestCommandTable);
 #include "TestCommandTable.moc"

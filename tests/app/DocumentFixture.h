@@ -2,16 +2,17 @@
 
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
+#include "records/RecordFactory.h"
 #include "support/TestHome.h"
 
 #include <QTest>
 
 /// A home with its document in one of the modes, so that the tests of the document run in both: their
 /// records are of the mode's kind, in November 2026.
-struct DocumentScene {
-    explicit DocumentScene(RecordMode recordMode) : mode(recordMode) {}
+struct DocumentFixture {
+    explicit DocumentFixture(RecordMode recordMode) : mode(recordMode) {}
     /// A second program on the home of a first.
-    DocumentScene(RecordMode recordMode, const QString& folder) : home(folder), mode(recordMode) {}
+    DocumentFixture(RecordMode recordMode, const QString& folder) : home(folder), mode(recordMode) {}
 
     TestHome home;
     RecordModeScope mode;
@@ -47,7 +48,7 @@ struct DocumentScene {
     }
 
     void ShowOnlyDay(int day) {
-        document->CurrentFilter().SetSingleDate(DayText(day), document->PeriodNeeds());
+        document->CurrentFilter().SetSingleDate(DayText(day), document->GetPeriodContext());
         document->BuildVisible();
     }
     void Reload() {

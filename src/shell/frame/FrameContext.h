@@ -9,20 +9,20 @@
 class CActions;
 class CCfgStore;
 class CClock;
-class CFrameDoor;
+class CFrameControl;
 class CProgress;
 class CPrompt;
 class CPulldownCatalogue;
 class CRecordListModel;
 class CRecordListView;
 class CRecordTimers;
-class CTreeDoor;
+class CTreeControl;
 class CVelmarchDoc;
 class CVORec;
 
 /// What the commands of the window need. All must outlive them. What stands below the home may be missing:
 /// a command that would need it isn't offered.
-struct FrameAround {
+struct FrameContext {
     CVelmarchDoc& document;
     CRecordTimers& timers;
     CCfgStore& settings;
@@ -31,7 +31,7 @@ struct FrameAround {
     const CClock& clock;
     CRecordListModel& model;
     CRecordListView& view;
-    CFrameDoor& door;
+    CFrameControl& control;
     QString home;
 
     /// Lets the user edit a record of either kind; true when accepted. The record dialogs, or a test.
@@ -41,7 +41,7 @@ struct FrameAround {
     std::function<bool()> options = {};
     /// Shows the records of a mode.
     std::function<void(RecordMode mode)> switchMode = {};
-    CTreeDoor* tree = nullptr;
+    CTreeControl* tree = nullptr;
     /// Lets the user choose a stored default that fills the record; false: cancelled.
     std::function<bool(CVORec& record)> fillFromDefaults = {};
     /// The dialog of stored defaults.

@@ -1,4 +1,4 @@
-#include "shell/look/AccessibleRoles.h"
+#include "shell/program/AccessibleRoles.h"
 
 #include "shell/options/COptionsTree.h"
 #include "shell/options/COptionsTreeAccess.h"

@@ -1,7 +1,7 @@
-#include "cli/arguments/CCommandLine.h"
+#include "cli/commands/CCommandLine.h"
 
-#include "cli/commands/CommandTable.h"
 #include "cli/arguments/EnteredValues.h"
+#include "cli/commands/CommandTable.h"
 #include "lang/FormatText.h"
 
 #include <CLI/CLI.hpp>

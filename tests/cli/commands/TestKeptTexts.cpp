@@ -1,4 +1,6 @@
-#include "ConsoleHome.h"
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
 
 #include <QTest>
 
@@ -111,5 +113,5 @@ void TestKeptTexts::ARefusedRecordKeepsNothing() {
     QCOMPARE(Texts(u"16"_s), QString());
 }
 
-QTEST_GUILESS_MAIN(TestKeptTexts)
+TEST_CLASS(TestKeptTexts);
 #include "TestKeptTexts.moc"

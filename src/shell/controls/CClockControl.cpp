@@ -1,4 +1,4 @@
-#include "shell/record/CClockControl.h"
+#include "shell/controls/CClockControl.h"
 
 #include <QSignalBlocker>
 #include <cerrno>

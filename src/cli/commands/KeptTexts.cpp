@@ -1,10 +1,10 @@
-#include "cli/doctor/KeptTexts.h"
+#include "cli/commands/KeptTexts.h"
 
 #include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchDoc.h"
 #include "app/StoreChange.h"
 #include "cli/arguments/CArguments.h"
-#include "cli/commands/RecordDesk.h"
+#include "cli/home/RecordContext.h"
 #include "config/CCfgStore.h"
 #include "entry/CCatalogueKeeper.h"
 #include "entry/ExpenseEntryRules.h"
@@ -18,7 +18,8 @@ namespace {
 /// Loads a list only when something is to go into it: adding a record without new texts stays quick.
 class CLazyKeeper final : public CItemKeeper {
  public:
-    explicit CLazyKeeper(RecordDesk& desk) : m_store(desk.document.Store()), m_catalogue(desk.catalogue) {}
+    explicit CLazyKeeper(RecordContext& context)
+        : m_store(context.document.Store()), m_catalogue(context.catalogue) {}
 
     bool Keep(int list, const QString& text) override {
         if (text.isEmpty()) return false;
@@ -74,9 +75,9 @@ void Keep(const CERecord& record, const CArguments& arguments, const KeepInLists
 
 }  // namespace
 
-bool KeepTexts(const CVORec& record, const CArguments& arguments, RecordDesk& desk) {
-    CLazyKeeper keeper(desk);
-    const KeepInLists keep(desk.settings, keeper);
+bool KeepTexts(const CVORec& record, const CArguments& arguments, RecordContext& context) {
+    CLazyKeeper keeper(context);
+    const KeepInLists keep(context.settings, keeper);
     if (record.Kind() == RecordKind::Time)
         Keep(static_cast<const CTRecord&>(record), arguments, keep);
     else

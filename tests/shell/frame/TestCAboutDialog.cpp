@@ -1,6 +1,7 @@
-#include "shell/program/CAboutDialog.h"
+#include "shell/frame/CAboutDialog.h"
 
 #include "lang/LoadText.h"
+#include "support/TestProgram.h"
 
 #include <QLabel>
 #include <QTest>
@@ -43,5 +44,5 @@ class TestCAboutDialog final : public QObject {
     }
 };
 
-QTEST_MAIN(TestCAboutDialog)
+TEST_CLASS(TestCAboutDialog);
 #include "TestCAboutDialog.moc"

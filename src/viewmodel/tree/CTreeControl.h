@@ -3,9 +3,9 @@
 class CVORec;
 
 /// What commands ask of the data tree's pane.
-class CTreeDoor {
+class CTreeControl {
  public:
-    virtual ~CTreeDoor() = default;
+    virtual ~CTreeControl() = default;
     [[nodiscard]] virtual bool IsShown() const = 0;
     virtual void Show(bool isShown) = 0;
     /// Whether the tree stands above the list and not beside it.

@@ -3,9 +3,9 @@
 class CTreeNode;
 
 /// Whoever shows the data tree hears of each change to it, as item models announce theirs: before and after.
-class CTreeWatcher {
+class CTreeListener {
  public:
-    virtual ~CTreeWatcher() = default;
+    virtual ~CTreeListener() = default;
     /// Everything goes, and something else comes.
     virtual void BeforeReset() = 0;
     virtual void AfterReset() = 0;

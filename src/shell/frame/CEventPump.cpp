@@ -1,4 +1,4 @@
-#include "shell/program/CEventPump.h"
+#include "shell/frame/CEventPump.h"
 
 #include <QCoreApplication>
 

@@ -2,8 +2,8 @@
 
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
-#include "viewmodel/tree/CDataTree.h"
 #include "support/TestHome.h"
+#include "viewmodel/tree/CDataTree.h"
 
 #include <QTest>
 
@@ -19,7 +19,7 @@ inline QString Below(const CTreeNode& node) {
 }
 
 /// A document whose views are a tree: hints reach it while the document is as it is when they are sent.
-class DataTreeScene final : public CViewNotifier {
+class DataTreeFixture final : public CViewNotifier {
  public:
     TestHome home;
     CNoPump pump;
@@ -27,14 +27,14 @@ class DataTreeScene final : public CViewNotifier {
     CDataTree tree{document, *home.settings};
 
     /// The captions of the levels.
-    explicit DataTreeScene(const char* levels = "Client Project") {
+    explicit DataTreeFixture(const char* levels = "Client Project") {
         [&] { QVERIFY(document.BeginBatch()); }();
         SetLevels(ColumnHalf::Time, levels);
         Rebuild();
     }
-    ~DataTreeScene() override { document.Commit(); }
-    DataTreeScene(const DataTreeScene&) = delete;
-    DataTreeScene& operator=(const DataTreeScene&) = delete;
+    ~DataTreeFixture() override { document.Commit(); }
+    DataTreeFixture(const DataTreeFixture&) = delete;
+    DataTreeFixture& operator=(const DataTreeFixture&) = delete;
 
     void NotifyViews(Hint hint, const QStringList& ids) override { tree.OnHint(hint, ids); }
     void SetLevels(ColumnHalf half, const char* levels) {

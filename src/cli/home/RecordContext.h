@@ -8,7 +8,7 @@ class CVelmarchDoc;
 class CWindowLink;
 
 /// What a command about records works with.
-struct RecordDesk {
+struct RecordContext {
     CVelmarchDoc& document;
     const CCfgStore& settings;
     CTimerAccess& timers;

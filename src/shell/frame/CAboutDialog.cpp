@@ -1,4 +1,4 @@
-#include "shell/program/CAboutDialog.h"
+#include "shell/frame/CAboutDialog.h"
 
 #include "lang/FormatText.h"
 #include "shell/look/Glyphs.h"

@@ -1,7 +1,7 @@
-#include "cli/arguments/HelpText.h"
+#include "cli/commands/HelpText.h"
 
-#include "cli/output/COutput.h"
 #include "cli/commands/CommandTable.h"
+#include "cli/output/COutput.h"
 #include "lang/FormatText.h"
 
 #include <QString>

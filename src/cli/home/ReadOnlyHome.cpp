@@ -1,4 +1,4 @@
-#include "cli/home/ReadingRoom.h"
+#include "cli/home/ReadOnlyHome.h"
 
 #include "app/CVelmarchApp.h"
 #include "cli/output/CConsolePrompt.h"
@@ -7,26 +7,26 @@
 
 using namespace Qt::Literals::StringLiterals;
 
-void CListeningPrompt::Hear(const MessageBox& box) {
+void CRecordingPrompt::Hear(const MessageBox& box) {
     const QString words = WordsOf(box).simplified();
     if (!m_heard.contains(words)) m_heard.append(words);
 }
 
-Answer CListeningPrompt::Ask(const MessageBox& box) {
+Answer CRecordingPrompt::Ask(const MessageBox& box) {
     Hear(box);
     const bool isYesNo = box.buttons == Buttons::YesNo || box.buttons == Buttons::YesNoCancel;
     return isYesNo ? Answer::No : box.defaultAnswer;
 }
 
-void CListeningPrompt::Tell(const MessageBox& box) {
+void CRecordingPrompt::Tell(const MessageBox& box) {
     Hear(box);
 }
 
-QString CListeningPrompt::TakeHeard() {
+QString CRecordingPrompt::TakeHeard() {
     return std::exchange(m_heard, {}).join(u' ');
 }
 
-ReadingRoom::ReadingRoom(const CClock& clock, const QString& home, const QString& settingsPath)
+ReadOnlyHome::ReadOnlyHome(const CClock& clock, const QString& home, const QString& settingsPath)
     : profile(tree, LoadText(Text::ProfileKeyName)),
       areSettingsOpen(tree.Open(settingsPath.isEmpty() ? u":memory:"_s : settingsPath)),
       settings(tree, profile, prompt, TheRegion(), LoadText(Text::BaseKeyPath)),

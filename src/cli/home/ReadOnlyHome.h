@@ -4,8 +4,8 @@
 #include "app/PulldownLists.h"
 #include "config/CCfgStore.h"
 #include "platform/host/CMessagePump.h"
-#include "platform/settings/CProfile.h"
 #include "platform/host/CPrompt.h"
+#include "platform/settings/CProfile.h"
 #include "platform/settings/CSettingsTree.h"
 #include "records/CRecordStore.h"
 #include "timers/CRecordTimers.h"
@@ -13,7 +13,7 @@
 #include <QStringList>
 
 /// Keeps what would be told, and agrees to nothing.
-class CListeningPrompt final : public CPrompt {
+class CRecordingPrompt final : public CPrompt {
  public:
     Answer Ask(const MessageBox& box) override;
     void Tell(const MessageBox& box) override;
@@ -29,13 +29,13 @@ class CListeningPrompt final : public CPrompt {
 };
 
 /// Everything that reading the data of a home takes, without a way to make or change any of it.
-struct ReadingRoom {
+struct ReadOnlyHome {
     /// settingsPath: empty where the settings can't be read; the defaults serve then.
-    ReadingRoom(const CClock& clock, const QString& home, const QString& settingsPath);
+    ReadOnlyHome(const CClock& clock, const QString& home, const QString& settingsPath);
 
     CNoPump pump;
     CNoViews views;
-    CListeningPrompt prompt;
+    CRecordingPrompt prompt;
     CSettingsTree tree;
     CProfile profile;
     bool areSettingsOpen;

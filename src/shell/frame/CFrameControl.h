@@ -5,9 +5,9 @@
 class QWidget;
 
 /// What commands ask of the window itself.
-class CFrameDoor {
+class CFrameControl {
  public:
-    virtual ~CFrameDoor() = default;
+    virtual ~CFrameControl() = default;
     [[nodiscard]] virtual QWidget& Window() = 0;
     virtual void ToggleBar1() = 0;
     virtual void ToggleBar2() = 0;

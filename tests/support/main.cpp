@@ -1,0 +1,9 @@
+// Compiled into each program of tests. A program with widgets defines TEST_APPLICATION as QApplication.
+#include "support/TestProgram.h"
+
+#include TEST_APPLICATION_HEADER
+
+int main(int argc, char** argv) {
+    const TEST_APPLICATION application(argc, argv);
+    return TestProgram::Run(argc, argv);
+}
