@@ -1,4 +1,5 @@
 #include "cli/commands/RecordCommands.h"
+#include "cli/home/CTimerAccess.h"
 
 #include "app/CVelmarchDoc.h"
 #include "app/StoreChange.h"
@@ -65,7 +66,7 @@ ExitCode EditRecord(RecordKind kind, const CArguments& arguments, Console& conso
     const std::unique_ptr<CVORec> record = stored->Clone();
     Settings noted = context.settings;
     const FieldProblem problem = EnterFields(
-        *record, arguments, {noted, context.settings.Region(), console.clock, &context.timers.Service()});
+        *record, arguments, {noted, context.settings.Region(), console.clock, &context.timers.Timers()});
     if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
     const QString id = record->GetId();
     if (!context.document.ModifyRecord(*record, id, true, false, true, true) || !IsWritten(context))

@@ -4,6 +4,7 @@
 #include "cli/arguments/FilterArguments.h"
 #include "cli/commands/RecordCommands.h"
 #include "cli/commands/RecordSteps.h"
+#include "cli/home/CTimerAccess.h"
 #include "cli/home/RecordContext.h"
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
@@ -138,7 +139,7 @@ ExitCode ListRecords(RecordKind kind, const CArguments& arguments, Console& cons
     if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
 
     context.timers.Look();
-    context.document.SetTimers(&context.timers.Service());
+    context.document.SetTimers(&context.timers.Timers());
     const PeriodFilter& filter = context.document.FilterOf(kind);
     LoadPeriod(kind, filter, context.document);
     if (context.document.Store().m_lastError != 0) return ExitCode::Failed;

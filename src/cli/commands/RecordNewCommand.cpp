@@ -103,14 +103,13 @@ ExitCode Resolve(QuickRequest& request, Console& console, RecordContext& context
 
 /// Makes the record with the timers at hand; the new identity, empty when it failed.
 QString Make(int flags, const QuickRequest& request, Console& console, RecordContext& context) {
-    QuickEntryContext context{
-        context.document, context.timers.Service(), context.settings, console.clock, {}, {},
-        request.followed};
-    if ((flags & QuickFlag::kCopy) != 0) context.selectedIds = {request.copied};
-    context.fillFromDefaults = [&](CVORec& record) {
+    QuickEntryContext entry{
+        context.document, context.timers.Timers(), context.settings, console.clock, {}, {}, request.followed};
+    if ((flags & QuickFlag::kCopy) != 0) entry.selectedIds = {request.copied};
+    entry.fillFromDefaults = [&](CVORec& record) {
         return context.owner.Defaults(theRecordMode).Read(request.stored, record);
     };
-    const QuickOutcome outcome = NewRecordOf(request.kind, flags, context);
+    const QuickOutcome outcome = NewRecordOf(request.kind, flags, entry);
     const bool isWritten = context.document.Store().m_lastError == 0;
     return outcome.succeeded && isWritten ? outcome.addedId : QString();
 }

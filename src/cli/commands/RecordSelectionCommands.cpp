@@ -77,7 +77,7 @@ bool DeleteWithTimers(RecordContext& context, const QStringList& ids, const QStr
     for (const QString& id : timed) dropped.push_back(*context.timers.Find(id));
     const auto changed = context.timers.ChangeHere([&] {
         if (!DeleteAll(RecordKind::Time, context, ids)) return false;
-        for (const QString& id : timed) context.timers.Service().Drop(id);
+        for (const QString& id : timed) context.timers.Timers().Drop(id);
         return true;
     });
     if (changed == CTimerAccess::Changed::Done && context.document.Commit()) return true;
@@ -102,7 +102,7 @@ QStringList Timed(RecordKind kind, RecordContext& context, const QStringList& id
     if (kind != RecordKind::Time) return timed;
     context.timers.Read();
     for (const QString& id : ids)
-        if (context.timers.Service().HasTimer(id)) timed.append(id);
+        if (context.timers.Timers().HasTimer(id)) timed.append(id);
     return timed;
 }
 

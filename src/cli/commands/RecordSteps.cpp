@@ -1,4 +1,5 @@
 #include "cli/commands/RecordSteps.h"
+#include "cli/home/CTimerAccess.h"
 
 #include "app/CVelmarchDoc.h"
 #include "app/RecordMode.h"

@@ -25,7 +25,7 @@ class CTimerAccess {
     /// Reads them and brings the counts up to now: folds and stores the fold, or lets the window do it.
     void Look();
 
-    [[nodiscard]] CTimerService& Service() { return m_timers; }
+    [[nodiscard]] CTimerService& Timers() { return m_timers; }
     [[nodiscard]] std::optional<TimerShown> Shown(const QString& recordId) const;
 
     /// Carries out a timer command where the timers are owned; its answer as RunTimerCommand gives it, "exit"
