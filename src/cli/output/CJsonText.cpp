@@ -1,32 +1,49 @@
 #include "cli/output/CJsonText.h"
 
 #include "cli/output/COutput.h"
+#include "cli/output/UnseenCharacters.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
-QByteArray Quoted(const QString& value) {
-    static constexpr char kDigits[] = "0123456789abcdef";
-    const QByteArray utf8 = value.toUtf8();
-    QByteArray quoted;
-    quoted.reserve(utf8.size() + 2);
-    quoted += '"';
-    for (const char c : utf8) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (c == '"' || c == '\\') {
-            quoted += '\\';
-            quoted += c;
-        } else if (c == '\n') {
-            quoted += "\\n";
-        } else if (byte < 0x20 || byte == 0x7F) {
-            quoted += "\\u00";
-            quoted += kDigits[byte >> 4];
-            quoted += kDigits[byte & 15];
-        } else {
-            quoted += c;
-        }
+constexpr char kDigits[] = "0123456789abcdef";
+
+void AppendUnit(QByteArray& quoted, char16_t unit) {
+    quoted += "\\u";
+    for (int shift = 12; shift >= 0; shift -= 4) quoted += kDigits[(unit >> shift) & 15];
+}
+
+/// What can't be seen is escaped, so that a page or a terminal shows the text and doesn't obey it.
+void AppendEscaped(QByteArray& quoted, char32_t character) {
+    if (character == U'\n') {
+        quoted += "\\n";
+    } else if (QChar::requiresSurrogates(character)) {
+        AppendUnit(quoted, QChar::highSurrogate(character));
+        AppendUnit(quoted, QChar::lowSurrogate(character));
+    } else {
+        AppendUnit(quoted, static_cast<char16_t>(character));
     }
+}
+
+void AppendCharacter(QByteArray& quoted, char32_t character) {
+    if (character == U'"' || character == U'\\') quoted += '\\';
+    if (IsUnseen(character))
+        AppendEscaped(quoted, character);
+    else
+        quoted += QString::fromUcs4(&character, 1).toUtf8();
+}
+
+QByteArray Quoted(const QString& value) {
+    QByteArray quoted;
+    quoted.reserve(value.size() + 2);
+    quoted += '"';
+    const auto isPlain = [](QChar c) { return c >= u' ' && c < u'\u007F' && c != u'"' && c != u'\\'; };
+    if (std::all_of(value.begin(), value.end(), isPlain))
+        quoted += value.toLatin1();
+    else
+        for (const char32_t character : value.toUcs4()) AppendCharacter(quoted, character);
     quoted += '"';
     return quoted;
 }

@@ -1,9 +1,9 @@
 #include "cli/output/COutput.h"
 
+#include "cli/output/UnseenCharacters.h"
 #include "lang/FormatText.h"
 
 #include <unistd.h>
-#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -24,21 +24,7 @@ int WriteAll(int descriptor, QByteArrayView bytes) {
     return 0;
 }
 
-/// Controls of the terminal (C0, C1), and those that turn the direction of what follows.
-bool IsControl(QChar c) {
-    return c < u' ' || (c >= u'\u007F' && c <= u'\u009F') || (c >= u'\u202A' && c <= u'\u202E') ||
-           (c >= u'\u2066' && c <= u'\u2069');
-}
-
 }  // namespace
-
-QString WithoutControls(const QString& text, bool keepLineFeeds) {
-    const auto isUnwanted = [=](QChar c) { return IsControl(c) && !(keepLineFeeds && c == u'\n'); };
-    if (std::none_of(text.begin(), text.end(), isUnwanted)) return text;
-    QString clean = text;
-    std::replace_if(clean.begin(), clean.end(), isUnwanted, QChar(u' '));
-    return clean;
-}
 
 COutput::COutput(int results, int notes) : m_results(results), m_notes(notes) {}
 
@@ -49,7 +35,7 @@ void COutput::Put(QByteArrayView utf8) {
 }
 
 void COutput::PutLine(const QString& line) {
-    Put(WithoutControls(line, false).toUtf8());
+    Put(WithMarks(line, false).toUtf8());
     Put("\n");
 }
 
@@ -69,7 +55,7 @@ bool COutput::Finish() {
 
 void COutput::NoteBare(const QString& text) {
     // When even this can't be written there is nobody left to tell.
-    (void)WriteAll(m_notes, WithoutControls(text, true).toUtf8());
+    (void)WriteAll(m_notes, WithMarks(text, true).toUtf8());
 }
 
 void COutput::Progress(const QString& text) {

@@ -37,6 +37,3 @@ class COutput {
     bool m_told = false;
     QByteArray m_gathered;
 };
-
-/// The text with blanks in place of control characters; line feeds stay where the text has lines.
-[[nodiscard]] QString WithoutControls(const QString& text, bool keepLineFeeds);

@@ -65,6 +65,9 @@ void TestCJsonText::Text_data() {
     QTest::newRow("controls") << u"\x01\x1b[31m\x7f"_s;
     QTest::newRow("umlauts and emoji") << u"äöü ß 日本 😀"_s;
     QTest::newRow("a line separator") << QString(QChar(0x2028));
+    QTest::newRow("a C1 control, a terminal's short form of escape [") << u"a\u009B31m"_s;
+    QTest::newRow("marks of direction") << u"\u202Egpj.exe\u2066\u200F"_s;
+    QTest::newRow("an invisible character above the first plane") << u"a\U000E0041b"_s;
     QTest::newRow("nothing") << u""_s;
 }
 
@@ -77,7 +80,8 @@ void TestCJsonText::Text() {
         json.EndObject();
     });
     QCOMPARE(QJsonDocument::fromJson(written).object()[u"text"].toString(), text);
-    for (const char c : written) QVERIFY2(static_cast<unsigned char>(c) >= 0x20, "a bare control character");
+    for (const char32_t c : QString::fromUtf8(written).toUcs4())
+        QVERIFY2(QChar::isPrint(c), "a character that can't be seen");
 }
 
 void TestCJsonText::KeepsTheOrderOfItsFields() {
