@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include "platform/host/CClock.h"
+#include "platform/host/CLockWait.h"
 
 namespace {
 
@@ -48,12 +49,17 @@ QString PutInQuarantine(const QString& path) {
     return aside;
 }
 
-FolderLock::FolderLock(const QString& path)
+FolderLock::FolderLock(const QString& path, std::chrono::seconds limit)
     : m_handle(::open(QFile::encodeName(QFileInfo(path).absolutePath()).constData(),
                       O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
     if (m_handle < 0) return;
-    while (::flock(m_handle, LOCK_EX) != 0 && errno == EINTR) {
+    CLockWait wait(limit);
+    for (int count = 0; ::flock(m_handle, LOCK_EX | LOCK_NB) != 0; ++count) {
+        if (errno == EINTR) continue;
+        m_isHeld = errno != EWOULDBLOCK;
+        if (m_isHeld || CLockWait::Handle(&wait, count) == 0) return;
     }
+    m_isHeld = true;
 }
 
 FolderLock::~FolderLock() {

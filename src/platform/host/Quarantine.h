@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <chrono>
 
 /// Gives a database file that can't be read another name in its folder, "NAME.unreadable-20261119-090000",
 /// together with its journal, which would otherwise be taken for the journal of the file that comes next.
@@ -11,12 +12,18 @@
 /// the scope.
 class FolderLock {
  public:
-    /// path: the file in the folder.
-    explicit FolderLock(const QString& path);
+    /// path: the file in the folder. Any program that may read the folder can hold its lock, so it is waited
+    /// for no longer than for a lock of the database.
+    FolderLock(const QString& path, std::chrono::seconds limit);
     ~FolderLock();
     FolderLock(const FolderLock&) = delete;
     FolderLock& operator=(const FolderLock&) = delete;
 
+    /// False when it could not be had in time. Where the file system has no such locks the files' own have to
+    /// do: true.
+    [[nodiscard]] bool IsHeld() const { return m_isHeld; }
+
  private:
     int m_handle;
+    bool m_isHeld = true;
 };

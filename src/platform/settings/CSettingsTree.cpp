@@ -73,7 +73,7 @@ bool CSettingsTree::Open(const QString& path, int busySeconds) {
     m_keptAside.clear();
     m_reason.clear();
     OpenOutcome outcome = OpenFile(path, busySeconds);
-    if (IsUnreadable(outcome) || MayPass(outcome)) outcome = OpenInTurn(path, busySeconds);
+    if (IsUnreadable(outcome) || MayPass(outcome)) outcome = OpenInTurn(path, busySeconds, outcome);
     // If there is no file the program goes on with defaults; what it writes is forgotten at its end.
     const bool isUsable = IsUsable(outcome);
     const QString reason = m_reason;
@@ -103,9 +103,11 @@ bool CSettingsTree::MayPass(OpenOutcome outcome) const {
 }
 
 /// Several programs may find the same bad file at once: each looks again when it is its turn, so that nobody
-/// moves a fresh file away.
-OpenOutcome CSettingsTree::OpenInTurn(const QString& path, int busySeconds) {
-    const FolderLock turn(path);
+/// moves a fresh file away. before: what the first look came to.
+OpenOutcome CSettingsTree::OpenInTurn(const QString& path, int busySeconds, OpenOutcome before) {
+    const FolderLock turn(path, std::chrono::seconds(busySeconds));
+    // Nothing is moved out of turn. Why the file was no use stands in m_reason already.
+    if (!turn.IsHeld()) return IsUsable(before) ? before : OpenOutcome::Locked;
     m_reason.clear();
     const OpenOutcome outcome = OpenFile(path, busySeconds);
     if (!IsUnreadable(outcome)) return outcome;

@@ -84,7 +84,7 @@ class CSettingsTree {
  private:
     [[nodiscard]] OpenOutcome OpenFile(const QString& path, int busySeconds);
     [[nodiscard]] bool MayPass(OpenOutcome outcome) const;
-    [[nodiscard]] OpenOutcome OpenInTurn(const QString& path, int busySeconds);
+    [[nodiscard]] OpenOutcome OpenInTurn(const QString& path, int busySeconds, OpenOutcome before);
     [[nodiscard]] OpenOutcome MakeTables(OpenOutcome opened);
     [[nodiscard]] bool Exists(const CSettingsKey& key);
     [[nodiscard]] sqlite3_stmt* Statement(const QByteArray& sql, const CSettingsKey& key,

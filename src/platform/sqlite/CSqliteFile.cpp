@@ -13,7 +13,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "platform/sqlite/CLockWait.h"
+#include "platform/host/CLockWait.h"
 #include "platform/sqlite/CStatementCache.h"
 #include "platform/sqlite/SqliteErrors.h"
 

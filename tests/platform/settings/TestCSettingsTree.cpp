@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <vector>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -80,6 +82,7 @@ class TestCSettingsTree : public QObject {
     void unreadableIsKeptAside_data();
     void unreadableIsKeptAside();
     void unreadableFoundByManyAtOnce();
+    void unreadableWhileSomebodyLocksTheFolder();
     void twoUnreadableInOneSecond();
     void worksFromMemory_data();
     void worksFromMemory();
@@ -368,6 +371,26 @@ void TestCSettingsTree::unreadableFoundByManyAtOnce() {
     CSettingsTree tree;
     QVERIFY(tree.Open(Path()));
     QCOMPARE(tree.ReadValues(tree.Root())->size(), std::size_t{kPrograms});
+}
+
+/// Who may read the folder can lock it for good: a start doesn't wait for that without end.
+void TestCSettingsTree::unreadableWhileSomebodyLocksTheFolder() {
+    const QByteArray bytes = QByteArray("not a database\n").repeated(1000);
+    WriteBytes(Path(), bytes);
+    const int folder = ::open(QFile::encodeName(m_folder->path()).constData(), O_RDONLY | O_DIRECTORY);
+    QVERIFY(folder >= 0 && ::flock(folder, LOCK_EX) == 0);
+    {
+        CSettingsTree tree;
+        QVERIFY(!tree.Open(Path(), 1));
+        QVERIFY(!tree.Error().isEmpty());
+        QVERIFY(tree.WriteValue(tree.Root(), u"v"_qs, 1));  // in memory
+    }
+    QCOMPARE(ReadBytes(Path()), bytes);
+    QCOMPARE(Aside(), QStringList());
+    ::close(folder);
+    CSettingsTree tree;
+    QVERIFY(tree.Open(Path(), 1));
+    QCOMPARE(Aside().size(), 1);
 }
 
 void TestCSettingsTree::twoUnreadableInOneSecond() {

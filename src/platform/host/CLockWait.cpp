@@ -1,4 +1,4 @@
-#include "platform/sqlite/CLockWait.h"
+#include "platform/host/CLockWait.h"
 
 #include <algorithm>
 #include <thread>
