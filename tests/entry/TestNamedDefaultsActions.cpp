@@ -173,8 +173,8 @@ void TestNamedDefaultsActions::NewCancelledName() {
 void TestNamedDefaultsActions::NewWithoutAName() {
     Fixture fixture;
     fixture.typed = {QString(), QString(), u"three"_s};
-    fixture.home.prompt.Expect(Text::AskNameAgain, Answer::Ok);
-    fixture.home.prompt.Expect(Text::AskNameAgain, Answer::Ok);
+    fixture.home.prompt.Expect(Text::AskNameAgain, Answer::Ok, Text::DefaultsName);
+    fixture.home.prompt.Expect(Text::AskNameAgain, Answer::Ok, Text::DefaultsName);
     QCOMPARE(fixture.Actions().New(), Typed(u"three"_s));
     QCOMPARE(fixture.edited, 1);
 }
@@ -182,7 +182,7 @@ void TestNamedDefaultsActions::NewWithoutAName() {
 void TestNamedDefaultsActions::NewWithoutANameCancelled() {
     Fixture fixture;
     fixture.typed = {QString()};
-    fixture.home.prompt.Expect(Text::AskNameAgain, Answer::Cancel);
+    fixture.home.prompt.Expect(Text::AskNameAgain, Answer::Cancel, Text::DefaultsName);
     QCOMPARE(fixture.Actions().New(), Typed());
     QCOMPARE(fixture.Names(), QStringList({u"one"_s, u"two"_s}));
 }
@@ -266,7 +266,7 @@ void TestNamedDefaultsActions::EditReserved() {
 void TestNamedDefaultsActions::EditDamaged() {
     Fixture fixture;
     QVERIFY(fixture.home.settings->WriteEntry(u"TimeDefaults"_s, u"damaged"_s, QByteArray("?")));
-    fixture.home.prompt.ExpectTold(Text::DefaultDamaged);
+    fixture.home.prompt.ExpectTold(Text::DefaultDamaged, Text::EditDefaultTitle);
     QVERIFY(!fixture.Actions().Edit(u"damaged"_s));
     QCOMPARE(fixture.edited, 0);
 }
@@ -334,7 +334,8 @@ void TestNamedDefaultsActions::Rename() {
     for (const QString& name : typed.split(u'|')) fixture.typed.emplace_back(name);
     for (const QString& box : boxes.split(u' ', Qt::SkipEmptyParts)) {
         const Answer answer = box.endsWith(u"ok") ? Answer::Ok : Answer::Cancel;
-        if (box.startsWith(u"empty")) fixture.home.prompt.Expect(Text::AskNameAgain, answer);
+        if (box.startsWith(u"empty"))
+            fixture.home.prompt.Expect(Text::AskNameAgain, answer, Text::RenameDefaultTitle);
         if (box.startsWith(u"taken")) fixture.home.prompt.Expect(Text::AskOtherName, answer);
         if (box == u"reserved") fixture.home.prompt.ExpectTold(Text::RenameRefused);
     }

@@ -1,6 +1,7 @@
 #include "support/CScriptedPrompt.h"
 
 #include "lang/LoadText.h"
+#include "support/BoxTable.h"
 
 #include <QTest>
 
@@ -32,18 +33,50 @@ bool Offers(Buttons buttons, Answer answer) {
     return false;
 }
 
+/// What is wrong with a box, empty for nothing.
+QStringList Faults(const MessageBox& box, const BoxRow& row) {
+    QStringList faults;
+    if (box.title != LoadText(row.title))
+        faults.append(QStringLiteral("title \"%1\", not \"%2\"").arg(box.title, LoadText(row.title)));
+    // Up to the first place of a format, the text shown is the text of the number.
+    if (!box.text.startsWith(LoadText(row.text).section(u'%', 0, 0)) || box.text.isEmpty())
+        faults.append(QStringLiteral("text \"%1\"").arg(box.text));
+    if (box.icon != row.icon) faults.append(QStringLiteral("another icon"));
+    if (box.buttons != row.buttons) faults.append(QStringLiteral("other buttons"));
+    if (box.defaultAnswer != row.defaultAnswer) faults.append(QStringLiteral("another default answer"));
+    if (box.actionLabel != (row.action ? LoadText(*row.action) : QString()))
+        faults.append(QStringLiteral("verb \"%1\"").arg(box.actionLabel));
+    return faults;
+}
+
+/// What is wrong with a box that was expected under a title; none is needed for a text that has only one.
+QStringList Faults(const MessageBox& box, std::optional<Text> title) {
+    const std::span<const BoxRow> rows = BoxesOf(box.textId);
+    if (rows.empty()) return {QStringLiteral("no row in BoxTable")};
+    if (rows.size() > 1 && !title) return {QStringLiteral("several titles, and none was expected")};
+    for (const BoxRow& row : rows)
+        if (!title || row.title == *title) return Faults(box, row);
+    return {QStringLiteral("no row with the expected title in BoxTable")};
+}
+
+void CheckLook(const MessageBox& box, std::optional<Text> title) {
+    const QStringList faults = Faults(box, title);
+    if (!faults.isEmpty())
+        FailTest(Called(box.textId) + QStringLiteral(": ") + faults.join(QStringLiteral(", ")));
+}
+
 }  // namespace
 
 CScriptedPrompt::~CScriptedPrompt() {
     Finish();
 }
 
-void CScriptedPrompt::Expect(Text question, Answer answer) {
-    m_expected.push_back({static_cast<int>(question), true, answer});
+void CScriptedPrompt::Expect(Text question, Answer answer, std::optional<Text> title) {
+    m_expected.push_back({static_cast<int>(question), true, answer, title});
 }
 
-void CScriptedPrompt::ExpectTold(Text message) {
-    m_expected.push_back({static_cast<int>(message), false, Answer::Ok});
+void CScriptedPrompt::ExpectTold(Text message, std::optional<Text> title) {
+    m_expected.push_back({static_cast<int>(message), false, Answer::Ok, title});
 }
 
 void CScriptedPrompt::ExpectFile(const std::optional<QString>& chosen) {
@@ -87,8 +120,9 @@ Answer CScriptedPrompt::Meet(const MessageBox& box, bool isQuestion) {
                           Called(box.textId), box.text));
         return box.defaultAnswer;
     }
-    const Answer answer = m_expected.front().answer;
+    const auto [textId, isAsked, answer, title] = m_expected.front();
     m_expected.pop_front();
+    CheckLook(box, title);
     if (isQuestion && !(Offers(box.buttons, answer) && Offers(box.buttons, box.defaultAnswer)))
         FailTest(QStringLiteral("no button for the scripted or the default answer: ") + Called(box.textId));
     return answer;

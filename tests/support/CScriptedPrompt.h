@@ -9,12 +9,14 @@
 
 /// A script of expected messages and questions, in the order in which they come. One that wasn't expected, or
 /// an expected one that never came, fails the test; an unexpected question is answered by its default. An
-/// answer that the question has no button for fails the test, too.
+/// answer that the question has no button for fails the test, and so does a box whose title, icon, buttons,
+/// default answer or verb isn't what BoxTable states.
 class CScriptedPrompt final : public CPrompt {
  public:
     ~CScriptedPrompt() override;
-    void Expect(Text question, Answer answer);
-    void ExpectTold(Text message);
+    /// The title has to be given for a text that comes under several.
+    void Expect(Text question, Answer answer, std::optional<Text> title = {});
+    void ExpectTold(Text message, std::optional<Text> title = {});
     /// The next choice of a file ends with this one; nothing: it is called off.
     void ExpectFile(const std::optional<QString>& chosen);
     /// Fails the test when something expected hasn't come.
@@ -31,6 +33,7 @@ class CScriptedPrompt final : public CPrompt {
         int textId;
         bool isQuestion;
         Answer answer;
+        std::optional<Text> title;
     };
     Answer Meet(const MessageBox& box, bool isQuestion);
     std::deque<Expected> m_expected;

@@ -176,7 +176,7 @@ class TestCDefaultsDialog : public QObject {
         QVERIFY(t.home.settings->WriteEntry(LoadText(Text::KeyTimeDefaults), S("Broken"), QByteArray("x")));
         t.working.item1 = S("mine");
         t.Open(true);
-        t.home.prompt.ExpectTold(Text::DefaultDamaged);
+        t.home.prompt.ExpectTold(Text::DefaultDamaged, Text::DefaultsTitleTime);
         t.Press("acceptButton");
         t.home.prompt.Finish();
         QVERIFY(t.home.prompt.told.back().contains(S("Broken")));
@@ -264,7 +264,7 @@ class TestCDefaultsDialog : public QObject {
     void AnEmptyNameIsAskedForAgain() {
         DefaultsHome t;
         t.Open();
-        t.home.prompt.Expect(Text::AskNameAgain, Answer::Ok);
+        t.home.prompt.Expect(Text::AskNameAgain, Answer::Ok, Text::DefaultsName);
         t.PressAndDo("newButton", {[](const DialogUser& record) { record.Press("acceptButton"); },
                                    DefaultsHome::Name({}), DefaultsHome::Name(S("Acme"))});
         t.home.prompt.Finish();

@@ -1,0 +1,117 @@
+#include "support/BoxTable.h"
+
+#include <algorithm>
+
+namespace {
+
+/// A question whose harmless answer is No.
+constexpr BoxRow YesOrNo(Text text, Text title, std::optional<Text> action = {},
+                         BoxIcon icon = BoxIcon::Warning) {
+    return {.text = text,
+            .title = title,
+            .icon = icon,
+            .buttons = Buttons::YesNo,
+            .defaultAnswer = Answer::No,
+            .action = action};
+}
+
+/// A question whether another name is typed; going on loses nothing.
+constexpr BoxRow NameAgain(Text text, Text title) {
+    return {.text = text, .title = title, .icon = BoxIcon::Question, .buttons = Buttons::OkCancel};
+}
+
+/// A failure of the store.
+constexpr BoxRow OfStore(Text text) {
+    return {.text = text, .title = Text::StoreFailureTitle, .icon = BoxIcon::Stop};
+}
+
+constexpr BoxRow kBoxes[] = {
+    OfStore(Text::QueryFailed),
+    OfStore(Text::NextRecordFailed),
+    OfStore(Text::ReadQueryFailed),
+    OfStore(Text::ReadFailed),
+    OfStore(Text::SeekFailed),
+    OfStore(Text::ModifyFailed),
+    OfStore(Text::ModifyCommitFailed),
+    OfStore(Text::InsertQueryFailed),
+    OfStore(Text::InsertFailed),
+    OfStore(Text::InsertCommitFailed),
+    OfStore(Text::DeleteFailed),
+    OfStore(Text::CommitFailed),
+
+    {.text = Text::BaseKeyFailed, .title = Text::WriteSettingTitle},
+    {.text = Text::ListColumnsBlobFailed, .title = Text::WriteSettingTitle},
+    {.text = Text::TreeColumnsBlobFailed, .title = Text::WriteSettingTitle},
+    {.text = Text::TreeColumnsReadFailed, .title = Text::ColumnsTitle},
+    {.text = Text::TreeColumnsBlobBad, .title = Text::ColumnsTitle},
+    {.text = Text::ValueRefusedEmpty, .title = Text::WriteSettingTitle},
+    {.text = Text::ValueRefusedLarge, .title = Text::WriteSettingTitle},
+    {.text = Text::ValueWriteFailed, .title = Text::WriteSettingTitle},
+    {.text = Text::ValueSizeUnknown, .title = Text::ReadSettingTitle},
+    {.text = Text::ValueEmpty, .title = Text::ReadSettingTitle},
+    {.text = Text::ValueReadFailed, .title = Text::WriteSettingTitle},
+
+    YesOrNo(Text::AskAddItem, Text::AskAddItemTitle, Text::AskAddItemTitle, BoxIcon::Question),
+    YesOrNo(Text::AskResetTree, Text::AskResetTreeTitle),
+    {.text = Text::ItemWithoutList, .title = Text::ListsTitle},
+    {.text = Text::StoredItemWithoutList, .title = Text::ListsTitle},
+    {.text = Text::ItemNotRenamed, .title = Text::ListsTitle},
+    {.text = Text::ItemNotDeleted, .title = Text::ListsTitle},
+    {.text = Text::DependenciesNotSaved, .title = Text::ListsTitle},
+    {.text = Text::DependenciesNotUpdated, .title = Text::ListsTitle},
+
+    {.text = Text::HomeIsNoFolder, .title = Text::HomeTitle},
+    {.text = Text::HomeCantBeMade, .title = Text::HomeTitle},
+    {.text = Text::NotInstalledHere, .title = Text::ProgramTitle},
+    {.text = Text::SettingsInMemory, .title = Text::SettingsTitle},
+    {.text = Text::SettingsKeptAside, .title = Text::SettingsTitle},
+    {.text = Text::SettingsMissing, .title = Text::SettingsTitle},
+    {.text = Text::StoreCantOpen, .title = Text::StoreProblemTitle},
+    YesOrNo(Text::StoreMissing, Text::StoreProblemTitle, Text::StartWithoutRecords),
+    {.text = Text::StartCheckFound, .title = Text::ProgramTitle},
+
+    YesOrNo(Text::AskDeleteRecords, Text::AskDeleteTitle, Text::AskDeleteTitle),
+    YesOrNo(Text::AskCopyRecords, Text::AskCopyTitle, Text::AskCopyTitle),
+    YesOrNo(Text::AskMarkRecords, Text::AskMarkTitle, Text::AskMarkTitle),
+    {.text = Text::SelectOneRecord, .title = Text::EditTitle, .icon = BoxIcon::Information},
+    {.text = Text::SelectTreeNode, .title = Text::DataTreeTitle, .icon = BoxIcon::Information},
+    {.text = Text::OptionsNotSaved, .title = Text::OptionsTitle},
+
+    {.text = Text::TickFailed, .title = Text::TickFailedTitle},
+    {.text = Text::TimesDrivenByTimer, .title = Text::TimesDrivenByTimerTitle, .icon = BoxIcon::Information},
+    {.text = Text::ClockTimeRefused, .title = Text::DateControlTitle},
+    {.text = Text::ClockTimeUnreadable, .title = Text::DateControlTitle},
+    {.text = Text::DateMissing, .title = Text::CheckEntryTitle},
+    {.text = Text::DateUnreadable, .title = Text::CheckEntryTitle},
+    {.text = Text::TimeUnreadable, .title = Text::CheckEntryTitle},
+    {.text = Text::SpanUnreadable, .title = Text::CheckEntryTitle},
+
+    NameAgain(Text::AskNameAgain, Text::DefaultsName),
+    NameAgain(Text::AskNameAgain, Text::RenameDefaultTitle),
+    NameAgain(Text::AskOtherName, Text::RenameDefaultTitle),
+    {.text = Text::AskReplaceDefault,
+     .title = Text::NewDefaultTitle,
+     .icon = BoxIcon::Question,
+     .buttons = Buttons::YesNoCancel,
+     .defaultAnswer = Answer::No},
+    YesOrNo(Text::AskDeleteDefault, Text::DeleteDefaultTitle, {}, BoxIcon::Question),
+    {.text = Text::EditRefused, .title = Text::EditDefaultTitle},
+    {.text = Text::DeleteRefused, .title = Text::DeleteDefaultTitle},
+    {.text = Text::RenameRefused, .title = Text::RenameDefaultTitle},
+    {.text = Text::DefaultDamaged, .title = Text::EditDefaultTitle},
+    {.text = Text::DefaultDamaged, .title = Text::DefaultsTitleTime},
+    {.text = Text::DefaultDamaged, .title = Text::DefaultsTitleExpenses},
+};
+
+}  // namespace
+
+std::span<const BoxRow> BoxTable() {
+    return kBoxes;
+}
+
+std::span<const BoxRow> BoxesOf(int textId) {
+    const auto isOfText = [textId](const BoxRow& row) { return static_cast<int>(row.text) == textId; };
+    const auto first = std::ranges::find_if(kBoxes, isOfText);
+    const auto last = std::find_if_not(first, std::end(kBoxes), isOfText);
+    return {first, last};
+}
