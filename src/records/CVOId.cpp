@@ -1,10 +1,11 @@
 #include "records/CVOId.h"
 
+#include "platform/host/SystemTime.h"
+
 #include <QString>
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <ctime>
 #include <mutex>
 
 #include <pthread.h>
@@ -18,8 +19,7 @@ constexpr int kDigits = 32;
 constexpr std::uint64_t kLastMillisecond = 0xFFFEFFFFFFFFU;
 
 std::uint64_t MillisecondsNow() {
-    timespec now{};
-    clock_gettime(CLOCK_REALTIME, &now);
+    const timespec now = SystemTime();
     return static_cast<std::uint64_t>(now.tv_sec) * 1000U +
            static_cast<std::uint64_t>(now.tv_nsec) / 1000000U;
 }

@@ -1,10 +1,11 @@
 #include "platform/host/CClock.h"
 
+#include "platform/host/SystemTime.h"
+
 #include <ctime>
 
 SYSTEMTIME CSystemClock::GetLocalTime() const {
-    timespec now{};
-    ::clock_gettime(CLOCK_REALTIME, &now);
+    const timespec now = SystemTime();
     std::tm parts{};
     ::localtime_r(&now.tv_sec, &parts);
     const auto word = [](long value) { return static_cast<std::uint16_t>(value); };
