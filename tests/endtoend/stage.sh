@@ -9,12 +9,12 @@ set -u
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 build=$(cd "${1:?usage: $0 BUILD-FOLDER}" && pwd)
 
-# The tools of a story, and python3's way to the accessibility bus. All are in packaging/debian-packages.txt.
+# The tools of a story, and python3's way to the accessibility bus. All are in packaging/check-packages.txt.
 for tool in Xvfb xdotool openbox dbus-run-session /usr/bin/python3; do
-    command -v "$tool" > /dev/null || { echo "failed: $tool is missing, see packaging/debian-packages.txt"; exit 1; }
+    command -v "$tool" > /dev/null || { echo "failed: $tool is missing, see packaging/check-packages.txt"; exit 1; }
 done
 /usr/bin/python3 -c 'import gi; gi.require_version("Atspi", "2.0"); from gi.repository import Atspi' ||
-    { echo 'failed: python3 finds no accessibility library, see packaging/debian-packages.txt'; exit 1; }
+    { echo 'failed: python3 finds no accessibility library, see packaging/check-packages.txt'; exit 1; }
 
 # A message bus of its own for each story: neither the desktop of whoever runs it nor another story is on it.
 if [ -z "${VELMARCH_STAGE:-}" ]; then
