@@ -14,6 +14,16 @@ constexpr int kNearest = 32;
 constexpr int kMost = std::numeric_limits<int>::max();
 constexpr int kLeast = std::numeric_limits<int>::min();
 
+/// The rounding of earlier versions, word for word: stored amounts came about by it.
+float FormerRounding(float value, int precision) {
+    const double power = std::pow(10.0, precision);
+    const auto shift = static_cast<float>(std::pow(10.0, precision + 1.0));
+    const float shifted = value * shift;
+    const float tenths = value < 0 ? shifted - 5 : shifted + 5;
+    const auto rounded = static_cast<float>(std::trunc(tenths * 0.1F) / power);
+    return std::isfinite(rounded) ? rounded + 0.0F : value;
+}
+
 }  // namespace
 
 class TestRounding final : public QObject {
@@ -22,6 +32,10 @@ class TestRounding final : public QObject {
  private Q_SLOTS:
     void Decimal_data();
     void Decimal();
+    void DecimalStays_data();
+    void DecimalStays();
+    void DecimalAsBeforeBelow_data();
+    void DecimalAsBeforeBelow();
     void DecimalWide_data();
     void DecimalWide();
     void NoNumbers();
@@ -59,6 +73,60 @@ void TestRounding::Decimal() {
     QFETCH(float, rounded);
     QVERIFY2(RoundDecimal(value, precision) == rounded,
              qPrintable(QString::number(static_cast<double>(RoundDecimal(value, precision)), 'g', 9)));
+}
+
+void TestRounding::DecimalStays_data() {
+    QTest::addColumn<int>("precision");
+    for (int precision = 0; precision <= 6; ++precision) QTest::addRow("%d places", precision) << precision;
+}
+
+/// Money that is loaded, copied and edited is rounded each time; from 1 to 10,000,000 nothing may drift.
+void TestRounding::DecimalStays() {
+    QFETCH(int, precision);
+    const auto check = [precision](double typed) {
+        const auto stored = static_cast<float>(typed);
+        if (RoundDecimal(stored, precision) == stored && RoundDecimal(-stored, precision) == -stored)
+            return true;
+        qWarning("%.9g", typed);
+        return false;
+    };
+    const double unit = std::pow(10.0, -precision);
+    for (int whole = 1; whole <= 10'000'000; whole += 397) {
+        QVERIFY(check(whole));
+        QVERIFY(check(std::round((whole + 0.777777) / unit) * unit));
+    }
+    for (const double typed : {9.0, 65536.02, 100000.0, 131072.01, 1234567.89, 9999999.0, 10000000.0})
+        QVERIFY(check(std::round(typed / unit) * unit));
+}
+
+void TestRounding::DecimalAsBeforeBelow_data() {
+    QTest::addColumn<int>("precision");
+    QTest::addColumn<float>("first");  // the first that was led away from itself
+    QTest::newRow("no places") << 0 << 6710887.0F;
+    QTest::newRow("1 place") << 1 << 524288.6F;
+    QTest::newRow("2 places") << 2 << 65536.02F;
+    QTest::newRow("3 places") << 3 << 4194.324F;
+    QTest::newRow("4 places") << 4 << 512.0004F;
+    QTest::newRow("5 places") << 5 << 64.00002F;
+    QTest::newRow("6 places") << 6 << 4.19432F;
+}
+
+/// Up to where single precision fails, all results are those of earlier versions: decimals of these places,
+/// those of more, and the binary neighbours of both.
+void TestRounding::DecimalAsBeforeBelow() {
+    QFETCH(int, precision);
+    QFETCH(float, first);
+    QVERIFY(FormerRounding(first, precision) != first);
+    QVERIFY(RoundDecimal(first, precision) == first);
+    const double fine = std::pow(10.0, -precision) / 8;
+    const auto steps = static_cast<int>(static_cast<double>(first) / fine) - 8;
+    for (int step = 0; step < steps; step += 41) {
+        const auto value = static_cast<float>(step * fine);
+        for (const float near : {value, std::nextafterf(value, 0.0F), -value}) {
+            if (RoundDecimal(near, precision) == FormerRounding(near, precision)) continue;
+            QFAIL(qPrintable(QString::number(static_cast<double>(near), 'g', 9)));
+        }
+    }
 }
 
 void TestRounding::DecimalWide_data() {
