@@ -2,12 +2,17 @@
 
 #include "calendar/Saturated.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace {
 
 bool IsBlank(QChar c) {
     return c == u' ' || (c >= u'\t' && c <= u'\r');
+}
+
+bool IsFormatCharacter(QChar c) {
+    return c.category() == QChar::Other_Format;
 }
 
 bool IsDigit(QChar c) {
@@ -105,7 +110,8 @@ int TargetKind(QStringView format, qsizetype& at) {
 }  // namespace
 
 int ScanText(const QString& format, const QString& text, std::initializer_list<ScanTarget> targets) {
-    Reader reader(text);
+    const QString visible = WithoutFormatCharacters(text);
+    Reader reader(visible);
     const ScanTarget* target = targets.begin();
     for (qsizetype at = 0; at < format.size();) {
         const QChar c = format[at++];
@@ -121,4 +127,10 @@ int ScanText(const QString& format, const QString& text, std::initializer_list<S
         }
     }
     return static_cast<int>(target - targets.begin());
+}
+
+QString WithoutFormatCharacters(const QString& text) {
+    if (std::none_of(text.begin(), text.end(), IsFormatCharacter)) return text;
+    QString visible = text;
+    return visible.removeIf(IsFormatCharacter);
 }

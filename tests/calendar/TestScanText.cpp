@@ -33,6 +33,8 @@ void TestScanText::Count_data() {
     QTest::newRow("an unknown form") << u"%x"_s << u"9"_s << 0;
     QTest::newRow("a percent sign at the end") << u"%d:%"_s << u"9:05"_s << 1;
     QTest::newRow("more forms than targets") << u"%d:%d %s%d"_s << u"9:05 PM 5"_s << 3;
+    QTest::newRow("marks that direct the writing")
+        << u"%d:%d %s"_s << u"\u200F9\u200E:\u061C05 \u2067PM\u2069"_s << 3;
     QTest::newRow("a sign without digits") << u"%d"_s << u"+"_s << 0;
 }
 

@@ -37,6 +37,11 @@ void TestUserLocales::Texts_data() {
                             << u"15:15"_s << true;
     QTest::newRow("Japan") << QByteArray("ja_JP.UTF-8") << u"1234.50"_s << u"2026/02/03"_s << u"02/03"_s
                            << u"15:15"_s << true;
+    QTest::newRow("Egypt, whose separator stands behind a mark that directs the writing")
+        << QByteArray("ar_EG.UTF-8") << u"1234\u066B50"_s << u"03/02/2026"_s << u"03/02"_s << u"03:15 PM"_s
+        << true;
+    QTest::newRow("Israel") << QByteArray("he_IL.UTF-8") << u"1234.50"_s << u"03.02.2026"_s << u"03.02"_s
+                            << u"15:15"_s << true;
     QTest::newRow("no locale") << QByteArray("C.UTF-8") << u"1234.50"_s << u"02/03/2026"_s << u"02/03"_s
                                << u"03:15 PM"_s << false;
 }

@@ -1,6 +1,7 @@
 #include "cli/arguments/EnteredValues.h"
 
 #include "calendar/CalendarMath.h"
+#include "calendar/ScanText.h"
 #include "lang/LoadText.h"
 #include "records/CVOId.h"
 
@@ -50,7 +51,7 @@ std::optional<DateTimeVal> ReadRegionalDate(const QString& text, const CRegional
 namespace EnteredValues {
 
 std::optional<DateTimeVal> ReadDate(const QString& text, const CRegionalInfo& region, const CClock& clock) {
-    const QString word = text.trimmed();
+    const QString word = WithoutFormatCharacters(text).trimmed();
     DateTimeVal day;
     if (word.compare(LoadText(Text::CliToday), Qt::CaseInsensitive) == 0) {
         return day.SetToday(clock) ? std::optional(day) : std::nullopt;
@@ -63,7 +64,7 @@ std::optional<DateTimeVal> ReadDate(const QString& text, const CRegionalInfo& re
 }
 
 std::optional<DateTimeVal> ReadTime(const QString& text) {
-    const QString time = text.trimmed();
+    const QString time = WithoutFormatCharacters(text).trimmed();
     const QStringList parts = time.split(u':');
     if (parts.size() != 2 || !IsDigits(parts[0], 1, 2)) return std::nullopt;
     const bool is24Hour = IsDigits(parts[1], 2, 2);
@@ -74,7 +75,7 @@ std::optional<DateTimeVal> ReadTime(const QString& text) {
 }
 
 std::optional<EnteredSpan> ReadSpan(const QString& text, const CRegionalInfo& region) {
-    const QStringList parts = text.trimmed().split(u':');
+    const QStringList parts = WithoutFormatCharacters(text).trimmed().split(u':');
     double minutes = 0.0;
     if (parts.size() == 2) {
         if (!IsDigits(parts[0], 1, 5) || !IsDigits(parts[1], 2, 2) || parts[1].toInt() > 59)

@@ -51,13 +51,13 @@ QString DateOrderOf(const QLocale& locale) {
     return month < day ? QStringLiteral("0") : QStringLiteral("1");
 }
 
-/// The first sign between two parts of a date: the full stop in "d. M. yyyy".
+/// What stands between two parts of a date: a full stop and a blank in "d. M. yyyy".
 QString DateSeparatorOf(const QLocale& locale) {
     const QString pattern = DatePattern(locale);
     const auto isPart = [](QChar sign) { return sign == u'd' || sign == u'M' || sign == u'y'; };
     const auto part = std::find_if(pattern.begin(), pattern.end(), isPart);
     const auto behind = std::find_if_not(part, pattern.end(), isPart);
-    return behind == pattern.end() ? QString() : QString(*behind);
+    return QString(behind, std::distance(behind, std::find_if(behind, pattern.end(), isPart)));
 }
 
 /// A pattern with a marker for AM and PM counts to 12, any other to 24.
@@ -97,6 +97,15 @@ char16_t FirstOf(const CLocaleSource& source, LocaleType type) {
     return text && !text->isEmpty() ? text->front().unicode() : u'\0';
 }
 
+/// The first character that can be seen. In Arabic regions a mark that directs the writing stands in front of
+/// the separator; alone it would part nothing that a user could type.
+char16_t FirstVisibleOf(const CLocaleSource& source, LocaleType type) {
+    const QString text = source.GetLocaleInfo(type).value_or(QString());
+    const auto isMark = [](QChar sign) { return sign.category() == QChar::Other_Format; };
+    const auto* const visible = std::find_if_not(text.begin(), text.end(), isMark);
+    return visible == text.end() ? u'\0' : visible->unicode();
+}
+
 /// Below 0 or no number counts as 2, above 6 as 6.
 int FractionDigits(const CLocaleSource& source) {
     bool isNumber = false;
@@ -124,7 +133,7 @@ CRegionalInfo ReadRegionalInfo(const CLocaleSource& source) {
     region.is24Hour = FirstOf(source, LocaleType::TimeFormat) == u'1';
     const char16_t order = FirstOf(source, LocaleType::DateOrder);
     region.dateOrder = order == u'1' || order == u'2' ? order - u'0' : 0;
-    if (const char16_t sign = FirstOf(source, LocaleType::DateSeparator)) region.dateSeparator = sign;
+    if (const char16_t sign = FirstVisibleOf(source, LocaleType::DateSeparator)) region.dateSeparator = sign;
     region.fractionDigits = FractionDigits(source);
     region.isMetric = FirstOf(source, LocaleType::Measure) == u'0';
     return region;

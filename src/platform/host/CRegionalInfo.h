@@ -28,7 +28,7 @@ struct CRegionalInfo {
     char16_t decimalChar = u'.';    ///< first character of the decimal separator
     bool is24Hour = false;          ///< times are written 00:00 to 23:59, without AM and PM
     int dateOrder = 0;              ///< 0 month-day-year, 1 day-month-year, 2 year-month-day
-    char16_t dateSeparator = u'/';  ///< first character of the date separator
+    char16_t dateSeparator = u'/';  ///< first visible character of the date separator
     int fractionDigits = 2;         ///< 0 to 6
     bool isMetric = false;
 

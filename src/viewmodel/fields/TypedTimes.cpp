@@ -1,6 +1,7 @@
 #include "viewmodel/fields/TypedTimes.h"
 
 #include "calendar/CalendarMath.h"
+#include "calendar/ScanText.h"
 #include "lang/LoadText.h"
 
 #include <QRegularExpression>
@@ -100,7 +101,7 @@ bool DateFigures(const QString& text, const CRegionalInfo& region, const SYSTEMT
 }  // namespace
 
 Typed ReadTypedTime(const QString& text, const CClock& clock, DateTimeVal& out) {
-    const QString typed = text.trimmed();
+    const QString typed = WithoutFormatCharacters(text).trimmed();
     if (typed.isEmpty()) return Typed::Nothing;
     DateTimeVal value;
     if (Begins(typed, Text::TypedNow)) {
@@ -121,7 +122,7 @@ Typed ReadTypedTime(const QString& text, const CClock& clock, DateTimeVal& out) 
 }
 
 Typed ReadTypedSpan(const QString& text, const CRegionalInfo& region, int& hours, int& minutes) {
-    const QString typed = text.trimmed();
+    const QString typed = WithoutFormatCharacters(text).trimmed();
     if (typed.isEmpty()) return Typed::Nothing;
     int total = 0;
     if (ReadClockSpan(typed, total) || ReadHoursSpan(typed, total) || ReadMinutesSpan(typed, total))
@@ -135,7 +136,7 @@ Typed ReadTypedSpan(const QString& text, const CRegionalInfo& region, int& hours
 }
 
 Typed ReadTypedDate(const QString& text, const CRegionalInfo& region, const CClock& clock, DateTimeVal& out) {
-    const QString typed = text.trimmed();
+    const QString typed = WithoutFormatCharacters(text).trimmed();
     if (typed.isEmpty()) return Typed::Nothing;
     DateTimeVal value;
     if (Begins(typed, Text::TypedToday)) {

@@ -71,6 +71,9 @@ void TestCRegionalInfo::read_data() {
     row("any other date order", DateOrder, u"3"_qs, same);
     row("a letter as date order", DateOrder, u"d"_qs, same);
     row("a full stop in dates", DateSeparator, u". "_qs, [](auto& r) { r.dateSeparator = u'.'; });
+    row("a mark that directs the writing before the separator", DateSeparator, u"\u200F-"_qs,
+        [](auto& r) { r.dateSeparator = u'-'; });
+    row("such a mark alone", DateSeparator, u"\u200F"_qs, same);
     row("no date separator", DateSeparator, QString(), same);
     row("no fraction digits", FractionDigits, u"0"_qs, [](auto& r) { r.fractionDigits = 0; });
     row("six fraction digits", FractionDigits, u"6"_qs, [](auto& r) { r.fractionDigits = 6; });

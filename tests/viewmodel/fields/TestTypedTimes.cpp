@@ -215,6 +215,8 @@ class TestTypedTimes : public QObject {
         QTest::newRow("without a year") << "3/4" << 0 << "2026-3-4";
         QTest::newRow("without a year, day first") << "3.4." << 1 << "2026-4-3";
         QTest::newRow("a day of this month") << "7" << 0 << "2026-11-7";
+        QTest::newRow("copied from Arabic writing")
+            << "\u200F19\u200F/11\u200F/2026\u200F" << 1 << "2026-11-19";
         QTest::newRow("the word for today") << "today" << 0 << "2026-11-19";
         QTest::newRow("the key for today") << "T" << 0 << "2026-11-19";
         QTest::newRow("29 February of a leap year") << "2/29/2024" << 0 << "2024-2-29";
