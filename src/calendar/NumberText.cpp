@@ -60,6 +60,13 @@ bool ParseDouble(const CRegionalInfo& locale, const QString& text, double& out) 
     return ParseNumber(locale, text, QStringLiteral("%lf"), out);
 }
 
+bool ReadsWhole(const CRegionalInfo& locale, const QString& text) {
+    const auto scannable = WithFullStop(locale, text);
+    double number = 0.0;
+    QString rest;
+    return scannable && ScanText(QStringLiteral("%lf%s"), *scannable, {&number, &rest}) == 1;
+}
+
 QString FormatNumber(const CRegionalInfo& locale, double value, int precision) {
     // to_chars writes as printf does, whatever the process's locale says about the decimal character.
     std::array<char, std::numeric_limits<double>::max_exponent10 + kMaxPlaces + 4> buffer{};

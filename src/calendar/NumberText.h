@@ -23,6 +23,9 @@ void RoundMinutes(int& hours, int& minutes, int divisor, int roundType, bool* pm
 /// "nan", hexadecimal digits and numbers too large to be held are none.
 [[nodiscard]] bool ParseFloat(const CRegionalInfo& locale, const QString& text, float& out);
 [[nodiscard]] bool ParseDouble(const CRegionalInfo& locale, const QString& text, double& out);
+/// Whether nothing but blanks follows the number that is read: "12,75" is read as 12 where the comma isn't
+/// the decimal character.
+[[nodiscard]] bool ReadsWhole(const CRegionalInfo& locale, const QString& text);
 
 /// precision decimal places; below 0 up to six significant digits without trailing zeros.
 [[nodiscard]] QString FormatNumber(const CRegionalInfo& locale, double value, int precision);

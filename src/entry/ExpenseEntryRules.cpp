@@ -69,8 +69,11 @@ QString UpdateDistanceAmount(const QString& distance, const QString& rate) {
 }
 
 void TakeDistance(CERecord& record, const QString& distance, const QString& rate) {
-    record.distance.Reset();
-    PutReadable(record.distance, distance);
+    // What still stands there isn't set anew: the store may hold more of it than this machine can read.
+    if (distance != record.distance.text) {
+        record.distance.Reset();
+        PutReadable(record.distance, distance);
+    }
     PutTyped(record.rate, rate);
 }
 
@@ -127,7 +130,7 @@ void AcceptOdometer(CERecord& record, const Odometer& odometer, Settings& settin
     record.odometerStart = CutItem(odometer.start);
     record.odometerEnd = CutItem(odometer.end);
     PutReadable(record.rate, odometer.rate);
-    PutReadable(record.distance, odometer.distance);
+    if (odometer.distance != record.distance.text) PutReadable(record.distance, odometer.distance);
     PutDistanceAmount(record.amount, record.distance.text, record.GetRateText());
 }
 

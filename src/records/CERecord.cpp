@@ -21,13 +21,6 @@ constexpr FieldDef kFields[] = {
     FieldDef::Key(ColumnIdentity),
 };
 
-/// The stored text in this machine's form. One that can't be read, an empty one too, leaves the distance as
-/// it is.
-void TakeDistance(const QString& text, DecimalField& distance) {
-    float value = 0.0F;
-    if (ParseFloat(TheRegion(), text, value)) distance.Set(value);
-}
-
 template <class Row>
 void Take(Row& row, CERecord& record) {
     const int month = row.Int();
@@ -37,7 +30,7 @@ void Take(Row& row, CERecord& record) {
     record.item2 = row.Text();
     record.item3 = row.Text();
     record.isDistance = row.Flag();
-    TakeDistance(row.Text(), record.distance);
+    record.TakeStoredDistance(row.Text());
     record.rate.Set(row.Float());
     record.item4 = row.Text();
     record.item5 = row.Text();
@@ -70,6 +63,21 @@ float CERecord::GetDistance() const {
     return distance.isSet ? distance.value : 0.0F;
 }
 
+void CERecord::TakeStoredDistance(const QString& text) {
+    float value = 0.0F;
+    if (ParseFloat(TheRegion(), text, value)) distance.Set(value);
+    KeepDistanceRead(text);
+}
+
+void CERecord::KeepDistanceRead(const QString& text) {
+    distance.isAsRead = !text.isEmpty() && text != distance.text;
+    m_distanceRead = distance.isAsRead ? text : QString();
+}
+
+bool CERecord::IsDistanceReadWhole() const {
+    return !distance.isAsRead || ReadsWhole(TheRegion(), m_distanceRead);
+}
+
 void CERecord::Copy(const CERecord& other) {
     SetId(other.GetId());
     date.Copy(other.date);
@@ -87,6 +95,7 @@ void CERecord::Copy(const CERecord& other) {
         distance.Copy(other.distance);
     else
         distance.Reset();
+    KeepDistanceRead(other.StoredDistance());
     rate.Copy(other.rate);
     amount.Copy(other.amount);
     flag1 = other.flag1;
@@ -110,7 +119,7 @@ bool CERecord::WriteFields(CVORecordset& row) const {
     out.PutText(item2);
     out.PutText(item3);
     out.PutFlag(isDistance);
-    out.PutText(distance.text);
+    out.PutText(StoredDistance());
     out.PutFloat(rate.value);
     out.PutText(item4);
     out.PutText(item5);
@@ -144,7 +153,7 @@ bool CERecord::ToBytes(QByteArray& out) const {
     for (const QString* text : {&item1, &item2, &item3, &odometerStart, &odometerEnd})
         stream.PutString(*text);
     stream.PutByte(isDistance);
-    stream.PutString(distance.text);
+    stream.PutString(StoredDistance());
     stream.PutFloat(rate.value);
     stream.PutString(item4);
     stream.PutString(item5);
@@ -165,7 +174,7 @@ bool CERecord::FromBytes(const QByteArray& bytes, bool ansi) {
     for (QString* text : {&item1, &item2, &item3, &odometerStart, &odometerEnd})
         *text = stream.GetString(ansi);
     isDistance = stream.GetByte() != 0;
-    TakeDistance(stream.GetString(ansi), distance);
+    TakeStoredDistance(stream.GetString(ansi));
     rate.Set(stream.GetFloat());
     item4 = stream.GetString(ansi);
     item5 = stream.GetString(ansi);

@@ -13,7 +13,7 @@ class CERecord final : public CVORec {
     RecordDate date;
     QString item1, item2, item3, item4, item5;
     bool isDistance = false;
-    DecimalField distance;  ///< stored as its display text, in the decimal form of the machine that saves it
+    DecimalField distance;  ///< stored as text, see StoredDistance
     DecimalField amount;
     DecimalField rate;  ///< money per distance
     QString odometerStart;
@@ -31,6 +31,17 @@ class CERecord final : public CVORec {
     [[nodiscard]] QString GetRateText() const { return rate.MoneyText(); }
     void Copy(const CERecord& other);
 
+    /// The distance as the store holds it: its display text, in the decimal form of the machine that set it.
+    /// A distance that was read and not set since is the text that was read: "12,75" stays "12,75" where only
+    /// its 12 can be read.
+    [[nodiscard]] QString StoredDistance() const {
+        return distance.isAsRead ? m_distanceRead : distance.text;
+    }
+    /// Reads a stored text in this machine's form. One that can't be read leaves the number as it is.
+    void TakeStoredDistance(const QString& text);
+    /// False where the store holds more than this machine reads of it.
+    [[nodiscard]] bool IsDistanceReadWhole() const;
+
     [[nodiscard]] RecordKind Kind() const override { return RecordKind::Expense; }
     [[nodiscard]] std::span<const FieldDef> GetFieldDefs() const override;
     [[nodiscard]] bool WriteFields(CVORecordset& row) const override;
@@ -39,4 +50,9 @@ class CERecord final : public CVORec {
     [[nodiscard]] bool ToBytes(QByteArray& out) const override;
     [[nodiscard]] bool FromBytes(const QByteArray& bytes, bool ansi) override;
     [[nodiscard]] std::unique_ptr<CVORec> Clone() const override;
+
+ private:
+    void KeepDistanceRead(const QString& text);
+
+    QString m_distanceRead;  ///< while it isn't what the distance shows
 };

@@ -11,12 +11,14 @@ void DecimalField::Set(float v) {
     value = made.value;
     text = made.text;
     isSet = true;
+    isAsRead = false;
 }
 
 void DecimalField::Reset() {
     value = 0.0F;
     text.clear();
     isSet = false;
+    isAsRead = false;
 }
 
 void DecimalField::Copy(const DecimalField& source) {

@@ -7,7 +7,8 @@ struct DecimalField {
     float value = 0.0F;
     QString text;
     bool isSet = false;
-    int precision = 2;  ///< decimal places; a record sets it from the settings
+    bool isAsRead = false;  ///< not set since its owner read it from a stored text
+    int precision = 2;      ///< decimal places; a record sets it from the settings
 
     /// Rounds to precision and makes the text.
     void Set(float v);

@@ -38,6 +38,8 @@ class TestNumberText final : public QObject {
     void initTestCase() { QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR))); }
     void ParseNumber_data();
     void ParseNumber();
+    void ReadsWhole_data();
+    void ReadsWhole();
     void FailureLeavesTheNumber();
     void FormatNumber_data();
     void FormatNumber();
@@ -97,6 +99,7 @@ void TestNumberText::ParseNumber_data() {
     both("ten thousand places", u"0.5"_s + QString(10000, u'0'), 0.5);
     neither("an emoji", u"\U0001F600"_s);
     neither("a NUL in front", QChar(u'\0') + u"5"_s);
+    both("marks that direct the writing", u"\u200F1\u200E5\u061C"_s, 15.0);
     neither("digits of another script", u"\u0663"_s);
 }
 
@@ -112,6 +115,25 @@ void TestNumberText::ParseNumber() {
     double wide = 0.0;
     QCOMPARE(ParseDouble(region, text, wide), read);
     QCOMPARE(wide, number);
+}
+
+void TestNumberText::ReadsWhole_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("fullStop");
+    QTest::addColumn<bool>("comma");
+    QTest::newRow("a full stop is read everywhere") << u"12.75"_s << true << true;
+    QTest::newRow("a comma where it is the decimal character") << u"12,75"_s << false << true;
+    QTest::newRow("blanks around") << u" 7 "_s << true << true;
+    QTest::newRow("words behind") << u"7 km"_s << false << false;
+    QTest::newRow("both kinds") << u"1.234,5"_s << false << false;
+    QTest::newRow("a word") << u"far"_s << false << false;
+    QTest::newRow("nothing") << QString() << false << false;
+}
+
+void TestNumberText::ReadsWhole() {
+    QFETCH(QString, text);
+    QTEST(::ReadsWhole(WithDecimal(u'.'), text), "fullStop");
+    QTEST(::ReadsWhole(WithDecimal(u','), text), "comma");
 }
 
 void TestNumberText::FailureLeavesTheNumber() {
@@ -236,6 +258,8 @@ void TestNumberText::ParseDate_data() {
     QTest::newRow("a part too large for a clock value") << u"1/1/65536"_s << 0 << false << 0 << 0 << 0;
     QTest::newRow("the largest part") << u"1/1/65535"_s << 0 << true << 1 << 1 << 65535;
     QTest::newRow("two parts") << u"2/3/"_s << 0 << false << 0 << 0 << 0;
+    QTest::newRow("marks that direct the writing")
+        << u"\u200F2\u200F/3\u200F/2026\u200E"_s << 0 << true << 2 << 3 << 2026;
     QTest::newRow("another separator") << u"2.3.2026"_s << 0 << false << 0 << 0 << 0;
 }
 

@@ -41,6 +41,7 @@ class TestExpenseEntryRules : public QObject {
     void DistanceAmount();
     void MoneyPage_data();
     void MoneyPage();
+    void UntouchedDistanceStaysAsStored();
     void MoneyPageTakesDateAndItem();
     void ItemsPage_data();
     void ItemsPage();
@@ -129,6 +130,24 @@ void TestExpenseEntryRules::MoneyPage() {
     QCOMPARE(record.isDistance, isDistance);
     QTEST(Money(record), "money");
     QCOMPARE(record.distance.isSet, !record.distance.text.isEmpty());
+}
+
+/// The store has "12,75", this machine reads 12 of it: what the page shows and gives back isn't a new
+/// distance.
+void TestExpenseEntryRules::UntouchedDistanceStaysAsStored() {
+    CERecord record;
+    record.TakeStoredDistance(u"12,75"_s);
+    ExpenseEntryRules::MoneyPage page;
+    page.isDistance = true;
+    page.distance = record.distance.text;
+    AcceptMoneyPage(record, page, KeepInLists());
+    QCOMPARE(record.StoredDistance(), u"12,75"_s);
+    Settings settings;
+    AcceptOdometer(record, ExpenseEntryRules::OpenOdometer(record, settings), settings);
+    QCOMPARE(record.StoredDistance(), u"12,75"_s);
+    page.distance = u"12"_s;
+    AcceptMoneyPage(record, page, KeepInLists());
+    QCOMPARE(record.StoredDistance(), u"12.00"_s);
 }
 
 void TestExpenseEntryRules::MoneyPageTakesDateAndItem() {

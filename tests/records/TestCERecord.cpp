@@ -21,6 +21,9 @@ class TestCERecord : public QObject {
     void DistanceColumn();
     void DistanceOfAnotherRegion_data();
     void DistanceOfAnotherRegion();
+    void DistanceStaysAsStored_data();
+    void DistanceStaysAsStored();
+    void DistanceSetAnewIsStoredAnew();
     void UnreadableDistanceKeepsTheFormer();
     void NoAmountIsStoredAsMinusOne();
     void Copy();
@@ -70,6 +73,13 @@ QString Summary(const CERecord& r) {
 
 constexpr char kFullSummary[] =
     "02/29/2028|i1|i2 Ä|i3 'x'|i4|i5|1|12.50|6.25|0.500|1000|1012.5|101001|n\U0001F600";
+
+CRegionalInfo RegionWithDecimal(const QString& decimal) {
+    CRegionalInfo info = Region24();
+    info.decimalChar = decimal[0].unicode();
+    info.usesDotDecimal = decimal == QStringLiteral(".");
+    return info;
+}
 
 }  // namespace
 
@@ -256,29 +266,22 @@ void TestCERecord::DistanceOfAnotherRegion_data() {
     QTest::newRow("comma to full stop: thousands") << comma << 1234.56F << "1234,56" << stop << "1234.00";
 }
 
-/// The store of one home under the regional settings of two machines. What is read stands in the record until
-/// it is saved again: only then a lost fraction is lost for good.
+/// The store of one home under the regional settings of two machines.
 void TestCERecord::DistanceOfAnotherRegion() {
     QFETCH(QString, writer);
     QFETCH(float, distance);
     QFETCH(QString, column);
     QFETCH(QString, reader);
-    const auto region = [](const QString& decimal) {
-        CRegionalInfo info = Region24();
-        info.decimalChar = decimal[0].unicode();
-        info.usesDotDecimal = decimal == QStringLiteral(".");
-        return info;
-    };
     RecordsFixture home;
     CERecord source;
     source.GenUnique();
     {
-        const RegionScope scope(region(writer));
+        const RegionScope scope(RegionWithDecimal(writer));
         source.distance.Set(distance);
         QVERIFY(home.store.InsertRecord(source, false));
     }
     const QString statement = QStringLiteral("SELECT * FROM expense_velmarch WHERE distance=%1");
-    const RegionScope scope(region(reader));
+    const RegionScope scope(RegionWithDecimal(reader));
     for (const CERecord& record : {ByRow(home), ByTable(home)}) QTEST(record.distance.text, "read");
     QCOMPARE(home.Rows(statement.arg(QuoteText(column))), 1);
     QByteArray bytes;
@@ -286,6 +289,58 @@ void TestCERecord::DistanceOfAnotherRegion() {
     CERecord target;
     QVERIFY(target.FromBytes(bytes, false));
     QTEST(target.distance.text, "read");
+}
+
+void TestCERecord::DistanceStaysAsStored_data() {
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("cut at the comma") << "12,75";
+    QTest::newRow("no number at all") << "far";
+    QTest::newRow("more places than the setting") << "12.7512";
+    QTest::newRow("nothing") << "";
+}
+
+/// A console run without the user's region must not cut the distances of the records that it changes.
+void TestCERecord::DistanceStaysAsStored() {
+    QFETCH(QString, stored);
+    const RegionScope scope(RegionWithDecimal(QStringLiteral(".")));
+    CERecord read;
+    read.TakeStoredDistance(stored);
+    QCOMPARE(read.StoredDistance(), stored);
+
+    CERecord copy;
+    copy.distance.Set(3.0F);
+    copy.Copy(read);
+    QCOMPARE(copy.StoredDistance(), stored);
+    QByteArray bytes;
+    QVERIFY(copy.ToBytes(bytes));
+    CERecord fromBytes;
+    QVERIFY(fromBytes.FromBytes(bytes, false));
+    QCOMPARE(fromBytes.StoredDistance(), stored);
+
+    RecordsFixture home;
+    copy.GenUnique();
+    QVERIFY(home.store.InsertRecord(copy, false));
+    for (CERecord record : {ByRow(home), ByTable(home)}) {
+        record.notes = QStringLiteral("edited");
+        QVERIFY(home.store.ModifyRecord(record, record.GetId(), false, true));
+        QCOMPARE(ByRow(home).StoredDistance(), stored);
+    }
+}
+
+void TestCERecord::DistanceSetAnewIsStoredAnew() {
+    CERecord record;
+    record.TakeStoredDistance(QStringLiteral("12,75"));
+    QCOMPARE(record.distance.text, QStringLiteral("12.00"));
+    record.distance.Set(12.0F);
+    QCOMPARE(record.StoredDistance(), QStringLiteral("12.00"));
+
+    record.TakeStoredDistance(QStringLiteral("12,75"));
+    record.distance.Reset();
+    QCOMPARE(record.StoredDistance(), QString());
+
+    record.TakeStoredDistance(QStringLiteral("12,75"));
+    record.Copy(CERecord());
+    QCOMPARE(record.StoredDistance(), QString());
 }
 
 void TestCERecord::UnreadableDistanceKeepsTheFormer() {

@@ -56,6 +56,11 @@ const RecordDate& DateOf(const CVORec& record) {
                                              : static_cast<const CERecord&>(record).date;
 }
 
+/// Only expenses have something that reads otherwise in another region.
+bool IsReadWhole(const CVORec& record) {
+    return record.Kind() != RecordKind::Expense || static_cast<const CERecord&>(record).IsDistanceReadWhole();
+}
+
 /// Reads all records of a kind and looks at each.
 template <RecordMode Mode, Text AdviceOnDates>
 Finding ExamineRecords(const char* name, ReadOnlyHome& reader) {
@@ -65,10 +70,11 @@ Finding ExamineRecords(const char* name, ReadOnlyHome& reader) {
     if (reader.prompt.HasHeard() || reader.store.m_lastError != 0)
         return {name, Bad, reader.prompt.TakeHeard(), LoadText(Text::CliAdviseStore)};
     reader.document.BuildVisible();
-    CFaults identities, dates;
+    CFaults identities, dates, distances;
     reader.document.ForEachVisible([&](const CVORec& record) {
         if (!IsIdentity(record.GetId())) identities.Add(record.GetId());
         if (!IsPlausible(DateOf(record))) dates.Add(record.GetId());
+        if (!IsReadWhole(record)) distances.Add(record.GetId());
     });
     if (!identities.IsEmpty())
         return {name, Bad, FormatText<Text::CliBadIdentities>(identities.Count(), identities.Named()),
@@ -76,6 +82,9 @@ Finding ExamineRecords(const char* name, ReadOnlyHome& reader) {
     if (!dates.IsEmpty())
         return {name, Bad, FormatText<Text::CliBadDates>(dates.Count(), dates.Named()),
                 LoadText(AdviceOnDates)};
+    if (!distances.IsEmpty())
+        return {name, Bad, FormatText<Text::CliCutDistances>(distances.Count(), distances.Named()),
+                LoadText(Text::CliAdviseDistances)};
     return {name, Good, FormatText<Text::CliRecordsSound>(static_cast<int>(reader.document.RecordCount()))};
 }
 

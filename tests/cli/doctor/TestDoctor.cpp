@@ -29,6 +29,7 @@ class TestDoctor : public QObject {
     void WithoutTheRightToRead();
     void BadRecords_data();
     void BadRecords();
+    void ADistanceOfAnotherLocale();
     void ListItemsWithoutAList();
     void DamagedDependencies_data();
     void DamagedDependencies();
@@ -209,6 +210,22 @@ void TestDoctor::BadRecords() {
     if (words == "dates") QVERIFY(check[u"advice"].toString().contains(kind + u" edit"_s));
     QCOMPARE(check[u"ok"].toBool(true), false);
     QVERIFY2(check[u"detail"].toString().toUtf8().contains(words), reply.out.constData());
+}
+
+/// Run without the user's locale, the console reads 12 of "12,75". Editing the record leaves the text as it
+/// is.
+void TestDoctor::ADistanceOfAnotherLocale() {
+    const QString id = m_home->AddExpense({u"--date"_s, u"2026-11-19"_s, u"--distance"_s, u"12.75"_s});
+    QVERIFY(Execute(u"velmarch.store"_s, "UPDATE expense_velmarch SET distance='12,75'"));
+    QCOMPARE(m_home->Run({u"expense"_s, u"edit"_s, id, u"--notes"_s, u"there and back"_s}).exit, 0);
+    const Reply reply = m_home->RunJson({u"doctor"_s});
+    QCOMPARE(reply.exit, 1);
+    const QJsonObject check = Check(reply.Object(), u"expense records"_s);
+    QVERIFY2(check[u"detail"].toString().contains(u"distances") && check[u"detail"].toString().contains(id),
+             reply.out.constData());
+    QVERIFY(check[u"advice"].toString().contains(u"LC_NUMERIC"));
+    QCOMPARE(m_home->Run({u"expense"_s, u"edit"_s, id, u"--distance"_s, u"12"_s}).exit, 0);
+    QCOMPARE(m_home->RunJson({u"doctor"_s}).exit, 0);
 }
 
 void TestDoctor::ListItemsWithoutAList() {
