@@ -15,9 +15,10 @@ CPulldownCatalogue* thePulldownCatalogue = nullptr;
 
 namespace {
 
-/// A coded text, or the code of a kind of payment with its colon.
-bool BeginsReserved(const QString& text) {
-    return text.startsWith(LoadText(Text::CodedPrefix)) ||
+/// A coded text, the code of a kind of payment with its colon, or the word that lets every text pass a
+/// filter: picked as an item, it would narrow nothing.
+bool IsReserved(const QString& text) {
+    return text == LoadText(Text::AnyWord) || text.startsWith(LoadText(Text::CodedPrefix)) ||
            std::ranges::any_of(PaymentKinds(), [&text](const PaymentKind& kind) {
                return text.startsWith(FormatText<Text::ReservedOpening>(LoadText(kind.code)));
            });
@@ -66,7 +67,7 @@ QStringList CPulldownCatalogue::Texts(int list) const {
 }
 
 NewItem CPulldownCatalogue::CheckNewItem(int list, const QString& text) const {
-    if (text.isEmpty() || BeginsReserved(text)) return NewItem::Refused;
+    if (text.isEmpty() || IsReserved(text)) return NewItem::Refused;
     const std::optional<QString> display = DisplayOf(list, text);
     return display && !HasItem(list, *display) ? NewItem::Acceptable : NewItem::Refused;
 }

@@ -35,6 +35,8 @@ class TestCheckNewItem : public QObject {
         QTest::newRow("in another list") << 17 << u"known"_s << 6;
         QTest::newRow("begins like a coded text") << 16 << u"[A] Alpha"_s << 5;
         QTest::newRow("the bracket alone") << 16 << u"["_s << 5;
+        QTest::newRow("the filters' word for all") << 16 << u"(any)"_s << 5;
+        QTest::newRow("a text that holds that word") << 16 << u"(any) client"_s << 6;
         QTest::newRow("a bracket further on") << 16 << u"A [B]"_s << 6;
         for (const char* code : {"CA", "CC", "DC", "CO", "BT", "DD", "CK", "TC", "MO", "PP", "GC", "VO", "MP",
                                  "OW", "PC", "AD", "IN", "CR", "OT"}) {
