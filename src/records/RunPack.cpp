@@ -25,6 +25,7 @@ qsizetype LiteralsAt(QByteArrayView plain, qsizetype at) {
 
 QByteArray RunPack(QByteArrayView plain) {
     QByteArray packed;
+    if (plain.size() < 2) return packed;
     for (qsizetype at = 0; at < plain.size();) {
         if (const qsizetype run = RunAt(plain, at); run > 1) {
             packed.append(static_cast<char>(kRunControl + run - 2));
