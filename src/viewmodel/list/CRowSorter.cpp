@@ -2,7 +2,7 @@
 
 #include "viewmodel/list/MergeSort.h"
 
-#include <bit>
+#include <array>
 
 namespace {
 
@@ -28,19 +28,15 @@ void CRowSorter::Put(std::size_t row, const CVORec& record) {
                                                      : MakeRowKey(record, m_column, m_region).order;
 }
 
-/// Most texts of a column are one and the same in memory and are known by their address; the copy that is
-/// kept here keeps that address theirs.
+/// Texts that differ in case alone have one number.
 std::uint64_t CRowSorter::NumberOf(const QString& text) {
-    const auto address = std::bit_cast<std::uintptr_t>(text.constData());
-    Known& known = m_known[(address >> 4U) % m_known.size()];
-    const bool isSame = known.text.constData() == text.constData() && known.text.size() == text.size();
-    if (isSame && known.isUsed) return known.number;
-    const QString folded = text.toCaseFolded();
-    auto number = m_numbers.constFind(folded);
-    if (number == m_numbers.cend())
-        number = m_numbers.insert(folded, static_cast<std::uint64_t>(m_numbers.size()));
-    known = {text, *number, true};
-    return known.number;
+    return m_known.Get(text, [&] {
+        const QString folded = text.toCaseFolded();
+        const auto number = m_numbers.constFind(folded);
+        return number != m_numbers.cend()
+                   ? *number
+                   : *m_numbers.insert(folded, static_cast<std::uint64_t>(m_numbers.size()));
+    });
 }
 
 /// Numbers in order of their coming become numbers in order of their texts.

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "records/TextAddressCache.h"
 #include "viewmodel/list/RowCompare.h"
 
 #include <QHash>
-#include <array>
 #include <vector>
 
 /// Sorts many rows by one column. Each row is looked at once and becomes a number; equal texts, which repeat
@@ -23,12 +23,6 @@ class CRowSorter {
         std::uint64_t order;
         std::uint32_t row;
     };
-    /// A text of a record, known by where it lies in memory.
-    struct Known {
-        QString text;
-        std::uint64_t number = 0;
-        bool isUsed = false;
-    };
 
     [[nodiscard]] std::uint64_t NumberOf(const QString& text);
     void RankTexts();
@@ -38,6 +32,6 @@ class CRowSorter {
     CompareForm m_form;
     const CRegionalInfo& m_region;
     std::vector<Item> m_items;
-    std::array<Known, 1024> m_known;
+    TextAddressCache<std::uint64_t, 1024> m_known;
     QHash<QString, std::uint64_t> m_numbers;  ///< of the folded texts, in order of their coming
 };

@@ -6,7 +6,6 @@
 #include "records/CTRecord.h"
 
 #include <algorithm>
-#include <bit>
 
 namespace {
 
@@ -52,13 +51,8 @@ void StatusSums::Add(const CVORec& record) {
         Add(static_cast<const CERecord&>(record));
 }
 
-/// A currency that repeats is one text in memory, so its address mostly tells at once.
 StatusSums::Sum& StatusSums::SumOf(const QString& key) {
-    const auto address = std::bit_cast<std::uintptr_t>(key.constData());
-    Known& known = m_known[(address >> 4U) % m_known.size()];
-    const bool isSame = known.key.constData() == key.constData() && known.key.size() == key.size();
-    if (!isSame || !known.isUsed) known = {key, PlaceOf(key), true};
-    return m_sums[known.sum];
+    return m_sums[m_known.Get(key, [&] { return PlaceOf(key); })];
 }
 
 std::size_t StatusSums::PlaceOf(const QString& key) {

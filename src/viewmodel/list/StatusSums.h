@@ -1,8 +1,9 @@
 #pragma once
 
+#include "records/TextAddressCache.h"
+
 #include <QHash>
 #include <QString>
-#include <array>
 #include <vector>
 
 class CERecord;
@@ -34,18 +35,12 @@ class StatusSums {
     [[nodiscard]] QString SumsText(int amountPrecision, int durationPrecision) const;
 
  private:
-    /// Where the sum of a text lies. The copy keeps its address, by which equal texts are known.
-    struct Known {
-        QString key;
-        std::size_t sum = 0;
-        bool isUsed = false;
-    };
     [[nodiscard]] Sum& SumOf(const QString& key);
     [[nodiscard]] std::size_t PlaceOf(const QString& key);
 
     std::vector<Sum> m_sums;  ///< in order of their coming
     QHash<QString, std::size_t> m_places;
-    std::array<Known, 16> m_known;
+    TextAddressCache<std::size_t, 16> m_known;  ///< places by currency
     int m_count = 0;
     bool m_areExpenses = false;
 };

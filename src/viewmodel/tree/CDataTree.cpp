@@ -10,7 +10,6 @@
 #include "viewmodel/tree/TreeTexts.h"
 
 #include <algorithm>
-#include <bit>
 
 namespace {
 
@@ -115,7 +114,7 @@ void CDataTree::FreeNodes() {
     for (CTreeNode* node : std::as_const(m_nodes)) delete node;
     m_nodes.clear();
     m_texts.clear();
-    m_known.fill({});
+    m_known = {};
     m_root->m_children.clear();
     m_root->m_isSorted = true;
     m_nextNode = 1;
@@ -159,17 +158,12 @@ void CDataTree::RemoveRecord(const CVORec& record) {
     }
 }
 
-/// Most texts of a level are one and the same in memory and are known by their address.
 std::uint32_t CDataTree::NumberOf(const QString& text) {
-    const auto address = std::bit_cast<std::uintptr_t>(text.constData());
-    Known& known = m_known[(address * 0x9E3779B97F4A7C15U) >> 52U];
-    static_assert(std::tuple_size_v<decltype(m_known)> == 1U << 12U);
-    const bool isSame = known.text.constData() == text.constData() && known.text.size() == text.size();
-    if (isSame && known.isUsed) return known.number;
-    auto number = m_texts.constFind(text);
-    if (number == m_texts.cend()) number = m_texts.insert(text, static_cast<std::uint32_t>(m_texts.size()));
-    known = {text, *number, true};
-    return known.number;
+    return m_known.Get(text, [&] {
+        const auto number = m_texts.constFind(text);
+        return number != m_texts.cend() ? *number
+                                        : *m_texts.insert(text, static_cast<std::uint32_t>(m_texts.size()));
+    });
 }
 
 // --- Nodes

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "app/Hints.h"
+#include "records/TextAddressCache.h"
 #include "viewmodel/tree/CTreeNode.h"
 #include "viewmodel/tree/TreePath.h"
 
 #include <QHash>
 #include <QStringList>
-#include <array>
 #include <memory>
 #include <vector>
 
@@ -56,12 +56,6 @@ class CDataTree {
 
  private:
     struct Level;
-    /// A text of a record, known by where it lies in memory; the copy keeps that place its own.
-    struct Known {
-        QString text;
-        std::uint32_t number = 0;
-        bool isUsed = false;
-    };
 
     void TakeLevels();
     void FreeNodes();
@@ -84,7 +78,7 @@ class CDataTree {
     std::vector<Level> m_levels;
     QHash<quint64, CTreeNode*> m_nodes;  ///< all but the root, by the numbers of parent and text
     QHash<QString, std::uint32_t> m_texts;
-    std::array<Known, 4096> m_known;
+    TextAddressCache<std::uint32_t, 4096> m_known;  ///< numbers by text
     std::uint32_t m_nextNode = 1;
     std::vector<bool> m_isCounted;  ///< by the records' places in the document
     unsigned m_edition = 0;         ///< of those places
