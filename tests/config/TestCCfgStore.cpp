@@ -2,6 +2,9 @@
 #include "SettingsHome.h"
 #include "support/TestProgram.h"
 
+#include <sqlite3.h>
+#include <QFile>
+#include <QMap>
 #include <QTemporaryDir>
 
 using Created = CSettingsTree::Created;
@@ -42,6 +45,8 @@ class TestCCfgStore : public QObject {
     void ColumnsThatCanNotBeMade_data();
     void ColumnsThatCanNotBeMade();
     void ColumnsTooLargeForTheKey();
+    void SavingEndsAtTheFirstFailure_data();
+    void SavingEndsAtTheFirstFailure();
 
  private:
     [[nodiscard]] static QString Entry(int index) {
@@ -52,6 +57,29 @@ class TestCCfgStore : public QObject {
         const auto value = home.tree.ReadValue(home.BaseKey(), QString::fromLatin1(name));
         return value && std::holds_alternative<QByteArray>(*value) ? std::get<QByteArray>(*value)
                                                                    : QByteArray();
+    }
+    /// All values below the base key and all settings, by name.
+    [[nodiscard]] static QMap<QString, SettingsValue> Everything(SettingsHome& home) {
+        QMap<QString, SettingsValue> all;
+        const auto base = home.tree.ReadValues(home.BaseKey());
+        if (!base) return all;
+        for (const auto& [name, value] : *base) all.insert(name, value);
+        for (const auto& [name, value] : home.profile->Section(SettingsHome::Section()))
+            all.insert(name, value);
+        return all;
+    }
+    /// The file refuses to take a value of this name from now on; of no name: it takes all again.
+    static void RefuseWrites(const QString& folder, const QString& name) {
+        sqlite3* file = nullptr;
+        const QByteArray path = QFile::encodeName(folder + QStringLiteral("/velmarch.settings"));
+        QCOMPARE(sqlite3_open(path.constData(), &file), SQLITE_OK);
+        const QString trigger = QStringLiteral(
+            "CREATE TRIGGER refuse BEFORE INSERT ON entries WHEN NEW.name = '%1' "
+            "BEGIN SELECT RAISE(ABORT, 'refused'); END");
+        const QByteArray change =
+            name.isEmpty() ? QByteArray("DROP TRIGGER refuse") : trigger.arg(name).toUtf8();
+        QCOMPARE(sqlite3_exec(file, change.constData(), nullptr, nullptr, nullptr), SQLITE_OK);
+        sqlite3_close(file);
     }
 };
 
@@ -487,6 +515,50 @@ void TestCCfgStore::ColumnsTooLargeForTheKey() {
     home.prompt.Finish();
     QCOMPARE(Bytes(home, "ListColumns"), ColumnBytes::Default("list"));
     settings.ListColumns().SetBreaks(ColumnHalf::Time, {5, 7, 9});
+}
+
+void TestCCfgStore::SavingEndsAtTheFirstFailure_data() {
+    QTest::addColumn<QString>("refused");
+    QTest::addColumn<bool>("isTold");
+    QTest::addColumn<QStringList>("saved");
+    const QString list = QStringLiteral("ListColumns"), tree = QStringLiteral("TreeColumns"),
+                  font = QStringLiteral("ListFont");
+    QTest::newRow("the columns of the list come first") << list << true << QStringList();
+    QTest::newRow("the levels of the tree second") << tree << true << QStringList{list};
+    QTest::newRow("the font third") << font << true << QStringList{list, tree};
+    for (const int index : {0, 28, 74})
+        QTest::addRow("the settings last, all or none: %d", index)
+            << Entry(index) << false << QStringList{list, tree, font};
+}
+
+/// What stands before the failure is saved, what stands behind it isn't.
+void TestCCfgStore::SavingEndsAtTheFirstFailure() {
+    QFETCH(QString, refused);
+    QFETCH(bool, isTold);
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    CCfgStore& settings = home.Start();
+    settings.ListColumns().SetWidth(0, 123);
+    settings.TreeColumns().SetBreaks(ColumnHalf::Time, {1});
+    settings.SetListFont({.face = QStringLiteral("Serif")});
+    settings.confirmCopy = false;
+    settings.roundEndType = 16;
+    settings.addMinuteOnSuccessive = false;
+    const QMap<QString, SettingsValue> before = Everything(home);
+    RefuseWrites(folder.path(), refused);
+    if (isTold) home.prompt.ExpectTold(Text::ValueWriteFailed);
+    QVERIFY(!settings.SaveAll());
+    home.prompt.Finish();
+    QStringList changed;
+    const QMap<QString, SettingsValue> after = Everything(home);
+    for (auto value = after.cbegin(); value != after.cend(); ++value)
+        if (before.value(value.key()) != value.value()) changed.append(value.key());
+    QFETCH(QStringList, saved);
+    saved.sort();
+    QCOMPARE(changed, saved);
+    RefuseWrites(folder.path(), {});
+    QVERIFY(settings.SaveAll());
+    QCOMPARE(home.profile->GetInt(SettingsHome::Section(), Entry(74), -5), 0);
 }
 
 TEST_CLASS(TestCCfgStore);
