@@ -231,6 +231,22 @@ class TestCPulldownCatalogue : public QObject {
         QCOMPARE(StoredNumbers(34), QStringList{u"81.5"_s});
     }
 
+    /// Nothing waits for a later commit: another program that reads now finds the change.
+    void ChangesAreCommitted() {
+        const auto storedTexts = [this] {
+            TestHome other(home->Path());
+            return other.catalogue->Texts(16);
+        };
+        Add(16, {u"a"_s, u"b"_s});
+        QCOMPARE(storedTexts(), QStringList({u"a"_s, u"b"_s}));
+        QVERIFY(catalogue->RenameItem(16, u"a"_s, u"c"_s));
+        QCOMPARE(storedTexts(), QStringList({u"c"_s, u"b"_s}));
+        QVERIFY(catalogue->DeleteItem(16, u"b"_s));
+        QCOMPARE(storedTexts(), QStringList{u"c"_s});
+        QVERIFY(catalogue->DeleteAllItems(16));
+        QCOMPARE(storedTexts(), QStringList());
+    }
+
     void RenameItemThatIsMissing() {
         QVERIFY(!catalogue->RenameItem(16, u"a"_s, u"b"_s));
         QVERIFY(!catalogue->RenameItem(200, u"a"_s, u"b"_s));
