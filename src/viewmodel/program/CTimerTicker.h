@@ -26,5 +26,5 @@ class CTimerTicker final : public QObject {
     ActiveTimerSet& m_timers;
     CRecordListModel& m_model;
     Sight m_sight;
-    QTimer m_timer;
+    QTimer m_timer{this};
 };

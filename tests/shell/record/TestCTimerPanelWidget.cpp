@@ -13,6 +13,8 @@ class TestCTimerPanelWidget : public QObject {
     /// Lets one tick come at once instead of after a second.
     static void Tick(RecordDialogHome& t) {
         auto* tick = t.Find<QWidget>("timerPanel")->findChild<QTimer*>();
+        QVERIFY(tick->isActive());
+        QCOMPARE(tick->interval(), 1000);
         QSignalSpy ticked(tick, &QTimer::timeout);
         tick->setInterval(0);
         QTRY_VERIFY(ticked.count() > 0);

@@ -106,9 +106,17 @@ class TestCTimerTicker final : public QObject {
         QVERIFY(!fixture.ticker.IsTicking());
     }
 
+    /// A period that has begun runs to its end, however often the timers are looked at meanwhile.
     void ticksOnceASecond() {
         Fixture fixture;
+        const auto* clock = fixture.ticker.findChild<QTimer*>();
+        QVERIFY(clock);
+        QCOMPARE(clock->interval(), 1000);
+        QVERIFY(!clock->isSingleShot());
         fixture.ticker.Reconsider();
+        const int running = clock->timerId();
+        fixture.ticker.Reconsider();
+        QCOMPARE(clock->timerId(), running);
         QTRY_COMPARE_WITH_TIMEOUT(fixture.SecondsOf(3), 5, 3000);
     }
 };
