@@ -17,7 +17,7 @@
 class CClock;
 class CMessagePump;
 class CPrompt;
-class CViewNotifier;
+class CViewListener;
 
 /// What a command line asks a running instance for instead of starting the program.
 enum class Verb { Shutdown, SyncEnd, RegisterSync };
@@ -43,7 +43,7 @@ class CVelmarchApp {
         const CClock& clock;
         CPrompt& prompt;
         CMessagePump& pump;
-        CViewNotifier& views;
+        CViewListener& views;
     };
     explicit CVelmarchApp(const Context& context);
     ~CVelmarchApp();

@@ -259,7 +259,7 @@ QStringList CVelmarchDoc::TakePending(qsizetype from) {
 }
 
 void CVelmarchDoc::NotifyViews(Hint hint, const QStringList& ids) {
-    m_views.NotifyViews(hint, ids);
+    m_views.OnHint(hint, ids);
     const bool told = hint == Hint::Added || hint == Hint::Changed || hint == Hint::Deleted;
     // While a batch is open, its records go on being held: their hint is still to come.
     if (hint == Hint::Rebuild || (told && m_pendingIds.isEmpty())) m_displaced.clear();

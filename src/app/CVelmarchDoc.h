@@ -23,7 +23,7 @@ class CTRecord;
 /// What the document needs from outside, handed in at its making.
 struct DocumentContext {
     CRecordStore& store;
-    CViewNotifier& views;
+    CViewListener& views;
     CMessagePump& pump;
     const CClock& clock;
     const CCfgStore& settings;
@@ -160,7 +160,7 @@ class CVelmarchDoc {
     void TakeOver(std::unique_ptr<CVORec> stored);
 
     CRecordStore& m_store;
-    CViewNotifier& m_views;
+    CViewListener& m_views;
     CMessagePump& m_pump;
     const CClock& m_clock;
     const CCfgStore& m_settings;

@@ -18,16 +18,16 @@ enum class Hint : int {
     AboutToChange = 14  ///< before a record is modified; carries the old identity
 };
 
-/// Whoever wants to hear of changes. The document sends, the frame passes on to the views and then to the
-/// status bar.
-class CViewNotifier {
+/// Is told of each change of the records. The document tells its one listener, the hub passes on to the
+/// views, the status bar last.
+class CViewListener {
  public:
-    virtual ~CViewNotifier() = default;
-    virtual void NotifyViews(Hint hint, const QStringList& ids) = 0;
+    virtual ~CViewListener() = default;
+    virtual void OnHint(Hint hint, const QStringList& ids) = 0;
 };
 
 /// For programs without views.
-class CNoViews final : public CViewNotifier {
+class CNoViews final : public CViewListener {
  public:
-    void NotifyViews(Hint, const QStringList&) override {}
+    void OnHint(Hint, const QStringList&) override {}
 };

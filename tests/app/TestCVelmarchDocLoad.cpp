@@ -24,10 +24,10 @@ class ScriptedPump final : public CMessagePump {
 };
 
 /// Notes what happens, and whether the mode was still the former one then.
-class Steps final : public CViewNotifier {
+class Steps final : public CViewListener {
  public:
     explicit Steps(RecordMode former) : m_former(former) {}
-    void NotifyViews(Hint hint, const QStringList&) override {
+    void OnHint(Hint hint, const QStringList&) override {
         Note(QString::number(static_cast<int>(hint)));
     }
     void Note(const QString& step) {

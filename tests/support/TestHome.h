@@ -30,9 +30,9 @@ class TestHome {
     QString AddTime(int year, int month, int day, const QString& start = {}, const QString& end = {});
 
     /// Notes every hint with its identities.
-    class Views final : public CViewNotifier {
+    class Views final : public CViewListener {
      public:
-        void NotifyViews(Hint hint, const QStringList& ids) override { seen.append({hint, ids}); }
+        void OnHint(Hint hint, const QStringList& ids) override { seen.append({hint, ids}); }
         QList<std::pair<Hint, QStringList>> seen;
     };
 

@@ -191,7 +191,7 @@ CommandState CMainFrame::State() const {
     return state;
 }
 
-void CMainFrame::NotifyViews(Hint hint, const QStringList& ids) {
+void CMainFrame::OnHint(Hint hint, const QStringList& ids) {
     if (hint == Hint::Clear || hint == Hint::Rebuild) RememberPlace();
     if (hint != Hint::SelectionChanged) TellList(hint, ids);
     m_tree->OnHint(hint, ids);

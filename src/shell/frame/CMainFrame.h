@@ -26,7 +26,7 @@ class QStackedWidget;
 
 /// The one top-level window. It builds the panes, makes the actions and connects them; the work is done by
 /// the classes it holds.
-class CMainFrame final : public QMainWindow, public CViewNotifier, private CFrameControl {
+class CMainFrame final : public QMainWindow, public CViewListener, private CFrameControl {
     Q_OBJECT
 
  public:
@@ -56,7 +56,7 @@ class CMainFrame final : public QMainWindow, public CViewNotifier, private CFram
     void SwitchMode(RecordMode mode);
     [[nodiscard]] bool IsBusy() const { return m_busy > 0; }
 
-    void NotifyViews(Hint hint, const QStringList& ids) override;
+    void OnHint(Hint hint, const QStringList& ids) override;
     /// Carries a command out as a menu would: the view first, then the frame, if it is offered.
     void RunCommand(int command);
     [[nodiscard]] CommandState State() const;

@@ -88,7 +88,7 @@ void CStatusBar::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) ApplyLook();
 }
 
-void CStatusBar::NotifyViews(Hint hint, const QStringList&) {
+void CStatusBar::OnHint(Hint hint, const QStringList&) {
     switch (hint) {
         case Hint::Added:
         case Hint::Changed:

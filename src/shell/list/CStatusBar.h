@@ -14,7 +14,7 @@ class QLabel;
 
 /// What is shown, in one row: the mode; the period with day and week; number and sums of the selected
 /// records, or of all listed ones without a selection.
-class CStatusBar final : public QStatusBar, public CViewNotifier {
+class CStatusBar final : public QStatusBar, public CViewListener {
     Q_OBJECT
 
  public:
@@ -26,7 +26,7 @@ class CStatusBar final : public QStatusBar, public CViewNotifier {
     };
     CStatusBar(const CVelmarchDoc& document, Selection selection, QWidget* parent = nullptr);
 
-    void NotifyViews(Hint hint, const QStringList& ids) override;
+    void OnHint(Hint hint, const QStringList& ids) override;
 
  protected:
     void changeEvent(QEvent* event) override;

@@ -29,13 +29,13 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// Hears what the views hear, after them.
-class Listener final : public CViewNotifier {
+class Listener final : public CViewListener {
  public:
     explicit Listener(CViewHub& hub) : m_hub(hub) { m_hub.Attach(*this); }
     ~Listener() override { m_hub.Detach(*this); }
     Listener(const Listener&) = delete;
     Listener& operator=(const Listener&) = delete;
-    void NotifyViews(Hint hint, const QStringList&) override { heard << static_cast<int>(hint); }
+    void OnHint(Hint hint, const QStringList&) override { heard << static_cast<int>(hint); }
 
     QList<int> heard;
 

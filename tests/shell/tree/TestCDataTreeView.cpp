@@ -18,7 +18,7 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// A tree on screen over a document whose hints reach it.
-class Fixture final : public CViewNotifier {
+class Fixture final : public CViewListener {
  public:
     TestHome home;
     CNoPump pump;
@@ -34,7 +34,7 @@ class Fixture final : public CViewNotifier {
     Fixture(const Fixture&) = delete;
     Fixture& operator=(const Fixture&) = delete;
 
-    void NotifyViews(Hint hint, const QStringList& ids) override {
+    void OnHint(Hint hint, const QStringList& ids) override {
         if (hint == Hint::Rebuild) ++rebuilds;
         view.OnHint(hint, ids);
     }

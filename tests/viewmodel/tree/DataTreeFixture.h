@@ -19,7 +19,7 @@ inline QString Below(const CTreeNode& node) {
 }
 
 /// A document whose views are a tree: hints reach it while the document is as it is when they are sent.
-class DataTreeFixture final : public CViewNotifier {
+class DataTreeFixture final : public CViewListener {
  public:
     TestHome home;
     CNoPump pump;
@@ -36,7 +36,7 @@ class DataTreeFixture final : public CViewNotifier {
     DataTreeFixture(const DataTreeFixture&) = delete;
     DataTreeFixture& operator=(const DataTreeFixture&) = delete;
 
-    void NotifyViews(Hint hint, const QStringList& ids) override { tree.OnHint(hint, ids); }
+    void OnHint(Hint hint, const QStringList& ids) override { tree.OnHint(hint, ids); }
     void SetLevels(ColumnHalf half, const char* levels) {
         CTreeColSet& columns = home.settings->TreeColumns();
         QStringList all;
