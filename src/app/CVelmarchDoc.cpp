@@ -50,9 +50,35 @@ void CVelmarchDoc::BuildVisible() {
 }
 
 bool CVelmarchDoc::Passes(const CVORec& record) const {
-    if (record.Kind() == RecordKind::Time)
-        return m_timeFilter.Matches(static_cast<const CTRecord&>(record), GetPeriodContext(), m_timers);
-    return m_expenseFilter.Matches(static_cast<const CERecord&>(record), GetPeriodContext());
+    return record.Kind() == RecordKind::Time ? Passes(record, m_timeFilter) : Passes(record, m_expenseFilter);
+}
+
+bool CVelmarchDoc::Passes(const CVORec& record, const TimeFilter& filter) const {
+    return record.Kind() == RecordKind::Time &&
+           filter.Matches(static_cast<const CTRecord&>(record), GetPeriodContext(), m_timers);
+}
+
+bool CVelmarchDoc::Passes(const CVORec& record, const ExpenseFilter& filter) const {
+    return record.Kind() == RecordKind::Expense &&
+           filter.Matches(static_cast<const CERecord&>(record), GetPeriodContext());
+}
+
+std::vector<const CVORec*> CVelmarchDoc::CollectPassing(const TimeFilter& filter) {
+    const TimeFilter::Prepared prepared(filter, GetPeriodContext(), m_timers);
+    std::vector<const CVORec*> passing;
+    for (const CVORec* record = m_records.GetFirst(); record; record = m_records.GetNext())
+        if (record->Kind() == RecordKind::Time && prepared.Matches(static_cast<const CTRecord&>(*record)))
+            passing.push_back(record);
+    return passing;
+}
+
+std::vector<const CVORec*> CVelmarchDoc::CollectPassing(const ExpenseFilter& filter) {
+    const ExpenseFilter::Prepared prepared(filter, GetPeriodContext());
+    std::vector<const CVORec*> passing;
+    for (const CVORec* record = m_records.GetFirst(); record; record = m_records.GetNext())
+        if (record->Kind() == RecordKind::Expense && prepared.Matches(static_cast<const CERecord&>(*record)))
+            passing.push_back(record);
+    return passing;
 }
 
 void CVelmarchDoc::ResetTimeFilter() {

@@ -74,6 +74,8 @@ class CVelmarchDoc {
 
     /// A loaded record, or one that FetchRecord read; null when neither.
     [[nodiscard]] CVORec* FindRecord(const QString& id) const;
+    /// A loaded record, visible or not; null when it isn't loaded.
+    [[nodiscard]] const CVORec* FindLoaded(const QString& id) const { return m_records.Find(id); }
     [[nodiscard]] CTRecord* FindTime(const QString& id) const;
     [[nodiscard]] CERecord* FindExpense(const QString& id) const;
     /// A new object with the same content; null for records other than times and expenses.
@@ -96,6 +98,13 @@ class CVelmarchDoc {
     /// Opens one transaction for a batch: what follows, deletes included, is durable with Commit.
     [[nodiscard]] bool BeginBatch();
     bool Commit();
+
+    /// The loaded records that a filter lets pass, in no promised order; none of the other kind.
+    [[nodiscard]] std::vector<const CVORec*> CollectPassing(const TimeFilter& filter);
+    [[nodiscard]] std::vector<const CVORec*> CollectPassing(const ExpenseFilter& filter);
+    /// Whether a filter lets a record pass; false for one of the other kind.
+    [[nodiscard]] bool Passes(const CVORec& record, const TimeFilter& filter) const;
+    [[nodiscard]] bool Passes(const CVORec& record, const ExpenseFilter& filter) const;
 
     /// The visible records in no promised order.
     template <class Visit>

@@ -115,8 +115,10 @@ bool CVelmarchDoc::MayGoOn(unsigned loading) {
 struct CVelmarchDoc::Refresh {
     QStringList gone;     ///< no longer stored
     QStringList leaving;  ///< stored and loaded, but the filter doesn't let them pass any more
-    QStringList changed;
-    QStringList coming;  ///< new, or the filter lets them pass now
+    QStringList coming;   ///< new, or the filter lets them pass now
+    QStringList unseen;   ///< new, but the filter doesn't let them pass
+    QStringList changed;  ///< visible before and after, or neither
+    QStringList known;    ///< loaded before and after: those whose former values views may have counted
     std::vector<std::unique_ptr<CVORec>> stored;
 };
 
@@ -134,7 +136,7 @@ bool CVelmarchDoc::RefreshRecords(RecordKind kind, const QStringList& ids) {
 
     const QStringList going = refresh.gone + refresh.leaving;
     if (!going.isEmpty()) NotifyViews(Hint::AboutToGo, going);
-    if (!refresh.changed.isEmpty()) NotifyViews(Hint::AboutToChange, refresh.changed);
+    if (!refresh.known.isEmpty()) NotifyViews(Hint::AboutToChange, refresh.known);
     for (const QString& id : going) RemoveVisible(id);
     for (const QString& id : std::as_const(refresh.gone)) m_displaced.push_back(m_records.Take(id));
     for (auto& record : refresh.stored) TakeOver(std::move(record));
@@ -143,7 +145,9 @@ bool CVelmarchDoc::RefreshRecords(RecordKind kind, const QStringList& ids) {
     std::vector<std::unique_ptr<CVORec>> displaced = std::exchange(m_displaced, {});
     if (!going.isEmpty()) NotifyViews(Hint::Deleted, going);
     if (!refresh.changed.isEmpty()) NotifyViews(Hint::Changed, refresh.changed);
-    if (!refresh.coming.isEmpty()) NotifyViews(Hint::Added, refresh.coming);
+    // Who counts records beyond those in sight hears of every new one.
+    const QStringList added = refresh.coming + refresh.unseen;
+    if (!added.isEmpty()) NotifyViews(Hint::Added, added);
     return true;
 }
 
@@ -172,6 +176,9 @@ void CVelmarchDoc::SortOut(const QString& id, std::unique_ptr<CVORec> stored, Re
         refresh.coming.append(id);
     else if (isLoaded)
         refresh.changed.append(id);
+    else
+        refresh.unseen.append(id);
+    if (isLoaded && (passes || !wasVisible)) refresh.known.append(id);
     refresh.stored.push_back(std::move(stored));
 }
 

@@ -28,6 +28,7 @@ class ExpenseFilter final : public PeriodFilter {
     std::array<int, 5> flags{};          ///< flag1 to flag5
     int exported = FlagCriterion::kAny;
 
+    bool operator==(const ExpenseFilter&) const = default;
     void Reset() override;
     /// One expense, by its rule of tests; the first that fails ends it.
     [[nodiscard]] bool Matches(const CERecord& record, const PeriodContext& context) const;

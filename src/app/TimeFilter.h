@@ -19,6 +19,7 @@ class TimeFilter final : public PeriodFilter {
     int exported = FlagCriterion::kAny;
     int timer = FlagCriterion::kAny;
 
+    bool operator==(const TimeFilter&) const = default;
     void Reset() override;
     /// One record, by its rule of tests; the first that fails ends it.
     [[nodiscard]] bool Matches(const CTRecord& record, const PeriodContext& context,

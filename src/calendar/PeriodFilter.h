@@ -18,6 +18,7 @@ class PeriodFilter {
  public:
     PeriodFilter();
     virtual ~PeriodFilter() = default;
+    bool operator==(const PeriodFilter&) const = default;
 
     bool isEnabled = false;   ///< false: no date test
     bool matchWhole = false;  ///< text criteria must equal the field

@@ -152,7 +152,6 @@ void CMainFrame::Connect() {
     connect(m_view, &CRecordListView::ColumnResized, this, [this] { m_commands->PersistLayout(); });
     connect(m_view, &CRecordListView::MenuWanted, this,
             [this](const QPoint& at) { m_actions->ContextMenu().popup(at); });
-    connect(m_tree, &CDataTreeView::SelectionMoved, this, &CMainFrame::UpdateActions);
     connect(m_tree, &CDataTreeView::MenuWanted, this, &CMainFrame::ShowTreeMenu);
     connect(new QShortcut(QKeySequence(Qt::Key_F6), this), &QShortcut::activated, m_panes, &CPanes::NextPane);
     CPeriodButton& period = m_actions->PeriodButton();

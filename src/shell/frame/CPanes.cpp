@@ -50,7 +50,7 @@ void CPanes::resizeEvent(QResizeEvent* event) {
 }
 
 bool CPanes::HasNode() const {
-    return IsShown() && m_tree.HasNode();
+    return m_tree.HasNode();
 }
 
 bool CPanes::CanExpand() const {

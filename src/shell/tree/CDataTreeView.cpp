@@ -16,18 +16,11 @@ namespace {
 /// More open nodes than these aren't opened again after a rebuild.
 constexpr qsizetype kMostOpen = 500;
 
-template <class Filter>
-void Narrow(const TreePath& path, Filter& filter) {
-    ApplyPath(path, filter);
-    filter.matchWhole = filter.matchCase = true;
-}
-
 }  // namespace
 
 CDataTreeView::CDataTreeView(CVelmarchDoc& document, const CCfgStore& settings, CPrompt& prompt,
                              QWidget* parent)
     : QTreeView(parent),
-      m_document(document),
       m_settings(settings),
       m_prompt(prompt),
       m_tree(document, settings),
@@ -43,44 +36,31 @@ CDataTreeView::CDataTreeView(CVelmarchDoc& document, const CCfgStore& settings, 
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(CDataTreeModel::TextSection, QHeaderView::Stretch);
     header()->setSectionResizeMode(CDataTreeModel::CountSection, QHeaderView::ResizeToContents);
-    connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, &CDataTreeView::Remember);
-    connect(m_model, &QAbstractItemModel::modelReset, this, &CDataTreeView::TakeUp);
+    connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, &CDataTreeView::RememberOpen);
+    connect(m_model, &QAbstractItemModel::modelReset, this, &CDataTreeView::Reopen);
     connect(m_model, &QAbstractItemModel::rowsAboutToBeRemoved, this, &CDataTreeView::NoteOpen);
-    connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &CDataTreeView::ApplySelection);
-    // The selected node may not be what the list shows any more: then a click means it anew.
-    connect(this, &QTreeView::clicked, this, [this] {
-        if (!m_isApplied) ApplySelection();
-    });
+    connect(selectionModel(), &QItemSelectionModel::currentChanged, this, &CDataTreeView::ChooseSelected);
+    // The cursor may stand on a node that the list doesn't show: then a click chooses it.
+    connect(this, &QTreeView::clicked, this, &CDataTreeView::ChooseSelected);
     expand(m_model->RootIndex());
 }
 
 void CDataTreeView::OnHint(Hint hint, const QStringList& ids) {
-    if (m_isFiltering) return;
-    if (hint == Hint::Rebuild) m_isApplied = false;
-    if (ids.isEmpty()) return m_tree.OnHint(hint, ids);
-    // A node that goes takes the selection to its neighbour, which nobody has chosen, and comes back closed.
-    const QScopedValueRollback takingUp(m_isTakingUp, true);
-    RememberSelection();
+    const QScopedValueRollback following(m_isFollowing, true);
     m_tree.OnHint(hint, ids);
-    HoldSelection();
     if (hint == Hint::Changed) Reopen();
     if (hint == Hint::Added || hint == Hint::Changed || hint == Hint::Deleted) m_open.clear();
+    Follow();
 }
 
-void CDataTreeView::RememberSelection() {
-    if (!Selected().isValid()) return;
-    m_hadSelection = true;
-    m_selected = CDataTree::PathOf(m_model->NodeAt(Selected()));
-}
-
-/// The node of a record that changes goes with its old values and may come back with the new ones: then it is
-/// selected again. Until then nothing is, and the list stays as it is.
-void CDataTreeView::HoldSelection() {
-    const CTreeNode* node = m_hadSelection ? m_tree.Find(m_selected) : nullptr;
+/// A node that goes takes the cursor to its neighbour, which nobody has chosen; one that comes back with the
+/// changed values of its only record is selected again.
+void CDataTreeView::Follow() {
+    const CTreeNode* node = m_tree.Shown();
     if (!node)
         selectionModel()->clear();
-    else if (const QModelIndex held = m_model->IndexOf(*node); held != Selected())
-        setCurrentIndex(held);
+    else if (const QModelIndex shown = m_model->IndexOf(*node); shown != Selected())
+        setCurrentIndex(shown);
 }
 
 // --- The selection
@@ -97,13 +77,13 @@ void CDataTreeView::selectionChanged(const QItemSelection& selected, const QItem
 }
 
 void CDataTreeView::focusInEvent(QFocusEvent* event) {
-    const QScopedValueRollback takingUp(m_isTakingUp, true);
+    const QScopedValueRollback following(m_isFollowing, true);
     QTreeView::focusInEvent(event);
 }
 
 bool CDataTreeView::HasNode() const {
-    const QModelIndex selected = Selected();
-    return selected.isValid() && m_model->NodeAt(selected).Parent();
+    const CTreeNode* node = m_tree.Shown();
+    return node && node->Parent();
 }
 
 bool CDataTreeView::CanExpand() const {
@@ -111,27 +91,17 @@ bool CDataTreeView::CanExpand() const {
     return selected.isValid() && m_model->hasChildren(selected);
 }
 
-/// The tree goes on showing all nodes, so that another one can be chosen.
-void CDataTreeView::ApplySelection() {
+void CDataTreeView::ChooseSelected() {
     const QModelIndex selected = Selected();
-    if (m_isTakingUp || !selected.isValid()) return;
-    const TreePath path = m_tree.StepsTo(m_model->NodeAt(selected));
-    const QScopedValueRollback filtering(m_isFiltering, true);
-    if (theRecordMode == RecordMode::Time)
-        Narrow(path, m_document.Filter());
-    else
-        Narrow(path, m_document.FilterOfExpenses());
-    m_document.BuildVisible();
-    m_tree.KeepOverFilter();
-    m_document.NotifyViews(Hint::Rebuild);
-    m_isApplied = true;
-    Q_EMIT SelectionMoved();
+    if (m_isFollowing || !selected.isValid()) return;
+    m_tree.Choose(m_model->NodeAt(selected));
+    const QScopedValueRollback following(m_isFollowing, true);
+    Follow();
 }
 
 bool CDataTreeView::FillRecord(CVORec& record) const {
-    if (!HasNode()) return false;
-    const TreePath path = m_tree.StepsTo(m_model->NodeAt(Selected()));
-    return ::FillRecord(path, record, m_settings);
+    const CTreeNode* node = m_tree.Shown();
+    return node && ::FillRecord(m_tree.StepsTo(*node), record, m_settings);
 }
 
 void CDataTreeView::ExpandAll() {
@@ -152,12 +122,10 @@ void CDataTreeView::ToggleBelow(const QModelIndex& index) {
 
 // --- Over a rebuild
 
-void CDataTreeView::Remember() {
-    if (!m_tree.Root().ChildCount()) return;  // cleared before other records come: what was known is kept
+void CDataTreeView::RememberOpen() {
+    if (!m_tree.Root().ChildCount()) return;  // cleared before other records come: what was known holds on
     m_open.clear();
     NoteOpen(m_model->RootIndex(), 0, m_model->rowCount(m_model->RootIndex()) - 1);
-    m_hadSelection = false;
-    RememberSelection();
 }
 
 void CDataTreeView::NoteOpen(const QModelIndex& parent, int first, int last) {
@@ -170,16 +138,9 @@ void CDataTreeView::NoteOpen(const QModelIndex& parent, int first, int last) {
 }
 
 void CDataTreeView::Reopen() {
+    expand(m_model->RootIndex());
     for (const QStringList& path : std::as_const(m_open))
         if (const CTreeNode* node = m_tree.Find(path)) expand(m_model->IndexOf(*node));
-}
-
-void CDataTreeView::TakeUp() {
-    const QScopedValueRollback takingUp(m_isTakingUp, true);
-    expand(m_model->RootIndex());
-    Reopen();
-    const CTreeNode* node = m_hadSelection ? m_tree.Find(m_selected) : nullptr;
-    if (node) setCurrentIndex(m_model->IndexOf(*node));
 }
 
 void CDataTreeView::contextMenuEvent(QContextMenuEvent* event) {

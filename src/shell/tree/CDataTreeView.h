@@ -14,7 +14,8 @@ class CVelmarchDoc;
 class CVORec;
 
 /// The data tree on screen. Selecting a node narrows the record list to the records under it; the tree itself
-/// stays as it is then. What is open and what is selected outlives a rebuild.
+/// stays as it is then. The node whose records the list shows is the selected one, whatever changes the list.
+/// What is open outlives a rebuild.
 class CDataTreeView final : public QTreeView {
     Q_OBJECT
 
@@ -33,7 +34,6 @@ class CDataTreeView final : public QTreeView {
     [[nodiscard]] bool FillRecord(CVORec& record) const;
 
  Q_SIGNALS:
-    void SelectionMoved();
     void MenuWanted(const QPoint& globalPosition);
 
  protected:
@@ -44,25 +44,18 @@ class CDataTreeView final : public QTreeView {
     void focusInEvent(QFocusEvent* event) override;
 
  private:
-    void ApplySelection();
-    void Remember();
-    void RememberSelection();
-    void HoldSelection();
+    void ChooseSelected();
+    void Follow();
+    void RememberOpen();
     void NoteOpen(const QModelIndex& parent, int first, int last);
     void Reopen();
-    void TakeUp();
     void ToggleBelow(const QModelIndex& index);
     [[nodiscard]] QModelIndex Selected() const;
 
-    CVelmarchDoc& m_document;
     const CCfgStore& m_settings;
     CPrompt& m_prompt;
     CDataTree m_tree;
     CDataTreeModel* m_model;
-    bool m_isFiltering = false;  ///< the rebuild that is announced comes from here
-    bool m_isTakingUp = false;   ///< a selection that is taken up again filters nothing
-    bool m_isApplied = false;    ///< the selected node is what the list was last narrowed to
+    bool m_isFollowing = false;  ///< the cursor moves, and nobody has chosen where to
     QList<QStringList> m_open;   ///< paths of open nodes that are gone and may come back
-    QStringList m_selected;
-    bool m_hadSelection = false;
 };

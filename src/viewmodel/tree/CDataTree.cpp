@@ -9,6 +9,7 @@
 #include "viewmodel/tree/CTreeListener.h"
 #include "viewmodel/tree/TreeTexts.h"
 
+#include <QScopedValueRollback>
 #include <algorithm>
 
 namespace {
@@ -42,8 +43,8 @@ struct CDataTree::Level {
     }
 };
 
-CDataTree::CDataTree(const CVelmarchDoc& document, const CCfgStore& settings)
-    : m_document(document), m_settings(settings), m_root(std::make_unique<CTreeNode>()) {
+CDataTree::CDataTree(CVelmarchDoc& document, const CCfgStore& settings)
+    : m_document(document), m_settings(settings), m_root(std::make_unique<CTreeNode>()), m_counted(document) {
     m_root->m_text = LoadText(Text::TreeRoot);
 }
 
@@ -62,33 +63,42 @@ void CDataTree::TakeLevels() {
 }
 
 void CDataTree::Rebuild() {
-    if (m_watcher) m_watcher->BeforeReset();
+    if (m_listener) m_listener->BeforeReset();
     FreeNodes();
     TakeLevels();
-    Fill();
-    m_isCounted.assign(m_document.VisiblePlaces(), true);
-    m_edition = m_document.PlacesEdition();
-    if (m_watcher) m_watcher->AfterReset();
+    FillAnew();
+    if (m_listener) m_listener->AfterReset();
 }
 
-/// The nodes of the lowest level are counted first; each tells its number to those above it.
-void CDataTree::Fill() {
+void CDataTree::FillAnew() {
+    if (IsNarrowed()) {
+        const std::vector<const CVORec*> counted =
+            m_counted.TakePassing(NarrowedTo({}, FilterInForce(m_document)));
+        Fill(counted.size(),
+             [&counted](std::size_t place) { return place < counted.size() ? counted[place] : nullptr; });
+    } else {
+        m_counted.TakeVisible();
+        Fill(m_document.VisiblePlaces(), [this](std::size_t place) { return m_document.VisibleAt(place); });
+    }
+}
+
+/// The nodes of the lowest level are counted first; each adds its number to those above it.
+template <class At>
+void CDataTree::Fill(std::size_t places, const At& at) {
     if (m_levels.empty()) return;
     CTreeLeaves leaves(m_levels.size());
     std::vector<CTreeNode*> nodes;
     std::vector<std::uint32_t> numbers(m_levels.size());
-    m_isFilling = true;
-    for (std::size_t place = 0; place < m_document.VisiblePlaces(); ++place) {
-        if (const CVORec* later = m_document.VisibleAt(place + kAhead)) {
+    for (std::size_t place = 0; place < places; ++place) {
+        if (const CVORec* later = at(place + kAhead)) {
             __builtin_prefetch(later);
             for (const Level& level : m_levels) level.Fetch(*later);
         }
-        const CVORec* record = m_document.VisibleAt(place);
+        const CVORec* record = at(place);
         if (!record || !HasLevelsOf(*record)) continue;
         for (std::size_t i = 0; i < numbers.size(); ++i) numbers[i] = NumberOf(m_levels[i].TextOf(*record));
         if (leaves.Count(numbers)) nodes.push_back(LeafOf(*record, numbers));
     }
-    m_isFilling = false;
     for (std::size_t leaf = 0; leaf < nodes.size(); ++leaf)
         for (CTreeNode* node = nodes[leaf]; node->m_parent; node = node->m_parent)
             node->m_count += leaves.CountOf(leaf);
@@ -99,15 +109,16 @@ CTreeNode* CDataTree::LeafOf(const CVORec& record, const std::vector<std::uint32
     CTreeNode* node = m_root.get();
     for (std::size_t i = 0; i < numbers.size(); ++i) {
         CTreeNode* child = ChildOf(*node, numbers[i]);
-        node = child ? child : AddChild(*node, m_levels[i].TextOf(record), numbers[i]);
+        node = child ? child : AppendChild(*node, m_levels[i].TextOf(record), numbers[i]);
     }
     return node;
 }
 
 void CDataTree::Clear() {
-    if (m_watcher) m_watcher->BeforeReset();
+    if (m_listener) m_listener->BeforeReset();
     FreeNodes();
-    if (m_watcher) m_watcher->AfterReset();
+    m_counted.Clear();
+    if (m_listener) m_listener->AfterReset();
 }
 
 void CDataTree::FreeNodes() {
@@ -118,7 +129,6 @@ void CDataTree::FreeNodes() {
     m_root->m_children.clear();
     m_root->m_isSorted = true;
     m_nextNode = 1;
-    m_isCounted.clear();
 }
 
 // --- One record
@@ -135,12 +145,12 @@ void CDataTree::AddRecord(const CVORec& record) {
         const std::uint32_t number = NumberOf(text);
         CTreeNode* child = ChildOf(*node, number);
         const bool isNew = !child;
-        if (isNew) child = AddChild(*node, text, number);
+        if (isNew) child = InsertChild(*node, text, number);
         ++child->m_count;
-        if (m_watcher && isNew)
-            m_watcher->AfterInsert(*child);
-        else if (m_watcher)
-            m_watcher->CountChanged(*child);
+        if (m_listener && isNew)
+            m_listener->AfterInsert(*child);
+        else if (m_listener)
+            m_listener->CountChanged(*child);
         node = child;
     }
 }
@@ -153,7 +163,7 @@ void CDataTree::RemoveRecord(const CVORec& record) {
         if (!child) continue;
         if (child->m_count <= 1) return RemoveChild(*child);
         --child->m_count;
-        if (m_watcher) m_watcher->CountChanged(*child);
+        if (m_listener) m_listener->CountChanged(*child);
         node = child;
     }
 }
@@ -172,20 +182,28 @@ CTreeNode* CDataTree::ChildOf(const CTreeNode& parent, std::uint32_t textNumber)
     return m_nodes.value(KeyOf(parent.m_number, textNumber));
 }
 
-CTreeNode* CDataTree::AddChild(CTreeNode& parent, const QString& text, std::uint32_t textNumber) {
+CTreeNode* CDataTree::MakeChild(CTreeNode& parent, const QString& text, std::uint32_t textNumber) {
     auto* node = new CTreeNode;
     node->m_text = text;
     node->m_parent = &parent;
     node->m_number = m_nextNode++;
     node->m_textNumber = textNumber;
     m_nodes.insert(KeyOf(parent.m_number, textNumber), node);
-    if (m_isFilling) {
-        parent.m_isSorted = parent.m_children.empty();
-        parent.m_children.push_back(node);
-        return node;
-    }
+    return node;
+}
+
+/// Where many come at once: each isn't announced, and they are sorted later.
+CTreeNode* CDataTree::AppendChild(CTreeNode& parent, const QString& text, std::uint32_t textNumber) {
+    CTreeNode* node = MakeChild(parent, text, textNumber);
+    parent.m_isSorted = parent.m_children.empty();
+    parent.m_children.push_back(node);
+    return node;
+}
+
+CTreeNode* CDataTree::InsertChild(CTreeNode& parent, const QString& text, std::uint32_t textNumber) {
+    CTreeNode* node = MakeChild(parent, text, textNumber);
     const std::size_t place = parent.PlaceOf(text);
-    if (m_watcher) m_watcher->BeforeInsert(parent, static_cast<int>(place));
+    if (m_listener) m_listener->BeforeInsert(parent, static_cast<int>(place));
     parent.m_children.insert(parent.m_children.begin() + static_cast<std::ptrdiff_t>(place), node);
     return node;
 }
@@ -193,10 +211,10 @@ CTreeNode* CDataTree::AddChild(CTreeNode& parent, const QString& text, std::uint
 void CDataTree::RemoveChild(CTreeNode& node) {
     CTreeNode& parent = *node.m_parent;
     const std::size_t place = parent.PlaceOf(node.m_text);
-    if (m_watcher) m_watcher->BeforeRemove(node);
+    if (m_listener) m_listener->BeforeRemove(node);
     parent.m_children.erase(parent.m_children.begin() + static_cast<std::ptrdiff_t>(place));
     Free(&node);
-    if (m_watcher) m_watcher->AfterRemove(parent);
+    if (m_listener) m_listener->AfterRemove(parent);
 }
 
 void CDataTree::Free(CTreeNode* node) {
@@ -205,20 +223,54 @@ void CDataTree::Free(CTreeNode* node) {
     delete node;
 }
 
-// --- Hints
+// --- The chosen node
 
-void CDataTree::KeepOverFilter() {
-    m_isCounted.assign(m_document.VisiblePlaces(), true);
-    m_edition = m_document.PlacesEdition();
+const TreePath& CDataTree::Chosen() const {
+    return m_chosen[theRecordMode == RecordMode::Time ? 0 : 1];
 }
 
+/// A filter that was changed since, or a path through columns that are no levels any more, leaves nothing of
+/// the choice: then the filter is one like any other.
+bool CDataTree::IsNarrowed() const {
+    const TreePath& chosen = Chosen();
+    if (chosen.empty() || chosen.size() > m_columns.size()) return false;
+    for (std::size_t i = 0; i < chosen.size(); ++i)
+        if (chosen[i].column != m_columns[i]) return false;
+    const NodeFilter filter = FilterInForce(m_document);
+    return filter == NarrowedTo(chosen, filter);
+}
+
+const CTreeNode* CDataTree::Shown() const {
+    if (!IsNarrowed()) return IsOfRoot(FilterInForce(m_document)) ? m_root.get() : nullptr;
+    QStringList texts;
+    for (const TreeStep& step : Chosen()) texts.append(step.text);
+    return Find(texts);
+}
+
+void CDataTree::Choose(const CTreeNode& node) {
+    if (&node == Shown()) return;
+    TreePath path = StepsTo(node);
+    if (m_counted.IsOutdated()) Rebuild();
+    const NodeFilter before = FilterInForce(m_document);
+    PutInForce(NarrowedTo(path, before), m_document);
+    m_chosen[theRecordMode == RecordMode::Time ? 0 : 1] = std::move(path);
+    m_document.BuildVisible();
+    m_counted.OnNarrowed(before);
+    const QScopedValueRollback choosing(m_isChoosing, true);
+    m_document.NotifyViews(Hint::Rebuild);
+}
+
+// --- Hints
+
 void CDataTree::OnHint(Hint hint, const QStringList& ids) {
-    // Other records are visible than those that were counted, and nobody has said so.
-    if (!ids.isEmpty() && m_edition != m_document.PlacesEdition()) Rebuild();
+    if (m_isChoosing) return;
+    // Other records are visible than those that were counted, and no hint has said so.
+    if (!ids.isEmpty() && m_counted.IsOutdated()) Rebuild();
     switch (hint) {
         case Hint::Added:
         case Hint::Changed:
-            CountIn(ids);
+        case Hint::Deleted:
+            CountIn(hint, ids);
             break;
         case Hint::AboutToGo:
         case Hint::AboutToChange:
@@ -235,27 +287,24 @@ void CDataTree::OnHint(Hint hint, const QStringList& ids) {
     }
 }
 
-/// A record that the filter keeps out of the document's visible ones stays out. One that was changed without
-/// a word before can't be counted out any more: then everything is counted anew.
-void CDataTree::CountIn(const QStringList& ids) {
+/// A record that only went out of the list's sight is counted again. One that was changed without a hint
+/// before can't be counted out any more: then everything is counted anew.
+void CDataTree::CountIn(Hint hint, const QStringList& ids) {
     for (const QString& id : ids) {
-        const std::size_t place = m_document.VisiblePlaceOf(id);
-        const CVORec* record = m_document.VisibleAt(place);
-        if (!record) continue;
-        if (place >= m_isCounted.size()) m_isCounted.resize(place + 1, false);
-        if (m_isCounted[place]) return Rebuild();
-        m_isCounted[place] = true;
+        const CVORec* record = m_counted.Find(id);
+        if (!record || !m_counted.Wants(*record)) continue;
+        if (m_counted.MayHave(id, hint)) return Rebuild();
+        m_counted.Note(id, true);
         AddRecord(*record);
     }
 }
 
 void CDataTree::CountOut(const QString& id) {
-    const std::size_t place = m_document.VisiblePlaceOf(id);
-    if (place >= m_isCounted.size() || !m_isCounted[place]) return;
-    const CVORec* record = m_document.VisibleAt(place);
+    const CVORec* record = m_counted.Find(id);
     if (!record) return;
-    m_isCounted[place] = false;
-    RemoveRecord(*record);
+    const bool isCounted = m_counted.Has(*record);
+    m_counted.Note(id, false);
+    if (isCounted) RemoveRecord(*record);
 }
 
 // --- Paths

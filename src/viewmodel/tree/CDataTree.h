@@ -2,6 +2,7 @@
 
 #include "app/Hints.h"
 #include "records/TextAddressCache.h"
+#include "viewmodel/tree/CCountedRecords.h"
 #include "viewmodel/tree/CTreeNode.h"
 #include "viewmodel/tree/TreePath.h"
 
@@ -16,19 +17,22 @@ class CVORec;
 class CVelmarchDoc;
 struct TreeLevelRow;
 
-/// The visible records grouped by the values of the tree's columns: the first level by the first column,
-/// below each of its nodes the second column, and so on. Holds texts and counts, no records.
+/// Records grouped by the values of the tree's columns: the first level by the first column, below each of
+/// its nodes the second column, and so on. Holds texts and counts, no records.
+///
+/// It counts the visible records. While the list is narrowed to a node, it counts what the filter lets pass
+/// without that node, so that the other nodes can still be chosen.
 class CDataTree {
  public:
-    CDataTree(const CVelmarchDoc& document, const CCfgStore& settings);
+    CDataTree(CVelmarchDoc& document, const CCfgStore& settings);
     ~CDataTree();
     CDataTree(const CDataTree&) = delete;
     CDataTree& operator=(const CDataTree&) = delete;
 
-    /// Null: nobody.
-    void SetWatcher(CTreeListener* watcher) { m_watcher = watcher; }
+    /// Null for none.
+    void SetListener(CTreeListener* listener) { m_listener = listener; }
 
-    /// All visible records anew, by the levels that the settings have for the mode.
+    /// All records that count anew, by the levels that the settings have for the mode.
     void Rebuild();
     /// Only the root is left.
     void Clear();
@@ -37,10 +41,13 @@ class CDataTree {
     /// Counts a record out: a node that would come to 0 goes with everything below it, and that ends it. A
     /// text that isn't found is passed over, and the next level is looked for at the same node.
     void RemoveRecord(const CVORec& record);
-    /// After a node was used as the filter: the visible records were chosen anew and the tree stays, so that
-    /// the other nodes can still be chosen. All that are visible count as counted.
-    void KeepOverFilter();
-    /// Keeps the tree as a rebuild would make it. Records about to change or to go are counted out while the
+    /// Narrows the list to the records of a node; the root shows all of the period. The views are told, the
+    /// tree stays as it is. Nothing happens to a node that the list shows already.
+    void Choose(const CTreeNode& node);
+    /// The node whose records the list shows: the chosen one as long as the filter is the one that choosing
+    /// it made, the root where the filter has no condition. Null for any other filter.
+    [[nodiscard]] const CTreeNode* Shown() const;
+    /// Makes the tree what a rebuild would make. Records about to change or to go are counted out while the
     /// document still has their old values, and changed or new ones in.
     void OnHint(Hint hint, const QStringList& ids);
 
@@ -59,20 +66,26 @@ class CDataTree {
 
     void TakeLevels();
     void FreeNodes();
-    void Fill();
+    void FillAnew();
+    template <class At>
+    void Fill(std::size_t places, const At& at);
+    [[nodiscard]] const TreePath& Chosen() const;
+    [[nodiscard]] bool IsNarrowed() const;
     CTreeNode* LeafOf(const CVORec& record, const std::vector<std::uint32_t>& numbers);
     [[nodiscard]] bool HasLevelsOf(const CVORec& record) const;
     [[nodiscard]] std::uint32_t NumberOf(const QString& text);
     [[nodiscard]] CTreeNode* ChildOf(const CTreeNode& parent, std::uint32_t textNumber) const;
-    CTreeNode* AddChild(CTreeNode& parent, const QString& text, std::uint32_t textNumber);
+    CTreeNode* MakeChild(CTreeNode& parent, const QString& text, std::uint32_t textNumber);
+    CTreeNode* AppendChild(CTreeNode& parent, const QString& text, std::uint32_t textNumber);
+    CTreeNode* InsertChild(CTreeNode& parent, const QString& text, std::uint32_t textNumber);
     void RemoveChild(CTreeNode& node);
     void Free(CTreeNode* node);
-    void CountIn(const QStringList& ids);
+    void CountIn(Hint hint, const QStringList& ids);
     void CountOut(const QString& id);
 
-    const CVelmarchDoc& m_document;
+    CVelmarchDoc& m_document;
     const CCfgStore& m_settings;
-    CTreeListener* m_watcher = nullptr;
+    CTreeListener* m_listener = nullptr;
     std::unique_ptr<CTreeNode> m_root;
     std::vector<int> m_columns;
     std::vector<Level> m_levels;
@@ -80,7 +93,7 @@ class CDataTree {
     QHash<QString, std::uint32_t> m_texts;
     TextAddressCache<std::uint32_t, 4096> m_known;  ///< numbers by text
     std::uint32_t m_nextNode = 1;
-    std::vector<bool> m_isCounted;  ///< by the records' places in the document
-    unsigned m_edition = 0;         ///< of those places
-    bool m_isFilling = false;       ///< many come at once: nobody is told of each, and none is sorted
+    CCountedRecords m_counted;
+    std::array<TreePath, 2> m_chosen;  ///< by mode; empty for none
+    bool m_isChoosing = false;         ///< the hint that is on its way comes from the tree itself
 };

@@ -13,11 +13,11 @@ QString ShownText(const CTreeNode& node) {
 }  // namespace
 
 CDataTreeModel::CDataTreeModel(CDataTree& tree, QObject* parent) : QAbstractItemModel(parent), m_tree(tree) {
-    m_tree.SetWatcher(this);
+    m_tree.SetListener(this);
 }
 
 CDataTreeModel::~CDataTreeModel() {
-    m_tree.SetWatcher(nullptr);
+    m_tree.SetListener(nullptr);
 }
 
 const CTreeNode& CDataTreeModel::NodeAt(const QModelIndex& index) const {

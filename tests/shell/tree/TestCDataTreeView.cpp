@@ -1,6 +1,7 @@
 #include "shell/tree/CDataTreeView.h"
 
 #include "lang/LoadText.h"
+#include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "shell/look/IconTheme.h"
 #include "support/TestHome.h"
@@ -167,21 +168,92 @@ class TestCDataTreeView final : public QObject {
         QCOMPARE(fixture.CountAt({u"B"_s}), u"2"_s);
     }
 
+    /// All records are read again: the other nodes stay as well, with their counts.
     void whatIsOpenAndSelectedOutlivesARebuild() {
         Fixture fixture;
         fixture.Add(u"A"_s, u"x"_s);
         fixture.Add(u"B"_s, u"x"_s);
+        fixture.Add(u"B"_s, u"y"_s);
         fixture.view.expand(fixture.At({u"B"_s}));
         fixture.Select({u"A"_s});
-        fixture.document.NotifyViews(Hint::Clear);
         const int before = fixture.rebuilds;
-        fixture.document.Filter().Reset();
+        QVERIFY(fixture.document.LoadCurrentMode());
         fixture.Rebuild();
         QCOMPARE(fixture.rebuilds, before + 1);  // taking the selection up filters nothing
         QVERIFY(fixture.view.isExpanded(fixture.At({u"B"_s})));
         QVERIFY(!fixture.view.isExpanded(fixture.At({u"A"_s})));
         QCOMPARE(fixture.view.currentIndex(), fixture.At({u"A"_s}));
-        QCOMPARE(fixture.document.VisibleCount(), std::size_t{2});
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{1});
+        QCOMPARE(fixture.CountAt({u"B"_s}), u"2"_s);
+        QCOMPARE(fixture.CountAt({u"B"_s, u"y"_s}), u"1"_s);
+    }
+
+    void theSelectedNodeIsWhatTheListShows_data() {
+        QTest::addColumn<QString>("filter");
+        QTest::addColumn<QString>("selected");
+        QTest::addColumn<QStringList>("clients");
+        const QStringList both{u"A"_s, u"B"_s};
+        QTest::newRow("another period: the node goes on holding") << u"period"_s << u"A"_s << both;
+        QTest::newRow("no condition any more: everything") << u"none"_s << u"All"_s << both;
+        QTest::newRow("a condition more: no node") << u"billable"_s << QString() << QStringList{u"A"_s};
+        QTest::newRow("another client by a command: no node") << u"B"_s << QString() << QStringList{u"B"_s};
+    }
+    /// A node was selected, and then the filter is changed elsewhere.
+    void theSelectedNodeIsWhatTheListShows() {
+        QFETCH(QString, filter);
+        QFETCH(QStringList, clients);
+        Fixture fixture;
+        fixture.Add(u"A"_s, u"x"_s);
+        fixture.Add(u"B"_s, u"x"_s);
+        fixture.Select({u"A"_s});
+        TimeFilter& conditions = fixture.document.Filter();
+        if (filter == u"period"_s)
+            QVERIFY(conditions.SetSingleDate(u"11/21/2026"_s, fixture.document.GetPeriodContext()));
+        if (filter == u"none"_s) conditions.Reset();
+        if (filter == u"billable"_s) conditions.billable = FlagCriterion::kClear;
+        if (filter == u"B"_s) conditions.items[0] = u"B"_s;
+        fixture.Rebuild();
+        QTEST(fixture.view.currentIndex().data().toString(), "selected");
+        QCOMPARE(fixture.view.HasNode(), filter == u"period"_s);
+        QStringList shown;
+        for (int row = 0; row < fixture.Model().rowCount(fixture.Root()); ++row)
+            shown << fixture.Model().index(row, 0, fixture.Root()).data().toString();
+        QCOMPARE(shown, clients);
+    }
+
+    /// Each mode has a filter of its own, and so a node of its own.
+    void theSelectedNodeOfEachMode() {
+        Fixture fixture;
+        fixture.Add(u"A"_s, u"x"_s);
+        fixture.Add(u"B"_s, u"x"_s);
+        CERecord expense;
+        expense.GenUnique();
+        expense.item1 = u"A"_s;
+        QVERIFY(fixture.document.AddRecord(expense, true, true, false));
+        fixture.Select({u"A"_s});
+        fixture.document.SwitchMode(RecordMode::Expense);
+        QCOMPARE(fixture.view.currentIndex(), fixture.Root());
+        fixture.Select({u"A"_s});
+        fixture.document.FilterOfExpenses().Reset();
+        fixture.document.SwitchMode(RecordMode::Time);
+        QCOMPARE(fixture.view.currentIndex(), fixture.At({u"A"_s}));
+        QCOMPARE(fixture.document.VisibleCount(), std::size_t{1});
+        QVERIFY(fixture.At({u"B"_s}).isValid());
+        fixture.document.SwitchMode(RecordMode::Expense);
+        QCOMPARE(fixture.view.currentIndex(), fixture.Root());
+        fixture.document.SwitchMode(RecordMode::Time);
+    }
+
+    /// The path of the selected node goes through columns that are no levels any more.
+    void theLevelsChangeWhileANodeIsSelected() {
+        Fixture fixture;
+        fixture.Add(u"A"_s, u"x"_s);
+        fixture.Add(u"B"_s, u"A"_s);
+        fixture.Select({u"A"_s});
+        fixture.home.settings->TreeColumns().ShowExactly(ColumnHalf::Time, {Column::kItem2});
+        fixture.Rebuild();
+        QVERIFY(!fixture.view.HasNode());
+        QVERIFY(fixture.view.selectionModel()->selectedRows().isEmpty());
     }
 
     void aClickOnTheSelectedNodeNarrowsAgain() {
@@ -198,7 +270,7 @@ class TestCDataTreeView final : public QObject {
         fixture.document.ResetTimeFilter();
         fixture.document.NotifyViews(Hint::Rebuild);
         QCOMPARE(fixture.document.VisibleCount(), std::size_t{2});
-        QCOMPARE(fixture.view.currentIndex(), fixture.At({u"A"_s}));
+        QCOMPARE(fixture.view.currentIndex(), fixture.Root());
         click();
         QCOMPARE(fixture.document.VisibleCount(), std::size_t{1});
         const int before = fixture.rebuilds;
@@ -286,6 +358,7 @@ class TestCDataTreeView final : public QObject {
     void expandAllTogglesTheNodeAndAllBelow() {
         Fixture fixture;
         fixture.Add(u"A"_s, u"x"_s);
+        fixture.view.setCurrentIndex({});
         fixture.home.prompt.ExpectTold(Text::SelectTreeNode);
         fixture.view.ExpandAll();
         fixture.Select({u"A"_s});

@@ -19,7 +19,7 @@ namespace {
 class Mirror final : public CTreeListener {
  public:
     explicit Mirror(CDataTree& tree) : m_tree(tree) {
-        tree.SetWatcher(this);
+        tree.SetListener(this);
         AfterReset();
     }
     void BeforeReset() override { m_top = {}; }
@@ -102,7 +102,7 @@ class Changer {
             case 4:
                 return ChangeTimer();
             case 5:
-                return ChangeElsewhere();
+                return Pick(2) == 0 ? AddElsewhere() : ChangeElsewhere();
             default:
                 return ChangeRecord();
         }
@@ -135,6 +135,13 @@ class Changer {
         QVERIFY(Pick(3) == 0 ? m_fixture.home.store->DeleteRecord(Kind(), id)
                              : m_fixture.home.store->ModifyRecord(*NewRecordOf(id), id, true, true));
         QVERIFY(m_fixture.document.RefreshRecords(Kind(), {id}));
+    }
+    /// Another program adds a record.
+    void AddElsewhere() {
+        const std::unique_ptr<CVORec> record = NewRecordOf({});
+        QVERIFY(m_fixture.home.store->InsertRecord(*record, true));
+        m_ids[Place()] << record->GetId();
+        QVERIFY(m_fixture.document.RefreshRecords(Kind(), {record->GetId()}));
     }
     /// Any node, or the root.
     const CTreeNode& AnyNode() {
@@ -272,38 +279,41 @@ class TestCDataTreeChanges final : public QObject {
             QCOMPARE(fixture.Tree(), fixture.Rebuilt());
             QCOMPARE(mirror.Words(), fixture.Tree());
         }
-        fixture.tree.SetWatcher(nullptr);
+        fixture.tree.SetListener(nullptr);
     }
 
     void aNodeAsTheFilter_data() { Seeds(); }
-    /// A node narrows the list and the tree stays: what happens to the records in sight meanwhile is counted,
-    /// so that the tree is right when the root shows all of them again.
+    /// A node narrows the list and the tree stays: what happens meanwhile to the records in sight and, in
+    /// another program, to any is counted, so that the tree is right when the root shows all of them again.
     void aNodeAsTheFilter() {
         QFETCH(unsigned, seed);
         Changer changer(seed);
         DataTreeFixture& fixture = changer.Fixture();
         fixture.home.settings->TreeColumns().ShowExactly(ColumnHalf::Time, {4, 13, 5});
         fixture.Rebuild();
+        const Mirror mirror(fixture.tree);
         for (int selection = 0; selection < 40; ++selection) {
-            Choose(fixture, changer.AnyNode());
-            for (int change = 0; change < 4; ++change) changer.ChangeRecord();
-            Choose(fixture, fixture.tree.Root());
-            QCOMPARE(fixture.Tree(), fixture.Rebuilt());
+            fixture.tree.Choose(changer.AnyNode());
+            for (int change = 0; change < 3; ++change) {
+                changer.ChangeRecord();
+                changer.ChangeElsewhere();
+                changer.AddElsewhere();
+            }
+            const QString counted = fixture.Tree();
+            QCOMPARE(mirror.Words(), counted);
+            fixture.Rebuild();
+            QCOMPARE(fixture.Tree(), counted);
+            fixture.tree.Choose(fixture.tree.Root());
+            QCOMPARE(fixture.Tree(), counted);
+            QCOMPARE(fixture.Rebuilt(), counted);
         }
+        fixture.tree.SetListener(nullptr);
     }
 
  private:
     static void Seeds() {
         QTest::addColumn<unsigned>("seed");
         for (unsigned seed = 1; seed <= 20; ++seed) QTest::addRow("seed %u", seed) << seed;
-    }
-    /// As the view does it when a node is selected.
-    static void Choose(DataTreeFixture& fixture, const CTreeNode& node) {
-        TimeFilter& filter = fixture.document.Filter();
-        ApplyPath(fixture.tree.StepsTo(node), filter);
-        filter.matchWhole = filter.matchCase = true;
-        fixture.document.BuildVisible();
-        fixture.tree.KeepOverFilter();
     }
 };
 
