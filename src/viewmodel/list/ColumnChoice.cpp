@@ -1,11 +1,12 @@
 #include "viewmodel/list/ColumnChoice.h"
 
+#include "config/ColumnTable.h"
 #include "lang/LoadText.h"
 
 #include <utility>
 
 ColumnChoice::Line ColumnChoice::Separator() {
-    return {LoadText(Text::ColumnSeparator), true};
+    return {{Column::kNone, LoadText(Text::ColumnSeparator)}, true};
 }
 
 bool ColumnChoice::Has(const Lines& lines, int line) {
@@ -14,7 +15,7 @@ bool ColumnChoice::Has(const Lines& lines, int line) {
 
 QStringList ColumnChoice::Captions(const Lines& lines) {
     QStringList captions;
-    for (const Line& line : lines) captions << line.caption;
+    for (const Line& line : lines) captions << line.column.caption;
     return captions;
 }
 
@@ -26,8 +27,8 @@ void ColumnChoice::Open(const ChosenColumns& columns, bool hasSeparators) {
     m_breaks = columns.breaks;
     m_hasSeparators = hasSeparators;
     if (hasSeparators) m_available.push_back(Separator());
-    for (const QString& caption : columns.hidden) m_available.push_back({caption});
-    for (const QString& caption : columns.shown) m_shown.push_back({caption});
+    for (const ChosenColumn& column : columns.hidden) m_available.push_back({column});
+    for (const ChosenColumn& column : columns.shown) m_shown.push_back({column});
     if (!hasSeparators) return;
     std::int64_t inserted = 0;
     for (const std::int32_t position : columns.breaks) {
@@ -67,12 +68,12 @@ ChosenColumns ColumnChoice::Close() const {
     ChosenColumns columns;
     if (!m_hasSeparators) columns.breaks = m_breaks;
     for (const Line& line : m_available)
-        if (!line.isSeparator) columns.hidden << line.caption;
+        if (!line.isSeparator) columns.hidden.push_back(line.column);
     for (const Line& line : m_shown) {
         if (line.isSeparator)
             columns.breaks.push_back(static_cast<std::int32_t>(columns.shown.size()));
         else
-            columns.shown << line.caption;
+            columns.shown.push_back(line.column);
     }
     return columns;
 }

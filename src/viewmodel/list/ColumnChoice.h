@@ -5,10 +5,17 @@
 #include <cstdint>
 #include <vector>
 
-/// Columns of a half by their captions, as they are handed in and given back.
+/// A column as it stands in a list. The number says which one it is: two may be called alike.
+struct ChosenColumn {
+    int column = 0;
+    QString caption;
+    bool operator==(const ChosenColumn&) const = default;
+};
+
+/// Columns of a half, as they are handed in and given back.
 struct ChosenColumns {
-    QStringList hidden;
-    QStringList shown;                 ///< in their order
+    std::vector<ChosenColumn> hidden;
+    std::vector<ChosenColumn> shown;   ///< in their order
     std::vector<std::int32_t> breaks;  ///< how many shown columns stand before each line break
     bool operator==(const ChosenColumns&) const = default;
 };
@@ -37,9 +44,9 @@ class ColumnChoice {
     [[nodiscard]] ChosenColumns Close() const;
 
  private:
-    /// A column may be called like the separator, so the words don't tell.
+    /// A column, or a separator; a column may be called like one, so the words don't say it.
     struct Line {
-        QString caption;
+        ChosenColumn column;
         bool isSeparator = false;
     };
     using Lines = std::vector<Line>;

@@ -15,8 +15,8 @@ class TestCColumnPage : public QObject {
 
  private:
     static ChosenColumns Columns() {
-        return {{QStringLiteral("Rate"), QStringLiteral("Notes")},
-                {QStringLiteral("Date"), QStringLiteral("Client"), QStringLiteral("Project")},
+        return {{{8, QStringLiteral("Rate")}, {15, QStringLiteral("Notes")}},
+                {{0, QStringLiteral("Date")}, {4, QStringLiteral("Client")}, {5, QStringLiteral("Project")}},
                 {1}};
     }
     template <class Widget>
@@ -160,9 +160,11 @@ class TestCColumnPage : public QObject {
         Press(page, "takeColumn");
         Available(page)->setCurrentRow(2);
         QTest::keyClick(Available(page), Qt::Key_Space);
-        const ChosenColumns expected{{QStringLiteral("Rate")},
-                                     {QStringLiteral("Date"), QStringLiteral("Client"),
-                                      QStringLiteral("Project"), QStringLiteral("Notes")},
+        const ChosenColumns expected{{{8, QStringLiteral("Rate")}},
+                                     {{0, QStringLiteral("Date")},
+                                      {4, QStringLiteral("Client")},
+                                      {5, QStringLiteral("Project")},
+                                      {15, QStringLiteral("Notes")}},
                                      {1, 3}};
         QCOMPARE(page.GetDraft(), expected);
     }

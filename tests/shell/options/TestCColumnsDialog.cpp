@@ -57,6 +57,27 @@ class TestCColumnsDialog final : public QObject {
         QCOMPARE(Lines(expenses, "shownColumns").size(), 11);
         QVERIFY(Lines(expenses, "shownColumns").contains(u"Payment"_s));
     }
+    /// Two fields whose names share the 16 letters that a caption has: each is the column that it is.
+    void ColumnsThatAreCalledAlike() {
+        CColSet& columns = home->settings->ListColumns();
+        columns.ShowExactly(ColumnHalf::Time, {Column::kDate, Column::kItem2, Column::kItem1});
+        for (const int column : {Column::kItem1, Column::kItem2})
+            columns.SetColumn(ColumnHalf::Time, columns.EntryAt(column).caption,
+                              {.caption = u"Administration"_s,
+                               .width = 80,
+                               .newPosition = columns.EntryAt(column).position,
+                               .visible = true});
+        CColumnsDialog dialog(Of::List, ColumnHalf::Time, *home->settings);
+        dialog.accept();
+        QCOMPARE(columns.Order(ColumnHalf::Time),
+                 (std::vector{Column::kDate, Column::kItem2, Column::kItem1}));
+        CColumnsDialog again(Of::List, ColumnHalf::Time, *home->settings);
+        Find<QListWidget>(again, "shownColumns")
+            ->setCurrentRow(Lines(again, "shownColumns").lastIndexOf(u"Administration"_s));
+        Press(again, "giveBackColumn");
+        again.accept();
+        QCOMPARE(columns.Order(ColumnHalf::Time), (std::vector{Column::kDate, Column::kItem2}));
+    }
     void SeparatorsInTheLayoutOfSeveralLinesAlone() {
         home->settings->listLayout = 3;
         CColumnsDialog dialog(Of::List, ColumnHalf::Time, *home->settings);

@@ -15,8 +15,20 @@ class TestColumnChoice : public QObject {
     static QStringList Split(const QString& captions) {
         return captions.split(QLatin1Char(','), Qt::SkipEmptyParts);
     }
+    /// A column's number is that of its letter.
+    static std::vector<ChosenColumn> Numbered(const QString& captions) {
+        std::vector<ChosenColumn> columns;
+        for (const QString& caption : Split(captions))
+            columns.push_back({caption.front().unicode() - u'a', caption});
+        return columns;
+    }
+    static QStringList Captions(const std::vector<ChosenColumn>& columns) {
+        QStringList captions;
+        for (const ChosenColumn& column : columns) captions << column.caption;
+        return captions;
+    }
     static ChosenColumns Columns(const QString& hidden, const QString& shown, const Breaks& breaks) {
-        return {Split(hidden), Split(shown), breaks};
+        return {Numbered(hidden), Numbered(shown), breaks};
     }
     static QString Lists(const ColumnChoice& choice) {
         QStringList available = choice.Available();
@@ -29,8 +41,9 @@ class TestColumnChoice : public QObject {
         const ChosenColumns columns = choice.Close();
         QStringList breaks;
         for (const std::int32_t place : columns.breaks) breaks << QString::number(place);
-        return columns.hidden.join(QLatin1Char(',')) + QLatin1Char('/') +
-               columns.shown.join(QLatin1Char(',')) + QLatin1Char('/') + breaks.join(QLatin1Char(' '));
+        return Captions(columns.hidden).join(QLatin1Char(',')) + QLatin1Char('/') +
+               Captions(columns.shown).join(QLatin1Char(',')) + QLatin1Char('/') +
+               breaks.join(QLatin1Char(' '));
     }
 
  private Q_SLOTS:
@@ -165,8 +178,8 @@ class TestColumnChoice : public QObject {
     void ColumnThatIsCalledLikeTheSeparatorIsAColumn() {
         const QString odd = QStringLiteral("------ Separator");
         ColumnChoice choice;
-        choice.Open({{}, {QStringLiteral("a"), odd}, {1}}, true);
-        const ChosenColumns expected{{}, {QStringLiteral("a"), odd}, {1}};
+        const ChosenColumns expected{{}, {{3, QStringLiteral("a")}, {7, odd}}, {1}};
+        choice.Open(expected, true);
         QCOMPARE(choice.Close(), expected);
     }
 };
