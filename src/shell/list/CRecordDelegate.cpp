@@ -170,6 +170,7 @@ void CRecordDelegate::PaintText(QPainter& painter, const QRect& place, const QSt
     }
 }
 
+/// Along the bottom and in its whole width inside the row, or the next row would be painted over half of it.
 /// Width 0 is the thinnest line that the screen has.
 void CRecordDelegate::PaintGridLine(QPainter& painter, const QRect& row) const {
     if (IsPlain() || m_settings.gridLines == 0) return;
@@ -178,7 +179,8 @@ void CRecordDelegate::PaintGridLine(QPainter& painter, const QRect& row) const {
     pen.setStyle(static_cast<Qt::PenStyle>(style + static_cast<int>(Qt::SolidLine)));
     pen.setCapStyle(Qt::FlatCap);
     painter.setPen(pen);
-    painter.drawLine(row.left(), row.bottom(), row.right() + 1, row.bottom());
+    const int y = row.bottom() + 1 - std::max(1, m_settings.gridLineWidth);
+    painter.drawLine(row.left(), y, row.right() + 1, y);
 }
 
 bool CRecordDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,

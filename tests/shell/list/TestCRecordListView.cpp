@@ -222,6 +222,36 @@ class TestCRecordListView final : public QObject {
         QVERIFY(fixture.view.viewport()->grab().toImage().pixelColor(250, y) != QColor(0, 255, 0));
     }
 
+    void gridLineWidth_data() {
+        QTest::addColumn<int>("layout");
+        QTest::addColumn<int>("width");
+        QTest::addColumn<int>("pixels");
+        for (const int layout : {3, 4}) {
+            QTest::addRow("the thinnest line, layout %d", layout) << layout << 0 << 1;
+            QTest::addRow("width 1, layout %d", layout) << layout << 1 << 2;
+            QTest::addRow("width 2, layout %d", layout) << layout << 2 << 4;
+            QTest::addRow("width 5, layout %d", layout) << layout << 5 << 10;
+        }
+    }
+    /// Twice the width that is set, all of it at the bottom of the row.
+    void gridLineWidth() {
+        QFETCH(int, layout);
+        QFETCH(int, width);
+        QFETCH(int, pixels);
+        Fixture fixture(2, layout);
+        fixture.home.settings->gridLineColour = 0x00FF00;
+        fixture.home.settings->gridLineWidth = width;
+        fixture.view.ApplyLayout();
+        const QImage picture = fixture.view.viewport()->grab().toImage();
+        const int top = fixture.view.rowViewportPosition(0), end = top + fixture.view.rowHeight(0);
+        QList<int> green;
+        for (int y = top; y < end; ++y)
+            if (picture.pixelColor(250, y) == QColor(0, 255, 0)) green << y;
+        QCOMPARE(green.size(), pixels);
+        QCOMPARE(green.last(), end - 1);
+        QCOMPARE(green.first(), end - pixels);
+    }
+
     void selectedGround() {
         Fixture fixture(3);
         fixture.view.setFocus();
