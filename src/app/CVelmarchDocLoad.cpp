@@ -35,6 +35,7 @@ void CVelmarchDoc::SwitchMode(RecordMode mode, const std::function<void()>& capt
 }
 
 void CVelmarchDoc::Load(RecordKind kind, const QString& statement) {
+    const CWaitScope waiting(m_pump);
     const unsigned loading = ++m_loading;
     m_pendingIds.clear();
     NotifyViews(Hint::Clear);

@@ -14,8 +14,11 @@ class ScriptedPump final : public CMessagePump {
  public:
     int quitAt = -1;
     int calls = 0;
+    QList<int> waits;            ///< how many calls there were when a wait began or ended
     std::function<void()> work;  ///< at the second call, once
 
+    void BeginWait() override { waits << calls; }
+    void EndWait() override { waits << calls; }
     bool Pump() override {
         ++calls;
         if (calls == 2 && work) std::exchange(work, nullptr)();
@@ -27,9 +30,7 @@ class ScriptedPump final : public CMessagePump {
 class Steps final : public CViewListener {
  public:
     explicit Steps(RecordMode former) : m_former(former) {}
-    void OnHint(Hint hint, const QStringList&) override {
-        Note(QString::number(static_cast<int>(hint)));
-    }
+    void OnHint(Hint hint, const QStringList&) override { Note(QString::number(static_cast<int>(hint))); }
     void Note(const QString& step) {
         seen.append(step + (theRecordMode == m_former ? u" former"_s : u" new"_s));
     }
@@ -123,6 +124,7 @@ class TestCVelmarchDocLoad : public QObject {
         other.LoadRecords(fixture->kind);
         QTEST(static_cast<int>(other.RecordCount()), "loaded");
         QCOMPARE(pump.calls, quitAt);
+        QCOMPARE(pump.waits, (QList<int>{0, quitAt}));
     }
 
     void CommandsServedDuringALoad_data() {

@@ -62,6 +62,22 @@ QWidget* InFront() {
     return modal && modal->isVisible() ? modal : QApplication::activeWindow();
 }
 
+/// A box may come in the middle of long work, and then it is the user who is waited for.
+class ReadyCursor {
+ public:
+    ReadyCursor() {
+        if (m_isWaiting) QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    ~ReadyCursor() {
+        if (m_isWaiting) QGuiApplication::restoreOverrideCursor();
+    }
+    ReadyCursor(const ReadyCursor&) = delete;
+    ReadyCursor& operator=(const ReadyCursor&) = delete;
+
+ private:
+    bool m_isWaiting = QGuiApplication::overrideCursor() != nullptr;
+};
+
 /// Escape and the box's close button answer what the harmless button answers.
 int Show(const MessageBox& box) {
     QMessageBox shown(IconOf(box.icon), box.title, box.text, ButtonsOf(box.buttons), InFront());
@@ -77,6 +93,7 @@ int Show(const MessageBox& box) {
         shown.setDefaultButton(harmless);
         shown.setEscapeButton(harmless);
     }
+    const ReadyCursor ready;
     return shown.exec();
 }
 

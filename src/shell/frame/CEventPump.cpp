@@ -1,6 +1,6 @@
 #include "shell/frame/CEventPump.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 namespace {
 constexpr int kEveryMs = 50;
@@ -12,4 +12,12 @@ bool CEventPump::Pump() {
     QCoreApplication::processEvents(QEventLoop::AllEvents);
     m_since.start();
     return !m_quit;
+}
+
+void CEventPump::BeginWait() {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+void CEventPump::EndWait() {
+    QGuiApplication::restoreOverrideCursor();
 }

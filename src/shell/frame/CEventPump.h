@@ -9,6 +9,9 @@
 class CEventPump final : public CMessagePump {
  public:
     [[nodiscard]] bool Pump() override;
+    /// The wait cursor, over all windows.
+    void BeginWait() override;
+    void EndWait() override;
     /// The user wants to leave: the work that pumps ends after its present record.
     void AskToQuit() { m_quit = true; }
 
