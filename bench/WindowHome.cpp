@@ -18,8 +18,7 @@ WindowHome::WindowHome(const QString& home) {
     timers = std::make_unique<CRecordTimers>(set, app.Document(), app.Settings());
     app.Document().SetTimers(timers.get());
     frame = std::make_unique<CMainFrame>(
-        CMainFrame::Context{app, *timers, hub, prompt, pump, clock, [](QWidget*, CVORec&) { return false; },
-                            [](QWidget*) { return false; }, [](QWidget*, CVORec&, bool) { return false; }});
+        CMainFrame::Context{app, *timers, hub, prompt, pump, clock, launcher, dialogs});
     frame->show();
     WaitForPaint(*List().viewport(), [this] { frame->Refresh(); });
 }

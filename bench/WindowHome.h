@@ -3,7 +3,9 @@
 #include "LoudPrompt.h"
 #include "app/CVelmarchApp.h"
 #include "platform/host/CClock.h"
+#include "platform/host/CLauncher.h"
 #include "shell/frame/CEventPump.h"
+#include "shell/frame/CFrameDialogs.h"
 #include "shell/frame/CMainFrame.h"
 #include "shell/list/CRecordListView.h"
 #include "timers/CRecordTimers.h"
@@ -22,6 +24,15 @@ class NoonClock final : public CClock {
     int m_seconds = 0;
 };
 
+/// Nobody is there to answer.
+class NoDialogs final : public CFrameDialogs {
+ public:
+    bool EditRecord(QWidget&, CVORec&) override { return false; }
+    bool EditSettings(QWidget&) override { return false; }
+    bool ChooseDefault(QWidget&, CVORec&) override { return false; }
+    void EditDefaults(QWidget&, CVORec&) override {}
+};
+
 /// The window over a home, wired as the program wires it and on the screen, its records loaded. Nothing is
 /// kept at the end, so the next run starts from the same state.
 struct WindowHome {
@@ -30,6 +41,8 @@ struct WindowHome {
     CEventPump pump;
     CViewHub hub;
     CVelmarchApp app{{clock, prompt, pump, hub}};
+    CProcessLauncher launcher;
+    NoDialogs dialogs;
     ActiveTimerSet set{clock};
     std::unique_ptr<CRecordTimers> timers;
     std::unique_ptr<CMainFrame> frame;

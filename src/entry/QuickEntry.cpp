@@ -7,32 +7,9 @@
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 
-#include <algorithm>
-#include <vector>
-
 namespace {
 
 using namespace QuickFlag;
-
-constexpr QuickCommandRow kCommands[] = {
-    {32852, kBlank | kTimestamp},
-    {32853, kBlank | kTimestamp | kTimer},
-    {32854, kBlank | kSuccessive},
-    {32855, kBlank | kSuccessive | kTimer},
-    {32856, kDefaults},
-    {32857, kDefaults | kTimestamp},
-    {32858, kDefaults | kTimestamp | kTimer},
-    {32859, kDefaults | kSuccessive},
-    {32860, kDefaults | kSuccessive | kTimer},
-    {32861, kTree},
-    {32862, kTree | kTimestamp},
-    {32863, kTree | kTimestamp | kTimer},
-    {32864, kCopy | kTimestamp},
-    {32865, kCopy | kTimestamp | kTimer},
-    {32866, kCopy | kSuccessive},
-    {32867, kCopy | kSuccessive | kTimer},
-    {40147, kBlank},
-};
 
 /// The one selected record; null unless exactly one is selected.
 const CVORec* Selected(RecordKind kind, const QuickEntryContext& context) {
@@ -158,23 +135,7 @@ bool Begin(Record& record, int flags, const QuickEntryContext& context, QuickOut
     return true;
 }
 
-std::vector<QuickCommandRow> WithoutDefaultsAndTree() {
-    std::vector<QuickCommandRow> rows;
-    std::ranges::copy_if(kCommands, std::back_inserter(rows),
-                         [](const QuickCommandRow& row) { return !(row.flags & (kDefaults | kTree)); });
-    return rows;
-}
-
 }  // namespace
-
-std::span<const QuickCommandRow> AllQuickCommands() {
-    return kCommands;
-}
-
-std::span<const QuickCommandRow> QuickCommands() {
-    static const std::vector<QuickCommandRow> kRows = WithoutDefaultsAndTree();
-    return kRows;
-}
 
 QuickOutcome NewTimeRecord(int flags, const QuickEntryContext& context) {
     CTRecord record;

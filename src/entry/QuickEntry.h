@@ -5,7 +5,6 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
-#include <span>
 
 class CVelmarchDoc;
 class CTimerService;
@@ -22,16 +21,6 @@ inline constexpr int kTimestamp = 16;
 inline constexpr int kSuccessive = 32;
 inline constexpr int kTimer = 64;
 }  // namespace QuickFlag
-
-/// One quick command: its number and its flags.
-struct QuickCommandRow {
-    int command;
-    int flags;
-};
-/// All 17 quick commands in order of their numbers.
-[[nodiscard]] std::span<const QuickCommandRow> AllQuickCommands();
-/// Those that need neither stored defaults nor the data tree, for whoever hasn't these.
-[[nodiscard]] std::span<const QuickCommandRow> QuickCommands();
 
 /// What a new record needs from outside.
 struct QuickEntryContext {

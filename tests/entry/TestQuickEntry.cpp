@@ -69,8 +69,6 @@ class TestQuickEntry : public QObject {
     Q_OBJECT
 
  private Q_SLOTS:
-    void Commands();
-    void AllCommands();
     void Blank_data();
     void Blank();
     void DateFromThePeriod_data();
@@ -99,24 +97,6 @@ class TestQuickEntry : public QObject {
     void FailedAddIsGivenUp();
     void TimerIsSavedWithTheRecord();
 };
-
-void TestQuickEntry::Commands() {
-    QStringList offered;
-    for (const QuickCommandRow& row : QuickCommands())
-        offered.append(QStringLiteral("%1:%2").arg(row.command).arg(row.flags));
-    QCOMPARE(
-        offered.join(u' '),
-        QStringLiteral("32852:17 32853:81 32854:33 32855:97 32864:24 32865:88 32866:40 32867:104 40147:1"));
-}
-
-void TestQuickEntry::AllCommands() {
-    QStringList all;
-    for (const QuickCommandRow& row : AllQuickCommands())
-        all.append(QStringLiteral("%1:%2").arg(row.command).arg(row.flags));
-    QCOMPARE(all.join(u' '),
-             QStringLiteral("32852:17 32853:81 32854:33 32855:97 32856:2 32857:18 32858:82 32859:34 32860:98 "
-                            "32861:4 32862:20 32863:84 32864:24 32865:88 32866:40 32867:104 40147:1"));
-}
 
 void TestQuickEntry::Blank_data() {
     QTest::addColumn<int>("flags");

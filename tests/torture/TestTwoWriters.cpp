@@ -12,6 +12,8 @@
 #include "platform/instance/CInstance.h"
 #include "shell/frame/CEventPump.h"
 #include "shell/frame/CMainFrame.h"
+#include "shell/frame/ScriptedDialogs.h"
+#include "support/CNotedLauncher.h"
 #include "support/CScriptedPrompt.h"
 #include "support/TestProgram.h"
 #include "timers/CRecordTimers.h"
@@ -42,9 +44,9 @@ class OpenWindow {
         m_app.Settings().dialogOnQuickEntry = false;
         m_timers = std::make_unique<CRecordTimers>(m_timerSet, m_app.Document(), m_app.Settings());
         m_app.Document().SetTimers(m_timers.get());
-        frame = std::make_unique<CMainFrame>(CMainFrame::Context{
-            m_app, *m_timers, m_hub, m_prompt, m_pump, m_clock, [](QWidget*, CVORec&) { return false; },
-            [](QWidget*) { return false; }, [](QWidget*, CVORec&, bool) { return false; }});
+        m_dialogs.edit = [](CVORec&) { return false; };
+        frame = std::make_unique<CMainFrame>(
+            CMainFrame::Context{m_app, *m_timers, m_hub, m_prompt, m_pump, m_clock, m_launcher, m_dialogs});
         m_host = std::make_unique<CInstanceHost>(CInstanceHost::Context{
             m_app.Document(), *m_timers, m_app.Settings(), [this] { frame->Refresh(); }, [] {}, [] {},
             [this] { return frame->IsBusy(); }, [] { return false; }, [this] { m_app.LoadLists(); }});
@@ -68,6 +70,8 @@ class OpenWindow {
     CSystemClock m_clock;
     CScriptedPrompt m_prompt;
     CEventPump m_pump;
+    CNotedLauncher m_launcher;
+    ScriptedDialogs m_dialogs;
     CViewHub m_hub;
     CVelmarchApp m_app;
     CInstance m_instance;

@@ -5,6 +5,7 @@
 #include <unistd.h>
 #include <QObject>
 #include <QProcess>
+#include <QStandardPaths>
 
 namespace {
 
@@ -42,4 +43,12 @@ void CProcessLauncher::RunInBackground(const QString& program, const QStringList
                          if (status == QProcess::NormalExit) heard(process.readAllStandardOutput());
                      });
     process.start(program, arguments);
+}
+
+bool CProcessLauncher::IsThere(const QString& program) const {
+    return !QStandardPaths::findExecutable(program).isEmpty();
+}
+
+bool CProcessLauncher::Start(const QString& program, const QStringList& arguments) {
+    return QProcess::startDetached(program, arguments);
 }

@@ -21,14 +21,20 @@ class CLauncher {
     /// crashes, nor once the launcher is gone.
     virtual void RunInBackground(const QString& program, const QStringList& arguments,
                                  const Heard& heard) = 0;
+    /// Whether there is a program of this name on the search path.
+    [[nodiscard]] virtual bool IsThere(const QString& program) const = 0;
+    /// Starts a program of its own, which outlives this one; false when it can't be started.
+    [[nodiscard]] virtual bool Start(const QString& program, const QStringList& arguments) = 0;
 };
 
-/// Real processes. What still runs when the launcher goes is ended.
+/// Real processes. What still runs in the background when the launcher goes is ended.
 class CProcessLauncher final : public CLauncher {
  public:
     CProcessLauncher();
     ~CProcessLauncher() override;
     void RunInBackground(const QString& program, const QStringList& arguments, const Heard& heard) override;
+    [[nodiscard]] bool IsThere(const QString& program) const override;
+    [[nodiscard]] bool Start(const QString& program, const QStringList& arguments) override;
 
  private:
     std::vector<std::unique_ptr<QProcess>> m_processes;

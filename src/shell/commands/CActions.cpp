@@ -5,6 +5,7 @@
 #include "shell/commands/CPeriodButton.h"
 #include "shell/look/CMnemonics.h"
 #include "shell/look/PlainTip.h"
+#include "viewmodel/commands/MenuTable.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -28,7 +29,6 @@ QString TipOf(const CommandRow& row, const QString& tip) {
     return FormatText<Text::TipWithKeys>(tip, keys.front().toString(QKeySequence::NativeText));
 }
 
-/// For whoever has no names of fields: their defaults.
 const FieldLabels& DefaultLabels() {
     static const FieldLabels kLabels;
     return kLabels;
@@ -88,7 +88,7 @@ void CActions::MakeMenus() {
         auto* menu = new QMenu(LoadText(row.caption), &m_window);
         menu->setObjectName(QStringLiteral("menu%1").arg(static_cast<int>(row.menu)));
         menu->setIcon(QIcon::fromTheme(QString::fromLatin1(row.icon)));
-        connect(menu, &QMenu::aboutToShow, this, &CActions::AskForState);
+        connect(menu, &QMenu::aboutToShow, this, &CActions::StateWanted);
         m_menus[row.menu] = menu;
         if (row.parent == row.menu) m_window.menuBar()->addMenu(menu);
     }
@@ -111,7 +111,7 @@ void CActions::FillMenu(QMenu& menu, Menu which) {
 void CActions::MakeContextMenu() {
     m_context = new QMenu(&m_window);
     m_context->setObjectName(u"contextMenu"_s);
-    connect(m_context, &QMenu::aboutToShow, this, &CActions::AskForState);
+    connect(m_context, &QMenu::aboutToShow, this, &CActions::StateWanted);
     m_context->addAction(Action(Command::kNew));
     m_context->addMenu(m_menus[Menu::New]);
     m_context->addSeparator();
@@ -128,15 +128,9 @@ QAction* CActions::Action(int command) const {
     return nullptr;
 }
 
-void CActions::Follow(std::function<CommandState()> state, const FieldLabels* labels) {
-    m_state = std::move(state);
-    m_labels = labels ? labels : &DefaultLabels();
+void CActions::ShowNamesOf(const FieldLabels& labels) {
+    m_labels = &labels;
     m_shownNames.clear();
-}
-
-/// What the menu shows is what holds now: a node of the tree may have been opened, a field renamed.
-void CActions::AskForState() {
-    if (m_state) Update(m_state());
 }
 
 /// What a number does depends on who takes it, so the state is that of the row that would carry it out.

@@ -6,7 +6,6 @@
 #include <QList>
 #include <QObject>
 #include <QStringList>
-#include <functional>
 #include <map>
 #include <vector>
 
@@ -26,9 +25,8 @@ class CActions final : public QObject {
  public:
     explicit CActions(QMainWindow& window);
 
-    /// Where state and names come from when a menu opens; without it the state is what Update was told last,
-    /// and fields have their default names. Labels must outlive the window.
-    void Follow(std::function<CommandState()> state, const FieldLabels* labels);
+    /// What fields are called; until then by their default names. The labels must outlive the window.
+    void ShowNamesOf(const FieldLabels& labels);
     /// Offers, checks and names each command as the state says.
     void Update(const CommandState& state);
     /// Takes the icons anew, after the icon theme or the colours changed.
@@ -54,6 +52,8 @@ class CActions final : public QObject {
 
  Q_SIGNALS:
     void Triggered(int command);
+    /// A menu opens: what it shows is what the state is now, so the owner calls Update.
+    void StateWanted();
 
  private:
     struct Made {
@@ -74,7 +74,6 @@ class CActions final : public QObject {
     void MakeMenus();
     void FillMenu(QMenu& menu, Menu which);
     void MakeContextMenu();
-    void AskForState();
     void ShowNames(bool timeMode);
     [[nodiscard]] CommandWords Words(const CommandRow& row) const;
     void ShowWords(const Made& made);
@@ -93,7 +92,6 @@ class CActions final : public QObject {
     void NameButtons();
 
     QMainWindow& m_window;
-    std::function<CommandState()> m_state;
     const FieldLabels* m_labels;
     bool m_timeMode = true;
     QStringList m_shownNames;  ///< of fields, as they were last shown

@@ -2,6 +2,7 @@
 #include "shell/commands/CActions.h"
 #include "shell/commands/CPeriodButton.h"
 #include "viewmodel/commands/BarButtons.h"
+#include "viewmodel/commands/MenuTable.h"
 
 #include <QAction>
 #include <QMainWindow>

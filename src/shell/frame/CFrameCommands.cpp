@@ -8,17 +8,20 @@
 #include "timers/CRecordTimers.h"
 #include "viewmodel/commands/BarButtons.h"
 #include "viewmodel/commands/FilterCommands.h"
+#include "viewmodel/program/RegionalSettings.h"
 #include "viewmodel/tree/CTreeControl.h"
 
 #include <algorithm>
 
-CFrameCommands::CFrameCommands(Context context)
-    : m_context(std::move(context)), m_records(m_context), m_views(m_context), m_filters(m_context) {
-    if (!m_context.actions) return;
-    m_context.actions->Follow(m_context.state,
-                              m_context.catalogue ? &m_context.catalogue->Labels() : nullptr);
+CFrameCommands::CFrameCommands(const Context& context)
+    : m_context(context),
+      m_records(m_context),
+      m_views(m_context),
+      m_filters(m_context),
+      m_hasRegionalSettings(HasRegionalSettings(m_context.launcher)) {
+    m_context.actions.ShowNamesOf(m_context.catalogue.Labels());
     for (const Bar bar : {Bar::Records, Bar::Filters})
-        m_context.actions->SetButtons(bar, LoadButtons(m_context.settings.Profile(), bar));
+        m_context.actions.SetButtons(bar, LoadButtons(m_context.settings.Profile(), bar));
 }
 
 CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
@@ -36,17 +39,18 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::TimerAction, [](Self& self, int action) { self.m_records.ApplyTimers(action); }},
         {::Run::StopAllTimers, [](Self& self, int) { self.m_records.StopTimers(); }},
         {::Run::PauseAllTimers, [](Self& self, int) { self.m_records.PauseTimers(); }},
-        {::Run::Defaults, [](Self& self, int) { self.m_context.runDefaults(); }},
+        {::Run::Defaults, [](Self& self, int) { self.m_records.EditDefaults(); }},
         {::Run::SelectAll, [](Self& self, int) { self.m_views.SelectAll(); }},
         {::Run::SelectNone, [](Self& self, int) { self.m_views.SelectNone(); }},
-        {::Run::SwitchMode, [](Self& self, int mode) { self.m_context.switchMode(RecordMode{mode}); }},
+        {::Run::SwitchMode,
+         [](Self& self, int mode) { self.m_context.control.SwitchMode(RecordMode{mode}); }},
         {::Run::Sort, [](Self& self, int) { self.m_views.Sort(); }},
         {::Run::Layout, [](Self& self, int layout) { self.m_views.Layout(layout); }},
         {::Run::ListColumns, [](Self& self, int) { self.m_views.ListColumns(); }},
         {::Run::ListFont, [](Self& self, int) { self.m_views.ListFont(); }},
         {::Run::ToggleTree, [](Self& self, int) { self.m_views.ToggleTree(); }},
-        {::Run::StackPanes, [](Self& self, int stacked) { self.m_context.tree->Stack(stacked != 0); }},
-        {::Run::ExpandTree, [](Self& self, int) { self.m_context.tree->ExpandAll(); }},
+        {::Run::StackPanes, [](Self& self, int stacked) { self.m_context.tree.Stack(stacked != 0); }},
+        {::Run::ExpandTree, [](Self& self, int) { self.m_context.tree.ExpandAll(); }},
         {::Run::TreeColumns, [](Self& self, int) { self.m_views.TreeColumns(); }},
         {::Run::ToggleBar1, [](Self& self, int) { self.m_context.control.ToggleBar1(); }},
         {::Run::ToggleBar2, [](Self& self, int) { self.m_context.control.ToggleBar2(); }},
@@ -65,6 +69,7 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::UseDependencies, [](Self& self, int) { self.m_filters.ToggleDependencies(); }},
         {::Run::FindCommand, [](Self& self, int) { self.m_views.FindCommand(); }},
         {::Run::Options, [](Self& self, int) { self.m_views.Options(); }},
+        {::Run::RegionalSettings, [](Self& self, int) { self.m_views.RegionalSettings(); }},
         {::Run::About, [](Self& self, int) { self.m_views.About(); }},
         {::Run::Exit, [](Self& self, int) { self.m_context.control.Leave(); }},
     };
@@ -92,20 +97,14 @@ void CFrameCommands::Describe(CommandState& state) const {
     state.filters =
         timeMode ? SetFilterCommands(document.Filter()) : SetFilterCommands(document.FilterOfExpenses());
     state.useDependencies = m_context.settings.useDependencies;
+    state.hasRegionalSettings = m_hasRegionalSettings;
     DescribeTree(state);
-    state.has = {.modes = static_cast<bool>(m_context.switchMode),
-                 .tree = m_context.tree != nullptr,
-                 .defaults = static_cast<bool>(m_context.fillFromDefaults),
-                 .defaultsDialog = static_cast<bool>(m_context.runDefaults),
-                 .lists = m_context.catalogue != nullptr,
-                 .bars = m_context.actions != nullptr,
-                 .palette = m_context.state && m_context.runCommand};
 }
 
 void CFrameCommands::DescribeTree(CommandState& state) const {
-    const CTreeControl* tree = m_context.tree;
-    state.treeShown = tree && tree->IsShown();
-    state.treeStacked = tree && tree->IsStacked();
-    state.treeHasNode = tree && tree->HasNode();
-    state.treeCanExpand = tree && tree->CanExpand();
+    const CTreeControl& tree = m_context.tree;
+    state.treeShown = tree.IsShown();
+    state.treeStacked = tree.IsStacked();
+    state.treeHasNode = tree.HasNode();
+    state.treeCanExpand = tree.CanExpand();
 }

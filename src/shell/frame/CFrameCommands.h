@@ -11,17 +11,15 @@ class CFrameCommands {
  public:
     using Context = FrameContext;
     /// The bars take the buttons that the user has chosen.
-    explicit CFrameCommands(Context context);
+    explicit CFrameCommands(const Context& context);
     CFrameCommands(const CFrameCommands&) = delete;
     CFrameCommands& operator=(const CFrameCommands&) = delete;
 
     void Run(const CommandRow& row);
-    /// Edits one record through the dialog and stores it.
-    void EditRecord(const QString& id) { m_records.Edit(id); }
-    /// After the user has changed the width of a column.
-    void PersistLayout() { m_views.PersistLayout(); }
+    [[nodiscard]] CFrameRecords& Records() { return m_records; }
+    [[nodiscard]] CFrameViews& Views() { return m_views; }
     [[nodiscard]] CPeriodCommands& Period() { return m_filters.Period(); }
-    /// The part of the state that commands know: mode, period, conditions, tree, and what the window has.
+    /// The part of the state that commands know: mode, period, conditions, timers, tree.
     void Describe(CommandState& state) const;
 
     /// Whether something can carry it out; for the test over the command table.
@@ -36,4 +34,5 @@ class CFrameCommands {
     CFrameRecords m_records;
     CFrameViews m_views;
     CFrameFilters m_filters;
+    bool m_hasRegionalSettings;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QString>
+#include "app/RecordMode.h"
+#include "viewmodel/commands/CommandState.h"
 
 class QWidget;
 
@@ -12,11 +13,17 @@ class CFrameControl {
     virtual void ToggleBar1() = 0;
     virtual void ToggleBar2() = 0;
     virtual void ToggleStatusBar() = 0;
+    /// Shows the records of a mode; those of the mode in use are read again.
+    virtual void SwitchMode(RecordMode mode) = 0;
     /// Reads all records again; commands wait meanwhile.
     virtual void Refresh() = 0;
-    /// The list alone anew, by the settings; whoever looks at it keeps the place.
+    /// The list alone anew, by the settings; its place and selection stay.
     virtual void RebuildList() = 0;
     /// A calendar under the period button; the day picked is applied.
     virtual void PickDay() = 0;
+    /// What decides whether commands are offered, at this moment.
+    [[nodiscard]] virtual CommandState State() const = 0;
+    /// Carries a command out as a menu would.
+    virtual void RunCommand(int command) = 0;
     virtual void Leave() = 0;
 };

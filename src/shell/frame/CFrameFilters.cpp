@@ -13,11 +13,8 @@
 
 namespace {
 
-QString NameOf(const FilterCommandRow& row, const CPulldownCatalogue* catalogue) {
-    const FieldLabels defaults;
-    return WordsOf(*FindCommand(row.command), theRecordMode == RecordMode::Time,
-                   catalogue ? catalogue->Labels() : defaults)
-        .name;
+QString NameOf(const FilterCommandRow& row, const CPulldownCatalogue& catalogue) {
+    return WordsOf(*FindCommand(row.command), theRecordMode == RecordMode::Time, catalogue.Labels()).name;
 }
 
 }  // namespace

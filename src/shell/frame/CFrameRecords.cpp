@@ -6,6 +6,7 @@
 #include "lang/LoadText.h"
 #include "platform/host/CPrompt.h"
 #include "shell/frame/CFrameControl.h"
+#include "shell/frame/CFrameDialogs.h"
 #include "shell/frame/FrameContext.h"
 #include "shell/list/CRecordListView.h"
 #include "timers/CRecordTimers.h"
@@ -35,15 +36,18 @@ CFrameRecords::CFrameRecords(const FrameContext& context)
       m_commands({context.document, context.timers, context.settings, context.prompt, context.progress}) {}
 
 void CFrameRecords::QuickEntry(int flags) {
-    QuickEntryContext context{.document = m_context.document,
-                              .timers = m_context.timers,
-                              .settings = m_context.settings,
-                              .clock = m_context.clock,
-                              .selectedIds = m_context.view.SelectedIds(),
-                              .edit = m_context.editRecord,
-                              .fillFromDefaults = m_context.fillFromDefaults};
-    if (m_context.tree)
-        context.fillFromTree = [tree = m_context.tree](CVORec& record) { return tree->FillRecord(record); };
+    const QuickEntryContext context{
+        .document = m_context.document,
+        .timers = m_context.timers,
+        .settings = m_context.settings,
+        .clock = m_context.clock,
+        .selectedIds = m_context.view.SelectedIds(),
+        .edit = [this](CVORec& record) { return EditInDialog(record); },
+        .fillFromDefaults =
+            [this](CVORec& record) {
+                return m_context.dialogs.ChooseDefault(m_context.control.Window(), record);
+            },
+        .fillFromTree = [this](CVORec& record) { return m_context.tree.FillRecord(record); }};
     const QuickOutcome outcome = NewRecordOf(KindOf(theRecordMode), flags, context);
     if (!outcome.addedId.isEmpty()) m_context.view.SelectIds({outcome.addedId});
 }
@@ -61,13 +65,23 @@ void CFrameRecords::EditSelected() {
 void CFrameRecords::Edit(const QString& id) {
     const CVORec* record = m_context.document.FindRecord(id);
     CVORec* working = record ? WorkingCopyOf(*record) : nullptr;
-    if (!working || !m_context.editRecord) return;
-    while (m_context.editRecord(*working)) {
+    if (!working) return;
+    while (EditInDialog(*working)) {
         if (m_context.document.ModifyRecord(*working, id, true, false, true, true)) return;
         // Memory and store may differ now. The failure has been told; what was entered comes back to the
         // dialog.
         m_context.control.Refresh();
     }
+}
+
+bool CFrameRecords::EditInDialog(CVORec& record) const {
+    return m_context.dialogs.EditRecord(m_context.control.Window(), record);
+}
+
+void CFrameRecords::EditDefaults() {
+    CVORec* working =
+        theRecordMode == RecordMode::Time ? static_cast<CVORec*>(theTimeEntry) : theExpenseEntry;
+    if (working) m_context.dialogs.EditDefaults(m_context.control.Window(), *working);
 }
 
 void CFrameRecords::CopySelected() {

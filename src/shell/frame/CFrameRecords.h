@@ -2,6 +2,7 @@
 
 #include "viewmodel/commands/CRecordCommands.h"
 
+class CVORec;
 struct FrameContext;
 
 /// The commands that make, change and delete records, those of their timers among them.
@@ -14,6 +15,8 @@ class CFrameRecords {
     void EditSelected();
     /// Through the dialog, then into the store.
     void Edit(const QString& id);
+    /// The stored defaults of the mode's records.
+    void EditDefaults();
     void CopySelected();
     void DeleteSelected();
     void MarkSelected(int mark);
@@ -23,6 +26,8 @@ class CFrameRecords {
     void PauseTimers();
 
  private:
+    [[nodiscard]] bool EditInDialog(CVORec& record) const;
+
     const FrameContext& m_context;
     CRecordCommands m_commands;
 };

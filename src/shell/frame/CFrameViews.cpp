@@ -3,18 +3,21 @@
 #include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchApp.h"
 #include "lang/LoadText.h"
+#include "platform/host/CPrompt.h"
 #include "shell/commands/CActions.h"
 #include "shell/commands/CButtonChooser.h"
 #include "shell/commands/CPalette.h"
 #include "shell/controls/CPickDialog.h"
 #include "shell/frame/CAboutDialog.h"
 #include "shell/frame/CFrameControl.h"
+#include "shell/frame/CFrameDialogs.h"
 #include "shell/frame/FrameContext.h"
 #include "shell/list/CRecordListView.h"
 #include "shell/options/CColumnsDialog.h"
 #include "shell/options/ListFontDialog.h"
 #include "shell/options/SettingSwitch.h"
 #include "viewmodel/list/CRecordListModel.h"
+#include "viewmodel/program/RegionalSettings.h"
 #include "viewmodel/tree/CTreeControl.h"
 
 namespace {
@@ -27,11 +30,6 @@ void ResetWorkingRecords() {
 
 ColumnHalf HalfInUse() {
     return HalfOf(KindOf(theRecordMode));
-}
-
-const FieldLabels& LabelsOf(const FrameContext& context) {
-    static const FieldLabels kDefaults;
-    return context.catalogue ? context.catalogue->Labels() : kDefaults;
 }
 
 }  // namespace
@@ -94,31 +92,40 @@ void CFrameViews::ListFont() {
 }
 
 void CFrameViews::ToggleTree() {
-    m_context.tree->Show(!m_context.tree->IsShown());
+    m_context.tree.Show(!m_context.tree.IsShown());
 }
 
 void CFrameViews::CustomizeBar(Bar bar) {
     CProfile& profile = m_context.settings.Profile();
     const std::optional<QList<int>> buttons =
-        RunButtonChooser(&m_context.control.Window(), bar, m_context.actions->Buttons(bar),
-                         {theRecordMode == RecordMode::Time, LabelsOf(m_context)}, profile);
+        RunButtonChooser(&m_context.control.Window(), bar, m_context.actions.Buttons(bar),
+                         {theRecordMode == RecordMode::Time, m_context.catalogue.Labels()}, profile);
     if (!buttons) return;
-    m_context.actions->SetButtons(bar, *buttons);
+    m_context.actions.SetButtons(bar, *buttons);
     if (!PersistButtons(profile, bar, *buttons)) TellNotSaved(m_context.prompt);
 }
 
 void CFrameViews::FindCommand() {
-    const std::optional<int> command =
-        RunPalette(&m_context.control.Window(), PaletteEntries(m_context.state(), LabelsOf(m_context)),
-                   m_context.settings.Profile());
-    if (command) m_context.runCommand(*command);
+    const std::optional<int> command = RunPalette(
+        &m_context.control.Window(), PaletteEntries(m_context.control.State(), m_context.catalogue.Labels()),
+        m_context.settings.Profile());
+    if (command) m_context.control.RunCommand(*command);
 }
 
 void CFrameViews::Options() {
-    if (!m_context.options()) return;
+    if (!m_context.dialogs.EditSettings(m_context.control.Window())) return;
     PersistLayout();
     ResetWorkingRecords();
     m_context.control.Refresh();
+}
+
+void CFrameViews::RegionalSettings() {
+    if (OpenRegionalSettings(m_context.launcher)) return;
+    m_context.prompt.Tell({.textId = static_cast<int>(Text::RegionalNotStarted),
+                           .title = LoadText(Text::RegionalTitle),
+                           .text = LoadText(Text::RegionalNotStarted),
+                           .icon = BoxIcon::Warning,
+                           .actionLabel = {}});
 }
 
 void CFrameViews::About() {

@@ -20,6 +20,8 @@ class CFrameViews {
     void CustomizeBar(Bar bar);
     void FindCommand();
     void Options();
+    /// The desktop's program for them.
+    void RegionalSettings();
     void About();
     /// The settings are saved, with the widths that the columns have on screen.
     void PersistLayout();

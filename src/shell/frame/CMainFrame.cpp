@@ -46,10 +46,10 @@ constexpr int kTreeMenu[] = {Command::kTreeExpandAll, 32861, 32862, 32863, Comma
 
 }  // namespace
 
-/// While it lives, records are being read or changed and no command is offered.
+/// While it lives, records are being read or changed: the cursor says to wait, and no command is offered.
 class CMainFrame::BusyScope {
  public:
-    explicit BusyScope(CMainFrame& frame) : m_frame(frame) {
+    explicit BusyScope(CMainFrame& frame) : m_frame(frame), m_waiting(frame.m_context.pump) {
         if (++m_frame.m_busy == 1) m_frame.UpdateActions();
     }
     ~BusyScope() {
@@ -60,6 +60,7 @@ class CMainFrame::BusyScope {
 
  private:
     CMainFrame& m_frame;
+    CWaitScope m_waiting;
 };
 
 CMainFrame::CMainFrame(const Context& context) : m_context(context) {
@@ -117,39 +118,33 @@ void CMainFrame::MakeCommands() {
 }
 
 FrameContext CMainFrame::MakeFrameContext() {
-    return {
-        .document = m_context.app.Document(),
-        .timers = m_context.timers,
-        .settings = m_context.app.Settings(),
-        .prompt = m_context.prompt,
-        .progress = *m_progress,
-        .clock = m_context.clock,
-        .model = *m_model,
-        .view = *m_view,
-        .control = *this,
-        .home = m_context.app.Home(),
-        .editRecord = [this](CVORec& record) { return m_context.edit(this, record); },
-        .options = [this] { return m_context.options(this); },
-        .switchMode = [this](RecordMode mode) { SwitchMode(mode); },
-        .tree = m_panes,
-        .fillFromDefaults = [this](CVORec& record) { return m_context.defaults(this, record, true); },
-        .runDefaults = [this] { EditDefaults(); },
-        .catalogue = &m_context.app.Catalogue(),
-        .actions = m_actions,
-        .state = [this] { return State(); },
-        .runCommand = [this](int command) { RunCommand(command); },
-    };
+    return {.document = m_context.app.Document(),
+            .timers = m_context.timers,
+            .settings = m_context.app.Settings(),
+            .catalogue = m_context.app.Catalogue(),
+            .prompt = m_context.prompt,
+            .progress = *m_progress,
+            .launcher = m_context.launcher,
+            .clock = m_context.clock,
+            .model = *m_model,
+            .view = *m_view,
+            .tree = *m_panes,
+            .actions = *m_actions,
+            .control = *this,
+            .dialogs = m_context.dialogs,
+            .home = m_context.app.Home()};
 }
 
 void CMainFrame::Connect() {
     connect(m_actions, &CActions::Triggered, this, &CMainFrame::RunCommand);
+    connect(m_actions, &CActions::StateWanted, this, &CMainFrame::UpdateActions);
     connect(m_note, &CEmptyNote::CommandWanted, this, &CMainFrame::RunCommand);
     connect(m_view, &CRecordListView::SelectionChanged, this,
             [this] { m_context.hub.NotifyViews(Hint::SelectionChanged, {}); });
     connect(m_view, &CRecordListView::EditWanted, this, [this](const QString& id) {
-        if (!IsBusy()) m_commands->EditRecord(id);
+        if (!IsBusy()) m_commands->Records().Edit(id);
     });
-    connect(m_view, &CRecordListView::ColumnResized, this, [this] { m_commands->PersistLayout(); });
+    connect(m_view, &CRecordListView::ColumnResized, this, [this] { m_commands->Views().PersistLayout(); });
     connect(m_view, &CRecordListView::MenuWanted, this,
             [this](const QPoint& at) { m_actions->ContextMenu().popup(at); });
     connect(m_tree, &CDataTreeView::MenuWanted, this, &CMainFrame::ShowTreeMenu);
@@ -164,11 +159,7 @@ void CMainFrame::Connect() {
 void CMainFrame::RunCommand(int command) {
     const CommandState state = State();
     const CommandRow* row = RouteCommand(command, state);
-    if (row && IsOffered(*row, state)) {
-        // Leaving isn't work that something else has to wait for.
-        if (row->run == Run::Exit) return m_commands->Run(*row);
-        m_commands->Run(*row);
-    }
+    if (row && IsOffered(*row, state)) m_commands->Run(*row);
     UpdateActions();
 }
 
@@ -176,17 +167,20 @@ bool CMainFrame::IsListInFront() const {
     return m_pane->currentWidget() == m_view;
 }
 
+bool CMainFrame::IsListActive() const {
+    return IsListInFront() || m_pane->currentWidget() == m_note;
+}
+
 CommandState CMainFrame::State() const {
-    const bool listIsActive = IsListInFront();
-    CommandState state{.listIsActive = listIsActive,
+    CommandState state{.listIsActive = IsListActive(),
                        .busy = IsBusy(),
-                       .selected = listIsActive ? m_view->SelectedCount() : 0,
+                       .selected = IsListInFront() ? m_view->SelectedCount() : 0,
                        .listed = m_model->rowCount(),
                        .listLayout = static_cast<int>(m_model->Layout()),
                        .bar1Shown = m_actions->RecordsBar().isVisibleTo(this),
                        .bar2Shown = m_actions->FiltersBar().isVisibleTo(this),
                        .statusBarShown = m_status->isVisibleTo(this)};
-    if (m_commands) m_commands->Describe(state);
+    m_commands->Describe(state);
     return state;
 }
 
@@ -286,7 +280,7 @@ void CMainFrame::RestoreLayout() {
     m_view->ApplyLayout();
 }
 
-void CMainFrame::PersistFrameLayout() {
+void CMainFrame::PersistLayout() {
     WindowMemory memory(m_context.app.Profile());
     memory.PersistShown(Text::SectionStatusBar, m_status->isVisibleTo(this));
     memory.PersistShown(Text::SectionBar2, m_actions->FiltersBar().isVisibleTo(this));
@@ -300,7 +294,7 @@ void CMainFrame::PersistFrameLayout() {
 
 void CMainFrame::PersistEverything() {
     m_context.timers.SaveTimers();
-    PersistFrameLayout();
+    PersistLayout();
     StorePeriod(m_context.app.Profile(), m_context.app.Document().CurrentFilter());
     NoteMode(m_context.app.Settings());
 }
@@ -322,12 +316,6 @@ void CMainFrame::SwitchMode(RecordMode mode) {
     }
     ShowListOrNote();
     UpdateActions();
-}
-
-void CMainFrame::EditDefaults() {
-    CVORec* working =
-        theRecordMode == RecordMode::Time ? static_cast<CVORec*>(theTimeEntry) : theExpenseEntry;
-    if (working) static_cast<void>(m_context.defaults(this, *working, false));
 }
 
 void CMainFrame::ShowTreeMenu(const QPoint& at) {

@@ -38,11 +38,8 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
         CPrompt& prompt;
         CEventPump& pump;
         const CClock& clock;
-        /// Lets the user edit a record of either kind, or change the settings; true when accepted.
-        std::function<bool(QWidget* parent, CVORec& record)> edit;
-        std::function<bool(QWidget* parent)> options;
-        /// The stored defaults, to manage them or with isChoosing to fill the record from one: true then.
-        std::function<bool(QWidget* parent, CVORec& working, bool isChoosing)> defaults;
+        CLauncher& launcher;
+        CFrameDialogs& dialogs;
     };
     explicit CMainFrame(const Context& context);
     ~CMainFrame() override;
@@ -52,14 +49,13 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     /// At the end: timers, layout and period are kept. Before the settings are closed.
     void PersistEverything();
     void ComeForward();
-    /// Shows the records of a mode; those of the mode in use are read again.
-    void SwitchMode(RecordMode mode);
+    void SwitchMode(RecordMode mode) override;
     [[nodiscard]] bool IsBusy() const { return m_busy > 0; }
 
     void OnHint(Hint hint, const QStringList& ids) override;
     /// Carries a command out as a menu would: the view first, then the frame, if it is offered.
-    void RunCommand(int command);
-    [[nodiscard]] CommandState State() const;
+    void RunCommand(int command) override;
+    [[nodiscard]] CommandState State() const override;
 
  protected:
     void closeEvent(QCloseEvent* event) override;
@@ -70,16 +66,16 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     class BusyScope;
     void MakePanes();
     [[nodiscard]] FrameContext MakeFrameContext();
-    void EditDefaults();
     void ShowTreeMenu(const QPoint& at);
     void MakeCommands();
     void Connect();
     void RestoreLayout();
-    void PersistFrameLayout();
+    void PersistLayout();
     void RebuildList() override;
     void TellList(Hint hint, const QStringList& ids);
     void TakeUpList();
     [[nodiscard]] bool IsListInFront() const;
+    [[nodiscard]] bool IsListActive() const;
     void ShowListOrNote();
     void UpdateActions();
     void WrapBars();

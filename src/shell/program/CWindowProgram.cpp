@@ -13,11 +13,9 @@
 #include "shell/frame/CMainFrame.h"
 #include "shell/look/IconTheme.h"
 #include "shell/look/LegiblePalette.h"
-#include "shell/options/COptionsDialog.h"
 #include "shell/program/AccessibleRoles.h"
 #include "shell/program/CQuitSignals.h"
-#include "shell/record/CDefaultsDialog.h"
-#include "shell/record/EditRecord.h"
+#include "shell/program/CWindowDialogs.h"
 #include "timers/CRecordTimers.h"
 #include "viewmodel/program/CInstanceHost.h"
 #include "viewmodel/program/CStartCheck.h"
@@ -174,15 +172,10 @@ int CWindowProgram::RunWindow() {
     CRecordTimers timers(timerSet, app.Document(), app.Settings());
     app.Document().SetTimers(&timers);
     const RecordDialogContext dialog{app.Document(), timers, app.Settings(), prompt, clock, app.Catalogue()};
-    auto frame = std::make_unique<CMainFrame>(CMainFrame::Context{
-        app, timers, hub, prompt, pump, clock,
-        [&dialog](QWidget* parent, CVORec& record) { return EditRecord(parent, record, dialog); },
-        [&app, &prompt](QWidget* parent) {
-            return RunOptionsDialog(parent, app.Settings(), prompt, &app.Catalogue().Labels());
-        },
-        [&dialog](QWidget* parent, CVORec& working, bool isChoosing) {
-            return RunDefaultsDialog(parent, working, isChoosing, dialog);
-        }});
+    CProcessLauncher launcher;
+    CWindowDialogs dialogs(dialog);
+    auto frame = std::make_unique<CMainFrame>(
+        CMainFrame::Context{app, timers, hub, prompt, pump, clock, launcher, dialogs});
     CInstanceHost host({app.Document(), timers, app.Settings(), [&frame] { frame->Refresh(); },
                         [&frame] { frame->ComeForward(); }, [&frame] { frame->close(); },
                         [&frame] { return frame->IsBusy(); },
@@ -191,7 +184,6 @@ int CWindowProgram::RunWindow() {
     if (!host.Listen(app.Home(), LoadText(Text::ProgramTitle)))
         Print(stderr, FormatText<Text::ChannelFailed>(host.Error()));
     const CQuitSignals signals([&frame] { frame->close(); });
-    CProcessLauncher launcher;
     CStartCheck check(
         {launcher, prompt, [&frame](const std::function<void()>& work) { WhenFree(frame.get(), work); }});
     frame->show();

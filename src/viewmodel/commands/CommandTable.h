@@ -8,7 +8,8 @@
 
 /// Numbers of the commands that code names. They are fixed.
 namespace Command {
-inline constexpr int kNew = 40147;
+inline constexpr int kNew = 40147;  ///< the button, with the ways to a new record below it
+inline constexpr int kNewPlain = 40002;
 inline constexpr int kEdit = 103;
 inline constexpr int kCopy = 101;
 inline constexpr int kDelete = 102;
@@ -53,6 +54,7 @@ inline constexpr int kUseDependencies = 32891;
 inline constexpr int kDefaults = 32777;
 inline constexpr int kFindCommand = 40200;  ///< a number of our own, which no resource has
 inline constexpr int kOptions = 40066;
+inline constexpr int kRegional = 32781;
 inline constexpr int kAbout = 57664;
 inline constexpr int kExit = 57665;
 }  // namespace Command
@@ -96,6 +98,7 @@ enum class Run {
     Defaults,
     FindCommand,
     Options,
+    RegionalSettings,
     About,
     Exit
 };
@@ -129,48 +132,37 @@ enum class Receiver { View, Frame };
 /// Whether a command bears a check mark, and whether it is one of a group.
 enum class CheckStyle { None, Toggle, Radio };
 
+using Condition = bool (*)(const CommandState& state);
+
 /// One command: what menus, tool bars and shortcuts are made of.
 struct CommandRow {
     int id;
     const char* name;
     Text caption;
     Text tip;
-    const char* icon;  ///< freedesktop name
-    const char* keys;  ///< shortcuts in portable form, separated by blanks; empty for none
+    const char* icon;       ///< freedesktop name
+    const char* keys = "";  ///< shortcuts in portable form, separated by blanks; empty for none
     Menu menu;
-    bool beginsGroup;  ///< a separator stands before it
-    Receiver receiver;
+    bool beginsGroup = false;  ///< a separator stands before it
+    Receiver receiver = Receiver::Frame;
     Run run;
-    int argument;
-    bool (*offered)(const CommandState& state);  ///< null: always
-    CheckStyle check;
-    bool (*checked)(const CommandState& state);  ///< null with CheckStyle::None
-};
-
-/// A menu of the menu bar or a submenu.
-struct MenuRow {
-    Menu menu;
-    Text caption;
-    const char* icon;  ///< of a submenu
-    Menu parent;       ///< the menu itself for one of the menu bar
-    int afterCommand;  ///< the command behind which a submenu stands
-    bool beginsGroup;  ///< a separator stands before the submenu
+    int argument = 0;
+    Condition offered = nullptr;  ///< null: always
+    CheckStyle check = CheckStyle::None;
+    Condition checked = nullptr;  ///< null with CheckStyle::None
 };
 
 /// All commands in the order of menus and tool bars.
 [[nodiscard]] std::span<const CommandRow> CommandTable();
-[[nodiscard]] std::span<const MenuRow> MenuTable();
 
-/// The submenu that opens under a command's button; the menu Help for a button without one.
-[[nodiscard]] Menu MenuUnderButton(int command);
 /// The first row with a number: for the number that stands twice, the view's. Null for an unknown one.
 [[nodiscard]] const CommandRow* FindCommand(int command);
 
 /// Which row carries a command out: the view is asked first while the list is the active view, the frame
 /// afterwards; null for an unknown number.
 /// The number 32823 stands twice, as the view's layout of large icons and as the frame's period "last year".
-/// So with the list in front it means the layout, from either menu entry; the period is reached from the
-/// period button or without the list in front. That is wanted and stays.
+/// So while the list is active, with records or without, it means the layout, from either menu entry; the
+/// period is reached from the period button or with another view in front. That is wanted and stays.
 [[nodiscard]] const CommandRow* RouteCommand(int id, const CommandState& state);
 
 [[nodiscard]] bool IsOffered(const CommandRow& row, const CommandState& state);

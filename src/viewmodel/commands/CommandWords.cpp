@@ -3,6 +3,7 @@
 #include "app/CommandTexts.h"
 #include "app/FieldLabels.h"
 #include "lang/LoadText.h"
+#include "viewmodel/commands/MenuTable.h"
 
 #include <algorithm>
 

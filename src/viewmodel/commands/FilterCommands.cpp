@@ -112,11 +112,11 @@ const FilterCommandRow* FindFilterCommand(int command) {
     return row == std::end(kCommands) ? nullptr : row;
 }
 
-QStringList FilterChoices(const FilterCommandRow& row, const CPulldownCatalogue* lists) {
+QStringList FilterChoices(const FilterCommandRow& row, const CPulldownCatalogue& lists) {
     QStringList choices;
     if (row.list != 0) {
         choices << LoadText(Text::AnyWord);
-        if (lists) choices << lists->Texts(row.list);
+        choices << lists.Texts(row.list);
         return choices;
     }
     for (const FlagChoice& choice : kFlagChoices) choices << LoadText(choice.text);

@@ -27,7 +27,7 @@ struct FilterCommandRow {
 [[nodiscard]] const FilterCommandRow* FindFilterCommand(int command);
 
 /// What the user picks from: the word for any, then the items of the list in its order, or yes and no.
-[[nodiscard]] QStringList FilterChoices(const FilterCommandRow& row, const CPulldownCatalogue* lists);
+[[nodiscard]] QStringList FilterChoices(const FilterCommandRow& row, const CPulldownCatalogue& lists);
 /// The choice that is the condition now; -1 when it is none of them, a text that isn't an item for example.
 [[nodiscard]] int PresentChoice(const FilterCommandRow& row, TimeFilter filter, const QStringList& choices);
 [[nodiscard]] int PresentChoice(const FilterCommandRow& row, ExpenseFilter filter,

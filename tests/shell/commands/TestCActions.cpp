@@ -6,6 +6,7 @@
 #include "shell/look/IconTheme.h"
 #include "support/TestProgram.h"
 #include "viewmodel/commands/BarButtons.h"
+#include "viewmodel/commands/MenuTable.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -28,7 +29,6 @@ CommandState Everything(bool timeMode = true) {
     state.selected = 1;
     state.listed = 3;
     state.treeShown = true;
-    state.has = {true, true, true, true, true, true, true};
     return state;
 }
 
@@ -128,7 +128,7 @@ class TestCActions final : public QObject {
         for (int field = 109; field <= 142 && !name.isEmpty(); ++field)
             labels.Set(field, name.contains(u'%') ? name.arg(field) : name);
         Fixture fixture;
-        fixture.actions.Follow({}, &labels);
+        fixture.actions.ShowNamesOf(labels);
         fixture.actions.Update(Everything(timeMode));
         for (const MenuRow& row : MenuTable()) {
             const QString letters = Letters(fixture.Of(row.menu));
@@ -146,7 +146,7 @@ class TestCActions final : public QObject {
         labels.Set(131, u"Payer"_s);
         labels.Set(118, u"Paid"_s);
         Fixture fixture;
-        fixture.actions.Follow({}, &labels);
+        fixture.actions.ShowNamesOf(labels);
         fixture.actions.Update(Everything(true));
         const auto menuText = [&fixture](int command) {
             return fixture.actions.Action(command)->text().replace(u"&&"_s, u"+"_s).remove(u'&');
@@ -167,7 +167,9 @@ class TestCActions final : public QObject {
         FieldLabels labels;
         CommandState state = Everything();
         Fixture fixture;
-        fixture.actions.Follow([&state] { return state; }, &labels);
+        fixture.actions.ShowNamesOf(labels);
+        connect(&fixture.actions, &CActions::StateWanted, this,
+                [&fixture, &state] { fixture.actions.Update(state); });
         labels.Set(110, u"Order"_s);
         state.treeHasNode = state.treeCanExpand = true;
         state.filters = {32805};
@@ -218,7 +220,7 @@ class TestCActions final : public QObject {
         FieldLabels labels;
         labels.Set(109, u"<b>Bold</b>"_s);
         Fixture fixture;
-        fixture.actions.Follow({}, &labels);
+        fixture.actions.ShowNamesOf(labels);
         fixture.actions.Update(Everything());
         QCOMPARE(fixture.Button(32804)->toolTip(), u"<span>&lt;b&gt;Bold&lt;/b&gt;</span>"_s);
     }

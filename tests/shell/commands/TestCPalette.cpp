@@ -17,7 +17,6 @@ CommandState Everything() {
     CommandState state;
     state.selected = 1;
     state.listed = 3;
-    state.has = {true, true, true, true, true, true, true};
     return state;
 }
 

@@ -5,13 +5,13 @@
 #include "lang/LoadText.h"
 #include "shell/frame/CFrameCommands.h"
 #include "support/TestProgram.h"
+#include "viewmodel/commands/MenuTable.h"
 
 #include <QSet>
 #include <QTest>
 #include <algorithm>
 
 Q_DECLARE_METATYPE(CommandState)
-Q_DECLARE_METATYPE(CommandState::Has)
 
 namespace {
 
@@ -27,7 +27,7 @@ CommandState Everything(int selected) {
     state.selected = selected;
     state.listed = 10;
     state.treeShown = true;
-    state.has = {true, true, true, true, true, true, true};
+    state.hasRegionalSettings = true;
     return state;
 }
 
@@ -106,7 +106,7 @@ class TestCommandTable final : public QObject {
         };
         constexpr const char *kAll = "012", *kOne = "1", *kSome = "12", *kNever = "";
         // quick entry
-        rows({40147, 32852, 32856, 32857}, kAll, kAll);
+        rows({40002, 40147, 32852, 32856, 32857}, kAll, kAll);
         rows({32853, 32858}, kAll, kNever);
         rows({32854, 32855, 32859, 32860, 32865, 32866, 32867}, kOne, kNever);
         rows({32861, 32862, 32863}, kNever, kNever);
@@ -133,7 +133,7 @@ class TestCommandTable final : public QObject {
         rows({32851, 32868, 32869}, kNever, kNever);
         // timers, lists, tools
         rows({40111, 40112, 40113}, kSome, kNever);
-        rows({32891, 32777, 40200, 40066, 57664}, kAll, kAll);
+        rows({32891, 32777, 40200, 40066, 32781, 57664}, kAll, kAll);
     }
     void offeredBySelection() {
         const int id = QByteArray(QTest::currentDataTag()).toInt();
@@ -157,51 +157,18 @@ class TestCommandTable final : public QObject {
             QVERIFY2(Covered().contains(row.id), qPrintable(QString::number(row.id)));
     }
 
-    /// A window that has none of it doesn't offer it.
-    void missingProviders_data() {
-        QTest::addColumn<QList<int>>("commands");
-        QTest::addColumn<CommandState::Has>("has");
-        const auto without = [](auto member) {
-            CommandState::Has has{true, true, true, true, true, true, true};
-            has.*member = false;
-            return has;
-        };
-        using Has = CommandState::Has;
-        QTest::newRow("modes") << QList<int>{40011, 40012} << without(&Has::modes);
-        QTest::newRow("the tree") << QList<int>{32771, 32772, 32773, 40068, 40122, 32861, 32862, 32863}
-                                  << without(&Has::tree);
-        QTest::newRow("stored defaults")
-            << QList<int>{32856, 32857, 32858, 32859, 32860} << without(&Has::defaults);
-        QTest::newRow("their dialog") << QList<int>{32777} << without(&Has::defaultsDialog);
-        QTest::newRow("pick lists") << QList<int>{32804, 32805, 32806, 32807} << without(&Has::lists);
-        QTest::newRow("bars with a choice") << QList<int>{32817, 32879} << without(&Has::bars);
-        QTest::newRow("the palette") << QList<int>{40200} << without(&Has::palette);
-    }
-    void missingProviders() {
-        QFETCH(QList<int>, commands);
-        QFETCH(CommandState::Has, has);
-        CommandState with = Everything(1);
-        with.treeHasNode = with.treeCanExpand = true;
-        CommandState without = with;
-        without.has = has;
-        for (const CommandRow& row : CommandTable()) {
-            if (!IsOffered(row, with)) continue;
-            QCOMPARE(IsOffered(row, without), !commands.contains(row.id));
-        }
-        for (const int id : commands) QVERIFY(IsOffered(*RowOf(id), with));
-    }
-
     void whenOffered_data() {
         QTest::addColumn<int>("id");
         QTest::addColumn<CommandState>("state");
         QTest::addColumn<bool>("offered");
         CommandState timer = Everything(0), running = timer, step = timer, busy = timer, note = timer;
         CommandState node = timer, leaf = timer, hidden = timer, expense = timer, timerOfExpenses = timer;
+        CommandState withoutRegional = timer;
+        withoutRegional.hasRegionalSettings = false;
         timer.anyTimer = true;
         running.anyTimer = running.anyRunning = true;
         step.canStep = true;
         busy.busy = true;
-        note.listIsActive = false;
         note.listed = 0;
         node.treeHasNode = node.treeCanExpand = true;
         leaf.treeHasNode = true;
@@ -236,6 +203,8 @@ class TestCommandTable final : public QObject {
         QTest::newRow("put a hidden tree beside the list") << 32772 << hidden << false;
         QTest::newRow("put a hidden tree above the list") << 32773 << hidden << false;
         QTest::newRow("show a hidden tree") << 32771 << hidden << true;
+        QTest::newRow("regional settings of the desktop") << 32781 << timer << true;
+        QTest::newRow("of a desktop without them") << 32781 << withoutRegional << false;
         QTest::newRow("from the hidden tree's node") << 32861 << hidden << true;
     }
     void whenOffered() {
@@ -293,10 +262,10 @@ class TestCommandTable final : public QObject {
     void quickCommands_data() {
         QTest::addColumn<int>("id");
         QTest::addColumn<int>("flags");
-        const std::pair<int, int> kRows[] = {{40147, 1},  {32852, 17}, {32853, 81}, {32854, 33}, {32855, 97},
-                                             {32856, 2},  {32857, 18}, {32858, 82}, {32859, 34}, {32860, 98},
-                                             {32861, 4},  {32862, 20}, {32863, 84}, {32864, 24}, {32865, 88},
-                                             {32866, 40}, {32867, 104}};
+        const std::pair<int, int> kRows[] = {{40002, 1},  {40147, 1},  {32852, 17}, {32853, 81}, {32854, 33},
+                                             {32855, 97}, {32856, 2},  {32857, 18}, {32858, 82}, {32859, 34},
+                                             {32860, 98}, {32861, 4},  {32862, 20}, {32863, 84}, {32864, 24},
+                                             {32865, 88}, {32866, 40}, {32867, 104}};
         for (const auto& [id, flags] : kRows) QTest::addRow("%d", id) << id << flags;
     }
     void quickCommands() {

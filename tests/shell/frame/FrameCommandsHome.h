@@ -5,7 +5,9 @@
 #include "shell/commands/CActions.h"
 #include "shell/frame/CFrameCommands.h"
 #include "shell/frame/CFrameControl.h"
+#include "shell/frame/ScriptedDialogs.h"
 #include "shell/list/CRecordListView.h"
+#include "support/CNotedLauncher.h"
 #include "support/TestHome.h"
 #include "timers/CRecordTimers.h"
 #include "viewmodel/list/CRecordListModel.h"
@@ -23,19 +25,24 @@ class NoProgress final : public CProgress {
 };
 
 /// Notes what is asked of the window.
-class Door final : public CFrameControl {
+class NotedControl final : public CFrameControl {
  public:
     QWidget& Window() override { return window; }
     void ToggleBar1() override { asked << QStringLiteral("bar 1"); }
     void ToggleBar2() override { asked << QStringLiteral("bar 2"); }
     void ToggleStatusBar() override { asked << QStringLiteral("status bar"); }
+    void SwitchMode(RecordMode to) override { asked << QStringLiteral("mode %1").arg(static_cast<int>(to)); }
     void Refresh() override { asked << QStringLiteral("refresh"); }
     void RebuildList() override { asked << QStringLiteral("list"); }
     void PickDay() override { asked << QStringLiteral("day"); }
+    CommandState State() const override { return state(); }
+    void RunCommand(int command) override { ran << command; }
     void Leave() override { asked << QStringLiteral("leave"); }
 
     QMainWindow window;
     QStringList asked;
+    QList<int> ran;
+    std::function<CommandState()> state;
 };
 
 class Tree final : public CTreeControl {
@@ -62,7 +69,7 @@ class Tree final : public CTreeControl {
     int expanded = 0;
 };
 
-/// The commands over a scratch home, with all that a window can have. The mode is that of the scene.
+/// The commands over a scratch home, in a mode of its own.
 struct Fixture {
     TestHome home;
     RecordModeScope mode;
@@ -71,15 +78,13 @@ struct Fixture {
     CRecordListModel model{*home.document, set, *home.settings};
     CRecordListView view{model, *home.settings};
     NoProgress progress;
-    Door control;
+    NotedControl control;
     Tree tree;
     CActions actions{control.window};
+    CNotedLauncher launcher;
+    ScriptedDialogs dialogs;
     CTRecord timeEntry;
     CERecord expenseEntry;
-    std::function<bool(CVORec&)> dialog = [](CVORec&) { return true; };
-    int dialogs = 0;
-    QList<int> ran;
-    QStringList called;
     std::unique_ptr<CFrameCommands> commands;
 
     explicit Fixture(RecordMode wanted = RecordMode::Time) : mode(wanted) {
@@ -87,6 +92,7 @@ struct Fixture {
         std::swap(theExpenseEntry, m_expenseEntry);
         home.document->LoadCurrentMode();
         home.document->BuildVisible();
+        control.state = [this] { return State(); };
         commands = std::make_unique<CFrameCommands>(Context());
         home.views.seen.clear();
     }
@@ -98,41 +104,22 @@ struct Fixture {
     Fixture(const Fixture&) = delete;
     Fixture& operator=(const Fixture&) = delete;
 
-    [[nodiscard]] CFrameCommands::Context Bare() {
+    [[nodiscard]] CFrameCommands::Context Context() {
         return {.document = *home.document,
                 .timers = timers,
                 .settings = *home.settings,
+                .catalogue = *home.catalogue,
                 .prompt = home.prompt,
                 .progress = progress,
+                .launcher = launcher,
                 .clock = home.clock,
                 .model = model,
                 .view = view,
+                .tree = tree,
+                .actions = actions,
                 .control = control,
+                .dialogs = dialogs,
                 .home = home.Path()};
-    }
-    [[nodiscard]] CFrameCommands::Context Context() {
-        CFrameCommands::Context context = Bare();
-        context.editRecord = [this](CVORec& record) {
-            ++dialogs;
-            return dialog(record);
-        };
-        context.options = [] { return true; };
-        context.switchMode = [this](RecordMode to) {
-            called << QStringLiteral("mode %1").arg(static_cast<int>(to));
-        };
-        context.tree = &tree;
-        context.fillFromDefaults = [this](CVORec& record) {
-            called << QStringLiteral("defaults");
-            if (record.Kind() == RecordKind::Time)
-                static_cast<CTRecord&>(record).item2 = QStringLiteral("A default");
-            return defaultsAreChosen;
-        };
-        context.runDefaults = [this] { called << QStringLiteral("dialog of defaults"); };
-        context.catalogue = home.catalogue.get();
-        context.actions = &actions;
-        context.state = [this] { return State(); };
-        context.runCommand = [this](int command) { ran << command; };
-        return context;
     }
     [[nodiscard]] CommandState State() const {
         CommandState state;
@@ -175,8 +162,6 @@ struct Fixture {
         if (ids.size() != 1) qFatal("not one record");
         return *home.document->FindTime(ids.front());
     }
-
-    bool defaultsAreChosen = true;
 
  private:
     // What is installed: these two meanwhile, those from before at the end.

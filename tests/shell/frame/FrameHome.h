@@ -6,8 +6,10 @@
 #include "shell/commands/CActions.h"
 #include "shell/frame/CEventPump.h"
 #include "shell/frame/CMainFrame.h"
+#include "shell/frame/ScriptedDialogs.h"
 #include "shell/list/CRecordListView.h"
 #include "shell/look/CElidedLabel.h"
+#include "support/CNotedLauncher.h"
 #include "support/CScriptedPrompt.h"
 #include "support/CTestClock.h"
 #include "timers/CRecordTimers.h"
@@ -27,7 +29,8 @@ struct Window {
     std::unique_ptr<CRecordTimers> timers;
     std::unique_ptr<CMainFrame> frame;
     std::function<bool(CTRecord&)> dialog = [](CTRecord&) { return true; };
-    int dialogs = 0;
+    CNotedLauncher launcher;
+    ScriptedDialogs dialogs;
 
     enum class Mode { Time, AsStored };
     explicit Window(const QString& home, Mode mode = Mode::Time) {
@@ -40,13 +43,11 @@ struct Window {
         set = std::make_unique<ActiveTimerSet>(clock);
         timers = std::make_unique<CRecordTimers>(*set, app.Document(), app.Settings());
         app.Document().SetTimers(timers.get());
-        frame = std::make_unique<CMainFrame>(CMainFrame::Context{
-            app, *timers, hub, prompt, pump, clock,
-            [this](QWidget*, CVORec& record) {
-                ++dialogs;
-                return record.Kind() == RecordKind::Expense || dialog(static_cast<CTRecord&>(record));
-            },
-            [](QWidget*) { return true; }, [](QWidget*, CVORec&, bool) { return true; }});
+        dialogs.edit = [this](CVORec& record) {
+            return record.Kind() == RecordKind::Expense || dialog(static_cast<CTRecord&>(record));
+        };
+        frame = std::make_unique<CMainFrame>(
+            CMainFrame::Context{app, *timers, hub, prompt, pump, clock, launcher, dialogs});
         frame->show();
         [&] { QVERIFY(QTest::qWaitForWindowExposed(frame.get())); }();
     }

@@ -42,19 +42,16 @@ class TestCFrameCommands final : public QObject {
     Q_OBJECT
 
  private Q_SLOTS:
-    void WhatIsMissingIsNotOffered() {
+    void RegionalSettingsWhereTheDesktopHasThem() {
         Fixture fixture;
-        const CFrameCommands bare(fixture.Bare());
-        CommandState state;
-        state.selected = 1;
-        bare.Describe(state);
-        for (const int command :
-             {40011, 40012, 32777, 32856, 32861, 32804, 32771, 40068, 40122, 32817, 40200})
-            QVERIFY2(!IsOffered(*FindCommand(command), state), qPrintable(QString::number(command)));
-        for (const int command : {40147, 103, 40052, 32829, 32891, 32832})
-            QVERIFY2(IsOffered(*FindCommand(command), state), qPrintable(QString::number(command)));
-        for (const int command : {40011, 40012, 32777, 32856, 32804, 32771, 40122, 32817, 40200})
-            QVERIFY2(fixture.Offers(command), qPrintable(QString::number(command)));
+        QVERIFY(!fixture.Offers(32781));
+        fixture.launcher.programs = {u"gnome-control-center"_s};
+        fixture.commands = std::make_unique<CFrameCommands>(fixture.Context());
+        fixture.Run(32781);
+        QCOMPARE(fixture.launcher.started, u"gnome-control-center region"_s);
+        fixture.launcher.starts = false;
+        fixture.home.prompt.ExpectTold(Text::RegionalNotStarted);
+        fixture.Run(32781);
     }
     void DescribesTheFilterOfTheMode() {
         Fixture fixture(RecordMode::Expense);
@@ -77,10 +74,10 @@ class TestCFrameCommands final : public QObject {
     void NewRecordOfEachKind() {
         Fixture time;
         time.Run(40147);
-        QCOMPARE(time.dialogs, 1);
+        QCOMPARE(time.dialogs.edited, 1);
         QCOMPARE(time.home.document->RecordCount(), 1U);
         Fixture expense(RecordMode::Expense);
-        expense.dialog = [](CVORec& record) {
+        expense.dialogs.edit = [](CVORec& record) {
             static_cast<CERecord&>(record).item3 = u"Taxi"_s;
             return record.Kind() == RecordKind::Expense;
         };
@@ -92,13 +89,13 @@ class TestCFrameCommands final : public QObject {
     void NewRecordFromDefaults() {
         Fixture fixture;
         fixture.Run(32856);
-        QCOMPARE(fixture.called, QStringList{u"defaults"_s});
+        QCOMPARE(fixture.dialogs.called, QStringList{u"defaults"_s});
         fixture.SelectAll();
         QCOMPARE(fixture.OnlyTime().item2, u"A default"_s);
-        fixture.defaultsAreChosen = false;
+        fixture.dialogs.defaultsAreChosen = false;
         fixture.Run(32857);
         QCOMPARE(fixture.home.document->RecordCount(), 1U);
-        QCOMPARE(fixture.dialogs, 1);
+        QCOMPARE(fixture.dialogs.edited, 1);
     }
     void NewRecordFromTheTree() {
         Fixture fixture;
@@ -106,7 +103,7 @@ class TestCFrameCommands final : public QObject {
         fixture.tree.hasNode = true;
         fixture.home.settings->dialogOnQuickEntry = false;
         fixture.Run(32863);
-        QCOMPARE(fixture.dialogs, 0);
+        QCOMPARE(fixture.dialogs.edited, 0);
         fixture.SelectAll();
         QCOMPARE(fixture.OnlyTime().item1, u"From the tree"_s);
         QVERIFY(fixture.set.AnyRunning());
@@ -129,7 +126,7 @@ class TestCFrameCommands final : public QObject {
     void EditOneOfEachKind() {
         Fixture time;
         const QString id = time.home.AddTime(2026, 11, 19, u"09:00"_s, u"10:00"_s);
-        time.dialog = [&time](CVORec& record) {
+        time.dialogs.edit = [&time](CVORec& record) {
             static_cast<CTRecord&>(record).notes = u"edited"_s;
             return &record == &time.timeEntry;  // the one working record of time
         };
@@ -138,7 +135,7 @@ class TestCFrameCommands final : public QObject {
         QCOMPARE(time.home.document->FindTime(id)->notes, u"edited"_s);
         Fixture expense(RecordMode::Expense);
         const QString other = expense.AddExpense(u"Client A"_s);
-        expense.dialog = [](CVORec& record) {
+        expense.dialogs.edit = [](CVORec& record) {
             static_cast<CERecord&>(record).notes = u"edited"_s;
             return true;
         };
@@ -146,12 +143,12 @@ class TestCFrameCommands final : public QObject {
         expense.Run(103);
         QCOMPARE(expense.home.document->FindExpense(other)->notes, u"edited"_s);
         QCOMPARE(expense.home.document->FindExpense(other)->item1, u"Client A"_s);
-        expense.dialog = [](CVORec& record) {
+        expense.dialogs.edit = [](CVORec& record) {
             static_cast<CERecord&>(record).notes = u"dropped"_s;
             return false;
         };
-        expense.commands->EditRecord(other);
-        QCOMPARE(expense.dialogs, 2);
+        expense.commands->Records().Edit(other);
+        QCOMPARE(expense.dialogs.edited, 2);
         QCOMPARE(expense.home.document->FindExpense(other)->notes, u"edited"_s);
     }
     /// The command isn't offered for two; whoever runs it all the same is told.
@@ -163,7 +160,7 @@ class TestCFrameCommands final : public QObject {
         QVERIFY(!fixture.Offers(103));
         fixture.home.prompt.ExpectTold(Text::SelectOneRecord);
         fixture.commands->Run(*FindCommand(103));
-        QCOMPARE(fixture.dialogs, 0);
+        QCOMPARE(fixture.dialogs.edited, 0);
         fixture.home.prompt.Finish();
     }
 
@@ -227,7 +224,7 @@ class TestCFrameCommands final : public QObject {
         fixture.Run(40012);
         fixture.Run(40011);
         fixture.Run(32777);
-        QCOMPARE(fixture.called, (QStringList{u"mode 2"_s, u"mode 1"_s, u"dialog of defaults"_s}));
+        QCOMPARE(fixture.dialogs.called, (QStringList{u"mode 2"_s, u"mode 1"_s, u"dialog of defaults"_s}));
         QVERIFY(fixture.Checks(32771) && fixture.Checks(32772));
         fixture.Run(32773);
         QVERIFY(fixture.tree.isStacked && fixture.Checks(32773));
@@ -460,10 +457,10 @@ class TestCFrameCommands final : public QObject {
             });
             fixture.Run(40200);
         }
-        QCOMPARE(fixture.ran, QList<int>{32799});
+        QCOMPARE(fixture.control.ran, QList<int>{32799});
         const ModalUser cancels([](QDialog& dialog) { dialog.reject(); });
         fixture.Run(40200);
-        QCOMPARE(fixture.ran, QList<int>{32799});
+        QCOMPARE(fixture.control.ran, QList<int>{32799});
     }
 };
 

@@ -85,13 +85,13 @@ class TestCMainFrame final : public QObject {
             return true;
         };
         QTest::keyClick(window.frame.get(), Qt::Key_N, Qt::ControlModifier);
-        QCOMPARE(window.dialogs, 1);
+        QCOMPARE(window.dialogs.edited, 1);
         QCOMPARE(window.Rows(), 1);
         QCOMPARE(window.List().SelectedCount(), 1);
         QCOMPARE(window.app.Document().FindTime(window.List().SelectedIds().front())->item1, u"Client A"_s);
         window.dialog = [](CTRecord&) { return false; };
         QTest::keyClick(window.frame.get(), Qt::Key_N, Qt::ControlModifier);
-        QCOMPARE(window.dialogs, 2);
+        QCOMPARE(window.dialogs.edited, 2);
         QCOMPARE(window.Rows(), 1);
     }
 
@@ -102,7 +102,7 @@ class TestCMainFrame final : public QObject {
         window.app.Settings().dialogOnQuickEntry = false;
         window.frame->Refresh();
         QTest::keyClick(window.frame.get(), Qt::Key_T, Qt::ControlModifier);
-        QCOMPARE(window.dialogs, 0);
+        QCOMPARE(window.dialogs.edited, 0);
         QCOMPARE(window.Rows(), 1);
         QVERIFY(window.set->AnyRunning());
         QVERIFY(window.Offers(32868));
@@ -129,7 +129,7 @@ class TestCMainFrame final : public QObject {
         QTest::keyClick(&window.List(), Qt::Key_Return);
         QCOMPARE(window.app.Document().FindTime(id)->notes, u"edited"_s);
         QTest::keyClick(&window.List(), Qt::Key_F2);
-        QCOMPARE(window.dialogs, 2);
+        QCOMPARE(window.dialogs.edited, 2);
         window.dialog = [](CTRecord& record) {
             record.notes = u"dropped"_s;
             return false;
@@ -298,7 +298,7 @@ class TestCMainFrame final : public QObject {
         QCOMPARE(again.app.Document().FilterOfExpenses().preset, 16);
     }
 
-    /// With something else in front nothing is selected, whatever the list has.
+    /// With the note in front nothing is selected, whatever the list has.
     void withoutTheListInFrontNothingOfItIsOffered() {
         QTemporaryDir folder;
         Window window(folder.path());
@@ -315,24 +315,52 @@ class TestCMainFrame final : public QObject {
         for (const int command : {101, 102, 103, 32838, 40055, 32841, 32842, 40111, 40112, 40113, 32813,
                                   32814, 32854, 32864, 32867})
             QVERIFY2(!IsOffered(*RouteCommand(command, state), state), qPrintable(QString::number(command)));
-        QCOMPARE(RouteCommand(32823, state)->run, Run::PeriodPreset);
+        QCOMPARE(RouteCommand(32823, state)->run, Run::Layout);
     }
 
-    /// The number 32823 is the layout of large icons while the list is in front, else "last year".
+    /// The number 32823 is the layout of large icons while the list is the active view, empty or not.
     void clashingCommand() {
         QTemporaryDir folder;
         Window window(folder.path());
         window.frame->Refresh();
-        window.frame->RunCommand(32823);
-        QCOMPARE(window.app.Document().Filter().preset, 23);
+        const int before = window.app.Document().Filter().preset;
+        for (const bool isEmpty : {true, false}) {
+            if (!isEmpty) window.Add(19);
+            window.frame->RunCommand(32823);
+            QCOMPARE(window.app.Settings().listLayout, 1);
+            QCOMPARE(window.app.Document().Filter().preset, before);
+            window.frame->RunCommand(32783);
+        }
         QCOMPARE(window.app.Settings().listLayout, 4);
-        window.frame->RunCommand(32802);
-        window.Add(19);
-        window.frame->RunCommand(32823);
-        QCOMPARE(window.app.Settings().listLayout, 1);
-        QCOMPARE(window.app.Document().Filter().preset, 6);
-        window.frame->RunCommand(32783);
-        QCOMPARE(window.app.Settings().listLayout, 4);
+    }
+
+    /// While records are read, and as long as one of the readings within another goes on.
+    void theCursorSaysToWait() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        QVERIFY(!QGuiApplication::overrideCursor());
+        bool waited = false;
+        class Looks final : public CViewListener {
+         public:
+            explicit Looks(bool& waited) : m_waited(waited) {}
+            void OnHint(Hint hint, const QStringList&) override {
+                const QCursor* cursor = QGuiApplication::overrideCursor();
+                if (hint == Hint::Rebuild) m_waited = cursor && cursor->shape() == Qt::WaitCursor;
+            }
+
+         private:
+            bool& m_waited;
+        } looks(waited);
+        window.hub.Attach(looks);
+        window.frame->Refresh();
+        QVERIFY(waited);
+        QVERIFY(!QGuiApplication::overrideCursor());
+        waited = false;
+        window.frame->RunCommand(40012);
+        QVERIFY(waited);
+        QVERIFY(!QGuiApplication::overrideCursor());
+        window.frame->RunCommand(40011);
+        window.hub.Detach(looks);
     }
 
     void stepThroughPeriods() {
@@ -541,13 +569,14 @@ class TestCMainFrame final : public QObject {
         window.dialog = [&](CTRecord& record) {
             record.notes += u"more "_s;
             [&] {
-                QVERIFY(file.Execute(window.dialogs == 1 ? "PRAGMA query_only=ON" : "PRAGMA query_only=OFF"));
+                QVERIFY(file.Execute(window.dialogs.edited == 1 ? "PRAGMA query_only=ON"
+                                                                : "PRAGMA query_only=OFF"));
             }();
             return true;
         };
         window.prompt.ExpectTold(Text::ModifyFailed);
         window.frame->RunCommand(Command::kEdit);
-        QCOMPARE(window.dialogs, 2);
+        QCOMPARE(window.dialogs.edited, 2);
         QCOMPARE(window.app.Document().FindTime(id)->notes, u"more more "_s);
     }
 

@@ -12,8 +12,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// The field of a condition by the names of the filters' members; empty: none.
-QString MemberOf(int command, TimeFilter filter) {
-    const QStringList choices = FilterChoices(*FindFilterCommand(command), nullptr) << u"x"_s;
+QString MemberOf(int command, TimeFilter filter, const CPulldownCatalogue& lists) {
+    const QStringList choices = FilterChoices(*FindFilterCommand(command), lists) << u"x"_s;
     const TimeFilter before = filter;
     if (!ApplyChoice(*FindFilterCommand(command), filter, choices, 1)) return {};
     for (std::size_t i = 0; i < filter.items.size(); ++i)
@@ -22,8 +22,8 @@ QString MemberOf(int command, TimeFilter filter) {
     if (filter.billed != before.billed) return u"billed"_s;
     return filter.exported != before.exported ? u"exported"_s : u"nothing"_s;
 }
-QString MemberOf(int command, ExpenseFilter filter) {
-    const QStringList choices = FilterChoices(*FindFilterCommand(command), nullptr) << u"x"_s;
+QString MemberOf(int command, ExpenseFilter filter, const CPulldownCatalogue& lists) {
+    const QStringList choices = FilterChoices(*FindFilterCommand(command), lists) << u"x"_s;
     const ExpenseFilter before = filter;
     if (!ApplyChoice(*FindFilterCommand(command), filter, choices, 1)) return {};
     for (std::size_t i = 0; i < filter.items.size(); ++i)
@@ -81,8 +81,8 @@ class TestFilterCommands final : public QObject {
         const int command = QByteArray(QTest::currentDataTag()).toInt();
         QVERIFY(FindFilterCommand(command));
         QTEST(RowOf(command).list, "list");
-        QTEST(MemberOf(command, TimeFilter()), "ofTime");
-        QTEST(MemberOf(command, ExpenseFilter()), "ofExpenses");
+        QTEST(MemberOf(command, TimeFilter(), *home->catalogue), "ofTime");
+        QTEST(MemberOf(command, ExpenseFilter(), *home->catalogue), "ofExpenses");
     }
     void OtherCommandsSetNone() {
         QCOMPARE(FilterCommands().size(), 12U);
@@ -94,13 +94,12 @@ class TestFilterCommands final : public QObject {
         QVERIFY(home->catalogue->AddItem(16, u"Zebra & Sons"_s, false));
         QVERIFY(home->catalogue->AddItem(16, u"\U0001F600 Smile"_s, false));
         QVERIFY(home->catalogue->AddItem(17, u"Alpha"_s, false));
-        QCOMPARE(FilterChoices(RowOf(32804), home->catalogue.get()),
+        QCOMPARE(FilterChoices(RowOf(32804), *home->catalogue),
                  (QStringList{u"(any)"_s, u"Zebra & Sons"_s, u"\U0001F600 Smile"_s}));
-        QCOMPARE(FilterChoices(RowOf(32806), home->catalogue.get()), QStringList{u"(any)"_s});
-        QCOMPARE(FilterChoices(RowOf(32804), nullptr), QStringList{u"(any)"_s});
+        QCOMPARE(FilterChoices(RowOf(32806), *home->catalogue), QStringList{u"(any)"_s});
     }
     void ChoicesOfAFlag() {
-        QCOMPARE(FilterChoices(RowOf(32837), nullptr), (QStringList{u"(any)"_s, u"Yes"_s, u"No"_s}));
+        QCOMPARE(FilterChoices(RowOf(32837), *home->catalogue), (QStringList{u"(any)"_s, u"Yes"_s, u"No"_s}));
     }
 
     void PickedTextIsComparedWholeAndByCase() {
@@ -134,7 +133,7 @@ class TestFilterCommands final : public QObject {
     }
     void FlagsAreAnyYesOrNo() {
         QFETCH(int, choice);
-        const QStringList choices = FilterChoices(RowOf(32833), nullptr);
+        const QStringList choices = FilterChoices(RowOf(32833), *home->catalogue);
         TimeFilter filter;
         filter.billed = 7;
         QVERIFY(ApplyChoice(RowOf(32833), filter, choices, choice));
@@ -194,8 +193,8 @@ class TestFilterCommands final : public QObject {
         TimeFilter filter;
         QVERIFY(ApplyChoice(RowOf(32804), filter, {u"(any)"_s, u"Client A"_s}, 1));
         const PeriodContext context = home->document->GetPeriodContext();
-        QVERIFY(filter.Matches(record, context, nullptr));
-        QVERIFY(!filter.Matches(other, context, nullptr));
+        QVERIFY(filter.Matches(record, context, *home->catalogue));
+        QVERIFY(!filter.Matches(other, context, *home->catalogue));
     }
 };
 

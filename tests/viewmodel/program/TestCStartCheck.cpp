@@ -2,7 +2,7 @@
 
 #include "lang/LoadText.h"
 #include "platform/host/CInstallLocation.h"
-#include "platform/host/CLauncher.h"
+#include "support/CNotedLauncher.h"
 #include "support/CScriptedPrompt.h"
 #include "support/TestProgram.h"
 
@@ -14,20 +14,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-/// Notes what is started, and ends it with what the test says.
-class CNotedLauncher final : public CLauncher {
- public:
-    void RunInBackground(const QString& program, const QStringList& arguments, const Heard& heard) override {
-        started = program + u' ' + arguments.join(u' ');
-        m_heard = heard;
-    }
-    void End(const QByteArray& output) { m_heard(output); }
-    QString started;
-
- private:
-    Heard m_heard;
-};
 
 const QByteArray kSound =
     R"({"ok": true, "checks": [{"name": "store", "ok": true, "detail": "/home/velmarch.store", "advice": null}]})";

@@ -1,0 +1,18 @@
+#pragma once
+
+class CVORec;
+class QWidget;
+
+/// The dialogs in which the user edits records and settings: the program's, or those of a test.
+class CFrameDialogs {
+ public:
+    virtual ~CFrameDialogs() = default;
+    /// A record of either kind; true when accepted.
+    [[nodiscard]] virtual bool EditRecord(QWidget& parent, CVORec& record) = 0;
+    /// True when accepted.
+    [[nodiscard]] virtual bool EditSettings(QWidget& parent) = 0;
+    /// Fills a record from the stored default that the user chooses; false when none was chosen.
+    [[nodiscard]] virtual bool ChooseDefault(QWidget& parent, CVORec& record) = 0;
+    /// The stored defaults themselves. working: the record that the dialog edits them in.
+    virtual void EditDefaults(QWidget& parent, CVORec& working) = 0;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "shell/frame/CFrameDialogs.h"
+#include "shell/record/RecordDialogParts.h"
+
+/// The dialogs of the program.
+class CWindowDialogs final : public CFrameDialogs {
+ public:
+    explicit CWindowDialogs(const RecordDialogContext& context) : m_context(context) {}
+
+    [[nodiscard]] bool EditRecord(QWidget& parent, CVORec& record) override;
+    [[nodiscard]] bool EditSettings(QWidget& parent) override;
+    [[nodiscard]] bool ChooseDefault(QWidget& parent, CVORec& record) override;
+    void EditDefaults(QWidget& parent, CVORec& working) override;
+
+ private:
+    const RecordDialogContext& m_context;
+};
