@@ -42,7 +42,7 @@ constexpr int kContext[] = {Command::kEdit,       Command::kCopy,       Command:
 CActions::CActions(QMainWindow& window) : QObject(&window), m_window(window), m_labels(&DefaultLabels()) {
     MakeActions();
     MakeMenus();
-    MakeBars();
+    m_bars = std::make_unique<CCommandBars>(m_window, [this](int command) { return ButtonOf(command); });
     MakeContextMenu();
     ShowNames(true);
 }
@@ -128,6 +128,15 @@ QAction* CActions::Action(int command) const {
     return nullptr;
 }
 
+CCommandBars::Button CActions::ButtonOf(int command) const {
+    QAction* action = Action(command);
+    if (!action) return {};
+    const Menu under = MenuUnderButton(command);
+    return {.action = action,
+            .menu = under == Menu::Help ? nullptr : m_menus.at(under),
+            .name = Words(*FindCommand(command)).tip};
+}
+
 void CActions::ShowNamesOf(const FieldLabels& labels) {
     m_labels = &labels;
     m_shownNames.clear();
@@ -143,7 +152,7 @@ void CActions::Update(const CommandState& state) {
     }
     m_menus[Menu::Mark]->setEnabled(state.selected > 0 && !state.busy);
     m_menus[Menu::New]->setEnabled(!state.busy);
-    m_period->setEnabled(!state.busy);
+    m_bars->PeriodButton().setEnabled(!state.busy);
 }
 
 void CActions::ShowNames(bool timeMode) {
@@ -155,7 +164,7 @@ void CActions::ShowNames(bool timeMode) {
     m_timeMode = timeMode;
     for (const Made& made : m_made) ShowWords(made);
     for (const MenuRow& row : MenuTable()) GiveMnemonics(row.menu);
-    NameButtons();
+    m_bars->NameButtons();
 }
 
 CommandWords CActions::Words(const CommandRow& row) const {
@@ -194,5 +203,5 @@ void CActions::RefreshIcons() {
         made.action->setIcon(QIcon::fromTheme(QString::fromLatin1(made.row->icon)));
     for (const MenuRow& row : MenuTable())
         m_menus[row.menu]->setIcon(QIcon::fromTheme(QString::fromLatin1(row.icon)));
-    m_period->setIcon(QIcon::fromTheme(u"view-calendar"_s));
+    m_bars->PeriodButton().setIcon(QIcon::fromTheme(u"view-calendar"_s));
 }

@@ -21,7 +21,7 @@ CFrameCommands::CFrameCommands(const Context& context)
       m_hasRegionalSettings(HasRegionalSettings(m_context.launcher)) {
     m_context.actions.ShowNamesOf(m_context.catalogue.Labels());
     for (const Bar bar : {Bar::Records, Bar::Filters})
-        m_context.actions.SetButtons(bar, LoadButtons(m_context.settings.Profile(), bar));
+        m_context.actions.Bars().SetButtons(bar, LoadButtons(m_context.settings.Profile(), bar));
 }
 
 CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {

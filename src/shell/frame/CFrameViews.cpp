@@ -98,10 +98,10 @@ void CFrameViews::ToggleTree() {
 void CFrameViews::CustomizeBar(Bar bar) {
     CProfile& profile = m_context.settings.Profile();
     const std::optional<QList<int>> buttons =
-        RunButtonChooser(&m_context.control.Window(), bar, m_context.actions.Buttons(bar),
+        RunButtonChooser(&m_context.control.Window(), bar, m_context.actions.Bars().Buttons(bar),
                          {theRecordMode == RecordMode::Time, m_context.catalogue.Labels()}, profile);
     if (!buttons) return;
-    m_context.actions.SetButtons(bar, *buttons);
+    m_context.actions.Bars().SetButtons(bar, *buttons);
     if (!PersistButtons(profile, bar, *buttons)) TellNotSaved(m_context.prompt);
 }
 

@@ -149,7 +149,7 @@ void CMainFrame::Connect() {
             [this](const QPoint& at) { m_actions->ContextMenu().popup(at); });
     connect(m_tree, &CDataTreeView::MenuWanted, this, &CMainFrame::ShowTreeMenu);
     connect(new QShortcut(QKeySequence(Qt::Key_F6), this), &QShortcut::activated, m_panes, &CPanes::NextPane);
-    CPeriodButton& period = m_actions->PeriodButton();
+    CPeriodButton& period = m_actions->Bars().PeriodButton();
     connect(&period, &CPeriodButton::PresetChosen, this,
             [this](int preset) { m_commands->Period().Preset(preset); });
     connect(&period, &CPeriodButton::AllChosen, this, [this] { m_commands->Period().All(); });
@@ -177,8 +177,8 @@ CommandState CMainFrame::State() const {
                        .selected = IsListInFront() ? m_view->SelectedCount() : 0,
                        .listed = m_model->rowCount(),
                        .listLayout = static_cast<int>(m_model->Layout()),
-                       .bar1Shown = m_actions->RecordsBar().isVisibleTo(this),
-                       .bar2Shown = m_actions->FiltersBar().isVisibleTo(this),
+                       .bar1Shown = m_actions->Bars().Records().isVisibleTo(this),
+                       .bar2Shown = m_actions->Bars().Filters().isVisibleTo(this),
                        .statusBarShown = m_status->isVisibleTo(this)};
     m_commands->Describe(state);
     return state;
@@ -265,14 +265,14 @@ void CMainFrame::ShowListOrNote() {
 void CMainFrame::UpdateActions() {
     m_actions->Update(State());
     const PeriodFilter& filter = m_context.app.Document().CurrentFilter();
-    m_actions->PeriodButton().ShowPeriod(filter.displayName, filter.preset);
+    m_actions->Bars().PeriodButton().ShowPeriod(filter.displayName, filter.preset);
 }
 
 void CMainFrame::RestoreLayout() {
     const WindowMemory memory(m_context.app.Profile());
     m_status->setVisible(memory.IsShown(Text::SectionStatusBar));
-    m_actions->RecordsBar().setVisible(memory.IsShown(Text::SectionBar1));
-    m_actions->FiltersBar().setVisible(memory.IsShown(Text::SectionBar2));
+    m_actions->Bars().Records().setVisible(memory.IsShown(Text::SectionBar1));
+    m_actions->Bars().Filters().setVisible(memory.IsShown(Text::SectionBar2));
     restoreGeometry(memory.Binary(Text::EntryGeometry));
     m_panes->restoreState(memory.Panes());
     m_panes->Stack(memory.ArePanesStacked());
@@ -283,8 +283,8 @@ void CMainFrame::RestoreLayout() {
 void CMainFrame::PersistLayout() {
     WindowMemory memory(m_context.app.Profile());
     memory.PersistShown(Text::SectionStatusBar, m_status->isVisibleTo(this));
-    memory.PersistShown(Text::SectionBar2, m_actions->FiltersBar().isVisibleTo(this));
-    memory.PersistShown(Text::SectionBar1, m_actions->RecordsBar().isVisibleTo(this));
+    memory.PersistShown(Text::SectionBar2, m_actions->Bars().Filters().isVisibleTo(this));
+    memory.PersistShown(Text::SectionBar1, m_actions->Bars().Records().isVisibleTo(this));
     memory.PersistBinary(Text::EntryGeometry, saveGeometry());
     memory.PersistShown(Text::SectionPanes, m_panes->IsWanted());
     memory.PersistPanes(m_panes->saveState(), m_panes->IsStacked());
@@ -328,12 +328,12 @@ void CMainFrame::ShowTreeMenu(const QPoint& at) {
 }
 
 void CMainFrame::ToggleBar1() {
-    m_actions->RecordsBar().setVisible(m_actions->RecordsBar().isHidden());
+    m_actions->Bars().Records().setVisible(m_actions->Bars().Records().isHidden());
     WrapBars();
 }
 
 void CMainFrame::ToggleBar2() {
-    m_actions->FiltersBar().setVisible(m_actions->FiltersBar().isHidden());
+    m_actions->Bars().Filters().setVisible(m_actions->Bars().Filters().isHidden());
     WrapBars();
 }
 
@@ -344,10 +344,11 @@ void CMainFrame::ToggleStatusBar() {
 /// The two bars share a row where both fit, else the second goes below the first, and each takes the rows it
 /// needs.
 void CMainFrame::WrapBars() {
-    m_actions->Wrap(width());
-    QToolBar &first = m_actions->RecordsBar(), &second = m_actions->FiltersBar();
+    m_actions->Bars().Wrap(width());
+    QToolBar &first = m_actions->Bars().Records(), &second = m_actions->Bars().Filters();
     const int needed = first.sizeHint().width() + second.sizeHint().width();
-    const bool areLong = m_actions->RowsOf(Bar::Records) > 1 || m_actions->RowsOf(Bar::Filters) > 1;
+    const bool areLong =
+        m_actions->Bars().RowsOf(Bar::Records) > 1 || m_actions->Bars().RowsOf(Bar::Filters) > 1;
     const bool breaks = first.isVisibleTo(this) && second.isVisibleTo(this) && (areLong || needed > width());
     if (breaks == toolBarBreak(&second)) return;
     if (breaks)
@@ -370,7 +371,7 @@ void CMainFrame::PickDay() {
     connect(popup, &CCalendarPopup::Picked, this, apply);
     connect(popup, &CCalendarPopup::TodayWanted, this,
             [this] { m_commands->Period().Preset(PeriodCode::kToday); });
-    const QWidget& button = m_actions->PeriodButton();
+    const QWidget& button = m_actions->Bars().PeriodButton();
     const bool underButton = button.isVisible();
     popup->move(underButton ? button.mapToGlobal(QPoint(0, button.height()))
                             : mapToGlobal(QPoint(0, menuBar()->height())));

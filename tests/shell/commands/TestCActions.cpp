@@ -88,13 +88,13 @@ class TestCActions final : public QObject {
             return buttons.join(u' ');
         };
         const QString inOne = all();
-        fixture.actions.Wrap(400);
-        QVERIFY(fixture.actions.RowsOf(Bar::Filters) > 1);
+        fixture.actions.Bars().Wrap(400);
+        QVERIFY(fixture.actions.Bars().RowsOf(Bar::Filters) > 1);
         QCOMPARE(all(), inOne);
-        fixture.actions.Wrap(250);
+        fixture.actions.Bars().Wrap(250);
         QCOMPARE(all(), inOne);
-        fixture.actions.Wrap(1600);
-        QCOMPARE(fixture.actions.RowsOf(Bar::Filters), 1U);
+        fixture.actions.Bars().Wrap(1600);
+        QCOMPARE(fixture.actions.Bars().RowsOf(Bar::Filters), 1U);
         QCOMPARE(all(), inOne);
     }
 
@@ -227,9 +227,9 @@ class TestCActions final : public QObject {
 
     void BarsAtFirst() {
         const Fixture fixture;
-        QVERIFY(Fixture::OnBar(fixture.window.findChild<CActions*>()->RecordsBar())
+        QVERIFY(Fixture::OnBar(fixture.window.findChild<CActions*>()->Bars().Records())
                     .startsWith(u"40147 | 101 103"_s));
-        QVERIFY(Fixture::OnBar(fixture.window.findChild<CActions*>()->FiltersBar())
+        QVERIFY(Fixture::OnBar(fixture.window.findChild<CActions*>()->Bars().Filters())
                     .startsWith(u"32844 P 32845 |"_s));
         QCOMPARE(fixture.Button(40147)->menu(), &fixture.Of(Menu::New));
         QCOMPARE(fixture.Button(40055)->menu(), &fixture.Of(Menu::Mark));
@@ -250,16 +250,16 @@ class TestCActions final : public QObject {
         QFETCH(QList<int>, buttons);
         Fixture fixture;
         // once more and back: nothing comes twice, nothing is lost
-        fixture.actions.SetButtons(Bar::Filters, buttons);
-        fixture.actions.SetButtons(Bar::Filters, FactoryButtons(Bar::Filters));
-        fixture.actions.SetButtons(Bar::Filters, buttons);
-        QTEST(Fixture::OnBar(fixture.actions.FiltersBar()), "expected");
-        QCOMPARE(fixture.actions.Buttons(Bar::Filters), buttons);
-        QTRY_VERIFY(fixture.actions.PeriodButton().isVisible());
+        fixture.actions.Bars().SetButtons(Bar::Filters, buttons);
+        fixture.actions.Bars().SetButtons(Bar::Filters, FactoryButtons(Bar::Filters));
+        fixture.actions.Bars().SetButtons(Bar::Filters, buttons);
+        QTEST(Fixture::OnBar(fixture.actions.Bars().Filters()), "expected");
+        QCOMPARE(fixture.actions.Bars().Buttons(Bar::Filters), buttons);
+        QTRY_VERIFY(fixture.actions.Bars().PeriodButton().isVisible());
     }
     void ButtonsWorkAfterTheChoice() {
         Fixture fixture;
-        fixture.actions.SetButtons(Bar::Records, {102, 40147});
+        fixture.actions.Bars().SetButtons(Bar::Records, {102, 40147});
         QSignalSpy triggered(&fixture.actions, &CActions::Triggered);
         QTest::mouseClick(fixture.Button(102), Qt::LeftButton);
         QCOMPARE(triggered.count(), 1);

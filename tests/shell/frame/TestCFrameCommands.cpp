@@ -427,7 +427,7 @@ class TestCFrameCommands final : public QObject {
 
     void ButtonsAreChosenAndRestored() {
         Fixture fixture;
-        QCOMPARE(fixture.actions.Buttons(Bar::Filters), FactoryButtons(Bar::Filters));
+        QCOMPARE(fixture.actions.Bars().Buttons(Bar::Filters), FactoryButtons(Bar::Filters));
         {
             const ModalUser accepts([](QDialog& dialog) {
                 auto* onBar = dialog.findChild<QListWidget*>(u"barButtons"_s);
@@ -439,14 +439,14 @@ class TestCFrameCommands final : public QObject {
             });
             fixture.Run(32879);
         }
-        QCOMPARE(fixture.actions.Buttons(Bar::Filters), (QList<int>{32844, 32845}));
-        QCOMPARE(fixture.actions.Buttons(Bar::Records), FactoryButtons(Bar::Records));
+        QCOMPARE(fixture.actions.Bars().Buttons(Bar::Filters), (QList<int>{32844, 32845}));
+        QCOMPARE(fixture.actions.Bars().Buttons(Bar::Records), FactoryButtons(Bar::Records));
         QMainWindow window;
         CActions actions(window);
         CFrameCommands::Context context = fixture.Context();
         context.actions = &actions;
         const CFrameCommands nextStart(context);
-        QCOMPARE(actions.Buttons(Bar::Filters), (QList<int>{32844, 32845}));
+        QCOMPARE(actions.Bars().Buttons(Bar::Filters), (QList<int>{32844, 32845}));
     }
     void PaletteRunsWhatIsFound() {
         Fixture fixture;

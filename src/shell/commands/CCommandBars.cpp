@@ -1,8 +1,8 @@
+#include "shell/commands/CCommandBars.h"
+
 #include "lang/LoadText.h"
-#include "shell/commands/CActions.h"
 #include "shell/commands/CPeriodButton.h"
 #include "viewmodel/commands/BarButtons.h"
-#include "viewmodel/commands/MenuTable.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -41,7 +41,7 @@ void Clear(QToolBar& bar) {
 
 }  // namespace
 
-QToolBar* CActions::MakeRow(const WrappedBar& bar) {
+QToolBar* CCommandBars::MakeRow(const WrappedBar& bar) {
     auto* row = new QToolBar(LoadText(bar.title), &m_window);
     row->setObjectName(bar.rows.empty() ? bar.name : bar.name + u'.' + QString::number(bar.rows.size() + 1));
     row->setAccessibleName(LoadText(bar.title));
@@ -54,19 +54,20 @@ QToolBar* CActions::MakeRow(const WrappedBar& bar) {
     return row;
 }
 
-void CActions::MakeBars() {
-    m_bars[Bar::Records] = {Text::BarRecords, u"toolBar101"_s, {}, {}, {}};
-    m_bars[Bar::Filters] = {Text::BarFilters, u"toolBar102"_s, {}, {}, {}};
+CCommandBars::CCommandBars(QMainWindow& window, ButtonOf buttonOf)
+    : m_window(window), m_buttonOf(std::move(buttonOf)) {
+    m_bars[Bar::Records] = {.title = Text::BarRecords, .name = u"toolBar101"_s};
+    m_bars[Bar::Filters] = {.title = Text::BarFilters, .name = u"toolBar102"_s};
     for (auto& [which, bar] : m_bars) {
         bar.rows.push_back(MakeRow(bar));
         m_window.addToolBar(bar.rows.front());
     }
-    m_period = new CPeriodButton(&FiltersBar());
-    m_periodPlace = FiltersBar().addWidget(m_period);
+    m_period = new CPeriodButton(&Filters());
+    m_periodPlace = Filters().addWidget(m_period);
     for (const Bar bar : {Bar::Records, Bar::Filters}) SetButtons(bar, FactoryButtons(bar));
 }
 
-void CActions::SetButtons(Bar which, const QList<int>& buttons) {
+void CCommandBars::SetButtons(Bar which, const QList<int>& buttons) {
     m_bars[which].buttons = buttons;
     QList<int> elements = buttons;
     if (which == Bar::Filters) elements.insert(PlaceOfPeriod(buttons), kPeriod);
@@ -76,12 +77,12 @@ void CActions::SetButtons(Bar which, const QList<int>& buttons) {
 
 // --- Rows
 
-void CActions::Wrap(int width) {
+void CCommandBars::Wrap(int width) {
     m_width = width;
     for (const Bar bar : {Bar::Records, Bar::Filters}) WrapBar(bar);
 }
 
-void CActions::WrapBar(Bar which) {
+void CCommandBars::WrapBar(Bar which) {
     WrappedBar& bar = m_bars[which];
     std::vector<QList<int>> rows(1);
     const int room = RoomOnARow(*bar.rows.front());
@@ -100,24 +101,25 @@ void CActions::WrapBar(Bar which) {
     for (std::size_t i = 1; i < bar.rows.size(); ++i) bar.rows[i]->setVisible(!bar.rows.front()->isHidden());
 }
 
-int CActions::RoomOnARow(const QToolBar& row) const {
+int CCommandBars::RoomOnARow(const QToolBar& row) const {
     const QStyle& style = *row.style();
     return m_width - 2 * (style.pixelMetric(QStyle::PM_ToolBarItemMargin, nullptr, &row) +
                           style.pixelMetric(QStyle::PM_ToolBarFrameWidth, nullptr, &row));
 }
 
-int CActions::WidthOf(const WrappedBar& bar, int element) const {
+int CCommandBars::WidthOf(const WrappedBar& bar, int element) const {
     const QToolBar& first = *bar.rows.front();
     const int space = first.style()->pixelMetric(QStyle::PM_ToolBarItemSpacing, nullptr, &first);
     if (element == kDivider)
         return space + first.style()->pixelMetric(QStyle::PM_ToolBarSeparatorExtent, nullptr, &first);
     const QWidget* button = element == kPeriod ? m_period : nullptr;
     for (const QToolBar* row : bar.rows)
-        if (QAction* action = Action(element); action && !button) button = row->widgetForAction(action);
+        if (QAction* action = m_buttonOf(element).action; action && !button)
+            button = row->widgetForAction(action);
     return button ? space + button->sizeHint().width() : 0;
 }
 
-void CActions::Place(Bar which, const std::vector<QList<int>>& rows) {
+void CCommandBars::Place(Bar which, const std::vector<QList<int>>& rows) {
     WrappedBar& bar = m_bars[which];
     for (QToolBar* row : bar.rows) Clear(*row);
     while (bar.rows.size() > rows.size()) DropRow(bar);
@@ -129,24 +131,24 @@ void CActions::Place(Bar which, const std::vector<QList<int>>& rows) {
 }
 
 /// The rows of one bar lie one below the other, and those of the filters below those of the records.
-void CActions::AddRow(Bar which) {
+void CCommandBars::AddRow(Bar which) {
     WrappedBar& bar = m_bars[which];
     QToolBar* row = MakeRow(bar);
     if (which == Bar::Records)
-        m_window.insertToolBar(&FiltersBar(), row);
+        m_window.insertToolBar(&Filters(), row);
     else
         m_window.addToolBar(row);
     m_window.insertToolBarBreak(row);
     bar.rows.push_back(row);
 }
 
-void CActions::DropRow(WrappedBar& bar) {
+void CCommandBars::DropRow(WrappedBar& bar) {
     m_window.removeToolBar(bar.rows.back());
     bar.rows.back()->deleteLater();
     bar.rows.pop_back();
 }
 
-void CActions::AddElement(QToolBar& bar, int element) {
+void CCommandBars::AddElement(QToolBar& bar, int element) {
     if (element == kPeriod)
         bar.addAction(m_periodPlace);
     else if (element == kDivider)
@@ -155,22 +157,24 @@ void CActions::AddElement(QToolBar& bar, int element) {
         AddButton(bar, element);
 }
 
-void CActions::AddButton(QToolBar& bar, int command) {
-    QAction* action = Action(command);
-    if (!action) return;
-    bar.addAction(action);
-    auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(action));
+void CCommandBars::AddButton(QToolBar& bar, int command) {
+    const Button made = m_buttonOf(command);
+    if (!made.action) return;
+    bar.addAction(made.action);
+    auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(made.action));
     button->setObjectName(QStringLiteral("button%1").arg(command));
-    if (const Menu under = MenuUnderButton(command); under != Menu::Help) {
-        button->setMenu(m_menus[under]);
-        button->setPopupMode(QToolButton::MenuButtonPopup);
-    }
+    if (!made.menu) return;
+    button->setMenu(made.menu);
+    button->setPopupMode(QToolButton::MenuButtonPopup);
 }
 
-void CActions::NameButtons() {
+void CCommandBars::NameButtons() {
     for (const auto& [which, bar] : m_bars)
-        for (const QToolBar* row : bar.rows)
-            for (const Made& made : m_made)
-                if (QWidget* button = row->widgetForAction(made.action))
-                    button->setAccessibleName(Words(*made.row).tip);
+        for (std::size_t row = 0; row < bar.shown.size(); ++row)
+            for (const int element : bar.shown[row]) {
+                const Button made = m_buttonOf(element);
+                if (!made.action) continue;
+                if (QWidget* button = bar.rows[row]->widgetForAction(made.action))
+                    button->setAccessibleName(made.name);
+            }
 }
