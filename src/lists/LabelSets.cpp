@@ -26,6 +26,13 @@ constexpr LabelRow kExpenseRows[] = {
 constexpr RecordMode kTime = RecordMode::Time;
 constexpr RecordMode kExpense = RecordMode::Expense;
 
+/// One name of a ready-made set.
+struct LabelPresetRow {
+    int preset;  ///< 1 or 2
+    RecordMode mode;
+    Text firstText, secondText;
+    int first, second;
+};
 /// Set 1 is a law office's, set 2 a field service's. Within a set time records come first.
 constexpr LabelPresetRow kPresets[] = {
     {1, kTime, PresetMatters, PresetMatter, 100, 110},
@@ -72,10 +79,6 @@ std::map<int, QString> NoNames() {
 std::span<const LabelRow> LabelRows(RecordMode mode) {
     if (mode == RecordMode::Time) return kTimeRows;
     return kExpenseRows;
-}
-
-std::span<const LabelPresetRow> LabelPresets() {
-    return kPresets;
 }
 
 bool CLabelEditor::SetLabel(int field, const QString& text) {

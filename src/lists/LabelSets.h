@@ -17,15 +17,6 @@ struct LabelRow {
 /// The fields of a record kind that can be named, in the order in which they are shown.
 [[nodiscard]] std::span<const LabelRow> LabelRows(RecordMode mode);
 
-/// One name of a ready-made set.
-struct LabelPresetRow {
-    int preset;  ///< 1 or 2
-    RecordMode mode;
-    Text firstText, secondText;
-    int first, second;
-};
-[[nodiscard]] std::span<const LabelPresetRow> LabelPresets();
-
 /// Gives fields names: each change is stored as it is made.
 class CLabelEditor {
  public:
