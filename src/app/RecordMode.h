@@ -14,6 +14,10 @@ extern RecordMode theRecordMode;
     return mode == RecordMode::Time ? RecordKind::Time : RecordKind::Expense;
 }
 
+[[nodiscard]] inline RecordMode ModeOf(RecordKind kind) {
+    return kind == RecordKind::Expense ? RecordMode::Expense : RecordMode::Time;
+}
+
 /// The mode that a program starts in: the one that the window was in at its end.
 [[nodiscard]] RecordMode LastMode(const Settings& settings);
 /// The mode in use goes to the settings; for the end of the window, before they are saved.

@@ -10,18 +10,9 @@
 
 namespace {
 
-constexpr int kFailed = 1;
-constexpr int kUsage = 2;
-constexpr int kNotFound = 4;
-
-QJsonObject Refusal(int exitCode, const QString& words) {
-    return {
-        {QStringLiteral("ok"), false}, {QStringLiteral("exit"), exitCode}, {QStringLiteral("error"), words}};
-}
-
-QJsonObject Done() {
-    return {{QStringLiteral("ok"), true}};
-}
+constexpr QLatin1String kName("name");
+constexpr QLatin1String kValue("value");
+constexpr QLatin1String kReset("reset");
 
 /// A JSON number without a fraction, within what a setting can hold.
 std::optional<std::int64_t> WholeNumber(const QJsonValue& value) {
@@ -33,29 +24,32 @@ std::optional<std::int64_t> WholeNumber(const QJsonValue& value) {
 }
 
 /// Saves these settings as one change. On failure memory takes back what it held before.
-QJsonObject Save(std::span<const SettingRow> rows, CCfgStore& settings, const Settings& before) {
+InstanceReply Save(std::span<const SettingRow> rows, CCfgStore& settings, const Settings& before) {
     const bool saved = settings.Profile().Change([&] {
         return std::ranges::all_of(rows,
                                    [&](const SettingRow& row) { return settings.SaveValue(row.index); });
     });
-    if (saved) return Done();
+    if (saved) return InstanceReply::Done();
     static_cast<Settings&>(settings) = before;
-    return Refusal(kFailed, FormatText<Text::SettingNotSaved>(settings.Tree().Error()));
+    return InstanceReply::Refused(ReplyReason::Failed,
+                                  FormatText<Text::SettingNotSaved>(settings.Tree().Error()));
 }
 
-QJsonObject Set(const SettingRow& row, const QJsonValue& value, CCfgStore& settings) {
+InstanceReply Set(const SettingRow& row, std::optional<std::int64_t> number, CCfgStore& settings) {
     const QString name = QLatin1String(row.name);
-    const auto number = WholeNumber(value);
-    if (!number) return Refusal(kUsage, FormatText<Text::SettingNoNumber>(name, AllowedValues(row)));
+    if (!number)
+        return InstanceReply::Refused(ReplyReason::NotUnderstood,
+                                      FormatText<Text::SettingNoNumber>(name, AllowedValues(row)));
     if (!IsAllowed(row, *number))
-        return Refusal(
-            kUsage, FormatText<Text::SettingOutOfRange>(name, QString::number(*number), AllowedValues(row)));
+        return InstanceReply::Refused(
+            ReplyReason::NotUnderstood,
+            FormatText<Text::SettingOutOfRange>(name, QString::number(*number), AllowedValues(row)));
     const Settings before = settings;
     PutSetting(settings, row, *number);
     return Save({&row, 1}, settings, before);
 }
 
-QJsonObject Reset(std::span<const SettingRow> rows, CCfgStore& settings) {
+InstanceReply Reset(std::span<const SettingRow> rows, CCfgStore& settings) {
     const Settings before = settings;
     for (const SettingRow& row : rows) PutSetting(settings, row, row.preset);
     return Save(rows, settings, before);
@@ -63,13 +57,27 @@ QJsonObject Reset(std::span<const SettingRow> rows, CCfgStore& settings) {
 
 }  // namespace
 
-QJsonObject RunSettingCommand(const QJsonObject& command, CCfgStore& settings) {
-    const QJsonValue name = command.value(QStringLiteral("name"));
-    const bool isReset = command.value(QStringLiteral("reset")).toBool();
-    if (isReset && name.isUndefined()) return Reset(SettingsTable(), settings);
-    if (!name.isString()) return Refusal(kUsage, LoadText(Text::SettingNoName));
-    const SettingRow* row = FindSetting(name.toString());
-    if (!row) return Refusal(kNotFound, FormatText<Text::SettingUnknown>(name.toString()));
-    if (isReset) return Reset({row, 1}, settings);
-    return Set(*row, command.value(QStringLiteral("value")), settings);
+QJsonObject SettingRequest::ToJson() const {
+    QJsonObject json;
+    if (name) json.insert(kName, *name);
+    if (value) json.insert(kValue, static_cast<qint64>(*value));
+    if (isReset) json.insert(kReset, true);
+    return json;
+}
+
+std::optional<SettingRequest> SettingRequest::FromJson(const QJsonObject& json) {
+    const QJsonValue name = json.value(kName);
+    if (!name.isUndefined() && !name.isString()) return std::nullopt;
+    return SettingRequest{name.isString() ? std::optional(name.toString()) : std::nullopt,
+                          WholeNumber(json.value(kValue)), json.value(kReset).toBool()};
+}
+
+InstanceReply RunSettingRequest(const SettingRequest& request, CCfgStore& settings) {
+    if (!request.name && request.isReset) return Reset(SettingsTable(), settings);
+    if (!request.name)
+        return InstanceReply::Refused(ReplyReason::NotUnderstood, LoadText(Text::SettingNoName));
+    const SettingRow* row = FindSetting(*request.name);
+    if (!row)
+        return InstanceReply::Refused(ReplyReason::NotFound, FormatText<Text::SettingUnknown>(*request.name));
+    return request.isReset ? Reset({row, 1}, settings) : Set(*row, request.value, settings);
 }

@@ -1,17 +1,33 @@
 #pragma once
 
-#include <QJsonObject>
+#include "platform/instance/InstanceMessage.h"
+
+#include <QByteArray>
+#include <optional>
 
 class CCfgStore;
 class CClock;
+enum class RecordKind : int;
 
-/// Carries out a change of the stored defaults as it travels between console and window:
-/// {"defaults": "time"|"expense", "action": "write", "name": N, "record": bytes in base 64}, {"action":
-/// "delete", "name": N} or {"action": "rename", "name": N, "to": N}. Answer as RunSettingCommand gives it;
-/// "exit" 4 for a name that isn't stored.
-[[nodiscard]] QJsonObject RunDefaultsCommand(const QJsonObject& command, CCfgStore& settings,
-                                             const CClock& clock);
+enum class DefaultsAction { Write, Delete, Rename };
 
-/// Any change of what the settings hold: a setting, columns (ColumnCommand.h), or stored defaults.
-[[nodiscard]] QJsonObject RunSettingsRequest(const QJsonObject& command, CCfgStore& settings,
-                                             const CClock& clock);
+/// A change of the stored defaults as it travels between console and window: {"defaults": "time"|"expense",
+/// "action": "write", "name": N, "record": bytes in base 64}, {"action": "delete", "name": N} or {"action":
+/// "rename", "name": N, "to": N}.
+struct DefaultsRequest {
+    RecordKind kind;
+    DefaultsAction action;
+    QString name;
+    QByteArray record = {};  ///< what is written under the name
+    QString to = {};         ///< the new name
+
+    [[nodiscard]] QJsonObject ToJson() const;
+    /// Whether a change of the settings is one of defaults.
+    [[nodiscard]] static bool IsIn(const QJsonObject& json);
+    /// Nothing for one that can't be read.
+    [[nodiscard]] static std::optional<DefaultsRequest> FromJson(const QJsonObject& json);
+};
+
+/// Carries it out, the same in console and window. A name that isn't stored is refused as not found.
+[[nodiscard]] InstanceReply RunDefaultsRequest(const DefaultsRequest& request, CCfgStore& settings,
+                                               const CClock& clock);

@@ -5,127 +5,122 @@
 #include "lang/FormatText.h"
 #include "timers/CRecordTimers.h"
 
-#include <QJsonArray>
+#include <algorithm>
 
 namespace {
 
-constexpr int kFailed = 1;
-constexpr int kNotFound = 4;
-
 /// What a command acts on.
-struct Fixture {
-    QString id;
-    bool fromZero;
+struct Context {
+    const TimerRequest& request;
     CRecordTimers& timers;
     CVelmarchDoc& document;
 };
 
-QJsonObject Refusal(int exitCode, const QString& words) {
-    return {
-        {QStringLiteral("ok"), false}, {QStringLiteral("exit"), exitCode}, {QStringLiteral("error"), words}};
-}
-
 /// The timer as it stands now; a running one is counted on to the present in a copy.
-QJsonObject TimerJson(ActiveTimer timer, const CClock& clock) {
+TimerReading Reading(ActiveTimer timer, const CClock& clock) {
     timer.UpdateElapsed(clock);
-    const bool isRunning = timer.state == TimerState::Running;
-    return {{QStringLiteral("id"), timer.recordId},
-            {QStringLiteral("state"), isRunning ? QStringLiteral("running") : QStringLiteral("paused")},
-            {QStringLiteral("seconds"), timer.hours * 3600 + timer.minutes * 60 + timer.seconds}};
+    return {timer.recordId, timer.state == TimerState::Running,
+            timer.hours * 3600 + timer.minutes * 60 + timer.seconds};
 }
 
-QJsonObject Done(Fixture& fixture) {
-    QJsonArray all;
-    const ActiveTimerSet& set = fixture.timers.Set();
-    for (int i = 0; i < set.Count(); ++i) all.append(TimerJson(set.At(i), set.Clock()));
-    return {{QStringLiteral("ok"), true}, {QStringLiteral("timers"), all}};
+InstanceReply Done(Context& context) {
+    std::vector<TimerReading> all;
+    const ActiveTimerSet& set = context.timers.Set();
+    for (int i = 0; i < set.Count(); ++i) all.push_back(Reading(set.At(i), set.Clock()));
+    return ReplyWith(all);
 }
 
 /// A failure may come from saving the timers, whatever was done to them: trying once more tells, and costs
 /// nothing when they are saved.
-QJsonObject DoneIf(bool succeeded, Fixture& fixture, Text failure) {
-    if (succeeded) return Done(fixture);
-    if (!fixture.timers.StoreTimers())
-        return Refusal(kFailed,
-                       FormatText<Text::TimersNotSaved>(fixture.document.GetSettings().Tree().Error()));
-    return Refusal(kFailed, LoadText(failure));
+InstanceReply DoneIf(bool succeeded, Context& context, Text failure) {
+    if (succeeded) return Done(context);
+    if (!context.timers.StoreTimers())
+        return InstanceReply::Refused(
+            ReplyReason::Failed,
+            FormatText<Text::TimersNotSaved>(context.document.GetSettings().Tree().Error()));
+    return InstanceReply::Refused(ReplyReason::Failed, LoadText(failure));
 }
 
-bool HasRecord(Fixture& fixture) {
-    return fixture.document.FetchRecord(RecordKind::Time, fixture.id) != nullptr;
+bool HasRecord(Context& context) {
+    return context.document.FetchRecord(RecordKind::Time, context.request.id) != nullptr;
 }
 
-QJsonObject NoRecord(const Fixture& fixture) {
-    return Refusal(kNotFound, FormatText<Text::TimerRecordUnknown>(fixture.id));
+InstanceReply NoRecord(const Context& context) {
+    return InstanceReply::Refused(ReplyReason::NotFound,
+                                  FormatText<Text::TimerRecordUnknown>(context.request.id));
 }
 
 /// The timer of a new record, as the quick commands start it.
-bool StartFromZero(Fixture& fixture) {
-    fixture.timers.RunNewTimerAction();
-    return fixture.timers.StartFromZero(fixture.id);
+bool StartFromZero(Context& context) {
+    context.timers.RunNewTimerAction();
+    return context.timers.StartFromZero(context.request.id);
 }
 
-QJsonObject Start(Fixture& fixture) {
-    if (!HasRecord(fixture)) return NoRecord(fixture);
-    const bool started =
-        fixture.fromZero ? StartFromZero(fixture) : fixture.timers.StartRecordTimer(fixture.id);
-    return DoneIf(started, fixture, Text::TimerNotStarted);
+InstanceReply Start(Context& context) {
+    if (!HasRecord(context)) return NoRecord(context);
+    const bool started = context.request.isFromZero ? StartFromZero(context)
+                                                    : context.timers.StartRecordTimer(context.request.id);
+    return DoneIf(started, context, Text::TimerNotStarted);
 }
 
-QJsonObject Pause(Fixture& fixture) {
-    if (!HasRecord(fixture)) return NoRecord(fixture);
-    fixture.timers.FoldAndStore();
-    return DoneIf(fixture.timers.PauseRecordTimer(fixture.id), fixture, Text::TimerNotRunning);
+InstanceReply Pause(Context& context) {
+    if (!HasRecord(context)) return NoRecord(context);
+    context.timers.FoldAndStore();
+    return DoneIf(context.timers.PauseRecordTimer(context.request.id), context, Text::TimerNotRunning);
 }
 
-QJsonObject Stop(Fixture& fixture) {
-    if (!HasRecord(fixture)) return NoRecord(fixture);
-    fixture.timers.FoldAndStore();
-    const bool hadTimer = fixture.timers.HasTimer(fixture.id);
-    return DoneIf(fixture.timers.StopRecordTimer(fixture.id), fixture,
+InstanceReply Stop(Context& context) {
+    if (!HasRecord(context)) return NoRecord(context);
+    context.timers.FoldAndStore();
+    const bool hadTimer = context.timers.HasTimer(context.request.id);
+    return DoneIf(context.timers.StopRecordTimer(context.request.id), context,
                   hadTimer ? Text::TimerNotStopped : Text::TimerNotThere);
 }
 
-QJsonObject StopAll(Fixture& fixture) {
-    fixture.timers.FoldAndStore();
-    return DoneIf(fixture.timers.StopAllTimers(), fixture, Text::TimersNotAllStopped);
+InstanceReply StopAll(Context& context) {
+    context.timers.FoldAndStore();
+    return DoneIf(context.timers.StopAllTimers(), context, Text::TimersNotAllStopped);
 }
 
-QJsonObject PauseAll(Fixture& fixture) {
-    fixture.timers.FoldAndStore();
-    return DoneIf(fixture.timers.PauseAllTimers(), fixture, Text::TimersNotAllPaused);
+InstanceReply PauseAll(Context& context) {
+    context.timers.FoldAndStore();
+    return DoneIf(context.timers.PauseAllTimers(), context, Text::TimersNotAllPaused);
 }
 
-QJsonObject Drop(Fixture& fixture) {
-    if (!fixture.timers.HasTimer(fixture.id)) return Refusal(kNotFound, LoadText(Text::TimerNotThere));
-    fixture.timers.Drop(fixture.id);
-    return DoneIf(fixture.timers.StoreTimers(), fixture, Text::TimerNotThere);
+InstanceReply Drop(Context& context) {
+    if (!context.timers.HasTimer(context.request.id))
+        return InstanceReply::Refused(ReplyReason::NotFound, LoadText(Text::TimerNotThere));
+    context.timers.Drop(context.request.id);
+    return DoneIf(context.timers.StoreTimers(), context, Text::TimerNotThere);
 }
 
-QJsonObject Status(Fixture& fixture) {
-    fixture.timers.FoldAndStore();
-    return Done(fixture);
+InstanceReply Status(Context& context) {
+    context.timers.FoldAndStore();
+    return Done(context);
 }
 
 struct ActionRow {
-    QLatin1String name;
-    QJsonObject (*run)(Fixture& fixture);
+    TimerAction action;
+    InstanceReply (*run)(Context& context);
 };
 
 constexpr ActionRow kActions[] = {
-    {QLatin1String("start"), Start},        {QLatin1String("pause"), Pause},
-    {QLatin1String("stop"), Stop},          {QLatin1String("stop-all"), StopAll},
-    {QLatin1String("pause-all"), PauseAll}, {QLatin1String("status"), Status},
-    {QLatin1String("drop"), Drop},
+    {TimerAction::Start, Start},     {TimerAction::Pause, Pause},       {TimerAction::Stop, Stop},
+    {TimerAction::StopAll, StopAll}, {TimerAction::PauseAll, PauseAll}, {TimerAction::Status, Status},
+    {TimerAction::Drop, Drop},
 };
 
 }  // namespace
 
-QJsonObject RunTimerCommand(const QJsonObject& command, CRecordTimers& timers, CVelmarchDoc& document) {
-    const QString action = command.value(QStringLiteral("action")).toString();
-    Fixture fixture{command.value(QStringLiteral("id")).toString(),
-                    command.value(QStringLiteral("fromZero")).toBool(), timers, document};
-    for (const ActionRow& row : kActions)
-        if (action == row.name) return row.run(fixture);
-    return Refusal(kFailed, FormatText<Text::TimerActionUnknown>(action));
+InstanceReply RunTimerRequest(const TimerRequest& request, CRecordTimers& timers, CVelmarchDoc& document) {
+    Context context{request, timers, document};
+    const auto row = std::ranges::find(kActions, request.action, &ActionRow::action);
+    return row->run(context);
+}
+
+InstanceReply RunTimerMessage(const QJsonObject& arguments, CRecordTimers& timers, CVelmarchDoc& document) {
+    if (const auto request = TimerRequest::FromJson(arguments))
+        return RunTimerRequest(*request, timers, document);
+    return InstanceReply::Refused(ReplyReason::Failed,
+                                  FormatText<Text::TimerActionUnknown>(TimerRequest::ActionIn(arguments)));
 }

@@ -19,12 +19,20 @@ class TestColumnCommand : public QObject {
     void ResetOfAHalfLeavesTheOther();
     void ResetKeepsCaptions();
     void FailedSaveChangesNothing();
+    void RequestsAsTheyTravel_data();
+    void RequestsAsTheyTravel();
 
  private:
     /// "0 6 1 | 17 18 | 5 7 | 60": the orders of both halves, the breaks of the first, the width of column 4.
     [[nodiscard]] static QString Shown(const CColSet& columns);
-    [[nodiscard]] static QJsonObject Command(const QString& json) {
+    [[nodiscard]] static QJsonObject Json(const QString& json) {
         return QJsonDocument::fromJson(QString(json).replace(u'\'', u'"').toUtf8()).object();
+    }
+    /// Carries out what has come as JSON; what can't be read isn't understood.
+    [[nodiscard]] InstanceReply Run(const QString& json) const {
+        const auto request = ColumnRequest::FromJson(Json(json));
+        return request ? RunColumnRequest(*request, *m_home->settings)
+                       : InstanceReply::Refused(ReplyReason::NotUnderstood, u"unread"_s);
     }
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<SettingsHome> m_home;
@@ -89,10 +97,9 @@ void TestColumnCommand::Run() {
     QFETCH(QString, command);
     QFETCH(int, exitCode);
     CCfgStore* settings = m_home->settings.get();
-    const QJsonObject answer = RunColumnCommand(Command(command), *settings);
-    QCOMPARE(answer[u"ok"].toBool(), exitCode == 0);
-    QCOMPARE(answer[u"exit"].toInt(), exitCode);
-    QCOMPARE(answer[u"error"].toString().isEmpty(), exitCode == 0);
+    const InstanceReply reply = Run(command);
+    QCOMPARE(static_cast<int>(reply.reason), exitCode);
+    QCOMPARE(reply.words.isEmpty(), exitCode == 0);
     for (int start = 0; start < 2; ++start) {  // as it is now, and after the next start
         QTEST(Shown(settings->ListColumns()), "list");
         QTEST(Shown(settings->TreeColumns()), "tree");
@@ -103,13 +110,10 @@ void TestColumnCommand::Run() {
 void TestColumnCommand::ResetOfAHalfLeavesTheOther() {
     CCfgStore& settings = *m_home->settings;
     for (const QString& half : {u"time"_s, u"expense"_s})
-        QVERIFY(RunColumnCommand(Command(u"{'columns': 'list', 'half': '%1', 'shown': [%2], 'breaks': [1], "
-                                         "'widths': {'%2': 77}}"_s.arg(half, half == u"time" ? u"4" : u"19")),
-                                 settings)[u"ok"]
-                    .toBool());
-    QVERIFY(
-        RunColumnCommand(Command(u"{'columns': 'list', 'half': 'time', 'reset': true}"_s), settings)[u"ok"]
-            .toBool());
+        QVERIFY(
+            Run(u"{'columns': 'list', 'half': '%1', 'shown': [%2], 'breaks': [1], "
+                "'widths': {'%2': 77}}"_s.arg(half, half == u"time" ? u"4" : u"19")));
+    QVERIFY(Run(u"{'columns': 'list', 'half': 'time', 'reset': true}"_s));
     QCOMPARE(Shown(settings.ListColumns()), u"0 6 1 13 14 4 5 9 10 | 19 | 5 7 9 | 60"_s);
     QCOMPARE(settings.ListColumns().EntryAt(19).width, 77);
 }
@@ -117,9 +121,7 @@ void TestColumnCommand::ResetOfAHalfLeavesTheOther() {
 void TestColumnCommand::ResetKeepsCaptions() {
     CColSet& columns = m_home->settings->ListColumns();
     columns.SetColumn(ColumnHalf::Time, u"Client"_s, {u"Matter"_s, 80, 6, true});
-    QVERIFY(RunColumnCommand(Command(u"{'columns': 'list', 'half': 'time', 'reset': true}"_s),
-                             *m_home->settings)[u"ok"]
-                .toBool());
+    QVERIFY(Run(u"{'columns': 'list', 'half': 'time', 'reset': true}"_s));
     QCOMPARE(columns.EntryAt(4).caption, u"Matter"_s);
     QCOMPARE(columns.EntryAt(4).width, 60);
 }
@@ -129,12 +131,29 @@ void TestColumnCommand::FailedSaveChangesNothing() {
     CCfgStore& settings = *m_home->settings;
     const QString before = Shown(settings.ListColumns());
     QVERIFY(m_home->tree.File().Execute("PRAGMA query_only=ON"));
-    const QJsonObject answer =
-        RunColumnCommand(Command(u"{'columns': 'list', 'half': 'time', 'shown': [4]}"_s), settings);
+    const InstanceReply reply = Run(u"{'columns': 'list', 'half': 'time', 'shown': [4]}"_s);
     QVERIFY(m_home->tree.File().Execute("PRAGMA query_only=OFF"));
-    QCOMPARE(answer[u"exit"].toInt(), 1);
-    QVERIFY(!answer[u"error"].toString().isEmpty());
+    QCOMPARE(reply.reason, ReplyReason::Failed);
+    QVERIFY(!reply.words.isEmpty());
     QCOMPARE(Shown(settings.ListColumns()), before);
+}
+
+void TestColumnCommand::RequestsAsTheyTravel_data() {
+    QTest::addColumn<QString>("json");
+    for (const char* json : {"{'columns': 'list', 'half': 'time', 'shown': [4, 0]}",
+                             "{'columns': 'tree', 'half': 'expense', 'shown': []}",
+                             "{'columns': 'list', 'half': 'expense', 'widths': {'17': 50, '18': 60}}",
+                             "{'columns': 'list', 'half': 'time', 'breaks': [2, 4]}",
+                             "{'columns': 'tree', 'half': 'time', 'reset': true}"})
+        QTest::newRow(json) << QString::fromLatin1(json);
+}
+
+/// What is read is written in the same way.
+void TestColumnCommand::RequestsAsTheyTravel() {
+    QFETCH(QString, json);
+    const auto request = ColumnRequest::FromJson(Json(json));
+    QVERIFY(request);
+    QCOMPARE(request->ToJson(), Json(json));
 }
 
 TEST_CLASS(TestColumnCommand);

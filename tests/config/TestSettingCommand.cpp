@@ -16,10 +16,13 @@ class TestSettingCommand : public QObject {
     void ResetOfOneLeavesTheOthers();
     void ResetOfAll();
     void FailedSaveChangesNothing();
+    void RequestsAsTheyTravel_data();
+    void RequestsAsTheyTravel();
 
  private:
-    [[nodiscard]] static QJsonObject Command(const char* json) {
-        return QJsonDocument::fromJson(json).object();
+    /// A request that has come as this JSON.
+    [[nodiscard]] static SettingRequest Request(const char* json) {
+        return *SettingRequest::FromJson(QJsonDocument::fromJson(json).object());
     }
 };
 
@@ -52,7 +55,6 @@ void TestSettingCommand::Run_data() {
     row("nothing", "{}", 2, "", "precisionRate", 3);
     row("reset of an unknown name", R"({"reset": true, "name": "nothing"})", 4, "nothing", "precisionRate",
         3);
-    row("reset with a name that is no text", R"({"reset": true, "name": 5})", 2, "", "precisionRate", 3);
 }
 
 void TestSettingCommand::Run() {
@@ -63,12 +65,10 @@ void TestSettingCommand::Run() {
     QFETCH(int, value);
     const QTemporaryDir folder;
     SettingsHome home(folder.path());
-    const QJsonObject answer = RunSettingCommand(Command(command.constData()), home.Start());
-    QCOMPARE(answer.value(QStringLiteral("ok")).toBool(), exitCode == 0);
-    QCOMPARE(answer.value(QStringLiteral("exit")).toInt(), exitCode);
-    const QString error = answer.value(QStringLiteral("error")).toString();
-    QCOMPARE(error.isEmpty(), exitCode == 0);
-    QVERIFY2(error.contains(words), qPrintable(error));
+    const InstanceReply reply = RunSettingRequest(Request(command.constData()), home.Start());
+    QCOMPARE(static_cast<int>(reply.reason), exitCode);
+    QCOMPARE(reply.words.isEmpty(), exitCode == 0);
+    QVERIFY2(reply.words.contains(words), qPrintable(reply.words));
     home.settings->KeepStoreUntouched();  // what counts was stored at once
     QCOMPARE(SettingValue(home.Start(), *FindSetting(name)), static_cast<std::int64_t>(value));
 }
@@ -79,9 +79,7 @@ void TestSettingCommand::ResetOfOneLeavesTheOthers() {
     CCfgStore& settings = home.Start();
     settings.precisionRate = 6;
     settings.precisionAmount = 6;
-    QVERIFY(RunSettingCommand(Command(R"({"reset": true, "name": "precisionRate"})"), settings)
-                .value(QStringLiteral("ok"))
-                .toBool());
+    QVERIFY(RunSettingRequest(Request(R"({"reset": true, "name": "precisionRate"})"), settings));
     QCOMPARE(settings.precisionRate, 3);
     QCOMPARE(settings.precisionAmount, 6);
 }
@@ -93,7 +91,7 @@ void TestSettingCommand::ResetOfAll() {
     settings.precisionRate = 6;
     settings.lineColour4 = 5;
     QVERIFY(settings.SaveAll());
-    QVERIFY(RunSettingCommand(Command(R"({"reset": true})"), settings).value(QStringLiteral("ok")).toBool());
+    QVERIFY(RunSettingRequest(Request(R"({"reset": true})"), settings));
     settings.KeepStoreUntouched();
     const CCfgStore& later = home.Start();
     for (const SettingRow& row : SettingsTable()) QCOMPARE(SettingValue(later, row), row.preset);
@@ -104,11 +102,29 @@ void TestSettingCommand::FailedSaveChangesNothing() {
     SettingsHome home(folder.path());
     CCfgStore& settings = home.Start();
     QVERIFY(home.tree.File().Execute("PRAGMA query_only=ON"));
-    const QJsonObject answer =
-        RunSettingCommand(Command(R"({"name": "precisionRate", "value": 5})"), settings);
+    const InstanceReply reply =
+        RunSettingRequest(Request(R"({"name": "precisionRate", "value": 5})"), settings);
     QVERIFY(home.tree.File().Execute("PRAGMA query_only=OFF"));
-    QCOMPARE(answer.value(QStringLiteral("exit")).toInt(), 1);
+    QCOMPARE(reply.reason, ReplyReason::Failed);
     QCOMPARE(settings.precisionRate, 3);
+}
+
+void TestSettingCommand::RequestsAsTheyTravel_data() {
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<bool>("isRead");
+    for (const char* json :
+         {R"({"name":"confirmCopy","value":0})", R"({"name":"lineColour1","value":16777215})",
+          R"({"reset":true})", R"({"name":"confirmCopy","reset":true})"})
+        QTest::newRow(json) << QByteArray(json) << true;
+    QTest::newRow("a name that is no text") << QByteArray(R"({"name":5,"reset":true})") << false;
+}
+
+/// What is read is written in the same way.
+void TestSettingCommand::RequestsAsTheyTravel() {
+    QFETCH(QByteArray, json);
+    const auto request = SettingRequest::FromJson(QJsonDocument::fromJson(json).object());
+    QTEST(request.has_value(), "isRead");
+    if (request) QCOMPARE(QJsonDocument(request->ToJson()).toJson(QJsonDocument::Compact), json);
 }
 
 TEST_CLASS(TestSettingCommand);

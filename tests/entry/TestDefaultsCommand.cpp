@@ -1,4 +1,4 @@
-#include "entry/DefaultsCommand.h"
+#include "entry/SettingsRequest.h"
 
 #include "config/CCfgStore.h"
 #include "entry/NamedDefaults.h"
@@ -27,17 +27,14 @@ class TestDefaultsCommand : public QObject {
     void FailedWriteKeepsWhatWasThere();
 
  private:
-    QJsonObject Run(QJsonObject command) {
-        return RunSettingsRequest(command, *m_home->settings, m_home->clock);
+    InstanceReply Run(const QJsonObject& command) {
+        return RunSettingsMessage(command, *m_home->settings, m_home->clock);
     }
-    QJsonObject Write(const QString& name, const CVORec& record) {
-        QByteArray bytes;
-        if (!record.ToBytes(bytes)) return {};
-        const QString mode = record.Kind() == RecordKind::Time ? u"time"_s : u"expense"_s;
-        return Run({{u"defaults"_s, mode},
-                    {u"action"_s, u"write"_s},
-                    {u"name"_s, name},
-                    {u"record"_s, QString::fromLatin1(bytes.toBase64())}});
+    /// Written as the console asks a window for it.
+    InstanceReply Write(const QString& name, const CVORec& record) {
+        DefaultsRequest request{.kind = record.Kind(), .action = DefaultsAction::Write, .name = name};
+        if (!record.ToBytes(request.record)) return {ReplyReason::Failed, {}, {}};
+        return Run(ToMessage(request).arguments);
     }
     [[nodiscard]] NamedDefaults Defaults(RecordMode mode) const {
         return {*m_home->settings, m_home->clock, mode};
@@ -56,13 +53,13 @@ void TestDefaultsCommand::WriteAndReplace() {
     trip.item1 = u"Ä 😀 '\""_s;
     trip.isDistance = true;
     trip.distance.Set(12.5F);
-    QVERIFY(Write(u"Trip"_s, trip)[u"ok"].toBool());
+    QVERIFY(Write(u"Trip"_s, trip));
     CERecord read;
     QVERIFY(Defaults(RecordMode::Expense).Read(u"Trip"_s, read));
     QCOMPARE(read.item1, trip.item1);
     QCOMPARE(read.distance.text, u"12.50"_s);
     trip.item1 = u"B"_s;
-    QVERIFY(Write(u"Trip"_s, trip)[u"ok"].toBool());
+    QVERIFY(Write(u"Trip"_s, trip));
     QVERIFY(Defaults(RecordMode::Expense).Read(u"Trip"_s, read));
     QCOMPARE(read.item1, u"B"_s);
     QCOMPARE(Names(), QString());
@@ -89,11 +86,11 @@ void TestDefaultsCommand::DeleteAndRename() {
     QFETCH(QString, action);
     QFETCH(QString, name);
     QFETCH(QString, to);
-    for (const QString& stored : {u"One"_s, u"Two"_s}) QVERIFY(Write(stored, CTRecord())[u"ok"].toBool());
-    const QJsonObject answer =
+    for (const QString& stored : {u"One"_s, u"Two"_s}) QVERIFY(Write(stored, CTRecord()));
+    const InstanceReply reply =
         Run({{u"defaults"_s, u"time"_s}, {u"action"_s, action}, {u"name"_s, name}, {u"to"_s, to}});
-    QTEST(answer[u"exit"].toInt(), "exitCode");
-    QCOMPARE(answer[u"error"].toString().isEmpty(), answer[u"ok"].toBool());
+    QTEST(static_cast<int>(reply.reason), "exitCode");
+    QCOMPARE(reply.words.isEmpty(), bool(reply));
     QTEST(Names(), "names");
 }
 
@@ -119,10 +116,10 @@ void TestDefaultsCommand::Refused_data() {
 
 void TestDefaultsCommand::Refused() {
     QFETCH(QJsonObject, command);
-    QVERIFY(Write(u"One"_s, CTRecord())[u"ok"].toBool());
-    const QJsonObject answer = Run(command);
-    QCOMPARE(answer[u"exit"].toInt(), 2);
-    QVERIFY(!answer[u"error"].toString().isEmpty());
+    QVERIFY(Write(u"One"_s, CTRecord()));
+    const InstanceReply reply = Run(command);
+    QCOMPARE(reply.reason, ReplyReason::NotUnderstood);
+    QVERIFY(!reply.words.isEmpty());
     QCOMPARE(Names(), u"One"_s);
 }
 
@@ -130,19 +127,19 @@ void TestDefaultsCommand::Refused() {
 void TestDefaultsCommand::NotesThatAreTooLong() {
     CTRecord record;
     record.notes = QString(3000, u'n');
-    const QJsonObject answer = Write(u"Long"_s, record);
-    QCOMPARE(answer[u"exit"].toInt(), 1);
-    QVERIFY2(answer[u"error"].toString().contains(u"4096"), qPrintable(answer[u"error"].toString()));
+    const InstanceReply reply = Write(u"Long"_s, record);
+    QCOMPARE(reply.reason, ReplyReason::Failed);
+    QVERIFY2(reply.words.contains(u"4096"), qPrintable(reply.words));
     QCOMPARE(Names(), QString());
 }
 
 void TestDefaultsCommand::FailedWriteKeepsWhatWasThere() {
-    QVERIFY(Write(u"One"_s, CTRecord())[u"ok"].toBool());
+    QVERIFY(Write(u"One"_s, CTRecord()));
     QVERIFY(m_home->tree.File().Execute("PRAGMA query_only=ON"));
-    const QJsonObject answer =
+    const InstanceReply reply =
         Run({{u"defaults"_s, u"time"_s}, {u"action"_s, u"delete"_s}, {u"name"_s, u"One"_s}});
     QVERIFY(m_home->tree.File().Execute("PRAGMA query_only=OFF"));
-    QCOMPARE(answer[u"exit"].toInt(), 1);
+    QCOMPARE(reply.reason, ReplyReason::Failed);
     QCOMPARE(Names(), u"One"_s);
 }
 

@@ -3,7 +3,7 @@
 #include "TimerHome.h"
 #include "support/TestProgram.h"
 
-#include <QJsonArray>
+#include <QJsonDocument>
 #include <QTest>
 
 /// Timer commands as console and window hand them over. The clock stands at 9:00 on 19 November 2026.
@@ -18,22 +18,22 @@ class TestTimerCommand : public QObject {
     void Refused_data();
     void Refused();
     void UnsavedTimersAreAnError();
+    void RequestsAsTheyTravel_data();
+    void RequestsAsTheyTravel();
+    void TheReplyAsItTravels();
 
  private:
-    static QJsonObject Send(TimerHome& home, const QString& action, const QString& id = {}) {
-        return RunTimerCommand({{QStringLiteral("action"), action}, {QStringLiteral("id"), id}}, *home.timers,
+    static InstanceReply Send(TimerHome& home, const QString& action, const QString& id = {}) {
+        return RunTimerMessage({{QStringLiteral("action"), action}, {QStringLiteral("id"), id}}, *home.timers,
                                *home.document);
     }
     /// "running 60, paused 5" or "exit 4".
     static QString Answer(TimerHome& home, const char* action, const QString& id = {}) {
-        const QJsonObject answer = Send(home, QString::fromLatin1(action), id);
-        if (!answer.value(QStringLiteral("ok")).toBool())
-            return QStringLiteral("exit %1").arg(answer.value(QStringLiteral("exit")).toInt());
+        const InstanceReply reply = Send(home, QString::fromLatin1(action), id);
+        if (!reply) return QStringLiteral("exit %1").arg(static_cast<int>(reply.reason));
         QStringList timers;
-        for (const QJsonValue& timer : answer.value(QStringLiteral("timers")).toArray())
-            timers.append(
-                QStringLiteral("%1 %2").arg(timer[QStringLiteral("state")].toString(),
-                                            QString::number(timer[QStringLiteral("seconds")].toInt())));
+        for (const TimerReading& timer : TimersIn(reply))
+            timers.append(StateName(timer) + u' ' + QString::number(timer.seconds));
         return timers.join(QStringLiteral(", "));
     }
 };
@@ -42,9 +42,7 @@ void TestTimerCommand::StartPauseStop() {
     TimerHome home;
     const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
     QCOMPARE(Answer(home, "start", id), QStringLiteral("running 0"));
-    QCOMPARE(
-        Send(home, QStringLiteral("status"))[QStringLiteral("timers")][0][QStringLiteral("id")].toString(),
-        id);
+    QCOMPARE(TimersIn(Send(home, QStringLiteral("status"))).at(0).recordId, id);
     home.clock.Advance(75);
     QCOMPARE(Answer(home, "pause", id), QStringLiteral("paused 75"));
     home.clock.Advance(1000);
@@ -117,10 +115,9 @@ void TestTimerCommand::Refused() {
     QFETCH(int, exitCode);
     TimerHome home;
     const QString stored = home.AddTime(2026, 11, 19);
-    const QJsonObject answer = Send(home, action, id.isEmpty() ? stored : id);
-    QCOMPARE(answer.value(QStringLiteral("ok")).toBool(), false);
-    QCOMPARE(answer.value(QStringLiteral("exit")).toInt(), exitCode);
-    QVERIFY(!answer.value(QStringLiteral("error")).toString().isEmpty());
+    const InstanceReply reply = Send(home, action, id.isEmpty() ? stored : id);
+    QCOMPARE(static_cast<int>(reply.reason), exitCode);
+    QVERIFY2(!reply.words.isEmpty() && reply.payload.isEmpty(), qPrintable(reply.words));
     QCOMPARE(home.set->Count(), 0);
 }
 
@@ -130,6 +127,33 @@ void TestTimerCommand::UnsavedTimersAreAnError() {
     QVERIFY(home.tree.File().Execute("PRAGMA query_only=ON"));
     QCOMPARE(Answer(home, "start", id), QStringLiteral("exit 1"));
     QVERIFY(home.tree.File().Execute("PRAGMA query_only=OFF"));
+}
+
+void TestTimerCommand::RequestsAsTheyTravel_data() {
+    QTest::addColumn<QByteArray>("json");
+    for (const char* json :
+         {R"({"action":"start","id":"A"})", R"({"action":"start","fromZero":true,"id":"A"})",
+          R"({"action":"pause","id":"A"})", R"({"action":"stop","id":"A"})", R"({"action":"stop-all"})",
+          R"({"action":"pause-all"})", R"({"action":"status"})", R"({"action":"drop","id":"A"})"})
+        QTest::newRow(json) << QByteArray(json);
+}
+
+/// What is read is written in the same way.
+void TestTimerCommand::RequestsAsTheyTravel() {
+    QFETCH(QByteArray, json);
+    const auto request = TimerRequest::FromJson(QJsonDocument::fromJson(json).object());
+    QVERIFY(request);
+    const InstanceMessage message = request->ToMessage();
+    QCOMPARE(message.command, InstanceCommand::Timer);
+    QCOMPARE(QJsonDocument(message.arguments).toJson(QJsonDocument::Compact), json);
+}
+
+void TestTimerCommand::TheReplyAsItTravels() {
+    const InstanceReply reply =
+        ReplyWith({{QStringLiteral("A"), true, 4711}, {QStringLiteral("B"), false, 0}});
+    QCOMPARE(QJsonDocument(reply.ToJson()).toJson(QJsonDocument::Compact),
+             QByteArray(R"({"ok":true,"timers":[{"id":"A","seconds":4711,"state":"running"},)"
+                        R"({"id":"B","seconds":0,"state":"paused"}]})"));
 }
 
 TEST_CLASS(TestTimerCommand);

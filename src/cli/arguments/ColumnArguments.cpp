@@ -6,8 +6,7 @@
 #include "config/ColumnCommand.h"
 #include "lang/FormatText.h"
 
-#include <QJsonArray>
-#include <QJsonObject>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -61,21 +60,21 @@ class CChoice {
     std::vector<int> m_choice;
 };
 
-QString ReadShown(const QStringList& names, const CChoice& choice, QJsonObject& request) {
-    QJsonArray shown;
+QString ReadShown(const QStringList& names, const CChoice& choice, ColumnRequest& request) {
+    std::vector<int> shown;
     for (const QString& name : names) {
         int column = 0;
         if (QString problem = choice.Find(name, column); !problem.isEmpty()) return problem;
-        if (shown.contains(column)) return FormatText<Text::CliColumnTwice>(choice.Caption(column));
-        shown.append(column);
+        if (std::ranges::find(shown, column) != shown.end())
+            return FormatText<Text::CliColumnTwice>(choice.Caption(column));
+        shown.push_back(column);
     }
-    if (!shown.isEmpty()) request.insert(u"shown"_s, shown);
+    if (!shown.empty()) request.shown = shown;
     return {};
 }
 
 /// "Client=80"; a caption may hold an equals sign.
-QString ReadWidths(const QStringList& typed, const CChoice& choice, QJsonObject& request) {
-    QJsonObject widths;
+QString ReadWidths(const QStringList& typed, const CChoice& choice, ColumnRequest& request) {
     for (const QString& width : typed) {
         const qsizetype equals = width.lastIndexOf(u'=');
         const auto pixels = EnteredValues::ReadCount(width.mid(equals + 1));
@@ -83,30 +82,29 @@ QString ReadWidths(const QStringList& typed, const CChoice& choice, QJsonObject&
             return FormatText<Text::CliNoWidth>(width);
         int column = 0;
         if (QString problem = choice.Find(width.left(equals), column); !problem.isEmpty()) return problem;
-        widths.insert(QString::number(column), *pixels);
+        request.widths[column] = *pixels;
     }
-    if (!widths.isEmpty()) request.insert(u"widths"_s, widths);
     return {};
 }
 
-QString ReadBreaks(const std::optional<QString>& typed, QJsonObject& request) {
+QString ReadBreaks(const std::optional<QString>& typed, ColumnRequest& request) {
     if (!typed) return {};
-    QJsonArray breaks;
+    std::vector<int> breaks;
     int last = 0;
     if (*typed != u"none")
         for (const QString& place : typed->split(u',')) {
             const auto number = EnteredValues::ReadCount(place.trimmed());
             if (!number || *number <= last) return FormatText<Text::CliNoBreaks>(*typed);
-            breaks.append(last = *number);
+            breaks.push_back(last = *number);
         }
-    request.insert(u"breaks"_s, breaks);
+    request.breaks = breaks;
     return {};
 }
 
 }  // namespace
 
 QString ReadColumnChange(const CArguments& arguments, const CColSet& columns, ColumnHalf half,
-                         QJsonObject& request) {
+                         ColumnRequest& request) {
     const QStringList names = arguments.Words().mid(1);  // the mode stands first
     if (names.isEmpty() && !arguments.Has("width") && !arguments.Has("breaks"))
         return LoadText(Text::CliNothingToSet);

@@ -25,17 +25,12 @@ struct Place {
     RecordMode mode;
     bool isTree;
 
-    [[nodiscard]] ColumnHalf Half() const {
-        return mode == RecordMode::Time ? ColumnHalf::Time : ColumnHalf::Expense;
-    }
+    [[nodiscard]] ColumnHalf Half() const { return HalfOf(KindOf(mode)); }
     [[nodiscard]] const CColSet& In(const CCfgStore& settings) const {
         return isTree ? settings.TreeColumns() : settings.ListColumns();
     }
     /// What a change of it starts with.
-    [[nodiscard]] QJsonObject Request() const {
-        return {{u"columns"_s, isTree ? u"tree"_s : u"list"_s},
-                {u"half"_s, mode == RecordMode::Time ? u"time"_s : u"expense"_s}};
-    }
+    [[nodiscard]] ColumnRequest Request() const { return {.isTree = isTree, .kind = KindOf(mode)}; }
 };
 
 std::optional<Place> ReadPlace(const CArguments& arguments, Console& console) {
@@ -85,7 +80,7 @@ void Write(COutput& out, const Place& place, const CCfgStore& settings) {
                : WriteLines(out, place.In(settings), place.Half());
 }
 
-ExitCode Change(const QJsonObject& request, const Place& place, Console& console, CSettingsOwner& owner) {
+ExitCode Change(const ColumnRequest& request, const Place& place, Console& console, CSettingsOwner& owner) {
     const ExitCode exit = ChangeSettings(request, console, owner);
     if (exit == ExitCode::Done) Write(console.out, place, owner.Stored());
     return exit;
@@ -113,7 +108,7 @@ ExitCode SetColumns(const CArguments& arguments, Console& console, CSettingsOwne
     if (!place) return ExitCode::Usage;
     if (place->isTree && arguments.Has("breaks"))
         return Refuse(ExitCode::Usage, LoadText(Text::CliBreaksOfTree), console);
-    QJsonObject request = place->Request();
+    ColumnRequest request = place->Request();
     const QString problem = ReadColumnChange(arguments, place->In(owner.Stored()), place->Half(), request);
     if (!problem.isEmpty()) return Refuse(ExitCode::Usage, problem, console);
     return Change(request, *place, console, owner);
@@ -122,7 +117,7 @@ ExitCode SetColumns(const CArguments& arguments, Console& console, CSettingsOwne
 ExitCode ResetColumns(const CArguments& arguments, Console& console, CSettingsOwner& owner) {
     const auto place = ReadPlace(arguments, console);
     if (!place) return ExitCode::Usage;
-    QJsonObject request = place->Request();
-    request.insert(u"reset"_s, true);
+    ColumnRequest request = place->Request();
+    request.isReset = true;
     return Change(request, *place, console, owner);
 }

@@ -32,13 +32,6 @@ std::optional<RecordMode> ModeOf(const CArguments& arguments, Console& console) 
     return typed ? ReadMode(*typed, console) : RecordMode::Time;
 }
 
-/// What a change of a default starts with.
-QJsonObject Request(RecordMode mode, const QString& action, const QString& name) {
-    return {{u"defaults"_s, mode == RecordMode::Time ? u"time"_s : u"expense"_s},
-            {u"action"_s, action},
-            {u"name"_s, name}};
-}
-
 /// The sentence that refuses a name for a default; empty when it can be one.
 QString CheckName(const QString& name) {
     if (name.isEmpty()) return LoadText(Text::CliEmptyName);
@@ -161,8 +154,8 @@ ExitCode SaveDefault(const CArguments& arguments, Console& console, RecordContex
     if (!record || !record->ToBytes(bytes)) return record ? ExitCode::Failed : exit;
     const auto agreed = AgreedName(name, *mode, console, context);
     if (!agreed) return ExitCode::Failed;
-    QJsonObject request = Request(*mode, u"write"_s, *agreed);
-    request.insert(u"record"_s, QString::fromLatin1(bytes.toBase64()));
+    const DefaultsRequest request{
+        .kind = KindOf(*mode), .action = DefaultsAction::Write, .name = *agreed, .record = bytes};
     exit = ChangeSettings(request, console, context.owner);
     record->SetId({});
     if (exit == ExitCode::Done) WriteRecord(console.out, {*record});
@@ -181,8 +174,8 @@ ExitCode RenameDefault(const CArguments& arguments, Console& console, CSettingsO
     if (!stored) return NoSuchDefault(name, console);
     if (owner.Defaults(*mode).IsTaken(to, *stored))
         return Refuse(ExitCode::Failed, FormatText<Text::CliNameTaken>(to), console);
-    QJsonObject request = Request(*mode, u"rename"_s, *stored);
-    request.insert(u"to"_s, to);
+    const DefaultsRequest request{
+        .kind = KindOf(*mode), .action = DefaultsAction::Rename, .name = *stored, .to = to};
     const ExitCode exit = ChangeSettings(request, console, owner);
     if (exit == ExitCode::Done) PrintTexts(console.out, owner.Defaults(*mode).Names());
     return exit;
@@ -199,8 +192,8 @@ ExitCode DeleteDefault(const CArguments& arguments, Console& console, CSettingsO
     const bool isAgreed =
         !owner.Stored().confirmDelete || Confirm(Text::AskDeleteDefault, question, Text::DeleteDefaultTitle,
                                                  Text::DeleteDefaultTitle, console);
-    const ExitCode exit =
-        isAgreed ? ChangeSettings(Request(*mode, u"delete"_s, *stored), console, owner) : ExitCode::Failed;
+    const DefaultsRequest request{.kind = KindOf(*mode), .action = DefaultsAction::Delete, .name = *stored};
+    const ExitCode exit = isAgreed ? ChangeSettings(request, console, owner) : ExitCode::Failed;
     PrintCount(console.out, "deleted", Text::CliDeleted, exit == ExitCode::Done ? 1 : 0);
     return exit;
 }

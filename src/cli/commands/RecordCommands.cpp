@@ -31,9 +31,9 @@ bool IsWritten(const RecordContext& context) {
 /// failure of the command.
 void KeepOdometer(const Settings& noted, Console& console, RecordContext& context) {
     if (noted.odometerLastEnd == context.settings.odometerLastEnd) return;
-    const QJsonObject answer =
-        context.owner.Change({{u"name"_s, u"odometerLastEnd"_s}, {u"value"_s, noted.odometerLastEnd}});
-    if (!answer[u"ok"].toBool()) console.out.Note(LoadText(Text::CliOdometerNotNoted));
+    const InstanceReply reply =
+        context.owner.Change(SettingRequest{.name = u"odometerLastEnd"_s, .value = noted.odometerLastEnd});
+    if (!reply) console.out.Note(LoadText(Text::CliOdometerNotNoted));
 }
 
 }  // namespace

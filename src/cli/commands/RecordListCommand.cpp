@@ -13,6 +13,7 @@
 #include "cli/output/RecordSums.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
+#include "records/KindNames.h"
 
 #include <algorithm>
 #include <vector>
@@ -94,7 +95,7 @@ void WriteListJson(COutput& out, RecordKind kind, RecordContext& context, const 
     CJsonText json(out);
     json.BeginObject();
     json.Key("mode");
-    json.Text(kind == RecordKind::Time ? u"time"_s : u"expense"_s);
+    json.Text(KindName(kind));
     json.Key("period");
     WritePeriodOf(json, filter, context.document.GetPeriodContext());
     json.Key("count");

@@ -13,8 +13,6 @@
 #include "records/CTRecord.h"
 #include "records/RecordFactory.h"
 
-#include <QJsonObject>
-
 using namespace Qt::Literals::StringLiterals;
 
 // The quick commands. There is no dialog here, so the record is added at once.
@@ -122,11 +120,10 @@ ExitCode MakeBesideWindow(const QuickRequest& request, Console& console, RecordC
     id = Make(request.flags & ~QuickFlag::kTimer, request, console, context);
     if (id.isEmpty()) return ExitCode::Failed;
     Announce(RecordKind::Time, {id}, console, context);
-    const QJsonObject answer =
-        context.timers.Run({{u"action"_s, u"start"_s}, {u"id"_s, id}, {u"fromZero"_s, true}});
-    if (answer[u"ok"].toBool()) return ExitCode::Done;
-    return Refuse(static_cast<ExitCode>(answer[u"exit"].toInt(1)),
-                  FormatText<Text::CliAddedWithoutTimer>(id, answer[u"error"].toString()), console);
+    const InstanceReply reply =
+        context.timers.Run({.action = TimerAction::Start, .id = id, .isFromZero = true});
+    if (reply) return ExitCode::Done;
+    return Refuse(ExitFor(reply.reason), FormatText<Text::CliAddedWithoutTimer>(id, reply.words), console);
 }
 
 /// The record is durable before the timer is: a program killed in between leaves a record without its timer.

@@ -10,7 +10,6 @@
 #include "entry/RecordMarks.h"
 #include "lang/FormatText.h"
 
-#include <QJsonObject>
 #include <algorithm>
 #include <functional>
 #include <vector>
@@ -89,10 +88,8 @@ bool DeleteWithTimers(RecordContext& context, const QStringList& ids, const QStr
 
 /// The window drops the timers, which it owns, and is told of the records afterwards.
 bool DeleteBesideWindow(RecordContext& context, const QStringList& ids, const QStringList& timed) {
-    for (const QString& id : timed) {
-        const QJsonObject answer = context.timers.Run({{u"action"_s, u"drop"_s}, {u"id"_s, id}});
-        if (!answer[u"ok"].toBool()) return false;
-    }
+    for (const QString& id : timed)
+        if (!context.timers.Run({TimerAction::Drop, id})) return false;
     return DeleteAll(RecordKind::Time, context, ids) && context.document.Commit();
 }
 

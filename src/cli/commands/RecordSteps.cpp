@@ -12,6 +12,7 @@
 #include "cli/output/RecordOutput.h"
 #include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
+#include "records/KindNames.h"
 
 ExitCode Refuse(ExitCode exit, const QString& words, Console& console) {
     console.out.Complain(words);
@@ -70,15 +71,16 @@ bool Confirm(Text question, const QString& text, Text title, Text verb, Console&
     return console.prompt.Ask(box) == Answer::Yes;
 }
 
-ExitCode ChangeSettings(const QJsonObject& command, Console& console, CSettingsOwner& owner) {
-    const QJsonObject answer = owner.Change(command);
-    if (answer[u"ok"].toBool()) return ExitCode::Done;
-    return Refuse(static_cast<ExitCode>(answer[u"exit"].toInt(1)), answer[u"error"].toString(), console);
+ExitCode ExitOf(const InstanceReply& reply, Console& console) {
+    return reply ? ExitCode::Done : Refuse(ExitFor(reply.reason), reply.words, console);
+}
+
+ExitCode ChangeSettings(const SettingsRequest& request, Console& console, CSettingsOwner& owner) {
+    return ExitOf(owner.Change(request), console);
 }
 
 std::optional<RecordMode> ReadMode(const QString& typed, Console& console) {
-    if (typed == u"time") return RecordMode::Time;
-    if (typed == u"expense") return RecordMode::Expense;
+    if (const auto kind = KindNamed(typed)) return ModeOf(*kind);
     console.out.Complain(FormatText<Text::CliNoMode>(typed));
     return std::nullopt;
 }

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "cli/commands/CommandRow.h"
+#include "entry/SettingsRequest.h"
 
 #include <QString>
 #include <QStringList>
 #include <optional>
 
 class CVORec;
-class QJsonObject;
 enum class RecordKind : int;
 enum class RecordMode : int;
 
@@ -33,8 +33,11 @@ void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordCon
 [[nodiscard]] bool Confirm(Text question, const QString& text, Text title, Text verb, Console& console);
 /// Tells why a command stopped.
 [[nodiscard]] ExitCode Refuse(ExitCode exit, const QString& words, Console& console);
-/// Has a change of the settings carried out by whoever owns them; tells why when it wasn't.
-[[nodiscard]] ExitCode ChangeSettings(const QJsonObject& command, Console& console, CSettingsOwner& owner);
+/// How a command ends that asked the owner of timers or settings; tells why when it wasn't done.
+[[nodiscard]] ExitCode ExitOf(const InstanceReply& reply, Console& console);
+/// Has a change of the settings carried out by their owner; tells why when it wasn't.
+[[nodiscard]] ExitCode ChangeSettings(const SettingsRequest& request, Console& console,
+                                      CSettingsOwner& owner);
 /// "time" or "expense"; nothing, after telling, for anything else.
 [[nodiscard]] std::optional<RecordMode> ReadMode(const QString& typed, Console& console);
 /// {"deleted": 2}, or a sentence with the number.

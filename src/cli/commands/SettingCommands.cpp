@@ -115,8 +115,7 @@ ExitCode SetSetting(const CArguments& arguments, Console& console, CSettingsOwne
     if (!value)
         return Refuse(ExitCode::Usage, FormatText<Text::SettingOutOfRange>(name, typed, AllowedValues(*row)),
                       console);
-    const QJsonObject command{{u"name"_s, name}, {u"value"_s, *value}};
-    const ExitCode exit = ChangeSettings(command, console, owner);
+    const ExitCode exit = ChangeSettings(SettingRequest{.name = name, .value = *value}, console, owner);
     if (exit == ExitCode::Done) WriteOne(console.out, *row, owner.Stored());
     return exit;
 }
@@ -125,9 +124,9 @@ ExitCode ResetSettings(const CArguments& arguments, Console& console, CSettingsO
     const QString name = arguments.Words().value(0);
     const SettingRow* row = name.isEmpty() ? nullptr : FindSetting(name);
     if (!row && !arguments.Words().isEmpty()) return NoSuchSetting(name, console);
-    QJsonObject command{{u"reset"_s, true}};
-    if (row) command.insert(u"name"_s, name);
-    const ExitCode exit = ChangeSettings(command, console, owner);
+    SettingRequest request{.isReset = true};
+    if (row) request.name = name;
+    const ExitCode exit = ChangeSettings(request, console, owner);
     if (exit != ExitCode::Done) return exit;
     row ? WriteOne(console.out, *row, owner.Stored()) : WriteAll(console.out, owner.Stored());
     return exit;

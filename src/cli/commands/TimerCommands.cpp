@@ -11,86 +11,72 @@
 #include "lang/FormatText.h"
 #include "records/CTRecord.h"
 
-#include <QJsonArray>
-#include <QJsonObject>
-
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-void WriteTimersJson(COutput& out, const QJsonArray& timers) {
+using Timers = std::vector<TimerReading>;
+
+void WriteTimersJson(COutput& out, const Timers& timers) {
     CJsonText json(out);
     json.BeginArray();
-    for (const auto& timer : timers) {
+    for (const TimerReading& timer : timers) {
         json.BeginObject();
         json.Key("id");
-        json.Text(timer[u"id"].toString());
+        json.Text(timer.recordId);
         json.Key("state");
-        json.Text(timer[u"state"].toString());
+        json.Text(StateName(timer));
         json.Key("seconds");
-        json.Integer(timer[u"seconds"].toInteger());
+        json.Integer(timer.seconds);
         json.EndObject();
     }
     json.EndArray();
     out.Put("\n");
 }
 
-void WriteTimerLines(COutput& out, const QJsonArray& timers) {
-    if (timers.isEmpty()) out.PutLine(LoadText(Text::CliNoTimers));
-    for (const auto& timer : timers) {
-        const int seconds = timer[u"seconds"].toInt();
-        const QString count = FormatText<Text::TimerCount>(seconds / 3600, seconds / 60 % 60, seconds % 60);
-        const bool isRunning = timer[u"state"].toString() == u"running";
-        out.PutLine(
-            timer[u"id"].toString() + u"  "_s +
-            (isRunning ? FormatText<Text::CliTimerRuns>(count) : FormatText<Text::CliTimerPaused>(count)));
+void WriteTimerLines(COutput& out, const Timers& timers) {
+    if (timers.empty()) out.PutLine(LoadText(Text::CliNoTimers));
+    for (const TimerReading& timer : timers) {
+        const QString count =
+            FormatText<Text::TimerCount>(timer.seconds / 3600, timer.seconds / 60 % 60, timer.seconds % 60);
+        out.PutLine(timer.recordId + u"  "_s +
+                    (timer.isRunning ? FormatText<Text::CliTimerRuns>(count)
+                                     : FormatText<Text::CliTimerPaused>(count)));
     }
 }
 
-/// Runs an action and hands out the answer of whoever owns the timers.
-ExitCode Run(const QString& action, const QString& id, Console& console, RecordContext& context,
-             QJsonObject& answer) {
-    QJsonObject command{{u"action"_s, action}};
-    if (!id.isEmpty()) command.insert(u"id"_s, id);
-    answer = context.timers.Run(command);
-    if (answer[u"ok"].toBool()) return ExitCode::Done;
-    return Refuse(static_cast<ExitCode>(answer[u"exit"].toInt(1)), answer[u"error"].toString(), console);
-}
-
 /// All timers that there are afterwards.
-ExitCode RunAndShow(const QString& action, const QString& id, Console& console, RecordContext& context) {
-    QJsonObject answer;
-    const ExitCode exit = Run(action, id, console, context, answer);
-    if (exit != ExitCode::Done) return exit;
-    const QJsonArray timers = answer[u"timers"].toArray();
+ExitCode RunAndShow(const TimerRequest& request, Console& console, RecordContext& context) {
+    const InstanceReply reply = context.timers.Run(request);
+    if (!reply) return ExitOf(reply, console);
+    const Timers timers = TimersIn(reply);
     console.out.isJson ? WriteTimersJson(console.out, timers) : WriteTimerLines(console.out, timers);
     return ExitCode::Done;
 }
 
-ExitCode RunOnRecord(const QString& action, const CArguments& arguments, Console& console,
+ExitCode RunOnRecord(TimerAction action, const CArguments& arguments, Console& console,
                      RecordContext& context) {
     const auto* record = FindRecord(RecordKind::Time, arguments.Words().first(), console, context);
     if (!record) return LookupFailed(context);
-    return RunAndShow(action, record->GetId(), console, context);
+    return RunAndShow({action, record->GetId()}, console, context);
 }
 
 }  // namespace
 
 ExitCode StartTimer(const CArguments& arguments, Console& console, RecordContext& context) {
-    return RunOnRecord(u"start"_s, arguments, console, context);
+    return RunOnRecord(TimerAction::Start, arguments, console, context);
 }
 
 ExitCode PauseTimer(const CArguments& arguments, Console& console, RecordContext& context) {
-    return RunOnRecord(u"pause"_s, arguments, console, context);
+    return RunOnRecord(TimerAction::Pause, arguments, console, context);
 }
 
-/// Prints the record that the stop has written, whoever wrote it.
+/// Prints the record as the stop has left it in the store, which a window may have written.
 ExitCode StopTimer(const CArguments& arguments, Console& console, RecordContext& context) {
     const auto* record = FindRecord(RecordKind::Time, arguments.Words().first(), console, context);
     if (!record) return LookupFailed(context);
     const QString id = record->GetId();
-    QJsonObject answer;
-    const ExitCode exit = Run(u"stop"_s, id, console, context, answer);
+    const ExitCode exit = ExitOf(context.timers.Run({TimerAction::Stop, id}), console);
     if (exit != ExitCode::Done) return exit;
     context.timers.Read();
     PrintRecord(RecordKind::Time, id, console, context);
@@ -98,11 +84,11 @@ ExitCode StopTimer(const CArguments& arguments, Console& console, RecordContext&
 }
 
 ExitCode StopAllTimers(const CArguments&, Console& console, RecordContext& context) {
-    return RunAndShow(u"stop-all"_s, {}, console, context);
+    return RunAndShow({TimerAction::StopAll}, console, context);
 }
 
 ExitCode PauseAllTimers(const CArguments&, Console& console, RecordContext& context) {
-    return RunAndShow(u"pause-all"_s, {}, console, context);
+    return RunAndShow({TimerAction::PauseAll}, console, context);
 }
 
 ExitCode DropTimer(const CArguments& arguments, Console& console, RecordContext& context) {
@@ -111,9 +97,9 @@ ExitCode DropTimer(const CArguments& arguments, Console& console, RecordContext&
     context.timers.Read();
     if (!id || !context.timers.Find(*id))
         return Refuse(ExitCode::NotFound, FormatText<Text::CliNoSuchTimer>(typed), console);
-    return RunAndShow(u"drop"_s, *id, console, context);
+    return RunAndShow({TimerAction::Drop, *id}, console, context);
 }
 
 ExitCode ShowTimers(const CArguments&, Console& console, RecordContext& context) {
-    return RunAndShow(u"status"_s, {}, console, context);
+    return RunAndShow({TimerAction::Status}, console, context);
 }

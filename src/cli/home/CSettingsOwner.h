@@ -1,8 +1,7 @@
 #pragma once
 
 #include "entry/NamedDefaults.h"
-
-#include <QJsonObject>
+#include "entry/SettingsRequest.h"
 
 class CCfgStore;
 class CClock;
@@ -15,8 +14,8 @@ class CSettingsOwner {
     CSettingsOwner(CCfgStore& settings, CWindowLink& window, const CClock& clock)
         : m_settings(settings), m_window(window), m_clock(clock) {}
 
-    /// Carries out a change as RunSettingsRequest does; "exit" 3 when the window can't be told.
-    [[nodiscard]] QJsonObject Change(const QJsonObject& command);
+    /// Carries out a change as RunSettingsRequest does; the window owns them when it can't be told.
+    [[nodiscard]] InstanceReply Change(const SettingsRequest& request);
     /// Gives the columns the names of their fields and saves them, where no window does that. False when they
     /// can't be saved.
     [[nodiscard]] bool NameColumns(const CColumnNames& names);
@@ -26,7 +25,7 @@ class CSettingsOwner {
     [[nodiscard]] NamedDefaults Defaults(RecordMode mode) const { return {m_settings, m_clock, mode}; }
 
  private:
-    [[nodiscard]] QJsonObject ChangeHere(const QJsonObject& command);
+    [[nodiscard]] InstanceReply ChangeHere(const SettingsRequest& request);
 
     CCfgStore& m_settings;
     CWindowLink& m_window;

@@ -2,29 +2,19 @@
 
 #include "app/CVelmarchDoc.h"
 #include "cli/home/CWindowLink.h"
-#include "cli/output/ExitCode.h"
 #include "config/CCfgStore.h"
 #include "lang/LoadText.h"
 #include "timers/TimerCommand.h"
 
-#include <QJsonArray>
-
-using namespace Qt::Literals::StringLiterals;
-
 namespace {
 
-QJsonObject Refusal(ExitCode exit, Text words) {
-    return {{u"ok"_s, false}, {u"exit"_s, static_cast<int>(exit)}, {u"error"_s, LoadText(words)}};
-}
-
-ActiveTimer FromAnswer(const QJsonObject& shown) {
-    const int seconds = shown[u"seconds"].toInt();
+ActiveTimer FromReading(const TimerReading& shown) {
     ActiveTimer timer;
-    timer.recordId = shown[u"id"].toString();
-    timer.hours = static_cast<std::uint16_t>(seconds / 3600);
-    timer.minutes = static_cast<std::uint16_t>(seconds / 60 % 60);
-    timer.seconds = static_cast<std::uint16_t>(seconds % 60);
-    timer.state = shown[u"state"].toString() == u"running" ? TimerState::Running : TimerState::Paused;
+    timer.recordId = shown.recordId;
+    timer.hours = static_cast<std::uint16_t>(shown.seconds / 3600);
+    timer.minutes = static_cast<std::uint16_t>(shown.seconds / 60 % 60);
+    timer.seconds = static_cast<std::uint16_t>(shown.seconds % 60);
+    timer.state = shown.isRunning ? TimerState::Running : TimerState::Paused;
     return timer;
 }
 
@@ -47,8 +37,8 @@ void CTimerAccess::Look() {
     Read();
     if (!m_set.AnyActive()) return;
     if (m_window.IsThere()) {
-        const auto answer = m_window.Ask(InstanceCommand::kTimer, {{u"action"_s, u"status"_s}});
-        if (answer && answer->value(u"ok"_s).toBool()) return TakeOver(*answer);
+        const auto reply = m_window.Ask(TimerRequest{TimerAction::Status}.ToMessage());
+        if (reply && *reply) return TakeOver(*reply);
         m_set.FoldAll();  // shown only: what is stored belongs to the window
         return;
     }
@@ -62,9 +52,9 @@ void CTimerAccess::Look() {
     m_set.FoldAll();
 }
 
-void CTimerAccess::TakeOver(const QJsonObject& answer) {
+void CTimerAccess::TakeOver(const InstanceReply& reply) {
     m_set.Clear();
-    for (const auto& shown : answer[u"timers"].toArray()) m_set.Put(FromAnswer(shown.toObject()));
+    for (const TimerReading& shown : TimersIn(reply)) m_set.Put(FromReading(shown));
 }
 
 std::optional<TimerShown> CTimerAccess::Shown(const QString& recordId) const {
@@ -89,30 +79,30 @@ CTimerAccess::Changed CTimerAccess::ChangeHere(const std::function<bool()>& work
     return isDone ? Changed::Done : Changed::Failed;
 }
 
-QJsonObject CTimerAccess::RunHere(const QJsonObject& command, Changed& changed) {
-    QJsonObject answer;
+InstanceReply CTimerAccess::RunHere(const TimerRequest& request, Changed& changed) {
+    // What is said if the settings can't even be held for a change.
+    InstanceReply reply = InstanceReply::Refused(ReplyReason::Failed, LoadText(Text::CliTimersNotStored));
     changed = ChangeHere([&] {
-        answer = RunTimerCommand(command, m_timers, m_document);
-        return answer[u"ok"].toBool();
+        reply = RunTimerRequest(request, m_timers, m_document);
+        return bool(reply);
     });
     // Where settings can't be written the timers can still be shown.
-    const bool isChange = command[u"action"].toString() != u"status";
-    if (changed == Changed::Failed && isChange && answer[u"ok"].toBool())
-        return Refusal(ExitCode::Failed, Text::CliTimersNotStored);
-    return answer;
+    if (changed == Changed::Failed && reply && request.action != TimerAction::Status)
+        return InstanceReply::Refused(ReplyReason::Failed, LoadText(Text::CliTimersNotStored));
+    return reply;
 }
 
-QJsonObject CTimerAccess::Run(const QJsonObject& command) {
+InstanceReply CTimerAccess::Run(const TimerRequest& request) {
     for (int attempt = 0; attempt < 2; ++attempt) {
         if (m_window.IsThere()) {
-            if (const auto answer = m_window.Ask(InstanceCommand::kTimer, command)) return *answer;
+            if (const auto reply = m_window.Ask(request.ToMessage())) return *reply;
             if (m_window.IsThere()) break;
         }
         Changed changed = Changed::Done;
-        QJsonObject answer = RunHere(command, changed);
-        if (changed != Changed::WindowOwns) return answer;
+        InstanceReply reply = RunHere(request, changed);
+        if (changed != Changed::WindowOwns) return reply;
     }
-    return Refusal(ExitCode::Refused, Text::CliWindowOwnsTimers);
+    return InstanceReply::Refused(ReplyReason::WindowOwns, LoadText(Text::CliWindowOwnsTimers));
 }
 
 bool CTimerAccess::PutBack(const ActiveTimer& timer) {

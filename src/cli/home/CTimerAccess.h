@@ -3,8 +3,8 @@
 #include "cli/output/TimerShown.h"
 #include "timers/ActiveTimerSet.h"
 #include "timers/CRecordTimers.h"
+#include "timers/TimerRequest.h"
 
-#include <QJsonObject>
 #include <QString>
 #include <functional>
 #include <optional>
@@ -28,9 +28,9 @@ class CTimerAccess {
     [[nodiscard]] CTimerService& Timers() { return m_timers; }
     [[nodiscard]] std::optional<TimerShown> Shown(const QString& recordId) const;
 
-    /// Carries out a timer command where the timers are owned; its answer as RunTimerCommand gives it, "exit"
-    /// 3 when the window can't be told.
-    [[nodiscard]] QJsonObject Run(const QJsonObject& command);
+    /// Carries out a timer command where the timers are owned, as RunTimerRequest does; the window owns them
+    /// when it can't be told.
+    [[nodiscard]] InstanceReply Run(const TimerRequest& request);
 
     enum class Changed { Done, Failed, WindowOwns };
     /// Runs work on the timers as stored, with all that it writes into the settings as one change; work
@@ -41,8 +41,8 @@ class CTimerAccess {
     [[nodiscard]] const ActiveTimer* Find(const QString& recordId) { return m_set.Find(recordId); }
 
  private:
-    void TakeOver(const QJsonObject& answer);
-    [[nodiscard]] QJsonObject RunHere(const QJsonObject& command, Changed& changed);
+    void TakeOver(const InstanceReply& reply);
+    [[nodiscard]] InstanceReply RunHere(const TimerRequest& request, Changed& changed);
 
     CVelmarchDoc& m_document;
     CCfgStore& m_settings;

@@ -1,16 +1,13 @@
 #include "cli/home/CWindowLink.h"
 
 #include "app/CVelmarchApp.h"
+#include "app/OutsideChange.h"
 #include "lang/LoadText.h"
 #include "platform/instance/CInstance.h"
-#include "records/CVORec.h"
 
 #include <QElapsedTimer>
-#include <QJsonArray>
 #include <chrono>
 #include <thread>
-
-using namespace Qt::Literals::StringLiterals;
 
 namespace {
 constexpr int kPatienceMs = 3000;
@@ -36,28 +33,25 @@ bool CWindowLink::Reach() {
     return m_isReached;
 }
 
-std::optional<QJsonObject> CWindowLink::Ask(int command, const QJsonObject& arguments) {
+std::optional<InstanceReply> CWindowLink::Ask(const InstanceMessage& message) {
     if (!Reach()) return std::nullopt;
-    auto answer = m_client.Send(command, arguments);
-    if (!answer) m_isReached = false;
-    return answer;
+    auto reply = m_client.Send(message);
+    if (!reply) m_isReached = false;
+    return reply;
 }
 
 bool CWindowLink::TellChanged(RecordKind kind, const QStringList& ids, bool listsToo) {
     if (ids.isEmpty()) return true;
-    QJsonObject changed{{u"kind"_s, kind == RecordKind::Time ? u"time"_s : u"expense"_s}};
-    if (ids.size() <= kMostIds) changed.insert(u"ids"_s, QJsonArray::fromStringList(ids));
-    if (listsToo) changed.insert(u"lists"_s, true);
-    return Post(changed);
+    return Post({kind, ids.size() <= kMostIds ? ids : QStringList(), listsToo});
 }
 
 bool CWindowLink::TellAllChanged() {
     return Post({});
 }
 
-bool CWindowLink::Post(const QJsonObject& changed) {
+bool CWindowLink::Post(const OutsideChange& change) {
     if (!IsThere()) return true;
-    if (Reach() && m_client.Post(InstanceCommand::kSyncEnd, changed)) return true;
+    if (Reach() && m_client.Post(change.ToMessage())) return true;
     m_isReached = false;
     return !IsThere();
 }

@@ -2,11 +2,11 @@
 
 #include "platform/instance/CInstanceChannel.h"
 
-#include <QJsonObject>
 #include <QString>
 #include <QStringList>
 #include <optional>
 
+struct OutsideChange;
 enum class RecordKind : int;
 
 /// The running window of the same home, if there is one. Where none runs, every question here costs one look
@@ -21,7 +21,7 @@ class CWindowLink {
     /// anything, or has ended meanwhile.
     [[nodiscard]] bool Reach();
     /// Hands a command over and waits for the answer; nothing when the window doesn't answer.
-    [[nodiscard]] std::optional<QJsonObject> Ask(int command, const QJsonObject& arguments);
+    [[nodiscard]] std::optional<InstanceReply> Ask(const InstanceMessage& message);
     /// Tells that records of a kind were changed, so that the window shows it at once. False when a window
     /// runs and could not be told. listsToo: pick lists as well, which the window reads anew then.
     [[nodiscard]] bool TellChanged(RecordKind kind, const QStringList& ids, bool listsToo = false);
@@ -31,7 +31,7 @@ class CWindowLink {
     static constexpr int kMostIds = 1000;  ///< with more than these the window reads everything anew
 
  private:
-    [[nodiscard]] bool Post(const QJsonObject& changed);
+    [[nodiscard]] bool Post(const OutsideChange& change);
 
     QString m_home;
     CInstanceClient m_client;

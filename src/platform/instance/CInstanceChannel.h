@@ -1,21 +1,13 @@
 #pragma once
 
+#include "platform/instance/InstanceMessage.h"
+
 #include <QByteArray>
 #include <QDeadlineTimer>
-#include <QJsonObject>
 #include <QString>
 #include <functional>
 #include <memory>
 #include <optional>
-
-/// The commands that travel between instances.
-namespace InstanceCommand {
-inline constexpr int kSyncEnd = 1045;  ///< data changed outside: refresh
-inline constexpr int kExit = 57665;    ///< leave the program
-inline constexpr int kRaise = 1;       ///< come to the front
-inline constexpr int kTimer = 2;       ///< a timer command, see docs/architecture.md
-inline constexpr int kSetting = 3;     ///< change a setting
-}  // namespace InstanceCommand
 
 /// The receiving end, owned by the running window of a home. Answers only processes of the same user.
 /// Needs a running event loop (QCoreApplication). Commands are handled one after another in the order they
@@ -23,7 +15,7 @@ inline constexpr int kSetting = 3;     ///< change a setting
 class CInstanceServer {
  public:
     /// Handles one command; what it returns goes back to a sender that waits.
-    using Handler = std::function<QJsonObject(int command, const QJsonObject& arguments)>;
+    using Handler = std::function<InstanceReply(const InstanceMessage& message)>;
 
     CInstanceServer();
     ~CInstanceServer();
@@ -55,15 +47,14 @@ class CInstanceClient {
     [[nodiscard]] bool FindWindow(const QString& home, const QString& title, int timeoutMs = 2000);
     /// Hands a command over without waiting for it to be carried out. Once it returns true the command isn't
     /// lost when this program ends.
-    [[nodiscard]] bool Post(int command, const QJsonObject& arguments = {});
+    [[nodiscard]] bool Post(const InstanceMessage& message);
     /// Hands a command over and waits for its answer; nothing when none came in time. The connection is then
     /// closed, and the window drops the command if it hasn't begun with it.
-    [[nodiscard]] std::optional<QJsonObject> Send(int command, const QJsonObject& arguments = {},
-                                                  int timeoutMs = 10000);
+    [[nodiscard]] std::optional<InstanceReply> Send(const InstanceMessage& message, int timeoutMs = 10000);
 
  private:
     void Close();
-    [[nodiscard]] bool Write(const QJsonObject& message, const QDeadlineTimer& deadline);
+    [[nodiscard]] bool Write(const QJsonObject& line, const QDeadlineTimer& deadline);
     [[nodiscard]] std::optional<QJsonObject> Read(const QDeadlineTimer& deadline);
 
     int m_socket = -1;

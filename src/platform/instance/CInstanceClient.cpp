@@ -63,37 +63,38 @@ bool CInstanceClient::FindWindow(const QString& home, const QString& title, int 
     const QDeadlineTimer deadline(timeoutMs);
     m_socket = ConnectTo(InstanceProtocol::AddressOf(home), deadline);
     if (m_socket < 0) return false;
-    if (InstanceProtocol::IsSameUser(m_socket) && Write({{QStringLiteral("find"), title}}, deadline)) {
+    if (InstanceProtocol::IsSameUser(m_socket) && Write({{InstanceProtocol::kFind, title}}, deadline)) {
         const auto answer = Read(deadline);
-        if (answer && answer->value(QStringLiteral("found")).toBool()) return true;
+        if (answer && answer->value(InstanceProtocol::kFound).toBool()) return true;
     }
     Close();
     return false;
 }
 
-bool CInstanceClient::Post(int command, const QJsonObject& arguments) {
+bool CInstanceClient::Post(const InstanceMessage& message) {
     const QDeadlineTimer deadline(kReceiptMs);
-    const QJsonObject message{{QStringLiteral("post"), command}, {QStringLiteral("arguments"), arguments}};
-    if (!Write(message, deadline)) return false;
+    const QJsonObject line{{InstanceProtocol::kPost, static_cast<int>(message.command)},
+                           {InstanceProtocol::kArguments, message.arguments}};
+    if (!Write(line, deadline)) return false;
     while (m_socket >= 0) {
         const auto answer = Read(deadline);
-        if (answer && answer->contains(QStringLiteral("received"))) return true;
+        if (answer && answer->contains(InstanceProtocol::kReceived)) return true;
         // No receipt, but the connection stands: the command lies in the window's queue, which is busy.
         if (!answer && m_socket >= 0) return true;
     }
     return false;
 }
 
-std::optional<QJsonObject> CInstanceClient::Send(int command, const QJsonObject& arguments, int timeoutMs) {
+std::optional<InstanceReply> CInstanceClient::Send(const InstanceMessage& message, int timeoutMs) {
     const QDeadlineTimer deadline(timeoutMs);
     ++m_lastId;
-    const QJsonObject message{{QStringLiteral("send"), command},
-                              {QStringLiteral("id"), m_lastId},
-                              {QStringLiteral("arguments"), arguments}};
-    if (!Write(message, deadline)) return std::nullopt;
+    const QJsonObject line{{InstanceProtocol::kSend, static_cast<int>(message.command)},
+                           {InstanceProtocol::kId, m_lastId},
+                           {InstanceProtocol::kArguments, message.arguments}};
+    if (!Write(line, deadline)) return std::nullopt;
     while (const auto answer = Read(deadline)) {
-        if (answer->value(QStringLiteral("id")).toInt() != m_lastId) continue;
-        return answer->value(QStringLiteral("answer")).toObject();
+        if (answer->value(InstanceProtocol::kId).toInt() != m_lastId) continue;
+        return InstanceReply::FromJson(answer->value(InstanceProtocol::kAnswer).toObject());
     }
     // Hanging up tells the window to drop the command if it hasn't begun with it.
     Close();
@@ -101,10 +102,10 @@ std::optional<QJsonObject> CInstanceClient::Send(int command, const QJsonObject&
 }
 
 /// False when the message is too long, or the window is gone or doesn't read in time.
-bool CInstanceClient::Write(const QJsonObject& message, const QDeadlineTimer& deadline) {
-    const QByteArray line = InstanceProtocol::ToLine(message);
-    if (m_socket < 0 || line.size() > InstanceProtocol::kMaxLine) return false;
-    QByteArrayView rest(line);
+bool CInstanceClient::Write(const QJsonObject& line, const QDeadlineTimer& deadline) {
+    const QByteArray bytes = InstanceProtocol::ToLine(line);
+    if (m_socket < 0 || bytes.size() > InstanceProtocol::kMaxLine) return false;
+    QByteArrayView rest(bytes);
     while (!rest.isEmpty()) {
         const ssize_t sent =
             ::send(m_socket, rest.data(), static_cast<std::size_t>(rest.size()), MSG_NOSIGNAL | MSG_DONTWAIT);

@@ -62,8 +62,7 @@ class CInstanceServer::Worker final : public QObject, public std::enable_shared_
     using ClientPtr = std::shared_ptr<Client>;
     struct Job {
         ClientPtr client;
-        int command = 0;
-        QJsonObject arguments;
+        InstanceMessage message;
         std::optional<int> id;  ///< nothing for a posted command
     };
 
@@ -181,18 +180,20 @@ void CInstanceServer::Worker::TakeLines(const ClientPtr& client) {
 
 /// False when the message is none of ours.
 bool CInstanceServer::Worker::Understand(const ClientPtr& client, const QJsonObject& message) {
-    const QJsonObject arguments = message.value(QStringLiteral("arguments")).toObject();
-    if (const QJsonValue title = message.value(QStringLiteral("find")); title.isString()) {
-        Reply(client, {{QStringLiteral("found"), title.toString() == m_title}});
+    const QJsonObject arguments = message.value(InstanceProtocol::kArguments).toObject();
+    if (const QJsonValue title = message.value(InstanceProtocol::kFind); title.isString()) {
+        Reply(client, {{InstanceProtocol::kFound, title.toString() == m_title}});
         return true;
     }
-    if (const QJsonValue command = message.value(QStringLiteral("post")); command.isDouble()) {
-        Queue({client, command.toInt(), arguments, std::nullopt});
-        Reply(client, {{QStringLiteral("received"), true}});
+    if (const QJsonValue command = message.value(InstanceProtocol::kPost); command.isDouble()) {
+        Queue({client, {static_cast<InstanceCommand>(command.toInt()), arguments}, std::nullopt});
+        Reply(client, {{InstanceProtocol::kReceived, true}});
         return true;
     }
-    if (const QJsonValue command = message.value(QStringLiteral("send")); command.isDouble()) {
-        Queue({client, command.toInt(), arguments, message.value(QStringLiteral("id")).toInt()});
+    if (const QJsonValue command = message.value(InstanceProtocol::kSend); command.isDouble()) {
+        Queue({client,
+               {static_cast<InstanceCommand>(command.toInt()), arguments},
+               message.value(InstanceProtocol::kId).toInt()});
         return true;
     }
     return false;
@@ -212,10 +213,10 @@ void CInstanceServer::Worker::RunNext() {
     const Job job = std::move(m_jobs.front());
     m_jobs.pop_front();
     if (IsWanted(job)) {
-        const QJsonObject answer = m_handler(job.command, job.arguments);
-        if (job.id) {
-            Reply(job.client, {{QStringLiteral("id"), *job.id}, {QStringLiteral("answer"), answer}});
-        }
+        const InstanceReply reply = m_handler(job.message);
+        if (job.id)
+            Reply(job.client,
+                  {{InstanceProtocol::kId, *job.id}, {InstanceProtocol::kAnswer, reply.ToJson()}});
     }
     m_isRunning = false;
     if (m_listener < 0) {

@@ -14,6 +14,15 @@
 ///   {"send": COMMAND, "id": N, "arguments": {...}}   answered by {"id": N, "answer": {...}} afterwards
 namespace InstanceProtocol {
 
+inline constexpr QLatin1String kFind("find");
+inline constexpr QLatin1String kFound("found");
+inline constexpr QLatin1String kPost("post");
+inline constexpr QLatin1String kReceived("received");
+inline constexpr QLatin1String kSend("send");
+inline constexpr QLatin1String kId("id");
+inline constexpr QLatin1String kArguments("arguments");
+inline constexpr QLatin1String kAnswer("answer");
+
 /// A longer line from a client ends the conversation.
 inline constexpr qsizetype kMaxLine = 1 << 20;
 

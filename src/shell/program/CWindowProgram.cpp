@@ -64,7 +64,7 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& context, const 
 /// Another window of this home is there: it comes forward, and this process ends.
 int RaiseOther(const QString& home) {
     CInstanceClient other;
-    if (other.FindWindow(home, LoadText(Text::ProgramTitle)) && !other.Post(InstanceCommand::kRaise))
+    if (other.FindWindow(home, LoadText(Text::ProgramTitle)) && !other.Post({InstanceCommand::Raise}))
         return kDone;  // it is just ending
     return kDone;
 }
@@ -139,8 +139,8 @@ int CWindowProgram::RunVerb(const QStringList& arguments) const {
     const QString home = named.isEmpty() ? ReadInstallLocation().directory : QDir(named).canonicalPath();
     CInstanceClient other;
     if (home.isEmpty() || !other.FindWindow(home, LoadText(Text::ProgramTitle))) return kDone;
-    const bool isHeard = verb == Verb::Shutdown ? other.Send(InstanceCommand::kExit).has_value()
-                                                : other.Post(InstanceCommand::kSyncEnd);
+    const bool isHeard = verb == Verb::Shutdown ? other.Send({InstanceCommand::Exit}).has_value()
+                                                : other.Post({InstanceCommand::SyncEnd});
     return isHeard ? kDone : kFailed;
 }
 

@@ -1,27 +1,19 @@
 #include "viewmodel/program/CInstanceHost.h"
 
 #include "app/CVelmarchDoc.h"
+#include "app/OutsideChange.h"
 #include "config/CCfgStore.h"
-#include "entry/DefaultsCommand.h"
+#include "entry/SettingsRequest.h"
 #include "lang/LoadText.h"
 #include "timers/CRecordTimers.h"
 #include "timers/TimerCommand.h"
 
-#include <QJsonArray>
-
-using namespace Qt::Literals::StringLiterals;
-
 namespace {
 
 constexpr int kGatherMs = 60;
-constexpr int kExitOwned = 3;  ///< the window owns what was asked for and can't do it now
 
-QJsonObject Done() {
-    return {{u"ok"_s, true}};
-}
-
-QJsonObject Refused(Text why) {
-    return {{u"ok"_s, false}, {u"exit"_s, kExitOwned}, {u"error"_s, LoadText(why)}};
+InstanceReply Refused(Text why) {
+    return InstanceReply::Refused(ReplyReason::WindowOwns, LoadText(why));
 }
 
 }  // namespace
@@ -34,37 +26,33 @@ CInstanceHost::CInstanceHost(Context context, QObject* parent)
 }
 
 bool CInstanceHost::Listen(const QString& home, const QString& title) {
-    return m_server.Listen(home, title, [this](int command, const QJsonObject& arguments) {
-        return Handle(command, arguments);
-    });
+    return m_server.Listen(home, title, [this](const InstanceMessage& message) { return Handle(message); });
 }
 
-QJsonObject CInstanceHost::Handle(int command, const QJsonObject& arguments) {
-    switch (command) {
-        case InstanceCommand::kSyncEnd:
-            if (m_context.settings.refreshOnSyncEnd) NoteChange(arguments);
-            return Done();
-        case InstanceCommand::kRaise:
+InstanceReply CInstanceHost::Handle(const InstanceMessage& message) {
+    switch (message.command) {
+        case InstanceCommand::SyncEnd:
+            if (m_context.settings.refreshOnSyncEnd) NoteChange(OutsideChange::FromJson(message.arguments));
+            return InstanceReply::Done();
+        case InstanceCommand::Raise:
             m_context.raise();
-            return Done();
-        case InstanceCommand::kExit:
+            return InstanceReply::Done();
+        case InstanceCommand::Exit:
             return Leave();
-        case InstanceCommand::kTimer:
-            return RunTimer(arguments);
-        case InstanceCommand::kSetting:
-            return RunSetting(arguments);
-        default:
-            return Refused(Text::UnknownInstanceCommand);
+        case InstanceCommand::Timer:
+            return RunTimer(message.arguments);
+        case InstanceCommand::Setting:
+            return RunSetting(message.arguments);
     }
+    return Refused(Text::UnknownInstanceCommand);
 }
 
-/// Without identities anything may have changed; with "lists" the pick lists have.
-void CInstanceHost::NoteChange(const QJsonObject& arguments) {
-    const QJsonArray ids = arguments.value(u"ids"_s).toArray();
-    const bool ofTime = arguments.value(u"kind"_s).toString(u"time"_s) == u"time"_s;
-    if (ids.isEmpty()) m_allChanged = true;
-    if (arguments.value(u"lists"_s).toBool()) m_listsChanged = true;
-    for (const auto& id : ids) (ofTime ? m_changedTimes : m_changedExpenses).append(id.toString());
+void CInstanceHost::NoteChange(const OutsideChange& change) {
+    if (change.hasLists) m_listsChanged = true;
+    if (change.NamesRecords())
+        (*change.kind == RecordKind::Time ? m_changedTimes : m_changedExpenses).append(change.ids);
+    else
+        m_allChanged = true;
     if (!m_delay.isActive()) m_delay.start();
 }
 
@@ -83,30 +71,27 @@ void CInstanceHost::ShowChanges() {
         m_context.refreshLists();
 }
 
-QJsonObject CInstanceHost::RunTimer(const QJsonObject& arguments) {
+InstanceReply CInstanceHost::RunTimer(const QJsonObject& arguments) {
     if (m_context.isBusy()) return Refused(Text::WindowIsBusy);
     // A record that the console added a moment ago is known before its timer is started.
     if (m_delay.isActive()) {
         m_delay.stop();
         ShowChanges();
     }
-    return RunTimerCommand(arguments, m_context.timers, m_context.document);
+    return RunTimerMessage(arguments, m_context.timers, m_context.document);
 }
 
-QJsonObject CInstanceHost::RunSetting(const QJsonObject& arguments) {
-    QJsonObject answer = RunSettingsRequest(arguments, m_context.settings, m_context.document.Clock());
-    if (answer.value(u"ok"_s).toBool()) {
-        m_allChanged = true;
-        if (!m_delay.isActive()) m_delay.start();
-    }
-    return answer;
+InstanceReply CInstanceHost::RunSetting(const QJsonObject& arguments) {
+    const InstanceReply reply = RunSettingsMessage(arguments, m_context.settings, m_context.document.Clock());
+    if (reply) NoteChange({});  // anything may look different now
+    return reply;
 }
 
 /// A dialog in which the user is entering something isn't thrown away: the window comes forward instead.
-QJsonObject CInstanceHost::Leave() {
+InstanceReply CInstanceHost::Leave() {
     m_context.raise();
     if (m_context.hasDialog()) return Refused(Text::DialogIsOpen);
     QMetaObject::invokeMethod(
         this, [this] { m_context.leave(); }, Qt::QueuedConnection);
-    return Done();
+    return InstanceReply::Done();
 }

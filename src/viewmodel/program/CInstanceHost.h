@@ -2,7 +2,6 @@
 
 #include "platform/instance/CInstanceChannel.h"
 
-#include <QJsonObject>
 #include <QObject>
 #include <QStringList>
 #include <QTimer>
@@ -11,6 +10,7 @@
 class CCfgStore;
 class CRecordTimers;
 class CVelmarchDoc;
+struct OutsideChange;
 
 /// What the running window does for other processes of its home: it comes forward, leaves, shows what changed
 /// outside, and carries out commands on what it owns, timers and settings.
@@ -35,14 +35,14 @@ class CInstanceHost final : public QObject {
     [[nodiscard]] const QString& Error() const { return m_server.Error(); }
 
     /// One command; the answer for a sender that waits.
-    QJsonObject Handle(int command, const QJsonObject& arguments);
+    InstanceReply Handle(const InstanceMessage& message);
 
  private:
-    void NoteChange(const QJsonObject& arguments);
+    void NoteChange(const OutsideChange& change);
     void ShowChanges();
-    [[nodiscard]] QJsonObject RunTimer(const QJsonObject& arguments);
-    [[nodiscard]] QJsonObject RunSetting(const QJsonObject& arguments);
-    [[nodiscard]] QJsonObject Leave();
+    [[nodiscard]] InstanceReply RunTimer(const QJsonObject& arguments);
+    [[nodiscard]] InstanceReply RunSetting(const QJsonObject& arguments);
+    [[nodiscard]] InstanceReply Leave();
 
     Context m_context;
     CInstanceServer m_server;

@@ -1,5 +1,5 @@
-#include "cli/home/ConsoleHome.h"
 #include "app/CVelmarchApp.h"
+#include "cli/home/ConsoleHome.h"
 #include "lang/LoadText.h"
 #include "platform/instance/CInstance.h"
 #include "platform/instance/CInstanceChannel.h"
@@ -43,11 +43,11 @@ class TestBesideWindow : public QObject {
 
  private:
     struct Heard {
-        int command = 0;
+        InstanceCommand command;
         QJsonObject arguments;
     };
     void Listen(const QString& home);
-    [[nodiscard]] QJsonObject Only(int command) const;
+    [[nodiscard]] QJsonObject Only(InstanceCommand command) const;
     std::unique_ptr<ConsoleHome> m_home;
     std::unique_ptr<CInstance> m_mutex;
     std::unique_ptr<CInstanceServer> m_server;
@@ -75,15 +75,15 @@ void TestBesideWindow::cleanup() {
 void TestBesideWindow::Listen(const QString& home) {
     QCOMPARE(m_mutex->Take(QString::fromLatin1(CVelmarchApp::kMutexName), home), CInstance::Outcome::Taken);
     QVERIFY2(m_server->Listen(home, LoadText(Text::ProgramTitle),
-                              [this](int command, const QJsonObject& arguments) {
-                                  m_heard.append({command, arguments});
-                                  return m_answer;
+                              [this](const InstanceMessage& message) {
+                                  m_heard.append({message.command, message.arguments});
+                                  return InstanceReply::FromJson(m_answer);
                               }),
              qPrintable(m_server->Error()));
 }
 
 /// The arguments of the one command of its kind that was heard.
-QJsonObject TestBesideWindow::Only(int command) const {
+QJsonObject TestBesideWindow::Only(InstanceCommand command) const {
     QList<QJsonObject> found;
     for (const Heard& heard : m_heard)
         if (heard.command == command) found.append(heard.arguments);
@@ -114,7 +114,7 @@ void TestBesideWindow::ChangesAreTold() {
     const Reply reply = m_home->RunJson(QStringList(u"--yes"_s) + command);
     QCOMPARE(reply.exit, 0);
     QTRY_VERIFY(!m_heard.isEmpty());
-    const QJsonObject told = Only(InstanceCommand::kSyncEnd);
+    const QJsonObject told = Only(InstanceCommand::SyncEnd);
     QCOMPARE(told[u"kind"].toString(), command[0]);
     const bool isOwn = command.contains(id) && command[1] != u"copy";
     const QString changed = isOwn                    ? id
@@ -130,7 +130,7 @@ void TestBesideWindow::NewListItemsAreToldWithTheRecord() {
         m_heard.clear();
         QCOMPARE(m_home->Run({u"time"_s, u"add"_s, u"--item1"_s, u"Alpha"_s}).exit, 0);
         QTRY_VERIFY(!m_heard.isEmpty());
-        const QJsonObject told = Only(InstanceCommand::kSyncEnd);
+        const QJsonObject told = Only(InstanceCommand::SyncEnd);
         QCOMPARE(told[u"ids"].toArray().size(), 1);
         QCOMPARE(told[u"lists"].toBool(), isNew);
     }
@@ -154,7 +154,7 @@ void TestBesideWindow::ChangesOfListsAreTold() {
     Listen(m_home->Path());
     QCOMPARE(m_home->Run(QStringList(u"--yes"_s) + command).exit, 0);
     QTRY_VERIFY(!m_heard.isEmpty());
-    QCOMPARE(Only(InstanceCommand::kSyncEnd), QJsonObject());
+    QCOMPARE(Only(InstanceCommand::SyncEnd), QJsonObject());
     QCOMPARE(m_heard.size(), 1);
     cleanup();
     const QJsonArray columns = m_home->RunJson({u"columns"_s, u"list"_s, u"time"_s}).Array();
@@ -173,7 +173,7 @@ void TestBesideWindow::ManyChangesAreToldWithoutIdentities() {
         m_home->RunJson(QStringList{u"--yes"_s, u"time"_s, u"mark"_s, u"--as"_s, u"not-exported"_s} + ids);
     QCOMPARE(reply.Object()[u"changed"].toInt(), ids.size());
     QTRY_VERIFY(!m_heard.isEmpty());
-    QVERIFY(!Only(InstanceCommand::kSyncEnd).contains(u"ids"_s));
+    QVERIFY(!Only(InstanceCommand::SyncEnd).contains(u"ids"_s));
 }
 
 void TestBesideWindow::ReadingTellsNothing() {
@@ -195,11 +195,11 @@ void TestBesideWindow::TimersAreCarriedOutByTheWindow() {
     const Reply reply = m_home->RunJson({u"timer"_s, u"start"_s, id});
     QCOMPARE(reply.exit, 0);
     QCOMPARE(reply.out, "[{\"id\": \"" + id.toLatin1() + "\", \"state\": \"running\", \"seconds\": 4711}]\n");
-    QCOMPARE(Only(InstanceCommand::kTimer), (QJsonObject{{u"action"_s, u"start"_s}, {u"id"_s, id}}));
+    QCOMPARE(Only(InstanceCommand::Timer), (QJsonObject{{u"action"_s, u"start"_s}, {u"id"_s, id}}));
     for (const QString& action : {u"stop-all"_s, u"pause-all"_s, u"status"_s}) {
         m_heard.clear();
         QCOMPARE(m_home->RunJson({u"timer"_s, action}).exit, 0);
-        QCOMPARE(Only(InstanceCommand::kTimer), (QJsonObject{{u"action"_s, action}}));
+        QCOMPARE(Only(InstanceCommand::Timer), (QJsonObject{{u"action"_s, action}}));
     }
     // Nothing of it was done here.
     cleanup();
@@ -228,10 +228,10 @@ void TestBesideWindow::ARefusalOfTheWindowIsHandedOn() {
 void TestBesideWindow::SettingsAreChangedByTheWindow() {
     Listen(m_home->Path());
     QCOMPARE(m_home->Run({u"settings"_s, u"set"_s, u"confirmCopy"_s, u"0"_s}).exit, 0);
-    QCOMPARE(Only(InstanceCommand::kSetting), (QJsonObject{{u"name"_s, u"confirmCopy"_s}, {u"value"_s, 0}}));
+    QCOMPARE(Only(InstanceCommand::Setting), (QJsonObject{{u"name"_s, u"confirmCopy"_s}, {u"value"_s, 0}}));
     m_heard.clear();
     QCOMPARE(m_home->Run({u"settings"_s, u"reset"_s}).exit, 0);
-    QCOMPARE(Only(InstanceCommand::kSetting), (QJsonObject{{u"reset"_s, true}}));
+    QCOMPARE(Only(InstanceCommand::Setting), (QJsonObject{{u"reset"_s, true}}));
     cleanup();
     QCOMPARE(m_home->RunJson({u"settings"_s, u"get"_s, u"confirmCopy"_s}).Object()[u"value"].toInt(), 1);
 }
@@ -243,12 +243,11 @@ void TestBesideWindow::ColumnsAreChangedByTheWindow() {
                         u"--breaks"_s, u"1,2"_s})
                  .exit,
              0);
-    QCOMPARE(Only(InstanceCommand::kSetting),
-             FromText(u"{'columns': 'list', 'half': 'time', 'shown': [4, 0], "
-                      "'widths': {'0': 99}, 'breaks': [1, 2]}"_s));
+    QCOMPARE(Only(InstanceCommand::Setting), FromText(u"{'columns': 'list', 'half': 'time', 'shown': [4, 0], "
+                                                      "'widths': {'0': 99}, 'breaks': [1, 2]}"_s));
     m_heard.clear();
     QCOMPARE(m_home->Run({u"columns"_s, u"reset"_s, u"expense"_s, u"--tree"_s}).exit, 0);
-    QCOMPARE(Only(InstanceCommand::kSetting),
+    QCOMPARE(Only(InstanceCommand::Setting),
              FromText(u"{'columns': 'tree', 'half': 'expense', 'reset': true}"_s));
     cleanup();
     const QJsonArray columns = m_home->RunJson({u"columns"_s, u"list"_s, u"time"_s}).Array();
@@ -259,7 +258,7 @@ void TestBesideWindow::DefaultsAreChangedByTheWindow() {
     QCOMPARE(m_home->Run({u"defaults"_s, u"save"_s, u"Mine"_s}).exit, 0);
     Listen(m_home->Path());
     const auto only = [this] {
-        return ::Only(Only(InstanceCommand::kSetting), {u"defaults"_s, u"action"_s, u"name"_s});
+        return ::Only(Only(InstanceCommand::Setting), {u"defaults"_s, u"action"_s, u"name"_s});
     };
     QCOMPARE(m_home->Run({u"defaults"_s, u"save"_s, u"Other"_s, u"--mode"_s, u"expense"_s}).exit, 0);
     QCOMPARE(only(), FromText(u"{'defaults': 'expense', 'action': 'write', 'name': 'Other'}"_s));
@@ -276,7 +275,7 @@ void TestBesideWindow::DefaultsAreChangedByTheWindow() {
 void TestBesideWindow::TheLastReadingIsNotedByTheWindow() {
     Listen(m_home->Path());
     QCOMPARE(m_home->Run({u"expense"_s, u"add"_s, u"--odometer-end"_s, u"1120.5"_s}).exit, 0);
-    QCOMPARE(Only(InstanceCommand::kSetting), FromText(u"{'name': 'odometerLastEnd', 'value': 1120}"_s));
+    QCOMPARE(Only(InstanceCommand::Setting), FromText(u"{'name': 'odometerLastEnd', 'value': 1120}"_s));
 }
 
 void TestBesideWindow::ANewTimerIsStartedByTheWindow() {
@@ -284,9 +283,9 @@ void TestBesideWindow::ANewTimerIsStartedByTheWindow() {
     const Reply reply = m_home->RunJson({u"time"_s, u"new"_s, u"--timestamp"_s, u"--timer"_s});
     QCOMPARE(reply.exit, 0);
     const QString id = reply.Object()[u"id"].toString();
-    QCOMPARE(Only(InstanceCommand::kTimer),
+    QCOMPARE(Only(InstanceCommand::Timer),
              (QJsonObject{{u"action"_s, u"start"_s}, {u"id"_s, id}, {u"fromZero"_s, true}}));
-    QVERIFY2(m_heard.first().command == InstanceCommand::kSyncEnd, "the window must know the record first");
+    QVERIFY2(m_heard.first().command == InstanceCommand::SyncEnd, "the window must know the record first");
 }
 
 void TestBesideWindow::DeleteLetsTheWindowDropTheTimer() {
@@ -294,8 +293,8 @@ void TestBesideWindow::DeleteLetsTheWindowDropTheTimer() {
     m_home->Run({u"timer"_s, u"start"_s, id});
     Listen(m_home->Path());
     QCOMPARE(m_home->Run({u"--yes"_s, u"time"_s, u"delete"_s, id}).exit, 0);
-    QCOMPARE(Only(InstanceCommand::kTimer), (QJsonObject{{u"action"_s, u"drop"_s}, {u"id"_s, id}}));
-    QCOMPARE(Only(InstanceCommand::kSyncEnd)[u"ids"].toArray(), QJsonArray{id});
+    QCOMPARE(Only(InstanceCommand::Timer), (QJsonObject{{u"action"_s, u"drop"_s}, {u"id"_s, id}}));
+    QCOMPARE(Only(InstanceCommand::SyncEnd)[u"ids"].toArray(), QJsonArray{id});
 }
 
 void TestBesideWindow::AMuteWindow_data() {
@@ -340,9 +339,9 @@ void TestBesideWindow::AWindowThatIsStillStarting() {
              CInstance::Outcome::Taken);
     QTimer::singleShot(700, this, [this] {
         QVERIFY(m_server->Listen(m_home->Path(), LoadText(Text::ProgramTitle),
-                                 [this](int command, const QJsonObject& a) {
-                                     m_heard.append({command, a});
-                                     return m_answer;
+                                 [this](const InstanceMessage& message) {
+                                     m_heard.append({message.command, message.arguments});
+                                     return InstanceReply::FromJson(m_answer);
                                  }));
     });
     QCOMPARE(m_home->RunJson({u"timer"_s, u"start"_s, id}).exit, 0);

@@ -38,6 +38,14 @@ auto Context(Work work) {
     return result;
 }
 
+InstanceMessage Message(int command, const QJsonObject& arguments = {}) {
+    return {static_cast<InstanceCommand>(command), arguments};
+}
+
+int Number(const InstanceMessage& message) {
+    return static_cast<int>(message.command);
+}
+
 /// Lets the loop turn for a while, as a box on the screen does.
 void TurnLoop(int milliseconds) {
     QEventLoop loop;
@@ -118,16 +126,17 @@ class TestCInstanceChannel : public QObject {
     [[nodiscard]] QString Home() const { return m_folder->path(); }
     /// A window that counts and answers by {"command": N, "arguments": {...}}.
     [[nodiscard]] bool Open() {
-        return m_server.Listen(Home(), kTitle, [this](int command, const QJsonObject& arguments) {
-            m_commands.push_back(command);
-            return QJsonObject{{u"command"_qs, command}, {u"arguments"_qs, arguments}};
+        return m_server.Listen(Home(), kTitle, [this](const InstanceMessage& message) {
+            m_commands.push_back(Number(message));
+            return InstanceReply::Done(
+                {{u"command"_qs, Number(message)}, {u"arguments"_qs, message.arguments}});
         });
     }
     /// Whether an ordinary caller is served.
     [[nodiscard]] bool IsServed() const {
         return Context([&] {
             CInstanceClient client;
-            return client.FindWindow(Home(), kTitle) && client.Send(1, {}, 2000).has_value();
+            return client.FindWindow(Home(), kTitle) && client.Send(Message(1), 2000).has_value();
         });
     }
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -184,11 +193,11 @@ void TestCInstanceChannel::post() {
     QVERIFY(Open());
     QVERIFY(Context([&] {
         CInstanceClient client;
-        return client.FindWindow(Home(), kTitle) && client.Post(1045) && client.Post(2, {{u"a"_qs, 1}}) &&
-               client.Post(3);
+        return client.FindWindow(Home(), kTitle) && client.Post(Message(1045)) &&
+               client.Post(Message(2, {{u"a"_qs, 1}})) && client.Post(Message(3));
     }));
     QTRY_COMPARE(m_commands, (std::vector<int>{1045, 2, 3}));
-    QVERIFY(!CInstanceClient().Post(1045));  // to nobody
+    QVERIFY(!CInstanceClient().Post(Message(1045)));  // to nobody
 }
 
 void TestCInstanceChannel::postThenExit() {
@@ -196,7 +205,7 @@ void TestCInstanceChannel::postThenExit() {
     const pid_t child = ::fork();
     if (child == 0) {
         CInstanceClient client;
-        ::_exit(client.FindWindow(Home(), kTitle, 10'000) && client.Post(1045) ? 0 : 1);
+        ::_exit(client.FindWindow(Home(), kTitle, 10'000) && client.Post(Message(1045)) ? 0 : 1);
     }
     QTRY_COMPARE(m_commands, std::vector<int>{1045});
     int status = 0;
@@ -206,14 +215,15 @@ void TestCInstanceChannel::postThenExit() {
 
 void TestCInstanceChannel::postToABusyWindow() {
     std::atomic<int> handled = 0;
-    QVERIFY(m_server.Listen(Home(), kTitle, [&](int command, const QJsonObject&) {
-        if (command == 1) TurnLoop(700);
+    QVERIFY(m_server.Listen(Home(), kTitle, [&](const InstanceMessage& message) {
+        if (Number(message) == 1) TurnLoop(700);
         ++handled;
-        return QJsonObject();
+        return InstanceReply::Done();
     }));
     QVERIFY(Context([&] {
         CInstanceClient client;
-        return client.FindWindow(Home(), kTitle) && client.Post(1) && client.Post(1045) && handled == 0;
+        return client.FindWindow(Home(), kTitle) && client.Post(Message(1)) && client.Post(Message(1045)) &&
+               handled == 0;
     }));
     QTRY_COMPARE(handled.load(), 2);
 }
@@ -232,51 +242,52 @@ void TestCInstanceChannel::send() {
     QVERIFY(Open());
     const auto answers = Context([&] {
         CInstanceClient client;
-        std::vector<std::optional<QJsonObject>> got;
+        std::vector<std::optional<InstanceReply>> got;
         if (!client.FindWindow(Home(), kTitle)) return got;
-        for (const int command : {57665, 3}) got.push_back(client.Send(command, arguments));
+        for (const int command : {57665, 3}) got.push_back(client.Send(Message(command, arguments)));
         return got;
     });
     QCOMPARE(answers.size(), std::size_t{2});
     const QJsonObject second{{u"command"_qs, 3}, {u"arguments"_qs, arguments}};
-    QVERIFY(answers[0].has_value());
-    QCOMPARE(answers[0]->value(u"command"_qs).toInt(), 57665);
-    QCOMPARE(answers[1], std::optional(second));
+    QVERIFY(answers[0] && answers[1]);
+    QCOMPARE(answers[0]->payload.value(u"command"_qs).toInt(), 57665);
+    QCOMPARE(answers[1]->payload, second);
 }
 
 void TestCInstanceChannel::sendInVain() {
-    QVERIFY(m_server.Listen(Home(), kTitle, [&](int command, const QJsonObject&) {
-        if (command == 1) TurnLoop(800);
-        return QJsonObject{{u"command"_qs, command}};
+    QVERIFY(m_server.Listen(Home(), kTitle, [&](const InstanceMessage& message) {
+        if (Number(message) == 1) TurnLoop(800);
+        return InstanceReply::Done({{u"command"_qs, Number(message)}});
     }));
     QVERIFY(Context([&] {
         CInstanceClient client;
         if (!client.FindWindow(Home(), kTitle)) return false;
         QElapsedTimer timer;
         timer.start();
-        if (client.Send(1, {}, 200) || timer.elapsed() > 600) return false;
-        if (client.Send(2) || client.Post(2)) return false;  // the connection is gone
-        const auto answer = client.FindWindow(Home(), kTitle) ? client.Send(2) : std::nullopt;
-        return answer && answer->value(u"command"_qs).toInt() == 2;  // not the late answer to the first
+        if (client.Send(Message(1), 200) || timer.elapsed() > 600) return false;
+        if (client.Send(Message(2)) || client.Post(Message(2))) return false;  // the connection is gone
+        const auto answer = client.FindWindow(Home(), kTitle) ? client.Send(Message(2)) : std::nullopt;
+        return answer &&
+               answer->payload.value(u"command"_qs).toInt() == 2;  // not the late answer to the first
     }));
     const QJsonObject huge{{u"a"_qs, QString(2'000'000, u'x')}};
     QVERIFY(!Context([&] {
         CInstanceClient client;
-        return client.FindWindow(Home(), kTitle) && client.Send(2, huge);
+        return client.FindWindow(Home(), kTitle) && client.Send(Message(2, huge));
     }));
 }
 
 void TestCInstanceChannel::sendGivenUpIsNotBegun() {
-    QVERIFY(m_server.Listen(Home(), kTitle, [&](int command, const QJsonObject&) {
-        if (command == 1) TurnLoop(600);
-        m_commands.push_back(command);
-        return QJsonObject();
+    QVERIFY(m_server.Listen(Home(), kTitle, [&](const InstanceMessage& message) {
+        if (Number(message) == 1) TurnLoop(600);
+        m_commands.push_back(Number(message));
+        return InstanceReply::Done();
     }));
     QVERIFY(Context([&] {
         CInstanceClient first;
         CInstanceClient second;
         if (!first.FindWindow(Home(), kTitle) || !second.FindWindow(Home(), kTitle)) return false;
-        return first.Post(1) && !second.Send(2, {}, 100) && first.Post(3);
+        return first.Post(Message(1)) && !second.Send(Message(2), 100) && first.Post(Message(3));
     }));
     QTRY_COMPARE(m_commands, (std::vector<int>{1, 3}));
     QTest::qWait(50);
@@ -287,18 +298,18 @@ void TestCInstanceChannel::commandsComeOneAfterAnother() {
     int depth = 0;
     int deepest = 0;
     int handled = 0;
-    QVERIFY(m_server.Listen(Home(), kTitle, [&](int, const QJsonObject&) {
+    QVERIFY(m_server.Listen(Home(), kTitle, [&](const InstanceMessage&) {
         deepest = std::max(deepest, ++depth);
         TurnLoop(20);
         --depth;
         ++handled;
-        return QJsonObject();
+        return InstanceReply::Done();
     }));
     QVERIFY(Context([&] {
         CInstanceClient one;
         CInstanceClient two;
         bool good = one.FindWindow(Home(), kTitle) && two.FindWindow(Home(), kTitle);
-        for (int i = 0; i < 5; ++i) good = good && one.Post(1) && two.Post(2);
+        for (int i = 0; i < 5; ++i) good = good && one.Post(Message(1)) && two.Post(Message(2));
         return good;
     }));
     QTRY_COMPARE(handled, 10);
@@ -317,7 +328,8 @@ void TestCInstanceChannel::manyCallers() {
                 CInstanceClient client;
                 if (!client.FindWindow(Home(), kTitle, 10'000)) ++failures;
                 for (int n = 0; n < kCommands; ++n) {
-                    const bool good = n % 2 == 0 ? client.Post(n) : client.Send(n, {}, 10'000).has_value();
+                    const bool good =
+                        n % 2 == 0 ? client.Post(Message(n)) : client.Send(Message(n), 10'000).has_value();
                     if (!good) ++failures;
                 }
             });
@@ -376,9 +388,9 @@ void TestCInstanceChannel::callerThatNeverReads() {
 
 void TestCInstanceChannel::callerThatFloods() {
     int handled = 0;
-    QVERIFY(m_server.Listen(Home(), kTitle, [&](int, const QJsonObject&) {
+    QVERIFY(m_server.Listen(Home(), kTitle, [&](const InstanceMessage&) {
         ++handled;
-        return QJsonObject();
+        return InstanceReply::Done();
     }));
     constexpr int kCommands = 5000;
     Context([&] {
@@ -394,27 +406,27 @@ void TestCInstanceChannel::callerThatFloods() {
 void TestCInstanceChannel::listenTwice() {
     QVERIFY(Open());
     CInstanceServer second;
-    QVERIFY(!second.Listen(Home(), kTitle, [](int, const QJsonObject&) { return QJsonObject(); }));
+    QVERIFY(!second.Listen(Home(), kTitle, [](const InstanceMessage&) { return InstanceReply::Done(); }));
     QVERIFY(!second.Error().isEmpty());
     QVERIFY(IsServed());
     m_server.Close();
-    QVERIFY(second.Listen(Home(), kTitle, [](int, const QJsonObject&) { return QJsonObject(); }));
+    QVERIFY(second.Listen(Home(), kTitle, [](const InstanceMessage&) { return InstanceReply::Done(); }));
     QVERIFY(IsServed());
 }
 
 void TestCInstanceChannel::closeInAHandler() {
     auto server = std::make_unique<CInstanceServer>();
-    QVERIFY(server->Listen(Home(), kTitle, [&](int, const QJsonObject&) {
+    QVERIFY(server->Listen(Home(), kTitle, [&](const InstanceMessage&) {
         server.reset();
         TurnLoop(50);
-        return QJsonObject{{u"done"_qs, true}};
+        return InstanceReply::Done({{u"done"_qs, true}});
     }));
     const auto answer = Context([&] {
         CInstanceClient client;
-        return client.FindWindow(Home(), kTitle) ? client.Send(57665) : std::nullopt;
+        return client.FindWindow(Home(), kTitle) ? client.Send(Message(57665)) : std::nullopt;
     });
     QVERIFY(answer.has_value());
-    QVERIFY(answer->value(u"done"_qs).toBool());
+    QVERIFY(answer->payload.value(u"done"_qs).toBool());
     QVERIFY(!Context([&] { return CInstanceClient().FindWindow(Home(), kTitle); }));
     QTest::qWait(10);
 }
@@ -427,8 +439,8 @@ void TestCInstanceChannel::windowGone() {
     QTest::qWait(10);
     QElapsedTimer timer;
     timer.start();
-    QVERIFY(!client.Post(1045));  // and no signal ends this program
-    QVERIFY(!client.Send(57665));
+    QVERIFY(!client.Post(Message(1045)));  // and no signal ends this program
+    QVERIFY(!client.Send(Message(57665)));
     QVERIFY(timer.elapsed() < 1000);
 }
 

@@ -48,7 +48,7 @@ class TestCInstanceHost final : public QObject {
  private Q_SLOTS:
     void comesForward() {
         Fixture fixture;
-        QVERIFY(fixture.host.Handle(InstanceCommand::kRaise, {}).value(u"ok"_s).toBool());
+        QVERIFY(fixture.host.Handle({InstanceCommand::Raise}));
         QCOMPARE(fixture.raised, 1);
     }
 
@@ -56,7 +56,7 @@ class TestCInstanceHost final : public QObject {
     void showsAChange() {
         Fixture fixture;
         const QString added = fixture.AddOutside();
-        fixture.host.Handle(InstanceCommand::kSyncEnd, fixture.Changed({added}));
+        (void)fixture.host.Handle({InstanceCommand::SyncEnd, fixture.Changed({added})});
         QTRY_VERIFY(fixture.home.document->FindTime(added));
         QCOMPARE(fixture.refreshed, 0);
         QCOMPARE(fixture.home.views.seen.last().first, Hint::Added);
@@ -64,9 +64,9 @@ class TestCInstanceHost final : public QObject {
 
     void readsAllWithoutIdentities() {
         Fixture fixture;
-        fixture.host.Handle(InstanceCommand::kSyncEnd, {});
-        fixture.host.Handle(InstanceCommand::kSyncEnd, {});
-        fixture.host.Handle(InstanceCommand::kSyncEnd, {});
+        (void)fixture.host.Handle({InstanceCommand::SyncEnd});
+        (void)fixture.host.Handle({InstanceCommand::SyncEnd});
+        (void)fixture.host.Handle({InstanceCommand::SyncEnd});
         QTRY_COMPARE(fixture.refreshed, 1);
         QTest::qWait(150);
         QCOMPARE(fixture.refreshed, 1);
@@ -75,9 +75,9 @@ class TestCInstanceHost final : public QObject {
     /// While times are shown, a change of expenses is nothing to see.
     void changedExpensesBesideTimes() {
         Fixture fixture;
-        fixture.host.Handle(
-            InstanceCommand::kSyncEnd,
-            {{u"kind"_s, u"expense"_s}, {u"ids"_s, QJsonArray{u"0123456789ABCDEF0123456789ABCDEF"_s}}});
+        (void)fixture.host.Handle(
+            {InstanceCommand::SyncEnd,
+             {{u"kind"_s, u"expense"_s}, {u"ids"_s, QJsonArray{u"0123456789ABCDEF0123456789ABCDEF"_s}}}});
         QTest::qWait(150);
         QCOMPARE(fixture.refreshed, 0);
         QVERIFY(fixture.home.views.seen.isEmpty());
@@ -92,8 +92,8 @@ class TestCInstanceHost final : public QObject {
         CERecord lunch;
         QString id;
         QVERIFY(other.document->AddRecord(lunch, false, false, true, &id));
-        fixture.host.Handle(InstanceCommand::kSyncEnd,
-                            {{u"kind"_s, u"expense"_s}, {u"ids"_s, QJsonArray{id}}});
+        (void)fixture.host.Handle(
+            {InstanceCommand::SyncEnd, {{u"kind"_s, u"expense"_s}, {u"ids"_s, QJsonArray{id}}}});
         QTRY_VERIFY(fixture.home.document->FindExpense(id));
         QCOMPARE(fixture.refreshed, 0);
         QCOMPARE(fixture.home.views.seen.last().first, Hint::Added);
@@ -103,7 +103,7 @@ class TestCInstanceHost final : public QObject {
     void changesWhatTheSettingsHold() {
         Fixture fixture;
         const auto ask = [&](const QJsonObject& arguments) {
-            return fixture.host.Handle(InstanceCommand::kSetting, arguments).value(u"ok"_s).toBool();
+            return bool(fixture.host.Handle({InstanceCommand::Setting, arguments}));
         };
         QVERIFY(ask({{u"name"_s, u"confirmCopy"_s}, {u"value"_s, 0}}));
         QVERIFY(ask({{u"columns"_s, u"list"_s}, {u"half"_s, u"time"_s}, {u"shown"_s, QJsonArray{4, 0}}}));
@@ -124,7 +124,7 @@ class TestCInstanceHost final : public QObject {
     void notWhenItIsSwitchedOff() {
         Fixture fixture;
         fixture.home.settings->refreshOnSyncEnd = false;
-        fixture.host.Handle(InstanceCommand::kSyncEnd, {});
+        (void)fixture.host.Handle({InstanceCommand::SyncEnd});
         QTest::qWait(150);
         QCOMPARE(fixture.refreshed, 0);
     }
@@ -132,53 +132,54 @@ class TestCInstanceHost final : public QObject {
     void waitsWhileRecordsAreRead() {
         Fixture fixture;
         fixture.busy = true;
-        fixture.host.Handle(InstanceCommand::kSyncEnd, {});
+        (void)fixture.host.Handle({InstanceCommand::SyncEnd});
         QTest::qWait(200);
         QCOMPARE(fixture.refreshed, 0);
-        const QJsonObject answer = fixture.host.Handle(InstanceCommand::kTimer, {{u"action"_s, u"status"_s}});
-        QCOMPARE(answer.value(u"exit"_s).toInt(), 3);
+        const InstanceReply answer =
+            fixture.host.Handle({InstanceCommand::Timer, {{u"action"_s, u"status"_s}}});
+        QCOMPARE(answer.reason, ReplyReason::WindowOwns);
         fixture.busy = false;
         QTRY_COMPARE(fixture.refreshed, 1);
     }
 
     void runsATimerCommand() {
         Fixture fixture;
-        const QJsonObject answer =
-            fixture.host.Handle(InstanceCommand::kTimer, {{u"action"_s, u"start"_s}, {u"id"_s, fixture.id}});
-        QVERIFY(answer.value(u"ok"_s).toBool());
+        const InstanceReply answer =
+            fixture.host.Handle({InstanceCommand::Timer, {{u"action"_s, u"start"_s}, {u"id"_s, fixture.id}}});
+        QVERIFY(answer);
         QCOMPARE(fixture.set.StateOf(fixture.id), TimerState::Running);
-        const QJsonObject unknown = fixture.host.Handle(
-            InstanceCommand::kTimer,
-            {{u"action"_s, u"start"_s}, {u"id"_s, u"0123456789ABCDEF0123456789ABCDEF"_s}});
-        QCOMPARE(unknown.value(u"exit"_s).toInt(), 4);
+        const InstanceReply unknown = fixture.host.Handle(
+            {InstanceCommand::Timer,
+             {{u"action"_s, u"start"_s}, {u"id"_s, u"0123456789ABCDEF0123456789ABCDEF"_s}}});
+        QCOMPARE(unknown.reason, ReplyReason::NotFound);
     }
 
     /// Added outside a moment ago, its timer starts at once: the change is taken in first.
     void timerOfARecordJustAdded() {
         Fixture fixture;
         const QString added = fixture.AddOutside();
-        fixture.host.Handle(InstanceCommand::kSyncEnd, fixture.Changed({added}));
-        const QJsonObject answer =
-            fixture.host.Handle(InstanceCommand::kTimer, {{u"action"_s, u"start"_s}, {u"id"_s, added}});
-        QVERIFY(answer.value(u"ok"_s).toBool());
+        (void)fixture.host.Handle({InstanceCommand::SyncEnd, fixture.Changed({added})});
+        const InstanceReply answer =
+            fixture.host.Handle({InstanceCommand::Timer, {{u"action"_s, u"start"_s}, {u"id"_s, added}}});
+        QVERIFY(answer);
         QVERIFY(fixture.home.document->FindTime(added));
     }
 
     void changesASetting() {
         Fixture fixture;
-        const QJsonObject answer = fixture.host.Handle(
-            InstanceCommand::kSetting, {{u"name"_s, u"spanDisplayFormat"_s}, {u"value"_s, 1}});
-        QVERIFY(answer.value(u"ok"_s).toBool());
+        const InstanceReply answer = fixture.host.Handle(
+            {InstanceCommand::Setting, {{u"name"_s, u"spanDisplayFormat"_s}, {u"value"_s, 1}}});
+        QVERIFY(answer);
         QCOMPARE(fixture.home.settings->spanDisplayFormat, 1);
         QTRY_COMPARE(fixture.refreshed, 1);
-        const QJsonObject refused = fixture.host.Handle(
-            InstanceCommand::kSetting, {{u"name"_s, u"spanDisplayFormat"_s}, {u"value"_s, 7}});
-        QVERIFY(!refused.value(u"ok"_s).toBool());
+        const InstanceReply refused = fixture.host.Handle(
+            {InstanceCommand::Setting, {{u"name"_s, u"spanDisplayFormat"_s}, {u"value"_s, 7}}});
+        QVERIFY(!refused);
     }
 
     void leaves() {
         Fixture fixture;
-        QVERIFY(fixture.host.Handle(InstanceCommand::kExit, {}).value(u"ok"_s).toBool());
+        QVERIFY(fixture.host.Handle({InstanceCommand::Exit}));
         QCOMPARE(fixture.left, 0);  // the answer goes out first
         QTRY_COMPARE(fixture.left, 1);
         QCOMPARE(fixture.raised, 1);
@@ -187,16 +188,16 @@ class TestCInstanceHost final : public QObject {
     void doesNotLeaveADialogBehind() {
         Fixture fixture;
         fixture.dialog = true;
-        const QJsonObject answer = fixture.host.Handle(InstanceCommand::kExit, {});
-        QVERIFY(!answer.value(u"ok"_s).toBool());
-        QCOMPARE(answer.value(u"error"_s).toString(), LoadText(Text::DialogIsOpen));
+        const InstanceReply answer = fixture.host.Handle({InstanceCommand::Exit});
+        QVERIFY(!answer);
+        QCOMPARE(answer.words, LoadText(Text::DialogIsOpen));
         QTest::qWait(50);
         QCOMPARE(fixture.left, 0);
     }
 
     void unknownCommand() {
         Fixture fixture;
-        QVERIFY(!fixture.host.Handle(4711, {}).value(u"ok"_s).toBool());
+        QVERIFY(!fixture.host.Handle({InstanceCommand{4711}}));
     }
 };
 

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/instance/InstanceMessage.h"
+
+#include <optional>
+#include <vector>
+
+enum class TimerAction { Start, Pause, Stop, StopAll, PauseAll, Status, Drop };
+
+/// A timer command as it travels between console and window: {"action": "start"|"pause"|"stop"|"stop-all"|
+/// "pause-all"|"status"|"drop", "id": "..."}; "start" with "fromZero": true counts from zero, not from the
+/// record's duration; "drop" takes the timer out and writes nothing into the record, which may be gone.
+struct TimerRequest {
+    TimerAction action;
+    QString id = {};  ///< of the record; none for the actions on all
+    bool isFromZero = false;
+
+    [[nodiscard]] InstanceMessage ToMessage() const;
+    /// Nothing for an unknown action.
+    [[nodiscard]] static std::optional<TimerRequest> FromJson(const QJsonObject& json);
+    /// The action that was asked for, whatever it is.
+    [[nodiscard]] static QString ActionIn(const QJsonObject& json);
+};
+
+/// A timer as a reply shows it: {"id": "...", "state": "running"|"paused", "seconds": N}.
+struct TimerReading {
+    QString recordId;
+    bool isRunning;
+    int seconds;
+};
+/// "running" or "paused".
+[[nodiscard]] QString StateName(const TimerReading& timer);
+
+/// The reply to every timer command: {"timers": [...]}, all that there are afterwards.
+[[nodiscard]] InstanceReply ReplyWith(const std::vector<TimerReading>& timers);
+[[nodiscard]] std::vector<TimerReading> TimersIn(const InstanceReply& reply);
