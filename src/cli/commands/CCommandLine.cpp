@@ -59,6 +59,20 @@ void AddGroup(Parsed& parsed, const GroupRow& group, const std::vector<std::stri
     }
 }
 
+/// The library takes a word in square brackets apart as a list, and "++" for the end of a command. Such a
+/// word goes through it with this character in front, which no word of a command begins with.
+constexpr char kWholeWord = '\x01';
+
+std::string Guarded(std::string argument) {
+    const bool isList = argument.starts_with('[') && argument.ends_with(']');
+    const bool isEnd = argument == "++";
+    return isList || isEnd || argument.starts_with(kWholeWord) ? kWholeWord + argument : argument;
+}
+
+QString Unguarded(const std::string& argument) {
+    return QString::fromStdString(argument.starts_with(kWholeWord) ? argument.substr(1) : argument);
+}
+
 /// What the library gets of a line.
 struct Prepared {
     std::vector<std::string> arguments;
@@ -118,7 +132,7 @@ void TakeYesNo(CommandRequest& request, const OptionRow& row, QStringList values
 void TakeOption(CommandRequest& request, const OptionRow& row, const CLI::Option& option) {
     if (option.count() == 0) return;
     QStringList values;
-    for (const std::string& result : option.results()) values.append(QString::fromStdString(result));
+    for (const std::string& result : option.results()) values.append(Unguarded(result));
     if (row.shape != OptionShape::Values && values.size() > 1 && row.shape != OptionShape::Flag)
         request.problem = FormatText<Text::CliGivenTwice>(QString::fromLatin1(row.name));
     else if (row.shape == OptionShape::Flag && !values.join(QString()).isEmpty())
@@ -172,8 +186,8 @@ QString WordsProblem(const CommandRequest& request) {
 }
 
 QString Unexpected(const CommandRequest& request, const Parsed& parsed) {
-    const QString first = QString::fromStdString(
-        parsed.app.remaining(true).empty() ? std::string() : parsed.app.remaining(true).front());
+    const auto remaining = parsed.app.remaining(true);
+    const QString first = remaining.empty() ? QString() : Unguarded(remaining.front());
     if (!request.command && !first.startsWith(u'-'))
         return FormatText<Text::CliUnknownCommand>(first, Choices(request.group));
     return FormatText<Text::CliUnexpected>(first);
@@ -184,10 +198,13 @@ void Parse(CommandRequest& request, Parsed& parsed, const std::vector<std::strin
     Prepared prepared = Prepare(arguments, parsed);
     if (!prepared.emptyYesNo.empty())
         request.problem = FormatText<Text::CliValueMissing>(QString::fromStdString(prepared.emptyYesNo));
+    std::ranges::transform(prepared.arguments, prepared.arguments.begin(), Guarded);
     try {
         std::reverse(prepared.arguments.begin(), prepared.arguments.end());
         parsed.app.parse(std::move(prepared.arguments));
-        parsed.words.insert(parsed.words.end(), prepared.words.begin(), prepared.words.end());
+        for (const std::string& word : parsed.words) request.arguments.AddWord(Unguarded(word));
+        for (const std::string& word : prepared.words)
+            request.arguments.AddWord(QString::fromStdString(word));
     } catch (const CLI::ExtrasError&) {
         TakeCommand(request, parsed);
         request.problem = Unexpected(request, parsed);
@@ -213,7 +230,6 @@ CommandRequest ReadCommandLine(const std::vector<std::string>& arguments) {
     Parse(request, parsed, arguments);
     if (!request.problem.isEmpty()) return request;
 
-    for (const std::string& word : parsed.words) request.arguments.AddWord(QString::fromStdString(word));
     for (const auto& [row, option] : parsed.options) TakeOption(request, *row, *option);
     TakeGlobals(request);
     if (!request.problem.isEmpty() || request.wantsHelp || request.wantsVersion) return request;

@@ -14,7 +14,6 @@
 #include "lang/FormatText.h"
 
 #include <functional>
-#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -102,16 +101,15 @@ ExitCode AddItem(const CArguments& arguments, Console& console, RecordContext& c
     const QString text = arguments.Words()[1];
     if (const QString words = CheckLength(text); !words.isEmpty())
         return Refuse(ExitCode::Usage, words, console);
-    // While a question stands, others can't be kept waiting.
-    std::optional<StoreHold> hold;
-    if (!context.settings.confirmAddListItem && !hold.emplace(context.document.Store()).IsHeld())
-        return ExitCode::Failed;
+    const StoreHold hold(context.document.Store());
+    if (!hold.IsHeld()) return ExitCode::Failed;
     const OpenList list = Open(arguments, console, context);
     if (!list.row) return list.exit;
     if (!IsReadable(*list.row, text, context.settings.Region()) ||
         context.catalogue.CheckNewItem(list.row->list, text) == NewItem::Refused)
         return Refuse(ExitCode::Failed, FormatText<Text::CliItemRefused>(text), console);
-    if (!context.catalogue.AddItem(list.row->list, text, true)) return ExitCode::Failed;
+    // Without a question, whatever confirmAddListItem says: the user has just typed it.
+    if (!context.catalogue.AddItem(list.row->list, text, false)) return ExitCode::Failed;
     AnnounceLists(console, context);
     PrintDone(console.out, "added", 1);
     return ExitCode::Done;

@@ -91,7 +91,13 @@ void TestBadInput::HostileTexts_data() {
     QTest::newRow("line feeds") << u"one\ntwo\r\nthree\t"_s;
     QTest::newRow("an option") << u"--rate"_s;
     QTest::newRow("brackets, as the parser's lists") << u"[a,b]"_s;
+    QTest::newRow("one in brackets") << u"[x]"_s;
+    QTest::newRow("nothing in brackets") << u"[]"_s;
+    QTest::newRow("two plus signs") << u"++"_s;
+    QTest::newRow("a control in front of brackets") << u"\x01[x]"_s;
     QTest::newRow("braces") << u"{}"_s;
+    QTest::newRow("braces with a word") << u"{x}"_s;
+    QTest::newRow("a dash") << u"-x"_s;
     QTest::newRow("umlauts, emoji, other scripts")
         << u"Übergröße 😀👩‍👩‍👧 日本語 العربية"_s;
     QTest::newRow("a terminal's command") << u"\x1b]0;title\x07\x1b[31m"_s;

@@ -20,7 +20,11 @@ class TestItemCommands : public QObject {
     void AListByNumberOrTitle();
     void Add_data();
     void Add();
-    void AddAsksWhereThatIsWanted();
+    void AddAsksNothing();
+    void WordsAreTakenAsTheyStand_data();
+    void WordsAreTakenAsTheyStand();
+    void AWordTooMany_data();
+    void AWordTooMany();
     void Rename_data();
     void Rename();
     void RenameInRecords();
@@ -117,14 +121,50 @@ void TestItemCommands::Add() {
     QTEST(Texts(list), "texts");
 }
 
-void TestItemCommands::AddAsksWhereThatIsWanted() {
+/// Whatever the setting says: the user has just typed it.
+void TestItemCommands::AddAsksNothing() {
     m_home->Run({u"settings"_s, u"set"_s, u"confirmAddListItem"_s, u"1"_s});
-    const Reply refused = Items({u"add"_s, u"16"_s, u"Alpha"_s});
-    QCOMPARE(refused.exit, 1);
-    QVERIFY2(refused.err.contains("Add \"Alpha\" to the list?"), refused.err.constData());
-    QCOMPARE(Texts(u"16"_s), QString());
-    QCOMPARE(Items({u"add"_s, u"16"_s, u"Alpha"_s, u"--yes"_s}).exit, 0);
+    const Reply reply = Items({u"add"_s, u"16"_s, u"Alpha"_s});
+    QCOMPARE(reply.exit, 0);
+    QCOMPARE(reply.err, QByteArray());
     QCOMPARE(Texts(u"16"_s), u"Alpha"_s);
+}
+
+void TestItemCommands::WordsAreTakenAsTheyStand_data() {
+    QTest::addColumn<QStringList>("words");  // behind "items add 16"
+    QTest::addColumn<QString>("text");
+    for (const char* text : {"[x]", "[a,b]", "[]", "[[a]]", "[", "]", "{x}", "{}", "++", "%s", "%1", "a,b",
+                             "time", "list", "-5", "\x01[x]"}) {
+        const QString word = QString::fromLatin1(text);
+        QTest::newRow(text) << QStringList{word} << word;
+    }
+    for (const char* text : {"--yes", "-x", "--", "[x]", "++", "\x01[x]"}) {
+        const QString word = QString::fromLatin1(text);
+        QTest::addRow("%s behind two dashes", text) << QStringList{u"--"_s, word} << word;
+    }
+}
+
+/// As words, and as the new name of an item.
+void TestItemCommands::WordsAreTakenAsTheyStand() {
+    QFETCH(QStringList, words);
+    QFETCH(QString, text);
+    QCOMPARE(Items(QStringList{u"add"_s, u"16"_s} + words).exit, 0);
+    QCOMPARE(Texts(u"16"_s), text);
+    Fill(u"17"_s, {u"Bolt"_s});
+    QCOMPARE(Items(QStringList{u"rename"_s, u"17"_s, u"Bolt"_s} + words).exit, 0);
+    QCOMPARE(Texts(u"17"_s), text);
+}
+
+void TestItemCommands::AWordTooMany_data() {
+    QTest::addColumn<QString>("word");
+    for (const char* word : {"Delta", "[x]", "++"}) QTest::newRow(word) << QString::fromLatin1(word);
+}
+
+void TestItemCommands::AWordTooMany() {
+    QFETCH(QString, word);
+    const Reply reply = Items({u"list"_s, u"16"_s, word});
+    QCOMPARE(reply.exit, 2);
+    QVERIFY2(reply.err.contains('"' + word.toUtf8() + '"'), reply.err.constData());
 }
 
 void TestItemCommands::Rename_data() {
