@@ -161,17 +161,27 @@ int Add(const std::string& path) {
     return 0;
 }
 
-/// The rows of a month through the index of days, into plain texts and numbers.
-int Month(const std::string& path, const std::string& year, const std::string& month) {
+/// The rows that a condition finds, into plain texts and numbers.
+int Rows(const std::string& path, const std::string& condition) {
     FloorStore store(path);
-    sqlite3_stmt* statement =
-        store.Prepare("SELECT * FROM time_velmarch WHERE (year, month, day) BETWEEN (" + year + ", " + month +
-                      ", 1) AND (" + year + ", " + month + ", 31)");
+    sqlite3_stmt* statement = store.Prepare("SELECT * FROM time_velmarch WHERE " + condition);
     std::vector<FloorRow> rows;
     while (store.Step(statement)) rows.push_back(ReadRow(statement));
     sqlite3_finalize(statement);
     Say("rows", static_cast<double>(rows.size()));
     return 0;
+}
+
+/// A month, through the index of days.
+int Month(const std::string& path, const std::string& year, const std::string& month) {
+    return Rows(path, "(year, month, day) BETWEEN (" + year + ", " + month + ", 1) AND (" + year + ", " +
+                          month + ", 31)");
+}
+
+/// One client in a year, through the same index.
+int Client(const std::string& path, const std::string& year, const std::string& name) {
+    return Rows(path, "(year, month, day) BETWEEN (" + year + ", 1, 1) AND (" + year +
+                          ", 12, 31) AND item1='" + name + "'");
 }
 
 }  // namespace
@@ -184,9 +194,10 @@ int main(int argc, char** argv) {
     if (what == "fill" && arguments.size() == 3) return Fill(arguments[1], arguments[2]);
     if (what == "add" && arguments.size() == 2) return Add(arguments[1]);
     if (what == "month" && arguments.size() == 4) return Month(arguments[1], arguments[2], arguments[3]);
+    if (what == "client" && arguments.size() == 4) return Client(arguments[1], arguments[2], arguments[3]);
     std::fputs(
         "usage: bench-floor load STORE | items STORE | fill SOURCE TARGET | add STORE | month STORE YEAR "
-        "MONTH\n",
+        "MONTH | client STORE YEAR NAME\n",
         stderr);
     return 2;
 }

@@ -24,6 +24,8 @@ constexpr int kCommandRounds = 21;
 
 /// "Last month", the preset of the program and the month that it means today.
 constexpr const char* kLastMonth = "19";
+/// One of the clients of the made-up records.
+constexpr const char* kClient = "Alder Clinic";
 struct Month {
     int year, month;
 };
@@ -121,7 +123,7 @@ void StartTimers(const Places& places, int size) {
 }
 
 void Commands(const Places& places, int size) {
-    const Command add{"time", "add", "--start", "09:00", "--end", "10:30", "--item1", "Alder Clinic"};
+    const Command add{"time", "add", "--start", "09:00", "--end", "10:30", "--item1", kClient};
     const std::vector<double> adds =
         InTurns(kCommandRounds, {places.Cli(size, add),
                                  places.Cli(kSmall, add),
@@ -136,6 +138,14 @@ void Commands(const Places& places, int size) {
                                  {places.Program("bench-floor"), "month", places.Store(size),
                                   std::to_string(month.year), std::to_string(month.month)}});
     Line("time list of a month (floor: the bare query)", lists[0] / 1000, lists[1] / 1000, 4, "ms");
+
+    const std::string year = std::to_string(month.year);
+    const std::vector<double> clients = InTurns(
+        kCommandRounds, {places.Cli(size, {"time", "list", "--from", year + "-01-01", "--to", year + "-12-31",
+                                           "--item1", kClient}),
+                         {places.Program("bench-floor"), "client", places.Store(size), year, kClient}});
+    Line("time list of a client in a year (floor: the bare query)", clients[0] / 1000, clients[1] / 1000, 4,
+         "ms");
 }
 
 /// The pick lists of a home with many items; no records.

@@ -6,20 +6,20 @@
 
 #include <utility>
 
-// How records come into the document from the store: all of a kind, some days, or what another program
-// changed.
+// How records come into the document from the store: all of a kind, what the filter lets pass, or what
+// another program changed.
 
 bool CVelmarchDoc::LoadRecords(RecordKind kind) {
     Load(kind, m_store.SelectAll(kind));
     return true;
 }
 
-bool CVelmarchDoc::LoadDays(RecordKind kind, const DateTimeVal& first, const DateTimeVal& last) {
-    const int from[3] = {first.month, first.day, first.year};
-    const int to[3] = {last.month, last.day, last.year};
-    Load(kind, m_store.SelectDays(kind, from, to));
-    m_loadedAll = false;
-    return true;
+void CVelmarchDoc::LoadPassing(RecordKind kind) {
+    const PeriodContext context = GetPeriodContext();
+    const RowConditions conditions =
+        kind == RecordKind::Time ? m_timeFilter.Conditions(context) : m_expenseFilter.Conditions(context);
+    Load(kind, m_store.Select(kind, conditions));
+    m_loadedAll = m_loadedAll && conditions.IsEmpty();
 }
 
 void CVelmarchDoc::SwitchMode(RecordMode mode, const std::function<void()>& captureWidths) {

@@ -1,5 +1,6 @@
 #include "app/ExpenseFilter.h"
 
+#include "app/FilterConditions.h"
 #include "records/CERecord.h"
 
 #include <algorithm>
@@ -8,6 +9,8 @@ namespace {
 
 constexpr std::array<QString CERecord::*, 5> kItems = {&CERecord::item1, &CERecord::item2, &CERecord::item3,
                                                        &CERecord::item4, &CERecord::item5};
+constexpr std::array<Text, 5> kItemColumns = {Text::ColumnItem1, Text::ColumnItem2, Text::ColumnExpenseItem3,
+                                              Text::ColumnExpenseItem4, Text::ColumnItem5};
 constexpr std::array<bool CERecord::*, 5> kFlags = {&CERecord::flag1, &CERecord::flag2, &CERecord::flag3,
                                                     &CERecord::flag4, &CERecord::flag5};
 
@@ -29,6 +32,10 @@ void ExpenseFilter::Reset() {
 
 bool ExpenseFilter::Matches(const CERecord& record, const PeriodContext& context) const {
     return Prepared(*this, context).Matches(record);
+}
+
+RowConditions ExpenseFilter::Conditions(const PeriodContext& context) const {
+    return ConditionsOf(*this, context, items, kItemColumns);
 }
 
 ExpenseFilter::Prepared::Prepared(const ExpenseFilter& filter, const PeriodContext& context)

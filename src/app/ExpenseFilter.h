@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/FilterTests.h"
+#include "records/RowConditions.h"
 
 #include <array>
 
@@ -32,6 +33,9 @@ class ExpenseFilter final : public PeriodFilter {
     void Reset() override;
     /// One expense, by its rule of tests; the first that fails ends it.
     [[nodiscard]] bool Matches(const CERecord& record, const PeriodContext& context) const;
+
+    /// The rows of the store among which all are that match.
+    [[nodiscard]] RowConditions Conditions(const PeriodContext& context) const;
 
     /// The same tests, prepared for a walk over many records.
     class Prepared {

@@ -1,12 +1,15 @@
 #include "app/TimeFilter.h"
 
 #include "app/CTimerService.h"
+#include "app/FilterConditions.h"
 #include "records/CTRecord.h"
 
 namespace {
 
 constexpr std::array<QString CTRecord::*, 5> kItems = {&CTRecord::item1, &CTRecord::item2, &CTRecord::item3,
                                                        &CTRecord::item4, &CTRecord::item5};
+constexpr std::array<Text, 5> kItemColumns = {Text::ColumnItem1, Text::ColumnItem2, Text::ColumnTimeItem3,
+                                              Text::ColumnTimeItem4, Text::ColumnItem5};
 
 }  // namespace
 
@@ -26,6 +29,10 @@ void TimeFilter::Reset() {
 bool TimeFilter::Matches(const CTRecord& record, const PeriodContext& context,
                          const CTimerService* timers) const {
     return Prepared(*this, context, timers).Matches(record);
+}
+
+RowConditions TimeFilter::Conditions(const PeriodContext& context) const {
+    return ConditionsOf(*this, context, items, kItemColumns);
 }
 
 TimeFilter::Prepared::Prepared(const TimeFilter& filter, const PeriodContext& context,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/FilterTests.h"
+#include "records/RowConditions.h"
 
 #include <array>
 
@@ -24,6 +25,9 @@ class TimeFilter final : public PeriodFilter {
     /// One record, by its rule of tests; the first that fails ends it.
     [[nodiscard]] bool Matches(const CTRecord& record, const PeriodContext& context,
                                const CTimerService* timers) const;
+
+    /// The rows of the store among which all are that match.
+    [[nodiscard]] RowConditions Conditions(const PeriodContext& context) const;
 
     /// The same tests, prepared for a walk over many records.
     class Prepared {

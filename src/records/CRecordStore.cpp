@@ -2,6 +2,7 @@
 
 #include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
+#include "records/RowConditions.h"
 
 namespace {
 
@@ -34,9 +35,8 @@ QString CRecordStore::SelectAll(RecordKind kind) const {
     return LoadText(Text::SqlSelectFrom) + TableName(kind);
 }
 
-QString CRecordStore::SelectDays(RecordKind kind, const int (&first)[3], const int (&last)[3]) const {
-    return SelectAll(kind) +
-           FormatText<Text::SqlBetweenDays>(first[2], first[0], first[1], last[2], last[0], last[1]);
+QString CRecordStore::Select(RecordKind kind, const RowConditions& conditions) const {
+    return SelectAll(kind) + conditions.Where();
 }
 
 QString CRecordStore::ById(Text opening, RecordKind kind, const QString& id) const {

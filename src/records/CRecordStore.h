@@ -8,6 +8,7 @@
 #include <functional>
 
 class CPrompt;
+struct RowConditions;
 
 /// The program's store access: composes every statement from the language library's pieces, calls the manager
 /// and shows each failure in a box. Holds no connection of its own.
@@ -39,8 +40,8 @@ class CRecordStore {
     [[nodiscard]] QString TableName(RecordKind kind) const;
     /// "all columns of the kind's table".
     [[nodiscard]] QString SelectAll(RecordKind kind) const;
-    /// The same for the days from first to last (each month, day, year), through the table's date index.
-    [[nodiscard]] QString SelectDays(RecordKind kind, const int (&first)[3], const int (&last)[3]) const;
+    /// The same for the rows that fulfil the conditions, days through the table's date index.
+    [[nodiscard]] QString Select(RecordKind kind, const RowConditions& conditions) const;
     [[nodiscard]] CVOSrcMgr& Manager() { return m_manager; }
 
  private:

@@ -6,7 +6,23 @@
 #include "records/CERecord.h"
 #include "records/CPRecord.h"
 #include "records/RecordFactory.h"
+#include "records/RowConditions.h"
 #include "support/TestProgram.h"
+
+namespace {
+
+/// Texts that a statement tells apart, or leaves to the rule. The Kelvin sign is a capital of "k".
+const QStringList kTexts = {u"Kiel"_qs,   u"kiel"_qs, u"die Kieler"_qs, u"K\u0131el"_qs, u"\u212Aiel"_qs,
+                            u"Müller"_qs, u"İ"_qs,    u"O'Hara"_qs,     u"100%"_qs,      QString()};
+
+/// The texts without these.
+QStringList Except(std::initializer_list<const char*> read) {
+    QStringList left = kTexts;
+    for (const char* text : read) left.removeOne(QString::fromUtf8(text));
+    return left;
+}
+
+}  // namespace
 
 class TestCRecordStore : public QObject {
     Q_OBJECT
@@ -18,6 +34,8 @@ class TestCRecordStore : public QObject {
     void SelectDays_data();
     void SelectDays();
     void SelectDaysUsesTheIndex();
+    void SelectTexts_data();
+    void SelectTexts();
     void EmptyTable();
     void AbsentIdentity_data();
     void AbsentIdentity();
@@ -105,20 +123,69 @@ void TestCRecordStore::SelectDays() {
         QVERIFY(home.store.InsertRecord(record, true));
     }
     QVERIFY(home.store.Commit());
-    const int from[3] = {first[0], first[1], first[2]};
-    const int to[3] = {last[0], last[1], last[2]};
-    QCOMPARE(home.Rows(home.store.SelectDays(RecordKind::Time, from, to)), found);
+    RowConditions conditions;
+    conditions.days = {{first[2], first[0], first[1]}, {last[2], last[0], last[1]}};
+    QCOMPARE(home.Rows(home.store.Select(RecordKind::Time, conditions)), found);
 }
 
 void TestCRecordStore::SelectDaysUsesTheIndex() {
     RecordsFixture home;
     for (const RecordKind kind : {RecordKind::Time, RecordKind::Expense}) {
-        const QString statement = home.store.SelectDays(kind, {11, 1, 2026}, {11, 30, 2026});
+        RowConditions conditions;
+        conditions.days = {{2026, 11, 1}, {2026, 11, 30}};
+        conditions.texts = {
+            {.column = Text::ColumnItem1, .wanted = QStringLiteral("A"), .isWhole = true, .isExact = false}};
+        const QString statement = home.store.Select(kind, conditions);
         QVERIFY(home.store.Query(QStringLiteral("EXPLAIN QUERY PLAN ") + statement));
         const QString plan = home.manager.m_recordset->GetFieldValueString(3);
         QVERIFY2(plan.startsWith(QStringLiteral("SEARCH")) && plan.contains(QStringLiteral("_days")),
                  qPrintable(plan));
     }
+}
+
+void TestCRecordStore::SelectTexts_data() {
+    QTest::addColumn<QString>("wanted");
+    QTest::addColumn<bool>("isWhole");
+    QTest::addColumn<bool>("isExact");
+    QTest::addColumn<QStringList>("left");  // of the texts below those that aren't read
+    const auto row = [](const char* situation, const char* wanted, bool isWhole, bool isExact,
+                        const QStringList& left) {
+        QTest::newRow(situation) << QString::fromUtf8(wanted) << isWhole << isExact << left;
+    };
+    const QStringList none;
+    row("whole, case counts", "Kiel", true, true, Except({"Kiel"}));
+    row("held, case counts", "ie", false, true, Except({"Kiel", "kiel", "die Kieler", "\u212Aiel"}));
+    row("whole, any case: what has other letters comes too", "KIEL", true, false,
+        Except({"Kiel", "kiel", "Kıel", "\u212Aiel", "Müller", "İ"}));
+    row("held, any case", "KIEL", false, false,
+        Except({"Kiel", "kiel", "die Kieler", "Kıel", "\u212Aiel", "Müller", "İ"}));
+    row("other letters, case counts", "Müller", true, true, Except({"Müller"}));
+    row("other letters, any case", "MÜLLER", false, false, Except({"Kıel", "\u212Aiel", "Müller", "İ"}));
+    row("an apostrophe", "O'Hara", true, true, Except({"O'Hara"}));
+    row("a per cent sign", "%", false, false, Except({"100%", "Kıel", "\u212Aiel", "Müller", "İ"}));
+    row("an empty text: all", "", true, true, none);
+    row("what no character is: all", "\uFFFD", false, true, none);
+}
+
+void TestCRecordStore::SelectTexts() {
+    QFETCH(QString, wanted);
+    QFETCH(bool, isWhole);
+    QFETCH(bool, isExact);
+    RecordsFixture home;
+    for (const QString& text : kTexts) {
+        CTRecord record = NewTime();
+        record.item4 = text;
+        QVERIFY(home.store.InsertRecord(record, true));
+    }
+    QVERIFY(home.store.Commit());
+    RowConditions conditions;
+    conditions.texts = {
+        {.column = Text::ColumnTimeItem4, .wanted = wanted, .isWhole = isWhole, .isExact = isExact}};
+    QVERIFY(home.store.Query(home.store.Select(RecordKind::Time, conditions)));
+    QStringList left = kTexts;
+    CTRecord record;
+    for (QString id; home.store.NextRecord(record, id, true);) left.removeOne(record.item4);
+    QTEST(left, "left");
 }
 
 void TestCRecordStore::EmptyTable() {

@@ -60,16 +60,6 @@ QString ReadOrder(RecordKind kind, const CArguments& arguments, ListOrder& order
     return {};
 }
 
-/// Only the days of the period are read where it has days; everything otherwise.
-void LoadPeriod(RecordKind kind, const PeriodFilter& filter, CVelmarchDoc& document) {
-    DateTimeVal first, last;
-    if (filter.isEnabled && filter.Dates(first, last, document.GetPeriodContext()))
-        document.LoadDays(kind, first, last);
-    else
-        document.LoadRecords(kind);
-    document.BuildVisible();
-}
-
 using Records = std::vector<const CVORec*>;
 
 /// The visible records in their order. With a limit only so many are put in order.
@@ -142,7 +132,8 @@ ExitCode ListRecords(RecordKind kind, const CArguments& arguments, Console& cons
     context.timers.Look();
     context.document.SetTimers(&context.timers.Timers());
     const PeriodFilter& filter = context.document.FilterOf(kind);
-    LoadPeriod(kind, filter, context.document);
+    context.document.LoadPassing(kind);
+    context.document.BuildVisible();
     if (context.document.Store().m_lastError != 0) return ExitCode::Failed;
     const Records records = Collect(context.document, order);
     const std::size_t shown = order.limit == 0 ? records.size() : std::min(order.limit, records.size());

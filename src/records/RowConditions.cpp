@@ -1,0 +1,50 @@
+#include "records/RowConditions.h"
+
+#include "lang/FormatText.h"
+#include "records/CRecordStore.h"
+
+#include <QStringList>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Whether the store sees the same characters as the program: a zero ends a text there, and what is no
+/// character is another one here.
+bool IsSameInStore(const QString& text) {
+    return !text.contains(QChar::Null) && !text.contains(QChar::ReplacementCharacter) &&
+           QString::fromUtf8(text.toUtf8()) == text;
+}
+
+QString Exact(const QString& column, const TextCondition& condition) {
+    const QString wanted = QuoteText(condition.wanted);
+    return condition.isWhole ? u"%1=%2"_s.arg(column, wanted) : u"instr(%1,%2)>0"_s.arg(column, wanted);
+}
+
+/// The store's lower() folds what lower-case letters of English have capitals for, which is all that there is
+/// to fold in a text of as many bytes as characters. Any other text may come out as wanted: "İ" holds an "i".
+QString Folded(const QString& column, const TextCondition& condition) {
+    TextCondition folded = condition;
+    folded.wanted = condition.wanted.toLower();
+    return u"(%1 OR length(%2)<>length(CAST(%2 AS BLOB)))"_s.arg(Exact(u"lower(%1)"_s.arg(column), folded),
+                                                                 column);
+}
+
+}  // namespace
+
+QString RowConditions::Where() const {
+    QStringList conditions;
+    for (const TextCondition& text : texts) {
+        // An empty text is held by a missing one too.
+        if (text.wanted.isEmpty() || !IsSameInStore(text.wanted)) continue;
+        const QString column = LoadText(text.column);
+        conditions.append(text.isExact ? Exact(column, text) : Folded(column, text));
+    }
+    QString where;
+    if (days)
+        where = FormatText<Text::SqlBetweenDays>(days->first.year, days->first.month, days->first.day,
+                                                 days->last.year, days->last.month, days->last.day);
+    for (const QString& condition : conditions)
+        where += (where.isEmpty() ? u" WHERE "_s : u" AND "_s) + condition;
+    return where;
+}
