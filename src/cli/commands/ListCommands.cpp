@@ -55,6 +55,11 @@ bool AsLoadedNow(RecordContext& context, const std::function<bool()>& change) {
     return hold.IsHeld() && context.catalogue.Load() && change() && context.document.Commit();
 }
 
+/// The store goes on as if an item were written whose commit failed; it has said so.
+bool IsWritten(bool isDone, const RecordContext& context) {
+    return isDone && context.document.Store().m_lastError == 0;
+}
+
 ExitCode NoSuchItem(const QString& text, Console& console) {
     return Refuse(ExitCode::NotFound, FormatText<Text::CliNoSuchItem>(text), console);
 }
@@ -109,7 +114,7 @@ ExitCode AddItem(const CArguments& arguments, Console& console, RecordContext& c
         context.catalogue.CheckNewItem(list.row->list, text) == NewItem::Refused)
         return Refuse(ExitCode::Failed, FormatText<Text::CliItemRefused>(text), console);
     // Without a question, whatever confirmAddListItem says: the user has just typed it.
-    if (!context.catalogue.AddItem(list.row->list, text, false)) return ExitCode::Failed;
+    if (!IsWritten(context.catalogue.AddItem(list.row->list, text, false), context)) return ExitCode::Failed;
     AnnounceLists(console, context);
     PrintDone(console.out, "added", 1);
     return ExitCode::Done;
@@ -135,7 +140,8 @@ ExitCode RenameItem(const CArguments& arguments, Console& console, RecordContext
         return Refuse(ExitCode::Failed, FormatText<Text::CliRenameRefused>(text), console);
     int count = 0;
     if (isInRecords) context.catalogue.ReplaceInRecords(count, list, former, text);
-    if (!isMerge && !context.catalogue.RenameItem(list, former, text)) return ExitCode::Failed;
+    if (!isMerge && !IsWritten(context.catalogue.RenameItem(list, former, text), context))
+        return ExitCode::Failed;
     AnnounceLists(console, context);
     PrintCount(console.out, "changed", Text::CliChanged, count);
     return ExitCode::Done;

@@ -3,7 +3,6 @@
 #include "cli/arguments/EnteredValues.h"
 #include "cli/home/CWindowLink.h"
 #include "cli/home/RecordContext.h"
-#include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
 #include "lang/FormatText.h"
 
@@ -28,14 +27,4 @@ QString ItemText(int list, const QString& typed) {
 
 void AnnounceLists(Console& console, RecordContext& context) {
     if (!context.window.TellAllChanged()) console.out.Note(LoadText(Text::CliWindowNotTold));
-}
-
-void PrintDone(COutput& out, const char* key, qsizetype count) {
-    if (!out.isJson) return;
-    CJsonText json(out);
-    json.BeginObject();
-    json.Key(key);
-    json.Integer(count);
-    json.EndObject();
-    out.Put("\n");
 }

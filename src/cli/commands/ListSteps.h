@@ -14,7 +14,5 @@
 [[nodiscard]] QString ItemText(int list, const QString& typed);
 /// Tells the window that lists, dependencies or names changed, and the user when the window can't be told.
 void AnnounceLists(Console& console, RecordContext& context);
-/// {"added": 2}; nothing for people, who see it by the lack of a complaint.
-void PrintDone(COutput& out, const char* key, qsizetype count);
 
 inline constexpr int kLongestItem = 255;

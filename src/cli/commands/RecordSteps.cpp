@@ -85,15 +85,19 @@ std::optional<RecordMode> ReadMode(const QString& typed, Console& console) {
     return std::nullopt;
 }
 
-void PrintCount(COutput& out, const char* key, Text sentence, qsizetype count) {
-    if (!out.isJson)
-        return out.PutLine(QString::asprintf(LoadText(sentence).toUtf8().constData(), int(count)));
+void PrintDone(COutput& out, const char* key, qsizetype count) {
+    if (!out.isJson) return;
     CJsonText json(out);
     json.BeginObject();
     json.Key(key);
     json.Integer(count);
     json.EndObject();
     out.Put("\n");
+}
+
+void PrintCount(COutput& out, const char* key, Text sentence, qsizetype count) {
+    if (out.isJson) return PrintDone(out, key, count);
+    out.PutLine(QString::asprintf(LoadText(sentence).toUtf8().constData(), int(count)));
 }
 
 void PrintTexts(COutput& out, const QStringList& texts) {

@@ -40,6 +40,8 @@ void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordCon
                                       CSettingsOwner& owner);
 /// "time" or "expense"; nothing, after telling, for anything else.
 [[nodiscard]] std::optional<RecordMode> ReadMode(const QString& typed, Console& console);
+/// {"added": 2}; nothing for people, who see it by the lack of a complaint.
+void PrintDone(COutput& out, const char* key, qsizetype count);
 /// {"deleted": 2}, or a sentence with the number.
 void PrintCount(COutput& out, const char* key, Text sentence, qsizetype count);
 /// An array of texts, or one on each line.

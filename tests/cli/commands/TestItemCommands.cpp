@@ -21,6 +21,8 @@ class TestItemCommands : public QObject {
     void Add_data();
     void Add();
     void AddAsksNothing();
+    void AFailedCommitIsAFailure_data();
+    void AFailedCommitIsAFailure();
     void WordsAreTakenAsTheyStand_data();
     void WordsAreTakenAsTheyStand();
     void AWordTooMany_data();
@@ -128,6 +130,26 @@ void TestItemCommands::AddAsksNothing() {
     QCOMPARE(reply.exit, 0);
     QCOMPARE(reply.err, QByteArray());
     QCOMPARE(Texts(u"16"_s), u"Alpha"_s);
+}
+
+void TestItemCommands::AFailedCommitIsAFailure_data() {
+    QTest::addColumn<QString>("words");
+    QTest::newRow("add") << u"add 16 Gamma"_s;
+    QTest::newRow("rename") << u"rename 16 Alpha Gamma"_s;
+    QTest::newRow("delete") << u"--yes delete 16 Alpha"_s;
+    QTest::newRow("clear") << u"--yes clear 16"_s;
+}
+
+/// The journal still fits below the limit of a file's size, and the page of the item doesn't: the change
+/// fails when it is committed.
+void TestItemCommands::AFailedCommitIsAFailure() {
+    QFETCH(QString, words);
+    Fill(u"16"_s, {u"Alpha"_s, u"Beta"_s});
+    const Reply reply = m_home->RunShell(u"trap '' XFSZ; ulimit -f 10; $cli --json items "_s + words);
+    QCOMPARE(reply.exit, 1);
+    QVERIFY(!reply.err.isEmpty());
+    QVERIFY2(!reply.out.contains('1'), reply.out.constData());
+    QCOMPARE(Texts(u"16"_s), u"Alpha|Beta"_s);
 }
 
 void TestItemCommands::WordsAreTakenAsTheyStand_data() {
