@@ -4,8 +4,8 @@
 #include "OursViews.h"
 #include "ProcessorTime.h"
 #include "app/CVelmarchApp.h"
-#include "app/DemoData.h"
 #include "app/ListTable.h"
+#include "changes/DemoData.h"
 #include "lang/LoadText.h"
 #include "platform/host/CClock.h"
 #include "platform/host/CInstallLocation.h"
@@ -54,7 +54,7 @@ int Fill(const QString& home, int times, std::uint32_t seed) {
     Program program(home);
     QElapsedTimer timer;
     timer.start();
-    if (FillWithDemoData(program.app.Store(), program.clock, {times, 0}, seed) != DemoOutcome::Filled)
+    if (FillWithDemoData(program.app.Document(), program.clock, {times, 0}, seed) != DemoOutcome::Filled)
         return 1;
     Say("fill_us", Microseconds(timer));
     StorePeriod(program.app.Profile(), PeriodFilter());  // a window over this home lists all of them
@@ -91,7 +91,7 @@ int Load(const QString& home) {
     const double before = ResidentBytes(), processorBefore = ProcessorMicroseconds();
     QElapsedTimer timer;
     timer.start();
-    if (!document.LoadRecords(RecordKind::Time)) return 1;
+    document.LoadRecords(RecordKind::Time);
     Say("load_us", Microseconds(timer));
     Say("load_processor_us", ProcessorMicroseconds() - processorBefore);
     Say("bytes", ResidentBytes() - before);
@@ -111,7 +111,7 @@ int MakeItems(const QString& home, int count) {
         CPRecord item(QStringLiteral("Client number %1").arg(i));
         item.listId = ListId::kClient;
         item.GenUnique();
-        if (!store.InsertRecord(item, true)) return 1;
+        if (!store.InsertRecord(item, Commit::Later)) return 1;
     }
     return store.Commit() ? 0 : 1;
 }
@@ -129,7 +129,7 @@ int MakeExpenses(const QString& home, int count) {
         expense.item5 = QStringLiteral("EUR");
         expense.amount.Set(static_cast<float>(i % 1000));
         expense.GenUnique();
-        if (!store.InsertRecord(expense, true)) return 1;
+        if (!store.InsertRecord(expense, Commit::Later)) return 1;
     }
     return store.Commit() ? 0 : 1;
 }
@@ -146,7 +146,7 @@ int Items(const QString& home) {
 
 int Views(const QString& home) {
     Program program(home);
-    if (!program.app.Document().LoadRecords(RecordKind::Time)) return 1;
+    program.app.Document().LoadRecords(RecordKind::Time);
     program.app.Document().BuildVisible();
     MeasureViews(program.app);
     program.app.Settings().KeepStoreUntouched();  // the next run starts from the same order

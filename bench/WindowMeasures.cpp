@@ -185,7 +185,8 @@ void MeasureChange(WindowHome& home) {
     home.List().scrollToTop();
     CVelmarchDoc& document = home.app.Document();
     const auto modify = [&document](const CTRecord& record, bool notify) {
-        if (!document.ModifyRecord(record, record.GetId(), notify, false, true, true))
+        if (!document.ModifyRecord(record, record.GetId(),
+                                   {notify ? Notify::Yes : Notify::Later, Commit::Now}))
             qFatal("the record can't be changed");
     };
     Say("change_us", Changes(home, [&](const CTRecord& record) {

@@ -3,12 +3,12 @@
 #include "app/DependencyBytes.h"
 #include "app/ListTable.h"
 #include "app/PaymentKinds.h"
-#include "app/RecordReplacer.h"
-#include "app/StoreChange.h"
 #include "config/Settings.h"
 #include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
+#include "records/CRecordStore.h"
 #include "records/RecordFactory.h"
+#include "records/StoreTransaction.h"
 
 #include <algorithm>
 #include <utility>
@@ -51,8 +51,7 @@ bool SetValue(CPRecord& item, int list, const QString& text) {
 }  // namespace
 
 CPulldownCatalogue::CPulldownCatalogue(const Context& context)
-    : m_document(context.document),
-      m_prompt(context.prompt),
+    : m_prompt(context.prompt),
       m_settings(context.settings),
       m_store(context.manager, context.prompt, context.dataSourceName),
       m_dependencies(m_store) {}
@@ -85,7 +84,7 @@ bool CPulldownCatalogue::AddItem(int list, const QString& text, bool ask) {
         return Warn(Text::ItemWithoutList, FormatText<Text::ItemWithoutList>(list, text));
     item->listId = list;
     item->GenUnique();
-    return m_store.InsertRecord(*item, false) && m_lists.Add(std::move(item));
+    return m_store.InsertRecord(*item, Commit::Now) && m_lists.Add(std::move(item));
 }
 
 bool CPulldownCatalogue::Agreed(const QString& text) const {
@@ -121,7 +120,7 @@ bool CPulldownCatalogue::StoreValue(const CPRecord& item, const CPRecord& value)
     row.valueType = value.valueType;
     row.text = value.text;
     row.number = value.number;
-    return m_store.ModifyRecord(row, item.GetId(), false, true);
+    return m_store.ModifyRecord(row, item.GetId(), Commit::Now);
 }
 
 // --- Deleting
@@ -174,12 +173,12 @@ CPulldownCatalogue::Deleted CPulldownCatalogue::DeleteStored(const std::function
 
     Deleted end = Deleted::Done;
     {
-        StoreChange change(m_store);
+        StoreTransaction change(m_store);
         if (!change.IsOpen() || !deleteRows()) return Deleted::Kept;
         const bool isSaved = std::ranges::all_of(changed, [&](DependencySet set) {
             return m_dependencies.Put(set, TreeToBytes(Tree(set), isGone));
         });
-        if (!isSaved || !change.Commit()) end = Deleted::TreesNotSaved;
+        if (!isSaved || change.Commit() != CommitEnd::Durable) end = Deleted::TreesNotSaved;
     }
     // What can't be kept in step doesn't hold up the deletion; the next save of the trees mends them.
     if (end == Deleted::TreesNotSaved && !deleteRows()) return Deleted::Kept;
@@ -209,7 +208,7 @@ bool CPulldownCatalogue::SetNames(const std::map<int, QString>& names) {
 bool CPulldownCatalogue::StoreNames(const std::map<int, QString>& names,
                                     std::vector<std::unique_ptr<CPRecord>>& items) {
     const QString table = m_store.TableName(RecordKind::PulldownItem);
-    StoreChange change(m_store);
+    StoreTransaction change(m_store);
     if (!change.IsOpen()) return false;
     for (const auto& [list, text] : names) {
         const ItemList* former = GetList(list);
@@ -219,20 +218,9 @@ bool CPulldownCatalogue::StoreNames(const std::map<int, QString>& names,
         items.push_back(std::make_unique<CPRecord>(text));
         items.back()->listId = list;
         items.back()->GenUnique();
-        if (!m_store.InsertRecord(*items.back(), true)) return false;
+        if (!m_store.InsertRecord(*items.back(), Commit::Later)) return false;
     }
-    return change.Commit();
-}
-
-// --- Records
-
-bool CPulldownCatalogue::ReplaceInRecords(int& count, int list, const QString& oldText,
-                                          const QString& newText) {
-    count = 0;
-    const ListRow* row = FindRecordList(list);
-    if (row && !oldText.isEmpty() && !newText.isEmpty() && oldText != newText)
-        count = RecordReplacer(m_store, m_document).Replace(*row, oldText, newText);
-    return true;
+    return change.Commit() == CommitEnd::Durable;
 }
 
 bool CPulldownCatalogue::Warn(Text id, const QString& text) const {

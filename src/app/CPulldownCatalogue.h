@@ -16,7 +16,6 @@
 #include <map>
 
 class CPrompt;
-class CVelmarchDoc;
 struct Settings;
 
 /// Whether a text may become an item of a list. The numbers are fixed.
@@ -32,7 +31,6 @@ class CPulldownCatalogue {
     /// What the catalogue needs from outside. All must outlive it.
     struct Context {
         CVOSrcMgr& manager;
-        CVelmarchDoc& document;  ///< carries renamed items into the records of the mode in use
         CPrompt& prompt;
         const Settings& settings;
         QString dataSourceName;
@@ -86,10 +84,6 @@ class CPulldownCatalogue {
     /// The item goes from its list and from both trees, with all that stood below it there.
     bool DeleteItem(int list, const QString& text);
     bool DeleteAllItems(int list);
-    /// Carries the new text of an item into the time and expense records that hold the old one, as one
-    /// change. Always true; count says how many took it.
-    bool ReplaceInRecords(int& count, int list, const QString& oldText, const QString& newText);
-
     /// Gives fields names, each the only item of its list then; an empty one takes the former away. All as
     /// one change: with a failure, of which the user is told, all names are as they were.
     [[nodiscard]] bool SetNames(const std::map<int, QString>& names);
@@ -132,7 +126,6 @@ class CPulldownCatalogue {
     bool Warn(Text id, const QString& text) const;
     bool Warn(Text id) const;
 
-    CVelmarchDoc& m_document;
     CPrompt& m_prompt;
     const Settings& m_settings;
     CRecordStore m_store;

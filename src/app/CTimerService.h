@@ -21,8 +21,8 @@ class CTimerService {
     virtual bool RunNewTimerAction() = 0;
     /// A timer from zero for a record that may not be in the document yet.
     virtual bool StartFromZero(const QString& recordId) = 0;
-    /// Takes a timer out without a fold and without touching a record.
-    virtual void Drop(const QString& recordId) = 0;
+    /// Takes a timer out without a fold and without touching a record. False when it could not be saved.
+    [[nodiscard]] virtual bool Drop(const QString& recordId) = 0;
     /// The record of a timer that was started for it in advance is in the store now: the timer is saved from
     /// here on.
     virtual void Keep(const QString&) {}

@@ -179,7 +179,7 @@ bool CVelmarchApp::OpenStore() {
     m_document = std::make_unique<CVelmarchDoc>(
         DocumentContext{*m_store, m_context.views, m_context.pump, m_context.clock, *m_settings});
     m_catalogue = std::make_unique<CPulldownCatalogue>(
-        CPulldownCatalogue::Context{m_srcMgr, *m_document, m_context.prompt, *m_settings, DataSourceName()});
+        CPulldownCatalogue::Context{m_srcMgr, m_context.prompt, *m_settings, DataSourceName()});
     thePulldownCatalogue = m_catalogue.get();
 
     const QString path = m_home + u'/' + m_srcMgr.m_fileName;
@@ -236,7 +236,7 @@ bool CVelmarchApp::AskAboutMissingStore(const QString& path) {
 }
 
 bool CVelmarchApp::LoadStep() {
-    if (!m_document->LoadCurrentMode()) return false;
+    m_document->LoadCurrentMode();
     m_document->BuildVisible();
     if (!LoadLists()) return false;
     m_document->NotifyViews(Hint::Rebuild);

@@ -1,5 +1,6 @@
 #include "app/CVelmarchDoc.h"
 
+#include "app/CChangeJournal.h"
 #include "config/CCfgStore.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
@@ -187,47 +188,53 @@ bool CVelmarchDoc::IsLoadedKind(RecordKind kind) const {
 
 // --- Changes: the store first, then memory, then the views
 
-bool CVelmarchDoc::AddRecord(const CVORec& record, bool notify, bool noCommit, bool newIdentity,
-                             QString* newId) {
+bool CVelmarchDoc::AddRecord(const CVORec& record, const AddChoice& choice, QString* newId) {
     std::unique_ptr<CVORec> clone = CloneRecord(record);
     if (!clone) return false;
-    if (newIdentity) clone->GenUnique();
-    if (!m_store.InsertRecord(*clone, noCommit)) return false;
+    if (choice.identity == Identity::New) clone->GenUnique();
+    if (!m_store.InsertRecord(*clone, choice.commit)) return false;
     const QString id = clone->GetId();
-    CVORec& added = *clone;
-    if (IsLoadedKind(added.Kind())) {
-        m_records.Add(std::move(clone));
-        AppendVisible(added);  // without asking the filter: who adds a record wants to see it
-    } else {
-        m_fetched.Add(std::move(clone));
-    }
+    NoteChange(clone->Kind(), id, nullptr, clone.get());
+    if (choice.hold == Hold::Yes) Accommodate(std::move(clone));
     if (newId) *newId = id;
-    Announce(Hint::Added, id, notify);
+    Announce(Hint::Added, id, choice.notify);
     return true;
 }
 
-bool CVelmarchDoc::ModifyRecord(const CVORec& record, const QString& id, bool notify, bool noCommit,
-                                bool seek, bool keep) {
+/// Without asking the filter: who adds a record wants to see it.
+void CVelmarchDoc::Accommodate(std::unique_ptr<CVORec> added) {
+    CVORec& record = *added;
+    if (!IsLoadedKind(record.Kind())) {
+        m_fetched.Add(std::move(added));
+        return;
+    }
+    m_records.Add(std::move(added));
+    AppendVisible(record);
+}
+
+bool CVelmarchDoc::ModifyRecord(const CVORec& record, const QString& id, const ModifyChoice& choice) {
     // the caller's text may belong to the object that is replaced below
     const QString formerId = id;  // NOLINT(performance-unnecessary-copy-initialization)
-    if (notify) NotifyViews(Hint::AboutToChange, {formerId});
+    if (choice.notify == Notify::Yes) NotifyViews(Hint::AboutToChange, {formerId});
     std::unique_ptr<CVORec> clone = CloneRecord(record);
     if (!clone) return false;
     const QString newId = clone->GetId();
+    const std::unique_ptr<CVORec> before = StoredForJournal(record.Kind(), formerId);
     const bool isShown = ReplaceVisible(formerId, *clone);
-    if (!m_store.ModifyRecord(*clone, formerId, noCommit, seek)) {
+    if (!m_store.ModifyRecord(*clone, formerId, choice.commit)) {
         // The view shows what was entered, while the collection has what is stored. The next reload mends it.
         if (isShown) m_shownOnly.push_back(std::move(clone));
         return false;
     }
-    StandInFor(std::move(clone), isShown, keep);
-    Announce(Hint::Changed, newId, notify);
+    NoteChange(clone->Kind(), formerId, before.get(), clone.get());
+    StandInFor(std::move(clone), isShown, choice.hold);
+    Announce(Hint::Changed, newId, choice.notify);
     return true;
 }
 
 /// Puts a changed record in the place of the former one wherever that is held.
-void CVelmarchDoc::StandInFor(std::unique_ptr<CVORec> changed, bool isShown, bool keep) {
-    if (keep && m_records.Replace(changed)) {
+void CVelmarchDoc::StandInFor(std::unique_ptr<CVORec> changed, bool isShown, Hold hold) {
+    if (hold == Hold::Yes && m_records.Replace(changed)) {
         m_displaced.push_back(std::move(changed));
         return;
     }
@@ -239,12 +246,14 @@ void CVelmarchDoc::StandInFor(std::unique_ptr<CVORec> changed, bool isShown, boo
     if (m_fetched.Replace(changed)) m_displaced.push_back(std::move(changed));
 }
 
-bool CVelmarchDoc::DeleteRecord(RecordKind kind, const QString& id, bool notify) {
+bool CVelmarchDoc::DeleteRecord(RecordKind kind, const QString& id, Notify notify) {
     // the caller's text may belong to the object that goes
     const QString goneId = id;  // NOLINT(performance-unnecessary-copy-initialization)
-    if (notify) NotifyViews(Hint::AboutToGo, {goneId});
+    if (notify == Notify::Yes) NotifyViews(Hint::AboutToGo, {goneId});
+    const std::unique_ptr<CVORec> before = StoredForJournal(kind, goneId);
     RemoveVisible(goneId);
     if (!m_store.DeleteRecord(kind, goneId)) return false;
+    if (before) NoteChange(kind, goneId, before.get(), nullptr);
     std::unique_ptr<CVORec> gone = m_records.Take(goneId);
     if (!gone) gone = m_fetched.Take(goneId);
     // Absent from the collection is a failure where every record of the kind is loaded. A console command
@@ -255,21 +264,51 @@ bool CVelmarchDoc::DeleteRecord(RecordKind kind, const QString& id, bool notify)
     return true;
 }
 
-bool CVelmarchDoc::BeginBatch() {
-    return m_store.Manager().BeginBatch();
+void CVelmarchDoc::ReadAnew() {
+    const ChangeScope changing(*this);
+    if (m_loadedKind) {
+        LoadRecords(*m_loadedKind);
+        BuildVisible();
+        NotifyViews(Hint::Rebuild);
+        return;
+    }
+    m_pendingIds.clear();
+    m_visible.clear();
+    ++m_placesEdition;
+    m_visibleCount = 0;
+    m_records.RemoveAll();
+    m_fetched.RemoveAll();
 }
 
-bool CVelmarchDoc::Commit() {
-    return m_store.Commit();
+// --- The journal
+
+/// What a change is about to replace, as it is stored: another program may have changed it since it was read.
+std::unique_ptr<CVORec> CVelmarchDoc::StoredForJournal(RecordKind kind, const QString& id) {
+    if (!m_journal) return nullptr;
+    std::unique_ptr<CVORec> stored = NewRecord(kind);
+    return m_store.ReadRecord(*stored, id) ? std::move(stored) : nullptr;
+}
+
+/// A change that stands in no transaction any more has come to its end.
+void CVelmarchDoc::NoteChange(RecordKind kind, const QString& id, const CVORec* before, const CVORec* after) {
+    if (!m_journal) return;
+    m_journal->NoteChange({kind, id, before, after});
+    const CVOSrcMgr& manager = m_store.Manager();
+    if (!manager.HasOpenChanges())
+        m_journal->NoteEnd(CommitEnd::Durable);
+    else if (manager.IsUpdateDue())
+        m_journal->NoteEnd(CommitEnd::Due);
+}
+
+void CVelmarchDoc::NoteEnd(CommitEnd end) {
+    if (m_journal) m_journal->NoteEnd(end);
 }
 
 // --- Telling the views
 
-void CVelmarchDoc::Announce(Hint hint, const QString& id, bool notify) {
-    if (notify)
-        NotifyViews(hint, {id});
-    else
-        m_pendingIds.append(id);
+void CVelmarchDoc::Announce(Hint hint, const QString& id, Notify notify) {
+    if (notify == Notify::Yes) NotifyViews(hint, {id});
+    if (notify == Notify::Later) m_pendingIds.append(id);
 }
 
 void CVelmarchDoc::FlushPending(Hint hint) {

@@ -6,6 +6,7 @@
 #include "app/TimeFilter.h"
 #include "app/VORecPtrCol.h"
 #include "records/CRecordStore.h"
+#include "records/StoreTransaction.h"
 
 #include <QStringList>
 #include <functional>
@@ -14,6 +15,7 @@
 #include <vector>
 
 class CCfgStore;
+class CChangeJournal;
 class CClock;
 class CERecord;
 class CMessagePump;
@@ -27,6 +29,25 @@ struct DocumentContext {
     CMessagePump& pump;
     const CClock& clock;
     const CCfgStore& settings;
+};
+
+/// Whether the views are told of a change at once, with those of a batch, or not at all as nobody shows it.
+enum class Notify { Yes, Later, No };
+/// Whether an added record goes by the identity that it has or gets a new one.
+enum class Identity { Own, New };
+/// Whether the record takes its place in memory, or is of a kind that isn't loaded.
+enum class Hold { Yes, No };
+
+struct AddChoice {
+    Notify notify;
+    Commit commit;
+    Identity identity = Identity::Own;
+    Hold hold = Hold::Yes;
+};
+struct ModifyChoice {
+    Notify notify;
+    Commit commit;
+    Hold hold = Hold::Yes;
 };
 
 /// Holds the records of the current mode in memory, decides which pass the filter, and is the only one that
@@ -48,10 +69,10 @@ class CVelmarchDoc {
     void SetTimers(const CTimerService* timers) { m_timers = timers; }
 
     /// Reloads all records of a kind (time or expense): hint Clear, then the bulk path, then row by row where
-    /// that fails. True as well when the rows can't be read: the store has told the user, and the collection
-    /// holds what came.
-    bool LoadRecords(RecordKind kind);
-    bool LoadCurrentMode() { return LoadRecords(KindOf(theRecordMode)); }
+    /// that fails. When the rows can't be read, the store has told the user, and the collection holds what
+    /// came.
+    void LoadRecords(RecordKind kind);
+    void LoadCurrentMode() { LoadRecords(KindOf(theRecordMode)); }
     /// Shows the other kind of records, or the same anew: loads them while the former mode is still in force,
     /// then sets theRecordMode, rebuilds the visible records, hint Rebuild. captureWidths is called just
     /// before the mode changes, and not when it stays the same.
@@ -84,21 +105,37 @@ class CVelmarchDoc {
 
     /// Adds a copy of the record, visible whatever the filter says. newId receives the identity under which
     /// it was stored.
-    [[nodiscard]] bool AddRecord(const CVORec& record, bool notify, bool noCommit, bool newIdentity,
-                                 QString* newId = nullptr);
+    [[nodiscard]] bool AddRecord(const CVORec& record, const AddChoice& choice, QString* newId = nullptr);
     /// After a failure the visible record shows the change that could not be stored, until the next reload.
-    [[nodiscard]] bool ModifyRecord(const CVORec& record, const QString& id, bool notify, bool noCommit,
-                                    bool seek, bool keep);
-    [[nodiscard]] bool DeleteRecord(RecordKind kind, const QString& id, bool notify);
-    /// Ends a batch of changes made with notify false: one hint for all of them, none when there were none.
+    [[nodiscard]] bool ModifyRecord(const CVORec& record, const QString& id, const ModifyChoice& choice);
+    [[nodiscard]] bool DeleteRecord(RecordKind kind, const QString& id, Notify notify);
+    /// Ends a batch of changes made with Notify::Later: one hint for all of them, none when there were none.
     void FlushPending(Hint hint);
     /// For a batch that may stand within another one: how many identities wait for their hint before it, and
     /// afterwards those of its own, which the caller announces. The others go on waiting for theirs.
     [[nodiscard]] qsizetype PendingCount() const { return m_pendingIds.size(); }
     QStringList TakePending(qsizetype from);
-    /// Opens one transaction for a batch: what follows, deletes included, is durable with Commit.
-    [[nodiscard]] bool BeginBatch();
-    bool Commit();
+    /// After changes that were undone in the store: reads anew whatever is held of it, and tells the views.
+    void ReadAnew();
+
+    /// Who hears what each change replaced; null: nobody.
+    void SetJournal(CChangeJournal* journal) { m_journal = journal; }
+    /// Passes on to the journal what became of the changes of a transaction.
+    void NoteEnd(CommitEnd end);
+
+    /// While one lives, records are being changed one after the other: what another program has changed
+    /// meanwhile is taken over afterwards.
+    class [[nodiscard]] ChangeScope {
+     public:
+        explicit ChangeScope(CVelmarchDoc& document) : m_document(document) { ++m_document.m_changing; }
+        ~ChangeScope() { --m_document.m_changing; }
+        ChangeScope(const ChangeScope&) = delete;
+        ChangeScope& operator=(const ChangeScope&) = delete;
+
+     private:
+        CVelmarchDoc& m_document;
+    };
+    [[nodiscard]] bool IsBeingChanged() const { return m_changing > 0; }
 
     /// The loaded records that a filter lets pass, in no promised order; none of the other kind.
     [[nodiscard]] std::vector<const CVORec*> CollectPassing(const TimeFilter& filter);
@@ -162,8 +199,12 @@ class CVelmarchDoc {
     bool ReplaceVisible(const QString& id, CVORec& record);
     void RemoveVisible(const QString& id);
 
-    void StandInFor(std::unique_ptr<CVORec> changed, bool isShown, bool keep);
-    void Announce(Hint hint, const QString& id, bool notify);
+    void Accommodate(std::unique_ptr<CVORec> added);
+    void StandInFor(std::unique_ptr<CVORec> changed, bool isShown, Hold hold);
+    void Announce(Hint hint, const QString& id, Notify notify);
+
+    [[nodiscard]] std::unique_ptr<CVORec> StoredForJournal(RecordKind kind, const QString& id);
+    void NoteChange(RecordKind kind, const QString& id, const CVORec* before, const CVORec* after);
 
     [[nodiscard]] bool ReadChanges(RecordKind kind, const QStringList& ids, Refresh& refresh);
     void SortOut(const QString& id, std::unique_ptr<CVORec> stored, Refresh& refresh);
@@ -175,6 +216,8 @@ class CVelmarchDoc {
     const CClock& m_clock;
     const CCfgStore& m_settings;
     const CTimerService* m_timers = nullptr;
+    CChangeJournal* m_journal = nullptr;
+    int m_changing = 0;
     QStringList m_pendingIds;
     std::vector<CVORec*> m_visible;  ///< null where a record was removed; places are kept in m_records
     std::size_t m_visibleCount = 0;

@@ -9,9 +9,8 @@
 // How records come into the document from the store: all of a kind, what the filter lets pass, or what
 // another program changed.
 
-bool CVelmarchDoc::LoadRecords(RecordKind kind) {
+void CVelmarchDoc::LoadRecords(RecordKind kind) {
     Load(kind, m_store.SelectAll(kind));
-    return true;
 }
 
 void CVelmarchDoc::LoadPassing(RecordKind kind) {

@@ -1,10 +1,11 @@
 #include "app/DependencyStore.h"
 
 #include "app/DependencyBytes.h"
-#include "app/StoreChange.h"
 #include "lang/FormatText.h"
 #include "records/CDRecord.h"
+#include "records/CRecordStore.h"
 #include "records/CVORecordset.h"
+#include "records/StoreTransaction.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -89,8 +90,8 @@ StoredTree DependencyStore::NotRead() const {
 // --- Writing
 
 bool DependencyStore::Save(DependencySet set, const QByteArray& bytes) {
-    StoreChange change(m_store);
-    return change.IsOpen() && Put(set, bytes) && change.Commit();
+    StoreTransaction change(m_store);
+    return change.IsOpen() && Put(set, bytes) && change.Commit() == CommitEnd::Durable;
 }
 
 bool DependencyStore::Put(DependencySet set, const QByteArray& bytes) {
@@ -115,7 +116,8 @@ bool DependencyStore::PutRoot(DependencySet set, const QByteArray& chunkIds) {
         return false;
     const bool isThere = !m_store.IsEOF();
     m_store.Manager().CloseQuery();
-    return isThere ? m_store.ModifyRecord(root, root.GetId(), true, true) : m_store.InsertRecord(root, true);
+    return isThere ? m_store.ModifyRecord(root, root.GetId(), Commit::Later)
+                   : m_store.InsertRecord(root, Commit::Later);
 }
 
 bool DependencyStore::PutChunks(DependencySet set, const QByteArray& chunkIds, const QByteArray& bytes) {
@@ -123,7 +125,7 @@ bool DependencyStore::PutChunks(DependencySet set, const QByteArray& chunkIds, c
         CDRecord chunk =
             RowOf(set, IdentityFromBytes(QByteArrayView(chunkIds).sliced(i * kIdSize, kIdSize)), false);
         chunk.data = bytes.mid(i * CDRecord::kMaxData, CDRecord::kMaxData);
-        if (!m_store.InsertRecord(chunk, true)) return false;
+        if (!m_store.InsertRecord(chunk, Commit::Later)) return false;
     }
     return true;
 }

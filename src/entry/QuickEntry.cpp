@@ -120,7 +120,7 @@ QuickOutcome Finish(Record& record, int flags, const QuickEntryContext& context)
     QuickOutcome outcome{.succeeded = true, .addedId = {}};
     do {
         if (isAsked && !context.edit(record)) break;
-        outcome.succeeded = context.document.AddRecord(record, true, false, false, &outcome.addedId);
+        outcome.succeeded = context.document.AddRecord(record, {Notify::Yes, Commit::Now}, &outcome.addedId);
     } while (isAsked && !outcome.succeeded);
     return outcome;
 }
@@ -149,7 +149,7 @@ QuickOutcome NewTimeRecord(int flags, const QuickEntryContext& context) {
     outcome = Finish(record, flags, context);
     // The dialog may have started a timer as well.
     if (outcome.addedId.isEmpty())
-        context.timers.Drop(id);
+        static_cast<void>(context.timers.Drop(id));  // it was never saved
     else
         context.timers.Keep(id);
     return outcome;

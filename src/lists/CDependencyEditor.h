@@ -9,8 +9,7 @@
 /// Editing which items hang under which: the logic of the dialog, without a widget. Works on a tree of its
 /// own, children sorted by text, that takes the place of the catalogue's with Accept. Changes to the items
 /// themselves (new, renamed, deleted) are stored at once, whatever happens to the tree. The catalogue must be
-/// loaded before, and not anew while this exists. Whether records use an item that is renamed: IsRecordList
-/// and the catalogue's ReplaceInRecords.
+/// loaded before, and not anew while this exists. Whether records use an item that is renamed: IsRecordList.
 class CDependencyEditor {
  public:
     using Node = DependencyTree::Node;

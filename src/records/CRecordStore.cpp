@@ -97,26 +97,27 @@ bool CRecordStore::ReadRecord(CVORec& record, const QString& id) {
     return isRead;
 }
 
-bool CRecordStore::ModifyRecord(const CVORec& record, const QString& id, bool noCommit, bool seek) {
+bool CRecordStore::ModifyRecord(const CVORec& record, const QString& id, ::Commit commit, Seek seek) {
     m_lastError = 0;
     // A text that is no identity finds no row, like any identity that isn't there.
-    const QString statement =
-        seek ? ById(Text::SqlSelectFrom, record.Kind(), IsIdentity(id) ? id : QString()) : QString();
-    if (seek && !m_manager.Query(statement, true)) return Fail(Text::SeekFailed, statement);
+    const QString statement = seek == Seek::Yes
+                                  ? ById(Text::SqlSelectFrom, record.Kind(), IsIdentity(id) ? id : QString())
+                                  : QString();
+    if (seek == Seek::Yes && !m_manager.Query(statement, true)) return Fail(Text::SeekFailed, statement);
     if (!m_manager.Modify(record)) return Fail(Text::ModifyFailed, {});
     // The row stands in the open state even where the commit fails: the caller goes on as if it were written.
-    if (!noCommit && !m_manager.Update()) (void)Fail(Text::ModifyCommitFailed, {});
+    if (commit == Commit::Now && !m_manager.Update()) (void)Fail(Text::ModifyCommitFailed, {});
     return true;
 }
 
-bool CRecordStore::InsertRecord(const CVORec& record, bool noCommit) {
+bool CRecordStore::InsertRecord(const CVORec& record, ::Commit commit) {
     m_lastError = 0;
     // The same for every record of a kind, and composed once: a million records are added in one go.
     QString& statement = m_insertPositions[static_cast<int>(record.Kind())];
     if (statement.isEmpty()) statement = SelectAll(record.Kind()) + LoadText(Text::SqlNoRows);
     if (!m_manager.Query(statement, true)) return Fail(Text::InsertQueryFailed, statement);
     if (!m_manager.Insert(record)) return Fail(Text::InsertFailed, {});
-    if (!noCommit && !m_manager.Update()) (void)Fail(Text::InsertCommitFailed, {});
+    if (commit == Commit::Now && !m_manager.Update()) (void)Fail(Text::InsertCommitFailed, {});
     return true;
 }
 

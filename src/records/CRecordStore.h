@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/CVOSrcMgr.h"
+#include "records/ChangeFlags.h"
 
 #include <QHash>
 #include <QString>
@@ -25,11 +26,12 @@ class CRecordStore {
     /// The next row of the query; false with m_lastError 0 after the last one.
     [[nodiscard]] bool NextRecord(CVORec& record, QString& id, bool advance);
     [[nodiscard]] bool ReadRecord(CVORec& record, const QString& id);
-    [[nodiscard]] bool ModifyRecord(const CVORec& record, const QString& id, bool noCommit, bool seek);
+    [[nodiscard]] bool ModifyRecord(const CVORec& record, const QString& id, ::Commit commit,
+                                    Seek seek = Seek::Yes);
     /// A commit that fails after the insert shows its message, sets m_lastError and still returns true: the
     /// row stands in the open state, and the caller goes on as if it were written. The same holds for
     /// ModifyRecord.
-    [[nodiscard]] bool InsertRecord(const CVORec& record, bool noCommit);
+    [[nodiscard]] bool InsertRecord(const CVORec& record, ::Commit commit);
     [[nodiscard]] bool DeleteRecord(RecordKind kind, const QString& id);
     [[nodiscard]] bool Commit();
     /// Opens one transaction for a batch: what follows, deletes included, is durable with Commit.

@@ -267,6 +267,10 @@ bool CVOSrcMgr::HasOpenChanges() const {
     return m_impl->file.InTransaction() || !m_impl->changes.IsEmpty();
 }
 
+bool CVOSrcMgr::IsUpdateDue() const {
+    return m_impl->isUpdateDue;
+}
+
 bool CVOSrcMgr::IsBatchUntouched() const {
     return m_impl->file.IsUntouched() && m_impl->changes.IsEmpty();
 }

@@ -60,6 +60,8 @@ class CVOSrcMgr {
     void Discard();
     /// Whether something waits for an Update: after a failed one, too.
     [[nodiscard]] bool HasOpenChanges() const;
+    /// An Update was wanted and failed: the next one makes up for it.
+    [[nodiscard]] bool IsUpdateDue() const;
     /// A batch is open that has changed nothing so far.
     [[nodiscard]] bool IsBatchUntouched() const;
     /// Frees the query and its statement: nothing stays open across a turn of the event loop.

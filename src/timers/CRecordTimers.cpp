@@ -75,7 +75,7 @@ bool CRecordTimers::StopOne(const QString& recordId) {
     RoundMinutes(hours, minutes, m_settings.roundDurationMinutes, m_settings.roundDurationType, nullptr);
     const bool isStartKept = changed.HasStart() && changed.HasEnd() && m_settings.lockStartOnDurationEdit;
     changed.SetDuration(hours, minutes, !isStartKept);
-    if (!m_document.ModifyRecord(changed, recordId, true, false, true, true)) {
+    if (!m_document.ModifyRecord(changed, recordId, {Notify::Yes, Commit::Now})) {
         m_timers.Put(former);  // the count isn't lost with the record's change: the stop can be repeated
         return false;
     }
@@ -102,6 +102,7 @@ bool CRecordTimers::StopAllTimers() {
 }
 
 bool CRecordTimers::StopEach() {
+    const CVelmarchDoc::ChangeScope changing(m_document);
     for (int i = m_timers.Count() - 1; i >= 0; --i) {
         const QString id = m_timers.IdAt(i);
         const TimerState state = m_timers.StateAt(i);
@@ -118,6 +119,7 @@ bool CRecordTimers::PauseAllTimers() {
 }
 
 bool CRecordTimers::PauseEach() {
+    const CVelmarchDoc::ChangeScope changing(m_document);
     for (int i = 0; i < m_timers.Count(); ++i)
         if (m_timers.StateAt(i) == TimerState::Running && !PauseOne(m_timers.IdAt(i))) return false;
     return true;
@@ -228,12 +230,12 @@ bool CRecordTimers::StartFromZero(const QString& recordId) {
     return m_timers.Start(recordId, false, 0, 0, 0) && StoreTimers();
 }
 
-void CRecordTimers::Drop(const QString& recordId) {
+bool CRecordTimers::Drop(const QString& recordId) {
     m_awaited.remove(recordId);
     const int index = m_timers.IndexOf(recordId);
-    if (index < 0) return;
+    if (index < 0) return true;
     m_timers.Remove(index);
-    StoreTimers();
+    return StoreTimers();
 }
 
 void CRecordTimers::Keep(const QString& recordId) {

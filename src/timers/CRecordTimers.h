@@ -61,7 +61,7 @@ class CRecordTimers final : public CTimerService {
     }
     bool RunNewTimerAction() override;
     bool StartFromZero(const QString& recordId) override;
-    void Drop(const QString& recordId) override;
+    [[nodiscard]] bool Drop(const QString& recordId) override;
     void Keep(const QString& recordId) override;
 
  private:

@@ -90,8 +90,7 @@ InstanceReply PauseAll(Context& context) {
 InstanceReply Drop(Context& context) {
     if (!context.timers.HasTimer(context.request.id))
         return InstanceReply::Refused(ReplyReason::NotFound, LoadText(Text::TimerNotThere));
-    context.timers.Drop(context.request.id);
-    return DoneIf(context.timers.StoreTimers(), context, Text::TimerNotThere);
+    return DoneIf(context.timers.Drop(context.request.id), context, Text::TimerNotThere);
 }
 
 InstanceReply Status(Context& context) {

@@ -29,7 +29,8 @@ struct DocumentFixture {
 
     QString Add(const CVORec& record) {
         QString id;
-        if (!document->AddRecord(record, false, false, false, &id)) qFatal("a record can't be added");
+        if (!document->AddRecord(record, {Notify::Later, Commit::Now}, &id))
+            qFatal("a record can't be added");
         document->FlushPending(Hint::Added);
         home.views.seen.clear();
         return id;
@@ -39,9 +40,9 @@ struct DocumentFixture {
     QString AddMany(int count, RecordKind ofKind) {
         QString id;
         for (int i = 0; i < count; ++i)
-            if (!document->AddRecord(*OnDay(1 + i % 28, {}, ofKind), false, true, false, &id))
+            if (!document->AddRecord(*OnDay(1 + i % 28, {}, ofKind), {Notify::Later, Commit::Later}, &id))
                 qFatal("a record can't be added");
-        if (count > 0 && !document->Commit()) qFatal("the records can't be stored");
+        if (count > 0 && !home.store->Commit()) qFatal("the records can't be stored");
         document->FlushPending(Hint::Added);
         home.views.seen.clear();
         return id;

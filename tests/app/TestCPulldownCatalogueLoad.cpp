@@ -37,7 +37,7 @@ class TestCPulldownCatalogueLoad : public QObject {
     QString Store(CPRecord item, int list) {
         item.listId = list;
         item.GenUnique();
-        if (!home->store->InsertRecord(item, false)) qFatal("an item can't be stored");
+        if (!home->store->InsertRecord(item, Commit::Now)) qFatal("an item can't be stored");
         return item.GetId();
     }
     QString Store(const QString& text, int list) { return Store(CPRecord(text), list); }
@@ -47,7 +47,7 @@ class TestCPulldownCatalogueLoad : public QObject {
         row.number = static_cast<int>(set);
         row.data = data;
         row.SetId(id);
-        QVERIFY(home->store->InsertRecord(row, false));
+        QVERIFY(home->store->InsertRecord(row, Commit::Now));
     }
     QString TreeOf(DependencySet set) { return Drawn(catalogue->Tree(set).Root()); }
     QStringList DependencyRows() {
@@ -103,7 +103,7 @@ class TestCPulldownCatalogueLoad : public QObject {
             CPRecord item(texts[i]);
             item.listId = kLists[i % 3];
             item.GenUnique();
-            QVERIFY(home->store->InsertRecord(item, true));
+            QVERIFY(home->store->InsertRecord(item, Commit::Later));
         }
         QVERIFY(home->store->Commit());
         const TestHome next(home->Path());
@@ -346,7 +346,7 @@ class TestCPulldownCatalogueLoad : public QObject {
         } boxes;
         StoreTrees();
         Damage(u"'G'"_s);
-        CPulldownCatalogue other({home->manager, *home->document, boxes, *home->settings, u"velmarch"_s});
+        CPulldownCatalogue other({home->manager, boxes, *home->settings, u"velmarch"_s});
         QVERIFY(other.Load());
         QCOMPARE(boxes.asked.textId, 26142);
         QCOMPARE(boxes.asked.title, u"Dependencies"_s);
@@ -396,7 +396,7 @@ class TestCPulldownCatalogueLoad : public QObject {
             CPRecord item(u"item %1"_s.arg(i));
             item.listId = 16;
             item.GenUnique();
-            QVERIFY(home->store->InsertRecord(item, true));
+            QVERIFY(home->store->InsertRecord(item, Commit::Later));
         }
         QVERIFY(home->store->Commit());
         QVERIFY(catalogue->Load());

@@ -234,7 +234,8 @@ class TestCVelmarchApp : public QObject {
         {
             Start start;
             QVERIFY(start.OpenAll(Path(u"home"_s)));
-            QVERIFY(start.app.Document().AddRecord(CTRecord(), true, false, true, &id));
+            QVERIFY(
+                start.app.Document().AddRecord(CTRecord(), {Notify::Yes, Commit::Now, Identity::New}, &id));
         }
         Start start;
         QVERIFY(start.OpenAll(Path(u"home"_s)));
@@ -327,7 +328,8 @@ class TestCVelmarchApp : public QObject {
         QVERIFY(start.OpenAll(Path(u"home"_s)));
         theRecordMode = mode;
         for (int i = 0; i < records; ++i)
-            QVERIFY(start.app.Document().AddRecord(*NewRecord(KindOf(mode)), false, false, true));
+            QVERIFY(start.app.Document().AddRecord(*NewRecord(KindOf(mode)),
+                                                   {Notify::Later, Commit::Now, Identity::New}));
         QVERIFY(start.app.LoadStep());
         const QList<std::pair<Hint, QStringList>> expected{{Hint::Clear, {}}, {Hint::Rebuild, {}}};
         QCOMPARE(start.views.seen, expected);
@@ -357,7 +359,7 @@ class TestCVelmarchApp : public QObject {
     void LoadStepGoesOnWithoutTheCatalogue() {
         Start start;
         QVERIFY(start.OpenAll(Path(u"home"_s)));
-        QVERIFY(start.app.Document().AddRecord(CTRecord(), false, false, true));
+        QVERIFY(start.app.Document().AddRecord(CTRecord(), {Notify::Later, Commit::Now, Identity::New}));
         QVERIFY(start.app.Manager().File().Execute("DROP TABLE dependency_velmarch"));
         start.prompt.ExpectTold(Text::ReadQueryFailed);
         QVERIFY(start.app.LoadStep());

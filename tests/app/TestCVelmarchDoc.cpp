@@ -37,7 +37,10 @@ class TestCVelmarchDoc : public QObject {
         const auto record = fixture->OnDay(1, u"work"_s);
         const QString given = record->GetId();
         QString id;
-        QVERIFY(document->AddRecord(*record, notify, false, newIdentity, &id));
+        QVERIFY(document->AddRecord(
+            *record,
+            {notify ? Notify::Yes : Notify::Later, Commit::Now, newIdentity ? Identity::New : Identity::Own},
+            &id));
         QTEST(fixture->Hints({id}), "told");
         document->FlushPending(Hint::Added);
         QTEST(fixture->Hints({id}), "toldByFlush");
@@ -61,7 +64,8 @@ class TestCVelmarchDoc : public QObject {
     void AddRecordThatCanNotBeStored() {
         fixture->AddOnDay(1, u"a"_s);
         fixture->home.prompt.ExpectTold(Text::InsertFailed);
-        QVERIFY(!document->AddRecord(*fixture->OnDay(2, DocumentFixture::TooLong()), true, false, true));
+        QVERIFY(!document->AddRecord(*fixture->OnDay(2, DocumentFixture::TooLong()),
+                                     {Notify::Yes, Commit::Now, Identity::New}));
         QCOMPARE(fixture->Hints(), QString());
         QCOMPARE(fixture->VisibleItems(), QStringList{u"a"_s});
         QCOMPARE(document->RecordCount(), std::size_t{1});
@@ -79,7 +83,7 @@ class TestCVelmarchDoc : public QObject {
     void RecordsOfListsAreNoneOfTheDocuments() {
         const CPRecord item(u"a"_s);
         QVERIFY(!CVelmarchDoc::CloneRecord(item));
-        QVERIFY(!document->AddRecord(item, true, false, true));
+        QVERIFY(!document->AddRecord(item, {Notify::Yes, Commit::Now, Identity::New}));
         QCOMPARE(fixture->Hints(), QString());
     }
 
@@ -97,7 +101,7 @@ class TestCVelmarchDoc : public QObject {
         const QString other = fixture->AddOnDay(1, u"a"_s), id = fixture->AddOnDay(2, u"b"_s);
         fixture->Reload();
         const auto changed = fixture->Changed(id, 2, u"c"_s);
-        QVERIFY(document->ModifyRecord(*changed, id, notify, false, true, true));
+        QVERIFY(document->ModifyRecord(*changed, id, {notify ? Notify::Yes : Notify::Later, Commit::Now}));
         QTEST(fixture->Hints({other, id}), "told");
         QCOMPARE(fixture->VisibleItems(), QStringList({u"a"_s, u"c"_s}));
         QCOMPARE(fixture->Item1(id), u"c"_s);
@@ -112,7 +116,7 @@ class TestCVelmarchDoc : public QObject {
         fixture->ShowOnlyDay(1);
         QVERIFY(document->IsVisible(id));
         const auto moved = fixture->Changed(id, 2, u"a"_s);
-        QVERIFY(document->ModifyRecord(*moved, id, true, false, true, true));
+        QVERIFY(document->ModifyRecord(*moved, id, {Notify::Yes, Commit::Now}));
         QVERIFY(document->IsVisible(id));
         document->BuildVisible();
         QVERIFY(!document->IsVisible(id));
@@ -124,17 +128,17 @@ class TestCVelmarchDoc : public QObject {
         fixture->Reload();
         const auto changed = fixture->Changed(id, 1, DocumentFixture::TooLong());
         fixture->home.prompt.ExpectTold(Text::ModifyFailed);
-        QVERIFY(!document->ModifyRecord(*changed, id, true, false, true, true));
+        QVERIFY(!document->ModifyRecord(*changed, id, {Notify::Yes, Commit::Now}));
         QCOMPARE(fixture->Hints({id}), u"14 A"_s);
         QCOMPARE(fixture->VisibleItems(), QStringList{DocumentFixture::TooLong()});
         QCOMPARE(fixture->Item1(id), u"a"_s);
 
         DocumentFixture::Put(*changed, 1, u"b"_s);
-        QVERIFY(document->ModifyRecord(*changed, id, true, false, true, true));
+        QVERIFY(document->ModifyRecord(*changed, id, {Notify::Yes, Commit::Now}));
         QCOMPARE(fixture->VisibleItems(), QStringList{u"b"_s});
         fixture->home.prompt.ExpectTold(Text::ModifyFailed);
         DocumentFixture::Put(*changed, 1, DocumentFixture::TooLong());
-        QVERIFY(!document->ModifyRecord(*changed, id, true, false, true, true));
+        QVERIFY(!document->ModifyRecord(*changed, id, {Notify::Yes, Commit::Now}));
         document->NotifyViews(Hint::Rebuild);  // without BuildVisible: columns changed
         QCOMPARE(fixture->VisibleItems(), QStringList{DocumentFixture::TooLong()});
         document->BuildVisible();
@@ -146,7 +150,7 @@ class TestCVelmarchDoc : public QObject {
         const QString id = fixture->AddOnDay(1, u"a"_s);
         CVORec* record = document->FindRecord(id);
         DocumentFixture::Put(*record, 1, u"b"_s);
-        QVERIFY(document->ModifyRecord(*record, record->GetId(), true, false, true, true));
+        QVERIFY(document->ModifyRecord(*record, record->GetId(), {Notify::Yes, Commit::Now}));
         QCOMPARE(fixture->Item1(id), u"b"_s);
     }
 
@@ -156,7 +160,7 @@ class TestCVelmarchDoc : public QObject {
         document->LoadRecords(fixture->otherKind);
         document->BuildVisible();
         fixture->home.views.seen.clear();
-        QVERIFY(document->ModifyRecord(*changed, id, true, false, true, false));
+        QVERIFY(document->ModifyRecord(*changed, id, {Notify::Yes, Commit::Now, Hold::No}));
         QCOMPARE(fixture->Hints({id}), u"14 A, 1 A"_s);
         QCOMPARE(document->RecordCount(), std::size_t{0});
         QCOMPARE(DocumentFixture::Item1Of(document->FetchRecord(fixture->kind, id)), u"b"_s);
@@ -166,7 +170,7 @@ class TestCVelmarchDoc : public QObject {
         const QString id = fixture->AddOnDay(1, u"a"_s);
         fixture->Reload();
         const auto changed = fixture->Changed(id, 1, u"b"_s);
-        QVERIFY(document->ModifyRecord(*changed, id, true, false, true, false));
+        QVERIFY(document->ModifyRecord(*changed, id, {Notify::Yes, Commit::Now, Hold::No}));
         QCOMPARE(fixture->VisibleItems(), QStringList{u"b"_s});
         QCOMPARE(fixture->Item1(id), u"a"_s);
         fixture->Reload();
@@ -187,7 +191,7 @@ class TestCVelmarchDoc : public QObject {
         const QString a = fixture->AddOnDay(1, u"a"_s), b = fixture->AddOnDay(2, u"b"_s),
                       c = fixture->AddOnDay(3, u"c"_s);
         fixture->Reload();
-        QVERIFY(document->DeleteRecord(fixture->kind, b, notify));
+        QVERIFY(document->DeleteRecord(fixture->kind, b, notify ? Notify::Yes : Notify::Later));
         QTEST(fixture->Hints({a, b, c}), "told");
         document->FlushPending(Hint::Deleted);
         QTEST(fixture->Hints({a, b, c}), "toldByFlush");
@@ -200,7 +204,7 @@ class TestCVelmarchDoc : public QObject {
 
     void DeleteRecordGivenItsOwnIdentity() {
         const QString id = fixture->AddOnDay(1);
-        QVERIFY(document->DeleteRecord(fixture->kind, document->FindRecord(id)->GetId(), true));
+        QVERIFY(document->DeleteRecord(fixture->kind, document->FindRecord(id)->GetId(), Notify::Yes));
         QCOMPARE(fixture->Hints({id}), u"12 A, 2 A"_s);
     }
 
@@ -213,7 +217,7 @@ class TestCVelmarchDoc : public QObject {
     void DeleteRecordThatIsAbsent() {
         QFETCH(bool, loaded);
         if (loaded) fixture->Reload();
-        QTEST(document->DeleteRecord(fixture->kind, fixture->OnDay(1)->GetId(), true), "deleted");
+        QTEST(document->DeleteRecord(fixture->kind, fixture->OnDay(1)->GetId(), Notify::Yes), "deleted");
     }
 
     void DeleteRecordThatTheStoreKeeps() {
@@ -221,7 +225,7 @@ class TestCVelmarchDoc : public QObject {
         fixture->Reload();
         QVERIFY(fixture->Execute(u"ALTER TABLE %1 RENAME TO elsewhere"_s));
         fixture->home.prompt.ExpectTold(Text::DeleteFailed);
-        QVERIFY(!document->DeleteRecord(fixture->kind, id, true));
+        QVERIFY(!document->DeleteRecord(fixture->kind, id, Notify::Yes));
         QCOMPARE(fixture->Hints({id}), u"12 A"_s);
         QCOMPARE(document->VisibleCount(), std::size_t{0});
         QVERIFY(document->FindRecord(id));
@@ -242,7 +246,8 @@ class TestCVelmarchDoc : public QObject {
         for (int i = 0; i < 3; ++i) ids.append(fixture->AddOnDay(1 + i));
         fixture->Reload();
         for (int i = 0; i < changes; ++i) {
-            QVERIFY(document->ModifyRecord(*document->FindRecord(ids[i]), ids[i], false, false, true, true));
+            QVERIFY(
+                document->ModifyRecord(*document->FindRecord(ids[i]), ids[i], {Notify::Later, Commit::Now}));
         }
         QCOMPARE(fixture->Hints(), QString());
         document->FlushPending(Hint::Changed);
@@ -255,10 +260,12 @@ class TestCVelmarchDoc : public QObject {
         const QString outer = fixture->AddOnDay(1, u"a"_s), inner = fixture->AddOnDay(2, u"b"_s);
         fixture->Reload();
         const CVORec* former = document->FindRecord(outer);
-        QVERIFY(document->ModifyRecord(*fixture->Changed(outer, 1, u"c"_s), outer, false, false, true, true));
+        QVERIFY(
+            document->ModifyRecord(*fixture->Changed(outer, 1, u"c"_s), outer, {Notify::Later, Commit::Now}));
         const qsizetype waiting = document->PendingCount();
         QCOMPARE(waiting, qsizetype{1});
-        QVERIFY(document->ModifyRecord(*fixture->Changed(inner, 2, u"d"_s), inner, false, false, true, true));
+        QVERIFY(
+            document->ModifyRecord(*fixture->Changed(inner, 2, u"d"_s), inner, {Notify::Later, Commit::Now}));
         QCOMPARE(document->TakePending(waiting), QStringList{inner});
         document->NotifyViews(Hint::Changed, {inner});
         QCOMPARE(DocumentFixture::Item1Of(former), u"a"_s);  // its own hint is still to come
@@ -272,9 +279,9 @@ class TestCVelmarchDoc : public QObject {
         const CVORec* shown = document->FindRecord(id);
         const CVORec* deleted = document->FindRecord(other);
         const auto changed = fixture->Changed(id, 1, u"c"_s);
-        QVERIFY(document->ModifyRecord(*changed, id, false, false, true, true));
-        QVERIFY(document->DeleteRecord(fixture->kind, other, false));
-        QVERIFY(document->AddRecord(*fixture->OnDay(3), true, false, true));
+        QVERIFY(document->ModifyRecord(*changed, id, {Notify::Later, Commit::Now}));
+        QVERIFY(document->DeleteRecord(fixture->kind, other, Notify::Later));
+        QVERIFY(document->AddRecord(*fixture->OnDay(3), {Notify::Yes, Commit::Now, Identity::New}));
         QCOMPARE(DocumentFixture::Item1Of(shown), u"a"_s);
         QCOMPARE(DocumentFixture::Item1Of(deleted), u"b"_s);
     }
@@ -283,23 +290,23 @@ class TestCVelmarchDoc : public QObject {
         const QString a = fixture->AddOnDay(1), b = fixture->AddOnDay(2);
         fixture->Reload();
         DocumentFixture second(theRecordMode, fixture->home.Path());
-        QVERIFY(document->BeginBatch());
-        QVERIFY(document->DeleteRecord(fixture->kind, a, false));
-        QVERIFY(document->DeleteRecord(fixture->kind, b, false));
+        QVERIFY(fixture->home.store->BeginBatch());
+        QVERIFY(document->DeleteRecord(fixture->kind, a, Notify::Later));
+        QVERIFY(document->DeleteRecord(fixture->kind, b, Notify::Later));
         second.document->LoadCurrentMode();
         QCOMPARE(second.document->RecordCount(), std::size_t{2});
-        QVERIFY(document->Commit());
+        QVERIFY(fixture->home.store->Commit());
         second.document->LoadCurrentMode();
         QCOMPARE(second.document->RecordCount(), std::size_t{0});
     }
 
     void AddsWithoutCommitAreDurableTogether() {
         DocumentFixture second(theRecordMode, fixture->home.Path());
-        QVERIFY(document->AddRecord(*fixture->OnDay(1), false, true, false));
-        QVERIFY(document->AddRecord(*fixture->OnDay(2), false, true, false));
+        QVERIFY(document->AddRecord(*fixture->OnDay(1), {Notify::Later, Commit::Later}));
+        QVERIFY(document->AddRecord(*fixture->OnDay(2), {Notify::Later, Commit::Later}));
         second.document->LoadCurrentMode();
         QCOMPARE(second.document->RecordCount(), std::size_t{0});
-        QVERIFY(document->Commit());
+        QVERIFY(fixture->home.store->Commit());
         second.document->LoadCurrentMode();
         QCOMPARE(second.document->RecordCount(), std::size_t{2});
     }

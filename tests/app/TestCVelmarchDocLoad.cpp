@@ -79,7 +79,7 @@ class TestCVelmarchDocLoad : public QObject {
         QFETCH(int, others);
         fixture->AddMany(ours, fixture->kind);
         fixture->AddMany(others, fixture->otherKind);
-        QVERIFY(document->LoadRecords(fixture->kind));
+        document->LoadRecords(fixture->kind);
         QCOMPARE(document->RecordCount(), static_cast<std::size_t>(ours));
         QCOMPARE(document->VisibleCount(), std::size_t{0});
         QCOMPARE(fixture->Hints(), u"9"_s);
@@ -90,13 +90,13 @@ class TestCVelmarchDocLoad : public QObject {
     void LoadRecordsRowByRowWhereTheBulkPathFails() {
         for (int day = 1; day <= 5; ++day) fixture->AddOnDay(day, QString::number(day));
         fixture->SpoilBulkPath();
-        QVERIFY(document->LoadRecords(fixture->kind));
+        document->LoadRecords(fixture->kind);
         document->BuildVisible();
         QCOMPARE(fixture->VisibleItems(), QStringList({u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s}));
     }
 
     void LoadRecordsForgetsWhatIsPending() {
-        QVERIFY(document->AddRecord(*fixture->OnDay(1), false, false, true));
+        QVERIFY(document->AddRecord(*fixture->OnDay(1), {Notify::Later, Commit::Now, Identity::New}));
         document->LoadRecords(fixture->kind);
         fixture->home.views.seen.clear();
         document->FlushPending(Hint::Added);
@@ -152,8 +152,8 @@ class TestCVelmarchDocLoad : public QObject {
         other.BuildVisible();
         QCOMPARE(other.RecordCount(), std::size_t{10});
         QCOMPARE(other.VisibleCount(), std::size_t{10});
-        QVERIFY(other.DeleteRecord(fixture->kind, id, false));
-        QVERIFY(!other.DeleteRecord(fixture->kind, id, false));
+        QVERIFY(other.DeleteRecord(fixture->kind, id, Notify::Later));
+        QVERIFY(!other.DeleteRecord(fixture->kind, id, Notify::Later));
     }
 
     void LoadPassingOfDays_data() {
@@ -309,7 +309,7 @@ class TestCVelmarchDocLoad : public QObject {
     }
 
     void SwitchModeForgetsWhatIsPending() {
-        QVERIFY(document->AddRecord(*fixture->OnDay(1), false, false, true));
+        QVERIFY(document->AddRecord(*fixture->OnDay(1), {Notify::Later, Commit::Now, Identity::New}));
         document->SwitchMode(theRecordMode);
         fixture->home.views.seen.clear();
         document->FlushPending(Hint::Added);
@@ -365,10 +365,10 @@ class TestCVelmarchDocLoad : public QObject {
         CVORec* fetched = second.document->FetchRecord(fixture->kind, id);
         QCOMPARE(DocumentFixture::Item1Of(fetched), u"a"_s);
         const auto changed = fixture->Changed(id, 1, u"b"_s);
-        QVERIFY(document->ModifyRecord(*changed, id, true, false, true, true));
+        QVERIFY(document->ModifyRecord(*changed, id, {Notify::Yes, Commit::Now}));
         QCOMPARE(second.document->FetchRecord(fixture->kind, id), fetched);
         QCOMPARE(DocumentFixture::Item1Of(fetched), u"b"_s);
-        QVERIFY(document->DeleteRecord(fixture->kind, id, true));
+        QVERIFY(document->DeleteRecord(fixture->kind, id, Notify::Yes));
         QVERIFY(!second.document->FetchRecord(fixture->kind, id));
         QVERIFY(!second.document->FindRecord(id));
     }
@@ -379,9 +379,9 @@ class TestCVelmarchDocLoad : public QObject {
         CVelmarchDoc& fresh = *second.document;
         QVERIFY(fresh.FetchRecord(fixture->kind, id));
         const auto changed = second.Changed(id, 1, u"b"_s);
-        QVERIFY(fresh.ModifyRecord(*changed, id, true, false, true, true));
+        QVERIFY(fresh.ModifyRecord(*changed, id, {Notify::Yes, Commit::Now}));
         QCOMPARE(DocumentFixture::Item1Of(fresh.FindRecord(id)), u"b"_s);
-        QVERIFY(fresh.DeleteRecord(fixture->kind, id, true));
+        QVERIFY(fresh.DeleteRecord(fixture->kind, id, Notify::Yes));
         QVERIFY(!fresh.FindRecord(id));
         fixture->Reload();
         QCOMPARE(document->RecordCount(), std::size_t{0});
@@ -425,11 +425,11 @@ class TestCVelmarchDocLoad : public QObject {
         const auto record =
             second.Changed(a, change == u"move"_s ? 5 : 1, change == u"item"_s ? u"c"_s : u"a"_s);
         if (change == u"delete"_s)
-            QVERIFY(context.DeleteRecord(fixture->kind, a, true));
+            QVERIFY(context.DeleteRecord(fixture->kind, a, Notify::Yes));
         else if (change == u"add"_s)
-            QVERIFY(context.AddRecord(*added, true, false, false));
+            QVERIFY(context.AddRecord(*added, {Notify::Yes, Commit::Now}));
         else
-            QVERIFY(context.ModifyRecord(*record, a, true, false, true, true));
+            QVERIFY(context.ModifyRecord(*record, a, {Notify::Yes, Commit::Now}));
 
         const QString id = change == u"add"_s ? added->GetId() : a;
         QVERIFY(document->RefreshRecords(fixture->kind, {id, id}));

@@ -53,7 +53,7 @@ class TestDependencyStore : public QObject {
         row.number = number;
         row.data = data;
         row.SetId(id);
-        QVERIFY(home->store->InsertRecord(row, false));
+        QVERIFY(home->store->InsertRecord(row, Commit::Now));
     }
     void Compare(const StoredTree& tree, State state, const QByteArray& bytes) {
         QCOMPARE(static_cast<int>(tree.state), static_cast<int>(state));
@@ -241,7 +241,7 @@ class TestDependencyStore : public QObject {
     void SaveThatFailsLeavesOpenChangesAlone() {
         CPRecord item(u"waiting"_s);
         item.GenUnique();
-        QVERIFY(home->store->InsertRecord(item, true));
+        QVERIFY(home->store->InsertRecord(item, Commit::Later));
         Run(u"CREATE TRIGGER refuse BEFORE INSERT ON dependency_velmarch BEGIN SELECT RAISE(ABORT,'no'); END"_s);
         home->prompt.ExpectTold(Text::InsertFailed);
         QVERIFY(!trees->Save(kTimes, "refused"));

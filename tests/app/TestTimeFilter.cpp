@@ -21,7 +21,7 @@ class OneTimer final : public CTimerService {
     }
     bool RunNewTimerAction() override { return true; }
     bool StartFromZero(const QString&) override { return false; }
-    void Drop(const QString&) override {}
+    [[nodiscard]] bool Drop(const QString&) override { return true; }
 };
 
 using Change = std::function<void(TimeFilter&, CTRecord&)>;

@@ -1,5 +1,5 @@
 #include "Page.h"
-#include "app/DemoData.h"
+#include "changes/DemoData.h"
 #include "config/CCfgStore.h"
 #include "config/CTreeColSet.h"
 #include "config/ColumnTable.h"
@@ -118,7 +118,7 @@ void TestDocs::Queries_data() {
 void TestDocs::Queries() {
     QFETCH(QString, file);
     QFETCH(QString, statement);
-    QVERIFY(FillWithDemoData(*home->store, home->clock, {900, 200}, 1) == DemoOutcome::Filled);
+    QVERIFY(FillWithDemoData(*home->document, home->clock, {900, 200}, 1) == DemoOutcome::Filled);
     CTRecord record;
     record.date.Set(11, 19, 2026);
     record.item1 = u"In no list"_s;
@@ -126,13 +126,13 @@ void TestDocs::Queries() {
     record.SetEnd(6, 0, true);
     record.SetBillable(true);
     record.GenUnique();
-    QVERIFY(home->store->InsertRecord(record, false));
+    QVERIFY(home->store->InsertRecord(record, Commit::Now));
     CERecord expense;
     expense.date.Set(11, 19, 2026);
     expense.amount.Set(12.0F);
     expense.flag3 = true;
     expense.GenUnique();
-    QVERIFY(home->store->InsertRecord(expense, false));
+    QVERIFY(home->store->InsertRecord(expense, Commit::Now));
     QVERIFY(home->catalogue->AddItem(109, u"Customer"_s, false));
     Run(Page::Blocks(Page("dependency-trees.md").Under(u"An example"_s), u"sql"_s).first());
     QVERIFY(home->settings->WriteEntry(u"TimeDefaults"_s, u"usual"_s, "record"));

@@ -17,7 +17,7 @@ class Timers final : public CTimerService {
     [[nodiscard]] TimerState StateOf(const QString&) const override { return TimerState::None; }
     bool RunNewTimerAction() override { return ++calls > 0; }
     bool StartFromZero(const QString&) override { return ++calls > 0; }
-    void Drop(const QString&) override { ++calls; }
+    [[nodiscard]] bool Drop(const QString&) override { return ++calls > 0; }
     void Keep(const QString&) override { ++calls; }
 };
 
@@ -58,7 +58,7 @@ struct Fixture {
         record.odometerEnd = u"1120"_s;
         record.flag1 = record.flag5 = record.isExported = true;
         record.notes = u"to the airport"_s;
-        if (!home.document->AddRecord(record, false, false, false)) qFatal("no taxi");
+        if (!home.document->AddRecord(record, {Notify::Later, Commit::Now})) qFatal("no taxi");
         home.document->FlushPending(Hint::Added);
         return record.GetId();
     }
@@ -196,7 +196,7 @@ void TestExpenseQuickEntry::SelectionOfOne() {
     Fixture fixture;
     for (int i = 0; i < selected; ++i) fixture.selected.append(fixture.AddTaxi());
     if (selected == 1)
-        QVERIFY(fixture.home.document->DeleteRecord(RecordKind::Expense, fixture.selected[0], false));
+        QVERIFY(fixture.home.document->DeleteRecord(RecordKind::Expense, fixture.selected[0], Notify::Later));
     const std::size_t before = fixture.home.document->RecordCount();
     const QuickOutcome outcome = fixture.Run(flags);
     QCOMPARE(outcome.succeeded, succeeded);

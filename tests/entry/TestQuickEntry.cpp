@@ -228,7 +228,7 @@ void TestQuickEntry::CopyTakesEveryField() {
     base.SetRate(50);
     base.isBilled = true;
     base.isExported = true;
-    QVERIFY(fixture.home.document->AddRecord(base, true, false, false));
+    QVERIFY(fixture.home.document->AddRecord(base, {Notify::Yes, Commit::Now}));
     fixture.selected = {base.GetId()};
     CTRecord copy;
     QVERIFY(fixture.home.store->ReadRecord(copy, fixture.Run(24).addedId));
@@ -258,7 +258,7 @@ void TestQuickEntry::SelectionOfOne() {
     Fixture fixture;
     for (int i = 0; i < selected; ++i) fixture.selected.append(fixture.home.AddTime(2026, 11, 2));
     if (selected == 1)
-        QVERIFY(fixture.home.document->DeleteRecord(RecordKind::Time, fixture.selected[0], false));
+        QVERIFY(fixture.home.document->DeleteRecord(RecordKind::Time, fixture.selected[0], Notify::Later));
     const std::size_t before = fixture.Records();
     const QuickOutcome outcome = fixture.Run(flags);
     QVERIFY(!outcome.succeeded);

@@ -67,7 +67,7 @@ class OneTimer final : public CTimerService {
     [[nodiscard]] TimerState StateOf(const QString&) const override { return state; }
     bool RunNewTimerAction() override { return true; }
     bool StartFromZero(const QString&) override { return true; }
-    void Drop(const QString&) override {}
+    [[nodiscard]] bool Drop(const QString&) override { return true; }
 };
 
 }  // namespace

@@ -67,7 +67,6 @@ class TestCDependencyEditor : public QObject {
     void RenameItem();
     void RenamePutsInOrder();
     void RenameThatFails();
-    void RenameInRecords();
     void DeleteItem();
     void DeleteItemOfTheOtherMode();
     void DeleteItemThatIsNone();
@@ -314,22 +313,6 @@ void TestCDependencyEditor::RenameThatFails() {
     QVERIFY(editor.Add(At(editor), u"A"_s));
     QCOMPARE(editor.RenameItem(16, u"nobody"_s, u"Z"_s), CDependencyEditor::Renamed::Failed);
     QCOMPARE(Drawn(editor.Tree().Root()), u"A"_s);
-}
-
-/// What a dialog goes on with after a rename: whether records use the list, and carrying the text into them.
-void TestCDependencyEditor::RenameInRecords() {
-    CTRecord record;
-    record.item1 = u"A"_s;
-    record.date.Set(11, 19, 2026);
-    record.GenUnique();
-    QVERIFY(home->store->InsertRecord(record, false));
-    CDependencyEditor editor = Editor();
-    QCOMPARE(editor.RenameItem(16, u"A"_s, u"Z"_s), CDependencyEditor::Renamed::Done);
-    QVERIFY(IsRecordList(16));
-    QVERIFY(!IsRecordList(34));
-    int count = 0;
-    QVERIFY(catalogue->ReplaceInRecords(count, 16, u"A"_s, u"Z"_s));
-    QCOMPARE(count, 1);
 }
 
 void TestCDependencyEditor::DeleteItem() {

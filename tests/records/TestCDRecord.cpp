@@ -79,7 +79,7 @@ void TestCDRecord::StoredBlock() {
     QFETCH(QString, block);
     RecordsFixture home;
     const CDRecord record = Block(data, isPacked);
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     QCOMPARE(home.Rows(QStringLiteral("SELECT * FROM dependency_velmarch WHERE number=55 AND block=%1")
                            .arg(QuoteText(block))),
              1);
@@ -104,7 +104,7 @@ void TestCDRecord::Length() {
     RecordsFixture home;
     const CDRecord record = Block(QByteArray(bytes, 'x'), false);
     if (!fits) home.prompt.ExpectTold(Text::InsertFailed);
-    QCOMPARE(home.store.InsertRecord(record, false), fits);
+    QCOMPARE(home.store.InsertRecord(record, Commit::Now), fits);
     QCOMPARE(home.Rows(QStringLiteral("SELECT * FROM dependency_velmarch WHERE length(block)=32000")),
              fits ? 1 : 0);
     if (fits) return;
@@ -142,7 +142,7 @@ void TestCDRecord::ReadBlock() {
     QFETCH(QList<int>, texts);
     RecordsFixture home;
     const CDRecord stored = Block("abc", false, 66);
-    QVERIFY(home.store.InsertRecord(stored, false));
+    QVERIFY(home.store.InsertRecord(stored, Commit::Now));
     QVERIFY(home.manager.Query(
         QStringLiteral("UPDATE dependency_velmarch SET block=%1").arg(QuoteText(block)), true));
     CDRecord record = Block("before", isPacked);
@@ -200,7 +200,7 @@ void TestCDRecord::FromBytes() {
 
 void TestCDRecord::NoBulkForm() {
     RecordsFixture home;
-    QVERIFY(home.store.InsertRecord(Block("abc", false), false));
+    QVERIFY(home.store.InsertRecord(Block("abc", false), Commit::Now));
     QVERIFY(home.store.Query(home.store.SelectAll(RecordKind::Dependency)));
     RowTable rows;
     QVERIFY(home.manager.m_recordset->GetRows(rows));

@@ -208,7 +208,7 @@ void TestCERecord::RowRoundTrip() {
     QFETCH(bool, isBulk);
     RecordsFixture home;
     const CERecord source = FullRecord();
-    QVERIFY(home.store.InsertRecord(source, false));
+    QVERIFY(home.store.InsertRecord(source, Commit::Now));
     const CERecord target = isBulk ? ByTable(home) : ByRow(home);
     QCOMPARE(Summary(target), QString::fromUtf8(kFullSummary));
     QCOMPARE(target.GetId(), source.GetId());
@@ -239,7 +239,7 @@ void TestCERecord::DistanceColumn() {
     record.isDistance = distance >= 0.0F;
     if (record.isDistance) record.distance.Set(distance);
     // As the document stores it: a copy.
-    QVERIFY(home.store.InsertRecord(*record.Clone(), false));
+    QVERIFY(home.store.InsertRecord(*record.Clone(), Commit::Now));
     QCOMPARE(
         home.Rows(QStringLiteral("SELECT * FROM expense_velmarch WHERE distance=%1").arg(QuoteText(column))),
         1);
@@ -278,7 +278,7 @@ void TestCERecord::DistanceOfAnotherRegion() {
     {
         const RegionScope scope(RegionWithDecimal(writer));
         source.distance.Set(distance);
-        QVERIFY(home.store.InsertRecord(source, false));
+        QVERIFY(home.store.InsertRecord(source, Commit::Now));
     }
     const QString statement = QStringLiteral("SELECT * FROM expense_velmarch WHERE distance=%1");
     const RegionScope scope(RegionWithDecimal(reader));
@@ -347,7 +347,7 @@ void TestCERecord::UnreadableDistanceKeepsTheFormer() {
     RecordsFixture home;
     CERecord source = FullRecord();
     source.distance.text = QStringLiteral("far");
-    QVERIFY(home.store.InsertRecord(source, false));
+    QVERIFY(home.store.InsertRecord(source, Commit::Now));
     CERecord target;
     target.distance.Set(3.0F);
     QVERIFY(home.store.ReadRecord(target, source.GetId()));
@@ -362,7 +362,7 @@ void TestCERecord::NoAmountIsStoredAsMinusOne() {
     RecordsFixture home;
     CERecord record;
     record.GenUnique();
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     QCOMPARE(
         home.Rows(QStringLiteral("SELECT * FROM expense_velmarch WHERE amount=-1 AND rate=-1 AND month=-1")),
         1);

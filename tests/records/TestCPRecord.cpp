@@ -198,7 +198,7 @@ void TestCPRecord::Rows() {
     QFETCH(QString, text);
     RecordsFixture home;
     const CPRecord record = Item(static_cast<Type>(type));
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     QCOMPARE(home.Rows(QStringLiteral("SELECT * FROM item_velmarch WHERE list=16 AND ") + stored), 1);
     CPRecord read;
     QVERIFY(home.store.ReadRecord(read, record.GetId()));
@@ -222,8 +222,8 @@ void TestCPRecord::ReusedObject() {
     RecordsFixture home;
     const CPRecord text = Item(Type::Text);
     const CPRecord number = Item(Type::Number);
-    QVERIFY(home.store.InsertRecord(text, false));
-    QVERIFY(home.store.InsertRecord(number, false));
+    QVERIFY(home.store.InsertRecord(text, Commit::Now));
+    QVERIFY(home.store.InsertRecord(number, Commit::Now));
     CPRecord record;
     QVERIFY(home.store.ReadRecord(record, number.GetId()));
     QVERIFY(home.store.ReadRecord(record, text.GetId()));

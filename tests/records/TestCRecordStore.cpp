@@ -120,7 +120,7 @@ void TestCRecordStore::SelectDays() {
     for (const auto& day : days) {
         CTRecord record = NewTime();
         record.date.Set(day[0], day[1], day[2]);
-        QVERIFY(home.store.InsertRecord(record, true));
+        QVERIFY(home.store.InsertRecord(record, Commit::Later));
     }
     QVERIFY(home.store.Commit());
     RowConditions conditions;
@@ -216,7 +216,7 @@ void TestCRecordStore::AbsentIdentity() {
     QFETCH(QString, id);
     RecordsFixture home;
     const CTRecord stored = NewTime(QStringLiteral("stays"));
-    QVERIFY(home.store.InsertRecord(stored, false));
+    QVERIFY(home.store.InsertRecord(stored, Commit::Now));
     CTRecord record = NewTime();
     QVERIFY(!home.store.ReadRecord(record, id));
     QCOMPARE(home.store.m_lastError, 0);
@@ -224,7 +224,7 @@ void TestCRecordStore::AbsentIdentity() {
     QCOMPARE(home.store.m_lastError, 0);
     QVERIFY(home.prompt.told.isEmpty());
     home.prompt.ExpectTold(Text::ModifyFailed);
-    QVERIFY(!home.store.ModifyRecord(record, id, false, true));
+    QVERIFY(!home.store.ModifyRecord(record, id, Commit::Now));
     QVERIFY(home.store.m_lastError != 0);
     QCOMPARE(home.Rows(QStringLiteral("SELECT * FROM time_velmarch WHERE item1='stays'")), 1);
     QCOMPARE(home.TimeRows(), 1);
@@ -239,7 +239,7 @@ void TestCRecordStore::InsertAndRead() {
     QFETCH(int, kind);
     RecordsFixture home;
     const auto record = Sample(static_cast<RecordKind>(kind));
-    QVERIFY(home.store.InsertRecord(*record, false));
+    QVERIFY(home.store.InsertRecord(*record, Commit::Now));
     const auto read = NewRecord(static_cast<RecordKind>(kind));
     QVERIFY(home.store.ReadRecord(*read, record->GetId()));
     QCOMPARE(read->GetId(), record->GetId());
@@ -255,7 +255,7 @@ void TestCRecordStore::NextRecord() {
     for (int i = 0; i < 3; ++i) {
         const CTRecord record = NewTime();
         ids += record.GetId();
-        QVERIFY(home.store.InsertRecord(record, false));
+        QVERIFY(home.store.InsertRecord(record, Commit::Now));
     }
     QVERIFY(home.store.Query(home.store.SelectAll(RecordKind::Time)));
     QStringList seen;
@@ -277,7 +277,7 @@ void TestCRecordStore::NextRecord() {
 void TestCRecordStore::QueryTexts() {
     RecordsFixture home;
     const QStringList items{QStringLiteral("b"), QStringLiteral("O'Neil 50 %"), QStringLiteral("a")};
-    for (const QString& item : items) QVERIFY(home.store.InsertRecord(NewTime(item), false));
+    for (const QString& item : items) QVERIFY(home.store.InsertRecord(NewTime(item), Commit::Now));
     QStringList texts{QStringLiteral("former")};
     QVERIFY(home.store.QueryTexts(QStringLiteral("SELECT item1, identity FROM time_velmarch"), texts));
     QCOMPARE(texts, items);
@@ -291,7 +291,7 @@ void TestCRecordStore::BeginBatch() {
     RecordsFixture home;
     QVERIFY(home.store.BeginBatch());
     const CTRecord record = NewTime();
-    QVERIFY(home.store.InsertRecord(record, true));
+    QVERIFY(home.store.InsertRecord(record, Commit::Later));
     QVERIFY(home.store.DeleteRecord(RecordKind::Time, record.GetId()));
     home.manager.Discard();
     QCOMPARE(home.TimeRows(), 0);
@@ -304,9 +304,9 @@ void TestCRecordStore::BeginBatch() {
 void TestCRecordStore::ModifyRecord() {
     RecordsFixture home;
     CTRecord record = NewTime(QStringLiteral("before"));
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     record.item1 = QStringLiteral("after");
-    QVERIFY(home.store.ModifyRecord(record, record.GetId(), false, true));
+    QVERIFY(home.store.ModifyRecord(record, record.GetId(), Commit::Now));
     QCOMPARE(home.Rows(QStringLiteral("SELECT * FROM time_velmarch WHERE item1='after'")), 1);
     QCOMPARE(home.store.m_lastError, 0);
 }
@@ -314,19 +314,19 @@ void TestCRecordStore::ModifyRecord() {
 void TestCRecordStore::ModifyCurrentRow() {
     RecordsFixture home;
     CTRecord record = NewTime(QStringLiteral("before"));
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     QVERIFY(home.manager.Query(home.store.SelectAll(RecordKind::Time), true));
     QString id;
     QVERIFY(home.store.NextRecord(record, id, false));
     record.item1 = QStringLiteral("after");
-    QVERIFY(home.store.ModifyRecord(record, id, false, false));
+    QVERIFY(home.store.ModifyRecord(record, id, Commit::Now, Seek::No));
     QCOMPARE(home.Rows(QStringLiteral("SELECT * FROM time_velmarch WHERE item1='after'")), 1);
 }
 
 void TestCRecordStore::DeleteRecord() {
     RecordsFixture home;
     const CTRecord record = NewTime();
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     QVERIFY(home.store.DeleteRecord(RecordKind::Time, record.GetId()));
     QCOMPARE(home.TimeRows(), 0);
     QVERIFY(home.store.DeleteRecord(RecordKind::Time, record.GetId()));
@@ -335,8 +335,8 @@ void TestCRecordStore::DeleteRecord() {
 void TestCRecordStore::NoCommit() {
     RecordsFixture home;
     CTRecord record = NewTime();
-    QVERIFY(home.store.InsertRecord(record, true));
-    QVERIFY(home.store.ModifyRecord(record, record.GetId(), true, true));
+    QVERIFY(home.store.InsertRecord(record, Commit::Later));
+    QVERIFY(home.store.ModifyRecord(record, record.GetId(), Commit::Later));
     QCOMPARE(home.TimeRows(), 0);
     QVERIFY(home.store.Commit());
     QCOMPARE(home.TimeRows(), 1);
@@ -370,9 +370,10 @@ void TestCRecordStore::Messages() {
     bool isDone = true;
     if (operation == QStringLiteral("query")) isDone = store.Query(store.SelectAll(RecordKind::Time));
     if (operation == QStringLiteral("read")) isDone = store.ReadRecord(record, kAbsent);
-    if (operation == QStringLiteral("seek")) isDone = store.ModifyRecord(record, kAbsent, false, true);
-    if (operation == QStringLiteral("modify")) isDone = store.ModifyRecord(record, kAbsent, false, false);
-    if (operation == QStringLiteral("insert")) isDone = store.InsertRecord(record, false);
+    if (operation == QStringLiteral("seek")) isDone = store.ModifyRecord(record, kAbsent, Commit::Now);
+    if (operation == QStringLiteral("modify"))
+        isDone = store.ModifyRecord(record, kAbsent, Commit::Now, Seek::No);
+    if (operation == QStringLiteral("insert")) isDone = store.InsertRecord(record, Commit::Now);
     if (operation == QStringLiteral("delete")) isDone = store.DeleteRecord(RecordKind::Time, kAbsent);
     QVERIFY(!isDone);
     QCOMPARE(boxes.boxes.size(), std::size_t{1});
@@ -397,7 +398,7 @@ void TestCRecordStore::MessageOfAFailedRow() {
     RecordsFixture home;
     CDRecord record;
     record.GenUnique();
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     QVERIFY(home.manager.Query(QStringLiteral("UPDATE dependency_velmarch SET block='xyz!'"), true));
     BoxKeeper boxes;
     CRecordStore store(home.manager, boxes, QStringLiteral("velmarch"));

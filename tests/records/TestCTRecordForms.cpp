@@ -186,7 +186,7 @@ void TestCTRecordForms::RowRoundTrip() {
     QFETCH(bool, isBulk);
     RecordsFixture home;
     const CTRecord source = FullRecord();
-    QVERIFY(home.store.InsertRecord(source, false));
+    QVERIFY(home.store.InsertRecord(source, Commit::Now));
     const CTRecord target = isBulk ? ByTable(home) : ByRow(home);
     QCOMPARE(Summary(target), QString::fromUtf8(kFullSummary));
     QCOMPARE(target.GetId(), source.GetId());
@@ -196,7 +196,7 @@ void TestCTRecordForms::StoredValues() {
     RecordsFixture home;
     CTRecord record;
     record.GenUnique();
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     // No times, no spans, no date, no money: the sentinels of the table.
     QCOMPARE(
         home.Rows(QStringLiteral("SELECT * FROM time_velmarch WHERE start_hour=50 AND start_minute=0 AND "
@@ -218,7 +218,7 @@ void TestCTRecordForms::LoadedRecordForgetsWhatWasDerived() {
     source.SetDurationOnly(2, 0);
     (void)source.SetAmount(30.0F);
     QVERIFY(source.rateIsDerived);
-    QVERIFY(home.store.InsertRecord(source, false));
+    QVERIFY(home.store.InsertRecord(source, Commit::Now));
     for (CTRecord record : {ByRow(home), ByTable(home)}) {
         QVERIFY(!record.rateIsDerived && !record.amountIsDerived);
         record.SetDurationOnly(3, 0);
@@ -228,7 +228,7 @@ void TestCTRecordForms::LoadedRecordForgetsWhatWasDerived() {
 
 void TestCTRecordForms::FlagsOfOtherNumbers() {
     RecordsFixture home;
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     QVERIFY(home.manager.Query(QStringLiteral("UPDATE time_velmarch SET billable=-1, billed=2, start_pm=-5"),
                                true));
     const CTRecord byRow = ByRow(home);
@@ -240,7 +240,7 @@ void TestCTRecordForms::FlagsOfOtherNumbers() {
 
 void TestCTRecordForms::IntegersOfTheBulkPath() {
     RecordsFixture home;
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     QVERIFY(home.manager.Query(
         QStringLiteral("UPDATE time_velmarch SET duration_hours=65537, duration_minutes=0"), true));
     QCOMPARE(ByRow(home).spans.duration.hours, 65537);
@@ -263,7 +263,7 @@ void TestCTRecordForms::LoadOfAnotherTable() {
 
 void TestCTRecordForms::AbsurdRow() {
     RecordsFixture home;
-    QVERIFY(home.store.InsertRecord(FullRecord(), false));
+    QVERIFY(home.store.InsertRecord(FullRecord(), Commit::Now));
     QVERIFY(home.manager.Query(
         QStringLiteral("UPDATE time_velmarch SET duration_hours=2147483648, duration_minutes=99999, "
                        "break_hours=2147483647, break_minutes=99999, start_hour=-9223372036854775808, "

@@ -66,18 +66,18 @@ void TestFailedCommit::InsertThenSpace() {
     const CTRecord first = NewTime(QStringLiteral("first"));
     const CTRecord second = NewTime(QStringLiteral("second"));
     home.prompt.ExpectTold(Text::InsertCommitFailed);
-    QVERIFY(home.store.InsertRecord(first, false));
+    QVERIFY(home.store.InsertRecord(first, Commit::Now));
     home.prompt.Finish();
     QVERIFY(home.store.m_lastError != 0);
     QVERIFY2(home.prompt.told.constLast().contains(words), qPrintable(home.prompt.told.constLast()));
     QVERIFY(home.manager.HasOpenChanges());
     disk.failure = SQLITE_OK;
     QCOMPARE(home.TimeRows(), 0);
-    QVERIFY(home.store.InsertRecord(second, false));
+    QVERIFY(home.store.InsertRecord(second, Commit::Now));
     QCOMPARE(home.store.m_lastError, 0);
     QVERIFY(!home.manager.HasOpenChanges());
     QCOMPARE(home.TimeRows(), 2);
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     QCOMPARE(home.TimeRows(), 3);
     CTRecord read;
     QVERIFY(home.store.ReadRecord(read, first.GetId()));
@@ -89,7 +89,7 @@ void TestFailedCommit::CommitAloneWritesIt() {
     RecordsFixture home;
     disk.failure = SQLITE_FULL;
     home.prompt.ExpectTold(Text::InsertCommitFailed);
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     home.prompt.ExpectTold(Text::CommitFailed);
     QVERIFY(!home.store.Commit());
     QVERIFY(home.manager.HasOpenChanges());
@@ -105,11 +105,11 @@ void TestFailedCommit::FullWhileInserting() {
     CTRecord record = NewTime();
     record.notes = QString(32000, u'n');
     home.prompt.ExpectTold(Text::InsertFailed);
-    QVERIFY(!home.store.InsertRecord(record, false));
+    QVERIFY(!home.store.InsertRecord(record, Commit::Now));
     // Refused at once: nothing waits, the caller keeps nothing either.
     QVERIFY(!home.manager.HasOpenChanges());
     QVERIFY(home.manager.File().Execute("PRAGMA max_page_count=100000"));
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     QCOMPARE(home.TimeRows(), 1);
 }
 
@@ -119,20 +119,20 @@ void TestFailedCommit::FullForTheJournal() {
     disk.failure = SQLITE_FULL;
     disk.journalToo = true;
     home.prompt.ExpectTold(Text::InsertFailed);
-    QVERIFY(!home.store.InsertRecord(NewTime(), false));
+    QVERIFY(!home.store.InsertRecord(NewTime(), Commit::Now));
     QVERIFY(!home.manager.HasOpenChanges());
     disk.failure = SQLITE_OK;
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     QCOMPARE(home.TimeRows(), 1);
 }
 
 void TestFailedCommit::OtherProgramReads() {
     RecordsFixture home;
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     CVOSrcMgr reader;
     QVERIFY(home.Open(reader) && reader.Query(kAllTimes, false));
     home.prompt.ExpectTold(Text::InsertCommitFailed);
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     QVERIFY2(home.prompt.told.constLast().contains(QStringLiteral("Another program is using")),
              qPrintable(home.prompt.told.constLast()));
     reader.CloseQuery();
@@ -147,10 +147,10 @@ void TestFailedCommit::ModifyOfAWaitingRow() {
     CTRecord record = NewTime(QStringLiteral("first"));
     disk.failure = SQLITE_FULL;
     home.prompt.ExpectTold(Text::InsertCommitFailed);
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     disk.failure = SQLITE_OK;
     record.item1 = QStringLiteral("changed");
-    QVERIFY(home.store.ModifyRecord(record, record.GetId(), false, true));
+    QVERIFY(home.store.ModifyRecord(record, record.GetId(), Commit::Now));
     QCOMPARE(home.TimeRows(), 1);
     QCOMPARE(home.Rows(kAllTimes + QStringLiteral(" WHERE item1='changed'")), 1);
 }
@@ -159,15 +159,15 @@ void TestFailedCommit::ModifyOfADurableRow() {
     FaultyDisk disk;
     RecordsFixture home;
     CTRecord record = NewTime(QStringLiteral("first"));
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     disk.failure = SQLITE_FULL;
     record.item1 = QStringLiteral("changed");
     home.prompt.ExpectTold(Text::ModifyCommitFailed);
-    QVERIFY(home.store.ModifyRecord(record, record.GetId(), false, true));
+    QVERIFY(home.store.ModifyRecord(record, record.GetId(), Commit::Now));
     QVERIFY(home.store.m_lastError != 0);
     disk.failure = SQLITE_OK;
     QCOMPARE(home.Rows(kAllTimes + QStringLiteral(" WHERE item1='first'")), 1);
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     QCOMPARE(home.Rows(kAllTimes + QStringLiteral(" WHERE item1='changed'")), 1);
     QCOMPARE(home.TimeRows(), 2);
 }
@@ -178,7 +178,7 @@ void TestFailedCommit::DeleteOfAWaitingRow() {
     const CTRecord record = NewTime();
     disk.failure = SQLITE_FULL;
     home.prompt.ExpectTold(Text::InsertCommitFailed);
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     disk.failure = SQLITE_OK;
     QVERIFY(home.store.DeleteRecord(RecordKind::Time, record.GetId()));
     QVERIFY(home.store.Commit());
@@ -189,7 +189,7 @@ void TestFailedCommit::DeleteThatFails() {
     FaultyDisk disk;
     RecordsFixture home;
     const CTRecord record = NewTime();
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     disk.failure = SQLITE_FULL;
     home.prompt.ExpectTold(Text::DeleteFailed);
     QVERIFY(!home.store.DeleteRecord(RecordKind::Time, record.GetId()));
@@ -204,11 +204,11 @@ void TestFailedCommit::BatchWithDeletes() {
     FaultyDisk disk;
     RecordsFixture home;
     const CTRecord old = NewTime(QStringLiteral("old"));
-    QVERIFY(home.store.InsertRecord(old, false));
+    QVERIFY(home.store.InsertRecord(old, Commit::Now));
     QVERIFY(home.manager.BeginBatch());
-    QVERIFY(home.store.InsertRecord(NewTime(QStringLiteral("passing")), true));
+    QVERIFY(home.store.InsertRecord(NewTime(QStringLiteral("passing")), Commit::Later));
     QVERIFY(home.manager.Query(QStringLiteral("DELETE FROM time_velmarch"), true));
-    QVERIFY(home.store.InsertRecord(NewTime(QStringLiteral("new")), true));
+    QVERIFY(home.store.InsertRecord(NewTime(QStringLiteral("new")), Commit::Later));
     disk.failure = SQLITE_FULL;
     home.prompt.ExpectTold(Text::CommitFailed);
     QVERIFY(!home.store.Commit());
@@ -225,14 +225,14 @@ void TestFailedCommit::StoreHasTheRowAlready() {
     const CTRecord record = NewTime();
     disk.failure = SQLITE_IOERR_WRITE;
     home.prompt.ExpectTold(Text::InsertCommitFailed);
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     disk.failure = SQLITE_OK;
     // The row got there after all, by a commit whose success was never told.
     CVOSrcMgr other;
     QVERIFY(home.Open(other));
     CRecordStore otherStore(other, home.prompt, QStringLiteral("velmarch"));
-    QVERIFY(otherStore.InsertRecord(record, false));
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(otherStore.InsertRecord(record, Commit::Now));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     QCOMPARE(home.TimeRows(), 2);
 }
 
@@ -240,10 +240,10 @@ void TestFailedCommit::RowDeletedElsewhere() {
     FaultyDisk disk;
     RecordsFixture home;
     CTRecord record = NewTime(QStringLiteral("first"));
-    QVERIFY(home.store.InsertRecord(record, false));
+    QVERIFY(home.store.InsertRecord(record, Commit::Now));
     disk.failure = SQLITE_FULL;
     home.prompt.ExpectTold(Text::ModifyCommitFailed);
-    QVERIFY(home.store.ModifyRecord(record, record.GetId(), false, true));
+    QVERIFY(home.store.ModifyRecord(record, record.GetId(), Commit::Now));
     disk.failure = SQLITE_OK;
     CVOSrcMgr other;
     QVERIFY(home.Open(other) && other.Query(QStringLiteral("DELETE FROM time_velmarch"), true));
@@ -256,7 +256,7 @@ void TestFailedCommit::DiscardDropsIt() {
     RecordsFixture home;
     disk.failure = SQLITE_FULL;
     home.prompt.ExpectTold(Text::InsertCommitFailed);
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     disk.failure = SQLITE_OK;
     home.manager.Discard();
     QVERIFY(!home.manager.HasOpenChanges());
@@ -269,7 +269,7 @@ void TestFailedCommit::CloseGivesALastChance() {
     RecordsFixture home;
     disk.failure = SQLITE_FULL;
     home.prompt.ExpectTold(Text::InsertCommitFailed);
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     disk.failure = SQLITE_OK;
     home.manager.Close();
     QVERIFY(home.Open(home.manager));
@@ -280,8 +280,8 @@ void TestFailedCommit::TooLongForMemory() {
     constexpr int kRows = static_cast<int>(OpenChanges::kMost) + 1;
     FaultyDisk disk;
     RecordsFixture home;
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
-    for (int i = 0; i < kRows; ++i) QVERIFY(home.store.InsertRecord(NewTime(), true));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
+    for (int i = 0; i < kRows; ++i) QVERIFY(home.store.InsertRecord(NewTime(), Commit::Later));
     disk.failure = SQLITE_FULL;
     home.prompt.ExpectTold(Text::CommitFailed);
     QVERIFY(!home.store.Commit());
@@ -290,7 +290,7 @@ void TestFailedCommit::TooLongForMemory() {
     QVERIFY(!home.manager.HasOpenChanges());
     QVERIFY(home.store.Commit());
     QCOMPARE(home.TimeRows(), 1);
-    for (int i = 0; i < kRows; ++i) QVERIFY(home.store.InsertRecord(NewTime(), true));
+    for (int i = 0; i < kRows; ++i) QVERIFY(home.store.InsertRecord(NewTime(), Commit::Later));
     QVERIFY(home.store.Commit());
     QCOMPARE(home.TimeRows(), 1 + kRows);
 }
@@ -300,7 +300,8 @@ void TestFailedCommit::TooLongAndRolledBackMidway() {
     RecordsFixture home;
     // A small page cache makes the batch spill to the disk before its commit.
     QVERIFY(home.manager.File().Execute("PRAGMA cache_size=10"));
-    for (std::size_t i = 0; i <= OpenChanges::kMost; ++i) QVERIFY(home.store.InsertRecord(NewTime(), true));
+    for (std::size_t i = 0; i <= OpenChanges::kMost; ++i)
+        QVERIFY(home.store.InsertRecord(NewTime(), Commit::Later));
     disk.failure = SQLITE_FULL;
     bool isInserted = true;
     for (int i = 0; i < 1000 && isInserted; ++i) {
@@ -316,7 +317,7 @@ void TestFailedCommit::TooLongAndRolledBackMidway() {
     QCOMPARE(home.manager.m_error, LoadText(Text::BatchLost));
     QVERIFY(!home.manager.Update());
     QCOMPARE(home.TimeRows(), 0);
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     QCOMPARE(home.TimeRows(), 1);
 }
 
@@ -325,19 +326,19 @@ void TestFailedCommit::NoLockWhileWaiting() {
     RecordsFixture home;
     disk.failure = SQLITE_FULL;
     home.prompt.ExpectTold(Text::InsertCommitFailed);
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     disk.failure = SQLITE_OK;
     CVOSrcMgr other;
     QVERIFY(home.Open(other));
     CRecordStore otherStore(other, home.prompt, QStringLiteral("velmarch"));
-    QVERIFY(otherStore.InsertRecord(NewTime(), false));
+    QVERIFY(otherStore.InsertRecord(NewTime(), Commit::Now));
     // Nor after a change that was refused meanwhile.
     CTRecord refused = NewTime(QString(256, u'x'));
     home.prompt.ExpectTold(Text::InsertFailed);
-    QVERIFY(!home.store.InsertRecord(refused, false));
+    QVERIFY(!home.store.InsertRecord(refused, Commit::Now));
     home.prompt.ExpectTold(Text::ModifyFailed);
-    QVERIFY(!home.store.ModifyRecord(NewTime(), refused.GetId(), false, true));
-    QVERIFY(otherStore.InsertRecord(NewTime(), false));
+    QVERIFY(!home.store.ModifyRecord(NewTime(), refused.GetId(), Commit::Now));
+    QVERIFY(otherStore.InsertRecord(NewTime(), Commit::Now));
     QVERIFY(home.store.Commit());
     QCOMPARE(home.TimeRows(), 3);
 }

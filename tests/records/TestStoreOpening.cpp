@@ -131,7 +131,7 @@ void TestStoreOpening::Locked() {
 
 void TestStoreOpening::ReadOnly() {
     RecordsFixture home;
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     home.manager.Close();
     QCOMPARE(chmod(QFile::encodeName(home.folder.path()).constData(), 0555), 0);
     QCOMPARE(chmod(QFile::encodeName(home.Path()).constData(), 0444), 0);
@@ -172,11 +172,11 @@ void TestStoreOpening::GoneWhileOpen_data() {
 void TestStoreOpening::GoneWhileOpen() {
     QFETCH(Prepare, prepare);
     RecordsFixture home;
-    QVERIFY(home.store.InsertRecord(NewTime(), false));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Now));
     prepare(home.Path());
     const QByteArray before = Content(home.Path());
     home.prompt.ExpectTold(Text::InsertQueryFailed);
-    QVERIFY(!home.store.InsertRecord(NewTime(), false));
+    QVERIFY(!home.store.InsertRecord(NewTime(), Commit::Now));
     QVERIFY2(home.manager.m_error.contains(QStringLiteral("moved, deleted or replaced")),
              qPrintable(home.manager.m_error));
     home.prompt.ExpectTold(Text::DeleteFailed);
@@ -191,7 +191,7 @@ void TestStoreOpening::GoneWhileOpen() {
 void TestStoreOpening::BackInPlace() {
     RecordsFixture home;
     // Moved away between the change and its commit: the change waits until the file is back.
-    QVERIFY(home.store.InsertRecord(NewTime(), true));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Later));
     QVERIFY(QFile::rename(home.Path(), home.Path() + u'2'));
     home.prompt.ExpectTold(Text::CommitFailed);
     QVERIFY(!home.store.Commit());
@@ -207,7 +207,7 @@ void TestStoreOpening::DamagedLater() {
     for (int i = 0; i < 200; ++i) {
         CTRecord record = NewTime();
         record.notes = QString(200, u'n');
-        QVERIFY(home.store.InsertRecord(record, true));
+        QVERIFY(home.store.InsertRecord(record, Commit::Later));
     }
     QVERIFY(home.store.Commit());
     home.manager.Close();

@@ -56,7 +56,7 @@ void TestHome::Open() {
         Demand(manager.InitDataSrcTable(store->TableName(kind), *NewRecord(kind)), "making a table");
     document = std::make_unique<CVelmarchDoc>(DocumentContext{*store, views, m_pump, clock, *settings});
     catalogue = std::make_unique<CPulldownCatalogue>(
-        CPulldownCatalogue::Context{manager, *document, prompt, *settings, QStringLiteral("velmarch")});
+        CPulldownCatalogue::Context{manager, prompt, *settings, QStringLiteral("velmarch")});
     (void)catalogue->Load();  // what is wrong with it, the prompt is told
     thePulldownCatalogue = catalogue.get();
 }
@@ -68,7 +68,7 @@ QString TestHome::AddTime(int year, int month, int day, const QString& start, co
     if (!start.isEmpty()) record.SetStart(TimeOf(start));
     if (!end.isEmpty()) record.SetEnd(TimeOf(end));
     QString id;
-    Demand(document->AddRecord(record, false, false, false, &id), "adding a record");
+    Demand(document->AddRecord(record, {Notify::Later, Commit::Now}, &id), "adding a record");
     document->FlushPending(Hint::Added);
     return id;
 }

@@ -441,7 +441,7 @@ void TestCRecordTimers::TimerOfANewRecordWaitsForIt() {
     QVERIFY(home.timers->PauseAllTimers());
     QVERIFY(home.timers->StopAllTimers());
     QCOMPARE(home.CountOf(id), QStringLiteral("00:00:00 paused"));
-    QVERIFY(home.document->AddRecord(record, true, false, false));
+    QVERIFY(home.document->AddRecord(record, {Notify::Yes, Commit::Now}));
     home.timers->Keep(id);
     QCOMPARE(home.StoredCountOf(id), QStringLiteral("00:00:00 paused"));
 }
@@ -451,7 +451,7 @@ void TestCRecordTimers::DropTakesATimerOutWithoutARecord() {
     const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
     QVERIFY(home.timers->StartRecordTimer(id));
     home.clock.Advance(10 * kMinute);
-    home.timers->Drop(id);
+    QVERIFY(home.timers->Drop(id));
     QCOMPARE(home.CountOf(id), QStringLiteral("none"));
     QCOMPARE(home.StoredCountOf(id), QStringLiteral("none"));
     QCOMPARE(home.TimesOf(id), QStringLiteral("09:00 AM---:-- --:--"));
@@ -463,7 +463,7 @@ void TestCRecordTimers::OrphansGo() {
     const QString left = home.AddTime(2026, 11, 19);
     QVERIFY(home.timers->StartRecordTimer(gone));
     QVERIFY(home.timers->StartRecordTimer(left));
-    QVERIFY(home.document->DeleteRecord(RecordKind::Time, gone, true));  // by another program, say
+    QVERIFY(home.document->DeleteRecord(RecordKind::Time, gone, Notify::Yes));  // by another program, say
     home.timers->FoldAndStore();
     QCOMPARE(home.CountOf(gone), QStringLiteral("none"));
     QCOMPARE(home.CountOf(left), QStringLiteral("00:00:00 running"));

@@ -288,7 +288,7 @@ void TestCTimerPanel::TimerOfANewRecordGoesWithIt() {
     QVERIFY(fixture.panel->PanelPause());
     QVERIFY(fixture.panel->PanelStart());
     QCOMPARE(home.CountOf(id.GetId()), QStringLiteral("00:01:00 running"));
-    home.timers->Drop(id.GetId());  // the dialog was cancelled
+    QVERIFY(home.timers->Drop(id.GetId()));  // the dialog was cancelled
     QCOMPARE(home.set->Count(), 0);
 }
 

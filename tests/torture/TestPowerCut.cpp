@@ -94,13 +94,13 @@ class Workload {
 
     void Add(int step, bool noCommit) {
         const CTRecord record = Make(step);
-        Check(m_home.store.InsertRecord(record, noCommit));
+        Check(m_home.store.InsertRecord(record, noCommit ? Commit::Later : Commit::Now));
         m_content[record.GetId()] = Summary(record);
     }
     void Edit(int step) {
         CTRecord record = Make(step);
         record.SetId(AnyId());
-        Check(m_home.store.ModifyRecord(record, record.GetId(), false, true));
+        Check(m_home.store.ModifyRecord(record, record.GetId(), Commit::Now));
         m_content[record.GetId()] = Summary(record);
     }
     void Remove() {

@@ -1,5 +1,5 @@
 #include "app/CVelmarchDoc.h"
-#include "app/DemoData.h"
+#include "changes/DemoData.h"
 #include "cli/arguments/CArguments.h"
 #include "cli/arguments/EnteredValues.h"
 #include "cli/commands/OtherCommands.h"
@@ -51,7 +51,7 @@ ExitCode FillDemo(const CArguments& arguments, Console& console, RecordContext& 
         console.out.Progress(FormatText<Text::CliProgress>(written, *count));
     };
     const DemoOutcome outcome =
-        FillWithDemoData(context.document.Store(), console.clock, counts, static_cast<std::uint32_t>(*seed),
+        FillWithDemoData(context.document, console.clock, counts, static_cast<std::uint32_t>(*seed),
                          showsProgress ? progress : std::function<void(int)>());
     if (showsProgress) console.out.NoteBare(QStringLiteral("\n"));
     if (outcome == DemoOutcome::NotEmpty)

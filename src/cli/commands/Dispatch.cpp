@@ -1,6 +1,8 @@
 #include "cli/commands/Dispatch.h"
 
 #include "app/CVelmarchApp.h"
+#include "changes/CProgress.h"
+#include "changes/CRecordChanges.h"
 #include "cli/commands/CCommandLine.h"
 #include "cli/commands/CommandTable.h"
 #include "cli/home/CSettingsOwner.h"
@@ -63,7 +65,20 @@ class CRunner {
         CWindowLink window(app.Home());
         CTimerAccess timers(m_console.clock, app.Document(), app.Settings(), window);
         CSettingsOwner owner(app.Settings(), window, m_console.clock);
-        RecordContext context{app.Document(), app.Settings(), timers, window, app.Catalogue(), owner};
+        CNoProgress progress;
+        CRecordChanges changes({.document = app.Document(),
+                                .timers = timers,
+                                .settings = app.Settings(),
+                                .prompt = m_console.prompt,
+                                .progress = progress,
+                                .partial = CRecordChanges::Partial::Undone});
+        RecordContext context{.document = app.Document(),
+                              .settings = app.Settings(),
+                              .timers = timers,
+                              .window = window,
+                              .catalogue = app.Catalogue(),
+                              .owner = owner,
+                              .changes = changes};
         return run(m_request.arguments, m_console, context);
     }
 

@@ -2,7 +2,6 @@
 
 #include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchDoc.h"
-#include "app/StoreChange.h"
 #include "cli/arguments/CArguments.h"
 #include "cli/home/RecordContext.h"
 #include "config/CCfgStore.h"
@@ -12,6 +11,7 @@
 #include "entry/TimeEntryRules.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
+#include "records/StoreTransaction.h"
 
 namespace {
 
@@ -23,8 +23,8 @@ class CLazyKeeper final : public CItemKeeper {
 
     bool Keep(int list, const QString& text) override {
         if (text.isEmpty()) return false;
-        const StoreHold hold(m_store);
-        if (!hold.IsHeld() || !m_catalogue.LoadLists({list})) return false;
+        const StoreTransaction hold(m_store);
+        if (!hold.IsOpen() || !m_catalogue.LoadLists({list})) return false;
         const bool isKept = CCatalogueKeeper(m_catalogue).Keep(list, text);
         m_hasKept = m_hasKept || isKept;
         return isKept;

@@ -2,7 +2,6 @@
 
 #include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchDoc.h"
-#include "app/StoreChange.h"
 #include "cli/arguments/CArguments.h"
 #include "cli/arguments/EnteredValues.h"
 #include "cli/commands/ListSteps.h"
@@ -14,6 +13,7 @@
 #include "cli/output/COutput.h"
 #include "lang/FormatText.h"
 #include "lists/LabelSets.h"
+#include "records/StoreTransaction.h"
 
 #include <algorithm>
 #include <functional>
@@ -84,10 +84,10 @@ void WriteAll(COutput& out, const FieldLabels& labels) {
 ExitCode Change(const std::function<bool(CLabelEditor&)>& work, Console& console, RecordContext& context) {
     if (context.window.IsThere() && !context.window.Reach())
         return Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsSettings), console);
-    const StoreHold hold(context.document.Store());
-    if (!hold.IsHeld() || !context.catalogue.Load()) return ExitCode::Failed;
+    StoreTransaction hold(context.document.Store());
+    if (!hold.IsOpen() || !context.catalogue.Load()) return ExitCode::Failed;
     CLabelEditor editor(context.catalogue);
-    if (!work(editor) || !context.document.Commit()) return ExitCode::Failed;
+    if (!work(editor) || hold.Commit() != CommitEnd::Durable) return ExitCode::Failed;
     if (!context.window.IsThere() && !context.owner.NameColumns(context.catalogue.Labels()))
         console.out.Note(LoadText(Text::CliSettingsNotSaved));
     AnnounceLists(console, context);

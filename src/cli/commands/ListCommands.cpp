@@ -2,7 +2,7 @@
 
 #include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchDoc.h"
-#include "app/StoreChange.h"
+#include "changes/CRecordChanges.h"
 #include "cli/arguments/CArguments.h"
 #include "cli/arguments/EnteredValues.h"
 #include "cli/commands/ListSteps.h"
@@ -51,8 +51,8 @@ bool IsReadable(const ListRow& row, const QString& text, const CRegionalInfo& re
 
 /// Changes lists and trees as they are by now, with nobody in between. The user has been asked before.
 bool AsLoadedNow(RecordContext& context, const std::function<bool()>& change) {
-    const StoreHold hold(context.document.Store());
-    return hold.IsHeld() && context.catalogue.Load() && change() && context.document.Commit();
+    StoreTransaction hold(context.document.Store());
+    return hold.IsOpen() && context.catalogue.Load() && change() && hold.Commit() == CommitEnd::Durable;
 }
 
 /// The store goes on as if an item were written whose commit failed; it has said so.
@@ -106,8 +106,8 @@ ExitCode AddItem(const CArguments& arguments, Console& console, RecordContext& c
     const QString text = arguments.Words()[1];
     if (const QString words = CheckLength(text); !words.isEmpty())
         return Refuse(ExitCode::Usage, words, console);
-    const StoreHold hold(context.document.Store());
-    if (!hold.IsHeld()) return ExitCode::Failed;
+    StoreTransaction hold(context.document.Store());
+    if (!hold.IsOpen()) return ExitCode::Failed;
     const OpenList list = Open(arguments, console, context);
     if (!list.row) return list.exit;
     if (!IsReadable(*list.row, text, context.settings.Region()) ||
@@ -126,8 +126,8 @@ ExitCode RenameItem(const CArguments& arguments, Console& console, RecordContext
     const QString former = arguments.Words()[1], text = arguments.Words()[2];
     if (const QString words = CheckLength(text); !words.isEmpty())
         return Refuse(ExitCode::Usage, words, console);
-    const StoreHold hold(context.document.Store());
-    if (!hold.IsHeld()) return ExitCode::Failed;
+    const StoreTransaction hold(context.document.Store());
+    if (!hold.IsOpen()) return ExitCode::Failed;
     const OpenList opened = Open(arguments, console, context);
     if (!opened.row) return opened.exit;
     const int list = opened.row->list;
@@ -138,12 +138,13 @@ ExitCode RenameItem(const CArguments& arguments, Console& console, RecordContext
     if (!isMerge && (!IsReadable(*opened.row, text, context.settings.Region()) ||
                      context.catalogue.CheckNewItem(list, text) == NewItem::Refused))
         return Refuse(ExitCode::Failed, FormatText<Text::CliRenameRefused>(text), console);
-    int count = 0;
-    if (isInRecords) context.catalogue.ReplaceInRecords(count, list, former, text);
+    const Outcome replaced =
+        isInRecords ? context.changes.ReplaceInRecords(list, former, text) : Outcome::Nothing();
+    if (!replaced) return ExitCode::Failed;
     if (!isMerge && !IsWritten(context.catalogue.RenameItem(list, former, text), context))
         return ExitCode::Failed;
     AnnounceLists(console, context);
-    PrintCount(console.out, "changed", Text::CliChanged, count);
+    PrintCount(console.out, "changed", Text::CliChanged, replaced.ids.size());
     return ExitCode::Done;
 }
 

@@ -2,7 +2,7 @@
 #include "cli/home/CTimerAccess.h"
 
 #include "app/CVelmarchDoc.h"
-#include "app/StoreChange.h"
+#include "changes/CRecordChanges.h"
 #include "cli/arguments/CArguments.h"
 #include "cli/arguments/RecordFields.h"
 #include "cli/commands/KeptTexts.h"
@@ -13,6 +13,7 @@
 #include "cli/output/RecordOutput.h"
 #include "config/CCfgStore.h"
 #include "lang/LoadText.h"
+#include "records/StoreTransaction.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -21,11 +22,6 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 constexpr OptionRow kEditOptions[] = {{"clear", "FIELD", OptionShape::Values, Text::CliOptClear}};
-
-/// A store that took a record in and then could not write it to disk has told so by itself.
-bool IsWritten(const RecordContext& context) {
-    return context.document.Store().m_lastError == 0;
-}
 
 /// The last reading becomes the suggestion for the next expense. The record is stored; that this fails is no
 /// failure of the command.
@@ -48,9 +44,9 @@ ExitCode AddRecord(RecordKind kind, const CArguments& arguments, Console& consol
     const FieldProblem problem =
         EnterFields(*record, arguments, {noted, context.settings.Region(), console.clock, nullptr});
     if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
-    QString id;
-    if (!context.document.AddRecord(*record, true, false, true, &id) || !IsWritten(context))
-        return ExitCode::Failed;
+    const Outcome added = context.changes.Add(*record, Identity::New);
+    if (!added) return ExitCode::Failed;
+    const QString& id = added.ids.first();
     KeepOdometer(noted, console, context);
     Announce(kind, {id}, console, context, KeepTexts(*record, arguments, context));
     PrintRecord(kind, id, console, context);
@@ -59,8 +55,8 @@ ExitCode AddRecord(RecordKind kind, const CArguments& arguments, Console& consol
 
 ExitCode EditRecord(RecordKind kind, const CArguments& arguments, Console& console, RecordContext& context) {
     context.timers.Look();  // the window may be asked for them, so that comes before others have to wait
-    const StoreHold hold(context.document.Store());
-    if (!hold.IsHeld()) return ExitCode::Failed;
+    const StoreTransaction hold(context.document.Store());
+    if (!hold.IsOpen()) return ExitCode::Failed;
     const CVORec* stored = FindRecord(kind, arguments.Words().first(), console, context);
     if (!stored) return LookupFailed(context);
     const std::unique_ptr<CVORec> record = stored->Clone();
@@ -69,8 +65,7 @@ ExitCode EditRecord(RecordKind kind, const CArguments& arguments, Console& conso
         *record, arguments, {noted, context.settings.Region(), console.clock, &context.timers.Timers()});
     if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
     const QString id = record->GetId();
-    if (!context.document.ModifyRecord(*record, id, true, false, true, true) || !IsWritten(context))
-        return ExitCode::Failed;
+    if (!context.changes.Edit(*record, id)) return ExitCode::Failed;
     KeepOdometer(noted, console, context);
     Announce(kind, {id}, console, context, KeepTexts(*record, arguments, context));
     PrintRecord(kind, id, console, context);

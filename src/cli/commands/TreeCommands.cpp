@@ -2,7 +2,6 @@
 
 #include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchDoc.h"
-#include "app/StoreChange.h"
 #include "cli/arguments/CArguments.h"
 #include "cli/commands/ListSteps.h"
 #include "cli/commands/RecordSteps.h"
@@ -12,6 +11,7 @@
 #include "lang/FormatText.h"
 #include "lists/CDependencyEditor.h"
 #include "lists/DependencyChain.h"
+#include "records/StoreTransaction.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -116,9 +116,9 @@ ExitCode ShowTree(const CArguments& arguments, Console& console, RecordContext& 
 }
 
 ExitCode AddToTree(const CArguments& arguments, Console& console, RecordContext& context) {
-    const StoreHold hold(context.document.Store());
+    const StoreTransaction hold(context.document.Store());
     ExitCode exit = ExitCode::Failed;
-    if (!hold.IsHeld()) return exit;
+    if (!hold.IsOpen()) return exit;
     const auto mode = Begin(arguments, console, context, exit);
     if (!mode) return exit;
     CDependencyEditor editor(context.catalogue, *mode);
@@ -136,9 +136,9 @@ ExitCode AddToTree(const CArguments& arguments, Console& console, RecordContext&
 }
 
 ExitCode RemoveFromTree(const CArguments& arguments, Console& console, RecordContext& context) {
-    const StoreHold hold(context.document.Store());
+    const StoreTransaction hold(context.document.Store());
     ExitCode exit = ExitCode::Failed;
-    if (!hold.IsHeld()) return exit;
+    if (!hold.IsOpen()) return exit;
     const auto mode = Begin(arguments, console, context, exit);
     if (!mode) return exit;
     CDependencyEditor editor(context.catalogue, *mode);

@@ -105,9 +105,13 @@ InstanceReply CTimerAccess::Run(const TimerRequest& request) {
     return InstanceReply::Refused(ReplyReason::WindowOwns, LoadText(Text::CliWindowOwnsTimers));
 }
 
-bool CTimerAccess::PutBack(const ActiveTimer& timer) {
-    return ChangeHere([&] {
-               m_set.Put(timer);
-               return m_timers.StoreTimers();
-           }) == Changed::Done;
+QStringList CTimerAccess::Timed(const QStringList& ids) {
+    Read();
+    return COwnTimers(m_timers).Timed(ids);
+}
+
+/// One that is gone already, with an answer that came too late for example, is as good as dropped.
+bool CTimerAccess::Drop(const QStringList& ids) {
+    for (const QString& id : ids) static_cast<void>(Run({{u"action"_s, u"drop"_s}, {u"id"_s, id}}));
+    return ids.isEmpty() || Timed(ids).isEmpty();
 }

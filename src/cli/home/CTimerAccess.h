@@ -1,5 +1,6 @@
 #pragma once
 
+#include "changes/CTimersOfRecords.h"
 #include "cli/output/TimerShown.h"
 #include "timers/ActiveTimerSet.h"
 #include "timers/CRecordTimers.h"
@@ -16,7 +17,7 @@ class CWindowLink;
 /// The timers of the home for a console command. A running window owns them: it is asked then. Without one
 /// they are read from the settings, changed and written back as one change, so that two programs at once lose
 /// nothing.
-class CTimerAccess {
+class CTimerAccess final : public CTimersOfRecords {
  public:
     CTimerAccess(const CClock& clock, CVelmarchDoc& document, CCfgStore& settings, CWindowLink& window);
 
@@ -36,8 +37,8 @@ class CTimerAccess {
     /// Runs work on the timers as stored, with all that it writes into the settings as one change; work
     /// returns false to undo it. Nothing is done while a window runs.
     [[nodiscard]] Changed ChangeHere(const std::function<bool()>& work);
-    /// Puts back a timer that a change took out whose other half then failed.
-    [[nodiscard]] bool PutBack(const ActiveTimer& timer);
+    [[nodiscard]] QStringList Timed(const QStringList& ids) override;
+    [[nodiscard]] bool Drop(const QStringList& ids) override;
     [[nodiscard]] const ActiveTimer* Find(const QString& recordId) { return m_set.Find(recordId); }
 
  private:

@@ -2,6 +2,7 @@
 
 class CCfgStore;
 class CPulldownCatalogue;
+class CRecordChanges;
 class CSettingsOwner;
 class CTimerAccess;
 class CVelmarchDoc;
@@ -15,4 +16,5 @@ struct RecordContext {
     CWindowLink& window;
     CPulldownCatalogue& catalogue;  ///< empty until a command loads what it needs
     CSettingsOwner& owner;          ///< where settings are changed
+    CRecordChanges& changes;        ///< all of what a command changes, or none
 };

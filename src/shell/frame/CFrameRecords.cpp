@@ -33,7 +33,13 @@ CVORec* WorkingCopyOf(const CVORec& record) {
 
 CFrameRecords::CFrameRecords(const FrameContext& context)
     : m_context(context),
-      m_commands({context.document, context.timers, context.settings, context.prompt, context.progress}) {}
+      m_timers(context.timers),
+      m_changes({.document = context.document,
+                 .timers = m_timers,
+                 .settings = context.settings,
+                 .prompt = context.prompt,
+                 .progress = context.progress,
+                 .partial = CRecordChanges::Partial::Kept}) {}
 
 void CFrameRecords::QuickEntry(int flags) {
     const QuickEntryContext context{
@@ -67,7 +73,7 @@ void CFrameRecords::Edit(const QString& id) {
     CVORec* working = record ? WorkingCopyOf(*record) : nullptr;
     if (!working) return;
     while (EditInDialog(*working)) {
-        if (m_context.document.ModifyRecord(*working, id, true, false, true, true)) return;
+        if (!m_changes.Edit(*working, id).ids.isEmpty()) return;
         // Memory and store may differ now. The failure has been told; what was entered comes back to the
         // dialog.
         m_context.control.Refresh();
@@ -84,16 +90,19 @@ void CFrameRecords::EditDefaults() {
     if (working) m_context.dialogs.EditDefaults(m_context.control.Window(), *working);
 }
 
+// What failed was told, and the views show what came of it: the outcome says nothing more to the window.
+
 void CFrameRecords::CopySelected() {
-    m_commands.Copy(m_context.view.SelectedIds());
+    static_cast<void>(m_changes.Copy(KindOf(theRecordMode), m_context.view.SelectedIds()));
 }
 
 void CFrameRecords::DeleteSelected() {
-    m_commands.Delete(m_context.view.SelectedIds(), true);
+    static_cast<void>(m_changes.Delete(KindOf(theRecordMode), m_context.view.SelectedIds(), Ask::BySetting));
 }
 
 void CFrameRecords::MarkSelected(int mark) {
-    m_commands.SetMark(static_cast<RecordMark>(mark), m_context.view.SelectedIds(), true);
+    static_cast<void>(m_changes.SetMark(KindOf(theRecordMode), static_cast<RecordMark>(mark),
+                                        m_context.view.SelectedIds(), Ask::BySetting));
 }
 
 void CFrameRecords::ApplyTimers(int action) {

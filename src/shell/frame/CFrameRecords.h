@@ -1,6 +1,7 @@
 #pragma once
 
-#include "viewmodel/commands/CRecordCommands.h"
+#include "changes/CRecordChanges.h"
+#include "changes/CTimersOfRecords.h"
 
 class CVORec;
 struct FrameContext;
@@ -29,5 +30,6 @@ class CFrameRecords {
     [[nodiscard]] bool EditInDialog(CVORec& record) const;
 
     const FrameContext& m_context;
-    CRecordCommands m_commands;
+    COwnTimers m_timers;
+    CRecordChanges m_changes;
 };

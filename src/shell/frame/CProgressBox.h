@@ -1,6 +1,6 @@
 #pragma once
 
-#include "viewmodel/program/CProgress.h"
+#include "changes/CProgress.h"
 
 #include <QElapsedTimer>
 #include <memory>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "changes/CProgress.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "shell/commands/CActions.h"
@@ -11,7 +12,6 @@
 #include "support/TestHome.h"
 #include "timers/CRecordTimers.h"
 #include "viewmodel/list/CRecordListModel.h"
-#include "viewmodel/program/CProgress.h"
 #include "viewmodel/tree/CTreeControl.h"
 
 #include <QMainWindow>
@@ -154,7 +154,7 @@ struct Fixture {
         record.date.Set(11, 19, 2026);
         record.item1 = item1;
         QString id;
-        [&] { QVERIFY(home.document->AddRecord(record, true, false, true, &id)); }();
+        [&] { QVERIFY(home.document->AddRecord(record, {Notify::Yes, Commit::Now, Identity::New}, &id)); }();
         return id;
     }
     [[nodiscard]] const CTRecord& OnlyTime() const {

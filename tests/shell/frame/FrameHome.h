@@ -77,7 +77,7 @@ struct Window {
         if (time.ParseTimeText(QString::fromLatin1(start), true)) record.SetStart(time);
         if (time.ParseTimeText(QString::fromLatin1(end), true)) record.SetEnd(time);
         QString id;
-        [&] { QVERIFY(app.Document().AddRecord(record, true, false, true, &id)); }();
+        [&] { QVERIFY(app.Document().AddRecord(record, {Notify::Yes, Commit::Now, Identity::New}, &id)); }();
         return id;
     }
 };

@@ -205,7 +205,7 @@ class TestCMainFrame final : public QObject {
         const QString going = window.Add(18), staying = window.Add(19);
         window.List().SelectIds({staying});
         Listener listener(window.hub);
-        QVERIFY(window.app.Document().DeleteRecord(RecordKind::Time, going, true));
+        QVERIFY(window.app.Document().DeleteRecord(RecordKind::Time, going, Notify::Yes));
         QCOMPARE(listener.heard, (QList<int>{11, 12, 2}));
         QCOMPARE(window.List().SelectedCount(), 0);
     }
@@ -430,7 +430,7 @@ class TestCMainFrame final : public QObject {
         CERecord expense;
         expense.date.Set(11, 18, 2026);
         expense.amount.Set(12.5F);
-        QVERIFY(window.app.Document().AddRecord(expense, true, false, true));
+        QVERIFY(window.app.Document().AddRecord(expense, {Notify::Yes, Commit::Now, Identity::New}));
         QCOMPARE(window.Rows(), 1);
         QTest::keyClick(window.frame.get(), Qt::Key_2, Qt::ControlModifier);
         QCOMPARE(window.Rows(), 1);

@@ -35,9 +35,11 @@ struct Fixture {
             record.date.Set(11, 1 + i % 28, 2026);
             record.SetStart(9, 0, false);
             record.item1 = u"Client %1"_s.arg(i);
-            [&] { QVERIFY(home.document->AddRecord(record, false, true, true)); }();
+            [&] {
+                QVERIFY(home.document->AddRecord(record, {Notify::Later, Commit::Later, Identity::New}));
+            }();
         }
-        [&] { QVERIFY(home.document->Commit()); }();
+        [&] { QVERIFY(home.store->Commit()); }();
         home.document->BuildVisible();
         Layout(layout);
         view.resize(500, 400);

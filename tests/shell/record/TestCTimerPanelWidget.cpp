@@ -288,7 +288,7 @@ class TestCTimerPanelWidget : public QObject {
         RecordDialogHome t;
         OpenStored(t);
         t.Press("timerStart");
-        t.timers.Drop(t.record.GetId());
+        QVERIFY(t.timers.Drop(t.record.GetId()));
         Tick(t);
         QCOMPARE(t.Label("timerState"), QStringLiteral("No timer"));
         QVERIFY(!t.Find<CPickEdit>("startField")->IsLocked());

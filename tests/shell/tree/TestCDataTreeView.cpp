@@ -28,10 +28,10 @@ class Fixture final : public CViewListener {
     int rebuilds = 0;
 
     Fixture() {
-        [&] { QVERIFY(document.BeginBatch()); }();
+        [&] { QVERIFY(document.Store().BeginBatch()); }();
         Rebuild();
     }
-    ~Fixture() override { document.Commit(); }
+    ~Fixture() override { static_cast<void>(document.Store().Commit()); }
     Fixture(const Fixture&) = delete;
     Fixture& operator=(const Fixture&) = delete;
 
@@ -49,7 +49,7 @@ class Fixture final : public CViewListener {
         record.item1 = client;
         record.item2 = project;
         QString id;
-        [&] { QVERIFY(document.AddRecord(record, true, true, true, &id)); }();
+        [&] { QVERIFY(document.AddRecord(record, {Notify::Yes, Commit::Later, Identity::New}, &id)); }();
         return id;
     }
     [[nodiscard]] QAbstractItemModel& Model() const { return *view.model(); }
@@ -162,7 +162,7 @@ class TestCDataTreeView final : public QObject {
         const QString id = fixture.Add(u"A"_s, u"z"_s);
         QCOMPARE(fixture.CountAt({u"A"_s}), u"2"_s);
         QCOMPARE(fixture.CountAt({u"B"_s}), u"2"_s);
-        QVERIFY(fixture.document.DeleteRecord(RecordKind::Time, id, true));
+        QVERIFY(fixture.document.DeleteRecord(RecordKind::Time, id, Notify::Yes));
         QCOMPARE(fixture.CountAt({u"A"_s}), u"1"_s);
         QVERIFY(!fixture.At({u"A"_s, u"z"_s}).isValid());
         QCOMPARE(fixture.CountAt({u"B"_s}), u"2"_s);
@@ -297,7 +297,7 @@ class TestCDataTreeView final : public QObject {
         CTRecord record;
         record.Copy(*fixture.document.FindTime(id));
         record.item1 = client;
-        QVERIFY(fixture.document.ModifyRecord(record, id, true, true, true, true));
+        QVERIFY(fixture.document.ModifyRecord(record, id, {Notify::Yes, Commit::Later}));
         QTEST(fixture.view.currentIndex().data().toString(), "selected");
         QCOMPARE(fixture.view.selectionModel()->selectedRows().size(), client == u"A"_s ? 1 : 0);
         QCOMPARE(fixture.view.isExpanded(fixture.At({u"A"_s})), client == u"A"_s);
@@ -316,7 +316,7 @@ class TestCDataTreeView final : public QObject {
         fixture.Add(u"B"_s, u"x"_s);
         fixture.Select({u"A"_s, u"x"_s});
         const int before = fixture.rebuilds;
-        QVERIFY(fixture.document.DeleteRecord(RecordKind::Time, id, true));
+        QVERIFY(fixture.document.DeleteRecord(RecordKind::Time, id, Notify::Yes));
         QVERIFY(!fixture.At({u"A"_s}).isValid());
         QVERIFY(!fixture.view.HasNode());
         QCOMPARE(fixture.rebuilds, before);
@@ -414,14 +414,14 @@ class TestCDataTreeView final : public QObject {
             }
             const QString id = ids[pick(static_cast<int>(ids.size()))];
             if (what == 1) {
-                QVERIFY(fixture.document.DeleteRecord(RecordKind::Time, id, true));
+                QVERIFY(fixture.document.DeleteRecord(RecordKind::Time, id, Notify::Yes));
                 ids.removeOne(id);
                 continue;
             }
             CTRecord record;
             record.Copy(*fixture.document.FindTime(id));
             record.item1 = name();
-            QVERIFY(fixture.document.ModifyRecord(record, id, true, true, true, true));
+            QVERIFY(fixture.document.ModifyRecord(record, id, {Notify::Yes, Commit::Later}));
         }
         QHash<QString, int> counts;
         for (const QString& id : ids) ++counts[fixture.document.FindTime(id)->item1];

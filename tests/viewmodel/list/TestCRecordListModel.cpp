@@ -45,7 +45,7 @@ struct Fixture {
         record.date.Set(11, day, 2026);
         record.amount.Set(amount);
         record.isDistance = isDistance;
-        QVERIFY(home.document->AddRecord(record, false, false, false));
+        QVERIFY(home.document->AddRecord(record, {Notify::Later, Commit::Now}));
         home.document->FlushPending(Hint::Added);
         home.views.seen.clear();
     }
@@ -61,7 +61,7 @@ struct Fixture {
         record.Reset();
         record.Copy(*home.document->FindTime(id));
         record.date.Set(11, day, 2026);
-        QVERIFY(home.document->ModifyRecord(record, id, true, false, true, true));
+        QVERIFY(home.document->ModifyRecord(record, id, {Notify::Yes, Commit::Now}));
         Deliver();
     }
 };
@@ -276,9 +276,10 @@ class TestCRecordListModel final : public QObject {
         for (int i = 0; i < 2000; ++i) {
             CTRecord record;
             record.date.Set(11, 1 + i % 19, 2026);
-            QVERIFY(fixture.home.document->AddRecord(record, false, true, true, &ids.emplaceBack()));
+            QVERIFY(fixture.home.document->AddRecord(record, {Notify::Later, Commit::Later, Identity::New},
+                                                     &ids.emplaceBack()));
         }
-        QVERIFY(fixture.home.document->Commit());
+        QVERIFY(fixture.home.store->Commit());
         fixture.Rebuild();
         QVERIFY(isSmall());
         for (int i = 0; i < 3; ++i) {
@@ -355,7 +356,7 @@ class TestCRecordListModel final : public QObject {
         QCOMPARE(fixture.model.RowsOf({}), Rows());
         QCOMPARE(fixture.model.RowsOf({third, first}), (Rows{0, 2}));
         QCOMPARE(fixture.model.RowsOf({third, QStringLiteral("unknown")}), Rows{2});
-        QVERIFY(fixture.home.document->DeleteRecord(RecordKind::Time, second, false));
+        QVERIFY(fixture.home.document->DeleteRecord(RecordKind::Time, second, Notify::Later));
         QCOMPARE(fixture.model.RowsOf({second}), Rows{1});
         QCOMPARE(fixture.model.RowsOf({second, third}), (Rows{1, 2}));
         fixture.home.document->BuildVisible();
@@ -385,10 +386,10 @@ class TestCRecordListModel final : public QObject {
         record.Reset();
         record.Copy(*fixture.home.document->FindTime(id));
         record.item1 = QStringLiteral("new");
-        QVERIFY(fixture.home.document->ModifyRecord(record, id, false, false, true, true));
+        QVERIFY(fixture.home.document->ModifyRecord(record, id, {Notify::Later, Commit::Now}));
         QVERIFY(fixture.model.data(fixture.model.index(0, 1)).toString().contains(QStringLiteral("new")));
         fixture.home.document->FlushPending(Hint::Changed);
-        QVERIFY(fixture.home.document->DeleteRecord(RecordKind::Time, id, false));
+        QVERIFY(fixture.home.document->DeleteRecord(RecordKind::Time, id, Notify::Later));
         QVERIFY(!fixture.model.data(fixture.model.index(0, 1)).isValid());
     }
 
@@ -557,7 +558,7 @@ class TestCRecordListModel final : public QObject {
         QCOMPARE(fixture.model.TextOf(0, 6), QStringLiteral("09:00 AM"));
         QVERIFY(!fixture.model.IsFlagSet(0, 13));
         QCOMPARE(fixture.model.FlagInWordsOf(0, 13), QStringLiteral("Billable: no"));
-        QVERIFY(fixture.home.document->DeleteRecord(RecordKind::Time, id, false));
+        QVERIFY(fixture.home.document->DeleteRecord(RecordKind::Time, id, Notify::Later));
         QCOMPARE(fixture.model.TextOf(0, 6), QString());
         QVERIFY(!fixture.model.IsFlagSet(0, 13));
         QCOMPARE(fixture.model.FlagInWordsOf(0, 13), QString());

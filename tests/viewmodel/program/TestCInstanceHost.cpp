@@ -91,7 +91,7 @@ class TestCInstanceHost final : public QObject {
         TestHome other(fixture.home.Path());
         CERecord lunch;
         QString id;
-        QVERIFY(other.document->AddRecord(lunch, false, false, true, &id));
+        QVERIFY(other.document->AddRecord(lunch, {Notify::Later, Commit::Now, Identity::New}, &id));
         (void)fixture.host.Handle(
             {InstanceCommand::SyncEnd, {{u"kind"_s, u"expense"_s}, {u"ids"_s, QJsonArray{id}}}});
         QTRY_VERIFY(fixture.home.document->FindExpense(id));

@@ -28,11 +28,11 @@ class DataTreeFixture final : public CViewListener {
 
     /// The captions of the levels.
     explicit DataTreeFixture(const char* levels = "Client Project") {
-        [&] { QVERIFY(document.BeginBatch()); }();
+        [&] { QVERIFY(document.Store().BeginBatch()); }();
         SetLevels(ColumnHalf::Time, levels);
         Rebuild();
     }
-    ~DataTreeFixture() override { document.Commit(); }
+    ~DataTreeFixture() override { static_cast<void>(document.Store().Commit()); }
     DataTreeFixture(const DataTreeFixture&) = delete;
     DataTreeFixture& operator=(const DataTreeFixture&) = delete;
 
@@ -60,7 +60,9 @@ class DataTreeFixture final : public CViewListener {
     }
     QString Add(const CVORec& record, bool notify = true) {
         QString id;
-        [&] { QVERIFY(document.AddRecord(record, notify, true, false, &id)); }();
+        [&] {
+            QVERIFY(document.AddRecord(record, {notify ? Notify::Yes : Notify::Later, Commit::Later}, &id));
+        }();
         return id;
     }
     QString Add(const char* client, const char* project) {
@@ -71,9 +73,9 @@ class DataTreeFixture final : public CViewListener {
         record.Copy(*document.FindTime(id));
         record.item1 = client;
         record.item2 = project;
-        QVERIFY(document.ModifyRecord(record, id, true, true, true, true));
+        QVERIFY(document.ModifyRecord(record, id, {Notify::Yes, Commit::Later}));
     }
-    void Delete(const QString& id) { QVERIFY(document.DeleteRecord(RecordKind::Time, id, true)); }
+    void Delete(const QString& id) { QVERIFY(document.DeleteRecord(RecordKind::Time, id, Notify::Yes)); }
     /// What a rebuild would make.
     [[nodiscard]] QString Rebuilt() {
         CDataTree fresh(document, *home.settings);

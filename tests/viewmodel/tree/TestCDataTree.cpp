@@ -176,7 +176,7 @@ void TestCDataTree::expenses() {
              u"Distance entry 1 [A 1 [Reimbursed 1]], No distance entry 1 [ 1 [Not reimbursed 1]]"_s);
     other.GenUnique();
     fixture.Add(other);
-    QVERIFY(fixture.document.DeleteRecord(RecordKind::Expense, trip.GetId(), true));
+    QVERIFY(fixture.document.DeleteRecord(RecordKind::Expense, trip.GetId(), Notify::Yes));
     QCOMPARE(fixture.Tree(), u"No distance entry 2 [ 2 [Not reimbursed 2]]"_s);
     fixture.document.SwitchMode(RecordMode::Time);
     QCOMPARE(fixture.Tree(), u"A 1 [x 1]"_s);
@@ -246,7 +246,7 @@ void TestCDataTree::changeWithoutAWordBefore() {
         CTRecord record;
         record.Copy(*fixture.document.FindTime(id));
         record.item1 = u"B"_s;
-        QVERIFY(fixture.document.ModifyRecord(record, id, false, true, true, true));
+        QVERIFY(fixture.document.ModifyRecord(record, id, {Notify::Later, Commit::Later}));
     }
     fixture.document.FlushPending(Hint::Changed);
     QCOMPARE(fixture.Tree(), u"B 5 [x 5]"_s);

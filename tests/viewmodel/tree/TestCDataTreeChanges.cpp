@@ -118,7 +118,7 @@ class Changer {
             case 2:
                 return Mark(id);
             case 3:
-                QVERIFY(m_fixture.document.DeleteRecord(Kind(), id, true));
+                QVERIFY(m_fixture.document.DeleteRecord(Kind(), id, Notify::Yes));
                 return;
             case 4:
                 return DeleteSelected(id);
@@ -133,7 +133,7 @@ class Changer {
         const QString id = ids[Pick(static_cast<int>(ids.size()))];
         if (!m_fixture.document.FindRecord(id)) return;
         QVERIFY(Pick(3) == 0 ? m_fixture.home.store->DeleteRecord(Kind(), id)
-                             : m_fixture.home.store->ModifyRecord(*NewRecordOf(id), id, true, true));
+                             : m_fixture.home.store->ModifyRecord(*NewRecordOf(id), id, Commit::Later));
         QVERIFY(m_fixture.document.RefreshRecords(Kind(), {id}));
     }
     /// Another program adds a record.
@@ -189,17 +189,17 @@ class Changer {
         if (!isAnnounced) m_fixture.document.FlushPending(Hint::Added);
     }
     void Modify(const QString& id) {
-        QVERIFY(m_fixture.document.ModifyRecord(*NewRecordOf(id), id, true, true, true, true));
+        QVERIFY(m_fixture.document.ModifyRecord(*NewRecordOf(id), id, {Notify::Yes, Commit::Later}));
     }
     /// As the command for marks: announced before by the command, flushed after it.
     void Mark(const QString& id) {
         m_fixture.document.NotifyViews(Hint::AboutToChange, {id});
-        QVERIFY(m_fixture.document.ModifyRecord(*NewRecordOf(id), id, false, true, true, true));
+        QVERIFY(m_fixture.document.ModifyRecord(*NewRecordOf(id), id, {Notify::Later, Commit::Later}));
         m_fixture.document.FlushPending(Hint::Changed);
     }
     void DeleteSelected(const QString& id) {
         m_fixture.document.NotifyViews(Hint::AboutToGo, {id});
-        QVERIFY(m_fixture.document.DeleteRecord(Kind(), id, false));
+        QVERIFY(m_fixture.document.DeleteRecord(Kind(), id, Notify::Later));
         m_fixture.document.FlushPending(Hint::Deleted);
     }
     void SwitchMode() {

@@ -4,7 +4,7 @@
 #include <functional>
 
 class CClock;
-class CRecordStore;
+class CVelmarchDoc;
 
 /// How many made-up records of each kind.
 struct DemoCounts {
@@ -16,12 +16,12 @@ struct DemoCounts {
 [[nodiscard]] DemoCounts ShareOut(int records);
 
 /// How filling ended. Failures of the store have been told to the user.
-enum class DemoOutcome { Filled, NotEmpty, Failed };
+enum class [[nodiscard]] DemoOutcome{Filled, NotEmpty, Failed};
 
 /// Fills an empty store with plausible records in ascending order of days, ending today, and with the items
 /// that they use in their pulldown lists. Five or so a day, over at most 30 years: beyond that, the days fill
 /// up. The same seed gives the same records, apart from identities and today's date. Writes in batches, each
 /// durable at its end; progress, when given, hears after each how many records are written.
-[[nodiscard]] DemoOutcome FillWithDemoData(CRecordStore& store, const CClock& clock, const DemoCounts& counts,
-                                           std::uint32_t seed,
+[[nodiscard]] DemoOutcome FillWithDemoData(CVelmarchDoc& document, const CClock& clock,
+                                           const DemoCounts& counts, std::uint32_t seed,
                                            const std::function<void(int written)>& progress = {});

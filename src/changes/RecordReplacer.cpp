@@ -1,44 +1,67 @@
-#include "app/RecordReplacer.h"
+#include "changes/RecordReplacer.h"
 
 #include "app/CVelmarchDoc.h"
 #include "app/ListTable.h"
-#include "app/StoreChange.h"
 #include "lang/FormatText.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "records/RecordFactory.h"
-
-#include <algorithm>
 
 QString& RecordReplacer::Field::Of(CVORec& record) const {
     return kind == RecordKind::Time ? static_cast<CTRecord&>(record).*row.timeField
                                     : static_cast<CERecord&>(record).*row.expenseField;
 }
 
-int RecordReplacer::Replace(const ListRow& row, const QString& oldText, const QString& newText) {
+RecordReplacer::RecordReplacer(CVelmarchDoc& document) : m_document(document), m_store(document.Store()) {}
+
+Outcome RecordReplacer::Replace(const ListRow& row, const QString& oldText, const QString& newText) {
     std::vector<Batch> batches = Batches(row);
-    if (batches.empty()) return 0;
+    if (batches.empty()) return Outcome::Nothing();
     const qsizetype othersPending = m_document.PendingCount();
-    bool isDone = false;
-    {
-        // The search belongs to the change: no other program alters a record in between.
-        StoreChange change(m_store);
-        if (!change.IsOpen()) return 0;
-        for (Batch& batch : batches) {
-            const std::optional<QStringList> ids = Holders(batch.field, oldText);
-            if (!ids) return 0;
-            batch.ids = *ids;
-        }
-        for (const Batch& batch : batches)
-            if (batch.isShown && !batch.ids.isEmpty()) m_document.NotifyViews(Hint::AboutToChange, batch.ids);
-        isDone = std::ranges::all_of(batches, [&](Batch& batch) { return Change(batch, newText); }) &&
-                 change.Commit();
+    Outcome outcome = ReplaceAll(batches, oldText, newText);
+    static_cast<void>(m_document.TakePending(othersPending));  // each batch has its own notice
+    if (outcome.failure == Outcome::Failure::Opening) return outcome;
+    Announce(batches, outcome.commit == CommitEnd::Durable, oldText);
+    return outcome;
+}
+
+/// The search belongs to the change: no other program alters a record in between.
+Outcome RecordReplacer::ReplaceAll(std::vector<Batch>& batches, const QString& oldText,
+                                   const QString& newText) {
+    const CVelmarchDoc::ChangeScope changing(m_document);
+    StoreTransaction change(m_store);
+    if (!change.IsOpen() || !FindHolders(batches, oldText)) return Outcome::Failed(Outcome::Failure::Opening);
+    for (const Batch& batch : batches)
+        if (batch.isShown && !batch.ids.isEmpty()) m_document.NotifyViews(Hint::AboutToChange, batch.ids);
+    Outcome outcome = ChangeAll(batches, newText);
+    if (outcome) {
+        outcome.commit = change.Commit();
+        if (outcome.commit != CommitEnd::Durable) outcome = Outcome::Failed(Outcome::Failure::Commit);
     }
-    (void)m_document.TakePending(othersPending);
-    Announce(batches, isDone, oldText);
-    qsizetype count = 0;
-    for (const Batch& batch : batches) count += isDone ? batch.done : 0;
-    return static_cast<int>(count);
+    m_document.NoteEnd(outcome.commit);
+    return outcome;
+}
+
+bool RecordReplacer::FindHolders(std::vector<Batch>& batches, const QString& oldText) {
+    for (Batch& batch : batches) {
+        const std::optional<QStringList> ids = Holders(batch.field, oldText);
+        if (!ids) return false;
+        batch.ids = *ids;
+    }
+    return true;
+}
+
+Outcome RecordReplacer::ChangeAll(std::vector<Batch>& batches, const QString& newText) {
+    Outcome outcome = Outcome::Nothing();
+    for (Batch& batch : batches) {
+        if (!Change(batch, newText)) {
+            outcome = Outcome::Failed(Outcome::Failure::Record);
+            outcome.failedId = batch.ids[batch.done];
+            return outcome;
+        }
+        outcome.ids += batch.ids;
+    }
+    return outcome;
 }
 
 std::vector<RecordReplacer::Batch> RecordReplacer::Batches(const ListRow& row) const {
@@ -64,9 +87,10 @@ bool RecordReplacer::Change(Batch& batch, const QString& newText) {
         const std::unique_ptr<CVORec> record = NewRecord(batch.field.kind);
         if (!m_store.ReadRecord(*record, id)) return false;
         batch.field.Of(*record) = newText;
-        const bool isStored = batch.isShown ? m_document.ModifyRecord(*record, id, false, true, true, true)
-                                            : m_store.ModifyRecord(*record, id, true, true);
-        if (!isStored) return false;
+        const ModifyChoice choice{.notify = batch.isShown ? Notify::Later : Notify::No,
+                                  .commit = Commit::Later,
+                                  .hold = batch.isShown ? Hold::Yes : Hold::No};
+        if (!m_document.ModifyRecord(*record, id, choice)) return false;
         ++batch.done;
     }
     return true;
@@ -77,8 +101,8 @@ void RecordReplacer::Announce(const std::vector<Batch>& batches, bool isDone, co
     for (const Batch& batch : batches) {
         if (batch.ids.isEmpty()) continue;
         if (!batch.isShown) {
-            // Those that were read one by one and may be looked at again.
-            for (const QString& id : batch.ids)
+            // Those that were read one by one show again what is stored.
+            for (const QString& id : isDone ? QStringList() : batch.ids)
                 if (m_document.FindRecord(id)) (void)m_document.FetchRecord(batch.field.kind, id);
             continue;
         }

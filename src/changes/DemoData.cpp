@@ -1,7 +1,8 @@
-#include "app/DemoData.h"
+#include "changes/DemoData.h"
 
-#include "app/DemoWords.h"
+#include "app/CVelmarchDoc.h"
 #include "calendar/CalendarMath.h"
+#include "changes/DemoWords.h"
 #include "platform/host/CClock.h"
 #include "records/CERecord.h"
 #include "records/CPRecord.h"
@@ -10,6 +11,7 @@
 #include "records/RecordFactory.h"
 
 #include <algorithm>
+#include <optional>
 #include <random>
 #include <span>
 #include <vector>
@@ -116,26 +118,42 @@ std::vector<CalendarDay> WorkingDays(const CClock& clock, int records) {
     return days;
 }
 
-/// Writes records, with a commit at the end of each batch.
+/// Adds records in transactions of so many, each durable at its end. Nobody shows them, so they aren't held.
 class BatchWriter {
  public:
-    BatchWriter(CRecordStore& store, std::function<void(int)> progress)
-        : m_store(store), m_progress(std::move(progress)) {}
+    BatchWriter(CVelmarchDoc& document, std::function<void(int)> progress)
+        : m_document(document), m_progress(std::move(progress)) {}
 
-    [[nodiscard]] bool Write(CVORec& record) {
-        record.GenUnique();
-        if (!m_store.InsertRecord(record, true)) return false;
-        return ++m_written % kBatch != 0 || Finish();
+    [[nodiscard]] bool Write(const CVORec& record) {
+        return Add([&] {
+            return m_document.AddRecord(record, {Notify::No, Commit::Later, Identity::New, Hold::No});
+        });
+    }
+    [[nodiscard]] bool WriteItem(CPRecord& item) {
+        item.GenUnique();
+        return Add([&] { return m_document.Store().InsertRecord(item, Commit::Later); });
     }
     [[nodiscard]] bool Finish() {
-        if (!m_store.Commit()) return false;
+        if (!m_batch) return true;
+        const CommitEnd end = m_batch->Commit();
+        m_document.NoteEnd(end);
+        m_batch.reset();
+        if (end != CommitEnd::Durable) return false;
         if (m_progress) m_progress(m_written);
         return true;
     }
 
  private:
-    CRecordStore& m_store;
+    template <class Write>
+    [[nodiscard]] bool Add(Write&& write) {
+        if (!m_batch) m_batch.emplace(m_document.Store());
+        if (!m_batch->IsOpen() || !write()) return false;
+        return ++m_written % kBatch != 0 || Finish();
+    }
+
+    CVelmarchDoc& m_document;
     std::function<void(int)> m_progress;
+    std::optional<StoreTransaction> m_batch;
     int m_written = 0;
 };
 
@@ -143,7 +161,7 @@ class BatchWriter {
 
 [[nodiscard]] bool WriteItem(BatchWriter& writer, int list, CPRecord item) {
     item.listId = list;
-    return writer.Write(item);
+    return writer.WriteItem(item);
 }
 
 [[nodiscard]] bool WriteItems(BatchWriter& writer, int list, const std::vector<QString>& texts) {
@@ -281,20 +299,20 @@ DemoCounts ShareOut(int records) {
     return {records - expenses, expenses};
 }
 
-DemoOutcome FillWithDemoData(CRecordStore& store, const CClock& clock, const DemoCounts& counts,
+DemoOutcome FillWithDemoData(CVelmarchDoc& document, const CClock& clock, const DemoCounts& counts,
                              std::uint32_t seed, const std::function<void(int written)>& progress) {
-    const Emptiness before = LookInto(store);
+    const Emptiness before = LookInto(document.Store());
     if (before != Emptiness::Empty)
         return before == Emptiness::Taken ? DemoOutcome::NotEmpty : DemoOutcome::Failed;
 
     const Words words;
     const std::vector<CalendarDay> days = WorkingDays(clock, counts.times + counts.expenses);
     Dice dice(seed);
-    BatchWriter items(store, {}), records(store, progress);
+    BatchWriter items(document, {}), records(document, progress);
     CTRecord time;
     CERecord expense;
     int odometer = 12000;
-    const bool written = WriteLists(items, words) &&
+    const bool written = WriteLists(items, words) && items.Finish() &&
                          SpreadOver(days, counts.times,
                                     [&](const Place& place) {
                                         MakeTime(time, place, words, dice);

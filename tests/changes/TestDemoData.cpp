@@ -1,4 +1,4 @@
-#include "app/DemoData.h"
+#include "changes/DemoData.h"
 
 #include "calendar/CalendarMath.h"
 #include "records/CERecord.h"
@@ -67,7 +67,7 @@ class TestDemoData : public QObject {
         QFETCH(int, times);
         QFETCH(int, expenses);
         TestHome home;
-        QCOMPARE(FillWithDemoData(*home.store, home.clock, {times, expenses}, 1), DemoOutcome::Filled);
+        QCOMPARE(FillWithDemoData(*home.document, home.clock, {times, expenses}, 1), DemoOutcome::Filled);
         QVERIFY(!home.manager.HasOpenChanges());
         QCOMPARE(ContentOf(home, RecordKind::Time).size(), times);
         QCOMPARE(ContentOf(home, RecordKind::Expense).size(), expenses);
@@ -76,7 +76,7 @@ class TestDemoData : public QObject {
 
     void RecordsArePlausible() {
         TestHome home;
-        QCOMPARE(FillWithDemoData(*home.store, home.clock, {2000, 0}, 7), DemoOutcome::Filled);
+        QCOMPARE(FillWithDemoData(*home.document, home.clock, {2000, 0}, 7), DemoOutcome::Filled);
         QVERIFY(home.store->Query(home.store->SelectAll(RecordKind::Time) + u" ORDER BY identity"_s));
         CTRecord record;
         QString id;
@@ -100,7 +100,7 @@ class TestDemoData : public QObject {
     /// 30 years of working days hold at most 7,800 days, so records beyond five a day share them.
     void ManyRecordsStayWithinALifetime() {
         TestHome home;
-        QCOMPARE(FillWithDemoData(*home.store, home.clock, {60000, 0}, 1), DemoOutcome::Filled);
+        QCOMPARE(FillWithDemoData(*home.document, home.clock, {60000, 0}, 1), DemoOutcome::Filled);
         QVERIFY(home.store->Query(home.store->SelectAll(RecordKind::Time) + u" ORDER BY identity"_s));
         CTRecord record;
         QString id;
@@ -118,8 +118,8 @@ class TestDemoData : public QObject {
     void TheSameSeedGivesTheSameRecords() {
         QFETCH(std::uint32_t, seed);
         TestHome first, second;
-        QCOMPARE(FillWithDemoData(*first.store, first.clock, {90, 10}, 1), DemoOutcome::Filled);
-        QCOMPARE(FillWithDemoData(*second.store, second.clock, {90, 10}, seed), DemoOutcome::Filled);
+        QCOMPARE(FillWithDemoData(*first.document, first.clock, {90, 10}, 1), DemoOutcome::Filled);
+        QCOMPARE(FillWithDemoData(*second.document, second.clock, {90, 10}, seed), DemoOutcome::Filled);
         QTEST(ContentOf(first, RecordKind::Time) == ContentOf(second, RecordKind::Time), "same");
         QTEST(ContentOf(first, RecordKind::Expense) == ContentOf(second, RecordKind::Expense), "same");
     }
@@ -135,15 +135,15 @@ class TestDemoData : public QObject {
         TestHome home;
         const std::unique_ptr<CVORec> present = NewRecord(kind);
         present->GenUnique();
-        QVERIFY(home.store->InsertRecord(*present, false));
-        QCOMPARE(FillWithDemoData(*home.store, home.clock, {10, 10}, 1), DemoOutcome::NotEmpty);
+        QVERIFY(home.store->InsertRecord(*present, Commit::Now));
+        QCOMPARE(FillWithDemoData(*home.document, home.clock, {10, 10}, 1), DemoOutcome::NotEmpty);
         QCOMPARE(ContentOf(home, RecordKind::Time).size(), kind == RecordKind::Time ? 1 : 0);
     }
 
     void ProgressIsToldPerBatch() {
         TestHome home;
         QList<int> told;
-        QCOMPARE(FillWithDemoData(*home.store, home.clock, {20000, 5}, 1,
+        QCOMPARE(FillWithDemoData(*home.document, home.clock, {20000, 5}, 1,
                                   [&told](int written) { told.append(written); }),
                  DemoOutcome::Filled);
         QCOMPARE(told, QList<int>({10000, 20000, 20005}));

@@ -1,5 +1,7 @@
-#include "viewmodel/commands/CRecordCommands.h"
+#include "changes/CRecordChanges.h"
 
+#include "changes/CProgress.h"
+#include "changes/CTimersOfRecords.h"
 #include "entry/RecordMarks.h"
 #include "lang/LoadText.h"
 #include "records/CERecord.h"
@@ -7,7 +9,6 @@
 #include "support/TestHome.h"
 #include "support/TestProgram.h"
 #include "timers/CRecordTimers.h"
-#include "viewmodel/program/CProgress.h"
 
 #include <QTest>
 
@@ -31,15 +32,26 @@ class Progress final : public CProgress {
     bool ended = false;
 };
 
+using Partial = CRecordChanges::Partial;
+using End = Outcome::End;
+using Failure = Outcome::Failure;
+
 struct Fixture {
+    Partial partial;
     TestHome home;
     ActiveTimerSet set{home.clock};
     CRecordTimers timers{set, *home.document, *home.settings};
     Progress progress;
-    CRecordCommands commands{{*home.document, timers, *home.settings, home.prompt, progress}};
+    COwnTimers ownTimers{timers};
+    CRecordChanges changes{{.document = *home.document,
+                            .timers = ownTimers,
+                            .settings = *home.settings,
+                            .prompt = home.prompt,
+                            .progress = progress,
+                            .partial = partial}};
     QStringList ids;
 
-    Fixture() {
+    explicit Fixture(Partial whatStays = Partial::Kept) : partial(whatStays) {
         for (int day = 17; day < 20; ++day)
             ids.append(home.AddTime(2026, 11, day, QStringLiteral("09:00"), QStringLiteral("10:00")));
         home.document->LoadRecords(RecordKind::Time);
@@ -57,16 +69,20 @@ struct Fixture {
     }
 };
 
+RecordKind Kind() {
+    return KindOf(theRecordMode);
+}
+
 }  // namespace
 
-class TestCRecordCommands final : public QObject {
+class TestCRecordChanges final : public QObject {
     Q_OBJECT
 
  private Q_SLOTS:
     void deleteAsksFirst() {
         Fixture fixture;
         fixture.home.prompt.Expect(Text::AskDeleteRecords, Answer::No);
-        fixture.commands.Delete(fixture.ids, true);
+        (void)fixture.changes.Delete(Kind(), fixture.ids, Ask::BySetting);
         QCOMPARE(fixture.Stored(), 3U);
         fixture.home.prompt.Finish();
     }
@@ -75,7 +91,7 @@ class TestCRecordCommands final : public QObject {
     void deleteInOneNotice() {
         Fixture fixture;
         fixture.home.prompt.Expect(Text::AskDeleteRecords, Answer::Yes);
-        fixture.commands.Delete({fixture.ids[0], fixture.ids[2]}, true);
+        (void)fixture.changes.Delete(Kind(), {fixture.ids[0], fixture.ids[2]}, Ask::BySetting);
         QCOMPARE(fixture.Hints(), (QList<int>{12, 2}));
         QCOMPARE(fixture.home.views.seen[0].second, (QStringList{fixture.ids[0], fixture.ids[2]}));
         QCOMPARE(fixture.home.views.seen[1].second, (QStringList{fixture.ids[0], fixture.ids[2]}));
@@ -87,10 +103,10 @@ class TestCRecordCommands final : public QObject {
     void deleteWithoutAsking() {
         Fixture fixture;
         fixture.home.settings->confirmDelete = false;
-        fixture.commands.Delete({fixture.ids[0]}, true);
+        (void)fixture.changes.Delete(Kind(), {fixture.ids[0]}, Ask::BySetting);
         QCOMPARE(fixture.Stored(), 2U);
         fixture.home.settings->confirmDelete = true;
-        fixture.commands.Delete({fixture.ids[1]}, false);
+        (void)fixture.changes.Delete(Kind(), {fixture.ids[1]}, Ask::No);
         QCOMPARE(fixture.Stored(), 1U);
     }
 
@@ -98,7 +114,7 @@ class TestCRecordCommands final : public QObject {
         Fixture fixture;
         fixture.set.Start(fixture.ids[0], false, 0, 0, 0);
         fixture.set.Start(fixture.ids[1], false, 0, 0, 0);
-        fixture.commands.Delete({fixture.ids[0]}, false);
+        (void)fixture.changes.Delete(Kind(), {fixture.ids[0]}, Ask::No);
         QCOMPARE(fixture.set.StateOf(fixture.ids[0]), TimerState::None);
         QCOMPARE(fixture.set.StateOf(fixture.ids[1]), TimerState::Running);
     }
@@ -106,7 +122,8 @@ class TestCRecordCommands final : public QObject {
     /// The first failure ends it: what stands behind it stays, and the views show it again.
     void deleteStopsAtAFailure() {
         Fixture fixture;
-        fixture.commands.Delete({fixture.ids[0], QStringLiteral("no identity"), fixture.ids[1]}, false);
+        (void)fixture.changes.Delete(Kind(), {fixture.ids[0], QStringLiteral("no identity"), fixture.ids[1]},
+                                     Ask::No);
         QCOMPARE(fixture.Stored(), 2U);
         QVERIFY(fixture.Hints().contains(6));
     }
@@ -114,15 +131,15 @@ class TestCRecordCommands final : public QObject {
     void deleteIsCancelled() {
         Fixture fixture;
         fixture.progress.cancelAt = 2;
-        fixture.commands.Delete(fixture.ids, false);
+        (void)fixture.changes.Delete(Kind(), fixture.ids, Ask::No);
         QCOMPARE(fixture.Stored(), 2U);
     }
 
     void nothingSelected() {
         Fixture fixture;
-        fixture.commands.Delete({}, true);
-        fixture.commands.Copy({});
-        fixture.commands.SetMark(RecordMark::First, {}, true);
+        (void)fixture.changes.Delete(Kind(), {}, Ask::BySetting);
+        (void)fixture.changes.Copy(Kind(), {});
+        (void)fixture.changes.SetMark(Kind(), RecordMark::First, {}, Ask::BySetting);
         QVERIFY(fixture.home.views.seen.isEmpty());
         fixture.home.prompt.Finish();
     }
@@ -130,7 +147,7 @@ class TestCRecordCommands final : public QObject {
     void copies() {
         Fixture fixture;
         fixture.home.prompt.Expect(Text::AskCopyRecords, Answer::Yes);
-        fixture.commands.Copy({fixture.ids[0], fixture.ids[1]});
+        (void)fixture.changes.Copy(Kind(), {fixture.ids[0], fixture.ids[1]});
         QCOMPARE(fixture.Hints(), (QList<int>{0}));
         const QStringList made = fixture.home.views.seen[0].second;
         QCOMPARE(made.size(), 2);
@@ -144,10 +161,10 @@ class TestCRecordCommands final : public QObject {
     void copyAsksOnlyWhenWanted() {
         Fixture fixture;
         fixture.home.prompt.Expect(Text::AskCopyRecords, Answer::No);
-        fixture.commands.Copy(fixture.ids);
+        (void)fixture.changes.Copy(Kind(), fixture.ids);
         QCOMPARE(fixture.Stored(), 3U);
         fixture.home.settings->confirmCopy = false;
-        fixture.commands.Copy(fixture.ids);
+        (void)fixture.changes.Copy(Kind(), fixture.ids);
         QCOMPARE(fixture.Stored(), 6U);
         fixture.home.prompt.Finish();
     }
@@ -168,7 +185,7 @@ class TestCRecordCommands final : public QObject {
     void marks() {
         QFETCH(int, code);
         Fixture fixture;
-        fixture.commands.SetMark(static_cast<RecordMark>(code), fixture.ids, false);
+        (void)fixture.changes.SetMark(Kind(), static_cast<RecordMark>(code), fixture.ids, Ask::No);
         QCOMPARE(fixture.Stored(), 3U);
         const CTRecord* record = fixture.home.document->FindTime(fixture.ids[0]);
         QTEST(record->isBillable, "billable");
@@ -180,16 +197,16 @@ class TestCRecordCommands final : public QObject {
     /// is left alone.
     void marksInOneNotice() {
         Fixture fixture;
-        fixture.commands.SetMark(RecordMark::Exported, {fixture.ids[1]}, false);
+        (void)fixture.changes.SetMark(Kind(), RecordMark::Exported, {fixture.ids[1]}, Ask::No);
         fixture.home.views.seen.clear();
         fixture.home.prompt.Expect(Text::AskMarkRecords, Answer::Yes);
-        fixture.commands.SetMark(RecordMark::Exported, fixture.ids, true);
+        (void)fixture.changes.SetMark(Kind(), RecordMark::Exported, fixture.ids, Ask::BySetting);
         QCOMPARE(fixture.Hints(), (QList<int>{14, 14, 1}));
         QCOMPARE(fixture.home.views.seen[2].second, (QStringList{fixture.ids[0], fixture.ids[2]}));
         fixture.home.views.seen.clear();
-        fixture.commands.SetMark(RecordMark::Exported, fixture.ids, false);
+        (void)fixture.changes.SetMark(Kind(), RecordMark::Exported, fixture.ids, Ask::No);
         QVERIFY(fixture.home.views.seen.isEmpty());
-        fixture.commands.SetMark(RecordMark::NotExported, fixture.ids, false);
+        (void)fixture.changes.SetMark(Kind(), RecordMark::NotExported, fixture.ids, Ask::No);
         QCOMPARE(fixture.Hints(), (QList<int>{14, 14, 14, 1}));
         fixture.home.prompt.Finish();
     }
@@ -202,8 +219,8 @@ class TestCRecordCommands final : public QObject {
         record.Copy(*fixture.home.document->FindTime(fixture.ids[0]));
         record.SetBillable(true);
         record.SetRate(80.0F);
-        QVERIFY(fixture.home.document->ModifyRecord(record, fixture.ids[0], true, false, true, true));
-        fixture.commands.SetMark(RecordMark::FirstAndSecond, {fixture.ids[0]}, false);
+        QVERIFY(fixture.home.document->ModifyRecord(record, fixture.ids[0], {Notify::Yes, Commit::Now}));
+        (void)fixture.changes.SetMark(Kind(), RecordMark::FirstAndSecond, {fixture.ids[0]}, Ask::No);
         const CTRecord* marked = fixture.home.document->FindTime(fixture.ids[0]);
         QVERIFY(marked->isBillable && marked->isBilled);
         QCOMPARE(marked->amount.value, 80.0F);
@@ -216,16 +233,17 @@ class TestCRecordCommands final : public QObject {
         QStringList ids;
         for (int i = 0; i < 3; ++i) {
             QString id;
-            QVERIFY(fixture.home.document->AddRecord(CERecord(), false, false, true, &id));
+            QVERIFY(fixture.home.document->AddRecord(CERecord(), {Notify::Later, Commit::Now, Identity::New},
+                                                     &id));
             ids.append(id);
         }
         fixture.home.document->FlushPending(Hint::Added);
         fixture.home.views.seen.clear();
-        fixture.commands.SetMark(RecordMark::ThirdAndFourth, {ids[0], ids[1]}, false);
+        (void)fixture.changes.SetMark(Kind(), RecordMark::ThirdAndFourth, {ids[0], ids[1]}, Ask::No);
         QCOMPARE(fixture.Hints(), (QList<int>{14, 14, 1}));
         fixture.home.settings->confirmDelete = fixture.home.settings->confirmCopy = false;
-        fixture.commands.Delete({ids[1]}, true);
-        fixture.commands.Copy({ids[0]});
+        (void)fixture.changes.Delete(Kind(), {ids[1]}, Ask::BySetting);
+        (void)fixture.changes.Copy(Kind(), {ids[0]});
         fixture.home.document->LoadRecords(RecordKind::Expense);
         QCOMPARE(fixture.home.document->RecordCount(), 3U);
         QVERIFY(!fixture.home.document->FindExpense(ids[1]));
@@ -243,10 +261,10 @@ class TestCRecordCommands final : public QObject {
         {
             const TestHome other(fixture.home.Path());
             other.document->LoadRecords(RecordKind::Time);
-            QVERIFY(other.document->DeleteRecord(RecordKind::Time, fixture.ids[1], false));
+            QVERIFY(other.document->DeleteRecord(RecordKind::Time, fixture.ids[1], Notify::Later));
         }
         fixture.home.prompt.ExpectTold(Text::ModifyFailed);
-        fixture.commands.SetMark(RecordMark::Exported, fixture.ids, false);
+        (void)fixture.changes.SetMark(Kind(), RecordMark::Exported, fixture.ids, Ask::No);
         fixture.home.prompt.Finish();
         QCOMPARE(fixture.Hints(), (QList<int>{14, 14, 1}));
         QCOMPARE(fixture.home.views.seen[1].second, QStringList{fixture.ids[1]});
@@ -259,11 +277,11 @@ class TestCRecordCommands final : public QObject {
     void markIsRefused() {
         Fixture fixture;
         fixture.home.prompt.Expect(Text::AskMarkRecords, Answer::No);
-        fixture.commands.SetMark(RecordMark::First, fixture.ids, true);
+        (void)fixture.changes.SetMark(Kind(), RecordMark::First, fixture.ids, Ask::BySetting);
         QVERIFY(fixture.home.views.seen.isEmpty());
         fixture.home.prompt.Finish();
     }
 };
 
-TEST_CLASS(TestCRecordCommands);
-#include "TestCRecordCommands.moc"
+TEST_CLASS(TestCRecordChanges);
+#include "TestCRecordChanges.moc"

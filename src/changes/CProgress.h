@@ -12,3 +12,11 @@ class CProgress {
     [[nodiscard]] virtual bool Advance() = 0;
     virtual void End() = 0;
 };
+
+/// For programs that show none.
+class CNoProgress final : public CProgress {
+ public:
+    void Begin(const QString&, int) override {}
+    [[nodiscard]] bool Advance() override { return true; }
+    void End() override {}
+};

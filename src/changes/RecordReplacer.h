@@ -1,5 +1,6 @@
 #pragma once
 
+#include "changes/Outcome.h"
 #include "records/CVORec.h"
 
 #include <QString>
@@ -15,10 +16,10 @@ struct ListRow;
 /// not, change together or not at all; the views are told once before and once after.
 class RecordReplacer {
  public:
-    RecordReplacer(CRecordStore& store, CVelmarchDoc& document) : m_store(store), m_document(document) {}
+    explicit RecordReplacer(CVelmarchDoc& document);
 
-    /// How many records took the new text: 0 when the change failed, which the user was told.
-    int Replace(const ListRow& row, const QString& oldText, const QString& newText);
+    /// The outcome has the records that took the new text.
+    [[nodiscard]] Outcome Replace(const ListRow& row, const QString& oldText, const QString& newText);
 
  private:
     /// The field that changes.
@@ -30,17 +31,21 @@ class RecordReplacer {
     /// The records of one kind.
     struct Batch {
         Field field;
-        bool isShown;  ///< of the mode in use: goes through the document
+        bool isShown;  ///< of the mode in use: the views are told
         QStringList ids;
         qsizetype done = 0;
     };
 
     [[nodiscard]] std::vector<Batch> Batches(const ListRow& row) const;
     [[nodiscard]] std::optional<QStringList> Holders(const Field& field, const QString& text);
+    [[nodiscard]] Outcome ReplaceAll(std::vector<Batch>& batches, const QString& oldText,
+                                     const QString& newText);
+    [[nodiscard]] bool FindHolders(std::vector<Batch>& batches, const QString& oldText);
+    [[nodiscard]] Outcome ChangeAll(std::vector<Batch>& batches, const QString& newText);
     [[nodiscard]] bool Change(Batch& batch, const QString& newText);
     void PutBack(const Batch& batch, const QString& oldText);
     void Announce(const std::vector<Batch>& batches, bool isDone, const QString& oldText);
 
-    CRecordStore& m_store;
     CVelmarchDoc& m_document;
+    CRecordStore& m_store;
 };

@@ -1,6 +1,6 @@
-#include "app/RecordReplacer.h"
-
-#include "app/CPulldownCatalogue.h"
+#include "changes/CProgress.h"
+#include "changes/CRecordChanges.h"
+#include "changes/CTimersOfRecords.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
@@ -8,7 +8,7 @@
 
 #include <QTest>
 
-// Through the catalogue, which decides what is replaced at all.
+// Through the changes of records, which decide what is replaced at all.
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -26,6 +26,25 @@ CERecord ExpenseWith(QString CERecord::*field, const QString& text) {
     return record;
 }
 
+/// Replacing asks nothing of the timers.
+class NoTimers final : public CTimersOfRecords {
+ public:
+    [[nodiscard]] QStringList Timed(const QStringList&) override { return {}; }
+    [[nodiscard]] bool Drop(const QStringList&) override { return true; }
+};
+
+Outcome ReplaceIn(TestHome& home, int list, const QString& oldText, const QString& newText) {
+    NoTimers timers;
+    CNoProgress progress;
+    CRecordChanges changes({.document = *home.document,
+                            .timers = timers,
+                            .settings = *home.settings,
+                            .prompt = home.prompt,
+                            .progress = progress,
+                            .partial = CRecordChanges::Partial::Undone});
+    return changes.ReplaceInRecords(list, oldText, newText);
+}
+
 }  // namespace
 
 class TestRecordReplacer : public QObject {
@@ -37,17 +56,18 @@ class TestRecordReplacer : public QObject {
     void Run(const QString& sql) { QVERIFY2(home->manager.File().Execute(sql.toUtf8()), qPrintable(sql)); }
     QString Add(const CVORec& record) {
         QString id;
-        if (!document->AddRecord(record, false, false, true, &id)) qFatal("a record can't be added");
+        if (!document->AddRecord(record, {Notify::Later, Commit::Now, Identity::New}, &id))
+            qFatal("a record can't be added");
         document->FlushPending(Hint::Added);
         home->views.seen.clear();
         return id;
     }
     QString AddTime(const QString& client) { return Add(TimeWith(&CTRecord::item1, client)); }
     QString AddExpense(const QString& client) { return Add(ExpenseWith(&CERecord::item1, client)); }
-    int Replace(int list, const QString& oldText, const QString& newText) {
-        int count = -1;
-        if (!home->catalogue->ReplaceInRecords(count, list, oldText, newText)) qFatal("not true");
-        return count;
+    /// How many took the new text; -1 when it failed.
+    qsizetype Replace(int list, const QString& oldText, const QString& newText) {
+        const Outcome outcome = ReplaceIn(*home, list, oldText, newText);
+        return outcome ? outcome.ids.size() : -1;
     }
     QString StoredTime(const QString& id, QString CTRecord::*field = &CTRecord::item1) {
         CTRecord record;
@@ -92,7 +112,7 @@ class TestRecordReplacer : public QObject {
         QFETCH(int, list);
         QFETCH(QString CTRecord::*, field);
         const QString id = Add(TimeWith(field, u"old"_s));
-        QCOMPARE(Replace(list, u"old"_s, u"new"_s), 1);
+        QCOMPARE(Replace(list, u"old"_s, u"new"_s), qsizetype{1});
         QCOMPARE(StoredTime(id, field), u"new"_s);
     }
 
@@ -109,7 +129,7 @@ class TestRecordReplacer : public QObject {
         QFETCH(int, list);
         QFETCH(QString CERecord::*, field);
         const QString id = Add(ExpenseWith(field, u"old"_s));
-        QCOMPARE(Replace(list, u"old"_s, u"new"_s), 1);
+        QCOMPARE(Replace(list, u"old"_s, u"new"_s), qsizetype{1});
         QCOMPARE(StoredExpense(id, field), u"new"_s);
         QVERIFY(home->views.seen.isEmpty());  // expenses aren't shown
     }
@@ -120,8 +140,8 @@ class TestRecordReplacer : public QObject {
         time.notes = u"old"_s;
         time.date.Set(11, 3, 2026);
         const QString id = Add(time);
-        QCOMPARE(Replace(16, u"old"_s, u"new"_s), 0);
-        QCOMPARE(Replace(17, u"old"_s, u"new"_s), 1);
+        QCOMPARE(Replace(16, u"old"_s, u"new"_s), qsizetype{0});
+        QCOMPARE(Replace(17, u"old"_s, u"new"_s), qsizetype{1});
         CTRecord stored;
         QVERIFY(home->store->ReadRecord(stored, id));
         QCOMPARE(stored.item1, u"keep"_s);
@@ -150,7 +170,7 @@ class TestRecordReplacer : public QObject {
         QFETCH(QString, oldText);
         QFETCH(QString, newText);
         const QString id = AddTime(u"old"_s), empty = AddTime(u""_s);
-        QCOMPARE(Replace(list, oldText, newText), 0);
+        QCOMPARE(Replace(list, oldText, newText), qsizetype{0});
         QCOMPARE(StoredTime(id), u"old"_s);
         QCOMPARE(StoredTime(empty), u""_s);
         QVERIFY(home->views.seen.isEmpty());
@@ -170,9 +190,9 @@ class TestRecordReplacer : public QObject {
     void TextsAreData() {
         QFETCH(QString, text);
         const QString id = AddTime(text), other = AddTime(u"old"_s);
-        QCOMPARE(Replace(16, text, u"between"_s), 1);
+        QCOMPARE(Replace(16, text, u"between"_s), qsizetype{1});
         QCOMPARE(StoredTime(id), u"between"_s);
-        QCOMPARE(Replace(16, u"between"_s, text), 1);
+        QCOMPARE(Replace(16, u"between"_s, text), qsizetype{1});
         QCOMPARE(StoredTime(id), text);
         QCOMPARE(StoredTime(other), u"old"_s);
     }
@@ -189,7 +209,7 @@ class TestRecordReplacer : public QObject {
         document->LoadCurrentMode();
         document->BuildVisible();
         home->views.seen.clear();
-        QCOMPARE(Replace(16, u"old"_s, u"new"_s), 2);
+        QCOMPARE(Replace(16, u"old"_s, u"new"_s), qsizetype{2});
         QCOMPARE(StoredTime(time), u"new"_s);
         QCOMPARE(StoredExpense(expense), u"new"_s);
         const QString shown = mode == RecordMode::Time ? time : expense;
@@ -209,7 +229,7 @@ class TestRecordReplacer : public QObject {
             ids.append(AddTime(u"old"_s));
             AddTime(u"other"_s);
         }
-        QCOMPARE(Replace(16, u"old"_s, u"new"_s), 50);
+        QCOMPARE(Replace(16, u"old"_s, u"new"_s), qsizetype{50});
         const QList<std::pair<Hint, QStringList>> hints{{Hint::AboutToChange, ids}, {Hint::Changed, ids}};
         QCOMPARE(home->views.seen, hints);
         for (const QString& id : ids) {
@@ -225,9 +245,9 @@ class TestRecordReplacer : public QObject {
         TestHome console(home->Path());
         QVERIFY(console.document->FetchRecord(RecordKind::Time, fetched));
         QVERIFY(console.document->FetchRecord(RecordKind::Expense, expense));
-        int count = 0;
-        QVERIFY(console.catalogue->ReplaceInRecords(count, 16, u"old"_s, u"new"_s));
-        QCOMPARE(count, 3);
+        const Outcome outcome = ReplaceIn(console, 16, u"old"_s, u"new"_s);
+        QVERIFY(outcome);
+        QCOMPARE(outcome.ids.size(), qsizetype{3});
         QCOMPARE(console.document->FindTime(fetched)->item1, u"new"_s);
         const CVORec* kept = console.document->FindRecord(expense);
         QCOMPARE(static_cast<const CERecord*>(kept)->item1, u"new"_s);
@@ -239,7 +259,7 @@ class TestRecordReplacer : public QObject {
     void WhatAnotherProgramWroteStays() {
         const QString id = AddTime(u"old"_s);
         Run(u"UPDATE time_velmarch SET notes='from elsewhere'"_s);
-        QCOMPARE(Replace(16, u"old"_s, u"new"_s), 1);
+        QCOMPARE(Replace(16, u"old"_s, u"new"_s), qsizetype{1});
         CTRecord stored;
         QVERIFY(home->store->ReadRecord(stored, id));
         QCOMPARE(stored.notes, u"from elsewhere"_s);
@@ -248,8 +268,9 @@ class TestRecordReplacer : public QObject {
     void PendingIdentitiesOfOthersKeepTheirHint() {
         const QString changed = AddTime(u"old"_s);
         QString added;
-        QVERIFY(document->AddRecord(TimeWith(&CTRecord::item1, u"x"_s), false, false, true, &added));
-        QCOMPARE(Replace(16, u"old"_s, u"new"_s), 1);
+        QVERIFY(document->AddRecord(TimeWith(&CTRecord::item1, u"x"_s),
+                                    {Notify::Later, Commit::Now, Identity::New}, &added));
+        QCOMPARE(Replace(16, u"old"_s, u"new"_s), qsizetype{1});
         document->FlushPending(Hint::Added);
         const QList<std::pair<Hint, QStringList>> hints{
             {Hint::AboutToChange, {changed}}, {Hint::Changed, {changed}}, {Hint::Added, {added}}};
@@ -273,7 +294,7 @@ class TestRecordReplacer : public QObject {
         const QString expense = AddExpense(u"old"_s);
         Run(u"CREATE TRIGGER refuse %1 BEGIN SELECT RAISE(ABORT,'no'); END"_s.arg(trigger));
         home->prompt.ExpectTold(message);
-        QCOMPARE(Replace(16, u"old"_s, u"new"_s), 0);
+        QCOMPARE(Replace(16, u"old"_s, u"new"_s), qsizetype{-1});
         for (const QString& id : times) {
             QCOMPARE(StoredTime(id), u"old"_s);
             QCOMPARE(Loaded(id), u"old"_s);
@@ -286,16 +307,17 @@ class TestRecordReplacer : public QObject {
         QCOMPARE(home->views.seen.at(1), std::pair(Hint::Changed, times));
         QCOMPARE(document->PendingCount(), qsizetype{0});
         Run(u"DROP TRIGGER refuse"_s);
-        QCOMPARE(Replace(16, u"old"_s, u"new"_s), 5);
+        QCOMPARE(Replace(16, u"old"_s, u"new"_s), qsizetype{5});
     }
 
     void FailureKeepsWhatWasOpenBefore() {
         AddTime(u"old"_s);
         QString waiting;
-        QVERIFY(document->AddRecord(TimeWith(&CTRecord::item1, u"waiting"_s), true, true, true, &waiting));
+        QVERIFY(document->AddRecord(TimeWith(&CTRecord::item1, u"waiting"_s),
+                                    {Notify::Yes, Commit::Later, Identity::New}, &waiting));
         Run(u"CREATE TRIGGER refuse BEFORE UPDATE ON time_velmarch BEGIN SELECT RAISE(ABORT,'no'); END"_s);
         home->prompt.ExpectTold(Text::ModifyFailed);
-        QCOMPARE(Replace(16, u"old"_s, u"new"_s), 0);
+        QCOMPARE(Replace(16, u"old"_s, u"new"_s), qsizetype{-1});
         QCOMPARE(StoredTime(waiting), u"waiting"_s);
     }
 
@@ -311,7 +333,7 @@ class TestRecordReplacer : public QObject {
         home->manager.m_busySeconds = 0;
         QVERIFY(home->manager.InitDataSrc(source, second));
         home->prompt.ExpectTold(Text::CommitFailed);
-        QCOMPARE(Replace(16, u"old"_s, u"new"_s), 0);
+        QCOMPARE(Replace(16, u"old"_s, u"new"_s), qsizetype{-1});
         QVERIFY(home->views.seen.isEmpty());
         other.Discard();
         QCOMPARE(StoredTime(id), u"old"_s);

@@ -1,0 +1,198 @@
+#include "changes/CRecordChanges.h"
+
+#include "app/CVelmarchDoc.h"
+#include "app/ListTable.h"
+#include "changes/CProgress.h"
+#include "changes/CTimersOfRecords.h"
+#include "changes/RecordReplacer.h"
+#include "config/Settings.h"
+#include "entry/RecordMarks.h"
+#include "lang/FormatText.h"
+#include "platform/host/CPrompt.h"
+
+#include <memory>
+
+bool CRecordChanges::Confirmed(Text question, Text title, qsizetype records) const {
+    return m_context.prompt.Ask(
+               {.textId = static_cast<int>(question),
+                .title = LoadText(title),
+                .text = FormatText<Text::QuestionWithNumber>(LoadText(question), static_cast<int>(records)),
+                .icon = BoxIcon::Warning,
+                .buttons = Buttons::YesNo,
+                .defaultAnswer = Answer::No,
+                .actionLabel = LoadText(title)}) == Answer::Yes;
+}
+
+// --- One record
+
+Outcome CRecordChanges::Add(const CVORec& record, Identity identity) {
+    QString id;
+    const bool isMade = m_context.document.AddRecord(record, {Notify::Yes, Commit::Now, identity}, &id);
+    return AfterSingle(isMade, id);
+}
+
+Outcome CRecordChanges::Edit(const CVORec& record, const QString& id) {
+    const QString formerId =
+        id;  // NOLINT(performance-unnecessary-copy-initialization): the record that has it goes
+    const bool isMade = m_context.document.ModifyRecord(record, formerId, {Notify::Yes, Commit::Now});
+    Outcome outcome = AfterSingle(isMade, record.GetId());
+    if (!isMade) outcome.failedId = formerId;
+    return outcome;
+}
+
+/// A store that took the record in and could not commit it has told so, and the record stands in the open
+/// state.
+Outcome CRecordChanges::AfterSingle(bool isMade, const QString& id) {
+    if (!isMade) return Outcome::Failed(Outcome::Failure::Record);
+    CRecordStore& store = m_context.document.Store();
+    if (store.m_lastError == 0)
+        return {Outcome::End::Done, Outcome::Failure::None, CommitEnd::Durable, {id}, {}};
+    Outcome outcome = Outcome::Failed(Outcome::Failure::Commit);
+    if (m_context.partial == Partial::Kept && store.Manager().HasOpenChanges()) {
+        outcome.commit = CommitEnd::Due;
+        outcome.ids = {id};
+        return outcome;
+    }
+    store.Manager().Discard();
+    m_context.document.NoteEnd(CommitEnd::Undone);
+    m_context.document.ReadAnew();
+    return outcome;
+}
+
+// --- Several records
+
+Outcome CRecordChanges::Delete(RecordKind kind, const QStringList& ids, Ask ask) {
+    if (ids.isEmpty()) return Outcome::Nothing();
+    if (ask == Ask::BySetting && m_context.settings.confirmDelete &&
+        !Confirmed(Text::AskDeleteRecords, Text::AskDeleteTitle, ids.size()))
+        return Outcome::Declined();
+    CVelmarchDoc& document = m_context.document;
+    Outcome outcome =
+        Run({.ids = ids,
+             .progress = FormatText<Text::ProgressDelete>(static_cast<int>(ids.size())),
+             .hint = Hint::Deleted,
+             .prepare = [&] { document.NotifyViews(Hint::AboutToGo, ids); },
+             .step = [&](const QString& id) { return document.DeleteRecord(kind, id, Notify::Later); }});
+    if (outcome.commit == CommitEnd::Durable && !m_context.timers.Drop(m_context.timers.Timed(outcome.ids)) &&
+        outcome) {
+        outcome.end = Outcome::End::Failed;
+        outcome.failure = Outcome::Failure::Timers;
+    }
+    // What stayed, because one failed or the user cancelled, was taken out of the views before, and one that
+    // failed out of what the document shows, too.
+    if (outcome.commit != CommitEnd::Undone && outcome.ids.size() < ids.size()) {
+        document.BuildVisible();
+        document.NotifyViews(Hint::Rebuild);
+    }
+    return outcome;
+}
+
+Outcome CRecordChanges::Copy(RecordKind kind, const QStringList& ids) {
+    if (ids.isEmpty()) return Outcome::Nothing();
+    if (m_context.settings.confirmCopy && !Confirmed(Text::AskCopyRecords, Text::AskCopyTitle, ids.size()))
+        return Outcome::Declined();
+    CVelmarchDoc& document = m_context.document;
+    return Run(
+        {.ids = ids,
+         .progress = FormatText<Text::ProgressCopy>(static_cast<int>(ids.size())),
+         .hint = Hint::Added,
+         .prepare = {},
+         .step = [&](const QString& id) {
+             const CVORec* record = document.FetchRecord(kind, id);
+             return record && document.AddRecord(*record, {Notify::Later, Commit::Later, Identity::New});
+         }});
+}
+
+Outcome CRecordChanges::SetMark(RecordKind kind, RecordMark mark, const QStringList& ids, Ask ask) {
+    if (ids.isEmpty() || !IsMarkOf(kind, mark)) return Outcome::Nothing();
+    if (ask == Ask::BySetting && m_context.settings.confirmMark &&
+        !Confirmed(Text::AskMarkRecords, Text::AskMarkTitle, ids.size()))
+        return Outcome::Declined();
+    Outcome outcome = Run({.ids = ids,
+                           .progress = FormatText<Text::ProgressMark>(static_cast<int>(ids.size())),
+                           .hint = Hint::Changed,
+                           .prepare = {},
+                           .step = [&](const QString& id) { return MarkOne(kind, mark, id); }});
+    // The one that could not be stored bears the mark in the views; a store that can't be read has told so.
+    if (outcome.commit != CommitEnd::Undone && m_context.document.IsVisible(outcome.failedId))
+        static_cast<void>(m_context.document.RefreshRecords(kind, {outcome.failedId}));
+    return outcome;
+}
+
+bool CRecordChanges::MarkOne(RecordKind kind, RecordMark mark, const QString& id) {
+    CVelmarchDoc& document = m_context.document;
+    const CVORec* record = document.FetchRecord(kind, id);
+    if (!record) return document.Store().m_lastError == 0;
+    const std::unique_ptr<CVORec> marked = CVelmarchDoc::CloneRecord(*record);
+    if (!::SetMark(*marked, mark)) return true;
+    document.NotifyViews(Hint::AboutToChange, {id});
+    return document.ModifyRecord(*marked, id, {Notify::Later, ::Commit::Later});
+}
+
+Outcome CRecordChanges::ReplaceInRecords(int list, const QString& oldText, const QString& newText) {
+    const ListRow* row = FindRecordList(list);
+    if (!row || oldText.isEmpty() || newText.isEmpty() || oldText == newText) return Outcome::Nothing();
+    return RecordReplacer(m_context.document).Replace(*row, oldText, newText);
+}
+
+// --- How several records change
+
+Outcome CRecordChanges::Run(const Batch& batch) {
+    CVelmarchDoc& document = m_context.document;
+    const qsizetype othersPending = document.PendingCount();
+    Outcome outcome = RunInTransaction(batch);
+    const QStringList changed = document.TakePending(othersPending);
+    if (outcome.failure == Outcome::Failure::Opening) return outcome;
+    if (outcome.commit == CommitEnd::Undone) {
+        document.ReadAnew();
+        return outcome;
+    }
+    outcome.ids = changed;
+    if (!changed.isEmpty()) document.NotifyViews(batch.hint, changed);
+    return outcome;
+}
+
+/// The progress is on the screen before the views are told, which takes its time with many records. One
+/// transaction around all of them: 5,000 deletes are one wait for the disk, not 5,000.
+Outcome CRecordChanges::RunInTransaction(const Batch& batch) {
+    const CVelmarchDoc::ChangeScope changing(m_context.document);
+    StoreTransaction transaction(m_context.document.Store(), OnCommitFailure());
+    if (!transaction.IsOpen()) return Outcome::Failed(Outcome::Failure::Opening);
+    m_context.progress.Begin(batch.progress, static_cast<int>(batch.ids.size()));
+    if (batch.prepare) batch.prepare();
+    Outcome outcome = Outcome::Nothing();
+    Walk(batch, outcome);
+    if (outcome || m_context.partial == Partial::Kept)
+        Commit(transaction, outcome);
+    else
+        outcome.commit = CommitEnd::Undone;
+    m_context.document.NoteEnd(outcome.commit);
+    m_context.progress.End();
+    return outcome;
+}
+
+void CRecordChanges::Walk(const Batch& batch, Outcome& outcome) {
+    for (const QString& id : batch.ids) {
+        if (!m_context.progress.Advance()) {
+            outcome.end = Outcome::End::Cancelled;
+            return;
+        }
+        if (batch.step(id)) continue;
+        outcome.end = Outcome::End::Failed;
+        outcome.failure = Outcome::Failure::Record;
+        outcome.failedId = id;
+        return;
+    }
+}
+
+void CRecordChanges::Commit(StoreTransaction& transaction, Outcome& outcome) {
+    outcome.commit = transaction.Commit();
+    if (outcome.commit == CommitEnd::Durable) return;
+    outcome.end = Outcome::End::Failed;
+    outcome.failure = Outcome::Failure::Commit;
+}
+
+StoreTransaction::OnFailure CRecordChanges::OnCommitFailure() const {
+    return m_context.partial == Partial::Kept ? StoreTransaction::OnFailure::Hold
+                                              : StoreTransaction::OnFailure::Undo;
+}

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "changes/Outcome.h"
+
+#include <QString>
+#include <QStringList>
+#include <functional>
+
+class CProgress;
+class CPrompt;
+class CTimersOfRecords;
+class CVelmarchDoc;
+class CVORec;
+enum class Hint : int;
+enum class Identity;
+enum class RecordKind : int;
+enum class RecordMark : int;
+enum class Text : int;
+struct Settings;
+
+/// Whether the user is asked before records are changed.
+enum class Ask { BySetting, No };
+
+/// The one way in which records change: added, edited, deleted, copied, marked, and given the new text of a
+/// list item. Each of these is one transaction; the records are durable before their timers go and before the
+/// views are told. A change of several records stops at the first failure, or when the user cancels.
+class CRecordChanges {
+ public:
+    /// What becomes of the records before the one that failed.
+    enum class Partial {
+        Kept,   ///< they are changed, the others aren't; a commit that fails leaves them to the next one
+        Undone  ///< all or nothing
+    };
+    struct Context {
+        CVelmarchDoc& document;
+        CTimersOfRecords& timers;
+        const Settings& settings;
+        CPrompt& prompt;
+        CProgress& progress;
+        Partial partial;
+    };
+    explicit CRecordChanges(const Context& context) : m_context(context) {}
+
+    [[nodiscard]] Outcome Add(const CVORec& record, Identity identity);
+    /// id: the identity that the record is stored under.
+    [[nodiscard]] Outcome Edit(const CVORec& record, const QString& id);
+    /// The views drop the records first, then they go one by one, and with the commit their timers.
+    [[nodiscard]] Outcome Delete(RecordKind kind, const QStringList& ids, Ask ask);
+    /// The outcome has the identities of the copies.
+    [[nodiscard]] Outcome Copy(RecordKind kind, const QStringList& ids);
+    /// A record that bears the mark already is left alone, and so is one that isn't there any more. A mark
+    /// that records of the kind don't know does nothing.
+    [[nodiscard]] Outcome SetMark(RecordKind kind, RecordMark mark, const QStringList& ids, Ask ask);
+    /// Carries the new text of a list item into the times and expenses that hold the old one: all of them or
+    /// none.
+    [[nodiscard]] Outcome ReplaceInRecords(int list, const QString& oldText, const QString& newText);
+
+ private:
+    /// A change of several records, one after the other.
+    struct Batch {
+        QStringList ids;
+        QString progress;                             ///< what is done, in words
+        Hint hint;                                    ///< what the views are told afterwards
+        std::function<void()> prepare;                ///< before the first of them
+        std::function<bool(const QString& id)> step;  ///< false: it could not be done, which was told
+    };
+
+    /// The title is the verb of the button that says yes.
+    [[nodiscard]] bool Confirmed(Text question, Text title, qsizetype records) const;
+    [[nodiscard]] bool MarkOne(RecordKind kind, RecordMark mark, const QString& id);
+
+    [[nodiscard]] Outcome Run(const Batch& batch);
+    [[nodiscard]] Outcome RunInTransaction(const Batch& batch);
+    void Walk(const Batch& batch, Outcome& outcome);
+    void Commit(StoreTransaction& transaction, Outcome& outcome);
+    [[nodiscard]] Outcome AfterSingle(bool isMade, const QString& id);
+    [[nodiscard]] StoreTransaction::OnFailure OnCommitFailure() const;
+
+    Context m_context;
+};

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "records/StoreTransaction.h"
+
+#include <QString>
+#include <QStringList>
+
+/// What a change of records came to, its commit included. True only where everything that was wanted is done
+/// and on the disk; every failure was told to the user when it happened.
+struct [[nodiscard]] Outcome {
+    enum class End {
+        Done,
+        Declined,   ///< the user was asked and said no
+        Cancelled,  ///< the user ended it on the way
+        Failed
+    };
+    /// Where it failed.
+    enum class Failure {
+        None,
+        Opening,  ///< the store can't be changed now
+        Record,   ///< one of the records, failedId
+        Commit,
+        Timers  ///< the records went, and their timers could not be saved without them
+    };
+
+    End end = End::Failed;
+    Failure failure = Failure::None;
+    CommitEnd commit = CommitEnd::Undone;  ///< what became of the changes in ids
+    QStringList
+        ids;  ///< the records that were added, changed or deleted, in this order; none where they were undone
+    QString failedId;  ///< empty: no single record is to blame
+
+    explicit operator bool() const { return end == End::Done; }
+
+    /// There was nothing to do.
+    [[nodiscard]] static Outcome Nothing() { return {End::Done, Failure::None, CommitEnd::Durable, {}, {}}; }
+    [[nodiscard]] static Outcome Declined() {
+        return {End::Declined, Failure::None, CommitEnd::Undone, {}, {}};
+    }
+    [[nodiscard]] static Outcome Failed(Failure failure) {
+        return {End::Failed, failure, CommitEnd::Undone, {}, {}};
+    }
+};

@@ -1,0 +1,31 @@
+#include "records/StoreTransaction.h"
+
+#include "records/CRecordStore.h"
+
+namespace {
+
+/// Whether nothing is left of earlier changes.
+bool IsClear(CRecordStore& store) {
+    const CVOSrcMgr& manager = store.Manager();
+    return manager.IsBatchUntouched() || !manager.HasOpenChanges() || store.Commit();
+}
+
+}  // namespace
+
+StoreTransaction::StoreTransaction(CRecordStore& store, OnFailure onFailure)
+    : m_store(store), m_onFailure(onFailure), m_isOpen(IsClear(store) && store.BeginBatch()) {}
+
+StoreTransaction::~StoreTransaction() {
+    CVOSrcMgr& manager = m_store.Manager();
+    if (m_isOpen && manager.HasOpenChanges() && !manager.IsUpdateDue()) manager.Discard();
+}
+
+CommitEnd StoreTransaction::Commit() {
+    if (!m_isOpen) return CommitEnd::Undone;
+    m_isOpen = false;
+    if (m_store.Commit()) return CommitEnd::Durable;
+    CVOSrcMgr& manager = m_store.Manager();
+    if (m_onFailure == OnFailure::Hold && manager.HasOpenChanges()) return CommitEnd::Due;
+    manager.Discard();
+    return CommitEnd::Undone;
+}
