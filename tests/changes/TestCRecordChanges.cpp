@@ -4,6 +4,7 @@
 #include "changes/CTimersOfRecords.h"
 #include "entry/RecordMarks.h"
 #include "lang/LoadText.h"
+#include "platform/sqlite/CSqliteFile.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
@@ -11,24 +12,32 @@
 #include "timers/CRecordTimers.h"
 
 #include <QTest>
+#include <functional>
 
 namespace {
 
 /// Notes the steps; cancels before the step with this number.
 class Progress final : public CProgress {
  public:
-    void Begin(const QString& what, int steps) override {
+    void Begin(const QString& what, int count) override {
         said = what;
-        wanted = steps;
+        wanted = count;
         done = 0;
+        if (atBegin) atBegin();
     }
-    bool Advance() override { return ++done != cancelAt; }
+    bool Advance() override {
+        ++steps;
+        if (atStep) atStep();
+        return ++done != cancelAt;
+    }
     void End() override { ended = true; }
 
     QString said;
     int wanted = 0;
     int done = 0;
+    int steps = 0;  ///< of all work together
     int cancelAt = 0;
+    std::function<void()> atBegin, atStep;
     bool ended = false;
 };
 
@@ -63,6 +72,31 @@ struct Fixture {
         for (const auto& [hint, ids] : home.views.seen) hints.append(static_cast<int>(hint));
         return hints;
     }
+    void DeleteOutside(const QString& id) const {
+        const TestHome other(home.Path());
+        other.document->LoadRecords(RecordKind::Time);
+        [&] { QVERIFY(other.document->DeleteRecord(RecordKind::Time, id, Notify::Later)); }();
+    }
+    /// The store waits for no other program.
+    void LookOnce() {
+        home.manager.Close();
+        home.manager.m_busySeconds = 0;
+        eActionDisposition source, second;
+        [&] { QVERIFY(home.manager.InitDataSrc(source, second)); }();
+    }
+    void Run(const char* sql) {
+        [&] { QVERIFY2(home.manager.File().Execute(sql), sql); }();
+    }
+    /// From here on the commit of such a change of a time record fails.
+    void FailCommits(const char* change) {
+        Run("PRAGMA foreign_keys=ON");
+        Run("CREATE TABLE parent(id INTEGER PRIMARY KEY)");
+        Run("CREATE TABLE child(id INTEGER REFERENCES parent(id) DEFERRABLE INITIALLY DEFERRED)");
+        Run((QByteArray("CREATE TRIGGER refuse AFTER ") + change +
+             " ON time_velmarch BEGIN INSERT INTO child VALUES(1); END")
+                .constData());
+    }
+    void MendCommits() { Run("DROP TRIGGER refuse"); }
     [[nodiscard]] std::size_t Stored() {
         home.document->LoadRecords(RecordKind::Time);
         return home.document->RecordCount();
@@ -254,24 +288,278 @@ class TestCRecordChanges final : public QObject {
         QCOMPARE(fixture.home.document->RecordCount(), 3U);
     }
 
-    /// What can't be saved, as another program has deleted it, ends it: the one before is marked and told of,
-    /// the one behind stays as it was.
+    /// What can't be saved, as another program has deleted it, ends it: the one before is marked and the
+    /// views are told, the one behind stays as it was. The one that is gone goes from the views.
     void marksStopAtAFailure() {
         Fixture fixture;
-        {
-            const TestHome other(fixture.home.Path());
-            other.document->LoadRecords(RecordKind::Time);
-            QVERIFY(other.document->DeleteRecord(RecordKind::Time, fixture.ids[1], Notify::Later));
-        }
+        fixture.DeleteOutside(fixture.ids[1]);
         fixture.home.prompt.ExpectTold(Text::ModifyFailed);
-        (void)fixture.changes.SetMark(Kind(), RecordMark::Exported, fixture.ids, Ask::No);
+        const Outcome outcome = fixture.changes.SetMark(Kind(), RecordMark::Exported, fixture.ids, Ask::No);
         fixture.home.prompt.Finish();
-        QCOMPARE(fixture.Hints(), (QList<int>{14, 14, 1}));
+        QVERIFY(!outcome);
+        QCOMPARE(outcome.end, End::Failed);
+        QCOMPARE(outcome.failure, Failure::Record);
+        QCOMPARE(outcome.failedId, fixture.ids[1]);
+        QCOMPARE(outcome.ids, QStringList{fixture.ids[0]});
+        QCOMPARE(outcome.commit, CommitEnd::Durable);
+        QCOMPARE(fixture.Hints(), (QList<int>{14, 14, 1, 12, 2}));
         QCOMPARE(fixture.home.views.seen[1].second, QStringList{fixture.ids[1]});
         QCOMPARE(fixture.home.views.seen[2].second, QStringList{fixture.ids[0]});
+        QCOMPARE(fixture.home.views.seen[4].second, QStringList{fixture.ids[1]});
         QCOMPARE(fixture.Stored(), 2U);
         QVERIFY(fixture.home.document->FindTime(fixture.ids[0])->isExported);
         QVERIFY(!fixture.home.document->FindTime(fixture.ids[2])->isExported);
+    }
+
+    // --- What it came to
+
+    void declinedIsNoSuccess() {
+        Fixture fixture;
+        fixture.home.prompt.Expect(Text::AskDeleteRecords, Answer::No);
+        fixture.home.prompt.Expect(Text::AskCopyRecords, Answer::No);
+        fixture.home.prompt.Expect(Text::AskMarkRecords, Answer::No);
+        for (const Outcome& outcome :
+             {fixture.changes.Delete(Kind(), fixture.ids, Ask::BySetting),
+              fixture.changes.Copy(Kind(), fixture.ids),
+              fixture.changes.SetMark(Kind(), RecordMark::First, fixture.ids, Ask::BySetting)}) {
+            QVERIFY(!outcome);
+            QCOMPARE(outcome.end, End::Declined);
+            QVERIFY(outcome.ids.isEmpty());
+        }
+        fixture.home.prompt.Finish();
+    }
+
+    void cancelledKeepsWhatWasDone() {
+        Fixture fixture;
+        fixture.progress.cancelAt = 3;
+        const Outcome outcome = fixture.changes.Delete(Kind(), fixture.ids, Ask::No);
+        QVERIFY(!outcome);
+        QCOMPARE(outcome.end, End::Cancelled);
+        QCOMPARE(outcome.ids, fixture.ids.first(2));
+        QCOMPARE(fixture.Hints(), (QList<int>{12, 2, 6}));
+        QCOMPARE(fixture.home.document->VisibleCount(), 1U);
+    }
+
+    void identitiesOfWhatWasDone() {
+        Fixture fixture;
+        fixture.home.settings->confirmCopy = false;
+        const Outcome copied = fixture.changes.Copy(Kind(), fixture.ids);
+        QVERIFY(copied);
+        QCOMPARE(copied.ids.size(), 3);
+        for (const QString& id : copied.ids)
+            QVERIFY(!fixture.ids.contains(id) && fixture.home.document->FindTime(id));
+        QVERIFY(fixture.changes.SetMark(Kind(), RecordMark::Exported, {fixture.ids[1]}, Ask::No));
+        const Outcome marked = fixture.changes.SetMark(Kind(), RecordMark::Exported, fixture.ids, Ask::No);
+        QVERIFY(marked);
+        QCOMPARE(marked.ids, (QStringList{fixture.ids[0], fixture.ids[2]}));
+        const Outcome deleted = fixture.changes.Delete(Kind(), copied.ids, Ask::No);
+        QVERIFY(deleted);
+        QCOMPARE(deleted.ids, copied.ids);
+        QVERIFY(fixture.changes.Delete(Kind(), {}, Ask::No));
+    }
+
+    void addsAndEdits() {
+        Fixture fixture;
+        CTRecord record;
+        record.item1 = QStringLiteral("Acorn");
+        const Outcome added = fixture.changes.Add(record, Identity::New);
+        QVERIFY(added);
+        QCOMPARE(added.ids.size(), 1);
+        QCOMPARE(fixture.Hints(), (QList<int>{0}));
+        record.Copy(*fixture.home.document->FindTime(added.ids.first()));
+        record.SetId(added.ids.first());
+        record.item1 = QStringLiteral("Birch");
+        const Outcome edited = fixture.changes.Edit(record, added.ids.first());
+        QVERIFY(edited);
+        QCOMPARE(edited.ids, added.ids);
+        QCOMPARE(fixture.Hints(), (QList<int>{0, 14, 1}));
+        QCOMPARE(fixture.home.document->FindTime(added.ids.first())->item1, QStringLiteral("Birch"));
+        record.SetId(QString(32, u'0'));
+        fixture.home.prompt.ExpectTold(Text::ModifyFailed);
+        const Outcome refused = fixture.changes.Edit(record, record.GetId());
+        QVERIFY(!refused);
+        QCOMPARE(refused.failure, Failure::Record);
+        QCOMPARE(refused.failedId, record.GetId());
+        fixture.home.prompt.Finish();
+    }
+
+    /// Another program holds the store: nothing is begun, and the views keep what they show.
+    void storeThatIsBusy() {
+        Fixture fixture;
+        const TestHome other(fixture.home.Path());
+        QVERIFY(other.store->BeginBatch());
+        fixture.home.prompt.ExpectTold(Text::CommitFailed);
+        fixture.LookOnce();
+        const Outcome outcome = fixture.changes.Delete(Kind(), fixture.ids, Ask::No);
+        QCOMPARE(outcome.end, End::Failed);
+        QCOMPARE(outcome.failure, Failure::Opening);
+        QVERIFY(fixture.home.views.seen.isEmpty());
+        QCOMPARE(fixture.home.document->VisibleCount(), 3U);
+        fixture.home.prompt.Finish();
+    }
+
+    // --- All or nothing
+
+    void deleteUndone() {
+        Fixture fixture(Partial::Undone);
+        fixture.set.Start(fixture.ids[0], false, 0, 0, 0);
+        const Outcome outcome =
+            fixture.changes.Delete(Kind(), {fixture.ids[0], QStringLiteral("no identity")}, Ask::No);
+        QVERIFY(!outcome);
+        QCOMPARE(outcome.commit, CommitEnd::Undone);
+        QVERIFY(outcome.ids.isEmpty());
+        QCOMPARE(fixture.home.document->VisibleCount(), 3U);
+        QVERIFY(fixture.home.document->FindTime(fixture.ids[0]));
+        QCOMPARE(fixture.set.StateOf(fixture.ids[0]), TimerState::Running);
+        QCOMPARE(fixture.Hints(), (QList<int>{12, 9, 6}));
+        QCOMPARE(fixture.Stored(), 3U);
+    }
+
+    void copyUndone() {
+        Fixture fixture(Partial::Undone);
+        fixture.home.settings->confirmCopy = false;
+        QVERIFY(!fixture.changes.Copy(Kind(), {fixture.ids[0], QString(32, u'0')}));
+        QCOMPARE(fixture.home.document->VisibleCount(), 3U);
+        QCOMPARE(fixture.Stored(), 3U);
+    }
+
+    void markUndone() {
+        Fixture fixture(Partial::Undone);
+        fixture.DeleteOutside(fixture.ids[1]);
+        fixture.home.prompt.ExpectTold(Text::ModifyFailed);
+        const Outcome outcome = fixture.changes.SetMark(Kind(), RecordMark::Exported, fixture.ids, Ask::No);
+        QVERIFY(!outcome);
+        QCOMPARE(outcome.failedId, fixture.ids[1]);
+        QVERIFY(outcome.ids.isEmpty());
+        QVERIFY(!fixture.home.document->FindTime(fixture.ids[0])->isExported);
+        QCOMPARE(fixture.Stored(), 2U);
+        QVERIFY(!fixture.home.document->FindTime(fixture.ids[0])->isExported);
+        fixture.home.prompt.Finish();
+    }
+
+    /// A record that the document never loaded, as with a console command: what was read of it is read anew.
+    void undoneWithoutALoad() {
+        Fixture fixture;
+        TestHome console(fixture.home.Path());
+        COwnTimers timers(fixture.timers);
+        CRecordChanges changes({.document = *console.document,
+                                .timers = timers,
+                                .settings = *console.settings,
+                                .prompt = console.prompt,
+                                .progress = fixture.progress,
+                                .partial = Partial::Undone});
+        fixture.progress.cancelAt = 2;
+        QVERIFY(!changes.SetMark(RecordKind::Time, RecordMark::Exported, fixture.ids, Ask::No));
+        QVERIFY(!console.document->FindTime(fixture.ids[0]));
+        const auto* stored =
+            static_cast<const CTRecord*>(console.document->FetchRecord(RecordKind::Time, fixture.ids[0]));
+        QVERIFY(stored && !stored->isExported);
+    }
+
+    // --- A commit that fails
+
+    /// The records are held and go with the next commit; until then their timers stay.
+    void commitThatFailsIsNoSuccess() {
+        Fixture fixture;
+        fixture.set.Start(fixture.ids[0], false, 0, 0, 0);
+        fixture.FailCommits("DELETE");
+        fixture.home.prompt.ExpectTold(Text::CommitFailed);
+        const Outcome outcome = fixture.changes.Delete(Kind(), {fixture.ids[0]}, Ask::No);
+        fixture.home.prompt.Finish();
+        QVERIFY(!outcome);
+        QCOMPARE(outcome.end, End::Failed);
+        QCOMPARE(outcome.failure, Failure::Commit);
+        QCOMPARE(outcome.commit, CommitEnd::Due);
+        QCOMPARE(outcome.ids, QStringList{fixture.ids[0]});
+        QCOMPARE(fixture.set.StateOf(fixture.ids[0]), TimerState::Running);
+        fixture.MendCommits();
+        QVERIFY(fixture.home.store->Commit());
+        QCOMPARE(fixture.Stored(), 2U);
+    }
+
+    void commitThatFailsIsUndone() {
+        Fixture fixture(Partial::Undone);
+        fixture.set.Start(fixture.ids[0], false, 0, 0, 0);
+        fixture.FailCommits("DELETE");
+        fixture.home.prompt.ExpectTold(Text::CommitFailed);
+        const Outcome outcome = fixture.changes.Delete(Kind(), {fixture.ids[0]}, Ask::No);
+        fixture.home.prompt.Finish();
+        QCOMPARE(outcome.failure, Failure::Commit);
+        QCOMPARE(outcome.commit, CommitEnd::Undone);
+        QVERIFY(outcome.ids.isEmpty());
+        QVERIFY(!fixture.home.manager.HasOpenChanges());
+        QCOMPARE(fixture.set.StateOf(fixture.ids[0]), TimerState::Running);
+        QCOMPARE(fixture.home.document->VisibleCount(), 3U);
+        QCOMPARE(fixture.Stored(), 3U);
+    }
+
+    void addWhoseCommitFails_data() {
+        QTest::addColumn<Partial>("partial");
+        QTest::addColumn<CommitEnd>("commit");
+        QTest::addColumn<int>("ids");
+        QTest::addColumn<int>("storedInTheEnd");
+        QTest::newRow("kept for the next commit") << Partial::Kept << CommitEnd::Due << 1 << 4;
+        QTest::newRow("undone") << Partial::Undone << CommitEnd::Undone << 0 << 3;
+    }
+    void addWhoseCommitFails() {
+        QFETCH(Partial, partial);
+        Fixture fixture(partial);
+        fixture.FailCommits("INSERT");
+        fixture.home.prompt.ExpectTold(Text::InsertCommitFailed);
+        const Outcome outcome = fixture.changes.Add(CTRecord(), Identity::New);
+        fixture.home.prompt.Finish();
+        QVERIFY(!outcome);
+        QCOMPARE(outcome.failure, Failure::Commit);
+        QTEST(outcome.commit, "commit");
+        QTEST(static_cast<int>(outcome.ids.size()), "ids");
+        fixture.MendCommits();
+        QVERIFY(fixture.home.store->Commit());
+        QTEST(static_cast<int>(fixture.Stored()), "storedInTheEnd");
+    }
+
+    /// Records are gone for good, their timer could not be saved without them: that is told apart.
+    void timersThatStay() {
+        class StuckTimers final : public CTimersOfRecords {
+         public:
+            [[nodiscard]] QStringList Timed(const QStringList& ids) override { return ids; }
+            [[nodiscard]] bool Drop(const QStringList& ids) override { return ids.isEmpty(); }
+        } stuck;
+        Fixture fixture;
+        CRecordChanges changes({.document = *fixture.home.document,
+                                .timers = stuck,
+                                .settings = *fixture.home.settings,
+                                .prompt = fixture.home.prompt,
+                                .progress = fixture.progress,
+                                .partial = Partial::Kept});
+        const Outcome outcome = changes.Delete(Kind(), {fixture.ids[0]}, Ask::No);
+        QVERIFY(!outcome);
+        QCOMPARE(outcome.failure, Failure::Timers);
+        QCOMPARE(outcome.commit, CommitEnd::Durable);
+        QCOMPARE(outcome.ids, QStringList{fixture.ids[0]});
+        QCOMPARE(fixture.Stored(), 2U);
+    }
+
+    /// Other programs' changes wait until this one is through, and not for ever.
+    void isBeingChangedMeanwhile() {
+        Fixture fixture;
+        bool wasChanging = true;
+        fixture.progress.atStep = [&] {
+            wasChanging = wasChanging && fixture.home.document->IsBeingChanged();
+        };
+        QVERIFY(fixture.changes.SetMark(Kind(), RecordMark::Exported, fixture.ids, Ask::No));
+        QVERIFY(fixture.changes.Delete(Kind(), fixture.ids, Ask::No));
+        QCOMPARE(fixture.progress.steps, 6);
+        QVERIFY(wasChanging);
+        QVERIFY(!fixture.home.document->IsBeingChanged());
+    }
+
+    /// The progress begins before the views are told to let go of the records.
+    void progressFromTheStart() {
+        Fixture fixture;
+        QList<std::pair<Hint, QStringList>> before{{}};
+        fixture.progress.atBegin = [&] { before = fixture.home.views.seen; };
+        QVERIFY(fixture.changes.Delete(Kind(), fixture.ids, Ask::No));
+        QVERIFY(before.isEmpty());
     }
 
     void markIsRefused() {
