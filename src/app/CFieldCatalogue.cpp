@@ -3,204 +3,132 @@
 #include "app/FieldLabels.h"
 #include "calendar/NumberText.h"
 #include "config/Settings.h"
+#include "fields/FieldTable.h"
+#include "fields/FieldValue.h"
 #include "lang/LoadText.h"
-#include "records/CERecord.h"
-#include "records/CTRecord.h"
 #include "records/FieldTexts.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace {
 
-// --- Titles of computed columns
-
-struct TitleRow {
-    int field;
-    Text title;
-};
-constexpr TitleRow kTitles[] = {
-    {5000, Text::TitleDate},  {5001, Text::TitleDuration}, {5002, Text::TitleEffective},
-    {5003, Text::TitleBreak}, {5005, Text::TitleStart},    {5006, Text::TitleEnd},
-    {5007, Text::FieldRate},
-};
-/// Its title is the unit of distances.
-constexpr int kDistance = 5004;
-
-// --- Texts
-
-template <class Record>
-struct TextRow {
-    int field;
-    QString (*text)(const Record& record);
-};
-
-template <auto Member>
-constexpr auto kItem = [](const auto& record) { return record.*Member; };
-
-template <auto Flag>
-constexpr auto kYesOrNo =
-    [](const auto& record) { return LoadText(record.*Flag ? Text::FieldYes : Text::FieldNo); };
-
-template <SpanField SpanSet::*Span>
-QString HoursText(const CTRecord& record) {
-    const SpanField& span = record.spans.*Span;
-    return span.IsSet() ? span.decimal.text : NoTimeText();
-}
-
-constexpr int kStart = 3;
-constexpr int kEnd = 4;
-template <int Which>
-QString ClockText(const CTRecord& record) {
-    return TimeTextOfRecord(record, Which);
-}
-
-constexpr TextRow<CTRecord> kTimeTexts[] = {
-    {109, kItem<&CTRecord::item1>},
-    {110, kItem<&CTRecord::item2>},
-    {111, kItem<&CTRecord::item3>},
-    {112, kItem<&CTRecord::item4>},
-    {113, [](const CTRecord& record) { return record.GetRateText(); }},
-    {114, kItem<&CTRecord::item5>},
-    {115, [](const CTRecord& record) { return record.GetAmountText(); }},
-    {116, kItem<&CTRecord::notes>},
-    {117, kYesOrNo<&CTRecord::isBillable>},
-    {118, kYesOrNo<&CTRecord::isBilled>},
-    {5000, [](const CTRecord& record) { return record.date.longText; }},
-    {5001, HoursText<&SpanSet::duration>},
-    {5002, HoursText<&SpanSet::effective>},
-    {5003, HoursText<&SpanSet::breakTime>},
-    {5005, ClockText<kStart>},
-    {5006, ClockText<kEnd>},
-};
-
-/// An expense that is no distance entry has none, even where one was kept from before.
+/// An expense that is no distance entry has none, even where one was stored before.
 float DistanceOf(const CERecord& record) {
     return record.isDistance ? record.GetDistance() : 0.0F;
 }
 
-/// The amount, 136, and the distance have a number alone.
-constexpr TextRow<CERecord> kExpenseTexts[] = {
-    {131, kItem<&CERecord::item1>},
-    {132, kItem<&CERecord::item2>},
-    {133, kItem<&CERecord::item3>},
-    {134, kItem<&CERecord::item4>},
-    {135, kItem<&CERecord::item5>},
-    {137, kItem<&CERecord::notes>},
-    {138, kYesOrNo<&CERecord::flag1>},
-    {139, kYesOrNo<&CERecord::flag2>},
-    {140, kYesOrNo<&CERecord::flag5>},
-    {141, kYesOrNo<&CERecord::flag3>},
-    {142, kYesOrNo<&CERecord::flag4>},
-    {5000, [](const CERecord& record) { return record.date.longText; }},
-    {5007,
-     [](const CERecord& record) { return DistanceOf(record) != 0.0F ? record.GetRateText() : QString(); }},
-};
+QString HoursText(const SpanField& span) {
+    return span.IsSet() ? span.decimal.text : NoTimeText();
+}
 
-// --- Numbers
+QString TextInCatalogue(const CVORec& record, const FieldRow& field) {
+    switch (field.form) {
+        case FieldForm::Flag:
+            return LoadText(FlagOf(record, field) ? Text::FieldYes : Text::FieldNo);
+        case FieldForm::Date:
+            return ValueOf<RecordDate>(record, field).longText;
+        case FieldForm::Span:
+            return HoursText(SpanOf(record, field));
+        case FieldForm::TimeOfDay:
+            return TimeTextOf(record, field);
+        default:
+            return TextOf(record, field);
+    }
+}
 
-template <class Record>
-struct NumberRow {
-    int field;
-    float (*number)(const Record& record);
-};
+float MoneyOf(const CVORec& record, const FieldRow& field) {
+    float money = 0.0F;
+    (void)ValueOf<DecimalField>(record, field).GetMoney(money);  // 0 where there is none
+    return money;
+}
 
-template <SpanField SpanSet::*Span>
-float Hours(const CTRecord& record) {
+float HoursOf(const CVORec& record, const FieldRow& field) {
     float hours = 0.0F;
-    return (record.spans.*Span).GetDecimal(hours) ? hours : 0.0F;
+    (void)SpanOf(record, field).GetDecimal(hours);  // 0 where there are none
+    return hours;
 }
 
-float TimeAmount(const CTRecord& record) {
-    float amount = 0.0F;
-    return record.GetAmount(amount) ? amount : 0.0F;
+/// Any amount below zero of an expense counts as none.
+float NumberInCatalogue(const CVORec& record, const FieldRow& field) {
+    switch (field.form) {
+        case FieldForm::Span:
+            return HoursOf(record, field);
+        case FieldForm::Distance:
+            return DistanceOf(static_cast<const CERecord&>(record));
+        default:
+            return record.Kind() == RecordKind::Expense ? std::max(MoneyOf(record, field), 0.0F)
+                                                        : MoneyOf(record, field);
+    }
 }
 
-constexpr NumberRow<CTRecord> kTimeNumbers[] = {
-    {115, TimeAmount},
-    {5001, Hours<&SpanSet::duration>},
-    {5002, Hours<&SpanSet::effective>},
-    {5003, Hours<&SpanSet::breakTime>},
-};
-
-constexpr NumberRow<CERecord> kExpenseNumbers[] = {
-    {136, [](const CERecord& record) { return std::max(record.amount.value, 0.0F); }},
-    {kDistance, DistanceOf},
-};
-
-// --- Decimal places
-
-struct PrecisionRow {
-    int field;
-    std::int32_t Settings::*places;
-};
-constexpr PrecisionRow kPrecisions[] = {
-    {5001, &Settings::precisionDuration}, {5002, &Settings::precisionDuration},
-    {5003, &Settings::precisionDuration}, {kDistance, &Settings::precisionDistance},
-    {113, &Settings::precisionRate},      {5007, &Settings::precisionRate},
-    {115, &Settings::precisionAmount},    {136, &Settings::precisionAmount},
-};
-
-// --- Looking up
-
-template <class Row, std::size_t Count>
-const Row* Find(const Row (&rows)[Count], int field) {
-    const Row* const row = std::ranges::find(rows, field, &Row::field);
-    return row == std::end(rows) ? nullptr : row;
+std::optional<QString> TextIn(const CVORec& record, int number) {
+    const FieldRow* field = FindField(record.Kind(), number);
+    if (!field || (field->shown != Shown::Text && field->shown != Shown::TextAndNumber)) return std::nullopt;
+    // The rate of an expense is one of a distance.
+    if (field->id == FieldId::ExpenseRate && DistanceOf(static_cast<const CERecord&>(record)) == 0.0F)
+        return QString();
+    return TextInCatalogue(record, *field);
 }
 
-template <class Record, std::size_t Count>
-std::optional<QString> TextIn(const TextRow<Record> (&rows)[Count], const Record& record, int field) {
-    const auto* row = Find(rows, field);
-    return row ? std::optional(row->text(record)) : std::nullopt;
+std::optional<double> NumberIn(const CVORec& record, int number) {
+    const FieldRow* field = FindField(record.Kind(), number);
+    if (!field || (field->shown != Shown::Number && field->shown != Shown::TextAndNumber))
+        return std::nullopt;
+    return double{NumberInCatalogue(record, *field)};
 }
 
-template <class Record, std::size_t Count>
-std::optional<double> NumberIn(const NumberRow<Record> (&rows)[Count], const Record& record, int field) {
-    const auto* row = Find(rows, field);
-    return row ? std::optional(static_cast<double>(row->number(record))) : std::nullopt;
-}
-
-template <class Record>
-std::optional<QString> Display(const CFieldCatalogue& catalogue, const Record& record, int field) {
-    if (auto text = catalogue.GetFieldText(record, field)) return text;
-    const std::optional<double> number = catalogue.GetFieldNumber(record, field);
-    return number ? std::optional(FormatNumber(TheRegion(), *number, -1)) : std::nullopt;
+std::optional<QString> DisplayIn(const CVORec& record, int number) {
+    if (auto text = TextIn(record, number)) return text;
+    const std::optional<double> value = NumberIn(record, number);
+    return value ? std::optional(FormatNumber(TheRegion(), *value, -1)) : std::nullopt;
 }
 
 }  // namespace
 
 QString CFieldCatalogue::GetFieldTitle(int field) const {
-    if (field == kDistance) return LoadText(m_settings.metricUnits ? Text::UnitKilometres : Text::UnitMiles);
-    const TitleRow* row = Find(kTitles, field);
-    return row ? LoadText(row->title) : m_labels.GetLabel(field);
+    if (field == NumberOf(FieldId::Distance))
+        return LoadText(m_settings.metricUnits ? Text::UnitKilometres : Text::UnitMiles);
+    const FieldRow* row = FindField(field);
+    return row && row->title != Text{} ? LoadText(row->title) : m_labels.GetLabel(field);
 }
 
 std::optional<QString> CFieldCatalogue::GetFieldText(const CTRecord& record, int field) const {
-    return TextIn(kTimeTexts, record, field);
+    return TextIn(record, field);
 }
 
 std::optional<QString> CFieldCatalogue::GetFieldText(const CERecord& record, int field) const {
-    return TextIn(kExpenseTexts, record, field);
+    return TextIn(record, field);
 }
 
 std::optional<double> CFieldCatalogue::GetFieldNumber(const CTRecord& record, int field) const {
-    return NumberIn(kTimeNumbers, record, field);
+    return NumberIn(record, field);
 }
 
 std::optional<double> CFieldCatalogue::GetFieldNumber(const CERecord& record, int field) const {
-    return NumberIn(kExpenseNumbers, record, field);
+    return NumberIn(record, field);
 }
 
 std::optional<QString> CFieldCatalogue::GetFieldDisplay(const CTRecord& record, int field) const {
-    return Display(*this, record, field);
+    return DisplayIn(record, field);
 }
 
 std::optional<QString> CFieldCatalogue::GetFieldDisplay(const CERecord& record, int field) const {
-    return Display(*this, record, field);
+    return DisplayIn(record, field);
 }
 
 std::optional<int> CFieldCatalogue::Precision(int field) const {
-    const PrecisionRow* row = Find(kPrecisions, field);
-    return row ? std::optional(m_settings.*row->places) : std::nullopt;
+    const FieldRow* row = FindField(field);
+    switch (row ? row->places : Places::None) {
+        case Places::Duration:
+            return m_settings.precisionDuration;
+        case Places::Distance:
+            return m_settings.precisionDistance;
+        case Places::Rate:
+            return m_settings.precisionRate;
+        case Places::Amount:
+            return m_settings.precisionAmount;
+        case Places::None:
+            break;
+    }
+    return std::nullopt;
 }

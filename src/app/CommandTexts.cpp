@@ -22,7 +22,7 @@ constexpr CommandTextRow kRows[] = {
     {102, CmdDelete, TipDelete},
     {101, CmdCopy, TipCopy},
     {32838, CmdMarkFirst, TipMarkFirst},
-    {40055, CmdMarkField, TipMarkField, 118},
+    {40055, CmdMarkField, TipMarkField, FieldId::Billed},
     {32839, CmdMarkThird, TipMarkThird},
     {40058, CmdMarkThirdFourth, TipMarkThirdFourth},
     {32840, CmdMarkFifth, TipMarkFifth},
@@ -68,17 +68,17 @@ constexpr CommandTextRow kRows[] = {
     {32810, CmdClearFilter, TipClearFilter},
     {114, CmdFilterDialog, TipFilterDialog},
     {32851, CmdFilterTimers, TipFilterTimers},
-    {32804, CmdFilterText, TipFilterText, 109},
-    {32805, CmdFilterText, TipFilterText, 110},
-    {32806, CmdFilterText, TipFilterText, 111},
-    {32807, CmdFilterText, TipFilterText, 112},
-    {32808, CmdFilterText, TipFilterText, 133},
-    {32809, CmdFilterText, TipFilterText, 134},
-    {32832, CmdFilterFlag, TipFilterFlag, 117},
-    {32833, CmdFilterFlag, TipFilterFlag, 118},
-    {32834, CmdFilterFlag, TipFilterFlag, 141},
-    {32835, CmdFilterFlag, TipFilterFlag, 142},
-    {32836, CmdFilterFlag, TipFilterFlag, 140},
+    {32804, CmdFilterText, TipFilterText, FieldId::TimeItem1},
+    {32805, CmdFilterText, TipFilterText, FieldId::TimeItem2},
+    {32806, CmdFilterText, TipFilterText, FieldId::TimeItem3},
+    {32807, CmdFilterText, TipFilterText, FieldId::TimeItem4},
+    {32808, CmdFilterText, TipFilterText, FieldId::ExpenseItem3},
+    {32809, CmdFilterText, TipFilterText, FieldId::ExpenseItem4},
+    {32832, CmdFilterFlag, TipFilterFlag, FieldId::Billable},
+    {32833, CmdFilterFlag, TipFilterFlag, FieldId::Billed},
+    {32834, CmdFilterFlag, TipFilterFlag, FieldId::Flag3},
+    {32835, CmdFilterFlag, TipFilterFlag, FieldId::Flag4},
+    {32836, CmdFilterFlag, TipFilterFlag, FieldId::Flag5},
     {32837, CmdFilterExported, TipFilterExported},
     // Timers and quick entry
     {40111, CmdTimerStop, TipTimerStop},
@@ -124,7 +124,7 @@ static_assert(std::size(kRows) == 96);
 
 /// One text where the row has a field, none otherwise.
 constexpr bool TakesItsField(const CommandTextRow& row) {
-    const std::string_view wanted = row.field != 0 ? "s" : "";
+    const std::string_view wanted = row.field != FieldId::None ? "s" : "";
     return TextSignature(row.caption) == wanted && TextSignature(row.tip) == wanted;
 }
 static_assert(std::all_of(std::begin(kRows), std::end(kRows), TakesItsField));
@@ -151,8 +151,8 @@ QHash<int, CommandTexts> MakeCommandTexts(const FieldLabels& labels) {
     QHash<int, CommandTexts> texts;
     for (const CommandTextRow& row : kRows) {
         CommandTexts two{LoadText(row.tip), Plain(LoadText(row.caption))};
-        if (row.field != 0) {
-            const QString name = labels.GetLabel(row.field);
+        if (row.field != FieldId::None) {
+            const QString name = labels.GetLabel(NumberOf(row.field));
             two.status.replace(u"%s"_s, name);
             two.tip.replace(u"%s"_s, name);
         }

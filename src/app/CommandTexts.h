@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fields/FieldId.h"
 #include "lang/Text.h"
 
 #include <QHash>
@@ -19,7 +20,7 @@ struct CommandTextRow {
     int command;
     Text caption;
     Text tip;
-    int field = 0;  ///< 0: plain texts
+    FieldId field = FieldId::None;  ///< none: plain texts
 };
 [[nodiscard]] std::span<const CommandTextRow> CommandTextRows();
 

@@ -1,6 +1,7 @@
 #include "app/ListNameMap.h"
 
 #include "app/ListTable.h"
+#include "fields/FieldId.h"
 #include "lang/LoadText.h"
 
 #include <algorithm>
@@ -8,8 +9,8 @@
 namespace {
 
 /// Names of the lists of field names stand in the language library in the order of the lists, in two blocks:
-/// 99 to 130 of time records and of the headings of expenses, 131 to 142 of the fields of expenses.
-constexpr int kFirstOfSecondBlock = 131;
+/// those of time records and of the headings of expenses, then those of the fields of expenses.
+constexpr int kFirstOfSecondBlock = NumberOf(FieldId::ExpenseItem1);
 
 int NameNumber(int label) {
     return label < kFirstOfSecondBlock

@@ -1,42 +1,53 @@
 #include "app/ListTable.h"
 
 #include "calendar/NumberText.h"
-#include "records/CERecord.h"
-#include "records/CPRecord.h"
-#include "records/CTRecord.h"
+#include "fields/Headings.h"
 
 #include <algorithm>
 #include <vector>
 
 namespace {
 
+/// The member of the records that holds items of a list; null when none does.
+template <class Record, std::size_t Count>
+constexpr QString Record::*ItemOf(int list, const FieldRow (&fields)[Count]) {
+    for (const FieldRow& field : fields)
+        if (field.list == list && field.form == FieldForm::Text)
+            return *std::get_if<QString Record::*>(&field.member);
+    return nullptr;
+}
+
+/// A distance is stored as a text, so the items of its list are texts, too.
+constexpr bool HoldsMoney(int list) {
+    const auto isMoney = [list](const FieldRow& field) {
+        return field.list == list && field.form == FieldForm::Money;
+    };
+    return std::ranges::any_of(kTimeFields, isMoney) || std::ranges::any_of(kExpenseFields, isMoney);
+}
+
+/// Where no text of a record holds the items, the list is offered for a number.
+constexpr ListRow Row(int list, Text title, Text timeColumn = {}, Text expenseColumn = {}) {
+    return {.list = list,
+            .title = title,
+            .holdsNumbers = HoldsMoney(list),
+            .timeField = ItemOf<CTRecord>(list, kTimeFields),
+            .expenseField = ItemOf<CERecord>(list, kExpenseFields),
+            .timeColumn = timeColumn,
+            .expenseColumn = expenseColumn};
+}
+
 constexpr ListRow kLists[] = {
-    {ListId::kClient, Text::FieldClient, false, &CTRecord::item1, &CERecord::item1, Text::ColumnItem1,
-     Text::ColumnItem1},
-    {ListId::kProject, Text::FieldProject, false, &CTRecord::item2, &CERecord::item2, Text::ColumnItem2,
-     Text::ColumnItem2},
-    {ListId::kTimeRate, Text::ListHourlyRates, true, nullptr, nullptr, {}, {}},
-    {ListId::kTimeItem3, Text::FieldActivity, false, &CTRecord::item3, nullptr, Text::ColumnTimeItem3, {}},
-    {ListId::kTimeItem4, Text::FieldCostCentre, false, &CTRecord::item4, nullptr, Text::ColumnTimeItem4, {}},
-    {ListId::kExpenseItem3,
-     Text::FieldExpenseItem3,
-     false,
-     nullptr,
-     &CERecord::item3,
-     {},
-     Text::ColumnExpenseItem3},
-    {ListId::kDistance, Text::ColumnCaptionTrip, false, nullptr, nullptr, {}, {}},
-    {ListId::kDistanceRate, Text::ListDistanceRates, true, nullptr, nullptr, {}, {}},
-    {ListId::kExpenseItem4,
-     Text::ListPayments,
-     false,
-     nullptr,
-     &CERecord::item4,
-     {},
-     Text::ColumnExpenseItem4},
-    {ListId::kItem5, Text::FieldExpenseCurrency, false, &CTRecord::item5, &CERecord::item5, Text::ColumnItem5,
-     Text::ColumnItem5},
-    {ListId::kAmount, Text::FieldAmount, true, nullptr, nullptr, {}, {}},
+    Row(ListId::kClient, Text::FieldClient, Text::ColumnItem1, Text::ColumnItem1),
+    Row(ListId::kProject, Text::FieldProject, Text::ColumnItem2, Text::ColumnItem2),
+    Row(ListId::kTimeRate, Text::ListHourlyRates),
+    Row(ListId::kTimeItem3, Text::FieldActivity, Text::ColumnTimeItem3),
+    Row(ListId::kTimeItem4, Text::FieldCostCentre, Text::ColumnTimeItem4),
+    Row(ListId::kExpenseItem3, Text::FieldExpenseItem3, {}, Text::ColumnExpenseItem3),
+    Row(ListId::kDistance, Text::ColumnCaptionTrip),
+    Row(ListId::kDistanceRate, Text::ListDistanceRates),
+    Row(ListId::kExpenseItem4, Text::ListPayments, {}, Text::ColumnExpenseItem4),
+    Row(ListId::kItem5, Text::FieldExpenseCurrency, Text::ColumnItem5, Text::ColumnItem5),
+    Row(ListId::kAmount, Text::FieldAmount),
 };
 
 std::vector<int> MakeKnownLists() {
@@ -45,10 +56,11 @@ std::vector<int> MakeKnownLists() {
     const auto append = [&lists](int first, int last) {
         for (int list = first; list <= last; ++list) lists.push_back(list);
     };
-    append(kFirstLabel, 130);
-    lists.push_back(128);
-    append(131, kLastLabel);
-    lists.push_back(140);
+    constexpr int kFirstOfExpenses = NumberOf(FieldId::ExpenseItem1);
+    append(kFirstLabel, kFirstOfExpenses - 1);
+    lists.push_back(HeadingOf(FieldId::Flag5));
+    append(kFirstOfExpenses, kLastLabel);
+    lists.push_back(NumberOf(FieldId::Flag5));
     return lists;
 }
 

@@ -1,28 +1,13 @@
 #pragma once
 
+#include "fields/ListId.h"
 #include "lang/Text.h"
-#include "records/CVORec.h"
 
 #include <QString>
 #include <span>
 
 class CERecord;
 class CTRecord;
-
-/// Numbers of the pick lists that hold items of records. They are stored as they stand.
-namespace ListId {
-inline constexpr int kClient = 16;
-inline constexpr int kProject = 17;
-inline constexpr int kTimeItem3 = 32;
-inline constexpr int kTimeItem4 = 33;
-inline constexpr int kTimeRate = 34;
-inline constexpr int kExpenseItem3 = 68;
-inline constexpr int kDistance = 69;
-inline constexpr int kDistanceRate = 70;
-inline constexpr int kExpenseItem4 = 71;
-inline constexpr int kItem5 = 72;
-inline constexpr int kAmount = 73;
-}  // namespace ListId
 
 /// One pick list that holds items of records.
 struct ListRow {
@@ -43,13 +28,6 @@ struct ListRow {
 [[nodiscard]] bool IsRecordList(int list);
 [[nodiscard]] bool HoldsNumbers(int list);
 
-/// The lists of field names: each holds at most one item that matters, the user's own name of a field.
-inline constexpr int kFirstLabel = 99;
-inline constexpr int kLastLabel = 142;
-/// Accepted from a store and left out: nothing shows them.
-[[nodiscard]] constexpr bool IsIgnoredList(int list) {
-    return list == 143 || list == 144;
-}
 /// All 57 entries that the catalogue starts with, in their order. 128 and 140 stand twice: the second entry
 /// of each shadows nothing and stays empty.
 [[nodiscard]] std::span<const int> KnownLists();

@@ -3,6 +3,7 @@
 #include "app/CVelmarchDoc.h"
 #include "calendar/CalendarMath.h"
 #include "changes/DemoWords.h"
+#include "fields/ListId.h"
 #include "platform/host/CClock.h"
 #include "records/CERecord.h"
 #include "records/CPRecord.h"
@@ -29,19 +30,6 @@ constexpr int kDayLength = 11 * 60;
 /// Records older than these many working days are billed, older than those also exported.
 constexpr int kBilledAfter = 40;
 constexpr int kExportedAfter = 60;
-
-/// The lists that the items of records come from.
-enum ListId {
-    Clients = 16,
-    Projects = 17,
-    Activities = 32,
-    CostCentres = 33,
-    Rates = 34,
-    ExpenseTypes = 68,
-    DistanceRates = 70,
-    Payments = 71,
-    Currencies = 72
-};
 
 QString TextOf(std::u16string_view text) {
     return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
@@ -172,16 +160,17 @@ class BatchWriter {
 
 [[nodiscard]] bool WriteLists(BatchWriter& writer, const Words& words) {
     for (const ClientTexts& client : words.clients) {
-        if (!WriteItem(writer, Clients, CPRecord(client.name)) ||
-            !WriteItems(writer, Projects, client.projects) ||
-            !WriteItem(writer, Rates, CPRecord(client.rate)))
+        if (!WriteItem(writer, ListId::kClient, CPRecord(client.name)) ||
+            !WriteItems(writer, ListId::kProject, client.projects) ||
+            !WriteItem(writer, ListId::kTimeRate, CPRecord(client.rate)))
             return false;
     }
-    return WriteItems(writer, Activities, words.activities) &&
-           WriteItems(writer, CostCentres, words.costCentres) &&
-           WriteItems(writer, ExpenseTypes, words.expenseTypes) &&
-           WriteItems(writer, Payments, words.payments) && WriteItems(writer, Currencies, words.currencies) &&
-           WriteItem(writer, DistanceRates, CPRecord(DemoWords::kDistanceRate));
+    return WriteItems(writer, ListId::kTimeItem3, words.activities) &&
+           WriteItems(writer, ListId::kTimeItem4, words.costCentres) &&
+           WriteItems(writer, ListId::kExpenseItem3, words.expenseTypes) &&
+           WriteItems(writer, ListId::kExpenseItem4, words.payments) &&
+           WriteItems(writer, ListId::kItem5, words.currencies) &&
+           WriteItem(writer, ListId::kDistanceRate, CPRecord(DemoWords::kDistanceRate));
 }
 
 // --- Records

@@ -199,12 +199,16 @@ bool CCfgStore::SaveColumns(const CColSet& columns, Text name, Text failure, boo
 }
 
 void CCfgStore::LoadListColumns() {
-    if (!m_listColumns.LoadBlob(ReadBlob(Text::ValueListColumns))) m_listColumns.SetDefaults();
+    if (!m_listColumns.LoadBlob(ReadBlob(Text::ValueListColumns)) || m_listColumns.IsEmpty())
+        m_listColumns.SetDefaults();
 }
 
 void CCfgStore::LoadTreeColumns() {
     const QByteArray blob = ReadBlob(Text::ValueTreeColumns);
-    if (m_treeColumns.LoadBlob(blob)) return;
+    if (m_treeColumns.LoadBlob(blob)) {
+        if (m_treeColumns.IsEmpty()) m_treeColumns.SetDefaults();
+        return;
+    }
     const Text message = blob.isEmpty() ? Text::TreeColumnsReadFailed : Text::TreeColumnsBlobBad;
     Tell(message, LoadText(message), Text::ColumnsTitle);
     m_treeColumns.SetDefaults();

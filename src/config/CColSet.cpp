@@ -55,6 +55,7 @@ bool CColSet::MakeBlob(QByteArray& out) const {
 }
 
 bool CColSet::LoadBlob(const QByteArray& blob) {
+    if (IsEmptyColumnBlob(blob)) return true;
     std::optional<ColumnPayload> payload = ColumnsFromBlob(blob);
     if (!payload) return false;
     m_payload = std::move(*payload);
@@ -62,7 +63,17 @@ bool CColSet::LoadBlob(const QByteArray& blob) {
     return true;
 }
 
+/// Earlier versions had break and net time the other way around. Both change places, with all that the user
+/// chose for them.
+void CColSet::MendOldOrder() {
+    ColumnEntry &net = Entry(Column::kEffective), &pause = Entry(Column::kBreak);
+    if (net.caption == LoadText(Text::ColumnCaptionBreak) &&
+        pause.caption == LoadText(Text::ColumnCaptionEffective))
+        std::swap(net, pause);
+}
+
 void CColSet::Repair() {
+    MendOldOrder();
     for (const ColumnRow& row : ColumnTable()) {
         ColumnEntry& entry = Entry(row.index);
         entry.kind = static_cast<std::int32_t>(row.kind);

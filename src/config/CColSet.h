@@ -28,8 +28,11 @@ class CColSet {
     /// The set as it is stored. False for one with more breaks than could be read back.
     [[nodiscard]] virtual bool MakeBlob(QByteArray& out) const;
     /// False, and the set as it was, for a blob that is none, damaged, or has an empty caption or a width of
-    /// 0 in any row, hidden ones included. The caller sets the defaults then.
+    /// 0 in any row, hidden ones included. The caller sets the defaults then. A blob without content leaves
+    /// the set as it is.
     [[nodiscard]] virtual bool LoadBlob(const QByteArray& blob);
+    /// Whether the set has had neither defaults nor a stored form yet.
+    [[nodiscard]] bool IsEmpty() const { return Entry(0).width == 0; }
     /// After loading the record list's set: kinds from the table, widths below 1 and empty captions from the
     /// defaults.
     void Repair();
@@ -95,6 +98,7 @@ class CColSet {
     void Hide(int column);
 
  private:
+    void MendOldOrder();
     [[nodiscard]] std::vector<int> OrderOf(ColumnHalf half) const;
     [[nodiscard]] int AtPosition(ColumnHalf half, std::int32_t position) const;
     [[nodiscard]] std::int32_t HighestPosition(ColumnHalf half) const;

@@ -112,3 +112,9 @@ std::optional<ColumnPayload> ColumnsFromBlob(const QByteArray& blob) {
     const std::optional<QByteArray> plain = RunUnpack(packed, kMostColumnBytes);
     return plain ? PayloadFrom(*plain) : std::nullopt;
 }
+
+bool IsEmptyColumnBlob(const QByteArray& blob) {
+    ByteStream empty;
+    empty.PutBuffer({});
+    return blob.startsWith(empty.Buffer());
+}

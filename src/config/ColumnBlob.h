@@ -29,3 +29,5 @@ inline constexpr qsizetype kMostColumnBytes = 65536;
 /// The reverse. Nothing for bytes that are no such blob, damaged, or that hold a row with an empty caption or
 /// a width of 0. Everything else comes as it stands: positions are the set's matter.
 [[nodiscard]] std::optional<ColumnPayload> ColumnsFromBlob(const QByteArray& blob);
+/// Whether it is a stored value without content: its one item has no bytes.
+[[nodiscard]] bool IsEmptyColumnBlob(const QByteArray& blob);

@@ -1,8 +1,8 @@
 #pragma once
 
 /// The numbers by which settings, labels, reports and files name a field. They are stored as they stand.
-/// 109 to 142 are also the lists that hold the user's own names of these fields; from 5000 on they name columns
-/// that are computed from a record.
+/// 109 to 142 are also the lists that hold the user's own names of these fields; from 5000 on they name
+/// columns that are computed from a record.
 enum class FieldId : int {
     None = 0,  ///< a field that nothing stored names
     TimeItem1 = 109,
@@ -38,3 +38,8 @@ enum class FieldId : int {
     End = 5006,
     ExpenseRate = 5007,
 };
+
+/// The number of a field, for what is named by one. The lists below 131 and the headings are numbers alone.
+[[nodiscard]] constexpr int NumberOf(FieldId field) {
+    return static_cast<int>(field);
+}

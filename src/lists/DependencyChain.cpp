@@ -3,6 +3,7 @@
 #include "app/CPulldownCatalogue.h"
 #include "app/ListTable.h"
 #include "config/Settings.h"
+#include "fields/Headings.h"
 #include "lang/LoadText.h"
 
 #include <algorithm>
@@ -22,12 +23,12 @@ struct HeadingRow {
 };
 
 constexpr HeadingRow kHeadings[] = {
-    {ListId::kClient, 99, Text::FieldClient},
-    {ListId::kProject, 100, Text::FieldProject},
-    {ListId::kTimeItem3, 101, Text::FieldActivity},
-    {ListId::kTimeItem4, 102, Text::FieldCostCentre},
-    {ListId::kTimeRate, 103, Text::FieldRate},
-    {ListId::kExpenseItem3, 121, Text::HeadingDescriptions},
+    {ListId::kClient, HeadingOf(FieldId::TimeItem1), Text::FieldClient},
+    {ListId::kProject, HeadingOf(FieldId::TimeItem2), Text::FieldProject},
+    {ListId::kTimeItem3, HeadingOf(FieldId::TimeItem3), Text::FieldActivity},
+    {ListId::kTimeItem4, HeadingOf(FieldId::TimeItem4), Text::FieldCostCentre},
+    {ListId::kTimeRate, HeadingOf(FieldId::TimeRate), Text::FieldRate},
+    {ListId::kExpenseItem3, HeadingOf(FieldId::ExpenseItem3), Text::HeadingDescriptions},
     {ListId::kDistanceRate, 0, Text::ListDistanceRates},
 };
 

@@ -1,7 +1,7 @@
 #include "lists/LabelSets.h"
 
 #include "app/CPulldownCatalogue.h"
-#include "app/ListTable.h"
+#include "fields/Headings.h"
 #include "lang/LoadText.h"
 
 #include <algorithm>
@@ -11,16 +11,31 @@ namespace {
 
 using enum Text;
 
+constexpr LabelRow Row(Text title, FieldId field) {
+    return {title, HeadingOf(field), NumberOf(field)};
+}
+
 constexpr LabelRow kTimeRows[] = {
-    {RowClient, 99, 109},     {RowProject, 100, 110},  {RowActivity, 101, 111}, {RowCostCentre, 102, 112},
-    {RowRate, 103, 113},      {RowCurrency, 104, 114}, {RowAmount, 105, 115},   {TreeNotes, 106, 116},
-    {TreeBillable, 107, 117}, {TreeBilled, 108, 118},
+    Row(RowClient, FieldId::TimeItem1),   Row(RowProject, FieldId::TimeItem2),
+    Row(RowActivity, FieldId::TimeItem3), Row(RowCostCentre, FieldId::TimeItem4),
+    Row(RowRate, FieldId::TimeRate),      Row(RowCurrency, FieldId::TimeItem5),
+    Row(RowAmount, FieldId::TimeAmount),  Row(TreeNotes, FieldId::TimeNotes),
+    Row(TreeBillable, FieldId::Billable), Row(TreeBilled, FieldId::Billed),
 };
 
 constexpr LabelRow kExpenseRows[] = {
-    {RowClient, 119, 131},   {RowProject, 120, 132}, {RowDescription, 121, 133}, {RowPayment, 122, 134},
-    {RowCurrency, 123, 135}, {RowAmount, 124, 136},  {TreeNotes, 125, 137},      {TreeBillable, 126, 138},
-    {TreeBilled, 127, 139},  {TreeFlag3, 129, 141},  {TreeFlag4, 130, 142},      {TreeFlag5, 128, 140},
+    Row(RowClient, FieldId::ExpenseItem1),
+    Row(RowProject, FieldId::ExpenseItem2),
+    Row(RowDescription, FieldId::ExpenseItem3),
+    Row(RowPayment, FieldId::ExpenseItem4),
+    Row(RowCurrency, FieldId::ExpenseItem5),
+    Row(RowAmount, FieldId::ExpenseAmount),
+    Row(TreeNotes, FieldId::ExpenseNotes),
+    Row(TreeBillable, FieldId::Flag1),
+    Row(TreeBilled, FieldId::Flag2),
+    Row(TreeFlag3, FieldId::Flag3),
+    Row(TreeFlag4, FieldId::Flag4),
+    Row(TreeFlag5, FieldId::Flag5),
 };
 
 constexpr RecordMode kTime = RecordMode::Time;
@@ -33,37 +48,47 @@ struct LabelPresetRow {
     Text firstText, secondText;
     int first, second;
 };
+
+constexpr LabelPresetRow Preset(int preset, RecordMode mode, Text firstText, Text secondText, FieldId field) {
+    return {.preset = preset,
+            .mode = mode,
+            .firstText = firstText,
+            .secondText = secondText,
+            .first = HeadingOf(field),
+            .second = NumberOf(field)};
+}
+
 /// Set 1 is a law office's, set 2 a field service's. Within a set time records come first.
 constexpr LabelPresetRow kPresets[] = {
-    {1, kTime, PresetMatters, PresetMatter, 100, 110},
-    {1, kTime, FieldClient, FieldClient, 99, 109},
-    {1, kTime, FieldCostCentre, FieldCostCentre, 102, 112},
-    {1, kTime, FieldExpenseItem3, LabelDescription, 106, 116},
-    {1, kTime, FieldBillable, FieldBillable, 107, 117},
-    {1, kTime, FieldBilled, FieldBilled, 108, 118},
-    {1, kTime, FieldRate, FieldRate, 103, 113},
-    {1, kExpense, PresetMatters, PresetMatter, 120, 132},
-    {1, kExpense, FieldClient, FieldClient, 119, 131},
-    {1, kExpense, PresetDisbursement, PresetDisbursement, 121, 133},
-    {1, kExpense, FieldExpenseItem3, LabelDescription, 125, 137},
-    {1, kExpense, PresetCost, PresetCost, 124, 136},
-    {1, kExpense, FieldBillable, FieldBillable, 126, 138},
-    {1, kExpense, FieldBilled, FieldBilled, 127, 139},
-    {2, kTime, PresetSite, PresetSite, 100, 110},
-    {2, kTime, PresetCustomer, PresetCustomer, 99, 109},
-    {2, kTime, PresetVehicles, PresetVehicle, 102, 112},
-    {2, kTime, PresetJob, PresetJob, 101, 111},
-    {2, kTime, FieldNotes, FieldNotes, 106, 116},
-    {2, kTime, FieldBillable, FieldBillable, 107, 117},
-    {2, kTime, FieldBilled, FieldBilled, 108, 118},
-    {2, kExpense, PresetPayers, PresetPayer, 122, 134},
-    {2, kExpense, PresetMaterials, PresetMaterial, 121, 133},
-    {2, kExpense, PresetCustomer, PresetCustomer, 119, 131},
-    {2, kExpense, PresetJob, PresetJob, 120, 132},
-    {2, kExpense, FieldAmount, FieldAmount, 124, 136},
-    {2, kExpense, FieldNotes, FieldNotes, 125, 137},
-    {2, kExpense, FieldBillable, FieldBillable, 126, 138},
-    {2, kExpense, FieldBilled, FieldBilled, 127, 139},
+    Preset(1, kTime, PresetMatters, PresetMatter, FieldId::TimeItem2),
+    Preset(1, kTime, FieldClient, FieldClient, FieldId::TimeItem1),
+    Preset(1, kTime, FieldCostCentre, FieldCostCentre, FieldId::TimeItem4),
+    Preset(1, kTime, FieldExpenseItem3, LabelDescription, FieldId::TimeNotes),
+    Preset(1, kTime, FieldBillable, FieldBillable, FieldId::Billable),
+    Preset(1, kTime, FieldBilled, FieldBilled, FieldId::Billed),
+    Preset(1, kTime, FieldRate, FieldRate, FieldId::TimeRate),
+    Preset(1, kExpense, PresetMatters, PresetMatter, FieldId::ExpenseItem2),
+    Preset(1, kExpense, FieldClient, FieldClient, FieldId::ExpenseItem1),
+    Preset(1, kExpense, PresetDisbursement, PresetDisbursement, FieldId::ExpenseItem3),
+    Preset(1, kExpense, FieldExpenseItem3, LabelDescription, FieldId::ExpenseNotes),
+    Preset(1, kExpense, PresetCost, PresetCost, FieldId::ExpenseAmount),
+    Preset(1, kExpense, FieldBillable, FieldBillable, FieldId::Flag1),
+    Preset(1, kExpense, FieldBilled, FieldBilled, FieldId::Flag2),
+    Preset(2, kTime, PresetSite, PresetSite, FieldId::TimeItem2),
+    Preset(2, kTime, PresetCustomer, PresetCustomer, FieldId::TimeItem1),
+    Preset(2, kTime, PresetVehicles, PresetVehicle, FieldId::TimeItem4),
+    Preset(2, kTime, PresetJob, PresetJob, FieldId::TimeItem3),
+    Preset(2, kTime, FieldNotes, FieldNotes, FieldId::TimeNotes),
+    Preset(2, kTime, FieldBillable, FieldBillable, FieldId::Billable),
+    Preset(2, kTime, FieldBilled, FieldBilled, FieldId::Billed),
+    Preset(2, kExpense, PresetPayers, PresetPayer, FieldId::ExpenseItem4),
+    Preset(2, kExpense, PresetMaterials, PresetMaterial, FieldId::ExpenseItem3),
+    Preset(2, kExpense, PresetCustomer, PresetCustomer, FieldId::ExpenseItem1),
+    Preset(2, kExpense, PresetJob, PresetJob, FieldId::ExpenseItem2),
+    Preset(2, kExpense, FieldAmount, FieldAmount, FieldId::ExpenseAmount),
+    Preset(2, kExpense, FieldNotes, FieldNotes, FieldId::ExpenseNotes),
+    Preset(2, kExpense, FieldBillable, FieldBillable, FieldId::Flag1),
+    Preset(2, kExpense, FieldBilled, FieldBilled, FieldId::Flag2),
 };
 
 /// An empty name for every field that can be named.

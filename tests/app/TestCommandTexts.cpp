@@ -22,7 +22,7 @@ class TestCommandTexts : public QObject {
         int withField = 0;
         for (const CommandTextRow& row : CommandTextRows()) {
             commands.insert(row.command);
-            if (row.field != 0) ++withField;
+            if (row.field != FieldId::None) ++withField;
         }
         QCOMPARE(commands.size(), 96);
         QCOMPARE(withField, 12);

@@ -71,6 +71,8 @@ class TestCColSet final : public QObject {
     void findByCaption();
     void walks();
     void repair();
+    void repairOfTheOldOrder_data();
+    void repairOfTheOldOrder();
     void kindOfABlobNeverCounts();
     void loadReplacesTheBreaks();
     void damagedPositions_data();
@@ -181,6 +183,32 @@ void TestCColSet::repair() {
     QCOMPARE(set.EntryAt(4).caption, QString());
     set.Repair();
     QCOMPARE(set.EntryAt(4).caption, QStringLiteral("Client"));
+}
+
+void TestCColSet::repairOfTheOldOrder_data() {
+    QTest::addColumn<QString>("second");
+    QTest::addColumn<QString>("third");
+    QTest::addColumn<QString>("captions");
+    QTest::addColumn<int>("shown");
+    const QString net = QStringLiteral("Net"), pause = QStringLiteral("Break");
+    QTest::newRow("a shown break stays shown") << pause << net << QStringLiteral("Net|Break") << 3;
+    QTest::newRow("the order of today stays") << net << pause << QStringLiteral("Net|Break") << 2;
+    QTest::newRow("other words stay")
+        << pause << QStringLiteral("Pause") << QStringLiteral("Break|Pause") << 2;
+}
+
+void TestCColSet::repairOfTheOldOrder() {
+    QFETCH(QString, second);
+    QFETCH(QString, third);
+    CColSet set = Defaults();
+    set.ShowExactly(kTime, {0, 2});
+    set.SetColumn(kTime, set.EntryAt(3).caption, {third, 62, 0, false});
+    set.SetColumn(kTime, 2, {second, 61, 2, true});
+    set.Repair();
+    QTEST(set.EntryAt(2).caption + u'|' + set.EntryAt(3).caption, "captions");
+    QFETCH(int, shown);
+    QCOMPARE(set.Order(kTime), (std::vector{0, shown}));
+    QCOMPARE(set.EntryAt(shown).width, 61);
 }
 
 void TestCColSet::kindOfABlobNeverCounts() {
@@ -414,10 +442,10 @@ void TestCColSet::applyCaptions() {
     settings.metricUnits = true;
     QVERIFY(set.ApplyCaptions(settings));
     const char* const expected[] = {
-        "Date", "Hours", "Break", "Net",  "F109",     "F110", "Start", "End",  "A rate per hour ",
-        "F111", "F112",  "F114",  "F115", "F117",     "F118", "F116",  "F146", "Date",
-        "F136", "F131",  "F132",  "F133", "Distance", "km",   "Rate",  "F134", "F135",
-        "F138", "",      "F141",  "F142", "F140",     "F137", "F148"};
+        "Date", "Hours", "Net",  "Break", "F109",     "F110", "Start", "End",  "A rate per hour ",
+        "F111", "F112",  "F114", "F115",  "F117",     "F118", "F116",  "F146", "Date",
+        "F136", "F131",  "F132", "F133",  "Distance", "km",   "Rate",  "F134", "F135",
+        "F138", "",      "F141", "F142",  "F140",     "F137", "F148"};
     for (int column = 0; column < 34; ++column)
         QCOMPARE(set.EntryAt(column).caption, QString::fromLatin1(expected[column]));
     settings.metricUnits = false;

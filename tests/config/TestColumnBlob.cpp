@@ -24,6 +24,7 @@ class TestColumnBlob final : public QObject {
     void tooManyBreaks();
     void noBlob_data();
     void noBlob();
+    void anEmptyItemLeavesTheSet();
     void everyChangedByteIsNoticed();
     void oddRowsAreTaken();
     void whatFollowsIsIgnored();
@@ -143,7 +144,7 @@ void TestColumnBlob::noBlob_data() {
     QTest::newRow("nothing") << QByteArray();
     QTest::newRow("half a tag") << QByteArray("\6\0", 2);
     QTest::newRow("another tag") << QByteArray(Blob(sound)).replace(0, 1, "\2");
-    QTest::newRow("an item of no bytes") << Number(6) + Number(0);
+    QTest::newRow("an item of no bytes that is no buffer") << Number(2) + Number(0);
     QTest::newRow("a negative length") << Number(6) + Number(-1) + QByteArray(50, 'x');
     QTest::newRow("a length beyond the end") << Blob(sound).chopped(1);
     QTest::newRow("15 bytes, less than a digest") << Number(6) + Number(15) + QByteArray(15, 'x');
@@ -189,6 +190,19 @@ void TestColumnBlob::noBlob() {
     QVERIFY(set.MakeBlob(after) && before.MakeBlob(expected));
     QCOMPARE(after, expected);
     QCOMPARE(set.Order(ColumnHalf::Time), (std::vector{0, 6, 1, 13, 14, 4, 5, 9, 10}));
+}
+
+void TestColumnBlob::anEmptyItemLeavesTheSet() {
+    CColSet set;
+    set.SetDefaults();
+    set.SetWidth(4, 77);
+    set.ShowExactly(ColumnHalf::Time, {4, 0});
+    QVERIFY(set.LoadBlob(Number(6) + Number(0)));
+    QCOMPARE(set.EntryAt(4).width, 77);
+    QCOMPARE(set.Order(ColumnHalf::Time), (std::vector{4, 0}));
+    QCOMPARE(set.Order(ColumnHalf::Expense), (std::vector{17, 18, 27, 28, 19, 20, 21, 25}));
+    QVERIFY(!set.IsEmpty());
+    QVERIFY(CColSet().IsEmpty());
 }
 
 void TestColumnBlob::everyChangedByteIsNoticed() {

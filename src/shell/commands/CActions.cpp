@@ -158,7 +158,7 @@ void CActions::Update(const CommandState& state) {
 void CActions::ShowNames(bool timeMode) {
     QStringList names;
     for (const FieldNameRow& row : FieldNameTable())
-        names << m_labels->GetLabel(timeMode ? row.timeField : row.expenseField);
+        names << m_labels->GetLabel(NumberOf(timeMode ? row.timeField : row.expenseField));
     if (names == m_shownNames) return;
     m_shownNames = names;
     m_timeMode = timeMode;

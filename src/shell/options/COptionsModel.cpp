@@ -9,9 +9,10 @@ namespace {
 
 /// A field that its names leave without one has its default name.
 QString LabelOf(const OptionRow& row, const CColumnNames* names) {
-    if (row.field == 0) return LoadText(row.text);
-    const QString own = names ? names->ColumnName(row.field) : QString();
-    return own.isEmpty() ? FieldLabels::Default(row.field) : own;
+    if (row.field == FieldId::None) return LoadText(row.text);
+    const int field = NumberOf(row.field);
+    const QString own = names ? names->ColumnName(field) : QString();
+    return own.isEmpty() ? FieldLabels::Default(field) : own;
 }
 
 QString ValueText(const OptionRow& row, std::int64_t value) {

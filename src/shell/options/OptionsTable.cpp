@@ -6,7 +6,7 @@ using namespace ValueChoices;
 using enum OptionKind;
 
 /// A row that is called like a field of a record.
-constexpr OptionRow Named(int field, const char* setting) {
+constexpr OptionRow Named(FieldId field, const char* setting) {
     return {2, Check, Text{}, setting, {}, field};
 }
 
@@ -36,20 +36,20 @@ constexpr OptionRow kRows[] = {
     {1, Check, Text::OptShowDialog, "dialogOnQuickEntry", {}},
     {0, Group, Text::OptPersistence, nullptr, {}},
     {1, Group, Text::OptTimeItems, nullptr, {}},
-    Named(109, "keepTimeList109"),
-    Named(110, "keepTimeList110"),
-    Named(111, "keepTimeList111"),
-    Named(112, "keepTimeList112"),
-    Named(115, "keepTimeList115"),
-    Named(113, "keepTimeList113"),
-    Named(114, "keepTimeList114"),
+    Named(FieldId::TimeItem1, "keepTimeList109"),
+    Named(FieldId::TimeItem2, "keepTimeList110"),
+    Named(FieldId::TimeItem3, "keepTimeList111"),
+    Named(FieldId::TimeItem4, "keepTimeList112"),
+    Named(FieldId::TimeAmount, "keepTimeList115"),
+    Named(FieldId::TimeRate, "keepTimeList113"),
+    Named(FieldId::TimeItem5, "keepTimeList114"),
     {1, Group, Text::OptExpenseItems, nullptr, {}},
-    Named(131, "keepExpenseList131"),
-    Named(132, "keepExpenseList132"),
-    Named(133, "keepExpenseList133"),
-    Named(134, "keepExpenseList134"),
-    Named(136, "keepExpenseList136"),
-    Named(135, "keepExpenseList135"),
+    Named(FieldId::ExpenseItem1, "keepExpenseList131"),
+    Named(FieldId::ExpenseItem2, "keepExpenseList132"),
+    Named(FieldId::ExpenseItem3, "keepExpenseList133"),
+    Named(FieldId::ExpenseItem4, "keepExpenseList134"),
+    Named(FieldId::ExpenseAmount, "keepExpenseList136"),
+    Named(FieldId::ExpenseItem5, "keepExpenseList135"),
     {2, Check, Text::OptKeepDistance, "keepDistance", {}},
     {2, Check, Text::OptKeepDistanceRate, "keepDistanceRate", {}},
     {0, Group, Text::OptPreferences, nullptr, {}},

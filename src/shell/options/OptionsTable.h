@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fields/FieldId.h"
 #include "viewmodel/fields/ValueChoices.h"
 
 /// How an option is edited in the tree.
@@ -18,7 +19,8 @@ struct OptionRow {
     Text text;
     const char* setting;  ///< its name; null for a group
     std::span<const ValueChoice> choices;
-    int field = 0;  ///< not 0: the row is called as this field of a record is, and has no text of its own
+    /// The row is called as this field of a record is, and has no text of its own.
+    FieldId field = FieldId::None;
 };
 
 /// All rows from top to bottom.

@@ -10,28 +10,28 @@
 namespace {
 
 constexpr FieldNameRow kFieldNames[] = {
-    {32804, 109, 131},
-    {32805, 110, 132},
-    {32806, 111, 111},
-    {32807, 112, 112},
-    {32808, 133, 133},
-    {32809, 134, 134},
-    {32832, 117, 138},
-    {32833, 118, 139},
-    {32834, 141, 141},
-    {32835, 142, 142},
-    {32836, 140, 140},
-    {Command::kMarkFirst, 117, 138},
-    {Command::kMarkFirstAndSecond, 118, 139},
-    {32839, 141, 141},
-    {40058, 142, 142},
-    {32840, 140, 140},
+    {32804, FieldId::TimeItem1, FieldId::ExpenseItem1},
+    {32805, FieldId::TimeItem2, FieldId::ExpenseItem2},
+    {32806, FieldId::TimeItem3, FieldId::TimeItem3},
+    {32807, FieldId::TimeItem4, FieldId::TimeItem4},
+    {32808, FieldId::ExpenseItem3, FieldId::ExpenseItem3},
+    {32809, FieldId::ExpenseItem4, FieldId::ExpenseItem4},
+    {32832, FieldId::Billable, FieldId::Flag1},
+    {32833, FieldId::Billed, FieldId::Flag2},
+    {32834, FieldId::Flag3, FieldId::Flag3},
+    {32835, FieldId::Flag4, FieldId::Flag4},
+    {32836, FieldId::Flag5, FieldId::Flag5},
+    {Command::kMarkFirst, FieldId::Billable, FieldId::Flag1},
+    {Command::kMarkFirstAndSecond, FieldId::Billed, FieldId::Flag2},
+    {32839, FieldId::Flag3, FieldId::Flag3},
+    {40058, FieldId::Flag4, FieldId::Flag4},
+    {32840, FieldId::Flag5, FieldId::Flag5},
 };
 
-/// The field of a command in the mode, 0 without one.
-int FieldOf(int command, bool timeMode) {
+/// The field of a command in the mode.
+FieldId FieldOf(int command, bool timeMode) {
     const auto row = std::ranges::find(kFieldNames, command, &FieldNameRow::command);
-    if (row == std::end(kFieldNames)) return 0;
+    if (row == std::end(kFieldNames)) return FieldId::None;
     return timeMode ? row->timeField : row->expenseField;
 }
 
@@ -51,8 +51,8 @@ std::span<const FieldNameRow> FieldNameTable() {
 }
 
 CommandWords WordsOf(const CommandRow& row, bool timeMode, const FieldLabels& labels) {
-    const int field = FieldOf(row.id, timeMode);
-    const QString fieldName = field == 0 ? QString() : labels.GetLabel(field);
+    const FieldId field = FieldOf(row.id, timeMode);
+    const QString fieldName = field == FieldId::None ? QString() : labels.GetLabel(NumberOf(field));
     CommandWords words{.name = fieldName, .isFieldName = !fieldName.isEmpty(), .tip = {}, .status = {}};
     if (!words.isFieldName) words.name = PlainCaption(LoadText(row.caption));
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fields/FieldId.h"
 #include "viewmodel/commands/CommandTable.h"
 
 #include <QString>
@@ -10,8 +11,8 @@ class FieldLabels;
 /// A command that is called as the user calls a field: which field in each mode.
 struct FieldNameRow {
     int command;
-    int timeField;
-    int expenseField;
+    FieldId timeField;
+    FieldId expenseField;
 };
 [[nodiscard]] std::span<const FieldNameRow> FieldNameTable();
 

@@ -1,17 +1,14 @@
 #include "viewmodel/list/CellText.h"
 
 #include "config/CCfgStore.h"
+#include "fields/FieldTable.h"
+#include "fields/FieldValue.h"
 #include "lang/FormatText.h"
-#include "records/CERecord.h"
-#include "records/CTRecord.h"
 #include "timers/ActiveTimerSet.h"
 
 #include <QStringList>
 
 namespace {
-
-constexpr int kWhichStart = 3;
-constexpr int kWhichEnd = 4;
 
 QString DateText(const RecordDate& date, int yearDisplayFormat) {
     switch (yearDisplayFormat) {
@@ -29,67 +26,26 @@ QString SpanText(const SpanField& span, const Settings& settings) {
     return settings.spanDisplayFormat == 0 ? span.decimal.text : span.clockText;
 }
 
-QString DurationText(const CTRecord& record, const Settings& settings, const ActiveTimerSet& timers) {
+/// While a timer runs or is paused, its count takes the place of the duration.
+QString CellSpanText(const CVORec& record, const FieldRow& field, const Settings& settings,
+                     const ActiveTimerSet& timers) {
     int hours = 0, minutes = 0, seconds = 0;
-    if (timers.GetElapsed(record.GetId(), hours, minutes, seconds))
+    if (field.id == FieldId::Duration && timers.GetElapsed(record.GetId(), hours, minutes, seconds))
         return FormatText<Text::TimerCount>(hours, minutes, seconds);
-    return SpanText(record.spans.duration, settings);
+    return SpanText(SpanOf(record, field), settings);
 }
 
-bool IsTime(const CVORec& record) {
-    return record.Kind() == RecordKind::Time;
-}
-const CTRecord& TimeOf(const CVORec& record) {
-    return static_cast<const CTRecord&>(record);
-}
-const CERecord& ExpenseOf(const CVORec& record) {
-    return static_cast<const CERecord&>(record);
+/// Null for a column of the other kind of records.
+const FieldRow* FieldOf(const CVORec& record, int column) {
+    const FieldRow* field = FieldOfColumn(column);
+    return field && KindOf(*field) == record.Kind() ? field : nullptr;
 }
 
 }  // namespace
 
-// --- Flags
-
-bool FlagOf(const CTRecord& record, int column) {
-    switch (column) {
-        case Column::kBillable:
-            return record.isBillable;
-        case Column::kBilled:
-            return record.isBilled;
-        case Column::kExported:
-            return record.isExported;
-        case Column::kNotes:
-            return !record.notes.isEmpty();
-        default:
-            return false;
-    }
-}
-
-bool FlagOf(const CERecord& record, int column) {
-    switch (column) {
-        case Column::kIsDistance:
-            return record.isDistance;
-        case Column::kFlag1:
-            return record.flag1;
-        case Column::kFlag2:
-            return record.flag2;
-        case Column::kFlag3:
-            return record.flag3;
-        case Column::kFlag4:
-            return record.flag4;
-        case Column::kFlag5:
-            return record.flag5;
-        case Column::kExpenseExported:
-            return record.isExported;
-        case Column::kExpenseNotes:
-            return !record.notes.isEmpty();
-        default:
-            return false;
-    }
-}
-
 bool FlagOf(const CVORec& record, int column) {
-    return IsTime(record) ? FlagOf(TimeOf(record), column) : FlagOf(ExpenseOf(record), column);
+    const FieldRow* field = FieldOf(record, column);
+    return field && FlagOf(record, *field);
 }
 
 QString FlagInWords(const CVORec& record, int column, const CCfgStore& settings) {
@@ -97,88 +53,19 @@ QString FlagInWords(const CVORec& record, int column, const CCfgStore& settings)
     return FlagOf(record, column) ? FormatText<Text::FlagSet>(caption) : FormatText<Text::FlagClear>(caption);
 }
 
-// --- Texts
-
-QString ItemText(const CTRecord& record, int column) {
-    switch (column) {
-        case Column::kItem1:
-            return record.item1;
-        case Column::kItem2:
-            return record.item2;
-        case Column::kItem3:
-            return record.item3;
-        case Column::kItem4:
-            return record.item4;
-        case Column::kItem5:
-            return record.item5;
-        case Column::kRate:
-            return record.GetRateText();
-        case Column::kAmount:
-            return record.GetAmountText();
-        default:
-            return {};
-    }
-}
-
-QString ItemText(const CERecord& record, int column) {
-    switch (column) {
-        case Column::kExpenseItem1:
-            return record.item1;
-        case Column::kExpenseItem2:
-            return record.item2;
-        case Column::kExpenseItem3:
-            return record.item3;
-        case Column::kExpenseItem4:
-            return record.item4;
-        case Column::kExpenseItem5:
-            return record.item5;
-        case Column::kDistance:
-            return record.distance.text;
-        case Column::kExpenseRate:
-            return record.GetRateText();
-        case Column::kExpenseAmount:
-            return record.GetAmountText();
-        default:
-            return {};
-    }
-}
-
-QString TimeCellText(const CTRecord& record, int column, const Settings& settings,
-                     const ActiveTimerSet& timers) {
-    switch (column) {
-        case Column::kDate:
-            return DateText(record.date, settings.yearDisplayFormat);
-        case Column::kDuration:
-            return DurationText(record, settings, timers);
-        case Column::kBreak:
-            return SpanText(record.spans.breakTime, settings);
-        case Column::kEffective:
-            return SpanText(record.spans.effective, settings);
-        case Column::kStart:
-            return TimeTextOfRecord(record, kWhichStart);
-        case Column::kEnd:
-            return TimeTextOfRecord(record, kWhichEnd);
-        case Column::kNotes:
-            return record.notes;
-        default:
-            return ItemText(record, column);
-    }
-}
-
-QString ExpenseCellText(const CERecord& record, int column, const Settings& settings) {
-    switch (column) {
-        case Column::kExpenseDate:
-            return DateText(record.date, settings.yearDisplayFormat);
-        case Column::kExpenseNotes:
-            return record.notes;
-        default:
-            return ItemText(record, column);
-    }
-}
-
 QString CellText(const CVORec& record, int column, const Settings& settings, const ActiveTimerSet& timers) {
-    return IsTime(record) ? TimeCellText(TimeOf(record), column, settings, timers)
-                          : ExpenseCellText(ExpenseOf(record), column, settings);
+    const FieldRow* field = FieldOf(record, column);
+    if (!field) return {};
+    switch (field->form) {
+        case FieldForm::Date:
+            return DateText(ValueOf<RecordDate>(record, *field), settings.yearDisplayFormat);
+        case FieldForm::Span:
+            return CellSpanText(record, *field, settings, timers);
+        case FieldForm::TimeOfDay:
+            return TimeTextOf(record, *field);
+        default:
+            return TextOf(record, *field);
+    }
 }
 
 QString RecordInWords(const CVORec& record, const CCfgStore& settings, const ActiveTimerSet& timers) {

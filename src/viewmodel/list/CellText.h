@@ -9,11 +9,6 @@ class CTRecord;
 class CVORec;
 struct Settings;
 
-/// The text of an item, a rate, an amount or a distance, by its column; empty for other columns. The distance
-/// is the text that was stored.
-[[nodiscard]] QString ItemText(const CTRecord& record, int column);
-[[nodiscard]] QString ItemText(const CERecord& record, int column);
-
 /// What a column of the list shows of a record. While a time record has a timer, its duration is the count as
 /// of the last fold: "01:42:17". Flags have no text; the notes show theirs.
 [[nodiscard]] QString TimeCellText(const CTRecord& record, int column, const Settings& settings,
@@ -29,8 +24,6 @@ struct Settings;
                                     const ActiveTimerSet& timers);
 
 /// Whether a flag column is set, or notes are there. False for other columns.
-[[nodiscard]] bool FlagOf(const CTRecord& record, int column);
-[[nodiscard]] bool FlagOf(const CERecord& record, int column);
 [[nodiscard]] bool FlagOf(const CVORec& record, int column);
 /// "Billable: yes".
 [[nodiscard]] QString FlagInWords(const CVORec& record, int column, const CCfgStore& settings);

@@ -3,62 +3,37 @@
 #include "calendar/CalendarMath.h"
 #include "calendar/DateTimeVal.h"
 #include "calendar/NumberText.h"
-#include "config/ColumnTable.h"
-#include "records/CERecord.h"
-#include "records/CTRecord.h"
-#include "viewmodel/list/CellText.h"
+#include "fields/FieldTable.h"
+#include "fields/FieldValue.h"
 
-#include <array>
 #include <bit>
 
 namespace {
 
 using Form = CompareForm;
 
-constexpr std::array<CompareForm, Column::kCount> kForms = {
-    Form::DateAndStart, Form::Span,   Form::Span,      Form::Span,  // 0 to 3: date and the three spans
-    Form::Text,         Form::Text,   Form::TimeOfDay, Form::TimeOfDay, Form::Number,
-    Form::Text,         Form::Text,   Form::Text,  // 4 to 11: items, start, end, rate
-    Form::Number,       Form::Flag,   Form::Flag,      Form::Flag,
-    Form::Flag,  // 12 to 16: amount, flags, notes
-    Form::DateAndStart, Form::Number, Form::Text,      Form::Text,      Form::Text,
-    Form::Flag,  // 17 to 22: expenses from the date on
-    Form::Text,  // 23: the distance as the text that it is stored as, so 10 goes before 9
-    Form::Number,       Form::Text,   Form::Text,      Form::Flag,      Form::Flag,
-    Form::Flag,         Form::Flag,   Form::Flag,      Form::Flag,      Form::Flag,  // 24 to 33
-};
-
-const CTRecord& TimeOf(const CVORec& record) {
-    return static_cast<const CTRecord&>(record);
-}
-const CERecord& ExpenseOf(const CVORec& record) {
-    return static_cast<const CERecord&>(record);
-}
-bool IsTime(const CVORec& record) {
-    return record.Kind() == RecordKind::Time;
-}
-
-/// Minutes since midnight and one, 0 for no time.
-std::uint64_t MinuteOrder(int hour, int minute, bool isPm) {
+/// Minutes since midnight and one, 0 for what is no time of day.
+std::uint64_t TimeOrder(const CVORec& record, const FieldRow& field) {
+    const std::optional<ClockTime> clock = TimeOf(record, field);
     DateTimeVal time;
-    return time.SetTime(hour, minute, isPm)
-               ? static_cast<std::uint64_t>(Hour24Of(hour, isPm) * 60 + minute) + 1
-               : 0;
+    if (!clock || !time.SetTime(clock->hour, clock->minute, clock->isPm)) return 0;
+    return static_cast<std::uint64_t>(Hour24Of(clock->hour, clock->isPm) * 60 + clock->minute) + 1;
 }
 
-std::uint64_t StartOrder(const CTRecord& record) {
-    return MinuteOrder(record.startHour, record.startMinute, record.startIsPm);
+std::uint64_t StartOrder(const CVORec& record) {
+    return record.Kind() == RecordKind::Time ? TimeOrder(record, *FieldOfColumn(Column::kStart)) : 0;
 }
 
 /// The day before the start; on the same day, what has no start goes first.
-std::uint64_t DateOrder(const RecordDate& day, std::uint64_t start) {
+std::uint64_t DateOrder(const CVORec& record, const FieldRow& field) {
     constexpr std::uint64_t kMinutes = 2048;
+    const auto& day = ValueOf<RecordDate>(record, field);
     DateTimeVal date;
     if (!date.SetDate(day.month, day.day, day.year)) return 0;
     const auto number =
         (static_cast<std::uint64_t>(day.year) * 16 + static_cast<std::uint64_t>(day.month)) * 32 +
         static_cast<std::uint64_t>(day.day);
-    return number * kMinutes + start;
+    return number * kMinutes + StartOrder(record);
 }
 
 /// A number's bits so turned that the less number has the less bits; never 0.
@@ -69,17 +44,9 @@ std::uint64_t NumberOrder(double number) {
     return (bits & kSign) != 0 ? ~bits : bits | kSign;
 }
 
-std::uint64_t SpanOrder(const CTRecord& record, int column) {
-    const SpanField& span = column == Column::kDuration ? record.spans.duration
-                            : column == Column::kBreak  ? record.spans.breakTime
-                                                        : record.spans.effective;
+std::uint64_t SpanOrder(const SpanField& span) {
     float hours = 0.0F;
     return span.GetDecimal(hours) ? NumberOrder(static_cast<double>(hours)) : 0;
-}
-
-std::uint64_t TimeOrder(const CTRecord& record, int column) {
-    return column == Column::kStart ? StartOrder(record)
-                                    : MinuteOrder(record.endHour, record.endMinute, record.endIsPm);
 }
 
 std::uint64_t TextNumberOrder(const QString& text, const CRegionalInfo& region) {
@@ -102,35 +69,41 @@ int CompareSpans(std::uint64_t a, std::uint64_t b, int direction) {
     return bothThere ? direction * CompareLess(a, b) : CompareLess(a, b);
 }
 
+/// Of a field that isn't compared by its text.
+std::uint64_t OrderOf(const CVORec& record, const FieldRow& field, const CRegionalInfo& region) {
+    switch (CompareFormOf(field.form)) {
+        case Form::DateAndStart:
+            return DateOrder(record, field);
+        case Form::Span:
+            return SpanOrder(SpanOf(record, field));
+        case Form::TimeOfDay:
+            return TimeOrder(record, field);
+        case Form::Number:
+            return TextNumberOrder(TextOf(record, field), region);
+        case Form::Flag:
+            return FlagOf(record, field) ? 1U : 0U;
+        case Form::Text:
+            break;
+    }
+    return 0;
+}
+
 }  // namespace
 
 CompareForm CompareFormOf(int column) {
-    return kForms[static_cast<std::size_t>(column)];
+    return CompareFormOf(FieldOfColumn(column)->form);
 }
 
 QString RowText(const CVORec& record, int column) {
-    return IsTime(record) ? ItemText(TimeOf(record), column) : ItemText(ExpenseOf(record), column);
+    const FieldRow& field = *FieldOfColumn(column);
+    return KindOf(field) == record.Kind() ? TextOf(record, field) : QString();
 }
 
 RowKey MakeRowKey(const CVORec& record, int column, const CRegionalInfo& region) {
-    if (HalfOf(column) != HalfOf(record.Kind())) return {};
-    switch (CompareFormOf(column)) {
-        case Form::DateAndStart:
-            return {IsTime(record) ? DateOrder(TimeOf(record).date, StartOrder(TimeOf(record)))
-                                   : DateOrder(ExpenseOf(record).date, 0),
-                    {}};
-        case Form::Span:
-            return {SpanOrder(TimeOf(record), column), {}};
-        case Form::Text:
-            return {0, RowText(record, column).toCaseFolded()};
-        case Form::TimeOfDay:
-            return {TimeOrder(TimeOf(record), column), {}};
-        case Form::Number:
-            return {TextNumberOrder(RowText(record, column), region), {}};
-        case Form::Flag:
-            return {FlagOf(record, column) ? 1U : 0U, {}};
-    }
-    return {};
+    const FieldRow& field = *FieldOfColumn(column);
+    if (KindOf(field) != record.Kind()) return {};
+    if (CompareFormOf(field.form) == Form::Text) return {0, TextOf(record, field).toCaseFolded()};
+    return {OrderOf(record, field, region), {}};
 }
 
 int CompareRows(CompareForm form, const RowKey& a, const RowKey& b, bool ascending) {

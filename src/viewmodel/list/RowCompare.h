@@ -1,13 +1,12 @@
 #pragma once
 
+#include "fields/CompareForm.h"
+
 #include <QString>
 #include <cstdint>
 
 class CVORec;
 struct CRegionalInfo;
-
-/// How the values of a column are compared when the list is sorted by it.
-enum class CompareForm { DateAndStart, Span, Text, TimeOfDay, Number, Flag };
 
 /// Of one of the 34 columns.
 [[nodiscard]] CompareForm CompareFormOf(int column);
@@ -22,7 +21,7 @@ struct RowKey {
 
 /// The key of a record in a column of its kind.
 [[nodiscard]] RowKey MakeRowKey(const CVORec& record, int column, const CRegionalInfo& region);
-/// The text that a key has, not yet folded: for whoever folds many equal ones once.
+/// The text that a key has, not yet folded: for a caller that folds many equal ones once.
 [[nodiscard]] QString RowText(const CVORec& record, int column);
 
 /// Below 0: a goes first; above 0: b does. These are not all proper orders, and that is wanted:
@@ -30,7 +29,7 @@ struct RowKey {
 /// - a row without a span goes first in both directions, a row without a date only ascending;
 /// - two unequal numbers and two equal ones are told apart by "less" alone, so equal ones give 1 ascending;
 /// - flags and notes give the same answer in both orders: -1 ascending for two alike, 1 for two that differ.
-/// Use MergeSort, which stands that.
+/// Use MergeSort, which copes with that.
 [[nodiscard]] int CompareRows(CompareForm form, const RowKey& a, const RowKey& b, bool ascending);
-/// The same of the orders alone; texts by whatever order stands for them.
+/// The same of the orders alone; texts by the order that stands for them.
 [[nodiscard]] int CompareOrders(CompareForm form, std::uint64_t a, std::uint64_t b, bool ascending);

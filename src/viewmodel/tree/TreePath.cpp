@@ -49,12 +49,17 @@ void Narrow(const TreePath& path, Filter& filter, std::span<const int, 5> items,
 }
 
 /// "1.75" gives 1:45.
-void FillDuration(const QString& text, CTRecord& record) {
+void FillSpan(const TreeStep& step, CTRecord& record) {
     constexpr float kMostHours = 100000.0F;
-    float hours = 0.0F;
-    if (!ParseFloat(TheRegion(), text, hours) || !(hours >= 0.0F && hours < kMostHours)) return;
-    const float whole = std::floor(hours);
-    record.SetDurationOnly(static_cast<int>(whole), static_cast<int>(std::lround((hours - whole) * 60.0F)));
+    float decimal = 0.0F;
+    if (!ParseFloat(TheRegion(), step.text, decimal) || !(decimal >= 0.0F && decimal < kMostHours)) return;
+    const float whole = std::floor(decimal);
+    const int hours = static_cast<int>(whole),
+              minutes = static_cast<int>(std::lround((decimal - whole) * 60.0F));
+    if (step.column == Column::kDuration)
+        record.SetDurationOnly(hours, minutes);
+    else
+        record.SetBreak(hours, minutes);
 }
 
 void FillTime(const TreeStep& step, CTRecord& record, bool clock24) {
@@ -98,8 +103,7 @@ bool FillRecord(const TreePath& path, CTRecord& record, const Settings& settings
     for (const TreeStep& step : path) {
         if (HalfOf(step.column) != ColumnHalf::Time) continue;
         if (const TreeLevelRow* level = FindTreeLevel(step.column)) FillLevel(step, *level, record);
-        if (step.column == Column::kDuration || step.column == Column::kEffective)
-            FillDuration(step.text, record);
+        if (step.column == Column::kDuration || step.column == Column::kBreak) FillSpan(step, record);
         if (step.column == Column::kStart || step.column == Column::kEnd)
             FillTime(step, record, settings.clock24);
     }

@@ -1,54 +1,38 @@
 #include "viewmodel/tree/TreeTexts.h"
 
 #include "config/Settings.h"
+#include "fields/FieldTable.h"
+#include "fields/FieldValue.h"
 #include "lang/LoadText.h"
-#include "records/CERecord.h"
-#include "records/CTRecord.h"
-#include "viewmodel/list/CellText.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace {
 
-constexpr TreeLevelRow TimeText(int column, QString CTRecord::*text) {
-    return {column, text, nullptr, nullptr, nullptr, {}, {}};
-}
-constexpr TreeLevelRow ExpenseText(int column, QString CERecord::*text) {
-    return {column, nullptr, text, nullptr, nullptr, {}, {}};
-}
-constexpr TreeLevelRow TimeFlag(int column, bool CTRecord::*flag, Text set, Text clear) {
-    return {column, nullptr, nullptr, flag, nullptr, set, clear};
-}
-constexpr TreeLevelRow ExpenseFlag(int column, bool CERecord::*flag, Text set, Text clear) {
-    return {column, nullptr, nullptr, nullptr, flag, set, clear};
+/// The member of a record of this class that holds a value of this type; null for other fields.
+template <class Member>
+constexpr Member MemberOf(const FieldRow& field) {
+    const Member* member = std::get_if<Member>(&field.member);
+    return member ? *member : nullptr;
 }
 
-constexpr TreeLevelRow kLevels[] = {
-    TimeText(Column::kItem1, &CTRecord::item1),
-    TimeText(Column::kItem2, &CTRecord::item2),
-    TimeText(Column::kItem3, &CTRecord::item3),
-    TimeText(Column::kItem4, &CTRecord::item4),
-    TimeText(Column::kItem5, &CTRecord::item5),
-    TimeFlag(Column::kBillable, &CTRecord::isBillable, Text::TreeBillable, Text::TreeNotBillable),
-    TimeFlag(Column::kBilled, &CTRecord::isBilled, Text::TreeBilled, Text::TreeBilled),
-    ExpenseText(Column::kExpenseItem1, &CERecord::item1),
-    ExpenseText(Column::kExpenseItem2, &CERecord::item2),
-    ExpenseText(Column::kExpenseItem3, &CERecord::item3),
-    ExpenseFlag(Column::kIsDistance, &CERecord::isDistance, Text::TreeDistance, Text::TreeNoDistance),
-    ExpenseText(Column::kExpenseItem4, &CERecord::item4),
-    ExpenseText(Column::kExpenseItem5, &CERecord::item5),
-    ExpenseFlag(Column::kFlag1, &CERecord::flag1, Text::TreeBillable, Text::TreeNotBillable),
-    ExpenseFlag(Column::kFlag2, &CERecord::flag2, Text::TreeBilled, Text::TreeNotBilled),
-    ExpenseFlag(Column::kFlag3, &CERecord::flag3, Text::TreeFlag3, Text::TreeNotFlag3),
-    ExpenseFlag(Column::kFlag4, &CERecord::flag4, Text::TreeFlag4, Text::TreeNotFlag4),
-    ExpenseFlag(Column::kFlag5, &CERecord::flag5, Text::TreeFlag5, Text::TreeNotFlag5),
-};
+constexpr TreeLevelRow LevelOf(const FieldRow& field) {
+    return {.column = field.column.index,
+            .timeText = MemberOf<QString CTRecord::*>(field),
+            .expenseText = MemberOf<QString CERecord::*>(field),
+            .timeFlag = MemberOf<bool CTRecord::*>(field),
+            .expenseFlag = MemberOf<bool CERecord::*>(field),
+            .set = field.column.levelSet,
+            .clear = field.column.levelClear};
+}
 
-/// Of a column that can be a level.
-QString LevelText(const CVORec& record, const TreeLevelRow& level) {
-    if (level.IsFlag()) return LoadText(FlagOf(record, level.column) ? level.set : level.clear);
-    return level.timeText ? static_cast<const CTRecord&>(record).*level.timeText
-                          : static_cast<const CERecord&>(record).*level.expenseText;
+std::vector<TreeLevelRow> MakeLevels() {
+    std::vector<TreeLevelRow> levels;
+    for (int column = 0; column < Column::kCount; ++column)
+        if (const FieldRow* field = FieldOfColumn(column); field->column.isLevel)
+            levels.push_back(LevelOf(*field));
+    return levels;
 }
 
 QString SpanText(const SpanField& span, int spanDisplayFormat) {
@@ -56,39 +40,42 @@ QString SpanText(const SpanField& span, int spanDisplayFormat) {
     return spanDisplayFormat == 0 ? span.decimal.text : span.clockText;
 }
 
-QString OtherTimeText(const CTRecord& record, int column, int spanDisplayFormat) {
-    constexpr int kWhichStart = 3, kWhichEnd = 4;
-    switch (column) {
-        case Column::kDuration:
-            return SpanText(record.spans.duration, spanDisplayFormat);
-        case Column::kBreak:
-            return SpanText(record.spans.breakTime, spanDisplayFormat);
-        case Column::kEffective:
-            return SpanText(record.spans.effective, spanDisplayFormat);
-        case Column::kStart:
-            return TimeTextOfRecord(record, kWhichStart);
-        case Column::kEnd:
-            return TimeTextOfRecord(record, kWhichEnd);
-        default:
-            return {};
-    }
+QString FlagText(const CVORec& record, const FieldRow& field) {
+    return LoadText(FlagOf(record, field) ? field.column.levelSet : field.column.levelClear);
+}
+
+QString NotesText(const CVORec& record, const FieldRow& field) {
+    return LoadText(FlagOf(record, field) ? Text::TreeNotes : Text::TreeNoNotes);
 }
 
 }  // namespace
 
 std::span<const TreeLevelRow> TreeLevels() {
+    static const std::vector<TreeLevelRow> kLevels = MakeLevels();
     return kLevels;
 }
 
 const TreeLevelRow* FindTreeLevel(int column) {
-    const auto* level = std::ranges::find(kLevels, column, &TreeLevelRow::column);
-    return level == std::end(kLevels) ? nullptr : level;
+    const std::span<const TreeLevelRow> levels = TreeLevels();
+    const auto level = std::ranges::find(levels, column, &TreeLevelRow::column);
+    return level == levels.end() ? nullptr : &*level;
 }
 
 QString ColumnText(const CVORec& record, int column, const Settings& settings) {
-    if (!IsColumn(column) || HalfOf(column) != HalfOf(record.Kind())) return {};
-    if (const TreeLevelRow* level = FindTreeLevel(column)) return LevelText(record, *level);
-    if (IsNotesColumn(column)) return LoadText(FlagOf(record, column) ? Text::TreeNotes : Text::TreeNoNotes);
-    if (record.Kind() != RecordKind::Time) return {};
-    return OtherTimeText(static_cast<const CTRecord&>(record), column, settings.spanDisplayFormat);
+    const FieldRow* field = FieldOfColumn(column);
+    if (!field || KindOf(*field) != record.Kind()) return {};
+    switch (field->form) {
+        case FieldForm::Text:
+            return TextOf(record, *field);
+        case FieldForm::Flag:
+            return field->column.isLevel ? FlagText(record, *field) : QString();
+        case FieldForm::Notes:
+            return NotesText(record, *field);
+        case FieldForm::Span:
+            return SpanText(SpanOf(record, *field), settings.spanDisplayFormat);
+        case FieldForm::TimeOfDay:
+            return TimeTextOf(record, *field);
+        default:
+            return {};
+    }
 }

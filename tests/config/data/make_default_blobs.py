@@ -9,7 +9,7 @@ import struct
 
 # caption, width, kind, position in the list, position as a level of the tree
 COLUMNS = [
-    ("Date", 80, 8, 1, 5), ("Hours", 44, 9, 3, 0), ("Break", 44, 9, 0, 0), ("Net", 44, 9, 0, 0),
+    ("Date", 80, 8, 1, 5), ("Hours", 44, 9, 3, 0), ("Net", 44, 9, 0, 0), ("Break", 44, 9, 0, 0),
     ("Client", 60, 5, 6, 1), ("Project", 90, 5, 7, 2), ("Start", 65, 7, 2, 0), ("End", 65, 7, 0, 0),
     ("Rate", 50, 9, 0, 0), ("Activity", 90, 5, 8, 3), ("Cost centre", 90, 5, 9, 4), ("Currency", 45, 5, 0, 0),
     ("Amount", 90, 9, 0, 0), ("Billable", 30, 3, 4, 0), ("Billed", 35, 3, 5, 0), ("Notes", 30, 3, 0, 0),

@@ -66,6 +66,7 @@ class TestTreePath final : public QObject {
     void periodStays();
     void fillTime_data();
     void fillTime();
+    void fillBreak();
     void fillTimeByTheClock();
     void fillExpense_data();
     void fillExpense();
@@ -171,7 +172,8 @@ void TestTreePath::fillTime_data() {
     row("not billable", u"13=Not billable"_s, u"||||"_s, u"00"_s, u"--:--"_s);
     row("billed, whatever the record", u"13=Billable; 14=Billed"_s, u"||||"_s, u"11"_s, u"--:--"_s);
     row("hours", u"1=1.75"_s, u"||||"_s, u"00"_s, u"1:45"_s);
-    row("net hours are hours too", u"3=2.5000"_s, u"||||"_s, u"00"_s, u"2:30"_s);
+    row("net time is computed, not filled", u"2=2.5000"_s, u"||||"_s, u"00"_s, u"--:--"_s);
+    row("a break is no duration", u"3=2.5000"_s, u"||||"_s, u"00"_s, u"--:--"_s);
     row("a third of an hour", u"1=0.3333"_s, u"||||"_s, u"00"_s, u"0:20"_s);
     row("nearly an hour", u"1=0.9999"_s, u"||||"_s, u"00"_s, u"1:00"_s);
     row("no hours", u"1=--:--"_s, u"||||"_s, u"00"_s, u"--:--"_s);
@@ -194,6 +196,14 @@ void TestTreePath::fillTime() {
     QTEST(record.spans.duration.clockText, "duration");
     QCOMPARE(record.notes, QString());
     QVERIFY(!record.HasStart());
+}
+
+void TestTreePath::fillBreak() {
+    const RegionScope region{CRegionalInfo()};
+    CTRecord record;
+    QVERIFY(FillRecord(Path(u"1=8.5; 3=0.75"_s), record, Settings()));
+    QCOMPARE(record.spans.breakTime.clockText, u"0:45"_s);
+    QCOMPARE(record.spans.effective.clockText, u"7:45"_s);
 }
 
 void TestTreePath::fillTimeByTheClock() {

@@ -83,8 +83,8 @@ class TestTreeTexts final : public QObject {
         row("expense: fourth flag", 30, u"Reimbursed"_s, u"Not reimbursed"_s);
         row("expense: fifth flag", 31, u"Personal"_s, u"Not personal"_s);
         row("no level: duration", 1, u"8.5000"_s, u"--:--"_s);
-        row("no level: break", 2, u"0.5000"_s, u"--:--"_s);
-        row("no level: net", 3, u"8.0000"_s, u"--:--"_s);
+        row("no level: break", 3, u"0.5000"_s, u"--:--"_s);
+        row("no level: net", 2, u"8.0000"_s, u"--:--"_s);
         row("no level: start", 6, u"09:00 AM"_s, u"--:--"_s);
         row("no level: end", 7, u"05:30 PM"_s, u"--:--"_s);
         row("no level: notes", 15, u"Notes"_s, u"No notes"_s);
@@ -112,7 +112,7 @@ class TestTreeTexts final : public QObject {
         Settings settings;
         settings.spanDisplayFormat = 1;
         QCOMPARE(ColumnText(Time(true), 1, settings), u"8:30"_s);
-        QCOMPARE(ColumnText(Time(true), 3, settings), u"8:00"_s);
+        QCOMPARE(ColumnText(Time(true), 2, settings), u"8:00"_s);
     }
 
     void noColumn() {
