@@ -7,8 +7,8 @@
 #include "cli/commands/RecordSteps.h"
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
+#include "cli/output/FieldOutput.h"
 #include "cli/output/PeriodOutput.h"
-#include "cli/output/RecordColumns.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
 

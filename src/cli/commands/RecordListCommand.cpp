@@ -38,7 +38,7 @@ struct ListOrder {
 QString ColumnNames(RecordKind kind) {
     QStringList names;
     for (const RecordColumn& column : RecordColumns(kind))
-        if (column.compare) names.append(QString::fromLatin1(column.name));
+        if (column.CanSort()) names.append(QString::fromLatin1(column.Name()));
     return names.join(u", "_s);
 }
 
@@ -49,7 +49,7 @@ QString ReadOrder(RecordKind kind, const CArguments& arguments, ListOrder& order
         order.column = FindRecordColumn(kind, name);
         order.isDescending = direction == u"desc";
         const bool isDirection = order.isDescending || direction == u"asc" || !sort->contains(u':');
-        if (!order.column || !order.column->compare || !isDirection)
+        if (!order.column || !order.column->CanSort() || !isDirection)
             return FormatText<Text::CliNoSuchOrder>(*sort, ColumnNames(kind));
     }
     if (const auto limit = arguments.Value("limit")) {
@@ -68,7 +68,7 @@ Records Collect(const CVelmarchDoc& document, const ListOrder& order) {
     records.reserve(document.VisibleCount());
     document.ForEachVisible([&](const CVORec& record) { records.push_back(&record); });
     const auto before = [&order](const CVORec* a, const CVORec* b) {
-        const int columns = order.column ? order.column->compare(*a, *b) : 0;
+        const int columns = order.column ? order.column->Compare(*a, *b) : 0;
         if (columns != 0) return order.isDescending ? columns > 0 : columns < 0;
         return CompareDays(*a, *b) < 0;
     };

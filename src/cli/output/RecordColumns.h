@@ -9,6 +9,7 @@
 #include <span>
 
 class CJsonText;
+struct FieldRow;
 
 /// One record as it is shown.
 struct RecordRow {
@@ -16,23 +17,38 @@ struct RecordRow {
     std::optional<TimerShown> timer = {};
 };
 
-/// One field of a kind of records: its name in JSON and for sorting, how it is written, read by people,
-/// compared. The functions take records of that kind only.
-struct RecordColumn {
-    const char* name;
-    Text caption;
-    bool isListed;  ///< stands in lists for people; single records show every field
-    bool isNumber;  ///< aligned to the right
-    void (*json)(CJsonText& json, const RecordRow& row);
-    QString (*text)(const RecordRow& row);
+/// What a column of the console shows: a field of a record, or what stands beside the fields.
+enum class ColumnContent { Identity, Field, Timer };
+
+/// One column of a kind of records. The functions take records of that kind only.
+class RecordColumn {
+ public:
+    explicit RecordColumn(ColumnContent content, const FieldRow* field = nullptr)
+        : m_content(content), m_field(field) {}
+
+    /// In JSON and for sorting.
+    [[nodiscard]] const char* Name() const;
+    [[nodiscard]] QString Caption() const;
+    /// Whether it stands in lists for people; single records show every column.
+    [[nodiscard]] bool IsListed() const;
+    /// Aligned to the right.
+    [[nodiscard]] bool IsNumber() const;
+    /// A timer is none of the record's own values.
+    [[nodiscard]] bool CanSort() const { return m_content != ColumnContent::Timer; }
+
+    void WriteJson(CJsonText& json, const RecordRow& row) const;
+    /// What people read; empty for what isn't set.
+    [[nodiscard]] QString TextOf(const RecordRow& row) const;
     /// Below 0, 0, above 0. What isn't set comes first.
-    int (*compare)(const CVORec& a, const CVORec& b);
+    [[nodiscard]] int Compare(const CVORec& a, const CVORec& b) const;
+
+ private:
+    ColumnContent m_content;
+    const FieldRow* m_field;  ///< null for what is no field
 };
 
-/// All fields of a kind (time or expense) in the order of the JSON form.
+/// All columns of a kind (time or expense) in the order of the JSON form.
 [[nodiscard]] std::span<const RecordColumn> RecordColumns(RecordKind kind);
 [[nodiscard]] const RecordColumn* FindRecordColumn(RecordKind kind, const QString& name);
 /// By date, then by start where there is one, then by identity, so that every order is the same each time.
 [[nodiscard]] int CompareDays(const CVORec& a, const CVORec& b);
-/// "2026-11-19"; empty for a date that isn't set.
-[[nodiscard]] QString IsoDate(int year, int month, int day);

@@ -2,7 +2,6 @@
 
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
-#include "lang/LoadText.h"
 
 #include <algorithm>
 
@@ -15,10 +14,10 @@ constexpr qsizetype kWidestColumn = 40;
 void WriteRecordLines(COutput& out, const RecordRow& row) {
     const std::span<const RecordColumn> columns = RecordColumns(row.record.Kind());
     qsizetype width = 0;
-    for (const RecordColumn& column : columns) width = std::max(width, LoadText(column.caption).size());
+    for (const RecordColumn& column : columns) width = std::max(width, column.Caption().size());
     for (const RecordColumn& column : columns) {
-        const QString text = column.text(row);
-        if (!text.isEmpty()) out.PutLine(LoadText(column.caption).leftJustified(width + 2) + text);
+        const QString text = column.TextOf(row);
+        if (!text.isEmpty()) out.PutLine(column.Caption().leftJustified(width + 2) + text);
     }
 }
 
@@ -42,11 +41,11 @@ struct ListedColumn {
 std::vector<ListedColumn> FilledColumns(const std::vector<RecordRow>& rows) {
     std::vector<ListedColumn> listed;
     for (const RecordColumn& column : RecordColumns(rows.front().record.Kind())) {
-        if (!column.isListed) continue;
+        if (!column.IsListed()) continue;
         qsizetype widest = 0;
-        for (const RecordRow& row : rows) widest = std::max(widest, column.text(row).size());
+        for (const RecordRow& row : rows) widest = std::max(widest, column.TextOf(row).size());
         if (widest == 0) continue;
-        const qsizetype width = std::max(widest, LoadText(column.caption).size());
+        const qsizetype width = std::max(widest, column.Caption().size());
         listed.push_back({&column, std::min(width, kWidestColumn)});
     }
     return listed;
@@ -62,8 +61,8 @@ QString Trimmed(QString line) {
 void WriteRecordJson(CJsonText& json, const RecordRow& row) {
     json.BeginObject();
     for (const RecordColumn& column : RecordColumns(row.record.Kind())) {
-        json.Key(column.name);
-        column.json(json, row);
+        json.Key(column.Name());
+        column.WriteJson(json, row);
     }
     json.EndObject();
 }
@@ -80,12 +79,12 @@ void WriteRecordTable(COutput& out, const std::vector<RecordRow>& rows) {
     const std::vector<ListedColumn> columns = FilledColumns(rows);
     QString head;
     for (const auto& [column, width] : columns)
-        head += Cell(LoadText(column->caption), width, column->isNumber) + u"  "_s;
+        head += Cell(column->Caption(), width, column->IsNumber()) + u"  "_s;
     out.PutLine(Trimmed(head));
     for (const RecordRow& row : rows) {
         QString line;
         for (const auto& [column, width] : columns)
-            line += Cell(column->text(row), width, column->isNumber) + u"  "_s;
+            line += Cell(column->TextOf(row), width, column->IsNumber()) + u"  "_s;
         out.PutLine(Trimmed(line));
         if (out.IsBroken()) return;
     }
