@@ -1,14 +1,14 @@
 #include "app/ExpenseFilter.h"
 
 #include "app/FilterConditions.h"
-#include "records/CERecord.h"
+#include "fields/ExpenseFields.h"
+#include "fields/ItemMembers.h"
 
 #include <algorithm>
 
 namespace {
 
-constexpr std::array<QString CERecord::*, 5> kItems = {&CERecord::item1, &CERecord::item2, &CERecord::item3,
-                                                       &CERecord::item4, &CERecord::item5};
+constexpr auto kItems = ItemMembers<CERecord>(kExpenseFields);
 constexpr std::array<Text, 5> kItemColumns = {Text::ColumnItem1, Text::ColumnItem2, Text::ColumnExpenseItem3,
                                               Text::ColumnExpenseItem4, Text::ColumnItem5};
 constexpr std::array<bool CERecord::*, 5> kFlags = {&CERecord::flag1, &CERecord::flag2, &CERecord::flag3,

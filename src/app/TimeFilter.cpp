@@ -2,12 +2,12 @@
 
 #include "app/CTimerService.h"
 #include "app/FilterConditions.h"
-#include "records/CTRecord.h"
+#include "fields/ItemMembers.h"
+#include "fields/TimeFields.h"
 
 namespace {
 
-constexpr std::array<QString CTRecord::*, 5> kItems = {&CTRecord::item1, &CTRecord::item2, &CTRecord::item3,
-                                                       &CTRecord::item4, &CTRecord::item5};
+constexpr auto kItems = ItemMembers<CTRecord>(kTimeFields);
 constexpr std::array<Text, 5> kItemColumns = {Text::ColumnItem1, Text::ColumnItem2, Text::ColumnTimeItem3,
                                               Text::ColumnTimeItem4, Text::ColumnItem5};
 

@@ -2,6 +2,7 @@
 
 #include "config/CCfgStore.h"
 #include "entry/CodedText.h"
+#include "fields/FieldId.h"
 #include "lang/FormatText.h"
 #include "records/CVORec.h"
 #include "shell/controls/CItemCombo.h"
@@ -22,7 +23,8 @@ QString SizeSection() {
     return QStringLiteral("CodedTextDialog");
 }
 constexpr QSize kUsualSize{480, 220};
-constexpr int kFirstName = 131;  ///< what the user calls the first item; the others follow
+constexpr int kFirstName =
+    NumberOf(FieldId::ExpenseItem1);  ///< what the user calls the first item; the others follow
 constexpr std::size_t kPayment = 3;
 
 /// What both parts may have together, so that the joined text can be stored.

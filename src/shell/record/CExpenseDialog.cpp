@@ -4,6 +4,7 @@
 #include "config/CCfgStore.h"
 #include "entry/CCatalogueKeeper.h"
 #include "entry/KeepInLists.h"
+#include "fields/FieldId.h"
 #include "lang/LoadText.h"
 #include "shell/controls/CDateEdit.h"
 #include "shell/look/CMnemonics.h"
@@ -25,7 +26,7 @@ QString SizeSection() {
     return QStringLiteral("ExpenseDialog");
 }
 constexpr QSize kUsualSize{560, 420};
-constexpr int kNotesName = 137;
+constexpr int kNotesName = NumberOf(FieldId::ExpenseNotes);
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 #include "shell/record/CExpenseItemsPage.h"
 
 #include "app/ListTable.h"
+#include "fields/FieldId.h"
 #include "lang/LoadText.h"
 #include "records/CERecord.h"
 #include "shell/controls/CItemCombo.h"
@@ -27,10 +28,10 @@ struct ItemRow {
     QString ItemsPage::*entered;
 };
 constexpr ItemRow kItems[] = {
-    {131, ListId::kClient, &CERecord::item1, &ItemsPage::item1},
-    {132, ListId::kProject, &CERecord::item2, &ItemsPage::item2},
-    {133, ListId::kExpenseItem3, &CERecord::item3, &ItemsPage::item3},
-    {134, ListId::kExpenseItem4, &CERecord::item4, &ItemsPage::item4},
+    {NumberOf(FieldId::ExpenseItem1), ListId::kClient, &CERecord::item1, &ItemsPage::item1},
+    {NumberOf(FieldId::ExpenseItem2), ListId::kProject, &CERecord::item2, &ItemsPage::item2},
+    {NumberOf(FieldId::ExpenseItem3), ListId::kExpenseItem3, &CERecord::item3, &ItemsPage::item3},
+    {NumberOf(FieldId::ExpenseItem4), ListId::kExpenseItem4, &CERecord::item4, &ItemsPage::item4},
 };
 
 struct FlagRow {
@@ -40,9 +41,11 @@ struct FlagRow {
     int needs;  ///< the flag that must be on, -1 for none
 };
 constexpr FlagRow kFlags[] = {
-    {138, &CERecord::flag1, &ItemsPage::flag1, -1}, {139, &CERecord::flag2, &ItemsPage::flag2, 0},
-    {141, &CERecord::flag3, &ItemsPage::flag3, -1}, {142, &CERecord::flag4, &ItemsPage::flag4, 2},
-    {140, &CERecord::flag5, &ItemsPage::flag5, -1},
+    {NumberOf(FieldId::Flag1), &CERecord::flag1, &ItemsPage::flag1, -1},
+    {NumberOf(FieldId::Flag2), &CERecord::flag2, &ItemsPage::flag2, 0},
+    {NumberOf(FieldId::Flag3), &CERecord::flag3, &ItemsPage::flag3, -1},
+    {NumberOf(FieldId::Flag4), &CERecord::flag4, &ItemsPage::flag4, 2},
+    {NumberOf(FieldId::Flag5), &CERecord::flag5, &ItemsPage::flag5, -1},
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "app/ListTable.h"
 #include "config/CCfgStore.h"
+#include "fields/FieldId.h"
 #include "lang/FormatText.h"
 #include "records/CERecord.h"
 #include "shell/controls/CDateEdit.h"
@@ -21,8 +22,8 @@ using namespace RecordDialogParts;
 
 namespace {
 
-constexpr int kItem5Name = 135;
-constexpr int kAmountName = 136;
+constexpr int kItem5Name = NumberOf(FieldId::ExpenseItem5);
+constexpr int kAmountName = NumberOf(FieldId::ExpenseAmount);
 constexpr int kUnitColumn = 3;
 
 void ShowNumber(CItemCombo& field, const QString& text) {

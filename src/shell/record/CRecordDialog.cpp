@@ -4,6 +4,7 @@
 #include "entry/CCatalogueKeeper.h"
 #include "entry/KeepInLists.h"
 #include "entry/TimeEntryRules.h"
+#include "fields/FieldId.h"
 #include "lang/LoadText.h"
 #include "shell/controls/CDateEdit.h"
 #include "shell/look/CMnemonics.h"
@@ -26,7 +27,7 @@ QString SizeSection() {
     return QStringLiteral("RecordDialog");
 }
 constexpr QSize kUsualSize{560, 420};
-constexpr int kNotesName = 116;
+constexpr int kNotesName = NumberOf(FieldId::TimeNotes);
 
 }  // namespace
 

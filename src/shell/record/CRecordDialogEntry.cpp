@@ -2,6 +2,7 @@
 
 #include "app/ListTable.h"
 #include "config/CCfgStore.h"
+#include "fields/FieldId.h"
 #include "lang/LoadText.h"
 #include "shell/controls/CItemCombo.h"
 #include "shell/look/CMnemonics.h"
@@ -23,16 +24,16 @@ struct ItemRow {
     QString TimeEntryRules::EntryPage::*entered;
 };
 constexpr ItemRow kItems[] = {
-    {109, ListId::kClient, &CTRecord::item1, &TimeEntryRules::EntryPage::item1},
-    {110, ListId::kProject, &CTRecord::item2, &TimeEntryRules::EntryPage::item2},
-    {111, ListId::kTimeItem3, &CTRecord::item3, &TimeEntryRules::EntryPage::item3},
-    {112, ListId::kTimeItem4, &CTRecord::item4, &TimeEntryRules::EntryPage::item4},
-    {114, ListId::kItem5, &CTRecord::item5, &TimeEntryRules::EntryPage::item5},
+    {NumberOf(FieldId::TimeItem1), ListId::kClient, &CTRecord::item1, &TimeEntryRules::EntryPage::item1},
+    {NumberOf(FieldId::TimeItem2), ListId::kProject, &CTRecord::item2, &TimeEntryRules::EntryPage::item2},
+    {NumberOf(FieldId::TimeItem3), ListId::kTimeItem3, &CTRecord::item3, &TimeEntryRules::EntryPage::item3},
+    {NumberOf(FieldId::TimeItem4), ListId::kTimeItem4, &CTRecord::item4, &TimeEntryRules::EntryPage::item4},
+    {NumberOf(FieldId::TimeItem5), ListId::kItem5, &CTRecord::item5, &TimeEntryRules::EntryPage::item5},
 };
-constexpr int kRateName = 113;
-constexpr int kAmountName = 115;
-constexpr int kBillableName = 117;
-constexpr int kBilledName = 118;
+constexpr int kRateName = NumberOf(FieldId::TimeRate);
+constexpr int kAmountName = NumberOf(FieldId::TimeAmount);
+constexpr int kBillableName = NumberOf(FieldId::Billable);
+constexpr int kBilledName = NumberOf(FieldId::Billed);
 
 }  // namespace
 

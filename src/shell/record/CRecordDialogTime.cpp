@@ -3,6 +3,7 @@
 #include "app/CVelmarchApp.h"
 #include "config/CCfgStore.h"
 #include "entry/TimeEntryRules.h"
+#include "fields/FieldId.h"
 #include "lang/FormatText.h"
 #include "records/CTRecord.h"
 #include "shell/controls/CDateEdit.h"
@@ -39,7 +40,7 @@ struct CRecordDialogTime::SpanRow {
 
 namespace {
 
-constexpr int kAmountName = 115;
+constexpr int kAmountName = NumberOf(FieldId::TimeAmount);
 
 using namespace RecordDialogParts;
 
