@@ -2,47 +2,51 @@
 
 #include "calendar/NumberText.h"
 #include "platform/host/CRegionalInfo.h"
-#include "records/ByteStream.h"
 #include "records/Precisions.h"
-#include "records/RowAccess.h"
+#include "records/StoredMembers.h"
 
 namespace {
 
 using enum Text;
 
-constexpr FieldDef kFields[] = {
-    FieldDef::Int(ColumnMonth),        FieldDef::Int(ColumnDay),           FieldDef::Int(ColumnYear),
-    FieldDef::Str(ColumnItem1),        FieldDef::Str(ColumnItem2),         FieldDef::Str(ColumnExpenseItem3),
-    FieldDef::Int(ColumnIsDistance),   FieldDef::Str(ColumnDistance),      FieldDef::Real(ColumnDistanceRate),
-    FieldDef::Str(ColumnExpenseItem4), FieldDef::Str(ColumnItem5),         FieldDef::Real(ColumnAmount),
-    FieldDef::Int(ColumnBillable),     FieldDef::Int(ColumnBilled),        FieldDef::Int(ColumnFlag3),
-    FieldDef::Int(ColumnFlag4),        FieldDef::Int(ColumnFlag5),         FieldDef::Int(ColumnExported),
-    FieldDef::Long(ColumnNotes),       FieldDef::Str(ColumnOdometerStart), FieldDef::Str(ColumnOdometerEnd),
-    FieldDef::Key(ColumnIdentity),
+using namespace Stored;
+
+/// Stored as its text.
+struct Distance {
+    int place;
+    [[nodiscard]] static constexpr std::array<FieldDef, 1> Defs() { return {FieldDef::Str(ColumnDistance)}; }
+    static void Put(const CERecord& record, RowWriter& out) { out.PutText(record.StoredDistance()); }
+    static void Put(const CERecord& record, ByteStream& out) { out.PutString(record.StoredDistance()); }
+    static void TakeRow(CERecord& record, auto& row) { record.TakeStoredDistance(row.Text()); }
+    static void TakeBytes(CERecord& record, ByteStream& stream, bool ansi) {
+        record.TakeStoredDistance(stream.GetString(ansi));
+    }
+    static void Copy(CERecord& record, const CERecord& other) { record.CopyDistance(other); }
 };
 
-template <class Row>
-void Take(Row& row, CERecord& record) {
-    const int month = row.Int();
-    const int day = row.Int();
-    record.date.Set(month, day, row.Int());
-    record.item1 = row.Text();
-    record.item2 = row.Text();
-    record.item3 = row.Text();
-    record.isDistance = row.Flag();
-    record.TakeStoredDistance(row.Text());
-    record.rate.Set(row.Float());
-    record.item4 = row.Text();
-    record.item5 = row.Text();
-    record.amount.Set(row.Float());
-    for (bool* flag :
-         {&record.flag1, &record.flag2, &record.flag3, &record.flag4, &record.flag5, &record.isExported})
-        *flag = row.Flag();
-    record.notes = row.LongText();
-    record.odometerStart = row.Text();
-    record.odometerEnd = row.Text();
-    record.SetId(row.Key());
-}
+constexpr std::tuple kMembers = {
+    Day<&CERecord::date>{ColumnMonth, ColumnDay, ColumnYear, 1},
+    Item<&CERecord::item1>{ColumnItem1, 2},
+    Item<&CERecord::item2>{ColumnItem2, 3},
+    Item<&CERecord::item3>{ColumnExpenseItem3, 4},
+    Flag<&CERecord::isDistance>{ColumnIsDistance, 7},
+    Distance{8},
+    Money<&CERecord::rate>{ColumnDistanceRate, 9},
+    Item<&CERecord::item4>{ColumnExpenseItem4, 10},
+    Item<&CERecord::item5>{ColumnItem5, 11},
+    Money<&CERecord::amount>{ColumnAmount, 12},
+    Flag<&CERecord::flag1>{ColumnBillable, 13},
+    Flag<&CERecord::flag2>{ColumnBilled, 14},
+    Flag<&CERecord::flag3>{ColumnFlag3, 15},
+    Flag<&CERecord::flag4>{ColumnFlag4, 16},
+    Flag<&CERecord::flag5>{ColumnFlag5, 17},
+    Flag<&CERecord::isExported>{ColumnExported, 18},
+    Stored::LongText<&CERecord::notes>{ColumnNotes, 19},
+    Item<&CERecord::odometerStart>{ColumnOdometerStart, 5},
+    Item<&CERecord::odometerEnd>{ColumnOdometerEnd, 6},
+    Identity{},
+};
+constexpr auto kFields = Stored::FieldDefsOf(kMembers);
 
 }  // namespace
 
@@ -74,36 +78,21 @@ void CERecord::KeepDistanceRead(const QString& text) {
     m_distanceRead = distance.isAsRead ? text : QString();
 }
 
-bool CERecord::IsDistanceReadWhole() const {
-    return !distance.isAsRead || ReadsWhole(TheRegion(), m_distanceRead);
-}
-
-void CERecord::Copy(const CERecord& other) {
-    SetId(other.GetId());
-    date.Copy(other.date);
-    item1 = other.item1;
-    item2 = other.item2;
-    item3 = other.item3;
-    item4 = other.item4;
-    item5 = other.item5;
-    odometerStart = other.odometerStart;
-    odometerEnd = other.odometerEnd;
-    notes = other.notes;
-    isDistance = other.isDistance;
+void CERecord::CopyDistance(const CERecord& other) {
     // Copying the field alone would set it: an expense without distance would be stored with "0.00".
     if (other.distance.isSet)
         distance.Copy(other.distance);
     else
         distance.Reset();
     KeepDistanceRead(other.StoredDistance());
-    rate.Copy(other.rate);
-    amount.Copy(other.amount);
-    flag1 = other.flag1;
-    flag2 = other.flag2;
-    flag3 = other.flag3;
-    flag4 = other.flag4;
-    flag5 = other.flag5;
-    isExported = other.isExported;
+}
+
+bool CERecord::IsDistanceReadWhole() const {
+    return !distance.isAsRead || ReadsWhole(TheRegion(), m_distanceRead);
+}
+
+void CERecord::Copy(const CERecord& other) {
+    Stored::Copy<kMembers>(*this, other);
 }
 
 std::span<const FieldDef> CERecord::GetFieldDefs() const {
@@ -111,77 +100,29 @@ std::span<const FieldDef> CERecord::GetFieldDefs() const {
 }
 
 bool CERecord::WriteFields(CVORecordset& row) const {
-    RowWriter out(row, kFields);
-    out.PutInt(date.month);
-    out.PutInt(date.day);
-    out.PutInt(date.year);
-    out.PutText(item1);
-    out.PutText(item2);
-    out.PutText(item3);
-    out.PutFlag(isDistance);
-    out.PutText(StoredDistance());
-    out.PutFloat(rate.value);
-    out.PutText(item4);
-    out.PutText(item5);
-    out.PutFloat(amount.value);
-    for (const bool flag : {flag1, flag2, flag3, flag4, flag5, isExported}) out.PutFlag(flag);
-    out.PutText(notes);
-    out.PutText(odometerStart);
-    out.PutText(odometerEnd);
-    out.PutText(GetId());
-    return out.AllSet();
+    return Stored::Write<kMembers>(*this, row, kFields);
 }
 
 bool CERecord::Load(const RowTable& rows, std::size_t row) {
     TableRow source(rows, row);
     if (!source.Fits(kFields)) return false;
-    Take(source, *this);
+    Stored::TakeRow<kMembers>(*this, source);
     return true;
 }
 
 bool CERecord::ReadFields(CVORecordset& row) {
     RecordsetRow source(row);
-    Take(source, *this);
+    Stored::TakeRow<kMembers>(*this, source);
     return true;
 }
 
 bool CERecord::ToBytes(QByteArray& out) const {
-    ByteStream stream;
-    stream.PutInt(date.month);
-    stream.PutInt(date.day);
-    stream.PutInt(date.year);
-    for (const QString* text : {&item1, &item2, &item3, &odometerStart, &odometerEnd})
-        stream.PutString(*text);
-    stream.PutByte(isDistance);
-    stream.PutString(StoredDistance());
-    stream.PutFloat(rate.value);
-    stream.PutString(item4);
-    stream.PutString(item5);
-    stream.PutFloat(amount.value);
-    for (const bool flag : {flag1, flag2, flag3, flag4, flag5, isExported}) stream.PutByte(flag);
-    stream.PutString(notes);
-    out = stream.Release();
+    out = Stored::Bytes<kMembers>(*this);
     return true;
 }
 
 bool CERecord::FromBytes(const QByteArray& bytes, bool ansi) {
-    if (bytes.isNull()) return false;
-    ByteStream stream;
-    stream.Attach(bytes);
-    const int month = stream.GetInt();
-    const int day = stream.GetInt();
-    date.Set(month, day, stream.GetInt());
-    for (QString* text : {&item1, &item2, &item3, &odometerStart, &odometerEnd})
-        *text = stream.GetString(ansi);
-    isDistance = stream.GetByte() != 0;
-    TakeStoredDistance(stream.GetString(ansi));
-    rate.Set(stream.GetFloat());
-    item4 = stream.GetString(ansi);
-    item5 = stream.GetString(ansi);
-    amount.Set(stream.GetFloat());
-    for (bool* flag : {&flag1, &flag2, &flag3, &flag4, &flag5, &isExported}) *flag = stream.GetByte() != 0;
-    notes = stream.GetString(ansi);
-    return !stream.IsBroken();
+    return Stored::TakeBytes<kMembers>(*this, bytes, ansi);
 }
 
 std::unique_ptr<CVORec> CERecord::Clone() const {

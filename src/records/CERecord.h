@@ -39,6 +39,8 @@ class CERecord final : public CVORec {
     }
     /// Reads a stored text in this machine's form. One that can't be read leaves the number as it is.
     void TakeStoredDistance(const QString& text);
+    /// The distance of another record, set or not, with the text that was read of it.
+    void CopyDistance(const CERecord& other);
     /// False where the store holds more than this machine reads of it.
     [[nodiscard]] bool IsDistanceReadWhole() const;
 

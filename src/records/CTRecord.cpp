@@ -238,31 +238,6 @@ void CTRecord::RecalcMoney() {
     if (rateIsDerived) rate.Set(Share(enteredAmount, hours));
 }
 
-void CTRecord::Copy(const CTRecord& other) {
-    SetId(other.GetId());
-    date.Copy(other.date);
-    item1 = other.item1;
-    item2 = other.item2;
-    item3 = other.item3;
-    item4 = other.item4;
-    item5 = other.item5;
-    amount.Copy(other.amount);
-    rate.Copy(other.rate);
-    isBillable = other.isBillable;
-    isBilled = other.isBilled;
-    isExported = other.isExported;
-    notes = other.notes;
-    amountIsDerived = other.amountIsDerived;
-    rateIsDerived = other.rateIsDerived;
-    spans.Copy(other.spans);
-    startHour = other.startHour;
-    startMinute = other.startMinute;
-    startIsPm = other.startIsPm;
-    endHour = other.endHour;
-    endMinute = other.endMinute;
-    endIsPm = other.endIsPm;
-}
-
 std::unique_ptr<CVORec> CTRecord::Clone() const {
     auto copy = std::make_unique<CTRecord>();
     copy->Copy(*this);
