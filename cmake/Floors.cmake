@@ -26,7 +26,6 @@ function(velmarch_precompiled name)
     file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp.new "// Nothing but its precompiled headers.\n")
     file(COPY_FILE ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp.new ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp ONLY_IF_DIFFERENT)
     add_library(${name} OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
-    set_target_properties(${name} PROPERTIES AUTOMOC OFF)
     target_link_libraries(${name} PRIVATE velmarch_flags ${PRECOMPILED_LINKS})
     target_precompile_headers(${name} PRIVATE ${PRECOMPILED_HEADERS})
 endfunction()
@@ -43,15 +42,33 @@ if(VELMARCH_TESTS)
     velmarch_precompiled(velmarch_pch_widget_tests LINKS Qt6::Widgets Qt6::Svg velmarch_test_flags HEADERS <QtWidgets> <QtTest>)
 endif()
 
-# velmarch_floor(NAME LINKS target...): the static library of the current folder with its rooms, alias Velmarch::NAME.
+# The objects of Qt that a target has: moc makes their code. It would read all headers of Qt with each file, a second apiece, to
+# find macros that nothing here uses; called without the folders of headers it takes some milliseconds and writes the same.
+set(velmarch_moc ${CMAKE_BINARY_DIR}/moc)
+get_target_property(velmarch_real_moc Qt6::moc IMPORTED_LOCATION)
+if(NOT velmarch_real_moc)
+    get_target_property(velmarch_real_moc Qt6::moc IMPORTED_LOCATION_NONE)
+endif()
+configure_file(${PROJECT_SOURCE_DIR}/cmake/moc.in ${velmarch_moc} @ONLY
+               FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CMAKE_AUTOMOC_COMPILER_PREDEFINES OFF)
+function(velmarch_has_objects target)
+    set_target_properties(${target} PROPERTIES AUTOMOC ON AUTOMOC_EXECUTABLE ${velmarch_moc})
+endfunction()
+
+# velmarch_floor(NAME [OBJECTS] LINKS target...): the static library of the current folder with its rooms, alias
+# Velmarch::NAME. OBJECTS: there are classes with Q_OBJECT in it.
 function(velmarch_floor name)
-    cmake_parse_arguments(FLOOR "" "" "LINKS" ${ARGN})
+    cmake_parse_arguments(FLOOR "OBJECTS" "" "LINKS" ${ARGN})
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
          ${CMAKE_CURRENT_SOURCE_DIR}/*.qrc)
     list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
     add_library(velmarch_${name} STATIC ${sources})
     add_library(Velmarch::${name} ALIAS velmarch_${name})
     set_target_properties(velmarch_${name} PROPERTIES LINKER_LANGUAGE CXX)
+    if(FLOOR_OBJECTS)
+        velmarch_has_objects(velmarch_${name})
+    endif()
     target_link_libraries(velmarch_${name} PUBLIC velmarch_flags ${FLOOR_LINKS})
     if(Qt6::Widgets IN_LIST FLOOR_LINKS)
         target_precompile_headers(velmarch_${name} REUSE_FROM velmarch_pch_widgets)
@@ -67,6 +84,7 @@ function(velmarch_tests name)
     file(GLOB_RECURSE tests CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/Test*.cpp)
     set(program tests_${name})
     add_executable(${program} ${tests} ${PROJECT_SOURCE_DIR}/tests/support/main.cpp)
+    velmarch_has_objects(${program})
     target_link_libraries(${program} PRIVATE ${TESTS_LINKS} Velmarch::test_support velmarch_test_flags)
     target_compile_definitions(${program} PRIVATE
         TEST_SOURCE_DIR="${CMAKE_CURRENT_SOURCE_DIR}" TEST_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
