@@ -118,6 +118,7 @@ void TestDateTimeArithmetic::Times_data() {
     row("minutes back into the hour before", kSubtractMinutes, "11:45 AM", 46, "10:59 AM");
     row("exactly an hour back", kSubtractMinutes, "11:45 AM", 60, "10:45 AM");
     row("90 minutes back", kSubtractMinutes, "11:45 AM", 90, "10:15 AM");
+    row("90 minutes back from half past", kSubtractMinutes, "11:30 AM", 90, "10:00 AM");
     row("110 minutes back borrow an hour", kSubtractMinutes, "11:45 AM", 110, "9:55 AM");
     row("minutes back past midnight", kSubtractMinutes, "12:10 AM", 20, "11:50 PM");
     row("minutes back past noon", kSubtractMinutes, "12:10 PM", 20, "11:50 AM");
