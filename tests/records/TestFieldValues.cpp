@@ -13,6 +13,8 @@ class TestFieldValues : public QObject {
     void initTestCase() { QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR))); }
     void DecimalSet_data();
     void DecimalSet();
+    void TypedMoneyStays_data();
+    void TypedMoneyStays();
     void DecimalFollowsTheRegion();
     void DecimalCopy();
     void DateSet_data();
@@ -69,6 +71,38 @@ void TestFieldValues::DecimalSet() {
     QTEST(field.value, "value");
     QTEST(field.text, "text");
     QVERIFY(field.isSet);
+}
+
+void TestFieldValues::TypedMoneyStays_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("precision");
+    const auto row = [](const QString& typed) {
+        const auto places = static_cast<int>(typed.contains(u'.') ? typed.section(u'.', 1).size() : 0);
+        QTest::newRow(qPrintable(typed)) << typed << places;
+    };
+    for (const char* typed :
+         {"10000000", "9999999", "999999.9", "65536.02", "100000.00", "99999.99", "9999.999", "4194.324",
+          "999.9999", "512.0004", "99.99999", "64.00002", "9.000000", "4.194321"})
+        row(QString::fromLatin1(typed));
+}
+
+/// What single precision can hold is shown as it was typed, and stays so however often it is copied and
+/// edited.
+void TestFieldValues::TypedMoneyStays() {
+    QFETCH(QString, typed);
+    QFETCH(int, precision);
+    DecimalField field;
+    field.precision = precision;
+    field.Set(typed.toFloat());
+    QCOMPARE(field.text, typed);
+    for (int time = 0; time < 5; ++time) {
+        DecimalField copy;
+        copy.precision = precision;
+        copy.Copy(field);
+        field.Set(copy.text.toFloat());
+        QCOMPARE(field.text, typed);
+        QCOMPARE(copy.value, field.value);
+    }
 }
 
 void TestFieldValues::DecimalFollowsTheRegion() {

@@ -22,6 +22,7 @@ class TestExpenseSelections : public QObject {
     void New();
     void NewFromAnother();
     void ADay();
+    void ALargeAmountIsFound();
 
  private:
     [[nodiscard]] Reply Expense(const QStringList& words) const {
@@ -138,6 +139,14 @@ void TestExpenseSelections::ADay() {
     // 24.00 + 18.90 + 24.60
     QCOMPARE(list[u"sums"].toArray(), (QJsonArray{QJsonObject{{u"key"_s, u"EUR"_s}, {u"amount"_s, 67.5}}}));
     QCOMPARE(Expense(Words(u"list --day 2026-11-19 --flag2 no"_s)).Object()[u"count"].toInt(), 1);
+}
+
+/// Two places of 100,000 are more than single precision can shift.
+void TestExpenseSelections::ALargeAmountIsFound() {
+    const QString id = m_home->AddExpense(Words(u"--date 2026-11-19 --amount 100000"_s));
+    QCOMPARE(m_home->Run({u"expense"_s, u"edit"_s, id, u"--notes"_s, u"paid"_s}).exit, 0);
+    QCOMPARE(m_home->ShowExpense(id)[u"amount"].toDouble(), 100000.0);
+    QCOMPARE(Expense(Words(u"list --amount =100000"_s)).Object()[u"count"].toInt(), 1);
 }
 
 TEST_CLASS(TestExpenseSelections);
