@@ -218,7 +218,7 @@ void CMainFrame::RebuildList() {
     m_context.hub.NotifyViews(Hint::SelectionChanged, {});
 }
 
-/// The list is rebuilt for many reasons; whoever looks at it shouldn't lose the place.
+/// The list is rebuilt for many reasons, and the user shouldn't lose the place.
 void CMainFrame::RememberPlace() {
     if (m_model->rowCount() == 0) return;
     m_keptSelection = m_view->SelectedCount() <= kKeptSelection ? m_view->SelectedIds() : QStringList();
@@ -255,7 +255,7 @@ void CMainFrame::ShowListOrNote() {
     const bool showsList = m_model->rowCount() > 0;
     if (!showsList) m_note->Show(reason, document.CurrentFilter().displayName);
     QWidget* wanted = showsList ? static_cast<QWidget*>(m_view) : m_note;
-    m_pane->setFocusProxy(wanted);  // for whoever brings the keyboard to the pane
+    m_pane->setFocusProxy(wanted);  // for all that bring the keyboard to the pane
     if (m_pane->currentWidget() == wanted) return;
     const bool treeHasFocus = m_tree->hasFocus();
     m_pane->setCurrentWidget(wanted);

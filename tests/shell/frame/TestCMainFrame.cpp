@@ -517,6 +517,12 @@ class TestCMainFrame final : public QObject {
         window.frame->RunCommand(32861);
         QCOMPARE(seen, u"Client A"_s);
         QCOMPARE(window.Rows(), 2);
+        // A node goes on being selected while the tree is hidden.
+        window.frame->RunCommand(32771);
+        QVERIFY(tree->isHidden());
+        QVERIFY(window.Offers(32861) && window.Offers(32862) && window.Offers(32863));
+        window.frame->RunCommand(32861);
+        QCOMPARE(window.Rows(), 3);
     }
 
     void everythingHasAName() {
