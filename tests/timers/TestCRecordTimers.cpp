@@ -1,6 +1,7 @@
 #include "timers/CRecordTimers.h"
 
 #include "TimerHome.h"
+#include "app/CChangeJournal.h"
 #include "support/TestProgram.h"
 
 #include <QTest>
@@ -23,6 +24,7 @@ class TestCRecordTimers : public QObject {
     void PauseWritesNothingIntoTheRecord();
     void StopAllAndPauseAll_data();
     void StopAllAndPauseAll();
+    void StoppingAllHoldsOffRefreshes();
     void NewTimerAction_data();
     void NewTimerAction();
     void StartStopsItsOwnTimerFirst();
@@ -247,6 +249,27 @@ void TestCRecordTimers::StopAllAndPauseAll() {
     QCOMPARE(home.StoredCountOf(second), secondCount);
     QCOMPARE(home.TimesOf(first), firstTimes);
     QCOMPARE(home.TimerHints(), hints);
+}
+
+/// Each stop may bring up a message, and what another program changed meanwhile is shown after the last one.
+void TestCRecordTimers::StoppingAllHoldsOffRefreshes() {
+    class Journal final : public CChangeJournal {
+     public:
+        explicit Journal(const CVelmarchDoc& document) : m_document(document) {}
+        void NoteChange(const RecordChange&) override { changing.append(m_document.IsBeingChanged()); }
+        void NoteEnd(CommitEnd) override {}
+        QList<bool> changing;
+
+     private:
+        const CVelmarchDoc& m_document;
+    };
+    TimerHome home;
+    for (const int day : {18, 19}) QVERIFY(home.timers->StartRecordTimer(home.AddTime(2026, 11, day)));
+    Journal journal(*home.document);
+    home.document->SetJournal(&journal);
+    QVERIFY(home.timers->StopAllTimers());
+    QCOMPARE(journal.changing, (QList<bool>{true, true}));
+    QVERIFY(!home.document->IsBeingChanged());
 }
 
 void TestCRecordTimers::NewTimerAction_data() {

@@ -106,7 +106,10 @@ void CFrameRecords::MarkSelected(int mark) {
 }
 
 void CFrameRecords::ApplyTimers(int action) {
-    ApplyToSelection(m_context.view.SelectedIds(), static_cast<TimerAction>(action), m_context.timers);
+    {
+        const CVelmarchDoc::ChangeScope changing(m_context.document);
+        ApplyToSelection(m_context.view.SelectedIds(), static_cast<TimerAction>(action), m_context.timers);
+    }
     // What can't be stored was told; the views show again what is.
     if (m_context.document.Store().m_lastError != 0) m_context.control.Refresh();
 }
