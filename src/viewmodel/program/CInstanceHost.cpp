@@ -56,8 +56,12 @@ void CInstanceHost::NoteChange(const OutsideChange& change) {
     if (!m_delay.isActive()) m_delay.start();
 }
 
+bool CInstanceHost::IsBusy() const {
+    return m_context.isBusy() || m_context.document.IsBeingChanged();
+}
+
 void CInstanceHost::ShowChanges() {
-    if (m_context.isBusy()) return m_delay.start();
+    if (IsBusy()) return m_delay.start();
     const QStringList times = std::exchange(m_changedTimes, {});
     const QStringList expenses = std::exchange(m_changedExpenses, {});
     const bool lists = std::exchange(m_listsChanged, false);
@@ -72,7 +76,7 @@ void CInstanceHost::ShowChanges() {
 }
 
 InstanceReply CInstanceHost::RunTimer(const QJsonObject& arguments) {
-    if (m_context.isBusy()) return Refused(Text::WindowIsBusy);
+    if (IsBusy()) return Refused(Text::WindowIsBusy);
     // A record that the console added a moment ago is known before its timer is started.
     if (m_delay.isActive()) {
         m_delay.stop();

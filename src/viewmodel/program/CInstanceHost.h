@@ -25,7 +25,7 @@ class CInstanceHost final : public QObject {
         std::function<void()> refresh;  ///< reads everything again
         std::function<void()> raise;
         std::function<void()> leave;
-        std::function<bool()> isBusy;             ///< records are being read or changed
+        std::function<bool()> isBusy;             ///< records are being read
         std::function<bool()> hasDialog;          ///< something waits for the user's answer
         std::function<void()> refreshLists = {};  ///< reads the pick lists again; empty: everything
     };
@@ -40,6 +40,7 @@ class CInstanceHost final : public QObject {
  private:
     void NoteChange(const OutsideChange& change);
     void ShowChanges();
+    [[nodiscard]] bool IsBusy() const;
     [[nodiscard]] InstanceReply RunTimer(const QJsonObject& arguments);
     [[nodiscard]] InstanceReply RunSetting(const QJsonObject& arguments);
     [[nodiscard]] InstanceReply Leave();

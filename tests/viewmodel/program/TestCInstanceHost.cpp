@@ -142,6 +142,26 @@ class TestCInstanceHost final : public QObject {
         QTRY_COMPARE(fixture.refreshed, 1);
     }
 
+    /// Records are being changed, and a message or the progress lets what waits come in between: it is shown
+    /// afterwards, once.
+    void waitsWhileRecordsAreChanged() {
+        Fixture fixture;
+        const QString added = fixture.AddOutside();
+        {
+            const CVelmarchDoc::ChangeScope changing(*fixture.home.document);
+            (void)fixture.host.Handle({InstanceCommand::SyncEnd, fixture.Changed({added})});
+            QVERIFY(fixture.host.Handle(
+                {InstanceCommand::Setting, {{u"name"_s, u"spanDisplayFormat"_s}, {u"value"_s, 1}}}));
+            QTest::qWait(200);
+            QCOMPARE(fixture.refreshed, 0);
+            QVERIFY(!fixture.home.document->FindTime(added));
+            const InstanceReply answer =
+                fixture.host.Handle({InstanceCommand::Timer, {{u"action"_s, u"status"_s}}});
+            QCOMPARE(answer.reason, ReplyReason::WindowOwns);
+        }
+        QTRY_COMPARE(fixture.refreshed, 1);
+    }
+
     void runsATimerCommand() {
         Fixture fixture;
         const InstanceReply answer =
