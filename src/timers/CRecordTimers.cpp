@@ -21,7 +21,7 @@ const QString kEntry = QStringLiteral("Content");
 }  // namespace
 
 CRecordTimers::CRecordTimers(ActiveTimerSet& timers, CVelmarchDoc& document, CCfgStore& settings)
-    : m_timers(timers), m_document(document), m_settings(settings) {}
+    : m_timers(timers), m_document(document), m_settings(settings), m_drafts(settings.Profile()) {}
 
 const CTRecord* CRecordTimers::Fetch(const QString& recordId) {
     return static_cast<const CTRecord*>(m_document.FetchRecord(RecordKind::Time, recordId));
@@ -239,5 +239,41 @@ bool CRecordTimers::Drop(const QString& recordId) {
 }
 
 void CRecordTimers::Keep(const QString& recordId) {
-    if (m_awaited.remove(recordId)) StoreTimers();
+    if (!m_awaited.remove(recordId)) return;
+    StoreTimers();
+    DiscardDraft(recordId);
+}
+
+// --- A new record that isn't stored yet
+
+bool CRecordTimers::PersistDraft(const CTRecord& draft) {
+    const QString id = draft.GetId();
+    return !IsAwaited(id) || m_drafts.Persist(draft, m_timers.Find(id), m_timers.Clock());
+}
+
+void CRecordTimers::PersistDraftAtExit(const CTRecord& draft) {
+    if (m_settings.timerOnExit != Action::kNothing) m_timers.Pause(draft.GetId());
+    static_cast<void>(PersistDraft(draft));  // there is nobody left to be told
+}
+
+/// A draft that can't be taken away is offered once more, which does no harm.
+void CRecordTimers::DiscardDraft(const QString& recordId) {
+    static_cast<void>(m_drafts.Discard(recordId));
+}
+
+std::optional<StoredDraft> CRecordTimers::TakeOverDraft() {
+    auto draft = m_drafts.Read(m_timers.Clock());
+    if (!draft) return {};
+    if (draft->timer) draft->timer->UpdateElapsed(m_timers.Clock());
+    const QString id = draft->record.GetId();
+    if (!Fetch(id)) return draft;
+    if (draft->timer && m_timers.StateOf(id) == TimerState::None) m_timers.Put(*draft->timer);
+    StoreTimers();
+    DiscardDraft(id);
+    return {};
+}
+
+void CRecordTimers::AwaitAgain(const StoredDraft& draft) {
+    m_awaited.insert(draft.record.GetId());
+    if (draft.timer) m_timers.Put(*draft.timer);
 }

@@ -3,6 +3,7 @@
 #include "app/CTimerService.h"
 #include "app/Hints.h"
 #include "timers/ActiveTimerSet.h"
+#include "timers/CDraftStore.h"
 
 #include <QByteArray>
 #include <QSet>
@@ -54,6 +55,24 @@ class CRecordTimers final : public CTimerService {
     /// when it could not be written.
     bool StoreTimers();
 
+    // A new record with a timer, while its dialog is open. The record isn't stored yet, and so is no timer of
+    // it: both are persisted as a draft, until Keep.
+
+    /// Whether the record waits to be stored and has, or had, a timer.
+    [[nodiscard]] bool IsAwaited(const QString& recordId) const { return m_awaited.contains(recordId); }
+    /// Persists the draft of an awaited record with its timer as it stands; false when it could not be.
+    [[nodiscard]] bool PersistDraft(const CTRecord& draft);
+    /// The same at the end of the window, with its dialog open: the timer pauses, if the timerOnExit action
+    /// says anything but to let it run. There is no record into which it could be stopped.
+    void PersistDraftAtExit(const CTRecord& draft);
+    /// The user has cancelled, or doesn't want it back.
+    void DiscardDraft(const QString& recordId);
+    /// What an earlier run has left, its timer folded to now. A draft whose record was stored after all is
+    /// none: its timer is taken into the set.
+    [[nodiscard]] std::optional<StoredDraft> TakeOverDraft();
+    /// The record of a draft is being entered again: its timer is in the set from here on.
+    void AwaitAgain(const StoredDraft& draft);
+
     [[nodiscard]] ActiveTimerSet& Set() { return m_timers; }
 
     [[nodiscard]] TimerState StateOf(const QString& recordId) const override {
@@ -83,4 +102,5 @@ class CRecordTimers final : public CTimerService {
     /// Timers of records that the store doesn't have yet; they are saved once it has.
     QSet<QString> m_awaited;
     std::optional<QByteArray> m_stored;  ///< what this process last read or wrote
+    CDraftStore m_drafts;
 };

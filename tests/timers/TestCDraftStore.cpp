@@ -1,0 +1,148 @@
+#include "timers/CDraftStore.h"
+
+#include "support/TestProgram.h"
+#include "timers/TimerHome.h"
+
+#include <QTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+/// A new record with a timer that isn't stored yet, over the end of the program.
+class TestCDraftStore : public QObject {
+    Q_OBJECT
+
+ private:
+    /// A new record, its timer started in its dialog.
+    static CTRecord Started(TimerHome& home) {
+        CTRecord record;
+        record.GenUnique();
+        record.date.Set(11, 19, 2026);
+        record.item1 = u"Acme"_s;
+        record.notes = u"one\ntwo"_s;
+        home.timers->StartDraftTimer(record);
+        return record;
+    }
+
+ private Q_SLOTS:
+    void ADraftOutlivesAKilledProgram() {
+        QTemporaryDir folder;
+        QString id;
+        {
+            TimerHome home(folder.path());
+            home.settings->KeepStoreUntouched();
+            const CTRecord record = Started(home);
+            id = record.GetId();
+            QVERIFY(home.timers->PersistDraft(record));
+        }
+        TimerHome next(folder.path());
+        next.timers->RestoreTimers();
+        QCOMPARE(next.CountOf(id), u"none"_s);
+        next.clock.Advance(1800);
+        const auto draft = next.timers->TakeOverDraft();
+        QVERIFY(draft);
+        QCOMPARE(draft->record.GetId(), id);
+        QCOMPARE(draft->record.item1 + u'/' + draft->record.notes, u"Acme/one\ntwo"_s);
+        QCOMPARE(draft->record.date.longText, u"11/19/2026"_s);
+        next.timers->AwaitAgain(*draft);
+        QCOMPARE(next.CountOf(id), u"00:30:00 running"_s);
+        QVERIFY(next.timers->IsAwaited(id));
+    }
+
+    void ATimerThatWasStoppedInTheDialog() {
+        TimerHome home;
+        CTRecord record = Started(home);
+        QVERIFY(home.timers->Set().Stop(record.GetId()));
+        record.SetDuration(1, 15, true);
+        QVERIFY(home.timers->PersistDraft(record));
+        const auto draft = home.timers->TakeOverDraft();
+        QVERIFY(draft && !draft->timer);
+        QCOMPARE(draft->record.spans.duration.clockText, u"1:15"_s);
+    }
+
+    void AtTheEndOfTheWindow_data() {
+        QTest::addColumn<int>("timerOnExit");
+        QTest::addColumn<QString>("count");
+        QTest::newRow("it runs on") << 0 << u"01:00:00 running"_s;
+        QTest::newRow("it pauses") << 1 << u"00:10:00 paused"_s;
+        QTest::newRow("there is no record to stop it into: it pauses") << 2 << u"00:10:00 paused"_s;
+    }
+    void AtTheEndOfTheWindow() {
+        QFETCH(int, timerOnExit);
+        TimerHome home;
+        home.settings->timerOnExit = timerOnExit;
+        const CTRecord record = Started(home);
+        home.clock.Advance(600);
+        home.timers->PersistDraftAtExit(record);
+        home.timers->Drop(record.GetId());
+        home.clock.Advance(3000);
+        const auto draft = home.timers->TakeOverDraft();
+        QVERIFY(draft);
+        home.timers->AwaitAgain(*draft);
+        QTEST(home.CountOf(record.GetId()), "count");
+    }
+
+    void OnceTheRecordIsStoredThereIsNoDraft() {
+        TimerHome home;
+        const CTRecord record = Started(home);
+        QVERIFY(home.timers->PersistDraft(record));
+        QVERIFY(home.document->AddRecord(record, true, false, false, nullptr));
+        home.timers->Keep(record.GetId());
+        QVERIFY(!home.timers->IsAwaited(record.GetId()));
+        QVERIFY(!home.timers->TakeOverDraft());
+        QCOMPARE(home.StoredCountOf(record.GetId()), u"00:00:00 running"_s);
+    }
+
+    /// Killed after the record was stored and before its timer was: the timer is taken over.
+    void ADraftWhoseRecordWasStored() {
+        QTemporaryDir folder;
+        QString id;
+        {
+            TimerHome home(folder.path());
+            home.settings->KeepStoreUntouched();
+            const CTRecord record = Started(home);
+            id = record.GetId();
+            QVERIFY(home.timers->PersistDraft(record));
+            QVERIFY(home.document->AddRecord(record, true, false, false, nullptr));
+        }
+        TimerHome next(folder.path());
+        next.timers->RestoreTimers();
+        next.clock.Advance(60);
+        QVERIFY(!next.timers->TakeOverDraft());
+        QCOMPARE(next.StoredCountOf(id), u"00:01:00 running"_s);
+    }
+
+    void ADiscardedDraftIsGone() {
+        TimerHome home;
+        const CTRecord record = Started(home);
+        QVERIFY(home.timers->PersistDraft(record));
+        home.timers->DiscardDraft(u"another"_s);
+        QVERIFY(home.timers->TakeOverDraft());
+        home.timers->DiscardDraft(record.GetId());
+        QVERIFY(!home.timers->TakeOverDraft());
+    }
+
+    void OnlyANewRecordWithATimerHasADraft() {
+        TimerHome home;
+        CTRecord untimed;
+        untimed.GenUnique();
+        QVERIFY(home.timers->PersistDraft(untimed));
+        QVERIFY(!home.timers->TakeOverDraft());
+        const QString stored = home.AddTime(2026, 11, 19);
+        QVERIFY(home.timers->StartRecordTimer(stored));
+        QVERIFY(home.timers->PersistDraft(*home.document->FindTime(stored)));
+        QVERIFY(!home.timers->TakeOverDraft());
+    }
+
+    void WhatCantBeReadIsNoDraft() {
+        TimerHome home;
+        CDraftStore drafts(*home.profile);
+        const CTRecord record = Started(home);
+        QVERIFY(drafts.Persist(record, nullptr, home.clock));
+        QVERIFY(drafts.Read(home.clock));
+        QVERIFY(home.profile->WriteText(u"OpenDraft"_s, u"Identity"_s, u"nobody"_s));
+        QVERIFY(!drafts.Read(home.clock));
+    }
+};
+
+TEST_CLASS(TestCDraftStore);
+#include "TestCDraftStore.moc"
