@@ -103,6 +103,7 @@ bool CPickEdit::TryPickKeys(const QKeyEvent& event) {
 
 void CPickEdit::ShowText(const QString& text) {
     m_isTouched = false;
+    m_isStepped = false;
     m_isReadable = true;
     m_shownText = text;
     // An equal text isn't set again, which would lose the cursor and what is selected.
@@ -113,13 +114,22 @@ void CPickEdit::ShowText(const QString& text) {
     MarkUnreadable(*this, false, {});
 }
 
-void CPickEdit::EnterText(const QString& text) {
-    {
-        const QScopedValueRollback showing(m_isShowing, true);
-        setText(text);
-    }
+void CPickEdit::PutText(const QString& text) {
+    const QScopedValueRollback showing(m_isShowing, true);
+    setText(text);
     selectAll();
+}
+
+void CPickEdit::EnterText(const QString& text) {
+    PutText(text);
     Reread();
+}
+
+void CPickEdit::EnterStep(const QString& text) {
+    PutText(text);
+    m_isTouched = m_isStepped = m_isReadable = true;
+    MarkUnreadable(*this, false, {});
+    Q_EMIT Entered();
 }
 
 /// Typed, or put in by a screen reader, which asks no key handler whether the field is locked.
@@ -132,6 +142,7 @@ void CPickEdit::TakeText() {
 
 void CPickEdit::Reread() {
     m_isTouched = true;
+    m_isStepped = false;
     m_isReadable = ReadText();
     MarkUnreadable(*this, !m_isReadable, m_isReadable ? QString() : WhyUnreadable());
     Q_EMIT Entered();

@@ -5,7 +5,7 @@
 class QToolButton;
 
 /// A field for a value that is typed in any of its forms, stepped with Up, Down, Page Up and Page Down, or
-/// picked from a popup (Alt+Down, F4, or its button). Its heirs say what the value is.
+/// picked from a popup (Alt+Down, F4, or its button). A subclass says what the value is.
 class CPickEdit : public QLineEdit {
     Q_OBJECT
 
@@ -17,6 +17,8 @@ class CPickEdit : public QLineEdit {
     [[nodiscard]] bool IsReadable() const { return m_isReadable; }
     /// Whether the user entered something since the value was last shown.
     [[nodiscard]] bool IsTouched() const { return m_isTouched; }
+    /// Whether the value was reached by stepping on from the one last shown.
+    [[nodiscard]] bool IsStepped() const { return m_isStepped; }
     /// Whether the text is still, or again, the one last shown.
     [[nodiscard]] bool HasShownText() const { return text() == m_shownText; }
     /// The user can't enter anything, for this reason; an empty one ends it.
@@ -48,10 +50,13 @@ class CPickEdit : public QLineEdit {
 
     /// Shows a value that was set from outside.
     void ShowText(const QString& text);
-    /// Shows a value that the user stepped or picked, and announces it.
+    /// Shows a value that the user picked, reads it, and announces it.
     void EnterText(const QString& text);
+    /// Shows a value to which the user stepped, and announces it. Its text need not be one that can be typed.
+    void EnterStep(const QString& text);
 
  private:
+    void PutText(const QString& text);
     void Reread();
     void TakeText();
     [[nodiscard]] bool TryPickKeys(const QKeyEvent& event);
@@ -61,5 +66,6 @@ class CPickEdit : public QLineEdit {
     QString m_shownText;
     bool m_isReadable = true;
     bool m_isTouched = false;
+    bool m_isStepped = false;
     bool m_isShowing = false;  ///< the text is being set from here
 };

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr int kMostMinutes = 24 * 60 - 1;
+constexpr int kMostStored = 32767 * 60 + 59;
 
 QString TextOf(const EnteredSpan& span) {
     return FormatText<Text::SpanClock>(span.hours, span.minutes);
@@ -43,27 +44,31 @@ bool CSpanEdit::ReadText() {
     return read != Typed::Unreadable;
 }
 
-void CSpanEdit::EnterMinutes(int minutes) {
-    const int within = std::clamp(minutes, 0, kMostMinutes);
-    EnterText(TextOf({within / 60, within % 60}));
+/// From a length under a day on it stays under a day; a longer one, which can't be typed, can be stepped all
+/// the same.
+void CSpanEdit::StepTo(int minutes, int from) {
+    const int within = std::clamp(minutes, 0, from > kMostMinutes ? kMostStored : kMostMinutes);
+    m_span = EnteredSpan{within / 60, within % 60};
+    EnterStep(TextOf(*m_span));
 }
 
-/// To the next multiple of the step, between nothing and a day; a large step is an hour.
+/// To the next multiple of the step; a large step is an hour.
 void CSpanEdit::StepBy(int steps, bool isLarge) {
     const int now = m_span ? m_span->hours * 60 + m_span->minutes : 0;
     if (isLarge) {
-        EnterMinutes(now + 60 * steps);
+        StepTo(now + 60 * steps, now);
         return;
     }
     const int over = now % 60 % m_step;
     const bool isDownToMultiple = steps < 0 && over > 0;
-    EnterMinutes(isDownToMultiple ? now - over : now - over + steps * m_step);
+    StepTo(isDownToMultiple ? now - over : now - over + steps * m_step, now);
 }
 
 QWidget* CSpanEdit::MakePopup() {
     auto* popup = new CSpanPopup(m_entry, m_step, m_span, this);
     popup->setWindowTitle(accessibleName());
     connect(popup, &CPickPopup::Accepted, this, [this, popup] {
+        if (!popup->IsTouched()) return;
         const auto span = popup->Span();
         EnterText(span ? TextOf(*span) : QString());
     });

@@ -29,7 +29,7 @@ class CSpanEdit final : public CPickEdit {
     [[nodiscard]] QWidget* MakePopup() override;
 
  private:
-    void EnterMinutes(int minutes);
+    void StepTo(int minutes, int from);
 
     CRegionalInfo m_region;
     CTRecord& m_entry;

@@ -17,6 +17,8 @@ class CSpanPopup final : public CPickPopup {
     CSpanPopup(CTRecord& entry, int step, const std::optional<EnteredSpan>& span, QWidget* parent);
 
     [[nodiscard]] std::optional<EnteredSpan> Span() const { return m_pad.Span(); }
+    /// False while the pad holds what it opened with.
+    [[nodiscard]] bool IsTouched() const { return m_pad.IsTouched(); }
 
  protected:
     PadState Press(int id) override { return m_pad.Press(id); }

@@ -44,20 +44,39 @@ SpanPad::SpanPad(CTRecord& entry, int step)
 /// The lists start at nothing whatever the fields hold.
 void SpanPad::Open(int hours, int minutes) {
     m_entry.Reset();
-    m_hour = static_cast<int>(m_hourTexts.indexOf(LoadText(Text::SpanHoursNone)));
-    m_minute = static_cast<int>(m_minuteTexts.indexOf(LoadText(Text::SpanMinutesNone)));
-    m_typedHours = FieldText(hours);
-    m_typedMinutes = FieldText(minutes);
+    const auto line = [](const QStringList& texts, Text none) {
+        return static_cast<int>(texts.indexOf(LoadText(none)));
+    };
+    m_hours = {line(m_hourTexts, Text::SpanHoursNone), FieldText(hours), hours, false};
+    m_minutes = {line(m_minuteTexts, Text::SpanMinutesNone), FieldText(minutes), minutes, false};
+    m_isCleared = false;
+}
+
+void SpanPad::Choose(Part& part, int line, int value) {
+    part.line = line;
+    part.isTouched = true;
+    if (line != kNothingChosen) part.typed = FormatText<Text::PlainInteger>(value);
+}
+
+void SpanPad::Type(Part& part, const QString& text) {
+    part.typed = text;
+    part.isTouched = true;
 }
 
 void SpanPad::ChooseHour(int line) {
-    m_hour = line;
-    if (line != kNothingChosen) m_typedHours = FormatText<Text::PlainInteger>(line);
+    Choose(m_hours, line, line);
 }
 
 void SpanPad::ChooseMinute(int line) {
-    m_minute = line;
-    if (line != kNothingChosen) m_typedMinutes = FormatText<Text::PlainInteger>(line * m_step);
+    Choose(m_minutes, line, line * m_step);
+}
+
+void SpanPad::TypeHours(const QString& text) {
+    Type(m_hours, text);
+}
+
+void SpanPad::TypeMinutes(const QString& text) {
+    Type(m_minutes, text);
 }
 
 PadState SpanPad::Press(int id) {
@@ -66,6 +85,7 @@ PadState SpanPad::Press(int id) {
             Accept();
             return PadState::Accepted;
         case kClear:
+            m_isCleared = true;
             m_entry.spans.duration.Reset();
             m_entry.spans.Recompute();
             return PadState::Accepted;
@@ -76,16 +96,22 @@ PadState SpanPad::Press(int id) {
     }
 }
 
+/// A part that nobody touched is what it was; beside one that is entered, a part that wasn't set is 0.
+bool SpanPad::Read(const Part& part, int greatest, int& out) {
+    if (part.isTouched) return ScanPart(part.typed, greatest, out);
+    out = part.opened < 0 ? 0 : part.opened;
+    return true;
+}
+
 /// What is typed counts if both fields can be read: 1 and 30 are 1:30. Otherwise both fields are left and the
 /// lists count: 25 hours give what the lists say, and a list without a choice gives no length of time at all.
 void SpanPad::Accept() {
-    int hours = 0;
-    int minutes = 0;
-    const bool areHoursTyped = ScanPart(m_typedHours, kHours - 1, hours);
-    const bool areMinutesTyped = ScanPart(m_typedMinutes, kMinutes - 1, minutes);
-    if (!areHoursTyped || !areMinutesTyped) {
-        hours = m_hour == kNothingChosen ? -1 : m_hour;
-        minutes = m_minute == kNothingChosen ? -1 : m_minute * m_step;
+    int hours = m_hours.opened;
+    int minutes = m_minutes.opened;
+    const bool isTouched = m_hours.isTouched || m_minutes.isTouched;
+    if (isTouched && (!Read(m_hours, kHours - 1, hours) || !Read(m_minutes, kMinutes - 1, minutes))) {
+        hours = m_hours.line == kNothingChosen ? -1 : m_hours.line;
+        minutes = m_minutes.line == kNothingChosen ? -1 : m_minutes.line * m_step;
     }
     m_entry.SetDuration(hours, minutes, true);
 }

@@ -27,16 +27,19 @@ class SpanPad {
     void Open(int hours, int minutes);
     [[nodiscard]] const QStringList& HourTexts() const { return m_hourTexts; }
     [[nodiscard]] const QStringList& MinuteTexts() const { return m_minuteTexts; }
-    [[nodiscard]] int ChosenHour() const { return m_hour; }
-    [[nodiscard]] int ChosenMinute() const { return m_minute; }
-    [[nodiscard]] const QString& TypedHours() const { return m_typedHours; }
-    [[nodiscard]] const QString& TypedMinutes() const { return m_typedMinutes; }
+    [[nodiscard]] int ChosenHour() const { return m_hours.line; }
+    [[nodiscard]] int ChosenMinute() const { return m_minutes.line; }
+    [[nodiscard]] const QString& TypedHours() const { return m_hours.typed; }
+    [[nodiscard]] const QString& TypedMinutes() const { return m_minutes.typed; }
 
     /// A line of a list, which also goes into the field beside it; or nothing chosen.
     void ChooseHour(int line);
     void ChooseMinute(int line);
-    void TypeHours(const QString& text) { m_typedHours = text; }
-    void TypeMinutes(const QString& text) { m_typedMinutes = text; }
+    void TypeHours(const QString& text);
+    void TypeMinutes(const QString& text);
+    /// Whether anything was chosen, typed or cleared: accepted without it, the pad gives back what it opened
+    /// with, a day and more too.
+    [[nodiscard]] bool IsTouched() const { return m_hours.isTouched || m_minutes.isTouched || m_isCleared; }
 
     /// Other numbers do nothing.
     PadState Press(int id);
@@ -44,12 +47,22 @@ class SpanPad {
     [[nodiscard]] std::optional<EnteredSpan> Span() const;
 
  private:
+    /// Hours or minutes: the line of the list, the text of the field, and what both stand for while nobody
+    /// touches them.
+    struct Part {
+        int line = 0;
+        QString typed;
+        int opened = -1;  ///< -1: not set
+        bool isTouched = false;
+    };
+    static void Choose(Part& part, int line, int value);
+    static void Type(Part& part, const QString& text);
+    [[nodiscard]] static bool Read(const Part& part, int greatest, int& out);
     void Accept();
 
     CTRecord& m_entry;
     int m_step;
     QStringList m_hourTexts, m_minuteTexts;
-    int m_hour = 0;  ///< lines of the lists
-    int m_minute = 0;
-    QString m_typedHours, m_typedMinutes;
+    Part m_hours, m_minutes;
+    bool m_isCleared = false;
 };

@@ -99,6 +99,8 @@ class TestCSpanEdit : public QObject {
         QTest::newRow("down from between two steps") << 15 << 1 << 7 << int(Qt::Key_Down) << "1h 0m";
         QTest::newRow("down stops at nothing") << 5 << 0 << 0 << int(Qt::Key_Down) << "0h 0m";
         QTest::newRow("up stops below a day") << 5 << 23 << 55 << int(Qt::Key_Up) << "23h 59m";
+        QTest::newRow("30 hours down") << 5 << 30 << 0 << int(Qt::Key_Down) << "29h 55m";
+        QTest::newRow("30 hours up") << 5 << 30 << 0 << int(Qt::Key_Up) << "30h 5m";
         QTest::newRow("page up is an hour") << 5 << 1 << 7 << int(Qt::Key_PageUp) << "2h 7m";
     }
     void Step() {
@@ -191,6 +193,24 @@ class TestCSpanEdit : public QObject {
         QTest::keyClick(minuteField, Qt::Key(key));
         QTEST(Shown(edit), "expected");
         QVERIFY(!popup->isVisible());
+    }
+
+    void AnUntouchedPopupEntersNothing_data() {
+        QTest::addColumn<int>("hours");
+        QTest::newRow("a length") << 7;
+        QTest::newRow("more than a day") << 30;
+        QTest::newRow("none") << -1;
+    }
+    void AnUntouchedPopupEntersNothing() {
+        QFETCH(int, hours);
+        CSpanEdit edit({}, m_entry, 15);
+        if (hours >= 0) edit.SetSpan(EnteredSpan{hours, 45});
+        const QString before = Shown(edit);
+        edit.show();
+        CPickPopup* popup = Popup(edit);
+        QTest::mouseClick(Find<QPushButton>(*popup, "takeButton"), Qt::LeftButton);
+        QCOMPARE(Shown(edit), before);
+        QVERIFY(!edit.IsTouched());
     }
 
     void ClearInThePopup() {

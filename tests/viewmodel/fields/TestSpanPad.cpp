@@ -129,13 +129,51 @@ class TestSpanPad : public QObject {
         QTest::addColumn<int>("minutes");
         QTest::addColumn<QString>("expected");
         QTest::newRow("a length stays") << 7 << 45 << "7:45";
-        QTest::newRow("30 hours can't be typed, so the lists count") << 30 << 15 << "0:00";
+        QTest::newRow("so do 30 hours, which can't be typed") << 30 << 15 << "30:15";
+        QTest::newRow("no length stays none") << -1 << -1 << "none";
     }
     void AcceptUntouched() {
         QFETCH(int, hours);
         QFETCH(int, minutes);
         SpanPad pad(m_entry, 5);
         pad.Open(hours, minutes);
+        QVERIFY(!pad.IsTouched());
+        pad.Press(1);
+        QTEST(Shown(pad), "expected");
+    }
+
+    void APartThatNobodyTouchedStays_data() {
+        QTest::addColumn<int>("hours");
+        QTest::addColumn<int>("minutes");
+        QTest::addColumn<QString>("typedHours");  // a dash: not touched
+        QTest::addColumn<QString>("typedMinutes");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("only minutes, without a length before") << -1 << -1 << "-"
+                                                               << "30"
+                                                               << "0:30";
+        QTest::newRow("only hours, without a length before") << -1 << -1 << "2"
+                                                             << "-"
+                                                             << "2:00";
+        QTest::newRow("only minutes over 30 hours") << 30 << 0 << "-"
+                                                    << "20"
+                                                    << "30:20";
+        QTest::newRow("only hours") << 7 << 45 << "3"
+                                    << "-"
+                                    << "3:45";
+        QTest::newRow("minutes that are none") << 7 << 45 << "-"
+                                               << "60"
+                                               << "0:00";
+    }
+    void APartThatNobodyTouchedStays() {
+        QFETCH(int, hours);
+        QFETCH(int, minutes);
+        QFETCH(QString, typedHours);
+        QFETCH(QString, typedMinutes);
+        SpanPad pad(m_entry, 5);
+        pad.Open(hours, minutes);
+        if (typedHours != QStringLiteral("-")) pad.TypeHours(typedHours);
+        if (typedMinutes != QStringLiteral("-")) pad.TypeMinutes(typedMinutes);
+        QVERIFY(pad.IsTouched());
         pad.Press(1);
         QTEST(Shown(pad), "expected");
     }
