@@ -77,6 +77,10 @@ QString DecimalSeparatorOf(const QLocale& locale) {
     return locale.decimalPoint();
 }
 
+QString GroupSeparatorOf(const QLocale& locale) {
+    return locale.groupSeparator();
+}
+
 struct LocaleRow {
     LocaleType type;
     const char* category;
@@ -89,6 +93,7 @@ constexpr LocaleRow kLocaleRows[] = {
     {LocaleType::DateOrder, "LC_TIME", DateOrderOf},
     {LocaleType::DateSeparator, "LC_TIME", DateSeparatorOf},
     {LocaleType::Measure, "LC_MEASUREMENT", MeasureOf},
+    {LocaleType::GroupSeparator, "LC_NUMERIC", GroupSeparatorOf},
 };
 
 /// First character of a locale's answer, 0 when there is none.
@@ -136,6 +141,7 @@ CRegionalInfo ReadRegionalInfo(const CLocaleSource& source) {
     if (const char16_t sign = FirstVisibleOf(source, LocaleType::DateSeparator)) region.dateSeparator = sign;
     region.fractionDigits = FractionDigits(source);
     region.isMetric = FirstOf(source, LocaleType::Measure) == u'0';
+    if (const char16_t sign = FirstOf(source, LocaleType::GroupSeparator)) region.groupChar = sign;
     return region;
 }
 

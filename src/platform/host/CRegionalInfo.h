@@ -4,7 +4,15 @@
 #include <optional>
 
 /// What a locale can be asked for.
-enum class LocaleType { DecimalSeparator, TimeFormat, DateOrder, DateSeparator, FractionDigits, Measure };
+enum class LocaleType {
+    DecimalSeparator,
+    TimeFormat,
+    DateOrder,
+    DateSeparator,
+    FractionDigits,
+    Measure,
+    GroupSeparator
+};
 
 /// Answers questions about the user's regional settings, each as a short text; nothing where it can't be
 /// read. TimeFormat "1" is 24 hours, "0" 12 hours. DateOrder "0" month-day-year, "1" day-month-year, "2"
@@ -31,6 +39,7 @@ struct CRegionalInfo {
     char16_t dateSeparator = u'/';  ///< first visible character of the date separator
     int fractionDigits = 2;         ///< 0 to 6
     bool isMetric = false;
+    char16_t groupChar = u',';  ///< first character of what parts groups of digits: 1,234,567
 
     bool operator==(const CRegionalInfo&) const = default;
 };

@@ -80,6 +80,9 @@ void TestCRegionalInfo::read_data() {
     row("more than six become six", FractionDigits, u"7"_qs, [](auto& r) { r.fractionDigits = 6; });
     row("fewer than none become two", FractionDigits, u"-1"_qs, same);
     row("fraction digits that are no number", FractionDigits, u"many"_qs, same);
+    row("a narrow blank between groups", GroupSeparator, u"\u202f"_qs,
+        [](auto& r) { r.groupChar = u'\u202f'; });
+    row("no sign between groups", GroupSeparator, QString(), same);
     row("metric", Measure, u"0"_qs, [](auto& r) { r.isMetric = true; });
     row("not metric", Measure, u"1"_qs, same);
 }
