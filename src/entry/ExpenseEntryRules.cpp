@@ -4,8 +4,10 @@
 #include "calendar/NumberText.h"
 #include "calendar/ScanText.h"
 #include "config/Settings.h"
-#include "entry/KeepInLists.h"
+#include "entry/NewListItems.h"
+#include "entry/NumberFinding.h"
 #include "entry/TypedFields.h"
+#include "entry/TypedNumber.h"
 #include "lang/FormatText.h"
 #include "records/CERecord.h"
 #include "records/Precisions.h"
@@ -17,20 +19,18 @@ constexpr int kNoReading = -1;
 
 float NumberOf(const QString& text) {
     float value = 0.0F;
-    (void)ParseFloat(TheRegion(), text, value);
+    (void)ReadTypedFloat(text, value);
     return value;
 }
 
 double ReadingOf(const QString& text) {
-    double value = 0.0;
-    (void)ParseDouble(TheRegion(), text, value);
-    return value;
+    return ReadTypedNumber(text, TheRegion()).value;
 }
 
-/// What can't be read leaves the field as it is.
+/// What can't be read, and the text that the field has already, leaves the field as it is.
 void PutReadable(DecimalField& field, const QString& text) {
     float value = 0.0F;
-    if (ParseFloat(TheRegion(), text, value)) field.Set(value);
+    if (text != field.text && ReadTypedFloat(text, value)) field.Set(value);
 }
 
 /// Computed in single precision; whatever isn't above 0 is 0, a negative zero too.
@@ -42,15 +42,15 @@ void PutDistanceAmount(DecimalField& amount, const QString& distance, const QStr
 using ExpenseEntryRules::ItemsPage;
 using ExpenseEntryRules::MoneyPage;
 
-/// Typed texts and their lists, in the order of their keeping.
-constexpr KeepRow<MoneyPage> kTypedMoney[] = {
+/// Typed texts and their lists, in the order in which the lists take them.
+constexpr ListItemRow<MoneyPage> kTypedMoney[] = {
     {&Settings::keepDistance, ListId::kDistance, &MoneyPage::distance},
     {&Settings::keepDistanceRate, ListId::kDistanceRate, &MoneyPage::rate},
     {&Settings::keepExpenseList135, ListId::kItem5, &MoneyPage::item5},
 };
-constexpr KeepRow<MoneyPage> kTypedAmount = {&Settings::keepExpenseList136, ListId::kAmount,
-                                             &MoneyPage::amount};
-constexpr KeepRow<ItemsPage> kTypedItems[] = {
+constexpr ListItemRow<MoneyPage> kTypedAmount = {&Settings::keepExpenseList136, ListId::kAmount,
+                                                 &MoneyPage::amount};
+constexpr ListItemRow<ItemsPage> kTypedItems[] = {
     {&Settings::keepExpenseList131, ListId::kClient, &ItemsPage::item1},
     {&Settings::keepExpenseList132, ListId::kProject, &ItemsPage::item2},
     {&Settings::keepExpenseList133, ListId::kExpenseItem3, &ItemsPage::item3},
@@ -77,17 +77,17 @@ void TakeDistance(CERecord& record, const QString& distance, const QString& rate
     PutTyped(record.rate, rate);
 }
 
-void AcceptMoneyPage(CERecord& record, const MoneyPage& page, const KeepInLists& keep) {
+void AcceptMoneyPage(CERecord& record, const MoneyPage& page, const NewListItems& lists) {
     record.date.Set(page.month, page.day, page.year);
     record.isDistance = page.isDistance;
     if (page.isDistance) TakeDistance(record, page.distance, page.rate);
     record.item5 = CutItem(page.item5);
     PutTyped(record.amount, page.amount);
-    for (const KeepRow<MoneyPage>& row : kTypedMoney) keep.Keep(row, page);
-    if (!page.isDistance) keep.Keep(kTypedAmount, page);
+    for (const ListItemRow<MoneyPage>& row : kTypedMoney) lists.Add(row, page);
+    if (!page.isDistance) lists.Add(kTypedAmount, page);
 }
 
-void AcceptItemsPage(CERecord& record, const ItemsPage& page, const KeepInLists& keep) {
+void AcceptItemsPage(CERecord& record, const ItemsPage& page, const NewListItems& lists) {
     record.item1 = CutItem(page.item1);
     record.item2 = CutItem(page.item2);
     record.item3 = CutItem(page.item3);
@@ -97,7 +97,7 @@ void AcceptItemsPage(CERecord& record, const ItemsPage& page, const KeepInLists&
     record.flag3 = page.flag3;
     record.flag4 = page.flag3 && page.flag4;
     record.flag5 = page.flag5;
-    for (const KeepRow<ItemsPage>& row : kTypedItems) keep.Keep(row, page);
+    for (const ListItemRow<ItemsPage>& row : kTypedItems) lists.Add(row, page);
 }
 
 Odometer OpenOdometer(const CERecord& record, const Settings& settings) {
@@ -122,13 +122,30 @@ void DistanceChosen(Odometer& odometer, const QString& distance) {
     odometer.end.clear();
 }
 
+DraftFindings FindIn(const Odometer& odometer) {
+    struct Row {
+        DraftField field;
+        QString Odometer::*text;
+    };
+    static constexpr Row kRows[] = {
+        {DraftField::OdometerStart, &Odometer::start},
+        {DraftField::OdometerEnd, &Odometer::end},
+        {DraftField::Distance, &Odometer::distance},
+        {DraftField::Rate, &Odometer::rate},
+    };
+    DraftFindings findings;
+    for (const Row& row : kRows)
+        if (const auto found = FindUnreadable(row.field, odometer.*row.text)) findings.push_back(*found);
+    return findings;
+}
+
 void AcceptOdometer(CERecord& record, const Odometer& odometer, Settings& settings) {
     if (!odometer.end.isEmpty()) {
         settings.odometerLastEnd = kNoReading;
-        (void)ScanText(LoadText(Text::PlainInteger), odometer.end, {&settings.odometerLastEnd});
+        (void)ScanText(LoadText(Text::PlainInteger), PlainNumber(odometer.end), {&settings.odometerLastEnd});
     }
-    record.odometerStart = CutItem(odometer.start);
-    record.odometerEnd = CutItem(odometer.end);
+    record.odometerStart = CutItem(PlainNumber(odometer.start));
+    record.odometerEnd = CutItem(PlainNumber(odometer.end));
     PutReadable(record.rate, odometer.rate);
     if (odometer.distance != record.distance.text) PutReadable(record.distance, odometer.distance);
     PutDistanceAmount(record.amount, record.distance.text, record.GetRateText());

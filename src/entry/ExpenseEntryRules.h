@@ -1,9 +1,11 @@
 #pragma once
 
+#include "entry/DraftFinding.h"
+
 #include <QString>
 
 class CERecord;
-class KeepInLists;
+class NewListItems;
 struct Settings;
 
 /// The rules by which entered values become part of an expense.
@@ -27,18 +29,18 @@ struct MoneyPage {
 };
 /// Takes the page over. Without isDistance the record keeps the distance and rate that it had: turned off by
 /// mistake, they are still there. Numbers are taken as typed, negative ones too: -20.00 is money that came
-/// back. Only -1.00 can't be told from no amount. What was typed is kept in the pick lists, the amount of a
-/// distance entry, which was computed, isn't.
-void AcceptMoneyPage(CERecord& record, const MoneyPage& page, const KeepInLists& keep);
+/// back. Only -1.00 can't be told from no amount. What was typed goes into the pick lists, the amount of a
+/// distance entry, which was computed, doesn't.
+void AcceptMoneyPage(CERecord& record, const MoneyPage& page, const NewListItems& lists);
 
 /// The second page.
 struct ItemsPage {
     QString item1, item2, item3, item4;
     bool flag1 = false, flag2 = false, flag3 = false, flag4 = false, flag5 = false;
 };
-/// flag2 needs flag1, flag4 needs flag3: where the first is off, the second is cleared. The items are kept in
-/// the pick lists.
-void AcceptItemsPage(CERecord& record, const ItemsPage& page, const KeepInLists& keep);
+/// flag2 needs flag1, flag4 needs flag3: where the first is off, the second is cleared. The items go
+/// into the pick lists.
+void AcceptItemsPage(CERecord& record, const ItemsPage& page, const NewListItems& lists);
 
 /// The odometer dialog: readings as typed, and the distance that follows from them.
 struct Odometer {
@@ -52,6 +54,8 @@ struct Odometer {
 void ReadingsChanged(Odometer& odometer);
 /// After a distance was typed or picked: such a distance has no readings.
 void DistanceChosen(Odometer& odometer, const QString& distance);
+/// What can't be read as a number, in the order of the fields.
+[[nodiscard]] DraftFindings FindIn(const Odometer& odometer);
 /// Takes readings, rate and distance over, computes the amount, and notes the end for the next suggestion: a
 /// reading of 12345.6 suggests 12345, one that is no number nothing. A rate or distance that can't be read
 /// leaves the record's.

@@ -4,8 +4,9 @@
 #include "app/ListTable.h"
 #include "calendar/NumberText.h"
 #include "config/Settings.h"
-#include "entry/KeepInLists.h"
+#include "entry/NewListItems.h"
 #include "entry/TypedFields.h"
+#include "entry/TypedNumber.h"
 #include "lang/LoadText.h"
 #include "platform/host/CPrompt.h"
 #include "records/CTRecord.h"
@@ -24,8 +25,9 @@ void ReleaseDuration(CTRecord& record, bool hasOtherTime, const Settings& settin
         record.spans.duration.Reset();
 }
 
-EnteredSpan Accumulated(const EnteredSpan& entered, const SpanField& former, const Settings& settings) {
-    if (!settings.accumulateOnReentry || !former.IsSet()) return entered;
+EnteredSpan Accumulated(const EnteredSpan& entered, const SpanField& former, const Settings& settings,
+                        SpanSource source) {
+    if (source == SpanSource::Stepped || !settings.accumulateOnReentry || !former.IsSet()) return entered;
     return {entered.hours + former.hours, entered.minutes + former.minutes};
 }
 
@@ -41,15 +43,15 @@ void PutDuration(CTRecord& record, const EnteredSpan& span, const Settings& sett
     record.SetDuration(span.hours, span.minutes, !isStartKept);
 }
 
-/// A typed value into its field as it is; a text that is no number, or a negative one, leaves "no value".
+/// As PutTyped; a negative number leaves "no value".
 void PutTypedMoney(DecimalField& field, const QString& text) {
     PutTyped(field, text);
     if (field.value < 0.0F) field.SetNone();
 }
 
-/// A typed text and its list, in the order of their keeping.
+/// A typed text and its list, in the order in which the lists take them.
 struct TypedRow {
-    KeepRow<TimeEntryRules::EntryPage> keep;
+    ListItemRow<TimeEntryRules::EntryPage> item;
     bool CTRecord::*isComputed;  ///< null: only ever typed
 };
 using Page = TimeEntryRules::EntryPage;
@@ -98,19 +100,20 @@ void EnterEnd(CTRecord& record, const std::optional<DateTimeVal>& time, const Se
 }
 
 void EnterDuration(CTRecord& record, const std::optional<EnteredSpan>& span, const Settings& settings,
-                   bool fromTimer) {
+                   SpanSource source) {
     if (!span) {
         record.spans.duration.Reset();
         record.spans.Recompute();  // the times stay, and so does the money
         return;
     }
-    if (fromTimer) return PutDuration(record, *span, settings);
-    PutDuration(record, Rounded(Accumulated(*span, record.spans.duration, settings), settings), settings);
+    const EnteredSpan taken = Accumulated(*span, record.spans.duration, settings, source);
+    PutDuration(record, Rounded(taken, settings), settings);
 }
 
-void EnterBreak(CTRecord& record, const std::optional<EnteredSpan>& span, const Settings& settings) {
+void EnterBreak(CTRecord& record, const std::optional<EnteredSpan>& span, const Settings& settings,
+                SpanSource source) {
     if (!span) return record.SetBreak(-1, -1);
-    const EnteredSpan taken = Rounded(Accumulated(*span, record.spans.breakTime, settings), settings);
+    const EnteredSpan taken = Rounded(Accumulated(*span, record.spans.breakTime, settings, source), settings);
     record.SetBreak(taken.hours, taken.minutes);
 }
 
@@ -121,19 +124,19 @@ void SetFromTimer(CTRecord& record, int hours, int minutes, bool fromTimer, cons
 
 bool EnterRate(CTRecord& record, const QString& text) {
     float value = 0.0F;
-    if (!record.isBillable || !ParseFloat(TheRegion(), text, value)) return false;
+    if (!record.isBillable || !ReadTypedFloat(text, value)) return false;
     record.SetRate(value);  // its result tells of the amount, not of the rate
     return true;
 }
 
 bool EnterAmount(CTRecord& record, const QString& text) {
     float value = 0.0F;
-    if (!record.isBillable || !ParseFloat(TheRegion(), text, value)) return false;
+    if (!record.isBillable || !ReadTypedFloat(text, value)) return false;
     record.SetAmount(value);
     return true;
 }
 
-void AcceptEntryPage(CTRecord& record, const EntryPage& page, const KeepInLists& keep) {
+void AcceptEntryPage(CTRecord& record, const EntryPage& page, const NewListItems& lists) {
     record.item1 = CutItem(page.item1);
     record.item2 = CutItem(page.item2);
     record.item3 = CutItem(page.item3);
@@ -143,7 +146,7 @@ void AcceptEntryPage(CTRecord& record, const EntryPage& page, const KeepInLists&
     PutTypedMoney(record.amount, page.amount);
     // Before the flags: a record that is no longer billable forgets what was computed.
     for (const TypedRow& row : kTyped)
-        if (!row.isComputed || !(record.*row.isComputed)) keep.Keep(row.keep, page);
+        if (!row.isComputed || !(record.*row.isComputed)) lists.Add(row.item, page);
     record.SetBillable(page.isBillable);
     record.isBilled = page.isBillable && page.isBilled;
 }

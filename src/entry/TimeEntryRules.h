@@ -8,7 +8,7 @@
 class CPrompt;
 class CTRecord;
 class CTimerService;
-class KeepInLists;
+class NewListItems;
 struct Settings;
 
 /// Hours and minutes as entered, both from 0.
@@ -16,6 +16,10 @@ struct EnteredSpan {
     int hours = 0;
     int minutes = 0;
 };
+
+/// How a length of time was entered: as a value of its own, which may be added to the former one, or by
+/// stepping on from the former one, which never is.
+enum class SpanSource { Entered, Stepped };
 
 /// The rules by which an entered value becomes part of a time record; each decides which setter of the record
 /// to call and what is rounded first. Nothing entered (nullopt) clears the field.
@@ -32,15 +36,15 @@ void EnterStart(CTRecord& record, const std::optional<DateTimeVal>& time, const 
 void EnterEnd(CTRecord& record, const std::optional<DateTimeVal>& time, const Settings& settings);
 /// 08:00 to 10:00 and a duration of 3:00: the end becomes 11:00; without lockStartOnDurationEdit the start
 /// becomes 07:00. With accumulateOnReentry the former duration is added first: 1:50 and 0:20 are 2:10.
-/// fromTimer: the live count of a timer, neither added up nor rounded.
 void EnterDuration(CTRecord& record, const std::optional<EnteredSpan>& span, const Settings& settings,
-                   bool fromTimer = false);
+                   SpanSource source = SpanSource::Entered);
 /// As a duration is entered, with the rounding of durations; no time moves.
-void EnterBreak(CTRecord& record, const std::optional<EnteredSpan>& span, const Settings& settings);
+void EnterBreak(CTRecord& record, const std::optional<EnteredSpan>& span, const Settings& settings,
+                SpanSource source = SpanSource::Entered);
 /// The count of the record's timer as its duration: live ones (fromTimer) as they are, the last one, at a
 /// stop, rounded as entered durations are. Nothing is added up: the count holds the former duration already.
 void SetFromTimer(CTRecord& record, int hours, int minutes, bool fromTimer, const Settings& settings);
-/// False, and nothing changes, for a text that can't be read as a number or a record that isn't billable.
+/// False, and nothing changes, for a text that isn't a number as a whole or a record that isn't billable.
 bool EnterRate(CTRecord& record, const QString& text);
 bool EnterAmount(CTRecord& record, const QString& text);
 
@@ -52,7 +56,7 @@ struct EntryPage {
     bool isBilled = false;
 };
 /// Takes the page over; rate and amount as typed, without recalculation. Items are cut to 255 characters.
-/// What was typed is kept in the pick lists; a rate or an amount that was computed never is.
-void AcceptEntryPage(CTRecord& record, const EntryPage& page, const KeepInLists& keep);
+/// What was typed goes into the pick lists; a rate or an amount that was computed never does.
+void AcceptEntryPage(CTRecord& record, const EntryPage& page, const NewListItems& lists);
 
 }  // namespace TimeEntryRules

@@ -1,6 +1,7 @@
 #include "entry/TypedFields.h"
 
 #include "calendar/NumberText.h"
+#include "entry/TypedNumber.h"
 #include "records/CVORec.h"
 #include "records/FieldValues.h"
 
@@ -10,9 +11,15 @@ QString CutItem(const QString& text) {
     return cut;
 }
 
+bool ReadTypedFloat(const QString& text, float& out) {
+    const TypedNumber typed = ReadTypedNumber(text, TheRegion());
+    return typed.IsValue() && ParseFloat(TheRegion(), typed.plain, out);
+}
+
 void PutTyped(DecimalField& field, const QString& text) {
+    if (!text.isEmpty() && text == field.MoneyText()) return;
     float value = 0.0F;
-    if (ParseFloat(TheRegion(), text, value))
+    if (ReadTypedFloat(text, value))
         field.Set(value);
     else
         field.SetNone();

@@ -10,5 +10,8 @@ struct DecimalField;
 /// in half.
 [[nodiscard]] QString CutItem(const QString& text);
 
-/// The typed number into its field; a text that is no number leaves none.
+/// The typed number in single precision, as fields hold it; false, and out as it was, for any other text.
+[[nodiscard]] bool ReadTypedFloat(const QString& text, float& out);
+/// The typed number into its field; a text that is no number leaves none. The text that the field has already
+/// leaves it as it stands, with all that it holds beyond its text.
 void PutTyped(DecimalField& field, const QString& text);

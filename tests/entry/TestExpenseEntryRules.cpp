@@ -1,7 +1,7 @@
 #include "entry/ExpenseEntryRules.h"
 
 #include "config/Settings.h"
-#include "entry/KeepInLists.h"
+#include "entry/NewListItems.h"
 #include "lang/LoadText.h"
 #include "platform/host/CRegionalInfo.h"
 #include "records/CERecord.h"
@@ -74,8 +74,9 @@ void TestExpenseEntryRules::DistanceAmount_data() {
     QTest::newRow("rounded half up: 3 * 0.335 is 1.005") << u"3"_s << u"0.335"_s << u"."_s << u"1.01"_s;
     QTest::newRow("with decimal comma") << u"12,5"_s << u"0,42"_s << u","_s << u"5,25"_s;
     QTest::newRow("a full stop is read under a comma too") << u"12.5"_s << u"0.42"_s << u","_s << u"5,25"_s;
-    QTest::newRow("under a full stop the number ends at the comma")
-        << u"12,5"_s << u"2"_s << u"."_s << u"24.00"_s;
+    QTest::newRow("under a full stop a comma between other than groups of digits is no number")
+        << u"12,5"_s << u"2"_s << u"."_s << u"0.00"_s;
+    QTest::newRow("digits in groups") << u"1,250"_s << u"2"_s << u"."_s << u"2500.00"_s;
 }
 
 void TestExpenseEntryRules::DistanceAmount() {
@@ -126,7 +127,7 @@ void TestExpenseEntryRules::MoneyPage() {
     page.distance = distance;
     page.rate = rate;
     page.amount = amount;
-    AcceptMoneyPage(record, page, KeepInLists());
+    AcceptMoneyPage(record, page, NewListItems());
     QCOMPARE(record.isDistance, isDistance);
     QTEST(Money(record), "money");
     QCOMPARE(record.distance.isSet, !record.distance.text.isEmpty());
@@ -157,11 +158,11 @@ void TestExpenseEntryRules::MoneyPageTakesDateAndItem() {
     page.day = 29;
     page.year = 2028;
     page.item5 = QString(254, u'x') + u"\U0001F600"_s;
-    AcceptMoneyPage(record, page, KeepInLists());
+    AcceptMoneyPage(record, page, NewListItems());
     QCOMPARE(record.date.longText, u"02/29/2028"_s);
     QCOMPARE(record.item5, QString(254, u'x'));
     page.month = page.day = page.year = 0;
-    AcceptMoneyPage(record, page, KeepInLists());
+    AcceptMoneyPage(record, page, NewListItems());
     QVERIFY(!record.date.IsSet());
 }
 
@@ -189,7 +190,7 @@ void TestExpenseEntryRules::ItemsPage() {
     for (const bool before : {false, true}) {
         CERecord record;
         record.flag1 = record.flag2 = record.flag3 = record.flag4 = record.flag5 = before;
-        AcceptItemsPage(record, page, KeepInLists());
+        AcceptItemsPage(record, page, NewListItems());
         QString flags;
         const bool after[] = {record.flag1, record.flag2, record.flag3, record.flag4, record.flag5};
         for (int i = 0; i < 5; ++i)
@@ -206,7 +207,7 @@ void TestExpenseEntryRules::ItemsPageTakesItems() {
     page.item2 = u"O'Brien 100%"_s;
     page.item3 = QString(256, u'ä');
     page.item4 = u"CA: Cash \U0001F600"_s;
-    AcceptItemsPage(record, page, KeepInLists());
+    AcceptItemsPage(record, page, NewListItems());
     QCOMPARE(record.item1, page.item1);
     QCOMPARE(record.item2, page.item2);
     QCOMPARE(record.item3, QString(255, u'ä'));

@@ -2,7 +2,7 @@
 
 #include "app/CTimerService.h"
 #include "config/Settings.h"
-#include "entry/KeepInLists.h"
+#include "entry/NewListItems.h"
 #include "lang/LoadText.h"
 #include "platform/host/CRegionalInfo.h"
 #include "records/CTRecord.h"
@@ -212,12 +212,12 @@ void TestTimeEntryRules::Duration_data() {
     QTest::addColumn<bool>("isStartLocked");
     QTest::addColumn<bool>("accumulate");
     QTest::addColumn<int>("roundMinutes");
-    QTest::addColumn<bool>("fromTimer");
+    QTest::addColumn<bool>("isStepped");
     QTest::addColumn<QString>("after");
     const auto row = [](const char* situation, const char* before, const char* entered, bool locked,
-                        bool accumulate, int minutes, bool fromTimer, const char* after) {
+                        bool accumulate, int minutes, bool isStepped, const char* after) {
         QTest::newRow(situation) << QString::fromLatin1(before) << QString::fromLatin1(entered) << locked
-                                 << accumulate << minutes << fromTimer << QString::fromLatin1(after);
+                                 << accumulate << minutes << isStepped << QString::fromLatin1(after);
     };
     row("a start only, start locked", "8:00 - -", "1:30", true, false, 0, false, "8:00 9:30 1:30");
     row("a start only, start not locked", "8:00 - -", "1:30", false, false, 0, false, "8:00 9:30 1:30");
@@ -236,8 +236,8 @@ void TestTimeEntryRules::Duration_data() {
     row("accumulated, then rounded", "- - 1:50", "0:20", true, true, 15, false, "- - 2:15");
     row("accumulation without a former duration", "- - -", "0:20", true, true, 0, false, "- - 0:20");
     row("rounded up", "8:00 - -", "0:31", true, false, 15, false, "8:00 8:45 0:45");
-    row("from a timer: neither added up nor rounded", "8:00 8:10 0:10", "0:31", true, true, 15, true,
-        "8:00 8:31 0:31");
+    row("stepped: rounded, but not added up", "8:00 8:10 0:10", "0:31", true, true, 15, true,
+        "8:00 8:45 0:45");
 }
 
 void TestTimeEntryRules::Duration() {
@@ -246,7 +246,7 @@ void TestTimeEntryRules::Duration() {
     QFETCH(bool, isStartLocked);
     QFETCH(bool, accumulate);
     QFETCH(int, roundMinutes);
-    QFETCH(bool, fromTimer);
+    QFETCH(bool, isStepped);
     QFETCH(QString, after);
     Settings settings;
     settings.lockStartOnDurationEdit = isStartLocked;
@@ -254,7 +254,7 @@ void TestTimeEntryRules::Duration() {
     settings.roundDurationType = 16;
     settings.roundDurationMinutes = roundMinutes;
     CTRecord record = Record(before);
-    EnterDuration(record, Span(entered), settings, fromTimer);
+    EnterDuration(record, Span(entered), settings, isStepped ? SpanSource::Stepped : SpanSource::Entered);
     QCOMPARE(Shown(record), after);
 }
 
@@ -424,7 +424,7 @@ void TestTimeEntryRules::AcceptPage() {
     page.amount = amountText;
     page.isBillable = isBillable;
     page.isBilled = isBilled;
-    AcceptEntryPage(record, page, KeepInLists());
+    AcceptEntryPage(record, page, NewListItems());
     QCOMPARE(record.item1, page.item1);
     QCOMPARE(record.item2, page.item2);
     QCOMPARE(record.item3, page.item3);
@@ -443,7 +443,7 @@ void TestTimeEntryRules::AcceptCutsItems() {
     page.item1 = QString(255, u'ä');
     page.item2 = QString(256, u'ä');
     page.item3 = QString(254, u'x') + QStringLiteral("\U0001F600");
-    AcceptEntryPage(record, page, KeepInLists());
+    AcceptEntryPage(record, page, NewListItems());
     QCOMPARE(record.item1, QString(255, u'ä'));
     QCOMPARE(record.item2, QString(255, u'ä'));
     QCOMPARE(record.item3, QString(254, u'x'));

@@ -2,6 +2,7 @@
 
 #include "calendar/CalendarMath.h"
 #include "calendar/ScanText.h"
+#include "entry/TypedNumber.h"
 #include "lang/LoadText.h"
 #include "records/CVOId.h"
 
@@ -92,21 +93,13 @@ std::optional<EnteredSpan> ReadSpan(const QString& text, const CRegionalInfo& re
 }
 
 std::optional<double> ReadNumber(const QString& text, const CRegionalInfo& region) {
-    QString digits = text.trimmed();
-    digits.replace(QChar(region.decimalChar), u'.');
-    const QStringList parts = digits.split(u'.');
-    if (parts.size() > 2 || !IsDigits(QString(digits).remove(u'.'), 1, 30)) return std::nullopt;
-    bool isNumber = false;
-    const double value = digits.toDouble(&isNumber);
-    return isNumber && value <= kMostNumber ? std::optional(value) : std::nullopt;
+    const auto number = ReadSignedNumber(text, region);
+    return number && !std::signbit(*number) ? number : std::nullopt;
 }
 
 std::optional<double> ReadSignedNumber(const QString& text, const CRegionalInfo& region) {
-    const QString trimmed = text.trimmed();
-    if (!trimmed.startsWith(u'-')) return ReadNumber(trimmed, region);
-    const auto number =
-        IsDigits(QStringView(trimmed).mid(1, 1), 1, 1) ? ReadNumber(trimmed.mid(1), region) : std::nullopt;
-    return number ? std::optional(-*number) : std::nullopt;
+    const TypedNumber number = ReadTypedNumber(text, region);
+    return number.IsValue() ? std::optional(number.value) : std::nullopt;
 }
 
 std::optional<bool> ReadYesNo(const QString& text) {

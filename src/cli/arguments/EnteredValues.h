@@ -13,7 +13,6 @@ namespace EnteredValues {
 
 inline constexpr int kFirstYear = 1000;   ///< earlier years would be taken for two- and three-digit ones
 inline constexpr int kMostHours = 32767;  ///< what a stored span holds
-inline constexpr double kMostNumber = 999'999'999.0;
 
 /// "2026-11-19", "today", "yesterday", or the regional form ("11/19/26"). A day that its month lacks is none.
 [[nodiscard]] std::optional<DateTimeVal> ReadDate(const QString& text, const CRegionalInfo& region,
@@ -22,7 +21,7 @@ inline constexpr double kMostNumber = 999'999'999.0;
 [[nodiscard]] std::optional<DateTimeVal> ReadTime(const QString& text);
 /// "1:30", or hours with decimals ("1.5"), rounded to minutes. From 0:00 to 32767:59.
 [[nodiscard]] std::optional<EnteredSpan> ReadSpan(const QString& text, const CRegionalInfo& region);
-/// From 0 to 999,999,999, digits with a full stop or the regional decimal character; no sign, no exponent.
+/// A number as the fields of the dialogs take it (TypedNumber.h), from 0 to 999,999,999; no sign.
 [[nodiscard]] std::optional<double> ReadNumber(const QString& text, const CRegionalInfo& region);
 /// The same with a minus sign in front, if wanted: money that came back.
 [[nodiscard]] std::optional<double> ReadSignedNumber(const QString& text, const CRegionalInfo& region);

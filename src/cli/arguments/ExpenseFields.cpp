@@ -1,176 +1,144 @@
 #include "cli/arguments/ExpenseFields.h"
 
 #include "cli/arguments/FieldParts.h"
-#include "entry/ExpenseEntryRules.h"
-#include "entry/KeepInLists.h"
-#include "records/CERecord.h"
+#include "entry/ExpenseDraft.h"
+#include "entry/NewListItems.h"
+
+#include <memory>
+#include <tuple>
 
 namespace {
 
 using namespace FieldParts;
-using namespace ExpenseEntryRules;
+using ExpenseEntryRules::Odometer;
 
-/// An expense with the two pages of its dialog: what was typed stays as typed until it is accepted as a
-/// whole.
-struct ExpenseDraft {
-    CERecord& record;
-    MoneyPage page;
-    bool isPageTouched = false;
-    std::optional<Odometer> odometer;  ///< while readings are being entered
-    bool isStartCleared = false;       ///< then no start is suggested
+/// An expense that is being entered, and the odometer while readings are.
+struct Entry {
+    ExpenseDraft draft;
+    std::optional<Odometer> odometer;
+    bool isStartCleared = false;  ///< then no start is suggested
     bool isEndCleared = false;
 
-    ExpenseDraft(CERecord& expense, const QStringList& cleared)
-        : record(expense),
-          isStartCleared(cleared.contains(u"odometer-start")),
-          isEndCleared(cleared.contains(u"odometer-end")) {
-        page.isDistance = expense.isDistance;
-        page.distance = expense.distance.text;
-        page.rate = expense.GetRateText();
-        page.amount = expense.GetAmountText();
-    }
-    void ComputeAmount() {
-        isPageTouched = true;
-        if (page.isDistance) page.amount = UpdateDistanceAmount(page.distance, page.rate);
-    }
+    [[nodiscard]] const CERecord& Record() const { return draft.Record(); }
+    void EnterDate(const std::optional<DateTimeVal>& day) { draft.EnterDate(day); }
+    void EnterItem(QString CERecord::*item, const QString& text) { draft.EnterItem(item, text); }
+    void EnterNotes(const QString& notes) { draft.EnterNotes(notes); }
 };
 
 /// The sentence that refuses what is no number; empty for one. -1 stands for none in what is stored.
 template <auto Field>
-QString CheckNumber(const ExpenseDraft& draft, const QString& typed, const FieldContext& context) {
+QString CheckNumber(const Entry& entry, const QString& typed, const FieldContext& context) {
     const auto number = EnteredValues::ReadSignedNumber(typed, context.region);
     DecimalField field;
-    field.precision = (draft.record.*Field).precision;
+    field.precision = (entry.Record().*Field).precision;
     if (number) field.Set(static_cast<float>(*number));
     return number && field.value != -1.0F ? QString() : FormatText<Text::CliNoSignedNumber>(typed);
 }
 
 // --- Distance entry
 
-/// As its box: turned off, it empties what the page shows.
-QString EnterDistanceEntry(ExpenseDraft& draft, const Entered& entered, const FieldContext&) {
-    MoneyPage& page = draft.page;
-    if (!IsYes(entered) && page.isDistance) page.distance = page.rate = page.amount = QString();
-    page.isDistance = IsYes(entered);
-    draft.ComputeAmount();
+QString EnterDistanceEntry(Entry& entry, const Entered& entered, const FieldContext&) {
+    entry.draft.SwitchDistance(IsYes(entered));
     return {};
 }
 
 /// A distance that is entered by hand has no readings.
-QString EnterDistance(ExpenseDraft& draft, const Entered& entered, const FieldContext& context) {
-    const QString typed = entered.value_or(QString()).trimmed();
-    if (entered)
-        if (QString words = CheckNumber<&CERecord::distance>(draft, typed, context); !words.isEmpty())
-            return words;
-    Odometer byHand;
-    DistanceChosen(byHand, typed);
-    draft.record.odometerStart = byHand.start;
-    draft.record.odometerEnd = byHand.end;
-    draft.page.distance = byHand.distance;
-    if (entered) draft.page.isDistance = true;
-    if (!draft.page.isDistance) draft.record.distance.Reset();  // which the page of a plain amount leaves
-    draft.ComputeAmount();
-    return {};
+QString EnterDistance(Entry& entry, const Entered& entered, const FieldContext& context) {
+    entry.draft.SetReading(&CERecord::odometerStart, QString());
+    entry.draft.SetReading(&CERecord::odometerEnd, QString());
+    if (!entered) {
+        entry.draft.ClearDistance();
+        return {};
+    }
+    entry.draft.SwitchDistance(true);
+    std::ignore = entry.draft.EnterDistance(*entered);
+    return CheckNumber<&CERecord::distance>(entry, *entered, context);
 }
 
 /// Clearing leaves the amount as it is.
-QString EnterRate(ExpenseDraft& draft, const Entered& entered, const FieldContext& context) {
-    const QString typed = entered.value_or(QString()).trimmed();
-    draft.isPageTouched = true;
-    draft.page.rate = typed;
-    if (!entered && !draft.page.isDistance) draft.record.rate.SetNone();  // as above
-    if (!entered) return {};
-    draft.page.isDistance = true;
-    draft.ComputeAmount();
-    return CheckNumber<&CERecord::rate>(draft, typed, context);
+QString EnterRate(Entry& entry, const Entered& entered, const FieldContext& context) {
+    if (!entered) {
+        entry.draft.ClearRate();
+        return {};
+    }
+    entry.draft.SwitchDistance(true);
+    std::ignore = entry.draft.EnterRate(*entered);
+    return CheckNumber<&CERecord::rate>(entry, *entered, context);
 }
 
 // --- Odometer
 
 /// Opens the odometer on what the page shows.
-Odometer& OdometerOf(ExpenseDraft& draft, const FieldContext& context) {
-    if (draft.odometer) return *draft.odometer;
-    TakeDistance(draft.record, draft.page.distance, draft.page.rate);
-    draft.odometer = OpenOdometer(draft.record, context.settings);
-    if (draft.isStartCleared) draft.odometer->start.clear();
-    if (draft.isEndCleared) draft.odometer->end.clear();
-    return *draft.odometer;
+Odometer& OdometerOf(Entry& entry, const FieldContext& context) {
+    if (entry.odometer) return *entry.odometer;
+    entry.draft.SwitchDistance(true);
+    entry.odometer = entry.draft.OpenOdometer(context.settings);
+    if (entry.isStartCleared) entry.odometer->start.clear();
+    if (entry.isEndCleared) entry.odometer->end.clear();
+    return *entry.odometer;
 }
 
-void CloseOdometer(ExpenseDraft& draft, const FieldContext& context) {
-    if (!draft.odometer) return;
-    AcceptOdometer(draft.record, *draft.odometer, context.settings);
-    draft.odometer.reset();
-    draft.page.distance = draft.record.distance.text;
-    draft.page.rate = draft.record.GetRateText();
-    draft.ComputeAmount();
+void CloseOdometer(Entry& entry, const FieldContext& context) {
+    if (!entry.odometer) return;
+    entry.draft.AcceptOdometer(*entry.odometer, context.settings);
+    entry.odometer.reset();
 }
 
 /// An empty text is no reading; a cleared one leaves the distance as it is.
 template <QString Odometer::*Reading, QString CERecord::*Field>
-QString EnterReading(ExpenseDraft& draft, const Entered& entered, const FieldContext& context) {
+QString EnterReading(Entry& entry, const Entered& entered, const FieldContext& context) {
     if (!entered) {
-        draft.record.*Field = QString();
+        entry.draft.SetReading(Field, QString());
         return {};
     }
     const QString typed = entered->trimmed();
     if (!typed.isEmpty() && !EnteredValues::ReadNumber(typed, context.region))
         return FormatText<Text::CliNoNumber>(typed);
-    Odometer& odometer = OdometerOf(draft, context);
+    Odometer& odometer = OdometerOf(entry, context);
     odometer.*Reading = typed;
-    ReadingsChanged(odometer);
-    draft.page.isDistance = true;
+    ExpenseEntryRules::ReadingsChanged(odometer);
     return {};
 }
 
 // --- Amount and flags
 
-FieldProblem UnlessComputed(const ExpenseDraft& draft, const Entered& entered, const FieldContext&) {
-    if (!entered || !draft.page.isDistance) return {};
+FieldProblem UnlessComputed(const Entry& entry, const Entered& entered, const FieldContext&) {
+    if (!entered || !entry.draft.IsDistance()) return {};
     return {ExitCode::Usage, LoadText(Text::CliAmountComputed)};
 }
 
-QString EnterAmount(ExpenseDraft& draft, const Entered& entered, const FieldContext& context) {
-    CloseOdometer(draft, context);
-    draft.isPageTouched = true;
-    draft.page.amount = entered.value_or(QString()).trimmed();
-    return entered ? CheckNumber<&CERecord::amount>(draft, draft.page.amount, context) : QString();
+QString EnterAmount(Entry& entry, const Entered& entered, const FieldContext& context) {
+    CloseOdometer(entry, context);
+    std::ignore = entry.draft.EnterAmount(entered.value_or(QString()));
+    return entered ? CheckNumber<&CERecord::amount>(entry, *entered, context) : QString();
 }
 
-/// Turning a flag off clears the one that needs it.
-template <bool ItemsPage::*Flag>
-QString EnterFlag(ExpenseDraft& draft, const Entered& entered, const FieldContext&) {
-    CERecord& record = draft.record;
-    ItemsPage page{record.item1, record.item2, record.item3, record.item4, record.flag1,
-                   record.flag2, record.flag3, record.flag4, record.flag5};
-    page.*Flag = IsYes(entered);
-    AcceptItemsPage(record, page, KeepInLists());
+template <bool CERecord::*Flag>
+QString EnterFlag(Entry& entry, const Entered& entered, const FieldContext&) {
+    entry.draft.SwitchFlag(Flag, IsYes(entered));
     return {};
 }
 
-FieldProblem Needs(const Entered& entered, bool first, const char* name) {
-    if (!IsYes(entered) || first) return {};
-    return {ExitCode::Usage, FormatText<Text::CliFlagNeeds>(QString::fromLatin1(name))};
-}
-FieldProblem NeedsFlag1(const ExpenseDraft& draft, const Entered& entered, const FieldContext&) {
-    return Needs(entered, draft.record.flag1, "flag1");
-}
-FieldProblem NeedsFlag3(const ExpenseDraft& draft, const Entered& entered, const FieldContext&) {
-    return Needs(entered, draft.record.flag3, "flag3");
+/// A flag that needs another one.
+template <bool CERecord::*Flag>
+FieldProblem UnlessMissing(const Entry& entry, const Entered& entered, const FieldContext&) {
+    if (!IsYes(entered) || entry.draft.MaySetFlag(Flag)) return {};
+    const char* needed = Flag == &CERecord::flag2 ? "flag1" : "flag3";
+    return {ExitCode::Usage, FormatText<Text::CliFlagNeeds>(QString::fromLatin1(needed))};
 }
 
-template <auto Field, int Longest = kTextLength>
-constexpr auto kEnterText = EnterText<ExpenseDraft, Field, Longest>;
+template <auto Field>
+constexpr auto kEnterText = EnterText<Entry, Field>;
 using enum OptionShape;
 
-constexpr RecordField<ExpenseDraft> kFields[] = {
-    {{"date", "DATE", Value, Text::CliOptDate}, false, EnterDate<ExpenseDraft>},
+constexpr RecordField<Entry> kFields[] = {
+    {{"date", "DATE", Value, Text::CliOptDate}, false, EnterDate<Entry>},
     {{"item1", "TEXT", Value, Text::CliOptExpItem1}, true, kEnterText<&CERecord::item1>},
     {{"item2", "TEXT", Value, Text::CliOptExpItem2}, true, kEnterText<&CERecord::item2>},
     {{"item3", "TEXT", Value, Text::CliOptExpItem3}, true, kEnterText<&CERecord::item3>},
     {{"item4", "TEXT", Value, Text::CliOptExpItem4}, true, kEnterText<&CERecord::item4>},
     {{"item5", "TEXT", Value, Text::CliOptItem5}, true, kEnterText<&CERecord::item5>},
-    {{"notes", "TEXT", Value, Text::CliOptNotes}, true, kEnterText<&CERecord::notes, kLongTextLength>},
+    {{"notes", "TEXT", Value, Text::CliOptNotes}, true, EnterNotes<Entry>},
     {{"distance-entry", "", YesNo, Text::CliOptDistanceEntry}, false, EnterDistanceEntry},
     {{"distance", "NUMBER", Value, Text::CliOptDistance}, true, EnterDistance},
     {{"rate", "NUMBER", Value, Text::CliOptDistanceRate}, true, EnterRate},
@@ -181,11 +149,17 @@ constexpr RecordField<ExpenseDraft> kFields[] = {
      true,
      EnterReading<&Odometer::end, &CERecord::odometerEnd>},
     {{"amount", "NUMBER", Value, Text::CliOptExpAmount}, true, EnterAmount, UnlessComputed},
-    {{"flag1", "", YesNo, Text::CliOptFlag1}, true, EnterFlag<&ItemsPage::flag1>},
-    {{"flag2", "", YesNo, Text::CliOptFlag2}, true, EnterFlag<&ItemsPage::flag2>, NeedsFlag1},
-    {{"flag3", "", YesNo, Text::CliOptFlag3}, true, EnterFlag<&ItemsPage::flag3>},
-    {{"flag4", "", YesNo, Text::CliOptFlag4}, true, EnterFlag<&ItemsPage::flag4>, NeedsFlag3},
-    {{"flag5", "", YesNo, Text::CliOptFlag5}, true, EnterFlag<&ItemsPage::flag5>},
+    {{"flag1", "", YesNo, Text::CliOptFlag1}, true, EnterFlag<&CERecord::flag1>},
+    {{"flag2", "", YesNo, Text::CliOptFlag2},
+     true,
+     EnterFlag<&CERecord::flag2>,
+     UnlessMissing<&CERecord::flag2>},
+    {{"flag3", "", YesNo, Text::CliOptFlag3}, true, EnterFlag<&CERecord::flag3>},
+    {{"flag4", "", YesNo, Text::CliOptFlag4},
+     true,
+     EnterFlag<&CERecord::flag4>,
+     UnlessMissing<&CERecord::flag4>},
+    {{"flag5", "", YesNo, Text::CliOptFlag5}, true, EnterFlag<&CERecord::flag5>},
 };
 
 constexpr auto kOptions = OptionsOf(kFields);
@@ -201,28 +175,26 @@ FieldProblem CheckPlain(const CArguments& arguments) {
     return {};
 }
 
-void AcceptPage(ExpenseDraft& draft) {
-    if (!draft.isPageTouched) return;
-    const RecordDate& date = draft.record.date;
-    draft.page.month = date.month;
-    draft.page.day = date.day;
-    draft.page.year = date.year;
-    draft.page.item5 = draft.record.item5;
-    AcceptMoneyPage(draft.record, draft.page, KeepInLists());
-}
-
 }  // namespace
 
 std::span<const OptionRow> ExpenseFieldOptions() {
     return kOptions;
 }
 
-FieldProblem EnterExpenseFields(CERecord& record, const CArguments& arguments, const FieldContext& context) {
-    if (FieldProblem problem = CheckPlain(arguments); problem.exit != ExitCode::Done) return problem;
-    ExpenseDraft draft(record, arguments.Values("clear"));
-    FieldProblem problem = EnterAll<ExpenseDraft>(kFields, draft, arguments, context);
-    if (problem.exit != ExitCode::Done) return problem;
-    CloseOdometer(draft, context);
-    AcceptPage(draft);
-    return {};
+EnteredFields EnterExpenseFields(CERecord& record, const CArguments& arguments, const FieldContext& context) {
+    if (FieldProblem problem = CheckPlain(arguments); problem.exit != ExitCode::Done)
+        return {std::move(problem), {}, {}};
+    const QStringList cleared = arguments.Values("clear");
+    const auto entry = std::make_shared<Entry>();
+    entry->isStartCleared = cleared.contains(u"odometer-start");
+    entry->isEndCleared = cleared.contains(u"odometer-end");
+    entry->draft.Begin(record);
+    EnteredFields entered{EnterAll<Entry>(kFields, *entry, arguments, context), {}, {}};
+    if (entered.problem.exit != ExitCode::Done) return entered;
+    CloseOdometer(*entry, context);
+    entered.notes = NotesOf(entry->draft.Findings());
+    entry->draft.Accept(NewListItems());
+    record.Copy(entry->Record());
+    entered.addToLists = [entry](const NewListItems& lists) { entry->draft.AddEntered(lists); };
+    return entered;
 }

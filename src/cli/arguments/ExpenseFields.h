@@ -1,6 +1,8 @@
 #pragma once
 
-#include "cli/arguments/RecordFields.h"
+#include "cli/arguments/FieldEntry.h"
+
+#include <span>
 
 class CERecord;
 
@@ -9,5 +11,5 @@ class CERecord;
 /// Enters the fields of an expense in this order: date, items, notes, distance entry, distance, rate,
 /// odometer readings, amount, flags. Distance, rate or a reading make a distance entry, whose amount is
 /// computed. The last reading is noted in the needs' settings.
-[[nodiscard]] FieldProblem EnterExpenseFields(CERecord& record, const CArguments& arguments,
-                                              const FieldContext& context);
+[[nodiscard]] EnteredFields EnterExpenseFields(CERecord& record, const CArguments& arguments,
+                                               const FieldContext& context);

@@ -3,13 +3,16 @@
 #include "calendar/DateTimeVal.h"
 #include "cli/arguments/CArguments.h"
 #include "cli/arguments/EnteredValues.h"
-#include "cli/arguments/RecordFields.h"
+#include "cli/arguments/FieldEntry.h"
+#include "entry/DraftFinding.h"
 #include "lang/FormatText.h"
+#include "records/CVORec.h"
 
 #include <array>
+#include <span>
 
-/// What the fields of both kinds of records are made of. A draft is a record that is being entered, with what
-/// its rules of entry need beside it; its member "record" is the record itself.
+/// What the fields of both kinds of records are made of. They turn words into values; a draft is the record
+/// that is being entered, with its rules.
 namespace FieldParts {
 
 /// One field. The order of a table is the order in which its fields are entered.
@@ -71,20 +74,31 @@ template <class Draft>
 QString EnterDate(Draft& draft, const Entered& entered, const FieldContext& context) {
     const auto date = EnteredValues::ReadDate(entered.value_or(QString()), context.region, context.clock);
     if (!date) return FormatText<Text::CliNoDate>(entered.value_or(QString()));
-    draft.record.date.Set(date->month, date->day, date->year);
+    draft.EnterDate(date);
     return {};
 }
 
 /// The sentence that refuses a text that is too long, empty for one that fits.
 [[nodiscard]] QString CheckLength(const QString& text, int longest);
 
-template <class Draft, auto Field, int Longest = kTextLength>
+template <class Draft, auto Field>
 QString EnterText(Draft& draft, const Entered& entered, const FieldContext&) {
     const QString text = entered.value_or(QString());
-    QString words = CheckLength(text, Longest);
-    if (words.isEmpty()) draft.record.*Field = text;
+    QString words = CheckLength(text, kTextLength);
+    if (words.isEmpty()) draft.EnterItem(Field, text);
     return words;
 }
+
+template <class Draft>
+QString EnterNotes(Draft& draft, const Entered& entered, const FieldContext&) {
+    const QString text = entered.value_or(QString());
+    QString words = CheckLength(text, kLongTextLength);
+    if (words.isEmpty()) draft.EnterNotes(text);
+    return words;
+}
+
+/// The sentences about numbers that are stored as others.
+[[nodiscard]] QStringList NotesOf(const DraftFindings& findings);
 
 [[nodiscard]] bool IsYes(const Entered& entered);
 

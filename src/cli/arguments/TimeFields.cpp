@@ -2,81 +2,72 @@
 
 #include "app/CTimerService.h"
 #include "cli/arguments/FieldParts.h"
-#include "entry/TimeEntryRules.h"
-#include "records/CTRecord.h"
+#include "entry/TimeDraft.h"
+
+#include <memory>
 
 namespace {
 
 using namespace FieldParts;
-using namespace TimeEntryRules;
-
-/// A time record's own rules need nothing beside it.
-struct TimeDraft {
-    CTRecord& record;
-};
 
 QString EnterBillable(TimeDraft& draft, const Entered& entered, const FieldContext&) {
-    draft.record.SetBillable(IsYes(entered));
+    draft.SwitchBillable(IsYes(entered));
     return {};
 }
 
 QString EnterBilled(TimeDraft& draft, const Entered& entered, const FieldContext&) {
-    draft.record.isBilled = IsYes(entered);
+    draft.SwitchBilled(IsYes(entered));
     return {};
 }
 
-using TimeRule = void (*)(CTRecord&, const std::optional<DateTimeVal>&, const Settings&);
+using TimeRule = void (TimeDraft::*)(const std::optional<DateTimeVal>&);
 
 template <TimeRule Rule>
-QString EnterTime(TimeDraft& draft, const Entered& entered, const FieldContext& context) {
+QString EnterTime(TimeDraft& draft, const Entered& entered, const FieldContext&) {
     const auto time = entered ? EnteredValues::ReadTime(*entered) : std::nullopt;
     if (entered && !time) return FormatText<Text::CliNoTime>(*entered);
-    Rule(draft.record, time, context.settings);
+    (draft.*Rule)(time);
     return {};
 }
 
-void DurationRule(CTRecord& record, const std::optional<EnteredSpan>& span, const Settings& settings) {
-    EnterDuration(record, span, settings);
-}
-
-using SpanRule = void (*)(CTRecord&, const std::optional<EnteredSpan>&, const Settings&);
+using SpanRule = void (TimeDraft::*)(const std::optional<EnteredSpan>&, SpanSource);
 
 template <SpanRule Rule>
 QString EnterSpan(TimeDraft& draft, const Entered& entered, const FieldContext& context) {
     const auto span = entered ? EnteredValues::ReadSpan(*entered, context.region) : std::nullopt;
     if (entered && !span) return FormatText<Text::CliNoSpan>(*entered);
-    Rule(draft.record, span, context.settings);
+    (draft.*Rule)(span, SpanSource::Entered);
     return {};
 }
 
-using MoneyRule = bool (*)(CTRecord&, const QString&);
-using MoneySetter = bool (CTRecord::*)(float);
+using MoneyRule = Typed (TimeDraft::*)(const QString&);
+using MoneyClearing = void (TimeDraft::*)();
 
-/// Clearing goes by the setter: a value below zero is none, and its partner stays as it is.
-template <MoneyRule Rule, MoneySetter Set>
+template <MoneyRule Rule, MoneyClearing Clear>
 QString EnterMoney(TimeDraft& draft, const Entered& entered, const FieldContext& context) {
     if (!entered) {
-        (void)(draft.record.*Set)(-1.0F);  // false says that there is no value now, as it was wanted
+        (draft.*Clear)();
         return {};
     }
     const bool isNumber = EnteredValues::ReadNumber(*entered, context.region).has_value();
-    if (isNumber && Rule(draft.record, entered->trimmed())) return {};
+    if (isNumber && (draft.*Rule)(*entered) == Typed::Value) return {};
     return FormatText<Text::CliNoNumber>(*entered);
 }
 
 /// Times are driven by the record's timer while it has one.
 FieldProblem UnlessTimed(const TimeDraft& draft, const Entered&, const FieldContext& context) {
-    if (!context.timers || MayEnterTimes(*context.timers, draft.record.GetId(), nullptr)) return {};
+    if (!context.timers || TimeEntryRules::MayEnterTimes(*context.timers, draft.Record().GetId(), nullptr))
+        return {};
     return {ExitCode::Failed, LoadText(Text::TimesDrivenByTimer)};
 }
 
 FieldProblem IfBillable(const TimeDraft& draft, const Entered& entered, const FieldContext&) {
-    if (!entered || draft.record.isBillable) return {};
+    if (!entered || draft.Record().isBillable) return {};
     return {ExitCode::Usage, LoadText(Text::CliNotBillable)};
 }
 
-template <auto Field, int Longest = kTextLength>
-constexpr auto kEnterText = EnterText<TimeDraft, Field, Longest>;
+template <auto Field>
+constexpr auto kEnterText = EnterText<TimeDraft, Field>;
 using enum OptionShape;
 
 constexpr RecordField<TimeDraft> kFields[] = {
@@ -86,19 +77,22 @@ constexpr RecordField<TimeDraft> kFields[] = {
     {{"item3", "TEXT", Value, Text::CliOptItem3}, true, kEnterText<&CTRecord::item3>},
     {{"item4", "TEXT", Value, Text::CliOptItem4}, true, kEnterText<&CTRecord::item4>},
     {{"item5", "TEXT", Value, Text::CliOptItem5}, true, kEnterText<&CTRecord::item5>},
-    {{"notes", "TEXT", Value, Text::CliOptNotes}, true, kEnterText<&CTRecord::notes, kLongTextLength>},
+    {{"notes", "TEXT", Value, Text::CliOptNotes}, true, EnterNotes<TimeDraft>},
     {{"billable", "", YesNo, Text::CliOptBillable}, true, EnterBillable},
-    {{"start", "TIME", Value, Text::CliOptStart}, true, EnterTime<EnterStart>, UnlessTimed},
-    {{"end", "TIME", Value, Text::CliOptEnd}, true, EnterTime<EnterEnd>, UnlessTimed},
-    {{"duration", "SPAN", Value, Text::CliOptDuration}, true, EnterSpan<DurationRule>, UnlessTimed},
-    {{"break", "SPAN", Value, Text::CliOptBreak}, true, EnterSpan<EnterBreak>, UnlessTimed},
+    {{"start", "TIME", Value, Text::CliOptStart}, true, EnterTime<&TimeDraft::EnterStart>, UnlessTimed},
+    {{"end", "TIME", Value, Text::CliOptEnd}, true, EnterTime<&TimeDraft::EnterEnd>, UnlessTimed},
+    {{"duration", "SPAN", Value, Text::CliOptDuration},
+     true,
+     EnterSpan<&TimeDraft::EnterDuration>,
+     UnlessTimed},
+    {{"break", "SPAN", Value, Text::CliOptBreak}, true, EnterSpan<&TimeDraft::EnterBreak>, UnlessTimed},
     {{"rate", "NUMBER", Value, Text::CliOptRate},
      true,
-     EnterMoney<EnterRate, &CTRecord::SetRate>,
+     EnterMoney<&TimeDraft::EnterRate, &TimeDraft::ClearRate>,
      IfBillable},
     {{"amount", "NUMBER", Value, Text::CliOptAmount},
      true,
-     EnterMoney<EnterAmount, &CTRecord::SetAmount>,
+     EnterMoney<&TimeDraft::EnterAmount, &TimeDraft::ClearAmount>,
      IfBillable},
     {{"billed", "", YesNo, Text::CliOptBilled}, true, EnterBilled, IfBillable},
 };
@@ -111,7 +105,13 @@ std::span<const OptionRow> TimeFieldOptions() {
     return kOptions;
 }
 
-FieldProblem EnterTimeFields(CTRecord& record, const CArguments& arguments, const FieldContext& context) {
-    TimeDraft draft{record};
-    return EnterAll<TimeDraft>(kFields, draft, arguments, context);
+EnteredFields EnterTimeFields(CTRecord& record, const CArguments& arguments, const FieldContext& context) {
+    const auto draft = std::make_shared<TimeDraft>(context.settings);
+    draft->Begin(record);
+    EnteredFields entered{EnterAll<TimeDraft>(kFields, *draft, arguments, context), {}, {}};
+    if (entered.problem.exit != ExitCode::Done) return entered;
+    record.Copy(draft->Record());
+    entered.notes = NotesOf(draft->Findings());
+    entered.addToLists = [draft](const NewListItems& lists) { draft->AddEntered(lists); };
+    return entered;
 }

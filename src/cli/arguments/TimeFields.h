@@ -1,6 +1,8 @@
 #pragma once
 
-#include "cli/arguments/RecordFields.h"
+#include "cli/arguments/FieldEntry.h"
+
+#include <span>
 
 class CTRecord;
 
@@ -8,5 +10,5 @@ class CTRecord;
 
 /// Enters the fields of a time record in this order: date, items, notes, billable, start, end, duration,
 /// break, rate, amount, billed.
-[[nodiscard]] FieldProblem EnterTimeFields(CTRecord& record, const CArguments& arguments,
-                                           const FieldContext& context);
+[[nodiscard]] EnteredFields EnterTimeFields(CTRecord& record, const CArguments& arguments,
+                                            const FieldContext& context);

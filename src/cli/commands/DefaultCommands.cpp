@@ -85,11 +85,12 @@ std::unique_ptr<CVORec> MakeDefault(RecordKind kind, const CArguments& arguments
     }
     std::unique_ptr<CVORec> record = RecordOfToday(kind, console.clock);
     Settings noted = context.settings;
-    const FieldProblem problem =
+    const EnteredFields fields =
         EnterFields(*record, arguments, {noted, context.settings.Region(), console.clock, nullptr});
-    exit = problem.exit;
+    exit = fields.problem.exit;
+    for (const QString& note : fields.notes) console.out.Note(note);
     if (exit == ExitCode::Done) return record;
-    console.out.Complain(problem.words);
+    console.out.Complain(fields.problem.words);
     return nullptr;
 }
 

@@ -5,7 +5,7 @@
 #include "changes/CRecordChanges.h"
 #include "cli/arguments/CArguments.h"
 #include "cli/arguments/RecordFields.h"
-#include "cli/commands/KeptTexts.h"
+#include "cli/commands/EnteredItems.h"
 #include "cli/commands/RecordSteps.h"
 #include "cli/home/CSettingsOwner.h"
 #include "cli/home/RecordContext.h"
@@ -25,7 +25,7 @@ constexpr OptionRow kEditOptions[] = {{"clear", "FIELD", OptionShape::Values, Te
 
 /// The last reading becomes the suggestion for the next expense. The record is stored; that this fails is no
 /// failure of the command.
-void KeepOdometer(const Settings& noted, Console& console, RecordContext& context) {
+void NoteOdometer(const Settings& noted, Console& console, RecordContext& context) {
     if (noted.odometerLastEnd == context.settings.odometerLastEnd) return;
     const InstanceReply reply =
         context.owner.Change(SettingRequest{.name = u"odometerLastEnd"_s, .value = noted.odometerLastEnd});
@@ -41,14 +41,16 @@ std::span<const OptionRow> EditOptions() {
 ExitCode AddRecord(RecordKind kind, const CArguments& arguments, Console& console, RecordContext& context) {
     const std::unique_ptr<CVORec> record = RecordOfToday(kind, console.clock);
     Settings noted = context.settings;
-    const FieldProblem problem =
+    const EnteredFields fields =
         EnterFields(*record, arguments, {noted, context.settings.Region(), console.clock, nullptr});
-    if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
+    if (fields.problem.exit != ExitCode::Done)
+        return Refuse(fields.problem.exit, fields.problem.words, console);
     const Outcome added = context.changes.Add(*record, Identity::New);
     if (!added) return ExitCode::Failed;
     const QString& id = added.ids.first();
-    KeepOdometer(noted, console, context);
-    Announce(kind, {id}, console, context, KeepTexts(*record, arguments, context));
+    NoteOdometer(noted, console, context);
+    for (const QString& note : fields.notes) console.out.Note(note);
+    Announce(kind, {id}, console, context, AddEnteredItems(fields, context));
     PrintRecord(kind, id, console, context);
     return ExitCode::Done;
 }
@@ -61,13 +63,15 @@ ExitCode EditRecord(RecordKind kind, const CArguments& arguments, Console& conso
     if (!stored) return LookupFailed(context);
     const std::unique_ptr<CVORec> record = stored->Clone();
     Settings noted = context.settings;
-    const FieldProblem problem = EnterFields(
+    const EnteredFields fields = EnterFields(
         *record, arguments, {noted, context.settings.Region(), console.clock, &context.timers.Timers()});
-    if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
+    if (fields.problem.exit != ExitCode::Done)
+        return Refuse(fields.problem.exit, fields.problem.words, console);
     const QString id = record->GetId();
     if (!context.changes.Edit(*record, id)) return ExitCode::Failed;
-    KeepOdometer(noted, console, context);
-    Announce(kind, {id}, console, context, KeepTexts(*record, arguments, context));
+    NoteOdometer(noted, console, context);
+    for (const QString& note : fields.notes) console.out.Note(note);
+    Announce(kind, {id}, console, context, AddEnteredItems(fields, context));
     PrintRecord(kind, id, console, context);
     return ExitCode::Done;
 }

@@ -2,8 +2,8 @@
 
 #include "app/ListTable.h"
 #include "config/CCfgStore.h"
-#include "entry/CCatalogueKeeper.h"
-#include "entry/KeepInLists.h"
+#include "entry/CCatalogueItems.h"
+#include "entry/NewListItems.h"
 #include "fields/FieldId.h"
 #include "lang/LoadText.h"
 #include "shell/controls/CDateEdit.h"
@@ -61,8 +61,8 @@ void CExpenseDialog::BuildPages() {
     auto* column = new QVBoxLayout(this);
     column->setSpacing(kFormSpace);
     column->addWidget(m_pages);
-    m_money = new CExpenseMoneyPage(m_context, m_fields, mnemonics);
-    m_items = new CExpenseItemsPage(m_context, m_fields, mnemonics);
+    m_money = new CExpenseMoneyPage(m_draft, m_context, m_fields, mnemonics);
+    m_items = new CExpenseItemsPage(m_draft, m_context, m_fields, mnemonics);
     m_notes = new CNotesPage(RecordDialogParts::LabelOf(m_context.catalogue, kNotesName));
     m_pages->addTab(m_money, money);
     m_pages->addTab(m_items, items);
@@ -71,50 +71,46 @@ void CExpenseDialog::BuildPages() {
     column->addWidget(buttons);
 }
 
-void CExpenseDialog::SetDraft(const CERecord& record) {
-    m_draft.Copy(record);
-    m_money->ShowRecord(record);
-    m_items->ShowRecord(record);
-    m_notes->SetNotes(record.notes);
+void CExpenseDialog::SetDraft(const ExpenseDraft& draft) {
+    m_draft = draft;
+    m_money->ShowRecord();
+    m_items->ShowRecord();
+    m_notes->SetNotes(m_draft.Record().notes);
     m_pages->setCurrentWidget(m_money);
     RecordDialogParts::AskAgain(*m_money->DateField());
 }
 
 /// It opens on what the page shows. Cancelled, it has changed nothing.
 void CExpenseDialog::OpenOdometer() {
-    CERecord record;
-    record.Copy(m_draft);
-    const ExpenseEntryRules::MoneyPage page = m_money->Page();
-    ExpenseEntryRules::TakeDistance(record, page.distance, page.rate);
-    ExpenseEntryRules::Odometer odometer = ExpenseEntryRules::OpenOdometer(record, m_context.settings);
+    ExpenseEntryRules::Odometer odometer = m_draft.OpenOdometer(m_context.settings);
     const QStringList itemPath = m_fields.PathOf(ListId::kDistanceRate);
     if (!RunOdometerDialog(this, odometer, itemPath, m_context)) return;
-    ExpenseEntryRules::AcceptOdometer(record, odometer, m_context.settings);
+    m_draft.AcceptOdometer(odometer, m_context.settings);
     SaveSetting(QStringLiteral("odometerLastEnd"), m_context.settings, m_context.prompt);
-    m_draft.Copy(record);
-    m_money->ShowDistance(m_draft);
+    m_money->ShowMoney();
 }
 
-bool CExpenseDialog::DateIsReadable() {
-    CDateEdit& date = *m_money->DateField();
-    if (date.IsReadable() && date.GetDate()) return true;
-    if (date.IsReadable())
-        RecordDialogParts::TellRefused(m_context.prompt, static_cast<int>(Text::DateMissing),
-                                       LoadText(Text::DateMissing));
-    else
-        RecordDialogParts::TellRefused(m_context.prompt, date.UnreadableTextId(), date.WhyUnreadable());
+void CExpenseDialog::GoTo(DraftField place) {
     m_pages->setCurrentWidget(m_money);
-    RecordDialogParts::AskAgain(date);
-    return false;
+    RecordDialogParts::AskAgain(*m_money->LineOf(place));
+}
+
+bool CExpenseDialog::IsAcceptable() {
+    if (const CDateEdit& date = *m_money->DateField(); !date.IsReadable()) {
+        RecordDialogParts::TellRefused(m_context.prompt, date.UnreadableTextId(), date.WhyUnreadable());
+        GoTo(DraftField::Date);
+        return false;
+    }
+    const auto place = RecordDialogParts::AskAbout(m_draft.Findings(), m_context.prompt);
+    if (place) GoTo(*place);
+    return !place;
 }
 
 void CExpenseDialog::accept() {
-    if (!DateIsReadable()) return;
-    CCatalogueKeeper lists(m_context.catalogue);
-    const KeepInLists keep(m_context.settings, lists);
-    ExpenseEntryRules::AcceptMoneyPage(m_draft, m_money->Page(), keep);
-    ExpenseEntryRules::AcceptItemsPage(m_draft, m_items->Page(), keep);
-    m_draft.notes = m_notes->GetNotes();
+    if (!IsAcceptable()) return;
+    CCatalogueItems lists(m_context.catalogue);
+    m_draft.EnterNotes(m_notes->GetNotes());
+    m_draft.Accept(NewListItems(m_context.settings, lists));
     QDialog::accept();
 }
 
@@ -125,8 +121,10 @@ void CExpenseDialog::done(int result) {
 
 bool RunExpenseDialog(QWidget* parent, CERecord& record, const RecordDialogContext& context) {
     CExpenseDialog dialog(context, parent);
-    dialog.SetDraft(record);
+    ExpenseDraft draft;
+    draft.Begin(record);
+    dialog.SetDraft(draft);
     if (dialog.exec() != QDialog::Accepted) return false;
-    record.Copy(dialog.GetDraft());
+    record.Copy(dialog.GetDraft().Record());
     return true;
 }

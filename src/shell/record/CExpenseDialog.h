@@ -1,6 +1,6 @@
 #pragma once
 
-#include "records/CERecord.h"
+#include "entry/ExpenseDraft.h"
 #include "shell/controls/CItemFields.h"
 #include "shell/record/RecordDialogParts.h"
 
@@ -20,21 +20,23 @@ class CExpenseDialog final : public QDialog {
     explicit CExpenseDialog(const RecordDialogContext& context, QWidget* parent = nullptr);
     ~CExpenseDialog() override;
 
-    void SetDraft(const CERecord& record);
-    /// The record as edited, once the dialog was accepted.
-    [[nodiscard]] const CERecord& GetDraft() const { return m_draft; }
+    void SetDraft(const ExpenseDraft& draft);
+    /// As entered; complete once the dialog was accepted.
+    [[nodiscard]] const ExpenseDraft& GetDraft() const { return m_draft; }
 
-    /// Refused in words, and the dialog stays open, while the date is missing or can't be read.
+    /// Refused in words, and the dialog stays open, while the date is missing or something typed can't be
+    /// read.
     void accept() override;
     void done(int result) override;
 
  private:
     void BuildPages();
-    [[nodiscard]] bool DateIsReadable();
+    [[nodiscard]] bool IsAcceptable();
+    void GoTo(DraftField place);
     void OpenOdometer();
 
     RecordDialogContext m_context;
-    CERecord m_draft;
+    ExpenseDraft m_draft;
     CItemFields m_fields;
     QTabWidget* m_pages = nullptr;
     CExpenseMoneyPage* m_money = nullptr;

@@ -1,9 +1,9 @@
 #include "shell/record/CExpenseItemsPage.h"
 
 #include "app/ListTable.h"
+#include "entry/ExpenseDraft.h"
 #include "fields/FieldId.h"
 #include "lang/LoadText.h"
-#include "records/CERecord.h"
 #include "shell/controls/CItemCombo.h"
 #include "shell/controls/CItemFields.h"
 #include "shell/look/CMnemonics.h"
@@ -16,7 +16,6 @@
 #include <QPushButton>
 #include <iterator>
 
-using ExpenseEntryRules::ItemsPage;
 using RecordDialogParts::LabelOf;
 
 namespace {
@@ -25,34 +24,32 @@ struct ItemRow {
     int field;
     int list;
     QString CERecord::*value;
-    QString ItemsPage::*entered;
 };
 constexpr ItemRow kItems[] = {
-    {NumberOf(FieldId::ExpenseItem1), ListId::kClient, &CERecord::item1, &ItemsPage::item1},
-    {NumberOf(FieldId::ExpenseItem2), ListId::kProject, &CERecord::item2, &ItemsPage::item2},
-    {NumberOf(FieldId::ExpenseItem3), ListId::kExpenseItem3, &CERecord::item3, &ItemsPage::item3},
-    {NumberOf(FieldId::ExpenseItem4), ListId::kExpenseItem4, &CERecord::item4, &ItemsPage::item4},
+    {NumberOf(FieldId::ExpenseItem1), ListId::kClient, &CERecord::item1},
+    {NumberOf(FieldId::ExpenseItem2), ListId::kProject, &CERecord::item2},
+    {NumberOf(FieldId::ExpenseItem3), ListId::kExpenseItem3, &CERecord::item3},
+    {NumberOf(FieldId::ExpenseItem4), ListId::kExpenseItem4, &CERecord::item4},
 };
 
 struct FlagRow {
     int field;
     bool CERecord::*value;
-    bool ItemsPage::*entered;
-    int needs;  ///< the flag that must be on, -1 for none
+    bool isBesideTheLast;  ///< the one that it needs
 };
 constexpr FlagRow kFlags[] = {
-    {NumberOf(FieldId::Flag1), &CERecord::flag1, &ItemsPage::flag1, -1},
-    {NumberOf(FieldId::Flag2), &CERecord::flag2, &ItemsPage::flag2, 0},
-    {NumberOf(FieldId::Flag3), &CERecord::flag3, &ItemsPage::flag3, -1},
-    {NumberOf(FieldId::Flag4), &CERecord::flag4, &ItemsPage::flag4, 2},
-    {NumberOf(FieldId::Flag5), &CERecord::flag5, &ItemsPage::flag5, -1},
+    {NumberOf(FieldId::Flag1), &CERecord::flag1, false},
+    {NumberOf(FieldId::Flag2), &CERecord::flag2, true},
+    {NumberOf(FieldId::Flag3), &CERecord::flag3, false},
+    {NumberOf(FieldId::Flag4), &CERecord::flag4, true},
+    {NumberOf(FieldId::Flag5), &CERecord::flag5, false},
 };
 
 }  // namespace
 
-CExpenseItemsPage::CExpenseItemsPage(const RecordDialogContext& context, const CItemFields& fields,
-                                     CMnemonics mnemonics)
-    : m_context(context) {
+CExpenseItemsPage::CExpenseItemsPage(ExpenseDraft& draft, const RecordDialogContext& context,
+                                     const CItemFields& fields, CMnemonics mnemonics)
+    : m_draft(draft), m_context(context) {
     setObjectName(QStringLiteral("itemsPage"));
     auto* form = new QGridLayout(this);
     form->setSpacing(kFormSpace);
@@ -75,9 +72,12 @@ void CExpenseItemsPage::PlanMnemonics(CMnemonics& mnemonics) const {
 }
 
 void CExpenseItemsPage::AddItems(QGridLayout& form, const CItemFields& fields, CMnemonics& mnemonics) {
-    for (std::size_t i = 0; i < std::size(kItems); ++i)
+    for (std::size_t i = 0; i < std::size(kItems); ++i) {
         m_items[i] = fields.AddRow(form, kItems[i].list, LabelOf(m_context.catalogue, kItems[i].field),
                                    QStringLiteral("item%1Field").arg(i + 1), mnemonics);
+        connect(m_items[i], &CItemCombo::Edited, this,
+                [this, i] { m_draft.EnterItem(kItems[i].value, m_items[i]->Text()); });
+    }
     auto* codes = new QPushButton(mnemonics.Give(LoadText(Text::CodesButton)));
     NameWidget(*codes, QStringLiteral("codesButton"), LoadText(Text::CodesTitle));
     codes->setAutoDefault(false);
@@ -91,23 +91,24 @@ void CExpenseItemsPage::AddFlags(QGridLayout& form, CMnemonics& mnemonics) {
     flags->setHorizontalSpacing(3 * kFormSpace);
     int row = -1;
     for (std::size_t i = 0; i < std::size(kFlags); ++i) {
-        const bool isSecond = kFlags[i].needs >= 0;
+        const bool isSecond = kFlags[i].isBesideTheLast;
         if (!isSecond) ++row;
         m_flags[i] = MakeCheckBox(LabelOf(m_context.catalogue, kFlags[i].field),
                                   QStringLiteral("flag%1Box").arg(i + 1), mnemonics);
         flags->addWidget(m_flags[i], row, isSecond ? 1 : 0);
-        connect(m_flags[i], &QCheckBox::clicked, this, &CExpenseItemsPage::ShowEnabled);
+        connect(m_flags[i], &QCheckBox::clicked, this, [this, i](bool isOn) {
+            m_draft.SwitchFlag(kFlags[i].value, isOn);
+            ShowFlags();
+        });
     }
     flags->setColumnStretch(1, 1);
     form.addLayout(flags, form.rowCount(), 1, 1, 2);
 }
 
-void CExpenseItemsPage::ShowEnabled() {
+void CExpenseItemsPage::ShowFlags() {
     for (std::size_t i = 0; i < std::size(kFlags); ++i) {
-        if (kFlags[i].needs < 0) continue;
-        const bool isOn = m_flags[static_cast<std::size_t>(kFlags[i].needs)]->isChecked();
-        m_flags[i]->setEnabled(isOn);
-        if (!isOn) m_flags[i]->setChecked(false);
+        m_flags[i]->setEnabled(m_draft.MaySetFlag(kFlags[i].value));
+        m_flags[i]->setChecked(m_draft.Record().*kFlags[i].value);
     }
 }
 
@@ -115,18 +116,12 @@ void CExpenseItemsPage::EditCodes() {
     CodedItems texts;
     for (std::size_t i = 0; i < m_items.size(); ++i) texts[i] = m_items[i]->Text();
     if (!RunCodedTextDialog(this, texts, m_context)) return;
-    for (std::size_t i = 0; i < m_items.size(); ++i) m_items[i]->ShowText(texts[i]);
+    for (std::size_t i = 0; i < m_items.size(); ++i) m_draft.EnterItem(kItems[i].value, texts[i]);
+    ShowRecord();
 }
 
-void CExpenseItemsPage::ShowRecord(const CERecord& record) {
-    for (std::size_t i = 0; i < std::size(kItems); ++i) m_items[i]->ShowText(record.*kItems[i].value);
-    for (std::size_t i = 0; i < std::size(kFlags); ++i) m_flags[i]->setChecked(record.*kFlags[i].value);
-    ShowEnabled();
-}
-
-ItemsPage CExpenseItemsPage::Page() const {
-    ItemsPage page;
-    for (std::size_t i = 0; i < std::size(kItems); ++i) page.*kItems[i].entered = m_items[i]->Text();
-    for (std::size_t i = 0; i < std::size(kFlags); ++i) page.*kFlags[i].entered = m_flags[i]->isChecked();
-    return page;
+void CExpenseItemsPage::ShowRecord() {
+    for (std::size_t i = 0; i < std::size(kItems); ++i)
+        m_items[i]->ShowText(m_draft.Record().*kItems[i].value);
+    ShowFlags();
 }

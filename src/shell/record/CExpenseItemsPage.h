@@ -1,14 +1,12 @@
 #pragma once
 
-#include "entry/ExpenseEntryRules.h"
-
 #include <QWidget>
 #include <array>
 
-class CERecord;
 class CItemCombo;
 class CItemFields;
 class CMnemonics;
+class ExpenseDraft;
 class QCheckBox;
 class QGridLayout;
 struct RecordDialogContext;
@@ -19,19 +17,20 @@ class CExpenseItemsPage final : public QWidget {
     Q_OBJECT
 
  public:
-    CExpenseItemsPage(const RecordDialogContext& context, const CItemFields& fields, CMnemonics mnemonics);
+    CExpenseItemsPage(ExpenseDraft& draft, const RecordDialogContext& context, const CItemFields& fields,
+                      CMnemonics mnemonics);
 
-    void ShowRecord(const CERecord& record);
-    /// What the page holds, for the rule that accepts it.
-    [[nodiscard]] ExpenseEntryRules::ItemsPage Page() const;
+    /// Shows all of a draft that has just come.
+    void ShowRecord();
 
  private:
     void PlanMnemonics(CMnemonics& mnemonics) const;
     void AddItems(QGridLayout& form, const CItemFields& fields, CMnemonics& mnemonics);
     void AddFlags(QGridLayout& form, CMnemonics& mnemonics);
     void EditCodes();
-    void ShowEnabled();
+    void ShowFlags();
 
+    ExpenseDraft& m_draft;
     const RecordDialogContext& m_context;
     std::array<CItemCombo*, 4> m_items{};
     std::array<QCheckBox*, 5> m_flags{};

@@ -2,9 +2,9 @@
 
 #include "app/ListTable.h"
 #include "config/CCfgStore.h"
+#include "entry/ExpenseDraft.h"
 #include "fields/FieldId.h"
 #include "lang/FormatText.h"
-#include "records/CERecord.h"
 #include "shell/controls/CDateEdit.h"
 #include "shell/controls/CItemCombo.h"
 #include "shell/controls/CItemFields.h"
@@ -16,7 +16,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <utility>
 
 using namespace RecordDialogParts;
 
@@ -26,16 +25,11 @@ constexpr int kItem5Name = NumberOf(FieldId::ExpenseItem5);
 constexpr int kAmountName = NumberOf(FieldId::ExpenseAmount);
 constexpr int kUnitColumn = 3;
 
-void ShowNumber(CItemCombo& field, const QString& text) {
-    field.ShowText(text);
-    MarkUnreadable(*field.lineEdit(), false, {});
-}
-
 }  // namespace
 
-CExpenseMoneyPage::CExpenseMoneyPage(const RecordDialogContext& context, const CItemFields& fields,
-                                     CMnemonics mnemonics)
-    : m_context(context) {
+CExpenseMoneyPage::CExpenseMoneyPage(ExpenseDraft& draft, const RecordDialogContext& context,
+                                     const CItemFields& fields, CMnemonics mnemonics)
+    : m_draft(draft), m_context(context) {
     setObjectName(QStringLiteral("moneyPage"));
     auto* form = new QGridLayout(this);
     form->setSpacing(kFormSpace);
@@ -99,13 +93,21 @@ CExpenseMoneyPage::~CExpenseMoneyPage() {
 }
 
 void CExpenseMoneyPage::Wire() {
-    connect(m_isDistance, &QCheckBox::clicked, this, &CExpenseMoneyPage::SwitchDistance);
-    connect(m_distance, &CItemCombo::Edited, this, &CExpenseMoneyPage::EnterDistance);
-    connect(m_rate, &CItemCombo::Edited, this, &CExpenseMoneyPage::EnterDistance);
+    connect(m_isDistance, &QCheckBox::clicked, this, [this](bool isOn) {
+        m_draft.SwitchDistance(isOn);
+        ShowMoney();
+    });
+    connect(m_distance, &CItemCombo::Edited, this,
+            [this] { Enter(*m_distance, &ExpenseDraft::EnterDistance); });
+    connect(m_rate, &CItemCombo::Edited, this, [this] { Enter(*m_rate, &ExpenseDraft::EnterRate); });
+    connect(m_amount, &CItemCombo::Edited, this, [this] { Enter(*m_amount, &ExpenseDraft::EnterAmount); });
+    connect(m_item5, &CItemCombo::Edited, this,
+            [this] { m_draft.EnterItem(&CERecord::item5, m_item5->Text()); });
     connect(m_odometer, &QPushButton::clicked, this, &CExpenseMoneyPage::OdometerWanted);
-    connect(m_amount, &CItemCombo::Edited, this,
-            [this] { MarkNumber(*m_amount->lineEdit(), Text::NumberUnreadable); });
-    connect(m_day.edit, &CDateEdit::Entered, this, &CExpenseMoneyPage::ShowDay);
+    connect(m_day.edit, &CDateEdit::Entered, this, [this] {
+        m_draft.EnterDate(m_day.edit->GetDate());
+        ShowDay();
+    });
     connect(m_day.edit, &CDateEdit::Settled, this, [this] {
         // Its final form, "t" as the date of today.
         if (m_day.edit->IsReadable()) m_day.edit->SetDate(m_day.edit->GetDate());
@@ -113,67 +115,50 @@ void CExpenseMoneyPage::Wire() {
 }
 
 void CExpenseMoneyPage::ShowDay() {
-    RecordDate date;
-    if (const auto& day = m_day.edit->GetDate()) date.Set(day->month, day->day, day->year);
-    ShowWeekday(m_day, date);
+    ShowWeekday(m_day, m_draft.Record().date);
 }
 
-void CExpenseMoneyPage::ShowRecord(const CERecord& record) {
-    m_day.edit->SetDate(DayOf(record.date));
+void CExpenseMoneyPage::ShowRecord() {
+    m_day.edit->SetDate(DayOf(m_draft.Record().date));
     ShowDay();
-    m_isDistance->setChecked(record.isDistance);
-    ShowNumber(*m_distance, record.isDistance ? record.distance.text : QString());
-    ShowNumber(*m_rate, record.isDistance ? record.GetRateText() : QString());
-    // A distance entry that became a plain amount keeps these, for when it becomes one again.
-    const bool isKept = !record.isDistance && record.GetDistance() != 0.0F;
-    m_keptDistance = isKept ? record.distance.text : QString();
-    m_keptRate = isKept ? record.GetRateText() : QString();
-    ShowNumber(*m_amount, record.GetAmountText());
-    m_item5->ShowText(record.item5);
+    m_isDistance->setChecked(m_draft.IsDistance());
+    m_item5->ShowText(m_draft.Record().item5);
+    ShowMoney();
+}
+
+void CExpenseMoneyPage::ShowMoney() {
+    ShowMoneyBeside(nullptr);
     ShowEnabled();
 }
 
-void CExpenseMoneyPage::ShowDistance(const CERecord& record) {
-    ShowNumber(*m_distance, record.distance.text);
-    ShowNumber(*m_rate, record.GetRateText());
-    EnterDistance();
+void CExpenseMoneyPage::Enter(CItemCombo& typed, Typed (ExpenseDraft::*enter)(const QString& text)) {
+    static_cast<void>((m_draft.*enter)(typed.Text()));  // what can't be read is marked
+    ShowMoneyBeside(&typed);
 }
 
-/// Turned off, the fields are cleared; turned on for the first time, they show what the record has kept.
-void CExpenseMoneyPage::SwitchDistance(bool isDistance) {
-    const QString distance = std::exchange(m_keptDistance, {});
-    const QString rate = std::exchange(m_keptRate, {});
-    ShowNumber(*m_distance, isDistance ? distance : QString());
-    ShowNumber(*m_rate, isDistance ? rate : QString());
-    ShowNumber(*m_amount, isDistance ? LoadText(Text::AmountIsComputed) : QString());
-    ShowEnabled();
-    if (isDistance && !distance.isEmpty()) EnterDistance();
+/// What is being typed stays as typed.
+void CExpenseMoneyPage::ShowMoneyBeside(const CItemCombo* typed) {
+    const auto show = [typed](CItemCombo& field, const QString& text) {
+        if (&field != typed && field.Text() != text) field.ShowText(text);
+    };
+    show(*m_distance, m_draft.DistanceText());
+    show(*m_rate, m_draft.RateText());
+    show(*m_amount, m_draft.AmountText());
+    const DraftFindings findings = m_draft.Findings();
+    for (const DraftField place : {DraftField::Distance, DraftField::Rate, DraftField::Amount})
+        MarkFinding(*LineOf(place), findings, place);
 }
 
-void CExpenseMoneyPage::EnterDistance() {
-    for (const CItemCombo* field : {m_distance, m_rate})
-        MarkNumber(*field->lineEdit(), Text::NumberCountsAsZero);
-    ShowNumber(*m_amount, ExpenseEntryRules::UpdateDistanceAmount(m_distance->Text(), m_rate->Text()));
+QLineEdit* CExpenseMoneyPage::LineOf(DraftField place) const {
+    if (place == DraftField::Distance) return m_distance->lineEdit();
+    if (place == DraftField::Rate) return m_rate->lineEdit();
+    if (place == DraftField::Amount) return m_amount->lineEdit();
+    return m_day.edit;
 }
 
 void CExpenseMoneyPage::ShowEnabled() {
-    const bool isDistance = m_isDistance->isChecked();
+    const bool isDistance = m_draft.IsDistance();
     for (QWidget* widget : m_ofDistance) widget->setEnabled(isDistance);
     m_amount->setEnabled(!isDistance);
     m_amount->setToolTip(isDistance ? LoadText(Text::AmountFollows) : QString());
-}
-
-ExpenseEntryRules::MoneyPage CExpenseMoneyPage::Page() const {
-    ExpenseEntryRules::MoneyPage page;
-    if (const auto& day = m_day.edit->GetDate()) {
-        page.month = day->month;
-        page.day = day->day;
-        page.year = day->year;
-    }
-    page.isDistance = m_isDistance->isChecked();
-    page.distance = m_distance->Text();
-    page.rate = m_rate->Text();
-    page.amount = m_amount->Text();
-    page.item5 = m_item5->Text();
-    return page;
 }

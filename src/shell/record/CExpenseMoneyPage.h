@@ -1,13 +1,13 @@
 #pragma once
 
-#include "entry/ExpenseEntryRules.h"
 #include "shell/record/RecordDialogParts.h"
 
 #include <QWidget>
 
-class CERecord;
+enum class Typed;
 class CItemCombo;
 class CItemFields;
+class ExpenseDraft;
 class QCheckBox;
 class QPushButton;
 
@@ -17,15 +17,17 @@ class CExpenseMoneyPage final : public QWidget {
     Q_OBJECT
 
  public:
-    CExpenseMoneyPage(const RecordDialogContext& context, const CItemFields& fields, CMnemonics mnemonics);
+    CExpenseMoneyPage(ExpenseDraft& draft, const RecordDialogContext& context, const CItemFields& fields,
+                      CMnemonics mnemonics);
     ~CExpenseMoneyPage() override;
 
-    void ShowRecord(const CERecord& record);
-    /// Distance and rate of a record, and the amount that follows from them.
-    void ShowDistance(const CERecord& record);
-    /// What the page holds, for the rule that accepts it.
-    [[nodiscard]] ExpenseEntryRules::MoneyPage Page() const;
+    /// Shows all of a draft that has just come.
+    void ShowRecord();
+    /// Shows distance, rate and amount as the draft has them.
+    void ShowMoney();
     [[nodiscard]] CDateEdit* DateField() const { return m_day.edit; }
+    /// The field of a finding.
+    [[nodiscard]] QLineEdit* LineOf(DraftField place) const;
 
  Q_SIGNALS:
     void OdometerWanted();
@@ -37,10 +39,11 @@ class CExpenseMoneyPage final : public QWidget {
     [[nodiscard]] QString Unit() const;
     void Wire();
     void ShowDay();
-    void SwitchDistance(bool isDistance);
-    void EnterDistance();
+    void Enter(CItemCombo& typed, Typed (ExpenseDraft::*enter)(const QString& text));
+    void ShowMoneyBeside(const CItemCombo* typed);
     void ShowEnabled();
 
+    ExpenseDraft& m_draft;
     const RecordDialogContext& m_context;
     RecordDialogParts::DateRow m_day;
     QCheckBox* m_isDistance = nullptr;
@@ -50,5 +53,4 @@ class CExpenseMoneyPage final : public QWidget {
     CItemCombo* m_amount = nullptr;
     CItemCombo* m_item5 = nullptr;
     QList<QWidget*> m_ofDistance;  ///< what is of use for a distance entry only
-    QString m_keptDistance, m_keptRate;
 };

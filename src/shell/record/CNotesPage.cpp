@@ -70,6 +70,7 @@ void CNotesPage::KeepLimit() {
         cursor.endEditBlock();
     }
     ShowRoom();
+    Q_EMIT Edited();
 }
 
 void CNotesPage::ShowRoom() {

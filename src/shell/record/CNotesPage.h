@@ -21,6 +21,9 @@ class CNotesPage final : public QWidget {
 
     static constexpr int kMostCharacters = 32000;
 
+ Q_SIGNALS:
+    void Edited();
+
  private:
     void NoteChange(int position, int removed, int added);
     void KeepLimit();

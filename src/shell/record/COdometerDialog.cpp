@@ -99,9 +99,23 @@ void COdometerDialog::ShowReadings(const Odometer& odometer) {
     m_end->setText(odometer.end);
 }
 
+QLineEdit* COdometerDialog::LineOf(DraftField place) const {
+    if (place == DraftField::OdometerStart) return m_start;
+    if (place == DraftField::OdometerEnd) return m_end;
+    return (place == DraftField::Distance ? m_distance : m_rate)->lineEdit();
+}
+
 void COdometerDialog::MarkNumbers() {
-    for (QLineEdit* line : {m_start, m_end, m_distance->lineEdit(), m_rate->lineEdit()})
-        RecordDialogParts::MarkNumber(*line, Text::NumberCountsAsZero);
+    const DraftFindings findings = ExpenseEntryRules::FindIn(GetDraft());
+    for (const DraftField place :
+         {DraftField::OdometerStart, DraftField::OdometerEnd, DraftField::Distance, DraftField::Rate})
+        RecordDialogParts::MarkFinding(*LineOf(place), findings, place);
+}
+
+void COdometerDialog::accept() {
+    const auto place = RecordDialogParts::AskAbout(ExpenseEntryRules::FindIn(GetDraft()), m_context.prompt);
+    if (place) return RecordDialogParts::AskAgain(*LineOf(*place));
+    QDialog::accept();
 }
 
 void COdometerDialog::SetDraft(const Odometer& odometer) {
@@ -116,7 +130,10 @@ void COdometerDialog::SetDraft(const Odometer& odometer) {
 }
 
 Odometer COdometerDialog::GetDraft() const {
-    return {m_start->text(), m_end->text(), m_rate->Text(), m_distance->Text()};
+    return {.start = m_start->text(),
+            .end = m_end->text(),
+            .rate = m_rate->Text(),
+            .distance = m_distance->Text()};
 }
 
 void COdometerDialog::done(int result) {

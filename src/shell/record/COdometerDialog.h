@@ -22,6 +22,8 @@ class COdometerDialog final : public QDialog {
     void SetDraft(const ExpenseEntryRules::Odometer& odometer);
     [[nodiscard]] ExpenseEntryRules::Odometer GetDraft() const;
 
+    /// Refused in words, and the dialog stays open, while a number can't be read.
+    void accept() override;
     void done(int result) override;
 
  private:
@@ -32,6 +34,7 @@ class COdometerDialog final : public QDialog {
     void EnterDistance();
     void ShowReadings(const ExpenseEntryRules::Odometer& odometer);
     void MarkNumbers();
+    [[nodiscard]] QLineEdit* LineOf(DraftField place) const;
 
     RecordDialogContext m_context;
     CItemFields m_fields;

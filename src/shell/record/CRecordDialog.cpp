@@ -1,9 +1,8 @@
 #include "shell/record/CRecordDialog.h"
 
 #include "config/CCfgStore.h"
-#include "entry/CCatalogueKeeper.h"
-#include "entry/KeepInLists.h"
-#include "entry/TimeEntryRules.h"
+#include "entry/CCatalogueItems.h"
+#include "entry/NewListItems.h"
 #include "fields/FieldId.h"
 #include "lang/LoadText.h"
 #include "shell/controls/CDateEdit.h"
@@ -13,13 +12,15 @@
 #include "shell/record/CNotesPage.h"
 #include "shell/record/CRecordDialogEntry.h"
 #include "shell/record/CRecordDialogTime.h"
-#include "shell/record/CRecordDraft.h"
 #include "shell/record/CTimerPanelWidget.h"
 #include "timers/CRecordTimers.h"
 
 #include <QDialogButtonBox>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <chrono>
+#include <tuple>
+#include <utility>
 
 namespace {
 
@@ -28,11 +29,12 @@ QString SizeSection() {
 }
 constexpr QSize kUsualSize{560, 420};
 constexpr int kNotesName = NumberOf(FieldId::TimeNotes);
+constexpr std::chrono::seconds kPersistAfter{1};
 
 }  // namespace
 
 CRecordDialog::CRecordDialog(const RecordDialogContext& context, QWidget* parent)
-    : QDialog(parent), m_context(context), m_draft(std::make_unique<CRecordDraft>()) {
+    : QDialog(parent), m_context(context), m_draft(context.settings) {
     setObjectName(QStringLiteral("recordDialog"));
     setWindowTitle(LoadText(Text::RecordDialogTitle));
     BuildPages();
@@ -58,9 +60,9 @@ void CRecordDialog::BuildPages() {
     auto* column = new QVBoxLayout(this);
     column->setSpacing(kFormSpace);
     column->addWidget(m_pages);
-    m_timer = new CTimerPanelWidget(*m_draft, m_context, mnemonics);
-    m_time = new CRecordDialogTime(*m_draft, m_context, mnemonics);
-    m_entry = new CRecordDialogEntry(*m_draft, m_context, mnemonics);
+    m_timer = new CTimerPanelWidget(m_draft, m_context, mnemonics);
+    m_time = new CRecordDialogTime(m_draft, m_context, mnemonics);
+    m_entry = new CRecordDialogEntry(m_draft, m_context, mnemonics);
     m_notes = new CNotesPage(RecordDialogParts::LabelOf(m_context.catalogue, kNotesName));
     m_pages->addTab(m_time, time);
     m_pages->addTab(m_entry, entry);
@@ -76,7 +78,8 @@ void CRecordDialog::Wire() {
     connect(m_entry, &CRecordDialogEntry::Changed, m_time, &CRecordDialogTime::ShowRecord);
     connect(m_time, &CRecordDialogTime::EntryTried, this, [this] {
         // The rule says why; while the fields are locked its answer is known.
-        std::ignore = TimeEntryRules::MayEnterTimes(m_context.timers, GetDraft().GetId(), &m_context.prompt);
+        const QString id = m_draft.Record().GetId();
+        std::ignore = TimeEntryRules::MayEnterTimes(m_context.timers, id, &m_context.prompt);
     });
     connect(m_timer, &CTimerPanelWidget::AboutToAct, m_time, &CRecordDialogTime::Settle);
     connect(m_timer, &CTimerPanelWidget::TimesChanged, this, &CRecordDialog::ShowTimes);
@@ -84,22 +87,44 @@ void CRecordDialog::Wire() {
     // A page that was called by its tab or its mnemonic has the focus in its first field.
     connect(m_pages, &QTabWidget::currentChanged, this, [this] { m_pages->currentWidget()->setFocus(); });
     RecordDialogParts::AcceptByCtrlReturn(*this);
+    connect(m_time, &CRecordDialogTime::Changed, this, &CRecordDialog::PersistLater);
+    connect(m_entry, &CRecordDialogEntry::Entered, this, &CRecordDialog::PersistLater);
+    connect(m_notes, &CNotesPage::Edited, this, &CRecordDialog::PersistLater);
+    connect(m_timer, &CTimerPanelWidget::StateChanged, this, [this] {
+        // Said at every second of a running timer, too.
+        const TimerState state = m_context.timers.StateOf(m_draft.Record().GetId());
+        if (std::exchange(m_timerState, state) != state) PersistNow();
+    });
+    m_persist.setSingleShot(true);
+    m_persist.setInterval(kPersistAfter);
+    connect(&m_persist, &QTimer::timeout, this, &CRecordDialog::PersistNow);
 }
 
-void CRecordDialog::SetDraft(const CTRecord& record) {
-    m_draft->Begin(record);
+void CRecordDialog::SetDraft(const TimeDraft& draft) {
+    m_draft = draft;
+    const CTRecord& record = m_draft.Record();
     m_time->ShowRecord();
     m_entry->ShowRecord();
     m_notes->SetNotes(record.notes);
     m_timer->setVisible(!record.GetId().isEmpty());
     m_timer->Open();
+    PersistNow();
     m_pages->setCurrentWidget(m_time);
     m_time->setFocus();
     m_time->DateField()->selectAll();
 }
 
-const CTRecord& CRecordDialog::GetDraft() const {
-    return m_draft->Record();
+/// Not started anew by each key: what is entered is never further behind than this.
+void CRecordDialog::PersistLater() {
+    if (!m_persist.isActive() && m_context.timers.IsAwaited(m_draft.Record().GetId())) m_persist.start();
+}
+
+void CRecordDialog::PersistNow() {
+    m_persist.stop();
+    if (!m_context.timers.IsAwaited(m_draft.Record().GetId())) return;
+    m_draft.EnterNotes(m_notes->GetNotes());
+    // A failure is no reason to stop the user, who has the draft on the screen; the next entry tries again.
+    static_cast<void>(m_context.timers.PersistDraft(m_draft.Record()));
 }
 
 void CRecordDialog::ShowTimes() {
@@ -113,41 +138,57 @@ void CRecordDialog::Refuse(CPickEdit& field, int textId, const QString& why) {
     RecordDialogParts::AskAgain(field);
 }
 
-bool CRecordDialog::TypingIsReadable() {
+void CRecordDialog::GoTo(DraftField place) {
+    const bool isDate = place == DraftField::Date;
+    m_pages->setCurrentWidget(isDate ? static_cast<QWidget*>(m_time) : m_entry);
+    RecordDialogParts::AskAgain(isDate ? *m_time->DateField() : *m_entry->LineOf(place));
+}
+
+bool CRecordDialog::IsAcceptable() {
     if (CPickEdit* field = m_time->FirstUnreadable()) {
         Refuse(*field, field->UnreadableTextId(), field->WhyUnreadable());
         return false;
     }
-    if (GetDraft().date.IsSet()) return true;
-    Refuse(*m_time->DateField(), static_cast<int>(Text::DateMissing), LoadText(Text::DateMissing));
-    return false;
+    const auto place = RecordDialogParts::AskAbout(m_draft.Findings(), m_context.prompt);
+    if (place) GoTo(*place);
+    return !place;
 }
 
 void CRecordDialog::accept() {
     m_time->Settle();
-    if (!TypingIsReadable()) return;
+    if (!IsAcceptable()) return;
     // The last count first, so that the page accepted shows what belongs to it.
     m_timer->Close();
-    CCatalogueKeeper lists(m_context.catalogue);
-    const KeepInLists keep(m_context.settings, lists);
-    m_draft->Change([this, &keep](CTRecord& record) {
-        TimeEntryRules::AcceptEntryPage(record, m_entry->Page(), keep);
-        record.notes = m_notes->GetNotes();
-    });
+    CCatalogueItems lists(m_context.catalogue);
+    m_draft.EnterNotes(m_notes->GetNotes());
+    m_draft.Accept(NewListItems(m_context.settings, lists));
+    m_persist.stop();
+    m_isDecided = true;
     PersistDialogSize(*this, m_context.settings.Profile(), SizeSection());
     QDialog::accept();
 }
 
+/// A window that leaves takes its dialogs with it; the user hasn't cancelled then, and the draft is offered
+/// at the next start.
 void CRecordDialog::reject() {
+    const bool isLeaving = parentWidget() && !parentWidget()->window()->isVisible();
     m_timer->Close();
+    m_persist.stop();
+    m_isDecided = !isLeaving;
     PersistDialogSize(*this, m_context.settings.Profile(), SizeSection());
     QDialog::reject();
 }
 
 bool RunRecordDialog(QWidget* parent, CTRecord& record, const RecordDialogContext& context) {
     CRecordDialog dialog(context, parent);
-    dialog.SetDraft(record);
-    if (dialog.exec() != QDialog::Accepted) return false;
-    record.Copy(dialog.GetDraft());
-    return true;
+    TimeDraft draft(context.settings);
+    draft.Begin(record);
+    dialog.SetDraft(draft);
+    const bool isAccepted = dialog.exec() == QDialog::Accepted;
+    if (isAccepted) record.Copy(dialog.GetDraft().Record());
+    if (!isAccepted && dialog.IsDecided())
+        context.timers.DiscardDraft(record.GetId());
+    else if (!isAccepted)
+        context.timers.PersistDraftAtExit(dialog.GetDraft().Record());
+    return isAccepted;
 }

@@ -1,15 +1,15 @@
 #pragma once
 
-#include "records/CTRecord.h"
+#include "app/CTimerService.h"
+#include "entry/TimeDraft.h"
 #include "shell/record/RecordDialogParts.h"
 
 #include <QDialog>
-#include <memory>
+#include <QTimer>
 
 class CNotesPage;
 class CRecordDialogEntry;
 class CRecordDialogTime;
-class CRecordDraft;
 class CTimerPanelWidget;
 class QTabWidget;
 
@@ -24,11 +24,16 @@ class CRecordDialog final : public QDialog {
 
     /// Shows a record. Its identity tells which timer is meant; a new record has one already. One without an
     /// identity, a stored default, can't have a timer.
-    void SetDraft(const CTRecord& record);
-    /// The record as edited, once the dialog was accepted.
-    [[nodiscard]] const CTRecord& GetDraft() const;
+    ///
+    /// A new record that has a timer isn't stored yet, so its draft is persisted with the timer: at once when
+    /// the timer starts, pauses or stops, and a moment after anything else was entered.
+    void SetDraft(const TimeDraft& draft);
+    /// As entered; complete once the dialog was accepted.
+    [[nodiscard]] const TimeDraft& GetDraft() const { return m_draft; }
+    /// Whether the user has accepted or cancelled. A dialog that ends because the program leaves is neither.
+    [[nodiscard]] bool IsDecided() const { return m_isDecided; }
 
-    /// Refused in words, and the dialog stays open, while a typed date or time can't be read.
+    /// Refused in words, and the dialog stays open, while something typed can't be read.
     void accept() override;
     /// A running timer goes on; one that was stopped here is gone with its count.
     void reject() override;
@@ -36,17 +41,23 @@ class CRecordDialog final : public QDialog {
  private:
     void BuildPages();
     void Wire();
-    [[nodiscard]] bool TypingIsReadable();
+    [[nodiscard]] bool IsAcceptable();
     void ShowTimes();
     void Refuse(CPickEdit& field, int textId, const QString& why);
+    void GoTo(DraftField place);
+    void PersistLater();
+    void PersistNow();
 
     RecordDialogContext m_context;
-    std::unique_ptr<CRecordDraft> m_draft;
+    TimeDraft m_draft;
     QTabWidget* m_pages = nullptr;
     CRecordDialogTime* m_time = nullptr;
     CRecordDialogEntry* m_entry = nullptr;
     CNotesPage* m_notes = nullptr;
     CTimerPanelWidget* m_timer = nullptr;
+    QTimer m_persist;  ///< runs while something entered isn't persisted yet
+    TimerState m_timerState = TimerState::None;
+    bool m_isDecided = false;
 };
 
 /// Lets the user edit the record; true when accepted, and only then the record is changed.

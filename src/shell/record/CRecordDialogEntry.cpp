@@ -7,7 +7,6 @@
 #include "shell/controls/CItemCombo.h"
 #include "shell/look/CMnemonics.h"
 #include "shell/look/FormRows.h"
-#include "shell/record/CRecordDraft.h"
 #include "shell/record/RecordDialogParts.h"
 
 #include <QCheckBox>
@@ -16,19 +15,18 @@
 
 namespace {
 
-/// An item: the number of its name, its list, where the record and the accepted page have it.
+/// An item: the number of its name, its list, where the record has it.
 struct ItemRow {
     int field;
     int list;
     QString CTRecord::*value;
-    QString TimeEntryRules::EntryPage::*entered;
 };
 constexpr ItemRow kItems[] = {
-    {NumberOf(FieldId::TimeItem1), ListId::kClient, &CTRecord::item1, &TimeEntryRules::EntryPage::item1},
-    {NumberOf(FieldId::TimeItem2), ListId::kProject, &CTRecord::item2, &TimeEntryRules::EntryPage::item2},
-    {NumberOf(FieldId::TimeItem3), ListId::kTimeItem3, &CTRecord::item3, &TimeEntryRules::EntryPage::item3},
-    {NumberOf(FieldId::TimeItem4), ListId::kTimeItem4, &CTRecord::item4, &TimeEntryRules::EntryPage::item4},
-    {NumberOf(FieldId::TimeItem5), ListId::kItem5, &CTRecord::item5, &TimeEntryRules::EntryPage::item5},
+    {NumberOf(FieldId::TimeItem1), ListId::kClient, &CTRecord::item1},
+    {NumberOf(FieldId::TimeItem2), ListId::kProject, &CTRecord::item2},
+    {NumberOf(FieldId::TimeItem3), ListId::kTimeItem3, &CTRecord::item3},
+    {NumberOf(FieldId::TimeItem4), ListId::kTimeItem4, &CTRecord::item4},
+    {NumberOf(FieldId::TimeItem5), ListId::kItem5, &CTRecord::item5},
 };
 constexpr int kRateName = NumberOf(FieldId::TimeRate);
 constexpr int kAmountName = NumberOf(FieldId::TimeAmount);
@@ -37,7 +35,7 @@ constexpr int kBilledName = NumberOf(FieldId::Billed);
 
 }  // namespace
 
-CRecordDialogEntry::CRecordDialogEntry(CRecordDraft& draft, const RecordDialogContext& context,
+CRecordDialogEntry::CRecordDialogEntry(TimeDraft& draft, const RecordDialogContext& context,
                                        CMnemonics mnemonics)
     : m_draft(draft), m_context(context), m_fields(context.catalogue, RecordMode::Time, context.settings) {
     setObjectName(QStringLiteral("entryPage"));
@@ -83,43 +81,58 @@ void CRecordDialogEntry::AddMoney(QGridLayout& form, CMnemonics& mnemonics) {
 }
 
 void CRecordDialogEntry::Wire() {
-    connect(m_rate, &CItemCombo::Edited, this, [this] { Enter(*m_rate, &TimeEntryRules::EnterRate); });
-    connect(m_amount, &CItemCombo::Edited, this, [this] { Enter(*m_amount, &TimeEntryRules::EnterAmount); });
+    for (std::size_t i = 0; i < std::size(kItems); ++i)
+        connect(m_items[i], &CItemCombo::Edited, this, [this, i] {
+            m_draft.EnterItem(kItems[i].value, m_items[i]->Text());
+            Q_EMIT Entered();
+        });
+    connect(m_rate, &CItemCombo::Edited, this, [this] { Enter(*m_rate, &TimeDraft::EnterRate); });
+    connect(m_amount, &CItemCombo::Edited, this, [this] { Enter(*m_amount, &TimeDraft::EnterAmount); });
     connect(m_billable, &QCheckBox::clicked, this, &CRecordDialogEntry::SwitchBillable);
+    connect(m_billed, &QCheckBox::clicked, this, [this](bool isOn) {
+        m_draft.SwitchBilled(isOn);
+        Q_EMIT Entered();
+    });
 }
 
-/// An empty field isn't marked: it changes nothing now either, and is saved as no value.
-void CRecordDialogEntry::Enter(CItemCombo& typed, EnterMoney rule) {
-    bool isRead = false;
-    m_draft.Change([&](CTRecord& record) { isRead = rule(record, typed.Text()); });
-    MarkUnreadable(*typed.lineEdit(), !isRead && !typed.Text().isEmpty(), LoadText(Text::NumberUnreadable));
-    if (!isRead) return;
-    ShowMoney(&typed);
-    Q_EMIT Changed();
+void CRecordDialogEntry::Enter(CItemCombo& typed, EnterMoney enter) {
+    const Typed read = (m_draft.*enter)(typed.Text());
+    if (read == Typed::Value) ShowMoney(&typed);
+    MarkMoney();
+    if (read == Typed::Value) Q_EMIT Changed();
+    Q_EMIT Entered();
 }
 
 void CRecordDialogEntry::SwitchBillable(bool isBillable) {
-    m_draft.Change([isBillable](CTRecord& record) { record.SetBillable(isBillable); });
+    m_draft.SwitchBillable(isBillable);
     ShowMoney(nullptr);
-    if (!isBillable) m_billed->setChecked(false);
+    MarkMoney();
+    m_billed->setChecked(m_draft.Record().isBilled);
     ShowEnabled();
     Q_EMIT Changed();
+    Q_EMIT Entered();
 }
 
 void CRecordDialogEntry::ShowMoney(const CItemCombo* typed) {
-    const auto show = [typed](CItemCombo& field, const QString& text) {
-        if (&field == typed) return;
-        field.ShowText(text);
-        MarkUnreadable(*field.lineEdit(), false, {});
-    };
-    show(*m_rate, m_draft.Record().GetRateText());
-    show(*m_amount, m_draft.Record().GetAmountText());
+    if (m_rate != typed) m_rate->ShowText(m_draft.RateText());
+    if (m_amount != typed) m_amount->ShowText(m_draft.AmountText());
+}
+
+void CRecordDialogEntry::MarkMoney() {
+    const DraftFindings findings = m_draft.Findings();
+    for (const DraftField place : {DraftField::Rate, DraftField::Amount})
+        RecordDialogParts::MarkFinding(*LineOf(place), findings, place);
+}
+
+QLineEdit* CRecordDialogEntry::LineOf(DraftField place) const {
+    return (place == DraftField::Rate ? m_rate : m_amount)->lineEdit();
 }
 
 void CRecordDialogEntry::ShowComputed() {
     const CTRecord& record = m_draft.Record();
-    if (record.amountIsDerived) m_amount->ShowText(record.GetAmountText());
-    if (record.rateIsDerived) m_rate->ShowText(record.GetRateText());
+    if (record.amountIsDerived) m_amount->ShowText(m_draft.AmountText());
+    if (record.rateIsDerived) m_rate->ShowText(m_draft.RateText());
+    MarkMoney();
 }
 
 void CRecordDialogEntry::ShowEnabled() {
@@ -134,15 +147,6 @@ void CRecordDialogEntry::ShowRecord() {
     m_billable->setChecked(record.isBillable);
     m_billed->setChecked(record.isBilled);
     ShowMoney(nullptr);
+    MarkMoney();
     ShowEnabled();
-}
-
-TimeEntryRules::EntryPage CRecordDialogEntry::Page() const {
-    TimeEntryRules::EntryPage page;
-    for (std::size_t i = 0; i < std::size(kItems); ++i) page.*kItems[i].entered = m_items[i]->Text();
-    page.rate = m_rate->Text();
-    page.amount = m_amount->Text();
-    page.isBillable = m_billable->isChecked();
-    page.isBilled = m_billed->isChecked();
-    return page;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "entry/TimeEntryRules.h"
+#include "entry/TimeDraft.h"
 #include "shell/controls/CItemFields.h"
 
 #include <QWidget>
@@ -8,9 +8,9 @@
 
 class CItemCombo;
 class CMnemonics;
-class CRecordDraft;
 class QCheckBox;
 class QGridLayout;
+class QLineEdit;
 struct RecordDialogContext;
 
 /// The page with the five items, the money and the flags, called as the user calls them. Rate and amount
@@ -19,33 +19,35 @@ class CRecordDialogEntry final : public QWidget {
     Q_OBJECT
 
  public:
-    CRecordDialogEntry(CRecordDraft& draft, const RecordDialogContext& context, CMnemonics mnemonics);
+    CRecordDialogEntry(TimeDraft& draft, const RecordDialogContext& context, CMnemonics mnemonics);
 
     /// Shows all of a record that has just come.
     void ShowRecord();
     /// After a change of the times: shows which of rate and amount was computed; what was typed stays as
     /// typed.
     void ShowComputed();
-    /// What the page holds, for the rule that accepts it.
-    [[nodiscard]] TimeEntryRules::EntryPage Page() const;
+    /// The field of a finding.
+    [[nodiscard]] QLineEdit* LineOf(DraftField place) const;
 
  Q_SIGNALS:
     void Changed();  ///< the record's money changed
+    void Entered();  ///< anything was entered
 
  private:
-    using EnterMoney = bool (*)(CTRecord& record, const QString& text);
+    using EnterMoney = Typed (TimeDraft::*)(const QString& text);
 
     void AddItems(QGridLayout& form, CMnemonics& mnemonics);
     void AddMoney(QGridLayout& form, CMnemonics& mnemonics);
     [[nodiscard]] QString LabelOf(int field) const;
     void PlanMnemonics(CMnemonics& mnemonics) const;
     void Wire();
-    void Enter(CItemCombo& typed, EnterMoney rule);
+    void Enter(CItemCombo& typed, EnterMoney enter);
     void SwitchBillable(bool isBillable);
     void ShowMoney(const CItemCombo* typed);
+    void MarkMoney();
     void ShowEnabled();
 
-    CRecordDraft& m_draft;
+    TimeDraft& m_draft;
     const RecordDialogContext& m_context;
     CItemFields m_fields;
     std::array<CItemCombo*, 5> m_items{};

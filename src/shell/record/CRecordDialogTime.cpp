@@ -2,7 +2,6 @@
 
 #include "app/CVelmarchApp.h"
 #include "config/CCfgStore.h"
-#include "entry/TimeEntryRules.h"
 #include "fields/FieldId.h"
 #include "lang/FormatText.h"
 #include "records/CTRecord.h"
@@ -19,23 +18,25 @@
 #include <QLabel>
 #include <algorithm>
 
-/// A time of day: where the record has it, what rounds it, which rule takes it.
+/// A time of day: where the record has it, what rounds it, how it goes into the draft.
 struct CRecordDialogTime::TimeRow {
+    TimeDraft::Field place;
     TimeField field;
     const char* name;
     Text label;
     std::int32_t Settings::*roundType;
     std::int32_t Settings::*roundMinutes;
     bool (CTRecord::*get)(int& hour, int& minute, bool& isPm) const;
-    void (*enter)(CTRecord&, const std::optional<DateTimeVal>&, const Settings&);
+    void (TimeDraft::*enter)(const std::optional<DateTimeVal>& time);
 };
 
-/// A length of time: where the record has it and which rule takes it.
+/// A length of time: where the record has it and how it goes into the draft.
 struct CRecordDialogTime::SpanRow {
+    TimeDraft::Field place;
     const char* name;
     Text label;
     SpanField SpanSet::*field;
-    void (*enter)(CTRecord&, const std::optional<EnteredSpan>&, const Settings&);
+    void (TimeDraft::*enter)(const std::optional<EnteredSpan>& span, SpanSource source);
 };
 
 namespace {
@@ -52,17 +53,6 @@ int StepOf(int roundType, int roundMinutes) {
 std::optional<EnteredSpan> SpanOf(const SpanField& span) {
     if (!span.IsSet()) return {};
     return EnteredSpan{span.hours, span.minutes};
-}
-
-void EnterDay(CTRecord& record, const std::optional<DateTimeVal>& day) {
-    if (day)
-        record.date.Set(day->month, day->day, day->year);
-    else
-        record.date.Reset();
-}
-
-void EnterTypedDuration(CTRecord& record, const std::optional<EnteredSpan>& span, const Settings& settings) {
-    TimeEntryRules::EnterDuration(record, span, settings);
 }
 
 QString NetText(const SpanField& net) {
@@ -84,7 +74,7 @@ QLabel* AddSum(QGridLayout& form, int row, const QString& caption, const char* n
 
 }  // namespace
 
-CRecordDialogTime::CRecordDialogTime(CRecordDraft& draft, const RecordDialogContext& context,
+CRecordDialogTime::CRecordDialogTime(TimeDraft& draft, const RecordDialogContext& context,
                                      CMnemonics mnemonics)
     : m_draft(draft), m_context(context), m_settings(context.settings) {
     setObjectName(QStringLiteral("timePage"));
@@ -105,23 +95,46 @@ CRecordDialogTime::CRecordDialogTime(CRecordDraft& draft, const RecordDialogCont
 void CRecordDialogTime::AddFields(QGridLayout& form, CMnemonics& mnemonics) {
     AddDate(form, mnemonics);
     const TimeRow times[] = {
-        {TimeField::Start, "startField", Text::LabelStart, &Settings::roundStartType,
-         &Settings::roundStartMinutes, &CTRecord::GetStart, &TimeEntryRules::EnterStart},
-        {TimeField::End, "endField", Text::LabelEnd, &Settings::roundEndType, &Settings::roundEndMinutes,
-         &CTRecord::GetEnd, &TimeEntryRules::EnterEnd},
+        {.place = TimeDraft::Field::Start,
+         .field = TimeField::Start,
+         .name = "startField",
+         .label = Text::LabelStart,
+         .roundType = &Settings::roundStartType,
+         .roundMinutes = &Settings::roundStartMinutes,
+         .get = &CTRecord::GetStart,
+         .enter = &TimeDraft::EnterStart},
+        {.place = TimeDraft::Field::End,
+         .field = TimeField::End,
+         .name = "endField",
+         .label = Text::LabelEnd,
+         .roundType = &Settings::roundEndType,
+         .roundMinutes = &Settings::roundEndMinutes,
+         .get = &CTRecord::GetEnd,
+         .enter = &TimeDraft::EnterEnd},
     };
     for (const TimeRow& row : times) AddTime(form, row, mnemonics);
     const SpanRow spans[] = {
-        {"durationField", Text::LabelDuration, &SpanSet::duration, &EnterTypedDuration},
-        {"breakField", Text::LabelBreak, &SpanSet::breakTime, &TimeEntryRules::EnterBreak},
+        {.place = TimeDraft::Field::Duration,
+         .name = "durationField",
+         .label = Text::LabelDuration,
+         .field = &SpanSet::duration,
+         .enter = &TimeDraft::EnterDuration},
+        {.place = TimeDraft::Field::Break,
+         .name = "breakField",
+         .label = Text::LabelBreak,
+         .field = &SpanSet::breakTime,
+         .enter = &TimeDraft::EnterBreak},
     };
     for (const SpanRow& row : spans) AddSpan(form, row, mnemonics);
 }
 
 void CRecordDialogTime::AddDate(QGridLayout& form, CMnemonics& mnemonics) {
     m_day = AddDateRow(form, m_context, mnemonics);
-    AddField({m_day.edit, [this](const CTRecord& record) { m_day.edit->SetDate(DayOf(record.date)); },
-              [this](CTRecord& record) { EnterDay(record, m_day.edit->GetDate()); }, false});
+    AddField({.place = TimeDraft::Field::Date,
+              .edit = m_day.edit,
+              .show = [this](const CTRecord& record) { m_day.edit->SetDate(DayOf(record.date)); },
+              .enter = [this] { m_draft.EnterDate(m_day.edit->GetDate()); },
+              .adds = false});
 }
 
 void CRecordDialogTime::AddTime(QGridLayout& form, const TimeRow& row, CMnemonics& mnemonics) {
@@ -139,10 +152,11 @@ void CRecordDialogTime::AddTime(QGridLayout& form, const TimeRow& row, CMnemonic
         const bool hasTime = (record.*get)(hour, minute, isPm) && time.SetTime(hour, minute, isPm);
         edit->SetTime(hasTime ? std::optional(time) : std::nullopt);
     };
-    const auto enter = [this, edit, rule = row.enter](CTRecord& record) {
-        rule(record, edit->GetTime(), m_settings);
-    };
-    AddField({edit, show, enter, false});
+    AddField({.place = row.place,
+              .edit = edit,
+              .show = show,
+              .enter = [this, edit, enter = row.enter] { (m_draft.*enter)(edit->GetTime()); },
+              .adds = false});
 }
 
 void CRecordDialogTime::AddSpan(QGridLayout& form, const SpanRow& row, CMnemonics& mnemonics) {
@@ -154,10 +168,10 @@ void CRecordDialogTime::AddSpan(QGridLayout& form, const SpanRow& row, CMnemonic
     const auto show = [edit, field = row.field](const CTRecord& record) {
         edit->SetSpan(SpanOf(record.spans.*field));
     };
-    const auto enter = [this, edit, rule = row.enter](CTRecord& record) {
-        rule(record, edit->GetSpan(), m_settings);
+    const auto enter = [this, edit, take = row.enter] {
+        (m_draft.*take)(edit->GetSpan(), edit->IsStepped() ? SpanSource::Stepped : SpanSource::Entered);
     };
-    AddField({edit, show, enter, true});
+    AddField({.place = row.place, .edit = edit, .show = show, .enter = enter, .adds = true});
 }
 
 void CRecordDialogTime::AddSums(QGridLayout& form) {
@@ -176,22 +190,22 @@ void CRecordDialogTime::AddSwitch(QGridLayout& form, const char* settingName, co
 }
 
 void CRecordDialogTime::AddField(Field field) {
-    const std::size_t place = m_fields.size();
-    connect(field.edit, &CPickEdit::Entered, this, [this, place] { Enter(place); });
+    const std::size_t at = m_fields.size();
+    connect(field.edit, &CPickEdit::Entered, this, [this, at] { Enter(m_fields[at]); });
     connect(field.edit, &CPickEdit::Settled, this, &CRecordDialogTime::Settle);
     connect(field.edit, &CPickEdit::EntryTried, this, &CRecordDialogTime::EntryTried);
     m_fields.push_back(std::move(field));
 }
 
 /// The same text as before is no entry, so that a time which was never rounded stays when the user only looks
-/// at it; but while entries add up, the same duration again means twice as long.
-void CRecordDialogTime::Enter(std::size_t place) {
-    const Field& field = m_fields[place];
-    const bool isSame = field.edit->HasShownText() && !(field.adds && m_settings.accumulateOnReentry);
+/// at it; but while entries add up, the same duration typed again means twice as long.
+void CRecordDialogTime::Enter(const Field& field) {
+    const bool addsUp = field.adds && m_settings.accumulateOnReentry && !field.edit->IsStepped();
+    const bool isSame = field.edit->HasShownText() && !addsUp;
     if (isSame || !field.edit->IsReadable())
-        m_draft.Undo(static_cast<int>(place));
+        m_draft.Undo(field.place);
     else
-        m_draft.Try(static_cast<int>(place), field.enter);
+        field.enter();
     m_typed = field.edit;
     ShowRecord();
     Q_EMIT Changed();

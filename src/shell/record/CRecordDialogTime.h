@@ -1,9 +1,10 @@
 #pragma once
 
-#include "shell/record/CRecordDraft.h"
+#include "entry/TimeDraft.h"
 #include "shell/record/RecordDialogParts.h"
 
 #include <QWidget>
+#include <functional>
 #include <vector>
 
 /// The page with the day and the four linked quantities of a time record. Each key carries the entry to the
@@ -13,7 +14,7 @@ class CRecordDialogTime final : public QWidget {
     Q_OBJECT
 
  public:
-    CRecordDialogTime(CRecordDraft& draft, const RecordDialogContext& context, CMnemonics mnemonics);
+    CRecordDialogTime(TimeDraft& draft, const RecordDialogContext& context, CMnemonics mnemonics);
 
     /// What was typed holds from now on.
     void Settle();
@@ -30,11 +31,12 @@ class CRecordDialogTime final : public QWidget {
     void EntryTried();  ///< into a locked field
 
  private:
-    /// One field: how it shows the record, and the rule that takes what was entered into it.
+    /// One field: how it shows the record, and how what was entered into it goes into the draft.
     struct Field {
+        TimeDraft::Field place;
         CPickEdit* edit;
         std::function<void(const CTRecord& record)> show;
-        CRecordDraft::Rule enter;
+        std::function<void()> enter;
         bool adds;  ///< entering the same again adds it up, while that is set
     };
     struct TimeRow;
@@ -47,9 +49,9 @@ class CRecordDialogTime final : public QWidget {
     void AddSums(QGridLayout& form);
     void AddSwitch(QGridLayout& form, const char* settingName, const QString& text, CMnemonics& mnemonics);
     void AddField(Field field);
-    void Enter(std::size_t place);
+    void Enter(const Field& field);
 
-    CRecordDraft& m_draft;
+    TimeDraft& m_draft;
     const RecordDialogContext& m_context;
     CCfgStore& m_settings;
     std::vector<Field> m_fields;

@@ -1,11 +1,9 @@
 #include "shell/record/CTimerPanelWidget.h"
 
-#include "config/CCfgStore.h"
-#include "entry/TimeEntryRules.h"
+#include "entry/TimeDraft.h"
 #include "lang/FormatText.h"
 #include "shell/look/CMnemonics.h"
 #include "shell/look/FormRows.h"
-#include "shell/record/CRecordDraft.h"
 #include "shell/record/RecordDialogParts.h"
 
 #include <QHBoxLayout>
@@ -47,11 +45,9 @@ QLabel* MakeTimeLabel() {
 
 }  // namespace
 
-CTimerPanelWidget::CTimerPanelWidget(CRecordDraft& draft, const RecordDialogContext& context,
+CTimerPanelWidget::CTimerPanelWidget(TimeDraft& draft, const RecordDialogContext& context,
                                      CMnemonics& mnemonics)
-    : m_draft(draft),
-      m_settings(context.settings),
-      m_panel(draft.Record(), context.timers, context.document, context.prompt, Hooks()) {
+    : m_draft(draft), m_panel(draft.Record(), context.timers, context.document, context.prompt, Hooks()) {
     NameWidget(*this, QStringLiteral("timerPanel"), LoadText(Text::TimesDrivenByTimerTitle));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -75,12 +71,21 @@ void CTimerPanelWidget::BuildLabels(QHBoxLayout& row) {
 }
 
 void CTimerPanelWidget::BuildButtons(QHBoxLayout& row, CMnemonics& mnemonics) {
-    static constexpr ButtonRow kStart{"timerStart", Text::TimerStartButton, "media-playback-start",
-                                      Qt::Key_F7, &CTimerPanel::PanelStart};
-    static constexpr ButtonRow kPause{"timerPause", Text::TimerPauseButton, "media-playback-pause",
-                                      Qt::Key_F8, &CTimerPanel::PanelPause};
-    static constexpr ButtonRow kStop{"timerStop", Text::TimerStopButton, "media-playback-stop", Qt::Key_F9,
-                                     &CTimerPanel::PanelStop};
+    static constexpr ButtonRow kStart{.name = "timerStart",
+                                      .caption = Text::TimerStartButton,
+                                      .icon = "media-playback-start",
+                                      .key = Qt::Key_F7,
+                                      .act = &CTimerPanel::PanelStart};
+    static constexpr ButtonRow kPause{.name = "timerPause",
+                                      .caption = Text::TimerPauseButton,
+                                      .icon = "media-playback-pause",
+                                      .key = Qt::Key_F8,
+                                      .act = &CTimerPanel::PanelPause};
+    static constexpr ButtonRow kStop{.name = "timerStop",
+                                     .caption = Text::TimerStopButton,
+                                     .icon = "media-playback-stop",
+                                     .key = Qt::Key_F9,
+                                     .act = &CTimerPanel::PanelStop};
     m_start = AddButton(row, kStart, mnemonics);
     m_pause = AddButton(row, kPause, mnemonics);
     AddButton(row, kStop, mnemonics);
@@ -120,9 +125,7 @@ QPushButton* CTimerPanelWidget::AddButton(QHBoxLayout& row, const ButtonRow& but
 }
 
 void CTimerPanelWidget::SetFromTimer(int hours, int minutes, bool fromTimer) {
-    m_draft.Change([&](CTRecord& record) {
-        TimeEntryRules::SetFromTimer(record, hours, minutes, fromTimer, m_settings);
-    });
+    m_draft.SetFromTimer(hours, minutes, fromTimer);
     Q_EMIT TimesChanged();
 }
 

@@ -6,12 +6,11 @@
 #include <QTimer>
 #include <QWidget>
 
-class CCfgStore;
 class CMnemonics;
-class CRecordDraft;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
+class TimeDraft;
 struct RecordDialogContext;
 
 /// The timer of the record in the dialog: its time, counting once a second while it runs, and the buttons
@@ -20,7 +19,7 @@ class CTimerPanelWidget final : public QWidget {
     Q_OBJECT
 
  public:
-    CTimerPanelWidget(CRecordDraft& draft, const RecordDialogContext& context, CMnemonics& mnemonics);
+    CTimerPanelWidget(TimeDraft& draft, const RecordDialogContext& context, CMnemonics& mnemonics);
 
     /// The dialog shows a record.
     void Open();
@@ -44,8 +43,7 @@ class CTimerPanelWidget final : public QWidget {
     void SetFromTimer(int hours, int minutes, bool fromTimer);
     void ShowState();
 
-    CRecordDraft& m_draft;
-    CCfgStore& m_settings;
+    TimeDraft& m_draft;
     QTimer m_tick{this};
     CTimerPanel m_panel;
     QLabel* m_time = nullptr;

@@ -2,7 +2,6 @@
 
 #include "app/CPulldownCatalogue.h"
 #include "calendar/CalendarMath.h"
-#include "calendar/NumberText.h"
 #include "config/CCfgStore.h"
 #include "lang/LoadText.h"
 #include "platform/host/CPrompt.h"
@@ -15,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QShortcut>
+#include <algorithm>
 
 namespace RecordDialogParts {
 
@@ -63,15 +63,33 @@ void TellRefused(CPrompt& prompt, int textId, const QString& why) {
     prompt.Tell(box);
 }
 
-void AskAgain(CPickEdit& field) {
+void AskAgain(QLineEdit& field) {
     field.setFocus();
     field.selectAll();
 }
 
-void MarkNumber(QLineEdit& field, Text reason) {
-    float value = 0.0F;
-    const bool isWrong = !field.text().isEmpty() && !ParseFloat(TheRegion(), field.text(), value);
-    MarkUnreadable(field, isWrong, LoadText(reason));
+void MarkFinding(QLineEdit& field, const DraftFindings& findings, DraftField place) {
+    const auto found = std::ranges::find(findings, place, &DraftFinding::field);
+    const bool isFound = found != findings.end();
+    MarkUnreadable(field, isFound, isFound ? found->mark : QString());
+}
+
+std::optional<DraftField> AskAbout(const DraftFindings& findings, CPrompt& prompt) {
+    for (const DraftFinding& finding : findings) {
+        if (!finding.isQuestion) {
+            TellRefused(prompt, static_cast<int>(finding.text), finding.words);
+            return finding.field;
+        }
+        const MessageBox box{.textId = static_cast<int>(finding.text),
+                             .title = LoadText(Text::CheckEntryTitle),
+                             .text = finding.words,
+                             .icon = BoxIcon::Warning,
+                             .buttons = Buttons::YesNo,
+                             .defaultAnswer = Answer::No,
+                             .actionLabel = LoadText(Text::DialogSave)};
+        if (prompt.Ask(box) != Answer::Yes) return finding.field;
+    }
+    return {};
 }
 
 void AcceptByCtrlReturn(QDialog& dialog) {

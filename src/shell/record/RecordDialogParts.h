@@ -1,6 +1,7 @@
 #pragma once
 
 #include "calendar/DateTimeVal.h"
+#include "entry/DraftFinding.h"
 #include "lang/Text.h"
 #include "platform/host/CRegionalInfo.h"
 
@@ -53,9 +54,12 @@ void ShowWeekday(const DateRow& row, const RecordDate& date);
 /// Tells why the text of a field can't be accepted; the caller then calls for it with AskAgain.
 void TellRefused(CPrompt& prompt, int textId, const QString& why);
 /// Puts the user into the field, over its text.
-void AskAgain(CPickEdit& field);
-/// Marks a field whose text is no number; an empty one isn't marked.
-void MarkNumber(QLineEdit& field, Text reason);
+void AskAgain(QLineEdit& field);
+/// Marks a field with what was found in its text, or takes the mark off.
+void MarkFinding(QLineEdit& field, const DraftFindings& findings, DraftField place);
+/// Tells or asks of one finding after the other, until one stands: the field to which the user has to go
+/// back. Nothing when the draft can be accepted.
+[[nodiscard]] std::optional<DraftField> AskAbout(const DraftFindings& findings, CPrompt& prompt);
 /// Ctrl+Enter accepts, from the notes too.
 void AcceptByCtrlReturn(QDialog& dialog);
 

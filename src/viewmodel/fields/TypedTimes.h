@@ -1,16 +1,10 @@
 #pragma once
 
 #include "calendar/DateTimeVal.h"
+#include "entry/Typed.h"
 #include "platform/host/CRegionalInfo.h"
 
 #include <QString>
-
-/// What became of a text that a user typed.
-enum class Typed {
-    Nothing,     ///< empty: the field is to be cleared
-    Value,       ///< read
-    Unreadable,  ///< no value of this kind
-};
 
 /// A time of day: "9", "930", "9:30", "9.30", "9h30", "2130", "9 pm", "9:30p", or the word for now ("n"
 /// does). Without AM or PM the clock of 24 hours is meant, in every region: "9" is 9 AM and "12" is noon.

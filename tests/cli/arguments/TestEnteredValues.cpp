@@ -13,7 +13,7 @@ namespace {
 
 CRegionalInfo Region(const QString& name) {
     CRegionalInfo region;
-    if (name == u"German") region = {false, u',', true, 1, u'.', 2, true};
+    if (name == u"German") region = {false, u',', true, 1, u'.', 2, true, u'.'};
     if (name == u"Swedish") region = {false, u',', true, 2, u'-', 2, true};
     return region;
 }
@@ -159,7 +159,10 @@ void TestEnteredValues::ReadNumber_data() {
     QTest::newRow("no digit in front") << us << u".5"_s << 0.5;
     QTest::newRow("a comma where it is the decimal character") << de << u"80,5"_s << 80.5;
     QTest::newRow("a full stop there too") << de << u"80.5"_s << 80.5;
-    QTest::newRow("both") << de << u"1.080,5"_s << -1.0;
+    QTest::newRow("digits in groups") << de << u"1.080,5"_s << 1080.5;
+    QTest::newRow("digits in American groups") << us << u"1,080.5"_s << 1080.5;
+    QTest::newRow("one full stop is the decimal character everywhere") << de << u"1.080"_s << 1.08;
+    QTest::newRow("groups the other way round") << de << u"1,080.5"_s << -1.0;
     QTest::newRow("the greatest") << us << u"999999999"_s << 999999999.0;
     QTest::newRow("greater") << us << u"1000000000"_s << -1.0;
     QTest::newRow("an exponent") << us << u"1e300"_s << -1.0;

@@ -24,6 +24,8 @@ class TestExpenseCommands : public QObject {
     void Refused_data();
     void ClearOnAPlainAmount();
     void Refused();
+    void ANumberThatIsStoredAsAnother_data();
+    void ANumberThatIsStoredAsAnother();
     void RefusedChangesNothing();
     void LongTexts_data();
     void LongTexts();
@@ -203,6 +205,8 @@ void TestExpenseCommands::Refused_data() {
         << u"--flag1 no --flag2"_s << QByteArray("--flag1");
     QTest::newRow("a plain amount with a distance")
         << u"--distance-entry no --distance 4"_s << QByteArray("--distance");
+    QTest::newRow("a comma between other than groups of digits")
+        << u"--amount 1,5"_s << QByteArray("\"1,5\" is no number");
     QTest::newRow("no number") << u"--amount ten"_s << QByteArray("\"ten\" is no number");
     QTest::newRow("a number with something behind it") << u"--distance 10km"_s << QByteArray("\"10km\"");
     QTest::newRow("an absurd rate") << u"--rate 1e99"_s << QByteArray("\"1e99\"");
@@ -232,6 +236,25 @@ void TestExpenseCommands::Refused() {
     QCOMPARE(reply.exit, 2);
     QVERIFY2(reply.err.contains(words), reply.err.constData());
     QVERIFY(reply.out.isEmpty());
+}
+
+/// A script hears of a number that is stored as another one; what is exact is stored in silence.
+void TestExpenseCommands::ANumberThatIsStoredAsAnother_data() {
+    QTest::addColumn<QString>("amount");
+    QTest::addColumn<QByteArray>("note");
+    QTest::newRow("more digits than are kept")
+        << u"16777217"_s << QByteArray("\"16777217\" is kept as 1677721");
+    QTest::newRow("seven digits") << u"12345.67"_s << QByteArray();
+    QTest::newRow("digits in groups") << u"1,234.50"_s << QByteArray();
+    QTest::newRow("rounded to the places of amounts") << u"12.345"_s << QByteArray();
+}
+
+void TestExpenseCommands::ANumberThatIsStoredAsAnother() {
+    QFETCH(QString, amount);
+    QFETCH(QByteArray, note);
+    const Reply reply = Expense({u"add"_s, u"--amount"_s, amount});
+    QCOMPARE(reply.exit, 0);
+    QVERIFY2(note.isEmpty() ? reply.err.isEmpty() : reply.err.contains(note), reply.err.constData());
 }
 
 void TestExpenseCommands::RefusedChangesNothing() {

@@ -56,7 +56,9 @@ void OpenRecord(DialogHome& home, const Look& look) {
     record.GenUnique();
     record.date.Set(11, 19, 2026);
     record.SetBillable(true);
-    dialog.SetDraft(record);
+    TimeDraft draft(*home.home.settings);
+    draft.Begin(record);
+    dialog.SetDraft(draft);
     ShowAndLook(home, dialog, look);
 }
 
@@ -67,7 +69,9 @@ void OpenExpense(DialogHome& home, const Look& look, bool isDistance) {
     record.date.Set(11, 19, 2026);
     record.isDistance = isDistance;
     record.flag1 = record.flag3 = true;
-    dialog.SetDraft(record);
+    ExpenseDraft draft;
+    draft.Begin(record);
+    dialog.SetDraft(draft);
     ShowAndLook(home, dialog, look);
 }
 

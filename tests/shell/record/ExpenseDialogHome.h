@@ -19,7 +19,9 @@ class ExpenseDialogHome : public DialogHome {
     /// Opens the dialog on the expense, in front and with the focus.
     void Open() {
         dialog = std::make_unique<CExpenseDialog>(Context());
-        dialog->SetDraft(record);
+        ExpenseDraft draft;
+        draft.Begin(record);
+        dialog->SetDraft(draft);
         Show(*dialog);
     }
     /// A distance entry with its amount.

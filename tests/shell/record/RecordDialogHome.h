@@ -16,7 +16,9 @@ class RecordDialogHome : public DialogHome {
     /// Opens the dialog on the record, in front and with the focus.
     void Open() {
         dialog = std::make_unique<CRecordDialog>(Context());
-        dialog->SetDraft(record);
+        TimeDraft draft(*home.settings);
+        draft.Begin(record);
+        dialog->SetDraft(draft);
         Show(*dialog);
     }
     /// Start, end, duration and break as they stand in the fields.

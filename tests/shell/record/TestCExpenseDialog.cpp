@@ -55,7 +55,7 @@ class TestCExpenseDialog : public QObject {
         t.Keys("notesField", S("a note"));
         t.Press("acceptButton");
         QCOMPARE(t.dialog->result(), int(QDialog::Accepted));
-        const CERecord& record = t.dialog->GetDraft();
+        const CERecord& record = t.dialog->GetDraft().Record();
         QCOMPARE(record.GetId(), t.record.GetId());
         QCOMPARE(record.date.longText, S("12/24/2026"));
         QVERIFY(!record.isDistance);
@@ -95,7 +95,7 @@ class TestCExpenseDialog : public QObject {
         t.Press(one);
         QVERIFY(!t.IsOn(two));
         t.dialog->accept();
-        const CERecord& record = t.dialog->GetDraft();
+        const CERecord& record = t.dialog->GetDraft().Record();
         QVERIFY(!record.flag2 && !record.flag4);
     }
 
@@ -106,7 +106,7 @@ class TestCExpenseDialog : public QObject {
         QVERIFY(t.IsEnabled("flag5Box"));
         t.Press("flag5Box");
         t.dialog->accept();
-        const CERecord& record = t.dialog->GetDraft();
+        const CERecord& record = t.dialog->GetDraft().Record();
         QVERIFY(record.flag5 && !record.flag1 && !record.flag3);
     }
 
@@ -186,7 +186,7 @@ class TestCExpenseDialog : public QObject {
         QCOMPARE(t.Label("weekday"), S("Saturday"));
         t.dialog->accept();
         QCOMPARE(t.dialog->result(), int(QDialog::Accepted));
-        QCOMPARE(t.dialog->GetDraft().date.longText, S("02/28/2026"));
+        QCOMPARE(t.dialog->GetDraft().Record().date.longText, S("02/28/2026"));
     }
 
     void ADateIsEnteredInAnyForm() {
@@ -260,7 +260,7 @@ class TestCExpenseDialog : public QObject {
         t.Enter("distanceField", S("10"));
         t.Enter("rateField", S("0.5"));
         t.dialog->accept();
-        QCOMPARE(t.dialog->GetDraft().GetAmountText(), S("5.00"));
+        QCOMPARE(t.dialog->GetDraft().Record().GetAmountText(), S("5.00"));
         QCOMPARE(t.home.catalogue->Texts(ListId::kAmount), QStringList());
     }
 
@@ -270,7 +270,7 @@ class TestCExpenseDialog : public QObject {
         t.TurnTo(1);
         t.Enter("item1Field", S("[1] Acme"));
         t.dialog->accept();
-        QCOMPARE(t.dialog->GetDraft().item1, S("[1] Acme"));
+        QCOMPARE(t.dialog->GetDraft().Record().item1, S("[1] Acme"));
         QCOMPARE(t.home.catalogue->Texts(ListId::kClient), QStringList());
     }
 
@@ -280,7 +280,7 @@ class TestCExpenseDialog : public QObject {
         t.Open();
         t.Enter("amountField", S("7"));
         t.dialog->reject();
-        QCOMPARE(t.dialog->GetDraft().amount.value, 5.0F);
+        QCOMPARE(t.dialog->GetDraft().Record().amount.value, 5.0F);
         QCOMPARE(t.dialog->result(), int(QDialog::Rejected));
     }
 
@@ -297,8 +297,8 @@ class TestCExpenseDialog : public QObject {
         t.Open();
         for (const char* name : {"item3Field", "item5Field"}) t.Line(name)->insert(text);
         t.dialog->accept();
-        QTEST(int(t.dialog->GetDraft().item3.size()), "expected");
-        QTEST(int(t.dialog->GetDraft().item5.size()), "expected");
+        QTEST(int(t.dialog->GetDraft().Record().item3.size()), "expected");
+        QTEST(int(t.dialog->GetDraft().Record().item5.size()), "expected");
     }
 
     void KeysThatEndTheDialog_data() {

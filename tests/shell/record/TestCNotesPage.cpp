@@ -34,7 +34,7 @@ class TestCNotesPage : public QObject {
         t.record.notes = QStringLiteral("a\r\nb\u00a0c");
         t.Open();
         t.dialog->accept();
-        QCOMPARE(t.dialog->GetDraft().notes, QStringLiteral("a\r\nb\u00a0c"));
+        QCOMPARE(t.dialog->GetDraft().Record().notes, QStringLiteral("a\r\nb\u00a0c"));
     }
 };
 

@@ -68,7 +68,7 @@ class TestCRecordDialog : public QObject {
         QTest::keyClicks(t.Find<QPlainTextEdit>("notesField"), QStringLiteral("a note"));
         t.Press("acceptButton");
         QCOMPARE(t.dialog->result(), int(QDialog::Accepted));
-        const CTRecord& record = t.dialog->GetDraft();
+        const CTRecord& record = t.dialog->GetDraft().Record();
         QCOMPARE(record.GetId(), t.record.GetId());
         QCOMPARE(record.date.longText, QStringLiteral("12/24/2026"));
         QCOMPARE(record.spans.duration.clockText, QStringLiteral("12:30"));
@@ -175,7 +175,7 @@ class TestCRecordDialog : public QObject {
         else
             t.Line(qPrintable(field))->insert(text);
         t.dialog->accept();
-        const CTRecord& record = t.dialog->GetDraft();
+        const CTRecord& record = t.dialog->GetDraft().Record();
         QTEST(int(record.item1.size() + record.notes.size()), "expected");
     }
 

@@ -29,8 +29,8 @@ class TestCRecordDialogEntry : public QObject {
         QCOMPARE(t.Shown("rateField"), QStringLiteral("10.000"));
         QCOMPARE(t.Shown("amountField"), QStringLiteral("30"));
         t.dialog->accept();
-        QCOMPARE(t.dialog->GetDraft().GetRateText(), QStringLiteral("10.000"));
-        QCOMPARE(t.dialog->GetDraft().GetAmountText(), QStringLiteral("30.00"));
+        QCOMPARE(t.dialog->GetDraft().Record().GetRateText(), QStringLiteral("10.000"));
+        QCOMPARE(t.dialog->GetDraft().Record().GetAmountText(), QStringLiteral("30.00"));
     }
 
     void MoneyThatIsNoNumberChangesNothingAndIsMarked() {
@@ -77,8 +77,8 @@ class TestCRecordDialogEntry : public QObject {
         t.Type("rateField", QString());
         QVERIFY(!IsMarked(*t.Line("rateField")));
         t.dialog->accept();
-        QCOMPARE(t.dialog->GetDraft().rate.value, -1.0F);
-        QCOMPARE(t.dialog->GetDraft().amount.value, 20.0F);
+        QCOMPARE(t.dialog->GetDraft().Record().rate.value, -1.0F);
+        QCOMPARE(t.dialog->GetDraft().Record().amount.value, 20.0F);
     }
 
     void EveryFieldOffersItsList_data() {

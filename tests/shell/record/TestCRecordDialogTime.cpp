@@ -10,6 +10,32 @@ class TestCRecordDialogTime : public QObject {
     Q_OBJECT
 
  private Q_SLOTS:
+    /// A key that steps moves the value as it is shown; it is no entry that is added to it.
+    void SteppingAddsNothingUp() {
+        RecordDialogHome t;
+        t.home.settings->accumulateOnReentry = true;
+        t.SetTimes(QStringLiteral("08:00"), QStringLiteral("10:00"));
+        t.Open();
+        t.Find<QWidget>("durationField")->setFocus();
+        t.Key("durationField", Qt::Key_Up);
+        t.Key("durationField", Qt::Key_Up);
+        QCOMPARE(t.Times(), QStringLiteral("08:00 AM to 10:10 AM, 2:10 less "));
+        t.Key("durationField", Qt::Key_Down);
+        t.Key("durationField", Qt::Key_Down);
+        QCOMPARE(t.Times(), QStringLiteral("08:00 AM to 10:00 AM, 2:00 less "));
+    }
+
+    void SteppingMoreThanADay() {
+        RecordDialogHome t;
+        t.record.SetDuration(30, 0, true);
+        t.Open();
+        t.Find<QWidget>("durationField")->setFocus();
+        t.Key("durationField", Qt::Key_Up);
+        QCOMPARE(t.Shown("durationField"), QStringLiteral("30:05"));
+        t.dialog->accept();
+        QCOMPARE(t.dialog->GetDraft().Record().spans.duration.clockText, QStringLiteral("30:05"));
+    }
+
     void EnterTimes_data() {
         QTest::addColumn<QString>("start");
         QTest::addColumn<QString>("end");
@@ -249,7 +275,7 @@ class TestCRecordDialogTime : public QObject {
         QCOMPARE(t.Shown("durationField"), QStringLiteral("1:00"));
         QVERIFY(t.dialog->isVisible());
         t.dialog->accept();
-        QCOMPARE(t.dialog->GetDraft().startHour, 9);
+        QCOMPARE(t.dialog->GetDraft().Record().startHour, 9);
     }
 };
 

@@ -4,6 +4,7 @@
 #include "shell/controls/CPickEdit.h"
 #include "shell/record/RecordDialogHome.h"
 #include "support/TestProgram.h"
+#include "timers/TimerTexts.h"
 
 /// The timer in the record dialog, by its buttons, its count, and what it does to the fields.
 class TestCTimerPanelWidget : public QObject {
@@ -91,6 +92,70 @@ class TestCTimerPanelWidget : public QObject {
         QCOMPARE(t.Label("timerTime"), QStringLiteral("00:01:30"));
     }
 
+    /// What a program that starts now would offer: the item, the notes and the count.
+    static QString Offered(RecordDialogHome& t) {
+        const auto draft = t.timers.TakeOverDraft();
+        if (!draft) return QStringLiteral("nothing");
+        const QString count = draft->timer ? TimerCountText(*draft->timer) : QStringLiteral("no timer");
+        return QStringLiteral("%1/%2/%3").arg(draft->record.item1, draft->record.notes, count);
+    }
+
+    void ANewRecordIsPersistedWhenItsTimerStarts() {
+        RecordDialogHome t;
+        t.record.item1 = QStringLiteral("Acme");
+        t.Open();
+        QCOMPARE(Offered(t), QStringLiteral("nothing"));
+        t.Press("timerStart");
+        QCOMPARE(Offered(t), QStringLiteral("Acme//00:00:00"));
+        t.home.clock.Advance(60);
+        t.Press("timerPause");
+        t.home.clock.Advance(60);
+        QCOMPARE(Offered(t), QStringLiteral("Acme//00:01:00"));
+        t.Press("timerStop");
+        QCOMPARE(Offered(t), QStringLiteral("Acme//no timer"));
+    }
+
+    void WhatIsEnteredIsPersistedAMomentLater() {
+        RecordDialogHome t;
+        t.Open();
+        t.Press("timerStart");
+        t.TurnTo(1);
+        t.Type("item1Field", QStringLiteral("Acme"));
+        QCOMPARE(Offered(t), QStringLiteral("//00:00:00"));
+        QTRY_COMPARE_WITH_TIMEOUT(Offered(t), QStringLiteral("Acme//00:00:00"), 3000);
+        t.TurnTo(2);
+        QTest::keyClicks(t.Find<QWidget>("notesField"), QStringLiteral("one"));
+        QTRY_COMPARE_WITH_TIMEOUT(Offered(t), QStringLiteral("Acme/one/00:00:00"), 3000);
+    }
+
+    void AStoredRecordIsNotPersistedAsADraft() {
+        RecordDialogHome t;
+        OpenStored(t);
+        t.Press("timerStart");
+        QCOMPARE(Offered(t), QStringLiteral("nothing"));
+    }
+
+    void WhoEndsTheDialog_data() {
+        QTest::addColumn<bool>("isWindowLeaving");
+        QTest::addColumn<bool>("isDecided");
+        QTest::newRow("the user cancels") << false << true;
+        QTest::newRow("the window leaves: nobody has decided") << true << false;
+    }
+    void WhoEndsTheDialog() {
+        QFETCH(bool, isWindowLeaving);
+        RecordDialogHome t;
+        QWidget window;
+        window.show();
+        CRecordDialog dialog(t.Context(), &window);
+        TimeDraft draft(*t.home.settings);
+        draft.Begin(t.record);
+        dialog.SetDraft(draft);
+        dialog.show();
+        if (isWindowLeaving) window.hide();
+        dialog.reject();
+        QTEST(dialog.IsDecided(), "isDecided");
+    }
+
     void PauseWithoutATimerDoesNothing() {
         RecordDialogHome t;
         OpenStored(t);
@@ -173,7 +238,7 @@ class TestCTimerPanelWidget : public QObject {
         Tick(t);
         t.dialog->accept();
         QCOMPARE(t.dialog->result(), int(QDialog::Accepted));
-        QCOMPARE(t.dialog->GetDraft().spans.duration.clockText, QStringLiteral("2:05"));
+        QCOMPARE(t.dialog->GetDraft().Record().spans.duration.clockText, QStringLiteral("2:05"));
         QCOMPARE(t.set.StateOf(t.record.GetId()), TimerState::Running);
     }
 
@@ -188,7 +253,7 @@ class TestCTimerPanelWidget : public QObject {
         Tick(t);
         QCOMPARE(t.Shown("amountField"), QStringLiteral("30.00"));
         t.dialog->accept();
-        QCOMPARE(t.dialog->GetDraft().GetAmountText(), QStringLiteral("30.00"));
+        QCOMPARE(t.dialog->GetDraft().Record().GetAmountText(), QStringLiteral("30.00"));
     }
 
     void OpensOnATimerThatRuns_data() {
@@ -258,8 +323,8 @@ class TestCTimerPanelWidget : public QObject {
         t.Type("item1Field", QStringLiteral("client"));
         Tick(t);
         t.dialog->accept();
-        QCOMPARE(t.dialog->GetDraft().date.longText, QStringLiteral("12/24/2026"));
-        QCOMPARE(t.dialog->GetDraft().item1, QStringLiteral("client"));
+        QCOMPARE(t.dialog->GetDraft().Record().date.longText, QStringLiteral("12/24/2026"));
+        QCOMPARE(t.dialog->GetDraft().Record().item1, QStringLiteral("client"));
     }
 
     void ATickLeavesADateThatIsBeingTyped() {
@@ -271,7 +336,7 @@ class TestCTimerPanelWidget : public QObject {
         QCOMPARE(t.Shown("dateField"), QStringLiteral("12/2"));
         QTest::keyClicks(t.Find<QLineEdit>("dateField"), QStringLiteral("4"));
         t.dialog->accept();
-        QCOMPARE(t.dialog->GetDraft().date.longText, QStringLiteral("12/24/2026"));
+        QCOMPARE(t.dialog->GetDraft().Record().date.longText, QStringLiteral("12/24/2026"));
     }
 
     void WhatCantBeReadGivesWayToTheTimer() {

@@ -7,7 +7,7 @@
 using namespace Qt::Literals::StringLiterals;
 
 /// Texts of the command line go into the pick lists as those of a dialog do.
-class TestKeptTexts : public QObject {
+class TestEnteredItems : public QObject {
     Q_OBJECT
 
  private Q_SLOTS:
@@ -30,7 +30,7 @@ class TestKeptTexts : public QObject {
     std::unique_ptr<ConsoleHome> m_home;
 };
 
-void TestKeptTexts::Kept_data() {
+void TestEnteredItems::Kept_data() {
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("list");
     QTest::addColumn<QString>("texts");
@@ -57,7 +57,7 @@ void TestKeptTexts::Kept_data() {
     QTest::newRow("a rate of distances") << u"expense add --rate 0.30"_s << u"70"_s << u"0.3"_s;
 }
 
-void TestKeptTexts::Kept() {
+void TestEnteredItems::Kept() {
     QFETCH(QString, line);
     QFETCH(QString, list);
     const Reply reply = m_home->RunJson(Words(line));
@@ -65,7 +65,7 @@ void TestKeptTexts::Kept() {
     QTEST(Texts(list), "texts");
 }
 
-void TestKeptTexts::AnEditKeepsWhatItEnters() {
+void TestEnteredItems::AnEditKeepsWhatItEnters() {
     const QString id = m_home->Add({u"--item1"_s, u"Alpha"_s});
     QCOMPARE(m_home->Run({u"--yes"_s, u"items"_s, u"clear"_s, u"16"_s}).exit, 0);
     QCOMPARE(m_home->Run({u"time"_s, u"edit"_s, id, u"--item2"_s, u"One"_s}).exit, 0);
@@ -73,13 +73,13 @@ void TestKeptTexts::AnEditKeepsWhatItEnters() {
     QCOMPARE(Texts(u"17"_s), u"One"_s);
 }
 
-void TestKeptTexts::NothingIsKeptTwice() {
+void TestEnteredItems::NothingIsKeptTwice() {
     for (int i = 0; i < 3; ++i) m_home->Add({u"--item1"_s, u"O'Brien 😀"_s});
     m_home->AddExpense({u"--item1"_s, u"O'Brien 😀"_s});
     QCOMPARE(Texts(u"16"_s), u"O'Brien 😀"_s);
 }
 
-void TestKeptTexts::WhatIsSwitchedOffIsNotKept_data() {
+void TestEnteredItems::WhatIsSwitchedOffIsNotKept_data() {
     QTest::addColumn<QString>("setting");
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("line");
@@ -97,7 +97,7 @@ void TestKeptTexts::WhatIsSwitchedOffIsNotKept_data() {
         << u"keepTimeList115"_s << u"1"_s << u"time add --billable --amount 12.50"_s << u"73"_s << u"12.5"_s;
 }
 
-void TestKeptTexts::WhatIsSwitchedOffIsNotKept() {
+void TestEnteredItems::WhatIsSwitchedOffIsNotKept() {
     QFETCH(QString, setting);
     QFETCH(QString, value);
     QFETCH(QString, line);
@@ -107,11 +107,11 @@ void TestKeptTexts::WhatIsSwitchedOffIsNotKept() {
     QTEST(Texts(list), "texts");
 }
 
-void TestKeptTexts::ARefusedRecordKeepsNothing() {
+void TestEnteredItems::ARefusedRecordKeepsNothing() {
     QCOMPARE(m_home->Run(Words(u"time add --item1 Alpha --start 25:00"_s)).exit, 2);
     QCOMPARE(m_home->Run(Words(u"expense add --item1 Alpha --flag2"_s)).exit, 2);
     QCOMPARE(Texts(u"16"_s), QString());
 }
 
-TEST_CLASS(TestKeptTexts);
-#include "TestKeptTexts.moc"
+TEST_CLASS(TestEnteredItems);
+#include "TestEnteredItems.moc"

@@ -1,7 +1,7 @@
-#include "entry/CCatalogueKeeper.h"
+#include "entry/CCatalogueItems.h"
 
 #include "app/CPulldownCatalogue.h"
 
-bool CCatalogueKeeper::Keep(int list, const QString& text) {
+bool CCatalogueItems::Add(int list, const QString& text) {
     return m_catalogue.CheckNewItem(list, text) != NewItem::Refused && m_catalogue.AddItem(list, text, false);
 }

@@ -1,6 +1,6 @@
-#include "entry/KeepInLists.h"
+#include "entry/NewListItems.h"
 
-#include "entry/CCatalogueKeeper.h"
+#include "entry/CCatalogueItems.h"
 #include "entry/ExpenseEntryRules.h"
 #include "entry/TimeEntryRules.h"
 #include "records/CERecord.h"
@@ -15,9 +15,9 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// Notes what it is asked to keep, as "16:Acme".
-class Notes final : public CItemKeeper {
+class Notes final : public CListItemService {
  public:
-    bool Keep(int list, const QString& text) override {
+    bool Add(int list, const QString& text) override {
         seen.append(QString::number(list) + u':' + text);
         return true;
     }
@@ -73,7 +73,7 @@ ExpenseEntryRules::MoneyPage TypedMoney(bool isDistance) {
 
 Q_DECLARE_METATYPE(Setting)
 
-class TestKeepInLists : public QObject {
+class TestNewListItems : public QObject {
     Q_OBJECT
 
     TestHome home;
@@ -104,17 +104,17 @@ class TestKeepInLists : public QObject {
 };
 
 /// What is typed into money fields isn't kept unless the user wants it, except rates.
-void TestKeepInLists::Defaults() {
+void TestNewListItems::Defaults() {
     const Settings settings;
     Notes notes;
     CTRecord time;
-    AcceptEntryPage(time, TypedTime(), KeepInLists(settings, notes));
+    AcceptEntryPage(time, TypedTime(), NewListItems(settings, notes));
     CERecord expense;
-    AcceptMoneyPage(expense, TypedMoney(false), KeepInLists(settings, notes));
+    AcceptMoneyPage(expense, TypedMoney(false), NewListItems(settings, notes));
     QCOMPARE(notes.seen.join(u' '), u"16:Acme 17:Bridge 34:40 32:Drawing 33:4711 72:EUR 69: 70: 72:EUR"_s);
 }
 
-void TestKeepInLists::TimeRecord_data() {
+void TestNewListItems::TimeRecord_data() {
     AddColumns();
     QTest::newRow("all, in their order")
         << kNone << u"16:Acme 17:Bridge 34:40 32:Drawing 33:4711 72:EUR 73:80"_s;
@@ -136,16 +136,16 @@ void TestKeepInLists::TimeRecord_data() {
         << &Settings::keepExpenseList131 << u"16:Acme 17:Bridge 34:40 32:Drawing 33:4711 72:EUR 73:80"_s;
 }
 
-void TestKeepInLists::TimeRecord() {
+void TestNewListItems::TimeRecord() {
     QFETCH(Setting, off);
     const Settings settings = Without(off);
     Notes notes;
     CTRecord record;
-    AcceptEntryPage(record, TypedTime(), KeepInLists(settings, notes));
+    AcceptEntryPage(record, TypedTime(), NewListItems(settings, notes));
     QTEST(notes.seen.join(u' '), "kept");
 }
 
-void TestKeepInLists::ComputedMoney_data() {
+void TestNewListItems::ComputedMoney_data() {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("kept");
     QTest::newRow("a typed rate gives the amount, which isn't kept") << u"rate"_s << u"34:40"_s;
@@ -153,7 +153,7 @@ void TestKeepInLists::ComputedMoney_data() {
     QTest::newRow("without times both were typed") << u"both"_s << u"34:40 73:80"_s;
 }
 
-void TestKeepInLists::ComputedMoney() {
+void TestNewListItems::ComputedMoney() {
     QFETCH(QString, typed);
     const Settings settings = AllOn();
     Notes notes;
@@ -166,7 +166,7 @@ void TestKeepInLists::ComputedMoney() {
     page.rate = u"40"_s;
     page.amount = u"80"_s;
     page.isBillable = true;
-    AcceptEntryPage(record, page, KeepInLists(settings, notes));
+    AcceptEntryPage(record, page, NewListItems(settings, notes));
     QStringList money;
     for (const QString& one : notes.seen)
         if (one.startsWith(u"34"_s) || one.startsWith(u"73"_s)) money.append(one);
@@ -174,7 +174,7 @@ void TestKeepInLists::ComputedMoney() {
 }
 
 /// The box was taken off just now: what was computed until then still doesn't count as typed.
-void TestKeepInLists::NoLongerBillable() {
+void TestNewListItems::NoLongerBillable() {
     const Settings settings = AllOn();
     Notes notes;
     CTRecord record;
@@ -183,13 +183,13 @@ void TestKeepInLists::NoLongerBillable() {
     record.SetRate(40.0F);
     TimeEntryRules::EntryPage page = TypedTime();
     page.isBillable = false;
-    AcceptEntryPage(record, page, KeepInLists(settings, notes));
+    AcceptEntryPage(record, page, NewListItems(settings, notes));
     QVERIFY(notes.seen.contains(u"34:40"_s));
     QVERIFY(!notes.seen.contains(u"73:80"_s));
     QVERIFY(!record.amountIsDerived);
 }
 
-void TestKeepInLists::Distance_data() {
+void TestNewListItems::Distance_data() {
     AddColumns();
     QTest::newRow("the amount of a distance is computed: not kept") << kNone << u"69:100 70:0.3 72:EUR"_s;
     QTest::newRow("no distances") << &Settings::keepDistance << u"70:0.3 72:EUR"_s;
@@ -199,33 +199,33 @@ void TestKeepInLists::Distance_data() {
         << &Settings::keepTimeList114 << u"69:100 70:0.3 72:EUR"_s;
 }
 
-void TestKeepInLists::Distance() {
+void TestNewListItems::Distance() {
     QFETCH(Setting, off);
     const Settings settings = Without(off);
     Notes notes;
     CERecord record;
-    AcceptMoneyPage(record, TypedMoney(true), KeepInLists(settings, notes));
+    AcceptMoneyPage(record, TypedMoney(true), NewListItems(settings, notes));
     QTEST(notes.seen.join(u' '), "kept");
 }
 
 /// The empty texts of distance and rate are for the list to refuse.
-void TestKeepInLists::Amount_data() {
+void TestNewListItems::Amount_data() {
     AddColumns();
     QTest::newRow("an amount that was typed") << kNone << u"69: 70: 72:EUR 73:30.00"_s;
     QTest::newRow("no amounts") << &Settings::keepExpenseList136 << u"69: 70: 72:EUR"_s;
     QTest::newRow("no currencies") << &Settings::keepExpenseList135 << u"69: 70: 73:30.00"_s;
 }
 
-void TestKeepInLists::Amount() {
+void TestNewListItems::Amount() {
     QFETCH(Setting, off);
     const Settings settings = Without(off);
     Notes notes;
     CERecord record;
-    AcceptMoneyPage(record, TypedMoney(false), KeepInLists(settings, notes));
+    AcceptMoneyPage(record, TypedMoney(false), NewListItems(settings, notes));
     QTEST(notes.seen.join(u' '), "kept");
 }
 
-void TestKeepInLists::Items_data() {
+void TestNewListItems::Items_data() {
     AddColumns();
     QTest::newRow("all") << kNone << u"16:Acme 17:Bridge 68:Taxi 71:Cash"_s;
     QTest::newRow("no clients") << &Settings::keepExpenseList131 << u"17:Bridge 68:Taxi 71:Cash"_s;
@@ -234,7 +234,7 @@ void TestKeepInLists::Items_data() {
     QTest::newRow("no payments") << &Settings::keepExpenseList134 << u"16:Acme 17:Bridge 68:Taxi"_s;
 }
 
-void TestKeepInLists::Items() {
+void TestNewListItems::Items() {
     QFETCH(Setting, off);
     const Settings settings = Without(off);
     Notes notes;
@@ -244,30 +244,30 @@ void TestKeepInLists::Items() {
     page.item2 = u"Bridge"_s;
     page.item3 = u"Taxi"_s;
     page.item4 = u"Cash"_s;
-    AcceptItemsPage(record, page, KeepInLists(settings, notes));
+    AcceptItemsPage(record, page, NewListItems(settings, notes));
     QTEST(notes.seen.join(u' '), "kept");
 }
 
 /// The list gets what the record gets.
-void TestKeepInLists::TextsAreCut() {
+void TestNewListItems::TextsAreCut() {
     const Settings settings = AllOn();
     Notes notes;
     CERecord record;
     ExpenseEntryRules::ItemsPage page;
     page.item1 = QString(256, u'ä');
-    AcceptItemsPage(record, page, KeepInLists(settings, notes));
+    AcceptItemsPage(record, page, NewListItems(settings, notes));
     QCOMPARE(notes.seen.first(), u"16:"_s + QString(255, u'ä'));
     QCOMPARE(record.item1, QString(255, u'ä'));
 }
 
-void TestKeepInLists::NothingIsKept() {
+void TestNewListItems::NothingIsKept() {
     CTRecord record;
-    AcceptEntryPage(record, TypedTime(), KeepInLists());
+    AcceptEntryPage(record, TypedTime(), NewListItems());
     QCOMPARE(record.item1, u"Acme"_s);
     QCOMPARE(home.catalogue->Texts(16), QStringList());
 }
 
-void TestKeepInLists::Catalogue_data() {
+void TestNewListItems::Catalogue_data() {
     QTest::addColumn<int>("list");
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("added");
@@ -285,30 +285,30 @@ void TestKeepInLists::Catalogue_data() {
 }
 
 /// Nobody is asked, even where new items are asked about otherwise.
-void TestKeepInLists::Catalogue() {
+void TestNewListItems::Catalogue() {
     QFETCH(int, list);
     QFETCH(QString, text);
     TestHome own;
     own.settings->confirmAddListItem = true;
     QVERIFY(own.catalogue->AddItem(17, u"Tower"_s, false));
-    CCatalogueKeeper keeper(*own.catalogue);
-    QTEST(keeper.Keep(list, text), "added");
+    CCatalogueItems items(*own.catalogue);
+    QTEST(items.Add(list, text), "added");
     QTEST(own.catalogue->Texts(list), "items");
     own.prompt.Finish();
 }
 
-void TestKeepInLists::CatalogueTakesTheRestAfterARefusal() {
+void TestNewListItems::CatalogueTakesTheRestAfterARefusal() {
     const Settings settings = AllOn();
-    CCatalogueKeeper keeper(*home.catalogue);
+    CCatalogueItems items(*home.catalogue);
     CTRecord record;
     TimeEntryRules::EntryPage page = TypedTime();
     page.item1 = u"[1] coded"_s;
-    AcceptEntryPage(record, page, KeepInLists(settings, keeper));
+    AcceptEntryPage(record, page, NewListItems(settings, items));
     QCOMPARE(home.catalogue->Texts(16), QStringList());
     QCOMPARE(home.catalogue->Texts(17), QStringList{u"Bridge"_s});
     QCOMPARE(home.catalogue->Texts(73), QStringList{u"80"_s});
     QCOMPARE(record.item1, u"[1] coded"_s);
 }
 
-TEST_CLASS(TestKeepInLists);
-#include "TestKeepInLists.moc"
+TEST_CLASS(TestNewListItems);
+#include "TestNewListItems.moc"
