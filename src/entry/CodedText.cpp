@@ -17,6 +17,16 @@ QString JoinCodedText(const CodedText& parts) {
     return FormatText<Text::CodedText>(parts.code, parts.name);
 }
 
+bool IsPlainText(const QString& text) {
+    const CodedText parts = SplitCodedText(text);
+    return !text.isEmpty() && parts.code.isEmpty() && parts.name.isEmpty();
+}
+
+QString ChangeCodedText(const QString& text, const CodedText& parts) {
+    const QString joined = JoinCodedText(parts);
+    return joined.isEmpty() && IsPlainText(text) ? text : joined;
+}
+
 QStringList PaymentTexts() {
     QStringList texts;
     for (const PaymentKind& kind : PaymentKinds())

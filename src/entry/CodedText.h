@@ -15,5 +15,11 @@ struct CodedText {
 /// Empty when both parts are.
 [[nodiscard]] QString JoinCodedText(const CodedText& parts);
 
+/// Whether a text has neither code nor name, and isn't empty.
+[[nodiscard]] bool IsPlainText(const QString& text);
+/// The text once its parts were edited. A plain text has none, and stays as it is while they are left empty:
+/// it would be gone otherwise though nobody touched it.
+[[nodiscard]] QString ChangeCodedText(const QString& text, const CodedText& parts);
+
 /// The 19 kinds of payment as they are offered for the fourth item of an expense: "CA: Cash".
 [[nodiscard]] QStringList PaymentTexts();

@@ -102,12 +102,13 @@ void CCodedTextDialog::AddPayment(QGridLayout& form, const QString& label, CMnem
 }
 
 void CCodedTextDialog::SetDraft(const CodedItems& items) {
+    m_given = items;
     QStringList plain;
     for (std::size_t i = 0; i < m_parts.size(); ++i) {
         const CodedText parts = SplitCodedText(items[i]);
         m_parts[i].code->setText(parts.code);
         m_parts[i].name->setText(parts.name);
-        if (!items[i].isEmpty() && parts.code.isEmpty() && parts.name.isEmpty()) plain << items[i];
+        if (IsPlainText(items[i])) plain << items[i];
     }
     m_payment->ShowText(items[kPayment]);
     m_note->setVisible(!plain.isEmpty());
@@ -118,7 +119,7 @@ void CCodedTextDialog::SetDraft(const CodedItems& items) {
 CodedItems CCodedTextDialog::GetDraft() const {
     CodedItems items;
     for (std::size_t i = 0; i < m_parts.size(); ++i)
-        items[i] = JoinCodedText({m_parts[i].code->text(), m_parts[i].name->text()});
+        items[i] = ChangeCodedText(m_given[i], {m_parts[i].code->text(), m_parts[i].name->text()});
     items[kPayment] = m_payment->Text();
     return items;
 }

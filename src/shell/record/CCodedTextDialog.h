@@ -13,8 +13,8 @@ class CItemCombo;
 using CodedItems = std::array<QString, 4>;
 
 /// Edits the first three items of an expense in two parts, a code and a name, and offers the kinds of payment
-/// for the fourth. A text that isn't coded opens with empty parts, and is gone when they are left so; the
-/// dialog says which texts that are.
+/// for the fourth. A text that isn't coded opens with empty parts, and stays while they are; the dialog says
+/// which texts that are.
 class CCodedTextDialog final : public QDialog {
     Q_OBJECT
 
@@ -39,6 +39,7 @@ class CCodedTextDialog final : public QDialog {
 
     RecordDialogContext m_context;
     std::array<Parts, 3> m_parts;
+    CodedItems m_given;
     CItemCombo* m_payment = nullptr;
     CElidedLabel* m_note = nullptr;
 };

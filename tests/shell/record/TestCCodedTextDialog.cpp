@@ -92,7 +92,16 @@ class TestCCodedTextDialog : public QObject {
         t.Enter("item1Name", name);
         t.Press("acceptButton");
         QTEST(t.dialog->GetDraft()[0], "expected");
-        QCOMPARE(t.dialog->GetDraft()[1], QString());
+        QCOMPARE(t.dialog->GetDraft()[1], S("plain"));
+    }
+
+    void APlainTextIsReplacedByWhatIsEnteredForIt() {
+        CodesHome t;
+        t.Open({S("plain"), {}, {}, {}});
+        t.Enter("item1Name", S("Acme"));
+        QCOMPARE(t.dialog->GetDraft()[0], S("[] Acme"));
+        t.Enter("item1Name", QString());
+        QCOMPARE(t.dialog->GetDraft()[0], S("plain"));
     }
 
     void PaymentOffersItsKinds() {
@@ -145,7 +154,7 @@ class TestCCodedTextDialog : public QObject {
         });
         QCOMPARE(t.Shown("item1Field"), S("[1] Acme Ltd"));
         t.dialog->accept();
-        QCOMPARE(t.dialog->GetDraft().item2, S("[7] "));
+        QCOMPARE(t.dialog->GetDraft().Record().item2, S("[7] "));
     }
 
     void RowsAreCalledAsTheUserCallsTheFields() {
