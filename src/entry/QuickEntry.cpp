@@ -135,6 +135,17 @@ bool Begin(Record& record, int flags, const QuickEntryContext& context, QuickOut
     return true;
 }
 
+/// The timer goes with a record that isn't added. The dialog may have started one as well.
+QuickOutcome FinishTimed(CTRecord& record, int flags, const QuickEntryContext& context) {
+    const QString id = record.GetId();
+    QuickOutcome outcome = Finish(record, flags, context);
+    if (outcome.addedId.isEmpty())
+        static_cast<void>(context.timers.Drop(id));  // it was never saved
+    else
+        context.timers.Keep(id);
+    return outcome;
+}
+
 }  // namespace
 
 QuickOutcome NewTimeRecord(int flags, const QuickEntryContext& context) {
@@ -146,13 +157,11 @@ QuickOutcome NewTimeRecord(int flags, const QuickEntryContext& context) {
         context.timers.RunNewTimerAction();
         context.timers.StartFromZero(id);
     }
-    outcome = Finish(record, flags, context);
-    // The dialog may have started a timer as well.
-    if (outcome.addedId.isEmpty())
-        static_cast<void>(context.timers.Drop(id));  // it was never saved
-    else
-        context.timers.Keep(id);
-    return outcome;
+    return FinishTimed(record, flags, context);
+}
+
+QuickOutcome TakeUpTimeRecord(CTRecord& record, const QuickEntryContext& context) {
+    return FinishTimed(record, kBlank, context);
 }
 
 QuickOutcome NewExpenseRecord(int flags, const QuickEntryContext& context) {

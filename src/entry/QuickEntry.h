@@ -7,6 +7,7 @@
 #include <functional>
 
 class CVelmarchDoc;
+class CTRecord;
 class CTimerService;
 class CClock;
 struct Settings;
@@ -54,8 +55,11 @@ struct QuickOutcome {
 /// or through the dialog, as the settings say. A cancelled dialog is a success that added nothing; a timer of
 /// the new record goes with it. What happened to other timers stays.
 [[nodiscard]] QuickOutcome NewTimeRecord(int flags, const QuickEntryContext& context);
-/// The same for an expense, which has a date and neither start nor timer: a successive one is dated as a
-/// blank one, and the timer's flag does nothing.
+/// Goes on with a new time record whose entry was cut off, with the identity and the timer that it had then,
+/// from the dialog on.
+[[nodiscard]] QuickOutcome TakeUpTimeRecord(CTRecord& record, const QuickEntryContext& context);
+/// As NewTimeRecord for an expense, which has a date and neither start nor timer: a successive one is dated
+/// as a blank one, and the timer's flag does nothing.
 [[nodiscard]] QuickOutcome NewExpenseRecord(int flags, const QuickEntryContext& context);
 [[nodiscard]] inline QuickOutcome NewRecordOf(RecordKind kind, int flags, const QuickEntryContext& context) {
     return kind == RecordKind::Time ? NewTimeRecord(flags, context) : NewExpenseRecord(flags, context);

@@ -4,6 +4,7 @@
 #include "entry/CListItemService.h"
 #include "entry/NewListItems.h"
 #include "lang/LoadText.h"
+#include "platform/host/CRegionalInfo.h"
 #include "support/TestProgram.h"
 
 #include <QTest>

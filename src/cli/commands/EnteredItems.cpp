@@ -2,12 +2,12 @@
 
 #include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchDoc.h"
-#include "app/StoreChange.h"
 #include "cli/arguments/FieldEntry.h"
 #include "cli/home/RecordContext.h"
 #include "config/CCfgStore.h"
 #include "entry/CCatalogueItems.h"
 #include "entry/NewListItems.h"
+#include "records/StoreTransaction.h"
 
 namespace {
 
@@ -19,8 +19,8 @@ class CItemsOnDemand final : public CListItemService {
 
     bool Add(int list, const QString& text) override {
         if (text.isEmpty()) return false;
-        const StoreHold hold(m_store);
-        if (!hold.IsHeld() || !m_catalogue.LoadLists({list})) return false;
+        const StoreTransaction hold(m_store);
+        if (!hold.IsOpen() || !m_catalogue.LoadLists({list})) return false;
         const bool isAdded = CCatalogueItems(m_catalogue).Add(list, text);
         m_hasAdded = m_hasAdded || isAdded;
         return isAdded;

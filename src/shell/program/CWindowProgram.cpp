@@ -16,6 +16,7 @@
 #include "shell/program/AccessibleRoles.h"
 #include "shell/program/CQuitSignals.h"
 #include "shell/program/CWindowDialogs.h"
+#include "shell/record/OfferDraft.h"
 #include "timers/CRecordTimers.h"
 #include "viewmodel/program/CInstanceHost.h"
 #include "viewmodel/program/CStartCheck.h"
@@ -190,6 +191,7 @@ int CWindowProgram::RunWindow() {
     // The records come with the window on the screen.
     QTimer::singleShot(0, frame.get(), [&] {
         frame->Refresh();
+        OfferDraft(frame.get(), dialog);
         LookOverLater(check, frame.get(), app.Home());
     });
     const int code = QApplication::exec();

@@ -1,0 +1,41 @@
+#include "shell/record/OfferDraft.h"
+
+#include "config/CCfgStore.h"
+#include "entry/QuickEntry.h"
+#include "lang/FormatText.h"
+#include "platform/host/CPrompt.h"
+#include "shell/record/EditRecord.h"
+#include "shell/record/RecordDialogParts.h"
+#include "timers/CRecordTimers.h"
+#include "timers/TimerTexts.h"
+
+namespace {
+
+bool IsWanted(const StoredDraft& draft, CPrompt& prompt) {
+    const QString time = LiveDurationText(draft.timer ? &*draft.timer : nullptr, draft.record.spans.duration);
+    return prompt.Ask({.textId = static_cast<int>(Text::AskTakeUpDraft),
+                       .title = LoadText(Text::AskTakeUpDraftTitle),
+                       .text = FormatText<Text::AskTakeUpDraft>(time),
+                       .icon = BoxIcon::Question,
+                       .buttons = Buttons::YesNo,
+                       .defaultAnswer = Answer::Yes,
+                       .actionLabel = LoadText(Text::TakeUpDraft)}) == Answer::Yes;
+}
+
+}  // namespace
+
+void OfferDraft(QWidget* parent, const RecordDialogContext& context) {
+    auto draft = context.timers.TakeOverDraft();
+    if (!draft) return;
+    if (!IsWanted(*draft, context.prompt)) return context.timers.DiscardDraft(draft->record.GetId());
+    context.timers.AwaitAgain(*draft);
+    const QuickEntryContext entry{
+        .document = context.document,
+        .timers = context.timers,
+        .settings = context.settings,
+        .clock = context.clock,
+        .selectedIds = {},
+        .edit = [parent, &context](CVORec& record) { return EditRecord(parent, record, context); }};
+    // Cancelled is cancelled; a record that can't be stored comes back to the dialog.
+    static_cast<void>(TakeUpTimeRecord(draft->record, entry));
+}

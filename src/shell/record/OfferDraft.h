@@ -1,0 +1,8 @@
+#pragma once
+
+class QWidget;
+struct RecordDialogContext;
+
+/// After the start of the window: a new record that an earlier run could not store is offered, with the time
+/// that its timer has counted. Taken up, it is in its dialog again; refused, it is gone.
+void OfferDraft(QWidget* parent, const RecordDialogContext& context);
