@@ -5,6 +5,7 @@
 #include "lang/FormatText.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
+#include "records/QuoteText.h"
 #include "records/RecordFactory.h"
 
 QString& RecordReplacer::Field::Of(CVORec& record) const {

@@ -56,6 +56,3 @@ class CRecordStore {
     QString m_dataSourceName;
     QHash<int, QString> m_insertPositions;  ///< by kind: the query that positions for an insert
 };
-
-/// A text as a literal of a statement: in apostrophes, those inside doubled. The one place that quotes.
-[[nodiscard]] QString QuoteText(const QString& text);

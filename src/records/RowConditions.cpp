@@ -1,7 +1,7 @@
 #include "records/RowConditions.h"
 
 #include "lang/FormatText.h"
-#include "records/CRecordStore.h"
+#include "records/QuoteText.h"
 
 #include <QStringList>
 

@@ -1,5 +1,7 @@
 #include "records/CDRecord.h"
 
+#include "records/QuoteText.h"
+
 #include "RecordsFixture.h"
 #include "support/TestProgram.h"
 

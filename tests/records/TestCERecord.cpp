@@ -2,6 +2,7 @@
 
 #include "RecordsFixture.h"
 #include "records/Precisions.h"
+#include "records/QuoteText.h"
 #include "support/TestProgram.h"
 
 class TestCERecord : public QObject {

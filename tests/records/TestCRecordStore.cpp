@@ -5,6 +5,7 @@
 #include "records/CDRecord.h"
 #include "records/CERecord.h"
 #include "records/CPRecord.h"
+#include "records/QuoteText.h"
 #include "records/RecordFactory.h"
 #include "records/RowConditions.h"
 #include "support/TestProgram.h"

@@ -3,6 +3,7 @@
 #include "RecordsFixture.h"
 #include "platform/sqlite/CSqliteFile.h"
 #include "records/CPRecord.h"
+#include "records/QuoteText.h"
 #include "records/RecordFactory.h"
 #include "support/TestProgram.h"
 

@@ -140,9 +140,11 @@ int CWindowProgram::RunVerb(const QStringList& arguments) const {
     const QString home = named.isEmpty() ? ReadInstallLocation().directory : QDir(named).canonicalPath();
     CInstanceClient other;
     if (home.isEmpty() || !other.FindWindow(home, LoadText(Text::ProgramTitle))) return kDone;
-    const bool isHeard = verb == Verb::Shutdown ? other.Send({InstanceCommand::Exit}).has_value()
-                                                : other.Post({InstanceCommand::SyncEnd});
-    return isHeard ? kDone : kFailed;
+    if (verb != Verb::Shutdown) return other.Post({InstanceCommand::SyncEnd}) ? kDone : kFailed;
+    // The window refuses while a dialog is open in which something may have been entered.
+    const auto reply = other.Send({InstanceCommand::Exit});
+    if (reply && !*reply) Print(stderr, reply->words);
+    return reply && *reply ? kDone : kFailed;
 }
 
 int CWindowProgram::RunWindow() {
