@@ -22,6 +22,12 @@ class TestCBoxPrompt : public QObject {
     void Buttons();
     void EscapeIsHarmless_data();
     void EscapeIsHarmless();
+    void Icons_data();
+    void Icons();
+    void Look();
+    void VerbOnTheButton_data();
+    void VerbOnTheButton();
+    void TellShowsOneButton();
 };
 
 namespace {
@@ -103,6 +109,87 @@ void TestCBoxPrompt::EscapeIsHarmless() {
         const MessageBox box = Question(static_cast<::Buttons>(buttons), static_cast<Answer>(harmless));
         QCOMPARE(static_cast<int>(prompt.Ask(box)), harmless);
     }
+}
+
+void TestCBoxPrompt::Icons_data() {
+    QTest::addColumn<BoxIcon>("icon");
+    QTest::addColumn<QMessageBox::Icon>("shown");
+    QTest::newRow("none") << BoxIcon::None << QMessageBox::NoIcon;
+    QTest::newRow("information") << BoxIcon::Information << QMessageBox::Information;
+    QTest::newRow("warning") << BoxIcon::Warning << QMessageBox::Warning;
+    QTest::newRow("stop") << BoxIcon::Stop << QMessageBox::Critical;
+    QTest::newRow("question") << BoxIcon::Question << QMessageBox::Question;
+}
+
+void TestCBoxPrompt::Icons() {
+    QFETCH(BoxIcon, icon);
+    QFETCH(QMessageBox::Icon, shown);
+    CBoxPrompt prompt;
+    MessageBox box = Question(::Buttons::YesNo, Answer::No);
+    box.icon = icon;
+    QMessageBox::Icon seen = QMessageBox::NoIcon;
+    WhenShown([&seen](QMessageBox& on) {
+        seen = on.icon();
+        on.reject();
+    });
+    QCOMPARE(prompt.Ask(box), Answer::No);
+    QCOMPARE(seen, shown);
+}
+
+/// Marks of a markup language in a text are shown, not carried out.
+void TestCBoxPrompt::Look() {
+    CBoxPrompt prompt;
+    MessageBox box = Question(::Buttons::YesNoCancel, Answer::No);
+    box.text = u"<b>50 %</b> & more"_s;
+    WhenShown([](QMessageBox& on) {
+        QCOMPARE(on.windowTitle(), u"Title"_s);
+        QCOMPARE(on.text(), u"<b>50 %</b> & more"_s);
+        QCOMPARE(on.textFormat(), Qt::PlainText);
+        QCOMPARE(on.defaultButton(), on.button(QMessageBox::No));
+        QCOMPARE(on.escapeButton(), on.button(QMessageBox::No));
+        on.button(QMessageBox::Cancel)->click();
+    });
+    QCOMPARE(prompt.Ask(box), Answer::Cancel);
+}
+
+void TestCBoxPrompt::VerbOnTheButton_data() {
+    QTest::addColumn<QString>("verb");
+    QTest::addColumn<QString>("yes");
+    QTest::addColumn<QString>("no");
+    QTest::newRow("a verb, and the other button leaves") << "Delete"
+                                                         << "Delete"
+                                                         << "Cancel";
+    QTest::newRow("none") << ""
+                          << "Yes"
+                          << "No";
+}
+
+void TestCBoxPrompt::VerbOnTheButton() {
+    QFETCH(QString, verb);
+    CBoxPrompt prompt;
+    MessageBox box = Question(::Buttons::YesNo, Answer::No);
+    box.actionLabel = verb;
+    QStringList seen;
+    WhenShown([&seen](QMessageBox& on) {
+        for (const auto button : {QMessageBox::Yes, QMessageBox::No})
+            seen.append(on.button(button)->text().remove(u'&'));
+        on.button(QMessageBox::Yes)->click();
+    });
+    QCOMPARE(prompt.Ask(box), Answer::Yes);
+    QTEST(seen.value(0), "yes");
+    QTEST(seen.value(1), "no");
+}
+
+void TestCBoxPrompt::TellShowsOneButton() {
+    CBoxPrompt prompt;
+    qsizetype buttons = 0;
+    WhenShown([&buttons](QMessageBox& on) {
+        buttons = on.buttons().size();
+        QVERIFY(on.button(QMessageBox::Ok));
+        on.button(QMessageBox::Ok)->click();
+    });
+    prompt.Tell({.title = u"Title"_s, .text = u"Text"_s, .actionLabel = {}});
+    QCOMPARE(buttons, qsizetype(1));
 }
 
 TEST_CLASS(TestCBoxPrompt);
