@@ -320,10 +320,10 @@ void TestCERecord::DistanceStaysAsStored() {
 
     RecordsFixture home;
     copy.GenUnique();
-    QVERIFY(home.store.InsertRecord(copy, false));
+    QVERIFY(home.store.InsertRecord(copy, Commit::Now));
     for (CERecord record : {ByRow(home), ByTable(home)}) {
         record.notes = QStringLiteral("edited");
-        QVERIFY(home.store.ModifyRecord(record, record.GetId(), false, true));
+        QVERIFY(home.store.ModifyRecord(record, record.GetId(), Commit::Now));
         QCOMPARE(ByRow(home).StoredDistance(), stored);
     }
 }

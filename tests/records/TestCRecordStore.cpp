@@ -176,7 +176,7 @@ void TestCRecordStore::SelectTexts() {
     for (const QString& text : kTexts) {
         CTRecord record = NewTime();
         record.item4 = text;
-        QVERIFY(home.store.InsertRecord(record, true));
+        QVERIFY(home.store.InsertRecord(record, Commit::Later));
     }
     QVERIFY(home.store.Commit());
     RowConditions conditions;

@@ -105,7 +105,7 @@ class TestAllTimers final : public QObject {
     void AMissingRecordEndsTheWalk() {
         QFETCH(Walk, walk);
         ThreeTimers home;
-        QVERIFY(home.document->DeleteRecord(RecordKind::Time, home.ids[1], true));
+        QVERIFY(home.document->DeleteRecord(RecordKind::Time, home.ids[1], Notify::Yes));
         QVERIFY(!home.Run(walk));
         QTEST(home.Counts(), "counts");
     }

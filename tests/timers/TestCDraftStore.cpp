@@ -85,7 +85,7 @@ class TestCDraftStore : public QObject {
         TimerHome home;
         const CTRecord record = Started(home);
         QVERIFY(home.timers->PersistDraft(record));
-        QVERIFY(home.document->AddRecord(record, true, false, false, nullptr));
+        QVERIFY(home.document->AddRecord(record, {Notify::Yes, Commit::Now}));
         home.timers->Keep(record.GetId());
         QVERIFY(!home.timers->IsAwaited(record.GetId()));
         QVERIFY(!home.timers->TakeOverDraft());
@@ -102,7 +102,7 @@ class TestCDraftStore : public QObject {
             const CTRecord record = Started(home);
             id = record.GetId();
             QVERIFY(home.timers->PersistDraft(record));
-            QVERIFY(home.document->AddRecord(record, true, false, false, nullptr));
+            QVERIFY(home.document->AddRecord(record, {Notify::Yes, Commit::Now}));
         }
         TimerHome next(folder.path());
         next.timers->RestoreTimers();

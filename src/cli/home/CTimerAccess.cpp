@@ -112,6 +112,6 @@ QStringList CTimerAccess::Timed(const QStringList& ids) {
 
 /// One that is gone already, with an answer that came too late for example, is as good as dropped.
 bool CTimerAccess::Drop(const QStringList& ids) {
-    for (const QString& id : ids) static_cast<void>(Run({{u"action"_s, u"drop"_s}, {u"id"_s, id}}));
+    for (const QString& id : ids) static_cast<void>(Run({TimerAction::Drop, id}));
     return ids.isEmpty() || Timed(ids).isEmpty();
 }

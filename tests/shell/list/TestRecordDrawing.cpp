@@ -60,7 +60,7 @@ struct Fixture {
         view.resize(900, 300);
     }
     void Add(CVORec& record) {
-        [&] { QVERIFY(home.document->AddRecord(record, false, false, true)); }();
+        [&] { QVERIFY(home.document->AddRecord(record, {Notify::Later, Commit::Now, Identity::New})); }();
     }
     void AddTime() {
         CTRecord record;

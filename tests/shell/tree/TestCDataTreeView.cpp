@@ -229,7 +229,7 @@ class TestCDataTreeView final : public QObject {
         CERecord expense;
         expense.GenUnique();
         expense.item1 = u"A"_s;
-        QVERIFY(fixture.document.AddRecord(expense, true, true, false));
+        QVERIFY(fixture.document.AddRecord(expense, {Notify::Yes, Commit::Later}));
         fixture.Select({u"A"_s});
         fixture.document.SwitchMode(RecordMode::Expense);
         QCOMPARE(fixture.view.currentIndex(), fixture.Root());

@@ -139,7 +139,7 @@ class Changer {
     /// Another program adds a record.
     void AddElsewhere() {
         const std::unique_ptr<CVORec> record = NewRecordOf({});
-        QVERIFY(m_fixture.home.store->InsertRecord(*record, true));
+        QVERIFY(m_fixture.home.store->InsertRecord(*record, Commit::Later));
         m_ids[Place()] << record->GetId();
         QVERIFY(m_fixture.document.RefreshRecords(Kind(), {record->GetId()}));
     }
