@@ -33,6 +33,9 @@ class TestSpanPad : public QObject {
         QTest::newRow("rounding without minutes") << 16 << 0 << "0 5 10 15 20 25 30 35 40 45 50 55";
         QTest::newRow("seven") << 16 << 7 << "0 7 14 21 28 35 42 49 56";
         QTest::newRow("an hour and more") << 16 << 90 << "0";
+        QStringList each;
+        for (int minute = 0; minute < 60; ++minute) each << QString::number(minute);
+        QTest::newRow("to one minute") << 16 << 1 << each.join(QLatin1Char(' '));
     }
     void Step() {
         QFETCH(int, type);
@@ -182,8 +185,10 @@ class TestSpanPad : public QObject {
         SpanPad pad(m_entry, 5);
         pad.Open(7, 45);
         pad.Press(1);
+        QVERIFY(m_entry.spans.effective.IsSet());
         QCOMPARE(pad.Press(1008), PadState::Accepted);
         QCOMPARE(Shown(pad), QStringLiteral("none"));
+        QVERIFY(!m_entry.spans.effective.IsSet());
     }
 
     void CancelAndOtherNumbers() {

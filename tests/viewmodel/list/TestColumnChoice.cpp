@@ -105,6 +105,14 @@ class TestColumnChoice : public QObject {
         QTEST(Closed(choice), "closed");
     }
 
+    void OpenForgetsWhatWasThere() {
+        ColumnChoice choice;
+        choice.Open(Columns(QStringLiteral("x,y"), QStringLiteral("a,b"), {1}), true);
+        choice.Open(Columns(QStringLiteral("z"), QStringLiteral("c"), {}), true);
+        QCOMPARE(Lists(choice), QStringLiteral("-,z/c"));
+        QCOMPARE(Closed(choice), QStringLiteral("z/c/"));
+    }
+
     void Take_data() {
         QTest::addColumn<bool>("hasSeparators");
         QTest::addColumn<int>("line");

@@ -127,6 +127,12 @@ class TestStatusSums final : public QObject {
         QCOMPARE(list[1].key, QStringLiteral("EUR"));
         QCOMPARE(list[1].amount, 640.0);
         QCOMPARE(list[2].hours, 2.0);
+        const CERecord expense = Expense("CHF", 12.5F);
+        sums.Add(static_cast<const CVORec&>(expense));
+        QCOMPARE(sums.Sums().size(), 4U);
+        QCOMPARE(sums.Sums()[1].key, QStringLiteral("CHF"));
+        QCOMPARE(sums.Sums()[1].amount, 12.5);
+        QCOMPARE(sums.CountText(), QStringLiteral("(4)"));
     }
 
     /// More currencies than are known at once, each in many texts of its own, one of them empty.
