@@ -5,6 +5,7 @@
 #include <QPaintEngine>
 #include <QPainter>
 #include <QPen>
+#include <QPixmap>
 #include <QRectF>
 #include <QString>
 #include <QTextItem>
@@ -27,6 +28,7 @@ struct DrawnLine {
 struct Drawing {
     QList<DrawnText> texts;
     QList<DrawnLine> lines;
+    QList<QPixmap> pictures;
 
     [[nodiscard]] QStringList Words() const {
         QStringList words;
@@ -35,8 +37,8 @@ struct Drawing {
     }
 };
 
-/// Something to draw on that notes the texts and the lines, so that a test can read what a user would.
-/// Grounds and pictures are left to tests that look at pixels.
+/// Something to draw on that notes texts, lines and ready pictures, so that a test can read what a user
+/// would. Grounds and what is drawn as a shape are left to tests that look at pixels.
 class CDrawing final : public QPaintDevice {
  public:
     /// What a widget draws.
@@ -56,7 +58,9 @@ class CDrawing final : public QPaintDevice {
         bool begin(QPaintDevice*) override { return true; }
         bool end() override { return true; }
         void updateState(const QPaintEngineState&) override {}
-        void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+        void drawPixmap(const QRectF&, const QPixmap& picture, const QRectF&) override {
+            drawing.pictures.append(picture);
+        }
         void drawPath(const QPainterPath&) override {}
         void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
         [[nodiscard]] Type type() const override { return User; }
