@@ -252,6 +252,18 @@ class TestRecordDrawing final : public QObject {
         QVERIFY(drawn.place.width() > room / 2);
     }
 
+    /// Widths that nobody has chosen were made for one font and grow with it.
+    void textsInALargeFont() {
+        Fixture fixture;
+        fixture.AddTime();
+        fixture.home.settings->SetListFont({.tenthsOfPoint = 300, .face = u"DejaVu Sans"_s});
+        fixture.view.resize(4000, 300);
+        fixture.Show(3);
+        const DrawnText drawn = fixture.Drawn(u"Anvils"_s);
+        QCOMPARE(drawn.text, u"Anvils & bolts"_s);
+        QVERIFY(drawn.place.height() > 30);
+    }
+
     /// On one line, a break inside a text is a space.
     void textOfSeveralLines() {
         Fixture fixture;
