@@ -91,7 +91,7 @@ DateTimeVal YearLast(const DateTimeVal& today, int) {
     return last;
 }
 
-constexpr auto Today = Day<0>;
+constexpr auto kToday = Day<0>;
 
 struct PresetComputation {
     int preset;
@@ -102,28 +102,28 @@ struct PresetComputation {
 /// Preset 28 (next quarter) ends today, before it starts, and so matches nothing; preset 13 does the same in
 /// the first half of a year. Preset 20 (last month to date) has no computation. All three are wanted.
 constexpr PresetComputation kComputations[] = {
-    {1, Today, Today},
+    {1, kToday, kToday},
     {2, WeekFirst<0>, WeekLast<0>},
     {3, WeekFirst<-1>, WeekLast<0>},
     {4, MonthFirst<0>, MonthLast<0>},
-    {10, WeekFirst<0>, Today},
-    {11, MonthFirst<0>, Today},
+    {10, WeekFirst<0>, kToday},
+    {11, MonthFirst<0>, kToday},
     {12, QuarterFirst<0>, QuarterLast<0>},
-    {13, QuarterFirst<0>, Today},
+    {13, QuarterFirst<0>, kToday},
     {14, YearFirst<0>, YearLast<0>},
-    {15, YearFirst<0>, Today},
+    {15, YearFirst<0>, kToday},
     {16, Day<-1>, Day<-1>},
     {17, WeekFirst<-1>, WeekLast<-1>},
-    {18, WeekFirst<-1>, Today},
+    {18, WeekFirst<-1>, kToday},
     {19, MonthFirst<-1>, MonthLast<-1>},
     {21, QuarterFirst<-1>, QuarterLast<-1>},
-    {22, QuarterFirst<-1>, Today},
+    {22, QuarterFirst<-1>, kToday},
     {23, YearFirst<-1>, YearLast<-1>},
-    {24, YearFirst<-1>, Today},
+    {24, YearFirst<-1>, kToday},
     {25, WeekFirst<1>, WeekLast<1>},
     {26, Day<1>, Day<29>},
     {27, MonthFirst<1>, MonthLast<1>},
-    {28, QuarterFirst<1>, Today},
+    {28, QuarterFirst<1>, kToday},
     {29, YearFirst<1>, YearLast<1>},
 };
 

@@ -40,8 +40,8 @@ auto Raw(const T& value) {
 /// against the text when the caller is compiled: FormatText<Text::SpanClock>(1, 30) gives "1:30".
 template <Text Id, class... Args>
 [[nodiscard]] QString FormatText(const Args&... args) {
-    constexpr char given[] = {FormatTextDetail::LetterOf<Args>()..., '\0'};
-    static_assert(TextSignature(Id) == std::string_view(given), "the arguments don't fit the text's format");
+    constexpr char kGiven[] = {FormatTextDetail::LetterOf<Args>()..., '\0'};
+    static_assert(TextSignature(Id) == std::string_view(kGiven), "the arguments don't fit the text's format");
     return [](const auto&... held) {
         return QString::asprintf(LoadText(Id).toUtf8().constData(), FormatTextDetail::Raw(held)...);
     }(FormatTextDetail::Pass(args)...);

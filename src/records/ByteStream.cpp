@@ -11,7 +11,7 @@
 
 namespace {
 
-enum Tag : std::int32_t { kByteTag = 0, kIntTag = 1, kStringTag = 2, kFloatTag = 5, kBufferTag = 6 };
+enum Tag : std::int32_t { ByteTag = 0, IntTag = 1, StringTag = 2, FloatTag = 5, BufferTag = 6 };
 
 constexpr qsizetype kLengthOffset = 4;
 constexpr qsizetype kPayloadOffset = 8;
@@ -46,27 +46,27 @@ void ByteStream::PutItem(std::int32_t tag, const void* payload, qsizetype bytes)
 }
 
 void ByteStream::PutByte(std::uint8_t value) {
-    PutItem(kByteTag, &value, sizeof value);
+    PutItem(ByteTag, &value, sizeof value);
 }
 
 void ByteStream::PutInt(std::int32_t value) {
     const std::int32_t raw = qToLittleEndian(value);
-    PutItem(kIntTag, &raw, sizeof raw);
+    PutItem(IntTag, &raw, sizeof raw);
 }
 
 void ByteStream::PutFloat(float value) {
     const std::uint32_t raw = qToLittleEndian(std::bit_cast<std::uint32_t>(value));
-    PutItem(kFloatTag, &raw, sizeof raw);
+    PutItem(FloatTag, &raw, sizeof raw);
 }
 
 void ByteStream::PutString(const QString& text) {
     QByteArray units(text.size() * 2, Qt::Uninitialized);
     qToLittleEndian<char16_t>(text.utf16(), text.size(), units.data());
-    PutItem(kStringTag, units.constData(), units.size());
+    PutItem(StringTag, units.constData(), units.size());
 }
 
 void ByteStream::PutBuffer(QByteArrayView bytes) {
-    PutItem(kBufferTag, bytes.data(), bytes.size());
+    PutItem(BufferTag, bytes.data(), bytes.size());
 }
 
 QByteArrayView ByteStream::NextPayload() {
@@ -107,7 +107,7 @@ QString ByteStream::GetStringInto(int characters, bool ansi) {
 bool ByteStream::GetBuffer(QByteArray& out) {
     out.clear();
     const QByteArrayView rest = QByteArrayView(m_buffer).sliced(m_position);
-    if (rest.size() < kLengthOffset || qFromLittleEndian<std::int32_t>(rest.data()) != kBufferTag)
+    if (rest.size() < kLengthOffset || qFromLittleEndian<std::int32_t>(rest.data()) != BufferTag)
         return false;
     const QByteArrayView payload = NextPayload();
     if (payload.isEmpty()) return false;

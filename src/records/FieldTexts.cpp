@@ -64,6 +64,6 @@ const QString& TextOfClockSpan(int hours, int minutes) {
 }
 
 const QString& NoTimeText() {
-    static const QString text = QStringLiteral("--:--");
-    return text;
+    static const QString kText = QStringLiteral("--:--");
+    return kText;
 }

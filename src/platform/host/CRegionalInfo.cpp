@@ -118,7 +118,7 @@ int FractionDigits(const CLocaleSource& source) {
     return !isNumber || digits < 0 ? 2 : std::min(digits, 6);
 }
 
-const CRegionalInfo* g_region = nullptr;
+const CRegionalInfo* theRegion = nullptr;
 
 }  // namespace
 
@@ -146,15 +146,15 @@ CRegionalInfo ReadRegionalInfo(const CLocaleSource& source) {
 }
 
 const CRegionalInfo& TheRegion() {
-    if (g_region != nullptr) return *g_region;
-    static const CRegionalInfo users = ReadRegionalInfo(CUserLocale());
-    return users;
+    if (theRegion != nullptr) return *theRegion;
+    static const CRegionalInfo kUsers = ReadRegionalInfo(CUserLocale());
+    return kUsers;
 }
 
-RegionScope::RegionScope(const CRegionalInfo& region) : m_region(region), m_previous(g_region) {
-    g_region = &m_region;
+RegionScope::RegionScope(const CRegionalInfo& region) : m_region(region), m_previous(theRegion) {
+    theRegion = &m_region;
 }
 
 RegionScope::~RegionScope() {
-    g_region = m_previous;
+    theRegion = m_previous;
 }

@@ -45,18 +45,18 @@ bool IsDark(const QPalette& palette) {
 }
 
 ListColours MakeListColours(const Settings& settings, const QPalette& palette) {
-    static const Settings defaults;
+    static const Settings kDefaults;
     const bool dark = IsDark(palette);
     ListColours colours;
     colours.window = palette.color(QPalette::Base);
     for (const ColourRow& row : kGrounds) {
-        const bool replace = dark && settings.*row.member == defaults.*row.member;
+        const bool replace = dark && settings.*row.member == kDefaults.*row.member;
         colours.*row.target = replace ? Mix(colours.window, palette.color(QPalette::Text), row.towardsText)
                                       : ColourOfSetting(settings.*row.member);
     }
     for (std::size_t line = 0; line < colours.lines.size(); ++line) {
         const LineRow& row = kLines[line];
-        const bool replace = dark && settings.*row.member == defaults.*row.member;
+        const bool replace = dark && settings.*row.member == kDefaults.*row.member;
         colours.lines[line] = replace ? QColor(row.dark) : ColourOfSetting(settings.*row.member);
     }
     colours.highlight = palette.color(QPalette::Active, QPalette::Highlight);

@@ -16,17 +16,17 @@ bool BeginsWord(const QString& text, const QString& word) {
     return false;
 }
 
-enum Rank { kEquals, kBegins, kWords, kSomewhere, kWithPlace, kNotFound };
+enum class Rank { Equals, Begins, Words, Somewhere, WithPlace, NotFound };
 
 Rank RankOf(const PlacedText& placed, const QString& words) {
     const QStringList all = WordsIn(words);
     const QString typed = words.trimmed();
-    if (placed.text.compare(typed, Qt::CaseInsensitive) == 0) return kEquals;
-    if (placed.text.startsWith(typed, Qt::CaseInsensitive)) return kBegins;
+    if (placed.text.compare(typed, Qt::CaseInsensitive) == 0) return Rank::Equals;
+    if (placed.text.startsWith(typed, Qt::CaseInsensitive)) return Rank::Begins;
     if (std::ranges::all_of(all, [&](const QString& word) { return BeginsWord(placed.text, word); }))
-        return kWords;
-    if (HasAllWords(placed.text, words)) return kSomewhere;
-    return HasAllWords(placed.place + u' ' + placed.text, words) ? kWithPlace : kNotFound;
+        return Rank::Words;
+    if (HasAllWords(placed.text, words)) return Rank::Somewhere;
+    return HasAllWords(placed.place + u' ' + placed.text, words) ? Rank::WithPlace : Rank::NotFound;
 }
 
 }  // namespace
@@ -47,7 +47,7 @@ std::vector<int> FindBest(const std::vector<PlacedText>& texts, const QString& w
     std::vector<std::pair<Rank, int>> ranked;
     for (int i = 0; i < std::ssize(texts); ++i) {
         const Rank rank = RankOf(texts[static_cast<std::size_t>(i)], words);
-        if (rank != kNotFound) ranked.emplace_back(rank, i);
+        if (rank != Rank::NotFound) ranked.emplace_back(rank, i);
     }
     std::ranges::sort(ranked);
     std::vector<int> found;

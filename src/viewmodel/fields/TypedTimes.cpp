@@ -35,8 +35,8 @@ Typed FromMinutes(double total, int& hours, int& minutes) {
 
 /// "1:30" and ":45", with minutes below 60.
 bool ReadClockSpan(const QString& text, int& total) {
-    static const QRegularExpression form(QStringLiteral("^(\\d{0,3}):(\\d{0,2})$"));
-    const auto match = form.match(text);
+    static const QRegularExpression kForm(QStringLiteral("^(\\d{0,3}):(\\d{0,2})$"));
+    const auto match = kForm.match(text);
     if (!match.hasMatch() || text.size() == 1 || match.captured(2).toInt() > 59) return false;
     total = match.captured(1).toInt() * 60 + match.captured(2).toInt();
     return true;
@@ -44,9 +44,9 @@ bool ReadClockSpan(const QString& text, int& total) {
 
 /// "1h", "1h30", "1 h 30 min".
 bool ReadHoursSpan(const QString& text, int& total) {
-    static const QRegularExpression form(
+    static const QRegularExpression kForm(
         QStringLiteral("^(\\d{1,3})\\s*([^\\d\\s]+)\\s*(?:(\\d{1,2})\\s*([^\\d]*))?$"));
-    const auto match = form.match(text);
+    const auto match = kForm.match(text);
     if (!match.hasMatch() || !Begins(match.captured(2), Text::TypedHours)) return false;
     const QString unit = match.captured(4);
     const int minutes = match.captured(3).toInt();
@@ -57,8 +57,8 @@ bool ReadHoursSpan(const QString& text, int& total) {
 
 /// "90m", "90 min".
 bool ReadMinutesSpan(const QString& text, int& total) {
-    static const QRegularExpression form(QStringLiteral("^(\\d{1,4})\\s*([^\\d]+)$"));
-    const auto match = form.match(text);
+    static const QRegularExpression kForm(QStringLiteral("^(\\d{1,4})\\s*([^\\d]+)$"));
+    const auto match = kForm.match(text);
     if (!match.hasMatch() || !Begins(match.captured(2), Text::TypedMinutes)) return false;
     total = match.captured(1).toInt();
     return true;
@@ -67,8 +67,8 @@ bool ReadMinutesSpan(const QString& text, int& total) {
 /// "2", "1.5" and the region's "1,5", which is a different thing from a thousands separator.
 bool ReadDecimalSpan(QString text, const CRegionalInfo& region, double& total) {
     text.replace(QChar(region.decimalChar), QLatin1Char('.'));
-    static const QRegularExpression form(QStringLiteral("^(?:\\d{1,3}(?:\\.\\d*)?|\\.\\d+)$"));
-    if (!form.match(text).hasMatch()) return false;
+    static const QRegularExpression kForm(QStringLiteral("^(?:\\d{1,3}(?:\\.\\d*)?|\\.\\d+)$"));
+    if (!kForm.match(text).hasMatch()) return false;
     total = text.toDouble() * 60.0;
     return true;
 }
@@ -76,9 +76,9 @@ bool ReadDecimalSpan(QString text, const CRegionalInfo& region, double& total) {
 /// The numbers of a typed date in their order, with what is missing taken from today.
 bool DateFigures(const QString& text, const CRegionalInfo& region, const SYSTEMTIME& today, int& month,
                  int& day, int& year) {
-    static const QRegularExpression form(
+    static const QRegularExpression kForm(
         QStringLiteral("^(\\d{1,4})(?:[^\\d]+(\\d{1,2})(?:[^\\d]+(\\d{1,4}))?)?[./-]?$"));
-    const auto match = form.match(text);
+    const auto match = kForm.match(text);
     if (!match.hasMatch()) return false;
     std::array<int, 3> figures{};
     for (int i = 0; i < 3; ++i) figures[static_cast<std::size_t>(i)] = match.captured(i + 1).toInt();
@@ -109,10 +109,10 @@ Typed ReadTypedTime(const QString& text, const CClock& clock, DateTimeVal& out) 
         out = value;
         return Typed::Value;
     }
-    static const QRegularExpression form(
+    static const QRegularExpression kForm(
         QStringLiteral("^(\\d{1,2})(?:(\\d\\d)|\\s*[:.,h\\s]\\s*(\\d{0,2}))?\\s*([^\\d]*)$"),
         QRegularExpression::CaseInsensitiveOption);
-    const auto match = form.match(typed);
+    const auto match = kForm.match(typed);
     if (!match.hasMatch()) return Typed::Unreadable;
     const int minute = match.hasCaptured(2) ? match.captured(2).toInt() : match.captured(3).toInt();
     QString word = match.captured(4).remove(QLatin1Char('.')).remove(QLatin1Char(' '));

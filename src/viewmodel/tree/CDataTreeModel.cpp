@@ -29,7 +29,7 @@ QModelIndex CDataTreeModel::IndexOf(const CTreeNode& node) const {
 }
 
 QModelIndex CDataTreeModel::index(int row, int column, const QModelIndex& parent) const {
-    if (row < 0 || column < 0 || column >= kSections || row >= rowCount(parent)) return {};
+    if (row < 0 || column < 0 || column >= SectionCount || row >= rowCount(parent)) return {};
     if (!parent.isValid()) return createIndex(row, column, &m_tree.Root());
     return createIndex(row, column, NodeAt(parent).Children()[static_cast<std::size_t>(row)]);
 }
@@ -45,7 +45,7 @@ int CDataTreeModel::rowCount(const QModelIndex& parent) const {
 }
 
 int CDataTreeModel::columnCount(const QModelIndex&) const {
-    return kSections;
+    return SectionCount;
 }
 
 bool CDataTreeModel::hasChildren(const QModelIndex& parent) const {

@@ -11,7 +11,7 @@ class CDataTreeModel final : public QAbstractItemModel, private CTreeListener {
     Q_OBJECT
 
  public:
-    enum Section { TextSection, CountSection, kSections };
+    enum Section { TextSection, CountSection, SectionCount };
 
     explicit CDataTreeModel(CDataTree& tree, QObject* parent = nullptr);
     ~CDataTreeModel() override;
