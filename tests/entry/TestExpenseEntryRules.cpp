@@ -141,13 +141,13 @@ void TestExpenseEntryRules::UntouchedDistanceStaysAsStored() {
     ExpenseEntryRules::MoneyPage page;
     page.isDistance = true;
     page.distance = record.distance.text;
-    AcceptMoneyPage(record, page, KeepInLists());
+    AcceptMoneyPage(record, page, NewListItems());
     QCOMPARE(record.StoredDistance(), u"12,75"_s);
     Settings settings;
-    AcceptOdometer(record, ExpenseEntryRules::OpenOdometer(record, settings), settings);
+    ExpenseEntryRules::AcceptOdometer(record, ExpenseEntryRules::OpenOdometer(record, settings), settings);
     QCOMPARE(record.StoredDistance(), u"12,75"_s);
     page.distance = u"12"_s;
-    AcceptMoneyPage(record, page, KeepInLists());
+    AcceptMoneyPage(record, page, NewListItems());
     QCOMPARE(record.StoredDistance(), u"12.00"_s);
 }
 

@@ -73,7 +73,7 @@ class TestCDraftStore : public QObject {
         const CTRecord record = Started(home);
         home.clock.Advance(600);
         home.timers->PersistDraftAtExit(record);
-        home.timers->Drop(record.GetId());
+        QVERIFY(home.timers->Drop(record.GetId()));
         home.clock.Advance(3000);
         const auto draft = home.timers->TakeOverDraft();
         QVERIFY(draft);
