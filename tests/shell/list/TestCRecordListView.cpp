@@ -361,6 +361,7 @@ class TestCRecordListView final : public QObject {
         QTest::addColumn<int>("width");
         QTest::newRow("wider") << 60 << 160;
         QTest::newRow("narrow, but something") << -97 << 3;
+        QTest::newRow("one pixel is something") << -99 << 1;
         QTest::newRow("to nothing becomes 5") << -100 << 5;
         QTest::newRow("beyond nothing becomes 5") << -130 << 5;
     }
