@@ -104,7 +104,8 @@ struct Fixture {
     Fixture(const Fixture&) = delete;
     Fixture& operator=(const Fixture&) = delete;
 
-    [[nodiscard]] CFrameCommands::Context Context() {
+    [[nodiscard]] CFrameCommands::Context Context() { return ContextWith(actions); }
+    [[nodiscard]] CFrameCommands::Context ContextWith(CActions& madeActions) {
         return {.document = *home.document,
                 .timers = timers,
                 .settings = *home.settings,
@@ -116,7 +117,7 @@ struct Fixture {
                 .model = model,
                 .view = view,
                 .tree = tree,
-                .actions = actions,
+                .actions = madeActions,
                 .control = control,
                 .dialogs = dialogs,
                 .home = home.Path()};

@@ -443,9 +443,7 @@ class TestCFrameCommands final : public QObject {
         QCOMPARE(fixture.actions.Bars().Buttons(Bar::Records), FactoryButtons(Bar::Records));
         QMainWindow window;
         CActions actions(window);
-        CFrameCommands::Context context = fixture.Context();
-        context.actions = &actions;
-        const CFrameCommands nextStart(context);
+        const CFrameCommands nextStart(fixture.ContextWith(actions));
         QCOMPARE(actions.Bars().Buttons(Bar::Filters), (QList<int>{32844, 32845}));
     }
     void PaletteRunsWhatIsFound() {
