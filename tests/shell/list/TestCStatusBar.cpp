@@ -110,7 +110,7 @@ class TestCStatusBar final : public QObject {
         for (const char* label : kLabels) window.Find<CElidedLabel>(label)->SetFullText(u"stale"_s);
         const bool hasIds = hint < 6 || hint > 11;
         window.Find<CStatusBar>("statusBar")
-            ->NotifyViews(static_cast<Hint>(hint), hasIds ? QStringList{id} : QStringList());
+            ->OnHint(static_cast<Hint>(hint), hasIds ? QStringList{id} : QStringList());
         QStringList parts;
         for (const char* label : kLabels)
             if (window.Status(label) != u"stale"_s) parts << QString::fromLatin1(label);
@@ -122,7 +122,7 @@ class TestCStatusBar final : public QObject {
         Window window(folder.path());
         window.frame->Refresh();
         window.Add(19);
-        window.Find<CStatusBar>("statusBar")->NotifyViews(Hint::Clear, {});
+        window.Find<CStatusBar>("statusBar")->OnHint(Hint::Clear, {});
         for (const char* label : kLabels) QCOMPARE(window.Status(label), QString());
         QVERIFY(!HasPicture(window, "statusModePicture") && !HasPicture(window, "statusSumsPicture"));
     }

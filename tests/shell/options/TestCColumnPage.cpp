@@ -143,7 +143,7 @@ class TestCColumnPage : public QObject {
 
     void NothingLeftToMove() {
         CColumnPage page;
-        page.SetDraft({{}, {QStringLiteral("Date")}, {}}, false);
+        page.SetDraft({{}, {{0, QStringLiteral("Date")}}, {}}, false);
         page.show();
         QVERIFY(!Find<QPushButton>(page, "takeColumn")->isEnabled());
         QTest::keyClick(Available(page), Qt::Key_Space);
