@@ -73,7 +73,7 @@ class TestCColumnsDialog final : public QObject {
                  (std::vector{Column::kDate, Column::kItem2, Column::kItem1}));
         CColumnsDialog again(Of::List, ColumnHalf::Time, *home->settings);
         Find<QListWidget>(again, "shownColumns")
-            ->setCurrentRow(Lines(again, "shownColumns").lastIndexOf(u"Administration"_s));
+            ->setCurrentRow(static_cast<int>(Lines(again, "shownColumns").lastIndexOf(u"Administration"_s)));
         Press(again, "giveBackColumn");
         again.accept();
         QCOMPARE(columns.Order(ColumnHalf::Time), (std::vector{Column::kDate, Column::kItem2}));
