@@ -175,7 +175,7 @@ CommandState CMainFrame::State() const {
     CommandState state{.listIsActive = IsListActive(),
                        .busy = IsBusy(),
                        .selected = IsListInFront() ? m_view->SelectedCount() : 0,
-                       .listed = m_model->rowCount(),
+                       .listed = IsListInFront() ? m_model->rowCount() : 0,
                        .listLayout = static_cast<int>(m_model->Layout()),
                        .bar1Shown = m_actions->Bars().Records().isVisibleTo(this),
                        .bar2Shown = m_actions->Bars().Filters().isVisibleTo(this),

@@ -325,11 +325,9 @@ class TestCommandTable final : public QObject {
         QCOMPARE(MenuUnderButton(101), Menu::Help);
     }
 
-    /// What isn't built has no row: the filter dialog, lists, reports, export, import, backup, and the
-    /// regional settings, which this desktop has elsewhere.
+    /// What isn't built has no row: the filter dialog, lists, reports, export, import, backup.
     void unbuiltCommandsAreNotShown() {
-        for (const int id :
-             {114, 40009, 32886, 40100, 40006, 40008, 32818, 32830, 32831, 32781, 32892, 40067})
+        for (const int id : {114, 40009, 32886, 40100, 40006, 40008, 32818, 32830, 32831, 32892, 40067})
             QCOMPARE(RowOf(id), nullptr);
     }
 };
