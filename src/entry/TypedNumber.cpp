@@ -1,6 +1,7 @@
 #include "entry/TypedNumber.h"
 
 #include "calendar/NumberText.h"
+#include "calendar/ScanText.h"
 
 #include <QStringList>
 #include <algorithm>
@@ -64,12 +65,6 @@ std::optional<QString> WithoutGroups(const QString& digits, const CRegionalInfo&
     return groups.join(QString()) + digits.mid(at);
 }
 
-QString WithoutFormatSigns(const QString& text) {
-    QString rest = text;
-    rest.removeIf([](QChar sign) { return sign.category() == QChar::Other_Format; });
-    return rest.trimmed();
-}
-
 TypedNumber Unreadable(const QString& text) {
     return {Typed::Unreadable, 0.0, text, false};
 }
@@ -77,7 +72,7 @@ TypedNumber Unreadable(const QString& text) {
 }  // namespace
 
 TypedNumber ReadTypedNumber(const QString& text, const CRegionalInfo& region) {
-    const QString typed = WithoutFormatSigns(text);
+    const QString typed = WithoutFormatCharacters(text).trimmed();
     if (typed.isEmpty()) return {};
     const bool isNegative = typed.front() == u'-' || typed.front() == kMinus;
     const QString digits = isNegative ? typed.mid(1) : typed;
