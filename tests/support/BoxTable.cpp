@@ -39,6 +39,7 @@ constexpr BoxRow kBoxes[] = {
     OfStore(Text::DeleteFailed),
     OfStore(Text::CommitFailed),
 
+    {.text = Text::RegionalNotStarted, .title = Text::RegionalTitle},
     {.text = Text::BaseKeyFailed, .title = Text::WriteSettingTitle},
     {.text = Text::ListColumnsBlobFailed, .title = Text::WriteSettingTitle},
     {.text = Text::TreeColumnsBlobFailed, .title = Text::WriteSettingTitle},
