@@ -1,5 +1,5 @@
-// The settings file: the input is the file. It opens, or it is kept aside as it was and a fresh one takes its
-// place; then the tree works. A file that is newer or can't be read stays as it was. (A file with a
+// The settings file: the input is the file. It opens, or it is in quarantine as it was and a fresh one takes
+// its place; then the tree works. A file that is newer or can't be read stays as it was. (A file with a
 // write-ahead log is brought back to a rollback journal before anybody looks into it, so that it may change.)
 #include "Fuzz.h"
 #include "platform/settings/CSettingsTree.h"
@@ -61,9 +61,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CSettingsTree tree;
     const bool isOpen = tree.Open(path, 0);
     if (!tree.KeptAside().isEmpty()) {
-        Demand(isOpen, "a fresh file takes the place of one that was kept aside");
+        Demand(isOpen, "a fresh file takes the place of one in quarantine");
         Demand(HasWriteAheadLog(bytes) || ContentOf(tree.KeptAside()) == bytes,
-               "the file that was kept aside is as it was");
+               "the file in quarantine is as it was");
     }
     if (!isOpen) {
         Demand(HasWriteAheadLog(bytes) || ContentOf(path) == bytes,

@@ -243,7 +243,7 @@ bool CVelmarchApp::LoadStep() {
     return true;
 }
 
-/// Lists that could not be read are told of by themselves; the program goes on with what came.
+/// A list that could not be read is reported where it is loaded; the program goes on with what came.
 bool CVelmarchApp::LoadLists() {
     m_catalogue->Load();
     for (CColSet* set : {&m_settings->ListColumns(), static_cast<CColSet*>(&m_settings->TreeColumns())}) {

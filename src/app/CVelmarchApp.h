@@ -65,7 +65,7 @@ class CVelmarchApp {
     /// starts empty in silence: a missing store is asked about, any other trouble told. False then. A store
     /// that can only be read is opened: changes fail one by one, in words.
     [[nodiscard]] bool OpenStore();
-    /// For whoever examines a home without starting from it: the suffix of table names, the name of the
+    /// For a caller that examines a home without starting from it: the suffix of table names, the name of the
     /// settings file, and whether a home had a store before.
     [[nodiscard]] static QString DataSourceName();
     [[nodiscard]] static QString SettingsFileName();

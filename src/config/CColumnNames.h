@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// What the fields of records are called: the captions of columns follow it. Implemented above, by whoever
-/// knows the user's own names.
+/// What the fields of records are called: the captions of columns follow it. Implemented above, by the class
+/// that knows the user's own names.
 class CColumnNames {
  public:
     virtual ~CColumnNames() = default;

@@ -6,7 +6,7 @@
 
 /// Values made from keys, kept for the next time: a table of fixed size, so that it never grows over a
 /// lifetime of records. When the places of a key are taken, the first of them is given away; what was in it
-/// lives on in whoever holds a copy.
+/// lives on in every copy that is held.
 ///
 /// View is what is looked up; Key stores it and has Key(View), Matches(View). The hash is the caller's.
 template <class Key, class View, class Value, std::size_t Slots>

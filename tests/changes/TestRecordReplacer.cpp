@@ -302,7 +302,7 @@ class TestRecordReplacer : public QObject {
         }
         QCOMPARE(StoredExpense(expense), u"old"_s);
         QVERIFY(!home->manager.HasOpenChanges());
-        // every record that was announced is told of again, and nothing is left pending
+        // every record that was announced is announced again, and nothing is left pending
         QCOMPARE(home->views.seen.at(0), std::pair(Hint::AboutToChange, times));
         QCOMPARE(home->views.seen.at(1), std::pair(Hint::Changed, times));
         QCOMPARE(document->PendingCount(), qsizetype{0});

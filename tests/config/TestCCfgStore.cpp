@@ -214,7 +214,7 @@ void TestCCfgStore::OnlyChangesAreWritten() {
     const QTemporaryDir folder;
     SettingsHome home(folder.path());
     CCfgStore& settings = home.Start();
-    // Marks beside the stored values: whoever writes all of them would take the marks away.
+    // Marks beside the stored values: writing all of them would take the marks away.
     QVERIFY(home.profile->WriteInt(SettingsHome::Section(), Entry(40), 4711));
     QVERIFY(home.tree.WriteValue(home.BaseKey(), QStringLiteral("ListFont"), QByteArray("mark")));
     settings.weekNumberType = 0;
@@ -461,7 +461,7 @@ void TestCCfgStore::ListColumnsAreRepaired() {
     QVERIFY((settings.TreeColumns().EntryAt(13) == ColumnEntry{QStringLiteral("B"), 1, -1, 1, 9}));
 }
 
-/// Whoever didn't change the columns doesn't write them.
+/// A program that didn't change the columns doesn't write them.
 void TestCCfgStore::ColumnsOfAnotherProgramStay() {
     const QTemporaryDir folder;
     SettingsHome window(folder.path());

@@ -104,7 +104,7 @@ def make_a_time_record(window):
 
 
 def read_the_list(window):
-    """In the layout of several lines each row tells its record in words, whichever of its cells is asked."""
+    """In the layout of several lines each row tells its record in words, in each of its cells."""
     records = get(window, ROLE.TABLE, "Records")
     wait("the list has one row", lambda: records.get_n_rows() == 1)
     for name in rows(records)[0]:

@@ -2,7 +2,7 @@
 # The stage on which the stories of this folder play: a display and a session of their own, the programs installed into
 # a scratch folder, and the moves of a person at the keyboard. Sourced by a story, which is called with the build folder.
 #
-# Nothing here counts on a time: whoever waits, waits for what is to be seen, and a key that may come too early for a
+# Nothing here counts on a time: waiting ends with what is to be seen, and a key that may come too early for a
 # window that is still busy is pressed again until its dialog is there.
 
 set -u
@@ -16,7 +16,7 @@ done
 /usr/bin/python3 -c 'import gi; gi.require_version("Atspi", "2.0"); from gi.repository import Atspi' ||
     { echo 'failed: python3 finds no accessibility library, see packaging/check-packages.txt'; exit 1; }
 
-# A message bus of its own for each story: neither the desktop of whoever runs it nor another story is on it.
+# A message bus of its own for each story: neither the desktop of the user who runs it nor another story is on it.
 if [ -z "${VELMARCH_STAGE:-}" ]; then
     VELMARCH_STAGE=$(mktemp -d)
     export VELMARCH_STAGE XDG_RUNTIME_DIR=$VELMARCH_STAGE

@@ -123,7 +123,7 @@ void TestDefaultsCommand::Refused() {
     QCOMPARE(Names(), u"One"_s);
 }
 
-/// A stored value has at most 4096 bytes. No box: whoever asked is told.
+/// A stored value has at most 4096 bytes. No box: the caller gets the answer.
 void TestDefaultsCommand::NotesThatAreTooLong() {
     CTRecord record;
     record.notes = QString(3000, u'n');

@@ -121,7 +121,7 @@ Finding ExamineItems(const char* name, ReadOnlyHome& reader) {
     return {name, Good, FormatText<Text::CliItemsSound>(count)};
 }
 
-/// The list items are known. Reads only: a set in the old form is converted by whoever loads it.
+/// The list items are known. Reads only: a set in the old form is converted when it is loaded.
 template <DependencySet Set>
 Finding ExamineDependencies(const char* name, ReadOnlyHome& reader) {
     const StoredTree stored = DependencyStore(reader.store).Read(Set);

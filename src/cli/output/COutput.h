@@ -19,7 +19,7 @@ class COutput {
     void PutLine(const QString& line);
     /// Writes what is gathered. False when that or an earlier write failed; tells why, once.
     [[nodiscard]] bool Finish();
-    /// True once a write failed: whoever writes much can stop early.
+    /// True once a write failed: a caller that writes much can stop early.
     [[nodiscard]] bool IsBroken() const { return m_error != 0; }
 
     void Note(const QString& text);

@@ -2,7 +2,7 @@
 
 #include "platform/host/SYSTEMTIME.h"
 
-/// The clock, handed to whoever needs the time, so that a test can move it.
+/// The clock, handed to all code that needs the time, so that a test can move it.
 class CClock {
  public:
     virtual ~CClock() = default;

@@ -118,7 +118,7 @@ OpenOutcome CSettingsTree::OpenInTurn(const QString& path, int busySeconds, Open
 
 /// Makes what is missing of the tables, and finds out whether they can be read: a file with other tables
 /// under our name, or with damage in them, is unreadable. The check costs little, the file is small, and
-/// comes first: nothing is written to a file that is to be kept aside.
+/// comes first: nothing is written to a file that is to be put in quarantine.
 OpenOutcome CSettingsTree::MakeTables(OpenOutcome opened) {
     if (!IsUsable(opened)) return opened;
     const bool isSound = m_file->IntegrityReport().isEmpty();

@@ -39,7 +39,7 @@ class CSettingsTree {
  public:
     enum class Created { No, Yes };
 
-    /// What identifies a settings file: for whoever examines one without opening it as a tree.
+    /// What identifies a settings file: for a caller that examines one without opening it as a tree.
     static constexpr SqliteFileKind kFileKind{
         .applicationId = 0x564D5354 /* "VMST" */, .version = 1, .busySeconds = 30};
 
@@ -47,9 +47,9 @@ class CSettingsTree {
     ~CSettingsTree();
 
     /// Opens the file, creating it when absent. A file that can't be read (damaged, foreign, a folder) is
-    /// kept aside under another name, said in KeptAside(), and a fresh one takes its place. Newer or locked
-    /// files stay untouched: false, the tree then works from memory alone, and Error() tells why. From a file
-    /// that may only be read the values come, and every write fails. busySeconds: how long to wait for
+    /// put in quarantine under another name, said in KeptAside(), and a fresh one takes its place. Newer or
+    /// locked files stay untouched: false, the tree then works from memory alone, and Error() tells why. From
+    /// a file that may only be read the values come, and every write fails. busySeconds: how long to wait for
     /// another program's lock, here and at every later call.
     [[nodiscard]] bool Open(const QString& path, int busySeconds = 30);
     [[nodiscard]] const QString& KeptAside() const { return m_keptAside; }

@@ -9,8 +9,8 @@ class QLabel;
 class QPushButton;
 class QVBoxLayout;
 
-/// The frame of a popup in which something is picked: the heir's pad above a row of buttons. Return accepts
-/// or presses the button that has the focus; Escape and a click elsewhere leave all as it was.
+/// The frame of a popup in which something is picked: the subclass's pad above a row of buttons. Return
+/// accepts or presses the button that has the focus; Escape and a click elsewhere leave all as it was.
 class CPickPopup : public QFrame {
     Q_OBJECT
 

@@ -5,7 +5,7 @@
 std::vector<PaletteEntry> PaletteEntries(const CommandState& state, const FieldLabels& labels) {
     std::vector<PaletteEntry> entries;
     for (const CommandRow& row : CommandTable()) {
-        // Whoever looks for a command is in the palette already.
+        // A user who looks for a command is in the palette already.
         if (row.run == Run::FindCommand || RouteCommand(row.id, state) != &row || !IsOffered(row, state))
             continue;
         const CommandWords words = WordsOf(row, state.timeMode, labels);

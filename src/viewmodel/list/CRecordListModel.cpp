@@ -271,7 +271,8 @@ QString CRecordListModel::TextAt(const CVORec& record, int modelColumn) const {
     return CellText(record, column, m_settings, m_timers);
 }
 
-/// Whoever goes from row to row by the keyboard hears the first cell of each, so it tells the whole record.
+/// A user who goes from row to row by the keyboard hears the first cell of each, so it tells the whole
+/// record.
 QString CRecordListModel::AccessibleText(const CVORec& record, int modelColumn) const {
     if (modelColumn == 0) {
         QStringList words{StateInWords(record), RecordInWords(record, m_settings, m_timers)};

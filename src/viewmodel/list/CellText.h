@@ -18,7 +18,7 @@ struct Settings;
 [[nodiscard]] QString CellText(const CVORec& record, int column, const Settings& settings,
                                const ActiveTimerSet& timers);
 
-/// The record in words for whoever can't see the row, by the list's columns: "Date: 11/19/26, Start: 09:00
+/// The record in words for a user who can't see the row, by the list's columns: "Date: 11/19/26, Start: 09:00
 /// AM, Billable: yes". Empty texts are left out.
 [[nodiscard]] QString RecordInWords(const CVORec& record, const CCfgStore& settings,
                                     const ActiveTimerSet& timers);

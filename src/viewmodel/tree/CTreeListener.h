@@ -2,7 +2,7 @@
 
 class CTreeNode;
 
-/// Whoever shows the data tree hears of each change to it, as item models announce theirs: before and after.
+/// A view of the data tree hears of each change to it, as item models announce theirs: before and after.
 class CTreeListener {
  public:
     virtual ~CTreeListener() = default;

@@ -295,7 +295,7 @@ void TestExpenseCommands::TheNextTripStartsWhereTheLastOneEnded() {
     const QJsonObject next = Expense(Words(u"add --odometer-end 1200"_s)).Object();
     QCOMPARE(Only(next, {u"odometerStart"_s, u"distance"_s}),
              FromText(u"{'odometerStart': '1120', 'distance': 80.0}"_s));
-    // Whoever says where the trip began is believed, even that it wasn't read.
+    // A user who says where the trip began is believed, even that it wasn't read.
     const QJsonObject other =
         Expense({u"add"_s, u"--odometer-start="_s, u"--odometer-end"_s, u"30"_s}).Object();
     QCOMPARE(other[u"distance"].toDouble(), 30.0);

@@ -14,10 +14,10 @@ const QString kProgram = QStringLiteral(TEST_BIN_DIR "/velmarch-cli");
 
 Reply RunProgram(const QString& program, const QStringList& arguments, const QStringList& environment) {
     QProcess process;
-    QProcessEnvironment surroundings = QProcessEnvironment::systemEnvironment();
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
     for (const QString& variable : environment)
-        surroundings.insert(variable.section(u'=', 0, 0), variable.section(u'=', 1));
-    process.setProcessEnvironment(surroundings);
+        variables.insert(variable.section(u'=', 0, 0), variable.section(u'=', 1));
+    process.setProcessEnvironment(variables);
     process.setStandardInputFile(QProcess::nullDevice());
     QEventLoop loop;
     QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);

@@ -70,7 +70,7 @@ void TestAtOnce::PathsOfTheTree() {
     QCOMPARE(Count({u"tree"_s, u"show"_s, u"time"_s}), 2);
 }
 
-/// Whichever comes first: the tree never names an item that is gone.
+/// In either order: the tree never names an item that is gone.
 void TestAtOnce::APathAndTheEndOfAnotherItem() {
     for (int round = 0; round < 6; ++round) {
         for (const char* text : {"A", "B"})

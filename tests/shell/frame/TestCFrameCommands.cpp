@@ -151,7 +151,7 @@ class TestCFrameCommands final : public QObject {
         QCOMPARE(expense.dialogs.edited, 2);
         QCOMPARE(expense.home.document->FindExpense(other)->notes, u"edited"_s);
     }
-    /// The command isn't offered for two; whoever runs it all the same is told.
+    /// The command isn't offered for two; running it all the same ends in a message.
     void EditTwo() {
         Fixture fixture;
         fixture.home.AddTime(2026, 11, 18);

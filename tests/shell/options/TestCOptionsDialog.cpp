@@ -251,7 +251,7 @@ class TestCOptionsDialog : public QObject {
         QCOMPARE(home.settings->weekNumberType, 0);
     }
 
-    /// Whoever sets a check box past its keys, as a screen reader may, sets the option.
+    /// Setting a check box past its keys, as a screen reader may, sets the option.
     void ACheckBoxSetFromOutside() {
         TestHome home;
         COptionsDialog dialog(*home.settings);

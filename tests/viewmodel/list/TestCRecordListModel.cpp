@@ -306,7 +306,7 @@ class TestCRecordListModel final : public QObject {
         QCOMPARE(fixture.model.BytesOfRows(), 0U);
     }
 
-    /// What others are told of leaves the rows as they are.
+    /// Hints for others leave the rows as they are.
     void hintsOfOthers() {
         Fixture fixture;
         const QString id = fixture.Add(19);

@@ -266,7 +266,7 @@ class TestCDataTreeChanges final : public QObject {
 
  private Q_SLOTS:
     void hintsKeepTheTreeRight_data() { Seeds(); }
-    /// After every change the tree is what a rebuild would make, and whoever listened to it knows it. Records
+    /// After every change the tree is what a rebuild would make, and every listener knows it. Records
     /// of both modes come, change and go, by the user, in batches and by another program; timers start and
     /// stop; filters, the timers' among them, and the columns of the levels change.
     void hintsKeepTheTreeRight() {
