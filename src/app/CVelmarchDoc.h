@@ -31,7 +31,7 @@ struct DocumentContext {
     const CCfgStore& settings;
 };
 
-/// Whether the views are told of a change at once, with those of a batch, or not at all as nobody shows it.
+/// Whether the views hear of a change at once, with those of a batch, or not at all, as no view shows it.
 enum class Notify { Yes, Later, No };
 /// Whether an added record goes by the identity that it has or gets a new one.
 enum class Identity { Own, New };

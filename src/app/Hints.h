@@ -18,7 +18,7 @@ enum class Hint : int {
     AboutToChange = 14  ///< before a record is modified; carries the old identity
 };
 
-/// Is told of each change of the records. The document tells its one listener, the hub passes on to the
+/// Hears of each change of the records. The document tells its one listener, the hub passes on to the
 /// views, the status bar last.
 class CViewListener {
  public:
