@@ -4,17 +4,11 @@
 
 class ActiveTimerSet;
 class CCfgStore;
-class CERecord;
-class CTRecord;
 class CVORec;
 struct Settings;
 
 /// What a column of the list shows of a record. While a time record has a timer, its duration is the count as
 /// of the last fold: "01:42:17". Flags have no text; the notes show theirs.
-[[nodiscard]] QString TimeCellText(const CTRecord& record, int column, const Settings& settings,
-                                   const ActiveTimerSet& timers);
-[[nodiscard]] QString ExpenseCellText(const CERecord& record, int column, const Settings& settings);
-/// The same of a time record or an expense.
 [[nodiscard]] QString CellText(const CVORec& record, int column, const Settings& settings,
                                const ActiveTimerSet& timers);
 
