@@ -14,7 +14,7 @@ class TestOfferDraft : public QObject {
         t.record.item1 = QStringLiteral("Acme");
         t.timers.StartDraftTimer(t.record);
         QVERIFY(t.timers.PersistDraft(t.record));
-        t.timers.Drop(t.record.GetId());
+        QVERIFY(t.timers.Drop(t.record.GetId()));
         t.home.clock.Advance(600);
     }
     /// Carries the steps out in the dialog that comes.

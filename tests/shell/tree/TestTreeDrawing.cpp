@@ -23,7 +23,7 @@ struct Fixture {
             CTRecord record;
             record.Reset();
             record.item1 = client;
-            [&] { QVERIFY(home.document->AddRecord(record, false, false, true)); }();
+            [&] { QVERIFY(home.document->AddRecord(record, {Notify::Later, Commit::Now, Identity::New})); }();
         }
         home.document->BuildVisible();
         view.resize(300, 200);
