@@ -55,9 +55,10 @@ bool AsLoadedNow(RecordContext& context, const std::function<bool()>& change) {
     return hold.IsOpen() && context.catalogue.Load() && change() && hold.Commit() == CommitEnd::Durable;
 }
 
-/// The store goes on as if an item were written whose commit failed; it has said so.
+/// The catalogue goes on as if an item were written whose commit failed. The store has said so, and its
+/// manager holds the reason: it had none before, or the command would have ended there.
 bool IsWritten(bool isDone, const RecordContext& context) {
-    return isDone && context.document.Store().m_lastError == 0;
+    return isDone && context.document.Store().Manager().m_errorCode == 0;
 }
 
 ExitCode NoSuchItem(const QString& text, Console& console) {
@@ -106,7 +107,7 @@ ExitCode AddItem(const CArguments& arguments, Console& console, RecordContext& c
     const QString text = arguments.Words()[1];
     if (const QString words = CheckLength(text); !words.isEmpty())
         return Refuse(ExitCode::Usage, words, console);
-    StoreTransaction hold(context.document.Store());
+    const StoreTransaction hold(context.document.Store());
     if (!hold.IsOpen()) return ExitCode::Failed;
     const OpenList list = Open(arguments, console, context);
     if (!list.row) return list.exit;
