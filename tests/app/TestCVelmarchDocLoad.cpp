@@ -163,7 +163,7 @@ class TestCVelmarchDocLoad : public QObject {
         QTest::newRow("some days, both ends included") << 2 << 4 << QStringList{u"2"_s, u"3"_s, u"4"_s};
         QTest::newRow("one day") << 5 << 5 << QStringList{u"5"_s};
         QTest::newRow("days without records") << 20 << 25 << QStringList{};
-        QTest::newRow("the last before the first") << 4 << 2 << QStringList{};
+        QTest::newRow("the last before the first is that last day") << 4 << 2 << QStringList{u"2"_s};
     }
     void LoadPassingOfDays() {
         QFETCH(int, first);
@@ -405,11 +405,12 @@ class TestCVelmarchDocLoad : public QObject {
         QTest::newRow("a record moved out of the shown day")
             << u"move"_s << 1 << u"12 A, 2 A"_s << QStringList{} << 2;
         QTest::newRow("a record moved into the shown day")
-            << u"move"_s << 5 << u"0 A"_s << QStringList{u"a"_s} << 2;
+            << u"move"_s << 5 << u"14 A, 0 A"_s << QStringList{u"a"_s} << 2;
         QTest::newRow("a changed record that isn't shown")
             << u"item"_s << 2 << u"14 A, 1 A"_s << QStringList{u"b"_s} << 2;
+        // The data tree counts it all the same.
         QTest::newRow("a new record that isn't shown")
-            << u"add"_s << 2 << QString() << QStringList{u"b"_s} << 3;
+            << u"add"_s << 2 << u"0 C"_s << QStringList{u"b"_s} << 3;
     }
     void RefreshRecords() {
         QFETCH(QString, change);

@@ -110,8 +110,11 @@ QStringList CTimerAccess::Timed(const QStringList& ids) {
     return COwnTimers(m_timers).Timed(ids);
 }
 
-/// One that is gone already, with an answer that came too late for example, is as good as dropped.
+/// A reply that says it was done is believed. One that came too late, or found the timer gone already, is
+/// not: then what is stored decides.
 bool CTimerAccess::Drop(const QStringList& ids) {
-    for (const QString& id : ids) static_cast<void>(Run({TimerAction::Drop, id}));
-    return ids.isEmpty() || Timed(ids).isEmpty();
+    QStringList unsure;
+    for (const QString& id : ids)
+        if (!Run({TimerAction::Drop, id})) unsure.append(id);
+    return unsure.isEmpty() || Timed(unsure).isEmpty();
 }

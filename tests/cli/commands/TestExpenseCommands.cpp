@@ -88,7 +88,7 @@ void TestExpenseCommands::Add_data() {
     QTest::newRow("money that came back") << u"--amount -20"_s << u"{'amount': -20.0}"_s;
     QTest::newRow("no amount") << QString() << u"{'amount': null, 'isDistance': false}"_s;
     QTest::newRow("a distance entry that says so")
-        << u"--distance-entry"_s << u"{'isDistance': true, 'amount': 0.0}"_s;
+        << u"--distance-entry"_s << u"{'isDistance': true, 'amount': null}"_s;
 }
 
 void TestExpenseCommands::Add() {

@@ -25,6 +25,8 @@ class TestItemCommands : public QObject {
     void AFailedCommitIsAFailure();
     void WordsAreTakenAsTheyStand_data();
     void WordsAreTakenAsTheyStand();
+    void WordsInBrackets_data();
+    void WordsInBrackets();
     void AWordTooMany_data();
     void AWordTooMany();
     void Rename_data();
@@ -155,12 +157,12 @@ void TestItemCommands::AFailedCommitIsAFailure() {
 void TestItemCommands::WordsAreTakenAsTheyStand_data() {
     QTest::addColumn<QStringList>("words");  // behind "items add 16"
     QTest::addColumn<QString>("text");
-    for (const char* text : {"[x]", "[a,b]", "[]", "[[a]]", "[", "]", "{x}", "{}", "++", "%s", "%1", "a,b",
-                             "time", "list", "-5", "\x01[x]"}) {
+    for (const char* text :
+         {"]", "a[b]", "{x}", "{}", "++", "%s", "%1", "a,b", "time", "list", "-5", "\x01[x]"}) {
         const QString word = QString::fromLatin1(text);
         QTest::newRow(text) << QStringList{word} << word;
     }
-    for (const char* text : {"--yes", "-x", "--", "[x]", "++", "\x01[x]"}) {
+    for (const char* text : {"--yes", "-x", "--", "++", "\x01[x]"}) {
         const QString word = QString::fromLatin1(text);
         QTest::addRow("%s behind two dashes", text) << QStringList{u"--"_s, word} << word;
     }
@@ -175,6 +177,26 @@ void TestItemCommands::WordsAreTakenAsTheyStand() {
     Fill(u"17"_s, {u"Bolt"_s});
     QCOMPARE(Items(QStringList{u"rename"_s, u"17"_s, u"Bolt"_s} + words).exit, 0);
     QCOMPARE(Texts(u"17"_s), text);
+}
+
+void TestItemCommands::WordsInBrackets_data() {
+    QTest::addColumn<QString>("text");
+    for (const char* text : {"[x]", "[a,b]", "[]", "[[a]]", "["})
+        QTest::newRow(text) << QString::fromLatin1(text);
+}
+
+/// No item may begin like a coded text; a name of a field may.
+void TestItemCommands::WordsInBrackets() {
+    QFETCH(QString, text);
+    Fill(u"16"_s, {u"Bolt"_s});
+    for (const QStringList& words :
+         {QStringList{u"add"_s, u"16"_s, text}, QStringList{u"rename"_s, u"16"_s, u"Bolt"_s, text}}) {
+        const Reply reply = Items(words);
+        QCOMPARE(reply.exit, 1);
+        QVERIFY2(reply.err.contains('"' + text.toUtf8() + '"'), reply.err.constData());
+    }
+    QCOMPARE(Texts(u"16"_s), u"Bolt"_s);
+    QCOMPARE(m_home->RunJson({u"labels"_s, u"set"_s, u"109"_s, text}).Object()[u"label"].toString(), text);
 }
 
 void TestItemCommands::AWordTooMany_data() {
@@ -329,7 +351,6 @@ void TestItemCommands::HostileTexts_data() {
     QTest::newRow("umlauts, emoji, other scripts")
         << u"Übergröße 😀👩‍👩‍👧 日本語 العربية"_s;
     QTest::newRow("only blanks") << u"   "_s;
-    QTest::newRow("the word for any") << u"(any)"_s;
     QTest::newRow("a list's number") << u"17"_s;
 }
 

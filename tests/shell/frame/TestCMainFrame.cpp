@@ -460,71 +460,6 @@ class TestCMainFrame final : public QObject {
         QCOMPARE(again.Status("statusMode"), LoadText(Text::ModeExpense));
     }
 
-    void theTreeIsBesideTheListAboveItOrHidden() {
-        QTemporaryDir folder;
-        {
-            Window window(folder.path());
-            window.frame->Refresh();
-            auto* tree = window.Find<QWidget>("dataTree");
-            QVERIFY(tree->isVisible());
-            QVERIFY(window.Offers(32773));
-            window.frame->RunCommand(32773);
-            QCOMPARE(window.Find<QSplitter>("panes")->orientation(), Qt::Vertical);
-            window.frame->RunCommand(32771);
-            QVERIFY(tree->isHidden());
-            QVERIFY(!window.Offers(32772));
-            QVERIFY(!window.Offers(32773));
-        }
-        Window again(folder.path());
-        QVERIFY(again.Find<QWidget>("dataTree")->isHidden());
-        QCOMPARE(again.Find<QSplitter>("panes")->orientation(), Qt::Vertical);
-        again.frame->RunCommand(32771);
-        QVERIFY(again.Find<QWidget>("dataTree")->isVisible());
-    }
-
-    void aNarrowWindowHidesTheTreeUntilItIsAskedFor() {
-        QTemporaryDir folder;
-        Window window(folder.path());
-        window.frame->Refresh();
-        auto* tree = window.Find<QWidget>("dataTree");
-        window.frame->resize(500, 400);
-        QTRY_VERIFY(tree->isHidden());
-        window.frame->RunCommand(32771);
-        QVERIFY(tree->isVisible());
-        window.frame->resize(1000, 700);
-        QTRY_VERIFY(tree->isVisible());
-    }
-
-    void aNewRecordFromTheTreeHasItsValues() {
-        QTemporaryDir folder;
-        Window window(folder.path());
-        window.frame->Refresh();
-        window.dialog = [](CTRecord& record) {
-            record.item1 = u"Client A"_s;
-            return true;
-        };
-        QTest::keyClick(window.frame.get(), Qt::Key_N, Qt::ControlModifier);
-        QVERIFY(!window.Offers(32861));
-        auto* tree = window.Find<QTreeView>("dataTree");
-        const QModelIndex root = tree->model()->index(0, 0);
-        tree->setCurrentIndex(tree->model()->index(0, 0, root));
-        QVERIFY(window.Offers(32861));
-        QString seen;
-        window.dialog = [&seen](CTRecord& record) {
-            seen = record.item1;
-            return true;
-        };
-        window.frame->RunCommand(32861);
-        QCOMPARE(seen, u"Client A"_s);
-        QCOMPARE(window.Rows(), 2);
-        // A node goes on being selected while the tree is hidden.
-        window.frame->RunCommand(32771);
-        QVERIFY(tree->isHidden());
-        QVERIFY(window.Offers(32861) && window.Offers(32862) && window.Offers(32863));
-        window.frame->RunCommand(32861);
-        QCOMPARE(window.Rows(), 3);
-    }
-
     void everythingHasAName() {
         QTemporaryDir folder;
         Window window(folder.path());
@@ -584,18 +519,6 @@ class TestCMainFrame final : public QObject {
         window.frame->RunCommand(Command::kEdit);
         QCOMPARE(window.dialogs.edited, 2);
         QCOMPARE(window.app.Document().FindTime(id)->notes, u"more more "_s);
-    }
-
-    void nextPaneGoesToTheTreeAndBack() {
-        QTemporaryDir folder;
-        Window window(folder.path());
-        window.frame->Refresh();
-        window.Add(19);
-        window.List().setFocus();
-        QTest::keyClick(window.frame.get(), Qt::Key_F6);
-        QVERIFY(window.Find<CDataTreeView>("dataTree")->hasFocus());
-        QTest::keyClick(window.frame.get(), Qt::Key_F6);
-        QVERIFY(window.List().hasFocus());
     }
 
     /// Those that other buttons took the place of at the start are gone, not hidden.
