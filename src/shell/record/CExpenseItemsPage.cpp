@@ -38,10 +38,8 @@ struct FlagRow {
     bool isBesideTheLast;  ///< the one that it needs
 };
 constexpr FlagRow kFlags[] = {
-    {NumberOf(FieldId::Flag1), &CERecord::flag1, false},
-    {NumberOf(FieldId::Flag2), &CERecord::flag2, true},
-    {NumberOf(FieldId::Flag3), &CERecord::flag3, false},
-    {NumberOf(FieldId::Flag4), &CERecord::flag4, true},
+    {NumberOf(FieldId::Flag1), &CERecord::flag1, false}, {NumberOf(FieldId::Flag2), &CERecord::flag2, true},
+    {NumberOf(FieldId::Flag3), &CERecord::flag3, false}, {NumberOf(FieldId::Flag4), &CERecord::flag4, true},
     {NumberOf(FieldId::Flag5), &CERecord::flag5, false},
 };
 
