@@ -27,7 +27,9 @@ bool IsWanted(const StoredDraft& draft, CPrompt& prompt) {
 void OfferDraft(QWidget* parent, const RecordDialogContext& context) {
     auto draft = context.timers.TakeOverDraft();
     if (!draft) return;
-    if (!IsWanted(*draft, context.prompt)) return context.timers.DiscardDraft(draft->record.GetId());
+    // A key pressed in passing doesn't throw hours away: what isn't taken up is offered again at the next
+    // start. Taken up and cancelled, it is gone.
+    if (!IsWanted(*draft, context.prompt)) return;
     context.timers.AwaitAgain(*draft);
     const QuickEntryContext entry{
         .document = context.document,

@@ -61,13 +61,18 @@ class TestOfferDraft : public QObject {
         QVERIFY(!t.timers.TakeOverDraft());
     }
 
-    void Refused() {
+    /// Its time counts on until it is taken up.
+    void RefusedIsOfferedAgain() {
         RecordDialogHome t;
         LeaveADraft(t);
         t.home.prompt.Expect(Text::AskTakeUpDraft, Answer::No);
         OfferDraft(nullptr, t.Context());
-        QVERIFY(!t.timers.TakeOverDraft());
         QCOMPARE(t.set.StateOf(t.record.GetId()), TimerState::None);
+        t.home.clock.Advance(600);
+        const auto draft = t.timers.TakeOverDraft();
+        QVERIFY(draft && draft->timer);
+        QCOMPARE(draft->record.item1, QStringLiteral("Acme"));
+        QCOMPARE(draft->timer->minutes, 20);
     }
 
     /// The program leaves with the dialog open: the draft is offered again the next time.
