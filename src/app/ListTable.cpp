@@ -13,7 +13,7 @@ template <class Record, std::size_t Count>
 constexpr QString Record::*ItemOf(int list, const FieldRow (&fields)[Count]) {
     for (const FieldRow& field : fields)
         if (field.list == list && field.form == FieldForm::Text)
-            return *std::get_if<QString Record::*>(&field.member);
+            return std::get<QString Record::*>(field.member);
     return nullptr;
 }
 

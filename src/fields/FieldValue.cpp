@@ -2,7 +2,7 @@
 
 std::optional<ClockTime> TimeOf(const CVORec& record, const FieldRow& field) {
     ClockTime time;
-    const GetTimeOfDay get = *std::get_if<GetTimeOfDay>(&field.member);
+    const GetTimeOfDay get = std::get<GetTimeOfDay>(field.member);
     const bool isThere = (static_cast<const CTRecord&>(record).*get)(time.hour, time.minute, time.isPm);
     return isThere ? std::optional(time) : std::nullopt;
 }

@@ -9,12 +9,12 @@ template <class Value>
 [[nodiscard]] const Value& ValueOf(const CVORec& record, const FieldRow& field) {
     if (const auto* member = std::get_if<Value CTRecord::*>(&field.member))
         return static_cast<const CTRecord&>(record).**member;
-    return static_cast<const CERecord&>(record).**std::get_if<Value CERecord::*>(&field.member);
+    return static_cast<const CERecord&>(record).*std::get<Value CERecord::*>(field.member);
 }
 
 /// Of a span.
 [[nodiscard]] inline const SpanField& SpanOf(const CVORec& record, const FieldRow& field) {
-    return static_cast<const CTRecord&>(record).spans.**std::get_if<SpanField SpanSet::*>(&field.member);
+    return static_cast<const CTRecord&>(record).spans.*std::get<SpanField SpanSet::*>(field.member);
 }
 
 /// A time of day as a record holds it.

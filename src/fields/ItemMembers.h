@@ -13,6 +13,6 @@ template <class Record, std::size_t Count>
     std::array<QString Record::*, kItemCount> members{};
     std::size_t next = 0;
     for (const FieldRow& field : fields)
-        if (field.form == FieldForm::Text) members[next++] = *std::get_if<QString Record::*>(&field.member);
+        if (field.form == FieldForm::Text) members[next++] = std::get<QString Record::*>(field.member);
     return members;
 }
