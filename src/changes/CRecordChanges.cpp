@@ -32,8 +32,8 @@ Outcome CRecordChanges::Add(const CVORec& record, Identity identity) {
 }
 
 Outcome CRecordChanges::Edit(const CVORec& record, const QString& id) {
-    const QString formerId =
-        id;  // NOLINT(performance-unnecessary-copy-initialization): the record that has it goes
+    // The record that has the identity goes. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const QString formerId = id;
     const bool isMade = m_context.document.ModifyRecord(record, formerId, {Notify::Yes, Commit::Now});
     Outcome outcome = AfterSingle(isMade, record.GetId());
     if (!isMade) outcome.failedId = formerId;

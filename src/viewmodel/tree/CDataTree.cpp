@@ -11,6 +11,7 @@
 
 #include <QScopedValueRollback>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -124,6 +125,7 @@ void CDataTree::Clear() {
 void CDataTree::FreeNodes() {
     for (CTreeNode* node : std::as_const(m_nodes)) delete node;
     m_nodes.clear();
+    if (m_gathered) m_gathered->clear();
     m_texts.clear();
     m_known = {};
     m_root->m_children.clear();
@@ -147,10 +149,10 @@ void CDataTree::AddRecord(const CVORec& record) {
         const bool isNew = !child;
         if (isNew) child = InsertChild(*node, text, number);
         ++child->m_count;
-        if (m_listener && isNew)
-            m_listener->AfterInsert(*child);
+        if (!isNew)
+            TellCount(*child);
         else if (m_listener)
-            m_listener->CountChanged(*child);
+            m_listener->AfterInsert(*child);
         node = child;
     }
 }
@@ -163,7 +165,7 @@ void CDataTree::RemoveRecord(const CVORec& record) {
         if (!child) continue;
         if (child->m_count <= 1) return RemoveChild(*child);
         --child->m_count;
-        if (m_listener) m_listener->CountChanged(*child);
+        TellCount(*child);
         node = child;
     }
 }
@@ -220,6 +222,7 @@ void CDataTree::RemoveChild(CTreeNode& node) {
 void CDataTree::Free(CTreeNode* node) {
     for (CTreeNode* child : node->m_children) Free(child);
     m_nodes.remove(KeyOf(node->m_parent->m_number, node->m_textNumber));
+    if (m_gathered) m_gathered->remove(node);
     delete node;
 }
 
@@ -262,6 +265,23 @@ void CDataTree::Choose(const CTreeNode& node) {
 
 // --- Hints
 
+/// The count of a client's node changes with each of its records: the view is told once.
+template <class Work>
+void CDataTree::AsBatch(qsizetype records, const Work& work) {
+    if (records > 1) m_gathered.emplace();
+    work();
+    const auto gathered = std::exchange(m_gathered, std::nullopt);
+    if (!gathered || !m_listener) return;
+    for (const CTreeNode* node : *gathered) m_listener->CountChanged(*node);
+}
+
+void CDataTree::TellCount(CTreeNode& node) {
+    if (m_gathered)
+        m_gathered->insert(&node);
+    else if (m_listener)
+        m_listener->CountChanged(node);
+}
+
 void CDataTree::OnHint(Hint hint, const QStringList& ids) {
     if (m_isChoosing) return;
     // Other records are visible than those that were counted, and no hint has said so.
@@ -270,11 +290,13 @@ void CDataTree::OnHint(Hint hint, const QStringList& ids) {
         case Hint::Added:
         case Hint::Changed:
         case Hint::Deleted:
-            CountIn(hint, ids);
+            AsBatch(ids.size(), [&] { CountIn(hint, ids); });
             break;
         case Hint::AboutToGo:
         case Hint::AboutToChange:
-            for (const QString& id : ids) CountOut(id);
+            AsBatch(ids.size(), [&] {
+                for (const QString& id : ids) CountOut(id);
+            });
             break;
         case Hint::Rebuild:
             Rebuild();

@@ -7,8 +7,11 @@
 #include "viewmodel/tree/TreePath.h"
 
 #include <QHash>
+#include <QSet>
 #include <QStringList>
+#include <array>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class CCfgStore;
@@ -82,6 +85,9 @@ class CDataTree {
     void Free(CTreeNode* node);
     void CountIn(Hint hint, const QStringList& ids);
     void CountOut(const QString& id);
+    template <class Work>
+    void AsBatch(qsizetype records, const Work& work);
+    void TellCount(CTreeNode& node);
 
     CVelmarchDoc& m_document;
     const CCfgStore& m_settings;
@@ -94,6 +100,7 @@ class CDataTree {
     TextAddressCache<std::uint32_t, 4096> m_known;  ///< numbers by text
     std::uint32_t m_nextNode = 1;
     CCountedRecords m_counted;
-    std::array<TreePath, 2> m_chosen;  ///< by mode; empty for none
-    bool m_isChoosing = false;         ///< the hint that is on its way comes from the tree itself
+    std::optional<QSet<CTreeNode*>> m_gathered;  ///< during a batch: whose counts are still to be told
+    std::array<TreePath, 2> m_chosen;            ///< by mode; empty for none
+    bool m_isChoosing = false;                   ///< the hint that is on its way comes from the tree itself
 };

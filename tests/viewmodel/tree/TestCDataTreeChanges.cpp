@@ -40,7 +40,12 @@ class Mirror final : public CTreeListener {
     void AfterRemove(const CTreeNode& parent) override {
         QCOMPARE(static_cast<int>(At(parent).below.size()), parent.ChildCount());
     }
-    void CountChanged(const CTreeNode& node) override { At(node).count = node.Count(); }
+    void CountChanged(const CTreeNode& node) override {
+        At(node).count = node.Count();
+        ++counts;
+    }
+
+    int counts = 0;  ///< how often one was told
 
     [[nodiscard]] QString Words() const { return Words(m_top); }
 
@@ -265,6 +270,19 @@ class TestCDataTreeChanges final : public QObject {
     Q_OBJECT
 
  private Q_SLOTS:
+    /// Four records of one client go: its count is told once, and their projects' nodes go one by one.
+    void aBatchTellsEachCountOnce() {
+        DataTreeFixture fixture;
+        QStringList ids;
+        for (const char* project : {"x", "y", "z", "z"}) ids.append(fixture.Add("A", project));
+        fixture.Add("A", "z");
+        Mirror mirror(fixture.tree);
+        fixture.document.NotifyViews(Hint::AboutToGo, ids);
+        QCOMPARE(mirror.counts, 2);  // of A and of z below it
+        QCOMPARE(mirror.Words(), u"A 1 [z 1]"_s);
+        QCOMPARE(fixture.Tree(), u"A 1 [z 1]"_s);
+    }
+
     void hintsKeepTheTreeRight_data() { Seeds(); }
     /// After every change the tree is what a rebuild would make, and every listener knows it. Records
     /// of both modes come, change and go, by the user, in batches and by another program; timers start and
