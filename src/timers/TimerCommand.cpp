@@ -26,6 +26,7 @@ TimerReading Reading(ActiveTimer timer, const CClock& clock) {
 InstanceReply Done(Context& context) {
     std::vector<TimerReading> all;
     const ActiveTimerSet& set = context.timers.Set();
+    all.reserve(static_cast<std::size_t>(set.Count()));
     for (int i = 0; i < set.Count(); ++i) all.push_back(Reading(set.At(i), set.Clock()));
     return ReplyWith(all);
 }
