@@ -86,7 +86,7 @@ InstanceReply CInstanceHost::RunTimer(const QJsonObject& arguments) {
 }
 
 InstanceReply CInstanceHost::RunSetting(const QJsonObject& arguments) {
-    const InstanceReply reply = RunSettingsMessage(arguments, m_context.settings, m_context.document.Clock());
+    InstanceReply reply = RunSettingsMessage(arguments, m_context.settings, m_context.document.Clock());
     if (reply) NoteChange({});  // anything may look different now
     return reply;
 }
