@@ -247,7 +247,7 @@ void CRecordTimers::Keep(const QString& recordId) {
 // --- A new record that isn't stored yet
 
 bool CRecordTimers::PersistDraft(const CTRecord& draft) {
-    const QString id = draft.GetId();
+    const QString& id = draft.GetId();
     return !IsAwaited(id) || m_drafts.Persist(draft, m_timers.Find(id), m_timers.Clock());
 }
 
