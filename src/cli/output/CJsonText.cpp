@@ -3,6 +3,7 @@
 #include "cli/output/COutput.h"
 #include "cli/output/UnseenCharacters.h"
 
+#include <QList>
 #include <algorithm>
 #include <cmath>
 

@@ -1,5 +1,6 @@
 #include "cli/output/UnseenCharacters.h"
 
+#include <QList>
 #include <algorithm>
 
 namespace {
