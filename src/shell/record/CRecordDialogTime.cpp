@@ -155,7 +155,12 @@ void CRecordDialogTime::AddTime(QGridLayout& form, const TimeRow& row, CMnemonic
     AddField({.place = row.place,
               .edit = edit,
               .show = show,
-              .enter = [this, edit, enter = row.enter] { (m_draft.*enter)(edit->GetTime()); },
+              .enter =
+                  [this, edit, enter = row.enter] {
+                      TimeDraft& draft =
+                          m_draft;  // by name: the sanitizer of g++ 12 takes a member for misaligned
+                      (draft.*enter)(edit->GetTime());
+                  },
               .adds = false});
 }
 
@@ -169,7 +174,8 @@ void CRecordDialogTime::AddSpan(QGridLayout& form, const SpanRow& row, CMnemonic
         edit->SetSpan(SpanOf(record.spans.*field));
     };
     const auto enter = [this, edit, take = row.enter] {
-        (m_draft.*take)(edit->GetSpan(), edit->IsStepped() ? SpanSource::Stepped : SpanSource::Entered);
+        TimeDraft& draft = m_draft;  // by name, as for times
+        (draft.*take)(edit->GetSpan(), edit->IsStepped() ? SpanSource::Stepped : SpanSource::Entered);
     };
     AddField({.place = row.place, .edit = edit, .show = show, .enter = enter, .adds = true});
 }
