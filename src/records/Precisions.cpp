@@ -11,18 +11,18 @@ class UsualPrecisions final : public CPrecisionSource {
 };
 
 const UsualPrecisions kUsual;
-const CPrecisionSource* inUse = &kUsual;
+const CPrecisionSource* theSource = &kUsual;
 
 }  // namespace
 
 const CPrecisionSource& ThePrecisions() {
-    return *inUse;
+    return *theSource;
 }
 
-PrecisionScope::PrecisionScope(const CPrecisionSource& source) : m_previous(inUse) {
-    inUse = &source;
+PrecisionScope::PrecisionScope(const CPrecisionSource& source) : m_previous(theSource) {
+    theSource = &source;
 }
 
 PrecisionScope::~PrecisionScope() {
-    inUse = m_previous;
+    theSource = m_previous;
 }
