@@ -1,5 +1,6 @@
 #include "shell/frame/CEventPump.h"
 
+#include <QCursor>
 #include <QGuiApplication>
 
 namespace {
