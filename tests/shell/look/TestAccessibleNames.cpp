@@ -362,7 +362,7 @@ class TestAccessibleNames final : public QObject {
     void EscapeClosesAndAsksNothing_data() { Rows(); }
     void EscapeClosesAndAsksNothing() {
         Open([](QWidget& window) {
-            QVERIFY(window.focusWidget());
+            QTRY_VERIFY(window.focusWidget());
             QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
             QVERIFY(!window.isVisible());
             if (const auto* dialog = qobject_cast<QDialog*>(&window))
