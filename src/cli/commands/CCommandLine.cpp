@@ -63,7 +63,7 @@ void AddGroup(Parsed& parsed, const GroupRow& group, const std::vector<std::stri
 /// word goes through it with this character in front, which no word of a command begins with.
 constexpr char kWholeWord = '\x01';
 
-std::string Guarded(std::string argument) {
+std::string Guarded(const std::string& argument) {
     const bool isList = argument.starts_with('[') && argument.ends_with(']');
     const bool isEnd = argument == "++";
     return isList || isEnd || argument.starts_with(kWholeWord) ? kWholeWord + argument : argument;
