@@ -19,7 +19,7 @@ namespace FieldParts {
 template <class Draft>
 struct RecordField {
     OptionRow option;
-    bool canBeCleared;
+    bool canBeCleared = true;
     /// Enters the value; the sentence that refuses it, empty when it was taken.
     QString (*enter)(Draft& draft, const Entered& entered, const FieldContext& context);
     /// Whether the field may be entered at all now; null: always.
