@@ -5,8 +5,6 @@
 
 #include <QStringList>
 
-using namespace Qt::Literals::StringLiterals;
-
 namespace {
 
 /// Whether the store sees the same characters as the program: a zero ends a text there, and what is no
@@ -18,7 +16,8 @@ bool IsSameInStore(const QString& text) {
 
 QString Exact(const QString& column, const TextCondition& condition) {
     const QString wanted = QuoteText(condition.wanted);
-    return condition.isWhole ? u"%1=%2"_s.arg(column, wanted) : u"instr(%1,%2)>0"_s.arg(column, wanted);
+    return condition.isWhole ? FormatText<Text::SqlIsText>(column, wanted)
+                             : FormatText<Text::SqlHoldsText>(column, wanted);
 }
 
 /// The store's lower() folds what lower-case letters of English have capitals for, which is all that there is
@@ -26,25 +25,24 @@ QString Exact(const QString& column, const TextCondition& condition) {
 QString Folded(const QString& column, const TextCondition& condition) {
     TextCondition folded = condition;
     folded.wanted = condition.wanted.toLower();
-    return u"(%1 OR length(%2)<>length(CAST(%2 AS BLOB)))"_s.arg(Exact(u"lower(%1)"_s.arg(column), folded),
-                                                                 column);
+    const QString lower = FormatText<Text::SqlLowerCase>(column);
+    return FormatText<Text::SqlOrNotEnglish>(Exact(lower, folded), column, column);
 }
 
 }  // namespace
 
 QString RowConditions::Where() const {
     QStringList conditions;
+    if (days)
+        conditions.append(FormatText<Text::SqlBetweenDays>(days->first.year, days->first.month,
+                                                           days->first.day, days->last.year, days->last.month,
+                                                           days->last.day));
     for (const TextCondition& text : texts) {
         // An empty text is held by a missing one too.
         if (text.wanted.isEmpty() || !IsSameInStore(text.wanted)) continue;
         const QString column = LoadText(text.column);
         conditions.append(text.isExact ? Exact(column, text) : Folded(column, text));
     }
-    QString where;
-    if (days)
-        where = FormatText<Text::SqlBetweenDays>(days->first.year, days->first.month, days->first.day,
-                                                 days->last.year, days->last.month, days->last.day);
-    for (const QString& condition : conditions)
-        where += (where.isEmpty() ? u" WHERE "_s : u" AND "_s) + condition;
-    return where;
+    if (conditions.isEmpty()) return {};
+    return LoadText(Text::SqlWhere) + conditions.join(LoadText(Text::SqlAnd));
 }
