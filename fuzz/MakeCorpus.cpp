@@ -29,14 +29,8 @@ void Put(const char* target, const char* name, const QByteArray& bytes) {
         qFatal("%s can't be written", qPrintable(file.fileName()));
 }
 
-QByteArray BytesOf(const CVORec& record) {
-    QByteArray bytes;
-    if (!record.ToBytes(bytes)) qFatal("a record has no bytes");
-    return bytes;
-}
-
 void PutRecord(const char* name, char choice, const CVORec& record) {
-    Put("record_bytes", name, choice + BytesOf(record));
+    Put("record_bytes", name, choice + record.ToBytes());
 }
 
 CTRecord TimeRecord() {

@@ -88,9 +88,8 @@ bool NamedDefaults::Read(const QString& name, CVORec& record) const {
 }
 
 bool NamedDefaults::Write(const QString& name, const CVORec& record) {
-    QByteArray bytes;
-    return !name.isEmpty() && record.Kind() == KindOf(m_mode) && record.ToBytes(bytes) &&
-           m_settings.WriteEntry(KeyOf(m_mode), name, bytes);
+    return !name.isEmpty() && record.Kind() == KindOf(m_mode) &&
+           m_settings.WriteEntry(KeyOf(m_mode), name, record.ToBytes());
 }
 
 bool NamedDefaults::Delete(const QString& name) {

@@ -77,12 +77,11 @@ bool CDRecord::ReadFields(CVORecordset& row) {
     return true;
 }
 
-bool CDRecord::ToBytes(QByteArray& out) const {
+QByteArray CDRecord::ToBytes() const {
     ByteStream stream;
     stream.PutInt(number);
     stream.PutBuffer(Guarded(Content(*this)));
-    out = stream.Release();
-    return true;
+    return stream.Release();
 }
 
 bool CDRecord::FromBytes(const QByteArray& bytes, bool) {

@@ -18,7 +18,7 @@ class CDRecord final : public CVORec {
     [[nodiscard]] std::span<const FieldDef> GetFieldDefs() const override;
     [[nodiscard]] bool WriteFields(CVORecordset& row) const override;
     [[nodiscard]] bool ReadFields(CVORecordset& row) override;
-    [[nodiscard]] bool ToBytes(QByteArray& out) const override;
+    [[nodiscard]] QByteArray ToBytes() const override;
     [[nodiscard]] bool FromBytes(const QByteArray& bytes, bool ansi) override;
     [[nodiscard]] std::unique_ptr<CVORec> Clone() const override;
 };

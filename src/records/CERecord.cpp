@@ -116,9 +116,8 @@ bool CERecord::ReadFields(CVORecordset& row) {
     return true;
 }
 
-bool CERecord::ToBytes(QByteArray& out) const {
-    out = Stored::Bytes<kMembers>(*this);
-    return true;
+QByteArray CERecord::ToBytes() const {
+    return Stored::Bytes<kMembers>(*this);
 }
 
 bool CERecord::FromBytes(const QByteArray& bytes, bool ansi) {

@@ -117,7 +117,7 @@ bool CPRecord::ReadFields(CVORecordset& row) {
     return true;
 }
 
-bool CPRecord::ToBytes(QByteArray& out) const {
+QByteArray CPRecord::ToBytes() const {
     ByteStream stream;
     stream.PutInt(StoredType(*this));
     if (valueType == ValueType::Number)
@@ -125,8 +125,7 @@ bool CPRecord::ToBytes(QByteArray& out) const {
     else
         stream.PutString(text);
     stream.PutInt(listId);
-    out = stream.Release();
-    return true;
+    return stream.Release();
 }
 
 bool CPRecord::FromBytes(const QByteArray& bytes, bool ansi) {

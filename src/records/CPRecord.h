@@ -27,7 +27,7 @@ class CPRecord final : public CVORec {
     [[nodiscard]] bool WriteFields(CVORecordset& row) const override;
     [[nodiscard]] bool Load(const RowTable& rows, std::size_t row) override;
     [[nodiscard]] bool ReadFields(CVORecordset& row) override;
-    [[nodiscard]] bool ToBytes(QByteArray& out) const override;
+    [[nodiscard]] QByteArray ToBytes() const override;
     [[nodiscard]] bool FromBytes(const QByteArray& bytes, bool ansi) override;
     [[nodiscard]] std::unique_ptr<CVORec> Clone() const override;
 };

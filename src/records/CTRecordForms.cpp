@@ -98,9 +98,8 @@ bool CTRecord::ReadFields(CVORecordset& row) {
     return true;
 }
 
-bool CTRecord::ToBytes(QByteArray& out) const {
-    out = Stored::Bytes<kMembers>(*this);
-    return true;
+QByteArray CTRecord::ToBytes() const {
+    return Stored::Bytes<kMembers>(*this);
 }
 
 bool CTRecord::FromBytes(const QByteArray& bytes, bool ansi) {

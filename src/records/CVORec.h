@@ -24,7 +24,7 @@ class CVORec : public CVOId {
     /// Fills the object from the current row, column by index.
     [[nodiscard]] virtual bool ReadFields(CVORecordset& row) = 0;
     /// The record as tagged bytes, without the identity.
-    [[nodiscard]] virtual bool ToBytes(QByteArray& out) const = 0;
+    [[nodiscard]] virtual QByteArray ToBytes() const = 0;
     [[nodiscard]] virtual bool FromBytes(const QByteArray& bytes, bool ansi) = 0;
     /// A new object of the same class with the same content.
     [[nodiscard]] virtual std::unique_ptr<CVORec> Clone() const = 0;

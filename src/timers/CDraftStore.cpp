@@ -42,10 +42,9 @@ bool CDraftStore::Write(const QString& id, const QByteArray& record, const QByte
 }
 
 bool CDraftStore::Persist(const CTRecord& record, const ActiveTimer* timer, const CClock& clock) {
-    QByteArray recordBytes, timerBytes;
-    if (!record.ToBytes(recordBytes)) return false;
+    QByteArray timerBytes;
     if (timer && !TimerBytes(*timer, clock, timerBytes)) return false;
-    return Write(record.GetId(), recordBytes, timerBytes);
+    return Write(record.GetId(), record.ToBytes(), timerBytes);
 }
 
 bool CDraftStore::Discard(const QString& recordId) {

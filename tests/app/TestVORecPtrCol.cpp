@@ -29,7 +29,7 @@ class Mark final : public CVORec {
     std::span<const FieldDef> GetFieldDefs() const override { return {}; }
     bool WriteFields(CVORecordset&) const override { return false; }
     bool ReadFields(CVORecordset&) override { return false; }
-    bool ToBytes(QByteArray&) const override { return false; }
+    [[nodiscard]] QByteArray ToBytes() const override { return {}; }
     bool FromBytes(const QByteArray&, bool) override { return false; }
     std::unique_ptr<CVORec> Clone() const override { return nullptr; }
 };

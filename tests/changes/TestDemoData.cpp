@@ -20,10 +20,8 @@ QList<QByteArray> ContentOf(TestHome& home, RecordKind kind) {
     QList<QByteArray> content;
     if (!home.store->Query(home.store->SelectAll(kind) + u" ORDER BY identity"_s)) return content;
     QString id;
-    for (auto record = NewRecord(kind); home.store->NextRecord(*record, id, true); record = NewRecord(kind)) {
-        QByteArray bytes;
-        if (record->ToBytes(bytes)) content.append(bytes);
-    }
+    for (auto record = NewRecord(kind); home.store->NextRecord(*record, id, true); record = NewRecord(kind))
+        content.append(record->ToBytes());
     home.manager.CloseQuery();
     return content;
 }

@@ -32,8 +32,8 @@ class TestDefaultsCommand : public QObject {
     }
     /// Written as the console asks a window for it.
     InstanceReply Write(const QString& name, const CVORec& record) {
-        DefaultsRequest request{.kind = record.Kind(), .action = DefaultsAction::Write, .name = name};
-        if (!record.ToBytes(request.record)) return {ReplyReason::Failed, {}, {}};
+        const DefaultsRequest request{
+            .kind = record.Kind(), .action = DefaultsAction::Write, .name = name, .record = record.ToBytes()};
         return Run(ToMessage(request).arguments);
     }
     [[nodiscard]] NamedDefaults Defaults(RecordMode mode) const {

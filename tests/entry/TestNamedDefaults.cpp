@@ -359,8 +359,7 @@ void TestNamedDefaults::DamagedValue_data() {
 void TestNamedDefaults::DamagedValue() {
     QFETCH(int, kept);
     Fixture fixture;
-    QByteArray bytes;
-    QVERIFY(Meeting().ToBytes(bytes));
+    QByteArray bytes = Meeting().ToBytes();
     bytes.truncate(kept < 0 ? bytes.size() + kept : kept);
     QVERIFY(fixture.home.settings->WriteEntry(u"TimeDefaults"_s, u"damaged"_s, bytes));
     CTRecord record = Meeting();

@@ -161,8 +161,7 @@ void TestCDRecord::ReadBlock() {
 
 void TestCDRecord::Bytes() {
     const CDRecord record = Block("abc", false);
-    QByteArray bytes;
-    QVERIFY(record.ToBytes(bytes));
+    QByteArray bytes = record.ToBytes();
     QCOMPARE(bytes.toHex(), QByteArray("010000000400000037000000"
                                        "0600000013000000900150983cd24fb0d6963f7d28e17f72616263"));
     CDRecord read;
@@ -171,7 +170,7 @@ void TestCDRecord::Bytes() {
     QCOMPARE(read.number, 55);
     QCOMPARE(read.data, QByteArray("abc"));
     const CDRecord packed = Block(QByteArray(1000, 'z'), true, 66);
-    QVERIFY(packed.ToBytes(bytes));
+    bytes = packed.ToBytes();
     QVERIFY(bytes.size() < 100);
     CDRecord unpacked;
     QVERIFY(unpacked.FromBytes(bytes, false));

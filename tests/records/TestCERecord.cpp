@@ -175,14 +175,12 @@ void TestCERecord::ToBytes() {
         "00000000 01000000 01  00000000 01000000 00  00000000 01000000 00"
         "00000000 01000000 01  00000000 01000000 00  00000000 01000000 01"
         "02000000 02000000 6e00");
-    QByteArray bytes;
-    QVERIFY(record.ToBytes(bytes));
+    const QByteArray bytes = record.ToBytes();
     QCOMPARE(bytes.toHex(), expected.toHex());
 }
 
 void TestCERecord::BytesRoundTrip() {
-    QByteArray bytes;
-    QVERIFY(FullRecord().ToBytes(bytes));
+    const QByteArray bytes = FullRecord().ToBytes();
     CERecord target;
     QVERIFY(target.FromBytes(bytes, false));
     QCOMPARE(Summary(target), QString::fromUtf8(kFullSummary));
@@ -192,8 +190,7 @@ void TestCERecord::BytesRoundTrip() {
 void TestCERecord::FromBytesRefuses() {
     CERecord record;
     QVERIFY(!record.FromBytes({}, false));
-    QByteArray whole;
-    QVERIFY(FullRecord().ToBytes(whole));
+    const QByteArray whole = FullRecord().ToBytes();
     for (qsizetype cut = 0; cut < whole.size(); ++cut)
         QVERIFY2(!record.FromBytes(QByteArray(whole.constData(), cut), cut % 2 == 0),
                  qPrintable(QString::number(cut)));
@@ -285,8 +282,7 @@ void TestCERecord::DistanceOfAnotherRegion() {
     const RegionScope scope(RegionWithDecimal(reader));
     for (const CERecord& record : {ByRow(home), ByTable(home)}) QTEST(record.distance.text, "read");
     QCOMPARE(home.Rows(statement.arg(QuoteText(column))), 1);
-    QByteArray bytes;
-    QVERIFY(source.ToBytes(bytes));
+    const QByteArray bytes = source.ToBytes();
     CERecord target;
     QVERIFY(target.FromBytes(bytes, false));
     QTEST(target.distance.text, "read");
@@ -312,8 +308,7 @@ void TestCERecord::DistanceStaysAsStored() {
     copy.distance.Set(3.0F);
     copy.Copy(read);
     QCOMPARE(copy.StoredDistance(), stored);
-    QByteArray bytes;
-    QVERIFY(copy.ToBytes(bytes));
+    const QByteArray bytes = copy.ToBytes();
     CERecord fromBytes;
     QVERIFY(fromBytes.FromBytes(bytes, false));
     QCOMPARE(fromBytes.StoredDistance(), stored);
@@ -353,8 +348,7 @@ void TestCERecord::UnreadableDistanceKeepsTheFormer() {
     target.distance.Set(3.0F);
     QVERIFY(home.store.ReadRecord(target, source.GetId()));
     QCOMPARE(target.GetDistance(), 3.0F);
-    QByteArray bytes;
-    QVERIFY(source.ToBytes(bytes));
+    const QByteArray bytes = source.ToBytes();
     QVERIFY(target.FromBytes(bytes, false));
     QCOMPARE(target.GetDistance(), 3.0F);
 }

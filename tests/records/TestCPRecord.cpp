@@ -145,8 +145,7 @@ void TestCPRecord::Bytes() {
     QFETCH(int, type);
     QFETCH(QByteArray, bytes);
     const CPRecord record = Item(static_cast<Type>(type));
-    QByteArray made;
-    QVERIFY(record.ToBytes(made));
+    const QByteArray made = record.ToBytes();
     QCOMPARE(made.toHex(), bytes.toHex());
     CPRecord read(4.0F);
     QVERIFY(read.FromBytes(bytes, false));

@@ -192,7 +192,7 @@ void TestCVOSrcMgr::RecordRefusesARow() {
             row.m_errorTexts = {QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("one")};
             return false;
         }
-        [[nodiscard]] bool ToBytes(QByteArray&) const override { return false; }
+        [[nodiscard]] QByteArray ToBytes() const override { return {}; }
         [[nodiscard]] bool FromBytes(const QByteArray&, bool) override { return false; }
         [[nodiscard]] std::unique_ptr<CVORec> Clone() const override { return nullptr; }
     } picky;

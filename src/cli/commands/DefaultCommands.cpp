@@ -151,12 +151,11 @@ ExitCode SaveDefault(const CArguments& arguments, Console& console, RecordContex
 
     ExitCode exit = ExitCode::Done;
     const std::unique_ptr<CVORec> record = MakeDefault(KindOf(*mode), arguments, console, context, exit);
-    QByteArray bytes;
-    if (!record || !record->ToBytes(bytes)) return record ? ExitCode::Failed : exit;
+    if (!record) return exit;
     const auto agreed = AgreedName(name, *mode, console, context);
     if (!agreed) return ExitCode::Failed;
     const DefaultsRequest request{
-        .kind = KindOf(*mode), .action = DefaultsAction::Write, .name = *agreed, .record = bytes};
+        .kind = KindOf(*mode), .action = DefaultsAction::Write, .name = *agreed, .record = record->ToBytes()};
     exit = ChangeSettings(request, console, context.owner);
     record->SetId({});
     if (exit == ExitCode::Done) WriteRecord(console.out, {*record});

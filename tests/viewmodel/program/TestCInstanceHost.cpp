@@ -107,8 +107,7 @@ class TestCInstanceHost final : public QObject {
         };
         QVERIFY(ask({{u"name"_s, u"confirmCopy"_s}, {u"value"_s, 0}}));
         QVERIFY(ask({{u"columns"_s, u"list"_s}, {u"half"_s, u"time"_s}, {u"shown"_s, QJsonArray{4, 0}}}));
-        QByteArray bytes;
-        QVERIFY(CTRecord().ToBytes(bytes));
+        const QByteArray bytes = CTRecord().ToBytes();
         QVERIFY(ask({{u"defaults"_s, u"time"_s},
                      {u"action"_s, u"write"_s},
                      {u"name"_s, u"Mine"_s},
