@@ -9,8 +9,6 @@
 namespace {
 
 constexpr auto kItems = ItemMembers<CERecord>(kExpenseFields);
-constexpr std::array<Text, 5> kItemColumns = {Text::ColumnItem1, Text::ColumnItem2, Text::ColumnExpenseItem3,
-                                              Text::ColumnExpenseItem4, Text::ColumnItem5};
 constexpr std::array<bool CERecord::*, 5> kFlags = {&CERecord::flag1, &CERecord::flag2, &CERecord::flag3,
                                                     &CERecord::flag4, &CERecord::flag5};
 
@@ -35,7 +33,7 @@ bool ExpenseFilter::Matches(const CERecord& record, const PeriodContext& context
 }
 
 RowConditions ExpenseFilter::Conditions(const PeriodContext& context) const {
-    return ConditionsOf(*this, context, items, kItemColumns);
+    return ConditionsOf(*this, context, items, kItems);
 }
 
 ExpenseFilter::Prepared::Prepared(const ExpenseFilter& filter, const PeriodContext& context)

@@ -26,27 +26,20 @@ constexpr bool HoldsMoney(int list) {
 }
 
 /// Where no text of a record holds the items, the list is offered for a number.
-constexpr ListRow Row(int list, Text title, Text timeColumn = {}, Text expenseColumn = {}) {
+constexpr ListRow Row(int list, Text title) {
     return {.list = list,
             .title = title,
             .holdsNumbers = HoldsMoney(list),
             .timeField = ItemOf<CTRecord>(list, kTimeFields),
-            .expenseField = ItemOf<CERecord>(list, kExpenseFields),
-            .timeColumn = timeColumn,
-            .expenseColumn = expenseColumn};
+            .expenseField = ItemOf<CERecord>(list, kExpenseFields)};
 }
 
 constexpr ListRow kLists[] = {
-    Row(ListId::kClient, Text::FieldClient, Text::ColumnItem1, Text::ColumnItem1),
-    Row(ListId::kProject, Text::FieldProject, Text::ColumnItem2, Text::ColumnItem2),
-    Row(ListId::kTimeRate, Text::ListHourlyRates),
-    Row(ListId::kTimeItem3, Text::FieldActivity, Text::ColumnTimeItem3),
-    Row(ListId::kTimeItem4, Text::FieldCostCentre, Text::ColumnTimeItem4),
-    Row(ListId::kExpenseItem3, Text::FieldExpenseItem3, {}, Text::ColumnExpenseItem3),
-    Row(ListId::kDistance, Text::ColumnCaptionTrip),
-    Row(ListId::kDistanceRate, Text::ListDistanceRates),
-    Row(ListId::kExpenseItem4, Text::ListPayments, {}, Text::ColumnExpenseItem4),
-    Row(ListId::kItem5, Text::FieldExpenseCurrency, Text::ColumnItem5, Text::ColumnItem5),
+    Row(ListId::kClient, Text::FieldClient),         Row(ListId::kProject, Text::FieldProject),
+    Row(ListId::kTimeRate, Text::ListHourlyRates),   Row(ListId::kTimeItem3, Text::FieldActivity),
+    Row(ListId::kTimeItem4, Text::FieldCostCentre),  Row(ListId::kExpenseItem3, Text::FieldExpenseItem3),
+    Row(ListId::kDistance, Text::ColumnCaptionTrip), Row(ListId::kDistanceRate, Text::ListDistanceRates),
+    Row(ListId::kExpenseItem4, Text::ListPayments),  Row(ListId::kItem5, Text::FieldExpenseCurrency),
     Row(ListId::kAmount, Text::FieldAmount),
 };
 

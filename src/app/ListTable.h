@@ -16,8 +16,6 @@ struct ListRow {
     bool holdsNumbers;                ///< its items are numbers, normalised when they are entered
     QString CTRecord::*timeField;     ///< the item of time records that it serves; null for none
     QString CERecord::*expenseField;  ///< the same of expenses
-    Text timeColumn,
-        expenseColumn;  ///< the store's column of that field; meaningless where the field is null
 };
 
 /// The eleven lists in their order: 16, 17, 34, 32, 33, 68, 69, 70, 71, 72, 73.

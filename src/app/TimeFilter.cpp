@@ -8,8 +8,6 @@
 namespace {
 
 constexpr auto kItems = ItemMembers<CTRecord>(kTimeFields);
-constexpr std::array<Text, 5> kItemColumns = {Text::ColumnItem1, Text::ColumnItem2, Text::ColumnTimeItem3,
-                                              Text::ColumnTimeItem4, Text::ColumnItem5};
 
 }  // namespace
 
@@ -32,7 +30,7 @@ bool TimeFilter::Matches(const CTRecord& record, const PeriodContext& context,
 }
 
 RowConditions TimeFilter::Conditions(const PeriodContext& context) const {
-    return ConditionsOf(*this, context, items, kItemColumns);
+    return ConditionsOf(*this, context, items, kItems);
 }
 
 TimeFilter::Prepared::Prepared(const TimeFilter& filter, const PeriodContext& context,

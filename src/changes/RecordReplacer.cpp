@@ -75,7 +75,8 @@ std::vector<RecordReplacer::Batch> RecordReplacer::Batches(const ListRow& row) c
 
 /// The identities of the records that hold a text; nothing when they can't be read.
 std::optional<QStringList> RecordReplacer::Holders(const Field& field, const QString& text) {
-    const Text column = field.kind == RecordKind::Time ? field.row.timeColumn : field.row.expenseColumn;
+    const Text column = field.kind == RecordKind::Time ? CTRecord::ColumnOf(field.row.timeField)
+                                                       : CERecord::ColumnOf(field.row.expenseField);
     QStringList ids;
     const QString statement =
         FormatText<Text::SqlIdentitiesOf>(m_store.TableName(field.kind), LoadText(column), QuoteText(text));

@@ -95,6 +95,10 @@ void CERecord::Copy(const CERecord& other) {
     Stored::Copy<kMembers>(*this, other);
 }
 
+Text CERecord::ColumnOf(QString CERecord::*item) {
+    return Stored::ColumnOf<kMembers>(item);
+}
+
 std::span<const FieldDef> CERecord::GetFieldDefs() const {
     return kFields;
 }

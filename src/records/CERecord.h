@@ -44,6 +44,9 @@ class CERecord final : public CVORec {
     /// False where the store holds more than this machine reads of it.
     [[nodiscard]] bool IsDistanceReadWhole() const;
 
+    /// The store's column of an item.
+    [[nodiscard]] static Text ColumnOf(QString CERecord::*item);
+
     [[nodiscard]] RecordKind Kind() const override { return RecordKind::Expense; }
     [[nodiscard]] std::span<const FieldDef> GetFieldDefs() const override;
     [[nodiscard]] bool WriteFields(CVORecordset& row) const override;

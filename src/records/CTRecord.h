@@ -56,6 +56,9 @@ class CTRecord final : public CVORec {
     /// Assignment: everything, identity included; decimals are rounded to this record's precisions.
     void Copy(const CTRecord& other);
 
+    /// The store's column of an item.
+    [[nodiscard]] static Text ColumnOf(QString CTRecord::*item);
+
     [[nodiscard]] RecordKind Kind() const override { return RecordKind::Time; }
     [[nodiscard]] std::span<const FieldDef> GetFieldDefs() const override;
     [[nodiscard]] bool WriteFields(CVORecordset& row) const override;

@@ -77,6 +77,10 @@ constexpr auto kFields = Stored::FieldDefsOf(kMembers);
 
 }  // namespace
 
+Text CTRecord::ColumnOf(QString CTRecord::*item) {
+    return Stored::ColumnOf<kMembers>(item);
+}
+
 std::span<const FieldDef> CTRecord::GetFieldDefs() const {
     return kFields;
 }

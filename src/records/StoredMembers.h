@@ -44,6 +44,7 @@ struct Flag {
 /// A short text, which records share where it repeats.
 template <auto Member>
 struct Item {
+    static constexpr auto kItem = Member;
     Text column;
     int place;
     [[nodiscard]] constexpr std::array<FieldDef, 1> Defs() const { return {FieldDef::Str(column)}; }
@@ -170,6 +171,17 @@ void ForEachInBytes(Work&& work) {
         (work(std::get<kOrderOfBytes<Table>[Place]>(Table)), ...);
     }
     (std::make_index_sequence<kOrderOfBytes<Table>.size()>());
+}
+
+/// The column of a short text; no text: the member isn't one.
+template <const auto& Table, class Record>
+[[nodiscard]] Text ColumnOf(QString Record::*item) {
+    Text column{};
+    ForEach<Table>([&]<class Part>(const Part& part) {
+        if constexpr (requires { Part::kItem; })
+            if (Part::kItem == item) column = part.column;
+    });
+    return column;
 }
 
 template <const auto& Table>

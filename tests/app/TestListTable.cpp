@@ -114,9 +114,10 @@ class TestListTable : public QObject {
         const ListRow* row = FindRecordList(list);
         QVERIFY(row);
         QTEST(row->timeField ? time.*row->timeField : QString(), "time");
-        QTEST(row->timeField ? LoadText(row->timeColumn) : QString(), "timeColumn");
+        QTEST(row->timeField ? LoadText(CTRecord::ColumnOf(row->timeField)) : QString(), "timeColumn");
         QTEST(row->expenseField ? expense.*row->expenseField : QString(), "expense");
-        QTEST(row->expenseField ? LoadText(row->expenseColumn) : QString(), "expenseColumn");
+        QTEST(row->expenseField ? LoadText(CERecord::ColumnOf(row->expenseField)) : QString(),
+              "expenseColumn");
     }
 
     void NormaliseNumber_data() {
