@@ -42,7 +42,7 @@ void AddOption(Parsed& parsed, CLI::App& app, const OptionRow& row) {
 }
 
 void AddCommand(Parsed& parsed, CLI::App& app, const CommandRow& row) {
-    if (row.mostWords > 0) app.add_option("words", parsed.words)->expected(0, kUnlimited);
+    if (*row.words) app.add_option("words", parsed.words)->expected(0, kUnlimited);
     for (const auto options : row.options)
         for (const OptionRow& option : options) AddOption(parsed, app, option);
 }
@@ -179,9 +179,9 @@ QString Choices(const GroupRow* group) {
 QString WordsProblem(const CommandRequest& request) {
     const CommandRow& row = *request.command;
     const QStringList& words = request.arguments.Words();
-    if (words.size() < row.leastWords)
-        return FormatText<Text::CliWordsMissing>(QString::fromLatin1(row.words));
-    if (words.size() > row.mostWords) return FormatText<Text::CliUnexpected>(words[row.mostWords]);
+    const auto [least, most] = CountWords(row.words);
+    if (words.size() < least) return FormatText<Text::CliWordsMissing>(QString::fromLatin1(row.words));
+    if (words.size() > most) return FormatText<Text::CliUnexpected>(words[most]);
     return {};
 }
 

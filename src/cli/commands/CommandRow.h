@@ -25,12 +25,10 @@ using RunCommand = std::variant<RunWithoutHome, RunWithSettings, RunOnSettings, 
 
 /// One command. A group without commands of its own ("day") is one row with an empty name.
 struct CommandRow {
-    const char* group;
     const char* name;
     const char* words;  ///< its words as the help shows them: "ID..."
-    int leastWords;
-    int mostWords;
-    std::array<std::span<const OptionRow>, 2> options;
     Text description;
     RunCommand run;
+    std::array<std::span<const OptionRow>, 2> options{};
+    const char* group = "";  ///< set by the table
 };

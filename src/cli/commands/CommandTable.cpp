@@ -13,6 +13,8 @@
 #include "cli/commands/TimerCommands.h"
 #include "cli/commands/TreeCommands.h"
 
+#include <QStringList>
+#include <initializer_list>
 #include <vector>
 
 namespace {
@@ -48,72 +50,90 @@ using Options = decltype(CommandRow::options);
 constexpr const char* kPathWords = "time|expense PATH...";
 constexpr const char* kColumnWords = "time|expense [COLUMN...]";
 
+void Append(std::vector<CommandRow>& rows, const char* group, std::initializer_list<CommandRow> commands) {
+    for (CommandRow row : commands) {
+        row.group = group;
+        rows.push_back(row);
+    }
+}
+
 /// The commands of a kind of records; those of the other are the same.
 template <RecordMode Mode>
-void AppendRecordCommands(const char* group, Text toDelete, Text toMake, std::vector<CommandRow>& rows) {
+void AppendRecordCommands(std::vector<CommandRow>& rows, const char* group, Text toDelete, Text toMake) {
     const RecordKind kind = KindOf(Mode);
     const auto fields = FieldOptions(kind);
-    const Options marks{MarkOptions(kind)}, filters{FilterOptions(kind), ListOptions()};
-    const CommandRow commands[] = {
-        {group, "add", "", 0, 0, {fields}, Text::CliTimeAdd, Of<Mode, AddRecord>},
-        {group, "edit", "ID", 1, 1, {fields, EditOptions()}, Text::CliTimeEdit, Of<Mode, EditRecord>},
-        {group, "show", "ID", 1, 1, {}, Text::CliTimeShow, Of<Mode, ShowRecord>},
-        {group, "delete", "ID...", 1, kAnyNumber, {}, toDelete, Of<Mode, DeleteRecords>},
-        {group, "copy", "ID...", 1, kAnyNumber, {}, Text::CliTimeCopy, Of<Mode, CopyRecords>},
-        {group, "mark", "ID...", 1, kAnyNumber, marks, Text::CliTimeMark, Of<Mode, MarkRecords>},
-        {group, "new", "", 0, 0, {NewOptions(kind)}, toMake, Of<Mode, NewRecordFrom>},
-        {group, "list", "", 0, 0, filters, Text::CliTimeList, Of<Mode, ListRecords>},
-    };
-    rows.insert(rows.end(), std::begin(commands), std::end(commands));
+    Append(rows, group,
+           {{"add", "", Text::CliTimeAdd, Of<Mode, AddRecord>, {fields}},
+            {"edit", "ID", Text::CliTimeEdit, Of<Mode, EditRecord>, {fields, EditOptions()}},
+            {"show", "ID", Text::CliTimeShow, Of<Mode, ShowRecord>},
+            {"delete", "ID...", toDelete, Of<Mode, DeleteRecords>},
+            {"copy", "ID...", Text::CliTimeCopy, Of<Mode, CopyRecords>},
+            {"mark", "ID...", Text::CliTimeMark, Of<Mode, MarkRecords>, {MarkOptions(kind)}},
+            {"new", "", toMake, Of<Mode, NewRecordFrom>, {NewOptions(kind)}},
+            {"list", "", Text::CliTimeList, Of<Mode, ListRecords>, {FilterOptions(kind), ListOptions()}}});
+}
+
+void AppendTimersAndLists(std::vector<CommandRow>& rows) {
+    Append(rows, "timer",
+           {{"start", "ID", Text::CliTimerStart, StartTimer},
+            {"pause", "ID", Text::CliTimerPause, PauseTimer},
+            {"stop", "ID", Text::CliTimerStop, StopTimer},
+            {"stop-all", "", Text::CliTimerStopAll, StopAllTimers},
+            {"pause-all", "", Text::CliTimerPauseAll, PauseAllTimers},
+            {"drop", "ID", Text::CliTimerDrop, DropTimer},
+            {"status", "", Text::CliTimerStatus, ShowTimers}});
+    Append(rows, "lists", {{"", "", Text::CliLists, ShowLists}});
+    Append(rows, "items",
+           {{"list", "LIST", Text::CliItemsList, ListItems},
+            {"add", "LIST TEXT", Text::CliItemsAdd, AddItem},
+            {"rename", "LIST OLD NEW", Text::CliItemsRename, RenameItem, {RenameItemOptions()}},
+            {"delete", "LIST TEXT", Text::CliItemsDelete, DeleteItem},
+            {"clear", "LIST", Text::CliItemsClear, ClearItems}});
+    Append(rows, "tree",
+           {{"show", "time|expense", Text::CliTreeShow, ShowTree},
+            {"add", kPathWords, Text::CliTreeAdd, AddToTree},
+            {"remove", kPathWords, Text::CliTreeRemove, RemoveFromTree}});
+    Append(rows, "labels",
+           {{"list", "", Text::CliLabelsList, ListLabels},
+            {"set", "ID TEXT", Text::CliLabelsSet, SetLabel},
+            {"reset", "", Text::CliLabelsReset, ResetLabels},
+            {"preset", "1|2", Text::CliLabelsPreset, UseLabelPreset}});
+}
+
+void AppendSettings(std::vector<CommandRow>& rows) {
+    Append(rows, "defaults",
+           {{"list", "", Text::CliDefaultsList, ListDefaults, {ModeOption()}},
+            {"show", "NAME", Text::CliDefaultsShow, ShowDefault, {ModeOption()}},
+            {"save", "NAME", Text::CliDefaultsSave, SaveDefault, {SaveDefaultOptions(), SaveDefaultFields()}},
+            {"rename", "OLD NEW", Text::CliDefaultsRename, RenameDefault, {ModeOption()}},
+            {"delete", "NAME", Text::CliDefaultsDelete, DeleteDefault, {ModeOption()}}});
+    Append(rows, "columns",
+           {{"list", "time|expense", Text::CliColumnsList, ListColumns, {ColumnSetOption()}},
+            {"set", kColumnWords, Text::CliColumnsSet, SetColumns, {ColumnSetOption(), ColumnOptions()}},
+            {"reset", "time|expense", Text::CliColumnsReset, ResetColumns, {ColumnSetOption()}}});
+    Append(rows, "settings",
+           {{"list", "", Text::CliSettingsList, ListSettings},
+            {"get", "NAME", Text::CliSettingsGet, GetSetting},
+            {"set", "NAME VALUE", Text::CliSettingsSet, SetSetting},
+            {"reset", "[NAME]", Text::CliSettingsReset, ResetSettings}});
+}
+
+void AppendOthers(std::vector<CommandRow>& rows) {
+    Append(rows, "day", {{"", "DATE", Text::CliDay, ShowDay}});
+    Append(rows, "period",
+           {{"list", "", Text::CliPeriodList, ListPeriods}, {"show", "ID", Text::CliPeriodShow, ShowPeriod}});
+    Append(rows, "texts", {{"", "", Text::CliTexts, ListTexts}});
+    Append(rows, "doctor", {{"", "", Text::CliDoctor, RunDoctor}});
+    Append(rows, "demo", {{"fill", "N", Text::CliDemoFill, FillDemo, {DemoOptions()}}});
 }
 
 std::vector<CommandRow> MakeTable() {
     std::vector<CommandRow> rows;
-    AppendRecordCommands<RecordMode::Time>("time", Text::CliTimeDelete, Text::CliTimeNew, rows);
-    AppendRecordCommands<RecordMode::Expense>("expense", Text::CliExpenseDelete, Text::CliExpenseNew, rows);
-    const Options stored{SaveDefaultOptions(), SaveDefaultFields()},
-        columns{ColumnSetOption(), ColumnOptions()};
-    const CommandRow others[] = {
-        {"timer", "start", "ID", 1, 1, {}, Text::CliTimerStart, StartTimer},
-        {"timer", "pause", "ID", 1, 1, {}, Text::CliTimerPause, PauseTimer},
-        {"timer", "stop", "ID", 1, 1, {}, Text::CliTimerStop, StopTimer},
-        {"timer", "stop-all", "", 0, 0, {}, Text::CliTimerStopAll, StopAllTimers},
-        {"timer", "pause-all", "", 0, 0, {}, Text::CliTimerPauseAll, PauseAllTimers},
-        {"timer", "drop", "ID", 1, 1, {}, Text::CliTimerDrop, DropTimer},
-        {"timer", "status", "", 0, 0, {}, Text::CliTimerStatus, ShowTimers},
-        {"lists", "", "", 0, 0, {}, Text::CliLists, ShowLists},
-        {"items", "list", "LIST", 1, 1, {}, Text::CliItemsList, ListItems},
-        {"items", "add", "LIST TEXT", 2, 2, {}, Text::CliItemsAdd, AddItem},
-        {"items", "rename", "LIST OLD NEW", 3, 3, {RenameItemOptions()}, Text::CliItemsRename, RenameItem},
-        {"items", "delete", "LIST TEXT", 2, 2, {}, Text::CliItemsDelete, DeleteItem},
-        {"items", "clear", "LIST", 1, 1, {}, Text::CliItemsClear, ClearItems},
-        {"tree", "show", "time|expense", 1, 1, {}, Text::CliTreeShow, ShowTree},
-        {"tree", "add", kPathWords, 2, kAnyNumber, {}, Text::CliTreeAdd, AddToTree},
-        {"tree", "remove", kPathWords, 2, kAnyNumber, {}, Text::CliTreeRemove, RemoveFromTree},
-        {"labels", "list", "", 0, 0, {}, Text::CliLabelsList, ListLabels},
-        {"labels", "set", "ID TEXT", 2, 2, {}, Text::CliLabelsSet, SetLabel},
-        {"labels", "reset", "", 0, 0, {}, Text::CliLabelsReset, ResetLabels},
-        {"labels", "preset", "1|2", 1, 1, {}, Text::CliLabelsPreset, UseLabelPreset},
-        {"defaults", "list", "", 0, 0, {ModeOption()}, Text::CliDefaultsList, ListDefaults},
-        {"defaults", "show", "NAME", 1, 1, {ModeOption()}, Text::CliDefaultsShow, ShowDefault},
-        {"defaults", "save", "NAME", 1, 1, stored, Text::CliDefaultsSave, SaveDefault},
-        {"defaults", "rename", "OLD NEW", 2, 2, {ModeOption()}, Text::CliDefaultsRename, RenameDefault},
-        {"defaults", "delete", "NAME", 1, 1, {ModeOption()}, Text::CliDefaultsDelete, DeleteDefault},
-        {"columns", "list", "time|expense", 1, 1, {ColumnSetOption()}, Text::CliColumnsList, ListColumns},
-        {"columns", "set", kColumnWords, 1, kAnyNumber, columns, Text::CliColumnsSet, SetColumns},
-        {"columns", "reset", "time|expense", 1, 1, {ColumnSetOption()}, Text::CliColumnsReset, ResetColumns},
-        {"settings", "list", "", 0, 0, {}, Text::CliSettingsList, ListSettings},
-        {"settings", "get", "NAME", 1, 1, {}, Text::CliSettingsGet, GetSetting},
-        {"settings", "set", "NAME VALUE", 2, 2, {}, Text::CliSettingsSet, SetSetting},
-        {"settings", "reset", "[NAME]", 0, 1, {}, Text::CliSettingsReset, ResetSettings},
-        {"day", "", "DATE", 1, 1, {}, Text::CliDay, ShowDay},
-        {"period", "list", "", 0, 0, {}, Text::CliPeriodList, ListPeriods},
-        {"period", "show", "ID", 1, 1, {}, Text::CliPeriodShow, ShowPeriod},
-        {"texts", "", "", 0, 0, {}, Text::CliTexts, ListTexts},
-        {"doctor", "", "", 0, 0, {}, Text::CliDoctor, RunDoctor},
-        {"demo", "fill", "N", 1, 1, {DemoOptions()}, Text::CliDemoFill, FillDemo},
-    };
-    rows.insert(rows.end(), std::begin(others), std::end(others));
+    AppendRecordCommands<RecordMode::Time>(rows, "time", Text::CliTimeDelete, Text::CliTimeNew);
+    AppendRecordCommands<RecordMode::Expense>(rows, "expense", Text::CliExpenseDelete, Text::CliExpenseNew);
+    AppendTimersAndLists(rows);
+    AppendSettings(rows);
+    AppendOthers(rows);
     return rows;
 }
 
@@ -130,4 +150,13 @@ std::span<const CommandRow> Commands() {
 
 std::span<const OptionRow> GlobalOptions() {
     return kGlobals;
+}
+
+WordCount CountWords(const char* words) {
+    WordCount count;
+    for (const QString& word : QString::fromLatin1(words).split(u' ', Qt::SkipEmptyParts)) {
+        if (!word.startsWith(u'[')) ++count.least;
+        count.most = word.contains(u"...") ? kAnyNumber : count.most + 1;
+    }
+    return count;
 }
