@@ -58,11 +58,15 @@ int FileSize(sqlite3_file* file, sqlite3_int64* size) {
 }
 
 int Lock(sqlite3_file* file, int level) {
-    return Of(file).Real()->pMethods->xLock(Of(file).Real(), level);
+    ShimFile& own = Of(file);
+    const int refused = own.shim->OnLock(*own.path, level);
+    return refused != SQLITE_OK ? refused : own.Real()->pMethods->xLock(own.Real(), level);
 }
 
 int Unlock(sqlite3_file* file, int level) {
-    return Of(file).Real()->pMethods->xUnlock(Of(file).Real(), level);
+    ShimFile& own = Of(file);
+    const int refused = own.shim->OnUnlock(*own.path, level);
+    return refused != SQLITE_OK ? refused : own.Real()->pMethods->xUnlock(own.Real(), level);
 }
 
 int CheckReservedLock(sqlite3_file* file, int* isLocked) {
@@ -70,6 +74,10 @@ int CheckReservedLock(sqlite3_file* file, int* isLocked) {
 }
 
 int FileControl(sqlite3_file* file, int operation, void* argument) {
+    if (const int error = Of(file).shim->SystemError(); error != 0 && operation == SQLITE_FCNTL_LAST_ERRNO) {
+        *static_cast<int*>(argument) = error;
+        return SQLITE_OK;
+    }
     return Of(file).Real()->pMethods->xFileControl(Of(file).Real(), operation, argument);
 }
 
@@ -108,6 +116,7 @@ int Open(sqlite3_vfs* vfs, const char* name, sqlite3_file* file, int flags, int*
     CVfsShim& shim = ShimOf(vfs);
     ShimFile& own = Of(file);
     own.head.pMethods = nullptr;
+    if (const int refused = shim.OnOpen(QString::fromUtf8(name)); refused != SQLITE_OK) return refused;
     int exists = 0;
     if (name) shim.Real()->xAccess(shim.Real(), name, SQLITE_ACCESS_EXISTS, &exists);
     const int result = shim.Real()->xOpen(shim.Real(), name, own.Real(), flags, outFlags);
@@ -148,6 +157,7 @@ int CurrentTime(sqlite3_vfs* vfs, double* out) {
 }
 
 int GetLastError(sqlite3_vfs* vfs, int size, char* out) {
+    if (const int error = ShimOf(vfs).SystemError(); error != 0) return error;
     return ShimOf(vfs).Real()->xGetLastError(ShimOf(vfs).Real(), size, out);
 }
 

@@ -6,7 +6,8 @@
 #include <QString>
 
 /// Stands between SQLite and the system's files while it lives: every database opened meanwhile goes through
-/// it. A test sees each change of a file before it is made and may refuse it with an SQLite result code.
+/// it. A test sees each change of a file and each lock before it is made and may refuse it with an SQLite
+/// result code.
 class CVfsShim {
  public:
     CVfsShim();
@@ -14,6 +15,11 @@ class CVfsShim {
     CVfsShim(const CVfsShim&) = delete;
     CVfsShim& operator=(const CVfsShim&) = delete;
 
+    /// A file is about to be opened.
+    virtual int OnOpen(const QString& path) {
+        (void)path;
+        return SQLITE_OK;
+    }
     /// A file was opened; isNew: it wasn't there before.
     virtual void OnOpened(const QString& path, bool isNew) {
         (void)path;
@@ -41,6 +47,20 @@ class CVfsShim {
         (void)syncsFolder;
         return SQLITE_OK;
     }
+
+    /// level: SQLITE_LOCK_SHARED and so on.
+    virtual int OnLock(const QString& path, int level) {
+        (void)path;
+        (void)level;
+        return SQLITE_OK;
+    }
+    virtual int OnUnlock(const QString& path, int level) {
+        (void)path;
+        (void)level;
+        return SQLITE_OK;
+    }
+    /// The errno behind the last refusal; 0: the system's own.
+    [[nodiscard]] virtual int SystemError() const { return 0; }
 
     [[nodiscard]] sqlite3_vfs* Real() { return m_real; }
 
