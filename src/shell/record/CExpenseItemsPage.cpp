@@ -1,8 +1,8 @@
 #include "shell/record/CExpenseItemsPage.h"
 
-#include "app/ListTable.h"
 #include "entry/ExpenseDraft.h"
-#include "fields/FieldId.h"
+#include "fields/ExpenseFields.h"
+#include "fields/ItemMembers.h"
 #include "lang/LoadText.h"
 #include "shell/controls/CItemCombo.h"
 #include "shell/controls/CItemFields.h"
@@ -14,23 +14,13 @@
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QPushButton>
-#include <iterator>
 
 using RecordDialogParts::LabelOf;
 
 namespace {
 
-struct ItemRow {
-    int field;
-    int list;
-    QString CERecord::*value;
-};
-constexpr ItemRow kItems[] = {
-    {NumberOf(FieldId::ExpenseItem1), ListId::kClient, &CERecord::item1},
-    {NumberOf(FieldId::ExpenseItem2), ListId::kProject, &CERecord::item2},
-    {NumberOf(FieldId::ExpenseItem3), ListId::kExpenseItem3, &CERecord::item3},
-    {NumberOf(FieldId::ExpenseItem4), ListId::kExpenseItem4, &CERecord::item4},
-};
+/// The fifth, the currency, stands beside the money.
+constexpr auto kItems = ItemFields<CERecord>(kExpenseFields);
 
 struct FlagRow {
     int field;
@@ -63,18 +53,19 @@ CExpenseItemsPage::CExpenseItemsPage(ExpenseDraft& draft, const RecordDialogCont
 /// Labels that users name themselves may leave few letters to share.
 void CExpenseItemsPage::PlanMnemonics(CMnemonics& mnemonics) const {
     QStringList texts;
-    for (const ItemRow& row : kItems) texts << LabelOf(m_context.catalogue, row.field);
+    for (std::size_t i = 0; i < m_items.size(); ++i)
+        texts << LabelOf(m_context.catalogue, NumberOf(kItems[i].id));
     texts << LoadText(Text::CodesButton);
     for (const FlagRow& row : kFlags) texts << LabelOf(m_context.catalogue, row.field);
     mnemonics.Plan(texts);
 }
 
 void CExpenseItemsPage::AddItems(QGridLayout& form, const CItemFields& fields, CMnemonics& mnemonics) {
-    for (std::size_t i = 0; i < std::size(kItems); ++i) {
-        m_items[i] = fields.AddRow(form, kItems[i].list, LabelOf(m_context.catalogue, kItems[i].field),
+    for (std::size_t i = 0; i < m_items.size(); ++i) {
+        m_items[i] = fields.AddRow(form, kItems[i].list, LabelOf(m_context.catalogue, NumberOf(kItems[i].id)),
                                    QStringLiteral("item%1Field").arg(i + 1), mnemonics);
         connect(m_items[i], &CItemCombo::Edited, this,
-                [this, i] { m_draft.EnterItem(kItems[i].value, m_items[i]->Text()); });
+                [this, i] { m_draft.EnterItem(kItems[i].member, m_items[i]->Text()); });
     }
     auto* codes = new QPushButton(mnemonics.Give(LoadText(Text::CodesButton)));
     NameWidget(*codes, QStringLiteral("codesButton"), LoadText(Text::CodesTitle));
@@ -114,12 +105,11 @@ void CExpenseItemsPage::EditCodes() {
     CodedItems texts;
     for (std::size_t i = 0; i < m_items.size(); ++i) texts[i] = m_items[i]->Text();
     if (!RunCodedTextDialog(this, texts, m_context)) return;
-    for (std::size_t i = 0; i < m_items.size(); ++i) m_draft.EnterItem(kItems[i].value, texts[i]);
+    for (std::size_t i = 0; i < m_items.size(); ++i) m_draft.EnterItem(kItems[i].member, texts[i]);
     ShowRecord();
 }
 
 void CExpenseItemsPage::ShowRecord() {
-    for (std::size_t i = 0; i < std::size(kItems); ++i)
-        m_items[i]->ShowText(m_draft.Record().*kItems[i].value);
+    for (std::size_t i = 0; i < m_items.size(); ++i) m_items[i]->ShowText(m_draft.Record().*kItems[i].member);
     ShowFlags();
 }

@@ -1,8 +1,8 @@
 #include "shell/record/CRecordDialogEntry.h"
 
-#include "app/ListTable.h"
 #include "config/CCfgStore.h"
-#include "fields/FieldId.h"
+#include "fields/ItemMembers.h"
+#include "fields/TimeFields.h"
 #include "lang/LoadText.h"
 #include "shell/controls/CItemCombo.h"
 #include "shell/look/CMnemonics.h"
@@ -11,23 +11,10 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
-#include <iterator>
 
 namespace {
 
-/// An item: the number of its name, its list, where the record has it.
-struct ItemRow {
-    int field;
-    int list;
-    QString CTRecord::*value;
-};
-constexpr ItemRow kItems[] = {
-    {NumberOf(FieldId::TimeItem1), ListId::kClient, &CTRecord::item1},
-    {NumberOf(FieldId::TimeItem2), ListId::kProject, &CTRecord::item2},
-    {NumberOf(FieldId::TimeItem3), ListId::kTimeItem3, &CTRecord::item3},
-    {NumberOf(FieldId::TimeItem4), ListId::kTimeItem4, &CTRecord::item4},
-    {NumberOf(FieldId::TimeItem5), ListId::kItem5, &CTRecord::item5},
-};
+constexpr auto kItems = ItemFields<CTRecord>(kTimeFields);
 constexpr int kRateName = NumberOf(FieldId::TimeRate);
 constexpr int kAmountName = NumberOf(FieldId::TimeAmount);
 constexpr int kBillableName = NumberOf(FieldId::Billable);
@@ -58,14 +45,14 @@ QString CRecordDialogEntry::LabelOf(int field) const {
 /// Labels that users name themselves may leave few letters to share.
 void CRecordDialogEntry::PlanMnemonics(CMnemonics& mnemonics) const {
     QStringList texts;
-    for (const ItemRow& row : kItems) texts << LabelOf(row.field);
+    for (const auto& item : kItems) texts << LabelOf(NumberOf(item.id));
     for (const int field : {kBillableName, kRateName, kAmountName, kBilledName}) texts << LabelOf(field);
     mnemonics.Plan(texts);
 }
 
 void CRecordDialogEntry::AddItems(QGridLayout& form, CMnemonics& mnemonics) {
-    for (std::size_t i = 0; i < std::size(kItems); ++i)
-        m_items[i] = m_fields.AddRow(form, kItems[i].list, LabelOf(kItems[i].field),
+    for (std::size_t i = 0; i < m_items.size(); ++i)
+        m_items[i] = m_fields.AddRow(form, kItems[i].list, LabelOf(NumberOf(kItems[i].id)),
                                      QStringLiteral("item%1Field").arg(i + 1), mnemonics);
 }
 
@@ -81,9 +68,9 @@ void CRecordDialogEntry::AddMoney(QGridLayout& form, CMnemonics& mnemonics) {
 }
 
 void CRecordDialogEntry::Wire() {
-    for (std::size_t i = 0; i < std::size(kItems); ++i)
+    for (std::size_t i = 0; i < m_items.size(); ++i)
         connect(m_items[i], &CItemCombo::Edited, this, [this, i] {
-            m_draft.EnterItem(kItems[i].value, m_items[i]->Text());
+            m_draft.EnterItem(kItems[i].member, m_items[i]->Text());
             Q_EMIT Entered();
         });
     connect(m_rate, &CItemCombo::Edited, this, [this] { Enter(*m_rate, &TimeDraft::EnterRate); });
@@ -143,7 +130,7 @@ void CRecordDialogEntry::ShowEnabled() {
 
 void CRecordDialogEntry::ShowRecord() {
     const CTRecord& record = m_draft.Record();
-    for (std::size_t i = 0; i < std::size(kItems); ++i) m_items[i]->ShowText(record.*kItems[i].value);
+    for (std::size_t i = 0; i < m_items.size(); ++i) m_items[i]->ShowText(record.*kItems[i].member);
     m_billable->setChecked(record.isBillable);
     m_billed->setChecked(record.isBilled);
     ShowMoney(nullptr);
