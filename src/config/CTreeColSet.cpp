@@ -4,7 +4,6 @@
 
 void CTreeColSet::SetDefaults() {
     FillFromTable(&ColumnRow::treePosition);
-    RebuildOrders();
     RemoveExcluded();
 }
 

@@ -28,20 +28,22 @@ void TestFontRecord::Layout() {
 
 void TestFontRecord::RoundTrip_data() {
     QTest::addColumn<QString>("face");
+    QTest::addColumn<bool>("isItalic");
     QTest::addColumn<QString>("kept");
-    QTest::newRow("no face") << QString() << QString();
-    QTest::newRow("a plain face") << "Sans Serif"
-                                  << "Sans Serif";
-    QTest::newRow("31 characters") << QString(31, u'x') << QString(31, u'x');
-    QTest::newRow("32 characters are cut to 31") << QString(32, u'x') << QString(31, u'x');
+    QTest::newRow("no face") << QString() << false << QString();
+    QTest::newRow("a plain face") << "Sans Serif" << false << "Sans Serif";
+    QTest::newRow("a slanted face") << "Sans Serif" << true << "Sans Serif";
+    QTest::newRow("31 characters") << QString(31, u'x') << false << QString(31, u'x');
+    QTest::newRow("32 characters are cut to 31") << QString(32, u'x') << false << QString(31, u'x');
 }
 
 void TestFontRecord::RoundTrip() {
     QFETCH(QString, face);
+    QFETCH(bool, isItalic);
     QFETCH(QString, kept);
     FontRecord read;
-    QVERIFY(FontRecord::FromBytes(FontRecord{95, 400, false, face}.ToBytes(), read));
-    QCOMPARE(read, (FontRecord{95, 400, false, kept}));
+    QVERIFY(FontRecord::FromBytes(FontRecord{95, 400, isItalic, face}.ToBytes(), read));
+    QCOMPARE(read, (FontRecord{95, 400, isItalic, kept}));
 }
 
 void TestFontRecord::Refused_data() {
