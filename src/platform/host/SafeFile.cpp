@@ -7,8 +7,8 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
+#include "platform/host/CFileCalls.h"
 #include "platform/host/ErrorText.h"
 
 namespace {
@@ -18,7 +18,7 @@ class Handle {
  public:
     explicit Handle(int handle) : m_handle(handle) {}
     ~Handle() {
-        if (m_handle >= 0) ::close(m_handle);
+        if (m_handle >= 0) (void)theFileCalls->Close(m_handle);
     }
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
@@ -28,7 +28,7 @@ class Handle {
     [[nodiscard]] bool Close() {
         const int handle = m_handle;
         m_handle = -1;
-        return ::close(handle) == 0;
+        return theFileCalls->Close(handle) == 0;
     }
 
  private:
@@ -60,6 +60,14 @@ FileOutcome Failure(const QString& path, int error) {
     return {false, QStringLiteral("%1 could not be written. %2").arg(path, advice)};
 }
 
+/// The new file is there, but its name isn't sure: whoever deletes something because it was written has to
+/// leave it.
+FileOutcome Unconfirmed(const QString& path) {
+    return {false, QStringLiteral("%1 was written, but the disk could not confirm it: after a power failure "
+                                  "it may be as it was before. Check the disk and write it again.")
+                       .arg(path)};
+}
+
 /// An empty text when the target may be replaced. A link is replaced, but not one that stands for a device
 /// or a pipe, as /dev/stdout does.
 QString Objection(const QString& path, const QByteArray& name, int folder) {
@@ -81,7 +89,8 @@ QByteArray TemporaryName() {
 
 bool WriteAll(int handle, QByteArrayView content) {
     while (!content.isEmpty()) {
-        const ssize_t written = ::write(handle, content.data(), static_cast<std::size_t>(content.size()));
+        const ssize_t written =
+            theFileCalls->Write(handle, content.data(), static_cast<std::size_t>(content.size()));
         if (written < 0 && errno == EINTR) continue;
         if (written == 0) errno = ENOSPC;
         if (written <= 0) return false;
@@ -93,14 +102,14 @@ bool WriteAll(int handle, QByteArrayView content) {
 /// Everything up to the closed, synced temporary file; on failure errno says why.
 bool WriteTemporary(int folder, const QByteArray& name, QByteArrayView content, FileAudience audience) {
     const mode_t mode = audience == FileAudience::OwnerOnly ? 0600 : 0666;
-    Handle file(
-        ::openat(folder, name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
-    return file.IsOpen() && WriteAll(file.Get(), content) && ::fsync(file.Get()) == 0 && file.Close();
+    Handle file(theFileCalls->Create(folder, name.constData(), mode));
+    return file.IsOpen() && WriteAll(file.Get(), content) && theFileCalls->Sync(file.Get()) == 0 &&
+           file.Close();
 }
 
 /// Some file systems can't sync a folder and say so by these two; there is nothing more to be done there.
 bool SyncFolder(int folder) {
-    return ::fsync(folder) == 0 || errno == EINVAL || errno == ENOTSUP;
+    return theFileCalls->Sync(folder) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
 }  // namespace
@@ -112,19 +121,18 @@ FileOutcome WriteWholeFile(const QString& path, QByteArrayView content, FileAudi
     if (name.isEmpty() || name == "." || name == "..") {
         return {false, QStringLiteral("\"%1\" is no file name. Choose a file name.").arg(path)};
     }
-    const Handle folder(
-        ::open(QFile::encodeName(folderPath).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const Handle folder(theFileCalls->OpenFolder(QFile::encodeName(folderPath).constData()));
     if (!folder.IsOpen()) return Failure(path, errno);
     if (const QString objection = Objection(path, name, folder.Get()); !objection.isEmpty()) {
         return {false, objection};
     }
     const QByteArray temporary = TemporaryName();
     if (!WriteTemporary(folder.Get(), temporary, content, audience) ||
-        ::renameat(folder.Get(), temporary.constData(), folder.Get(), name.constData()) != 0) {
+        theFileCalls->Rename(folder.Get(), temporary.constData(), name.constData()) != 0) {
         const int error = errno;
-        ::unlinkat(folder.Get(), temporary.constData(), 0);
+        theFileCalls->Unlink(folder.Get(), temporary.constData());
         return Failure(path, error);
     }
-    if (!SyncFolder(folder.Get())) return Failure(path, errno);
+    if (!SyncFolder(folder.Get())) return Unconfirmed(path);
     return {true, {}};
 }

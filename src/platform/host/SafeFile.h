@@ -8,8 +8,8 @@ enum class FileAudience { OwnerOnly /** mode 0600 */, UserDefault /** the user's
 
 /// How writing a whole file ended.
 struct FileOutcome {
-    bool written = false;
-    QString error;  ///< what failed and what to do; empty when written
+    bool written = false;  ///< whole, and sure to be there after a power cut
+    QString error;         ///< what failed and what to do; empty when written
 };
 
 /// Writes a whole file so that either the old or the complete new content stands there, also after a power
