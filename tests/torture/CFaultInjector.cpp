@@ -5,7 +5,7 @@
 #include <cerrno>
 
 void CFaultInjector::Arm(Fault fault, Lasting lasting, int call) {
-    Disarm();
+    StartAnew();
     m_fault = fault;
     m_lasting = lasting;
     m_failing = call;
@@ -13,14 +13,19 @@ void CFaultInjector::Arm(Fault fault, Lasting lasting, int call) {
 }
 
 void CFaultInjector::ArmDisk(qint64 bytesLeft) {
-    Disarm();
+    StartAnew();
     m_bytesLeft = bytesLeft;
     m_isDiskArmed = true;
 }
 
 void CFaultInjector::Disarm() {
-    m_isArmed = m_isDiskArmed = m_hasFailed = false;
-    m_calls = m_systemError = 0;
+    m_isArmed = m_isDiskArmed = false;
+    m_systemError = 0;
+}
+
+void CFaultInjector::StartAnew() {
+    Disarm();
+    m_calls = 0;
     m_growth = m_mostGrowth = 0;
     m_sizes.clear();
 }
@@ -76,7 +81,6 @@ int CFaultInjector::Meet(Call call) {
         m_lasting == Lasting::OneCall ? m_calls == m_failing : m_failing > 0 && m_calls >= m_failing;
     m_systemError = fails ? ErrnoOf(m_fault) : 0;
     if (!fails) return SQLITE_OK;
-    m_hasFailed = true;
     return CodeOf(m_systemError, kCodes[static_cast<std::size_t>(call)]);
 }
 
@@ -87,7 +91,6 @@ int CFaultInjector::Resize(const QString& path, qint64 size) {
     const qint64 more = size - m_sizes[path];
     if (more > 0 && m_growth + more > m_bytesLeft) {
         m_systemError = ENOSPC;
-        m_hasFailed = true;
         return SQLITE_FULL;
     }
     m_systemError = 0;

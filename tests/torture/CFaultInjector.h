@@ -22,11 +22,11 @@ class CFaultInjector final : public CVfsShim {
     void Arm(Fault fault, Lasting lasting, int call);
     /// From now on the files may have so many bytes more than they have now, all together.
     void ArmDisk(qint64 bytesLeft);
+    /// Nothing fails any more; what was counted can still be read.
     void Disarm();
 
     /// The calls that the fault could have met since it was armed.
     [[nodiscard]] int Calls() const { return m_calls; }
-    [[nodiscard]] bool HasFailed() const { return m_hasFailed; }
     /// By how many bytes the files have grown since a disk was armed, at the most.
     [[nodiscard]] qint64 MostGrowth() const { return m_mostGrowth; }
 
@@ -42,6 +42,7 @@ class CFaultInjector final : public CVfsShim {
 
  private:
     enum class Call { Open, Write, Truncate, Sync, Delete, Lock, LockToWrite, Unlock };
+    void StartAnew();
     [[nodiscard]] bool Concerns(Call call) const;
     [[nodiscard]] int Meet(Call call);
     [[nodiscard]] int Resize(const QString& path, qint64 size);
@@ -51,7 +52,6 @@ class CFaultInjector final : public CVfsShim {
     bool m_isArmed = false;
     int m_failing = 0;
     int m_calls = 0;
-    bool m_hasFailed = false;
     int m_systemError = 0;
 
     bool m_isDiskArmed = false;

@@ -1,8 +1,10 @@
+#include <QRegularExpression>
 #include <QTest>
 
 #include "lang/LoadText.h"
 #include "support/TestProgram.h"
 #include "torture/CFaultInjector.h"
+#include "torture/CFaultWalk.h"
 #include "torture/FaultHome.h"
 #include "torture/HomeContent.h"
 #include "torture/QuickWaits.h"
@@ -10,21 +12,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-struct FaultRow {
-    const char* name;
-    Fault fault;
-    Lasting lasting;
-};
-constexpr FaultRow kFaults[] = {
-    {"one call fails", Fault::DiskError, Lasting::OneCall},
-    {"all calls fail", Fault::DiskError, Lasting::FromThenOn},
-    {"the disk is full for a moment", Fault::DiskFull, Lasting::OneCall},
-    {"the disk is full", Fault::DiskFull, Lasting::FromThenOn},
-    {"there is no lock for a moment", Fault::NoLocks, Lasting::OneCall},
-    {"there are no locks", Fault::NoLocks, Lasting::FromThenOn},
-    {"another program reads", Fault::Reader, Lasting::FromThenOn},
-};
 
 /// A command that changes data, and the commands that have to come before it. beside: what it changes
 /// besides, and may leave with a word about it: the command's own change is done.
@@ -70,14 +57,8 @@ constexpr CommandRow kCommands[] = {
     {"settings reset"},
 };
 
-/// In the short form some of the calls fail, others for each command.
+/// In the short form about so many of the calls of each command fail, others for each.
 constexpr int kSample = 2;
-
-bool IsLong() {
-    return qEnvironmentVariableIsSet("VELMARCH_LONG_TESTS");
-}
-
-constexpr qint64 kPage = 4096;
 
 }  // namespace
 
@@ -98,26 +79,30 @@ class TestFaults : public QObject {
  private:
     void Commands();
     void Begin();
-    void Try(const QString& what);
-    void Judge(const ConsoleRun& run, const QString& what);
-    void JudgeDone(const ConsoleRun& run, const QStringList& content, const QString& what);
-    void Complain(const QString& what, const QString& why, const ConsoleRun& run);
-    void End() const;
-    [[nodiscard]] bool IsSampled(int call, int calls) const;
+    [[nodiscard]] QStringList Judge() const;
+    [[nodiscard]] QStringList JudgeDone(const QStringList& content) const;
+    [[nodiscard]] QStringList JudgeHalf(const QStringList& content) const;
+    void End();
 
     CFaultInjector m_disk;
     QuickWaits m_waits;
     std::unique_ptr<FaultHome> m_home;
+    std::unique_ptr<CFaultWalk> m_walk;
+    CFaultWalk::Change m_change = [this](const std::function<void()>& begin) {
+        begin();
+        m_run = m_home->Run(m_command);
+    };
     QString m_command, m_beside;
     QByteArray m_printed;
-    QStringList m_before, m_after, m_complaints;
-    int m_runs = 0, m_failedRuns = 0;
+    QStringList m_before, m_after;
+    ConsoleRun m_run;
 };
 
 void TestFaults::initTestCase() {
     QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR)));
     m_home = std::make_unique<FaultHome>();
     QVERIFY(m_home->IsMade());
+    m_walk = std::make_unique<CFaultWalk>(m_disk, *m_home, kSample);
 }
 
 void TestFaults::Commands() {
@@ -139,7 +124,7 @@ void TestFaults::Begin() {
     QFETCH(QString, beside);
     m_command = command;
     m_beside = beside;
-    m_complaints.clear();
+    m_walk->Name(command);
     QVERIFY2(m_home->Prepare(before), qPrintable(before));
     m_before = m_home->Content();
     QVERIFY(m_home->Renew());
@@ -150,95 +135,63 @@ void TestFaults::Begin() {
     QVERIFY(m_before != m_after);
 }
 
-bool TestFaults::IsSampled(int call, int calls) const {
-    const int stride = IsLong() ? 1 : std::max(1, calls / kSample);
-    return (call + static_cast<int>(m_command.size())) % stride == 0;
-}
-
 void TestFaults::FailingCalls() {
     Begin();
     if (QTest::currentTestFailed()) return;
-    for (const FaultRow& row : kFaults) {
-        QVERIFY(m_home->Renew());
-        m_disk.Arm(row.fault, row.lasting, 0);
-        (void)m_home->Run(m_command);
-        const int calls = m_disk.Calls();
-        for (int call = 1; call <= calls; ++call) {
-            if (!IsSampled(call, calls)) continue;
-            QVERIFY(m_home->Renew());
-            m_disk.Arm(row.fault, row.lasting, call);
-            Try(u"%1, call %2 of %3"_s.arg(QLatin1String(row.name)).arg(call).arg(calls));
-        }
-    }
+    m_walk->FailCalls(m_change, [this] { return Judge(); });
     End();
 }
 
-/// The files may grow by no page, by one, by two, up to as many as the command needs.
 void TestFaults::FullDisk() {
     Begin();
     if (QTest::currentTestFailed()) return;
-    QVERIFY(m_home->Renew());
-    m_disk.ArmDisk(std::numeric_limits<qint64>::max() / 2);
-    (void)m_home->Run(m_command);
-    const int pages = static_cast<int>(m_disk.MostGrowth() / kPage);
-    for (int page = 0; page <= pages; ++page) {
-        if (!IsSampled(page, pages)) continue;
-        QVERIFY(m_home->Renew());
-        m_disk.ArmDisk(page * kPage);
-        Try(u"a disk with room for %1 of %2 pages"_s.arg(page).arg(pages));
-    }
+    m_walk->FillDisk(m_change, [this] { return Judge(); });
     End();
 }
 
-void TestFaults::Try(const QString& what) {
-    const ConsoleRun run = m_home->Run(m_command);
-    m_disk.Disarm();
-    ++m_runs;
-    const qsizetype complaints = m_complaints.size();
-    Judge(run, what);
-    if (m_complaints.size() != complaints) ++m_failedRuns;
-}
-
-void TestFaults::Judge(const ConsoleRun& run, const QString& what) {
+QStringList TestFaults::Judge() const {
     const QStringList content = m_home->Content();
-    if (run.exit == 0) return JudgeDone(run, content, what);
-    if (run.err.isEmpty()) Complain(what, u"not a word"_s, run);
-    if (content == m_before) return;
-    if (content == m_after) return Complain(what, u"done, but said to have failed"_s, run);
-    const ConsoleRun again = m_home->Run(m_command);
-    const QStringList last = m_home->Content();
-    const QString halfway = Difference(m_before, content);
-    if (again.exit != 0 || last != m_after)
-        Complain(what,
-                 u"half done\n"_s + halfway + u"and, when repeated, "_s + QString::fromUtf8(again.err) +
-                     u'\n' + Difference(m_after, last),
-                 run);
+    const QString said = u"exit %1 [%2]: "_s.arg(m_run.exit).arg(QString::fromUtf8(m_run.err.trimmed()));
+    QStringList wrong;
+    if (m_run.exit == 0) {
+        wrong = JudgeDone(content);
+    } else {
+        if (m_run.err.isEmpty()) wrong += u"not a word"_s;
+        if (content == m_after) wrong += u"done, but said to have failed"_s;
+        if (content != m_before && content != m_after) wrong += JudgeHalf(content);
+    }
+    return wrong.replaceInStrings(QRegularExpression(u"^"_s), said);
 }
 
-void TestFaults::JudgeDone(const ConsoleRun& run, const QStringList& content, const QString& what) {
-    if (run.out.isEmpty() && !m_printed.isEmpty()) Complain(what, u"done, but not shown"_s, run);
-    if (content == m_after) return;
+QStringList TestFaults::JudgeDone(const QStringList& content) const {
+    QStringList wrong;
+    if (m_run.out.isEmpty() && !m_printed.isEmpty()) wrong += u"done, but not shown"_s;
     const auto others = [this](QStringList lines) {
         lines.removeIf([this](const QString& line) { return line.contains(m_beside); });
         return lines;
     };
-    if (!m_beside.isEmpty() && !run.err.isEmpty() && others(content) == others(m_after)) return;
-    Complain(what, u"acknowledged, but\n"_s + Difference(m_after, content), run);
+    const bool isTold = !m_beside.isEmpty() && !m_run.err.isEmpty() && others(content) == others(m_after);
+    if (content != m_after && !isTold) wrong += u"acknowledged, but\n"_s + Difference(m_after, content);
+    return wrong;
 }
 
-void TestFaults::Complain(const QString& what, const QString& why, const ConsoleRun& run) {
-    m_complaints += u"%1: %2: exit %3: %4[%5]\n"_s.arg(m_command, what)
-                        .arg(run.exit)
-                        .arg(why, QString::fromUtf8(run.err.trimmed()));
+/// What is half done is finished by the same command.
+QStringList TestFaults::JudgeHalf(const QStringList& content) const {
+    const ConsoleRun again = m_home->Run(m_command);
+    const QStringList last = m_home->Content();
+    if (again.exit == 0 && last == m_after) return {};
+    return {u"half done\n%1and, when repeated, %2\n%3"_s.arg(
+        Difference(m_before, content), QString::fromUtf8(again.err), Difference(m_after, last))};
 }
 
-void TestFaults::End() const {
-    for (const QString& complaint : m_complaints) qWarning("%s", qPrintable(complaint));
-    QVERIFY2(m_complaints.isEmpty(), qPrintable(u"%1 runs failed"_s.arg(m_complaints.size())));
+void TestFaults::End() {
+    const QStringList complaints = m_walk->TakeComplaints();
+    for (const QString& complaint : complaints) qWarning("%s", qPrintable(complaint));
+    QVERIFY2(complaints.isEmpty(), qPrintable(u"%1 runs failed"_s.arg(complaints.size())));
 }
 
 void TestFaults::cleanupTestCase() {
-    qInfo("%d runs, %d failures", m_runs, m_failedRuns);
+    qInfo("%d runs, %d failures", m_walk->Runs(), m_walk->FailedRuns());
 }
 
 TEST_CLASS(TestFaults);
