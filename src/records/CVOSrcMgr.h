@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <memory>
 
+#include "platform/host/CWaitBudget.h"
+
 class CSqliteFile;
 class CStoreTable;
 
@@ -32,8 +34,8 @@ class CVOSrcMgr {
     QString m_directory;  ///< set before InitDataSrc
     QString m_fileName;
     QString m_thirdLocation;
-    bool m_mayCreate = true;  ///< false: a missing store is an error, not an empty start
-    int m_busySeconds = 30;   ///< how long to wait for another program's lock
+    bool m_mayCreate = true;               ///< false: a missing store is an error, not an empty start
+    int m_busySeconds = kMostWaitSeconds;  ///< how long to wait for one lock of another program
     QString m_error;
     std::int32_t m_errorCode = 0;
     std::unique_ptr<CVORecordset> m_recordset;  ///< null before the first query

@@ -1,22 +1,27 @@
 #pragma once
 
+#include <QString>
 #include <chrono>
 #include <random>
 
+#include "platform/host/CWaitBudget.h"
+
 /// Waits on another program's lock in short random sleeps, 1 to 20 milliseconds and longer with each, so that
-/// two programs that want the same lock don't stay in step.
+/// two programs that want the same lock don't stay in step. What it waits comes off the budget in force.
 class CLockWait {
  public:
-    /// limit: how long to wait for one lock in all.
-    explicit CLockWait(std::chrono::seconds limit) : m_limit(limit), m_random(std::random_device{}()) {}
+    /// what: the file whose lock is waited for; limit: how long to wait for one lock, however much of the
+    /// budget is left.
+    CLockWait(const QString& what, std::chrono::seconds limit)
+        : m_what(what), m_limit(limit), m_own(limit), m_random(std::random_device{}()) {}
 
-    /// SQLite's busy handler; self is the CLockWait, count how often it was called for this lock. 0 gives up.
-    static int Handle(void* self, int count);
-
- private:
+    /// count: how often this was called before for the same lock. False gives up.
     [[nodiscard]] bool Wait(int count);
 
-    std::chrono::seconds m_limit;
+ private:
+    QString m_what;
+    std::chrono::milliseconds m_limit;
+    CWaitBudget m_own;  ///< where no budget is in force
     std::minstd_rand m_random;
     std::chrono::steady_clock::time_point m_since;
 };

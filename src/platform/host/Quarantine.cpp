@@ -53,11 +53,11 @@ FolderLock::FolderLock(const QString& path, std::chrono::seconds limit)
     : m_handle(::open(QFile::encodeName(QFileInfo(path).absolutePath()).constData(),
                       O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
     if (m_handle < 0) return;
-    CLockWait wait(limit);
+    CLockWait wait(path, limit);
     for (int count = 0; ::flock(m_handle, LOCK_EX | LOCK_NB) != 0; ++count) {
         if (errno == EINTR) continue;
         m_isHeld = errno != EWOULDBLOCK;
-        if (m_isHeld || CLockWait::Handle(&wait, count) == 0) return;
+        if (m_isHeld || !wait.Wait(count)) return;
     }
     m_isHeld = true;
 }

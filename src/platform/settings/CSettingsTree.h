@@ -41,7 +41,7 @@ class CSettingsTree {
 
     /// What identifies a settings file: for a caller that examines one without opening it as a tree.
     static constexpr SqliteFileKind kFileKind{
-        .applicationId = 0x564D5354 /* "VMST" */, .version = 1, .busySeconds = 30};
+        .applicationId = 0x564D5354 /* "VMST" */, .version = 1, .busySeconds = kMostWaitSeconds};
 
     CSettingsTree();
     ~CSettingsTree();
@@ -50,8 +50,8 @@ class CSettingsTree {
     /// put in quarantine under another name, said in KeptAside(), and a fresh one takes its place. Newer or
     /// locked files stay untouched: false, the tree then works from memory alone, and Error() tells why. From
     /// a file that may only be read the values come, and every write fails. busySeconds: how long to wait for
-    /// another program's lock, here and at every later call.
-    [[nodiscard]] bool Open(const QString& path, int busySeconds = 30);
+    /// one lock of another program at most, here and at every later call.
+    [[nodiscard]] bool Open(const QString& path, int busySeconds = kMostWaitSeconds);
     [[nodiscard]] const QString& KeptAside() const { return m_keptAside; }
     [[nodiscard]] const QString& Error() const { return m_error; }
 

@@ -113,8 +113,8 @@ bool CSqliteFile::Connect(const SqliteFileKind& kind) {
     if (sqlite3_open_v2(QFile::encodeName(m_path).constData(), &m_db, flags, nullptr) != SQLITE_OK) {
         return false;
     }
-    m_lockWait = std::make_unique<CLockWait>(std::chrono::seconds(kind.busySeconds));
-    sqlite3_busy_handler(m_db, &CLockWait::Handle, m_lockWait.get());
+    m_lockWait = std::make_unique<CLockWait>(m_path, std::chrono::seconds(kind.busySeconds));
+    sqlite3_busy_handler(m_db, &CSqliteFile::OnBusy, this);
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     m_statements = std::make_unique<CStatementCache>(m_db);
     m_readOnly = sqlite3_db_readonly(m_db, "main") == 1;
@@ -124,6 +124,11 @@ bool CSqliteFile::Connect(const SqliteFileKind& kind) {
         m_inode = status.st_ino;
     }
     return Execute(kConnectionSettings);
+}
+
+/// SQLite's busy handler: 0 gives up.
+int CSqliteFile::OnBusy(void* self, int count) {
+    return static_cast<CSqliteFile*>(self)->m_lockWait->Wait(count) ? 1 : 0;
 }
 
 /// All of it in one look: between two looks another program may make the file, and half of what it writes

@@ -8,6 +8,8 @@
 #include <memory>
 #include <optional>
 
+#include "platform/host/CWaitBudget.h"
+
 struct sqlite3;
 struct sqlite3_stmt;
 class CLockWait;
@@ -15,9 +17,9 @@ class CStatementCache;
 
 /// What identifies a file of ours and how it is to be opened.
 struct SqliteFileKind {
-    std::uint32_t applicationId = 0;  ///< PRAGMA application_id
-    int version = 1;                  ///< PRAGMA user_version; a larger one in the file means Newer
-    int busySeconds = 30;             ///< how long to wait for another program's lock, in short random sleeps
+    std::uint32_t applicationId = 0;     ///< PRAGMA application_id
+    int version = 1;                     ///< PRAGMA user_version; a larger one in the file means Newer
+    int busySeconds = kMostWaitSeconds;  ///< how long to wait for one lock of another program at most
 };
 
 /// One connection to an SQLite file, always opened in the same safe way: rollback journal (TRUNCATE,
@@ -79,6 +81,7 @@ class CSqliteFile {
     [[nodiscard]] OpenOutcome Refuse(OpenOutcome outcome, const QString& sentence);
     [[nodiscard]] bool Run(const QByteArray& sql);
     void NoteErrorCode(int code);
+    static int OnBusy(void* self, int count);
 
     sqlite3* m_db = nullptr;
     std::unique_ptr<CStatementCache> m_statements;

@@ -82,6 +82,7 @@ class TestCSqliteFile : public QObject {
     void transactionUndoneByAFullDisk();
     void fileSizeLimit();
     void lockedByAnother();
+    void waitsOfTwoFilesAddUp();
     void isStillInPlace_data();
     void isStillInPlace();
     void integrityReport();
@@ -407,6 +408,26 @@ void TestCSqliteFile::lockedByAnother() {
     soonDone.join();
     QVERIFY(begun);
     QVERIFY(file.Commit());
+}
+
+/// Two files in the hands of others are waited for no longer than one.
+void TestCSqliteFile::waitsOfTwoFilesAddUp() {
+    CSqliteFile others[2], files[2];
+    for (int i = 0; i < 2; ++i) {
+        const QString path = Path(QString::number(i));
+        QCOMPARE(others[i].Open(path, kKind, true), OpenOutcome::Created);
+        QCOMPARE(files[i].Open(path, kKind, true), OpenOutcome::Existed);
+        QVERIFY(others[i].Execute("BEGIN EXCLUSIVE"));
+    }
+    CWaitBudget budget(std::chrono::milliseconds(800));
+    const WaitBudgetScope scope(budget);
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(!files[0].Begin());
+    QVERIFY(!files[1].Begin());
+    QVERIFY(!files[0].Begin());
+    QVERIFY2(timer.elapsed() >= 800 && timer.elapsed() < 1600, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(files[1].ErrorCode(), SQLITE_BUSY);
 }
 
 void TestCSqliteFile::isStillInPlace_data() {
