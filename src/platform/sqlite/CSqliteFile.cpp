@@ -15,6 +15,7 @@
 
 #include "platform/host/CLockWait.h"
 #include "platform/sqlite/CStatementCache.h"
+#include "platform/sqlite/LockProbe.h"
 #include "platform/sqlite/SqliteErrors.h"
 
 namespace {
@@ -126,9 +127,11 @@ bool CSqliteFile::Connect(const SqliteFileKind& kind) {
     return Execute(kConnectionSettings);
 }
 
-/// SQLite's busy handler: 0 gives up.
+/// SQLite's busy handler: 0 gives up. Where no file can be locked waiting is no use.
 int CSqliteFile::OnBusy(void* self, int count) {
-    return static_cast<CSqliteFile*>(self)->m_lockWait->Wait(count) ? 1 : 0;
+    auto& file = *static_cast<CSqliteFile*>(self);
+    if (count == 0) file.m_lacksLocks = LacksLocks(file.m_path);
+    return !file.m_lacksLocks && file.m_lockWait->Wait(count) ? 1 : 0;
 }
 
 /// All of it in one look: between two looks another program may make the file, and half of what it writes
@@ -323,7 +326,8 @@ void CSqliteFile::NoteErrorCode(int code) {
         primary == SQLITE_IOERR || primary == SQLITE_CANTOPEN || primary == SQLITE_READONLY;
     // A folder that was moved away shows as any of these.
     if (mayBeGone && m_inode != 0 && !IsStillInPlace()) code = SQLITE_READONLY_DBMOVED;
-    m_errorCode = code;
-    m_error =
-        SqliteSentence(code, SystemError(m_db, primary), m_path, QString::fromUtf8(sqlite3_errmsg(m_db)));
+    const bool lacksLocks = primary == SQLITE_BUSY && m_lacksLocks;
+    const int systemError = lacksLocks ? ENOLCK : SystemError(m_db, primary);
+    m_errorCode = lacksLocks ? SQLITE_IOERR_LOCK : code;
+    m_error = SqliteSentence(m_errorCode, systemError, m_path, QString::fromUtf8(sqlite3_errmsg(m_db)));
 }

@@ -93,6 +93,7 @@ class CSqliteFile {
     bool m_began = false;
     std::int64_t m_changesBefore = 0;  ///< of the connection, when the transaction began
     bool m_isMemory = false;
+    bool m_lacksLocks = false;  ///< the file system refuses every lock
     std::uint64_t m_device = 0;
     std::uint64_t m_inode = 0;
 };

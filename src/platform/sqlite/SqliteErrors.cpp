@@ -18,6 +18,9 @@ constexpr char kTooLarge[] =
 constexpr char kInUse[] = "Another program is using %1. Try again when it is done.";
 constexpr char kReadOnly[] =
     "%1 is read-only, so nothing can be changed in it. Make the file and its folder writable.";
+constexpr char kNoLocks[] =
+    "The file system on which %1 lies doesn't let files be locked, so the data would not be safe from other "
+    "programs. Move its folder to another disk.";
 constexpr char kDamaged[] = "%1 is damaged. Restore it from a backup.";
 constexpr char kNoAccess[] =
     "%1 may not be opened by you. Check who owns the file and its folder and who may use them.";
@@ -42,6 +45,10 @@ constexpr SentenceRow kSentences[] = {
      "Your disk quota is used up, so %1 was not changed. Free some space and try again."},
     {SQLITE_IOERR, EFBIG, kTooLarge},
     {SQLITE_IOERR, EROFS, kReadOnly},
+    {SQLITE_IOERR, ENOLCK, kNoLocks},
+    {SQLITE_IOERR, EOPNOTSUPP, kNoLocks},
+    {SQLITE_IOERR_LOCK, ENOSYS, kNoLocks},
+    {SQLITE_IOERR_RDLOCK, ENOSYS, kNoLocks},
     {SQLITE_IOERR_NOMEM, 0, "There is not enough memory. Close other programs and try again."},
     {SQLITE_NOMEM, 0, "There is not enough memory. Close other programs and try again."},
     {SQLITE_IOERR, 0, "The disk reported an error while %1 was in use. Check the disk, then try again."},

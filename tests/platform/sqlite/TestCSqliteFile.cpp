@@ -9,11 +9,14 @@
 #include <map>
 #include <thread>
 
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <cerrno>
 #include <csignal>
+#include <cstdarg>
 
 #include "platform/sqlite/SqliteErrors.h"
 #include "support/TestProgram.h"
@@ -83,6 +86,8 @@ class TestCSqliteFile : public QObject {
     void fileSizeLimit();
     void lockedByAnother();
     void waitsOfTwoFilesAddUp();
+    void whereNoFileCanBeLocked_data();
+    void whereNoFileCanBeLocked();
     void isStillInPlace_data();
     void isStillInPlace();
     void integrityReport();
@@ -428,6 +433,52 @@ void TestCSqliteFile::waitsOfTwoFilesAddUp() {
     QVERIFY(!files[0].Begin());
     QVERIFY2(timer.elapsed() >= 800 && timer.elapsed() < 1600, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(files[1].ErrorCode(), SQLITE_BUSY);
+}
+
+namespace {
+
+/// What the file system answers to every attempt at a lock.
+int theLockError = 0;
+
+int RefuseLocks(int handle, int command, ...) {
+    std::va_list rest;
+    va_start(rest, command);
+    void* argument = va_arg(rest, void*);
+    va_end(rest);
+    const bool isLock = command == F_SETLK || command == F_SETLKW || command == F_GETLK;
+    if (!isLock) return ::fcntl(handle, command, argument);
+    errno = theLockError;
+    return -1;
+}
+
+}  // namespace
+
+void TestCSqliteFile::whereNoFileCanBeLocked_data() {
+    QTest::addColumn<int>("error");
+    QTest::newRow("no locks available") << ENOLCK;
+    QTest::newRow("not supported") << EOPNOTSUPP;
+    QTest::newRow("no such call") << ENOSYS;
+}
+
+void TestCSqliteFile::whereNoFileCanBeLocked() {
+    QFETCH(int, error);
+    const QString path = Path(u"store"_qs);
+    {
+        CSqliteFile file;
+        QCOMPARE(file.Open(path, kKind, true), OpenOutcome::Created);
+    }
+    theLockError = error;
+    sqlite3_vfs* vfs = sqlite3_vfs_find(nullptr);
+    QCOMPARE(vfs->xSetSystemCall(vfs, "fcntl", reinterpret_cast<sqlite3_syscall_ptr>(&RefuseLocks)),
+             SQLITE_OK);
+    const auto restore = qScopeGuard([vfs] { (void)vfs->xSetSystemCall(vfs, "fcntl", nullptr); });
+    QElapsedTimer timer;
+    timer.start();
+    CSqliteFile file;
+    QCOMPARE(file.Open(path, kKind, false), OpenOutcome::Failed);
+    QVERIFY2(file.Error().contains(u"doesn't let files be locked"), qPrintable(file.Error()));
+    // Nothing that is waited for would come.
+    QVERIFY(timer.elapsed() < 500);
 }
 
 void TestCSqliteFile::isStillInPlace_data() {
