@@ -10,6 +10,7 @@
 #include "cli/home/CWindowLink.h"
 #include "cli/home/RecordContext.h"
 #include "platform/host/CMessagePump.h"
+#include "platform/host/CWaitBudget.h"
 
 namespace {
 
@@ -53,7 +54,7 @@ class CRunner {
     ExitCode operator()(RunOnSettings run) {
         COpenHome home(m_console);
         if (!home.OpenSettings(m_request.home) || !home.AreSettingsKept()) return ExitCode::Failed;
-        CWindowLink window(home.App().Home());
+        CWindowLink window(home.App().Home(), m_budget);
         CSettingsOwner owner(home.App().Settings(), window, m_console.clock);
         return run(m_request.arguments, m_console, owner);
     }
@@ -62,7 +63,7 @@ class CRunner {
         COpenHome home(m_console);
         if (!home.OpenSettings(m_request.home) || !home.App().OpenStore()) return ExitCode::Failed;
         CVelmarchApp& app = home.App();
-        CWindowLink window(app.Home());
+        CWindowLink window(app.Home(), m_budget);
         CTimerAccess timers(m_console.clock, app.Document(), app.Settings(), window);
         CSettingsOwner owner(app.Settings(), window, m_console.clock);
         CNoProgress progress;
@@ -85,6 +86,8 @@ class CRunner {
  private:
     const CommandRequest& m_request;
     Console& m_console;
+    CWaitBudget m_budget;  ///< of all that the command waits for
+    WaitBudgetScope m_scope{m_budget};
 };
 
 }  // namespace

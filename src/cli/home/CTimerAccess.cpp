@@ -37,7 +37,7 @@ void CTimerAccess::Look() {
     Read();
     if (!m_set.AnyActive()) return;
     if (m_window.IsThere()) {
-        const auto reply = m_window.Ask(TimerRequest{TimerAction::Status}.ToMessage());
+        const auto reply = m_window.AskShortly(TimerRequest{TimerAction::Status}.ToMessage());
         if (reply && *reply) return TakeOver(*reply);
         m_set.FoldAll();  // shown only: what is stored belongs to the window
         return;

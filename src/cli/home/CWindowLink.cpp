@@ -3,16 +3,41 @@
 #include "app/CVelmarchApp.h"
 #include "app/OutsideChange.h"
 #include "lang/LoadText.h"
+#include "platform/host/CWaitBudget.h"
 #include "platform/instance/CInstance.h"
 
-#include <QElapsedTimer>
-#include <chrono>
+#include <algorithm>
 #include <thread>
 
 namespace {
-constexpr int kPatienceMs = 3000;
-constexpr int kLookMs = 500;
-constexpr std::chrono::milliseconds kPause{50};
+
+using std::chrono::milliseconds;
+
+/// How long a window is waited for that is starting, or that is only told what was done.
+constexpr milliseconds kShort{3000};
+constexpr milliseconds kPause{50};
+
+/// Time spent on the window comes off what the command may wait.
+class CWindowWait {
+ public:
+    explicit CWindowWait(CWaitBudget& budget) : m_budget(budget) {}
+    ~CWindowWait() { m_budget.Spend(Waited()); }
+    CWindowWait(const CWindowWait&) = delete;
+    CWindowWait& operator=(const CWindowWait&) = delete;
+
+    [[nodiscard]] milliseconds Waited() const {
+        return std::chrono::duration_cast<milliseconds>(std::chrono::steady_clock::now() - m_start);
+    }
+
+ private:
+    CWaitBudget& m_budget;
+    std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+};
+
+int Milliseconds(milliseconds time) {
+    return static_cast<int>(time.count());
+}
+
 }  // namespace
 
 bool CWindowLink::IsThere() const {
@@ -20,24 +45,45 @@ bool CWindowLink::IsThere() const {
 }
 
 bool CWindowLink::Reach() {
-    QElapsedTimer waited;
-    waited.start();
+    return Reach(m_budget.Left());
+}
+
+/// Where nobody listens a look ends at once; a busy window takes the call and leaves the caller waiting.
+bool CWindowLink::Reach(Time limit) {
+    const CWindowWait wait(m_budget);
     while (!m_isReached) {
-        m_isReached = m_client.FindWindow(m_home, LoadText(Text::ProgramTitle), kLookMs);
+        const Time left = std::max(limit - wait.Waited(), kPause);
+        m_isReached = m_client.FindWindow(m_home, LoadText(Text::ProgramTitle), Milliseconds(left));
         if (m_isReached || !IsThere()) break;
-        // Who has waited in vain once doesn't wait again.
-        m_isMute = m_isMute || waited.elapsed() >= kPatienceMs;
+        // A command that has waited in vain once doesn't wait again.
+        m_isMute = m_isMute || wait.Waited() >= std::min(limit, kShort);
         if (m_isMute) break;
         std::this_thread::sleep_for(kPause);
     }
     return m_isReached;
 }
 
-std::optional<InstanceReply> CWindowLink::Ask(const InstanceMessage& message) {
-    if (!Reach()) return std::nullopt;
-    auto reply = m_client.Send(message);
+std::optional<InstanceReply> CWindowLink::AskOnce(const InstanceMessage& message, Time limit) {
+    if (!Reach(limit)) return std::nullopt;
+    const CWindowWait wait(m_budget);
+    const Time left = std::max(std::min(limit, m_budget.Left()), kPause);
+    auto reply = m_client.Send(message, Milliseconds(left));
     if (!reply) m_isReached = false;
     return reply;
+}
+
+std::optional<InstanceReply> CWindowLink::Ask(const InstanceMessage& message) {
+    auto reply = AskOnce(message, m_budget.Left());
+    while (reply && reply->reason == ReplyReason::WindowOwns && m_budget.Left() > Time(0)) {
+        std::this_thread::sleep_for(kPause);
+        m_budget.Spend(kPause);
+        reply = AskOnce(message, m_budget.Left());
+    }
+    return reply;
+}
+
+std::optional<InstanceReply> CWindowLink::AskShortly(const InstanceMessage& message) {
+    return AskOnce(message, std::min(m_budget.Left(), kShort));
 }
 
 bool CWindowLink::TellChanged(RecordKind kind, const QStringList& ids, bool listsToo) {
@@ -51,7 +97,7 @@ bool CWindowLink::TellAllChanged() {
 
 bool CWindowLink::Post(const OutsideChange& change) {
     if (!IsThere()) return true;
-    if (Reach() && m_client.Post(change.ToMessage())) return true;
+    if (Reach(std::min(m_budget.Left(), kShort)) && m_client.Post(change.ToMessage())) return true;
     m_isReached = false;
     return !IsThere();
 }

@@ -4,8 +4,10 @@
 
 #include <QString>
 #include <QStringList>
+#include <chrono>
 #include <optional>
 
+class CWaitBudget;
 struct OutsideChange;
 enum class RecordKind : int;
 
@@ -13,15 +15,19 @@ enum class RecordKind : int;
 /// at a lock.
 class CWindowLink {
  public:
-    explicit CWindowLink(const QString& home) : m_home(home) {}
+    /// budget: how long the command may wait for other programs, the window among them.
+    CWindowLink(const QString& home, CWaitBudget& budget) : m_home(home), m_budget(budget) {}
 
     /// Whether a window runs, or is about to: it owns timers and settings then.
     [[nodiscard]] bool IsThere() const;
-    /// Waits for a window that is still starting, three seconds at most. False when it can't be told
-    /// anything, or has ended meanwhile.
+    /// Waits for a window that is still starting, three seconds at most, and for one that is busy, as long as
+    /// the command may wait. False when it can't be told anything, or has ended meanwhile.
     [[nodiscard]] bool Reach();
-    /// Hands a command over and waits for the answer; nothing when the window doesn't answer.
+    /// Hands a command over and waits for the answer. A window that owns what is asked for and can't change
+    /// it now is asked again as long as the command may wait. Nothing when it doesn't answer.
     [[nodiscard]] std::optional<InstanceReply> Ask(const InstanceMessage& message);
+    /// The same for what can be had without the window too: waits three seconds at most.
+    [[nodiscard]] std::optional<InstanceReply> AskShortly(const InstanceMessage& message);
     /// Tells that records of a kind were changed, so that the window shows it at once. False when a window
     /// runs and could not be told. listsToo: pick lists as well, which the window reads anew then.
     [[nodiscard]] bool TellChanged(RecordKind kind, const QStringList& ids, bool listsToo = false);
@@ -31,9 +37,13 @@ class CWindowLink {
     static constexpr int kMostIds = 1000;  ///< with more than these the window reads everything anew
 
  private:
+    using Time = std::chrono::milliseconds;
+    [[nodiscard]] bool Reach(Time limit);
+    [[nodiscard]] std::optional<InstanceReply> AskOnce(const InstanceMessage& message, Time limit);
     [[nodiscard]] bool Post(const OutsideChange& change);
 
     QString m_home;
+    CWaitBudget& m_budget;
     CInstanceClient m_client;
     bool m_isReached = false;
     bool m_isMute = false;

@@ -39,6 +39,8 @@ class TestBesideWindow : public QObject {
     void AMuteWindow_data();
     void AMuteWindow();
     void AWindowThatIsStillStarting();
+    void ABusyWindowIsWaitedFor_data();
+    void ABusyWindowIsWaitedFor();
     void AWindowOfAnotherHome();
 
  private:
@@ -190,11 +192,12 @@ void TestBesideWindow::ReadingTellsNothing() {
 void TestBesideWindow::TimersAreCarriedOutByTheWindow() {
     const QString id = m_home->Add({});
     Listen(m_home->Path());
-    m_answer[u"timers"_s] =
-        QJsonArray{QJsonObject{{u"id"_s, id}, {u"state"_s, u"running"_s}, {u"seconds"_s, 4711}}};
+    m_answer[u"timers"_s] = QJsonArray{
+        QJsonObject{{u"id"_s, id}, {u"state"_s, u"running"_s}, {u"seconds"_s, 4711}}};
     const Reply reply = m_home->RunJson({u"timer"_s, u"start"_s, id});
     QCOMPARE(reply.exit, 0);
-    QCOMPARE(reply.out, "[{\"id\": \"" + id.toLatin1() + "\", \"state\": \"running\", \"seconds\": 4711}]\n");
+    QCOMPARE(reply.out, "[{\"id\": \"" + id.toLatin1() +
+                            "\", \"state\": \"running\", \"seconds\": 4711}]\n");
     QCOMPARE(Only(InstanceCommand::Timer), (QJsonObject{{u"action"_s, u"start"_s}, {u"id"_s, id}}));
     for (const QString& action : {u"stop-all"_s, u"pause-all"_s, u"status"_s}) {
         m_heard.clear();
@@ -331,6 +334,29 @@ void TestBesideWindow::AMuteWindow() {
     QCOMPARE(list[u"count"].toInt(), command[1] == u"add" ? 2 : 1);
     QCOMPARE(m_home->RunJson({u"timer"_s, u"status"_s}).Array()[0][u"state"].toString(), u"running"_s);
     QCOMPARE(m_home->RunJson({u"settings"_s, u"get"_s, u"confirmCopy"_s}).Object()[u"value"].toInt(), 1);
+}
+
+void TestBesideWindow::ABusyWindowIsWaitedFor_data() {
+    QTest::addColumn<bool>("isDeaf");
+    QTest::newRow("one that says so") << false;
+    QTest::newRow("one that doesn't listen for a while") << true;
+}
+
+/// Longer than it would be waited for if it were only starting.
+void TestBesideWindow::ABusyWindowIsWaitedFor() {
+    QFETCH(bool, isDeaf);
+    const QString id = m_home->Add({});
+    Listen(m_home->Path());
+    if (isDeaf) {
+        QTimer::singleShot(0, this, [] { QTest::qSleep(3500); });
+    } else {
+        m_answer = {{u"ok"_s, false}, {u"exit"_s, 3}, {u"error"_s, u"Busy."_s}};
+        QTimer::singleShot(3500, this, [this] { m_answer = {{u"ok"_s, true}, {u"timers"_s, QJsonArray()}}; });
+    }
+    const Reply reply = m_home->RunJson({u"timer"_s, u"start"_s, id});
+    QCOMPARE(reply.err, QByteArray());
+    QCOMPARE(reply.exit, 0);
+    QCOMPARE(m_heard.last().arguments[u"action"].toString(), u"start"_s);
 }
 
 void TestBesideWindow::AWindowThatIsStillStarting() {
