@@ -20,6 +20,9 @@ void ActiveTimer::Begin(const CClock& clock, bool useInitial, std::uint16_t h, s
         hours = useInitial ? h : Count(0);
         minutes = useInitial ? m : Count(0);
         seconds = useInitial ? s : Count(0);
+        trueCount.Start(clock.GetStamp(), Seconds());
+    } else {
+        trueCount.Resume(clock.GetStamp());
     }
     lastUpdate = clock.GetLocalTime();
     state = TimerState::Running;
@@ -29,6 +32,7 @@ void ActiveTimer::Begin(const CClock& clock, bool useInitial, std::uint16_t h, s
 /// lost, so that nothing is ever counted twice.
 bool ActiveTimer::UpdateElapsed(const CClock& clock) {
     if (state != TimerState::Running) return true;
+    trueCount.Fold(clock.GetStamp());
     const SYSTEMTIME now = clock.GetLocalTime();
     const ClockSpan passed = SecondsBetween(lastUpdate, now);
     lastUpdate = clock.GetLocalTime();

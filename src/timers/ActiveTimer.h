@@ -2,6 +2,7 @@
 
 #include "app/CTimerService.h"
 #include "platform/host/CClock.h"
+#include "timers/TrueCount.h"
 
 #include <QString>
 #include <cstdint>
@@ -16,6 +17,7 @@ class ActiveTimer {
     std::uint16_t seconds = 0;
     TimerState state = TimerState::Stopped;
     SYSTEMTIME lastUpdate;
+    TrueCount trueCount;  ///< folded whenever the count is, and decides nothing of it
 
     /// Starts a stopped timer, from the three values or from zero, or resumes a paused one with its count:
     /// the time of the pause doesn't count. A running timer stays as it is.
@@ -24,7 +26,14 @@ class ActiveTimer {
     /// 15 seconds. A clock set back adds nothing, and the count goes on from the new time; false then.
     bool UpdateElapsed(const CClock& clock);
 
-    bool operator==(const ActiveTimer&) const = default;
+    /// The count in seconds.
+    [[nodiscard]] int Seconds() const { return (hours * 60 + minutes) * 60 + seconds; }
+
+    /// What is stated of a timer: whether two are the same doesn't depend on what their true count is.
+    bool operator==(const ActiveTimer& other) const {
+        return recordId == other.recordId && hours == other.hours && minutes == other.minutes &&
+               seconds == other.seconds && state == other.state && lastUpdate == other.lastUpdate;
+    }
 
  private:
     void AddMinutesToCount(int m);

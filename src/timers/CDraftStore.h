@@ -13,6 +13,12 @@ struct StoredDraft {
     std::optional<ActiveTimer> timer;  ///< none when it was stopped in the dialog
 };
 
+/// A timer as it is stored, and its true count beside it; empty without one.
+struct StoredTimer {
+    QByteArray timer;
+    QByteArray trueTime;
+};
+
 /// The one draft of a new time record whose timer was started before the record is stored, in the profile: a
 /// program that is killed meanwhile loses neither. Its stored form is in docs/settings-tree.md.
 class CDraftStore {
@@ -27,7 +33,7 @@ class CDraftStore {
     [[nodiscard]] std::optional<StoredDraft> Read(const CClock& clock) const;
 
  private:
-    [[nodiscard]] bool Write(const QString& id, const QByteArray& record, const QByteArray& timer);
+    [[nodiscard]] bool Write(const QString& id, const QByteArray& record, const StoredTimer& timer);
 
     CProfile& m_profile;
 };

@@ -5,6 +5,7 @@
 #include "config/CCfgStore.h"
 #include "records/CTRecord.h"
 #include "timers/TimerMerge.h"
+#include "timers/TrueTimes.h"
 
 namespace {
 
@@ -17,6 +18,7 @@ constexpr int kStop = 2;
 
 const QString kSection = QStringLiteral("ActiveTimers");
 const QString kEntry = QStringLiteral("Content");
+const QString kTrueTimes = QStringLiteral("TrueTimes");
 
 }  // namespace
 
@@ -58,16 +60,17 @@ void CRecordTimers::StartDraftTimer(const CTRecord& draft) {
     StoreTimers();
 }
 
-bool CRecordTimers::StopRecordTimer(const QString& recordId) {
-    return StopOne(recordId) && StoreTimers();
+bool CRecordTimers::StopRecordTimer(const QString& recordId, CountBy by) {
+    return StopOne(recordId, by) && StoreTimers();
 }
 
-bool CRecordTimers::StopOne(const QString& recordId) {
+bool CRecordTimers::StopOne(const QString& recordId, CountBy by) {
     const CTRecord* record = Fetch(recordId);
     if (!record) return false;
     int hours = 0, minutes = 0, seconds = 0;
     if (!m_timers.GetElapsed(recordId, hours, minutes, seconds)) return false;
     const ActiveTimer former = *m_timers.Find(recordId);
+    if (by == CountBy::TrueTime && !former.trueCount.GetElapsed(hours, minutes)) return false;
     if (!m_timers.Stop(recordId)) return false;
 
     CTRecord changed;
@@ -163,12 +166,16 @@ bool CRecordTimers::DropOrphans() {
 
 // --- Kept in the settings
 
-bool CRecordTimers::Content(QByteArray& out) const {
+ActiveTimerSet CRecordTimers::Storable() const {
     ActiveTimerSet kept(m_timers.Clock());
     for (int i = 0; i < m_timers.Count(); ++i)
         if (!m_awaited.contains(m_timers.IdAt(i))) kept.Put(m_timers.At(i));
+    return kept;
+}
+
+bool CRecordTimers::Content(QByteArray& out) const {
     ByteStream stream;
-    if (!kept.Save(stream)) return false;
+    if (!Storable().Save(stream)) return false;
     out = stream.Release();
     return true;
 }
@@ -184,7 +191,8 @@ bool CRecordTimers::StoreTimers() {
             TakeOver(present);
             if (!Content(content)) return false;
         }
-        return profile.WriteBinary(kSection, kEntry, content);
+        return profile.WriteBinary(kSection, kEntry, content) &&
+               profile.WriteBinary(kSection, kTrueTimes, TrueTimesOf(Storable()));
     });
     if (written) m_stored = content;
     return written;
@@ -196,6 +204,7 @@ void CRecordTimers::TakeOver(const QByteArray& present) {
         ByteStream stream;
         stream.Attach(content);
         set.Load(stream);
+        TakeTrueTimes(StoredTrueTimes(), set);
         return set;
     };
     MergeTimers(m_timers, read(m_stored.value_or(QByteArray())), read(present));
@@ -213,7 +222,13 @@ bool CRecordTimers::RestoreTimers() {
     if (!content) return true;
     ByteStream stream;
     stream.Attach(*content);
-    return m_timers.Load(stream);
+    const bool isWhole = m_timers.Load(stream);
+    TakeTrueTimes(StoredTrueTimes(), m_timers);
+    return isWhole;
+}
+
+QByteArray CRecordTimers::StoredTrueTimes() const {
+    return m_settings.Profile().GetBinary(kSection, kTrueTimes).value_or(QByteArray());
 }
 
 // --- For the rules of entry

@@ -4,6 +4,7 @@
 #include "app/Hints.h"
 #include "timers/ActiveTimerSet.h"
 #include "timers/CDraftStore.h"
+#include "timers/TrueTime.h"
 
 #include <QByteArray>
 #include <QSet>
@@ -33,8 +34,9 @@ class CRecordTimers final : public CTimerService {
     bool StartRecordTimer(const QString& recordId);
     /// Writes the count of the last fold, seconds dropped, rounded, into the record's duration, and removes
     /// the timer. There is no fold before it: that is the caller's (FoldAndStore). When the record can't be
-    /// written, the timer stays.
-    bool StopRecordTimer(const QString& recordId);
+    /// written, the timer stays. By true time the record gets that instead, in the same way; false without
+    /// it.
+    bool StopRecordTimer(const QString& recordId, CountBy by = CountBy::Clock);
     bool PauseRecordTimer(const QString& recordId);
     /// From the last to the first, running and paused ones; the first failure ends it.
     bool StopAllTimers();
@@ -85,14 +87,16 @@ class CRecordTimers final : public CTimerService {
 
  private:
     [[nodiscard]] const CTRecord* Fetch(const QString& recordId);
-    bool StopOne(const QString& recordId);
+    bool StopOne(const QString& recordId, CountBy by = CountBy::Clock);
     bool PauseOne(const QString& recordId);
     bool StopEach();
     bool PauseEach();
     bool RunAction(int action);
     void RunActionForNewTimer();
     bool DropOrphans();
+    [[nodiscard]] ActiveTimerSet Storable() const;
     [[nodiscard]] bool Content(QByteArray& out) const;
+    [[nodiscard]] QByteArray StoredTrueTimes() const;
     void TakeOver(const QByteArray& present);
     void Announce(Hint hint, const QString& recordId);
 

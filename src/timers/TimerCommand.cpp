@@ -14,21 +14,33 @@ struct Context {
     const TimerRequest& request;
     CRecordTimers& timers;
     CVelmarchDoc& document;
+    std::vector<TimerReading> before = {};  ///< all timers when the command began
 };
 
 /// The timer as it stands now; a running one is counted on to the present in a copy.
 TimerReading Reading(ActiveTimer timer, const CClock& clock) {
     timer.UpdateElapsed(clock);
-    return {timer.recordId, timer.state == TimerState::Running,
-            timer.hours * 3600 + timer.minutes * 60 + timer.seconds};
+    return {timer.recordId, timer.state == TimerState::Running, timer.Seconds(), timer.trueCount.Seconds()};
+}
+
+std::vector<TimerReading> Readings(const ActiveTimerSet& set) {
+    std::vector<TimerReading> all;
+    all.reserve(static_cast<std::size_t>(set.Count()));
+    for (int i = 0; i < set.Count(); ++i) all.push_back(Reading(set.At(i), set.Clock()));
+    return all;
+}
+
+/// Those of the timers before that aren't there any more; one that was dropped has counted nothing.
+std::vector<TimerReading> Stopped(const Context& context) {
+    std::vector<TimerReading> stopped;
+    if (context.request.action == TimerAction::Drop) return stopped;
+    for (const TimerReading& timer : context.before)
+        if (context.timers.Set().IndexOf(timer.recordId) < 0) stopped.push_back(timer);
+    return stopped;
 }
 
 InstanceReply Done(Context& context) {
-    std::vector<TimerReading> all;
-    const ActiveTimerSet& set = context.timers.Set();
-    all.reserve(static_cast<std::size_t>(set.Count()));
-    for (int i = 0; i < set.Count(); ++i) all.push_back(Reading(set.At(i), set.Clock()));
-    return ReplyWith(all);
+    return ReplyWith(Readings(context.timers.Set()), Stopped(context));
 }
 
 /// A failure may come from saving the timers, whatever was done to them: trying once more tells, and costs
@@ -73,9 +85,12 @@ InstanceReply Pause(Context& context) {
 InstanceReply Stop(Context& context) {
     if (!HasRecord(context)) return NoRecord(context);
     context.timers.FoldAndStore();
-    const bool hadTimer = context.timers.HasTimer(context.request.id);
-    return DoneIf(context.timers.StopRecordTimer(context.request.id), context,
-                  hadTimer ? Text::TimerNotStopped : Text::TimerNotThere);
+    const ActiveTimer* timer = context.timers.Set().Find(context.request.id);
+    const CountBy by = context.request.isTrueTime ? CountBy::TrueTime : CountBy::Clock;
+    if (timer && by == CountBy::TrueTime && !timer->trueCount.isKnown)
+        return InstanceReply::Refused(ReplyReason::Failed, LoadText(Text::TimerTrueTimeUnknown));
+    const Text failure = timer ? Text::TimerNotStopped : Text::TimerNotThere;
+    return DoneIf(context.timers.StopRecordTimer(context.request.id, by), context, failure);
 }
 
 InstanceReply StopAll(Context& context) {
@@ -113,7 +128,7 @@ constexpr ActionRow kActions[] = {
 }  // namespace
 
 InstanceReply RunTimerRequest(const TimerRequest& request, CRecordTimers& timers, CVelmarchDoc& document) {
-    Context context{request, timers, document};
+    Context context{request, timers, document, Readings(timers.Set())};
     const auto row = std::ranges::find(kActions, request.action, &ActionRow::action);
     return row->run(context);
 }

@@ -7,9 +7,12 @@ namespace {
 constexpr QLatin1String kAction("action");
 constexpr QLatin1String kId("id");
 constexpr QLatin1String kFromZero("fromZero");
+constexpr QLatin1String kTrueTime("trueTime");
 constexpr QLatin1String kTimers("timers");
+constexpr QLatin1String kStopped("stopped");
 constexpr QLatin1String kState("state");
 constexpr QLatin1String kSeconds("seconds");
+constexpr QLatin1String kTrueSeconds("trueSeconds");
 constexpr QLatin1String kRunning("running");
 constexpr QLatin1String kPaused("paused");
 
@@ -24,6 +27,29 @@ constexpr ActionRow kActions[] = {
     {TimerAction::Drop, QLatin1String("drop")},
 };
 
+QJsonArray ToJson(const std::vector<TimerReading>& timers) {
+    QJsonArray all;
+    for (const TimerReading& timer : timers) {
+        QJsonObject json{{kId, timer.recordId}, {kState, StateName(timer)}, {kSeconds, timer.seconds}};
+        json.insert(kTrueSeconds, timer.trueSeconds ? QJsonValue(qint64{*timer.trueSeconds}) : QJsonValue());
+        all.append(json);
+    }
+    return all;
+}
+
+std::vector<TimerReading> FromJson(const QJsonValue& shown) {
+    std::vector<TimerReading> timers;
+    for (const auto& value : shown.toArray()) {
+        const QJsonObject json = value.toObject();
+        const QJsonValue trueSeconds = json.value(kTrueSeconds);
+        TimerReading& timer =
+            timers.emplace_back(json.value(kId).toString(), json.value(kState).toString() == kRunning,
+                                json.value(kSeconds).toInt(), std::nullopt);
+        if (trueSeconds.isDouble()) timer.trueSeconds = trueSeconds.toInteger();
+    }
+    return timers;
+}
+
 }  // namespace
 
 InstanceMessage TimerRequest::ToMessage() const {
@@ -32,13 +58,17 @@ InstanceMessage TimerRequest::ToMessage() const {
         if (row.action == action) json.insert(kAction, row.name);
     if (!id.isEmpty()) json.insert(kId, id);
     if (isFromZero) json.insert(kFromZero, true);
+    if (isTrueTime) json.insert(kTrueTime, true);
     return {InstanceCommand::Timer, json};
 }
 
 std::optional<TimerRequest> TimerRequest::FromJson(const QJsonObject& json) {
     for (const ActionRow& row : kActions)
         if (row.name == ActionIn(json))
-            return TimerRequest{row.action, json.value(kId).toString(), json.value(kFromZero).toBool()};
+            return TimerRequest{.action = row.action,
+                                .id = json.value(kId).toString(),
+                                .isFromZero = json.value(kFromZero).toBool(),
+                                .isTrueTime = json.value(kTrueTime).toBool()};
     return std::nullopt;
 }
 
@@ -50,19 +80,16 @@ QString StateName(const TimerReading& timer) {
     return timer.isRunning ? kRunning : kPaused;
 }
 
-InstanceReply ReplyWith(const std::vector<TimerReading>& timers) {
-    QJsonArray all;
-    for (const TimerReading& timer : timers)
-        all.append(QJsonObject{{kId, timer.recordId}, {kState, StateName(timer)}, {kSeconds, timer.seconds}});
-    return InstanceReply::Done({{kTimers, all}});
+InstanceReply ReplyWith(const std::vector<TimerReading>& timers, const std::vector<TimerReading>& stopped) {
+    QJsonObject payload{{kTimers, ToJson(timers)}};
+    if (!stopped.empty()) payload.insert(kStopped, ToJson(stopped));
+    return InstanceReply::Done(payload);
 }
 
 std::vector<TimerReading> TimersIn(const InstanceReply& reply) {
-    std::vector<TimerReading> timers;
-    for (const auto& shown : reply.payload.value(kTimers).toArray()) {
-        const QJsonObject json = shown.toObject();
-        timers.push_back({json.value(kId).toString(), json.value(kState).toString() == kRunning,
-                          json.value(kSeconds).toInt()});
-    }
-    return timers;
+    return FromJson(reply.payload.value(kTimers));
+}
+
+std::vector<TimerReading> StoppedIn(const InstanceReply& reply) {
+    return FromJson(reply.payload.value(kStopped));
 }

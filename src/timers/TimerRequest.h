@@ -2,6 +2,7 @@
 
 #include "platform/instance/InstanceMessage.h"
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -9,11 +10,13 @@ enum class TimerAction { Start, Pause, Stop, StopAll, PauseAll, Status, Drop };
 
 /// A timer command as it travels between console and window: {"action": "start"|"pause"|"stop"|"stop-all"|
 /// "pause-all"|"status"|"drop", "id": "..."}; "start" with "fromZero": true counts from zero, not from the
-/// record's duration; "drop" takes the timer out and writes nothing into the record, which may be gone.
+/// record's duration; "stop" with "trueTime": true writes the time that has truly passed; "drop" takes the
+/// timer out and writes nothing into the record, which may be gone.
 struct TimerRequest {
     TimerAction action;
     QString id = {};  ///< of the record; none for the actions on all
     bool isFromZero = false;
+    bool isTrueTime = false;
 
     [[nodiscard]] InstanceMessage ToMessage() const;
     /// Nothing for an unknown action.
@@ -22,15 +25,20 @@ struct TimerRequest {
     [[nodiscard]] static QString ActionIn(const QJsonObject& json);
 };
 
-/// A timer as a reply shows it: {"id": "...", "state": "running"|"paused", "seconds": N}.
+/// A timer as a reply shows it: {"id": "...", "state": "running"|"paused", "seconds": N, "trueSeconds": N or
+/// null}.
 struct TimerReading {
     QString recordId;
     bool isRunning;
     int seconds;
+    std::optional<std::int64_t> trueSeconds = {};  ///< nothing when it isn't known
 };
 /// "running" or "paused".
 [[nodiscard]] QString StateName(const TimerReading& timer);
 
-/// The reply to every timer command: {"timers": [...]}, all that there are afterwards.
-[[nodiscard]] InstanceReply ReplyWith(const std::vector<TimerReading>& timers);
+/// The reply to every timer command: {"timers": [...]}, all that there are afterwards, and beside them those
+/// that were stopped, if any, as they stood before: "stopped": [...].
+[[nodiscard]] InstanceReply ReplyWith(const std::vector<TimerReading>& timers,
+                                      const std::vector<TimerReading>& stopped = {});
 [[nodiscard]] std::vector<TimerReading> TimersIn(const InstanceReply& reply);
+[[nodiscard]] std::vector<TimerReading> StoppedIn(const InstanceReply& reply);

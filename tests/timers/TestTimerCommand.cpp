@@ -133,7 +133,8 @@ void TestTimerCommand::RequestsAsTheyTravel_data() {
     QTest::addColumn<QByteArray>("json");
     for (const char* json :
          {R"({"action":"start","id":"A"})", R"({"action":"start","fromZero":true,"id":"A"})",
-          R"({"action":"pause","id":"A"})", R"({"action":"stop","id":"A"})", R"({"action":"stop-all"})",
+          R"({"action":"pause","id":"A"})", R"({"action":"stop","id":"A"})",
+          R"({"action":"stop","id":"A","trueTime":true})", R"({"action":"stop-all"})",
           R"({"action":"pause-all"})", R"({"action":"status"})", R"({"action":"drop","id":"A"})"})
         QTest::newRow(json) << QByteArray(json);
 }
@@ -150,10 +151,18 @@ void TestTimerCommand::RequestsAsTheyTravel() {
 
 void TestTimerCommand::TheReplyAsItTravels() {
     const InstanceReply reply =
-        ReplyWith({{QStringLiteral("A"), true, 4711}, {QStringLiteral("B"), false, 0}});
+        ReplyWith({{QStringLiteral("A"), true, 4711, 4800}, {QStringLiteral("B"), false, 0}},
+                  {{QStringLiteral("C"), true, 60, 0}});
     QCOMPARE(QJsonDocument(reply.ToJson()).toJson(QJsonDocument::Compact),
-             QByteArray(R"({"ok":true,"timers":[{"id":"A","seconds":4711,"state":"running"},)"
-                        R"({"id":"B","seconds":0,"state":"paused"}]})"));
+             QByteArray(R"({"ok":true,"stopped":[{"id":"C","seconds":60,"state":"running","trueSeconds":0}],)"
+                        R"("timers":[{"id":"A","seconds":4711,"state":"running","trueSeconds":4800},)"
+                        R"({"id":"B","seconds":0,"state":"paused","trueSeconds":null}]})"));
+    const std::vector<TimerReading> timers = TimersIn(reply);
+    QCOMPARE(timers.size(), 2U);
+    QCOMPARE(timers[0].trueSeconds, std::optional<std::int64_t>(4800));
+    QVERIFY(!timers[1].trueSeconds);
+    QCOMPARE(StoppedIn(reply).front().recordId, QStringLiteral("C"));
+    QVERIFY(StoppedIn(ReplyWith({})).empty());
 }
 
 TEST_CLASS(TestTimerCommand);

@@ -2,7 +2,31 @@
 
 #include "platform/host/SystemTime.h"
 
+#include <QFile>
 #include <ctime>
+
+namespace {
+
+std::int64_t Milliseconds(const timespec& time) {
+    return std::int64_t{time.tv_sec} * 1000 + time.tv_nsec / 1000000;
+}
+
+/// The kernel makes a new one at each start of the machine; empty where it can't be read.
+const QByteArray& BootIdentity() {
+    static const QByteArray identity = [] {
+        QFile file(QStringLiteral("/proc/sys/kernel/random/boot_id"));
+        return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
+    }();
+    return identity;
+}
+
+}  // namespace
+
+ClockStamp CSystemClock::GetStamp() const {
+    timespec sinceBoot{};
+    if (::clock_gettime(CLOCK_BOOTTIME, &sinceBoot) != 0) return {};
+    return {.utc = Milliseconds(SystemTime()), .sinceBoot = Milliseconds(sinceBoot), .boot = BootIdentity()};
+}
 
 SYSTEMTIME CSystemClock::GetLocalTime() const {
     const timespec now = SystemTime();
