@@ -90,8 +90,9 @@ _velmarch_cli() {
         'time list') choices="--period --day --from --to --item1 --item2 --item3 --item4 --item5 --whole --case --billable
             --billed --exported --timers --sort --limit $global" ;;
         'time show' | 'time delete' | 'time copy' | 'expense show' | 'expense delete' | 'expense copy' | \
-            'timer start' | 'timer pause' | 'timer stop' | 'timer drop')
+            'timer start' | 'timer pause' | 'timer drop')
             choices=$global; [[ $word == -* ]] || choices=$(_velmarch_cli_ids "$group") ;;
+        'timer stop') choices="--true-time $global"; [[ $word == -* ]] || choices=$(_velmarch_cli_ids time) ;;
         'settings get' | 'settings set' | 'settings reset')
             choices=$global; [[ $word == -* ]] || choices=$(_velmarch_cli_names) ;;
         'demo fill') choices="--seed $global" ;;

@@ -77,7 +77,7 @@ void AppendTimersAndLists(std::vector<CommandRow>& rows) {
     Append(rows, "timer",
            {{"start", "ID", Text::CliTimerStart, StartTimer},
             {"pause", "ID", Text::CliTimerPause, PauseTimer},
-            {"stop", "ID", Text::CliTimerStop, StopTimer},
+            {"stop", "ID", Text::CliTimerStop, StopTimer, {StopTimerOptions()}},
             {"stop-all", "", Text::CliTimerStopAll, StopAllTimers},
             {"pause-all", "", Text::CliTimerPauseAll, PauseAllTimers},
             {"drop", "ID", Text::CliTimerDrop, DropTimer},

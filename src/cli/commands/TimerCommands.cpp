@@ -10,12 +10,25 @@
 #include "cli/output/COutput.h"
 #include "lang/FormatText.h"
 #include "records/CTRecord.h"
+#include "timers/TrueTime.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
+constexpr OptionRow kStopOptions[] = {{"true-time", "", OptionShape::Flag, Text::CliOptTrueTime}};
+
 using Timers = std::vector<TimerReading>;
+
+QString CountText(qint64 seconds) {
+    return FormatText<Text::TimerCount>(static_cast<int>(seconds / 3600), static_cast<int>(seconds / 60 % 60),
+                                        static_cast<int>(seconds % 60));
+}
+
+/// Hours and minutes, as a record counts.
+QString SpanText(qint64 seconds) {
+    return FormatText<Text::CliSpan>(static_cast<int>(seconds / 3600), static_cast<int>(seconds / 60 % 60));
+}
 
 void WriteTimersJson(COutput& out, const Timers& timers) {
     CJsonText json(out);
@@ -28,6 +41,8 @@ void WriteTimersJson(COutput& out, const Timers& timers) {
         json.Text(StateName(timer));
         json.Key("seconds");
         json.Integer(timer.seconds);
+        json.Key("trueSeconds");
+        timer.trueSeconds ? json.Integer(*timer.trueSeconds) : json.Null();
         json.EndObject();
     }
     json.EndArray();
@@ -37,11 +52,24 @@ void WriteTimersJson(COutput& out, const Timers& timers) {
 void WriteTimerLines(COutput& out, const Timers& timers) {
     if (timers.empty()) out.PutLine(LoadText(Text::CliNoTimers));
     for (const TimerReading& timer : timers) {
-        const QString count =
-            FormatText<Text::TimerCount>(timer.seconds / 3600, timer.seconds / 60 % 60, timer.seconds % 60);
+        const QString count = CountText(timer.seconds);
         out.PutLine(timer.recordId + u"  "_s +
                     (timer.isRunning ? FormatText<Text::CliTimerRuns>(count)
                                      : FormatText<Text::CliTimerPaused>(count)));
+        if (const auto difference = DifferenceOf(timer.seconds, timer.trueSeconds))
+            out.PutLine(FormatText<Text::CliTimerDiffers>(CountText(difference->passed), timer.recordId));
+    }
+}
+
+/// What a record was given, and what it could have been given.
+void NoteDifferences(const Timers& stopped, CountBy by, Console& console) {
+    for (const TimerReading& timer : stopped) {
+        const auto difference = DifferenceOf(timer.seconds, timer.trueSeconds);
+        if (!difference) continue;
+        const QString counted = SpanText(difference->counted), passed = SpanText(difference->passed);
+        console.out.Note(by == CountBy::TrueTime
+                             ? FormatText<Text::CliStoppedByTrueTime>(passed, counted)
+                             : FormatText<Text::CliStoppedByClock>(counted, passed, timer.recordId, passed));
     }
 }
 
@@ -51,6 +79,7 @@ ExitCode RunAndShow(const TimerRequest& request, Console& console, RecordContext
     if (!reply) return ExitOf(reply, console);
     const Timers timers = TimersIn(reply);
     console.out.isJson ? WriteTimersJson(console.out, timers) : WriteTimerLines(console.out, timers);
+    NoteDifferences(StoppedIn(reply), CountBy::Clock, console);
     return ExitCode::Done;
 }
 
@@ -62,6 +91,10 @@ ExitCode RunOnRecord(TimerAction action, const CArguments& arguments, Console& c
 }
 
 }  // namespace
+
+std::span<const OptionRow> StopTimerOptions() {
+    return kStopOptions;
+}
 
 ExitCode StartTimer(const CArguments& arguments, Console& console, RecordContext& context) {
     return RunOnRecord(TimerAction::Start, arguments, console, context);
@@ -76,10 +109,13 @@ ExitCode StopTimer(const CArguments& arguments, Console& console, RecordContext&
     const auto* record = FindRecord(RecordKind::Time, arguments.Words().first(), console, context);
     if (!record) return LookupFailed(context);
     const QString id = record->GetId();
-    const ExitCode exit = ExitOf(context.timers.Run({TimerAction::Stop, id}), console);
-    if (exit != ExitCode::Done) return exit;
+    const bool isTrueTime = arguments.Has("true-time");
+    const InstanceReply reply =
+        context.timers.Run({.action = TimerAction::Stop, .id = id, .isTrueTime = isTrueTime});
+    if (!reply) return ExitOf(reply, console);
     context.timers.Read();
     PrintRecord(RecordKind::Time, id, console, context);
+    NoteDifferences(StoppedIn(reply), isTrueTime ? CountBy::TrueTime : CountBy::Clock, console);
     return ExitCode::Done;
 }
 

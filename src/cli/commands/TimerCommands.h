@@ -11,4 +11,5 @@
 [[nodiscard]] ExitCode PauseAllTimers(const CArguments& arguments, Console& console, RecordContext& context);
 /// Takes a timer away without writing anything into its record, which may be gone.
 [[nodiscard]] ExitCode DropTimer(const CArguments& arguments, Console& console, RecordContext& context);
+[[nodiscard]] std::span<const OptionRow> StopTimerOptions();
 [[nodiscard]] ExitCode ShowTimers(const CArguments& arguments, Console& console, RecordContext& context);

@@ -1,5 +1,6 @@
 #include "cli/home/ConsoleHome.h"
 
+#include "platform/settings/CSettingsTree.h"
 #include "support/TestProgram.h"
 
 #include <QTest>
@@ -21,8 +22,20 @@ class TestTimerCommands : public QObject {
     void Refused_data();
     void Refused();
     void StatusOfNone();
+    void StatusTellsTheTrueTime();
+    void AStopByTheClockOffersTheTrueTime();
+    void AStopByTrueTime();
+    void StopAllTellsWhichDiffer();
+    void ATrueTimeThatIsNotKnown();
 
  private:
+    /// A record whose timer was started in London; what follows happens five hours east of it.
+    QString StartedBeforeAFlight() const {
+        const QString id = m_home->Add({});
+        m_home->RunShell(u"TZ=UTC0 $cli timer start "_s + id);
+        return id;
+    }
+    Reply InTheEast(const QString& words) const { return m_home->RunShell(u"TZ=EAST-5 $cli "_s + words); }
     Reply Timer(const QStringList& words) const { return m_home->RunJson(QStringList(u"timer"_s) + words); }
     std::unique_ptr<ConsoleHome> m_home;
 };
@@ -125,6 +138,63 @@ void TestTimerCommands::StatusOfNone() {
     QCOMPARE(m_home->Run({u"timer"_s, u"status"_s}).out, QByteArray("No timers.\n"));
     QCOMPARE(Timer({u"stop-all"_s}).exit, 0);
     QCOMPARE(Timer({u"pause-all"_s}).exit, 0);
+}
+
+void TestTimerCommands::StatusTellsTheTrueTime() {
+    const QString id = StartedBeforeAFlight();
+    const QJsonObject timer = InTheEast(u"--json timer status"_s).Array()[0].toObject();
+    const int counted = timer[u"seconds"].toInt(), passed = timer[u"trueSeconds"].toInt(-1);
+    QVERIFY2(counted >= 18000 && counted < 18060, QByteArray::number(counted).constData());
+    QVERIFY2(passed >= 0 && passed < 60, QByteArray::number(passed).constData());
+    const Reply text = InTheEast(u"timer status"_s);
+    QVERIFY2(text.out.contains("true time 00:00:"), text.out.constData());
+    QVERIFY2(text.out.contains("timer stop --true-time " + id.toLatin1()), text.out.constData());
+}
+
+void TestTimerCommands::AStopByTheClockOffersTheTrueTime() {
+    const QString id = StartedBeforeAFlight();
+    const Reply reply = InTheEast(u"--json timer stop "_s + id);
+    QCOMPARE(reply.exit, 0);
+    QCOMPARE(reply.Object()[u"duration"].toInt(), 300);
+    QVERIFY2(reply.err.contains("counted 5:00, but 0:00 have truly passed"), reply.err.constData());
+    QVERIFY2(reply.err.contains("time edit " + id.toLatin1() + " --duration 0:00"), reply.err.constData());
+    const QString quiet = StartedBeforeAFlight();
+    QCOMPARE(InTheEast(u"--quiet timer stop "_s + quiet).err, QByteArray());
+}
+
+void TestTimerCommands::AStopByTrueTime() {
+    const QString id = StartedBeforeAFlight();
+    const Reply reply = InTheEast(u"--json timer stop --true-time "_s + id);
+    QCOMPARE(reply.exit, 0);
+    QCOMPARE(reply.Object()[u"duration"].toInt(-1), 0);
+    QVERIFY2(reply.err.contains("The clock counted 5:00"), reply.err.constData());
+    // Where the clock is right nothing is said.
+    const QString plain = m_home->Add({});
+    Timer({u"start"_s, plain});
+    QCOMPARE(Timer({u"stop"_s, u"--true-time"_s, plain}).err, QByteArray());
+}
+
+void TestTimerCommands::StopAllTellsWhichDiffer() {
+    const QString id = StartedBeforeAFlight();
+    const Reply reply = InTheEast(u"timer stop-all"_s);
+    QCOMPARE(reply.exit, 0);
+    QVERIFY2(reply.err.contains("time edit " + id.toLatin1()), reply.err.constData());
+}
+
+void TestTimerCommands::ATrueTimeThatIsNotKnown() {
+    const QString id = m_home->Add({});
+    Timer({u"start"_s, id});
+    {
+        CSettingsTree tree;
+        QVERIFY(tree.Open(m_home->File(u"velmarch.settings"_s)));
+        QVERIFY(tree.File().Execute("DELETE FROM entries WHERE name = 'TrueTimes'"));
+    }
+    const QJsonObject timer = Timer({u"status"_s}).Array()[0].toObject();
+    QVERIFY(timer.contains(u"trueSeconds") && timer[u"trueSeconds"].isNull());
+    const Reply reply = Timer({u"stop"_s, u"--true-time"_s, id});
+    QCOMPARE(reply.exit, 1);
+    QVERIFY2(reply.err.contains("isn't known"), reply.err.constData());
+    QCOMPARE(Timer({u"status"_s}).Array()[0][u"state"].toString(), u"running"_s);
 }
 
 TEST_CLASS(TestTimerCommands);

@@ -193,11 +193,11 @@ void TestBesideWindow::TimersAreCarriedOutByTheWindow() {
     const QString id = m_home->Add({});
     Listen(m_home->Path());
     m_answer[u"timers"_s] = QJsonArray{
-        QJsonObject{{u"id"_s, id}, {u"state"_s, u"running"_s}, {u"seconds"_s, 4711}}};
+        QJsonObject{{u"id"_s, id}, {u"state"_s, u"running"_s}, {u"seconds"_s, 4711}, {u"trueSeconds"_s, 60}}};
     const Reply reply = m_home->RunJson({u"timer"_s, u"start"_s, id});
     QCOMPARE(reply.exit, 0);
     QCOMPARE(reply.out, "[{\"id\": \"" + id.toLatin1() +
-                            "\", \"state\": \"running\", \"seconds\": 4711}]\n");
+                            "\", \"state\": \"running\", \"seconds\": 4711, \"trueSeconds\": 60}]\n");
     QCOMPARE(Only(InstanceCommand::Timer), (QJsonObject{{u"action"_s, u"start"_s}, {u"id"_s, id}}));
     for (const QString& action : {u"stop-all"_s, u"pause-all"_s, u"status"_s}) {
         m_heard.clear();
