@@ -60,7 +60,9 @@ class TestCDependencyEditor : public QObject {
     void AddAllOfAHugeList();
     void NothingBelowTheLastDepth();
     void NumbersOfExpenses();
+    void AddAllOfAListThatHoldsATextTwice();
     void Remove();
+    void RemoveWhatIsStored();
     void NewItem_data();
     void NewItem();
     void RenameItem_data();
@@ -226,6 +228,17 @@ void TestCDependencyEditor::NumbersOfExpenses() {
     QCOMPARE(Drawn(editor.Tree().Root()), u"A(P(Trip(0.5(12))))"_s);
 }
 
+/// As another program may have left it.
+void TestCDependencyEditor::AddAllOfAListThatHoldsATextTwice() {
+    QVERIFY(home->manager.File().Execute(
+        "INSERT INTO item_velmarch SELECT 16, 1, 'A', 0, '0123456789ABCDEF0123456789ABCDEF'"));
+    QVERIFY(catalogue->Load());
+    QCOMPARE(catalogue->Texts(16).count(u"A"_s), 2);
+    CDependencyEditor editor = Editor();
+    QCOMPARE(editor.AddAll(At(editor)), 3);
+    QCOMPARE(Drawn(editor.Tree().Root()), u"A B c"_s);
+}
+
 void TestCDependencyEditor::Remove() {
     CDependencyEditor editor = Editor();
     QVERIFY(!editor.Remove(At(editor)));
@@ -237,6 +250,16 @@ void TestCDependencyEditor::Remove() {
     QCOMPARE(catalogue->Texts(16), QStringList({u"B"_s, u"A"_s, u"c"_s}));
     QCOMPARE(catalogue->Texts(17), QStringList({u"P"_s, u"Q"_s}));
     QCOMPARE(editor.Candidates(At(editor)), QStringList{u"A"_s});
+}
+
+void TestCDependencyEditor::RemoveWhatIsStored() {
+    DependencyTree& tree = catalogue->Tree(DependencySet::Time);
+    tree.Append(tree.Root(), *catalogue->FindItem(16, u"A"_s));
+    CDependencyEditor editor = Editor();
+    QVERIFY(editor.Remove(At(editor, {u"A"_s})));
+    QVERIFY(editor.IsChanged());
+    editor.Accept();
+    QCOMPARE(Stored(), QString());
 }
 
 void TestCDependencyEditor::NewItem_data() {
