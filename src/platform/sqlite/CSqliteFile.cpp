@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include "platform/host/CLockWait.h"
+#include "platform/sqlite/CCheckSum.h"
 #include "platform/sqlite/CStatementCache.h"
 #include "platform/sqlite/LockProbe.h"
 #include "platform/sqlite/SqliteErrors.h"
@@ -118,6 +119,7 @@ bool CSqliteFile::Connect(const SqliteFileKind& kind) {
     sqlite3_busy_handler(m_db, &CSqliteFile::OnBusy, this);
     sqlite3_db_config(m_db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     m_statements = std::make_unique<CStatementCache>(m_db);
+    if (CCheckSum::Register(m_db) != SQLITE_OK) return false;
     m_readOnly = sqlite3_db_readonly(m_db, "main") == 1;
     struct stat status {};
     if (!m_isMemory && ::stat(QFile::encodeName(m_path).constData(), &status) == 0) {
@@ -230,6 +232,7 @@ void CSqliteFile::Close() {
     m_lockWait.reset();
     m_readOnly = false;
     m_began = false;
+    m_isDamaged = false;
 }
 
 bool CSqliteFile::Execute(const QByteArray& sql) {
@@ -256,10 +259,22 @@ bool CSqliteFile::Run(const QByteArray& sql) {
 }
 
 bool CSqliteFile::Begin() {
+    if (!RefuseDamaged()) return false;
     if (InTransaction()) return true;
     m_began = Run("BEGIN IMMEDIATE");
     if (m_began) m_changesBefore = sqlite3_total_changes64(m_db);
     return m_began;
+}
+
+void CSqliteFile::NoteDamage() {
+    if (std::exchange(m_isDamaged, true)) return;
+    if (m_onDamage) m_onDamage();
+}
+
+/// False, with the error noted, for a file in which damage was met.
+bool CSqliteFile::RefuseDamaged() {
+    if (m_isDamaged) NoteErrorCode(SQLITE_CORRUPT);
+    return !m_isDamaged;
 }
 
 bool CSqliteFile::IsUntouched() const {
@@ -267,6 +282,10 @@ bool CSqliteFile::IsUntouched() const {
 }
 
 bool CSqliteFile::Commit() {
+    if (InTransaction() && !RefuseDamaged()) {
+        Rollback();
+        return false;
+    }
     if (InTransaction()) {
         if (!Run("COMMIT")) return false;
         m_began = false;
@@ -330,4 +349,5 @@ void CSqliteFile::NoteErrorCode(int code) {
     const int systemError = lacksLocks ? ENOLCK : SystemError(m_db, primary);
     m_errorCode = lacksLocks ? SQLITE_IOERR_LOCK : code;
     m_error = SqliteSentence(m_errorCode, systemError, m_path, QString::fromUtf8(sqlite3_errmsg(m_db)));
+    if (OutcomeOf(m_errorCode) == OpenOutcome::Damaged) NoteDamage();
 }

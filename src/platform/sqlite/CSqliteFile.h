@@ -5,6 +5,7 @@
 #include <QByteArrayView>
 #include <QString>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -62,6 +63,13 @@ class CSqliteFile {
     /// if the check has found it, otherwise it says why the check could not be made.
     [[nodiscard]] QString IntegrityReport();
 
+    /// Damage was met in the file, by any statement, or is known from elsewhere: nothing is written to it any
+    /// more, since a change of a damaged tree may take more with it. Every transaction fails.
+    [[nodiscard]] bool IsDamaged() const { return m_isDamaged; }
+    void NoteDamage();
+    /// Called when damage is met for the first time.
+    void OnDamage(const std::function<void()>& listener) { m_onDamage = listener; }
+
     /// Takes code and sentence of the connection's last failure (after a step that failed, for instance).
     void NoteError();
     [[nodiscard]] int ErrorCode() const { return m_errorCode; }     ///< SQLite's extended result code
@@ -82,6 +90,7 @@ class CSqliteFile {
     [[nodiscard]] bool Run(const QByteArray& sql);
     void NoteErrorCode(int code);
     static int OnBusy(void* self, int count);
+    [[nodiscard]] bool RefuseDamaged();
 
     sqlite3* m_db = nullptr;
     std::unique_ptr<CStatementCache> m_statements;
@@ -91,6 +100,8 @@ class CSqliteFile {
     int m_errorCode = 0;
     bool m_readOnly = false;
     bool m_began = false;
+    bool m_isDamaged = false;
+    std::function<void()> m_onDamage;
     std::int64_t m_changesBefore = 0;  ///< of the connection, when the transaction began
     bool m_isMemory = false;
     bool m_lacksLocks = false;  ///< the file system refuses every lock

@@ -21,7 +21,9 @@ constexpr char kReadOnly[] =
 constexpr char kNoLocks[] =
     "The file system on which %1 lies doesn't let files be locked, so the data would not be safe from other "
     "programs. Move its folder to another disk.";
-constexpr char kDamaged[] = "%1 is damaged. Restore it from a backup.";
+constexpr char kDamaged[] =
+    "%1 is damaged, so nothing is written to it. What can be read of it goes into a new folder with "
+    "\"velmarch-cli doctor --salvage FOLDER\".";
 constexpr char kNoAccess[] =
     "%1 may not be opened by you. Check who owns the file and its folder and who may use them.";
 
@@ -37,7 +39,9 @@ constexpr SentenceRow kSentences[] = {
     {SQLITE_BUSY, 0, kInUse},
     {SQLITE_LOCKED, 0, kInUse},
     {SQLITE_FULL, 0, kFull},
-    {SQLITE_NOTADB, 0, "%1 is damaged or not a file of this program. Restore it from a backup."},
+    {SQLITE_NOTADB, 0,
+     "%1 is damaged or not a file of this program. What can be read of it goes into a new folder with "
+     "\"velmarch-cli doctor --salvage FOLDER\"."},
     {SQLITE_CORRUPT, 0, kDamaged},
     {SQLITE_IOERR_SHORT_READ, 0, kDamaged},
     {SQLITE_IOERR, ENOSPC, kFull},
@@ -82,6 +86,7 @@ QString SqliteSentence(int code, int systemError, const QString& path, const QSt
 }
 
 OpenOutcome OutcomeOf(int code) {
+    if (code == SQLITE_IOERR_SHORT_READ) return OpenOutcome::Damaged;
     switch (code & 0xFF) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:

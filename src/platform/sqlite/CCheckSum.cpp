@@ -1,0 +1,74 @@
+#include "platform/sqlite/CCheckSum.h"
+
+#include <sqlite3.h>
+
+#include <QtEndian>
+#include <bit>
+#include <span>
+
+namespace {
+
+QByteArrayView BytesOf(sqlite3_value* value, const void* bytes) {
+    return {static_cast<const char*>(bytes), sqlite3_value_bytes(value)};
+}
+
+void Add(CCheckSum& sum, sqlite3_value* value) {
+    switch (sqlite3_value_type(value)) {
+        case SQLITE_INTEGER:
+            return sum.AddInteger(sqlite3_value_int64(value));
+        case SQLITE_FLOAT:
+            return sum.AddReal(sqlite3_value_double(value));
+        case SQLITE_TEXT:
+            return sum.AddText(BytesOf(value, sqlite3_value_text(value)));
+        case SQLITE_BLOB:
+            return sum.AddBlob(BytesOf(value, sqlite3_value_blob(value)));
+        default:
+            return sum.AddNull();
+    }
+}
+
+void SumOfArguments(sqlite3_context* context, int count, sqlite3_value** values) {
+    CCheckSum sum;
+    for (sqlite3_value* value : std::span(values, static_cast<std::size_t>(count))) Add(sum, value);
+    sqlite3_result_int64(context, sum.Value());
+}
+
+}  // namespace
+
+void CCheckSum::AddBytes(QByteArrayView bytes) {
+    for (const char byte : bytes) m_sum = (m_sum ^ static_cast<unsigned char>(byte)) * 0x100000001B3U;
+}
+
+void CCheckSum::AddNumber(std::uint64_t value) {
+    char bytes[sizeof value];
+    qToLittleEndian(value, bytes);
+    AddBytes({bytes, sizeof bytes});
+}
+
+void CCheckSum::AddInteger(std::int64_t value) {
+    AddKind('i');
+    AddNumber(static_cast<std::uint64_t>(value));
+}
+
+void CCheckSum::AddReal(double value) {
+    AddKind('r');
+    AddNumber(value == 0 ? 0 : std::bit_cast<std::uint64_t>(value));
+}
+
+void CCheckSum::AddText(QByteArrayView utf8) {
+    AddKind('t');
+    AddNumber(static_cast<std::uint64_t>(utf8.size()));
+    AddBytes(utf8);
+}
+
+void CCheckSum::AddBlob(QByteArrayView bytes) {
+    AddKind('b');
+    AddNumber(static_cast<std::uint64_t>(bytes.size()));
+    AddBytes(bytes);
+}
+
+int CCheckSum::Register(sqlite3* db) {
+    return sqlite3_create_function_v2(db, kFunction, -1,
+                                      SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY, nullptr,
+                                      SumOfArguments, nullptr, nullptr, nullptr);
+}
