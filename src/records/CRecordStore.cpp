@@ -94,7 +94,20 @@ bool CRecordStore::ReadRecord(CVORec& record, const QString& id) {
     if (!m_manager.Query(statement, false)) return Fail(Text::ReadQueryFailed, statement);
     const bool isRead = TakeRecord(record, true, Text::ReadFailed);
     m_manager.CloseQuery();
+    if (isRead) TellUnlessAsWritten(record.Kind(), id);
     return isRead;
+}
+
+/// Once of each record: it is read often. It can be used all the same, since saving it is the way to mend it.
+void CRecordStore::TellUnlessAsWritten(RecordKind kind, const QString& id) {
+    if (m_toldFaults.contains(id) || m_manager.IsAsWritten(TableName(kind), id)) return;
+    m_toldFaults.insert(id);
+    MessageBox box;
+    box.textId = static_cast<int>(Text::RecordNotAsWritten);
+    box.title = LoadText(Text::StoreFailureTitle);
+    box.text = FormatText<Text::RecordNotAsWritten>(id);
+    box.icon = BoxIcon::Warning;
+    m_prompt.Tell(box);
 }
 
 bool CRecordStore::ModifyRecord(const CVORec& record, const QString& id, ::Commit commit, Seek seek) {

@@ -4,6 +4,7 @@
 #include "records/ChangeFlags.h"
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -25,6 +26,7 @@ class CRecordStore {
     [[nodiscard]] bool QueryTexts(const QString& statement, QStringList& out);
     /// The next row of the query; false with m_lastError 0 after the last one.
     [[nodiscard]] bool NextRecord(CVORec& record, QString& id, bool advance);
+    /// A record that isn't as it was written is read, and the user is told.
     [[nodiscard]] bool ReadRecord(CVORec& record, const QString& id);
     [[nodiscard]] bool ModifyRecord(const CVORec& record, const QString& id, ::Commit commit,
                                     Seek seek = Seek::Yes);
@@ -50,9 +52,11 @@ class CRecordStore {
     [[nodiscard]] QString ById(Text opening, RecordKind kind, const QString& id) const;
     [[nodiscard]] bool TakeRecord(CVORec& record, bool advance, Text failure);
     bool Fail(Text what, const QString& statement);
+    void TellUnlessAsWritten(RecordKind kind, const QString& id);
 
     CVOSrcMgr& m_manager;
     CPrompt& m_prompt;
     QString m_dataSourceName;
+    QSet<QString> m_toldFaults;  ///< identities of records that the user was told aren't as written
     QHash<int, QString> m_insertPositions;  ///< by kind: the query that positions for an insert
 };

@@ -98,22 +98,34 @@ bool Run(CSqliteFile& file, const QByteArray& sql, const std::vector<VARIANT>& v
 bool CStoreTable::Make(CSqliteFile& file, const QString& name, std::span<const FieldDef> fields) {
     const QByteArray index = IndexSql(name, fields);
     if (!file.Begin()) return false;
-    if (file.Execute(CreateSql(name, fields)) && (index.isEmpty() || file.Execute(index)) && file.Commit())
-        return true;
+    if (file.Execute(CreateSql(name, fields)) && (index.isEmpty() || file.Execute(index))) {
+        auto made = Look(file, name.toUtf8());
+        if (made && (made->m_hasChecks || made->m_checks->Make(file)) && file.Commit()) return true;
+    }
     file.Rollback();
     return false;
 }
 
-bool CStoreTable::Count(CSqliteFile& file, int& count) {
-    sqlite3_stmt* statement = file.Prepare("SELECT count(*) FROM sqlite_schema WHERE type='table'");
-    if (!statement) return false;
-    const bool isRead = sqlite3_step(statement) == SQLITE_ROW;
-    if (isRead)
-        count = sqlite3_column_int(statement, 0);
-    else
-        file.NoteError();
+bool CStoreTable::MakeChecks(CSqliteFile& file) {
+    if (m_hasChecks) return true;
+    if (!file.Begin()) return false;
+    m_hasChecks = m_checks->Make(file) && file.Commit();
+    if (!m_hasChecks) file.Rollback();
+    return m_hasChecks;
+}
+
+std::optional<QByteArrayList> CStoreTable::Names(CSqliteFile& file) {
+    sqlite3_stmt* statement =
+        file.Prepare(QByteArray("SELECT name FROM sqlite_schema WHERE type='table' AND name NOT GLOB '") +
+                     RowChecks::kPattern + '\'');
+    if (!statement) return std::nullopt;
+    QByteArrayList names;
+    int step = SQLITE_ROW;
+    while ((step = sqlite3_step(statement)) == SQLITE_ROW)
+        names += QByteArray(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0)));
+    if (step != SQLITE_DONE) file.NoteError();
     sqlite3_reset(statement);
-    return isRead;
+    return step == SQLITE_DONE ? std::optional(names) : std::nullopt;
 }
 
 std::optional<CStoreTable> CStoreTable::Look(CSqliteFile& file, const QByteArray& name) {
@@ -124,15 +136,21 @@ std::optional<CStoreTable> CStoreTable::Look(CSqliteFile& file, const QByteArray
     columns.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) columns.push_back(QString::fromUtf8(sqlite3_column_name(statement, i)));
     CStoreTable table(std::move(columns));
-    table.Compose(Quoted(QString::fromUtf8(name)));
+    table.Compose(name);
+    const std::optional<bool> hasChecks = table.m_checks->AreThere(file);
+    if (!hasChecks) return std::nullopt;
+    table.m_hasChecks = *hasChecks;
     return table;
 }
 
-void CStoreTable::Compose(const QByteArray& name) {
+void CStoreTable::Compose(const QByteArray& table) {
+    const QByteArray name = Quoted(QString::fromUtf8(table));
+    QByteArrayList columns;
     QByteArrayList names;
     QByteArrayList places;
     QByteArrayList sets;
     for (const QString& column : m_columns) {
+        columns += column.toUtf8();
         names += Quoted(column);
         places += "?";
         sets += Quoted(column) + "=?";
@@ -141,6 +159,7 @@ void CStoreTable::Compose(const QByteArray& name) {
     m_insert = "INSERT INTO " + name + " (" + names.join(',') + ") VALUES (" + places.join(',') + ')';
     m_modify = "UPDATE " + name + " SET " + sets.join(',') + ofKey;
     m_contains = "SELECT 1 FROM " + name + ofKey;
+    m_checks.emplace(table, std::vector<RowChecks::Key>{{columns.back(), "TEXT"}}, columns);
 }
 
 bool CStoreTable::Fits(std::span<const FieldDef> fields) const {
@@ -152,9 +171,10 @@ bool CStoreTable::Fits(std::span<const FieldDef> fields) const {
     return fits;
 }
 
+/// The key of a row is its last value.
 bool CStoreTable::Insert(CSqliteFile& file, const std::vector<VARIANT>& values) const {
     int result = 0;
-    return Run(file, m_insert, values, {}, result);
+    return Run(file, m_insert, values, {}, result) && NoteCheck(file, values.back());
 }
 
 bool CStoreTable::Modify(CSqliteFile& file, const QString& key, const std::vector<VARIANT>& values,
@@ -162,7 +182,37 @@ bool CStoreTable::Modify(CSqliteFile& file, const QString& key, const std::vecto
     int result = 0;
     if (!Run(file, m_modify, values, key, result)) return false;
     found = sqlite3_changes(file.Handle()) > 0;
-    return true;
+    return !found || NoteCheck(file, values.back());
+}
+
+bool CStoreTable::NoteCheck(CSqliteFile& file, const VARIANT& key) const {
+    int result = 0;
+    return !m_hasChecks || Run(file, m_checks->NoteSql(), {}, ToText(key), result);
+}
+
+/// What can't be compared is no fault of the row: the failure shows where the row itself is read.
+bool CStoreTable::IsAsWritten(CSqliteFile& file, const QString& key) const {
+    if (!m_hasChecks) return true;
+    sqlite3_stmt* statement = file.Prepare(m_checks->CompareSql());
+    if (!statement) return true;
+    std::vector<QByteArray> texts;
+    Bind(statement, 1, key, texts);
+    const bool isOther = sqlite3_step(statement) == SQLITE_ROW && sqlite3_column_int(statement, 0) == 0;
+    sqlite3_reset(statement);
+    sqlite3_clear_bindings(statement);
+    return !isOther;
+}
+
+bool CStoreTable::FindFaults(CSqliteFile& file, QStringList& keys) const {
+    if (!m_hasChecks) return true;
+    sqlite3_stmt* statement = file.Prepare(m_checks->FaultsSql());
+    if (!statement) return false;
+    int step = SQLITE_ROW;
+    while ((step = sqlite3_step(statement)) == SQLITE_ROW)
+        keys += QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0)));
+    if (step != SQLITE_DONE) file.NoteError();
+    sqlite3_reset(statement);
+    return step == SQLITE_DONE;
 }
 
 bool CStoreTable::Contains(CSqliteFile& file, const QString& key, bool& found) const {

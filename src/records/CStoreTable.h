@@ -1,10 +1,13 @@
 #pragma once
 
+#include "platform/sqlite/RowChecks.h"
 #include "platform/sqlite/VARIANT.h"
 #include "records/FieldDef.h"
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QString>
+#include <QStringList>
 #include <optional>
 #include <span>
 #include <vector>
@@ -21,8 +24,11 @@ class CStoreTable {
     /// already stays.
     [[nodiscard]] static bool Make(CSqliteFile& file, const QString& name, std::span<const FieldDef> fields);
 
-    /// How many tables the store has.
-    [[nodiscard]] static bool Count(CSqliteFile& file, int& count);
+    /// The names of the store's tables, but for those of checksums; nothing when they can't be read.
+    [[nodiscard]] static std::optional<QByteArrayList> Names(CSqliteFile& file);
+    /// Makes the checksums of a table that has none: of a store that an earlier version made. False when they
+    /// can't be made; rows are written without then.
+    [[nodiscard]] bool MakeChecks(CSqliteFile& file);
 
     [[nodiscard]] const std::vector<QString>& Columns() const { return m_columns; }
     [[nodiscard]] const QString& KeyColumn() const { return m_columns.back(); }
@@ -35,14 +41,22 @@ class CStoreTable {
     [[nodiscard]] bool Modify(CSqliteFile& file, const QString& key, const std::vector<VARIANT>& values,
                               bool& found) const;
     [[nodiscard]] bool Contains(CSqliteFile& file, const QString& key, bool& found) const;
+    /// Whether the row of a key is as it was written; true also for one without a checksum.
+    [[nodiscard]] bool IsAsWritten(CSqliteFile& file, const QString& key) const;
+    /// The keys of rows that aren't as they were written, and of such as are gone without having been
+    /// deleted.
+    [[nodiscard]] bool FindFaults(CSqliteFile& file, QStringList& keys) const;
 
  private:
     explicit CStoreTable(std::vector<QString> columns) : m_columns(std::move(columns)) {}
     void Compose(const QByteArray& name);
+    [[nodiscard]] bool NoteCheck(CSqliteFile& file, const VARIANT& key) const;
 
     std::vector<QString> m_columns;
     mutable const FieldDef* m_fitting = nullptr;  ///< the columns that were found to fit: asked at each write
     QByteArray m_insert;
     QByteArray m_modify;
     QByteArray m_contains;
+    std::optional<RowChecks> m_checks;
+    bool m_hasChecks = false;
 };

@@ -86,14 +86,34 @@ bool CVOSrcMgr::InitDataSrc(eActionDisposition& source, eActionDisposition& seco
     const OpenOutcome outcome =
         m_impl->file.Open(path, {kApplicationId, kVersion, m_busySeconds}, m_mayCreate);
     if (!m_impl->file.IsOpen()) return FailByFile();
-    int tables = 0;
-    if (!CStoreTable::Count(m_impl->file, tables)) {
+    const auto tables = CStoreTable::Names(m_impl->file);
+    if (!tables) {
         m_impl->file.Close();
         return FailByFile();
     }
-    const bool isNew = outcome == OpenOutcome::Created || tables < kTables;
+    if (m_isSuspect && !m_impl->file.IntegrityReport().isEmpty()) m_impl->file.NoteDamage();
+    const bool isNew = outcome == OpenOutcome::Created || tables->size() < kTables;
     source = isNew ? eActionDisposition::Created : eActionDisposition::Existed;
+    if (!isNew && m_mayTakeOver && outcome == OpenOutcome::Existed) TakeOver(*tables);
     return true;
+}
+
+/// A store of an earlier version gets its checksums. Where that fails, on a full disk for instance, it is
+/// used without.
+void CVOSrcMgr::TakeOver(const QByteArrayList& tables) {
+    for (const QByteArray& name : tables)
+        if (auto table = CStoreTable::Look(m_impl->file, name))
+            static_cast<void>(table->MakeChecks(m_impl->file));
+}
+
+bool CVOSrcMgr::IsAsWritten(const QString& table, const QString& id) {
+    const Table known = m_impl->TableOf(table.toUtf8());
+    return !known || known->IsAsWritten(m_impl->file, id);
+}
+
+bool CVOSrcMgr::FindFaults(const QString& table, QStringList& ids) {
+    const Table known = m_impl->TableOf(table.toUtf8());
+    return (known && known->FindFaults(m_impl->file, ids)) || FailByFile();
 }
 
 bool CVOSrcMgr::InitDataSrcTable(const QString& name, const CVORec& description) {

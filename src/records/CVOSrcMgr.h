@@ -3,7 +3,9 @@
 #include "records/CVORec.h"
 #include "records/CVORecordset.h"
 
+#include <QByteArrayList>
 #include <QString>
+#include <QStringList>
 #include <cstdint>
 #include <memory>
 
@@ -35,6 +37,8 @@ class CVOSrcMgr {
     QString m_fileName;
     QString m_thirdLocation;
     bool m_mayCreate = true;               ///< false: a missing store is an error, not an empty start
+    bool m_mayTakeOver = true;             ///< false: a store of an earlier version stays without checksums
+    bool m_isSuspect = false;              ///< damage was met before: the store is checked when it is opened
     int m_busySeconds = kMostWaitSeconds;  ///< how long to wait for one lock of another program
     QString m_error;
     std::int32_t m_errorCode = 0;
@@ -43,6 +47,11 @@ class CVOSrcMgr {
     /// Opens the store. source: Created as long as the store lacks tables, so a creation that was cut off is
     /// finished at the next start. A store that can only be read opens; changing it fails.
     [[nodiscard]] bool InitDataSrc(eActionDisposition& source, eActionDisposition& second);
+    /// Whether the row of an identity is as it was written; true also for one that can't be compared.
+    [[nodiscard]] bool IsAsWritten(const QString& table, const QString& id);
+    /// The identities of a table's rows that aren't as they were written, or are gone without having been
+    /// deleted.
+    [[nodiscard]] bool FindFaults(const QString& table, QStringList& ids);
     /// Makes a table; one that is there already stays.
     [[nodiscard]] bool InitDataSrcTable(const QString& name, const CVORec& description);
     /// Runs one statement. One that reads stands on its first row then; when updatable, its rows are held in
@@ -78,6 +87,7 @@ class CVOSrcMgr {
     bool FailByFile();
     bool FailByRecord();
     bool FailChange(bool isOwn);
+    void TakeOver(const QByteArrayList& tables);
     [[nodiscard]] bool CheckPlace();
     [[nodiscard]] bool EnterTransaction();
     [[nodiscard]] bool QueryAmongDueChanges(const QByteArray& sql);

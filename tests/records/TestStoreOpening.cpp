@@ -212,7 +212,7 @@ void TestStoreOpening::DamagedLater() {
     QVERIFY(home.store.Commit());
     home.manager.Close();
     // A page of the table in the middle of the file.
-    WriteAt(home.Path(), 8L * 4096, QByteArray(4096, '\xEE'));
+    WriteAt(home.Path(), 16L * 4096, QByteArray(4096, '\xEE'));
     QVERIFY(home.Open(home.manager));
     RowTable rows;
     const bool isRead = home.manager.Query(QStringLiteral("SELECT * FROM time_velmarch"), false) &&
