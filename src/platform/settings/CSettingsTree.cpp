@@ -5,7 +5,9 @@
 #include <QFileInfo>
 
 #include "platform/host/Quarantine.h"
+#include "platform/settings/SettingsChecks.h"
 #include "platform/settings/SettingsColumns.h"
+#include "platform/sqlite/CCheckSum.h"
 #include "platform/sqlite/SqliteErrors.h"
 
 namespace {
@@ -72,6 +74,7 @@ CSettingsTree::~CSettingsTree() = default;
 bool CSettingsTree::Open(const QString& path, int busySeconds) {
     m_keptAside.clear();
     m_reason.clear();
+    m_damagedValues.clear();
     OpenOutcome outcome = OpenFile(path, busySeconds);
     if (IsUnreadable(outcome) || MayPass(outcome)) outcome = OpenInTurn(path, busySeconds, outcome);
     // If there is no file the program goes on with defaults; what it writes is forgotten at its end.
@@ -124,12 +127,50 @@ OpenOutcome CSettingsTree::MakeTables(OpenOutcome opened) {
     const bool isSound = m_file->IntegrityReport().isEmpty();
     if (!isSound && m_file->ErrorCode() == SQLITE_OK) return OpenOutcome::Damaged;
     const bool isThere = isSound && (opened == OpenOutcome::ReadOnly || Exists(Root()));
-    if (isThere && m_file->Execute(kProbe)) return opened;
-    if (isSound && !isThere && m_file->Begin() && m_file->Execute(kTables) && m_file->Execute(kProbe) &&
-        m_file->Commit())
-        return opened;
+    const bool isMade = isThere ? m_file->Execute(kProbe)
+                                : isSound && m_file->Begin() && m_file->Execute(kTables) &&
+                                      m_file->Execute(kProbe) && m_file->Commit();
+    if (isMade && CheckValues(opened)) return opened;
     m_file->Rollback();
     return m_file->ErrorCode() == SQLITE_ERROR ? OpenOutcome::Foreign : OutcomeOf(m_file->ErrorCode());
+}
+
+/// Puts damaged values out of use, and gives those a checksum that have none: of a file that an earlier
+/// version made, or that was changed by hand. Where that can't be written, on a full disk for instance, they
+/// are used without.
+bool CSettingsTree::CheckValues(OpenOutcome opened) {
+    const auto damaged = DamagedEntries(*m_file);
+    if (!damaged) return false;
+    if (!damaged->empty()) m_damagedValues = NamesOf(*m_file, *damaged);
+    const std::optional<bool> areThere = EntryChecks().AreThere(*m_file);
+    m_hasChecks = areThere.value_or(false);
+    if (opened == OpenOutcome::ReadOnly) return areThere.has_value();
+    if (!damaged->empty() && !PutAside(*m_file, *damaged)) return false;
+    if (m_hasChecks && !EntryChecks().AreMissing(*m_file).value_or(false)) return true;
+    const bool isFilled = m_file->Begin() && EntryChecks().Make(*m_file) && m_file->Commit();
+    if (!isFilled) m_file->Rollback();
+    m_hasChecks = m_hasChecks || isFilled;
+    return !m_file->IsDamaged();
+}
+
+/// The columns of entries, their type and value with a third one behind: whether they are as they were
+/// written.
+QByteArray CSettingsTree::SelectValues(const char* columns) const {
+    const QByteArray sum = QByteArray(CCheckSum::kFunction) + "(key, name, type, value)";
+    const QByteArray check =
+        "(SELECT c.sum FROM entries_checks AS c WHERE c.key = e.key AND c.name = e.name)";
+    return QByteArray("SELECT ") + columns + ", " +
+           (m_hasChecks ? "coalesce(" + check + ", " + sum + ") = " + sum : QByteArray("1")) +
+           " FROM entries AS e WHERE key = ?1";
+}
+
+/// The value at a column of such a statement. One that was damaged since the file was opened is no value, and
+/// nothing more is written then: what is made of the rest would take the place of what can still be saved.
+std::optional<SettingsValue> CSettingsTree::CheckedValue(sqlite3_stmt* statement, int column) {
+    if (sqlite3_column_int(statement, column + 2) == 1) return ColumnValue(statement, column);
+    if (!m_file->IsReadOnly()) m_file->NoteDamage();
+    m_error = SqliteSentence(SQLITE_CORRUPT, 0, m_file->Path(), {});
+    return std::nullopt;
 }
 
 /// The statement with the key as ?1 and the name as ?2; null when the key isn't open or it can't be prepared.
@@ -229,24 +270,22 @@ std::optional<QStringList> CSettingsTree::EnumKeys(const CSettingsKey& key) {
 }
 
 std::optional<SettingsValue> CSettingsTree::ReadValue(const CSettingsKey& key, const QString& name) {
-    sqlite3_stmt* statement =
-        Statement("SELECT type, value FROM entries WHERE key = ?1 AND name = ?2", key, name);
+    sqlite3_stmt* statement = Statement(SelectValues("type, value") + " AND name = ?2", key, name);
     if (statement == nullptr) return std::nullopt;
     const Use use(statement);
-    return NextRow(statement) ? ColumnValue(statement, 0) : std::nullopt;
+    return NextRow(statement) ? CheckedValue(statement, 0) : std::nullopt;
 }
 
 std::optional<std::vector<std::pair<QString, SettingsValue>>> CSettingsTree::ReadValues(
     const CSettingsKey& key) {
     if (!Exists(key)) return std::nullopt;
-    sqlite3_stmt* statement =
-        Statement("SELECT name, type, value FROM entries WHERE key = ?1 ORDER BY name", key);
+    sqlite3_stmt* statement = Statement(SelectValues("name, type, value") + " ORDER BY name", key);
     if (statement == nullptr) return std::nullopt;
     const Use use(statement);
     std::vector<std::pair<QString, SettingsValue>> values;
     bool done = false;
     while (NextRow(statement, &done)) {
-        if (const auto value = ColumnValue(statement, 1))
+        if (const auto value = CheckedValue(statement, 1))
             values.emplace_back(ColumnText(statement, 0), *value);
     }
     return done ? std::optional(values) : std::nullopt;
@@ -259,7 +298,7 @@ bool CSettingsTree::WriteValue(const CSettingsKey& key, const QString& name, con
             "ON CONFLICT(key, name) DO UPDATE SET type = excluded.type, value = excluded.value",
             key, name);
         if (statement != nullptr) BindValue(statement, 3, value);
-        return Run(statement);
+        return Run(statement) && (!m_hasChecks || Run(Statement(EntryChecks().NoteSql(), key, name)));
     });
 }
 

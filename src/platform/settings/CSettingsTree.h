@@ -54,6 +54,9 @@ class CSettingsTree {
     [[nodiscard]] bool Open(const QString& path, int busySeconds = kMostWaitSeconds);
     [[nodiscard]] const QString& KeptAside() const { return m_keptAside; }
     [[nodiscard]] const QString& Error() const { return m_error; }
+    /// The names of values that Open found damaged ("ActiveTimers/Content"). They are out of use, put aside
+    /// within the file where it may be written.
+    [[nodiscard]] const QStringList& DamagedValues() const { return m_damagedValues; }
 
     [[nodiscard]] CSettingsKey Root();
     /// Opens a child, creating it when absent; tells whether it created it. A key that isn't open on failure.
@@ -86,7 +89,10 @@ class CSettingsTree {
     [[nodiscard]] bool MayPass(OpenOutcome outcome) const;
     [[nodiscard]] OpenOutcome OpenInTurn(const QString& path, int busySeconds, OpenOutcome before);
     [[nodiscard]] OpenOutcome MakeTables(OpenOutcome opened);
+    [[nodiscard]] bool CheckValues(OpenOutcome opened);
     [[nodiscard]] bool Exists(const CSettingsKey& key);
+    [[nodiscard]] QByteArray SelectValues(const char* columns) const;
+    [[nodiscard]] std::optional<SettingsValue> CheckedValue(sqlite3_stmt* statement, int column);
     [[nodiscard]] sqlite3_stmt* Statement(const QByteArray& sql, const CSettingsKey& key,
                                           const QString& name = {});
     [[nodiscard]] bool NextRow(sqlite3_stmt* statement, bool* done = nullptr);
@@ -96,5 +102,7 @@ class CSettingsTree {
     QString m_keptAside;
     QString m_error;
     QString m_reason;  ///< why the file at the path isn't used as it was found
+    QStringList m_damagedValues;
+    bool m_hasChecks = false;
     bool m_inChange = false;
 };

@@ -1,0 +1,78 @@
+#include "platform/settings/SettingsChecks.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <initializer_list>
+
+#include "platform/settings/SettingsColumns.h"
+#include "platform/sqlite/CSqliteFile.h"
+
+namespace {
+
+constexpr char kMakeAside[] =
+    "CREATE TABLE IF NOT EXISTS put_aside(key INTEGER, name TEXT, type TEXT, value)";
+constexpr char kCopyAside[] =
+    "INSERT INTO put_aside SELECT key, name, type, value FROM entries WHERE key = ?1 AND name = ?2";
+constexpr char kDropEntry[] = "DELETE FROM entries WHERE key = ?1 AND name = ?2";
+/// Of a value that is gone, only its checksum is left.
+constexpr char kDropCheck[] = "DELETE FROM entries_checks WHERE key = ?1 AND name = ?2";
+
+bool RunOn(CSqliteFile& file, const char* sql, const EntryPlace& entry) {
+    sqlite3_stmt* statement = file.Prepare(sql);
+    if (statement == nullptr) return false;
+    sqlite3_bind_int64(statement, 1, entry.key);
+    BindText(statement, 2, entry.name);
+    const bool isDone = sqlite3_step(statement) == SQLITE_DONE;
+    if (!isDone) file.NoteError();
+    sqlite3_reset(statement);
+    return isDone;
+}
+
+}  // namespace
+
+const RowChecks& EntryChecks() {
+    static const RowChecks checks("entries", {{"key", "INTEGER"}, {"name", "TEXT"}},
+                                  {"key", "name", "type", "value"});
+    return checks;
+}
+
+std::optional<std::vector<EntryPlace>> DamagedEntries(CSqliteFile& file) {
+    const std::optional<bool> areThere = EntryChecks().AreThere(file);
+    if (!areThere) return std::nullopt;
+    std::vector<EntryPlace> damaged;
+    if (!*areThere) return damaged;
+    sqlite3_stmt* statement = file.Prepare(EntryChecks().FaultsSql());
+    if (statement == nullptr) return std::nullopt;
+    int step = SQLITE_ROW;
+    while ((step = sqlite3_step(statement)) == SQLITE_ROW)
+        damaged.push_back({sqlite3_column_int64(statement, 0), ColumnText(statement, 1)});
+    if (step != SQLITE_DONE) file.NoteError();
+    sqlite3_reset(statement);
+    return step == SQLITE_DONE ? std::optional(damaged) : std::nullopt;
+}
+
+QStringList NamesOf(CSqliteFile& file, const std::vector<EntryPlace>& entries) {
+    QStringList names;
+    for (const EntryPlace& entry : entries) {
+        QString key;
+        if (sqlite3_stmt* statement = file.Prepare("SELECT name FROM keys WHERE id = ?1")) {
+            sqlite3_bind_int64(statement, 1, entry.key);
+            if (sqlite3_step(statement) == SQLITE_ROW) key = ColumnText(statement, 0);
+            sqlite3_reset(statement);
+        }
+        names += key.isEmpty() ? entry.name : key + u'/' + entry.name;
+    }
+    return names;
+}
+
+bool PutAside(CSqliteFile& file, const std::vector<EntryPlace>& entries) {
+    const auto move = [&](const EntryPlace& entry) {
+        return RunOn(file, kCopyAside, entry) && RunOn(file, kDropEntry, entry) &&
+               RunOn(file, kDropCheck, entry);
+    };
+    if (file.Begin() && file.Execute(kMakeAside) && std::ranges::all_of(entries, move) && file.Commit())
+        return true;
+    file.Rollback();
+    return false;
+}
