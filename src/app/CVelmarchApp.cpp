@@ -1,5 +1,6 @@
 #include "app/CVelmarchApp.h"
 
+#include "app/HomeFiles.h"
 #include "lang/FormatText.h"
 #include "platform/host/CInstallLocation.h"
 #include "platform/host/CPrompt.h"
@@ -20,14 +21,6 @@ CERecord* theExpenseEntry = nullptr;
 
 namespace {
 
-/// Suffix of all table names.
-constexpr QStringView kDataSourceName = u"velmarch";
-constexpr QStringView kSettingsFileName = u"velmarch.settings";
-
-/// Where the settings note that this folder has a store, so that its loss is noticed.
-constexpr QStringView kStoreSection = u"Store";
-constexpr QStringView kStoreKnown = u"Known";
-
 struct VerbRow {
     QStringView name;
     Verb verb;
@@ -38,10 +31,6 @@ constexpr VerbRow kVerbs[] = {
     {u"syncend", Verb::SyncEnd},
     {u"regadosync", Verb::RegisterSync},
 };
-
-/// The tables in the order of their making.
-constexpr RecordKind kTables[] = {RecordKind::Time, RecordKind::Expense, RecordKind::PulldownItem,
-                                  RecordKind::Dependency};
 
 bool IsVerb(const QString& token, QStringView name) {
     return (token.startsWith(u'-') || token.startsWith(u'/')) && QStringView(token).mid(1) == name;
@@ -125,10 +114,9 @@ void CVelmarchApp::TellNotInstalled(const QString& why) {
 // --- Settings
 
 bool CVelmarchApp::OpenSettings() {
-    const QString path = m_home + u'/' + SettingsFileName();
+    const QString path = SettingsPath(m_home);
     // Records without settings: the file was there when they were made, and timers were in it.
-    const bool areMissing =
-        QFileInfo(path).size() == 0 && QFileInfo(m_home + u'/' + LoadText(Text::StoreFileName)).size() > 0;
+    const bool areMissing = QFileInfo(path).size() == 0 && QFileInfo(StorePath(m_home)).size() > 0;
     const bool areKept = m_tree.Open(path);
     if (!areKept)
         Tell(Text::SettingsInMemory, FormatText<Text::SettingsInMemory>(m_tree.Error()), Text::SettingsTitle);
@@ -137,6 +125,7 @@ bool CVelmarchApp::OpenSettings() {
              Text::SettingsTitle);
     else if (areMissing)
         Tell(Text::SettingsMissing, FormatText<Text::SettingsMissing>(path), Text::SettingsTitle);
+    TellDamagedSettings();
     m_profile = std::make_unique<CProfile>(m_tree, LoadText(Text::ProfileKeyName));
     m_settings = std::make_unique<CCfgStore>(m_tree, *m_profile, m_context.prompt, TheRegion(),
                                              LoadText(Text::BaseKeyPath));
@@ -154,8 +143,16 @@ bool CVelmarchApp::OpenSettings() {
     return areKept;
 }
 
+void CVelmarchApp::TellDamagedSettings() {
+    if (m_tree.DamagedValues().isEmpty()) return;
+    Tell(Text::SettingsValuesDamaged,
+         FormatText<Text::SettingsValuesDamaged>(m_tree.DamagedValues().join(u", "_s)), Text::SettingsTitle);
+}
+
 void CVelmarchApp::CloseSettings() {
     DropCatalogue();
+    // Damage may have been met within a change of the settings that was undone.
+    if (m_profile && m_isStoreFoundDamaged) NoteDamage();
     m_precisions.reset();
     m_settings.reset();
 }
@@ -182,12 +179,15 @@ bool CVelmarchApp::OpenStore() {
         CPulldownCatalogue::Context{m_srcMgr, m_context.prompt, *m_settings, DataSourceName()});
     thePulldownCatalogue = m_catalogue.get();
 
-    const QString path = m_home + u'/' + m_srcMgr.m_fileName;
-    const bool isKnown = ExpectsStore(*m_profile);
+    const QString path = StorePath(m_home);
+    const bool isKnown = IsStoreKnown(*m_profile);
     const bool isMissing = isKnown && QFileInfo(path).size() == 0;
     if (isMissing && !AskAboutMissingStore(path)) return false;
 
     m_srcMgr.m_mayCreate = isMissing || !isKnown;
+    m_isStoreFoundDamaged = false;
+    m_srcMgr.m_isSuspect = IsStoreDamaged(*m_profile);
+    m_srcMgr.File().OnDamage([this] { NoteDamage(); });
     eActionDisposition source{}, second{};
     if (!m_srcMgr.InitDataSrc(source, second)) return TellStoreCantOpen(path);
     if (source == eActionDisposition::Created) {
@@ -196,8 +196,16 @@ bool CVelmarchApp::OpenStore() {
         if (!MakeTables()) return TellStoreCantOpen(path);
     }
     // Where it can't be noted, a later loss goes unnoticed, and nothing else.
-    if (!isKnown) m_profile->WriteInt(kStoreSection.toString(), kStoreKnown.toString(), 1);
+    static_cast<void>(NoteStoreKnown(*m_profile, true));
+    // Another file has taken the damaged one's place, or it was mended.
+    if (!m_isStoreFoundDamaged) static_cast<void>(NoteStoreDamaged(*m_profile, false));
     return true;
+}
+
+/// Where it can't be noted, other programs meet the damage themselves.
+void CVelmarchApp::NoteDamage() {
+    m_isStoreFoundDamaged = true;
+    static_cast<void>(NoteStoreDamaged(*m_profile, true));
 }
 
 bool CVelmarchApp::TellStoreCantOpen(const QString& path) {
@@ -206,20 +214,8 @@ bool CVelmarchApp::TellStoreCantOpen(const QString& path) {
     return false;
 }
 
-QString CVelmarchApp::DataSourceName() {
-    return kDataSourceName.toString();
-}
-
-QString CVelmarchApp::SettingsFileName() {
-    return kSettingsFileName.toString();
-}
-
-bool CVelmarchApp::ExpectsStore(const CProfile& profile) {
-    return profile.GetInt(kStoreSection.toString(), kStoreKnown.toString(), 0) == 1;
-}
-
 bool CVelmarchApp::MakeTables() {
-    for (const RecordKind kind : kTables)
+    for (const RecordKind kind : kStoreTables)
         if (!m_srcMgr.InitDataSrcTable(m_store->TableName(kind), *NewRecord(kind))) return false;
     return true;
 }

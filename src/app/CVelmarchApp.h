@@ -65,11 +65,12 @@ class CVelmarchApp {
     /// starts empty in silence: a missing store is asked about, any other trouble told. False then. A store
     /// that can only be read is opened: changes fail one by one, in words.
     [[nodiscard]] bool OpenStore();
-    /// For a caller that examines a home without starting from it: the suffix of table names, the name of the
-    /// settings file, and whether a home had a store before.
-    [[nodiscard]] static QString DataSourceName();
-    [[nodiscard]] static QString SettingsFileName();
-    [[nodiscard]] static bool ExpectsStore(const CProfile& profile);
+    /// Damage was met in the store since OpenStore began, even where it could not be opened for it.
+    [[nodiscard]] bool IsStoreFoundDamaged() const { return m_isStoreFoundDamaged; }
+    /// Damage was met in the open store, by whatever program: nothing is written to it from now on.
+    void NoteStoreDamage() { m_srcMgr.File().NoteDamage(); }
+    /// Closes the store for a caller that puts another one in its place; OpenStore opens that.
+    void CloseStore() { m_srcMgr.Close(); }
     /// Reloads the records of the mode, rebuilds the visible ones, reloads the catalogue, hint Rebuild. Also
     /// the handler of Refresh. What the catalogue can't read, the user was told, and the program goes on
     /// without.
@@ -97,6 +98,8 @@ class CVelmarchApp {
     [[nodiscard]] bool UseFolder(const QString& path);
     [[nodiscard]] bool AskAboutMissingStore(const QString& path);
     bool TellStoreCantOpen(const QString& path);
+    void TellDamagedSettings();
+    void NoteDamage();
     [[nodiscard]] bool MakeTables();
     void TellNotInstalled(const QString& why);
     void Tell(Text id, const QString& text, Text title);
@@ -104,6 +107,7 @@ class CVelmarchApp {
 
     Context m_context;
     QString m_home;
+    bool m_isStoreFoundDamaged = false;
     CVOSrcMgr m_srcMgr;
     CSettingsTree m_tree;
     std::unique_ptr<CProfile> m_profile;

@@ -123,7 +123,7 @@ void AppendOthers(std::vector<CommandRow>& rows) {
     Append(rows, "period",
            {{"list", "", Text::CliPeriodList, ListPeriods}, {"show", "ID", Text::CliPeriodShow, ShowPeriod}});
     Append(rows, "texts", {{"", "", Text::CliTexts, ListTexts}});
-    Append(rows, "doctor", {{"", "", Text::CliDoctor, RunDoctor}});
+    Append(rows, "doctor", {{"", "", Text::CliDoctor, RunDoctor, {DoctorOptions()}}});
     Append(rows, "demo", {{"fill", "N", Text::CliDemoFill, FillDemo, {DemoOptions()}}});
 }
 

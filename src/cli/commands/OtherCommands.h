@@ -10,4 +10,5 @@
 [[nodiscard]] ExitCode RunDoctor(const CArguments& arguments, Console& console, const QString& homeOption);
 [[nodiscard]] ExitCode FillDemo(const CArguments& arguments, Console& console, RecordContext& context);
 
+[[nodiscard]] std::span<const OptionRow> DoctorOptions();
 [[nodiscard]] std::span<const OptionRow> DemoOptions();

@@ -1,9 +1,11 @@
 #include "cli/doctor/CDoctor.h"
 
 #include "app/CVelmarchApp.h"
+#include "app/HomeFiles.h"
 #include "cli/doctor/Examinations.h"
 #include "cli/home/ReadOnlyHome.h"
 #include "lang/FormatText.h"
+#include "platform/settings/SettingsChecks.h"
 #include "platform/sqlite/CSqliteFile.h"
 
 #include <QFileInfo>
@@ -36,7 +38,7 @@ const std::vector<Finding>& CDoctor::Examine(const QString& homeOption) {
     // That this runs at all says that the library is there.
     Note({"language", Good, FormatText<Text::CliTextsSound>(static_cast<int>(AllTexts().size()))});
     if (!ExamineHome(homeOption)) return m_findings;
-    const QString settingsPath = m_home + u'/' + CVelmarchApp::SettingsFileName();
+    const QString settingsPath = SettingsPath(m_home);
     const bool canReadSettings = ExamineSettings(settingsPath);
     const bool isRead = canReadSettings && QFileInfo::exists(settingsPath);
     ReadOnlyHome reader(m_clock, m_home, isRead ? settingsPath : QString());
@@ -71,25 +73,34 @@ bool CDoctor::ExamineSettings(const QString& path) {
     const QString wrong = isOpen ? file.IntegrityReport() : file.Error();
     if (!wrong.isEmpty() || !isOpen)
         return note({"settings", Bad, wrong, LoadText(Text::CliAdviseSettings)}, false);
+    const auto damaged = DamagedEntries(file);
+    if (!damaged || !damaged->empty())
+        return note(
+            {"settings", Bad,
+             damaged ? FormatText<Text::CliDamagedValues>(NamesOf(file, *damaged).join(u", ")) : file.Error(),
+             LoadText(Text::CliAdviseValues)},
+            false);
     return note(file.IsReadOnly() ? ReadOnly("settings", path) : Finding{"settings", Good, path}, true);
 }
 
 CDoctor::Store CDoctor::ExamineStore(ReadOnlyHome& reader) {
-    const QString path = m_home + u'/' + LoadText(Text::StoreFileName);
+    const QString path = StorePath(m_home);
     const auto note = [this](Store store, const Finding& finding) {
         Note(finding);
         return store;
     };
     if (IsClosedToUs(path)) return note(Store::Unreadable, NoAccess("store", path));
     if (QFileInfo(path).size() == 0) {
-        if (!CVelmarchApp::ExpectsStore(reader.profile))
+        if (!IsStoreKnown(reader.profile))
             return note(Store::Absent, {"store", Good, LoadText(Text::CliNoStoreYet)});
         return note(Store::Absent,
                     {"store", Bad, FormatText<Text::CliStoreGone>(path), LoadText(Text::CliAdviseStoreGone)});
     }
+    reader.manager.File().OnDamage([&] { NoteDamage(reader); });
     eActionDisposition source{}, second{};
     const bool isOpen = reader.manager.InitDataSrc(source, second);
     const QString wrong = isOpen ? reader.manager.File().IntegrityReport() : reader.manager.m_error;
+    if (isOpen && !wrong.isEmpty() && reader.manager.File().ErrorCode() == 0) NoteDamage(reader);
     if (!wrong.isEmpty() || !isOpen)
         return note(Store::Unreadable, {"store", Bad, wrong, LoadText(Text::CliAdviseStore)});
     if (source == eActionDisposition::Created)
@@ -97,6 +108,13 @@ CDoctor::Store CDoctor::ExamineStore(ReadOnlyHome& reader) {
                     {"store", Bad, LoadText(Text::CliTablesMissing), LoadText(Text::CliAdviseTables)});
     return note(Store::Readable,
                 reader.manager.File().IsReadOnly() ? ReadOnly("store", path) : Finding{"store", Good, path});
+}
+
+/// The one thing that is written to a home that is looked at: with it no program changes the store before it
+/// is sound again.
+void CDoctor::NoteDamage(ReadOnlyHome& reader) {
+    m_isStoreDamaged = true;
+    static_cast<void>(NoteStoreDamaged(reader.profile, true));
 }
 
 /// Where there is no store yet, nothing of it is named.

@@ -2,6 +2,7 @@
 
 #include "app/DependencyBytes.h"
 #include "app/DependencyStore.h"
+#include "app/HomeFiles.h"
 #include "calendar/CalendarMath.h"
 #include "cli/arguments/EnteredValues.h"
 #include "cli/home/ReadOnlyHome.h"
@@ -138,6 +139,21 @@ Finding ExamineDependencies(const char* name, ReadOnlyHome& reader) {
     return {name, Good, FormatText<Text::CliDependenciesSound>(count)};
 }
 
+// --- Checksums
+
+/// A record that lacks its checksum was written by another program: there is nothing to hold it against.
+Finding ExamineChecksums(const char* name, ReadOnlyHome& reader) {
+    QStringList ids;
+    for (const RecordKind kind : kStoreTables)
+        if (!reader.manager.FindFaults(reader.store.TableName(kind), ids))
+            return {name, Bad, reader.manager.m_error, LoadText(Text::CliAdviseStore)};
+    CFaults faults;
+    for (const QString& id : ids) faults.Add(id);
+    if (faults.IsEmpty()) return {name, Good, LoadText(Text::CliChecksumsSound)};
+    return {name, Bad, FormatText<Text::CliBadChecksums>(faults.Count(), faults.Named()),
+            LoadText(Text::CliAdviseChecksums)};
+}
+
 // --- Columns and defaults
 
 template <class Set, Text Name>
@@ -168,6 +184,7 @@ constexpr Examination kExaminations[] = {
     {"timers", SettingsBesideRecords, ExamineTimers},
     {"expense records", Store, ExamineRecords<RecordMode::Expense, Text::CliAdviseExpenseDates>},
     {"list items", Store, ExamineItems},
+    {"checksums", Store, ExamineChecksums},
     {"time dependencies", Store, ExamineDependencies<DependencySet::Time>},
     {"expense dependencies", Store, ExamineDependencies<DependencySet::Expense>},
     {"columns", Settings, ExamineColumns<CColSet, Text::ValueListColumns>},

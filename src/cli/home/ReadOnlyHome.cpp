@@ -1,6 +1,6 @@
 #include "cli/home/ReadOnlyHome.h"
 
-#include "app/CVelmarchApp.h"
+#include "app/HomeFiles.h"
 #include "cli/output/CConsolePrompt.h"
 #include "lang/LoadText.h"
 #include "platform/host/CRegionalInfo.h"
@@ -31,7 +31,7 @@ ReadOnlyHome::ReadOnlyHome(const CClock& clock, const QString& home, const QStri
       areSettingsOpen(tree.Open(settingsPath.isEmpty() ? u":memory:"_s : settingsPath)),
       settings(tree, profile, prompt, TheRegion(), LoadText(Text::BaseKeyPath)),
       precisions(settings),
-      store(manager, prompt, CVelmarchApp::DataSourceName()),
+      store(manager, prompt, DataSourceName()),
       document({store, views, pump, clock, settings}),
       timers(clock),
       recordTimers(timers, document, settings) {
@@ -39,4 +39,5 @@ ReadOnlyHome::ReadOnlyHome(const CClock& clock, const QString& home, const QStri
     manager.m_directory = home;
     manager.m_fileName = LoadText(Text::StoreFileName);
     manager.m_mayCreate = false;
+    manager.m_mayTakeOver = false;
 }

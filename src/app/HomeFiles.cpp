@@ -1,0 +1,42 @@
+#include "app/HomeFiles.h"
+
+#include "lang/LoadText.h"
+#include "platform/settings/CProfile.h"
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const QString kSection = u"Store"_s;
+const QString kKnown = u"Known"_s;
+const QString kDamaged = u"Damaged"_s;
+
+}  // namespace
+
+QString StorePath(const QString& home) {
+    return home + u'/' + LoadText(Text::StoreFileName);
+}
+
+QString SettingsPath(const QString& home) {
+    return home + u"/velmarch.settings"_s;
+}
+
+QString DataSourceName() {
+    return u"velmarch"_s;
+}
+
+bool IsStoreKnown(const CProfile& profile) {
+    return profile.GetInt(kSection, kKnown, 0) == 1;
+}
+
+bool NoteStoreKnown(CProfile& profile, bool isKnown) {
+    return IsStoreKnown(profile) == isKnown || profile.WriteInt(kSection, kKnown, isKnown ? 1 : 0);
+}
+
+bool IsStoreDamaged(const CProfile& profile) {
+    return profile.GetInt(kSection, kDamaged, 0) == 1;
+}
+
+bool NoteStoreDamaged(CProfile& profile, bool isDamaged) {
+    return IsStoreDamaged(profile) == isDamaged || profile.WriteInt(kSection, kDamaged, isDamaged ? 1 : 0);
+}
