@@ -18,6 +18,7 @@
 #include "shell/program/CWindowDialogs.h"
 #include "shell/record/OfferDraft.h"
 #include "timers/CRecordTimers.h"
+#include "viewmodel/program/CDamagedStore.h"
 #include "viewmodel/program/CInstanceHost.h"
 #include "viewmodel/program/CStartCheck.h"
 #include "viewmodel/program/CViewHub.h"
@@ -169,7 +170,8 @@ int CWindowProgram::RunWindow() {
         return RaiseOther(app.Home());
     // Without the settings' file the window works with what memory holds; the user has been told.
     static_cast<void>(app.OpenSettings());
-    if (!app.OpenStore()) return kFailed;
+    const bool isStoreOpen = app.OpenStore();
+    if (!CDamagedStore({app, prompt, clock}).Resolve(isStoreOpen)) return kFailed;
 
     ActiveTimerSet timerSet(clock);
     CRecordTimers timers(timerSet, app.Document(), app.Settings());
@@ -187,8 +189,9 @@ int CWindowProgram::RunWindow() {
     if (!host.Listen(app.Home(), LoadText(Text::ProgramTitle)))
         Print(stderr, FormatText<Text::ChannelFailed>(host.Error()));
     const CQuitSignals signals([&frame] { frame->close(); });
-    CStartCheck check(
-        {launcher, prompt, [&frame](const std::function<void()>& work) { WhenFree(frame.get(), work); }});
+    CStartCheck check({launcher, prompt,
+                       [&frame](const std::function<void()>& work) { WhenFree(frame.get(), work); },
+                       [&app] { app.NoteStoreDamage(); }});
     frame->show();
     // The records come with the window on the screen.
     QTimer::singleShot(0, frame.get(), [&] {

@@ -24,12 +24,17 @@ QString WrongFindings(const QByteArray& json) {
     return paragraphs.join(u"\n\n"_s);
 }
 
+bool IsStoreDamaged(const QByteArray& json) {
+    return QJsonDocument::fromJson(json).object()[u"storeDamaged"].toBool(false);
+}
+
 void CStartCheck::Begin(const QString& console, const QString& home) {
     m_context.launcher.RunInBackground(console, {u"--json"_s, u"--home"_s, home, u"doctor"_s},
                                        [this](const QByteArray& output) { Report(output); });
 }
 
 void CStartCheck::Report(const QByteArray& output) {
+    if (IsStoreDamaged(output) && m_context.storeIsDamaged) m_context.storeIsDamaged();
     const QString wrong = WrongFindings(output);
     if (wrong.isEmpty()) return;
     m_context.whenFree([this, wrong] {

@@ -17,6 +17,8 @@ class CStartCheck {
         CPrompt& prompt;
         /// Carries out what is handed in as soon as no dialog is open: what is being typed is no answer.
         std::function<void(std::function<void()> work)> whenFree;
+        /// Called at once when the store is found damaged: nothing more may be written to it.
+        std::function<void()> storeIsDamaged = {};
     };
     explicit CStartCheck(const Context& context) : m_context(context) {}
 
@@ -30,3 +32,5 @@ class CStartCheck {
 
 /// What the doctor's JSON has found wrong, ready for reading, a paragraph each; empty when all is sound.
 [[nodiscard]] QString WrongFindings(const QByteArray& json);
+/// Whether it has found the store's file damaged.
+[[nodiscard]] bool IsStoreDamaged(const QByteArray& json);
