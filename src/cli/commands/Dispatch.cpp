@@ -9,6 +9,7 @@
 #include "cli/home/CTimerAccess.h"
 #include "cli/home/CWindowLink.h"
 #include "cli/home/RecordContext.h"
+#include "entry/CEnteredItems.h"
 #include "platform/host/CMessagePump.h"
 #include "platform/host/CWaitBudget.h"
 
@@ -23,6 +24,7 @@ class COpenHome {
         if (!m_app.ResolveHome(homeOption)) return false;
         // Settings that can't be kept have been told about; commands that only read go on with what there is.
         m_areSettingsKept = m_app.OpenSettings();
+        m_app.Tree().RefuseChangesInMemory();
         m_app.Settings().KeepStoreUntouched();
         return true;
     }
@@ -67,8 +69,11 @@ class CRunner {
         CTimerAccess timers(m_console.clock, app.Document(), app.Settings(), window);
         CSettingsOwner owner(app.Settings(), window, m_console.clock);
         CNoProgress progress;
+        CEnteredItems entered;
         CRecordChanges changes({.document = app.Document(),
                                 .timers = timers,
+                                .catalogue = app.Catalogue(),
+                                .entered = entered,
                                 .settings = app.Settings(),
                                 .prompt = m_console.prompt,
                                 .progress = progress,
@@ -79,7 +84,8 @@ class CRunner {
                               .window = window,
                               .catalogue = app.Catalogue(),
                               .owner = owner,
-                              .changes = changes};
+                              .changes = changes,
+                              .entered = entered};
         return run(m_request.arguments, m_console, context);
     }
 

@@ -81,7 +81,8 @@ bool CSettingsTree::Open(const QString& path, int busySeconds) {
     const bool isUsable = IsUsable(outcome);
     const QString reason = m_reason;
     if (!isUsable) static_cast<void>(OpenFile(QStringLiteral(":memory:"), busySeconds));
-    m_error = reason;
+    m_isInMemory = !isUsable;
+    m_error = m_reason = reason;
     return isUsable;
 }
 
@@ -201,9 +202,10 @@ bool CSettingsTree::NextRow(sqlite3_stmt* statement, bool* done) {
     return false;
 }
 
-/// Runs a changing statement; false also when it changed nothing.
+/// Runs a changing statement; false also when it changed nothing. All of them belong to a change: where a
+/// failed one has undone it, the next would be durable by itself.
 bool CSettingsTree::Run(sqlite3_stmt* statement) {
-    if (statement == nullptr) return false;
+    if (statement == nullptr || !m_file->InTransaction()) return false;
     const Use use(statement);
     bool done = false;
     if (NextRow(statement, &done) || !done) return false;
@@ -307,7 +309,15 @@ bool CSettingsTree::DeleteValue(const CSettingsKey& key, const QString& name) {
         [&] { return Run(Statement("DELETE FROM entries WHERE key = ?1 AND name = ?2", key, name)); });
 }
 
+void CSettingsTree::RefuseChangesInMemory() {
+    m_isRefusing = m_isInMemory;
+}
+
 bool CSettingsTree::Change(const std::function<bool()>& work) {
+    if (m_isRefusing) {
+        m_error = m_reason;
+        return false;
+    }
     if (m_inChange) return m_file->InTransaction() && work();
     if (!m_file->Begin()) {
         m_error = m_file->Error();

@@ -52,6 +52,9 @@ class CSettingsTree {
     /// a file that may only be read the values come, and every write fails. busySeconds: how long to wait for
     /// one lock of another program at most, here and at every later call.
     [[nodiscard]] bool Open(const QString& path, int busySeconds = kMostWaitSeconds);
+    /// For a program whose changes would be lost with its end, as a console command's: a tree that works from
+    /// memory because its file can't be used refuses them from here on, and Error() tells why.
+    void RefuseChangesInMemory();
     [[nodiscard]] const QString& KeptAside() const { return m_keptAside; }
     [[nodiscard]] const QString& Error() const { return m_error; }
     /// The names of values that Open found damaged ("ActiveTimers/Content"). They are out of use, put aside
@@ -105,4 +108,6 @@ class CSettingsTree {
     QStringList m_damagedValues;
     bool m_hasChecks = false;
     bool m_inChange = false;
+    bool m_isInMemory = false;
+    bool m_isRefusing = false;
 };

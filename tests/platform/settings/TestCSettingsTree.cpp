@@ -77,6 +77,7 @@ class TestCSettingsTree : public QObject {
     void changeIsAllOrNothing();
     void changeOnAFullDisk();
     void changeThatWasUndoneMidway();
+    void deleteThatWasUndoneMidway();
     void twoProgramsWriteAtOnce();
     void oneProgramCreatesAKey();
     void unreadableIsKeptAside_data();
@@ -86,6 +87,8 @@ class TestCSettingsTree : public QObject {
     void twoUnreadableInOneSecond();
     void worksFromMemory_data();
     void worksFromMemory();
+    void refusesChangesInMemory();
+    void aFileThatIsKeptTakesChanges();
     void editedByHand();
     void openIsQuick();
 
@@ -276,6 +279,22 @@ void TestCSettingsTree::changeThatWasUndoneMidway() {
     QCOMPARE(tree.ReadValues(tree.Root())->size(), std::size_t{0});
 }
 
+/// The values of a key go before the key: where they can't, both stay.
+void TestCSettingsTree::deleteThatWasUndoneMidway() {
+    CSettingsTree tree;
+    QVERIFY(tree.Open(Path()));
+    const CSettingsKey key = tree.CreateKey(tree.Root(), u"key"_qs);
+    QVERIFY(tree.WriteValue(key, u"v"_qs, 1));
+    QVERIFY(tree.File().Execute(
+        "CREATE TEMP TRIGGER undo BEFORE DELETE ON entries BEGIN SELECT RAISE(ROLLBACK, 'undone'); END"));
+    QVERIFY(!tree.DeleteKey(tree.Root(), u"key"_qs));
+    QVERIFY(tree.File().Execute("DROP TRIGGER undo"));
+    const CSettingsKey left = tree.OpenKey(tree.Root(), u"key"_qs);
+    QVERIFY(left.IsOpen());
+    QCOMPARE(tree.ReadValue(left, u"v"_qs), std::optional(SettingsValue(1)));
+    QVERIFY(tree.DeleteKey(tree.Root(), u"key"_qs));
+}
+
 void TestCSettingsTree::twoProgramsWriteAtOnce() {
     constexpr int kValues = 50;
     QVERIFY(InProcesses(2, [&](int program) {
@@ -442,6 +461,26 @@ void TestCSettingsTree::worksFromMemory() {
         other.File().Rollback();
         QCOMPARE(other.ReadValue(other.Root(), u"v"_qs), std::optional(SettingsValue(1)));
     }
+}
+
+/// A program that ends at once would lose them: it is told why.
+void TestCSettingsTree::refusesChangesInMemory() {
+    CSettingsTree tree;
+    QVERIFY(!tree.Open(m_folder->filePath(u"no/velmarch.settings"_qs)));
+    const QString why = tree.Error();
+    tree.RefuseChangesInMemory();
+    QVERIFY(!tree.WriteValue(tree.Root(), u"a"_qs, 1));
+    QVERIFY(!tree.CreateKey(tree.Root(), u"key"_qs).IsOpen());
+    QCOMPARE(tree.Error(), why);
+    QVERIFY(!why.isEmpty());
+    QCOMPARE(tree.EnumKeys(tree.Root()), std::optional(QStringList()));
+}
+
+void TestCSettingsTree::aFileThatIsKeptTakesChanges() {
+    CSettingsTree tree;
+    QVERIFY(tree.Open(Path()));
+    tree.RefuseChangesInMemory();
+    QVERIFY(tree.WriteValue(tree.Root(), u"a"_qs, 1));
 }
 
 void TestCSettingsTree::editedByHand() {
