@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
+#include <QtEndian>
+#include <array>
 #include <cerrno>
 #include <optional>
 #include <utility>
@@ -261,8 +263,12 @@ bool CSqliteFile::Run(const QByteArray& sql) {
 bool CSqliteFile::Begin() {
     if (!RefuseDamaged()) return false;
     if (InTransaction()) return true;
+    if (m_began) return false;
     m_began = Run("BEGIN IMMEDIATE");
-    if (m_began) m_changesBefore = sqlite3_total_changes64(m_db);
+    if (m_began) {
+        m_changesBefore = sqlite3_total_changes64(m_db);
+        m_counterBefore = ChangeCounter();
+    }
     return m_began;
 }
 
@@ -282,18 +288,57 @@ bool CSqliteFile::IsUntouched() const {
 }
 
 bool CSqliteFile::Commit() {
-    if (InTransaction() && !RefuseDamaged()) {
+    m_isUnconfirmed = false;
+    if (!InTransaction()) return !std::exchange(m_began, false);
+    if (!RefuseDamaged()) {
         Rollback();
         return false;
     }
-    if (InTransaction()) {
-        if (!Run("COMMIT")) return false;
+    if (!Run("COMMIT")) {
+        if (InTransaction() || !IsCommitInFile()) return false;
         m_began = false;
+        m_isUnconfirmed = !ConfirmCommit();
         return true;
     }
-    // A full disk, for instance, makes SQLite undo the whole transaction by itself.
-    const bool wasUndone = std::exchange(m_began, false);
-    return !wasUndone;
+    m_began = false;
+    return true;
+}
+
+/// The number in the header of the file that grows with every transaction; 0 when it can't be read. Through
+/// SQLite's own handle, as closing another one would give up its locks.
+std::uint32_t CSqliteFile::ChangeCounter() const {
+    constexpr sqlite3_int64 kPlace = 24;
+    std::array<unsigned char, 4> bytes{};
+    sqlite3_file* file = nullptr;
+    const bool isRead =
+        sqlite3_file_control(m_db, "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&file)) ==
+            SQLITE_OK &&
+        file != nullptr && file->pMethods != nullptr &&
+        file->pMethods->xRead(file, bytes.data(), static_cast<int>(bytes.size()), kPlace) == SQLITE_OK;
+    return isRead ? qFromBigEndian<std::uint32_t>(bytes.data()) : 0;
+}
+
+/// Whether a commit that has reported an error is done all the same. A journal with something in it is played
+/// back by whoever opens the file next; without one the file is as it stands, and its counter tells whether
+/// it was put back before.
+bool CSqliteFile::IsCommitInFile() const {
+    if (m_isMemory) return false;
+    struct stat journal {};
+    const QByteArray name = QFile::encodeName(m_path + QStringLiteral("-journal"));
+    const bool isJournalGone =
+        ::stat(name.constData(), &journal) == 0 ? journal.st_size == 0 : errno == ENOENT;
+    const std::uint32_t counter = ChangeCounter();
+    return isJournalGone && counter != 0 && counter != m_counterBefore;
+}
+
+/// What was not confirmed is the end of the journal, which a power failure might bring back. Another
+/// transaction that changes nothing makes a new one of it.
+bool CSqliteFile::ConfirmCommit() {
+    std::int64_t version = 0;
+    const bool isConfirmed = Run("BEGIN IMMEDIATE") && ReadNumber(m_db, "PRAGMA user_version", version) &&
+                             Execute("PRAGMA user_version=" + QByteArray::number(version)) && Run("COMMIT");
+    if (InTransaction()) sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
+    return isConfirmed;
 }
 
 /// Keeps the error that led here.

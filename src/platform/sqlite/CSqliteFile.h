@@ -47,13 +47,23 @@ class CSqliteFile {
     /// A prepared statement, kept and handed out again for the same text; null on failure. Reset and unbound.
     [[nodiscard]] sqlite3_stmt* Prepare(const QByteArray& sql);
 
-    /// BEGIN IMMEDIATE; nothing when a transaction is open already.
+    /// BEGIN IMMEDIATE; nothing when a transaction is open already. False when SQLite has undone the one
+    /// before by itself (WasUndone).
     [[nodiscard]] bool Begin();
     /// Nothing when no transaction was begun. False also when SQLite has undone the transaction by itself
-    /// after a failed statement. After another failure it is still open: see InTransaction.
+    /// after a failed statement. After another failure it may still be open: the caller rolls it back.
+    ///
+    /// True means that the changes are in the file, false that they aren't: a commit can report an error of
+    /// the disk although its last step, the end of the journal, is done.
     [[nodiscard]] bool Commit();
     void Rollback();
     [[nodiscard]] bool InTransaction() const;
+    /// A statement has failed in such a way that SQLite has undone the whole transaction by itself, a full
+    /// disk for instance. What follows would be written by itself, without what came before: nothing may be
+    /// before Rollback.
+    [[nodiscard]] bool WasUndone() const { return m_began && !InTransaction(); }
+    /// The last commit is in the file, but the disk could not confirm it: a power failure may take it back.
+    [[nodiscard]] bool IsUnconfirmed() const { return m_isUnconfirmed; }
     /// A transaction is open, and nothing was changed in it so far.
     [[nodiscard]] bool IsUntouched() const;
 
@@ -88,6 +98,9 @@ class CSqliteFile {
     [[nodiscard]] OpenOutcome Fail();
     [[nodiscard]] OpenOutcome Refuse(OpenOutcome outcome, const QString& sentence);
     [[nodiscard]] bool Run(const QByteArray& sql);
+    [[nodiscard]] std::uint32_t ChangeCounter() const;
+    [[nodiscard]] bool IsCommitInFile() const;
+    [[nodiscard]] bool ConfirmCommit();
     void NoteErrorCode(int code);
     static int OnBusy(void* self, int count);
     [[nodiscard]] bool RefuseDamaged();
@@ -102,7 +115,9 @@ class CSqliteFile {
     bool m_began = false;
     bool m_isDamaged = false;
     std::function<void()> m_onDamage;
-    std::int64_t m_changesBefore = 0;  ///< of the connection, when the transaction began
+    bool m_isUnconfirmed = false;
+    std::int64_t m_changesBefore = 0;   ///< of the connection, when the transaction began
+    std::uint32_t m_counterBefore = 0;  ///< of the file, at the same moment
     bool m_isMemory = false;
     bool m_lacksLocks = false;  ///< the file system refuses every lock
     std::uint64_t m_device = 0;
