@@ -193,7 +193,8 @@ bool CVelmarchDoc::AddRecord(const CVORec& record, const AddChoice& choice, QStr
     std::unique_ptr<CVORec> clone = CloneRecord(record);
     if (!clone) return false;
     if (choice.identity == Identity::New) clone->GenUnique();
-    if (!m_store.InsertRecord(*clone, choice.commit)) return false;
+    // A row that was taken in, and whose commit failed, is gone again.
+    if (!IsStored(m_store.InsertRecord(*clone, choice.commit))) return false;
     const QString id = clone->GetId();
     NoteChange(clone->Kind(), id, nullptr, clone.get());
     if (choice.hold == Hold::Yes) Accommodate(std::move(clone));
@@ -222,7 +223,7 @@ bool CVelmarchDoc::ModifyRecord(const CVORec& record, const QString& id, const M
     const QString newId = clone->GetId();
     const std::unique_ptr<CVORec> before = StoredForJournal(record.Kind(), formerId);
     const bool isShown = ReplaceVisible(formerId, *clone);
-    if (!m_store.ModifyRecord(*clone, formerId, choice.commit)) {
+    if (!IsStored(m_store.ModifyRecord(*clone, formerId, choice.commit))) {
         // The view shows what was entered, while the collection has what is stored. The next reload mends it.
         if (isShown) m_shownOnly.push_back(std::move(clone));
         return false;
@@ -294,11 +295,7 @@ std::unique_ptr<CVORec> CVelmarchDoc::StoredForJournal(RecordKind kind, const QS
 void CVelmarchDoc::NoteChange(RecordKind kind, const QString& id, const CVORec* before, const CVORec* after) {
     if (!m_journal) return;
     m_journal->NoteChange({kind, id, before, after});
-    const CVOSrcMgr& manager = m_store.Manager();
-    if (!manager.HasOpenChanges())
-        m_journal->NoteEnd(CommitEnd::Durable);
-    else if (manager.IsUpdateDue())
-        m_journal->NoteEnd(CommitEnd::Due);
+    if (!m_store.Manager().HasOpenChanges()) m_journal->NoteEnd(CommitEnd::Durable);
 }
 
 void CVelmarchDoc::NoteEnd(CommitEnd end) {

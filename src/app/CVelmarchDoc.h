@@ -103,6 +103,8 @@ class CVelmarchDoc {
     /// A new object with the same content; null for records other than times and expenses.
     [[nodiscard]] static std::unique_ptr<CVORec> CloneRecord(const CVORec& record);
 
+    // Each is true only where what was wanted is done, its commit included (Commit::Now).
+
     /// Adds a copy of the record, visible whatever the filter says. newId receives the identity under which
     /// it was stored.
     [[nodiscard]] bool AddRecord(const CVORec& record, const AddChoice& choice, QString* newId = nullptr);
@@ -202,6 +204,7 @@ class CVelmarchDoc {
     void Accommodate(std::unique_ptr<CVORec> added);
     void StandInFor(std::unique_ptr<CVORec> changed, bool isShown, Hold hold);
     void Announce(Hint hint, const QString& id, Notify notify);
+    [[nodiscard]] bool IsStored(bool isTaken) const { return isTaken && m_store.m_lastError == 0; }
 
     [[nodiscard]] std::unique_ptr<CVORec> StoredForJournal(RecordKind kind, const QString& id);
     void NoteChange(RecordKind kind, const QString& id, const CVORec* before, const CVORec* after);

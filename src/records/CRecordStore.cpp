@@ -47,15 +47,27 @@ QString CRecordStore::ById(Text opening, RecordKind kind, const QString& id) con
 /// Tells a failure: what failed, the statement where one was composed, the manager's words.
 bool CRecordStore::Fail(Text what, const QString& statement) {
     m_lastError = m_manager.m_errorCode;
+    QString text = LoadText(what);
+    if (!statement.isEmpty()) text += statement + LoadText(Text::BetweenStatementAndError);
+    Tell(what, text + m_manager.m_error, BoxIcon::Stop);
+    return false;
+}
+
+void CRecordStore::Tell(Text what, const QString& text, BoxIcon icon) {
     MessageBox box;
     box.textId = static_cast<int>(what);
     box.title = LoadText(Text::StoreFailureTitle);
-    box.text = LoadText(what);
-    if (!statement.isEmpty()) box.text += statement + LoadText(Text::BetweenStatementAndError);
-    box.text += m_manager.m_error;
-    box.icon = BoxIcon::Stop;
+    box.text = text;
+    box.icon = icon;
     m_prompt.Tell(box);
-    return false;
+}
+
+/// Done is done, also where the disk leaves doubts: entered again, it would stand there twice.
+bool CRecordStore::Update(Text failure) {
+    if (!m_manager.Update()) return Fail(failure, {});
+    if (m_manager.IsUnconfirmed())
+        Tell(Text::CommitUnconfirmed, LoadText(Text::CommitUnconfirmed), BoxIcon::Warning);
+    return true;
 }
 
 bool CRecordStore::Query(const QString& statement) {
@@ -118,8 +130,7 @@ bool CRecordStore::ModifyRecord(const CVORec& record, const QString& id, ::Commi
                                   : QString();
     if (seek == Seek::Yes && !m_manager.Query(statement, true)) return Fail(Text::SeekFailed, statement);
     if (!m_manager.Modify(record)) return Fail(Text::ModifyFailed, {});
-    // The row stands in the open state even where the commit fails: the caller goes on as if it were written.
-    if (commit == Commit::Now && !m_manager.Update()) (void)Fail(Text::ModifyCommitFailed, {});
+    if (commit == Commit::Now) (void)Update(Text::ModifyCommitFailed);
     return true;
 }
 
@@ -130,7 +141,7 @@ bool CRecordStore::InsertRecord(const CVORec& record, ::Commit commit) {
     if (statement.isEmpty()) statement = SelectAll(record.Kind()) + LoadText(Text::SqlNoRows);
     if (!m_manager.Query(statement, true)) return Fail(Text::InsertQueryFailed, statement);
     if (!m_manager.Insert(record)) return Fail(Text::InsertFailed, {});
-    if (commit == Commit::Now && !m_manager.Update()) (void)Fail(Text::InsertCommitFailed, {});
+    if (commit == Commit::Now) (void)Update(Text::InsertCommitFailed);
     return true;
 }
 
@@ -143,7 +154,7 @@ bool CRecordStore::DeleteRecord(RecordKind kind, const QString& id) {
 
 bool CRecordStore::Commit() {
     m_lastError = 0;
-    return m_manager.Update() || Fail(Text::CommitFailed, {});
+    return Update(Text::CommitFailed);
 }
 
 bool CRecordStore::BeginBatch() {

@@ -10,6 +10,7 @@
 #include <functional>
 
 class CPrompt;
+enum class BoxIcon;
 struct RowConditions;
 
 /// The program's store access: composes every statement from the language library's pieces, calls the manager
@@ -31,8 +32,8 @@ class CRecordStore {
     [[nodiscard]] bool ModifyRecord(const CVORec& record, const QString& id, ::Commit commit,
                                     Seek seek = Seek::Yes);
     /// A commit that fails after the insert shows its message, sets m_lastError and still returns true: the
-    /// row stands in the open state, and the caller goes on as if it were written. The same holds for
-    /// ModifyRecord.
+    /// row was taken in. It went with the commit, so who wants to know whether it is stored looks at
+    /// m_lastError. The same holds for ModifyRecord.
     [[nodiscard]] bool InsertRecord(const CVORec& record, ::Commit commit);
     [[nodiscard]] bool DeleteRecord(RecordKind kind, const QString& id);
     [[nodiscard]] bool Commit();
@@ -51,8 +52,10 @@ class CRecordStore {
  private:
     [[nodiscard]] QString ById(Text opening, RecordKind kind, const QString& id) const;
     [[nodiscard]] bool TakeRecord(CVORec& record, bool advance, Text failure);
+    [[nodiscard]] bool Update(Text failure);
     bool Fail(Text what, const QString& statement);
     void TellUnlessAsWritten(RecordKind kind, const QString& id);
+    void Tell(Text what, const QString& text, BoxIcon icon);
 
     CVOSrcMgr& m_manager;
     CPrompt& m_prompt;

@@ -75,9 +75,7 @@ void Bind(sqlite3_stmt* statement, int place, const VARIANT& value, std::vector<
 }
 
 /// Runs a statement of the table, binding the values from the first place on and the key behind them.
-/// result: SQLITE_ROW or SQLITE_DONE.
-bool Run(CSqliteFile& file, const QByteArray& sql, const std::vector<VARIANT>& values, const QString& key,
-         int& result) {
+bool Run(CSqliteFile& file, const QByteArray& sql, const std::vector<VARIANT>& values, const QString& key) {
     sqlite3_stmt* statement = file.Prepare(sql);
     if (!statement) return false;
     std::vector<QByteArray> texts;
@@ -85,8 +83,7 @@ bool Run(CSqliteFile& file, const QByteArray& sql, const std::vector<VARIANT>& v
     int place = 0;
     for (const VARIANT& value : values) Bind(statement, ++place, value, texts);
     if (place < sqlite3_bind_parameter_count(statement)) Bind(statement, ++place, key, texts);
-    result = sqlite3_step(statement);
-    const bool isDone = result == SQLITE_ROW || result == SQLITE_DONE;
+    const bool isDone = sqlite3_step(statement) == SQLITE_DONE;
     if (!isDone) file.NoteError();
     sqlite3_reset(statement);
     sqlite3_clear_bindings(statement);
@@ -158,7 +155,6 @@ void CStoreTable::Compose(const QByteArray& table) {
     const QByteArray ofKey = " WHERE " + Quoted(KeyColumn()) + "=?";
     m_insert = "INSERT INTO " + name + " (" + names.join(',') + ") VALUES (" + places.join(',') + ')';
     m_modify = "UPDATE " + name + " SET " + sets.join(',') + ofKey;
-    m_contains = "SELECT 1 FROM " + name + ofKey;
     m_checks.emplace(table, std::vector<RowChecks::Key>{{columns.back(), "TEXT"}}, columns);
 }
 
@@ -173,21 +169,18 @@ bool CStoreTable::Fits(std::span<const FieldDef> fields) const {
 
 /// The key of a row is its last value.
 bool CStoreTable::Insert(CSqliteFile& file, const std::vector<VARIANT>& values) const {
-    int result = 0;
-    return Run(file, m_insert, values, {}, result) && NoteCheck(file, values.back());
+    return Run(file, m_insert, values, {}) && NoteCheck(file, values.back());
 }
 
 bool CStoreTable::Modify(CSqliteFile& file, const QString& key, const std::vector<VARIANT>& values,
                          bool& found) const {
-    int result = 0;
-    if (!Run(file, m_modify, values, key, result)) return false;
+    if (!Run(file, m_modify, values, key)) return false;
     found = sqlite3_changes(file.Handle()) > 0;
     return !found || NoteCheck(file, values.back());
 }
 
 bool CStoreTable::NoteCheck(CSqliteFile& file, const VARIANT& key) const {
-    int result = 0;
-    return !m_hasChecks || Run(file, m_checks->NoteSql(), {}, ToText(key), result);
+    return !m_hasChecks || Run(file, m_checks->NoteSql(), {}, ToText(key));
 }
 
 /// What can't be compared is no fault of the row: the failure shows where the row itself is read.
@@ -213,11 +206,4 @@ bool CStoreTable::FindFaults(CSqliteFile& file, QStringList& keys) const {
     if (step != SQLITE_DONE) file.NoteError();
     sqlite3_reset(statement);
     return step == SQLITE_DONE;
-}
-
-bool CStoreTable::Contains(CSqliteFile& file, const QString& key, bool& found) const {
-    int result = 0;
-    if (!Run(file, m_contains, {}, key, result)) return false;
-    found = result == SQLITE_ROW;
-    return true;
 }

@@ -40,7 +40,6 @@ class CStoreTable {
     /// Overwrites the row of a key; found tells whether there was one.
     [[nodiscard]] bool Modify(CSqliteFile& file, const QString& key, const std::vector<VARIANT>& values,
                               bool& found) const;
-    [[nodiscard]] bool Contains(CSqliteFile& file, const QString& key, bool& found) const;
     /// Whether the row of a key is as it was written; true also for one without a checksum.
     [[nodiscard]] bool IsAsWritten(CSqliteFile& file, const QString& key) const;
     /// The keys of rows that aren't as they were written, and of such as are gone without having been
@@ -56,7 +55,6 @@ class CStoreTable {
     mutable const FieldDef* m_fitting = nullptr;  ///< the columns that were found to fit: asked at each write
     QByteArray m_insert;
     QByteArray m_modify;
-    QByteArray m_contains;
     std::optional<RowChecks> m_checks;
     bool m_hasChecks = false;
 };

@@ -4,7 +4,6 @@
 #include "platform/sqlite/CSqliteFile.h"
 #include "platform/sqlite/SqliteErrors.h"
 #include "records/CStoreTable.h"
-#include "records/OpenChanges.h"
 
 #include <sqlite3.h>
 
@@ -29,18 +28,16 @@ constexpr std::int32_t kUnnamedFailure = -2147352567;
 class CVOSrcMgr::Impl {
  public:
     CSqliteFile file;
-    OpenChanges changes;
-    bool isUpdateDue = false;  ///< an Update failed: its changes wait for the next chance
 
-    [[nodiscard]] OpenChanges::Table TableOf(const QByteArray& name);
+    [[nodiscard]] Table TableOf(const QByteArray& name);
     void ForgetTables() { m_tables.clear(); }
 
  private:
-    QHash<QByteArray, OpenChanges::Table> m_tables;
+    QHash<QByteArray, Table> m_tables;
 };
 
-OpenChanges::Table CVOSrcMgr::Impl::TableOf(const QByteArray& name) {
-    OpenChanges::Table& known = m_tables[name];
+CVOSrcMgr::Table CVOSrcMgr::Impl::TableOf(const QByteArray& name) {
+    Table& known = m_tables[name];
     if (!known) {
         if (auto table = CStoreTable::Look(file, name))
             known = std::make_shared<CStoreTable>(std::move(*table));
@@ -127,15 +124,13 @@ bool CVOSrcMgr::CheckPlace() {
     return Fail(SQLITE_READONLY_DBMOVED, SqliteSentence(SQLITE_READONLY_DBMOVED, 0, file.Path(), {}));
 }
 
-/// The transaction of the next change. One that a failed commit took away comes back with its changes.
+/// The transaction of the next change. Where SQLite has undone it by itself nothing more goes into the store:
+/// the rest of a batch is not to be written without its beginning.
 bool CVOSrcMgr::EnterTransaction() {
-    Impl& impl = *m_impl;
-    if (impl.file.InTransaction()) return true;
-    if (!impl.changes.CanRepeat()) return Fail(SQLITE_ABORT, LoadText(Text::BatchLost));
-    if (!CheckPlace()) return false;
-    if (impl.file.Begin() && impl.changes.Repeat(impl.file)) return true;
-    impl.file.Rollback();
-    return FailByFile();
+    CSqliteFile& file = m_impl->file;
+    if (file.InTransaction()) return true;
+    if (file.WasUndone()) return Fail(SQLITE_ABORT, LoadText(Text::BatchLost));
+    return CheckPlace() && (file.Begin() || FailByFile());
 }
 
 bool CVOSrcMgr::Query(const QString& statement, bool updatable) {
@@ -149,41 +144,16 @@ bool CVOSrcMgr::Query(const QString& statement, bool updatable) {
     if (qstrlen(sqlite3_sql(prepared)) != static_cast<std::size_t>(sql.size()))
         return Fail(SQLITE_MISUSE, LoadText(Text::OneStatementOnly));
     if (!sqlite3_stmt_readonly(prepared)) return RunChange(sql);
-    if (updatable && m_impl->isUpdateDue) return QueryAmongDueChanges(sql);
     return m_recordset->m_cursor.Open(m_impl->file, prepared, updatable) || FailByFile();
-}
-
-/// Rows that an update still owes the store can be changed again: they are put in place for the query.
-bool CVOSrcMgr::QueryAmongDueChanges(const QByteArray& sql) {
-    CSqliteFile& file = m_impl->file;
-    const bool isOwn = !file.InTransaction();
-    if (!EnterTransaction()) return false;
-    sqlite3_stmt* prepared = file.Prepare(sql);
-    const bool isRead = (prepared && m_recordset->m_cursor.Open(file, prepared, true)) || FailByFile();
-    if (isOwn) file.Rollback();
-    return isRead;
 }
 
 /// Outside of a transaction the change is one by itself, and durable when this returns.
 bool CVOSrcMgr::RunChange(const QByteArray& sql) {
-    Impl& impl = *m_impl;
-    const bool isOwn = !impl.file.InTransaction();
+    CSqliteFile& file = m_impl->file;
+    const bool isOwn = !file.InTransaction();
     if (!EnterTransaction()) return false;
-    if (!impl.file.Execute(sql)) {
-        if (isOwn) impl.file.Rollback();
-        return FailByFile();
-    }
-    if (!isOwn) {
-        impl.changes.NoteStatement(sql);
-        return true;
-    }
-    if (!impl.file.Commit()) {
-        impl.file.Rollback();
-        return FailByFile();
-    }
-    impl.changes.Clear();
-    impl.isUpdateDue = false;
-    return true;
+    if (!file.Execute(sql)) return FailChange(isOwn);
+    return !isOwn || file.Commit() || FailChange(isOwn);
 }
 
 bool CVOSrcMgr::GetQueryRecord(CVORec& record, bool& found, bool advance) {
@@ -226,9 +196,7 @@ bool CVOSrcMgr::Insert(const CVORec& record) {
     if (!FillRow(record, table)) return false;
     const bool isOwn = !m_impl->file.InTransaction();
     if (!EnterTransaction()) return false;
-    if (!table->Insert(m_impl->file, m_recordset->m_written)) return FailChange(isOwn);
-    m_impl->changes.NoteInsert(table, record.GetId(), m_recordset->m_written);
-    return true;
+    return table->Insert(m_impl->file, m_recordset->m_written) || FailChange(isOwn);
 }
 
 bool CVOSrcMgr::Modify(const CVORec& record) {
@@ -241,35 +209,17 @@ bool CVOSrcMgr::Modify(const CVORec& record) {
     if (!EnterTransaction()) return false;
     bool found = false;
     if (!table->Modify(m_impl->file, key, m_recordset->m_written, found)) return FailChange(isOwn);
-    if (!found) {
-        if (isOwn) m_impl->file.Rollback();
-        return Fail(SQLITE_NOTFOUND, LoadText(Text::RecordGone));
-    }
-    m_impl->changes.NoteModify(table, key, m_recordset->m_written);
-    return true;
+    if (found) return true;
+    if (isOwn) m_impl->file.Rollback();
+    return Fail(SQLITE_NOTFOUND, LoadText(Text::RecordGone));
 }
 
-/// A commit that fails leaves its changes to the next one. The transaction is ended all the same where they
-/// are known, so that no lock stays that would keep other programs out.
+/// A commit that fails is given up: written later, it could undo what another program has changed since.
 bool CVOSrcMgr::Update() {
-    Impl& impl = *m_impl;
     if (!HasOpenChanges()) return true;
-    impl.isUpdateDue = true;
-    if (!EnterTransaction()) {
-        if (!impl.changes.CanRepeat()) Discard();
-        return false;
-    }
-    const bool isDone = CheckPlace() && (impl.file.Commit() || FailByFile());
-    if (!isDone) {
-        if (impl.changes.CanRepeat())
-            impl.file.Rollback();
-        else if (!impl.file.InTransaction())
-            Discard();
-        return false;
-    }
-    impl.changes.Clear();
-    impl.isUpdateDue = false;
-    return true;
+    const bool isDone = EnterTransaction() && CheckPlace() && (m_impl->file.Commit() || FailByFile());
+    if (!isDone) Discard();
+    return isDone;
 }
 
 bool CVOSrcMgr::BeginBatch() {
@@ -279,30 +229,25 @@ bool CVOSrcMgr::BeginBatch() {
 void CVOSrcMgr::Discard() {
     CloseQuery();
     m_impl->file.Rollback();
-    m_impl->changes.Clear();
-    m_impl->isUpdateDue = false;
 }
 
 bool CVOSrcMgr::HasOpenChanges() const {
-    return m_impl->file.InTransaction() || !m_impl->changes.IsEmpty();
-}
-
-bool CVOSrcMgr::IsUpdateDue() const {
-    return m_impl->isUpdateDue;
+    return m_impl->file.InTransaction() || m_impl->file.WasUndone();
 }
 
 bool CVOSrcMgr::IsBatchUntouched() const {
-    return m_impl->file.IsUntouched() && m_impl->changes.IsEmpty();
+    return m_impl->file.IsUntouched();
+}
+
+bool CVOSrcMgr::IsUnconfirmed() const {
+    return m_impl->file.IsUnconfirmed();
 }
 
 void CVOSrcMgr::CloseQuery() {
     if (m_recordset) m_recordset->m_cursor.Close();
 }
 
-/// Changes that an Update could not write get a last chance; those that nobody asked to keep are undone.
 void CVOSrcMgr::Close() {
-    CloseQuery();
-    if (m_impl->isUpdateDue) (void)Update();
     Discard();
     m_recordset.reset();
     m_impl->ForgetTables();

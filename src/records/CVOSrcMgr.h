@@ -21,9 +21,8 @@ enum class eActionDisposition : int { Created = 0, Existed = 1 };
 /// CRecordStore. Operations return false on failure and leave m_error (words) and m_errorCode filled.
 ///
 /// Changes gather in one transaction until Update makes them durable; a delete outside of one is durable by
-/// itself. When Update fails and the store has dropped the transaction, the rows of the open state are kept
-/// here and, after a look whether the store has them, written with the next Update: nothing that was entered
-/// gets lost while the program runs.
+/// itself. When Update fails, nothing of them is stored, now or later: who made them reads again, tells the
+/// user and has them entered once more.
 class CVOSrcMgr {
  public:
     CVOSrcMgr();
@@ -69,14 +68,15 @@ class CVOSrcMgr {
     [[nodiscard]] bool BeginBatch();
     /// Undoes all changes since the last Update.
     void Discard();
-    /// Whether something waits for an Update: after a failed one, too.
+    /// Whether something waits for an Update.
     [[nodiscard]] bool HasOpenChanges() const;
-    /// An Update was wanted and failed: the next one makes up for it.
-    [[nodiscard]] bool IsUpdateDue() const;
     /// A batch is open that has changed nothing so far.
     [[nodiscard]] bool IsBatchUntouched() const;
+    /// The last Update is in the store, but the disk could not confirm it: a power failure may take it back.
+    [[nodiscard]] bool IsUnconfirmed() const;
     /// Frees the query and its statement: nothing stays open across a turn of the event loop.
     void CloseQuery();
+    /// What no Update has made durable is undone.
     void Close();
     [[nodiscard]] CSqliteFile& File();
 
@@ -90,7 +90,6 @@ class CVOSrcMgr {
     void TakeOver(const QByteArrayList& tables);
     [[nodiscard]] bool CheckPlace();
     [[nodiscard]] bool EnterTransaction();
-    [[nodiscard]] bool QueryAmongDueChanges(const QByteArray& sql);
     [[nodiscard]] bool RunChange(const QByteArray& sql);
     [[nodiscard]] bool FillRow(const CVORec& record, Table& table);
 

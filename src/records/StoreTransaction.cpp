@@ -12,20 +12,16 @@ bool IsClear(CRecordStore& store) {
 
 }  // namespace
 
-StoreTransaction::StoreTransaction(CRecordStore& store, OnFailure onFailure)
-    : m_store(store), m_onFailure(onFailure), m_isOpen(IsClear(store) && store.BeginBatch()) {}
+StoreTransaction::StoreTransaction(CRecordStore& store)
+    : m_store(store), m_isOpen(IsClear(store) && store.BeginBatch()) {}
 
 StoreTransaction::~StoreTransaction() {
     CVOSrcMgr& manager = m_store.Manager();
-    if (m_isOpen && manager.HasOpenChanges() && !manager.IsUpdateDue()) manager.Discard();
+    if (m_isOpen && manager.HasOpenChanges()) manager.Discard();
 }
 
 CommitEnd StoreTransaction::Commit() {
     if (!m_isOpen) return CommitEnd::Undone;
     m_isOpen = false;
-    if (m_store.Commit()) return CommitEnd::Durable;
-    CVOSrcMgr& manager = m_store.Manager();
-    if (m_onFailure == OnFailure::Hold && manager.HasOpenChanges()) return CommitEnd::Due;
-    manager.Discard();
-    return CommitEnd::Undone;
+    return m_store.Commit() ? CommitEnd::Durable : CommitEnd::Undone;
 }

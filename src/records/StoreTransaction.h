@@ -2,10 +2,10 @@
 
 class CRecordStore;
 
-/// What became of changes that were to be made durable.
+/// What became of changes that were to be made durable. There is nothing in between: a change that waited for
+/// a better moment could undo what was stored meanwhile.
 enum class CommitEnd {
     Durable,
-    Due,    ///< the store could not be written; the changes are held and go with the next commit
     Undone  ///< nothing of them is left
 };
 
@@ -18,10 +18,7 @@ enum class CommitEnd {
 /// end of the scope is undone.
 class [[nodiscard]] StoreTransaction {
  public:
-    /// What is done with the changes when the commit fails.
-    enum class OnFailure { Undo, Hold };
-
-    explicit StoreTransaction(CRecordStore& store, OnFailure onFailure = OnFailure::Undo);
+    explicit StoreTransaction(CRecordStore& store);
     ~StoreTransaction();
     StoreTransaction(const StoreTransaction&) = delete;
     StoreTransaction& operator=(const StoreTransaction&) = delete;
@@ -33,6 +30,5 @@ class [[nodiscard]] StoreTransaction {
 
  private:
     CRecordStore& m_store;
-    OnFailure m_onFailure;
     bool m_isOpen;
 };

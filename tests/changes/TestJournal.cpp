@@ -3,6 +3,7 @@
 #include "changes/CRecordChanges.h"
 #include "changes/CTimersOfRecords.h"
 #include "changes/DemoData.h"
+#include "entry/CEnteredItems.h"
 #include "entry/RecordMarks.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
@@ -31,7 +32,7 @@ class Journal final : public CChangeJournal {
         heard.append(Summary(change.before) + u" > "_s + Summary(change.after));
     }
     void NoteEnd(CommitEnd end) override {
-        const char* const names[] = {"durable", "due", "undone"};
+        const char* const names[] = {"durable", "undone"};
         heard.append(QString::fromLatin1(names[static_cast<int>(end)]));
     }
     [[nodiscard]] QStringList Take() { return std::exchange(heard, {}); }
@@ -45,9 +46,12 @@ struct Fixture {
     ActiveTimerSet set{home.clock};
     CRecordTimers timers{set, *home.document, *home.settings};
     COwnTimers ownTimers{timers};
+    CEnteredItems entered;
     CNoProgress progress;
     CRecordChanges changes{{.document = *home.document,
                             .timers = ownTimers,
+                            .catalogue = *home.catalogue,
+                            .entered = entered,
                             .settings = *home.settings,
                             .prompt = home.prompt,
                             .progress = progress,

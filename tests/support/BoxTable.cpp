@@ -38,6 +38,7 @@ constexpr BoxRow kBoxes[] = {
     OfStore(Text::InsertCommitFailed),
     OfStore(Text::DeleteFailed),
     OfStore(Text::CommitFailed),
+    {.text = Text::CommitUnconfirmed, .title = Text::StoreFailureTitle},
 
     {.text = Text::RegionalNotStarted, .title = Text::RegionalTitle},
     {.text = Text::BaseKeyFailed, .title = Text::WriteSettingTitle},
@@ -87,6 +88,8 @@ constexpr BoxRow kBoxes[] = {
     {.text = Text::OptionsNotSaved, .title = Text::OptionsTitle},
 
     {.text = Text::TickFailed, .title = Text::TickFailedTitle},
+    {.text = Text::TimersNotSaved, .title = Text::TickFailedTitle},
+    {.text = Text::AddedWithoutTimer, .title = Text::TickFailedTitle},
     {.text = Text::TimesDrivenByTimer, .title = Text::TimesDrivenByTimerTitle, .icon = BoxIcon::Information},
     {.text = Text::ClockTimeRefused, .title = Text::DateControlTitle},
     {.text = Text::ClockTimeUnreadable, .title = Text::DateControlTitle},
