@@ -4,6 +4,7 @@
 #include "calendar/NumberText.h"
 #include "config/CCfgStore.h"
 #include "records/CTRecord.h"
+#include "timers/StopNote.h"
 #include "timers/TimerMerge.h"
 #include "timers/TrueTimes.h"
 
@@ -13,12 +14,15 @@ namespace {
 namespace Action {
 constexpr int kNothing = 0;
 constexpr int kPause = 1;
-constexpr int kStop = 2;
+constexpr int kStop = CRecordTimers::kStopOnNewTimer;
 }  // namespace Action
 
 const QString kSection = QStringLiteral("ActiveTimers");
 const QString kEntry = QStringLiteral("Content");
 const QString kTrueTimes = QStringLiteral("TrueTimes");
+const QString kNote = QStringLiteral("Stopping");
+
+using End = TimerOutcome::End;
 
 }  // namespace
 
@@ -35,117 +39,155 @@ void CRecordTimers::Announce(Hint hint, const QString& recordId) {
 
 // --- One timer
 
-bool CRecordTimers::StartRecordTimer(const QString& recordId) {
-    if (!Fetch(recordId)) return false;
-    RunActionForNewTimer();
+TimerOutcome CRecordTimers::StartRecordTimer(const QString& recordId) {
+    if (!Fetch(recordId)) return {End::NoRecord};
+    if (const TimerOutcome action = RunActionForNewTimer(); !action) return Saved(action);
     // The action may have stopped this very timer: the duration is then the one that it wrote.
     const CTRecord* record = Fetch(recordId);
-    if (!record) return false;
+    if (!record) return Saved({End::NoRecord});
     const SpanField& duration = record->spans.duration;
     if (duration.IsSet())
         m_timers.Start(recordId, true, duration.hours, duration.minutes, 0);
     else
         m_timers.Start(recordId, false, 0, 0, 0);
     Announce(Hint::TimerStarted, recordId);
-    return StoreTimers();
+    return Saved({});
 }
 
-void CRecordTimers::StartDraftTimer(const CTRecord& draft) {
+TimerOutcome CRecordTimers::StartDraftTimer(const CTRecord& draft) {
     const QString id = draft.GetId();
-    RunActionForNewTimer();
+    if (const TimerOutcome action = RunActionForNewTimer(); !action) return Saved(action);
     const SpanField& duration = draft.spans.duration;
     const bool isNew = m_timers.StateOf(id) == TimerState::None && !Fetch(id);
     if (isNew) m_awaited.insert(id);
     m_timers.Start(id, duration.IsSet(), duration.hours, duration.minutes, 0);
-    StoreTimers();
+    return Saved({});
 }
 
-bool CRecordTimers::StopRecordTimer(const QString& recordId, CountBy by) {
-    return StopOne(recordId, by) && StoreTimers();
+/// Saves what was done so far, also where it ended early.
+TimerOutcome CRecordTimers::Saved(const TimerOutcome& outcome) {
+    const bool isSaved = StoreTimers();
+    return outcome && !isSaved ? TimerOutcome{End::NotSaved} : outcome;
 }
 
-bool CRecordTimers::StopOne(const QString& recordId, CountBy by) {
+/// The stop is in the record then. Where the timer can't be taken out of the settings by now, the note beside
+/// it says that it has ended.
+TimerOutcome CRecordTimers::StopRecordTimer(const QString& recordId, CountBy by) {
+    const TimerOutcome outcome = StopOne(recordId, by);
+    if (outcome) static_cast<void>(StoreTimers());
+    return outcome;
+}
+
+TimerOutcome CRecordTimers::StopOne(const QString& recordId, CountBy by) {
     const CTRecord* record = Fetch(recordId);
-    if (!record) return false;
+    if (!record) return {End::NoRecord};
     int hours = 0, minutes = 0, seconds = 0;
-    if (!m_timers.GetElapsed(recordId, hours, minutes, seconds)) return false;
-    const ActiveTimer former = *m_timers.Find(recordId);
-    if (by == CountBy::TrueTime && !former.trueCount.GetElapsed(hours, minutes)) return false;
-    if (!m_timers.Stop(recordId)) return false;
-
-    CTRecord changed;
-    changed.Copy(*record);
-    RoundMinutes(hours, minutes, m_settings.roundDurationMinutes, m_settings.roundDurationType, nullptr);
-    const bool isStartKept = changed.HasStart() && changed.HasEnd() && m_settings.lockStartOnDurationEdit;
-    changed.SetDuration(hours, minutes, !isStartKept);
-    if (!m_document.ModifyRecord(changed, recordId, {Notify::Yes, Commit::Now})) {
-        m_timers.Put(former);  // the count isn't lost with the record's change: the stop can be repeated
-        return false;
+    if (!m_timers.GetElapsed(recordId, hours, minutes, seconds)) return {End::NoTimer};
+    if (by == CountBy::TrueTime && !m_timers.Find(recordId)->trueCount.GetElapsed(hours, minutes))
+        return {End::NoTimer};
+    const CTRecord stopped = Stopped(*record, hours, minutes);
+    if (!NoteStop(stopped)) return {End::NotSaved};
+    if (!m_timers.Find(recordId)) return {End::NoTimer};  // another program was quicker
+    if (!m_document.ModifyRecord(stopped, recordId, {Notify::Yes, Commit::Now})) {
+        ForgetStop(recordId);
+        return {End::NotInRecord};
     }
+    m_note.clear();
+    m_timers.Stop(recordId);
     Announce(Hint::TimerStopped, recordId);
-    return true;
+    return {};
 }
 
-bool CRecordTimers::PauseRecordTimer(const QString& recordId) {
-    return PauseOne(recordId) && StoreTimers();
+CTRecord CRecordTimers::Stopped(const CTRecord& record, int hours, int minutes) const {
+    CTRecord stopped;
+    stopped.Copy(record);
+    RoundMinutes(hours, minutes, m_settings.roundDurationMinutes, m_settings.roundDurationType, nullptr);
+    const bool isStartKept = stopped.HasStart() && stopped.HasEnd() && m_settings.lockStartOnDurationEdit;
+    stopped.SetDuration(hours, minutes, !isStartKept);
+    return stopped;
 }
 
-bool CRecordTimers::PauseOne(const QString& recordId) {
-    if (!m_awaited.contains(recordId) && !Fetch(recordId)) return false;
-    if (!m_timers.Pause(recordId)) return false;
+/// A timer that was never saved needs no note: it can't be left behind.
+bool CRecordTimers::NoteStop(const CTRecord& stopped) {
+    if (!Read(m_stored.value_or(QByteArray())).Find(stopped.GetId())) return true;
+    m_note = StopNote::Of(stopped).ToBytes();
+    const bool isNoted = StoreTimers();
+    if (!isNoted || !m_timers.Find(stopped.GetId())) m_note.clear();
+    return isNoted;
+}
+
+/// The record could not be written: the timer was not touched, and the views show again what is stored.
+void CRecordTimers::ForgetStop(const QString& recordId) {
+    m_note.clear();
+    static_cast<void>(StoreTimers());  // a note that stays finds the record as it was, and says nothing
+    if (m_document.IsVisible(recordId))
+        static_cast<void>(m_document.RefreshRecords(RecordKind::Time, {recordId}));
+}
+
+TimerOutcome CRecordTimers::PauseRecordTimer(const QString& recordId) {
+    const TimerOutcome outcome = PauseOne(recordId);
+    return outcome ? Saved(outcome) : outcome;
+}
+
+TimerOutcome CRecordTimers::PauseOne(const QString& recordId) {
+    if (!m_awaited.contains(recordId) && !Fetch(recordId)) return {End::NoRecord};
+    if (!m_timers.Pause(recordId)) return {End::NoTimer};
     Announce(Hint::TimerPaused, recordId);
-    return true;
+    return {};
 }
 
 // --- All of them
 
-bool CRecordTimers::StopAllTimers() {
-    const bool stopped = StopEach();
-    return StoreTimers() && stopped;
+/// As with one of them, what is stopped is in its record whether the timers can be saved or not.
+TimerOutcome CRecordTimers::StopAllTimers() {
+    const TimerOutcome stopped = StopEach();
+    static_cast<void>(StoreTimers());
+    return stopped;
 }
 
-bool CRecordTimers::StopEach() {
+TimerOutcome CRecordTimers::StopEach() {
     const CVelmarchDoc::ChangeScope changing(m_document);
     for (int i = m_timers.Count() - 1; i >= 0; --i) {
         const QString id = m_timers.IdAt(i);
         const TimerState state = m_timers.StateAt(i);
         if (state != TimerState::Running && state != TimerState::Paused) continue;
         if (m_awaited.contains(id)) continue;  // there is no record yet to stop it into
-        if (!StopOne(id)) return false;
+        if (const TimerOutcome stopped = StopOne(id); !stopped) return stopped;
     }
-    return true;
+    return {};
 }
 
-bool CRecordTimers::PauseAllTimers() {
-    const bool paused = PauseEach();
-    return StoreTimers() && paused;
+TimerOutcome CRecordTimers::PauseAllTimers() {
+    return Saved(PauseEach());
 }
 
-bool CRecordTimers::PauseEach() {
+TimerOutcome CRecordTimers::PauseEach() {
     const CVelmarchDoc::ChangeScope changing(m_document);
-    for (int i = 0; i < m_timers.Count(); ++i)
-        if (m_timers.StateAt(i) == TimerState::Running && !PauseOne(m_timers.IdAt(i))) return false;
-    return true;
+    for (int i = 0; i < m_timers.Count(); ++i) {
+        if (m_timers.StateAt(i) != TimerState::Running) continue;
+        if (const TimerOutcome paused = PauseOne(m_timers.IdAt(i)); !paused) return paused;
+    }
+    return {};
 }
 
-bool CRecordTimers::RunAction(int action) {
+TimerOutcome CRecordTimers::RunAction(int action) {
     if (action == Action::kPause) return PauseEach();
     if (action == Action::kStop) return StopEach();
-    return true;
+    return {};
 }
 
-void CRecordTimers::RunActionForNewTimer() {
-    if (m_settings.timerOnNewTimer == Action::kNothing) return;
+TimerOutcome CRecordTimers::RunActionForNewTimer() {
+    if (m_settings.timerOnNewTimer == Action::kNothing) return {};
     DropOrphans();
     m_timers.FoldAll();
-    RunAction(m_settings.timerOnNewTimer);
+    return RunAction(m_settings.timerOnNewTimer);
 }
 
 // --- Folds
 
 void CRecordTimers::FoldAndStore() {
     const bool dropped = DropOrphans();
-    if (m_timers.Count() == 0 && !dropped) return;
+    if (m_timers.Count() == 0 && !dropped && IsSettled()) return;
     m_timers.FoldAll();
     StoreTimers();
 }
@@ -183,47 +225,75 @@ bool CRecordTimers::Content(QByteArray& out) const {
 bool CRecordTimers::StoreTimers() {
     QByteArray content;
     if (!Content(content)) return false;
-    if (m_stored == content) return true;
-    CProfile& profile = m_settings.Profile();
-    const bool written = profile.Change([&] {
-        const QByteArray present = profile.GetBinary(kSection, kEntry).value_or(QByteArray());
-        if (present != m_stored.value_or(QByteArray())) {
-            TakeOver(present);
-            if (!Content(content)) return false;
-        }
-        return profile.WriteBinary(kSection, kEntry, content) &&
-               profile.WriteBinary(kSection, kTrueTimes, TrueTimesOf(Storable()));
-    });
-    if (written) m_stored = content;
-    return written;
+    if (m_stored == content && m_storedNote == m_note) return true;
+    if (!m_settings.Profile().Change([&] { return Write(content); })) return false;
+    m_stored = content;
+    m_storedNote = m_note;
+    return true;
 }
 
-void CRecordTimers::TakeOver(const QByteArray& present) {
-    const auto read = [this](const QByteArray& content) {
-        ActiveTimerSet set(m_timers.Clock());
-        ByteStream stream;
-        stream.Attach(content);
-        set.Load(stream);
-        TakeTrueTimes(StoredTrueTimes(), set);
-        return set;
-    };
-    MergeTimers(m_timers, read(m_stored.value_or(QByteArray())), read(present));
+const QString& CRecordTimers::SaveError() const {
+    return m_settings.Tree().Error();
+}
+
+CRecordTimers::Stored CRecordTimers::Present() const {
+    const CProfile& profile = m_settings.Profile();
+    return {profile.GetBinary(kSection, kEntry).value_or(QByteArray()),
+            profile.GetBinary(kSection, kNote).value_or(QByteArray())};
+}
+
+/// content: changes with what another program has written since.
+bool CRecordTimers::Write(QByteArray& content) {
+    const Stored present = Present();
+    if (present.content != m_stored.value_or(QByteArray()) || present.note != m_storedNote) {
+        TakeOver(present);
+        if (!Content(content)) return false;
+    }
+    CProfile& profile = m_settings.Profile();
+    return profile.WriteBinary(kSection, kEntry, content) &&
+           profile.WriteBinary(kSection, kTrueTimes, TrueTimesOf(Storable())) &&
+           (present.note == m_note || profile.WriteBinary(kSection, kNote, m_note));
+}
+
+ActiveTimerSet CRecordTimers::Read(const QByteArray& content) const {
+    ActiveTimerSet set(m_timers.Clock());
+    ByteStream stream;
+    stream.Attach(content);
+    set.Load(stream);
+    TakeTrueTimes(StoredTrueTimes(), set);
+    return set;
+}
+
+void CRecordTimers::TakeOver(const Stored& present) {
+    MergeTimers(m_timers, Read(m_stored.value_or(QByteArray())), Read(present.content));
+    if (present.note != m_storedNote) Settle(present.note);
+}
+
+/// A program was killed while it stopped a timer, or is about to write the record. Where the record has the
+/// stop, the timer has ended.
+void CRecordTimers::Settle(const QByteArray& note) {
+    const auto stop = StopNote::FromBytes(note);
+    if (!stop || !m_timers.Find(stop->recordId)) return;
+    const CTRecord* record = Fetch(stop->recordId);
+    if (record && stop->IsIn(*record)) m_timers.Remove(m_timers.IndexOf(stop->recordId));
 }
 
 void CRecordTimers::SaveTimers() {
     FoldAndStore();
-    RunAction(m_settings.timerOnExit);
+    static_cast<void>(RunAction(m_settings.timerOnExit));  // a timer that can't be stopped is saved as it is
     StoreTimers();
 }
 
 bool CRecordTimers::RestoreTimers() {
     const auto content = m_settings.Profile().GetBinary(kSection, kEntry);
     m_stored = content;
+    m_storedNote = Present().note;
     if (!content) return true;
     ByteStream stream;
     stream.Attach(*content);
     const bool isWhole = m_timers.Load(stream);
     TakeTrueTimes(StoredTrueTimes(), m_timers);
+    Settle(m_storedNote);
     return isWhole;
 }
 
@@ -236,8 +306,7 @@ QByteArray CRecordTimers::StoredTrueTimes() const {
 bool CRecordTimers::RunNewTimerAction() {
     if (m_settings.timerOnNewTimer == Action::kNothing) return true;
     FoldAndStore();
-    const bool done = RunAction(m_settings.timerOnNewTimer);
-    return StoreTimers() && done;
+    return bool(Saved(RunAction(m_settings.timerOnNewTimer)));
 }
 
 bool CRecordTimers::StartFromZero(const QString& recordId) {
@@ -253,10 +322,12 @@ bool CRecordTimers::Drop(const QString& recordId) {
     return StoreTimers();
 }
 
-void CRecordTimers::Keep(const QString& recordId) {
-    if (!m_awaited.remove(recordId)) return;
-    StoreTimers();
+/// The draft goes when the timer is safe elsewhere.
+bool CRecordTimers::Keep(const QString& recordId) {
+    if (!m_awaited.remove(recordId)) return true;
+    if (!StoreTimers()) return false;
     DiscardDraft(recordId);
+    return true;
 }
 
 // --- A new record that isn't stored yet

@@ -4,6 +4,7 @@
 #include "app/Hints.h"
 #include "timers/ActiveTimerSet.h"
 #include "timers/CDraftStore.h"
+#include "timers/TimerOutcome.h"
 #include "timers/TrueTime.h"
 
 #include <QByteArray>
@@ -29,33 +30,39 @@ class CRecordTimers final : public CTimerService {
     CRecordTimers(ActiveTimerSet& timers, CVelmarchDoc& document, CCfgStore& settings);
 
     /// Runs the timerOnNewTimer action, then starts from the record's duration or from zero. The timer being
-    /// started is not exempt from the action. False without such a record, or when the timer runs but could
-    /// not be saved.
-    bool StartRecordTimer(const QString& recordId);
+    /// started is not exempt from the action. When the action fails, it isn't started.
+    TimerOutcome StartRecordTimer(const QString& recordId);
     /// Writes the count of the last fold, seconds dropped, rounded, into the record's duration, and removes
-    /// the timer. There is no fold before it: that is the caller's (FoldAndStore). When the record can't be
-    /// written, the timer stays. By true time the record gets that instead, in the same way; false without
-    /// it.
-    bool StopRecordTimer(const QString& recordId, CountBy by = CountBy::Clock);
-    bool PauseRecordTimer(const QString& recordId);
+    /// the timer. There is no fold before it: that is the caller's (FoldAndStore). The record is durable
+    /// before the timer goes; when it can't be written, the timer stays as it was, running or paused. A
+    /// program that is killed in between leaves both, and a note of the stop by which the next one to read
+    /// the timers sees that this one has ended (StopNote). By true time the record gets that instead, in the
+    /// same way; without it that is no timer.
+    TimerOutcome StopRecordTimer(const QString& recordId, CountBy by = CountBy::Clock);
+    TimerOutcome PauseRecordTimer(const QString& recordId);
     /// From the last to the first, running and paused ones; the first failure ends it.
-    bool StopAllTimers();
+    TimerOutcome StopAllTimers();
     /// From the first to the last, running ones; the first failure ends it.
-    bool PauseAllTimers();
+    TimerOutcome PauseAllTimers();
     /// For the record dialog: runs the timerOnNewTimer action, then starts from the duration of the record
-    /// being edited, stored or not. Sends no hint for this timer.
-    void StartDraftTimer(const CTRecord& draft);
+    /// being edited, stored or not. Sends no hint for this timer. When the action fails, it isn't started.
+    TimerOutcome StartDraftTimer(const CTRecord& draft);
 
     /// Folds all running timers once and stores the fold: before anything pauses, stops or shows timers.
     /// Timers whose record another program has deleted go, as they do when it is deleted here.
     void FoldAndStore();
     /// At the end of the window: the timerOnExit action, then the timers into the profile.
     void SaveTimers();
-    /// At the start. False when the stored timers can be read only in part; that part is in the set.
+    /// At the start. False when the stored timers can be read only in part; that part is in the set. A timer
+    /// whose stop is in its record already isn't.
     bool RestoreTimers();
+    /// What was read is what is stored: no timer was left out for a stop that had been cut off.
+    [[nodiscard]] bool IsSettled() const { return m_storedNote.isEmpty(); }
     /// Writes the set when it differs from what was last read or written; part of every change above. False
     /// when it could not be written.
     bool StoreTimers();
+    /// Why they could not be saved.
+    [[nodiscard]] const QString& SaveError() const;
 
     // A new record with a timer, while its dialog is open. The record isn't stored yet, and so is no timer of
     // it: both are persisted as a draft, until Keep.
@@ -77,27 +84,42 @@ class CRecordTimers final : public CTimerService {
 
     [[nodiscard]] ActiveTimerSet& Set() { return m_timers; }
 
+    static constexpr int kStopOnNewTimer = 2;  ///< the setting timerOnNewTimer: the others are stopped
+
     [[nodiscard]] TimerState StateOf(const QString& recordId) const override {
         return m_timers.StateOf(recordId);
     }
-    bool RunNewTimerAction() override;
-    bool StartFromZero(const QString& recordId) override;
+    [[nodiscard]] bool RunNewTimerAction() override;
+    [[nodiscard]] bool StartFromZero(const QString& recordId) override;
     [[nodiscard]] bool Drop(const QString& recordId) override;
-    void Keep(const QString& recordId) override;
+    [[nodiscard]] bool Keep(const QString& recordId) override;
 
  private:
     [[nodiscard]] const CTRecord* Fetch(const QString& recordId);
-    bool StopOne(const QString& recordId, CountBy by = CountBy::Clock);
-    bool PauseOne(const QString& recordId);
-    bool StopEach();
-    bool PauseEach();
-    bool RunAction(int action);
-    void RunActionForNewTimer();
+    TimerOutcome StopOne(const QString& recordId, CountBy by = CountBy::Clock);
+    [[nodiscard]] CTRecord Stopped(const CTRecord& record, int hours, int minutes) const;
+    [[nodiscard]] bool NoteStop(const CTRecord& stopped);
+    void ForgetStop(const QString& recordId);
+    void Settle(const QByteArray& note);
+    TimerOutcome PauseOne(const QString& recordId);
+    TimerOutcome StopEach();
+    TimerOutcome PauseEach();
+    TimerOutcome RunAction(int action);
+    TimerOutcome RunActionForNewTimer();
     bool DropOrphans();
+    /// What is stored of the timers.
+    struct Stored {
+        QByteArray content;
+        QByteArray note;
+    };
+    [[nodiscard]] Stored Present() const;
+    [[nodiscard]] ActiveTimerSet Read(const QByteArray& content) const;
     [[nodiscard]] ActiveTimerSet Storable() const;
     [[nodiscard]] bool Content(QByteArray& out) const;
     [[nodiscard]] QByteArray StoredTrueTimes() const;
-    void TakeOver(const QByteArray& present);
+    [[nodiscard]] bool Write(QByteArray& content);
+    void TakeOver(const Stored& present);
+    [[nodiscard]] TimerOutcome Saved(const TimerOutcome& outcome);
     void Announce(Hint hint, const QString& recordId);
 
     ActiveTimerSet& m_timers;
@@ -106,5 +128,7 @@ class CRecordTimers final : public CTimerService {
     /// Timers of records that the store doesn't have yet; they are saved once it has.
     QSet<QString> m_awaited;
     std::optional<QByteArray> m_stored;  ///< what this process last read or wrote
+    QByteArray m_storedNote;             ///< the same of the note of a stop
+    QByteArray m_note;                   ///< of the stop that is being made; empty without one
     CDraftStore m_drafts;
 };

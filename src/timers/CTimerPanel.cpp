@@ -43,6 +43,10 @@ bool CTimerPanel::StartTick() {
     return false;
 }
 
+void CTimerPanel::Save() {
+    if (!m_timers.StoreTimers()) TellIfUnsaved({TimerOutcome::End::NotSaved}, m_timers.SaveError(), m_prompt);
+}
+
 void CTimerPanel::Finish(Hint hint) {
     m_dialog.repaintButtons();
     m_document.NotifyViews(hint, {m_record.GetId()});
@@ -62,7 +66,9 @@ void CTimerPanel::PanelOpen() {
 
 bool CTimerPanel::PanelStart() {
     if (State() == TimerState::Running) return true;
-    m_timers.StartDraftTimer(m_record);
+    const TimerOutcome started = m_timers.StartDraftTimer(m_record);
+    TellIfUnsaved(started, m_timers.SaveError(), m_prompt);
+    if (State() != TimerState::Running) return false;
     ShowCounts(true);
     if (!StartTick()) return false;
     Finish(Hint::TimerStarted);
@@ -75,7 +81,7 @@ bool CTimerPanel::PanelPause() {
     m_timers.FoldAndStore();
     m_dialog.stopTick();
     m_timers.Set().Pause(m_record.GetId());
-    m_timers.StoreTimers();
+    Save();
     ShowCounts(true);
     Finish(Hint::TimerPaused);
     return true;
@@ -89,7 +95,7 @@ bool CTimerPanel::PanelStop() {
     int hours = 0, minutes = 0, seconds = 0;
     m_timers.Set().GetElapsed(m_record.GetId(), hours, minutes, seconds);
     if (m_timers.Set().Stop(m_record.GetId())) m_dialog.setFromTimer(hours, minutes, 0, false);
-    m_timers.StoreTimers();
+    Save();
     Finish(Hint::TimerStopped);
     return true;
 }

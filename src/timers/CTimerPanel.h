@@ -52,6 +52,7 @@ class CTimerPanel {
  private:
     void ShowCounts(bool fromTimer);
     bool StartTick();
+    void Save();
     void Finish(Hint hint);
 
     const CTRecord& m_record;

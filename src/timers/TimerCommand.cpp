@@ -43,15 +43,18 @@ InstanceReply Done(Context& context) {
     return ReplyWith(Readings(context.timers.Set()), Stopped(context));
 }
 
-/// A failure may come from saving the timers, whatever was done to them: trying once more tells, and costs
-/// nothing when they are saved.
-InstanceReply DoneIf(bool succeeded, Context& context, Text failure) {
-    if (succeeded) return Done(context);
-    if (!context.timers.StoreTimers())
-        return InstanceReply::Refused(
-            ReplyReason::Failed,
-            FormatText<Text::TimersNotSaved>(context.document.GetSettings().Tree().Error()));
-    return InstanceReply::Refused(ReplyReason::Failed, LoadText(failure));
+/// failure: what is said of anything but timers that could not be saved.
+InstanceReply ReplyTo(const TimerOutcome& outcome, Context& context, Text failure) {
+    if (outcome) return Done(context);
+    if (outcome.end != TimerOutcome::End::NotSaved)
+        return InstanceReply::Refused(ReplyReason::Failed, LoadText(failure));
+    return InstanceReply::Refused(ReplyReason::Failed,
+                                  FormatText<Text::TimersNotSaved>(context.timers.SaveError()));
+}
+
+/// Of work that has nothing else to fail at.
+TimerOutcome IfSaved(bool isSaved) {
+    return {isSaved ? TimerOutcome::End::Done : TimerOutcome::End::NotSaved};
 }
 
 bool HasRecord(Context& context) {
@@ -64,22 +67,23 @@ InstanceReply NoRecord(const Context& context) {
 }
 
 /// The timer of a new record, as the quick commands start it.
-bool StartFromZero(Context& context) {
-    context.timers.RunNewTimerAction();
-    return context.timers.StartFromZero(context.request.id);
+TimerOutcome StartFromZero(Context& context) {
+    if (!context.timers.RunNewTimerAction()) return {TimerOutcome::End::NotInRecord};
+    return IfSaved(context.timers.StartFromZero(context.request.id));
 }
 
 InstanceReply Start(Context& context) {
     if (!HasRecord(context)) return NoRecord(context);
-    const bool started = context.request.isFromZero ? StartFromZero(context)
-                                                    : context.timers.StartRecordTimer(context.request.id);
-    return DoneIf(started, context, Text::TimerNotStarted);
+    const TimerOutcome started = context.request.isFromZero
+                                     ? StartFromZero(context)
+                                     : context.timers.StartRecordTimer(context.request.id);
+    return ReplyTo(started, context, Text::TimerNotStarted);
 }
 
 InstanceReply Pause(Context& context) {
     if (!HasRecord(context)) return NoRecord(context);
     context.timers.FoldAndStore();
-    return DoneIf(context.timers.PauseRecordTimer(context.request.id), context, Text::TimerNotRunning);
+    return ReplyTo(context.timers.PauseRecordTimer(context.request.id), context, Text::TimerNotRunning);
 }
 
 InstanceReply Stop(Context& context) {
@@ -89,24 +93,25 @@ InstanceReply Stop(Context& context) {
     const CountBy by = context.request.isTrueTime ? CountBy::TrueTime : CountBy::Clock;
     if (timer && by == CountBy::TrueTime && !timer->trueCount.isKnown)
         return InstanceReply::Refused(ReplyReason::Failed, LoadText(Text::TimerTrueTimeUnknown));
-    const Text failure = timer ? Text::TimerNotStopped : Text::TimerNotThere;
-    return DoneIf(context.timers.StopRecordTimer(context.request.id, by), context, failure);
+    const TimerOutcome stopped = context.timers.StopRecordTimer(context.request.id, by);
+    const bool hadTimer = stopped.end != TimerOutcome::End::NoTimer;
+    return ReplyTo(stopped, context, hadTimer ? Text::TimerNotStopped : Text::TimerNotThere);
 }
 
 InstanceReply StopAll(Context& context) {
     context.timers.FoldAndStore();
-    return DoneIf(context.timers.StopAllTimers(), context, Text::TimersNotAllStopped);
+    return ReplyTo(context.timers.StopAllTimers(), context, Text::TimersNotAllStopped);
 }
 
 InstanceReply PauseAll(Context& context) {
     context.timers.FoldAndStore();
-    return DoneIf(context.timers.PauseAllTimers(), context, Text::TimersNotAllPaused);
+    return ReplyTo(context.timers.PauseAllTimers(), context, Text::TimersNotAllPaused);
 }
 
 InstanceReply Drop(Context& context) {
     if (!context.timers.HasTimer(context.request.id))
         return InstanceReply::Refused(ReplyReason::NotFound, LoadText(Text::TimerNotThere));
-    return DoneIf(context.timers.Drop(context.request.id), context, Text::TimerNotThere);
+    return ReplyTo(IfSaved(context.timers.Drop(context.request.id)), context, Text::TimerNotThere);
 }
 
 InstanceReply Status(Context& context) {

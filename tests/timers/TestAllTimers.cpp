@@ -23,7 +23,7 @@ struct ThreeTimers : TimerHome {
         views.seen.clear();
     }
     [[nodiscard]] bool Run(Walk walk) {
-        return walk == Walk::Stop ? timers->StopAllTimers() : timers->PauseAllTimers();
+        return bool(walk == Walk::Stop ? timers->StopAllTimers() : timers->PauseAllTimers());
     }
     void RunSql(const QString& statement) { QVERIFY(manager.File().Execute(statement.toUtf8().constData())); }
     /// The records as letters, in the order of their hints of one kind.

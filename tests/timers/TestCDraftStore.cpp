@@ -19,7 +19,7 @@ class TestCDraftStore : public QObject {
         record.date.Set(11, 19, 2026);
         record.item1 = u"Acme"_s;
         record.notes = u"one\ntwo"_s;
-        home.timers->StartDraftTimer(record);
+        [&] { QVERIFY(home.timers->StartDraftTimer(record)); }();
         return record;
     }
 
@@ -86,7 +86,7 @@ class TestCDraftStore : public QObject {
         const CTRecord record = Started(home);
         QVERIFY(home.timers->PersistDraft(record));
         QVERIFY(home.document->AddRecord(record, {Notify::Yes, Commit::Now}));
-        home.timers->Keep(record.GetId());
+        QVERIFY(home.timers->Keep(record.GetId()));
         QVERIFY(!home.timers->IsAwaited(record.GetId()));
         QVERIFY(!home.timers->TakeOverDraft());
         QCOMPARE(home.StoredCountOf(record.GetId()), u"00:00:00 running"_s);

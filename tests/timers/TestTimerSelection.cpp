@@ -21,10 +21,10 @@ void TestTimerSelection::StopFromTheListWritesAtOnce() {
     home.settings->roundDurationType = 16;
     home.settings->roundDurationMinutes = 15;
     const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
-    ApplyToSelection({id}, TimerAction::Start, *home.timers);
+    QVERIFY(ApplyToSelection({id}, TimerAction::Start, *home.timers));
     home.clock.Advance(31 * 60);  // nobody looked in the meantime
     home.views.seen.clear();
-    ApplyToSelection({id}, TimerAction::Stop, *home.timers);
+    QVERIFY(ApplyToSelection({id}, TimerAction::Stop, *home.timers));
     QCOMPARE(home.TimesOf(id), QStringLiteral("09:00 AM-09:45 AM 0:45"));
     QCOMPARE(home.TimerHints(), QStringLiteral("5"));
 }
@@ -34,20 +34,20 @@ void TestTimerSelection::FailedRecordsAreSkipped() {
     const QString first = home.AddTime(2026, 11, 19);
     const QString last = home.AddTime(2026, 11, 19);
     home.views.seen.clear();
-    ApplyToSelection({first, QString(32, u'0'), last}, TimerAction::Start, *home.timers);
+    QVERIFY(ApplyToSelection({first, QString(32, u'0'), last}, TimerAction::Start, *home.timers));
     QCOMPARE(home.TimerHints(), QStringLiteral("3 3"));
     QCOMPARE(home.CountOf(last), QStringLiteral("00:00:00 running"));
-    ApplyToSelection({}, TimerAction::Stop, *home.timers);
+    QVERIFY(ApplyToSelection({}, TimerAction::Stop, *home.timers));
     QCOMPARE(home.set->Count(), 2);
 }
 
 void TestTimerSelection::PauseTakesTheTimeUntilNow() {
     TimerHome home;
     const QString id = home.AddTime(2026, 11, 19);
-    ApplyToSelection({id}, TimerAction::Start, *home.timers);
+    QVERIFY(ApplyToSelection({id}, TimerAction::Start, *home.timers));
     home.clock.Advance(61);
     home.views.seen.clear();
-    ApplyToSelection({id}, TimerAction::Pause, *home.timers);
+    QVERIFY(ApplyToSelection({id}, TimerAction::Pause, *home.timers));
     QCOMPARE(home.CountOf(id), QStringLiteral("00:01:01 paused"));
     QCOMPARE(home.TimerHints(), QStringLiteral("4"));
 }
@@ -56,7 +56,7 @@ void TestTimerSelection::NothingInExpenseMode() {
     TimerHome home;
     const QString id = home.AddTime(2026, 11, 19);
     const RecordModeScope mode(RecordMode::Expense);
-    ApplyToSelection({id}, TimerAction::Start, *home.timers);
+    QVERIFY(ApplyToSelection({id}, TimerAction::Start, *home.timers));
     QCOMPARE(home.set->Count(), 0);
 }
 

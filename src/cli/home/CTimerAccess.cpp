@@ -35,19 +35,19 @@ void CTimerAccess::Read() {
 
 void CTimerAccess::Look() {
     Read();
-    if (!m_set.AnyActive()) return;
+    if (!m_set.AnyActive() && m_timers.IsSettled()) return;
     if (m_window.IsThere()) {
         const auto reply = m_window.AskShortly(TimerRequest{TimerAction::Status}.ToMessage());
         if (reply && *reply) return TakeOver(*reply);
         m_set.FoldAll();  // shown only: what is stored belongs to the window
         return;
     }
-    if (!m_set.AnyRunning()) return;
+    if (!m_set.AnyRunning() && m_timers.IsSettled()) return;
     const auto fold = [this] {
         m_timers.FoldAndStore();
         return true;
     };
-    if (ChangeHere(fold) == Changed::Done) return;
+    if (ChangeHere(fold, Writes::Timers) == Changed::Done) return;
     Read();
     m_set.FoldAll();
 }
@@ -64,28 +64,44 @@ std::optional<TimerShown> CTimerAccess::Shown(const QString& recordId) const {
                       (qint64{hours} * 60 + minutes) * 60 + seconds};
 }
 
-CTimerAccess::Changed CTimerAccess::ChangeHere(const std::function<bool()>& work) {
+CTimerAccess::Changed CTimerAccess::ChangeHere(const std::function<bool()>& work, Writes writes) {
     bool isOwned = false;
-    const bool isDone = m_settings.Profile().Change([&] {
+    const bool isOneChange = writes == Writes::Timers;
+    const bool isBegun = m_settings.Profile().Change([&] {
         isOwned = m_window.IsThere();  // looked at inside the change: a window that starts now reads after it
         if (isOwned) return false;
         Read();
-        const bool hadTimers = m_set.Count() > 0;
-        if (!work()) return false;
-        // The work has stored what it changed; storing it again only tells whether that succeeded.
-        return (!hadTimers && m_set.Count() == 0) || m_timers.StoreTimers();
+        return !isOneChange || RunAndSave(work);
     });
     if (isOwned) return Changed::WindowOwns;
-    return isDone ? Changed::Done : Changed::Failed;
+    return isBegun && (isOneChange || work()) ? Changed::Done : Changed::Failed;
+}
+
+/// The work has stored what it changed; storing it again only tells whether that succeeded.
+bool CTimerAccess::RunAndSave(const std::function<bool()>& work) {
+    const bool hadTimers = m_set.Count() > 0;
+    return work() && ((!hadTimers && m_set.Count() == 0) || m_timers.StoreTimers());
+}
+
+CTimerAccess::Writes CTimerAccess::OfNewTimer() const {
+    return m_settings.timerOnNewTimer == CRecordTimers::kStopOnNewTimer ? Writes::RecordsToo : Writes::Timers;
+}
+
+CTimerAccess::Writes CTimerAccess::WhatIsWritten(TimerAction action) const {
+    if (action == TimerAction::Start) return OfNewTimer();
+    const bool isStop = action == TimerAction::Stop || action == TimerAction::StopAll;
+    return isStop ? Writes::RecordsToo : Writes::Timers;
 }
 
 InstanceReply CTimerAccess::RunHere(const TimerRequest& request, Changed& changed) {
     // What is said if the settings can't even be held for a change.
     InstanceReply reply = InstanceReply::Refused(ReplyReason::Failed, LoadText(Text::CliTimersNotStored));
-    changed = ChangeHere([&] {
-        reply = RunTimerRequest(request, m_timers, m_document);
-        return bool(reply);
-    });
+    changed = ChangeHere(
+        [&] {
+            reply = RunTimerRequest(request, m_timers, m_document);
+            return bool(reply);
+        },
+        WhatIsWritten(request.action));
     // Where settings can't be written the timers can still be shown.
     if (changed == Changed::Failed && reply && request.action != TimerAction::Status)
         return InstanceReply::Refused(ReplyReason::Failed, LoadText(Text::CliTimersNotStored));

@@ -34,9 +34,14 @@ class CTimerAccess final : public CTimersOfRecords {
     [[nodiscard]] InstanceReply Run(const TimerRequest& request);
 
     enum class Changed { Done, Failed, WindowOwns };
-    /// Runs work on the timers as stored, with all that it writes into the settings as one change; work
-    /// returns false to undo it. Nothing is done while a window runs.
-    [[nodiscard]] Changed ChangeHere(const std::function<bool()>& work);
+    /// What work on timers writes. A stop writes into its record, and what it notes of that in the settings
+    /// has to be durable before.
+    enum class Writes { Timers, RecordsToo };
+    /// Runs work on the timers as stored; false: it failed. What it writes into the settings is one change,
+    /// which a failure undoes, unless it writes records too. Nothing is done while a window runs.
+    [[nodiscard]] Changed ChangeHere(const std::function<bool()>& work, Writes writes);
+    /// What a new timer writes: it may stop the others.
+    [[nodiscard]] Writes OfNewTimer() const;
     [[nodiscard]] QStringList Timed(const QStringList& ids) override;
     [[nodiscard]] bool Drop(const QStringList& ids) override;
     [[nodiscard]] const ActiveTimer* Find(const QString& recordId) { return m_set.Find(recordId); }
@@ -44,6 +49,8 @@ class CTimerAccess final : public CTimersOfRecords {
  private:
     void TakeOver(const InstanceReply& reply);
     [[nodiscard]] InstanceReply RunHere(const TimerRequest& request, Changed& changed);
+    [[nodiscard]] Writes WhatIsWritten(TimerAction action) const;
+    [[nodiscard]] bool RunAndSave(const std::function<bool()>& work);
 
     CVelmarchDoc& m_document;
     CCfgStore& m_settings;
