@@ -76,15 +76,45 @@ NewItem CPulldownCatalogue::CheckNewItem(int list, const QString& text) const {
 // --- Adding and renaming
 
 bool CPulldownCatalogue::AddItem(int list, const QString& text, bool ask) {
-    auto item = std::make_unique<CPRecord>();
-    if (text.isNull() || !SetValue(*item, list, text)) return false;
+    CPRecord value;
+    if (text.isNull() || !SetValue(value, list, text)) return false;
     if (ask && m_settings.confirmAddListItem && !Agreed(text)) return false;
     // Before it is stored: an item of no list would end every load to come.
     if (!IsKnownList(list) && !IsIgnoredList(list))
         return Warn(Text::ItemWithoutList, FormatText<Text::ItemWithoutList>(list, text));
+    StoreTransaction change(m_store);
+    std::unique_ptr<CPRecord> item = change.IsOpen() ? PutItem(list, text) : nullptr;
+    return item && change.Commit() == CommitEnd::Durable && m_lists.Add(std::move(item));
+}
+
+/// The row of a new item, in the open transaction; null when it can't be written.
+std::unique_ptr<CPRecord> CPulldownCatalogue::PutItem(int list, const QString& text) {
+    auto item = std::make_unique<CPRecord>();
+    if (!SetValue(*item, list, text)) return nullptr;
     item->listId = list;
     item->GenUnique();
-    return m_store.InsertRecord(*item, Commit::Now) && m_lists.Add(std::move(item));
+    return m_store.InsertRecord(*item, Commit::Later) ? std::move(item) : nullptr;
+}
+
+std::optional<CPulldownCatalogue::NewItems> CPulldownCatalogue::PutItems(const std::vector<ListText>& texts) {
+    QList<int> lists;
+    for (const ListText& one : texts) lists.append(one.list);
+    if (m_extent != Extent::Everything && !LoadLists(lists)) return std::nullopt;
+    NewItems items;
+    for (const auto& [list, text] : texts) {
+        const std::optional<QString> display = DisplayOf(list, text);
+        const bool isTwice = std::ranges::any_of(items, [&, list = list](const auto& item) {
+            return item->listId == list && item->GetText() == display;
+        });
+        if (isTwice || CheckNewItem(list, text) == NewItem::Refused) continue;
+        items.push_back(PutItem(list, text));
+        if (!items.back()) return std::nullopt;
+    }
+    return items;
+}
+
+void CPulldownCatalogue::TakeUp(NewItems items) {
+    for (auto& item : items) static_cast<void>(m_lists.Add(std::move(item)));
 }
 
 bool CPulldownCatalogue::Agreed(const QString& text) const {
@@ -98,14 +128,31 @@ bool CPulldownCatalogue::Agreed(const QString& text) const {
     return m_prompt.Ask(box) == Answer::Yes;
 }
 
+CPRecord* CPulldownCatalogue::FindShown(int list, const QString& text) const {
+    const std::optional<QString> display = DisplayOf(list, text);
+    return display ? m_lists.Find(list, *display) : nullptr;
+}
+
 bool CPulldownCatalogue::RenameItem(int list, const QString& oldText, const QString& newText) {
-    const std::optional<QString> former = DisplayOf(list, oldText);
-    CPRecord* item = former ? m_lists.Find(list, *former) : nullptr;
-    if (!item) return false;
-    CPRecord value;
-    if (!SetValue(value, list, newText) || !StoreValue(*item, value)) return Warn(Text::ItemNotRenamed);
-    m_lists.SetValue(*item, value);
+    if (!FindShown(list, oldText)) return false;
+    StoreTransaction change(m_store);
+    if (!change.IsOpen() || !PutRenamed(list, oldText, newText)) return false;
+    if (change.Commit() != CommitEnd::Durable) return Warn(Text::ItemNotRenamed);
+    TakeUpRenamed(list, oldText, newText);
     return true;
+}
+
+bool CPulldownCatalogue::PutRenamed(int list, const QString& oldText, const QString& newText) {
+    const CPRecord* item = FindShown(list, oldText);
+    CPRecord value;
+    return item &&
+           ((SetValue(value, list, newText) && StoreValue(*item, value)) || Warn(Text::ItemNotRenamed));
+}
+
+void CPulldownCatalogue::TakeUpRenamed(int list, const QString& oldText, const QString& newText) {
+    CPRecord* item = FindShown(list, oldText);
+    CPRecord value;
+    if (item && SetValue(value, list, newText)) m_lists.SetValue(*item, value);
 }
 
 bool CPulldownCatalogue::StoreValue(const CPRecord& item, const CPRecord& value) {
@@ -120,7 +167,7 @@ bool CPulldownCatalogue::StoreValue(const CPRecord& item, const CPRecord& value)
     row.valueType = value.valueType;
     row.text = value.text;
     row.number = value.number;
-    return m_store.ModifyRecord(row, item.GetId(), Commit::Now);
+    return m_store.ModifyRecord(row, item.GetId(), Commit::Later);
 }
 
 // --- Deleting
@@ -262,7 +309,7 @@ bool CPulldownCatalogue::Load() {
     return true;
 }
 
-bool CPulldownCatalogue::LoadLists(std::initializer_list<int> lists) {
+bool CPulldownCatalogue::LoadLists(const QList<int>& lists) {
     Forget();
     const QString table = m_store.TableName(RecordKind::PulldownItem);
     for (const int list : lists)

@@ -12,8 +12,10 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
-#include <initializer_list>
 #include <map>
+#include <memory>
+#include <optional>
+#include <vector>
 
 class CPrompt;
 struct Settings;
@@ -21,9 +23,16 @@ struct Settings;
 /// Whether a text may become an item of a list. The numbers are fixed.
 enum class NewItem : int { Refused = 5, Acceptable = 6 };
 
+/// A text for one of the lists.
+struct ListText {
+    int list;
+    QString text;
+};
+
 /// All pick lists with their items, the dependencies between items, and the user's names of fields, in
-/// memory; every change is written to the store at once. What goes wrong is told to the user. Pointers to
-/// items stay good until the next load, those to deleted ones as well.
+/// memory; every change is written to the store at once, and memory follows when it is durable: false means
+/// that neither has changed. What goes wrong is told to the user. Pointers to items stay good until the next
+/// load, those to deleted ones as well.
 class CPulldownCatalogue {
  public:
     /// Items in the order of loading and adding.
@@ -45,7 +54,7 @@ class CPulldownCatalogue {
     bool Load();
     /// For a program that needs no more than a few lists (the console): only the items of these. Trees and
     /// names stay empty. Deleting an item loads everything, as it may stand in a tree.
-    bool LoadLists(std::initializer_list<int> lists);
+    bool LoadLists(const QList<int>& lists);
     /// Reads one set of dependencies; a store that has it in the old form only is converted. A set that is
     /// damaged is asked about; it is empty then, and what is stored stays until the user agrees to start
     /// over. True after either answer; false when the store can't be read, or the items aren't all loaded.
@@ -79,11 +88,25 @@ class CPulldownCatalogue {
     [[nodiscard]] NewItem CheckNewItem(int list, const QString& text) const;
 
     /// ask: the user agrees first where confirmAddListItem is on.
-    bool AddItem(int list, const QString& text, bool ask);
-    bool RenameItem(int list, const QString& oldText, const QString& newText);
+    [[nodiscard]] bool AddItem(int list, const QString& text, bool ask);
+    [[nodiscard]] bool RenameItem(int list, const QString& oldText, const QString& newText);
     /// The item goes from its list and from both trees, with all that stood below it there.
-    bool DeleteItem(int list, const QString& text);
-    bool DeleteAllItems(int list);
+    [[nodiscard]] bool DeleteItem(int list, const QString& text);
+    [[nodiscard]] bool DeleteAllItems(int list);
+
+    // Items that are stored together with something else, in its transaction: memory follows by the second
+    // call, when that is durable.
+
+    /// Items that stand in the open transaction.
+    using NewItems = std::vector<std::unique_ptr<CPRecord>>;
+    /// Texts that their list refuses, one that it holds already for example, are passed over. Loads the lists
+    /// that are concerned where not everything is loaded. Nothing when one can't be written.
+    [[nodiscard]] std::optional<NewItems> PutItems(const std::vector<ListText>& texts);
+    void TakeUp(NewItems items);
+    /// False when there is no such item, or it can't take the new text.
+    [[nodiscard]] bool PutRenamed(int list, const QString& oldText, const QString& newText);
+    void TakeUpRenamed(int list, const QString& oldText, const QString& newText);
+
     /// Gives fields names, each the only item of its list then; an empty one takes the former away. All as
     /// one change: with a failure, of which the user is told, all names are as they were.
     [[nodiscard]] bool SetNames(const std::map<int, QString>& names);
@@ -114,6 +137,8 @@ class CPulldownCatalogue {
     void AskAboutDamage(DependencySet set);
 
     [[nodiscard]] bool Agreed(const QString& text) const;
+    [[nodiscard]] std::unique_ptr<CPRecord> PutItem(int list, const QString& text);
+    [[nodiscard]] CPRecord* FindShown(int list, const QString& text) const;
     [[nodiscard]] bool StoreValue(const CPRecord& item, const CPRecord& value);
     [[nodiscard]] bool TreesAreKnown();
     [[nodiscard]] bool StoreNames(const std::map<int, QString>& names,

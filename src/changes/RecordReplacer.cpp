@@ -15,23 +15,26 @@ QString& RecordReplacer::Field::Of(CVORec& record) const {
 
 RecordReplacer::RecordReplacer(CVelmarchDoc& document) : m_document(document), m_store(document.Store()) {}
 
-Outcome RecordReplacer::Replace(const ListRow& row, const QString& oldText, const QString& newText) {
+Outcome RecordReplacer::Replace(const ListRow& row, const QString& oldText, const QString& newText,
+                                const std::function<bool()>& alongside) {
     std::vector<Batch> batches = Batches(row);
-    if (batches.empty()) return Outcome::Nothing();
     const qsizetype othersPending = m_document.PendingCount();
-    Outcome outcome = ReplaceAll(batches, oldText, newText);
+    Outcome outcome = ReplaceAll(batches, oldText, newText, alongside);
     static_cast<void>(m_document.TakePending(othersPending));  // each batch has its own notice
-    if (outcome.failure == Outcome::Failure::Opening) return outcome;
+    // Before the views were told that something is about to change.
+    if (outcome.failure == Outcome::Failure::Opening || outcome.failure == Outcome::Failure::Item)
+        return outcome;
     Announce(batches, outcome.commit == CommitEnd::Durable, oldText);
     return outcome;
 }
 
 /// The search belongs to the change: no other program alters a record in between.
 Outcome RecordReplacer::ReplaceAll(std::vector<Batch>& batches, const QString& oldText,
-                                   const QString& newText) {
+                                   const QString& newText, const std::function<bool()>& alongside) {
     const CVelmarchDoc::ChangeScope changing(m_document);
     StoreTransaction change(m_store);
     if (!change.IsOpen() || !FindHolders(batches, oldText)) return Outcome::Failed(Outcome::Failure::Opening);
+    if (alongside && !alongside()) return Outcome::Failed(Outcome::Failure::Item);
     for (const Batch& batch : batches)
         if (batch.isShown && !batch.ids.isEmpty()) m_document.NotifyViews(Hint::AboutToChange, batch.ids);
     Outcome outcome = ChangeAll(batches, newText);

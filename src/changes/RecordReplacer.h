@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -19,7 +20,9 @@ class RecordReplacer {
     explicit RecordReplacer(CVelmarchDoc& document);
 
     /// The outcome has the records that took the new text.
-    [[nodiscard]] Outcome Replace(const ListRow& row, const QString& oldText, const QString& newText);
+    /// alongside: writes what else belongs to the change into its transaction; false, told, undoes all of it.
+    [[nodiscard]] Outcome Replace(const ListRow& row, const QString& oldText, const QString& newText,
+                                  const std::function<bool()>& alongside = {});
 
  private:
     /// The field that changes.
@@ -39,7 +42,7 @@ class RecordReplacer {
     [[nodiscard]] std::vector<Batch> Batches(const ListRow& row) const;
     [[nodiscard]] std::optional<QStringList> Holders(const Field& field, const QString& text);
     [[nodiscard]] Outcome ReplaceAll(std::vector<Batch>& batches, const QString& oldText,
-                                     const QString& newText);
+                                     const QString& newText, const std::function<bool()>& alongside);
     [[nodiscard]] bool FindHolders(std::vector<Batch>& batches, const QString& oldText);
     [[nodiscard]] Outcome ChangeAll(std::vector<Batch>& batches, const QString& newText);
     [[nodiscard]] bool Change(Batch& batch, const QString& newText);

@@ -1,6 +1,7 @@
 #include "changes/CProgress.h"
 #include "changes/CRecordChanges.h"
 #include "changes/CTimersOfRecords.h"
+#include "entry/CEnteredItems.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
@@ -33,16 +34,24 @@ class NoTimers final : public CTimersOfRecords {
     [[nodiscard]] bool Drop(const QStringList&) override { return true; }
 };
 
-Outcome ReplaceIn(TestHome& home, int list, const QString& oldText, const QString& newText) {
+/// Whether the item of the list is renamed with the records.
+enum class With { RecordsOnly, Item };
+
+Outcome ReplaceIn(TestHome& home, int list, const QString& oldText, const QString& newText,
+                  With with = With::RecordsOnly) {
     NoTimers timers;
     CNoProgress progress;
+    CEnteredItems entered;
     CRecordChanges changes({.document = *home.document,
                             .timers = timers,
+                            .catalogue = *home.catalogue,
+                            .entered = entered,
                             .settings = *home.settings,
                             .prompt = home.prompt,
                             .progress = progress,
                             .partial = CRecordChanges::Partial::Undone});
-    return changes.ReplaceInRecords(list, oldText, newText);
+    return with == With::Item ? changes.RenameInRecords(list, oldText, newText)
+                              : changes.ReplaceInRecords(list, oldText, newText);
 }
 
 }  // namespace
@@ -308,6 +317,48 @@ class TestRecordReplacer : public QObject {
         QCOMPARE(document->PendingCount(), qsizetype{0});
         Run(u"DROP TRIGGER refuse"_s);
         QCOMPARE(Replace(16, u"old"_s, u"new"_s), qsizetype{5});
+    }
+
+    /// Item and records are one change, so that the same rename can be made again.
+    void ItemAndRecordsAreOneChange_data() {
+        QTest::addColumn<QString>("trigger");
+        QTest::addColumn<QList<Text>>("messages");
+        QTest::newRow("the item can't be written") << u"BEFORE UPDATE ON pulldown_velmarch"_s
+                                                   << QList<Text>{Text::ModifyFailed, Text::ItemNotRenamed};
+        QTest::newRow("a record can't be written")
+            << u"BEFORE UPDATE ON time_velmarch"_s << QList<Text>{Text::ModifyFailed};
+    }
+    void ItemAndRecordsAreOneChange() {
+        QFETCH(QString, trigger);
+        QFETCH(QList<Text>, messages);
+        const CPulldownCatalogue& catalogue = *home->catalogue;
+        QVERIFY(home->catalogue->AddItem(16, u"old"_s, false));
+        const QString id = AddTime(u"old"_s);
+        trigger.replace(u"pulldown_velmarch"_s, home->store->TableName(RecordKind::PulldownItem));
+        Run(u"CREATE TRIGGER refuse %1 BEGIN SELECT RAISE(ABORT,'no'); END"_s.arg(trigger));
+        for (const Text message : messages) home->prompt.ExpectTold(message);
+        QVERIFY(!ReplaceIn(*home, 16, u"old"_s, u"new"_s, With::Item));
+        home->prompt.Finish();
+        QCOMPARE(StoredTime(id), u"old"_s);
+        QCOMPARE(Loaded(id), u"old"_s);
+        QCOMPARE(catalogue.Texts(16), QStringList{u"old"_s});
+        QVERIFY(home->catalogue->Load());
+        QCOMPARE(catalogue.Texts(16), QStringList{u"old"_s});
+        Run(u"DROP TRIGGER refuse"_s);
+        const Outcome renamed = ReplaceIn(*home, 16, u"old"_s, u"new"_s, With::Item);
+        QCOMPARE(renamed.ids, QStringList{id});
+        QCOMPARE(StoredTime(id), u"new"_s);
+        QCOMPARE(catalogue.Texts(16), QStringList{u"new"_s});
+        QVERIFY(home->catalogue->Load());
+        QCOMPARE(catalogue.Texts(16), QStringList{u"new"_s});
+    }
+
+    void AnItemWithoutRecords() {
+        QVERIFY(home->catalogue->AddItem(16, u"old"_s, false));
+        const Outcome renamed = ReplaceIn(*home, 16, u"old"_s, u"new"_s, With::Item);
+        QVERIFY(renamed && renamed.ids.isEmpty());
+        QVERIFY(home->catalogue->Load());
+        QCOMPARE(home->catalogue->Texts(16), QStringList{u"new"_s});
     }
 
     void FailureKeepsWhatWasOpenBefore() {

@@ -55,14 +55,20 @@ bool AsLoadedNow(RecordContext& context, const std::function<bool()>& change) {
     return hold.IsOpen() && context.catalogue.Load() && change() && hold.Commit() == CommitEnd::Durable;
 }
 
-/// The catalogue goes on as if an item were written whose commit failed. The store has said so, and its
-/// manager holds the reason: it had none before, or the command would have ended there.
-bool IsWritten(bool isDone, const RecordContext& context) {
-    return isDone && context.document.Store().Manager().m_errorCode == 0;
-}
-
 ExitCode NoSuchItem(const QString& text, Console& console) {
     return Refuse(ExitCode::NotFound, FormatText<Text::CliNoSuchItem>(text), console);
+}
+
+/// What a rename changes. Where the list has the new text already, its items stay as they are, and only
+/// records take it.
+enum class Renaming { Item, ItemAndRecords, RecordsOnly };
+
+Outcome Rename(Renaming renaming, int list, const QString& former, const QString& text,
+               RecordContext& context) {
+    if (renaming == Renaming::RecordsOnly) return context.changes.ReplaceInRecords(list, former, text);
+    if (renaming == Renaming::ItemAndRecords) return context.changes.RenameInRecords(list, former, text);
+    return context.catalogue.RenameItem(list, former, text) ? Outcome::Nothing()
+                                                            : Outcome::Failed(Outcome::Failure::Item);
 }
 
 }  // namespace
@@ -115,14 +121,12 @@ ExitCode AddItem(const CArguments& arguments, Console& console, RecordContext& c
         context.catalogue.CheckNewItem(list.row->list, text) == NewItem::Refused)
         return Refuse(ExitCode::Failed, FormatText<Text::CliItemRefused>(text), console);
     // Without a question, whatever confirmAddListItem says: the user has just typed it.
-    if (!IsWritten(context.catalogue.AddItem(list.row->list, text, false), context)) return ExitCode::Failed;
+    if (!context.catalogue.AddItem(list.row->list, text, false)) return ExitCode::Failed;
     AnnounceLists(console, context);
     PrintDone(console.out, "added", 1);
     return ExitCode::Done;
 }
 
-/// The records come first: after a program was killed in between, the same command finishes the job. Where
-/// the list has the new text already, its items stay as they are, and only records take it.
 ExitCode RenameItem(const CArguments& arguments, Console& console, RecordContext& context) {
     const QString former = arguments.Words()[1], text = arguments.Words()[2];
     if (const QString words = CheckLength(text); !words.isEmpty())
@@ -139,13 +143,13 @@ ExitCode RenameItem(const CArguments& arguments, Console& console, RecordContext
     if (!isMerge && (!IsReadable(*opened.row, text, context.settings.Region()) ||
                      context.catalogue.CheckNewItem(list, text) == NewItem::Refused))
         return Refuse(ExitCode::Failed, FormatText<Text::CliRenameRefused>(text), console);
-    const Outcome replaced =
-        isInRecords ? context.changes.ReplaceInRecords(list, former, text) : Outcome::Nothing();
-    if (!replaced) return ExitCode::Failed;
-    if (!isMerge && !IsWritten(context.catalogue.RenameItem(list, former, text), context))
-        return ExitCode::Failed;
+    const Renaming renaming = isMerge       ? Renaming::RecordsOnly
+                              : isInRecords ? Renaming::ItemAndRecords
+                                            : Renaming::Item;
+    const Outcome renamed = Rename(renaming, list, former, text, context);
+    if (!renamed) return ExitCode::Failed;
     AnnounceLists(console, context);
-    PrintCount(console.out, "changed", Text::CliChanged, replaced.ids.size());
+    PrintCount(console.out, "changed", Text::CliChanged, renamed.ids.size());
     return ExitCode::Done;
 }
 
