@@ -1,16 +1,19 @@
 #include "changes/CRecordChanges.h"
 
+#include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchDoc.h"
 #include "app/ListTable.h"
 #include "changes/CProgress.h"
 #include "changes/CTimersOfRecords.h"
 #include "changes/RecordReplacer.h"
 #include "config/Settings.h"
+#include "entry/CEnteredItems.h"
 #include "entry/RecordMarks.h"
 #include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
 
 #include <memory>
+#include <utility>
 
 bool CRecordChanges::Confirmed(Text question, Text title, qsizetype records) const {
     return m_context.prompt.Ask(
@@ -26,37 +29,46 @@ bool CRecordChanges::Confirmed(Text question, Text title, qsizetype records) con
 // --- One record
 
 Outcome CRecordChanges::Add(const CVORec& record, Identity identity) {
-    QString id;
-    const bool isMade = m_context.document.AddRecord(record, {Notify::Yes, Commit::Now, identity}, &id);
-    return AfterSingle(isMade, id);
+    return ChangeWithItems([&] {
+        QString id;
+        if (!m_context.document.AddRecord(record, {Notify::Yes, Commit::Now, identity}, &id))
+            return Outcome::Failed(Outcome::Failure::Record);
+        return Outcome::Done({id});
+    });
 }
 
 Outcome CRecordChanges::Edit(const CVORec& record, const QString& id) {
     // The record that has the identity goes. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const QString formerId = id;
-    const bool isMade = m_context.document.ModifyRecord(record, formerId, {Notify::Yes, Commit::Now});
-    Outcome outcome = AfterSingle(isMade, record.GetId());
-    if (!isMade) outcome.failedId = formerId;
+    Outcome outcome = ChangeWithItems([&] {
+        return m_context.document.ModifyRecord(record, formerId, {Notify::Yes, Commit::Now})
+                   ? Outcome::Done({record.GetId()})
+                   : Outcome::Failed(Outcome::Failure::Record);
+    });
+    if (outcome) return outcome;
+    outcome.failedId = formerId;
+    ShowStored(record.Kind(), formerId);
     return outcome;
 }
 
-/// A store that took the record in and could not commit it has told so, and the record stands in the open
-/// state.
-Outcome CRecordChanges::AfterSingle(bool isMade, const QString& id) {
-    if (!isMade) return Outcome::Failed(Outcome::Failure::Record);
-    CRecordStore& store = m_context.document.Store();
-    if (store.m_lastError == 0)
-        return {Outcome::End::Done, Outcome::Failure::None, CommitEnd::Durable, {id}, {}};
-    Outcome outcome = Outcome::Failed(Outcome::Failure::Commit);
-    if (m_context.partial == Partial::Kept && store.Manager().HasOpenChanges()) {
-        outcome.commit = CommitEnd::Due;
-        outcome.ids = {id};
-        return outcome;
-    }
-    store.Manager().Discard();
-    m_context.document.NoteEnd(CommitEnd::Undone);
-    m_context.document.ReadAnew();
+/// A change of a record that commits by itself, in one transaction with the texts for the pick lists.
+Outcome CRecordChanges::ChangeWithItems(const std::function<Outcome()>& change) {
+    const std::vector<ListText> texts = m_context.entered.Take();
+    if (texts.empty()) return change();
+    const StoreTransaction transaction(m_context.document.Store());
+    if (!transaction.IsOpen()) return Outcome::Failed(Outcome::Failure::Opening);
+    auto items = m_context.catalogue.PutItems(texts);
+    if (!items) return Outcome::Failed(Outcome::Failure::Item);
+    Outcome outcome = change();
+    if (!outcome) return outcome;
+    outcome.hasNewItems = !items->empty();
+    m_context.catalogue.TakeUp(std::move(*items));
     return outcome;
+}
+
+/// What could not be stored is shown all the same; a store that can't be read now has told so.
+void CRecordChanges::ShowStored(RecordKind kind, const QString& id) {
+    if (m_context.document.IsVisible(id)) static_cast<void>(m_context.document.RefreshRecords(kind, {id}));
 }
 
 // --- Several records
@@ -73,11 +85,9 @@ Outcome CRecordChanges::Delete(RecordKind kind, const QStringList& ids, Ask ask)
              .hint = Hint::Deleted,
              .prepare = [&] { document.NotifyViews(Hint::AboutToGo, ids); },
              .step = [&](const QString& id) { return document.DeleteRecord(kind, id, Notify::Later); }});
-    if (outcome.commit == CommitEnd::Durable && !m_context.timers.Drop(m_context.timers.Timed(outcome.ids)) &&
-        outcome) {
-        outcome.end = Outcome::End::Failed;
-        outcome.failure = Outcome::Failure::Timers;
-    }
+    // Where they can't be saved without them, timers of records that are gone go with the next fold.
+    if (outcome.commit == CommitEnd::Durable)
+        static_cast<void>(m_context.timers.Drop(m_context.timers.Timed(outcome.ids)));
     // What stayed, because one failed or the user cancelled, was taken out of the views before, and one that
     // failed out of what the document shows, too.
     if (outcome.commit != CommitEnd::Undone && outcome.ids.size() < ids.size()) {
@@ -113,9 +123,8 @@ Outcome CRecordChanges::SetMark(RecordKind kind, RecordMark mark, const QStringL
                            .hint = Hint::Changed,
                            .prepare = {},
                            .step = [&](const QString& id) { return MarkOne(kind, mark, id); }});
-    // The one that could not be stored bears the mark in the views; a store that can't be read has told so.
-    if (outcome.commit != CommitEnd::Undone && m_context.document.IsVisible(outcome.failedId))
-        static_cast<void>(m_context.document.RefreshRecords(kind, {outcome.failedId}));
+    // The one that could not be stored bears the mark in the views.
+    if (outcome.commit != CommitEnd::Undone) ShowStored(kind, outcome.failedId);
     return outcome;
 }
 
@@ -133,6 +142,17 @@ Outcome CRecordChanges::ReplaceInRecords(int list, const QString& oldText, const
     const ListRow* row = FindRecordList(list);
     if (!row || oldText.isEmpty() || newText.isEmpty() || oldText == newText) return Outcome::Nothing();
     return RecordReplacer(m_context.document).Replace(*row, oldText, newText);
+}
+
+Outcome CRecordChanges::RenameInRecords(int list, const QString& oldText, const QString& newText) {
+    const ListRow* row = FindRecordList(list);
+    if (!row || oldText.isEmpty() || newText.isEmpty()) return Outcome::Failed(Outcome::Failure::Item);
+    CPulldownCatalogue& catalogue = m_context.catalogue;
+    const Outcome outcome = RecordReplacer(m_context.document).Replace(*row, oldText, newText, [&] {
+        return catalogue.PutRenamed(list, oldText, newText);
+    });
+    if (outcome) catalogue.TakeUpRenamed(list, oldText, newText);
+    return outcome;
 }
 
 // --- How several records change
@@ -156,7 +176,7 @@ Outcome CRecordChanges::Run(const Batch& batch) {
 /// transaction around all of them: 5,000 deletes are one wait for the disk, not 5,000.
 Outcome CRecordChanges::RunInTransaction(const Batch& batch) {
     const CVelmarchDoc::ChangeScope changing(m_context.document);
-    StoreTransaction transaction(m_context.document.Store(), OnCommitFailure());
+    StoreTransaction transaction(m_context.document.Store());
     if (!transaction.IsOpen()) return Outcome::Failed(Outcome::Failure::Opening);
     m_context.progress.Begin(batch.progress, static_cast<int>(batch.ids.size()));
     if (batch.prepare) batch.prepare();
@@ -190,9 +210,4 @@ void CRecordChanges::Commit(StoreTransaction& transaction, Outcome& outcome) {
     if (outcome.commit == CommitEnd::Durable) return;
     outcome.end = Outcome::End::Failed;
     outcome.failure = Outcome::Failure::Commit;
-}
-
-StoreTransaction::OnFailure CRecordChanges::OnCommitFailure() const {
-    return m_context.partial == Partial::Kept ? StoreTransaction::OnFailure::Hold
-                                              : StoreTransaction::OnFailure::Undo;
 }

@@ -6,8 +6,10 @@
 #include <QStringList>
 #include <functional>
 
+class CEnteredItems;
 class CProgress;
 class CPrompt;
+class CPulldownCatalogue;
 class CTimersOfRecords;
 class CVelmarchDoc;
 class CVORec;
@@ -23,23 +25,29 @@ enum class Ask { BySetting, No };
 
 /// The one way in which records change: added, edited, deleted, copied, marked, and given the new text of a
 /// list item. Each of these is one transaction; the records are durable before their timers go and before the
-/// views are told. A change of several records stops at the first failure, or when the user cancels.
+/// views are told. A change of several records stops at the first failure, or when the user cancels. A commit
+/// that fails leaves nothing: memory shows what is stored, and the user was told.
 class CRecordChanges {
  public:
     /// What becomes of the records before the one that failed.
     enum class Partial {
-        Kept,   ///< they are changed, the others aren't; a commit that fails leaves them to the next one
+        Kept,   ///< they are changed, the others aren't
         Undone  ///< all or nothing
     };
     struct Context {
         CVelmarchDoc& document;
         CTimersOfRecords& timers;
+        CPulldownCatalogue& catalogue;
+        CEnteredItems& entered;  ///< stored with the next record that is added or edited
         const Settings& settings;
         CPrompt& prompt;
         CProgress& progress;
         Partial partial;
     };
     explicit CRecordChanges(const Context& context) : m_context(context) {}
+
+    // The texts that were entered with the record go into the pick lists together with it, as far as the
+    // lists take them.
 
     [[nodiscard]] Outcome Add(const CVORec& record, Identity identity);
     /// id: the identity that the record is stored under.
@@ -54,6 +62,8 @@ class CRecordChanges {
     /// Carries the new text of a list item into the times and expenses that hold the old one: all of them or
     /// none.
     [[nodiscard]] Outcome ReplaceInRecords(int list, const QString& oldText, const QString& newText);
+    /// The same with the item itself, which must be loaded: item and records, or neither.
+    [[nodiscard]] Outcome RenameInRecords(int list, const QString& oldText, const QString& newText);
 
  private:
     /// A change of several records, one after the other.
@@ -72,9 +82,9 @@ class CRecordChanges {
     [[nodiscard]] Outcome Run(const Batch& batch);
     [[nodiscard]] Outcome RunInTransaction(const Batch& batch);
     void Walk(const Batch& batch, Outcome& outcome);
-    void Commit(StoreTransaction& transaction, Outcome& outcome);
-    [[nodiscard]] Outcome AfterSingle(bool isMade, const QString& id);
-    [[nodiscard]] StoreTransaction::OnFailure OnCommitFailure() const;
+    static void Commit(StoreTransaction& transaction, Outcome& outcome);
+    void ShowStored(RecordKind kind, const QString& id);
+    [[nodiscard]] Outcome ChangeWithItems(const std::function<Outcome()>& change);
 
     Context m_context;
 };

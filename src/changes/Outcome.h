@@ -19,25 +19,27 @@ struct [[nodiscard]] Outcome {
         None,
         Opening,  ///< the store can't be changed now
         Record,   ///< one of the records, failedId
-        Commit,
-        Timers  ///< the records went, and their timers could not be saved without them
+        Item,     ///< of a pick list, which belongs to the change
+        Commit
     };
 
     End end = End::Failed;
     Failure failure = Failure::None;
-    CommitEnd commit = CommitEnd::Undone;  ///< what became of the changes in ids
+    CommitEnd commit = CommitEnd::Undone;  ///< what became of the changes
     QStringList
         ids;  ///< the records that were added, changed or deleted, in this order; none where they were undone
-    QString failedId;  ///< empty: no single record is to blame
+    QString failedId;          ///< empty: no single record is to blame
+    bool hasNewItems = false;  ///< a pick list got an item with the record
 
     explicit operator bool() const { return end == End::Done; }
 
     /// There was nothing to do.
-    [[nodiscard]] static Outcome Nothing() { return {End::Done, Failure::None, CommitEnd::Durable, {}, {}}; }
-    [[nodiscard]] static Outcome Declined() {
-        return {End::Declined, Failure::None, CommitEnd::Undone, {}, {}};
+    [[nodiscard]] static Outcome Nothing() { return Done({}); }
+    [[nodiscard]] static Outcome Done(const QStringList& ids) {
+        return {.end = End::Done, .commit = CommitEnd::Durable, .ids = ids, .failedId = {}};
     }
+    [[nodiscard]] static Outcome Declined() { return {.end = End::Declined, .ids = {}, .failedId = {}}; }
     [[nodiscard]] static Outcome Failed(Failure failure) {
-        return {End::Failed, failure, CommitEnd::Undone, {}, {}};
+        return {.end = End::Failed, .failure = failure, .ids = {}, .failedId = {}};
     }
 };

@@ -111,18 +111,24 @@ constexpr int kQuick = kTimestamp | kSuccessive;
 template <>
 constexpr int kQuick<CTRecord> = kTimestamp | kSuccessive | kTimer;
 
-/// Without the dialog the record is added as it is; with it, as edited, unless the user cancels. One that
-/// can't be stored comes back to the dialog: what was entered isn't lost.
 template <class Record>
-QuickOutcome Finish(Record& record, int flags, const QuickEntryContext& context) {
+bool OpensDialog(int flags, const QuickEntryContext& context) {
     const bool isQuick = flags & kQuick<Record>;
-    const bool isAsked = context.edit && (!isQuick || context.settings.dialogOnQuickEntry);
-    QuickOutcome outcome{.succeeded = true, .addedId = {}};
-    do {
-        if (isAsked && !context.edit(record)) break;
-        outcome.succeeded = context.document.AddRecord(record, {Notify::Yes, Commit::Now}, &outcome.addedId);
-    } while (isAsked && !outcome.succeeded);
-    return outcome;
+    return context.edit && (!isQuick || context.settings.dialogOnQuickEntry);
+}
+
+QuickOutcome Added(const CVORec& record) {
+    return {.succeeded = true, .addedId = record.GetId()};
+}
+
+/// Adds the record as edited, unless the user cancels. One that can't be stored comes back to the dialog.
+QuickOutcome FinishInDialog(CVORec& record, const QuickEntryContext& context) {
+    bool isRefused = false;
+    while (context.edit(record)) {
+        if (context.add(record)) return Added(record);
+        isRefused = true;
+    }
+    return {.succeeded = !isRefused, .addedId = {}};
 }
 
 /// The steps up to the identity; false when the command ends there, with its outcome set.
@@ -135,14 +141,34 @@ bool Begin(Record& record, int flags, const QuickEntryContext& context, QuickOut
     return true;
 }
 
+/// False, and no timer, when another one could not be paused or stopped before.
+bool StartTimer(const QString& id, const QuickEntryContext& context) {
+    return context.timers.RunNewTimerAction() && context.timers.StartFromZero(id);
+}
+
 /// The timer goes with a record that isn't added. The dialog may have started one as well.
-QuickOutcome FinishTimed(CTRecord& record, int flags, const QuickEntryContext& context) {
+QuickOutcome FinishTimed(CTRecord& record, const QuickEntryContext& context) {
     const QString id = record.GetId();
-    QuickOutcome outcome = Finish(record, flags, context);
+    QuickOutcome outcome = FinishInDialog(record, context);
     if (outcome.addedId.isEmpty())
         static_cast<void>(context.timers.Drop(id));  // it was never saved
     else
-        context.timers.Keep(id);
+        outcome.lacksTimer = !context.timers.Keep(id);
+    return outcome;
+}
+
+/// A timer that can't be started leaves the dialog without one.
+QuickOutcome TimedInDialog(CTRecord& record, int flags, const QuickEntryContext& context) {
+    const bool isStarted = !(flags & kTimer) || StartTimer(record.GetId(), context);
+    QuickOutcome outcome = FinishTimed(record, context);
+    const bool lacksIt = !isStarted && !context.timers.HasTimer(record.GetId());
+    outcome.lacksTimer = !outcome.addedId.isEmpty() && (outcome.lacksTimer || lacksIt);
+    return outcome;
+}
+
+QuickOutcome AddedWithTimer(const CTRecord& record, int flags, const QuickEntryContext& context) {
+    QuickOutcome outcome = Added(record);
+    outcome.lacksTimer = (flags & kTimer) && !StartTimer(record.GetId(), context);
     return outcome;
 }
 
@@ -152,21 +178,24 @@ QuickOutcome NewTimeRecord(int flags, const QuickEntryContext& context) {
     CTRecord record;
     QuickOutcome outcome;
     if (!Begin(record, flags, context, outcome)) return outcome;
-    const QString id = record.GetId();
-    if (flags & kTimer) {
-        context.timers.RunNewTimerAction();
-        context.timers.StartFromZero(id);
+    if (!OpensDialog<CTRecord>(flags, context)) {
+        if (context.add(record)) return AddedWithTimer(record, flags, context);
+        if (!context.edit) return {.addedId = {}};
     }
-    return FinishTimed(record, flags, context);
+    return TimedInDialog(record, flags, context);
 }
 
 QuickOutcome TakeUpTimeRecord(CTRecord& record, const QuickEntryContext& context) {
-    return FinishTimed(record, kBlank, context);
+    return FinishTimed(record, context);
 }
 
 QuickOutcome NewExpenseRecord(int flags, const QuickEntryContext& context) {
     CERecord record;
     QuickOutcome outcome;
     if (!Begin(record, flags, context, outcome)) return outcome;
-    return Finish(record, flags, context);
+    if (!OpensDialog<CERecord>(flags, context)) {
+        if (context.add(record)) return Added(record);
+        if (!context.edit) return {.addedId = {}};
+    }
+    return FinishInDialog(record, context);
 }

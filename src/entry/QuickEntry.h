@@ -32,6 +32,8 @@ struct QuickEntryContext {
     CTimerService& timers;
     const Settings& settings;
     const CClock& clock;
+    /// Stores the record with the identity that it has; false when it could not be, which the user was told.
+    std::function<bool(const CVORec& record)> add;
     QStringList selectedIds;  ///< of the record list; a copy and a successive entry need exactly one
     /// Lets the user edit the record; true when accepted. Empty: there is no dialog, the record is added at
     /// once.
@@ -47,13 +49,17 @@ struct QuickEntryContext {
 
 /// How a quick command ended.
 struct QuickOutcome {
-    bool succeeded = false;
-    QString addedId;  ///< empty when the user cancelled or it failed
+    bool succeeded = false;   ///< the record is stored, or the user has cancelled
+    QString addedId;          ///< empty when the user cancelled or the record could not be stored
+    bool lacksTimer = false;  ///< the record is stored, its timer could not be started or saved
 };
 
 /// Makes a new time record by flags: base, date and start, identity, timer, then straight into the document
 /// or through the dialog, as the settings say. A cancelled dialog is a success that added nothing; a timer of
 /// the new record goes with it. What happened to other timers stays.
+///
+/// Without the dialog the record comes before the timers: when it can't be stored, nothing happens to them.
+/// In a program that has a dialog it opens then, so that what can't be stored isn't lost.
 [[nodiscard]] QuickOutcome NewTimeRecord(int flags, const QuickEntryContext& context);
 /// Goes on with a new time record whose entry was cut off, with the identity and the timer that it had then,
 /// from the dialog on.

@@ -2,6 +2,7 @@
 
 #include "changes/CProgress.h"
 #include "changes/CTimersOfRecords.h"
+#include "entry/CEnteredItems.h"
 #include "entry/RecordMarks.h"
 #include "lang/LoadText.h"
 #include "platform/sqlite/CSqliteFile.h"
@@ -52,8 +53,11 @@ struct Fixture {
     CRecordTimers timers{set, *home.document, *home.settings};
     Progress progress;
     COwnTimers ownTimers{timers};
+    CEnteredItems entered;
     CRecordChanges changes{{.document = *home.document,
                             .timers = ownTimers,
+                            .catalogue = *home.catalogue,
+                            .entered = entered,
                             .settings = *home.settings,
                             .prompt = home.prompt,
                             .progress = progress,
@@ -444,6 +448,8 @@ class TestCRecordChanges final : public QObject {
         COwnTimers timers(fixture.timers);
         CRecordChanges changes({.document = *console.document,
                                 .timers = timers,
+                                .catalogue = *console.catalogue,
+                                .entered = fixture.entered,
                                 .settings = *console.settings,
                                 .prompt = console.prompt,
                                 .progress = fixture.progress,
@@ -458,7 +464,7 @@ class TestCRecordChanges final : public QObject {
 
     // --- A commit that fails
 
-    /// The records are held and go with the next commit; until then their timers stay.
+    /// The window too gives it up: nothing waits that could undo what others store meanwhile.
     void commitThatFailsIsNoSuccess() {
         Fixture fixture;
         fixture.set.Start(fixture.ids[0], false, 0, 0, 0);
@@ -469,12 +475,12 @@ class TestCRecordChanges final : public QObject {
         QVERIFY(!outcome);
         QCOMPARE(outcome.end, End::Failed);
         QCOMPARE(outcome.failure, Failure::Commit);
-        QCOMPARE(outcome.commit, CommitEnd::Due);
-        QCOMPARE(outcome.ids, QStringList{fixture.ids[0]});
+        QCOMPARE(outcome.commit, CommitEnd::Undone);
         QCOMPARE(fixture.set.StateOf(fixture.ids[0]), TimerState::Running);
+        QCOMPARE(fixture.home.document->VisibleCount(), 3U);
         fixture.MendCommits();
         QVERIFY(fixture.home.store->Commit());
-        QCOMPARE(fixture.Stored(), 2U);
+        QCOMPARE(fixture.Stored(), 3U);
     }
 
     void commitThatFailsIsUndone() {
@@ -495,11 +501,8 @@ class TestCRecordChanges final : public QObject {
 
     void addWhoseCommitFails_data() {
         QTest::addColumn<Partial>("partial");
-        QTest::addColumn<CommitEnd>("commit");
-        QTest::addColumn<int>("ids");
-        QTest::addColumn<int>("storedInTheEnd");
-        QTest::newRow("kept for the next commit") << Partial::Kept << CommitEnd::Due << 1 << 4;
-        QTest::newRow("undone") << Partial::Undone << CommitEnd::Undone << 0 << 3;
+        QTest::newRow("in the window") << Partial::Kept;
+        QTest::newRow("in the console") << Partial::Undone;
     }
     void addWhoseCommitFails() {
         QFETCH(Partial, partial);
@@ -509,15 +512,37 @@ class TestCRecordChanges final : public QObject {
         const Outcome outcome = fixture.changes.Add(CTRecord(), Identity::New);
         fixture.home.prompt.Finish();
         QVERIFY(!outcome);
-        QCOMPARE(outcome.failure, Failure::Commit);
-        QTEST(outcome.commit, "commit");
-        QTEST(static_cast<int>(outcome.ids.size()), "ids");
+        QVERIFY(outcome.ids.isEmpty());
+        QVERIFY(fixture.home.views.seen.isEmpty());
         fixture.MendCommits();
         QVERIFY(fixture.home.store->Commit());
-        QTEST(static_cast<int>(fixture.Stored()), "storedInTheEnd");
+        QCOMPARE(fixture.Stored(), 3U);
     }
 
-    /// Records are gone for good, their timer could not be saved without them: that is told apart.
+    /// The views show what is stored, and what another program stores meanwhile isn't undone later on.
+    void editWhoseCommitFails() {
+        Fixture fixture;
+        const QString& id = fixture.ids[0];
+        CTRecord record;
+        record.Copy(*fixture.home.document->FindTime(id));
+        record.item1 = QStringLiteral("Never stored");
+        fixture.FailCommits("UPDATE");
+        fixture.home.prompt.ExpectTold(Text::ModifyCommitFailed);
+        QCOMPARE(fixture.changes.Edit(record, id).failedId, id);
+        fixture.home.prompt.Finish();
+        const CVORec* shown = fixture.home.document->VisibleAt(fixture.home.document->VisiblePlaceOf(id));
+        QCOMPARE(static_cast<const CTRecord*>(shown)->item1, QString());
+        fixture.MendCommits();
+        const TestHome other(fixture.home.Path());
+        record.item1 = QStringLiteral("Another's");
+        QVERIFY(other.document->ModifyRecord(record, id, {Notify::No, Commit::Now, Hold::No}));
+        QVERIFY(fixture.changes.Add(CTRecord(), Identity::New));
+        fixture.LookOnce();
+        QCOMPARE(fixture.Stored(), 4U);
+        QCOMPARE(fixture.home.document->FindTime(id)->item1, QStringLiteral("Another's"));
+    }
+
+    /// Records are gone for good; a timer that can't be taken out now goes with the next fold.
     void timersThatStay() {
         class StuckTimers final : public CTimersOfRecords {
          public:
@@ -527,14 +552,14 @@ class TestCRecordChanges final : public QObject {
         Fixture fixture;
         CRecordChanges changes({.document = *fixture.home.document,
                                 .timers = stuck,
+                                .catalogue = *fixture.home.catalogue,
+                                .entered = fixture.entered,
                                 .settings = *fixture.home.settings,
                                 .prompt = fixture.home.prompt,
                                 .progress = fixture.progress,
                                 .partial = Partial::Kept});
         const Outcome outcome = changes.Delete(Kind(), {fixture.ids[0]}, Ask::No);
-        QVERIFY(!outcome);
-        QCOMPARE(outcome.failure, Failure::Timers);
-        QCOMPARE(outcome.commit, CommitEnd::Durable);
+        QVERIFY(outcome);
         QCOMPARE(outcome.ids, QStringList{fixture.ids[0]});
         QCOMPARE(fixture.Stored(), 2U);
     }

@@ -18,7 +18,7 @@ class Timers final : public CTimerService {
     bool RunNewTimerAction() override { return ++calls > 0; }
     bool StartFromZero(const QString&) override { return ++calls > 0; }
     [[nodiscard]] bool Drop(const QString&) override { return ++calls > 0; }
-    void Keep(const QString&) override { ++calls; }
+    bool Keep(const QString&) override { return ++calls > 0; }
 };
 
 /// A home in expense mode with a user in front of a dialog. The clock stands at 9:05 on 19 November 2026.
@@ -36,8 +36,11 @@ struct Fixture {
 
     Fixture() { home.clock.Set(2026, 11, 19, 9, 5); }
     QuickOutcome Run(int flags) {
-        QuickEntryContext context{*home.document, timers,    *home.settings,   home.clock,  selected,
-                                  nullptr,        QString(), fillFromDefaults, fillFromTree};
+        const auto add = [this](const CVORec& record) {
+            return home.document->AddRecord(record, {Notify::Yes, Commit::Now});
+        };
+        QuickEntryContext context{*home.document, timers,  *home.settings, home.clock,       add,
+                                  selected,       nullptr, QString(),      fillFromDefaults, fillFromTree};
         if (dialog != Dialog::None)
             context.edit = [this](CVORec& record) {
                 ++dialogs;
@@ -283,8 +286,11 @@ void TestExpenseQuickEntry::FailedAdd() {
 /// The kind decides, not the mode: the console makes both kinds in any mode.
 void TestExpenseQuickEntry::KindOfTheRecord() {
     Fixture fixture;
+    const auto add = [&fixture](const CVORec& record) {
+        return fixture.home.document->AddRecord(record, {Notify::Yes, Commit::Now});
+    };
     const QuickEntryContext context{
-        *fixture.home.document, fixture.timers, *fixture.home.settings, fixture.home.clock, {}, {}};
+        *fixture.home.document, fixture.timers, *fixture.home.settings, fixture.home.clock, add, {}, {}};
     const QString time = NewRecordOf(RecordKind::Time, 17, context).addedId;
     const QString expense = NewRecordOf(RecordKind::Expense, 17, context).addedId;
     QVERIFY(fixture.home.document->FindTime(time));

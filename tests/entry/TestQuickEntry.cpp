@@ -31,8 +31,11 @@ struct Fixture {
         home.document->SetTimers(&timers);
     }
     QuickOutcome Run(int flags) {
-        QuickEntryContext context{*home.document, timers,       *home.settings,   home.clock,  selected,
-                                  nullptr,        successiveId, fillFromDefaults, fillFromTree};
+        const auto add = [this](const CVORec& record) {
+            return home.document->AddRecord(record, {Notify::Yes, Commit::Now});
+        };
+        QuickEntryContext context{*home.document, timers,  *home.settings, home.clock,       add,
+                                  selected,       nullptr, successiveId,   fillFromDefaults, fillFromTree};
         if (dialog != Dialog::None)
             context.edit = [this](CVORec& record) {
                 ++dialogs;

@@ -5,13 +5,14 @@
 #include "changes/CRecordChanges.h"
 #include "cli/arguments/CArguments.h"
 #include "cli/arguments/RecordFields.h"
-#include "cli/commands/EnteredItems.h"
 #include "cli/commands/RecordSteps.h"
 #include "cli/home/CSettingsOwner.h"
 #include "cli/home/RecordContext.h"
 #include "cli/output/COutput.h"
 #include "cli/output/RecordOutput.h"
 #include "config/CCfgStore.h"
+#include "entry/CEnteredItems.h"
+#include "entry/NewListItems.h"
 #include "lang/LoadText.h"
 #include "records/StoreTransaction.h"
 
@@ -45,12 +46,13 @@ ExitCode AddRecord(RecordKind kind, const CArguments& arguments, Console& consol
         EnterFields(*record, arguments, {noted, context.settings.Region(), console.clock, nullptr});
     if (fields.problem.exit != ExitCode::Done)
         return Refuse(fields.problem.exit, fields.problem.words, console);
+    fields.addToLists(NewListItems(context.settings, context.entered));
     const Outcome added = context.changes.Add(*record, Identity::New);
     if (!added) return ExitCode::Failed;
     const QString& id = added.ids.first();
     NoteOdometer(noted, console, context);
     for (const QString& note : fields.notes) console.out.Note(note);
-    Announce(kind, {id}, console, context, AddEnteredItems(fields, context));
+    Announce(kind, {id}, console, context, added.hasNewItems);
     PrintRecord(kind, id, console, context);
     return ExitCode::Done;
 }
@@ -68,10 +70,12 @@ ExitCode EditRecord(RecordKind kind, const CArguments& arguments, Console& conso
     if (fields.problem.exit != ExitCode::Done)
         return Refuse(fields.problem.exit, fields.problem.words, console);
     const QString id = record->GetId();
-    if (!context.changes.Edit(*record, id)) return ExitCode::Failed;
+    fields.addToLists(NewListItems(context.settings, context.entered));
+    const Outcome edited = context.changes.Edit(*record, id);
+    if (!edited) return ExitCode::Failed;
     NoteOdometer(noted, console, context);
     for (const QString& note : fields.notes) console.out.Note(note);
-    Announce(kind, {id}, console, context, AddEnteredItems(fields, context));
+    Announce(kind, {id}, console, context, edited.hasNewItems);
     PrintRecord(kind, id, console, context);
     return ExitCode::Done;
 }

@@ -1,4 +1,5 @@
 #include "app/CVelmarchDoc.h"
+#include "changes/CRecordChanges.h"
 #include "cli/arguments/CArguments.h"
 #include "cli/commands/RecordCommands.h"
 #include "cli/commands/RecordSteps.h"
@@ -99,17 +100,27 @@ ExitCode Resolve(QuickRequest& request, Console& console, RecordContext& context
                : LookupFailed(context);
 }
 
-/// Makes the record with the timers at hand; the new identity, empty when it failed.
-QString Make(int flags, const QuickRequest& request, Console& console, RecordContext& context) {
-    QuickEntryContext entry{
-        context.document, context.timers.Timers(), context.settings, console.clock, {}, {}, request.followed};
-    if ((flags & QuickFlag::kCopy) != 0) entry.selectedIds = {request.copied};
-    entry.fillFromDefaults = [&](CVORec& record) {
-        return context.owner.Defaults(theRecordMode).Read(request.stored, record);
-    };
-    const QuickOutcome outcome = NewRecordOf(request.kind, flags, entry);
-    const bool isWritten = context.document.Store().m_lastError == 0;
-    return outcome.succeeded && isWritten ? outcome.addedId : QString();
+/// Makes the record with the timers at hand.
+QuickOutcome Make(int flags, const QuickRequest& request, Console& console, RecordContext& context) {
+    const bool isCopy = (flags & QuickFlag::kCopy) != 0;
+    return NewRecordOf(
+        request.kind, flags,
+        {.document = context.document,
+         .timers = context.timers.Timers(),
+         .settings = context.settings,
+         .clock = console.clock,
+         .add = [&](const CVORec& record) { return bool(context.changes.Add(record, Identity::Own)); },
+         .selectedIds = isCopy ? QStringList{request.copied} : QStringList(),
+         .edit = {},
+         .successiveId = request.followed,
+         .fillFromDefaults =
+             [&](CVORec& record) {
+                 return context.owner.Defaults(theRecordMode).Read(request.stored, record);
+             }});
+}
+
+ExitCode TellWithoutTimer(const QString& id, const QString& why, Console& console) {
+    return Refuse(ExitCode::Failed, FormatText<Text::CliAddedWithoutTimer>(id, why), console);
 }
 
 /// The record is made here, and the window, once it knows the record, starts its timer from zero.
@@ -117,7 +128,7 @@ ExitCode MakeBesideWindow(const QuickRequest& request, Console& console, RecordC
                           QString& id) {
     if (!context.window.Reach())
         return Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsTimers), console);
-    id = Make(request.flags & ~QuickFlag::kTimer, request, console, context);
+    id = Make(request.flags & ~QuickFlag::kTimer, request, console, context).addedId;
     if (id.isEmpty()) return ExitCode::Failed;
     Announce(RecordKind::Time, {id}, console, context);
     const InstanceReply reply =
@@ -128,21 +139,27 @@ ExitCode MakeBesideWindow(const QuickRequest& request, Console& console, RecordC
 
 /// The record is durable before the timer is: a program killed in between leaves a record without its timer.
 ExitCode MakeWithTimer(const QuickRequest& request, Console& console, RecordContext& context, QString& id) {
-    const auto changed = context.timers.ChangeHere([&] {
-        id = Make(request.flags, request, console, context);
-        return !id.isEmpty();
-    });
+    QuickOutcome made;
+    const auto changed = context.timers.ChangeHere(
+        [&] {
+            made = Make(request.flags, request, console, context);
+            return !made.addedId.isEmpty() && !made.lacksTimer;
+        },
+        context.timers.OfNewTimer());
     if (changed == CTimerAccess::Changed::WindowOwns) return MakeBesideWindow(request, console, context, id);
+    id = made.addedId;
     if (changed == CTimerAccess::Changed::Done) return ExitCode::Done;
-    if (id.isEmpty()) return ExitCode::Failed;
-    const QString added = id;
-    return Refuse(ExitCode::Failed,
-                  FormatText<Text::CliAddedWithoutTimer>(added, LoadText(Text::CliTimersNotStored)), console);
+    // Where the timers can't be changed at all the record isn't made either: that was not told.
+    if (id.isEmpty())
+        return context.document.Store().m_lastError != 0
+                   ? ExitCode::Failed
+                   : Refuse(ExitCode::Failed, LoadText(Text::CliTimersNotStored), console);
+    return TellWithoutTimer(id, LoadText(Text::CliTimersNotStored), console);
 }
 
 ExitCode MakeNow(const QuickRequest& request, Console& console, RecordContext& context, QString& id) {
     if ((request.flags & QuickFlag::kTimer) != 0) return MakeWithTimer(request, console, context, id);
-    id = Make(request.flags, request, console, context);
+    id = Make(request.flags, request, console, context).addedId;
     return id.isEmpty() ? ExitCode::Failed : ExitCode::Done;
 }
 

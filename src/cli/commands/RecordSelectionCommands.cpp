@@ -71,7 +71,6 @@ ExitCode DeleteRecords(RecordKind kind, const CArguments& arguments, Console& co
     if (!CanTimersGo(kind, *ids, context))
         return Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsTimers), console);
     const Outcome outcome = context.changes.Delete(kind, *ids, Ask::BySetting);
-    if (outcome.failure == Outcome::Failure::Timers) console.out.Complain(LoadText(Text::CliTimersNotStored));
     Announce(kind, outcome.ids, console, context);
     PrintCount(console.out, "deleted", Text::CliDeleted, outcome.ids.size());
     return EndOf(outcome);

@@ -1,6 +1,7 @@
 #pragma once
 
 class CCfgStore;
+class CEnteredItems;
 class CPulldownCatalogue;
 class CRecordChanges;
 class CSettingsOwner;
@@ -17,4 +18,5 @@ struct RecordContext {
     CPulldownCatalogue& catalogue;  ///< empty until a command loads what it needs
     CSettingsOwner& owner;          ///< where settings are changed
     CRecordChanges& changes;        ///< all of what a command changes, or none
+    CEnteredItems& entered;         ///< texts for the pick lists, stored with the next record
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+class CEnteredItems;
 class CVORec;
 class QWidget;
 
@@ -9,6 +10,8 @@ class CFrameDialogs {
     virtual ~CFrameDialogs() = default;
     /// A record of either kind; true when accepted.
     [[nodiscard]] virtual bool EditRecord(QWidget& parent, CVORec& record) = 0;
+    /// What was entered for the pick lists with the record accepted last.
+    [[nodiscard]] virtual CEnteredItems& Entered() = 0;
     /// True when accepted.
     [[nodiscard]] virtual bool EditSettings(QWidget& parent) = 0;
     /// Fills a record from the stored default that the user chooses; false when none was chosen.

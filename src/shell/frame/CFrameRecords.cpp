@@ -36,6 +36,8 @@ CFrameRecords::CFrameRecords(const FrameContext& context)
       m_timers(context.timers),
       m_changes({.document = context.document,
                  .timers = m_timers,
+                 .catalogue = context.catalogue,
+                 .entered = context.dialogs.Entered(),
                  .settings = context.settings,
                  .prompt = context.prompt,
                  .progress = context.progress,
@@ -47,6 +49,7 @@ void CFrameRecords::QuickEntry(int flags) {
         .timers = m_context.timers,
         .settings = m_context.settings,
         .clock = m_context.clock,
+        .add = [this](const CVORec& record) { return bool(m_changes.Add(record, Identity::Own)); },
         .selectedIds = m_context.view.SelectedIds(),
         .edit = [this](CVORec& record) { return EditInDialog(record); },
         .fillFromDefaults =
@@ -56,6 +59,7 @@ void CFrameRecords::QuickEntry(int flags) {
         .fillFromTree = [this](CVORec& record) { return m_context.tree.FillRecord(record); }};
     const QuickOutcome outcome = NewRecordOf(KindOf(theRecordMode), flags, context);
     if (!outcome.addedId.isEmpty()) m_context.view.SelectIds({outcome.addedId});
+    if (outcome.lacksTimer) TellWithoutTimer(m_context.prompt);
 }
 
 void CFrameRecords::EditSelected() {
@@ -73,7 +77,7 @@ void CFrameRecords::Edit(const QString& id) {
     CVORec* working = record ? WorkingCopyOf(*record) : nullptr;
     if (!working) return;
     while (EditInDialog(*working)) {
-        if (!m_changes.Edit(*working, id).ids.isEmpty()) return;
+        if (m_changes.Edit(*working, id)) return;
         // Memory and store may differ now. The failure has been told; what was entered comes back to the
         // dialog.
         m_context.control.Refresh();
@@ -106,20 +110,25 @@ void CFrameRecords::MarkSelected(int mark) {
 }
 
 void CFrameRecords::ApplyTimers(int action) {
+    TimerOutcome outcome;
     {
         const CVelmarchDoc::ChangeScope changing(m_context.document);
-        ApplyToSelection(m_context.view.SelectedIds(), static_cast<TimerAction>(action), m_context.timers);
+        outcome = ApplyToSelection(m_context.view.SelectedIds(), static_cast<TimerAction>(action),
+                                   m_context.timers);
     }
-    // What can't be stored was told; the views show again what is.
-    if (m_context.document.Store().m_lastError != 0) m_context.control.Refresh();
+    TellIfUnsaved(outcome);
 }
 
 void CFrameRecords::StopTimers() {
     m_context.timers.FoldAndStore();
-    m_context.timers.StopAllTimers();
+    TellIfUnsaved(m_context.timers.StopAllTimers());
 }
 
 void CFrameRecords::PauseTimers() {
     m_context.timers.FoldAndStore();
-    m_context.timers.PauseAllTimers();
+    TellIfUnsaved(m_context.timers.PauseAllTimers());
+}
+
+void CFrameRecords::TellIfUnsaved(const TimerOutcome& outcome) {
+    ::TellIfUnsaved(outcome, m_context.timers.SaveError(), m_context.prompt);
 }

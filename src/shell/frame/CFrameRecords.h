@@ -5,6 +5,7 @@
 
 class CVORec;
 struct FrameContext;
+struct TimerOutcome;
 
 /// The commands that make, change and delete records, those of their timers among them.
 class CFrameRecords {
@@ -28,6 +29,7 @@ class CFrameRecords {
 
  private:
     [[nodiscard]] bool EditInDialog(CVORec& record) const;
+    void TellIfUnsaved(const TimerOutcome& outcome);
 
     const FrameContext& m_context;
     COwnTimers m_timers;

@@ -9,6 +9,10 @@ bool CWindowDialogs::EditRecord(QWidget& parent, CVORec& record) {
     return ::EditRecord(&parent, record, m_context);
 }
 
+CEnteredItems& CWindowDialogs::Entered() {
+    return m_context.entered;
+}
+
 bool CWindowDialogs::EditSettings(QWidget& parent) {
     return RunOptionsDialog(&parent, m_context.settings, m_context.prompt, &m_context.catalogue.Labels());
 }

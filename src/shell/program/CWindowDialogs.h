@@ -9,6 +9,7 @@ class CWindowDialogs final : public CFrameDialogs {
     explicit CWindowDialogs(const RecordDialogContext& context) : m_context(context) {}
 
     [[nodiscard]] bool EditRecord(QWidget& parent, CVORec& record) override;
+    [[nodiscard]] CEnteredItems& Entered() override;
     [[nodiscard]] bool EditSettings(QWidget& parent) override;
     [[nodiscard]] bool ChooseDefault(QWidget& parent, CVORec& record) override;
     void EditDefaults(QWidget& parent, CVORec& working) override;

@@ -1,6 +1,7 @@
 #include "shell/program/CWindowProgram.h"
 
 #include "app/CVelmarchApp.h"
+#include "entry/CEnteredItems.h"
 #include "lang/FormatText.h"
 #include "platform/host/CClock.h"
 #include "platform/host/CInstallLocation.h"
@@ -176,7 +177,14 @@ int CWindowProgram::RunWindow() {
     ActiveTimerSet timerSet(clock);
     CRecordTimers timers(timerSet, app.Document(), app.Settings());
     app.Document().SetTimers(&timers);
-    const RecordDialogContext dialog{app.Document(), timers, app.Settings(), prompt, clock, app.Catalogue()};
+    CEnteredItems entered;
+    const RecordDialogContext dialog{.document = app.Document(),
+                                     .timers = timers,
+                                     .settings = app.Settings(),
+                                     .prompt = prompt,
+                                     .clock = clock,
+                                     .catalogue = app.Catalogue(),
+                                     .entered = entered};
     CProcessLauncher launcher;
     CWindowDialogs dialogs(dialog);
     auto frame = std::make_unique<CMainFrame>(

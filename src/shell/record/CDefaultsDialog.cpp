@@ -1,6 +1,8 @@
 #include "shell/record/CDefaultsDialog.h"
 
 #include "config/CCfgStore.h"
+#include "entry/CCatalogueItems.h"
+#include "entry/CEnteredItems.h"
 #include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
 #include "records/CVORec.h"
@@ -126,9 +128,17 @@ void CDefaultsDialog::BuildEnd(QVBoxLayout& column, CMnemonics& mnemonics) {
     m_edit->setDefault(true);
 }
 
+/// What was entered goes into the pick lists, too, as with a record.
+bool CDefaultsDialog::EditDefault(CVORec& record) {
+    if (!EditRecord(this, record, m_context)) return false;
+    CCatalogueItems lists(m_context.catalogue);
+    m_context.entered.StoreInto(lists);
+    return true;
+}
+
 NamedDefaultsActions CDefaultsDialog::Actions(const QString& title) {
     NamedDefaultsActions::Screen screen{
-        [this](CVORec& record) { return EditRecord(this, record, m_context); },
+        [this](CVORec& record) { return EditDefault(record); },
         [this, title](const QString& opening) {
             return AskText(this, {title, LoadText(Text::DefaultsName), opening});
         },

@@ -27,6 +27,7 @@ class CDefaultsDialog final : public QDialog {
     void done(int result) override;
 
  private:
+    [[nodiscard]] bool EditDefault(CVORec& record);
     [[nodiscard]] NamedDefaultsActions Actions(const QString& title);
     void Build();
     void BuildList(QVBoxLayout& column);

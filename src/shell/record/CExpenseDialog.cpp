@@ -2,7 +2,7 @@
 
 #include "app/ListTable.h"
 #include "config/CCfgStore.h"
-#include "entry/CCatalogueItems.h"
+#include "entry/CEnteredItems.h"
 #include "entry/NewListItems.h"
 #include "fields/FieldId.h"
 #include "lang/LoadText.h"
@@ -108,9 +108,9 @@ bool CExpenseDialog::IsAcceptable() {
 
 void CExpenseDialog::accept() {
     if (!IsAcceptable()) return;
-    CCatalogueItems lists(m_context.catalogue);
+    m_context.entered.Clear();
     m_draft.EnterNotes(m_notes->GetNotes());
-    m_draft.Accept(NewListItems(m_context.settings, lists));
+    m_draft.Accept(NewListItems(m_context.settings, m_context.entered));
     QDialog::accept();
 }
 

@@ -1,7 +1,7 @@
 #include "shell/record/CRecordDialog.h"
 
 #include "config/CCfgStore.h"
-#include "entry/CCatalogueItems.h"
+#include "entry/CEnteredItems.h"
 #include "entry/NewListItems.h"
 #include "fields/FieldId.h"
 #include "lang/LoadText.h"
@@ -159,9 +159,9 @@ void CRecordDialog::accept() {
     if (!IsAcceptable()) return;
     // The last count first, so that the page accepted shows what belongs to it.
     m_timer->Close();
-    CCatalogueItems lists(m_context.catalogue);
+    m_context.entered.Clear();
     m_draft.EnterNotes(m_notes->GetNotes());
-    m_draft.Accept(NewListItems(m_context.settings, lists));
+    m_draft.Accept(NewListItems(m_context.settings, m_context.entered));
     m_persist.stop();
     m_isDecided = true;
     PersistDialogSize(*this, m_context.settings.Profile(), SizeSection());

@@ -1,5 +1,9 @@
 #include "shell/record/OfferDraft.h"
 
+#include "app/CVelmarchDoc.h"
+#include "changes/CProgress.h"
+#include "changes/CRecordChanges.h"
+#include "changes/CTimersOfRecords.h"
 #include "config/CCfgStore.h"
 #include "entry/QuickEntry.h"
 #include "lang/FormatText.h"
@@ -31,13 +35,24 @@ void OfferDraft(QWidget* parent, const RecordDialogContext& context) {
     // start. Taken up and cancelled, it is gone.
     if (!IsWanted(*draft, context.prompt)) return;
     context.timers.AwaitAgain(*draft);
+    COwnTimers timers(context.timers);
+    CNoProgress progress;
+    CRecordChanges changes({.document = context.document,
+                            .timers = timers,
+                            .catalogue = context.catalogue,
+                            .entered = context.entered,
+                            .settings = context.settings,
+                            .prompt = context.prompt,
+                            .progress = progress,
+                            .partial = CRecordChanges::Partial::Kept});
     const QuickEntryContext entry{
         .document = context.document,
         .timers = context.timers,
         .settings = context.settings,
         .clock = context.clock,
+        .add = [&changes](const CVORec& record) { return bool(changes.Add(record, Identity::Own)); },
         .selectedIds = {},
         .edit = [parent, &context](CVORec& record) { return EditRecord(parent, record, context); }};
     // Cancelled is cancelled; a record that can't be stored comes back to the dialog.
-    static_cast<void>(TakeUpTimeRecord(draft->record, entry));
+    if (TakeUpTimeRecord(draft->record, entry).lacksTimer) TellWithoutTimer(context.prompt);
 }

@@ -10,6 +10,7 @@
 class CCfgStore;
 class CClock;
 class CDateEdit;
+class CEnteredItems;
 class CMnemonics;
 class CPickEdit;
 class CPrompt;
@@ -30,6 +31,7 @@ struct RecordDialogContext {
     CPrompt& prompt;
     const CClock& clock;
     CPulldownCatalogue& catalogue;
+    CEnteredItems& entered;  ///< of the dialog that was accepted last: stored with its record
 };
 
 /// Pieces that the dialogs of time records and of expenses have in common.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "entry/CEnteredItems.h"
 #include "records/CTRecord.h"
 #include "shell/frame/CFrameDialogs.h"
 
@@ -13,11 +14,13 @@ class ScriptedDialogs final : public CFrameDialogs {
     bool defaultsAreChosen = true;
     int edited = 0;
     QStringList called;
+    CEnteredItems entered;
 
     bool EditRecord(QWidget&, CVORec& record) override {
         ++edited;
         return edit(record);
     }
+    CEnteredItems& Entered() override { return entered; }
     bool EditSettings(QWidget&) override { return true; }
     bool ChooseDefault(QWidget&, CVORec& record) override {
         called << QStringLiteral("defaults");

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "app/CVelmarchApp.h"
+#include "entry/CCatalogueItems.h"
+#include "entry/CEnteredItems.h"
 #include "shell/record/DialogUser.h"
 #include "shell/record/RecordDialogParts.h"
 #include "support/TestHome.h"
@@ -26,13 +28,19 @@ class DialogHome : public DialogUser {
     DialogHome& operator=(const DialogHome&) = delete;
 
     [[nodiscard]] RecordDialogContext Context() {
-        return {*home.document, timers, *home.settings, home.prompt, home.clock, *home.catalogue};
+        return {*home.document, timers, *home.settings, home.prompt, home.clock, *home.catalogue, entered};
     }
     /// Shows a dialog in front and with the focus.
     void Show(QDialog& opened) {
         Look(opened);
         opened.show();
         QVERIFY(QTest::qWaitForWindowActive(&opened));
+    }
+    /// The items of a list when what was entered in the dialog is stored.
+    [[nodiscard]] QStringList ItemsOf(int list) {
+        CCatalogueItems lists(*home.catalogue);
+        entered.StoreInto(lists);
+        return home.catalogue->Texts(list);
     }
     void AddItems(int list, const QStringList& texts) {
         for (const QString& text : texts) QVERIFY(home.catalogue->AddItem(list, text, false));
@@ -56,6 +64,7 @@ class DialogHome : public DialogUser {
     TestHome home;
     ActiveTimerSet set{home.clock};
     CRecordTimers timers;
+    CEnteredItems entered;
     CTRecord clockEntry, spanEntry;  ///< the scratch records of the pads
 
  private:

@@ -243,12 +243,12 @@ class TestCExpenseDialog : public QObject {
             t.TurnTo(page);
             t.Enter(qPrintable(field), typed);
             t.dialog->accept();
-            QCOMPARE(t.home.catalogue->Texts(list), isOn ? QStringList{kept} : QStringList());
+            QCOMPARE(t.ItemsOf(list), isOn ? QStringList{kept} : QStringList());
             t.Open();
             t.TurnTo(page);
             t.Enter(qPrintable(field), typed);
             t.dialog->accept();
-            QCOMPARE(t.home.catalogue->Texts(list).size(), isOn ? 1 : 0);
+            QCOMPARE(t.ItemsOf(list).size(), isOn ? 1 : 0);
         }
     }
 
@@ -261,7 +261,7 @@ class TestCExpenseDialog : public QObject {
         t.Enter("rateField", S("0.5"));
         t.dialog->accept();
         QCOMPARE(t.dialog->GetDraft().Record().GetAmountText(), S("5.00"));
-        QCOMPARE(t.home.catalogue->Texts(ListId::kAmount), QStringList());
+        QCOMPARE(t.ItemsOf(ListId::kAmount), QStringList());
     }
 
     void ACodedTextIsNoItem() {
@@ -271,7 +271,7 @@ class TestCExpenseDialog : public QObject {
         t.Enter("item1Field", S("[1] Acme"));
         t.dialog->accept();
         QCOMPARE(t.dialog->GetDraft().Record().item1, S("[1] Acme"));
-        QCOMPARE(t.home.catalogue->Texts(ListId::kClient), QStringList());
+        QCOMPARE(t.ItemsOf(ListId::kClient), QStringList());
     }
 
     void CancelChangesNothing() {

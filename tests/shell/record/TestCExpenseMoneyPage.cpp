@@ -177,7 +177,7 @@ class TestCExpenseMoneyPage : public QObject {
         QVERIFY(!IsMarked(*t.Line("amountField")));
         t.dialog->accept();
         QCOMPARE(t.dialog->GetDraft().Record().amount.value, 1234.5F);
-        QCOMPARE(t.home.catalogue->Texts(ListId::kAmount), QStringList{S("1234.5")});
+        QCOMPARE(t.ItemsOf(ListId::kAmount), QStringList{S("1234.5")});
     }
 
     /// More digits than single precision holds: the user is asked, and may go back.

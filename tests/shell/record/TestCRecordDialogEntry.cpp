@@ -196,13 +196,13 @@ class TestCRecordDialogEntry : public QObject {
             t.TurnTo(1);
             t.Enter(qPrintable(field), typed);
             t.dialog->accept();
-            QCOMPARE(t.home.catalogue->Texts(list), isOn ? QStringList{kept} : QStringList());
+            QCOMPARE(t.ItemsOf(list), isOn ? QStringList{kept} : QStringList());
             // The next record finds it there.
             t.Open();
             t.TurnTo(1);
             t.Enter(qPrintable(field), typed);
             t.dialog->accept();
-            QCOMPARE(t.home.catalogue->Texts(list).size(), isOn ? 1 : 0);
+            QCOMPARE(t.ItemsOf(list).size(), isOn ? 1 : 0);
         }
     }
 
@@ -216,8 +216,8 @@ class TestCRecordDialogEntry : public QObject {
         t.Enter("rateField", QStringLiteral("10"));
         QCOMPARE(t.Shown("amountField"), QStringLiteral("20.00"));
         t.dialog->accept();
-        QCOMPARE(t.home.catalogue->Texts(ListId::kTimeRate), QStringList{QStringLiteral("10")});
-        QCOMPARE(t.home.catalogue->Texts(ListId::kAmount), QStringList());
+        QCOMPARE(t.ItemsOf(ListId::kTimeRate), QStringList{QStringLiteral("10")});
+        QCOMPARE(t.ItemsOf(ListId::kAmount), QStringList());
     }
 
     void CancelKeepsNothing() {
@@ -226,7 +226,7 @@ class TestCRecordDialogEntry : public QObject {
         t.TurnTo(1);
         t.Enter("item1Field", QStringLiteral("Acme"));
         t.dialog->reject();
-        QCOMPARE(t.home.catalogue->Texts(ListId::kClient), QStringList());
+        QCOMPARE(t.ItemsOf(ListId::kClient), QStringList());
     }
 };
 

@@ -12,7 +12,7 @@ class TestOfferDraft : public QObject {
     /// A draft of another run: its dialog was open for ten minutes.
     static void LeaveADraft(RecordDialogHome& t) {
         t.record.item1 = QStringLiteral("Acme");
-        t.timers.StartDraftTimer(t.record);
+        QVERIFY(t.timers.StartDraftTimer(t.record));
         QVERIFY(t.timers.PersistDraft(t.record));
         QVERIFY(t.timers.Drop(t.record.GetId()));
         t.home.clock.Advance(600);
