@@ -24,6 +24,7 @@ constexpr ItemRow kItems[] = {
 void TimeDraft::Begin(const CTRecord& record) {
     Settle();
     m_record.Copy(record);
+    m_untouched.Copy(record);
     m_page = {};
     m_entered = {};
     m_page.rate = m_record.GetRateText();
@@ -82,9 +83,12 @@ void TimeDraft::EnterBreak(const std::optional<EnteredSpan>& span, SpanSource so
 }
 
 void TimeDraft::SetFromTimer(int hours, int minutes, bool fromTimer) {
-    Change([&](CTRecord& record) {
+    const auto count = [&](CTRecord& record) {
         TimeEntryRules::SetFromTimer(record, hours, minutes, fromTimer, *m_settings);
-    });
+    };
+    Change(count);
+    // A live count comes by itself; a stop is the user's.
+    if (fromTimer) count(m_untouched);
     ShowComputed();
 }
 

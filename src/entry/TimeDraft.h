@@ -21,6 +21,8 @@ class TimeDraft {
     void Begin(const CTRecord& record);
     /// The record as far as it is entered.
     [[nodiscard]] const CTRecord& Record() const { return m_record; }
+    /// The record as it was at the beginning, with what its timer has counted since: what nobody has entered.
+    [[nodiscard]] const CTRecord& Untouched() const { return m_untouched; }
 
     // --- Times; nothing clears. With a timer they may not be entered: TimeEntryRules::MayEnterTimes.
 
@@ -79,6 +81,7 @@ class TimeDraft {
 
     const Settings* m_settings;
     CTRecord m_record;
+    CTRecord m_untouched;
     CTRecord m_start;  ///< before the entry into m_field
     Field m_field = Field::None;
     Page m_page;     ///< the texts of rate and amount as their fields show them

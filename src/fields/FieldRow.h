@@ -23,6 +23,16 @@ enum class FieldForm {
     TimeOfDay,  ///< hour and minute; may be unset
 };
 
+/// Fields that one entry changes together, or that mean nothing without one another: of two versions of a
+/// record they are taken from the same one.
+enum class Bond {
+    None,         ///< the field stands alone
+    Times,        ///< start, end, duration, break and what is left of them
+    Money,        ///< what it costs, and whether and how that is billed
+    FirstMarks,   ///< of expenses: the second can't be set without the first
+    SecondMarks,  ///< the same of the third and the fourth
+};
+
 /// Which of the settings gives the decimal places of a field's number.
 enum class Places { None, Duration, Distance, Rate, Amount };
 
@@ -57,6 +67,7 @@ struct FieldRow {
     const char* name;  ///< in JSON and where a script sorts by it
     FieldForm form;
     FieldMember member;
+    Bond bond = Bond::None;
     Shown shown = Shown::Nothing;
     Text title{};           ///< of a computed column; the others are called by their label
     Text label{};           ///< the default of the name that the user can give it; none: it can't be named

@@ -22,6 +22,7 @@ struct ClockTime {
     int hour = 0;  ///< 1 to 12
     int minute = 0;
     bool isPm = false;
+    [[nodiscard]] bool operator==(const ClockTime&) const = default;
 };
 /// Nothing where there is none.
 [[nodiscard]] std::optional<ClockTime> TimeOf(const CVORec& record, const FieldRow& field);
@@ -35,3 +36,11 @@ struct ClockTime {
 
 /// Of a time of day: "--:--" without one.
 [[nodiscard]] QString TimeTextOf(const CVORec& record, const FieldRow& field);
+
+/// Whether two records of the field's kind hold the same in it: numbers as they are shown, a distance as it is
+/// stored.
+[[nodiscard]] bool HaveSame(const FieldRow& field, const CVORec& one, const CVORec& other);
+
+/// Gives a record what another one of the same kind holds in a field; the fields bound to it aren't computed
+/// anew.
+void CopyField(const FieldRow& field, CVORec& to, const CVORec& from);

@@ -119,6 +119,18 @@ class TestTimeDraft : public QObject {
         QVERIFY(draft.Record().date.IsSet());
     }
 
+    /// A live count isn't entered, and what the timer is stopped with is.
+    void UntouchedIsTheBeginningWithTheLiveCount() {
+        TimeDraft draft = Draft();
+        draft.EnterItem(&CTRecord::item1, u"Acme"_s);
+        draft.SetFromTimer(3, 0, true);
+        QCOMPARE(draft.Untouched().spans.duration.hours, 3);
+        QVERIFY(draft.Untouched().item1.isEmpty());
+        draft.SetFromTimer(4, 0, false);
+        QCOMPARE(draft.Untouched().spans.duration.hours, 3);
+        QCOMPARE(draft.Record().spans.duration.hours, 4);
+    }
+
     void Money_data() {
         QTest::addColumn<QString>("rate");
         QTest::addColumn<QString>("amount");
