@@ -55,6 +55,13 @@ constexpr BoxRow kBoxes[] = {
 
     YesOrNo(Text::AskAddItem, Text::AskAddItemTitle, Text::AskAddItemTitle, BoxIcon::Question),
     YesOrNo(Text::AskResetTree, Text::AskResetTreeTitle),
+    YesOrNo(Text::AskSaveDeletedAsNew, Text::ChangedElsewhereTitle, Text::SaveAsNew),
+    {.text = Text::AskChangedOnBothSides,
+     .title = Text::ChangedElsewhereTitle,
+     .icon = BoxIcon::Warning,
+     .buttons = Buttons::YesNoCancel,
+     .defaultAnswer = Answer::Cancel,
+     .action = Text::SaveEntered},
     {.text = Text::ItemWithoutList, .title = Text::ListsTitle},
     {.text = Text::StoredItemWithoutList, .title = Text::ListsTitle},
     {.text = Text::ItemNotRenamed, .title = Text::ListsTitle},

@@ -22,6 +22,7 @@ struct MessageBox {
     Buttons buttons = Buttons::Ok;
     Answer defaultAnswer = Answer::Ok;  ///< the harmless one
     QString actionLabel;                ///< verb on the button that says yes ("Delete"); empty: "Yes"
+    QString otherLabel = {};            ///< verb on the button that says no; empty: it cancels, beside a verb
 };
 
 /// Which file is wanted.

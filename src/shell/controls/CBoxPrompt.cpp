@@ -86,7 +86,8 @@ int Show(const MessageBox& box) {
     shown.setTextInteractionFlags(Qt::TextSelectableByMouse);
     if (QAbstractButton* yes = shown.button(QMessageBox::Yes); yes && !box.actionLabel.isEmpty()) {
         yes->setText(box.actionLabel);
-        if (QAbstractButton* no = shown.button(QMessageBox::No)) no->setText(LoadText(Text::ActionCancel));
+        if (QAbstractButton* no = shown.button(QMessageBox::No))
+            no->setText(box.otherLabel.isEmpty() ? LoadText(Text::ActionCancel) : box.otherLabel);
     }
     const QMessageBox::StandardButton harmless = ButtonOf(box.defaultAnswer);
     if (shown.button(harmless)) {

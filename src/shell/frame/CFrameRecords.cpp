@@ -1,5 +1,6 @@
 #include "shell/frame/CFrameRecords.h"
 
+#include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchApp.h"
 #include "entry/QuickEntry.h"
 #include "entry/RecordMarks.h"
@@ -41,7 +42,11 @@ CFrameRecords::CFrameRecords(const FrameContext& context)
                  .settings = context.settings,
                  .prompt = context.prompt,
                  .progress = context.progress,
-                 .partial = CRecordChanges::Partial::Kept}) {}
+                 .partial = CRecordChanges::Partial::Kept}),
+      m_save({.document = context.document,
+              .changes = m_changes,
+              .prompt = context.prompt,
+              .labels = context.catalogue.Labels()}) {}
 
 void CFrameRecords::QuickEntry(int flags) {
     const QuickEntryContext context{
@@ -76,16 +81,17 @@ void CFrameRecords::Edit(const QString& id) {
     const CVORec* record = m_context.document.FindRecord(id);
     CVORec* working = record ? WorkingCopyOf(*record) : nullptr;
     if (!working) return;
-    while (EditInDialog(*working)) {
-        if (m_changes.Edit(*working, id)) return;
-        // Memory and store may differ now. The failure has been told; what was entered comes back to the
-        // dialog.
-        m_context.control.Refresh();
+    DialogRecord edited{.began = record->Clone(), .untouched = record->Clone(), .entered = *working};
+    while (EditInDialog(*working, edited.untouched.get())) {
+        const CRecordSave::End end = m_save.Save(edited);
+        if (end == CRecordSave::End::Stored) return;
+        // Memory and store may differ after a failure. What was entered comes back to the dialog.
+        if (end == CRecordSave::End::Failed) m_context.control.Refresh();
     }
 }
 
-bool CFrameRecords::EditInDialog(CVORec& record) const {
-    return m_context.dialogs.EditRecord(m_context.control.Window(), record);
+bool CFrameRecords::EditInDialog(CVORec& record, CVORec* untouched) const {
+    return m_context.dialogs.EditRecord(m_context.control.Window(), record, untouched);
 }
 
 void CFrameRecords::EditDefaults() {

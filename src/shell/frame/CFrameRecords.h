@@ -1,6 +1,7 @@
 #pragma once
 
 #include "changes/CRecordChanges.h"
+#include "changes/CRecordSave.h"
 #include "changes/CTimersOfRecords.h"
 
 class CVORec;
@@ -28,10 +29,11 @@ class CFrameRecords {
     void PauseTimers();
 
  private:
-    [[nodiscard]] bool EditInDialog(CVORec& record) const;
+    [[nodiscard]] bool EditInDialog(CVORec& record, CVORec* untouched = nullptr) const;
     void TellIfUnsaved(const TimerOutcome& outcome);
 
     const FrameContext& m_context;
     COwnTimers m_timers;
     CRecordChanges m_changes;
+    CRecordSave m_save;
 };

@@ -5,8 +5,8 @@
 #include "shell/record/CDefaultsDialog.h"
 #include "shell/record/EditRecord.h"
 
-bool CWindowDialogs::EditRecord(QWidget& parent, CVORec& record) {
-    return ::EditRecord(&parent, record, m_context);
+bool CWindowDialogs::EditRecord(QWidget& parent, CVORec& record, CVORec* untouched) {
+    return ::EditRecord(&parent, record, m_context, untouched);
 }
 
 CEnteredItems& CWindowDialogs::Entered() {

@@ -8,7 +8,7 @@ class CWindowDialogs final : public CFrameDialogs {
  public:
     explicit CWindowDialogs(const RecordDialogContext& context) : m_context(context) {}
 
-    [[nodiscard]] bool EditRecord(QWidget& parent, CVORec& record) override;
+    [[nodiscard]] bool EditRecord(QWidget& parent, CVORec& record, CVORec* untouched) override;
     [[nodiscard]] CEnteredItems& Entered() override;
     [[nodiscard]] bool EditSettings(QWidget& parent) override;
     [[nodiscard]] bool ChooseDefault(QWidget& parent, CVORec& record) override;

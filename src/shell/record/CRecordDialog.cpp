@@ -179,13 +179,15 @@ void CRecordDialog::reject() {
     QDialog::reject();
 }
 
-bool RunRecordDialog(QWidget* parent, CTRecord& record, const RecordDialogContext& context) {
+bool RunRecordDialog(QWidget* parent, CTRecord& record, const RecordDialogContext& context,
+                     CTRecord* untouched) {
     CRecordDialog dialog(context, parent);
     TimeDraft draft(context.settings);
     draft.Begin(record);
     dialog.SetDraft(draft);
     const bool isAccepted = dialog.exec() == QDialog::Accepted;
     if (isAccepted) record.Copy(dialog.GetDraft().Record());
+    if (isAccepted && untouched) untouched->Copy(dialog.GetDraft().Untouched());
     if (!isAccepted && dialog.IsDecided())
         context.timers.DiscardDraft(record.GetId());
     else if (!isAccepted)

@@ -60,5 +60,7 @@ class CRecordDialog final : public QDialog {
     bool m_isDecided = false;
 };
 
-/// Lets the user edit the record; true when accepted, and only then the record is changed.
-[[nodiscard]] bool RunRecordDialog(QWidget* parent, CTRecord& record, const RecordDialogContext& context);
+/// Lets the user edit the record; true when accepted, and only then the record is changed, and untouched, if
+/// there is one, by what the timer has counted.
+[[nodiscard]] bool RunRecordDialog(QWidget* parent, CTRecord& record, const RecordDialogContext& context,
+                                   CTRecord* untouched = nullptr);

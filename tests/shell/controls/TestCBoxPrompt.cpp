@@ -154,21 +154,22 @@ void TestCBoxPrompt::Look() {
 
 void TestCBoxPrompt::VerbOnTheButton_data() {
     QTest::addColumn<QString>("verb");
+    QTest::addColumn<QString>("other");
     QTest::addColumn<QString>("yes");
     QTest::addColumn<QString>("no");
-    QTest::newRow("a verb, and the other button leaves") << "Delete"
-                                                         << "Delete"
-                                                         << "Cancel";
-    QTest::newRow("none") << ""
-                          << "Yes"
-                          << "No";
+    QTest::newRow("a verb, and the other button leaves")
+        << u"Delete"_s << u""_s << u"Delete"_s << u"Cancel"_s;
+    QTest::newRow("two verbs") << u"Save mine"_s << u"Keep stored"_s << u"Save mine"_s << u"Keep stored"_s;
+    QTest::newRow("none") << u""_s << u""_s << u"Yes"_s << u"No"_s;
 }
 
 void TestCBoxPrompt::VerbOnTheButton() {
     QFETCH(QString, verb);
+    QFETCH(QString, other);
     CBoxPrompt prompt;
     MessageBox box = Question(::Buttons::YesNo, Answer::No);
     box.actionLabel = verb;
+    box.otherLabel = other;
     QStringList seen;
     WhenShown([&seen](QMessageBox& on) {
         for (const auto button : {QMessageBox::Yes, QMessageBox::No})

@@ -16,7 +16,7 @@ class ScriptedDialogs final : public CFrameDialogs {
     QStringList called;
     CEnteredItems entered;
 
-    bool EditRecord(QWidget&, CVORec& record) override {
+    bool EditRecord(QWidget&, CVORec& record, CVORec*) override {
         ++edited;
         return edit(record);
     }

@@ -151,6 +151,29 @@ class TestCFrameCommands final : public QObject {
         QCOMPARE(expense.dialogs.edited, 2);
         QCOMPARE(expense.home.document->FindExpense(other)->notes, u"edited"_s);
     }
+    /// Others change the record while it is in its dialog; the dialog comes back with what they did.
+    void EditWhatOthersChangeMeanwhile() {
+        Fixture fixture;
+        const QString id = fixture.home.AddTime(2026, 11, 19, u"09:00"_s, u"10:00"_s);
+        QStringList shown;
+        fixture.dialogs.edit = [&](CVORec& edited) {
+            auto& record = static_cast<CTRecord&>(edited);
+            shown << record.item1 + u'/' + record.item2;
+            if (shown.size() > 1) return true;
+            record.item1 = u"entered"_s;
+            const TestHome other(fixture.home.Path());
+            CTRecord stored;
+            if (!other.store->ReadRecord(stored, id)) return false;
+            stored.item1 = u"from outside"_s;
+            stored.item2 = u"outside"_s;
+            return other.store->ModifyRecord(stored, id, Commit::Now);
+        };
+        fixture.home.prompt.Expect(Text::AskChangedOnBothSides, Answer::Cancel);
+        fixture.commands->Records().Edit(id);
+        QCOMPARE(shown, (QStringList{u"/"_s, u"entered/outside"_s}));
+        QCOMPARE(fixture.home.document->FindTime(id)->item1, u"entered"_s);
+        QCOMPARE(fixture.home.document->FindTime(id)->item2, u"outside"_s);
+    }
     /// The command isn't offered for two; running it all the same ends in a message.
     void EditTwo() {
         Fixture fixture;

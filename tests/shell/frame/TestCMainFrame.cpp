@@ -515,7 +515,7 @@ class TestCMainFrame final : public QObject {
             }();
             return true;
         };
-        window.prompt.ExpectTold(Text::ModifyFailed);
+        window.prompt.ExpectTold(Text::CommitFailed);
         window.frame->RunCommand(Command::kEdit);
         QCOMPARE(window.dialogs.edited, 2);
         QCOMPARE(window.app.Document().FindTime(id)->notes, u"more more "_s);
