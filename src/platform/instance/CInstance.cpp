@@ -1,10 +1,12 @@
 #include "platform/instance/CInstance.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <cerrno>
 #include <utility>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "platform/host/ErrorText.h"
@@ -16,6 +18,28 @@ namespace {
 QByteArray LockPath(QString name, const QString& home) {
     name.replace(u'/', u'_');
     return QFile::encodeName(home + QStringLiteral("/.") + name);
+}
+
+/// Whether only the folder stands in the way, not something that lies in the place of the lock's file.
+bool IsReadOnly(const QString& home, const QByteArray& path) {
+    struct stat status {};
+    return ::lstat(path.constData(), &status) != 0 && QFileInfo(home).isDir() &&
+           ::faccessat(AT_FDCWD, QFile::encodeName(home).constData(), W_OK, AT_EACCESS) != 0;
+}
+
+QString WhyNotLocked(const QByteArray& path, int error) {
+    const QString file = QFile::decodeName(path);
+    if (error == ELOOP || error == EISDIR)
+        return QStringLiteral("%1 is a link or a folder. Delete it.").arg(file);
+    if (error == ENOLCK || error == EOPNOTSUPP || error == ENOSYS || error == EINVAL)
+        return QStringLiteral(
+                   "The file system on which %1 lies doesn't let files be locked. Move its folder to "
+                   "another disk.")
+            .arg(file);
+    return QStringLiteral(
+               "%1 can't be locked: %2. Check who owns it and its folder and whether they are "
+               "writable.")
+        .arg(file, ErrorText(error));
 }
 
 struct flock WholeFile() {
@@ -45,9 +69,8 @@ CInstance::Outcome CInstance::Take(const QString& name, const QString& home) {
     const bool isLocked = m_handle >= 0 && (error == EAGAIN || error == EACCES);
     Release();
     if (isLocked) return Outcome::AlreadyExists;
-    m_error = QStringLiteral("%1 can't be locked: %2. Check who owns this folder and whether it is writable.")
-                  .arg(QFile::decodeName(path), ErrorText(error));
-    return Outcome::Failed;
+    m_error = WhyNotLocked(path, error);
+    return IsReadOnly(home, path) ? Outcome::ReadOnly : Outcome::Failed;
 }
 
 void CInstance::Release() {

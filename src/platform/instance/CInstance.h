@@ -12,7 +12,12 @@ class CInstance {
     CInstance(const CInstance&) = delete;
     CInstance& operator=(const CInstance&) = delete;
 
-    enum class Outcome { Taken, AlreadyExists, Failed };
+    enum class Outcome {
+        Taken,
+        AlreadyExists,
+        ReadOnly,  ///< there is no lock, and this user can't make one: nothing can be changed in the home
+        Failed
+    };
     /// name: the mutex's name; home: the folder whose instance is meant (it must exist).
     [[nodiscard]] Outcome Take(const QString& name, const QString& home);
     void Release();

@@ -265,6 +265,31 @@ void CInstanceServer::Worker::Flush(const ClientPtr& client) {
     if (client->writable) client->writable->setEnabled(!client->out.isEmpty());
 }
 
+namespace {
+
+/// Names of the kernel's own space can be taken by anybody.
+bool IsTakenByAnotherUser(const InstanceProtocol::Address& address) {
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    if (socket < 0) return false;
+    const bool isAnswered =
+        ::connect(socket, reinterpret_cast<const sockaddr*>(&address.name), address.length) == 0;
+    const bool isStrange = isAnswered && !InstanceProtocol::IsSameUser(socket);
+    ::close(socket);
+    return isStrange;
+}
+
+QString WhyNotHeard(const InstanceProtocol::Address& address, int error) {
+    if (error != EADDRINUSE)
+        return QStringLiteral("Commands from other programs can't be received: %1.").arg(ErrorText(error));
+    if (IsTakenByAnotherUser(address))
+        return QStringLiteral(
+            "A program of another user has taken the name under which this window would be "
+            "found. Ask the administrator of this computer which one it is.");
+    return QStringLiteral("Another window of this folder is there already.");
+}
+
+}  // namespace
+
 CInstanceServer::CInstanceServer() = default;
 
 CInstanceServer::~CInstanceServer() {
@@ -279,7 +304,7 @@ bool CInstanceServer::Listen(const QString& home, const QString& title, Handler 
     if (listener < 0 ||
         ::bind(listener, reinterpret_cast<const sockaddr*>(&address.name), address.length) != 0 ||
         ::listen(listener, SOMAXCONN) != 0) {
-        m_error = QStringLiteral("Commands from other programs can't be received: %1.").arg(ErrorText(errno));
+        m_error = WhyNotHeard(address, errno);
         if (listener >= 0) ::close(listener);
         return false;
     }

@@ -9,6 +9,7 @@
 #include <csignal>
 #include <vector>
 
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -47,6 +48,8 @@ class TestCInstance : public QObject {
     void fiftyAtOnce();
     void failures_data();
     void failures();
+    void anotherOwner_data();
+    void anotherOwner();
 
  private:
     [[nodiscard]] QString Home() const { return m_folder->path(); }
@@ -198,8 +201,42 @@ void TestCInstance::failures() {
     CInstance instance;
     QCOMPARE(instance.Take(kName, home), CInstance::Outcome::Failed);
     QVERIFY(!instance.Error().isEmpty());
+    QVERIFY(what == "no home" || instance.Error().contains(u"Delete it."_qs));
     QVERIFY(!CInstance::IsHeld(kName, home));
     QVERIFY(!QFile::exists(target));
+}
+
+void TestCInstance::anotherOwner_data() {
+    QTest::addColumn<bool>("isThere");
+    QTest::addColumn<bool>("isWritable");
+    QTest::addColumn<int>("outcome");
+    QTest::newRow("a folder that can't be written, and no lock in it: nobody can change anything")
+        << false << false << static_cast<int>(CInstance::Outcome::ReadOnly);
+    QTest::newRow("a lock of another user, who may hold it")
+        << true << false << static_cast<int>(CInstance::Outcome::Failed);
+    QTest::newRow("the same in a folder that anybody may write")
+        << true << true << static_cast<int>(CInstance::Outcome::Failed);
+}
+
+void TestCInstance::anotherOwner() {
+    if (::geteuid() != 0) QSKIP("only the administrator can pretend to be another user");
+    QFETCH(bool, isThere);
+    QFETCH(bool, isWritable);
+    QFETCH(int, outcome);
+    QCOMPARE(::chmod(QFile::encodeName(Home()).constData(), isWritable ? 0777 : 0755), 0);
+    if (isThere) {
+        CInstance other;
+        QCOMPARE(other.Take(kName, Home()), CInstance::Outcome::Taken);
+    }
+    const pid_t child = ::fork();
+    if (child == 0) {
+        if (::seteuid(65534) != 0) ::_exit(9);
+        ::_exit(static_cast<int>(CInstance().Take(kName, Home())));
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    QVERIFY(WIFEXITED(status));
+    QCOMPARE(WEXITSTATUS(status), outcome);
 }
 
 TEST_CLASS(TestCInstance);

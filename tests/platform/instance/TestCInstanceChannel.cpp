@@ -484,6 +484,8 @@ void TestCInstanceChannel::strangers() {
     char sign = 0;
     QCOMPARE(::read(ready[0], &sign, 1), 1);
     QVERIFY(!CInstanceClient().FindWindow(Home(), kTitle));
+    QVERIFY(!Open());
+    QVERIFY2(m_server.Error().contains(u"another user"_qs), qPrintable(m_server.Error()));
     ::kill(impostor, SIGKILL);
     ::waitpid(impostor, nullptr, 0);
     ::close(ready[0]);
