@@ -41,6 +41,8 @@ constexpr BoxRow kBoxes[] = {
     {.text = Text::CommitUnconfirmed, .title = Text::StoreFailureTitle},
 
     {.text = Text::RegionalNotStarted, .title = Text::RegionalTitle},
+    {.text = Text::WindowNotAlone, .title = Text::ProgramTitle},
+    {.text = Text::OtherWindowIsMute, .title = Text::ProgramTitle},
     {.text = Text::BaseKeyFailed, .title = Text::WriteSettingTitle},
     {.text = Text::ListColumnsBlobFailed, .title = Text::WriteSettingTitle},
     {.text = Text::TreeColumnsBlobFailed, .title = Text::WriteSettingTitle},
