@@ -6,7 +6,6 @@
 #include "platform/host/CClock.h"
 #include "platform/host/CInstallLocation.h"
 #include "platform/host/CLauncher.h"
-#include "platform/instance/CInstance.h"
 #include "platform/instance/CInstanceChannel.h"
 #include "shell/controls/CBoxPrompt.h"
 #include "shell/frame/CAboutDialog.h"
@@ -15,7 +14,9 @@
 #include "shell/look/IconTheme.h"
 #include "shell/look/LegiblePalette.h"
 #include "shell/program/AccessibleRoles.h"
+#include "shell/program/COutsideControl.h"
 #include "shell/program/CQuitSignals.h"
+#include "shell/program/CSingleWindow.h"
 #include "shell/program/CWindowDialogs.h"
 #include "shell/record/OfferDraft.h"
 #include "timers/CRecordTimers.h"
@@ -64,18 +65,13 @@ void EndWithoutDisplay(QtMsgType type, const QMessageLogContext& context, const 
     if (!QByteArray(context.category).startsWith("qt.qpa")) Print(stderr, message);
 }
 
-/// Another window of this home is there: it comes forward, and this process ends.
-int RaiseOther(const QString& home) {
-    CInstanceClient other;
-    if (other.FindWindow(home, LoadText(Text::ProgramTitle)) && !other.Post({InstanceCommand::Raise}))
-        return kDone;  // it is just ending
-    return kDone;
-}
-
-/// Does something as soon as nobody is at work in a dialog or a menu.
-void WhenFree(QObject* context, const std::function<void()>& work) {
-    if (!QApplication::activeModalWidget() && !QApplication::activePopupWidget()) return work();
-    QTimer::singleShot(1s, context, [context, work] { WhenFree(context, work); });
+/// The window works all the same, but the console has to do without it.
+void TellUnheard(CPrompt& prompt, const QString& why) {
+    prompt.Tell({.textId = static_cast<int>(Text::ChannelFailed),
+                 .title = LoadText(Text::ProgramTitle),
+                 .text = FormatText<Text::ChannelFailed>(why),
+                 .icon = BoxIcon::Warning,
+                 .actionLabel = {}});
 }
 
 /// A while after the start, when the first clicks are done.
@@ -165,10 +161,10 @@ int CWindowProgram::RunWindow() {
     CViewHub hub;
     CVelmarchApp app({clock, prompt, pump, hub});
     if (!app.ResolveHome(m_home)) return kFailed;
-    CInstance instance;
-    if (instance.Take(QString::fromLatin1(CVelmarchApp::kMutexName), app.Home()) ==
-        CInstance::Outcome::AlreadyExists)
-        return RaiseOther(app.Home());
+    CSingleWindow single(prompt);
+    const CSingleWindow::Start start = single.Begin(app.Home());
+    if (start != CSingleWindow::Start::IsAlone)
+        return start == CSingleWindow::Start::OtherRaised ? kDone : kFailed;
     // Without the settings' file the window works with what memory holds; the user has been told.
     static_cast<void>(app.OpenSettings());
     const bool isStoreOpen = app.OpenStore();
@@ -189,26 +185,32 @@ int CWindowProgram::RunWindow() {
     CWindowDialogs dialogs(dialog);
     auto frame = std::make_unique<CMainFrame>(
         CMainFrame::Context{app, timers, hub, prompt, pump, clock, launcher, dialogs});
-    CInstanceHost host({app.Document(), timers, app.Settings(), [&frame] { frame->Refresh(); },
-                        [&frame] { frame->ComeForward(); }, [&frame] { frame->close(); },
-                        [&frame] { return frame->IsBusy(); },
+    COutsideControl control(*frame);
+    CInstanceHost host({app.Document(), timers, app.Settings(), [&] { control.Refresh(); },
+                        [&] { control.Raise(); }, [&] { control.Leave(); }, [&] { return control.IsBusy(); },
                         [] { return QApplication::activeModalWidget() != nullptr; },
                         [&app] { app.LoadLists(); }});
-    if (!host.Listen(app.Home(), LoadText(Text::ProgramTitle)))
-        Print(stderr, FormatText<Text::ChannelFailed>(host.Error()));
-    const CQuitSignals signals([&frame] { frame->close(); });
+    const bool isHeard = host.Listen(app.Home(), LoadText(Text::ProgramTitle));
+    if (!isHeard && !single.IsLocked()) {
+        single.TellNotAlone(app.Home(), host.Error());
+        return kFailed;
+    }
+    const CQuitSignals signals([&] { control.Leave(); });
     CStartCheck check({launcher, prompt,
-                       [&frame](const std::function<void()>& work) { WhenFree(frame.get(), work); },
+                       [&](const std::function<void()>& work) { control.WhenFree(work); },
                        [&app] { app.NoteStoreDamage(); }});
     frame->show();
     // The records come with the window on the screen.
     QTimer::singleShot(0, frame.get(), [&] {
         frame->Refresh();
+        if (!isHeard) TellUnheard(prompt, host.Error());
         OfferDraft(frame.get(), dialog);
         LookOverLater(check, frame.get(), app.Home());
     });
     const int code = QApplication::exec();
 
+    host.BeginEnd();
+    control.BeginEnd();
     frame->PersistEverything();
     app.Document().SetTimers(nullptr);
     frame.reset();

@@ -29,7 +29,13 @@ bool CInstanceHost::Listen(const QString& home, const QString& title) {
     return m_server.Listen(home, title, [this](const InstanceMessage& message) { return Handle(message); });
 }
 
+void CInstanceHost::BeginEnd() {
+    m_isEnding = true;
+    m_delay.stop();
+}
+
 InstanceReply CInstanceHost::Handle(const InstanceMessage& message) {
+    if (m_isEnding && message.command != InstanceCommand::Raise) return Refused(Text::WindowIsEnding);
     switch (message.command) {
         case InstanceCommand::SyncEnd:
             if (m_context.settings.refreshOnSyncEnd) NoteChange(OutsideChange::FromJson(message.arguments));

@@ -37,6 +37,10 @@ class CInstanceHost final : public QObject {
     /// One command; the answer for a sender that waits.
     InstanceReply Handle(const InstanceMessage& message);
 
+    /// The window ends: from here on it only comes forward, with whatever is still asked in its end, and
+    /// refuses everything else in words. What changes outside isn't shown any more.
+    void BeginEnd();
+
  private:
     void NoteChange(const OutsideChange& change);
     void ShowChanges();
@@ -51,4 +55,5 @@ class CInstanceHost final : public QObject {
     QStringList m_changedTimes, m_changedExpenses;
     bool m_allChanged = false;
     bool m_listsChanged = false;
+    bool m_isEnding = false;
 };

@@ -52,6 +52,24 @@ class TestCInstanceHost final : public QObject {
         QCOMPARE(fixture.raised, 1);
     }
 
+    /// A command that comes while the window writes what it has to keep finds nothing to work on any more.
+    void refusesWhileTheWindowEnds() {
+        Fixture fixture;
+        (void)fixture.host.Handle({InstanceCommand::SyncEnd});
+        fixture.host.BeginEnd();
+        for (const InstanceCommand command : {InstanceCommand::Timer, InstanceCommand::Setting,
+                                              InstanceCommand::SyncEnd, InstanceCommand::Exit}) {
+            const InstanceReply reply = fixture.host.Handle({command});
+            QCOMPARE(reply.reason, ReplyReason::WindowOwns);
+            QCOMPARE(reply.words, LoadText(Text::WindowIsEnding));
+        }
+        QVERIFY(fixture.host.Handle({InstanceCommand::Raise}));
+        QTest::qWait(150);
+        QCOMPARE(fixture.refreshed, 0);
+        QCOMPARE(fixture.left, 0);
+        QCOMPARE(fixture.raised, 1);
+    }
+
     /// The record that was added outside appears by itself; nothing else is read.
     void showsAChange() {
         Fixture fixture;
