@@ -4,6 +4,7 @@
 #include "timers/ActiveTimer.h"
 
 #include <optional>
+#include <vector>
 
 class CProfile;
 
@@ -19,21 +20,25 @@ struct StoredTimer {
     QByteArray trueTime;
 };
 
-/// The one draft of a new time record whose timer was started before the record is stored, in the profile: a
-/// program that is killed meanwhile loses neither. Its stored form is in docs/settings-tree.md.
+/// The drafts of new time records whose timers were started before the records are stored, in the profile: a
+/// program that is killed meanwhile loses neither. Their stored form is in docs/settings-tree.md.
 class CDraftStore {
  public:
     explicit CDraftStore(CProfile& profile) : m_profile(profile) {}
 
-    /// In place of the one before. timer: null without one. False when it could not be written.
+    /// In place of an earlier draft of the same record; those of others stay. timer: null without one. False
+    /// when it could not be written.
     [[nodiscard]] bool Persist(const CTRecord& record, const ActiveTimer* timer, const CClock& clock);
-    /// The draft of this record isn't stored any more; another one stays. Writes nothing when there is none.
+    /// The draft of this record isn't stored any more. Writes nothing when there is none.
     [[nodiscard]] bool Discard(const QString& recordId);
-    /// What is stored; nothing when nothing is, or it can't be read.
-    [[nodiscard]] std::optional<StoredDraft> Read(const CClock& clock) const;
+    /// All that are stored and can be read.
+    [[nodiscard]] std::vector<StoredDraft> Read(const CClock& clock) const;
 
  private:
-    [[nodiscard]] bool Write(const QString& id, const QByteArray& record, const StoredTimer& timer);
+    /// mark: what stands behind the names of the values.
+    [[nodiscard]] bool Remove(const QString& mark);
+    [[nodiscard]] std::optional<StoredDraft> ReadOne(const QString& id, const QString& mark,
+                                                     const CClock& clock) const;
 
     CProfile& m_profile;
 };

@@ -347,15 +347,16 @@ void CRecordTimers::DiscardDraft(const QString& recordId) {
     static_cast<void>(m_drafts.Discard(recordId));
 }
 
-std::optional<StoredDraft> CRecordTimers::TakeOverDraft() {
-    auto draft = m_drafts.Read(m_timers.Clock());
-    if (!draft) return {};
-    if (draft->timer) draft->timer->UpdateElapsed(m_timers.Clock());
-    const QString id = draft->record.GetId();
-    if (!Fetch(id)) return draft;
-    if (draft->timer && m_timers.StateOf(id) == TimerState::None) m_timers.Put(*draft->timer);
-    StoreTimers();
-    DiscardDraft(id);
+std::optional<StoredDraft> CRecordTimers::TakeOverDraft(const QStringList& offered) {
+    for (StoredDraft& draft : m_drafts.Read(m_timers.Clock())) {
+        const QString id = draft.record.GetId();
+        if (offered.contains(id)) continue;
+        if (draft.timer) draft.timer->UpdateElapsed(m_timers.Clock());
+        if (!Fetch(id)) return std::move(draft);
+        if (draft.timer && m_timers.StateOf(id) == TimerState::None) m_timers.Put(*draft.timer);
+        StoreTimers();
+        DiscardDraft(id);
+    }
     return {};
 }
 

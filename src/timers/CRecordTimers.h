@@ -76,9 +76,9 @@ class CRecordTimers final : public CTimerService {
     void PersistDraftAtExit(const CTRecord& draft);
     /// The user has cancelled, or doesn't want it back.
     void DiscardDraft(const QString& recordId);
-    /// What an earlier run has left, its timer folded to now. A draft whose record was stored after all is
-    /// none: its timer is taken into the set.
-    [[nodiscard]] std::optional<StoredDraft> TakeOverDraft();
+    /// What an earlier run has left, its timer folded to now; one after the other, without those that were
+    /// offered already. A draft whose record was stored after all is none: its timer is taken into the set.
+    [[nodiscard]] std::optional<StoredDraft> TakeOverDraft(const QStringList& offered = {});
     /// The record of a draft is being entered again: its timer is in the set from here on.
     void AwaitAgain(const StoredDraft& draft);
 

@@ -138,9 +138,48 @@ class TestCDraftStore : public QObject {
         CDraftStore drafts(*home.profile);
         const CTRecord record = Started(home);
         QVERIFY(drafts.Persist(record, nullptr, home.clock));
-        QVERIFY(drafts.Read(home.clock));
-        QVERIFY(home.profile->WriteText(u"OpenDraft"_s, u"Identity"_s, u"nobody"_s));
-        QVERIFY(!drafts.Read(home.clock));
+        QCOMPARE(drafts.Read(home.clock).size(), std::size_t(1));
+        const QString name = u"Record-"_s + record.GetId();
+        QVERIFY(home.profile->WriteBinary(u"OpenDraft"_s, name, QByteArray("damaged")));
+        QVERIFY(home.profile->WriteBinary(u"OpenDraft"_s, u"Record-nobody"_s, QByteArray()));
+        QVERIFY(drafts.Read(home.clock).empty());
+    }
+
+    /// The first one was put off when it was offered; then a second dialog was cut off too.
+    void TwoDraftsOneAfterTheOther() {
+        TimerHome home;
+        const CTRecord first = Started(home);
+        QVERIFY(home.timers->PersistDraft(first));
+        QVERIFY(home.timers->Drop(first.GetId()));
+        const CTRecord second = Started(home);
+        QVERIFY(home.timers->PersistDraft(second));
+        QVERIFY(home.timers->Drop(second.GetId()));
+        QStringList offered;
+        while (const auto draft = home.timers->TakeOverDraft(offered)) offered.append(draft->record.GetId());
+        offered.sort();
+        QStringList both{first.GetId(), second.GetId()};
+        both.sort();
+        QCOMPARE(offered, both);
+        home.timers->DiscardDraft(first.GetId());
+        QCOMPARE(home.timers->TakeOverDraft()->record.GetId(), second.GetId());
+        home.timers->DiscardDraft(second.GetId());
+        QVERIFY(home.profile->Section(u"OpenDraft"_s).empty());
+    }
+
+    /// As programs before this one wrote the only draft that they knew.
+    void TheFormForASingleDraft() {
+        TimerHome home;
+        const CTRecord record = Started(home);
+        QVERIFY(home.profile->WriteText(u"OpenDraft"_s, u"Identity"_s, record.GetId()));
+        QVERIFY(home.profile->WriteBinary(u"OpenDraft"_s, u"Record"_s, record.ToBytes()));
+        QVERIFY(home.profile->WriteBinary(u"OpenDraft"_s, u"Timer"_s, QByteArray()));
+        const auto draft = home.timers->TakeOverDraft();
+        QVERIFY(draft && !draft->timer);
+        QCOMPARE(draft->record.GetId(), record.GetId());
+        QVERIFY(home.timers->PersistDraft(record));
+        QVERIFY(!home.timers->TakeOverDraft({record.GetId()}));
+        home.timers->DiscardDraft(record.GetId());
+        QVERIFY(home.profile->Section(u"OpenDraft"_s).empty());
     }
 };
 

@@ -47,6 +47,13 @@ bool CProfile::WriteText(const QString& section, const QString& entry, const QSt
     return Write(section, entry, value);
 }
 
+bool CProfile::Remove(const QString& section, const QString& entry) {
+    return m_tree.Change([&] {
+        const CSettingsKey key = Find(section);
+        return !key.IsOpen() || !m_tree.ReadValue(key, entry) || m_tree.DeleteValue(key, entry);
+    });
+}
+
 std::vector<std::pair<QString, SettingsValue>> CProfile::Section(const QString& section) const {
     const CSettingsKey key = Find(section);
     if (!key.IsOpen()) return {};

@@ -27,6 +27,8 @@ class CProfile {
     /// Nothing when the value is missing or no text.
     [[nodiscard]] std::optional<QString> GetText(const QString& section, const QString& entry) const;
     bool WriteText(const QString& section, const QString& entry, const QString& value);
+    /// Takes a value away; true also when there was none.
+    [[nodiscard]] bool Remove(const QString& section, const QString& entry);
     /// All values of a section in one read.
     [[nodiscard]] std::vector<std::pair<QString, SettingsValue>> Section(const QString& section) const;
     /// Several writes as one change.

@@ -18,7 +18,7 @@
 #include "shell/program/CQuitSignals.h"
 #include "shell/program/CSingleWindow.h"
 #include "shell/program/CWindowDialogs.h"
-#include "shell/record/OfferDraft.h"
+#include "shell/record/OfferDrafts.h"
 #include "timers/CRecordTimers.h"
 #include "viewmodel/program/CDamagedStore.h"
 #include "viewmodel/program/CInstanceHost.h"
@@ -204,7 +204,7 @@ int CWindowProgram::RunWindow() {
     QTimer::singleShot(0, frame.get(), [&] {
         frame->Refresh();
         if (!isHeard) TellUnheard(prompt, host.Error());
-        OfferDraft(frame.get(), dialog);
+        OfferDrafts(frame.get(), dialog);
         LookOverLater(check, frame.get(), app.Home());
     });
     const int code = QApplication::exec();

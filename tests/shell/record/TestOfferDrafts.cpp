@@ -1,11 +1,11 @@
-#include "shell/record/OfferDraft.h"
+#include "shell/record/OfferDrafts.h"
 
 #include "lang/Text.h"
 #include "shell/record/RecordDialogHome.h"
 #include "support/TestProgram.h"
 
 /// The question after the start, and what its answers do.
-class TestOfferDraft : public QObject {
+class TestOfferDrafts : public QObject {
     Q_OBJECT
 
  private:
@@ -29,7 +29,7 @@ class TestOfferDraft : public QObject {
  private Q_SLOTS:
     void NothingIsAskedWithoutADraft() {
         RecordDialogHome t;
-        OfferDraft(nullptr, t.Context());
+        OfferDrafts(nullptr, t.Context());
         QVERIFY(t.home.prompt.told.isEmpty());
     }
 
@@ -41,7 +41,7 @@ class TestOfferDraft : public QObject {
             QCOMPARE(DialogUser(dialog).Label("timerTime"), QStringLiteral("00:10:00"));
             dialog.accept();
         });
-        OfferDraft(nullptr, t.Context());
+        OfferDrafts(nullptr, t.Context());
         QVERIFY(t.home.prompt.told.front().contains(QStringLiteral("00:10:00")));
         const auto* stored = t.home.document->FindTime(t.record.GetId());
         QVERIFY(stored);
@@ -55,7 +55,7 @@ class TestOfferDraft : public QObject {
         LeaveADraft(t);
         t.home.prompt.Expect(Text::AskTakeUpDraft, Answer::Yes);
         InTheDialog([](QDialog& dialog) { dialog.reject(); });
-        OfferDraft(nullptr, t.Context());
+        OfferDrafts(nullptr, t.Context());
         QVERIFY(!t.home.document->FindTime(t.record.GetId()));
         QCOMPARE(t.set.StateOf(t.record.GetId()), TimerState::None);
         QVERIFY(!t.timers.TakeOverDraft());
@@ -66,7 +66,7 @@ class TestOfferDraft : public QObject {
         RecordDialogHome t;
         LeaveADraft(t);
         t.home.prompt.Expect(Text::AskTakeUpDraft, Answer::No);
-        OfferDraft(nullptr, t.Context());
+        OfferDrafts(nullptr, t.Context());
         QCOMPARE(t.set.StateOf(t.record.GetId()), TimerState::None);
         t.home.clock.Advance(600);
         const auto draft = t.timers.TakeOverDraft();
@@ -87,7 +87,7 @@ class TestOfferDraft : public QObject {
             window.hide();
             dialog.close();
         });
-        OfferDraft(&window, t.Context());
+        OfferDrafts(&window, t.Context());
         t.home.clock.Advance(600);
         const auto draft = t.timers.TakeOverDraft();
         QVERIFY(draft && draft->timer);
@@ -96,5 +96,5 @@ class TestOfferDraft : public QObject {
     }
 };
 
-TEST_CLASS(TestOfferDraft);
-#include "TestOfferDraft.moc"
+TEST_CLASS(TestOfferDrafts);
+#include "TestOfferDrafts.moc"

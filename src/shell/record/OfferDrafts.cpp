@@ -1,4 +1,4 @@
-#include "shell/record/OfferDraft.h"
+#include "shell/record/OfferDrafts.h"
 
 #include "app/CVelmarchDoc.h"
 #include "changes/CProgress.h"
@@ -26,15 +26,8 @@ bool IsWanted(const StoredDraft& draft, CPrompt& prompt) {
                        .actionLabel = LoadText(Text::TakeUpDraft)}) == Answer::Yes;
 }
 
-}  // namespace
-
-void OfferDraft(QWidget* parent, const RecordDialogContext& context) {
-    auto draft = context.timers.TakeOverDraft();
-    if (!draft) return;
-    // A key pressed in passing doesn't throw hours away: what isn't taken up is offered again at the next
-    // start. Taken up and cancelled, it is gone.
-    if (!IsWanted(*draft, context.prompt)) return;
-    context.timers.AwaitAgain(*draft);
+void TakeUp(StoredDraft& draft, QWidget* parent, const RecordDialogContext& context) {
+    context.timers.AwaitAgain(draft);
     COwnTimers timers(context.timers);
     CNoProgress progress;
     CRecordChanges changes({.document = context.document,
@@ -54,5 +47,19 @@ void OfferDraft(QWidget* parent, const RecordDialogContext& context) {
         .selectedIds = {},
         .edit = [parent, &context](CVORec& record) { return EditRecord(parent, record, context); }};
     // Cancelled is cancelled; a record that can't be stored comes back to the dialog.
-    if (TakeUpTimeRecord(draft->record, entry).lacksTimer) TellWithoutTimer(context.prompt);
+    if (TakeUpTimeRecord(draft.record, entry).lacksTimer) TellWithoutTimer(context.prompt);
+}
+
+}  // namespace
+
+/// A key pressed in passing doesn't throw hours away: what isn't taken up is offered again at the next start.
+/// Taken up and cancelled, it is gone.
+void OfferDrafts(QWidget* parent, const RecordDialogContext& context) {
+    const auto isLeaving = [parent] { return parent && !parent->window()->isVisible(); };
+    QStringList offered;
+    while (auto draft = context.timers.TakeOverDraft(offered)) {
+        if (isLeaving()) return;
+        offered.append(draft->record.GetId());
+        if (IsWanted(*draft, context.prompt)) TakeUp(*draft, parent, context);
+    }
 }
