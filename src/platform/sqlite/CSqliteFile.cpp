@@ -237,7 +237,15 @@ void CSqliteFile::Close() {
     m_isDamaged = false;
 }
 
+/// Within a wait messages are served, and the statement that waits is still running: no other one may begin.
+bool CSqliteFile::RefuseWithinWait() {
+    if (!theWaitBudget || !theWaitBudget->IsWaiting()) return false;
+    NoteErrorCode(SQLITE_BUSY);
+    return true;
+}
+
 bool CSqliteFile::Execute(const QByteArray& sql) {
+    if (RefuseWithinWait()) return false;
     if (m_db != nullptr && sqlite3_exec(m_db, sql.constData(), nullptr, nullptr, nullptr) == SQLITE_OK) {
         return true;
     }
@@ -246,6 +254,7 @@ bool CSqliteFile::Execute(const QByteArray& sql) {
 }
 
 sqlite3_stmt* CSqliteFile::Prepare(const QByteArray& sql) {
+    if (RefuseWithinWait()) return nullptr;
     sqlite3_stmt* statement = m_db == nullptr ? nullptr : m_statements->Get(sql);
     if (statement == nullptr) NoteError();
     return statement;
@@ -261,7 +270,7 @@ bool CSqliteFile::Run(const QByteArray& sql) {
 }
 
 bool CSqliteFile::Begin() {
-    if (!RefuseDamaged()) return false;
+    if (RefuseWithinWait() || RefuseDamaged()) return false;
     if (InTransaction()) return true;
     if (m_began) return false;
     m_began = Run("BEGIN IMMEDIATE");
@@ -277,10 +286,10 @@ void CSqliteFile::NoteDamage() {
     if (m_onDamage) m_onDamage();
 }
 
-/// False, with the error noted, for a file in which damage was met.
+/// Whether damage was met in the file; the error is noted then.
 bool CSqliteFile::RefuseDamaged() {
     if (m_isDamaged) NoteErrorCode(SQLITE_CORRUPT);
-    return !m_isDamaged;
+    return m_isDamaged;
 }
 
 bool CSqliteFile::IsUntouched() const {
@@ -290,7 +299,7 @@ bool CSqliteFile::IsUntouched() const {
 bool CSqliteFile::Commit() {
     m_isUnconfirmed = false;
     if (!InTransaction()) return !std::exchange(m_began, false);
-    if (!RefuseDamaged()) {
+    if (RefuseDamaged()) {
         Rollback();
         return false;
     }

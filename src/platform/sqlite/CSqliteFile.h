@@ -101,6 +101,7 @@ class CSqliteFile {
     [[nodiscard]] std::uint32_t ChangeCounter() const;
     [[nodiscard]] bool IsCommitInFile() const;
     [[nodiscard]] bool ConfirmCommit();
+    [[nodiscard]] bool RefuseWithinWait();
     void NoteErrorCode(int code);
     static int OnBusy(void* self, int count);
     [[nodiscard]] bool RefuseDamaged();

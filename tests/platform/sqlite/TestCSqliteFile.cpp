@@ -86,6 +86,7 @@ class TestCSqliteFile : public QObject {
     void fileSizeLimit();
     void lockedByAnother();
     void waitsOfTwoFilesAddUp();
+    void nothingBeginsWithinAWait();
     void whereNoFileCanBeLocked_data();
     void whereNoFileCanBeLocked();
     void isStillInPlace_data();
@@ -433,6 +434,40 @@ void TestCSqliteFile::waitsOfTwoFilesAddUp() {
     QVERIFY(!files[0].Begin());
     QVERIFY2(timer.elapsed() >= 800 && timer.elapsed() < 1600, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(files[1].ErrorCode(), SQLITE_BUSY);
+}
+
+/// A message that is served within a wait comes in the middle of a statement, and can't begin another one.
+void TestCSqliteFile::nothingBeginsWithinAWait() {
+    const QString path = Path(u"store"_qs);
+    CSqliteFile other, file;
+    QCOMPARE(other.Open(path, kKind, true), OpenOutcome::Created);
+    QVERIFY(other.Execute("CREATE TABLE t(a)"));
+    QCOMPARE(file.Open(path, kKind, true), OpenOutcome::Existed);
+    QVERIFY(other.Execute("BEGIN EXCLUSIVE"));
+    class Listener final : public CWaitListener {
+     public:
+        explicit Listener(CSqliteFile& waiting) : m_file(waiting) {}
+        Choice OnWaiting(const QString&, std::chrono::milliseconds) override {
+            began = began || m_file.Begin() || m_file.Execute("SELECT 1") || m_file.Prepare("SELECT 1");
+            ++asked;
+            return asked < 3 ? Choice::GoOn : Choice::GiveUp;
+        }
+        int asked = 0;
+        bool began = false;
+
+     private:
+        CSqliteFile& m_file;
+    } listener(file);
+    CWaitBudget budget;
+    const WaitBudgetScope scope(budget);
+    budget.SetListener(&listener);
+    QVERIFY(!file.Begin());
+    QCOMPARE(listener.asked, 3);
+    QVERIFY(!listener.began);
+    other.Rollback();
+    budget.Renew();
+    QVERIFY(file.Begin());
+    QVERIFY(file.Commit());
 }
 
 namespace {
