@@ -11,6 +11,7 @@
 #include "shell/frame/CAboutDialog.h"
 #include "shell/frame/CEventPump.h"
 #include "shell/frame/CMainFrame.h"
+#include "shell/frame/CWaitBox.h"
 #include "shell/look/IconTheme.h"
 #include "shell/look/LegiblePalette.h"
 #include "shell/program/AccessibleRoles.h"
@@ -155,6 +156,9 @@ int CWindowProgram::RunWindow() {
     MakePaletteLegible();
     ChooseIconTheme();
 
+    CWaitBudget budget;
+    const WaitBudgetScope waiting(budget);
+    const CWaitBox waitBox(budget);
     CSystemClock clock;
     CBoxPrompt prompt;
     CEventPump pump;
@@ -186,10 +190,10 @@ int CWindowProgram::RunWindow() {
     auto frame = std::make_unique<CMainFrame>(
         CMainFrame::Context{app, timers, hub, prompt, pump, clock, launcher, dialogs});
     COutsideControl control(*frame);
-    CInstanceHost host({app.Document(), timers, app.Settings(), [&] { control.Refresh(); },
-                        [&] { control.Raise(); }, [&] { control.Leave(); }, [&] { return control.IsBusy(); },
-                        [] { return QApplication::activeModalWidget() != nullptr; },
-                        [&app] { app.LoadLists(); }});
+    CInstanceHost host(
+        {app.Document(), timers, app.Settings(), [&] { control.Refresh(); }, [&] { control.Raise(); },
+         [&] { control.Leave(); }, [&] { return control.IsBusy() || budget.IsWaiting(); },
+         [] { return QApplication::activeModalWidget() != nullptr; }, [&app] { app.LoadLists(); }});
     const bool isHeard = host.Listen(app.Home(), LoadText(Text::ProgramTitle));
     if (!isHeard && !single.IsLocked()) {
         single.TellNotAlone(app.Home(), host.Error());
@@ -209,6 +213,7 @@ int CWindowProgram::RunWindow() {
     });
     const int code = QApplication::exec();
 
+    budget.Renew();
     host.BeginEnd();
     control.BeginEnd();
     frame->PersistEverything();
