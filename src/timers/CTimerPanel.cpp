@@ -6,6 +6,7 @@
 #include "records/CTRecord.h"
 #include "timers/CRecordTimers.h"
 #include "timers/TimerTexts.h"
+#include "timers/TrueTimeQuestion.h"
 
 #include <utility>
 
@@ -19,6 +20,11 @@ CTimerPanel::CTimerPanel(const CTRecord& record, CRecordTimers& timers, CVelmarc
 
 TimerState CTimerPanel::State() const {
     return m_timers.StateOf(m_record.GetId());
+}
+
+std::optional<TimeDifference> CTimerPanel::Difference() const {
+    const ActiveTimer* timer = m_timers.Set().Find(m_record.GetId());
+    return timer ? DifferenceOf(*timer) : std::nullopt;
 }
 
 QString CTimerPanel::DurationText() const {
@@ -91,9 +97,13 @@ bool CTimerPanel::PanelStop() {
     if (State() == TimerState::Stopped) return true;
     if (State() == TimerState::None) return false;
     m_timers.FoldAndStore();
+    const auto by = AskCountBy(m_timers.Set().Find(m_record.GetId()), m_prompt);
+    if (!by) return true;
     if (State() == TimerState::Running) m_dialog.stopTick();
     int hours = 0, minutes = 0, seconds = 0;
     m_timers.Set().GetElapsed(m_record.GetId(), hours, minutes, seconds);
+    const ActiveTimer* timer = m_timers.Set().Find(m_record.GetId());
+    if (timer && *by == CountBy::TrueTime) static_cast<void>(timer->trueCount.GetElapsed(hours, minutes));
     if (m_timers.Set().Stop(m_record.GetId())) m_dialog.setFromTimer(hours, minutes, 0, false);
     Save();
     Finish(Hint::TimerStopped);

@@ -2,9 +2,11 @@
 
 #include "app/CTimerService.h"
 #include "app/Hints.h"
+#include "timers/TrueTime.h"
 
 #include <QString>
 #include <functional>
+#include <optional>
 
 class CPrompt;
 class CRecordTimers;
@@ -39,13 +41,16 @@ class CTimerPanel {
     bool PanelStart();
     /// False without a timer.
     bool PanelPause();
-    /// False without a timer. The stored record stays as it is.
+    /// False without a timer. The stored record stays as it is. Where the count isn't what has truly passed
+    /// the user is asked which is meant, or goes on counting.
     bool PanelStop();
     void PanelTick();
     /// The dialog closes, accepted or not. A running timer goes on.
     void PanelClose();
 
     [[nodiscard]] TimerState State() const;
+    /// How the count differs from what has truly passed; nothing where it doesn't.
+    [[nodiscard]] std::optional<TimeDifference> Difference() const;
     /// The live duration as the dialog shows it.
     [[nodiscard]] QString DurationText() const;
 

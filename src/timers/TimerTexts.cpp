@@ -8,6 +8,10 @@ QString TimerCountText(const ActiveTimer& timer) {
     return FormatText<Text::TimerCount>(timer.hours, timer.minutes, timer.seconds);
 }
 
+QString HoursText(std::int64_t seconds) {
+    return FormatText<Text::SpanClock>(static_cast<int>(seconds / 3600), static_cast<int>(seconds / 60 % 60));
+}
+
 QString LiveDurationText(const ActiveTimer* timer, const SpanField& duration) {
     if (timer && (timer->state == TimerState::Running || timer->state == TimerState::Paused))
         return TimerCountText(*timer);

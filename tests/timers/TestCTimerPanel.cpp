@@ -62,6 +62,8 @@ class TestCTimerPanel : public QObject {
     void Pause();
     void Stop_data();
     void Stop();
+    void StopAfterAFlight_data();
+    void StopAfterAFlight();
     void WithoutATimer();
     void CancelLeavesTheTimerRunning();
     void StopThenCancelDropsTheCount();
@@ -230,6 +232,33 @@ void TestCTimerPanel::Stop() {
     QCOMPARE(home.CountOf(id), QStringLiteral("none"));
     QCOMPARE(home.StoredCountOf(id), QStringLiteral("none"));
     QVERIFY(!fixture.panel->PanelStop());
+}
+
+void TestCTimerPanel::StopAfterAFlight_data() {
+    QTest::addColumn<int>("answer");
+    QTest::addColumn<QString>("last");
+    QTest::addColumn<bool>("goesOn");
+    QTest::newRow("the time that has passed") << static_cast<int>(Answer::Yes) << "7:00:00 final" << false;
+    QTest::newRow("the count") << static_cast<int>(Answer::No) << "1:00:00 final" << false;
+    QTest::newRow("neither: the timer runs on") << static_cast<int>(Answer::Cancel) << "0:00:00" << true;
+}
+
+/// Seven hours, six of them lost to the time zones.
+void TestCTimerPanel::StopAfterAFlight() {
+    QFETCH(int, answer);
+    QFETCH(bool, goesOn);
+    TimerHome home;
+    PanelFixture fixture(home, home.AddTime(2026, 11, 19));
+    QVERIFY(fixture.panel->PanelStart());
+    QVERIFY(!fixture.panel->Difference());
+    home.clock.Advance(7 * 60 * kMinute);
+    home.clock.ShiftZone(-6 * 60 * kMinute);
+    home.prompt.Expect(Text::AskTrueTime, static_cast<Answer>(answer));
+    QVERIFY(fixture.panel->PanelStop());
+    QTEST(fixture.shown.last(), "last");
+    QCOMPARE(fixture.panel->State() == TimerState::Running, goesOn);
+    QCOMPARE(fixture.isTicking, goesOn);
+    QCOMPARE(fixture.panel->Difference().has_value(), goesOn);
 }
 
 void TestCTimerPanel::WithoutATimer() {

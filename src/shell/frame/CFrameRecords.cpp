@@ -12,6 +12,7 @@
 #include "shell/list/CRecordListView.h"
 #include "timers/CRecordTimers.h"
 #include "timers/TimerSelection.h"
+#include "timers/TrueTimeQuestion.h"
 #include "viewmodel/tree/CTreeControl.h"
 
 #include <type_traits>
@@ -116,6 +117,7 @@ void CFrameRecords::MarkSelected(int mark) {
 }
 
 void CFrameRecords::ApplyTimers(int action) {
+    if (static_cast<TimerAction>(action) == TimerAction::Stop) return StopSelected();
     TimerOutcome outcome;
     {
         const CVelmarchDoc::ChangeScope changing(m_context.document);
@@ -125,9 +127,40 @@ void CFrameRecords::ApplyTimers(int action) {
     TellIfUnsaved(outcome);
 }
 
-void CFrameRecords::StopTimers() {
+/// Everything is asked before anything is stopped. Left in ids: what is to be stopped by the clock.
+TimerOutcome CFrameRecords::StopByTrueTime(QStringList& ids) {
     m_context.timers.FoldAndStore();
-    TellIfUnsaved(m_context.timers.StopAllTimers());
+    const StopChoice choice = AskCountsBy(ids, m_context.timers.Set(), m_context.prompt);
+    ids = choice.byClock;
+    const CVelmarchDoc::ChangeScope changing(m_context.document);
+    TimerOutcome outcome;
+    for (const QString& id : choice.byTrueTime)
+        if (const TimerOutcome stopped = m_context.timers.StopRecordTimer(id, CountBy::TrueTime); outcome)
+            outcome = stopped;
+    return outcome;
+}
+
+void CFrameRecords::StopSelected() {
+    QStringList ids = m_context.view.SelectedIds();
+    TimerOutcome outcome = StopByTrueTime(ids);
+    {
+        const CVelmarchDoc::ChangeScope changing(m_context.document);
+        const TimerOutcome byClock = ApplyToSelection(ids, TimerAction::Stop, m_context.timers);
+        if (outcome) outcome = byClock;
+    }
+    TellIfUnsaved(outcome);
+}
+
+void CFrameRecords::StopTimers() {
+    const ActiveTimerSet& timers = m_context.timers.Set();
+    QStringList ids;
+    for (int i = timers.Count() - 1; i >= 0; --i) ids.append(timers.IdAt(i));
+    const TimerOutcome outcome = StopByTrueTime(ids);
+    // One that the user would rather not stop goes on.
+    const TimerOutcome byClock = ids.size() == timers.Count()
+                                     ? m_context.timers.StopAllTimers()
+                                     : ApplyToSelection(ids, TimerAction::Stop, m_context.timers);
+    TellIfUnsaved(outcome ? byClock : outcome);
 }
 
 void CFrameRecords::PauseTimers() {

@@ -30,6 +30,8 @@ class CFrameRecords {
 
  private:
     [[nodiscard]] bool EditInDialog(CVORec& record, CVORec* untouched = nullptr) const;
+    TimerOutcome StopByTrueTime(QStringList& ids);
+    void StopSelected();
     void TellIfUnsaved(const TimerOutcome& outcome);
 
     const FrameContext& m_context;

@@ -5,6 +5,7 @@
 #include "shell/look/CMnemonics.h"
 #include "shell/look/FormRows.h"
 #include "shell/record/RecordDialogParts.h"
+#include "timers/TimerTexts.h"
 
 #include <QHBoxLayout>
 #include <QIcon>
@@ -29,6 +30,11 @@ constexpr int kTickMilliseconds = 1000;
 Text StateText(TimerState state) {
     if (state == TimerState::Running) return Text::TimerIsRunning;
     return state == TimerState::Paused ? Text::TimerIsPaused : Text::TimerIsNone;
+}
+
+QString StateWords(TimerState state, const std::optional<TimeDifference>& difference) {
+    const QString words = LoadText(StateText(state));
+    return difference ? FormatText<Text::TimerTrueTime>(words, HoursText(difference->passed)) : words;
 }
 
 /// Large, and as wide as it can get, so that nothing moves while it counts.
@@ -147,7 +153,7 @@ void CTimerPanelWidget::ShowState() {
     const TimerState state = m_panel.State();
     m_start->setChecked(state == TimerState::Running);
     m_pause->setChecked(state == TimerState::Paused);
-    ShowValue(*m_state, LoadText(Text::TimesDrivenByTimerTitle), LoadText(StateText(state)));
+    ShowValue(*m_state, LoadText(Text::TimesDrivenByTimerTitle), StateWords(state, m_panel.Difference()));
     ShowTime();
     Q_EMIT StateChanged(state != TimerState::None);
 }

@@ -207,6 +207,23 @@ class TestCFrameCommands final : public QObject {
         QVERIFY(!fixture.set.AnyActive());
     }
 
+    /// Seven hours by flight, of which the clock shows one.
+    void AStopByTrueTime() {
+        Fixture fixture;
+        const QString id = fixture.home.AddTime(2026, 11, 19);
+        fixture.SelectAll();
+        fixture.Run(40112);
+        fixture.home.clock.Advance(7 * 3600);
+        fixture.home.clock.ShiftZone(-6 * 3600);
+        fixture.home.prompt.Expect(Text::AskTrueTime, Answer::Cancel);
+        fixture.Run(32868);
+        QVERIFY(fixture.set.AnyRunning());
+        fixture.home.prompt.Expect(Text::AskTrueTime, Answer::Yes);
+        fixture.Run(40111);
+        QVERIFY(!fixture.set.AnyActive());
+        QCOMPARE(fixture.home.document->FindTime(id)->spans.duration.clockText, u"7:00"_s);
+    }
+
     void MarksOfExpenses_data() {
         QTest::addColumn<int>("command");
         QTest::addColumn<QString>("flags");
