@@ -193,7 +193,8 @@ bool CRecordDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
 
 QString CRecordDelegate::TipAt(const QPoint&, const QStyleOptionViewItem& option,
                                const QModelIndex& index) const {
-    if (index.column() == 0) return index.data(Qt::ToolTipRole).toString();
+    const QString note = index.data(Qt::ToolTipRole).toString();
+    if (index.column() == 0 || !note.isEmpty()) return note;
     QString inWords = index.data(Qt::AccessibleTextRole).toString();
     if (index.data(CRecordListModel::ImageRole).isValid()) return inWords;
     const int needed = QFontMetrics(option.font).horizontalAdvance(inWords) + 2 * kMargin;

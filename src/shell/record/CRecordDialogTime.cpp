@@ -1,6 +1,7 @@
 #include "shell/record/CRecordDialogTime.h"
 
 #include "app/CVelmarchApp.h"
+#include "calendar/PassedTime.h"
 #include "config/CCfgStore.h"
 #include "fields/FieldId.h"
 #include "lang/FormatText.h"
@@ -11,7 +12,9 @@
 #include "shell/look/CMnemonics.h"
 #include "shell/look/FormRows.h"
 #include "shell/options/SettingSwitch.h"
+#include "timers/CRecordTimers.h"
 #include "viewmodel/fields/SpanPad.h"
+#include "viewmodel/list/TimeNote.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -82,6 +85,7 @@ CRecordDialogTime::CRecordDialogTime(TimeDraft& draft, const RecordDialogContext
     form->setSpacing(kFormSpace);
     AddFields(*form, mnemonics);
     AddSums(*form);
+    AddNote(*form);
     form->setRowMinimumHeight(form->rowCount(), kFormSpace);
     AddSwitch(*form, "lockDurationOnTimeEdit", LoadText(Text::OptLockDuration), mnemonics);
     AddSwitch(*form, "accumulateOnReentry", LoadText(Text::OptAccumulate), mnemonics);
@@ -186,6 +190,13 @@ void CRecordDialogTime::AddSums(QGridLayout& form) {
     m_money = AddSum(form, last, LabelOf(m_context.catalogue, kAmountName), "moneySum");
 }
 
+void CRecordDialogTime::AddNote(QGridLayout& form) {
+    m_note = new QLabel;
+    m_note->setWordWrap(true);
+    NameWidget(*m_note, QStringLiteral("timeNote"), LoadText(Text::LabelDuration));
+    form.addWidget(m_note, form.rowCount(), 0, 1, form.columnCount());
+}
+
 void CRecordDialogTime::AddSwitch(QGridLayout& form, const char* settingName, const QString& text,
                                   CMnemonics& mnemonics) {
     QCheckBox* box =
@@ -231,6 +242,10 @@ void CRecordDialogTime::ShowRecord() {
     ShowWeekday(m_day, record.date);
     ShowValue(*m_net, LoadText(Text::LabelNet), NetText(record.spans.effective));
     ShowValue(*m_money, LabelOf(m_context.catalogue, kAmountName), record.GetAmountText());
+    const ActiveTimer* timer = m_context.timers.Set().Find(record.GetId());
+    const QString note = TimeNote(record, timer, LocalZone());
+    ShowValue(*m_note, LoadText(Text::LabelDuration), note);
+    m_note->setVisible(!note.isEmpty());
 }
 
 void CRecordDialogTime::LockTimes(bool isLocked) {

@@ -47,6 +47,7 @@ class CRecordDialogTime final : public QWidget {
     void AddTime(QGridLayout& form, const TimeRow& row, CMnemonics& mnemonics);
     void AddSpan(QGridLayout& form, const SpanRow& row, CMnemonics& mnemonics);
     void AddSums(QGridLayout& form);
+    void AddNote(QGridLayout& form);
     void AddSwitch(QGridLayout& form, const char* settingName, const QString& text, CMnemonics& mnemonics);
     void AddField(Field field);
     void Enter(const Field& field);
@@ -59,4 +60,5 @@ class CRecordDialogTime final : public QWidget {
     RecordDialogParts::DateRow m_day;
     QLabel* m_net = nullptr;
     QLabel* m_money = nullptr;
+    QLabel* m_note = nullptr;  ///< what the clock hides
 };

@@ -93,6 +93,11 @@ bool CRecordListModel::IsFlagSet(int row, int column) const {
     return record && FlagOf(*record, column);
 }
 
+QString CRecordListModel::NoteOf(int row, int column) const {
+    const CVORec* record = RecordAt(row);
+    return record ? CellNote(*record, column, m_timers) : QString();
+}
+
 QString CRecordListModel::FlagInWordsOf(int row, int column) const {
     const CVORec* record = RecordAt(row);
     return record ? FlagInWords(*record, column, m_settings) : QString();
@@ -248,7 +253,8 @@ QVariant CRecordListModel::data(const QModelIndex& index, int role) const {
         case Qt::DisplayRole:
             return TextAt(*record, index.column());
         case Qt::ToolTipRole:
-            return index.column() == 0 ? StateInWords(*record) : QString();
+            return index.column() == 0 ? StateInWords(*record)
+                                       : CellNote(*record, ColumnOf(index.column()), m_timers);
         case Qt::AccessibleTextRole:
             return AccessibleText(*record, index.column());
         case Qt::TextAlignmentRole: {
@@ -275,7 +281,8 @@ QString CRecordListModel::TextAt(const CVORec& record, int modelColumn) const {
 /// record.
 QString CRecordListModel::AccessibleText(const CVORec& record, int modelColumn) const {
     if (modelColumn == 0) {
-        QStringList words{StateInWords(record), RecordInWords(record, m_settings, m_timers)};
+        QStringList words{StateInWords(record), RecordInWords(record, m_settings, m_timers),
+                          CellNote(record, Column::kDuration, m_timers)};
         words.removeAll(QString());
         return words.join(QStringLiteral(", "));
     }

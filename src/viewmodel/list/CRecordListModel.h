@@ -72,6 +72,8 @@ class CRecordListModel final : public QAbstractTableModel {
     [[nodiscard]] const CVORec* VisibleAt(int row) const;
     /// What a row says in a column of records, whatever the layout; empty for a record that is gone.
     [[nodiscard]] QString TextOf(int row, int column) const;
+    /// What it says of that cell when asked; see CellNote.
+    [[nodiscard]] QString NoteOf(int row, int column) const;
     /// Whether its flag of a column is set, or notes are there.
     [[nodiscard]] bool IsFlagSet(int row, int column) const;
     /// "Billable: yes".

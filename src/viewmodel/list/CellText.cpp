@@ -1,10 +1,13 @@
 #include "viewmodel/list/CellText.h"
 
+#include "calendar/PassedTime.h"
 #include "config/CCfgStore.h"
 #include "fields/FieldTable.h"
 #include "fields/FieldValue.h"
 #include "lang/FormatText.h"
 #include "timers/ActiveTimerSet.h"
+#include "timers/TimerTexts.h"
+#include "viewmodel/list/TimeNote.h"
 
 #include <QStringList>
 
@@ -27,11 +30,16 @@ QString SpanText(const SpanField& span, const Settings& settings) {
 }
 
 /// While a timer runs or is paused, its count takes the place of the duration.
+QString DurationText(const CTRecord& record, const Settings& settings, const ActiveTimerSet& timers) {
+    const ActiveTimer* timer = timers.Find(record.GetId());
+    const QString text = timer ? TimerCountText(*timer) : SpanText(record.spans.duration, settings);
+    return TimeNote(record, timer, LocalZone()).isEmpty() ? text : FormatText<Text::MarkedSpan>(text);
+}
+
 QString CellSpanText(const CVORec& record, const FieldRow& field, const Settings& settings,
                      const ActiveTimerSet& timers) {
-    int hours = 0, minutes = 0, seconds = 0;
-    if (field.id == FieldId::Duration && timers.GetElapsed(record.GetId(), hours, minutes, seconds))
-        return FormatText<Text::TimerCount>(hours, minutes, seconds);
+    if (field.id == FieldId::Duration)
+        return DurationText(static_cast<const CTRecord&>(record), settings, timers);
     return SpanText(SpanOf(record, field), settings);
 }
 
@@ -66,6 +74,12 @@ QString CellText(const CVORec& record, int column, const Settings& settings, con
         default:
             return TextOf(record, *field);
     }
+}
+
+QString CellNote(const CVORec& record, int column, const ActiveTimerSet& timers) {
+    const FieldRow* field = FieldOf(record, column);
+    if (!field || field->id != FieldId::Duration) return {};
+    return TimeNote(static_cast<const CTRecord&>(record), timers.Find(record.GetId()), LocalZone());
 }
 
 QString RecordInWords(const CVORec& record, const CCfgStore& settings, const ActiveTimerSet& timers) {
