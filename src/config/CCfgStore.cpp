@@ -121,8 +121,9 @@ bool CCfgStore::SaveValues() {
     return done;
 }
 
+/// Without the base key the next start is a first one, which writes the defaults over everything.
 bool CCfgStore::SaveValue(int index) {
-    if (index < 0 || index >= static_cast<int>(m_values.size())) return false;
+    if (!m_openKey.IsOpen() || index < 0 || index >= static_cast<int>(m_values.size())) return false;
     CCfgValue& value = *m_values[static_cast<std::size_t>(index)];
     if (!value.Save(m_profile, m_sectionName, EntryName(static_cast<std::size_t>(index)))) return false;
     value.NoteKnown(true);

@@ -333,6 +333,10 @@ void TestCCfgStore::UnreachableBaseKey() {
     settings.precisionRate = 5;
     QCOMPARE(settings.precisionRate, 5);
     QVERIFY(!settings.SaveAll());
+    // A value that could be stored would be lost all the same: the next start is a first one.
+    QVERIFY(home.tree.File().Execute("PRAGMA query_only=OFF"));
+    QVERIFY(!settings.SaveValue(65));
+    QCOMPARE(home.Start().precisionRate, 3);
 }
 
 void TestCCfgStore::RegionalFlags_data() {
