@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int kBatch = 10000;
+constexpr int kReported = 10000;
 constexpr int kRecordsPerDay = 5;
 constexpr int kMostYears = 30;
 
@@ -106,42 +106,38 @@ std::vector<CalendarDay> WorkingDays(const CClock& clock, int records) {
     return days;
 }
 
-/// Adds records in transactions of so many, each durable at its end. Nobody shows them, so they aren't held.
+/// Adds records in one transaction: a home that is filled in part couldn't be filled again. Nobody shows
+/// them, so they aren't held.
 class BatchWriter {
  public:
-    BatchWriter(CVelmarchDoc& document, std::function<void(int)> progress)
-        : m_document(document), m_progress(std::move(progress)) {}
+    BatchWriter(CVelmarchDoc& document, const std::function<void(int)>& progress)
+        : m_document(document), m_progress(progress), m_batch(document.Store()) {}
 
     [[nodiscard]] bool Write(const CVORec& record) {
-        return Add([&] {
-            return m_document.AddRecord(record, {Notify::No, Commit::Later, Identity::New, Hold::No});
-        });
+        Report();
+        return m_batch.IsOpen() &&
+               m_document.AddRecord(record, {Notify::No, Commit::Later, Identity::New, Hold::No});
     }
     [[nodiscard]] bool WriteItem(CPRecord& item) {
         item.GenUnique();
-        return Add([&] { return m_document.Store().InsertRecord(item, Commit::Later); });
+        return m_batch.IsOpen() && m_document.Store().InsertRecord(item, Commit::Later);
     }
     [[nodiscard]] bool Finish() {
-        if (!m_batch) return true;
-        const CommitEnd end = m_batch->Commit();
+        const CommitEnd end = m_batch.Commit();
         m_document.NoteEnd(end);
-        m_batch.reset();
-        if (end != CommitEnd::Durable) return false;
-        if (m_progress) m_progress(m_written);
-        return true;
+        if (end == CommitEnd::Durable && m_progress) m_progress(m_written);
+        return end == CommitEnd::Durable;
     }
 
  private:
-    template <class Write>
-    [[nodiscard]] bool Add(Write&& write) {
-        if (!m_batch) m_batch.emplace(m_document.Store());
-        if (!m_batch->IsOpen() || !write()) return false;
-        return ++m_written % kBatch != 0 || Finish();
+    void Report() {
+        if (m_progress && m_written > 0 && m_written % kReported == 0) m_progress(m_written);
+        ++m_written;
     }
 
     CVelmarchDoc& m_document;
-    std::function<void(int)> m_progress;
-    std::optional<StoreTransaction> m_batch;
+    const std::function<void(int)>& m_progress;
+    StoreTransaction m_batch;
     int m_written = 0;
 };
 
@@ -297,11 +293,11 @@ DemoOutcome FillWithDemoData(CVelmarchDoc& document, const CClock& clock, const 
     const Words words;
     const std::vector<CalendarDay> days = WorkingDays(clock, counts.times + counts.expenses);
     Dice dice(seed);
-    BatchWriter items(document, {}), records(document, progress);
+    BatchWriter records(document, progress);
     CTRecord time;
     CERecord expense;
     int odometer = 12000;
-    const bool written = WriteLists(items, words) && items.Finish() &&
+    const bool written = WriteLists(records, words) &&
                          SpreadOver(days, counts.times,
                                     [&](const Place& place) {
                                         MakeTime(time, place, words, dice);

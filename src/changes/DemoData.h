@@ -20,8 +20,8 @@ enum class [[nodiscard]] DemoOutcome{Filled, NotEmpty, Failed};
 
 /// Fills an empty store with plausible records in ascending order of days, ending today, and with the items
 /// that they use in their pulldown lists. Five or so a day, over at most 30 years: beyond that, the days fill
-/// up. The same seed gives the same records, apart from identities and today's date. Writes in batches, each
-/// durable at its end; progress, when given, hears after each how many records are written.
+/// up. The same seed gives the same records, apart from identities and today's date. All of it is written or
+/// nothing; progress, when given, hears now and then how many records there are.
 [[nodiscard]] DemoOutcome FillWithDemoData(CVelmarchDoc& document, const CClock& clock,
                                            const DemoCounts& counts, std::uint32_t seed,
                                            const std::function<void(int written)>& progress = {});
