@@ -82,8 +82,8 @@ QStringList FaultHome::Words(const QString& command) const {
     return text.split(u' ', Qt::SkipEmptyParts);
 }
 
-bool FaultHome::Prepare(const QString& commands) {
-    if (!CopyHome(m_made.path(), m_work.path())) return false;
+bool FaultHome::Prepare(const QString& commands, State state) {
+    if (!CopyHome((state == State::New ? m_new : m_made).path(), m_work.path())) return false;
     for (const QString& command : commands.split(u';', Qt::SkipEmptyParts))
         if (!IsDone(command)) return false;
     return CopyHome(m_work.path(), m_prepared.path());

@@ -17,9 +17,10 @@ class FaultHome {
 
     /// What a test asks for by name in its commands: "{t1}" is the first time record.
     [[nodiscard]] QStringList Words(const QString& command) const;
+    enum class State { Filled, New /** no files yet */ };
     /// Begins anew from the home as it was made, after these commands, parted by semicolons. False when one
     /// of them failed.
-    [[nodiscard]] bool Prepare(const QString& commands);
+    [[nodiscard]] bool Prepare(const QString& commands, State state = State::Filled);
     /// Back to what was prepared.
     [[nodiscard]] bool Renew() const;
 
@@ -34,7 +35,7 @@ class FaultHome {
     [[nodiscard]] bool IsDone(const QString& command) const;
     [[nodiscard]] bool Note(const QString& name, const QString& command);
 
-    QTemporaryDir m_made, m_prepared, m_work;
+    QTemporaryDir m_new, m_made, m_prepared, m_work;
     CTestClock m_clock;
     QHash<QString, QString> m_names;
     QSet<QString> m_known;

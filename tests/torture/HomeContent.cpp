@@ -42,20 +42,26 @@ QStringList Rows(const QString& path, const QString& name, const QByteArray& sql
     return rows;
 }
 
-/// Each value with its path. The timers' own stand apart: what they say depends on the time.
+/// What only the settings hold, with its path. What the console shows of them is asked of it: a value that
+/// isn't stored is the default.
 constexpr char kSettings[] =
     "WITH RECURSIVE tree(id, path) AS (SELECT 1, '' UNION ALL "
     "SELECT keys.id, tree.path || '>' || keys.name FROM keys JOIN tree ON keys.parent = tree.id) "
     "SELECT path, entries.name, type, CASE type WHEN 'binary' THEN hex(value) ELSE value END "
-    "FROM tree LEFT JOIN entries ON entries.key = tree.id WHERE path NOT LIKE '%>ActiveTimers%'";
+    "FROM tree JOIN entries ON entries.key = tree.id WHERE path LIKE '%Defaults>%'";
 
-/// What only the console can say: how long timers have counted by now, the trees without the identities of
-/// their pieces, and whether anything is wrong.
-constexpr const char* kShown[] = {"timer status", "tree show time", "tree show expense", "doctor"};
+/// The timers have counted up to now, the trees come without the identities of their pieces.
+constexpr const char* kShown[] = {
+    "settings list",        "columns list time",           "columns list time --tree",
+    "columns list expense", "columns list expense --tree", "timer status",
+    "tree show time",       "tree show expense",           "doctor",
+};
 
-QString Shown(const QString& home, const QString& command, const CClock& clock) {
+QStringList Shown(const QString& home, const QString& command, const CClock& clock) {
     const ConsoleRun run = RunConsole(home, command.split(u' '), clock);
-    return u"%1: %2 %3"_s.arg(command).arg(run.exit).arg(QString::fromUtf8(run.out + run.err));
+    QStringList lines = QString::fromUtf8(run.out).split(u'\n', Qt::SkipEmptyParts);
+    for (QString& line : lines) line = u"%1 (%2): %3"_s.arg(command).arg(run.exit).arg(line);
+    return lines;
 }
 
 QString WithoutNewIdentities(const QString& line, const QSet<QString>& known) {

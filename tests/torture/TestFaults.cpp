@@ -19,16 +19,25 @@ struct CommandRow {
     const char* command;
     const char* before = "";
     const char* beside = "";
+    FaultHome::State home = FaultHome::State::Filled;
 };
 constexpr CommandRow kCommands[] = {
     {"time add --date 2026-11-20 --duration 1:00 --notes new"},
     {"time edit {t1} --notes other --duration 0:45"},
     {"time delete {t1}"},
     {"time delete {t1} {t2}"},
+    {"time delete {t3}"},
+    {"time delete {t4} {t1}"},
     {"time copy {t1} {t2}"},
     {"time mark {t2} --as first-second"},
+    {"time mark {t1} {t2} --as exported"},
+    {"time new --from copy:{t1}"},
+    {"time new --from defaults:Usual"},
+    {"time new --timer"},
+    {"time new --timer", "settings set timerOnNewTimer 2"},
+    {"time add --item1 Gamma"},
     {"expense add --date 2026-11-20 --amount 5"},
-    {"expense add --odometer-start 150 --odometer-end 180 --rate 2", "", "VirtualCfgObj0033|"},
+    {"expense add --odometer-start 150 --odometer-end 180 --rate 2", "", "odometerLastEnd"},
     {"expense edit {e1} --amount 7"},
     {"expense delete {e1} {e2}"},
     {"expense copy {e2}"},
@@ -37,24 +46,38 @@ constexpr CommandRow kCommands[] = {
     {"timer start {t1}"},
     {"timer start {t4}"},
     {"timer start {t1}", "settings set timerOnNewTimer 1"},
+    {"timer start {t1}", "settings set timerOnNewTimer 2"},
     {"timer pause {t3}"},
     {"timer stop {t3}"},
     {"timer stop {t4}"},
     {"timer stop-all"},
     {"timer pause-all"},
     {"timer drop {t3}"},
+    {"items add 16 Gamma"},
+    {"items rename 16 Acme Apex"},
     {"items rename 16 Acme Apex --in-records"},
     {"items rename 16 Acme Beta --in-records"},
+    {"items delete 16 Acme"},
+    {"items clear 16"},
     {"tree add time Beta Plan"},
     {"tree remove time Acme"},
-    {"labels set 110 Work", "", "Columns|"},
-    {"labels reset", "", "Columns|"},
-    {"labels preset 2", "", "Columns|"},
+    {"labels set 110 Work", "", "columns list"},
+    {"labels reset", "", "columns list"},
+    {"labels preset 2", "", "columns list"},
     {"defaults save New --notes n"},
+    {"defaults save Usual --notes n"},
+    {"defaults rename Usual Other"},
+    {"defaults delete Usual"},
     {"columns set time date start --width date=99"},
+    {"columns set time 4 5 --tree"},
     {"columns reset time", "columns set time date start"},
     {"settings set firstDayOfWeek 1"},
+    {"settings reset confirmCopy"},
     {"settings reset"},
+    {"time add --date 2026-11-20 --notes new", "", "", FaultHome::State::New},
+    {"settings set firstDayOfWeek 1", "", "", FaultHome::State::New},
+    {"items add 16 Gamma", "", "", FaultHome::State::New},
+    {"demo fill 3", "", "", FaultHome::State::New},
 };
 
 /// In the short form about so many of the calls of each command fail, others for each.
@@ -109,11 +132,13 @@ void TestFaults::Commands() {
     QTest::addColumn<QString>("command");
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("beside");
+    QTest::addColumn<FaultHome::State>("home");
     for (const CommandRow& row : kCommands) {
-        const QByteArray before = row.before;
-        QTest::newRow((row.command + (before.isEmpty() ? before : " after " + before)).constData())
+        const QByteArray before = *row.before ? QByteArray(" after ") + row.before : QByteArray();
+        const QByteArray where = row.home == FaultHome::State::New ? " in a new home" : "";
+        QTest::newRow((row.command + before + where).constData())
             << QString::fromLatin1(row.command) << QString::fromLatin1(row.before)
-            << QString::fromLatin1(row.beside);
+            << QString::fromLatin1(row.beside) << row.home;
     }
 }
 
@@ -122,10 +147,11 @@ void TestFaults::Begin() {
     QFETCH(QString, command);
     QFETCH(QString, before);
     QFETCH(QString, beside);
+    QFETCH(FaultHome::State, home);
     m_command = command;
     m_beside = beside;
     m_walk->Name(command);
-    QVERIFY2(m_home->Prepare(before), qPrintable(before));
+    QVERIFY2(m_home->Prepare(before, home), qPrintable(before));
     m_before = m_home->Content();
     QVERIFY(m_home->Renew());
     const ConsoleRun run = m_home->Run(m_command);
