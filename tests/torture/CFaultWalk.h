@@ -27,6 +27,9 @@ class CFaultWalk {
     /// The files may grow by no page, by one, by two, up to as many as the change needs.
     void FillDisk(const Change& change, const Judge& judge);
 
+    /// Counts a change that was made to fail in another way, and what is wrong with what came of it.
+    void Look(const Judge& judge, const QString& what);
+
     [[nodiscard]] QStringList TakeComplaints() { return std::exchange(m_complaints, {}); }
     [[nodiscard]] int Runs() const { return m_runs; }
     [[nodiscard]] int FailedRuns() const { return m_failedRuns; }
@@ -38,7 +41,6 @@ class CFaultWalk {
         qint64 growth;
     };
     [[nodiscard]] Met Make(const Change& change, const std::function<void()>& arm);
-    void Look(const Judge& judge, const QString& what);
     [[nodiscard]] static bool IsLong();
     [[nodiscard]] bool IsSampled(int call, int calls) const;
 

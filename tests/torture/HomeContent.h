@@ -7,9 +7,9 @@
 class CClock;
 
 /// What a home holds, as lines in alphabetical order: the rows of the tables, stored defaults, settings,
-/// columns, trees, the timers with their counts folded to now, and the word of the doctor. Two homes with the
-/// same lines hold the same. Identities that aren't among the known ones appear as "new": each run makes
-/// others.
+/// columns, trees, the timers with their counts folded to now, in the long form the word of the doctor. Two
+/// homes with the same lines hold the same. Identities that aren't among the known ones appear as "new": each
+/// run makes others.
 [[nodiscard]] QStringList ContentOf(const QString& home, const QSet<QString>& known, const CClock& clock);
 
 /// The lines that only one of two contents has, "- " in front of those of the first, "+ " of the second.

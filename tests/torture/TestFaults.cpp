@@ -8,6 +8,7 @@
 #include "torture/FaultHome.h"
 #include "torture/HomeContent.h"
 #include "torture/QuickWaits.h"
+#include "torture/SmallDisk.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -97,6 +98,8 @@ class TestFaults : public QObject {
     void FailingCalls();
     void FullDisk_data() { Commands(); }
     void FullDisk();
+    void RealDisk_data() { Commands(); }
+    void RealDisk();
     void cleanupTestCase();
 
  private:
@@ -172,6 +175,22 @@ void TestFaults::FullDisk() {
     Begin();
     if (QTest::currentTestFailed()) return;
     m_walk->FillDisk(m_change, [this] { return Judge(); });
+    End();
+}
+
+/// The same on a file system that is really full: one page more is free each time, until the command is done.
+void TestFaults::RealDisk() {
+    SmallDisk disk(m_home->Path());
+    if (!disk.IsThere()) QSKIP("only the administrator can make a small disk");
+    Begin();
+    m_run.exit = 1;
+    for (int pages = 0; m_run.exit != 0 && !QTest::currentTestFailed(); ++pages) {
+        QVERIFY(m_home->Renew());
+        QVERIFY(disk.LeaveFree(pages));
+        m_run = m_home->Run(m_command);
+        disk.Empty();
+        m_walk->Look([this] { return Judge(); }, u"%1 pages free"_s.arg(pages));
+    }
     End();
 }
 
