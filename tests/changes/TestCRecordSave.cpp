@@ -3,6 +3,7 @@
 #include "changes/CProgress.h"
 #include "changes/CRecordChanges.h"
 #include "changes/CTimersOfRecords.h"
+#include "entry/CEnteredItems.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
@@ -32,8 +33,11 @@ struct OpenDialog {
     CRecordTimers timers{set, *home.document, *home.settings};
     NoProgress progress;
     COwnTimers ownTimers{timers};
+    CEnteredItems texts;
     CRecordChanges changes{{.document = *home.document,
                             .timers = ownTimers,
+                            .catalogue = *home.catalogue,
+                            .entered = texts,
                             .settings = *home.settings,
                             .prompt = home.prompt,
                             .progress = progress,

@@ -268,7 +268,7 @@ void TestTrueTime::TheDraftOfANewRecordHasOneToo() {
     TimerHome home;
     CTRecord record;
     record.GenUnique();
-    home.timers->StartDraftTimer(record);
+    QVERIFY(home.timers->StartDraftTimer(record));
     home.clock.Advance(kDay);
     home.set->FoldAll();
     QVERIFY(home.timers->PersistDraft(record));

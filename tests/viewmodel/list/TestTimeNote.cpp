@@ -1,6 +1,7 @@
 #include "viewmodel/list/TimeNote.h"
 
 #include "lang/LoadText.h"
+#include "platform/host/CRegionalInfo.h"
 #include "records/CTRecord.h"
 #include "support/CTestClock.h"
 #include "support/TestProgram.h"
