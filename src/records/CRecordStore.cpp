@@ -1,8 +1,9 @@
 #include "records/CRecordStore.h"
 
 #include "lang/FormatText.h"
-#include "platform/host/CPrompt.h"
 #include "records/RowConditions.h"
+
+#include <utility>
 
 namespace {
 
@@ -59,7 +60,15 @@ void CRecordStore::Tell(Text what, const QString& text, BoxIcon icon) {
     box.title = LoadText(Text::StoreFailureTitle);
     box.text = text;
     box.icon = icon;
-    m_prompt.Tell(box);
+    if (m_holding > 0)
+        m_held.push_back(box);
+    else
+        m_prompt.Tell(box);
+}
+
+void CRecordStore::TellHeld() {
+    if (--m_holding > 0) return;
+    for (const MessageBox& box : std::exchange(m_held, {})) m_prompt.Tell(box);
 }
 
 /// Done is done, also where the disk leaves doubts: entered again, it would stand there twice.
@@ -114,12 +123,7 @@ bool CRecordStore::ReadRecord(CVORec& record, const QString& id) {
 void CRecordStore::TellUnlessAsWritten(RecordKind kind, const QString& id) {
     if (m_toldFaults.contains(id) || m_manager.IsAsWritten(TableName(kind), id)) return;
     m_toldFaults.insert(id);
-    MessageBox box;
-    box.textId = static_cast<int>(Text::RecordNotAsWritten);
-    box.title = LoadText(Text::StoreFailureTitle);
-    box.text = FormatText<Text::RecordNotAsWritten>(id);
-    box.icon = BoxIcon::Warning;
-    m_prompt.Tell(box);
+    Tell(Text::RecordNotAsWritten, FormatText<Text::RecordNotAsWritten>(id), BoxIcon::Warning);
 }
 
 bool CRecordStore::ModifyRecord(const CVORec& record, const QString& id, ::Commit commit, Seek seek) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/host/CPrompt.h"
 #include "records/CVOSrcMgr.h"
 #include "records/ChangeFlags.h"
 
@@ -8,9 +9,8 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <vector>
 
-class CPrompt;
-enum class BoxIcon;
 struct RowConditions;
 
 /// The program's store access: composes every statement from the language library's pieces, calls the manager
@@ -49,6 +49,19 @@ class CRecordStore {
     [[nodiscard]] QString Select(RecordKind kind, const RowConditions& conditions) const;
     [[nodiscard]] CVOSrcMgr& Manager() { return m_manager; }
 
+    /// While one lives no box comes: what failed is told at its end. For a transaction, in which other
+    /// programs wait for the store: they don't wait for the user's answer as well.
+    class [[nodiscard]] TellLater {
+     public:
+        explicit TellLater(CRecordStore& store) : m_store(store) { ++m_store.m_holding; }
+        ~TellLater() { m_store.TellHeld(); }
+        TellLater(const TellLater&) = delete;
+        TellLater& operator=(const TellLater&) = delete;
+
+     private:
+        CRecordStore& m_store;
+    };
+
  private:
     [[nodiscard]] QString ById(Text opening, RecordKind kind, const QString& id) const;
     [[nodiscard]] bool TakeRecord(CVORec& record, bool advance, Text failure);
@@ -56,10 +69,13 @@ class CRecordStore {
     bool Fail(Text what, const QString& statement);
     void TellUnlessAsWritten(RecordKind kind, const QString& id);
     void Tell(Text what, const QString& text, BoxIcon icon);
+    void TellHeld();
 
     CVOSrcMgr& m_manager;
     CPrompt& m_prompt;
     QString m_dataSourceName;
+    int m_holding = 0;  ///< how many want to hear later
+    std::vector<MessageBox> m_held;
     QSet<QString> m_toldFaults;  ///< identities of records that the user was told aren't as written
     QHash<int, QString> m_insertPositions;  ///< by kind: the query that positions for an insert
 };

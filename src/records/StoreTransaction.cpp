@@ -1,7 +1,5 @@
 #include "records/StoreTransaction.h"
 
-#include "records/CRecordStore.h"
-
 namespace {
 
 /// Whether nothing is left of earlier changes.
@@ -13,7 +11,7 @@ bool IsClear(CRecordStore& store) {
 }  // namespace
 
 StoreTransaction::StoreTransaction(CRecordStore& store)
-    : m_store(store), m_isOpen(IsClear(store) && store.BeginBatch()) {}
+    : m_store(store), m_tellLater(store), m_isOpen(IsClear(store) && store.BeginBatch()) {}
 
 StoreTransaction::~StoreTransaction() {
     CVOSrcMgr& manager = m_store.Manager();
