@@ -75,6 +75,15 @@ void TellUnheard(CPrompt& prompt, const QString& why) {
                  .actionLabel = {}});
 }
 
+/// What all windows of the program have in common.
+void PrepareApplication() {
+    InstallAccessibleRoles();
+    QApplication::setApplicationName(LoadText(Text::ProgramTitle));
+    QApplication::setDesktopFileName(u"velmarch"_s);
+    MakePaletteLegible();
+    ChooseIconTheme();
+}
+
 /// A while after the start, when the first clicks are done.
 void LookOverLater(CStartCheck& check, QObject* context, const QString& home) {
     QTimer::singleShot(3s, context,
@@ -149,12 +158,8 @@ int CWindowProgram::RunVerb(const QStringList& arguments) const {
 int CWindowProgram::RunWindow() {
     const QtMessageHandler usual = qInstallMessageHandler(EndWithoutDisplay);
     QApplication qt(m_argc, m_argv);
-    InstallAccessibleRoles();
     qInstallMessageHandler(usual);
-    QApplication::setApplicationName(LoadText(Text::ProgramTitle));
-    QApplication::setDesktopFileName(u"velmarch"_s);
-    MakePaletteLegible();
-    ChooseIconTheme();
+    PrepareApplication();
 
     CWaitBudget budget;
     const WaitBudgetScope waiting(budget);

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QLabel>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -101,7 +102,9 @@ class TestCWaitBox final : public QObject {
         Held held;
         held.budget.Spend(std::chrono::seconds(30));
         QCOMPARE(held.budget.Left().count(), 0);
-        QTest::qWait(20);
+        QEventLoop idle;
+        QTimer::singleShot(20, &idle, &QEventLoop::quit);
+        idle.exec();
         QCOMPARE(held.budget.Left(), std::chrono::milliseconds(30'000));
     }
 };
