@@ -92,6 +92,17 @@ void LookOverLater(CStartCheck& check, QObject* context, const QString& home) {
 
 }  // namespace
 
+/// A home that is open, and what its window works with.
+struct CWindowProgram::Opened {
+    CVelmarchApp& app;
+    CSingleWindow& single;
+    CWaitBudget& budget;
+    CClock& clock;
+    CPrompt& prompt;
+    CEventPump& pump;
+    CViewHub& hub;
+};
+
 CWindowProgram::CWindowProgram(int& argc, char** argv) : m_argc(argc), m_argv(argv) {}
 
 int CWindowProgram::Run() {
@@ -178,7 +189,11 @@ int CWindowProgram::RunWindow() {
     static_cast<void>(app.OpenSettings());
     const bool isStoreOpen = app.OpenStore();
     if (!CDamagedStore({app, prompt, clock}).Resolve(isStoreOpen)) return kFailed;
+    return RunFrame({app, single, budget, clock, prompt, pump, hub});
+}
 
+int CWindowProgram::RunFrame(const Opened& opened) {
+    auto& [app, single, budget, clock, prompt, pump, hub] = opened;
     ActiveTimerSet timerSet(clock);
     CRecordTimers timers(timerSet, app.Document(), app.Settings());
     app.Document().SetTimers(&timers);
@@ -205,8 +220,7 @@ int CWindowProgram::RunWindow() {
         return kFailed;
     }
     const CQuitSignals signals([&] { control.Leave(); });
-    CStartCheck check({launcher, prompt,
-                       [&](const std::function<void()>& work) { control.WhenFree(work); },
+    CStartCheck check({launcher, prompt, [&](const std::function<void()>& work) { control.WhenFree(work); },
                        [&app] { app.NoteStoreDamage(); }});
     frame->show();
     // The records come with the window on the screen.

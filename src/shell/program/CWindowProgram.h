@@ -15,7 +15,10 @@ class CWindowProgram {
     [[nodiscard]] bool ReadOptions(const QStringList& arguments);
     [[nodiscard]] int RunConsolePart();
     [[nodiscard]] int RunVerb(const QStringList& arguments) const;
+    struct Opened;
     [[nodiscard]] int RunWindow();
+    /// The window from its first moment to its last; the exit code.
+    [[nodiscard]] static int RunFrame(const Opened& opened);
 
     int& m_argc;
     char** m_argv;
