@@ -16,7 +16,7 @@ QString Pattern() {
     return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/velmarch-faults-XXXXXX"_s;
 }
 
-constexpr int kHalfAnHour = 30 * 60;
+constexpr int kTenMinutes = 10 * 60, kTwentyMinutes = 20 * 60;
 
 /// What there is besides the records.
 constexpr const char* kFillings[] = {
@@ -27,7 +27,6 @@ constexpr const char* kFillings[] = {
     "settings set confirmCopy no",
     "timer start {t3}",
     "timer start {t4}",
-    "timer pause {t4}",
 };
 
 struct RecordRow {
@@ -66,7 +65,9 @@ bool FaultHome::Make() {
         if (!Note(QString::fromLatin1(row.name), QString::fromLatin1(row.command))) return false;
     for (const char* filling : kFillings)
         if (!IsDone(QString::fromLatin1(filling))) return false;
-    m_clock.Advance(kHalfAnHour);
+    m_clock.Advance(kTenMinutes);
+    if (!IsDone(u"timer pause {t4}"_s)) return false;
+    m_clock.Advance(kTwentyMinutes);
     return CopyHome(m_work.path(), m_made.path());
 }
 

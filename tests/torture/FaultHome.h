@@ -10,7 +10,8 @@
 #include <QTemporaryDir>
 
 /// A home with something of everything that a command may change, made once by the console's own commands,
-/// and the copies of it in which commands are made to fail. It is half past nine; one timer runs since nine.
+/// and the copies of it in which commands are made to fail. It is half past nine; one timer runs since nine,
+/// another one has counted ten minutes and is paused.
 class FaultHome {
  public:
     FaultHome();

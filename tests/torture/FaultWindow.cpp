@@ -21,15 +21,15 @@ Answer CAgreeingPrompt::Ask(const MessageBox& box) {
     return box.buttons == Buttons::OkCancel ? Answer::Ok : Answer::Yes;
 }
 
-FaultWindow::FaultWindow(const QString& home, const CClock& clock)
+FaultWindow::FaultWindow(const QString& home, const CClock& clock, int agreed)
     : m_clock(clock), m_app({clock, m_prompt, m_pump, m_hub}), m_set(clock) {
     if (!m_app.ResolveHome(home) || !m_app.OpenSettings() || !m_app.OpenStore()) return;
     m_timers = std::make_unique<CRecordTimers>(m_set, m_app.Document(), m_app.Settings());
     m_app.Document().SetTimers(m_timers.get());
     m_timers->RestoreTimers();
-    m_dialogs.edit = [this](CVORec& record) {
+    m_dialogs.edit = [this, agreed](CVORec& record) {
         EnterNote(record);
-        return m_dialogs.edited == 1;
+        return m_dialogs.edited <= agreed;
     };
     m_frame = std::make_unique<CMainFrame>(
         CMainFrame::Context{m_app, *m_timers, m_hub, m_prompt, m_pump, m_clock, m_launcher, m_dialogs});

@@ -22,11 +22,11 @@ class CAgreeingPrompt final : public CPrompt {
     QStringList told;
 };
 
-/// The window on a home, wired as the program wires it, until it is closed. A dialog of a record is agreed to
-/// once, with a note of the user's in it, and called off when it comes back.
+/// The window on a home, wired as the program wires it, until it is closed. The dialog of a record is agreed
+/// to so many times, with a note of the user's in it, and called off when it comes again.
 class FaultWindow {
  public:
-    FaultWindow(const QString& home, const CClock& clock);
+    FaultWindow(const QString& home, const CClock& clock, int agreed);
     ~FaultWindow();
     FaultWindow(const FaultWindow&) = delete;
     FaultWindow& operator=(const FaultWindow&) = delete;

@@ -6,7 +6,10 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QRegularExpression>
+#include <algorithm>
 #include <memory>
 
 using namespace Qt::Literals::StringLiterals;
@@ -64,6 +67,20 @@ QStringList Shown(const QString& home, const QString& command, const CClock& clo
     return lines;
 }
 
+constexpr QLatin1String kTimers("timer status");
+
+/// The records whose timers count or are paused.
+QStringList TimedIn(const QStringList& content) {
+    QStringList ids;
+    for (const QString& line : content) {
+        if (!line.startsWith(kTimers)) continue;
+        const QByteArray json = line.mid(line.indexOf(u'[')).toUtf8();
+        for (const QJsonValue& timer : QJsonDocument::fromJson(json).array())
+            ids += timer[u"id"_s].toString();
+    }
+    return ids;
+}
+
 QString WithoutNewIdentities(const QString& line, const QSet<QString>& known) {
     static const QRegularExpression kIdentity(u"(?<![0-9A-F])[0-9A-F]{32}(?![0-9A-F])"_s);
     QString text = line;
@@ -97,6 +114,18 @@ QString Difference(const QStringList& first, const QStringList& second) {
     for (const QString& line : missing) text += u"- "_s + line + u'\n';
     for (const QString& line : added) text += u"+ "_s + line + u'\n';
     return text;
+}
+
+bool IsBetween(const QStringList& content, const QStringList& before, const QStringList& after) {
+    const bool isKnown = std::ranges::all_of(content, [&](const QString& line) {
+        return line.startsWith(kTimers) || before.contains(line) || after.contains(line);
+    });
+    const QStringList timers = TimedIn(content);
+    return isKnown && std::ranges::all_of(TimedIn(before), [&](const QString& id) {
+               return timers.contains(id) || std::ranges::any_of(content, [&](const QString& line) {
+                          return line.endsWith(id) && !before.contains(line);
+                      });
+           });
 }
 
 bool CopyHome(const QString& from, const QString& to) {

@@ -15,5 +15,9 @@ class CClock;
 /// The lines that only one of two contents has, "- " in front of those of the first, "+ " of the second.
 [[nodiscard]] QString Difference(const QStringList& first, const QStringList& second);
 
+/// Whether a change that was left halfway, and says so, has lost nothing: all that is there was there before
+/// it or is there after it, and each timer counts on or was written into its record.
+[[nodiscard]] bool IsBetween(const QStringList& content, const QStringList& before, const QStringList& after);
+
 /// A copy of the files of a home, in place of all that another folder holds.
 [[nodiscard]] bool CopyHome(const QString& from, const QString& to);
