@@ -34,9 +34,11 @@ bool CFaultInjector::Concerns(Call call) const {
     const bool isLock = call == Call::Lock || call == Call::LockToWrite || call == Call::Unlock;
     switch (m_fault) {
         case Fault::DiskError:
-            return true;
+            return call != Call::Read;
+        case Fault::Unreadable:
+            return call == Call::Read;
         case Fault::DiskFull:
-            return !isLock && call != Call::Delete;
+            return !isLock && call != Call::Delete && call != Call::Read;
         case Fault::NoLocks:
             return isLock;
         case Fault::Reader:
@@ -58,6 +60,7 @@ int CodeOf(int error, int ofCall) {
 int ErrnoOf(Fault fault) {
     switch (fault) {
         case Fault::DiskError:
+        case Fault::Unreadable:
             return EIO;
         case Fault::DiskFull:
             return ENOSPC;
@@ -72,9 +75,9 @@ int ErrnoOf(Fault fault) {
 }  // namespace
 
 int CFaultInjector::Meet(Call call) {
-    constexpr int kCodes[] = {SQLITE_CANTOPEN,    SQLITE_IOERR_WRITE,  SQLITE_IOERR_TRUNCATE,
-                              SQLITE_IOERR_FSYNC, SQLITE_IOERR_DELETE, SQLITE_IOERR_LOCK,
-                              SQLITE_IOERR_LOCK,  SQLITE_IOERR_UNLOCK};
+    constexpr int kCodes[] = {SQLITE_IOERR_READ,     SQLITE_CANTOPEN,    SQLITE_IOERR_WRITE,
+                              SQLITE_IOERR_TRUNCATE, SQLITE_IOERR_FSYNC, SQLITE_IOERR_DELETE,
+                              SQLITE_IOERR_LOCK,     SQLITE_IOERR_LOCK,  SQLITE_IOERR_UNLOCK};
     if (!m_isArmed || !Concerns(call)) return SQLITE_OK;
     ++m_calls;
     const bool fails =
@@ -106,6 +109,10 @@ int CFaultInjector::OnOpen(const QString&) {
 
 void CFaultInjector::OnOpened(const QString& path, bool) {
     m_sizes.remove(path);
+}
+
+int CFaultInjector::OnRead(const QString&, qint64) {
+    return Meet(Call::Read);
 }
 
 int CFaultInjector::OnWrite(const QString& path, qint64 offset, const QByteArray& data) {

@@ -6,10 +6,11 @@
 
 /// What a call to the system ends with.
 enum class Fault {
-    DiskError,  ///< EIO, of any call that changes a file or a lock
-    DiskFull,   ///< ENOSPC, of calls that need space or find out late that there is none
-    NoLocks,    ///< ENOLCK, of locks
-    Reader      ///< the store can't be written while another program reads it
+    DiskError,   ///< EIO, of any call that changes a file or a lock
+    Unreadable,  ///< EIO, of calls that read
+    DiskFull,    ///< ENOSPC, of calls that need space or find out late that there is none
+    NoLocks,     ///< ENOLCK, of locks
+    Reader       ///< the store can't be written while another program reads it
 };
 
 /// How long it lasts.
@@ -32,6 +33,7 @@ class CFaultInjector final : public CVfsShim {
 
     int OnOpen(const QString& path) override;
     void OnOpened(const QString& path, bool isNew) override;
+    int OnRead(const QString& path, qint64 offset) override;
     int OnWrite(const QString& path, qint64 offset, const QByteArray& data) override;
     int OnTruncate(const QString& path, qint64 size) override;
     int OnSync(const QString& path, bool isFirst) override;
@@ -41,7 +43,7 @@ class CFaultInjector final : public CVfsShim {
     [[nodiscard]] int SystemError() const override { return m_systemError; }
 
  private:
-    enum class Call { Open, Write, Truncate, Sync, Delete, Lock, LockToWrite, Unlock };
+    enum class Call { Read, Open, Write, Truncate, Sync, Delete, Lock, LockToWrite, Unlock };
     void StartAnew();
     [[nodiscard]] bool Concerns(Call call) const;
     [[nodiscard]] int Meet(Call call);

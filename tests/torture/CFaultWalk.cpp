@@ -15,6 +15,8 @@ struct FaultRow {
 constexpr FaultRow kFaults[] = {
     {"one call fails", Fault::DiskError, Lasting::OneCall},
     {"all calls fail", Fault::DiskError, Lasting::FromThenOn},
+    {"a page can't be read", Fault::Unreadable, Lasting::OneCall},
+    {"nothing can be read", Fault::Unreadable, Lasting::FromThenOn},
     {"the disk is full for a moment", Fault::DiskFull, Lasting::OneCall},
     {"the disk is full", Fault::DiskFull, Lasting::FromThenOn},
     {"there is no lock for a moment", Fault::NoLocks, Lasting::OneCall},

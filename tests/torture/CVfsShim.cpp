@@ -30,7 +30,9 @@ int Close(sqlite3_file* file) {
 }
 
 int Read(sqlite3_file* file, void* out, int bytes, sqlite3_int64 offset) {
-    return Of(file).Real()->pMethods->xRead(Of(file).Real(), out, bytes, offset);
+    ShimFile& own = Of(file);
+    const int refused = own.shim->OnRead(*own.path, offset);
+    return refused != SQLITE_OK ? refused : own.Real()->pMethods->xRead(own.Real(), out, bytes, offset);
 }
 
 int Write(sqlite3_file* file, const void* data, int bytes, sqlite3_int64 offset) {

@@ -6,7 +6,7 @@
 #include <QString>
 
 /// Stands between SQLite and the system's files while it lives: every database opened meanwhile goes through
-/// it. A test sees each change of a file and each lock before it is made and may refuse it with an SQLite
+/// it. A test sees each use of a file and each lock before it is made and may refuse it with an SQLite
 /// result code.
 class CVfsShim {
  public:
@@ -24,6 +24,11 @@ class CVfsShim {
     virtual void OnOpened(const QString& path, bool isNew) {
         (void)path;
         (void)isNew;
+    }
+    virtual int OnRead(const QString& path, qint64 offset) {
+        (void)path;
+        (void)offset;
+        return SQLITE_OK;
     }
     virtual int OnWrite(const QString& path, qint64 offset, const QByteArray& data) {
         (void)path;

@@ -68,6 +68,7 @@ QStringList Shown(const QString& home, const QString& command, const CClock& clo
 }
 
 constexpr QLatin1String kTimers("timer status");
+constexpr QLatin1String kSound("\"ok\": true");  ///< of the doctor, with a number of records or timers
 
 /// The records whose timers count or are paused.
 QStringList TimedIn(const QStringList& content) {
@@ -118,7 +119,8 @@ QString Difference(const QStringList& first, const QStringList& second) {
 
 bool IsBetween(const QStringList& content, const QStringList& before, const QStringList& after) {
     const bool isKnown = std::ranges::all_of(content, [&](const QString& line) {
-        return line.startsWith(kTimers) || before.contains(line) || after.contains(line);
+        const bool isCount = line.startsWith(kTimers) || line.contains(kSound);
+        return isCount || before.contains(line) || after.contains(line);
     });
     const QStringList timers = TimedIn(content);
     return isKnown && std::ranges::all_of(TimedIn(before), [&](const QString& id) {

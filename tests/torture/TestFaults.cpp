@@ -1,6 +1,8 @@
 #include <QRegularExpression>
 #include <QTest>
+#include <algorithm>
 
+#include "cli/commands/CommandTable.h"
 #include "lang/LoadText.h"
 #include "support/TestProgram.h"
 #include "torture/CFaultInjector.h"
@@ -16,13 +18,13 @@ namespace {
 
 /// A command that changes data, and the commands that have to come before it. beside: what it changes
 /// besides, and may leave with a word about it: the command's own change is done.
-struct CommandRow {
+struct TriedRow {
     const char* command;
     const char* before = "";
     const char* beside = "";
     FaultHome::State home = FaultHome::State::Filled;
 };
-constexpr CommandRow kCommands[] = {
+constexpr TriedRow kCommands[] = {
     {"time add --date 2026-11-20 --duration 1:00 --notes new"},
     {"time edit {t1} --notes other --duration 0:45"},
     {"time delete {t1}"},
@@ -44,6 +46,7 @@ constexpr CommandRow kCommands[] = {
     {"expense copy {e2}"},
     {"expense mark {e1} --as third-fourth"},
     {"expense new --from copy:{e1}"},
+    {"expense mark {e1} {e2} --as fifth"},
     {"timer start {t1}"},
     {"timer start {t4}"},
     {"timer start {t1}", "settings set timerOnNewTimer 1"},
@@ -94,6 +97,7 @@ class TestFaults : public QObject {
 
  private Q_SLOTS:
     void initTestCase();
+    void EveryCommandIsTried();
     void FailingCalls_data() { Commands(); }
     void FailingCalls();
     void FullDisk_data() { Commands(); }
@@ -103,7 +107,7 @@ class TestFaults : public QObject {
     void cleanupTestCase();
 
  private:
-    void Commands();
+    static void Commands();
     void Begin();
     [[nodiscard]] QStringList Judge() const;
     [[nodiscard]] QStringList JudgeDone(const QStringList& content) const;
@@ -131,12 +135,27 @@ void TestFaults::initTestCase() {
     m_walk = std::make_unique<CFaultWalk>(m_disk, *m_home, kSample);
 }
 
+/// What may change data by its function's arguments, and isn't called show, list or status.
+void TestFaults::EveryCommandIsTried() {
+    const QStringList readers{u"show"_s, u"list"_s, u"status"_s};
+    for (const auto& row : ::Commands()) {
+        const bool mayChange =
+            std::holds_alternative<RunOnRecords>(row.run) || std::holds_alternative<RunOnSettings>(row.run);
+        if (!mayChange || readers.contains(QLatin1String(row.name))) continue;
+        const QString name = QLatin1String(row.group) + u' ' + QLatin1String(row.name);
+        const bool isTried = std::ranges::any_of(kCommands, [&](const TriedRow& tried) {
+            return (QLatin1String(tried.command) + u' ').startsWith(name + u' ');
+        });
+        QVERIFY2(isTried, qPrintable(name));
+    }
+}
+
 void TestFaults::Commands() {
     QTest::addColumn<QString>("command");
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("beside");
     QTest::addColumn<FaultHome::State>("home");
-    for (const CommandRow& row : kCommands) {
+    for (const TriedRow& row : kCommands) {
         const QByteArray before = *row.before ? QByteArray(" after ") + row.before : QByteArray();
         const QByteArray where = row.home == FaultHome::State::New ? " in a new home" : "";
         QTest::newRow((row.command + before + where).constData())
