@@ -140,7 +140,7 @@ bool CVelmarchApp::OpenSettings() {
     theSpanEntry = m_spanEntry.get();
     theExpenseEntry = m_expenseEntry.get();
     theRecordMode = LastMode(*m_settings);
-    return areKept;
+    return areKept && m_settings->AreKept();
 }
 
 void CVelmarchApp::TellDamagedSettings() {

@@ -139,12 +139,15 @@ void CCfgStore::ResetValues() {
 void CCfgStore::OpenBaseKey() {
     m_openKey = m_tree.OpenKey(m_tree.Root(), m_basePath);
     if (m_openKey.IsOpen()) return LoadAll();
-    if (MakeBaseKey()) return;
+    if (!MakeBaseKey()) WorkFromMemory();
+}
+
+void CCfgStore::WorkFromMemory() {
     m_openKey = {};
     Tell(Text::BaseKeyFailed, FormatText<Text::BaseKeyFailed>(m_basePath), Text::WriteSettingTitle);
     m_listColumns = {};
     m_treeColumns = {};
-    DefaultColumns();
+    ResetAll();
 }
 
 /// The first run: key, columns, font and all values come into being as one change, so that a second program
@@ -173,12 +176,15 @@ void CCfgStore::ResetAll() {
     m_listFont = DefaultFont();
 }
 
+/// What a broken disk didn't give is no default: saved at the end, that would take the user's place.
 void CCfgStore::LoadAll() {
+    (void)m_tree.TakeReadFailure();
     LoadFont();
     LoadListColumns();
     LoadTreeColumns();
     m_listColumns.Repair();
     LoadValues();
+    if (m_tree.TakeReadFailure()) WorkFromMemory();
 }
 
 bool CCfgStore::SaveAll() {

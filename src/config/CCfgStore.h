@@ -46,8 +46,11 @@ class CCfgStore : public Settings, public CPrecisionSource {
     /// failure ends it.
     bool SaveAll();
     /// Columns that can't be read take their defaults: the list's in silence, the tree's after the user was
-    /// told. That difference is wanted.
+    /// told. That difference is wanted. Where the file can't be read at all, the user is told, and all have
+    /// their defaults, of which nothing is saved.
     void LoadAll();
+    /// False when the object works from memory: what is changed is lost at its end.
+    [[nodiscard]] bool AreKept() const { return m_openKey.IsOpen(); }
     void ResetAll();
     /// All that have changed as one change of the tree: all of them or, on failure, none.
     bool SaveValues();
@@ -126,6 +129,7 @@ class CCfgStore : public Settings, public CPrecisionSource {
     void Adopt(std::unique_ptr<CCfgValue> value, const SettingAddress& setting, const SettingContent& preset);
     void RegisterValues();
     void OpenBaseKey();
+    void WorkFromMemory();
     bool MakeBaseKey();
     void DefaultColumns();
     bool SaveBlobs(bool report);

@@ -1,6 +1,7 @@
 #include "ColumnBytes.h"
 #include "SettingsHome.h"
 #include "support/TestProgram.h"
+#include "torture/CFaultInjector.h"
 
 #include <sqlite3.h>
 #include <QFile>
@@ -32,6 +33,7 @@ class TestCCfgStore : public QObject {
     void Font();
     void FontOfAnotherProgramStays();
     void UnreachableBaseKey();
+    void UnreadableSettingsStay();
     void RegionalFlags_data();
     void RegionalFlags();
     void PrecisionsStayInRange();
@@ -337,6 +339,26 @@ void TestCCfgStore::UnreachableBaseKey() {
     QVERIFY(home.tree.File().Execute("PRAGMA query_only=OFF"));
     QVERIFY(!settings.SaveValue(65));
     QCOMPARE(home.Start().precisionRate, 3);
+}
+
+/// What a broken disk didn't give isn't taken for the default, and nothing is saved in its place.
+void TestCCfgStore::UnreadableSettingsStay() {
+    CFaultInjector disk;
+    const QTemporaryDir folder;
+    SettingsHome home(folder.path());
+    home.Start().precisionRate = 5;
+    QVERIFY(home.settings->SaveAll());
+    disk.Arm(Fault::Unreadable, Lasting::FromThenOn, 1);
+    home.prompt.ExpectTold(Text::TreeColumnsReadFailed);
+    home.prompt.ExpectTold(Text::BaseKeyFailed);
+    home.settings->LoadAll();
+    QVERIFY(!home.settings->AreKept());
+    QCOMPARE(home.settings->precisionRate, 3);
+    disk.Disarm();
+    QVERIFY(!home.settings->SaveAll());
+    QVERIFY(!home.settings->SaveValue(65));
+    QCOMPARE(home.Start().precisionRate, 5);
+    QVERIFY(home.settings->AreKept());
 }
 
 void TestCCfgStore::RegionalFlags_data() {

@@ -24,7 +24,7 @@ class COpenHome {
         if (!m_app.ResolveHome(homeOption)) return false;
         // Settings that can't be kept have been told about; commands that only read go on with what there is.
         m_areSettingsKept = m_app.OpenSettings();
-        m_app.Tree().RefuseChangesInMemory();
+        if (!m_areSettingsKept) m_app.Tree().RefuseChanges();
         m_app.Settings().KeepStoreUntouched();
         return true;
     }

@@ -81,7 +81,6 @@ bool CSettingsTree::Open(const QString& path, int busySeconds) {
     const bool isUsable = IsUsable(outcome);
     const QString reason = m_reason;
     if (!isUsable) static_cast<void>(OpenFile(QStringLiteral(":memory:"), busySeconds));
-    m_isInMemory = !isUsable;
     m_error = m_reason = reason;
     return isUsable;
 }
@@ -182,7 +181,7 @@ sqlite3_stmt* CSettingsTree::Statement(const QByteArray& sql, const CSettingsKey
     }
     sqlite3_stmt* statement = m_file->Prepare(sql);
     if (statement == nullptr) {
-        m_error = m_file->Error();
+        NoteFailure();
         return nullptr;
     }
     sqlite3_bind_int64(statement, 1, key.m_row);
@@ -197,9 +196,14 @@ bool CSettingsTree::NextRow(sqlite3_stmt* statement, bool* done) {
     if (step == SQLITE_ROW) return true;
     if (step != SQLITE_DONE) {
         m_file->NoteError();
-        m_error = m_file->Error();
+        NoteFailure();
     }
     return false;
+}
+
+void CSettingsTree::NoteFailure() {
+    m_error = m_file->Error();
+    m_hasReadFailed = true;
 }
 
 /// Runs a changing statement; false also when it changed nothing. All of them belong to a change: where a
@@ -309,13 +313,13 @@ bool CSettingsTree::DeleteValue(const CSettingsKey& key, const QString& name) {
         [&] { return Run(Statement("DELETE FROM entries WHERE key = ?1 AND name = ?2", key, name)); });
 }
 
-void CSettingsTree::RefuseChangesInMemory() {
-    m_isRefusing = m_isInMemory;
+void CSettingsTree::RefuseChanges() {
+    m_refusal = m_error;
 }
 
 bool CSettingsTree::Change(const std::function<bool()>& work) {
-    if (m_isRefusing) {
-        m_error = m_reason;
+    if (m_refusal) {
+        m_error = *m_refusal;
         return false;
     }
     if (m_inChange) return m_file->InTransaction() && work();

@@ -52,9 +52,9 @@ class CSettingsTree {
     /// a file that may only be read the values come, and every write fails. busySeconds: how long to wait for
     /// one lock of another program at most, here and at every later call.
     [[nodiscard]] bool Open(const QString& path, int busySeconds = kMostWaitSeconds);
-    /// For a program whose changes would be lost with its end, as a console command's: a tree that works from
-    /// memory because its file can't be used refuses them from here on, and Error() tells why.
-    void RefuseChangesInMemory();
+    /// For a program whose changes would be lost with its end, or would be made of what wasn't read, as a
+    /// console command's: all are refused from here on, and Error() tells why.
+    void RefuseChanges();
     [[nodiscard]] const QString& KeptAside() const { return m_keptAside; }
     [[nodiscard]] const QString& Error() const { return m_error; }
     /// The names of values that Open found damaged ("ActiveTimers/Content"). They are out of use, put aside
@@ -76,6 +76,8 @@ class CSettingsTree {
     /// All values of a key at once: for a start that reads 75 of them.
     [[nodiscard]] std::optional<std::vector<std::pair<QString, SettingsValue>>> ReadValues(
         const CSettingsKey& key);
+    /// Whether a read has failed since this was last asked: what wasn't found may be there all the same.
+    [[nodiscard]] bool TakeReadFailure() { return std::exchange(m_hasReadFailed, false); }
     [[nodiscard]] bool WriteValue(const CSettingsKey& key, const QString& name, const SettingsValue& value);
     /// False also when there is none.
     [[nodiscard]] bool DeleteValue(const CSettingsKey& key, const QString& name);
@@ -100,6 +102,7 @@ class CSettingsTree {
                                           const QString& name = {});
     [[nodiscard]] bool NextRow(sqlite3_stmt* statement, bool* done = nullptr);
     bool Run(sqlite3_stmt* statement);
+    void NoteFailure();
 
     std::unique_ptr<CSqliteFile> m_file;
     QString m_keptAside;
@@ -108,6 +111,6 @@ class CSettingsTree {
     QStringList m_damagedValues;
     bool m_hasChecks = false;
     bool m_inChange = false;
-    bool m_isInMemory = false;
-    bool m_isRefusing = false;
+    bool m_hasReadFailed = false;
+    std::optional<QString> m_refusal;  ///< why changes are refused
 };

@@ -87,8 +87,7 @@ class TestCSettingsTree : public QObject {
     void twoUnreadableInOneSecond();
     void worksFromMemory_data();
     void worksFromMemory();
-    void refusesChangesInMemory();
-    void aFileThatIsKeptTakesChanges();
+    void refusesChanges();
     void editedByHand();
     void openIsQuick();
 
@@ -464,23 +463,16 @@ void TestCSettingsTree::worksFromMemory() {
 }
 
 /// A program that ends at once would lose them: it is told why.
-void TestCSettingsTree::refusesChangesInMemory() {
+void TestCSettingsTree::refusesChanges() {
     CSettingsTree tree;
     QVERIFY(!tree.Open(m_folder->filePath(u"no/velmarch.settings"_qs)));
     const QString why = tree.Error();
-    tree.RefuseChangesInMemory();
+    tree.RefuseChanges();
     QVERIFY(!tree.WriteValue(tree.Root(), u"a"_qs, 1));
     QVERIFY(!tree.CreateKey(tree.Root(), u"key"_qs).IsOpen());
     QCOMPARE(tree.Error(), why);
     QVERIFY(!why.isEmpty());
     QCOMPARE(tree.EnumKeys(tree.Root()), std::optional(QStringList()));
-}
-
-void TestCSettingsTree::aFileThatIsKeptTakesChanges() {
-    CSettingsTree tree;
-    QVERIFY(tree.Open(Path()));
-    tree.RefuseChangesInMemory();
-    QVERIFY(tree.WriteValue(tree.Root(), u"a"_qs, 1));
 }
 
 void TestCSettingsTree::editedByHand() {
