@@ -181,9 +181,9 @@ bool CPulldownCatalogue::DeleteItem(int list, const QString& text) {
     const Deleted deleted =
         DeleteStored([&] { return m_store.DeleteRecord(RecordKind::PulldownItem, item->GetId()); },
                      [item](const CPRecord& one) { return &one == item; });
-    if (deleted == Deleted::Kept) return Warn(Text::ItemNotDeleted);
+    if (deleted == Deleted::No) return Warn(Text::ItemNotDeleted);
+    if (deleted == Deleted::TreesRefuse) return Warn(Text::DependenciesNotSaved);
     m_lists.Remove(*item);
-    if (deleted == Deleted::TreesNotSaved) Warn(Text::DependenciesNotSaved);
     return true;
 }
 
@@ -194,9 +194,9 @@ bool CPulldownCatalogue::DeleteAllItems(int list) {
         FormatText<Text::SqlDeleteList>(m_store.TableName(RecordKind::PulldownItem), list);
     const Deleted deleted = DeleteStored([&] { return m_store.Query(statement); },
                                          [list](const CPRecord& item) { return item.listId == list; });
-    if (deleted == Deleted::Kept) return false;
+    if (deleted == Deleted::No) return false;
+    if (deleted == Deleted::TreesRefuse) return Warn(Text::DependenciesNotUpdated);
     m_lists.RemoveAll(list);
-    if (deleted == Deleted::TreesNotSaved) Warn(Text::DependenciesNotUpdated);
     return true;
 }
 
@@ -209,28 +209,23 @@ bool CPulldownCatalogue::TreesAreKnown() {
     });
 }
 
-/// The rows go and the trees that held their items are stored without them, as one change: a program that is
-/// killed in between leaves both or neither. Memory follows when that is done.
+/// The rows go and the trees that held their items are stored without them, as one change: a tree left behind
+/// that names an unknown item could never be read again. Memory follows when that is done.
 CPulldownCatalogue::Deleted CPulldownCatalogue::DeleteStored(const std::function<bool()>& deleteRows,
                                                              const DependencyTree::ItemTest& isGone) {
     std::vector<DependencySet> changed;
     for (const DependencySet set : kDependencySets)
         if (Tree(set).Holds(isGone)) changed.push_back(set);
-    if (changed.empty()) return deleteRows() ? Deleted::Done : Deleted::Kept;
+    if (changed.empty()) return deleteRows() ? Deleted::Done : Deleted::No;
 
-    Deleted end = Deleted::Done;
-    {
-        StoreTransaction change(m_store);
-        if (!change.IsOpen() || !deleteRows()) return Deleted::Kept;
-        const bool isSaved = std::ranges::all_of(changed, [&](DependencySet set) {
-            return m_dependencies.Put(set, TreeToBytes(Tree(set), isGone));
-        });
-        if (!isSaved || change.Commit() != CommitEnd::Durable) end = Deleted::TreesNotSaved;
-    }
-    // What can't be kept in step doesn't hold up the deletion; the next save of the trees mends them.
-    if (end == Deleted::TreesNotSaved && !deleteRows()) return Deleted::Kept;
+    StoreTransaction change(m_store);
+    if (!change.IsOpen() || !deleteRows()) return Deleted::No;
+    const bool isSaved = std::ranges::all_of(
+        changed, [&](DependencySet set) { return m_dependencies.Put(set, TreeToBytes(Tree(set), isGone)); });
+    if (!isSaved) return Deleted::TreesRefuse;
+    if (change.Commit() != CommitEnd::Durable) return Deleted::No;
     for (const DependencySet set : changed) Tree(set).RemoveIf(isGone);
-    return end;
+    return Deleted::Done;
 }
 
 // --- Names of fields

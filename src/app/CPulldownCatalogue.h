@@ -126,7 +126,7 @@ class CPulldownCatalogue {
         DependencyTree tree;
         State state = State::Unread;
     };
-    enum class Deleted { Kept, Done, TreesNotSaved };
+    enum class Deleted { No, Done, TreesRefuse };
 
     void Forget();
     [[nodiscard]] bool LoadItems(const QString& statement);

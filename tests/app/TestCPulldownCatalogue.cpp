@@ -30,6 +30,14 @@ class TestCPulldownCatalogue : public QObject {
 
     void Run(const QString& sql) { QVERIFY2(home->manager.File().Execute(sql.toUtf8()), qPrintable(sql)); }
     /// From here on the store refuses such changes ("INSERT ON item_velmarch").
+    /// From here on the commit of such a change of an item fails.
+    void FailCommits(const QString& change) {
+        Run(u"PRAGMA foreign_keys=ON"_s);
+        Run(u"CREATE TABLE parent(id INTEGER PRIMARY KEY)"_s);
+        Run(u"CREATE TABLE child(id INTEGER REFERENCES parent(id) DEFERRABLE INITIALLY DEFERRED)"_s);
+        Run(u"CREATE TRIGGER late AFTER %1 ON item_velmarch BEGIN INSERT INTO child VALUES(1); END"_s.arg(
+            change));
+    }
     void Refuse(const QString& change) {
         Run(u"CREATE TRIGGER refuse BEFORE %1 BEGIN SELECT RAISE(ABORT,'no'); END"_s.arg(change));
     }
@@ -355,21 +363,41 @@ class TestCPulldownCatalogue : public QObject {
         QVERIFY(!home->manager.HasOpenChanges());
     }
 
+    /// Without its item the stored tree could never be read again: the item stays.
     void DeleteItemWhoseTreeCanNotBeSaved() {
         MakeTrees();
         const QStringList chunks = Chunks();
         Refuse(u"INSERT ON dependency_velmarch"_s);
         home->prompt.ExpectTold(Text::InsertFailed);
         home->prompt.ExpectTold(Text::DependenciesNotSaved);
-        QVERIFY(catalogue->DeleteItem(16, u"A"_s));
-        QCOMPARE(catalogue->Texts(16), QStringList{u"B"_s});
-        QCOMPARE(Stored(16), QStringList{u"B"_s});
-        QCOMPARE(TreeOf(kTimes), u"B(P)"_s);
-        QCOMPARE(Chunks(), chunks);  // nothing half done
+        QVERIFY(!catalogue->DeleteItem(16, u"A"_s));
+        QCOMPARE(catalogue->Texts(16), QStringList({u"A"_s, u"B"_s}));
+        QCOMPARE(Stored(16), QStringList({u"A"_s, u"B"_s}));
+        QCOMPARE(TreeOf(kTimes), u"A(P)B(P)"_s);
+        QCOMPARE(Chunks(), chunks);
         Run(u"DROP TRIGGER refuse"_s);
-        QVERIFY(catalogue->SaveTree(kTimes));
+        QVERIFY(catalogue->DeleteItem(16, u"A"_s));
         QVERIFY(catalogue->Load());
         QCOMPARE(TreeOf(kTimes), u"B(P)"_s);
+    }
+
+    void DeleteItemWhoseCommitFails() {
+        MakeTrees();
+        FailCommits(u"DELETE"_s);
+        home->prompt.ExpectTold(Text::CommitFailed);
+        home->prompt.ExpectTold(Text::ItemNotDeleted);
+        QVERIFY(!catalogue->DeleteItem(16, u"A"_s));
+        QCOMPARE(catalogue->Texts(16), QStringList({u"A"_s, u"B"_s}));
+        QCOMPARE(Stored(16), QStringList({u"A"_s, u"B"_s}));
+        QCOMPARE(TreeOf(kTimes), u"A(P)B(P)"_s);
+    }
+
+    void AddedItemWhoseCommitFails() {
+        FailCommits(u"INSERT"_s);
+        home->prompt.ExpectTold(Text::CommitFailed);
+        QVERIFY(!catalogue->AddItem(16, u"A"_s, false));
+        QVERIFY(catalogue->Texts(16).isEmpty());
+        QVERIFY(Stored(16).isEmpty());
     }
 
     void DeleteItemAfterLoadListsReadsTheTrees() {
@@ -419,9 +447,9 @@ class TestCPulldownCatalogue : public QObject {
         Refuse(u"UPDATE ON dependency_velmarch"_s);
         home->prompt.ExpectTold(Text::ModifyFailed);
         home->prompt.ExpectTold(Text::DependenciesNotUpdated);
-        QVERIFY(catalogue->DeleteAllItems(16));
-        QVERIFY(Stored(16).isEmpty());
-        QCOMPARE(TreeOf(kTimes), u""_s);
+        QVERIFY(!catalogue->DeleteAllItems(16));
+        QCOMPARE(Stored(16), QStringList({u"A"_s, u"B"_s}));
+        QCOMPARE(TreeOf(kTimes), u"A(P)B(P)"_s);
     }
 };
 
