@@ -100,6 +100,13 @@ ExitCode Resolve(QuickRequest& request, Console& console, RecordContext& context
                : LookupFailed(context);
 }
 
+/// The default was read before; that it can't be by now is told.
+bool FillFromDefault(CVORec& record, const QuickRequest& request, Console& console, RecordContext& context) {
+    if (context.owner.Defaults(theRecordMode).Read(request.stored, record)) return true;
+    console.out.Complain(FormatText<Text::DefaultDamaged>(request.stored));
+    return false;
+}
+
 /// Makes the record with the timers at hand.
 QuickOutcome Make(int flags, const QuickRequest& request, Console& console, RecordContext& context) {
     const bool isCopy = (flags & QuickFlag::kCopy) != 0;
@@ -114,9 +121,7 @@ QuickOutcome Make(int flags, const QuickRequest& request, Console& console, Reco
          .edit = {},
          .successiveId = request.followed,
          .fillFromDefaults =
-             [&](CVORec& record) {
-                 return context.owner.Defaults(theRecordMode).Read(request.stored, record);
-             }});
+             [&](CVORec& record) { return FillFromDefault(record, request, console, context); }});
 }
 
 ExitCode TellWithoutTimer(const QString& id, const QString& why, Console& console) {
@@ -140,8 +145,10 @@ ExitCode MakeBesideWindow(const QuickRequest& request, Console& console, RecordC
 /// The record is durable before the timer is: a program killed in between leaves a record without its timer.
 ExitCode MakeWithTimer(const QuickRequest& request, Console& console, RecordContext& context, QString& id) {
     QuickOutcome made;
+    bool isBegun = false;
     const auto changed = context.timers.ChangeHere(
         [&] {
+            isBegun = true;
             made = Make(request.flags, request, console, context);
             return !made.addedId.isEmpty() && !made.lacksTimer;
         },
@@ -149,11 +156,8 @@ ExitCode MakeWithTimer(const QuickRequest& request, Console& console, RecordCont
     if (changed == CTimerAccess::Changed::WindowOwns) return MakeBesideWindow(request, console, context, id);
     id = made.addedId;
     if (changed == CTimerAccess::Changed::Done) return ExitCode::Done;
-    // Where the timers can't be changed at all the record isn't made either: that was not told.
-    if (id.isEmpty())
-        return context.document.Store().m_lastError != 0
-                   ? ExitCode::Failed
-                   : Refuse(ExitCode::Failed, LoadText(Text::CliTimersNotStored), console);
+    if (!isBegun) return Refuse(ExitCode::Failed, LoadText(Text::CliTimersNotStored), console);
+    if (id.isEmpty()) return ExitCode::Failed;
     return TellWithoutTimer(id, LoadText(Text::CliTimersNotStored), console);
 }
 

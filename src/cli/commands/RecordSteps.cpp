@@ -50,8 +50,11 @@ void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordC
     if (!context.window.TellChanged(kind, ids, listsToo)) console.out.Note(LoadText(Text::CliWindowNotTold));
 }
 
-void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordContext& context) {
+void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordContext& context, ChangedBy by) {
+    const CVORec* held = by == ChangedBy::ThisProgram ? context.document.FindRecord(id) : nullptr;
+    const std::unique_ptr<CVORec> known = held ? held->Clone() : nullptr;
     const CVORec* record = context.document.FetchRecord(kind, id);
+    if (!record) record = known.get();
     if (record) WriteRecord(console.out, {*record, context.timers.Shown(id)});
 }
 

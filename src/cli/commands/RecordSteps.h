@@ -25,8 +25,12 @@ enum class RecordMode : int;
 /// records.
 void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordContext& context,
               bool listsToo = false);
-/// Prints a stored record with its timer.
-void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordContext& context);
+/// Who has changed a record that is to be shown.
+enum class ChangedBy { ThisProgram, Window };
+/// Prints a stored record with its timer. What this program has stored itself is shown from memory where the
+/// store can't be read any more: it is done, and its result is wanted.
+void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordContext& context,
+                 ChangedBy by = ChangedBy::ThisProgram);
 /// Asks a yes-or-no question with no as the default.
 [[nodiscard]] bool Confirm(Text question, Text title, Text verb, Console& console);
 /// The same with a text made from the question.

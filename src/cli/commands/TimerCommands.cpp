@@ -5,6 +5,7 @@
 #include "cli/arguments/EnteredValues.h"
 #include "cli/commands/RecordSteps.h"
 #include "cli/home/CTimerAccess.h"
+#include "cli/home/CWindowLink.h"
 #include "cli/home/RecordContext.h"
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
@@ -114,7 +115,8 @@ ExitCode StopTimer(const CArguments& arguments, Console& console, RecordContext&
         context.timers.Run({.action = TimerAction::Stop, .id = id, .isTrueTime = isTrueTime});
     if (!reply) return ExitOf(reply, console);
     context.timers.Read();
-    PrintRecord(RecordKind::Time, id, console, context);
+    const ChangedBy by = context.window.IsThere() ? ChangedBy::Window : ChangedBy::ThisProgram;
+    PrintRecord(RecordKind::Time, id, console, context, by);
     NoteDifferences(StoppedIn(reply), isTrueTime ? CountBy::TrueTime : CountBy::Clock, console);
     return ExitCode::Done;
 }

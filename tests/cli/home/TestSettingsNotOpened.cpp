@@ -1,0 +1,66 @@
+#include "cli/home/ConsoleHome.h"
+#include "platform/settings/CSettingsTree.h"
+#include "platform/sqlite/CSqliteFile.h"
+#include "support/TestProgram.h"
+
+#include <QTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+/// Settings that a newer version of the program has written: what would live in memory only, and be lost with
+/// the command, is refused; records are none of their business.
+class TestSettingsNotOpened : public QObject {
+    Q_OBJECT
+
+ private Q_SLOTS:
+    void init();
+    void RefusedInWords_data();
+    void RefusedInWords();
+    void RecordsAreStored();
+
+ private:
+    void SetVersion(int version) const {
+        CSqliteFile file;
+        static_cast<void>(file.Open(m_home->File(u"velmarch.settings"_s),
+                                    {.applicationId = CSettingsTree::kFileKind.applicationId, .version = 99},
+                                    false));
+        QVERIFY(file.Execute("PRAGMA user_version=" + QByteArray::number(version)));
+    }
+    std::unique_ptr<ConsoleHome> m_home;
+    QString m_id;
+};
+
+void TestSettingsNotOpened::init() {
+    m_home = std::make_unique<ConsoleHome>();
+    m_id = m_home->Add({});
+    QCOMPARE(m_home->Run({u"timer"_s, u"start"_s, m_id}).exit, 0);
+    SetVersion(2);
+}
+
+void TestSettingsNotOpened::RefusedInWords_data() {
+    QTest::addColumn<QString>("command");
+    for (const char* command : {"timer start %1", "timer stop %1", "timer pause %1", "timer stop-all",
+                                "timer pause-all", "timer status", "time new --timer", "defaults save Usual"})
+        QTest::newRow(command) << QString::fromLatin1(command);
+}
+
+void TestSettingsNotOpened::RefusedInWords() {
+    QFETCH(QString, command);
+    const QStringList words = Words(command.replace(u"%1"_s, m_id));
+    const Reply reply = m_home->Run(words);
+    QCOMPARE(reply.exit, 1);
+    QVERIFY2(reply.err.contains("newer version"), reply.err.constData());
+    QCOMPARE(reply.out, QByteArray());
+    QCOMPARE(m_home->RunJson({u"time"_s, u"list"_s}).Object()[u"count"].toInt(), 1);
+    SetVersion(1);
+    QCOMPARE(m_home->RunJson({u"timer"_s, u"status"_s}).Array().size(), 1);
+    QCOMPARE(m_home->RunJson({u"defaults"_s, u"list"_s}).Array().size(), 1);
+}
+
+void TestSettingsNotOpened::RecordsAreStored() {
+    QCOMPARE(m_home->Run({u"time"_s, u"add"_s, u"--item1"_s, u"Acme"_s}).exit, 0);
+    QCOMPARE(m_home->RunJson({u"time"_s, u"list"_s}).Object()[u"count"].toInt(), 2);
+}
+
+TEST_CLASS(TestSettingsNotOpened);
+#include "TestSettingsNotOpened.moc"
