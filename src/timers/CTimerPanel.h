@@ -37,7 +37,8 @@ class CTimerPanel {
 
     /// The dialog shows its times.
     void PanelOpen();
-    /// Nothing happens to a running timer. False when the tick could not be started; the timer itself runs.
+    /// Nothing happens to a running timer. False when the timer could not be started, which was told, or the
+    /// tick could not be: the timer itself runs then.
     bool PanelStart();
     /// False without a timer.
     bool PanelPause();

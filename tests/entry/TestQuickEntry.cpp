@@ -95,7 +95,10 @@ class TestQuickEntry : public QObject {
     void Dialog();
     void CancelTakesTheTimerOut();
     void ActionOnOthersStaysAfterACancel();
-    void FailedAddTakesTheTimerOut();
+    void FailedAddLeavesTheTimersAlone_data();
+    void FailedAddLeavesTheTimersAlone();
+    void FailedAddOpensTheDialog();
+    void RecordWhoseTimerCantBeStarted();
     void FailedAddComesBackToTheDialog();
     void FailedAddIsGivenUp();
     void TimerIsSavedWithTheRecord();
@@ -416,14 +419,61 @@ void TestQuickEntry::ActionOnOthersStaysAfterACancel() {
     QCOMPARE(static_cast<int>(fixture.timers.StateOf(first)), 1);
 }
 
-void TestQuickEntry::FailedAddTakesTheTimerOut() {
+void TestQuickEntry::FailedAddLeavesTheTimersAlone_data() {
+    QTest::addColumn<int>("action");
+    QTest::newRow("which would have gone on") << 0;
+    QTest::newRow("which would have been paused") << 1;
+    QTest::newRow("which would have been stopped") << 2;
+}
+
+/// Without a dialog the record comes first: nothing happens to the timers for one that can't be stored.
+void TestQuickEntry::FailedAddLeavesTheTimersAlone() {
+    QFETCH(int, action);
     Fixture fixture;
+    const QString other = fixture.Run(81).addedId;
+    fixture.home.settings->timerOnNewTimer = action;
     QVERIFY(fixture.home.manager.File().Execute("PRAGMA query_only=ON"));
     fixture.home.prompt.ExpectTold(Text::InsertFailed);
     const QuickOutcome outcome = fixture.Run(81);
     QVERIFY(fixture.home.manager.File().Execute("PRAGMA query_only=OFF"));
     QVERIFY(!outcome.succeeded);
-    QCOMPARE(fixture.set.Count(), 0);
+    QCOMPARE(outcome.addedId, QString());
+    QCOMPARE(fixture.set.Count(), 1);
+    QCOMPARE(fixture.timers.StateOf(other), TimerState::Running);
+}
+
+/// The command has a dialog, which is switched off for it: what can't be stored isn't lost.
+void TestQuickEntry::FailedAddOpensTheDialog() {
+    Fixture fixture;
+    fixture.home.settings->dialogOnQuickEntry = false;
+    fixture.dialog = Fixture::Dialog::Accept;
+    fixture.whileOpen = [&fixture] { QVERIFY(fixture.home.manager.File().Execute("PRAGMA query_only=OFF")); };
+    QVERIFY(fixture.home.manager.File().Execute("PRAGMA query_only=ON"));
+    fixture.home.prompt.ExpectTold(Text::InsertFailed);
+    const QuickOutcome outcome = fixture.Run(81);
+    fixture.home.prompt.Finish();
+    QVERIFY(outcome.succeeded && !outcome.lacksTimer);
+    QCOMPARE(fixture.dialogs, 1);
+    QCOMPARE(fixture.dialogId, outcome.addedId);
+    QCOMPARE(fixture.Stored(outcome.addedId), QStringLiteral("2026-11-19 9:05 - -"));
+    QCOMPARE(fixture.timers.StateOf(outcome.addedId), TimerState::Running);
+}
+
+/// The other timer can't be stopped into its record: the new record is there, without a timer, which is said.
+void TestQuickEntry::RecordWhoseTimerCantBeStarted() {
+    Fixture fixture;
+    const QString other = fixture.Run(81).addedId;
+    fixture.home.settings->timerOnNewTimer = 2;
+    QVERIFY(
+        fixture.home.manager.File().Execute("CREATE TRIGGER refuse BEFORE UPDATE ON time_velmarch BEGIN "
+                                            "SELECT RAISE(ABORT, 'no'); END"));
+    fixture.home.prompt.ExpectTold(Text::ModifyFailed);
+    const QuickOutcome outcome = fixture.Run(81);
+    fixture.home.prompt.Finish();
+    QVERIFY(outcome.lacksTimer);
+    QCOMPARE(fixture.Stored(outcome.addedId), QStringLiteral("2026-11-19 9:05 - -"));
+    QCOMPARE(fixture.timers.StateOf(outcome.addedId), TimerState::None);
+    QCOMPARE(fixture.timers.StateOf(other), TimerState::Running);
 }
 
 /// The disk is full at first; the second time there is room.

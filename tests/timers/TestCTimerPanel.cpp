@@ -64,6 +64,8 @@ class TestCTimerPanel : public QObject {
     void Stop();
     void StopAfterAFlight_data();
     void StopAfterAFlight();
+    void WhatCantBeSavedIsTold();
+    void StartThatFails();
     void WithoutATimer();
     void CancelLeavesTheTimerRunning();
     void StopThenCancelDropsTheCount();
@@ -259,6 +261,42 @@ void TestCTimerPanel::StopAfterAFlight() {
     QCOMPARE(fixture.panel->State() == TimerState::Running, goesOn);
     QCOMPARE(fixture.isTicking, goesOn);
     QCOMPARE(fixture.panel->Difference().has_value(), goesOn);
+}
+
+/// The timer does what it was told; that a restart would know nothing of it is said each time.
+void TestCTimerPanel::WhatCantBeSavedIsTold() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
+    PanelFixture fixture(home, id);
+    QVERIFY(home.tree.File().Execute("PRAGMA query_only=ON"));
+    for (int i = 0; i < 3; ++i) home.prompt.ExpectTold(Text::TimersNotSaved);
+    QVERIFY(fixture.panel->PanelStart());
+    QCOMPARE(home.CountOf(id), QStringLiteral("00:00:00 running"));
+    QVERIFY(fixture.panel->PanelPause());
+    QCOMPARE(home.CountOf(id), QStringLiteral("00:00:00 paused"));
+    QVERIFY(fixture.panel->PanelStart());
+    home.prompt.Finish();
+    QVERIFY(home.tree.File().Execute("PRAGMA query_only=OFF"));
+    QVERIFY(fixture.panel->PanelStop());
+}
+
+/// Another timer can't be stopped into its record, as the setting wants it: that was told, and nothing
+/// starts.
+void TestCTimerPanel::StartThatFails() {
+    TimerHome home;
+    home.settings->timerOnNewTimer = 2;
+    const QString other = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
+    const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
+    QVERIFY(home.timers->StartRecordTimer(other));
+    PanelFixture fixture(home, id);
+    QVERIFY(home.manager.File().Execute("PRAGMA query_only=ON"));
+    home.prompt.ExpectTold(Text::ModifyFailed);
+    QVERIFY(!fixture.panel->PanelStart());
+    home.prompt.Finish();
+    QVERIFY(home.manager.File().Execute("PRAGMA query_only=OFF"));
+    QVERIFY(!fixture.isTicking);
+    QCOMPARE(home.CountOf(id), QStringLiteral("none"));
+    QCOMPARE(home.CountOf(other), QStringLiteral("00:00:00 running"));
 }
 
 void TestCTimerPanel::WithoutATimer() {
