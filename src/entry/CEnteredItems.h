@@ -11,7 +11,7 @@ class CEnteredItems final : public CListItemService {
  public:
     /// Always true: what a list refuses is left out when it is stored.
     bool Add(int list, const QString& text) override;
-    /// Another record is accepted, or the same once more.
+    /// A record is about to be entered.
     void Clear() { m_texts.clear(); }
     /// What was gathered; nothing is left.
     [[nodiscard]] std::vector<ListText> Take();

@@ -108,7 +108,6 @@ bool CExpenseDialog::IsAcceptable() {
 
 void CExpenseDialog::accept() {
     if (!IsAcceptable()) return;
-    m_context.entered.Clear();
     m_draft.EnterNotes(m_notes->GetNotes());
     m_draft.Accept(NewListItems(m_context.settings, m_context.entered));
     QDialog::accept();

@@ -159,7 +159,6 @@ void CRecordDialog::accept() {
     if (!IsAcceptable()) return;
     // The last count first, so that the page accepted shows what belongs to it.
     m_timer->Close();
-    m_context.entered.Clear();
     m_draft.EnterNotes(m_notes->GetNotes());
     m_draft.Accept(NewListItems(m_context.settings, m_context.entered));
     m_persist.stop();
