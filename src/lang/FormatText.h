@@ -18,6 +18,10 @@ constexpr char LetterOf() {
     if constexpr (std::is_floating_point_v<T>) return 'g';
     return 's';
 }
+/// printf drops a U+FEFF at the beginning of a text: it gets one to drop.
+inline QString WithMarkInFront(const QString& text) {
+    return text.startsWith(QChar(QChar::ByteOrderMark)) ? QChar(QChar::ByteOrderMark) + text : text;
+}
 template <class T>
 auto Pass(const T& value) {
     if constexpr (std::is_arithmetic_v<T>)
@@ -25,7 +29,7 @@ auto Pass(const T& value) {
     else if constexpr (std::is_enum_v<T>)
         return static_cast<int>(value);
     else
-        return QString(value).toUtf8();
+        return WithMarkInFront(value).toUtf8();
 }
 template <class T>
 auto Raw(const T& value) {

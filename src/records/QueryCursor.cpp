@@ -1,5 +1,6 @@
 #include "records/QueryCursor.h"
 
+#include "platform/host/Utf8Text.h"
 #include "platform/sqlite/CSqliteFile.h"
 
 #include <sqlite3.h>
@@ -84,7 +85,7 @@ VARIANT QueryCursor::StatementValue(int column) const {
             break;
     }
     const char* text = TextOf(m_statement, column);
-    return QString::fromUtf8(text, sqlite3_column_bytes(m_statement, column));
+    return TextOfUtf8({text, sqlite3_column_bytes(m_statement, column)});
 }
 
 VARIANT QueryCursor::Value(int column) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/host/Utf8Text.h"
 #include "platform/sqlite/RowTable.h"
 #include "records/CVORec.h"
 #include "records/CVORecordset.h"
@@ -56,7 +57,7 @@ class TableRow {
     [[nodiscard]] bool Flag() { return Int() > 0; }
     [[nodiscard]] float Float() { return static_cast<float>(m_rows.Real(m_next++, m_row)); }
     [[nodiscard]] QString Text() { return SharedText(m_rows.Text(m_next++, m_row)); }
-    [[nodiscard]] QString LongText() { return QString::fromUtf8(m_rows.Text(m_next++, m_row)); }
+    [[nodiscard]] QString LongText() { return TextOfUtf8(m_rows.Text(m_next++, m_row)); }
     [[nodiscard]] QString Key() { return QString::fromLatin1(m_rows.Text(m_next++, m_row)); }
 
  private:

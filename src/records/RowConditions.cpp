@@ -1,6 +1,7 @@
 #include "records/RowConditions.h"
 
 #include "lang/FormatText.h"
+#include "platform/host/Utf8Text.h"
 #include "records/QuoteText.h"
 
 #include <QStringList>
@@ -11,7 +12,7 @@ namespace {
 /// character is another one here.
 bool IsSameInStore(const QString& text) {
     return !text.contains(QChar::Null) && !text.contains(QChar::ReplacementCharacter) &&
-           QString::fromUtf8(text.toUtf8()) == text;
+           TextOfUtf8(text.toUtf8()) == text;
 }
 
 QString Exact(const QString& column, const TextCondition& condition) {

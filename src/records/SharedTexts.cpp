@@ -1,5 +1,6 @@
 #include "records/SharedTexts.h"
 
+#include "platform/host/Utf8Text.h"
 #include "records/TextCache.h"
 
 #include <algorithm>
@@ -28,9 +29,9 @@ struct ShortText {
 
 QString SharedText(QByteArrayView utf8) {
     if (utf8.isEmpty()) return {};
-    if (utf8.size() > kLongestShared) return QString::fromUtf8(utf8);
+    if (utf8.size() > kLongestShared) return TextOfUtf8(utf8);
     static TextCache<ShortText, QByteArrayView, QString, 8192> texts;
     const std::size_t hash =
         std::hash<std::string_view>{}({utf8.data(), static_cast<std::size_t>(utf8.size())});
-    return texts.Get(utf8, hash, [&] { return QString::fromUtf8(utf8); });
+    return texts.Get(utf8, hash, [&] { return TextOfUtf8(utf8); });
 }

@@ -3,6 +3,7 @@
 #include "cli/arguments/EnteredValues.h"
 #include "cli/commands/CommandTable.h"
 #include "lang/FormatText.h"
+#include "platform/host/Utf8Text.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -70,7 +71,7 @@ std::string Guarded(const std::string& argument) {
 }
 
 QString Unguarded(const std::string& argument) {
-    return QString::fromStdString(argument.starts_with(kWholeWord) ? argument.substr(1) : argument);
+    return TextOfUtf8(argument.starts_with(kWholeWord) ? argument.substr(1) : argument);
 }
 
 /// What the library gets of a line.
@@ -197,21 +198,20 @@ QString Unexpected(const CommandRequest& request, const Parsed& parsed) {
 void Parse(CommandRequest& request, Parsed& parsed, const std::vector<std::string>& arguments) {
     Prepared prepared = Prepare(arguments, parsed);
     if (!prepared.emptyYesNo.empty())
-        request.problem = FormatText<Text::CliValueMissing>(QString::fromStdString(prepared.emptyYesNo));
+        request.problem = FormatText<Text::CliValueMissing>(TextOfUtf8(prepared.emptyYesNo));
     std::ranges::transform(prepared.arguments, prepared.arguments.begin(), Guarded);
     try {
         std::reverse(prepared.arguments.begin(), prepared.arguments.end());
         parsed.app.parse(std::move(prepared.arguments));
         for (const std::string& word : parsed.words) request.arguments.AddWord(Unguarded(word));
-        for (const std::string& word : prepared.words)
-            request.arguments.AddWord(QString::fromStdString(word));
+        for (const std::string& word : prepared.words) request.arguments.AddWord(TextOfUtf8(word));
     } catch (const CLI::ExtrasError&) {
         TakeCommand(request, parsed);
         request.problem = Unexpected(request, parsed);
         return;
     } catch (const CLI::ArgumentMismatch&) {
         // Every option takes one value, so only the last argument can lack its own.
-        request.problem = FormatText<Text::CliValueMissing>(QString::fromStdString(arguments.back()));
+        request.problem = FormatText<Text::CliValueMissing>(TextOfUtf8(arguments.back()));
     } catch (const CLI::Error& error) {
         request.problem = FormatText<Text::CliUnreadable>(QString::fromUtf8(error.what()));
     }

@@ -1,11 +1,12 @@
 #include "platform/host/CodePage.h"
 
-#include <QStringDecoder>
 #include <array>
 #include <cerrno>
 #include <cstdint>
 
 #include <iconv.h>
+
+#include "platform/host/Utf8Text.h"
 
 namespace {
 
@@ -84,7 +85,7 @@ QString FromCodePage(QByteArrayView bytes) {
             return QString(reinterpret_cast<const QChar*>(units.constData()), units.size() / 2);
         }
     }
-    return QStringDecoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless).decode(bytes);
+    return TextOfUtf8(bytes);
 }
 
 QByteArray ToCodePage(const QString& text) {

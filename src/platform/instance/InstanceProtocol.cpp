@@ -35,8 +35,10 @@ QByteArray ToLine(const QJsonObject& message) {
     return QJsonDocument(message).toJson(QJsonDocument::Compact) + '\n';
 }
 
+/// Qt's reader drops a U+FEFF at the beginning of a text, unless it is escaped.
 std::optional<QJsonObject> FromLine(const QByteArray& line) {
-    const QJsonDocument document = QJsonDocument::fromJson(line);
+    const QJsonDocument document =
+        QJsonDocument::fromJson(QByteArray(line).replace("\xEF\xBB\xBF", "\\ufeff"));
     if (!document.isObject()) return std::nullopt;
     return document.object();
 }

@@ -5,6 +5,8 @@
 #include <limits>
 #include <utility>
 
+#include "platform/host/Utf8Text.h"
+
 namespace {
 
 constexpr char kTypeInteger[] = "integer";
@@ -25,7 +27,7 @@ void BindText(sqlite3_stmt* statement, int index, const QString& text) {
 }
 
 QString ColumnText(sqlite3_stmt* statement, int index) {
-    return QString::fromUtf8(ColumnBytes(statement, index));
+    return TextOfUtf8(ColumnBytes(statement, index));
 }
 
 void BindValue(sqlite3_stmt* statement, int index, const SettingsValue& value) {

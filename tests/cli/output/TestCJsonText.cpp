@@ -67,6 +67,7 @@ void TestCJsonText::Text_data() {
     QTest::newRow("a line separator") << QString(QChar(0x2028));
     QTest::newRow("a C1 control, a terminal's short form of escape [") << u"a\u009B31m"_s;
     QTest::newRow("marks of direction") << u"\u202Egpj.exe\u2066\u200F"_s;
+    QTest::newRow("a byte order mark") << u"\uFEFFa"_s;
     QTest::newRow("an invisible character above the first plane") << u"a\U000E0041b"_s;
     QTest::newRow("nothing") << u""_s;
 }

@@ -26,6 +26,7 @@ void TestUnseenCharacters::Marks_data() {
     QTest::newRow("a C1 control") << u"a\u009Bb"_s << u"a<U+009B>b"_s;
     QTest::newRow("a direction turned round") << u"\u202Egpj.exe"_s << u"<U+202E>gpj.exe"_s;
     QTest::newRow("a byte order mark") << u"\uFEFFa"_s << u"<U+FEFF>a"_s;
+    QTest::newRow("half of a character") << QString(QChar(0xD800)) + u'a' << u"\uFFFDa"_s;
     QTest::newRow("a line separator") << u"a\u2028b"_s << u"a<U+2028>b"_s;
     QTest::newRow("an invisible tag above the first plane") << u"a\U000E0041"_s << u"a<U+E0041>"_s;
     QTest::newRow("the joiner of an emoji") << u"👩\u200D💻"_s << u"👩\u200D💻"_s;
