@@ -11,6 +11,7 @@
 #include <fcntl.h>
 #include <QStringDecoder>
 #include <csignal>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -62,6 +63,17 @@ ExitCode AnswerTo(const CommandRequest& request, Console& console, CConsolePromp
     return ExitCode::Done;
 }
 
+/// The one place where memory that can't be had is met: what was begun has been undone on the way here.
+ExitCode AnswerWithMemory(const std::vector<std::string>& arguments, Console& console,
+                          CConsolePrompt& prompt) {
+    try {
+        return AnswerTo(ReadCommandLine(arguments), console, prompt);
+    } catch (const std::bad_alloc&) {
+        console.out.Complain(LoadText(Text::CliOutOfMemory));
+        return ExitCode::Failed;
+    }
+}
+
 }  // namespace
 
 int main(int argc, char* argv[]) {
@@ -77,7 +89,7 @@ int main(int argc, char* argv[]) {
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
     ExitCode exit = ExitCode::Usage;
     if (IsReadable(arguments))
-        exit = AnswerTo(ReadCommandLine(arguments), console, prompt);
+        exit = AnswerWithMemory(arguments, console, prompt);
     else
         out.Complain(LoadText(Text::CliNotUtf8));
     if (!out.Finish() && exit == ExitCode::Done) exit = ExitCode::Failed;

@@ -22,6 +22,7 @@ class TestTimeList : public QObject {
     void Period_data();
     void Period();
     void AnEmptyHome();
+    void WithoutEnoughMemory();
     void Refused_data();
     void Refused();
     void Table();
@@ -167,6 +168,22 @@ void TestTimeList::AnEmptyHome() {
     QCOMPARE(
         home.RunJson({u"time"_s, u"list"_s}).out,
         QByteArray("{\"mode\": \"time\", \"period\": null, \"count\": 0, \"records\": [], \"sums\": []}\n"));
+}
+
+/// Put in order by a column all records are held. What memory is needed to start depends on the machine, so
+/// the limit is looked for above it.
+void TestTimeList::WithoutEnoughMemory() {
+    const ConsoleHome home;
+    QCOMPARE(home.Run({u"--quiet"_s, u"demo"_s, u"fill"_s, u"60000"_s}).exit, 0);
+    bool hasTold = false;
+    for (int limit = 40000; !hasTold && limit < 400000; limit += 8000) {
+        const Reply reply = home.RunShell(
+            u"ulimit -v %1; $cli time list --sort notes > %2"_s.arg(limit).arg(home.File(u"list"_s)));
+        hasTold = reply.exit == 1 && reply.err.contains("not enough memory");
+        QVERIFY2(hasTold || reply.exit == 0 || reply.exit == 127, reply.err.constData());
+    }
+    QVERIFY(hasTold);
+    QCOMPARE(home.RunShell(u"$cli --json doctor"_s).exit, 0);
 }
 
 void TestTimeList::Refused_data() {
