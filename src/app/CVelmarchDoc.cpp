@@ -334,14 +334,6 @@ void CVelmarchDoc::LoadRecords(RecordKind kind) {
     Load(kind, m_store.SelectAll(kind));
 }
 
-void CVelmarchDoc::LoadPassing(RecordKind kind) {
-    const PeriodContext context = GetPeriodContext();
-    const RowConditions conditions =
-        kind == RecordKind::Time ? m_timeFilter.Conditions(context) : m_expenseFilter.Conditions(context);
-    Load(kind, m_store.Select(kind, conditions));
-    m_loadedAll = m_loadedAll && conditions.IsEmpty();
-}
-
 void CVelmarchDoc::SwitchMode(RecordMode mode, const std::function<void()>& captureWidths) {
     LoadRecords(KindOf(mode));
     // A command served during the load has loaded the other kind: the later wish holds.

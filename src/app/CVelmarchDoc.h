@@ -87,9 +87,6 @@ class CVelmarchDoc {
     /// For commands about one record: the record from memory, or read from the store and kept apart from the
     /// loaded ones, so that neither filter, views nor the other mode see it. Null when absent.
     [[nodiscard]] CVORec* FetchRecord(RecordKind kind, const QString& id);
-    /// For console commands about what the filter lets pass: as LoadRecords, but of the records that can't
-    /// pass most aren't read.
-    void LoadPassing(RecordKind kind);
     /// What another program changed: re-reads these records and announces them by hints, in place of a whole
     /// reload. False when that wasn't possible and a whole refresh is due.
     [[nodiscard]] bool RefreshRecords(RecordKind kind, const QStringList& ids);

@@ -1,6 +1,7 @@
 #include "records/CRecordStore.h"
 
 #include "lang/FormatText.h"
+#include "records/QuoteText.h"
 #include "records/RowConditions.h"
 
 #include <utility>
@@ -38,6 +39,13 @@ QString CRecordStore::SelectAll(RecordKind kind) const {
 
 QString CRecordStore::Select(RecordKind kind, const RowConditions& conditions) const {
     return SelectAll(kind) + conditions.Where();
+}
+
+QString CRecordStore::SelectByIds(RecordKind kind, const QStringList& ids) const {
+    QStringList quoted;
+    quoted.reserve(ids.size());
+    for (const QString& id : ids) quoted.append(QuoteText(id));
+    return SelectAll(kind) + FormatText<Text::SqlWhereIdentities>(quoted.join(u','));
 }
 
 QString CRecordStore::ById(Text opening, RecordKind kind, const QString& id) const {
@@ -106,6 +114,11 @@ bool CRecordStore::NextRecord(CVORec& record, QString& id, bool advance) {
     if (!TakeRecord(record, advance, Text::NextRecordFailed)) return false;
     id = record.GetId();
     return true;
+}
+
+bool CRecordStore::NextRows(RowTable& rows, std::size_t most) {
+    m_lastError = 0;
+    return m_manager.GetQueryRows(rows, most) || Fail(Text::NextRecordFailed, {});
 }
 
 bool CRecordStore::ReadRecord(CVORec& record, const QString& id) {

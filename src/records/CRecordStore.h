@@ -27,6 +27,8 @@ class CRecordStore {
     [[nodiscard]] bool QueryTexts(const QString& statement, QStringList& out);
     /// The next row of the query; false with m_lastError 0 after the last one.
     [[nodiscard]] bool NextRecord(CVORec& record, QString& id, bool advance);
+    /// The next rows of the query, so many at most; false when they can't be read.
+    [[nodiscard]] bool NextRows(RowTable& rows, std::size_t most);
     /// A record that isn't as it was written is read, and the user is told.
     [[nodiscard]] bool ReadRecord(CVORec& record, const QString& id);
     [[nodiscard]] bool ModifyRecord(const CVORec& record, const QString& id, ::Commit commit,
@@ -43,6 +45,8 @@ class CRecordStore {
     [[nodiscard]] bool MoveNext();
 
     [[nodiscard]] QString TableName(RecordKind kind) const;
+    /// All columns of the rows with these identities.
+    [[nodiscard]] QString SelectByIds(RecordKind kind, const QStringList& ids) const;
     /// "all columns of the kind's table".
     [[nodiscard]] QString SelectAll(RecordKind kind) const;
     /// The same for the rows that fulfil the conditions, days through the table's date index.

@@ -17,8 +17,8 @@ bool CVORecordset::SetFieldValue(const QString& name, const VARIANT& value) {
     return true;
 }
 
-bool CVORecordset::GetRows(RowTable& out) {
-    return m_cursor.TakeAll(out);
+bool CVORecordset::GetRows(RowTable& out, std::size_t most) {
+    return m_cursor.Take(out, most);
 }
 
 void CVORecordset::StartRow(const CStoreTable& table, std::span<const FieldDef> fields) {

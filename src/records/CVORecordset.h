@@ -7,6 +7,7 @@
 #include <QString>
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <span>
 #include <vector>
 
@@ -30,8 +31,8 @@ class CVORecordset {
     /// A value of the current row.
     [[nodiscard]] VARIANT GetFieldValue(int index) const { return m_cursor.Value(index); }
     [[nodiscard]] QString GetFieldValueString(int index) const { return ToText(m_cursor.Value(index)); }
-    /// All remaining rows; false when the query can't be read.
-    [[nodiscard]] bool GetRows(RowTable& out);
+    /// The remaining rows, so many at most; false when the query can't be read.
+    [[nodiscard]] bool GetRows(RowTable& out, std::size_t most = std::numeric_limits<std::size_t>::max());
 
     std::int32_t m_errorCode = 0;         ///< a record's own report of a bad row, see RowError
     std::array<QString, 3> m_errorTexts;  ///< and its words

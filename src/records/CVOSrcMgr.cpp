@@ -165,6 +165,10 @@ bool CVOSrcMgr::GetQueryRecord(CVORec& record, bool& found, bool advance) {
     return !advance || MoveNext();
 }
 
+bool CVOSrcMgr::GetQueryRows(RowTable& rows, std::size_t most) {
+    return !m_recordset || m_recordset->GetRows(rows, most) || FailByFile();
+}
+
 bool CVOSrcMgr::IsEOF() const {
     return !m_recordset || m_recordset->m_cursor.IsEof();
 }

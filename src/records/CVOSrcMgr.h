@@ -58,6 +58,8 @@ class CVOSrcMgr {
     /// joins the open transaction.
     [[nodiscard]] bool Query(const QString& statement, bool updatable);
     [[nodiscard]] bool GetQueryRecord(CVORec& record, bool& found, bool advance);
+    /// The next rows of the query, so many at most.
+    [[nodiscard]] bool GetQueryRows(RowTable& rows, std::size_t most);
     [[nodiscard]] bool IsEOF() const;
     [[nodiscard]] bool MoveNext();
     [[nodiscard]] bool Insert(const CVORec& record);

@@ -133,9 +133,9 @@ void QueryCursor::TakeBuffered(RowTable& out) const {
     out.EndRow();
 }
 
-bool QueryCursor::TakeAll(RowTable& out) {
+bool QueryCursor::Take(RowTable& out, std::size_t most) {
     out = RowTable(m_types);
-    while (!IsEof()) {
+    while (!IsEof() && out.RowCount() < most) {
         if (m_statement)
             TakeRow(out);
         else

@@ -29,8 +29,8 @@ class QueryCursor {
     /// A value of the current row; empty without a row or column. Integers as VT_I4 (their low 32 bits),
     /// floats as VT_R8.
     [[nodiscard]] VARIANT Value(int column) const;
-    /// Moves all remaining rows into a table; the cursor is at its end then.
-    [[nodiscard]] bool TakeAll(RowTable& out);
+    /// Moves the remaining rows into a table, so many at most; without more the cursor is at its end then.
+    [[nodiscard]] bool Take(RowTable& out, std::size_t most);
 
     /// The table of the first column, empty for a query of none. Known until Close.
     [[nodiscard]] const QByteArray& Table() const { return m_table; }

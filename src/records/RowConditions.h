@@ -8,6 +8,7 @@
 
 struct RowDay {
     int year, month, day;
+    bool operator==(const RowDay&) const = default;
 };
 
 /// A text that a column must equal, or hold somewhere.

@@ -156,67 +156,6 @@ class TestCVelmarchDocLoad : public QObject {
         QVERIFY(!other.DeleteRecord(fixture->kind, id, Notify::Later));
     }
 
-    void LoadPassingOfDays_data() {
-        QTest::addColumn<int>("first");
-        QTest::addColumn<int>("last");
-        QTest::addColumn<QStringList>("items");
-        QTest::newRow("some days, both ends included") << 2 << 4 << QStringList{u"2"_s, u"3"_s, u"4"_s};
-        QTest::newRow("one day") << 5 << 5 << QStringList{u"5"_s};
-        QTest::newRow("days without records") << 20 << 25 << QStringList{};
-        QTest::newRow("the last before the first is that last day") << 4 << 2 << QStringList{u"2"_s};
-    }
-    void LoadPassingOfDays() {
-        QFETCH(int, first);
-        QFETCH(int, last);
-        for (int day = 1; day <= 6; ++day) fixture->AddOnDay(day, QString::number(day));
-        DateTimeVal from, to;
-        QVERIFY(from.SetDate(11, first, 2026));
-        QVERIFY(to.SetDate(11, last, 2026));
-        document->FilterOf(fixture->kind).SetRange(from, to, document->GetPeriodContext());
-        document->LoadPassing(fixture->kind);
-        document->BuildVisible();
-        QTEST(fixture->VisibleItems(), "items");
-        QCOMPARE(document->RecordCount(), document->VisibleCount());  // no other was read
-    }
-
-    void LoadPassingByText_data() {
-        QTest::addColumn<QString>("wanted");
-        QTest::addColumn<bool>("isWhole");
-        QTest::addColumn<bool>("isExact");
-        QTest::addColumn<QStringList>("items");
-        QTest::addColumn<int>("read");  // records that had to be looked at
-        QTest::newRow("whole, case counts") << u"Kiel"_s << true << true << QStringList{u"Kiel"_s} << 1;
-        QTest::newRow("whole") << u"KIEL"_s << true << false
-                               << QStringList{u"Kiel"_s, u"kiel"_s, u"\u212Aiel"_s} << 4;
-        QTest::newRow("held") << u"ie"_s << false << false
-                              << QStringList{u"Kiel"_s, u"kiel"_s, u"\u212Aiel"_s} << 4;
-        QTest::newRow("other letters") << u"mÜLL"_s << false << false << QStringList{u"Müller"_s} << 2;
-        QTest::newRow("an empty text, whole") << QString() << true << true << QStringList{QString()} << 6;
-        QTest::newRow("an empty text")
-            << QString() << false << true
-            << QStringList{QString(), u"Beta"_s, u"Kiel"_s, u"Müller"_s, u"kiel"_s, u"\u212Aiel"_s} << 6;
-    }
-    /// The rule decides; the store only leaves out what can't pass.
-    void LoadPassingByText() {
-        QFETCH(QString, wanted);
-        for (const QString& item : {u"Kiel"_s, u"kiel"_s, u"\u212Aiel"_s, u"Müller"_s, u"Beta"_s, QString()})
-            fixture->AddOnDay(1, item);
-        PeriodFilter& filter = document->FilterOf(fixture->kind);
-        (fixture->kind == RecordKind::Time ? document->Filter().items
-                                           : document->FilterOfExpenses().items)[0] = wanted;
-        QFETCH(bool, isWhole);
-        QFETCH(bool, isExact);
-        filter.matchWhole = isWhole;
-        filter.matchCase = isExact;
-        document->LoadPassing(fixture->kind);
-        document->BuildVisible();
-        QTEST(fixture->VisibleItems(), "items");
-        QTEST(static_cast<int>(document->RecordCount()), "read");
-        document->LoadRecords(fixture->kind);
-        document->BuildVisible();
-        QTEST(fixture->VisibleItems(), "items");
-    }
-
     // --- Filter
 
     void BuildVisible() {

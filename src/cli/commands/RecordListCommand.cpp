@@ -2,6 +2,7 @@
 #include "cli/arguments/CArguments.h"
 #include "cli/arguments/EnteredValues.h"
 #include "cli/arguments/FilterArguments.h"
+#include "cli/commands/CListedRecords.h"
 #include "cli/commands/RecordCommands.h"
 #include "cli/commands/RecordSteps.h"
 #include "cli/home/CTimerAccess.h"
@@ -15,9 +16,6 @@
 #include "lang/FormatText.h"
 #include "records/KindNames.h"
 
-#include <algorithm>
-#include <vector>
-
 using namespace Qt::Literals::StringLiterals;
 
 // The list of records of a kind: narrowed, sorted, summed up.
@@ -27,12 +25,6 @@ namespace {
 constexpr OptionRow kListOptions[] = {
     {"sort", "COLUMN[:asc|:desc]", OptionShape::Value, Text::CliOptSort},
     {"limit", "N", OptionShape::Value, Text::CliOptLimit},
-};
-
-struct ListOrder {
-    const RecordColumn* column = nullptr;  ///< null: by day
-    bool isDescending = false;
-    std::size_t limit = 0;  ///< 0: all
 };
 
 QString ColumnNames(RecordKind kind) {
@@ -60,60 +52,62 @@ QString ReadOrder(RecordKind kind, const CArguments& arguments, ListOrder& order
     return {};
 }
 
-using Records = std::vector<const CVORec*>;
+/// A list as it is written.
+struct Listing {
+    RecordKind kind;
+    COutput& out;
+    RecordContext& context;
+    CListedRecords& records;
 
-/// The visible records in their order. With a limit only so many are put in order.
-Records Collect(const CVelmarchDoc& document, const ListOrder& order) {
-    Records records;
-    records.reserve(document.VisibleCount());
-    document.ForEachVisible([&](const CVORec& record) { records.push_back(&record); });
-    const auto before = [&order](const CVORec* a, const CVORec* b) {
-        const int columns = order.column ? order.column->Compare(*a, *b) : 0;
-        if (columns != 0) return order.isDescending ? columns > 0 : columns < 0;
-        return CompareDays(*a, *b) < 0;
-    };
-    if (order.limit == 0 || order.limit >= records.size())
-        std::sort(records.begin(), records.end(), before);
-    else
-        std::partial_sort(records.begin(), records.begin() + static_cast<std::ptrdiff_t>(order.limit),
-                          records.end(), before);
-    return records;
-}
+    [[nodiscard]] const PeriodFilter& Filter() const { return context.document.FilterOf(kind); }
+    [[nodiscard]] RecordRow Row(const CVORec& record) const {
+        return {record, context.timers.Shown(record.GetId())};
+    }
+};
 
-void WriteListJson(COutput& out, RecordKind kind, RecordContext& context, const PeriodFilter& filter,
-                   const Records& records, std::size_t shown) {
-    CJsonText json(out);
+/// A document that breaks off is better than one that seems complete.
+ExitCode WriteListJson(Listing& list) {
+    if (!list.records.Find([](const CVORec&) {})) return ExitCode::Failed;
+    CJsonText json(list.out);
     json.BeginObject();
     json.Key("mode");
-    json.Text(KindName(kind));
+    json.Text(KindName(list.kind));
     json.Key("period");
-    WritePeriodOf(json, filter, context.document.GetPeriodContext());
+    WritePeriodOf(json, list.Filter(), list.context.document.GetPeriodContext());
     json.Key("count");
-    json.Integer(static_cast<qint64>(records.size()));
+    json.Integer(static_cast<qint64>(list.records.Count()));
     json.Key("records");
     json.BeginArray();
-    for (std::size_t i = 0; i < shown && !out.IsBroken(); ++i) {
+    const bool isComplete = list.records.ForEachShown([&](const CVORec& record) {
         json.NewLine();
-        WriteRecordJson(json, {*records[i], context.timers.Shown(records[i]->GetId())});
-    }
+        WriteRecordJson(json, list.Row(record));
+        return !list.out.IsBroken();
+    });
+    if (!isComplete) return ExitCode::Failed;
     json.EndArray();
     json.Key("sums");
-    WriteSums(json, kind, AddUp(records), context.settings);
+    WriteSums(json, list.kind, list.records.Sums(), list.context.settings);
     json.EndObject();
-    out.Put("\n");
+    list.out.Put("\n");
+    return ExitCode::Done;
 }
 
-void WriteListTable(COutput& out, RecordKind kind, RecordContext& context, const PeriodFilter& filter,
-                    const Records& records, std::size_t shown) {
-    std::vector<RecordRow> rows;
-    rows.reserve(shown);
-    for (std::size_t i = 0; i < shown; ++i)
-        rows.push_back({*records[i], context.timers.Shown(records[i]->GetId())});
-    WriteRecordTable(out, rows);
-    out.PutLine(records.size() == 1
-                    ? FormatText<Text::CliOneRecord>(filter.displayName)
-                    : FormatText<Text::CliRecordCount>(filter.displayName, static_cast<int>(records.size())));
-    WriteSumLines(out, kind, AddUp(records), context.settings);
+ExitCode WriteListTable(Listing& list) {
+    CRecordTable table(list.kind);
+    if (!list.records.Find([&](const CVORec& record) { table.Measure(list.Row(record)); }))
+        return ExitCode::Failed;
+    table.WriteHead(list.out);
+    const bool isComplete = list.records.ForEachShown([&](const CVORec& record) {
+        table.WriteLine(list.out, list.Row(record));
+        return !list.out.IsBroken();
+    });
+    if (!isComplete) return ExitCode::Failed;
+    const QString& period = list.Filter().displayName;
+    const auto count = static_cast<int>(list.records.Count());
+    list.out.PutLine(count == 1 ? FormatText<Text::CliOneRecord>(period)
+                                : FormatText<Text::CliRecordCount>(period, count));
+    WriteSumLines(list.out, list.kind, list.records.Sums(), list.context.settings);
+    return ExitCode::Done;
 }
 
 }  // namespace
@@ -130,16 +124,11 @@ ExitCode ListRecords(RecordKind kind, const CArguments& arguments, Console& cons
     if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
 
     context.timers.Look();
-    context.document.SetTimers(&context.timers.Timers());
-    const PeriodFilter& filter = context.document.FilterOf(kind);
-    context.document.LoadPassing(kind);
-    context.document.BuildVisible();
-    if (context.document.Store().m_lastError != 0) return ExitCode::Failed;
-    const Records records = Collect(context.document, order);
-    const std::size_t shown = order.limit == 0 ? records.size() : std::min(order.limit, records.size());
-    if (console.out.isJson)
-        WriteListJson(console.out, kind, context, filter, records, shown);
-    else
-        WriteListTable(console.out, kind, context, filter, records, shown);
-    return ExitCode::Done;
+    CRecordReader reader(context.document, kind, &context.timers.Timers());
+    CListedRecords records(reader, order);
+    Listing list{kind, console.out, context, records};
+    const ExitCode exit = console.out.isJson ? WriteListJson(list) : WriteListTable(list);
+    if (records.MissingCount() > 0)
+        console.out.Note(FormatText<Text::CliRecordsWentMeanwhile>(static_cast<int>(records.MissingCount())));
+    return exit;
 }

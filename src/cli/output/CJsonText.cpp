@@ -36,17 +36,22 @@ void AppendCharacter(QByteArray& quoted, char32_t character) {
         quoted += QString::fromUcs4(&character, 1).toUtf8();
 }
 
-QByteArray Quoted(const QString& value) {
-    QByteArray quoted;
-    quoted.reserve(value.size() + 2);
-    quoted += '"';
-    const auto isPlain = [](QChar c) { return c >= u' ' && c < u'\u007F' && c != u'"' && c != u'\\'; };
-    if (std::all_of(value.begin(), value.end(), isPlain))
-        quoted += value.toLatin1();
-    else
-        for (const char32_t character : value.toUcs4()) AppendCharacter(quoted, character);
-    quoted += '"';
+bool IsPlain(QChar c) {
+    return c >= u' ' && c < u'\u007F' && c != u'"' && c != u'\\';
+}
+
+/// Nearly all texts: a character is a byte.
+QByteArray QuotedPlain(const QString& value) {
+    QByteArray quoted(value.size() + 2, '"');
+    std::transform(value.begin(), value.end(), quoted.begin() + 1, [](QChar c) { return c.toLatin1(); });
     return quoted;
+}
+
+QByteArray Quoted(const QString& value) {
+    if (std::all_of(value.begin(), value.end(), IsPlain)) return QuotedPlain(value);
+    QByteArray quoted("\"");
+    for (const char32_t character : value.toUcs4()) AppendCharacter(quoted, character);
+    return quoted += '"';
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kPiece = 65536;
+constexpr std::size_t kPiece = 65536;
 
 /// Writes everything; the errno of the failure, 0 when all went out.
 int WriteAll(int descriptor, QByteArrayView bytes) {
@@ -30,7 +30,7 @@ COutput::COutput(int results, int notes) : m_results(results), m_notes(notes) {}
 
 void COutput::Put(QByteArrayView utf8) {
     if (m_error != 0) return;
-    m_gathered.append(utf8);
+    m_gathered.append(utf8.data(), static_cast<std::size_t>(utf8.size()));
     if (m_gathered.size() >= kPiece) Flush();
 }
 
@@ -41,7 +41,7 @@ void COutput::PutLine(const QString& line) {
 
 void COutput::Flush() {
     if (m_error == 0) m_error = WriteAll(m_results, m_gathered);
-    m_gathered.resize(0);
+    m_gathered.clear();
 }
 
 bool COutput::Finish() {

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
+#include <string>
 
 /// The way out of the program: results to one descriptor, gathered and written in large pieces; notes and
 /// complaints to another, at once. Every write is checked: a full device or a closed pipe is a failure of the
@@ -35,5 +36,5 @@ class COutput {
     int m_notes;
     int m_error = 0;  ///< errno of the first failure
     bool m_told = false;
-    QByteArray m_gathered;
+    std::string m_gathered;
 };

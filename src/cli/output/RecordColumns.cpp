@@ -41,6 +41,12 @@ QString TimerWords(const std::optional<TimerShown>& timer) {
     return timer->isRunning ? FormatText<Text::CliTimerRuns>(count) : FormatText<Text::CliTimerPaused>(count);
 }
 
+int CompareDates(const CVORec& a, const CVORec& b) {
+    static const FieldRow& kDay = *FieldOfColumn(Column::kDate);
+    static const FieldRow& kExpenseDay = *FieldOfColumn(Column::kExpenseDate);
+    return CompareFields(a, b, a.Kind() == RecordKind::Time ? kDay : kExpenseDay);
+}
+
 /// Only time records have timers.
 std::vector<RecordColumn> MakeColumns(RecordKind kind) {
     std::vector<RecordColumn> columns{RecordColumn(ColumnContent::Identity)};
@@ -108,12 +114,14 @@ const RecordColumn* FindRecordColumn(RecordKind kind, const QString& name) {
     return found == columns.end() ? nullptr : &*found;
 }
 
+bool AreOfOneDay(const CVORec& a, const CVORec& b) {
+    return CompareDates(a, b) == 0;
+}
+
 int CompareDays(const CVORec& a, const CVORec& b) {
-    static const FieldRow& kDay = *FieldOfColumn(Column::kDate);
-    static const FieldRow& kExpenseDay = *FieldOfColumn(Column::kExpenseDate);
     static const FieldRow& kStart = *FieldOfColumn(Column::kStart);
     const bool isTime = a.Kind() == RecordKind::Time;
-    if (const int days = CompareFields(a, b, isTime ? kDay : kExpenseDay); days != 0) return days;
+    if (const int days = CompareDates(a, b); days != 0) return days;
     if (const int starts = isTime ? CompareFields(a, b, kStart) : 0; starts != 0) return starts;
     return a.GetId().compare(b.GetId());
 }

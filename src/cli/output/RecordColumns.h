@@ -50,5 +50,6 @@ class RecordColumn {
 /// All columns of a kind (time or expense) in the order of the JSON form.
 [[nodiscard]] std::span<const RecordColumn> RecordColumns(RecordKind kind);
 [[nodiscard]] const RecordColumn* FindRecordColumn(RecordKind kind, const QString& name);
+[[nodiscard]] bool AreOfOneDay(const CVORec& a, const CVORec& b);
 /// By date, then by start where there is one, then by identity, so that every order is the same each time.
 [[nodiscard]] int CompareDays(const CVORec& a, const CVORec& b);

@@ -33,24 +33,6 @@ QString Cell(const QString& text, qsizetype width, bool isNumber) {
     return isNumber ? fitting.rightJustified(width) : fitting.leftJustified(width);
 }
 
-struct ListedColumn {
-    const RecordColumn* column;
-    qsizetype width;
-};
-
-std::vector<ListedColumn> FilledColumns(const std::vector<RecordRow>& rows) {
-    std::vector<ListedColumn> listed;
-    for (const RecordColumn& column : RecordColumns(rows.front().record.Kind())) {
-        if (!column.IsListed()) continue;
-        qsizetype widest = 0;
-        for (const RecordRow& row : rows) widest = std::max(widest, column.TextOf(row).size());
-        if (widest == 0) continue;
-        const qsizetype width = std::max(widest, column.Caption().size());
-        listed.push_back({&column, std::min(width, kWidestColumn)});
-    }
-    return listed;
-}
-
 QString Trimmed(QString line) {
     while (line.endsWith(u' ')) line.chop(1);
     return line;
@@ -74,18 +56,33 @@ void WriteRecord(COutput& out, const RecordRow& row) {
     out.Put("\n");
 }
 
-void WriteRecordTable(COutput& out, const std::vector<RecordRow>& rows) {
-    if (rows.empty()) return;
-    const std::vector<ListedColumn> columns = FilledColumns(rows);
+qsizetype CRecordTable::ListedColumn::Width() const {
+    return std::min(std::max(widest, column->Caption().size()), kWidestColumn);
+}
+
+CRecordTable::CRecordTable(RecordKind kind) {
+    for (const RecordColumn& column : RecordColumns(kind))
+        if (column.IsListed()) m_columns.push_back({&column});
+}
+
+void CRecordTable::Measure(const RecordRow& row) {
+    for (ListedColumn& listed : m_columns)
+        if (listed.widest < kWidestColumn)
+            listed.widest = std::max(listed.widest, listed.column->TextOf(row).size());
+}
+
+void CRecordTable::WriteHead(COutput& out) const {
     QString head;
-    for (const auto& [column, width] : columns)
-        head += Cell(column->Caption(), width, column->IsNumber()) + u"  "_s;
-    out.PutLine(Trimmed(head));
-    for (const RecordRow& row : rows) {
-        QString line;
-        for (const auto& [column, width] : columns)
-            line += Cell(column->TextOf(row), width, column->IsNumber()) + u"  "_s;
-        out.PutLine(Trimmed(line));
-        if (out.IsBroken()) return;
-    }
+    for (const ListedColumn& listed : m_columns)
+        if (listed.widest > 0)
+            head += Cell(listed.column->Caption(), listed.Width(), listed.column->IsNumber()) + u"  "_s;
+    if (!head.isEmpty()) out.PutLine(Trimmed(head));
+}
+
+void CRecordTable::WriteLine(COutput& out, const RecordRow& row) const {
+    QString line;
+    for (const ListedColumn& listed : m_columns)
+        if (listed.widest > 0)
+            line += Cell(listed.column->TextOf(row), listed.Width(), listed.column->IsNumber()) + u"  "_s;
+    out.PutLine(Trimmed(line));
 }

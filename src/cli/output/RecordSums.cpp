@@ -34,15 +34,11 @@ QString SumLine(RecordKind kind, const QString& key, const RecordSum& sum, const
 
 }  // namespace
 
-RecordSums AddUp(const std::vector<const CVORec*>& records) {
-    RecordSums sums;
-    for (const CVORec* record : records) {
-        if (record->Kind() == RecordKind::Time)
-            Add(static_cast<const CTRecord&>(*record), sums);
-        else
-            Add(static_cast<const CERecord&>(*record), sums);
-    }
-    return sums;
+void AddTo(RecordSums& sums, const CVORec& record) {
+    if (record.Kind() == RecordKind::Time)
+        Add(static_cast<const CTRecord&>(record), sums);
+    else
+        Add(static_cast<const CERecord&>(record), sums);
 }
 
 void WriteSums(CJsonText& json, RecordKind kind, const RecordSums& sums, const CCfgStore& settings) {

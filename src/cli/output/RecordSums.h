@@ -4,7 +4,6 @@
 
 #include <QMap>
 #include <QString>
-#include <vector>
 
 class CCfgStore;
 class CJsonText;
@@ -18,8 +17,8 @@ struct RecordSum {
 /// By currency.
 using RecordSums = QMap<QString, RecordSum>;
 
-/// Adds records of one kind up.
-[[nodiscard]] RecordSums AddUp(const std::vector<const CVORec*>& records);
+/// Adds a record to the sums of its kind.
+void AddTo(RecordSums& sums, const CVORec& record);
 /// An object for each currency; expenses have no hours.
 void WriteSums(CJsonText& json, RecordKind kind, const RecordSums& sums, const CCfgStore& settings);
 /// A line for each currency that anything was added to.
