@@ -186,7 +186,7 @@ bool CVelmarchApp::OpenStore() {
 
     m_srcMgr.m_mayCreate = isMissing || !isKnown;
     m_isStoreFoundDamaged = false;
-    m_srcMgr.m_isSuspect = IsStoreDamaged(*m_profile);
+    if (IsStoreDamaged(*m_profile)) m_srcMgr.Suspect();
     m_srcMgr.File().OnDamage([this] { NoteDamage(); });
     eActionDisposition source{}, second{};
     if (!m_srcMgr.InitDataSrc(source, second)) return TellStoreCantOpen(path);

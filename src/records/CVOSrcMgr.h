@@ -36,12 +36,17 @@ class CVOSrcMgr {
     QString m_fileName;
     QString m_thirdLocation;
     bool m_mayCreate = true;               ///< false: a missing store is an error, not an empty start
-    bool m_mayTakeOver = true;             ///< false: a store of an earlier version stays without checksums
-    bool m_isSuspect = false;              ///< damage was met before: the store is checked when it is opened
     int m_busySeconds = kMostWaitSeconds;  ///< how long to wait for one lock of another program
     QString m_error;
     std::int32_t m_errorCode = 0;
     std::unique_ptr<CVORecordset> m_recordset;  ///< null before the first query
+
+    // Before InitDataSrc.
+
+    /// A store of an earlier version stays without checksums.
+    void LeaveWithoutChecks() { m_mayTakeOver = false; }
+    /// Damage was met before: the store is checked as it is opened.
+    void Suspect() { m_isSuspect = true; }
 
     /// Opens the store. source: Created as long as the store lacks tables, so a creation that was cut off is
     /// finished at the next start. A store that can only be read opens; changing it fails.
@@ -95,5 +100,7 @@ class CVOSrcMgr {
     [[nodiscard]] bool RunChange(const QByteArray& sql);
     [[nodiscard]] bool FillRow(const CVORec& record, Table& table);
 
+    bool m_mayTakeOver = true;
+    bool m_isSuspect = false;
     std::unique_ptr<Impl> m_impl;
 };

@@ -39,5 +39,5 @@ ReadOnlyHome::ReadOnlyHome(const CClock& clock, const QString& home, const QStri
     manager.m_directory = home;
     manager.m_fileName = LoadText(Text::StoreFileName);
     manager.m_mayCreate = false;
-    manager.m_mayTakeOver = false;
+    manager.LeaveWithoutChecks();
 }
