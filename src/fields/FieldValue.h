@@ -37,8 +37,8 @@ struct ClockTime {
 /// Of a time of day: "--:--" without one.
 [[nodiscard]] QString TimeTextOf(const CVORec& record, const FieldRow& field);
 
-/// Whether two records of the field's kind hold the same in it: numbers as they are shown, a distance as it is
-/// stored.
+/// Whether two records of the field's kind hold the same in it: numbers as they are shown, a distance as it
+/// is stored.
 [[nodiscard]] bool HaveSame(const FieldRow& field, const CVORec& one, const CVORec& other);
 
 /// Gives a record what another one of the same kind holds in a field; the fields bound to it aren't computed

@@ -8,8 +8,8 @@ class QWidget;
 class CFrameDialogs {
  public:
     virtual ~CFrameDialogs() = default;
-    /// A record of either kind; true when accepted. untouched: the same record once more, into which goes what
-    /// its timer counts meanwhile, and nothing that is entered.
+    /// A record of either kind; true when accepted. untouched: the same record once more, into which goes
+    /// what its timer counts meanwhile, and nothing that is entered.
     [[nodiscard]] virtual bool EditRecord(QWidget& parent, CVORec& record, CVORec* untouched = nullptr) = 0;
     /// What was entered for the pick lists with the record accepted last.
     [[nodiscard]] virtual CEnteredItems& Entered() = 0;
