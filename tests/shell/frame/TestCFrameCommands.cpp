@@ -174,6 +174,24 @@ class TestCFrameCommands final : public QObject {
         QCOMPARE(fixture.home.document->FindTime(id)->item1, u"entered"_s);
         QCOMPARE(fixture.home.document->FindTime(id)->item2, u"outside"_s);
     }
+    /// The console marks an expense as billed while its amount is entered: nobody has to be asked.
+    void EditAnExpenseThatIsMarkedMeanwhile() {
+        Fixture fixture(RecordMode::Expense);
+        const QString id = fixture.AddExpense(u"Client A"_s);
+        fixture.dialogs.edit = [&](CVORec& edited) {
+            static_cast<CERecord&>(edited).amount.Set(30.0F);
+            const TestHome other(fixture.home.Path());
+            CERecord stored;
+            if (!other.store->ReadRecord(stored, id)) return false;
+            stored.flag1 = stored.flag2 = true;
+            return other.store->ModifyRecord(stored, id, Commit::Now);
+        };
+        fixture.commands->Records().Edit(id);
+        QCOMPARE(fixture.dialogs.edited, 1);
+        const CERecord& expense = *fixture.home.document->FindExpense(id);
+        QCOMPARE(expense.GetAmountText(), u"30.00"_s);
+        QVERIFY(expense.flag1 && expense.flag2);
+    }
     /// The command isn't offered for two; running it all the same ends in a message.
     void EditTwo() {
         Fixture fixture;
