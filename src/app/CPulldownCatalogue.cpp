@@ -134,10 +134,17 @@ CPRecord* CPulldownCatalogue::FindShown(int list, const QString& text) const {
 }
 
 bool CPulldownCatalogue::RenameItem(int list, const QString& oldText, const QString& newText) {
-    if (!FindShown(list, oldText)) return false;
-    StoreTransaction change(m_store);
-    if (!change.IsOpen() || !PutRenamed(list, oldText, newText)) return false;
-    if (change.Commit() != CommitEnd::Durable) return Warn(Text::ItemNotRenamed);
+    const CPRecord* item = FindShown(list, oldText);
+    if (!item) return false;
+    CPRecord value;
+    bool isStored = false;
+    {
+        StoreTransaction change(m_store);
+        if (!change.IsOpen()) return false;
+        isStored = SetValue(value, list, newText) && StoreValue(*item, value) &&
+                   change.Commit() == CommitEnd::Durable;
+    }
+    if (!isStored) return Warn(Text::ItemNotRenamed);
     TakeUpRenamed(list, oldText, newText);
     return true;
 }
