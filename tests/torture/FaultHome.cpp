@@ -98,6 +98,9 @@ ConsoleRun FaultHome::Run(const QString& command) const {
     return RunConsole(m_work.path(), Words(command), m_clock);
 }
 
+/// Most runs end with one of a few contents, and it takes long to have the console show each.
 QStringList FaultHome::Content() const {
-    return ContentOf(m_work.path(), m_known, m_clock);
+    QStringList& content = m_contents[RowsOf(m_work.path(), m_known)];
+    if (content.isEmpty()) content = ContentOf(m_work.path(), m_known, m_clock);
+    return content;
 }

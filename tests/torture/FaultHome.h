@@ -40,5 +40,6 @@ class FaultHome {
     CTestClock m_clock;
     QHash<QString, QString> m_names;
     QSet<QString> m_known;
+    mutable QHash<QStringList, QStringList> m_contents;  ///< by the rows of the files
     bool m_isMade;
 };

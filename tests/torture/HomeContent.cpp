@@ -45,13 +45,19 @@ QStringList Rows(const QString& path, const QString& name, const QByteArray& sql
     return rows;
 }
 
-/// What only the settings hold, with its path. What the console shows of them is asked of it: a value that
-/// isn't stored is the default.
+/// Each value with its path.
 constexpr char kSettings[] =
     "WITH RECURSIVE tree(id, path) AS (SELECT 1, '' UNION ALL "
     "SELECT keys.id, tree.path || '>' || keys.name FROM keys JOIN tree ON keys.parent = tree.id) "
     "SELECT path, entries.name, type, CASE type WHEN 'binary' THEN hex(value) ELSE value END "
-    "FROM tree JOIN entries ON entries.key = tree.id WHERE path LIKE '%Defaults>%'";
+    "FROM tree JOIN entries ON entries.key = tree.id ORDER BY path, entries.name";
+
+/// Whether the console shows it better: a setting that isn't stored is the default, timers count, and pieces
+/// of the trees have identities of their own.
+bool IsShown(const QString& row) {
+    const bool isSetting = row.startsWith(u"settings|") && !row.contains(u"Defaults>");
+    return isSetting || row.startsWith(u"dependency|");
+}
 
 /// The timers have counted up to now, the trees come without the identities of their pieces.
 constexpr const char* kShown[] = {
@@ -94,12 +100,19 @@ QString WithoutNewIdentities(const QString& line, const QSet<QString>& known) {
 
 }  // namespace
 
-QStringList ContentOf(const QString& home, const QSet<QString>& known, const CClock& clock) {
+QStringList RowsOf(const QString& home, const QSet<QString>& known) {
     const QString store = home + u"/velmarch.store"_s, settings = home + u"/velmarch.settings"_s;
     QStringList lines = Rows(settings, u"settings"_s, kSettings);
     lines += Rows(store, u"store"_s, "SELECT * FROM pragma_integrity_check WHERE integrity_check <> 'ok'");
-    for (const QString& table : {u"time"_s, u"expense"_s, u"item"_s})
+    for (const QString& table : {u"time"_s, u"expense"_s, u"item"_s, u"dependency"_s})
         lines += Rows(store, table, "SELECT * FROM " + table.toUtf8() + "_velmarch");
+    for (QString& line : lines) line = WithoutNewIdentities(line, known);
+    return lines;
+}
+
+QStringList ContentOf(const QString& home, const QSet<QString>& known, const CClock& clock) {
+    QStringList lines = RowsOf(home, known);
+    lines.removeIf([](const QString& line) { return IsShown(line); });
     for (const char* command : kShown) lines += Shown(home, QString::fromLatin1(command), clock);
     if (qEnvironmentVariableIsSet("VELMARCH_LONG_TESTS")) lines += Shown(home, u"doctor"_s, clock);
     for (QString& line : lines) line = WithoutNewIdentities(line, known);

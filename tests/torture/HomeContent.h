@@ -6,6 +6,10 @@
 
 class CClock;
 
+/// The rows of store and settings as they stand in the files, and what is wrong with the store. Identities
+/// that aren't among the known ones appear as "new": each run makes others.
+[[nodiscard]] QStringList RowsOf(const QString& home, const QSet<QString>& known);
+
 /// What a home holds, as lines in alphabetical order: the rows of the tables, stored defaults, settings,
 /// columns, trees, the timers with their counts folded to now, in the long form the word of the doctor. Two
 /// homes with the same lines hold the same. Identities that aren't among the known ones appear as "new": each
