@@ -258,7 +258,7 @@ void TestFaults::End() {
 }
 
 void TestFaults::cleanupTestCase() {
-    qInfo("%d runs, %d failures", m_walk->Runs(), m_walk->FailedRuns());
+    if (m_walk) qInfo("%d runs, %d failures", m_walk->Runs(), m_walk->FailedRuns());
 }
 
 TEST_CLASS(TestFaults);

@@ -167,7 +167,7 @@ bool TestWindowFaults::IsSaidToBeStored() const {
 }
 
 void TestWindowFaults::cleanupTestCase() {
-    qInfo("%d runs, %d failures", m_walk->Runs(), m_walk->FailedRuns());
+    if (m_walk) qInfo("%d runs, %d failures", m_walk->Runs(), m_walk->FailedRuns());
 }
 
 TEST_CLASS(TestWindowFaults);
