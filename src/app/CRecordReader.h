@@ -22,7 +22,6 @@ class CRecordReader {
     /// timers: who knows which records have one; null: none has.
     CRecordReader(CVelmarchDoc& document, RecordKind kind, const CTimerService* timers);
 
-    [[nodiscard]] RecordKind Kind() const { return m_kind; }
     /// All of one moment: nobody changes the store until the last one was taken, so take must not wait for
     /// anything. Of days: by date, those of one day by identity. False when they can't be read; the user was
     /// told.

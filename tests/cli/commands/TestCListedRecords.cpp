@@ -29,6 +29,8 @@ class TestCListedRecords : public QObject {
     void ALimit();
     void OtherOrders_data();
     void OtherOrders();
+    void ALimitIsTheBeginningOfAll_data();
+    void ALimitIsTheBeginningOfAll();
     void TheSumsAreOfAll();
     void AChangeMeanwhile_data();
     void AChangeMeanwhile();
@@ -59,6 +61,7 @@ void TestCListedRecords::init() {
             const int hour = 20 - i;
             record.SetStart(hour > 12 ? hour - 12 : hour, 0, hour >= 12);
             record.notes = QString::asprintf("%04d", day * kADay + (kADay - 1 - i));
+            record.item1 = QString::number(record.notes.toInt() * 7919 % 3301);  // in no order
             QVERIFY(m_home->store->InsertRecord(record, Commit::Later));
         }
     }
@@ -132,6 +135,27 @@ void TestCListedRecords::OtherOrders() {
     QCOMPARE(shown.count(u' ') + 1, count);
     QFETCH(QString, first);
     QCOMPARE(shown.left(first.size()), first);
+}
+
+void TestCListedRecords::ALimitIsTheBeginningOfAll_data() {
+    QTest::addColumn<QString>("column");
+    QTest::addColumn<bool>("isDescending");
+    for (const char* column : {"notes", "start", "date", "id", "item1"}) {
+        QTest::addRow("%s", column) << QString::fromLatin1(column) << false;
+        QTest::addRow("%s, descending", column) << QString::fromLatin1(column) << true;
+    }
+}
+
+void TestCListedRecords::ALimitIsTheBeginningOfAll() {
+    QFETCH(QString, column);
+    QFETCH(bool, isDescending);
+    const RecordColumn* order = FindRecordColumn(RecordKind::Time, column);
+    const QStringList all = Shown(ListOrder{order, isDescending}).split(u' ');
+    QCOMPARE(all.size(), kDays * kADay);
+    for (const int limit : {1, 2, 7, 100}) {
+        const QString shown = Shown(ListOrder{order, isDescending, static_cast<std::size_t>(limit)});
+        QCOMPARE(shown, all.mid(0, limit).join(u' '));
+    }
 }
 
 void TestCListedRecords::TheSumsAreOfAll() {
