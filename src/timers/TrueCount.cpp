@@ -1,5 +1,12 @@
 #include "timers/TrueCount.h"
 
+namespace {
+
+/// As many hours as a record can hold; beyond them a clock was wrong, not a timer forgotten.
+constexpr std::int64_t kMost = std::int64_t{32767} * 3'600'000;
+
+}  // namespace
+
 void TrueCount::Start(const ClockStamp& now, std::int64_t seconds) {
     isKnown = now.IsKnown();
     milliseconds = seconds * 1000;
@@ -15,7 +22,8 @@ void TrueCount::Fold(const ClockStamp& now) {
     if (!isKnown) return;
     const std::optional<std::int64_t> passed = TrueTimeBetween(last, now);
     if (!passed) return;
-    milliseconds += *passed;
+    isKnown = milliseconds >= 0 && milliseconds <= kMost - *passed;
+    milliseconds += isKnown ? *passed : 0;
     last = now;
 }
 

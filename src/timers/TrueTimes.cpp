@@ -48,6 +48,8 @@ std::optional<Entry> ReadEntry(ByteStream& stream) {
     entry.count.milliseconds = number(0);
     entry.count.last.utc = number(1);
     entry.count.last.sinceBoot = number(2);
+    if (entry.count.last.utc < 0 || entry.count.last.sinceBoot < 0) return std::nullopt;
+    entry.count.Fold(entry.count.last);  // nothing has passed: only whether it is a count
     return entry;
 }
 

@@ -1,6 +1,7 @@
 #include "support/TestProgram.h"
 #include "timers/TimerHome.h"
 #include "timers/TrueTime.h"
+#include "timers/TrueTimes.h"
 
 #include <QTest>
 
@@ -21,6 +22,8 @@ class TestTrueTime : public QObject {
     void AnotherProgramTakesTheTrueCountOver();
     void ATimerChangedByAnOlderProgramHasNone();
     void TheDraftOfANewRecordHasOneToo();
+    void DamagedCounts_data();
+    void DamagedCounts();
 };
 
 namespace {
@@ -148,6 +151,8 @@ void TestTrueTime::Counts_data() {
     row("off, lost the time, looked at, set right", {9, 0},
         {Pass(kHour), kFold, Off(kHour), Clock(-3 * kHour), kFold, Pass(kHour), Clock(3 * kHour), kFold},
         "5:00:00", "3:00:00");
+    row("off, and started anew with a clock that is far ahead", {9, 0},
+        {Pass(kHour), kFold, Off(kHour), Clock(2'000'000'000), Pass(kHour)}, "6:33:20", "?");
     // Pauses, and what isn't known
     row("a pause of a day", {9, 0}, {Pass(kHour), kPause, Pass(kDay), kResume, Pass(kHour)}, "2:00:00",
         "2:00:00");
@@ -278,6 +283,35 @@ void TestTrueTime::TheDraftOfANewRecordHasOneToo() {
     const auto draft = next.timers->TakeOverDraft();
     QVERIFY(draft && draft->timer);
     QCOMPARE(Shown(draft->timer->trueCount.Seconds()), u"24:00:00"_s);
+}
+
+void TestTrueTime::DamagedCounts_data() {
+    QTest::addColumn<int>("at");  // which byte of the stored value is set to FF
+    QTest::addColumn<bool>("isCutOff");
+    QTest::newRow("a negative count") << 7 << false;
+    QTest::newRow("a count of centuries") << 6 << false;
+    QTest::newRow("a negative time of day") << 15 << false;
+    QTest::newRow("a negative time since the start") << 23 << false;
+    QTest::newRow("half of the value") << 0 << true;
+}
+
+/// The numbers are the second buffer of three; the third is the identity of the start, "boot 1".
+void TestTrueTime::DamagedCounts() {
+    QFETCH(int, at);
+    QFETCH(bool, isCutOff);
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19);
+    QVERIFY(home.timers->StartRecordTimer(id));
+    QByteArray stored = TrueTimesOf(*home.set);
+    TakeTrueTimes(stored, *home.set);
+    QVERIFY(std::as_const(*home.set).Find(id)->trueCount.isKnown);
+
+    const qsizetype numbers = stored.size() - (8 + 6) - 24;
+    stored[numbers + at] = '\xFF';
+    if (isCutOff) stored.truncate(stored.size() / 2);
+    home.set->Find(id)->trueCount = {};
+    TakeTrueTimes(stored, *home.set);
+    QVERIFY(!std::as_const(*home.set).Find(id)->trueCount.isKnown);
 }
 
 TEST_CLASS(TestTrueTime);
