@@ -245,6 +245,8 @@ CRecordTimers::Stored CRecordTimers::Present() const {
 /// content: changes with what another program has written since.
 bool CRecordTimers::Write(QByteArray& content) {
     const Stored present = Present();
+    // Timers that can't be read aren't timers that another program has dropped.
+    if (m_settings.Profile().IsDamaged()) return false;
     if (present.content != m_stored.value_or(QByteArray()) || present.note != m_storedNote) {
         TakeOver(present);
         if (!Content(content)) return false;

@@ -31,6 +31,8 @@ class CProfile {
     [[nodiscard]] bool Remove(const QString& section, const QString& entry);
     /// All values of a section in one read.
     [[nodiscard]] std::vector<std::pair<QString, SettingsValue>> Section(const QString& section) const;
+    /// Damage was met since the settings were opened: what they hold may be neither used nor written.
+    [[nodiscard]] bool IsDamaged() const { return m_tree.File().IsDamaged(); }
     /// Several writes as one change.
     [[nodiscard]] bool Change(const std::function<bool()>& work) { return m_tree.Change(work); }
 
