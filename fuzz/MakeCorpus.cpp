@@ -4,6 +4,7 @@
 #include "app/DependencyBytes.h"
 #include "config/CTreeColSet.h"
 #include "platform/settings/CSettingsTree.h"
+#include "platform/sqlite/CSqliteFile.h"
 #include "records/ByteStream.h"
 #include "records/CDRecord.h"
 #include "records/CERecord.h"
@@ -15,6 +16,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QTemporaryDir>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -209,6 +211,34 @@ void MakeColumns() {
     Put("column_blob", "list-plain-cut", '\1' + PlainOf(blob).chopped(3));
 }
 
+/// Pages of 512 bytes: a table with numbers of rows, one with a key, an index, a long text, unused pages.
+void MakePages() {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"pages"_s);
+    CSqliteFile file;
+    const QByteArray make =
+        "CREATE TABLE plain(a INTEGER, b TEXT); CREATE TABLE keyed(id TEXT PRIMARY KEY, n REAL, t TEXT) "
+        "WITHOUT ROWID;"
+        "CREATE INDEX by_n ON keyed(n); CREATE TABLE gone(x)";
+    const QByteArray fill =
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 60)"
+        "INSERT INTO keyed SELECT printf('%032X', i), i / 4.0, 'row ' || i FROM n;"
+        "INSERT INTO plain VALUES(-1, ''), (70000, printf('%.1200c', 'n')), (NULL, x'0001');"
+        "INSERT INTO gone SELECT t FROM keyed; DROP TABLE gone";
+    if (file.Open(path, {.applicationId = 1}, true) != OpenOutcome::Created ||
+        !file.Execute("PRAGMA journal_mode=DELETE; PRAGMA page_size=512; VACUUM") || !file.Execute(make) ||
+        !file.Execute(fill))
+        qFatal("%s", qPrintable(file.Error()));
+    file.Close();
+    QFile made(path);
+    if (!made.open(QIODevice::ReadOnly)) qFatal("the file can't be read");
+    const QByteArray bytes = made.readAll();
+    Put("pages", "small", bytes);
+    Put("pages", "first-page", bytes.left(512));
+    Put("pages", "without-first-page", QByteArray(512, '\0') + bytes.mid(512));
+    Put("pages", "cut", bytes.chopped(700));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -224,5 +254,6 @@ int main(int argc, char** argv) {
     MakeSettings();
     MakeTrees();
     MakeColumns();
+    MakePages();
     return 0;
 }
