@@ -89,7 +89,9 @@ void CSalvager::Count() {
 
 bool CSalvager::Run() {
     for (const SalvageTable& table : m_tables) m_out.saved[table.Kind()] = 0;
-    m_walk.ForEachRow([&](const CPageWalk::Found& found) { m_known.Note(found); });
+    m_walk.ForEachRow([&](const CPageWalk::Found& found) {
+        if (found.tree != nullptr || !m_walk.IsWhole()) m_known.Note(found);
+    });
     if (!m_file.Begin()) return false;
     bool isGood = true;
     m_walk.ForEachRow([&](const CPageWalk::Found& found) { isGood = isGood && Take(found); });

@@ -2,6 +2,7 @@
 #include "torture/DamagedStore.h"
 
 #include <QTest>
+#include <QtEndian>
 
 /// Destroys pages of a store, any of them, and saves what can be read. The long form (VELMARCH_LONG_TESTS)
 /// makes 2,000 trials of each kind.
@@ -15,6 +16,7 @@ class TestSalvage : public QObject {
     void DestroyedPages_data();
     void DestroyedPages();
     void EachOfTheFirstPages();
+    void TheListOfUnusedPages();
 };
 
 void TestSalvage::ASoundStoreIsSavedWhole_data() {
@@ -86,6 +88,25 @@ void TestSalvage::EachOfTheFirstPages() {
                  qPrintable(QString::number(page)));
         QCOMPARE(trial.wrong, 0);
         QCOMPARE(trial.returned, 0);
+    }
+}
+
+/// Without it unused pages can't be told from lost ones, but no tree lacks a page: what was deleted stays
+/// deleted, and isn't taken for lost.
+void TestSalvage::TheListOfUnusedPages() {
+    for (const bool hasChecks : {true, false}) {
+        const DamagedStore store(3000, hasChecks);
+        QByteArray damaged = store.bytes;
+        constexpr qsizetype kFirstUnusedAt = 32;
+        const qsizetype page =
+            qFromBigEndian<quint32>(store.bytes.constData() + kFirstUnusedAt) - qsizetype{1};
+        QVERIFY(page > 0);
+        damaged.replace(page * DamagedStore::kPage, DamagedStore::kPage,
+                        QByteArray(DamagedStore::kPage, '\x5A'));
+        const Trial trial = SalvageAndCompare(store, damaged);
+        QCOMPARE(trial.right, static_cast<int>(store.content.size()));
+        QCOMPARE(trial.returned, 0);
+        QVERIFY(trial.isSaid);
     }
 }
 

@@ -130,3 +130,7 @@ void CPageWalk::ForEachRow(const Visit& visit) const {
 bool CPageWalk::IsWhole(QByteArrayView name) const {
     return std::ranges::any_of(m_trees, [&](const Tree& tree) { return tree.name == name && tree.isWhole; });
 }
+
+bool CPageWalk::IsWhole() const {
+    return !m_trees.empty() && std::ranges::all_of(m_trees, &Tree::isWhole);
+}

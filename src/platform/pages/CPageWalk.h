@@ -31,6 +31,8 @@ class CPageWalk {
     void ForEachRow(const Visit& visit) const;
     /// Whether a tree is known by name and was read to its end.
     [[nodiscard]] bool IsWhole(QByteArrayView name) const;
+    /// Whether every tree was: what lies in loose pages is then nothing of the file's.
+    [[nodiscard]] bool IsWhole() const;
 
  private:
     static constexpr int kLoose = -1;
