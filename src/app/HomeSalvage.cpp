@@ -70,7 +70,6 @@ QString MakeFolder(const QString& folder) {
 
 QString SalvageRecords(const QString& home, SalvagedHome& out) {
     const QString from = StorePath(home);
-    if (!QFileInfo::exists(from)) return FormatText<Text::CliStoreGone>(from);
     const QString path = StorePath(out.folder);
     const CWorkingCopy copy(from, path + u".damaged"_s);
     if (!copy.error.isEmpty()) return copy.error;
@@ -147,7 +146,8 @@ void AddLosses(const SalvagedRecords& records, QStringList& lines) {
 SalvagedHome SalvageHome(const QString& home, const QString& folder) {
     SalvagedHome out;
     out.folder = QDir::cleanPath(QDir::current().absoluteFilePath(folder));
-    out.error = MakeFolder(out.folder);
+    const QString store = StorePath(home);
+    out.error = QFileInfo::exists(store) ? MakeFolder(out.folder) : FormatText<Text::CliStoreGone>(store);
     if (out.error.isEmpty()) out.error = SalvageRecords(home, out);
     if (out.error.isEmpty()) out.error = SalvageValues(home, out);
     return out;

@@ -152,6 +152,12 @@ class TestDamagedHome : public QObject {
                  FromText(u"{'date': '2026-11-19', 'count': 3}"_s));
     }
 
+    void WithoutAStoreNoFolderIsMade() {
+        QVERIFY(QFile::remove(m_home->File(u"velmarch.store"_s)));
+        QCOMPARE(m_home->Run({u"doctor"_s, u"--salvage"_s, NewFolder()}).exit, 1);
+        QVERIFY(!QFile::exists(NewFolder()));
+    }
+
     void AFolderInUseIsRefused() {
         const Reply reply = m_home->Run({u"doctor"_s, u"--salvage"_s, m_home->Path()});
         QCOMPARE(reply.exit, 1);
