@@ -156,7 +156,7 @@ void TestDamage::EveryPlace() {
     QFETCH(QString, name);
     QFETCH(bool, isInterrupted);
     const int wanted = qEnvironmentVariableIntValue("VELMARCH_DAMAGES");
-    const int usual = qEnvironmentVariableIntValue("VELMARCH_LONG_TESTS") > 0 ? 1000 : 12;
+    const int usual = qEnvironmentVariableIntValue("VELMARCH_LONG_TESTS") > 0 ? 1000 : 8;
     const int trials = wanted > 0 ? wanted : usual;
     Tally tally;
     for (int number = 0; number < trials; ++number) {

@@ -49,7 +49,7 @@ void TestSalvage::DestroyedPages() {
     QFETCH(bool, hasChecks);
     QFETCH(int, pages);
     QFETCH(int, percent);
-    const int trials = qEnvironmentVariableIntValue("VELMARCH_LONG_TESTS") > 0 ? 2000 : 40;
+    const int trials = qEnvironmentVariableIntValue("VELMARCH_LONG_TESTS") > 0 ? 2000 : 20;
     const DamagedStore store(10000, hasChecks);
     const auto all = static_cast<int>(store.content.size());
     int good = 0, wrong = 0, returned = 0, unsaid = 0, least = all;
