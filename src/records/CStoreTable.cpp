@@ -179,8 +179,12 @@ bool CStoreTable::Modify(CSqliteFile& file, const QString& key, const std::vecto
     return !found || NoteCheck(file, values.back());
 }
 
+/// A row whose checksum can't be written isn't left behind in a batch that goes on: the batch is undone, as
+/// SQLite does by itself after other failures of the disk.
 bool CStoreTable::NoteCheck(CSqliteFile& file, const VARIANT& key) const {
-    return !m_hasChecks || Run(file, m_checks->NoteSql(), {}, ToText(key));
+    if (!m_hasChecks || Run(file, m_checks->NoteSql(), {}, ToText(key))) return true;
+    if (file.InTransaction()) (void)file.Execute("ROLLBACK");
+    return false;
 }
 
 /// What can't be compared is no fault of the row: the failure shows where the row itself is read.
