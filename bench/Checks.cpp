@@ -36,7 +36,7 @@ class Scratch {
     Scratch(const QString& folder, bool hasChecks) : store(manager, m_prompt, u"velmarch"_s) {
         manager.m_directory = folder;
         manager.m_fileName = hasChecks ? u"with"_s : u"without"_s;
-        manager.m_mayTakeOver = false;
+        manager.LeaveWithoutChecks();
         QFile::remove(QDir(folder).filePath(manager.m_fileName));
         eActionDisposition source{}, second{};
         Demand(manager.InitDataSrc(source, second), manager);

@@ -1,6 +1,7 @@
 #include "records/CStoreTable.h"
 
 #include "lang/LoadText.h"
+#include "platform/sqlite/CCheckSum.h"
 #include "platform/sqlite/CSqliteFile.h"
 
 #include <sqlite3.h>
@@ -74,20 +75,47 @@ void Bind(sqlite3_stmt* statement, int place, const VARIANT& value, std::vector<
         value);
 }
 
-/// Runs a statement of the table, binding the values from the first place on and the key behind them.
-bool Run(CSqliteFile& file, const QByteArray& sql, const std::vector<VARIANT>& values, const QString& key) {
-    sqlite3_stmt* statement = file.Prepare(sql);
-    if (!statement) return false;
-    std::vector<QByteArray> texts;
-    texts.reserve(values.size() + 1);
-    int place = 0;
-    for (const VARIANT& value : values) Bind(statement, ++place, value, texts);
-    if (place < sqlite3_bind_parameter_count(statement)) Bind(statement, ++place, key, texts);
+/// A value as the store holds it; texts are the bytes of the texts among the values, in their order.
+void AddTo(CCheckSum& sum, const VARIANT& value, std::vector<QByteArray>::const_iterator& texts) {
+    std::visit(
+        [&](const auto& held) {
+            using Held = std::decay_t<decltype(held)>;
+            if constexpr (std::is_same_v<Held, std::monostate>)
+                sum.AddNull();
+            else if constexpr (std::is_same_v<Held, QString>)
+                sum.AddText(*texts++);
+            else if constexpr (std::is_floating_point_v<Held>)
+                sum.AddReal(static_cast<double>(held));
+            else
+                sum.AddInteger(held);
+        },
+        value);
+}
+
+bool Step(CSqliteFile& file, sqlite3_stmt* statement) {
     const bool isDone = sqlite3_step(statement) == SQLITE_DONE;
     if (!isDone) file.NoteError();
     sqlite3_reset(statement);
     sqlite3_clear_bindings(statement);
     return isDone;
+}
+
+/// Runs a statement of the table, binding the values from the first place on and the key behind them. The
+/// checksum of the values as they are stored; nothing when it fails.
+std::optional<std::int64_t> Run(CSqliteFile& file, const QByteArray& sql, const std::vector<VARIANT>& values,
+                                const QString& key) {
+    sqlite3_stmt* statement = file.Prepare(sql);
+    if (!statement) return std::nullopt;
+    std::vector<QByteArray> texts;
+    texts.reserve(values.size() + 1);
+    int place = 0;
+    for (const VARIANT& value : values) Bind(statement, ++place, value, texts);
+    if (place < sqlite3_bind_parameter_count(statement)) Bind(statement, ++place, key, texts);
+    if (!Step(file, statement)) return std::nullopt;
+    CCheckSum sum;
+    auto text = texts.cbegin();
+    for (const VARIANT& value : values) AddTo(sum, value, text);
+    return sum.Value();
 }
 
 }  // namespace
@@ -169,20 +197,28 @@ bool CStoreTable::Fits(std::span<const FieldDef> fields) const {
 
 /// The key of a row is its last value.
 bool CStoreTable::Insert(CSqliteFile& file, const std::vector<VARIANT>& values) const {
-    return Run(file, m_insert, values, {}) && NoteCheck(file, values.back());
+    const auto sum = Run(file, m_insert, values, {});
+    return sum && PutCheck(file, values.back(), *sum);
 }
 
 bool CStoreTable::Modify(CSqliteFile& file, const QString& key, const std::vector<VARIANT>& values,
                          bool& found) const {
-    if (!Run(file, m_modify, values, key)) return false;
+    const auto sum = Run(file, m_modify, values, key);
+    if (!sum) return false;
     found = sqlite3_changes(file.Handle()) > 0;
-    return !found || NoteCheck(file, values.back());
+    return !found || PutCheck(file, values.back(), *sum);
 }
 
 /// A row whose checksum can't be written isn't left behind in a batch that goes on: the batch is undone, as
 /// SQLite does by itself after other failures of the disk.
-bool CStoreTable::NoteCheck(CSqliteFile& file, const VARIANT& key) const {
-    if (!m_hasChecks || Run(file, m_checks->NoteSql(), {}, ToText(key))) return true;
+bool CStoreTable::PutCheck(CSqliteFile& file, const VARIANT& key, std::int64_t sum) const {
+    if (!m_hasChecks) return true;
+    if (sqlite3_stmt* statement = file.Prepare(m_checks->PutSql())) {
+        std::vector<QByteArray> texts;
+        Bind(statement, 1, key, texts);
+        sqlite3_bind_int64(statement, 2, sum);
+        if (Step(file, statement)) return true;
+    }
     if (file.InTransaction()) (void)file.Execute("ROLLBACK");
     return false;
 }

@@ -49,7 +49,7 @@ class CStoreTable {
  private:
     explicit CStoreTable(std::vector<QString> columns) : m_columns(std::move(columns)) {}
     void Compose(const QByteArray& name);
-    [[nodiscard]] bool NoteCheck(CSqliteFile& file, const VARIANT& key) const;
+    [[nodiscard]] bool PutCheck(CSqliteFile& file, const VARIANT& key, std::int64_t sum) const;
 
     std::vector<QString> m_columns;
     mutable const FieldDef* m_fitting = nullptr;  ///< the columns that were found to fit: asked at each write

@@ -26,6 +26,10 @@ QByteArray Plain(const QByteArray& column, int) {
     return column;
 }
 
+QByteArray Place(const QByteArray&, int number) {
+    return '?' + QByteArray::number(number);
+}
+
 QByteArray OfRow(const QByteArray& column, int) {
     return "r." + column;
 }
@@ -75,6 +79,8 @@ RowChecks::RowChecks(const QByteArray& table, const std::vector<Key>& keys, cons
     const QByteArray sum = QByteArray(CCheckSum::kFunction) + '(' + Joined(columns, ", ", OfRow) + ')';
     const QByteArray keysAndSum =
         checks + " (" + list + ", sum) SELECT " + Joined(names, ", ", OfRow) + ", " + sum + rows;
+    m_put = "INSERT OR REPLACE INTO " + checks + " (" + list + ", sum) VALUES (" +
+            Joined(names, ", ", Place) + ", ?" + QByteArray::number(names.size() + 1) + ')';
     const QByteArray same = Joined(names, " AND ", SameInBoth);
     const QByteArray both = rows + " CROSS JOIN " + checks + " AS c ON " + same + " WHERE ";
     const QByteArray isBound = Joined(names, " AND ", IsBound);

@@ -35,6 +35,8 @@ class RowChecks {
 
     /// Of one row, its key bound to ?1 and further: writes its checksum anew.
     [[nodiscard]] const QByteArray& NoteSql() const { return m_note; }
+    /// The same with a checksum that is known, bound behind the key: nothing is looked for.
+    [[nodiscard]] const QByteArray& PutSql() const { return m_put; }
     /// Of one row: a row of 1 when it fits its checksum, 0 when it doesn't, none when it has no checksum.
     [[nodiscard]] const QByteArray& CompareSql() const { return m_compare; }
     /// The keys of rows that don't fit, then those of checksums without a row.
@@ -46,6 +48,7 @@ class RowChecks {
     QByteArray m_fill;
     QByteArray m_missing;
     QByteArray m_note;
+    QByteArray m_put;
     QByteArray m_compare;
     QByteArray m_faults;
 };
