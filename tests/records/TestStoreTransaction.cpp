@@ -37,7 +37,7 @@ class TestStoreTransaction : public QObject {
  private Q_SLOTS:
     void initTestCase() { QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR))); }
 
-    /// A box may stand for hours: whoever wants the store doesn't wait for its answer.
+    /// A box may stand for hours: another program that wants the store doesn't wait for its answer.
     void AFailureIsToldWhenTheStoreIsFree() {
         RecordsFixture home;
         RefuseChanges(home);

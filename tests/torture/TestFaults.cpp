@@ -239,8 +239,8 @@ QStringList TestFaults::JudgeDone(const QStringList& content) const {
     return wrong;
 }
 
-/// What is half done is finished by the same command. A record without its timer is told of, so that it isn't
-/// added twice.
+/// What is half done is finished by the same command. The user hears of a record without its timer, so that
+/// it isn't added twice.
 QStringList TestFaults::JudgeHalf(const QStringList& content) const {
     const QString said = LoadText(Text::CliAddedWithoutTimer).section(u"%s"_s, 1, 1);
     if (QString::fromUtf8(m_run.err).contains(said) && IsBetween(content, m_before, m_after)) return {};

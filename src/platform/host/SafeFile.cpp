@@ -60,8 +60,8 @@ FileOutcome Failure(const QString& path, int error) {
     return {false, QStringLiteral("%1 could not be written. %2").arg(path, advice)};
 }
 
-/// The new file is there, but its name isn't sure: whoever deletes something because it was written has to
-/// leave it.
+/// The new file is there, but its name isn't sure: a caller that deletes something because it was written has
+/// to leave it.
 FileOutcome Unconfirmed(const QString& path) {
     return {false, QStringLiteral("%1 was written, but the disk could not confirm it: after a power failure "
                                   "it may be as it was before. Check the disk and write it again.")

@@ -328,8 +328,8 @@ std::uint32_t CSqliteFile::ChangeCounter() const {
 }
 
 /// Whether a commit that has reported an error is done all the same. A journal with something in it is played
-/// back by whoever opens the file next; without one the file is as it stands, and its counter tells whether
-/// it was put back before.
+/// back by the next program that opens the file; without one the file is as it stands, and its counter tells
+/// whether it was put back before.
 bool CSqliteFile::IsCommitInFile() const {
     if (m_isMemory) return false;
     struct stat journal {};
