@@ -56,10 +56,13 @@ QMessageBox::StandardButton ButtonOf(Answer answer) {
     return QMessageBox::NoButton;
 }
 
-/// The window in front; a progress box, which hasn't the keyboard, counts too.
+/// The window in front; a progress box, which hasn't the keyboard, counts too. Of one that goes by itself:
+/// the one behind it.
 QWidget* InFront() {
     QWidget* modal = QApplication::activeModalWidget();
-    return modal && modal->isVisible() ? modal : QApplication::activeWindow();
+    QWidget* front = modal && modal->isVisible() ? modal : QApplication::activeWindow();
+    while (front && front->property(kGoesByItself).toBool()) front = front->parentWidget();
+    return front;
 }
 
 /// A box may come in the middle of long work, and then it is the user who is waited for.

@@ -2,6 +2,10 @@
 
 #include "platform/host/CPrompt.h"
 
+/// The property of a window that goes by itself, at any moment: no box may belong to it, as it would go with
+/// it.
+inline constexpr char kGoesByItself[] = "goesByItself";
+
 /// Messages and questions as boxes over the window in front. The one place with boxes and file choosers.
 class CBoxPrompt final : public CPrompt {
  public:

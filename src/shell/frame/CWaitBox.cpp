@@ -1,6 +1,7 @@
 #include "shell/frame/CWaitBox.h"
 
 #include "lang/FormatText.h"
+#include "shell/controls/CBoxPrompt.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -44,6 +45,7 @@ void CWaitBox::Show(const QString& what) {
         std::make_unique<QProgressDialog>(FormatText<Text::WaitingFor>(what), LoadText(Text::ActionCancel), 0,
                                           0, modal ? modal : QApplication::activeWindow());
     m_box->setObjectName(QStringLiteral("waiting"));
+    m_box->setProperty(kGoesByItself, true);
     m_box->setWindowTitle(LoadText(Text::ProgramTitle));
     m_box->setWindowModality(Qt::ApplicationModal);
     m_box->setMinimumDuration(std::numeric_limits<int>::max());

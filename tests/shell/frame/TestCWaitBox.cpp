@@ -2,17 +2,20 @@
 
 #include "lang/LoadText.h"
 #include "platform/sqlite/CSqliteFile.h"
+#include "shell/controls/CBoxPrompt.h"
 #include "support/TestProgram.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QLabel>
+#include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -88,6 +91,28 @@ class TestCWaitBox final : public QObject {
         user.stop();
         QVERIFY(held.file.Commit());
         QTRY_VERIFY(!QApplication::activeModalWidget());
+    }
+
+    /// What failed at its end is told while it still stands; the message stays when it goes.
+    void AMessageOutlivesIt() {
+        Held held;
+        const auto choice = held.box.OnWaiting(u"store"_s, std::chrono::seconds(3));
+        QCOMPARE(choice, CWaitListener::Choice::GoOn);
+        QVERIFY(TheBox());
+        QString said;
+        bool isGone = false;
+        QTimer::singleShot(400, qApp, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            isGone = std::ranges::none_of(QApplication::topLevelWidgets(), [](const QWidget* window) {
+                return window->objectName() == u"waiting" && window->isVisible();
+            });
+            if (!box) return;
+            said = box->text();
+            box->accept();
+        });
+        CBoxPrompt().Tell({.textId = 0, .title = u"Velmarch"_s, .text = u"It failed."_s, .actionLabel = {}});
+        QCOMPARE(said, u"It failed."_s);
+        QVERIFY(isGone);
     }
 
     void AShortWaitShowsNothing() {
