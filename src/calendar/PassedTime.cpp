@@ -12,8 +12,8 @@ QTime TimeOf(const DateTimeVal& time) {
 }  // namespace
 
 const QTimeZone& LocalZone() {
-    static const QTimeZone zone = QTimeZone::systemTimeZone();
-    return zone;
+    static const QTimeZone kZone = QTimeZone::systemTimeZone();
+    return kZone;
 }
 
 bool GoesPastMidnight(const DateTimeVal& start, const DateTimeVal& end) {

@@ -148,7 +148,7 @@ Outcome CRecordChanges::RenameInRecords(int list, const QString& oldText, const 
     const ListRow* row = FindRecordList(list);
     if (!row || oldText.isEmpty() || newText.isEmpty()) return Outcome::Failed(Outcome::Failure::Item);
     CPulldownCatalogue& catalogue = m_context.catalogue;
-    const Outcome outcome = RecordReplacer(m_context.document).Replace(*row, oldText, newText, [&] {
+    Outcome outcome = RecordReplacer(m_context.document).Replace(*row, oldText, newText, [&] {
         return catalogue.PutRenamed(list, oldText, newText);
     });
     if (outcome) catalogue.TakeUpRenamed(list, oldText, newText);

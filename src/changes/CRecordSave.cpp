@@ -20,7 +20,7 @@ using Side = MergedRecord::Side;
 constexpr qsizetype kMostCharacters = 60;
 
 QString NameOf(const FieldRow& field, const FieldLabels& labels) {
-    const QString own = labels.GetLabel(NumberOf(field.id));
+    QString own = labels.GetLabel(NumberOf(field.id));
     if (!own.isEmpty()) return own;
     if (field.title != Text{}) return LoadText(field.title);
     return LoadText(field.consoleCaption != Text{} ? field.consoleCaption : field.caption);

@@ -12,7 +12,7 @@
 /// A day as an index holds it; zeros for a record without.
 struct StoredDay {
     int year = 0, month = 0, day = 0;
-    auto operator<=>(const StoredDay&) const = default;
+    auto operator<=>(const StoredDay&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 /// What a damaged store tells of its records beside the records: the indexes of days and the checksums.

@@ -4,6 +4,7 @@
 #include "records/FieldDef.h"
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QString>
 #include <span>
 #include <vector>

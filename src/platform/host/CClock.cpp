@@ -13,11 +13,11 @@ std::int64_t Milliseconds(const timespec& time) {
 
 /// The kernel makes a new one at each start of the machine; empty where it can't be read.
 const QByteArray& BootIdentity() {
-    static const QByteArray identity = [] {
+    static const QByteArray kIdentity = [] {
         QFile file(QStringLiteral("/proc/sys/kernel/random/boot_id"));
         return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed() : QByteArray();
     }();
-    return identity;
+    return kIdentity;
 }
 
 }  // namespace

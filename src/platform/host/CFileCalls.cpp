@@ -7,11 +7,14 @@
 
 namespace {
 
-CFileCalls ofTheSystem;
+CFileCalls& OfTheSystem() {
+    static CFileCalls calls;
+    return calls;
+}
 
 }  // namespace
 
-CFileCalls* theFileCalls = &ofTheSystem;
+CFileCalls* theFileCalls = &OfTheSystem();
 
 int CFileCalls::OpenFolder(const char* path) {
     return ::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);

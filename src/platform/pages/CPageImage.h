@@ -19,7 +19,9 @@ class CPageImage {
     [[nodiscard]] static std::uint32_t SizeInHeader(QByteArrayView bytes);
 
     /// Whole pages only: what is left of one that was cut off isn't among them.
-    [[nodiscard]] PageNumber Count() const { return static_cast<PageNumber>(m_bytes.size() / m_pageSize); }
+    [[nodiscard]] PageNumber Count() const {
+        return m_pageSize == 0 ? 0 : static_cast<PageNumber>(m_bytes.size() / m_pageSize);
+    }
     [[nodiscard]] qsizetype PageSize() const { return m_pageSize; }
     [[nodiscard]] bool Has(PageNumber page) const { return page >= 1 && page <= Count(); }
     /// Empty for a page that the file lacks.

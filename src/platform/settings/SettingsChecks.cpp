@@ -32,9 +32,9 @@ bool RunOn(CSqliteFile& file, const char* sql, const EntryPlace& entry) {
 }  // namespace
 
 const RowChecks& EntryChecks() {
-    static const RowChecks checks("entries", {{"key", "INTEGER"}, {"name", "TEXT"}},
-                                  {"key", "name", "type", "value"});
-    return checks;
+    static const RowChecks kChecks("entries", {{"key", "INTEGER"}, {"name", "TEXT"}},
+                                   {"key", "name", "type", "value"});
+    return kChecks;
 }
 
 std::optional<std::vector<EntryPlace>> DamagedEntries(CSqliteFile& file) {

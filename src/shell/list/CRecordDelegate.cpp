@@ -193,7 +193,7 @@ bool CRecordDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
 
 QString CRecordDelegate::TipAt(const QPoint&, const QStyleOptionViewItem& option,
                                const QModelIndex& index) const {
-    const QString note = index.data(Qt::ToolTipRole).toString();
+    QString note = index.data(Qt::ToolTipRole).toString();
     if (index.column() == 0 || !note.isEmpty()) return note;
     QString inWords = index.data(Qt::AccessibleTextRole).toString();
     if (index.data(CRecordListModel::ImageRole).isValid()) return inWords;

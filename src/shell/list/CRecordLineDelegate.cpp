@@ -52,7 +52,7 @@ QString CRecordLineDelegate::TipAt(const QPoint& at, const QStyleOptionViewItem&
     for (const Place& place : PlacesIn(option.rect)) {
         if (!place.rect.contains(at)) continue;
         if (place.cell.isImage) return m_model.FlagInWordsOf(index.row(), place.cell.column);
-        if (const QString note = m_model.NoteOf(index.row(), place.cell.column); !note.isEmpty()) return note;
+        if (QString note = m_model.NoteOf(index.row(), place.cell.column); !note.isEmpty()) return note;
         const QString text = m_model.TextOf(index.row(), place.cell.column);
         return QFontMetrics(option.font).horizontalAdvance(text.simplified()) > place.rect.width()
                    ? text

@@ -193,7 +193,10 @@ int CWindowProgram::RunWindow() {
 }
 
 int CWindowProgram::RunFrame(const Opened& opened) {
-    auto& [app, single, budget, clock, prompt, pump, hub] = opened;
+    auto& app = opened.app;
+    auto& budget = opened.budget;
+    auto& prompt = opened.prompt;
+    const CClock& clock = opened.clock;
     ActiveTimerSet timerSet(clock);
     CRecordTimers timers(timerSet, app.Document(), app.Settings());
     app.Document().SetTimers(&timers);
@@ -208,15 +211,15 @@ int CWindowProgram::RunFrame(const Opened& opened) {
     CProcessLauncher launcher;
     CWindowDialogs dialogs(dialog);
     auto frame = std::make_unique<CMainFrame>(
-        CMainFrame::Context{app, timers, hub, prompt, pump, clock, launcher, dialogs});
+        CMainFrame::Context{app, timers, opened.hub, prompt, opened.pump, clock, launcher, dialogs});
     COutsideControl control(*frame);
     CInstanceHost host(
         {app.Document(), timers, app.Settings(), [&] { control.Refresh(); }, [&] { control.Raise(); },
          [&] { control.Leave(); }, [&] { return control.IsBusy() || budget.IsWaiting(); },
          [] { return QApplication::activeModalWidget() != nullptr; }, [&app] { app.LoadLists(); }});
     const bool isHeard = host.Listen(app.Home(), LoadText(Text::ProgramTitle));
-    if (!isHeard && !single.IsLocked()) {
-        single.TellNotAlone(app.Home(), host.Error());
+    if (!isHeard && !opened.single.IsLocked()) {
+        opened.single.TellNotAlone(app.Home(), host.Error());
         return kFailed;
     }
     const CQuitSignals signals([&] { control.Leave(); });
