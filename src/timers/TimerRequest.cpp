@@ -42,10 +42,11 @@ std::vector<TimerReading> FromJson(const QJsonValue& shown) {
     for (const auto& value : shown.toArray()) {
         const QJsonObject json = value.toObject();
         const QJsonValue trueSeconds = json.value(kTrueSeconds);
-        TimerReading& timer =
-            timers.emplace_back(json.value(kId).toString(), json.value(kState).toString() == kRunning,
-                                json.value(kSeconds).toInt(), std::nullopt);
+        TimerReading timer{.recordId = json.value(kId).toString(),
+                           .isRunning = json.value(kState).toString() == kRunning,
+                           .seconds = json.value(kSeconds).toInt()};
         if (trueSeconds.isDouble()) timer.trueSeconds = trueSeconds.toInteger();
+        timers.push_back(timer);
     }
     return timers;
 }

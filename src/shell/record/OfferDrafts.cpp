@@ -13,6 +13,8 @@
 #include "timers/CRecordTimers.h"
 #include "timers/TimerTexts.h"
 
+#include <QWidget>
+
 namespace {
 
 bool IsWanted(const StoredDraft& draft, CPrompt& prompt) {
