@@ -49,7 +49,7 @@ void Sum(const CVelmarchDoc& document) {
     theResult = static_cast<double>(sums.SumsText(2, 4).size());
 }
 
-void BuildTree(const CVelmarchDoc& document, const CCfgStore& settings) {
+void BuildTree(CVelmarchDoc& document, const CCfgStore& settings) {
     CDataTree tree(document, settings);
     tree.Rebuild();
     theResult = static_cast<double>(tree.Root().Children().size());
@@ -70,7 +70,7 @@ void Sort(CRecordListModel& model, const char* ours, const char* floor, int posi
 }  // namespace
 
 void MeasureViews(CVelmarchApp& app) {
-    const CVelmarchDoc& document = app.Document();
+    CVelmarchDoc& document = app.Document();
     Measure("loop_us", [&] { PlainLoop(document); });
     Measure("sums_us", [&] { Sum(document); });
     Measure("tree_us", [&] { BuildTree(document, app.Settings()); });

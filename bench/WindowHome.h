@@ -2,6 +2,7 @@
 
 #include "LoudPrompt.h"
 #include "app/CVelmarchApp.h"
+#include "entry/CEnteredItems.h"
 #include "platform/host/CClock.h"
 #include "platform/host/CLauncher.h"
 #include "shell/frame/CEventPump.h"
@@ -27,10 +28,14 @@ class NoonClock final : public CClock {
 /// Nobody is there to answer.
 class NoDialogs final : public CFrameDialogs {
  public:
-    bool EditRecord(QWidget&, CVORec&) override { return false; }
+    bool EditRecord(QWidget&, CVORec&, CVORec*) override { return false; }
+    CEnteredItems& Entered() override { return m_entered; }
     bool EditSettings(QWidget&) override { return false; }
     bool ChooseDefault(QWidget&, CVORec&) override { return false; }
     void EditDefaults(QWidget&, CVORec&) override {}
+
+ private:
+    CEnteredItems m_entered;
 };
 
 /// The window over a home, wired as the program wires it and on the screen, its records loaded. Nothing is
