@@ -309,7 +309,7 @@ bool CCfgStore::ReadAs(const QString& name, T& out, bool report) {
     if (!value) {
         if (report)
             Tell(Text::ValueSizeUnknown, FormatText<Text::ValueSizeUnknown>(m_basePath, name),
-                 Text::ReadSettingTitle);
+                 Text::ReadWriteTitle);
         return false;
     }
     const T* content = std::get_if<T>(&*value);
@@ -321,7 +321,7 @@ bool CCfgStore::ReadAs(const QString& name, T& out, bool report) {
     }
     if (content->isEmpty()) {
         if (report)
-            Tell(Text::ValueEmpty, FormatText<Text::ValueEmpty>(m_basePath, name), Text::ReadSettingTitle);
+            Tell(Text::ValueEmpty, FormatText<Text::ValueEmpty>(m_basePath, name), Text::ReadWriteTitle);
         return false;
     }
     out = *content;

@@ -57,8 +57,8 @@ constexpr BoxRow kBoxes[] = {
     {.text = Text::ValueRefusedEmpty, .title = Text::WriteSettingTitle},
     {.text = Text::ValueRefusedLarge, .title = Text::WriteSettingTitle},
     {.text = Text::ValueWriteFailed, .title = Text::WriteSettingTitle},
-    {.text = Text::ValueSizeUnknown, .title = Text::ReadSettingTitle},
-    {.text = Text::ValueEmpty, .title = Text::ReadSettingTitle},
+    {.text = Text::ValueSizeUnknown, .title = Text::ReadWriteTitle},
+    {.text = Text::ValueEmpty, .title = Text::ReadWriteTitle},
     {.text = Text::ValueReadFailed, .title = Text::WriteSettingTitle},
 
     YesOrNo(Text::AskAddItem, Text::AskAddItemTitle, Text::AskAddItemTitle, BoxIcon::Question),
