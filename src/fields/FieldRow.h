@@ -77,6 +77,7 @@ struct FieldRow {
     int list = ListId::kNone;
     Places places = Places::None;
     ReportUse report = ReportUse::None;
+    int reportPlace = 0;    ///< from 1, among the fields of that use in the order in which reports offer them
     bool isListed = false;  ///< stands in the console's lists for people; single records show every field
     FieldColumn column{};
 };
