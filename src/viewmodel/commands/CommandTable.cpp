@@ -3,10 +3,16 @@
 #include "app/RecordMode.h"
 #include "entry/QuickEntry.h"
 #include "entry/RecordMarks.h"
+#include "viewmodel/commands/CommandRowMaker.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
 
 namespace {
 
 using State = CommandState;
+using Row = CommandRowMaker;
 
 bool OneSelected(const State& s) {
     return s.selected == 1;
@@ -90,59 +96,8 @@ bool LayoutIs(const State& s) {
 template <RecordMark Mark>
 constexpr int kMark = static_cast<int>(Mark);
 
-/// A row of the table in the making: what all commands have is handed to its constructor, the rest is said
-/// by name.
-class Row {
- public:
-    struct Words {
-        Text caption;
-        Text tip;
-        const char* icon;
-        const char* keys = "";
-    };
-    struct Action {
-        Run run;
-        int argument = 0;
-    };
-    constexpr Row(int id, const char* name, const Words& words, Menu menu, const Action& action)
-        : m_row{.id = id,
-                .name = name,
-                .caption = words.caption,
-                .tip = words.tip,
-                .icon = words.icon,
-                .keys = words.keys,
-                .menu = menu,
-                .run = action.run,
-                .argument = action.argument} {}
-
-    constexpr Row& BeginsGroup() {
-        m_row.beginsGroup = true;
-        return *this;
-    }
-    constexpr Row& OfView() {
-        m_row.receiver = Receiver::View;
-        return *this;
-    }
-    constexpr Row& When(Condition offered) {
-        m_row.offered = offered;
-        return *this;
-    }
-    constexpr Row& Toggle(Condition checked) { return Checked(CheckStyle::Toggle, checked); }
-    constexpr Row& Radio(Condition checked) { return Checked(CheckStyle::Radio, checked); }
-    // NOLINTNEXTLINE(google-explicit-constructor): the table is an array of the finished rows
-    constexpr operator CommandRow() const { return m_row; }
-
- private:
-    constexpr Row& Checked(CheckStyle check, Condition checked) {
-        m_row.check = check;
-        m_row.checked = checked;
-        return *this;
-    }
-
-    CommandRow m_row;
-};
-
-constexpr CommandRow kCommands[] = {
+/// The commands of the menus up to the lists.
+constexpr CommandRow kFirstCommands[] = {
     Row(Command::kNew, "CmdQuickEntry", {Text::CmdNew, Text::TipNew, "document-new", "Ctrl+N"}, Menu::Record,
         {Run::QuickEntry, QuickFlag::kBlank}),
     Row(Command::kNewPlain, "CmdNewRecord", {Text::CmdNew, Text::TipNew, "document-new"}, Menu::New,
@@ -488,6 +443,10 @@ constexpr CommandRow kCommands[] = {
     Row(Command::kDefaults, "CmdRecordDefaults", {Text::CmdDefaults, Text::TipDefaults, "bookmarks"},
         Menu::Lists, {Run::Defaults})
         .BeginsGroup(),
+};
+
+/// Those of the menus after them.
+constexpr CommandRow kLastCommands[] = {
     Row(Command::kFindCommand, "CmdFindCommand",
         {Text::CmdFindCommand, Text::TipFindCommand, "edit-find", "Ctrl+K"}, Menu::Tools, {Run::FindCommand}),
     Row(Command::kOptions, "CmdOptions", {Text::CmdOptions, Text::TipOptions, "configure", "Ctrl+,"},
@@ -500,6 +459,16 @@ constexpr CommandRow kCommands[] = {
     Row(Command::kAbout, "CmdAbout", {Text::CmdAbout, Text::TipAbout, "help-about"}, Menu::Help,
         {Run::About}),
 };
+
+template <std::size_t... Sizes>
+constexpr auto Join(const CommandRow (&... parts)[Sizes]) {
+    std::array<CommandRow, (Sizes + ...)> joined{};
+    auto* to = joined.begin();
+    ((to = std::copy(std::begin(parts), std::end(parts), to)), ...);
+    return joined;
+}
+
+constexpr auto kCommands = Join(kFirstCommands, kLastCommands);
 
 const CommandRow* CommandOf(int id, Receiver receiver) {
     for (const CommandRow& row : kCommands)

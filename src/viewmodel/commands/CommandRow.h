@@ -1,0 +1,150 @@
+#pragma once
+
+#include "lang/Text.h"
+#include "viewmodel/commands/CommandState.h"
+
+/// Numbers of the commands that code names. They are fixed.
+namespace Command {
+inline constexpr int kNew = 40147;  ///< the button, with the ways to a new record below it
+inline constexpr int kNewPlain = 40002;
+inline constexpr int kEdit = 103;
+inline constexpr int kCopy = 101;
+inline constexpr int kDelete = 102;
+inline constexpr int kMarkFirst = 32838;
+inline constexpr int kMarkFirstAndSecond = 40055;
+inline constexpr int kSelectAll = 32813;
+inline constexpr int kSelectNone = 32814;
+inline constexpr int kSort = 32784;
+inline constexpr int kTimeMode = 40011;
+inline constexpr int kExpenseMode = 40012;
+inline constexpr int kLayoutIcons = 32823;  ///< also the period "last year"
+inline constexpr int kLayoutList = 32825;
+inline constexpr int kLayoutColumns = 32826;
+inline constexpr int kLayoutLines = 32783;
+inline constexpr int kListColumns = 40052;
+inline constexpr int kListFont = 32829;
+inline constexpr int kToggleTree = 32771;
+inline constexpr int kPanesSideBySide = 32772;
+inline constexpr int kPanesStacked = 32773;
+inline constexpr int kTreeExpandAll = 40068;
+inline constexpr int kTreeColumns = 40122;
+inline constexpr int kToggleBar1 = 59392;
+inline constexpr int kToggleBar2 = 32812;
+inline constexpr int kToggleStatusBar = 32774;
+inline constexpr int kCustomizeBar1 = 32817;
+inline constexpr int kCustomizeBar2 = 32879;
+inline constexpr int kRefresh = 32780;
+inline constexpr int kRebuildViews = 32778;
+inline constexpr int kPeriodToday = 32798;
+inline constexpr int kPeriodAll = 32802;
+inline constexpr int kPeriodDay = 32803;
+inline constexpr int kPeriodPrevious = 32844;
+inline constexpr int kPeriodNext = 32845;
+inline constexpr int kClearFilter = 32810;
+inline constexpr int kFilterTimers = 32851;
+inline constexpr int kTimerStart = 40112;
+inline constexpr int kTimerPause = 40113;
+inline constexpr int kTimerStop = 40111;
+inline constexpr int kStopAllTimers = 32868;
+inline constexpr int kPauseAllTimers = 32869;
+inline constexpr int kUseDependencies = 32891;
+inline constexpr int kDefaults = 32777;
+inline constexpr int kFindCommand = 40200;  ///< a number of our own, which no resource has
+inline constexpr int kOptions = 40066;
+inline constexpr int kRegional = 32781;
+inline constexpr int kAbout = 57664;
+inline constexpr int kExit = 57665;
+}  // namespace Command
+
+/// What carries a command out; the window has one handler for each. The argument of the row tells which.
+enum class Run {
+    QuickEntry,  ///< argument: flags of NewTimeRecord
+    EditRecord,
+    CopyRecords,
+    DeleteRecords,
+    Mark,  ///< argument: a RecordMark
+    SelectAll,
+    SelectNone,
+    SwitchMode,  ///< argument: a RecordMode
+    Sort,
+    Layout,  ///< argument: 1 to 4
+    ListColumns,
+    ListFont,
+    ToggleTree,
+    StackPanes,  ///< argument: 1 the tree above the list, 0 beside it
+    ExpandTree,
+    TreeColumns,
+    ToggleBar1,
+    ToggleBar2,
+    ToggleStatusBar,
+    CustomizeBar,  ///< argument: a Bar
+    Refresh,
+    RebuildViews,
+    PeriodPreset,  ///< argument: preset
+    PeriodAll,
+    PeriodDay,
+    PeriodPrevious,
+    PeriodNext,
+    ClearFilter,
+    FilterTimers,
+    FilterBy,     ///< argument: the command's number, which says the condition
+    TimerAction,  ///< argument: 0 stop, 1 start, 2 pause
+    StopAllTimers,
+    PauseAllTimers,
+    UseDependencies,
+    Defaults,
+    FindCommand,
+    Options,
+    RegionalSettings,
+    About,
+    Exit
+};
+
+/// In which menu a command stands. Those after Help are submenus.
+enum class Menu {
+    Record,
+    View,
+    Period,
+    Filter,
+    Timer,
+    Lists,
+    Tools,
+    Help,
+    New,
+    Mark,
+    DataTree,
+    Bars,
+    PeriodWeeks,
+    PeriodMonths,
+    PeriodQuarters,
+    PeriodYears
+};
+
+/// The tool bars: 101 records, 102 period and filter.
+enum class Bar { Records, Filters };
+
+/// Who is asked first to carry a command out.
+enum class Receiver { View, Frame };
+
+/// Whether a command bears a check mark, and whether it is one of a group.
+enum class CheckStyle { None, Toggle, Radio };
+
+using Condition = bool (*)(const CommandState& state);
+
+/// One command: what menus, tool bars and shortcuts are made of.
+struct CommandRow {
+    int id;
+    const char* name;
+    Text caption;
+    Text tip;
+    const char* icon;       ///< freedesktop name
+    const char* keys = "";  ///< shortcuts in portable form, separated by blanks; empty for none
+    Menu menu;
+    bool beginsGroup = false;  ///< a separator stands before it
+    Receiver receiver = Receiver::Frame;
+    Run run;
+    int argument = 0;
+    Condition offered = nullptr;  ///< null: always
+    CheckStyle check = CheckStyle::None;
+    Condition checked = nullptr;  ///< null with CheckStyle::None
+};
