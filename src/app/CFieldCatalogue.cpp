@@ -1,86 +1,15 @@
 #include "app/CFieldCatalogue.h"
 
 #include "app/FieldLabels.h"
-#include "calendar/NumberText.h"
+#include "app/ShownFields.h"
 #include "config/Settings.h"
 #include "fields/FieldTable.h"
-#include "fields/FieldValue.h"
 #include "lang/LoadText.h"
-#include "records/FieldTexts.h"
-
-#include <algorithm>
 
 namespace {
 
-/// An expense that is no distance entry has none, even where one was stored before.
-float DistanceOf(const CERecord& record) {
-    return record.isDistance ? record.GetDistance() : 0.0F;
-}
-
-QString HoursText(const SpanField& span) {
-    return span.IsSet() ? span.decimal.text : NoTimeText();
-}
-
-QString TextInCatalogue(const CVORec& record, const FieldRow& field) {
-    switch (field.form) {
-        case FieldForm::Flag:
-            return LoadText(FlagOf(record, field) ? Text::FieldYes : Text::FieldNo);
-        case FieldForm::Date:
-            return ValueOf<RecordDate>(record, field).longText;
-        case FieldForm::Span:
-            return HoursText(SpanOf(record, field));
-        case FieldForm::TimeOfDay:
-            return TimeTextOf(record, field);
-        default:
-            return TextOf(record, field);
-    }
-}
-
-float MoneyOf(const CVORec& record, const FieldRow& field) {
-    float money = 0.0F;
-    (void)ValueOf<DecimalField>(record, field).GetMoney(money);  // 0 where there is none
-    return money;
-}
-
-float HoursOf(const CVORec& record, const FieldRow& field) {
-    float hours = 0.0F;
-    (void)SpanOf(record, field).GetDecimal(hours);  // 0 where there are none
-    return hours;
-}
-
-/// Any amount below zero of an expense counts as none.
-float NumberInCatalogue(const CVORec& record, const FieldRow& field) {
-    switch (field.form) {
-        case FieldForm::Span:
-            return HoursOf(record, field);
-        case FieldForm::Distance:
-            return DistanceOf(static_cast<const CERecord&>(record));
-        default:
-            return record.Kind() == RecordKind::Expense ? std::max(MoneyOf(record, field), 0.0F)
-                                                        : MoneyOf(record, field);
-    }
-}
-
-std::optional<QString> TextIn(const CVORec& record, int number) {
-    const FieldRow* field = FindField(record.Kind(), number);
-    if (!field || (field->shown != Shown::Text && field->shown != Shown::TextAndNumber)) return std::nullopt;
-    // The rate of an expense is one of a distance.
-    if (field->id == FieldId::ExpenseRate && DistanceOf(static_cast<const CERecord&>(record)) == 0.0F)
-        return QString();
-    return TextInCatalogue(record, *field);
-}
-
-std::optional<double> NumberIn(const CVORec& record, int number) {
-    const FieldRow* field = FindField(record.Kind(), number);
-    if (!field || (field->shown != Shown::Number && field->shown != Shown::TextAndNumber))
-        return std::nullopt;
-    return double{NumberInCatalogue(record, *field)};
-}
-
-std::optional<QString> DisplayIn(const CVORec& record, int number) {
-    if (auto text = TextIn(record, number)) return text;
-    const std::optional<double> value = NumberIn(record, number);
-    return value ? std::optional(FormatNumber(TheRegion(), *value, -1)) : std::nullopt;
+const FieldRow* FieldOf(const CVORec& record, int number) {
+    return FindField(record.Kind(), number);
 }
 
 }  // namespace
@@ -93,27 +22,33 @@ QString CFieldCatalogue::GetFieldTitle(int field) const {
 }
 
 std::optional<QString> CFieldCatalogue::GetFieldText(const CTRecord& record, int field) const {
-    return TextIn(record, field);
+    const FieldRow* row = FieldOf(record, field);
+    return row ? ShownText(record, *row) : std::nullopt;
 }
 
 std::optional<QString> CFieldCatalogue::GetFieldText(const CERecord& record, int field) const {
-    return TextIn(record, field);
+    const FieldRow* row = FieldOf(record, field);
+    return row ? ShownText(record, *row) : std::nullopt;
 }
 
 std::optional<double> CFieldCatalogue::GetFieldNumber(const CTRecord& record, int field) const {
-    return NumberIn(record, field);
+    const FieldRow* row = FieldOf(record, field);
+    return row ? ShownNumber(record, *row) : std::nullopt;
 }
 
 std::optional<double> CFieldCatalogue::GetFieldNumber(const CERecord& record, int field) const {
-    return NumberIn(record, field);
+    const FieldRow* row = FieldOf(record, field);
+    return row ? ShownNumber(record, *row) : std::nullopt;
 }
 
 std::optional<QString> CFieldCatalogue::GetFieldDisplay(const CTRecord& record, int field) const {
-    return DisplayIn(record, field);
+    const FieldRow* row = FieldOf(record, field);
+    return row ? ShownDisplay(record, *row) : std::nullopt;
 }
 
 std::optional<QString> CFieldCatalogue::GetFieldDisplay(const CERecord& record, int field) const {
-    return DisplayIn(record, field);
+    const FieldRow* row = FieldOf(record, field);
+    return row ? ShownDisplay(record, *row) : std::nullopt;
 }
 
 std::optional<int> CFieldCatalogue::Precision(int field) const {

@@ -369,8 +369,8 @@ void TestCFieldCatalogue::Distance_data() {
     QTest::addColumn<QString>("rate");
     QTest::newRow("a distance entry") << true << 10.0F << u"10.00"_s << u"0.500"_s;
     QTest::newRow("a distance of 0 has no rate to show") << true << 0.0F << u"0.00"_s << QString();
-    QTest::newRow("no distance entry, though a distance was kept")
-        << false << 10.0F << u"0.00"_s << QString();
+    QTest::newRow("no distance entry, though distance and rate were kept")
+        << false << 10.0F << u"0.00"_s << u"0.500"_s;
     QTest::newRow("a negative distance has its rate") << true << -10.0F << u"-10.00"_s << u"0.500"_s;
 }
 
