@@ -1,0 +1,53 @@
+#include "reports/aggregate/CAggregation.h"
+
+#include "reports/definition/ReportKinds.h"
+
+#include <limits>
+
+namespace {
+
+constexpr std::uint32_t kNoRow = std::numeric_limits<std::uint32_t>::max();
+
+}  // namespace
+
+CAggregation::CAggregation(RecordKind kind, const CReportDef& report, const CFieldCatalogue& catalogue,
+                           const Settings& settings)
+    : m_report(report), m_keys(kind, report.sortKeys) {
+    if (HasListing(report.kind)) m_listing.emplace(kind, report.listFields, catalogue);
+    if (HasGroups(report.kind) && LackOf(report) == GroupLack::None)
+        m_grouping.emplace(kind, report.groupFields, report.sumFields, catalogue);
+    if (report.kind == ReportKind::Summary)
+        m_summary = std::make_shared<ReportSectionList>(kind, catalogue, settings);
+}
+
+void CAggregation::Add(const CVORec& record) {
+    ++m_count;
+    m_keys.Add(record);
+    if (m_grouping) {
+        const std::optional<std::size_t> row = m_grouping->Add(record);
+        m_rowOf.push_back(row ? static_cast<std::uint32_t>(*row) : kNoRow);
+    }
+    if (m_summary) m_summary->Add(record);
+}
+
+std::vector<std::uint32_t> CAggregation::Order(std::span<const std::uint32_t> before) {
+    return m_keys.Order(before);
+}
+
+GroupedTable CAggregation::GroupsIn(std::span<const std::uint32_t> order) const {
+    std::vector<std::size_t> rows;
+    std::vector<bool> isSeen(m_grouping->RowCount());
+    for (const std::uint32_t place : order) {
+        const std::uint32_t row = m_rowOf[place];
+        if (row == kNoRow || isSeen[row]) continue;
+        isSeen[row] = true;
+        rows.push_back(row);
+    }
+    return m_grouping->InOrder(rows);
+}
+
+ReportResult CAggregation::Result(std::span<const std::uint32_t> order, const QString& date) const {
+    ReportResult result{.definition = m_report, .date = date, .listing = m_listing, .summary = m_summary};
+    if (m_grouping) result.grouped = GroupsIn(order);
+    return result;
+}
