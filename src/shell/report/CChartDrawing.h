@@ -31,7 +31,6 @@ class CChartDrawing {
     [[nodiscard]] const QRectF& Place() const { return m_place; }
     [[nodiscard]] const PictureStyle& Style() const { return m_style; }
     [[nodiscard]] const ChartColours& Colours() const { return m_colours; }
-    [[nodiscard]] const QFontMetricsF& Metrics() const { return m_metrics; }
     /// The height of a line of text, by which all is measured.
     [[nodiscard]] qreal Em() const { return m_metrics.height(); }
     /// Where the title ends.
