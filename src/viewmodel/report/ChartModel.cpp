@@ -28,6 +28,11 @@ QString Joined(const QStringList& texts) {
     return joined;
 }
 
+/// "Effective by Client · Project"; without keys the sum alone.
+QString TitleBy(const QString& sum, const QStringList& keys) {
+    return keys.isEmpty() ? sum : FormatText<Text::ChartSumBy>(sum, Joined(keys));
+}
+
 QStringList Without(QStringList texts, int place) {
     texts.removeAt(place);
     return texts;
@@ -114,7 +119,7 @@ std::vector<int> CChartMaker::Days() const {
 }
 
 ChartModel CChartMaker::Bars() {
-    m_model.title = FormatText<Text::ChartSumBy>(m_source.sumCaption, Joined(m_source.keyCaptions));
+    m_model.title = TitleBy(m_source.sumCaption, m_source.keyCaptions);
     std::vector<double> sums;
     for (const ChartGroup& group : m_source.groups) sums.push_back(group.sum);
     const Places places = Farthest(sums, kMostBars);
@@ -191,9 +196,7 @@ ChartModel CChartMaker::Lines(const std::vector<int>& days) {
     const auto [first, last] = std::minmax_element(days.begin(), days.end());
     const ChartStretches stretches = MakeStretches(*first, *last, m_calendar.firstDayOfWeek);
     m_model.form = ChartForm::Lines;
-    m_model.title = TitleOf(stretches.step);
-    const QStringList others = Without(m_source.keyCaptions, *m_source.dateKey);
-    if (!others.isEmpty()) m_model.title = FormatText<Text::ChartSumBy>(m_model.title, Joined(others));
+    m_model.title = TitleBy(TitleOf(stretches.step), Without(m_source.keyCaptions, *m_source.dateKey));
     WriteDays(stretches);
     const std::vector<std::size_t> lines = NameLines();
     const Places places = Farthest(SumsOf(lines), kMostLines);
