@@ -32,6 +32,7 @@ class TestChartAxis final : public QObject {
         QTest::newRow("a number on a tick is the end") << 0.0 << 100.0 << 6 << 2 << u"0 20 40 60 80 100"_s;
         QTest::newRow("a number on a tick but for its last bit")
             << 0.0 << 0.1 + 0.2 << 5 << 2 << u"0 0.1 0.2 0.3"_s;
+        QTest::newRow("such a number below 0") << -(0.1 + 0.2) << 0.0 << 5 << 2 << u"-0.3 -0.2 -0.1 0"_s;
         QTest::newRow("0 belongs to numbers that are far from it")
             << 90.0 << 100.0 << 3 << 2 << u"0 50 100"_s;
         QTest::newRow("on both sides of 0") << -3.2 << 7.0 << 6 << 2 << u"-5 0 5 10"_s;
