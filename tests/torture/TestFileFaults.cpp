@@ -4,68 +4,36 @@
 #include <QTest>
 #include <cerrno>
 
-#include "platform/host/CFileCalls.h"
 #include "platform/host/SafeFile.h"
 #include "support/TestProgram.h"
-#include "torture/CFaultInjector.h"
+#include "torture/CFaultyCalls.h"
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-/// The system's calls, of which one fails, or all from one on. In use while it lives.
-class CFaultyCalls final : public CFileCalls {
- public:
-    CFaultyCalls(int error, Lasting lasting, int failing)
-        : m_error(error), m_lasting(lasting), m_failing(failing), m_former(theFileCalls) {
-        theFileCalls = this;
-    }
-    ~CFaultyCalls() override { theFileCalls = m_former; }
-    CFaultyCalls(const CFaultyCalls&) = delete;
-    CFaultyCalls& operator=(const CFaultyCalls&) = delete;
-
-    int OpenFolder(const char* path) override { return Fails() ? -1 : CFileCalls::OpenFolder(path); }
-    int Create(int folder, const char* name, mode_t mode) override {
-        return Fails() ? -1 : CFileCalls::Create(folder, name, mode);
-    }
-    ssize_t Write(int file, const void* bytes, std::size_t size) override {
-        return Fails() ? -1 : CFileCalls::Write(file, bytes, std::min<std::size_t>(size, kPiece));
-    }
-    int Sync(int handle) override { return Fails() ? -1 : CFileCalls::Sync(handle); }
-    /// What close reports is a late failure: the file is closed all the same.
-    int Close(int handle) override {
-        const bool fails = Fails();
-        const int result = CFileCalls::Close(handle);
-        if (fails) errno = m_error;
-        return fails ? -1 : result;
-    }
-    int Rename(int folder, const char* from, const char* to) override {
-        return Fails() ? -1 : CFileCalls::Rename(folder, from, to);
-    }
-    int Unlink(int folder, const char* name) override {
-        return Fails() ? -1 : CFileCalls::Unlink(folder, name);
-    }
-
-    int calls = 0;
-
- private:
-    static constexpr std::size_t kPiece = 4096;  ///< a write may take less than it was given
-
-    bool Fails() {
-        ++calls;
-        const bool fails =
-            m_lasting == Lasting::OneCall ? calls == m_failing : m_failing > 0 && calls >= m_failing;
-        if (fails) errno = m_error;
-        return fails;
-    }
-    int m_error;
-    Lasting m_lasting;
-    int m_failing;
-    CFileCalls* m_former;
-};
-
 const QByteArray kOld(5000, 'o');
 const QByteArray kNew(20'000, 'n');
+
+/// How a file is written: in one piece, or in small ones with a place that is written over.
+using WriteFile = FileOutcome (*)(const QString& path);
+
+FileOutcome WriteAtOnce(const QString& path) {
+    return WriteWholeFile(path, kNew, FileAudience::OwnerOnly);
+}
+
+FileOutcome WriteInPieces(const QString& path) {
+    CSafeFile file(path, FileAudience::OwnerOnly);
+    bool isWritten = file.Write("later");
+    for (qsizetype done = 5; done < kNew.size(); done += 15)
+        isWritten =
+            file.Write(QByteArrayView(kNew).sliced(done, std::min<qsizetype>(15, kNew.size() - done)));
+    isWritten = file.WriteAt(0, "nnnnn") && isWritten;
+    FileOutcome outcome = file.Finish(
+        [](QIODevice& written) { return written.readAll() == kNew ? QString() : u"other bytes"_s; });
+    if (outcome.written && !isWritten) outcome.error = u"a failure was forgotten"_s;
+    return outcome;
+}
 
 }  // namespace
 
@@ -89,12 +57,14 @@ class TestFileFaults : public QObject {
     QTemporaryDir m_folder;
     QString m_path = m_folder.filePath(u"report.html"_s);
     bool m_isOver = false;
+    WriteFile m_write = WriteAtOnce;
 };
 
 void TestFileFaults::EachCall_data() {
     QTest::addColumn<int>("error");
     QTest::addColumn<Lasting>("lasting");
     QTest::addColumn<bool>("isOver");
+    QTest::addColumn<WriteFile>("write");
     struct Row {
         const char* name;
         int error;
@@ -107,8 +77,12 @@ void TestFileFaults::EachCall_data() {
         {"no space from then on", ENOSPC, Lasting::FromThenOn},
     };
     for (const Row& row : kRows) {
-        QTest::addRow("%s, a new file", row.name) << row.error << row.lasting << false;
-        QTest::addRow("%s, over an old one", row.name) << row.error << row.lasting << true;
+        for (const WriteFile write : {WriteAtOnce, WriteInPieces}) {
+            const char* way = write == WriteAtOnce ? "at once" : "in pieces";
+            QTest::addRow("%s, a new file, %s", row.name, way) << row.error << row.lasting << false << write;
+            QTest::addRow("%s, over an old one, %s", row.name, way)
+                << row.error << row.lasting << true << write;
+        }
     }
 }
 
@@ -128,12 +102,14 @@ void TestFileFaults::EachCall() {
     QFETCH(int, error);
     QFETCH(Lasting, lasting);
     QFETCH(bool, isOver);
+    QFETCH(WriteFile, write);
     m_isOver = isOver;
+    m_write = write;
     int calls = 0;
     {
         QVERIFY(Renew(isOver));
         const CFaultyCalls counted(error, lasting, 0);
-        QVERIFY(WriteWholeFile(m_path, kNew, FileAudience::OwnerOnly).written);
+        QVERIFY(m_write(m_path).written);
         calls = counted.calls;
     }
     QCOMPARE(Content(), kNew);
@@ -149,7 +125,7 @@ void TestFileFaults::Try(int error, Lasting lasting, int call) {
     FileOutcome outcome;
     {
         const CFaultyCalls faulty(error, lasting, call);
-        outcome = WriteWholeFile(m_path, kNew, FileAudience::OwnerOnly);
+        outcome = m_write(m_path);
     }
     QCOMPARE(outcome.error.isEmpty(), outcome.written);
     const bool isNewThere = outcome.written || outcome.error.contains(u"could not confirm"_s);

@@ -21,11 +21,15 @@ int CFileCalls::OpenFolder(const char* path) {
 }
 
 int CFileCalls::Create(int folder, const char* name, mode_t mode) {
-    return ::openat(folder, name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
+    return ::openat(folder, name, O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
 }
 
 ssize_t CFileCalls::Write(int file, const void* bytes, std::size_t size) {
     return ::write(file, bytes, size);
+}
+
+ssize_t CFileCalls::WriteAt(int file, const void* bytes, std::size_t size, off_t place) {
+    return ::pwrite(file, bytes, size, place);
 }
 
 int CFileCalls::Sync(int handle) {

@@ -1,9 +1,9 @@
 #include "platform/host/SafeFile.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <cerrno>
 #include <random>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -13,27 +13,8 @@
 
 namespace {
 
-/// A file handle that is closed at the end of its scope.
-class Handle {
- public:
-    explicit Handle(int handle) : m_handle(handle) {}
-    ~Handle() {
-        if (m_handle >= 0) (void)theFileCalls->Close(m_handle);
-    }
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    [[nodiscard]] bool IsOpen() const { return m_handle >= 0; }
-    [[nodiscard]] int Get() const { return m_handle; }
-    /// Closing can report a late failure to write.
-    [[nodiscard]] bool Close() {
-        const int handle = m_handle;
-        m_handle = -1;
-        return theFileCalls->Close(handle) == 0;
-    }
-
- private:
-    int m_handle;
-};
+/// Small pieces are written together.
+constexpr qsizetype kPiece = 1 << 16;
 
 struct Advice {
     int error;
@@ -99,14 +80,6 @@ bool WriteAll(int handle, QByteArrayView content) {
     return true;
 }
 
-/// Everything up to the closed, synced temporary file; on failure errno says why.
-bool WriteTemporary(int folder, const QByteArray& name, QByteArrayView content, FileAudience audience) {
-    const mode_t mode = audience == FileAudience::OwnerOnly ? 0600 : 0666;
-    Handle file(theFileCalls->Create(folder, name.constData(), mode));
-    return file.IsOpen() && WriteAll(file.Get(), content) && theFileCalls->Sync(file.Get()) == 0 &&
-           file.Close();
-}
-
 /// Some file systems can't sync a folder and say so by these two; there is nothing more to be done there.
 bool SyncFolder(int folder) {
     return theFileCalls->Sync(folder) == 0 || errno == EINVAL || errno == ENOTSUP;
@@ -114,25 +87,103 @@ bool SyncFolder(int folder) {
 
 }  // namespace
 
-FileOutcome WriteWholeFile(const QString& path, QByteArrayView content, FileAudience audience) {
-    const qsizetype separator = path.lastIndexOf(u'/');
-    const QString folderPath = separator < 0 ? QStringLiteral(".") : path.left(separator + 1);
-    const QByteArray name = QFile::encodeName(path.mid(separator + 1));
-    if (name.isEmpty() || name == "." || name == "..") {
-        return {false, QStringLiteral("\"%1\" is no file name. Choose a file name.").arg(path)};
+CSafeFile::CSafeFile(const QString& path, FileAudience audience) : m_path(path) {
+    if (!Open(audience)) m_temporary.clear();
+}
+
+CSafeFile::~CSafeFile() {
+    static_cast<void>(Close());
+    if (!m_temporary.isEmpty()) theFileCalls->Unlink(m_folder, m_temporary.constData());
+    if (m_folder >= 0) static_cast<void>(theFileCalls->Close(m_folder));
+}
+
+/// The first failure is the one that counts.
+bool CSafeFile::Fail(const QString& words) {
+    if (m_error.isEmpty()) m_error = words;
+    return false;
+}
+
+bool CSafeFile::FailByError() {
+    return Fail(Failure(m_path, errno).error);
+}
+
+bool CSafeFile::Open(FileAudience audience) {
+    const qsizetype separator = m_path.lastIndexOf(u'/');
+    const QString folder = separator < 0 ? QStringLiteral(".") : m_path.left(separator + 1);
+    m_name = QFile::encodeName(m_path.mid(separator + 1));
+    if (m_name.isEmpty() || m_name == "." || m_name == "..")
+        return Fail(QStringLiteral("\"%1\" is no file name. Choose a file name.").arg(m_path));
+    m_folder = theFileCalls->OpenFolder(QFile::encodeName(folder).constData());
+    if (m_folder < 0) return FailByError();
+    if (const QString objection = Objection(m_path, m_name, m_folder); !objection.isEmpty())
+        return Fail(objection);
+    m_temporary = TemporaryName();
+    const mode_t mode = audience == FileAudience::OwnerOnly ? 0600 : 0666;
+    m_file = theFileCalls->Create(m_folder, m_temporary.constData(), mode);
+    return m_file >= 0 || FailByError();
+}
+
+bool CSafeFile::Write(QByteArrayView bytes) {
+    if (!m_error.isEmpty()) return false;
+    if (m_gathered.size() + bytes.size() >= kPiece && !Flush()) return false;
+    if (bytes.size() >= kPiece) return WriteAll(m_file, bytes) || FailByError();
+    m_gathered.append(bytes.data(), bytes.size());
+    return true;
+}
+
+bool CSafeFile::Flush() {
+    if (!m_error.isEmpty()) return false;
+    const bool isWritten = WriteAll(m_file, m_gathered) || FailByError();
+    m_gathered.clear();
+    return isWritten;
+}
+
+bool CSafeFile::WriteAt(qint64 place, QByteArrayView bytes) {
+    if (!Flush()) return false;
+    while (!bytes.isEmpty()) {
+        const ssize_t written =
+            theFileCalls->WriteAt(m_file, bytes.data(), static_cast<std::size_t>(bytes.size()), place);
+        if (written < 0 && errno == EINTR) continue;
+        if (written == 0) errno = ENOSPC;
+        if (written <= 0) return FailByError();
+        bytes = bytes.sliced(written);
+        place += written;
     }
-    const Handle folder(theFileCalls->OpenFolder(QFile::encodeName(folderPath).constData()));
-    if (!folder.IsOpen()) return Failure(path, errno);
-    if (const QString objection = Objection(path, name, folder.Get()); !objection.isEmpty()) {
-        return {false, objection};
+    return true;
+}
+
+/// Closing can report a late failure to write.
+bool CSafeFile::Close() {
+    const int file = std::exchange(m_file, -1);
+    return file < 0 || theFileCalls->Close(file) == 0;
+}
+
+/// Reads from the disk, as far as the system lets go of what it holds in memory.
+bool CSafeFile::IsAsWanted(const Check& check) {
+    if (!check) return true;
+    static_cast<void>(::posix_fadvise(m_file, 0, 0, POSIX_FADV_DONTNEED));
+    QFile written;
+    if (!written.open(m_file, QIODevice::ReadOnly, QFileDevice::DontCloseHandle) || !written.seek(0))
+        return Fail(written.errorString());
+    const QString wrong = check(written);
+    return wrong.isEmpty() || Fail(wrong);
+}
+
+FileOutcome CSafeFile::Finish(const Check& check) {
+    const bool isWhole = Flush() && (theFileCalls->Sync(m_file) == 0 || FailByError()) && IsAsWanted(check) &&
+                         (Close() || FailByError());
+    if (!isWhole) return {false, m_error};
+    if (theFileCalls->Rename(m_folder, m_temporary.constData(), m_name.constData()) != 0) {
+        FailByError();
+        return {false, m_error};
     }
-    const QByteArray temporary = TemporaryName();
-    if (!WriteTemporary(folder.Get(), temporary, content, audience) ||
-        theFileCalls->Rename(folder.Get(), temporary.constData(), name.constData()) != 0) {
-        const int error = errno;
-        theFileCalls->Unlink(folder.Get(), temporary.constData());
-        return Failure(path, error);
-    }
-    if (!SyncFolder(folder.Get())) return Unconfirmed(path);
+    m_temporary.clear();
+    if (!SyncFolder(m_folder)) return Unconfirmed(m_path);
     return {true, {}};
+}
+
+FileOutcome WriteWholeFile(const QString& path, QByteArrayView content, FileAudience audience) {
+    CSafeFile file(path, audience);
+    static_cast<void>(file.Write(content));  // Finish tells what failed
+    return file.Finish();
 }

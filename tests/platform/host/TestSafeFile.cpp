@@ -50,6 +50,9 @@ class TestSafeFile : public QObject {
     void refusals();
     void fileSizeLimit();
     void folderWithoutRights();
+    void inPieces();
+    void whatIsWrongStaysAway();
+    void nothingIsLeftWithoutAFinish();
 
  private:
     [[nodiscard]] QString Path(const QString& name) const { return m_folder->filePath(name); }
@@ -203,6 +206,55 @@ void TestSafeFile::folderWithoutRights() {
     QCOMPARE(::chmod(QFile::encodeName(m_folder->path()).constData(), 0700), 0);
     QCOMPARE(status, 0);
     QCOMPARE(ReadBytes(path), "old");
+}
+
+/// Pieces smaller and larger than what is gathered, and bytes at the front that are known last.
+void TestSafeFile::inPieces() {
+    const QString path = Path(u"f"_qs);
+    QByteArray expected;
+    {
+        CSafeFile file(path, FileAudience::OwnerOnly);
+        for (const int size : {4, 100'000, 1, 65'535, 65'536, 3}) {
+            const QByteArray piece(size, static_cast<char>('a' + size % 26));
+            QVERIFY(file.Write(piece));
+            expected += piece;
+        }
+        QVERIFY(file.WriteAt(0, "HEAD"));
+        QVERIFY(file.Write("end"));
+        expected = "HEAD" + expected.mid(4) + "end";
+        QVERIFY(!QFile::exists(path));
+        QByteArray seen;
+        const FileOutcome outcome = file.Finish([&](QIODevice& written) {
+            seen = written.readAll();
+            return QString();
+        });
+        QVERIFY2(outcome.written, qPrintable(outcome.error));
+        QCOMPARE(seen, expected);
+    }
+    QCOMPARE(ReadBytes(path), expected);
+    QCOMPARE(Files(), QStringList(u"f"_qs));
+}
+
+void TestSafeFile::whatIsWrongStaysAway() {
+    const QString path = Path(u"f"_qs);
+    Put(path, "old");
+    {
+        CSafeFile file(path, FileAudience::OwnerOnly);
+        QVERIFY(file.Write("new"));
+        const FileOutcome outcome = file.Finish([](QIODevice&) { return u"It is wrong."_qs; });
+        QVERIFY(!outcome.written);
+        QCOMPARE(outcome.error, u"It is wrong."_qs);
+    }
+    QCOMPARE(ReadBytes(path), QByteArray("old"));
+    QCOMPARE(Files(), QStringList(u"f"_qs));
+}
+
+void TestSafeFile::nothingIsLeftWithoutAFinish() {
+    {
+        CSafeFile file(Path(u"f"_qs), FileAudience::OwnerOnly);
+        QVERIFY(file.Write(QByteArray(100'000, 'n')));
+    }
+    QCOMPARE(Files(), QStringList());
 }
 
 TEST_CLASS(TestSafeFile);
