@@ -230,6 +230,10 @@ bool CVOSrcMgr::BeginBatch() {
     return EnterTransaction();
 }
 
+bool CVOSrcMgr::BeginRead() {
+    return CheckPlace() && (m_impl->file.BeginRead() || FailByFile());
+}
+
 void CVOSrcMgr::Discard() {
     CloseQuery();
     m_impl->file.Rollback();

@@ -73,6 +73,9 @@ class CVOSrcMgr {
 
     /// Opens the transaction of a batch, so that deletes join it until Update.
     [[nodiscard]] bool BeginBatch();
+    /// Opens a transaction in which everything is read as of one moment, until Discard. Nothing is changed in
+    /// it, and other programs that want to store something wait.
+    [[nodiscard]] bool BeginRead();
     /// Undoes all changes since the last Update.
     void Discard();
     /// Whether something waits for an Update.

@@ -281,6 +281,16 @@ bool CSqliteFile::Begin() {
     return m_began;
 }
 
+/// The first look into the file is what sets the moment.
+bool CSqliteFile::BeginRead() {
+    if (InTransaction()) return true;
+    std::int64_t version = 0;
+    if (Execute("BEGIN") && ReadNumber(m_db, "PRAGMA schema_version", version)) return true;
+    NoteError();
+    Rollback();
+    return false;
+}
+
 void CSqliteFile::NoteDamage() {
     if (std::exchange(m_isDamaged, true)) return;
     if (m_onDamage) m_onDamage();
