@@ -136,6 +136,20 @@ constexpr BoxRow kBoxes[] = {
     {.text = Text::DefaultDamaged, .title = Text::EditDefaultTitle},
     {.text = Text::DefaultDamaged, .title = Text::DefaultsTitleTime},
     {.text = Text::DefaultDamaged, .title = Text::DefaultsTitleExpenses},
+
+    YesOrNo(Text::AskBackupDamaged, Text::BackupDoneTitle, Text::AskBackupDamagedYes),
+    YesOrNo(Text::AskBackupEmpty, Text::BackupDoneTitle, Text::AskBackupEmptyYes),
+    {.text = Text::BackupDone, .title = Text::BackupDoneTitle, .icon = BoxIcon::Information},
+    {.text = Text::BackupFailed, .title = Text::BackupFailedTitle, .icon = BoxIcon::Stop},
+    {.text = Text::BackupOwnFile, .title = Text::BackupFailedTitle},
+    {.text = Text::BackupRefused, .title = Text::RestoreFailedTitle},
+    YesOrNo(Text::AskRestore, Text::AskRestoreTitle, Text::AskRestoreTitle),
+    YesOrNo(Text::AskRestoreSure, Text::AskRestoreSureTitle, Text::AskRestoreSureTitle),
+    {.text = Text::RestoreDone, .title = Text::RestoreDoneTitle, .icon = BoxIcon::Information},
+    {.text = Text::RestoreFailed, .title = Text::RestoreFailedTitle, .icon = BoxIcon::Stop},
+    {.text = Text::AutomaticBackupFailed, .title = Text::BackupPlanTitle},
+    {.text = Text::BackupPlanNotKept, .title = Text::BackupPlanTitle},
+    {.text = Text::BackupPlanNoFolder, .title = Text::BackupPlanTitle},
 };
 
 }  // namespace

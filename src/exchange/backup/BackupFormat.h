@@ -7,8 +7,8 @@
 #include <array>
 #include <cstdint>
 
-/// The bytes of a backup file, little-endian: a digest (MD5) of all that follows it, a format code, a version,
-/// the local time, then a stream of records for each table. See docs/backup-file.md.
+/// The bytes of a backup file, little-endian: a digest (MD5) of all that follows it, a format code, a
+/// version, the local time, then a stream of records for each table. See docs/backup-file.md.
 namespace BackupFormat {
 
 inline constexpr int kDigestBytes = 16;
@@ -28,13 +28,19 @@ inline constexpr std::int32_t kVersion = 2;
 /// In the place of an identity's length: the stream ends.
 inline constexpr std::int32_t kEndMark = -1;
 
+struct TableRow {
+    RecordKind kind;
+    const char* className;  ///< what the user is told of a record that can't be read
+};
 /// A stream for each table, in this order.
-inline constexpr std::array kTables = {RecordKind::Time, RecordKind::Expense, RecordKind::PulldownItem,
-                                       RecordKind::Dependency};
+inline constexpr std::array kTables = {
+    TableRow{RecordKind::Time, "CTRecord"}, TableRow{RecordKind::Expense, "CERecord"},
+    TableRow{RecordKind::PulldownItem, "CPRecord"}, TableRow{RecordKind::Dependency, "CDRecord"}};
 
 /// One fixed identity was once written a digit too long. Read, it is what it was meant to be.
 [[nodiscard]] inline QString MeantIdentity(const QString& id) {
-    return id == u"FFFF26110BDC7162F073A5BC94A400011" ? QStringLiteral("FFFF26110BDC7162F073A5BC94A40011") : id;
+    return id == u"FFFF26110BDC7162F073A5BC94A400011" ? QStringLiteral("FFFF26110BDC7162F073A5BC94A40011")
+                                                      : id;
 }
 
 }  // namespace BackupFormat

@@ -1,0 +1,137 @@
+#include "exchange/backup/CRestore.h"
+
+#include "exchange/backup/BackupTexts.h"
+#include "exchange/backup/CBackupReader.h"
+#include "exchange/backup/CSecondSource.h"
+#include "exchange/backup/SafetyCopies.h"
+#include "exchange/backup/WriteBackup.h"
+#include "lang/FormatText.h"
+#include "platform/host/CClock.h"
+#include "platform/host/CPrompt.h"
+#include "platform/sqlite/CSqliteFile.h"
+
+#include <QFileInfo>
+#include <optional>
+
+namespace {
+
+/// The times and the expenses are deleted twice, which is wanted and harmless.
+constexpr RecordKind kEmptied[] = {RecordKind::Time,    RecordKind::Time,         RecordKind::Expense,
+                                   RecordKind::Expense, RecordKind::PulldownItem, RecordKind::Dependency};
+
+/// "A record can't be stored [13], and why."
+QString InsertFailure(const CVOSrcMgr& source) {
+    QString words = LoadText(Text::RestoreInsertFailed) +
+                    QStringLiteral(" [%1]").arg(
+                        QString::number(static_cast<std::uint32_t>(source.m_errorCode), 16).toUpper());
+    if (!source.m_error.isEmpty()) words += QStringLiteral(", ") + source.m_error;
+    return words;
+}
+
+/// Puts the records of a backup into their tables as they come: all of one table, then all of the next.
+class CTableFiller {
+ public:
+    explicit CTableFiller(CSecondSource& source) : m_source(source) {}
+
+    [[nodiscard]] QString Put(CVORec& record) {
+        if (m_kind != record.Kind() && !Turn(record.Kind())) return LoadText(Text::RestoreTableNotOpen);
+        if (record.GetId().isEmpty()) record.GenUnique();
+        return m_source.Manager().Insert(record) ? QString() : InsertFailure(m_source.Manager());
+    }
+
+ private:
+    [[nodiscard]] bool Turn(RecordKind kind) {
+        m_kind = kind;
+        return m_source.Manager().Query(m_source.Store().SelectAll(kind) + LoadText(Text::SqlNoRows), true);
+    }
+
+    CSecondSource& m_source;
+    std::optional<RecordKind> m_kind;
+};
+
+}  // namespace
+
+BackupOutcome CRestore::Verify(const QString& path) {
+    BackupOutcome outcome;
+    m_file.setFileName(path);
+    // A pipe would be waited for, and could not be read twice.
+    if (!QFileInfo(path).isFile() || !m_file.open(QIODevice::ReadOnly)) {
+        outcome.error = LoadText(Text::BackupCantOpen);
+        return outcome;
+    }
+    outcome = CBackupReader(m_file, m_context.progress).Verify();
+    m_verified = outcome.content;
+    return outcome;
+}
+
+bool CRestore::Ask(Text question, const QString& words, Text title) {
+    return m_context.prompt.Ask({.textId = static_cast<int>(question),
+                                 .title = LoadText(title),
+                                 .text = words,
+                                 .icon = BoxIcon::Warning,
+                                 .buttons = Buttons::YesNo,
+                                 .defaultAnswer = Answer::No,
+                                 .actionLabel = LoadText(title)}) == Answer::Yes;
+}
+
+bool CRestore::IsConfirmed() {
+    return Ask(Text::AskRestore,
+               FormatText<Text::AskRestore>(m_file.fileName(), BackupDateText(m_verified.time),
+                                            m_verified.Total()),
+               Text::AskRestoreTitle) &&
+           Ask(Text::AskRestoreSure, LoadText(Text::AskRestoreSure), Text::AskRestoreSureTitle);
+}
+
+RestoreOutcome CRestore::Run() {
+    RestoreOutcome outcome;
+    CSecondSource source(m_context.home, m_context.prompt);
+    CVOSrcMgr& manager = source.Manager();
+    if (!source.Open()) {
+        outcome.error = FormatText<Text::BackupSettingUp>(manager.m_error);
+        return outcome;
+    }
+    // From here on nobody else stores anything: what is saved in the copy is what is deleted.
+    outcome.error = manager.BeginBatch()
+                        ? Replace(source, outcome)
+                        : LoadText(Text::RestoreTableNotOpen) + QStringLiteral(" ") + manager.m_error;
+    if (outcome && !manager.Update())
+        outcome.error = LoadText(Text::RestoreNotCommitted) + QStringLiteral(" ") + manager.m_error;
+    manager.Discard();
+    outcome.isUnconfirmed = outcome && manager.IsUnconfirmed();
+    if (outcome && !outcome.safetyCopy.isEmpty()) KeepNewestSafetyCopies(m_context.home, outcome.safetyCopy);
+    return outcome;
+}
+
+QString CRestore::Replace(CSecondSource& source, RestoreOutcome& outcome) {
+    QString error = SaveThePresent(source, outcome);
+    if (error.isEmpty()) error = Empty(source);
+    return error.isEmpty() ? Fill(source) : error;
+}
+
+QString CRestore::SaveThePresent(CSecondSource& source, RestoreOutcome& outcome) {
+    const QString damage = source.Manager().File().IntegrityReport();
+    if (!damage.isEmpty()) return FormatText<Text::SafetyCopyFailed>(damage);
+    const QString path = NewSafetyCopy(m_context.home, m_context.clock.GetLocalTime());
+    const BackupOutcome copy =
+        WriteBackup({source, m_context.clock, m_context.progress}, path, EmptyBackup::Refused);
+    if (copy) outcome.safetyCopy = path;
+    return copy || copy.isEmpty ? QString() : FormatText<Text::SafetyCopyFailed>(copy.error);
+}
+
+QString CRestore::Empty(CSecondSource& source) {
+    for (const RecordKind kind : kEmptied)
+        if (!source.Manager().Query(LoadText(Text::SqlDeleteFrom) + source.Store().TableName(kind), true))
+            return FormatText<Text::RestoreDeleteFailed>(source.Manager().m_error);
+    if (m_context.emptied) m_context.emptied();
+    return {};
+}
+
+/// What is read the second time has to be what was verified and asked about.
+QString CRestore::Fill(CSecondSource& source) {
+    CTableFiller tables(source);
+    const BackupOutcome read = CBackupReader(m_file, m_context.progress)
+                                   .Read(FormatText<Text::ProgressRestore>(m_verified.Total()),
+                                         [&](CVORec& record) { return tables.Put(record); });
+    if (!read) return read.error;
+    return read.content == m_verified ? QString() : LoadText(Text::RestoreChanged);
+}

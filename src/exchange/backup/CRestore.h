@@ -1,0 +1,55 @@
+#pragma once
+
+#include "exchange/backup/BackupOutcome.h"
+
+#include <QFile>
+#include <QString>
+#include <functional>
+
+class CClock;
+class CProgress;
+class CPrompt;
+class CSecondSource;
+
+/// What a restore came to. After a failure the records are as they were.
+struct [[nodiscard]] RestoreOutcome {
+    QString error;               ///< empty when the records are those of the backup, for good
+    QString safetyCopy;          ///< the file with what was there before; empty when there was nothing
+    bool isUnconfirmed = false;  ///< stored, but the disk could not confirm it
+
+    explicit operator bool() const { return error.isEmpty(); }
+};
+
+/// Puts the records of a backup in the place of all that are there: verified, asked about, saved in a copy
+/// first, and then all of them or none. The file stays open from the first look to the last, and is compared
+/// with its digest each time.
+class CRestore {
+ public:
+    /// All must outlive it.
+    struct Context {
+        QString home;
+        CPrompt& prompt;
+        const CClock& clock;
+        CProgress& progress;
+        std::function<void()> emptied =
+            {};  ///< the present records are about to go: nobody shows them any more
+    };
+    explicit CRestore(const Context& context) : m_context(context) {}
+
+    /// Reads all of the file without touching any records.
+    [[nodiscard]] BackupOutcome Verify(const QString& path);
+    /// Asks twice whether the records are to be replaced by those that were verified.
+    [[nodiscard]] bool IsConfirmed();
+    [[nodiscard]] RestoreOutcome Run();
+
+ private:
+    [[nodiscard]] bool Ask(Text question, const QString& words, Text title);
+    [[nodiscard]] QString Replace(CSecondSource& source, RestoreOutcome& outcome);
+    [[nodiscard]] QString SaveThePresent(CSecondSource& source, RestoreOutcome& outcome);
+    [[nodiscard]] QString Empty(CSecondSource& source);
+    [[nodiscard]] QString Fill(CSecondSource& source);
+
+    Context m_context;
+    QFile m_file;
+    BackupContent m_verified;
+};
