@@ -2,6 +2,8 @@
 
 #include "shell/options/COptionsTree.h"
 #include "shell/options/COptionsTreeAccess.h"
+#include "shell/report/CReportView.h"
+#include "shell/report/CReportViewAccess.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -33,6 +35,8 @@ QAccessibleInterface* MakeAccessible(const QString& className, QObject* object) 
     if (!object || !object->isWidgetType()) return nullptr;
     if (className == QLatin1String(COptionsTree::staticMetaObject.className()))
         return new COptionsTreeAccess(static_cast<COptionsTree&>(*object));
+    if (className == QLatin1String(CReportView::staticMetaObject.className()))
+        return new CReportViewAccess(static_cast<CReportView&>(*object));
     auto* widget = static_cast<QWidget*>(object);
     for (const RoleRow& row : kRoles)
         if (className == QLatin1String(row.className) && row.concerns(*widget))
