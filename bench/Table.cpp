@@ -3,6 +3,7 @@
 
 #include "Places.h"
 #include "TableLines.h"
+#include "TableReportView.h"
 #include "TableWindow.h"
 
 #include <cstdio>
@@ -217,5 +218,6 @@ int main(int argc, char** argv) {
         fs::remove_all(places.Home(sizes[i]));
     }
     GrowthOf(sizes, times);
+    ReportViewLines(places);
     return 0;
 }
