@@ -350,20 +350,18 @@ bool CCfgStore::EnumKeys(const QString& subkey, QStringList& out) {
 
 // --- Writing
 
+QString CCfgStore::SizeProblem(const QString& name, qsizetype size) const {
+    if (size == 0) return FormatText<Text::ValueRefusedEmpty>(m_basePath, name);
+    if (size <= kMostOfValue) return {};
+    return FormatText<Text::ValueRefusedLarge>(m_basePath, name, kMostOfValue, static_cast<int>(size));
+}
+
 /// Shown whatever the caller says about reports: what is refused here would be lost in silence.
 bool CCfgStore::HasFittingSize(const QString& name, qsizetype size) {
-    if (size == 0) {
-        Tell(Text::ValueRefusedEmpty, FormatText<Text::ValueRefusedEmpty>(m_basePath, name),
-             Text::WriteSettingTitle);
-        return false;
-    }
-    if (size > kMostOfValue) {
-        Tell(Text::ValueRefusedLarge,
-             FormatText<Text::ValueRefusedLarge>(m_basePath, name, kMostOfValue, static_cast<int>(size)),
-             Text::WriteSettingTitle);
-        return false;
-    }
-    return true;
+    const QString problem = SizeProblem(name, size);
+    if (problem.isEmpty()) return true;
+    Tell(size == 0 ? Text::ValueRefusedEmpty : Text::ValueRefusedLarge, problem, Text::WriteSettingTitle);
+    return false;
 }
 
 bool CCfgStore::WriteBinary(const QString& name, const QByteArray& data, bool report) {
@@ -454,6 +452,21 @@ bool CCfgStore::WriteEntry(const QString& prefix, const QString& entry, const QB
         Tell(Text::ValueWriteFailed, FormatText<Text::ValueWriteFailed>(m_basePath, value),
              Text::WriteSettingTitle);
     return done;
+}
+
+std::optional<EntryContent> CCfgStore::ReadEntryContent(const QString& prefix, const QString& entry) {
+    const CSettingsKey parent = m_openKey.IsOpen() ? m_tree.OpenKey(m_openKey, prefix) : CSettingsKey();
+    const CSettingsKey key = parent.IsOpen() ? m_tree.OpenKey(parent, entry) : CSettingsKey();
+    auto values = key.IsOpen() ? m_tree.ReadValues(key) : std::nullopt;
+    return values ? std::optional(EntryContent(std::move(*values))) : std::nullopt;
+}
+
+bool CCfgStore::WriteEntryContent(const QString& prefix, const QString& entry, const EntryContent& content) {
+    return m_tree.Change([&] {
+        const OpenKeySwap swap(*this, prefix, entry);
+        return std::ranges::all_of(
+            content.Values(), [this](const auto& value) { return Write(value.first, value.second, false); });
+    });
 }
 
 bool CCfgStore::DeleteEntry(const QString& prefix, const QString& entry) {

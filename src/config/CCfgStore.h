@@ -3,6 +3,7 @@
 #include "config/CCfgValue.h"
 #include "config/CColSet.h"
 #include "config/CTreeColSet.h"
+#include "config/EntryContent.h"
 #include "config/FontRecord.h"
 #include "config/Settings.h"
 #include "config/SettingsTable.h"
@@ -18,6 +19,7 @@
 #include <QStringList>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class CPrompt;
@@ -104,6 +106,15 @@ class CCfgStore : public Settings, public CPrecisionSource {
     /// Whether there is such an entry, with a value or without; makes none.
     [[nodiscard]] bool HasEntry(const QString& prefix, const QString& entry);
     bool WriteEntry(const QString& prefix, const QString& entry, const QByteArray& data);
+    /// All values of an entry; nothing when there is no such entry, of which none is made.
+    [[nodiscard]] std::optional<EntryContent> ReadEntryContent(const QString& prefix, const QString& entry);
+    /// Writes the values in their order, as one change: all of them or, on failure, none.
+    [[nodiscard]] bool WriteEntryContent(const QString& prefix, const QString& entry,
+                                         const EntryContent& content);
+    /// Why a value of this size can't be written; empty when it can.
+    [[nodiscard]] QString SizeProblem(const QString& name, qsizetype size) const;
+    /// Whether a value of this size can be written; the user is shown why not.
+    [[nodiscard]] bool HasFittingSize(const QString& name, qsizetype size);
     bool DeleteEntry(const QString& prefix, const QString& entry);
     /// False, and the old entry as it was, when it has no value or can't be moved. An entry that has the new
     /// name already is overwritten.
@@ -144,7 +155,6 @@ class CCfgStore : public Settings, public CPrecisionSource {
     void Tell(Text message, const QString& text, Text title);
     template <class T>
     bool ReadAs(const QString& name, T& out, bool report);
-    bool HasFittingSize(const QString& name, qsizetype size);
     bool Write(const QString& name, const SettingsValue& value, bool report);
 
     CSettingsTree& m_tree;

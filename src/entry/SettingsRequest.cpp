@@ -18,11 +18,13 @@ struct Runner {
     InstanceReply operator()(const DefaultsRequest& request) const {
         return RunDefaultsRequest(request, settings, clock);
     }
+    InstanceReply operator()(const EntryRequest& request) const { return RunEntryRequest(request, settings); }
 };
 
 std::optional<SettingsRequest> FromJson(const QJsonObject& json) {
     if (DefaultsRequest::IsIn(json)) return DefaultsRequest::FromJson(json);
     if (ColumnRequest::IsIn(json)) return ColumnRequest::FromJson(json);
+    if (EntryRequest::IsIn(json)) return EntryRequest::FromJson(json);
     return SettingRequest::FromJson(json);
 }
 
