@@ -1,0 +1,62 @@
+#include "reports/definition/ReportPages.h"
+
+#include "lang/LoadText.h"
+#include "platform/host/CPrompt.h"
+#include "reports/definition/ReportFields.h"
+
+#include <algorithm>
+
+bool HasPage(ReportKind kind, ReportPage page) {
+    switch (page) {
+        case ReportPage::Columns:
+            return kind == ReportKind::Listing || kind == ReportKind::Compound;
+        case ReportPage::Groups:
+            return kind == ReportKind::Grouped || kind == ReportKind::Compound;
+        default:
+            return true;
+    }
+}
+
+std::vector<ReportPage> PagesOf(ReportKind kind) {
+    std::vector<ReportPage> pages;
+    for (const ReportPage page : {ReportPage::Selection, ReportPage::Columns, ReportPage::Groups,
+                                  ReportPage::Order, ReportPage::Texts, ReportPage::Definitions})
+        if (HasPage(kind, page)) pages.push_back(page);
+    return pages;
+}
+
+SelectionPage SelectionPage::Of(const CReportDef& report) {
+    return {report.selection, report.useStoredQuery, report.queryName};
+}
+
+void SelectionPage::Leave(CReportDef& report) const {
+    report.selection = selection;
+    report.useStoredQuery = CanChooseQuery() && !queryName.isEmpty();
+    if (report.useStoredQuery) report.queryName = queryName;
+}
+
+QList<FieldId> CheckedFields(RecordKind kind, ReportUse use, const QList<FieldId>& checked) {
+    QList<FieldId> fields;
+    for (const FieldRow* field : ReportFields(kind, use))
+        if (checked.contains(field->id)) fields.append(field->id);
+    return fields;
+}
+
+std::optional<Text> GroupProblem(const CReportDef& report) {
+    if (!HasPage(report.kind, ReportPage::Groups)) return std::nullopt;
+    if (report.groupFields.isEmpty()) return Text::ReportNeedsGroup;
+    if (report.sumFields.isEmpty()) return Text::ReportNeedsSum;
+    return std::nullopt;
+}
+
+bool CanLeaveGroupPage(const CReportDef& report, CPrompt& prompt) {
+    const auto problem = GroupProblem(report);
+    if (!problem) return true;
+    MessageBox box;
+    box.textId = static_cast<int>(*problem);
+    box.title = LoadText(Text::ReportMessageTitle);
+    box.text = LoadText(*problem);
+    box.icon = BoxIcon::Warning;
+    prompt.Tell(box);
+    return false;
+}
