@@ -91,32 +91,32 @@ FilterProblem NoDate(const char* option, const QString& typed) {
         FormatText<Text::CliOptionRefused>(QString::fromLatin1(option), FormatText<Text::CliNoDate>(typed)));
 }
 
-FilterProblem ReadPreset(const QString& typed, const PeriodContext& context, PeriodFilter& filter) {
+FilterProblem ReadPreset(const QString& typed, PeriodOption& period) {
     const auto preset = EnteredValues::ReadCount(typed);
-    if (preset && filter.ApplyPreset(*preset, context)) return {};
-    return {ExitCode::NotFound, FormatText<Text::CliNoSuchPeriod>(typed)};
+    if (!preset || !FindPeriodPreset(*preset))
+        return {ExitCode::NotFound, FormatText<Text::CliNoSuchPeriod>(typed)};
+    period.preset = preset;
+    return {};
 }
 
-/// One day, or all days between two; ends that are swapped give the day of the later option.
+/// One day, or all days between two.
 FilterProblem ReadDays(const char* firstOption, const QString& first, const char* lastOption,
-                       const QString& last, const PeriodContext& context, PeriodFilter& filter) {
+                       const QString& last, const PeriodContext& context, PeriodOption& period) {
     const auto start = EnteredValues::ReadDate(first, context.region, context.clock);
     if (!start) return NoDate(firstOption, first);
     const auto end = EnteredValues::ReadDate(last, context.region, context.clock);
     if (!end) return NoDate(lastOption, last);
-    filter.SetRange(*start, *end, context);
+    period.days = {*start, *end};
     return {};
 }
 
+/// Ends that are swapped give the day of the later option.
 FilterProblem ReadPeriod(const CArguments& arguments, const PeriodContext& context, PeriodFilter& filter) {
-    const auto preset = arguments.Value("period"), day = arguments.Value("day");
-    const auto from = arguments.Value("from"), to = arguments.Value("to");
-    if (int{preset.has_value()} + int{day.has_value()} + int{from || to} > 1)
-        return Usage(LoadText(Text::CliOnePeriod));
-    if (preset) return ReadPreset(*preset, context, filter);
-    if (day) return ReadDays("day", *day, "day", *day, context, filter);
-    if (from && to) return ReadDays("from", *from, "to", *to, context, filter);
-    return from || to ? Usage(LoadText(Text::CliFromAndTo)) : FilterProblem{};
+    PeriodOption period;
+    FilterProblem problem = ReadPeriodOption(arguments, context, period);
+    if (period.preset) (void)filter.ApplyPreset(*period.preset, context);  // false only for what is no preset
+    if (period.days) filter.SetRange(period.days->first, period.days->second, context);
+    return problem;
 }
 
 int CriterionOf(const QString& typed) {
@@ -138,12 +138,6 @@ template <class Filter, std::size_t N>
 void ReadFlags(const CArguments& arguments, const FlagRow<Filter> (&flags)[N], Filter& filter) {
     for (const auto& flag : flags)
         if (const auto typed = arguments.Value(flag.option)) filter.*flag.criterion = CriterionOf(*typed);
-}
-
-FilterProblem ReadTimeFilter(const CArguments& arguments, const PeriodContext& context, TimeFilter& filter) {
-    FilterProblem problem = ReadShared(arguments, context, filter);
-    ReadFlags(arguments, kTimeFlags, filter);
-    return problem;
 }
 
 struct ComparisonRow {
@@ -170,8 +164,32 @@ FilterProblem ReadAmount(const QString& typed, const PeriodContext& context, Exp
     return {};
 }
 
-FilterProblem ReadExpenseFilter(const CArguments& arguments, const PeriodContext& context,
-                                ExpenseFilter& filter) {
+}  // namespace
+
+std::span<const OptionRow> FilterOptions(RecordKind kind) {
+    if (kind == RecordKind::Time) return kTimeOptions;
+    return kExpenseOptions;
+}
+
+FilterProblem ReadPeriodOption(const CArguments& arguments, const PeriodContext& context,
+                               PeriodOption& period) {
+    const auto preset = arguments.Value("period"), day = arguments.Value("day");
+    const auto from = arguments.Value("from"), to = arguments.Value("to");
+    if (int{preset.has_value()} + int{day.has_value()} + int{from || to} > 1)
+        return Usage(LoadText(Text::CliOnePeriod));
+    if (preset) return ReadPreset(*preset, period);
+    if (day) return ReadDays("day", *day, "day", *day, context, period);
+    if (from && to) return ReadDays("from", *from, "to", *to, context, period);
+    return from || to ? Usage(LoadText(Text::CliFromAndTo)) : FilterProblem{};
+}
+
+FilterProblem ReadFilter(const CArguments& arguments, const PeriodContext& context, TimeFilter& filter) {
+    FilterProblem problem = ReadShared(arguments, context, filter);
+    ReadFlags(arguments, kTimeFlags, filter);
+    return problem;
+}
+
+FilterProblem ReadFilter(const CArguments& arguments, const PeriodContext& context, ExpenseFilter& filter) {
     FilterProblem problem = ReadShared(arguments, context, filter);
     ReadFlags(arguments, kExpenseFlags, filter);
     for (std::size_t i = 0; i < std::size(kFlags); ++i)
@@ -181,15 +199,8 @@ FilterProblem ReadExpenseFilter(const CArguments& arguments, const PeriodContext
     return problem;
 }
 
-}  // namespace
-
-std::span<const OptionRow> FilterOptions(RecordKind kind) {
-    if (kind == RecordKind::Time) return kTimeOptions;
-    return kExpenseOptions;
-}
-
 FilterProblem ReadFilter(RecordKind kind, const CArguments& arguments, CVelmarchDoc& document) {
     return kind == RecordKind::Time
-               ? ReadTimeFilter(arguments, document.GetPeriodContext(), document.Filter())
-               : ReadExpenseFilter(arguments, document.GetPeriodContext(), document.FilterOfExpenses());
+               ? ReadFilter(arguments, document.GetPeriodContext(), document.Filter())
+               : ReadFilter(arguments, document.GetPeriodContext(), document.FilterOfExpenses());
 }

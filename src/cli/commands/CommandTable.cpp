@@ -1,14 +1,17 @@
 #include "cli/commands/CommandTable.h"
 
-#include "cli/arguments/FilterArguments.h"
+#include "cli/arguments/QueryArguments.h"
 #include "cli/arguments/RecordFields.h"
+#include "cli/arguments/ReportArguments.h"
 #include "cli/commands/CalendarCommands.h"
 #include "cli/commands/ColumnCommands.h"
 #include "cli/commands/DefaultCommands.h"
 #include "cli/commands/LabelCommands.h"
 #include "cli/commands/ListCommands.h"
 #include "cli/commands/OtherCommands.h"
+#include "cli/commands/QueryCommands.h"
 #include "cli/commands/RecordCommands.h"
+#include "cli/commands/ReportCommands.h"
 #include "cli/commands/SettingCommands.h"
 #include "cli/commands/TimerCommands.h"
 #include "cli/commands/TreeCommands.h"
@@ -29,6 +32,8 @@ constexpr GroupRow kGroups[] = {
     {"labels", Text::CliGroupLabels},
     {"defaults", Text::CliGroupDefaults},
     {"columns", Text::CliGroupColumns},
+    {"report", Text::CliGroupReport},
+    {"query", Text::CliGroupQuery},
     {"settings", Text::CliGroupSettings},
     {"day", Text::CliDay},
     {"period", Text::CliGroupPeriod},
@@ -70,7 +75,11 @@ void AppendRecordCommands(std::vector<CommandRow>& rows, const char* group, Text
             {"copy", "ID...", Text::CliTimeCopy, Of<Mode, CopyRecords>},
             {"mark", "ID...", Text::CliTimeMark, Of<Mode, MarkRecords>, {MarkOptions(kind)}},
             {"new", "", toMake, Of<Mode, NewRecordFrom>, {NewOptions(kind)}},
-            {"list", "", Text::CliTimeList, Of<Mode, ListRecords>, {FilterOptions(kind), ListOptions()}}});
+            {"list",
+             "",
+             Text::CliTimeList,
+             Of<Mode, ListRecords>,
+             {FilterOptions(kind), QueryOption(), ListOptions()}}});
 }
 
 void AppendTimersAndLists(std::vector<CommandRow>& rows) {
@@ -118,6 +127,24 @@ void AppendSettings(std::vector<CommandRow>& rows) {
             {"reset", "[NAME]", Text::CliSettingsReset, ResetSettings}});
 }
 
+void AppendReports(std::vector<CommandRow>& rows) {
+    const auto mode = ModeOption(), kind = KindOption(), definition = DefinitionOptions();
+    Append(rows, "report",
+           {{"fields", "", Text::CliReportFields, ListReportFields, {mode}},
+            {"list", "", Text::CliReportList, ListReports, {mode, kind}},
+            {"show", "NAME", Text::CliReportShow, ShowReport, {mode, kind}},
+            {"save", "NAME", Text::CliReportSave, SaveReport, {mode, kind, definition}},
+            {"edit", "NAME", Text::CliReportEdit, EditReport, {mode, kind, definition}},
+            {"rename", "OLD NEW", Text::CliReportRename, RenameReport, {mode, kind}},
+            {"delete", "NAME", Text::CliReportDelete, DeleteReport, {mode, kind}}});
+    Append(rows, "query",
+           {{"list", "", Text::CliQueryList, ListQueries, {mode}},
+            {"show", "NAME", Text::CliQueryShow, ShowQuery, {mode}},
+            {"save", "NAME", Text::CliQuerySave, SaveQuery, {mode, StoredQueryOptions()}},
+            {"rename", "OLD NEW", Text::CliQueryRename, RenameQuery, {mode}},
+            {"delete", "NAME", Text::CliQueryDelete, DeleteQuery, {mode}}});
+}
+
 void AppendOthers(std::vector<CommandRow>& rows) {
     Append(rows, "day", {{"", "DATE", Text::CliDay, ShowDay}});
     Append(rows, "period",
@@ -133,6 +160,7 @@ std::vector<CommandRow> MakeTable() {
     AppendRecordCommands<RecordMode::Expense>(rows, "expense", Text::CliExpenseDelete, Text::CliExpenseNew);
     AppendTimersAndLists(rows);
     AppendSettings(rows);
+    AppendReports(rows);
     AppendOthers(rows);
     return rows;
 }

@@ -25,20 +25,6 @@ constexpr OptionRow kSaveOptions[] = {
     {"from", "ID", OptionShape::Value, Text::CliOptFromRecord},
 };
 
-constexpr qsizetype kLongestName = 255;
-
-std::optional<RecordMode> ModeOf(const CArguments& arguments, Console& console) {
-    const auto typed = arguments.Value("mode");
-    return typed ? ReadMode(*typed, console) : RecordMode::Time;
-}
-
-/// The sentence that refuses a name for a default; empty when it can be one.
-QString CheckName(const QString& name) {
-    if (name.isEmpty()) return LoadText(Text::CliEmptyName);
-    if (name.size() > kLongestName) return FormatText<Text::CliNameTooLong>(static_cast<int>(kLongestName));
-    return {};
-}
-
 ExitCode RefuseReserved(const QString& name, Console& console) {
     return Refuse(ExitCode::Failed, FormatText<Text::CliReservedName>(name), console);
 }
@@ -120,14 +106,14 @@ std::span<const OptionRow> SaveDefaultFields() {
 }
 
 ExitCode ListDefaults(const CArguments& arguments, Console& console, CSettingsOwner& owner) {
-    const auto mode = ModeOf(arguments, console);
+    const auto mode = ReadModeOption(arguments, console);
     if (!mode) return ExitCode::Usage;
     PrintTexts(console.out, owner.Defaults(*mode).Names());
     return ExitCode::Done;
 }
 
 ExitCode ShowDefault(const CArguments& arguments, Console& console, CSettingsOwner& owner) {
-    const auto mode = ModeOf(arguments, console);
+    const auto mode = ReadModeOption(arguments, console);
     if (!mode) return ExitCode::Usage;
     const QString name = arguments.Words().first();
     const NamedDefaults defaults = owner.Defaults(*mode);
@@ -141,7 +127,7 @@ ExitCode ShowDefault(const CArguments& arguments, Console& console, CSettingsOwn
 }
 
 ExitCode SaveDefault(const CArguments& arguments, Console& console, RecordContext& context) {
-    const auto mode = ModeOf(arguments, console);
+    const auto mode = ReadModeOption(arguments, console);
     if (!mode) return ExitCode::Usage;
     const QString name = arguments.Words().first();
     QString problem = CheckName(name);
@@ -163,7 +149,7 @@ ExitCode SaveDefault(const CArguments& arguments, Console& console, RecordContex
 }
 
 ExitCode RenameDefault(const CArguments& arguments, Console& console, CSettingsOwner& owner) {
-    const auto mode = ModeOf(arguments, console);
+    const auto mode = ReadModeOption(arguments, console);
     if (!mode) return ExitCode::Usage;
     const QString name = arguments.Words()[0], to = arguments.Words()[1];
     if (const QString problem = CheckName(to); !problem.isEmpty())
@@ -182,7 +168,7 @@ ExitCode RenameDefault(const CArguments& arguments, Console& console, CSettingsO
 }
 
 ExitCode DeleteDefault(const CArguments& arguments, Console& console, CSettingsOwner& owner) {
-    const auto mode = ModeOf(arguments, console);
+    const auto mode = ReadModeOption(arguments, console);
     if (!mode) return ExitCode::Usage;
     const QString name = arguments.Words().first();
     if (NamedDefaults::IsReserved(name)) return RefuseReserved(name, console);

@@ -6,6 +6,7 @@
 
 #include <QString>
 #include <string_view>
+#include <vector>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -34,19 +35,18 @@ QString CommandText(const CommandRow& row) {
 
 void WriteOptions(COutput& out, const QString& heading, std::span<const OptionRow> options) {
     if (options.empty()) return;
-    if (!heading.isEmpty()) {
-        out.Put("\n");
-        out.PutLine(heading);
-    }
+    out.Put("\n");
+    out.PutLine(heading);
     for (const OptionRow& option : options) WriteEntry(out, OptionText(option), LoadText(option.description));
 }
 
 void WriteCommandHelp(COutput& out, const CommandRow& row) {
-    const bool hasOptions = !row.options[0].empty() || !row.options[1].empty();
-    out.PutLine(FormatText<Text::CliUsage>(CommandText(row) + (hasOptions ? u" [OPTIONS]"_s : QString())));
+    std::vector<OptionRow> options;
+    for (const auto some : row.options) options.insert(options.end(), some.begin(), some.end());
+    out.PutLine(
+        FormatText<Text::CliUsage>(CommandText(row) + (options.empty() ? QString() : u" [OPTIONS]"_s)));
     out.PutLine(LoadText(row.description));
-    WriteOptions(out, LoadText(Text::CliOptions), row.options[0]);
-    WriteOptions(out, row.options[0].empty() ? LoadText(Text::CliOptions) : QString(), row.options[1]);
+    WriteOptions(out, LoadText(Text::CliOptions), options);
 }
 
 void WriteGroupHelp(COutput& out, const GroupRow& group) {

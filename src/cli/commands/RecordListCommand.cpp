@@ -1,10 +1,11 @@
 #include "app/CVelmarchDoc.h"
 #include "cli/arguments/CArguments.h"
 #include "cli/arguments/EnteredValues.h"
-#include "cli/arguments/FilterArguments.h"
+#include "cli/arguments/QueryArguments.h"
 #include "cli/commands/CListedRecords.h"
 #include "cli/commands/RecordCommands.h"
 #include "cli/commands/RecordSteps.h"
+#include "cli/home/CSettingsOwner.h"
 #include "cli/home/CTimerAccess.h"
 #include "cli/home/RecordContext.h"
 #include "cli/output/CJsonText.h"
@@ -120,8 +121,10 @@ ExitCode ListRecords(RecordKind kind, const CArguments& arguments, Console& cons
     ListOrder order;
     if (const QString problem = ReadOrder(kind, arguments, order); !problem.isEmpty())
         return Refuse(ExitCode::Usage, problem, console);
-    const FilterProblem problem = ReadFilter(kind, arguments, context.document);
+    const FilterProblem problem =
+        ReadListFilter(kind, arguments, context.owner.Queries(ModeOf(kind)), context.document);
     if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
+    for (const QString& note : problem.notes) console.out.Note(note);
 
     context.timers.Look();
     CRecordReader reader(context.document, kind, &context.timers.Timers());

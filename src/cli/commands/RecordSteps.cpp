@@ -3,6 +3,7 @@
 
 #include "app/CVelmarchDoc.h"
 #include "app/RecordMode.h"
+#include "cli/arguments/CArguments.h"
 #include "cli/arguments/EnteredValues.h"
 #include "cli/home/CSettingsOwner.h"
 #include "cli/home/CWindowLink.h"
@@ -86,6 +87,18 @@ std::optional<RecordMode> ReadMode(const QString& typed, Console& console) {
     if (const auto kind = KindNamed(typed)) return ModeOf(*kind);
     console.out.Complain(FormatText<Text::CliNoMode>(typed));
     return std::nullopt;
+}
+
+std::optional<RecordMode> ReadModeOption(const CArguments& arguments, Console& console) {
+    const auto typed = arguments.Value("mode");
+    return typed ? ReadMode(*typed, console) : RecordMode::Time;
+}
+
+QString CheckName(const QString& name) {
+    constexpr int kLongestName = 255;
+    if (name.isEmpty()) return LoadText(Text::CliEmptyName);
+    if (name.size() > kLongestName) return FormatText<Text::CliNameTooLong>(kLongestName);
+    return {};
 }
 
 void PrintDone(COutput& out, const char* key, qsizetype count) {

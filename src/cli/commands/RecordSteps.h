@@ -44,6 +44,10 @@ void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordCon
                                       CSettingsOwner& owner);
 /// "time" or "expense"; nothing, after telling, for anything else.
 [[nodiscard]] std::optional<RecordMode> ReadMode(const QString& typed, Console& console);
+/// --mode, time without it; nothing after telling that it can't be read.
+[[nodiscard]] std::optional<RecordMode> ReadModeOption(const CArguments& arguments, Console& console);
+/// The sentence that refuses a name under which something is to be stored; empty when it can be one.
+[[nodiscard]] QString CheckName(const QString& name);
 /// {"added": 2}; nothing for people, who see it by the lack of a complaint.
 void PrintDone(COutput& out, const char* key, qsizetype count);
 /// {"deleted": 2}, or a sentence with the number.

@@ -29,6 +29,10 @@ InstanceReply CSettingsOwner::Change(const SettingsRequest& request) {
     return InstanceReply::Refused(ReplyReason::WindowOwns, LoadText(Text::CliWindowOwnsSettings));
 }
 
+PeriodContext CSettingsOwner::Periods() const {
+    return {m_clock, m_settings.Region(), m_settings.firstDayOfWeek, m_settings.yearDisplayFormat};
+}
+
 bool CSettingsOwner::NameColumns(const CColumnNames& names) {
     for (CColSet* columns : {&m_settings.ListColumns(), static_cast<CColSet*>(&m_settings.TreeColumns())}) {
         columns->SetCatalogue(&names);

@@ -2,6 +2,8 @@
 
 #include "entry/NamedDefaults.h"
 #include "entry/SettingsRequest.h"
+#include "reports/definition/CReportStore.h"
+#include "reports/query/CQueryStore.h"
 
 class CCfgStore;
 class CClock;
@@ -23,6 +25,14 @@ class CSettingsOwner {
     [[nodiscard]] const CCfgStore& Stored() const { return m_settings; }
     /// The stored defaults of a mode, for reading.
     [[nodiscard]] NamedDefaults Defaults(RecordMode mode) const { return {m_settings, m_clock, mode}; }
+    /// The stored queries of a mode, for reading.
+    [[nodiscard]] CQueryStore Queries(RecordMode mode) const { return {m_settings, mode}; }
+    /// The stored definitions of a mode and a kind of report, for reading.
+    [[nodiscard]] CReportStore Reports(RecordMode mode, ReportKind kind) const {
+        return {m_settings, mode, kind};
+    }
+    /// What periods are worked out with.
+    [[nodiscard]] PeriodContext Periods() const;
 
  private:
     [[nodiscard]] InstanceReply ChangeHere(const SettingsRequest& request);

@@ -2,6 +2,7 @@
 
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
+#include "cli/output/CaptionedLines.h"
 
 #include <algorithm>
 
@@ -12,13 +13,10 @@ namespace {
 constexpr qsizetype kWidestColumn = 40;
 
 void WriteRecordLines(COutput& out, const RecordRow& row) {
-    const std::span<const RecordColumn> columns = RecordColumns(row.record.Kind());
-    qsizetype width = 0;
-    for (const RecordColumn& column : columns) width = std::max(width, column.Caption().size());
-    for (const RecordColumn& column : columns) {
-        const QString text = column.TextOf(row);
-        if (!text.isEmpty()) out.PutLine(column.Caption().leftJustified(width + 2) + text);
-    }
+    std::vector<CaptionedLine> lines;
+    for (const RecordColumn& column : RecordColumns(row.record.Kind()))
+        lines.push_back({column.Caption(), column.TextOf(row)});
+    PutLines(out, lines);
 }
 
 /// At most so many characters; none is cut in half.
