@@ -8,6 +8,8 @@
 #include "timers/TimerMerge.h"
 #include "timers/TrueTimes.h"
 
+#include <utility>
+
 namespace {
 
 /// What happens to other timers, by timerOnNewTimer and timerOnExit.
@@ -61,6 +63,7 @@ TimerOutcome CRecordTimers::StartDraftTimer(const CTRecord& draft) {
     const bool isNew = m_timers.StateOf(id) == TimerState::None && !Fetch(id);
     if (isNew) m_awaited.insert(id);
     m_timers.Start(id, duration.IsSet(), duration.hours, duration.minutes, 0);
+    if (IsStoppedInDialog(id)) m_stoppedInDialog.reset();
     return Saved({});
 }
 
@@ -212,7 +215,13 @@ ActiveTimerSet CRecordTimers::Storable() const {
     ActiveTimerSet kept(m_timers.Clock());
     for (int i = 0; i < m_timers.Count(); ++i)
         if (!m_awaited.contains(m_timers.IdAt(i))) kept.Put(m_timers.At(i));
+    if (m_stoppedInDialog) kept.Put(m_stoppedInDialog->timer);
     return kept;
+}
+
+/// A stop that is being made comes before one that waits for its dialog.
+QByteArray CRecordTimers::Note() const {
+    return m_note.isEmpty() && m_stoppedInDialog ? m_stoppedInDialog->note : m_note;
 }
 
 bool CRecordTimers::Content(QByteArray& out) const {
@@ -225,10 +234,10 @@ bool CRecordTimers::Content(QByteArray& out) const {
 bool CRecordTimers::StoreTimers() {
     QByteArray content;
     if (!Content(content)) return false;
-    if (m_stored == content && m_storedNote == m_note) return true;
+    if (m_stored == content && m_storedNote == Note()) return true;
     if (!m_settings.Profile().Change([&] { return Write(content); })) return false;
     m_stored = content;
-    m_storedNote = m_note;
+    m_storedNote = Note();
     return true;
 }
 
@@ -254,7 +263,7 @@ bool CRecordTimers::Write(QByteArray& content) {
     CProfile& profile = m_settings.Profile();
     return profile.WriteBinary(kSection, kEntry, content) &&
            profile.WriteBinary(kSection, kTrueTimes, TrueTimesOf(Storable())) &&
-           (present.note == m_note || profile.WriteBinary(kSection, kNote, m_note));
+           (present.note == Note() || profile.WriteBinary(kSection, kNote, Note()));
 }
 
 ActiveTimerSet CRecordTimers::Read(const QByteArray& content) const {
@@ -267,7 +276,9 @@ ActiveTimerSet CRecordTimers::Read(const QByteArray& content) const {
 }
 
 void CRecordTimers::TakeOver(const Stored& present) {
-    MergeTimers(m_timers, Read(m_stored.value_or(QByteArray())), Read(present.content));
+    const ActiveTimerSet theirs = Read(present.content);
+    MergeTimers(m_timers, Read(m_stored.value_or(QByteArray())), theirs);
+    if (m_stoppedInDialog && !theirs.Find(m_stoppedInDialog->timer.recordId)) m_stoppedInDialog.reset();
     if (present.note != m_storedNote) Settle(present.note);
 }
 
@@ -318,6 +329,7 @@ bool CRecordTimers::StartFromZero(const QString& recordId) {
 
 bool CRecordTimers::Drop(const QString& recordId) {
     m_awaited.remove(recordId);
+    EndStopInDialog(recordId);
     const int index = m_timers.IndexOf(recordId);
     if (index < 0) return true;
     m_timers.Remove(index);
@@ -332,6 +344,32 @@ bool CRecordTimers::Keep(const QString& recordId) {
     return true;
 }
 
+// --- A timer that is stopped in a dialog
+
+/// What the settings don't have yet can't be left behind in them.
+bool CRecordTimers::StopInDialog(const QString& recordId) {
+    const ActiveTimer* running = m_timers.Find(recordId);
+    if (!running) return false;
+    StoppedInDialog stopped{*running, {}};
+    stopped.timer.UpdateElapsed(m_timers.Clock());
+    stopped.timer.state = TimerState::Paused;
+    if (Read(m_stored.value_or(QByteArray())).Find(recordId)) m_stoppedInDialog = stopped;
+    return m_timers.Stop(recordId);
+}
+
+bool CRecordTimers::NoteStopInDialog(const CTRecord& entered) {
+    if (!IsStoppedInDialog(entered.GetId())) return true;
+    m_stoppedInDialog->note = StopNote::Of(entered).ToBytes();
+    return StoreTimers();
+}
+
+/// Where the settings can't be written, the note beside the timer says whether it has ended.
+void CRecordTimers::EndStopInDialog(const QString& recordId) {
+    if (!IsStoppedInDialog(recordId)) return;
+    m_stoppedInDialog.reset();
+    static_cast<void>(StoreTimers());
+}
+
 // --- A new record that isn't stored yet
 
 bool CRecordTimers::PersistDraft(const CTRecord& draft) {
@@ -340,12 +378,14 @@ bool CRecordTimers::PersistDraft(const CTRecord& draft) {
 }
 
 void CRecordTimers::PersistDraftAtExit(const CTRecord& draft) {
+    if (IsStoppedInDialog(draft.GetId())) m_timers.Put(std::exchange(m_stoppedInDialog, {})->timer);
     if (m_settings.timerOnExit != Action::kNothing) m_timers.Pause(draft.GetId());
     static_cast<void>(PersistDraft(draft));  // there is nobody left to be told
 }
 
 /// A draft that can't be taken away is offered once more, which does no harm.
 void CRecordTimers::DiscardDraft(const QString& recordId) {
+    EndStopInDialog(recordId);
     static_cast<void>(m_drafts.Discard(recordId));
 }
 

@@ -64,6 +64,18 @@ class CRecordTimers final : public CTimerService {
     /// Why they could not be saved.
     [[nodiscard]] const QString& SaveError() const;
 
+    // The timer of a stored record, stopped in the dialog of the record: the set has it no more, and what it
+    // has counted is in the dialog alone. Until that ends the settings keep the timer, paused, with a note of
+    // the stop, so that a program that is killed meanwhile loses nothing of it.
+
+    /// Takes the timer out of the set, folded. False without one.
+    [[nodiscard]] bool StopInDialog(const QString& recordId);
+    /// What the dialog has made of the record: once it is stored like that, the timer has ended. False when
+    /// that could not be saved.
+    [[nodiscard]] bool NoteStopInDialog(const CTRecord& entered);
+    /// The record was stored, or the user has cancelled: the settings let go of the timer.
+    void EndStopInDialog(const QString& recordId);
+
     // A new record with a timer, while its dialog is open. The record isn't stored yet, and so is no timer of
     // it: both are persisted as a draft, until Keep.
 
@@ -72,9 +84,10 @@ class CRecordTimers final : public CTimerService {
     /// Persists the draft of an awaited record with its timer as it stands; false when it could not be.
     [[nodiscard]] bool PersistDraft(const CTRecord& draft);
     /// The same at the end of the window, with its dialog open: the timer pauses, if the timerOnExit action
-    /// says anything but to let it run. There is no record into which it could be stopped.
+    /// says anything but to let it run. There is no record into which it could be stopped. A timer of a
+    /// stored record that was stopped in the dialog is back, paused, as nobody has decided about it.
     void PersistDraftAtExit(const CTRecord& draft);
-    /// The user has cancelled, or doesn't want it back.
+    /// The user has cancelled, or doesn't want it back; a timer that was stopped in the dialog is gone.
     void DiscardDraft(const QString& recordId);
     /// What an earlier run has left, its timer folded to now; one after the other, without those that were
     /// offered already. A draft whose record was stored after all is none: its timer is taken into the set.
@@ -112,6 +125,15 @@ class CRecordTimers final : public CTimerService {
         QByteArray content;
         QByteArray note;
     };
+    /// A timer that was stopped in a dialog, as the settings keep it.
+    struct StoppedInDialog {
+        ActiveTimer timer;
+        QByteArray note;
+    };
+    [[nodiscard]] bool IsStoppedInDialog(const QString& recordId) const {
+        return m_stoppedInDialog && m_stoppedInDialog->timer.recordId == recordId;
+    }
+    [[nodiscard]] QByteArray Note() const;
     [[nodiscard]] Stored Present() const;
     [[nodiscard]] ActiveTimerSet Read(const QByteArray& content) const;
     [[nodiscard]] ActiveTimerSet Storable() const;
@@ -130,5 +152,6 @@ class CRecordTimers final : public CTimerService {
     std::optional<QByteArray> m_stored;  ///< what this process last read or wrote
     QByteArray m_storedNote;             ///< the same of the note of a stop
     QByteArray m_note;                   ///< of the stop that is being made; empty without one
+    std::optional<StoppedInDialog> m_stoppedInDialog;
     CDraftStore m_drafts;
 };

@@ -104,7 +104,8 @@ bool CTimerPanel::PanelStop() {
     m_timers.Set().GetElapsed(m_record.GetId(), hours, minutes, seconds);
     const ActiveTimer* timer = m_timers.Set().Find(m_record.GetId());
     if (timer && *by == CountBy::TrueTime) static_cast<void>(timer->trueCount.GetElapsed(hours, minutes));
-    if (m_timers.Set().Stop(m_record.GetId())) m_dialog.setFromTimer(hours, minutes, 0, false);
+    if (m_timers.StopInDialog(m_record.GetId())) m_dialog.setFromTimer(hours, minutes, 0, false);
+    static_cast<void>(m_timers.NoteStopInDialog(m_record));  // what can't be saved is told next
     Save();
     Finish(Hint::TimerStopped);
     return true;

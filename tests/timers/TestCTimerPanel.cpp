@@ -69,6 +69,10 @@ class TestCTimerPanel : public QObject {
     void WithoutATimer();
     void CancelLeavesTheTimerRunning();
     void StopThenCancelDropsTheCount();
+    void KilledBetweenTheStopAndTheEndOfTheDialog_data();
+    void KilledBetweenTheStopAndTheEndOfTheDialog();
+    void TheWindowLeavesAfterAStop();
+    void StartAfterAStop();
     void TimerOfANewRecordGoesWithIt();
 };
 
@@ -232,8 +236,9 @@ void TestCTimerPanel::Stop() {
     QCOMPARE(fixture.DraftTimes(), times);
     QCOMPARE(home.TimerHints(), QStringLiteral("5"));
     QCOMPARE(home.CountOf(id), QStringLiteral("none"));
-    QCOMPARE(home.StoredCountOf(id), QStringLiteral("none"));
     QVERIFY(!fixture.panel->PanelStop());
+    home.timers->EndStopInDialog(id);
+    QCOMPARE(home.StoredCountOf(id), QStringLiteral("none"));
 }
 
 void TestCTimerPanel::StopAfterAFlight_data() {
@@ -340,8 +345,71 @@ void TestCTimerPanel::StopThenCancelDropsTheCount() {
     home.clock.Advance(10 * kMinute);
     QVERIFY(fixture.panel->PanelStop());
     fixture.panel->PanelClose();
+    home.timers->DiscardDraft(id);
     QCOMPARE(home.CountOf(id), QStringLiteral("none"));
+    QCOMPARE(home.StoredCountOf(id), QStringLiteral("none"));
     QCOMPARE(home.TimesOf(id), QStringLiteral("09:00 AM---:-- --:--"));
+}
+
+void TestCTimerPanel::KilledBetweenTheStopAndTheEndOfTheDialog_data() {
+    QTest::addColumn<bool>("isStored");
+    QTest::addColumn<QString>("count");
+    QTest::newRow("before OK: the count waits, paused") << false << "00:10:00 paused";
+    QTest::newRow("after the record was stored: the timer has ended") << true << "none";
+}
+
+/// The timer is gone for all that the window shows, but what it counted is in the dialog alone.
+void TestCTimerPanel::KilledBetweenTheStopAndTheEndOfTheDialog() {
+    QFETCH(bool, isStored);
+    QFETCH(QString, count);
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
+    QVERIFY(home.timers->StartRecordTimer(id));
+    PanelFixture fixture(home, id);
+    fixture.panel->PanelOpen();
+    home.clock.Advance(10 * kMinute);
+    QVERIFY(fixture.panel->PanelStop());
+    home.clock.Advance(30 * kMinute);
+    home.timers->FoldAndStore();
+    QCOMPARE(home.CountOf(id), QStringLiteral("none"));
+    if (isStored) {
+        // Entered after the stop: this is what the record gets.
+        fixture.draft.SetDuration(0, 20, true);
+        QVERIFY(home.timers->NoteStopInDialog(fixture.draft));
+        QVERIFY(home.store->ModifyRecord(fixture.draft, id, Commit::Now));
+    }
+    QCOMPARE(home.StoredCountOf(id), count);
+    home.timers->EndStopInDialog(id);
+    QCOMPARE(home.StoredCountOf(id), QStringLiteral("none"));
+}
+
+void TestCTimerPanel::TheWindowLeavesAfterAStop() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
+    QVERIFY(home.timers->StartRecordTimer(id));
+    PanelFixture fixture(home, id);
+    home.clock.Advance(10 * kMinute);
+    QVERIFY(fixture.panel->PanelStop());
+    home.timers->PersistDraftAtExit(fixture.draft);
+    home.timers->SaveTimers();
+    QCOMPARE(home.CountOf(id), QStringLiteral("00:10:00 paused"));
+    QCOMPARE(home.StoredCountOf(id), QStringLiteral("00:10:00 paused"));
+}
+
+void TestCTimerPanel::StartAfterAStop() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19, QStringLiteral("09:00"));
+    QVERIFY(home.timers->StartRecordTimer(id));
+    PanelFixture fixture(home, id);
+    home.clock.Advance(10 * kMinute);
+    QVERIFY(fixture.panel->PanelStop());
+    home.clock.Advance(5 * kMinute);
+    QVERIFY(fixture.panel->PanelStart());
+    home.clock.Advance(kMinute);
+    home.timers->FoldAndStore();
+    home.timers->EndStopInDialog(id);
+    QCOMPARE(home.CountOf(id), QStringLiteral("00:11:00 running"));
+    QCOMPARE(home.StoredCountOf(id), QStringLiteral("00:11:00 running"));
 }
 
 void TestCTimerPanel::TimerOfANewRecordGoesWithIt() {

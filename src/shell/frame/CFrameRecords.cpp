@@ -84,11 +84,23 @@ void CFrameRecords::Edit(const QString& id) {
     if (!working) return;
     DialogRecord edited{.began = record->Clone(), .untouched = record->Clone(), .entered = *working};
     while (EditInDialog(*working, edited.untouched.get())) {
-        const CRecordSave::End end = m_save.Save(edited);
+        const CRecordSave::End end = Save(edited);
         if (end == CRecordSave::End::Stored) return;
         // Memory and store may differ after a failure. What was entered comes back to the dialog.
         if (end == CRecordSave::End::Failed) m_context.control.Refresh();
     }
+}
+
+/// A timer that was stopped in the dialog ends with the record that has its count. That this can't be noted
+/// beside it is no reason not to store the record: the timer then waits, paused, until somebody looks.
+CRecordSave::End CFrameRecords::Save(DialogRecord& edited) {
+    CRecordTimers& timers = m_context.timers;
+    const QString id = edited.began->GetId();
+    if (edited.entered.Kind() == RecordKind::Time)
+        static_cast<void>(timers.NoteStopInDialog(static_cast<const CTRecord&>(edited.entered)));
+    const CRecordSave::End end = m_save.Save(edited);
+    if (end == CRecordSave::End::Stored) timers.EndStopInDialog(id);
+    return end;
 }
 
 bool CFrameRecords::EditInDialog(CVORec& record, CVORec* untouched) const {

@@ -30,6 +30,7 @@ class CFrameRecords {
 
  private:
     [[nodiscard]] bool EditInDialog(CVORec& record, CVORec* untouched = nullptr) const;
+    [[nodiscard]] CRecordSave::End Save(DialogRecord& edited);
     TimerOutcome StopByTrueTime(QStringList& ids);
     void StopSelected();
     void TellIfUnsaved(const TimerOutcome& outcome);
