@@ -1,16 +1,11 @@
 #include "changes/CRecordChanges.h"
 
-#include "changes/CProgress.h"
-#include "changes/CTimersOfRecords.h"
-#include "entry/CEnteredItems.h"
+#include "ChangesFixture.h"
 #include "entry/RecordMarks.h"
 #include "lang/LoadText.h"
-#include "platform/sqlite/CSqliteFile.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
-#include "support/TestHome.h"
 #include "support/TestProgram.h"
-#include "timers/CRecordTimers.h"
 
 #include <QTest>
 #include <functional>
@@ -46,30 +41,13 @@ using Partial = CRecordChanges::Partial;
 using End = Outcome::End;
 using Failure = Outcome::Failure;
 
-struct Fixture {
-    Partial partial;
-    TestHome home;
-    ActiveTimerSet set{home.clock};
-    CRecordTimers timers{set, *home.document, *home.settings};
-    Progress progress;
-    COwnTimers ownTimers{timers};
-    CEnteredItems entered;
-    CRecordChanges changes{{.document = *home.document,
-                            .timers = ownTimers,
-                            .catalogue = *home.catalogue,
-                            .entered = entered,
-                            .settings = *home.settings,
-                            .prompt = home.prompt,
-                            .progress = progress,
-                            .partial = partial}};
+struct Fixture : ChangesFixture<Progress> {
     QStringList ids;
 
-    explicit Fixture(Partial whatStays = Partial::Kept) : partial(whatStays) {
+    explicit Fixture(Partial whatStays = Partial::Kept) : ChangesFixture(whatStays) {
         for (int day = 17; day < 20; ++day)
             ids.append(home.AddTime(2026, 11, day, QStringLiteral("09:00"), QStringLiteral("10:00")));
-        home.document->LoadRecords(RecordKind::Time);
-        home.document->BuildVisible();
-        home.views.seen.clear();
+        Load();
     }
     [[nodiscard]] QList<int> Hints() const {
         QList<int> hints;
@@ -88,19 +66,6 @@ struct Fixture {
         eActionDisposition source, second;
         [&] { QVERIFY(home.manager.InitDataSrc(source, second)); }();
     }
-    void Run(const char* sql) {
-        [&] { QVERIFY2(home.manager.File().Execute(sql), sql); }();
-    }
-    /// From here on the commit of such a change of a time record fails.
-    void FailCommits(const char* change) {
-        Run("PRAGMA foreign_keys=ON");
-        Run("CREATE TABLE parent(id INTEGER PRIMARY KEY)");
-        Run("CREATE TABLE child(id INTEGER REFERENCES parent(id) DEFERRABLE INITIALLY DEFERRED)");
-        Run((QByteArray("CREATE TRIGGER refuse AFTER ") + change +
-             " ON time_velmarch BEGIN INSERT INTO child VALUES(1); END")
-                .constData());
-    }
-    void MendCommits() { Run("DROP TRIGGER refuse"); }
     [[nodiscard]] std::size_t Stored() {
         home.document->LoadRecords(RecordKind::Time);
         return home.document->RecordCount();

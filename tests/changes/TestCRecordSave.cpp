@@ -1,14 +1,9 @@
 #include "changes/CRecordSave.h"
 
-#include "changes/CProgress.h"
-#include "changes/CRecordChanges.h"
-#include "changes/CTimersOfRecords.h"
-#include "entry/CEnteredItems.h"
+#include "ChangesFixture.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
-#include "support/TestHome.h"
 #include "support/TestProgram.h"
-#include "timers/CRecordTimers.h"
 
 #include <QTest>
 #include <functional>
@@ -19,35 +14,14 @@ namespace {
 
 using End = CRecordSave::End;
 
-class NoProgress final : public CProgress {
- public:
-    void Begin(const QString&, int) override {}
-    bool Advance() override { return true; }
-    void End() override {}
-};
-
 /// A record of client A and project X, open in a dialog.
-struct OpenDialog {
-    TestHome home;
-    ActiveTimerSet set{home.clock};
-    CRecordTimers timers{set, *home.document, *home.settings};
-    NoProgress progress;
-    COwnTimers ownTimers{timers};
-    CEnteredItems texts;
-    CRecordChanges changes{{.document = *home.document,
-                            .timers = ownTimers,
-                            .catalogue = *home.catalogue,
-                            .entered = texts,
-                            .settings = *home.settings,
-                            .prompt = home.prompt,
-                            .progress = progress,
-                            .partial = CRecordChanges::Partial::Kept}};
+struct OpenDialog : ChangesFixture<> {
     CRecordSave save{{.document = *home.document,
                       .changes = changes,
                       .prompt = home.prompt,
                       .labels = home.catalogue->Labels()}};
     QString id = home.AddTime(2026, 11, 19, u"09:00"_s, u"10:00"_s);
-    CTRecord entered;
+    CTRecord shown;
     std::unique_ptr<DialogRecord> dialog;
 
     OpenDialog() {
@@ -55,13 +29,11 @@ struct OpenDialog {
             record.item1 = u"A"_s;
             record.item2 = u"X"_s;
         });
-        home.document->LoadRecords(RecordKind::Time);
-        home.document->BuildVisible();
-        home.views.seen.clear();
+        Load();
         const CTRecord& stored = *home.document->FindTime(id);
-        entered.Copy(stored);
+        shown.Copy(stored);
         dialog = std::make_unique<DialogRecord>(
-            DialogRecord{.began = stored.Clone(), .untouched = stored.Clone(), .entered = entered});
+            DialogRecord{.began = stored.Clone(), .untouched = stored.Clone(), .entered = shown});
     }
     /// What the console does meanwhile.
     void ChangeOutside(const std::function<void(CTRecord& record)>& change) const {
@@ -99,7 +71,7 @@ class TestCRecordSave : public QObject {
  private Q_SLOTS:
     void NobodyElse() {
         OpenDialog t;
-        t.entered.notes = u"mine"_s;
+        t.shown.notes = u"mine"_s;
         QCOMPARE(t.Save(), End::Stored);
         QCOMPARE(t.Stored(), u"A X mine"_s);
         QCOMPARE(OpenDialog::Words(*t.home.document->FindTime(t.id)), u"A X mine"_s);
@@ -111,7 +83,7 @@ class TestCRecordSave : public QObject {
             record.item1 = u"B"_s;
             record.isExported = true;
         });
-        t.entered.notes = u"mine"_s;
+        t.shown.notes = u"mine"_s;
         QCOMPARE(t.Save(), End::Stored);
         QCOMPARE(t.Stored(), u"B X mine"_s);
         QVERIFY(t.home.document->FindTime(t.id)->isExported);
@@ -131,8 +103,8 @@ class TestCRecordSave : public QObject {
             record.item1 = u"B"_s;
             record.item2 = u"Z"_s;
         });
-        t.entered.item1 = u"C"_s;
-        t.entered.notes = u"mine"_s;
+        t.shown.item1 = u"C"_s;
+        t.shown.notes = u"mine"_s;
         t.home.prompt.Expect(Text::AskChangedOnBothSides, static_cast<Answer>(answer));
         QCOMPARE(t.Save(), End::Stored);
         QTEST(t.Stored(), "stored");
@@ -146,11 +118,11 @@ class TestCRecordSave : public QObject {
             record.item1 = u"B"_s;
             record.item2 = u"Z"_s;
         });
-        t.entered.item1 = u"C"_s;
+        t.shown.item1 = u"C"_s;
         t.home.prompt.Expect(Text::AskChangedOnBothSides, Answer::Cancel);
         QCOMPARE(t.Save(), End::Back);
         QCOMPARE(t.Stored(), u"B Z "_s);
-        QCOMPARE(OpenDialog::Words(t.entered), u"C Z "_s);
+        QCOMPARE(OpenDialog::Words(t.shown), u"C Z "_s);
         QCOMPARE(OpenDialog::Words(*t.home.document->FindTime(t.id)), u"B Z "_s);
         QCOMPARE(t.Save(), End::Stored);
         QCOMPARE(t.Stored(), u"C Z "_s);
@@ -160,7 +132,7 @@ class TestCRecordSave : public QObject {
     void ChangedOnceMoreWhileTheQuestionStands() {
         OpenDialog t;
         t.ChangeOutside([](CTRecord& record) { record.item1 = u"B"_s; });
-        t.entered.item1 = u"C"_s;
+        t.shown.item1 = u"C"_s;
         class Slow final : public CPrompt {
          public:
             Answer Ask(const MessageBox& box) override {
@@ -188,7 +160,7 @@ class TestCRecordSave : public QObject {
     void DeletedMeanwhile() {
         OpenDialog t;
         t.DeleteOutside();
-        t.entered.notes = u"mine"_s;
+        t.shown.notes = u"mine"_s;
         t.home.prompt.Expect(Text::AskSaveDeletedAsNew, Answer::No);
         QCOMPARE(t.Save(), End::Back);
         QCOMPARE(t.Stored(), u"deleted"_s);

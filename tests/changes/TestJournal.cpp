@@ -1,14 +1,9 @@
+#include "ChangesFixture.h"
 #include "app/CChangeJournal.h"
-#include "changes/CProgress.h"
-#include "changes/CRecordChanges.h"
-#include "changes/CTimersOfRecords.h"
 #include "changes/DemoData.h"
-#include "entry/CEnteredItems.h"
 #include "entry/RecordMarks.h"
 #include "records/CTRecord.h"
-#include "support/TestHome.h"
 #include "support/TestProgram.h"
-#include "timers/CRecordTimers.h"
 
 #include <QTest>
 
@@ -41,31 +36,16 @@ class Journal final : public CChangeJournal {
     QStringList ids;
 };
 
-struct Fixture {
-    TestHome home;
-    ActiveTimerSet set{home.clock};
-    CRecordTimers timers{set, *home.document, *home.settings};
-    COwnTimers ownTimers{timers};
-    CEnteredItems entered;
-    CNoProgress progress;
-    CRecordChanges changes{{.document = *home.document,
-                            .timers = ownTimers,
-                            .catalogue = *home.catalogue,
-                            .entered = entered,
-                            .settings = *home.settings,
-                            .prompt = home.prompt,
-                            .progress = progress,
-                            .partial = CRecordChanges::Partial::Undone}};
+struct Fixture : ChangesFixture<> {
     Journal journal;
     QString id;
 
-    Fixture() {
+    Fixture() : ChangesFixture(CRecordChanges::Partial::Undone) {
         home.settings->confirmCopy = false;
         CTRecord record;
         record.item1 = u"Acorn"_s;
         id = changes.Add(record, Identity::New).ids.value(0);
-        home.document->LoadRecords(RecordKind::Time);
-        home.document->BuildVisible();
+        Load();
         home.document->SetJournal(&journal);
     }
 };

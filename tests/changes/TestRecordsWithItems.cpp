@@ -1,48 +1,11 @@
-#include "changes/CProgress.h"
-#include "changes/CRecordChanges.h"
-#include "changes/CTimersOfRecords.h"
-#include "entry/CEnteredItems.h"
+#include "ChangesFixture.h"
 #include "lang/LoadText.h"
-#include "platform/sqlite/CSqliteFile.h"
 #include "records/CTRecord.h"
-#include "support/TestHome.h"
 #include "support/TestProgram.h"
-#include "timers/CRecordTimers.h"
 
 #include <QTest>
 
-namespace {
-
-struct Fixture {
-    TestHome home;
-    ActiveTimerSet set{home.clock};
-    CRecordTimers timers{set, *home.document, *home.settings};
-    COwnTimers ownTimers{timers};
-    CNoProgress progress;
-    CEnteredItems entered;
-    CRecordChanges changes{{.document = *home.document,
-                            .timers = ownTimers,
-                            .catalogue = *home.catalogue,
-                            .entered = entered,
-                            .settings = *home.settings,
-                            .prompt = home.prompt,
-                            .progress = progress,
-                            .partial = CRecordChanges::Partial::Kept}};
-
-    void Run(const QString& sql) {
-        [&] { QVERIFY2(home.manager.File().Execute(sql.toUtf8()), qPrintable(sql)); }();
-    }
-    /// From here on the commit of a new time record fails.
-    void FailCommits() {
-        for (const char* sql :
-             {"PRAGMA foreign_keys=ON", "CREATE TABLE parent(id INTEGER PRIMARY KEY)",
-              "CREATE TABLE child(id INTEGER REFERENCES parent(id) DEFERRABLE INITIALLY DEFERRED)",
-              "CREATE TRIGGER refuse AFTER INSERT ON time_velmarch BEGIN INSERT INTO child VALUES(1); END"})
-            Run(QString::fromLatin1(sql));
-    }
-};
-
-}  // namespace
+using Fixture = ChangesFixture<>;
 
 /// Texts for the pick lists that were entered with a record: stored in one transaction with it.
 class TestRecordsWithItems final : public QObject {
@@ -78,11 +41,11 @@ class TestRecordsWithItems final : public QObject {
         QFETCH(Text, told);
         Fixture fixture;
         if (table.isEmpty())
-            fixture.Run(QStringLiteral(
-                            "CREATE TRIGGER refuse BEFORE INSERT ON %1 BEGIN SELECT RAISE(ABORT, 'no'); END")
-                            .arg(fixture.home.store->TableName(RecordKind::PulldownItem)));
+            fixture.Run("CREATE TRIGGER refuse BEFORE INSERT ON " +
+                        fixture.home.store->TableName(RecordKind::PulldownItem).toUtf8() +
+                        " BEGIN SELECT RAISE(ABORT, 'no'); END");
         else
-            fixture.FailCommits();
+            fixture.FailCommits("INSERT");
         fixture.entered.Add(16, QStringLiteral("Acme"));
         fixture.home.prompt.ExpectTold(told);
         QVERIFY(!fixture.changes.Add(CTRecord(), Identity::New));
