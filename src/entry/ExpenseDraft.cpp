@@ -55,6 +55,8 @@ void ExpenseDraft::Begin(const CERecord& record) {
     m_money.amount = m_record.GetAmountText();
     const bool hasNumbers = m_record.GetDistance() != 0.0F || !m_record.GetRateText().isEmpty();
     m_hasKeptDistance = !record.isDistance && hasNumbers;
+    m_odometer.reset();
+    m_isStartCleared = false;
 }
 
 void ExpenseDraft::EnterDate(const std::optional<DateTimeVal>& day) {
@@ -148,6 +150,32 @@ void ExpenseDraft::AcceptOdometer(const Odometer& odometer, Settings& settings) 
     m_money.distance = m_record.distance.text;
     m_money.rate = m_record.GetRateText();
     ComputeAmount();
+}
+
+void ExpenseDraft::EnterReading(QString Odometer::*reading, const QString& typed, const Settings& settings) {
+    if (!m_odometer) {
+        SwitchDistance(true);
+        m_odometer = OpenOdometer(settings);
+        if (m_isStartCleared) m_odometer->start.clear();
+    }
+    *m_odometer.*reading = typed;
+    ExpenseEntryRules::ReadingsChanged(*m_odometer);
+}
+
+void ExpenseDraft::EndReadings(Settings& settings) {
+    if (!m_odometer) return;
+    AcceptOdometer(*m_odometer, settings);
+    m_odometer.reset();
+}
+
+void ExpenseDraft::ClearReading(QString CERecord::*reading) {
+    (m_record.*reading).clear();
+    if (reading == &CERecord::odometerStart) m_isStartCleared = true;
+}
+
+void ExpenseDraft::DropReadings() {
+    m_record.odometerStart.clear();
+    m_record.odometerEnd.clear();
 }
 
 // --- The end

@@ -52,7 +52,14 @@ class ExpenseDraft {
     [[nodiscard]] Odometer OpenOdometer(const Settings& settings) const;
     /// Takes the readings over, notes the last one in the settings, and the amount follows.
     void AcceptOdometer(const Odometer& odometer, Settings& settings);
-    void SetReading(QString CERecord::*reading, const QString& text) { m_record.*reading = text; }
+    /// One reading after the other, without the odometer's dialog. The odometer opens with the first of them,
+    /// on what the page shows, and stays open until EndReadings: the distance follows from both.
+    void EnterReading(QString Odometer::*reading, const QString& typed, const Settings& settings);
+    void EndReadings(Settings& settings);
+    /// Takes a reading away; the distance stays, and no start is suggested in place of one that was cleared.
+    void ClearReading(QString CERecord::*reading);
+    /// A distance that is entered by hand has no readings.
+    void DropReadings();
 
     // --- The end
 
@@ -77,4 +84,6 @@ class ExpenseDraft {
     MoneyPage m_enteredMoney;  ///< what was entered
     ItemsPage m_enteredItems;
     bool m_hasKeptDistance = false;
+    std::optional<Odometer> m_odometer;  ///< while readings are entered one by one
+    bool m_isStartCleared = false;
 };

@@ -141,6 +141,37 @@ class TestExpenseDraft : public QObject {
         QCOMPARE(settings.odometerLastEnd, 1120);
     }
 
+    void ReadingsOneByOne_data() {
+        QTest::addColumn<QStringList>("entered");  // of start and end
+        QTest::addColumn<bool>("isStartCleared");
+        QTest::addColumn<QString>("shown");
+        QTest::addColumn<QString>("readings");
+        QTest::newRow("both") << QStringList{u"1000"_s, u"1120.5"_s} << false << u"120.50 x 0.500 = 60.25"_s
+                              << u"1000-1120.5"_s;
+        QTest::newRow("the end alone goes on from the last one")
+            << QStringList{{}, u"950"_s} << false << u"50.00 x 0.500 = 25.00"_s << u"900-950"_s;
+        QTest::newRow("no start is suggested for one that was cleared")
+            << QStringList{{}, u"950"_s} << true << u"950.00 x 0.500 = 475.00"_s << u"-950"_s;
+    }
+    void ReadingsOneByOne() {
+        QFETCH(QStringList, entered);
+        QFETCH(bool, isStartCleared);
+        Settings settings;
+        settings.odometerSuggestStart = true;
+        settings.odometerLastEnd = 900;
+        CERecord record = Distance();
+        record.distance.Reset();
+        ExpenseDraft draft = DraftOf(record);
+        if (isStartCleared) draft.ClearReading(&CERecord::odometerStart);
+        if (!entered[0].isEmpty()) draft.EnterReading(&ExpenseDraft::Odometer::start, entered[0], settings);
+        draft.EnterReading(&ExpenseDraft::Odometer::end, entered[1], settings);
+        draft.EndReadings(settings);
+        QTEST(Shown(draft), "shown");
+        QTEST(draft.Record().odometerStart + u'-' + draft.Record().odometerEnd, "readings");
+        draft.DropReadings();
+        QCOMPARE(draft.Record().odometerStart + draft.Record().odometerEnd, QString());
+    }
+
     void Flags() {
         ExpenseDraft draft = DraftOf(Distance());
         QVERIFY(!draft.MaySetFlag(&CERecord::flag2));
