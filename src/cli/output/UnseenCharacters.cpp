@@ -12,10 +12,9 @@ constexpr char32_t kPictureOfDelete = 0x2421;
 constexpr char32_t kNonJoiner = 0x200C;
 constexpr char32_t kJoiner = 0x200D;
 
-/// Format characters by their category that are seen all the same, or that shape the letters beside them.
+/// Format characters without which the letters beside them aren't what they are.
 bool IsPartOfItsWord(char32_t character) {
-    return character == kNonJoiner || character == kJoiner || (character >= 0x0600 && character <= 0x0605) ||
-           character == 0x06DD || character == 0x070F || character == 0x08E2;
+    return character == kNonJoiner || character == kJoiner;
 }
 
 QString MarkOf(char32_t character) {

@@ -9,5 +9,5 @@
 
 /// The text with a mark in place of each unseen character, so that nobody is misled by one: a control as its
 /// picture (U+241B for the escape character), any other by its number, "<U+202E>". The joiners of emoji and
-/// Persian words stay, as do the signs of Arabic numbers, which are seen.
+/// Persian words stay.
 [[nodiscard]] QString WithMarks(const QString& text, bool keepLineFeeds);

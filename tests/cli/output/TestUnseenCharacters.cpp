@@ -30,7 +30,8 @@ void TestUnseenCharacters::Marks_data() {
     QTest::newRow("a line separator") << u"a\u2028b"_s << u"a<U+2028>b"_s;
     QTest::newRow("an invisible tag above the first plane") << u"a\U000E0041"_s << u"a<U+E0041>"_s;
     QTest::newRow("the joiner of an emoji") << u"👩\u200D💻"_s << u"👩\u200D💻"_s;
-    QTest::newRow("the sign of an Arabic number") << u"\u0600"_s << u"\u0600"_s;
+    QTest::newRow("the sign of an Arabic number") << u"\u0600"_s << u"<U+0600>"_s;
+    QTest::newRow("a Syriac abbreviation mark") << u"\u070F"_s << u"<U+070F>"_s;
 }
 
 void TestUnseenCharacters::Marks() {
