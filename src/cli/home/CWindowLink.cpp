@@ -15,6 +15,8 @@ using std::chrono::milliseconds;
 
 /// How long a window is waited for that is starting, or that is only told what was done.
 constexpr milliseconds kShort{3000};
+/// How long one is waited for that is ending: one that asks its user something may stay for hours.
+constexpr milliseconds kEnding{1000};
 constexpr milliseconds kPause{50};
 
 /// Time spent on the window comes off what the command may wait.
@@ -33,6 +35,12 @@ class CWindowWait {
     CWaitBudget& m_budget;
     std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
 };
+
+/// ending: how long the window has been waited for since it said that it ends.
+bool MayAnswerOtherwise(const InstanceReply& reply, milliseconds ending) {
+    return reply.reason == ReplyReason::WindowOwns ||
+           (reply.reason == ReplyReason::WindowEnds && ending < kEnding);
+}
 
 int Milliseconds(milliseconds time) {
     return static_cast<int>(time.count());
@@ -74,9 +82,11 @@ std::optional<InstanceReply> CWindowLink::AskOnce(const InstanceMessage& message
 
 std::optional<InstanceReply> CWindowLink::Ask(const InstanceMessage& message) {
     auto reply = AskOnce(message, m_budget.Left());
-    while (reply && reply->reason == ReplyReason::WindowOwns && m_budget.Left() > Time(0)) {
+    Time ending{0};
+    while (reply && MayAnswerOtherwise(*reply, ending) && m_budget.Left() > Time(0)) {
         std::this_thread::sleep_for(kPause);
         m_budget.Spend(kPause);
+        if (reply->reason == ReplyReason::WindowEnds) ending += kPause;
         reply = AskOnce(message, m_budget.Left());
     }
     return reply;

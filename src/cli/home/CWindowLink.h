@@ -24,7 +24,8 @@ class CWindowLink {
     /// the command may wait. False when it can't be told anything, or has ended meanwhile.
     [[nodiscard]] bool Reach();
     /// Hands a command over and waits for the answer. A window that owns what is asked for and can't change
-    /// it now is asked again as long as the command may wait. Nothing when it doesn't answer.
+    /// it now is asked again as long as the command may wait, one that is ending for a second. Nothing when
+    /// it doesn't answer.
     [[nodiscard]] std::optional<InstanceReply> Ask(const InstanceMessage& message);
     /// The same for what can be had without the window too: waits three seconds at most.
     [[nodiscard]] std::optional<InstanceReply> AskShortly(const InstanceMessage& message);

@@ -21,6 +21,7 @@ enum class ExitCode : int {
         case ReplyReason::NotUnderstood:
             return ExitCode::Usage;
         case ReplyReason::WindowOwns:
+        case ReplyReason::WindowEnds:
             return ExitCode::Refused;
         case ReplyReason::NotFound:
             return ExitCode::NotFound;

@@ -14,6 +14,7 @@ ReplyReason ReasonOf(int number) {
         case ReplyReason::NotUnderstood:
         case ReplyReason::WindowOwns:
         case ReplyReason::NotFound:
+        case ReplyReason::WindowEnds:
             return reason;
         case ReplyReason::Done:  // "ok" said that it is none
         case ReplyReason::Failed:

@@ -25,7 +25,8 @@ enum class ReplyReason : int {
     Failed = 1,
     NotUnderstood = 2,  ///< arguments that are unknown or out of range
     WindowOwns = 3,     ///< the window owns what was asked for and can't change it now
-    NotFound = 4        ///< a record, a name
+    NotFound = 4,       ///< a record, a name
+    WindowEnds = 5      ///< the window owns it, and doesn't change it any more
 };
 
 /// The reply to a command: {"ok": true} with the payload beside it, or {"ok": false, "exit": reason, "error":

@@ -35,7 +35,8 @@ void CInstanceHost::BeginEnd() {
 }
 
 InstanceReply CInstanceHost::Handle(const InstanceMessage& message) {
-    if (m_isEnding && message.command != InstanceCommand::Raise) return Refused(Text::WindowIsEnding);
+    if (m_isEnding && message.command != InstanceCommand::Raise)
+        return InstanceReply::Refused(ReplyReason::WindowEnds, LoadText(Text::WindowIsEnding));
     switch (message.command) {
         case InstanceCommand::SyncEnd:
             if (m_context.settings.refreshOnSyncEnd) NoteChange(OutsideChange::FromJson(message.arguments));

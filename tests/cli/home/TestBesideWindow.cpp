@@ -5,6 +5,7 @@
 #include "platform/instance/CInstanceChannel.h"
 #include "support/TestProgram.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 #include <QTimer>
 
@@ -41,6 +42,8 @@ class TestBesideWindow : public QObject {
     void AWindowThatIsStillStarting();
     void ABusyWindowIsWaitedFor_data();
     void ABusyWindowIsWaitedFor();
+    void AnEndingWindowIsNotWaitedForLong_data();
+    void AnEndingWindowIsNotWaitedForLong();
     void AWindowOfAnotherHome();
 
  private:
@@ -372,6 +375,26 @@ void TestBesideWindow::AWindowThatIsStillStarting() {
     });
     QCOMPARE(m_home->RunJson({u"timer"_s, u"start"_s, id}).exit, 0);
     QCOMPARE(m_heard.size(), 1);
+}
+
+void TestBesideWindow::AnEndingWindowIsNotWaitedForLong_data() {
+    QTest::addColumn<QStringList>("command");
+    QTest::newRow("a timer") << QStringList{u"timer"_s, u"stop-all"_s};
+    QTest::newRow("a setting") << QStringList{u"settings"_s, u"set"_s, u"confirmCopy"_s, u"0"_s};
+}
+
+/// A box of its may stand for hours.
+void TestBesideWindow::AnEndingWindowIsNotWaitedForLong() {
+    QFETCH(QStringList, command);
+    m_answer = {{u"ok"_s, false}, {u"exit"_s, 5}, {u"error"_s, u"It ends."_s}};
+    Listen(m_home->Path());
+    QElapsedTimer timer;
+    timer.start();
+    const Reply reply = m_home->Run(command);
+    QCOMPARE(reply.exit, 3);
+    QVERIFY2(reply.err.contains("It ends."), reply.err.constData());
+    QVERIFY2(timer.elapsed() < 10000, "it waited for all that it may");
+    QVERIFY2(m_heard.size() > 1, "a window that has nothing to ask is gone in a moment");
 }
 
 void TestBesideWindow::AWindowOfAnotherHome() {

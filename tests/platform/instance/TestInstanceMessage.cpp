@@ -32,6 +32,8 @@ void TestInstanceMessage::Written_data() {
         << refused(ReplyReason::WindowOwns) << QByteArray(R"({"error":"No.","exit":3,"ok":false})");
     QTest::newRow("not found") << refused(ReplyReason::NotFound)
                                << QByteArray(R"({"error":"No.","exit":4,"ok":false})");
+    QTest::newRow("the window ends") << refused(ReplyReason::WindowEnds)
+                                     << QByteArray(R"({"error":"No.","exit":5,"ok":false})");
 }
 
 void TestInstanceMessage::Written() {
@@ -53,6 +55,7 @@ void TestInstanceMessage::Read_data() {
     row(R"({"ok": false, "exit": 2, "error": "A"})", ReplyReason::NotUnderstood, u"A"_qs, 0);
     row(R"({"ok": false, "exit": 3, "error": "A"})", ReplyReason::WindowOwns, u"A"_qs, 0);
     row(R"({"ok": false, "exit": 4, "error": "A"})", ReplyReason::NotFound, u"A"_qs, 0);
+    row(R"({"ok": false, "exit": 5, "error": "A"})", ReplyReason::WindowEnds, u"A"_qs, 0);
     row(R"({"ok": false, "exit": 9, "error": "A"})", ReplyReason::Failed, u"A"_qs, 0);
     row(R"({"ok": false, "exit": 0, "error": "A"})", ReplyReason::Failed, u"A"_qs, 0);
     row(R"({"ok": false})", ReplyReason::Failed, {}, 0);

@@ -60,7 +60,7 @@ class TestCInstanceHost final : public QObject {
         for (const InstanceCommand command : {InstanceCommand::Timer, InstanceCommand::Setting,
                                               InstanceCommand::SyncEnd, InstanceCommand::Exit}) {
             const InstanceReply reply = fixture.host.Handle({command});
-            QCOMPARE(reply.reason, ReplyReason::WindowOwns);
+            QCOMPARE(reply.reason, ReplyReason::WindowEnds);
             QCOMPARE(reply.words, LoadText(Text::WindowIsEnding));
         }
         QVERIFY(fixture.host.Handle({InstanceCommand::Raise}));
