@@ -44,6 +44,10 @@ constexpr char kBelow[] =
     "(WITH RECURSIVE below(id) AS (SELECT ?1 UNION SELECT keys.id FROM keys JOIN below ON parent = below.id) "
     "SELECT id FROM below)";
 
+/// Beside why the file can't be used.
+constexpr char kFolderLocked[] =
+    "It is to be put aside, but another program has locked its folder. Try again when that is done.";
+
 /// A statement in use: reset at the end, so that no read lock outlives its reading.
 class Use {
  public:
@@ -78,7 +82,7 @@ bool CSettingsTree::Open(const QString& path, int busySeconds) {
     OpenOutcome outcome = OpenFile(path, busySeconds);
     if (IsUnreadable(outcome) || MayPass(outcome)) outcome = OpenInTurn(path, busySeconds, outcome);
     // If there is no file the program goes on with defaults; what it writes is forgotten at its end.
-    const bool isUsable = IsUsable(outcome);
+    const bool isUsable = m_isFromFile = IsUsable(outcome);
     const QString reason = m_reason;
     if (!isUsable) static_cast<void>(OpenFile(QStringLiteral(":memory:"), busySeconds));
     m_error = m_reason = reason;
@@ -110,7 +114,10 @@ bool CSettingsTree::MayPass(OpenOutcome outcome) const {
 OpenOutcome CSettingsTree::OpenInTurn(const QString& path, int busySeconds, OpenOutcome before) {
     const FolderLock turn(path, std::chrono::seconds(busySeconds));
     // Nothing is moved out of turn. Why the file was no use stands in m_reason already.
-    if (!turn.IsHeld()) return IsUsable(before) ? before : OpenOutcome::Locked;
+    if (!turn.IsHeld()) {
+        if (IsUnreadable(before)) m_reason += QLatin1Char(' ') + QString::fromLatin1(kFolderLocked);
+        return IsUsable(before) ? before : OpenOutcome::Locked;
+    }
     m_reason.clear();
     const OpenOutcome outcome = OpenFile(path, busySeconds);
     if (!IsUnreadable(outcome)) return outcome;
@@ -314,7 +321,7 @@ bool CSettingsTree::DeleteValue(const CSettingsKey& key, const QString& name) {
 }
 
 void CSettingsTree::RefuseChanges() {
-    m_refusal = m_error;
+    m_refusal = m_reason.isEmpty() ? m_error : m_reason;
 }
 
 bool CSettingsTree::Change(const std::function<bool()>& work) {

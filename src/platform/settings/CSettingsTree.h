@@ -55,6 +55,8 @@ class CSettingsTree {
     /// For a program whose changes would be lost with its end, or would be made of what wasn't read, as a
     /// console command's: all are refused from here on, and Error() tells why.
     void RefuseChanges();
+    /// False for a tree that works from memory alone: what isn't in it may be in the file all the same.
+    [[nodiscard]] bool IsFromFile() const { return m_isFromFile; }
     [[nodiscard]] const QString& KeptAside() const { return m_keptAside; }
     [[nodiscard]] const QString& Error() const { return m_error; }
     /// The names of values that Open found damaged ("ActiveTimers/Content"). They are out of use, put aside
@@ -109,6 +111,7 @@ class CSettingsTree {
     QString m_error;
     QString m_reason;  ///< why the file at the path isn't used as it was found
     QStringList m_damagedValues;
+    bool m_isFromFile = false;
     bool m_hasChecks = false;
     bool m_inChange = false;
     bool m_hasReadFailed = false;

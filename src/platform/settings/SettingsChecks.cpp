@@ -14,6 +14,8 @@ constexpr char kMakeAside[] =
     "CREATE TABLE IF NOT EXISTS put_aside(key INTEGER, name TEXT, type TEXT, value)";
 constexpr char kCopyAside[] =
     "INSERT INTO put_aside SELECT key, name, type, value FROM entries WHERE key = ?1 AND name = ?2";
+constexpr char kAside[] = "SELECT DISTINCT key, name FROM put_aside ORDER BY key, name";
+constexpr char kHasAside[] = "SELECT 1 FROM sqlite_schema WHERE name = 'put_aside'";
 constexpr char kDropEntry[] = "DELETE FROM entries WHERE key = ?1 AND name = ?2";
 /// Of a value that is gone, only its checksum is left.
 constexpr char kDropCheck[] = "DELETE FROM entries_checks WHERE key = ?1 AND name = ?2";
@@ -29,6 +31,19 @@ bool RunOn(CSqliteFile& file, const char* sql, const EntryPlace& entry) {
     return isDone;
 }
 
+/// A statement whose rows are keys and names; nothing when it can't be read to its end.
+std::optional<std::vector<EntryPlace>> PlacesOf(CSqliteFile& file, const QByteArray& sql) {
+    sqlite3_stmt* statement = file.Prepare(sql);
+    if (statement == nullptr) return std::nullopt;
+    std::vector<EntryPlace> places;
+    int step = SQLITE_ROW;
+    while ((step = sqlite3_step(statement)) == SQLITE_ROW)
+        places.push_back({sqlite3_column_int64(statement, 0), ColumnText(statement, 1)});
+    if (step != SQLITE_DONE) file.NoteError();
+    sqlite3_reset(statement);
+    return step == SQLITE_DONE ? std::optional(places) : std::nullopt;
+}
+
 }  // namespace
 
 const RowChecks& EntryChecks() {
@@ -40,16 +55,15 @@ const RowChecks& EntryChecks() {
 std::optional<std::vector<EntryPlace>> DamagedEntries(CSqliteFile& file) {
     const std::optional<bool> areThere = EntryChecks().AreThere(file);
     if (!areThere) return std::nullopt;
-    std::vector<EntryPlace> damaged;
-    if (!*areThere) return damaged;
-    sqlite3_stmt* statement = file.Prepare(EntryChecks().FaultsSql());
-    if (statement == nullptr) return std::nullopt;
-    int step = SQLITE_ROW;
-    while ((step = sqlite3_step(statement)) == SQLITE_ROW)
-        damaged.push_back({sqlite3_column_int64(statement, 0), ColumnText(statement, 1)});
-    if (step != SQLITE_DONE) file.NoteError();
+    return *areThere ? PlacesOf(file, EntryChecks().FaultsSql()) : std::optional(std::vector<EntryPlace>());
+}
+
+std::vector<EntryPlace> EntriesAside(CSqliteFile& file) {
+    sqlite3_stmt* statement = file.Prepare(kHasAside);
+    if (statement == nullptr) return {};
+    const bool areThere = sqlite3_step(statement) == SQLITE_ROW;
     sqlite3_reset(statement);
-    return step == SQLITE_DONE ? std::optional(damaged) : std::nullopt;
+    return areThere ? PlacesOf(file, kAside).value_or(std::vector<EntryPlace>()) : std::vector<EntryPlace>();
 }
 
 QStringList NamesOf(CSqliteFile& file, const std::vector<EntryPlace>& entries) {

@@ -26,5 +26,8 @@ struct EntryPlace {
 /// The values' names for the user: "ActiveTimers/Content".
 [[nodiscard]] QStringList NamesOf(CSqliteFile& file, const std::vector<EntryPlace>& entries);
 
+/// The values that were put out of use; none where that can't be read.
+[[nodiscard]] std::vector<EntryPlace> EntriesAside(CSqliteFile& file);
+
 /// Moves values out of use, into the table "put_aside": key, name, type and value as they stood there.
 [[nodiscard]] bool PutAside(CSqliteFile& file, const std::vector<EntryPlace>& entries);

@@ -75,6 +75,7 @@ class CEntries {
     [[nodiscard]] bool Write(CSqliteFile& file, SalvagedSettings& out) const;
 
  private:
+    void NoteLoss(const Place& place, SalvagedSettings& out) const;
     void NoteThree(const CPageWalk::Found& found, const QByteArray& name);
 
     std::map<std::int64_t, Place> m_keys;
@@ -114,15 +115,24 @@ bool CEntries::Write(CSqliteFile& file, SalvagedSettings& out) const {
     for (const auto& [place, entry] : m_entries) {
         const auto check = m_checks.find(place);
         const bool isSound = check == m_checks.end() || check->second == SumOf(place, entry);
-        ++(isSound && m_keys.contains(place.first) ? out.saved : out.lost);
+        if (isSound && m_keys.contains(place.first))
+            ++out.saved;
+        else
+            NoteLoss(place, out);
         if (isSound &&
             !Insert(file, "INSERT OR IGNORE INTO entries(key, name, type, value) VALUES(?, ?, ?, ?)",
                     {place.first, RawText{place.second}, RawText{entry.type}, entry.value}))
             return false;
     }
     for (const auto& [place, sum] : m_checks)
-        if (!m_entries.contains(place)) ++out.lost;
+        if (!m_entries.contains(place)) NoteLoss(place, out);
     return true;
+}
+
+void CEntries::NoteLoss(const Place& place, SalvagedSettings& out) const {
+    ++out.lost;
+    const auto key = m_keys.find(place.first);
+    if (key != m_keys.end()) out.lostNames += QString::fromUtf8(key->second.second + '/' + place.second);
 }
 
 }  // namespace
