@@ -1,6 +1,7 @@
 #include "records/CRecordStore.h"
 
 #include "lang/FormatText.h"
+#include "platform/sqlite/CSqliteFile.h"
 #include "records/QuoteText.h"
 #include "records/RowConditions.h"
 
@@ -85,6 +86,10 @@ bool CRecordStore::Update(Text failure) {
     if (m_manager.IsUnconfirmed())
         Tell(Text::CommitUnconfirmed, LoadText(Text::CommitUnconfirmed), BoxIcon::Warning);
     return true;
+}
+
+bool CRecordStore::IsDamaged() const {
+    return m_manager.File().IsDamaged();
 }
 
 bool CRecordStore::Query(const QString& statement) {

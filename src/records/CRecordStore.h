@@ -52,6 +52,8 @@ class CRecordStore {
     /// The same for the rows that fulfil the conditions, days through the table's date index.
     [[nodiscard]] QString Select(RecordKind kind, const RowConditions& conditions) const;
     [[nodiscard]] CVOSrcMgr& Manager() { return m_manager; }
+    /// Damage was met: what can be read of the store is read, and nothing is written to it.
+    [[nodiscard]] bool IsDamaged() const;
 
     /// While one lives no box comes: what failed is told at its end. For a transaction, in which other
     /// programs wait for the store: they don't wait for the user's answer as well.

@@ -21,6 +21,8 @@ class TestFailedCommit : public QObject {
     void LargeBatch();
     void RolledBackMidway();
     void NoLockAfterwards();
+    void ARowWhoseChecksumCantBeWritten_data();
+    void ARowWhoseChecksumCantBeWritten();
     void DoneAllTheSame_data();
     void DoneAllTheSame();
 };
@@ -267,6 +269,36 @@ void TestFailedCommit::NoLockAfterwards() {
     QVERIFY(otherStore.InsertRecord(NewTime(), Commit::Now));
     QVERIFY(home.store.Commit());
     QCOMPARE(home.TimeRows(), 2);
+}
+
+void TestFailedCommit::ARowWhoseChecksumCantBeWritten_data() {
+    QTest::addColumn<bool>("isModified");
+    QTest::newRow("added") << false;
+    QTest::newRow("modified") << true;
+}
+
+/// In a batch that goes on with what was done, the row would stay, and the user was told that it isn't there.
+void TestFailedCommit::ARowWhoseChecksumCantBeWritten() {
+    QFETCH(bool, isModified);
+    RecordsFixture home;
+    const CTRecord former = NewTime();
+    QVERIFY(home.store.InsertRecord(former, Commit::Now));
+    QVERIFY(
+        home.manager.File().Execute("CREATE TRIGGER refuse BEFORE INSERT ON time_velmarch_checks "
+                                    "BEGIN SELECT RAISE(FAIL, 'refused'); END"));
+    QVERIFY(home.store.BeginBatch());
+    home.prompt.ExpectTold(isModified ? Text::ModifyFailed : Text::InsertFailed);
+    CTRecord changed = NewTime(QStringLiteral("other"));
+    changed.SetId(former.GetId());
+    QVERIFY(isModified ? !home.store.ModifyRecord(changed, former.GetId(), Commit::Later)
+                       : !home.store.InsertRecord(NewTime(), Commit::Later));
+    home.prompt.ExpectTold(Text::CommitFailed);
+    QVERIFY(!home.store.Commit());
+    home.prompt.Finish();
+    QCOMPARE(home.TimeRows(), 1);
+    CTRecord stored;
+    QVERIFY(home.store.ReadRecord(stored, former.GetId()));
+    QCOMPARE(stored.item1, former.item1);
 }
 
 void TestFailedCommit::DoneAllTheSame_data() {
