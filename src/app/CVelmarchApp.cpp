@@ -125,8 +125,8 @@ bool CVelmarchApp::OpenSettings() {
              Text::SettingsTitle);
     else if (areMissing)
         Tell(Text::SettingsMissing, FormatText<Text::SettingsMissing>(path), Text::SettingsTitle);
-    TellDamagedSettings();
     m_profile = std::make_unique<CProfile>(m_tree, LoadText(Text::ProfileKeyName));
+    TellDamagedSettings();
     m_settings = std::make_unique<CCfgStore>(m_tree, *m_profile, m_context.prompt, TheRegion(),
                                              LoadText(Text::BaseKeyPath));
     m_precisions = std::make_unique<PrecisionScope>(*m_settings);
@@ -143,7 +143,11 @@ bool CVelmarchApp::OpenSettings() {
     return areKept && m_settings->AreKept();
 }
 
+/// That timers are lost is noted, as nobody would see it any more with the next command. Where it can't be
+/// noted it is told each time anew.
 void CVelmarchApp::TellDamagedSettings() {
+    if (!m_tree.KeptAside().isEmpty() || HasTimers(m_tree.DamagedValues()))
+        static_cast<void>(NoteTimersLost(*m_profile, true));
     if (m_tree.DamagedValues().isEmpty()) return;
     Tell(Text::SettingsValuesDamaged,
          FormatText<Text::SettingsValuesDamaged>(m_tree.DamagedValues().join(u", "_s)), Text::SettingsTitle);

@@ -10,6 +10,9 @@ namespace {
 const QString kSection = u"Store"_s;
 const QString kKnown = u"Known"_s;
 const QString kDamaged = u"Damaged"_s;
+const QString kTimerSection = u"ActiveTimers"_s;
+const QString kTimers = u"Content"_s;
+const QString kLost = u"Lost"_s;
 
 }  // namespace
 
@@ -39,4 +42,16 @@ bool IsStoreDamaged(const CProfile& profile) {
 
 bool NoteStoreDamaged(CProfile& profile, bool isDamaged) {
     return IsStoreDamaged(profile) == isDamaged || profile.WriteInt(kSection, kDamaged, isDamaged ? 1 : 0);
+}
+
+bool AreTimersLost(const CProfile& profile) {
+    return profile.GetInt(kTimerSection, kLost, 0) == 1;
+}
+
+bool NoteTimersLost(CProfile& profile, bool areLost) {
+    return AreTimersLost(profile) == areLost || profile.WriteInt(kTimerSection, kLost, areLost ? 1 : 0);
+}
+
+bool HasTimers(const QStringList& damagedValues) {
+    return damagedValues.contains(kTimerSection + u'/' + kTimers);
 }

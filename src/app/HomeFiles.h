@@ -3,6 +3,7 @@
 #include "records/FieldDef.h"
 
 #include <QString>
+#include <QStringList>
 
 class CProfile;
 
@@ -23,3 +24,9 @@ inline constexpr RecordKind kStoreTables[] = {RecordKind::Time, RecordKind::Expe
 /// Whether damage was met in the store: it is looked over before anything is written to it again.
 [[nodiscard]] bool IsStoreDamaged(const CProfile& profile);
 [[nodiscard]] bool NoteStoreDamaged(CProfile& profile, bool isDamaged);
+
+/// Whether timers were lost with damaged settings, and no timer was started since.
+[[nodiscard]] bool AreTimersLost(const CProfile& profile);
+[[nodiscard]] bool NoteTimersLost(CProfile& profile, bool areLost);
+/// Whether the timers are among damaged values (CSettingsTree::DamagedValues).
+[[nodiscard]] bool HasTimers(const QStringList& damagedValues);

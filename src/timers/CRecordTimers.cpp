@@ -1,6 +1,7 @@
 #include "timers/CRecordTimers.h"
 
 #include "app/CVelmarchDoc.h"
+#include "app/HomeFiles.h"
 #include "calendar/NumberText.h"
 #include "config/CCfgStore.h"
 #include "records/CTRecord.h"
@@ -23,6 +24,7 @@ const QString kSection = QStringLiteral("ActiveTimers");
 const QString kEntry = QStringLiteral("Content");
 const QString kTrueTimes = QStringLiteral("TrueTimes");
 const QString kNote = QStringLiteral("Stopping");
+const QString kUnreadable = QStringLiteral("Unreadable");
 
 using End = TimerOutcome::End;
 
@@ -53,7 +55,14 @@ TimerOutcome CRecordTimers::StartRecordTimer(const QString& recordId) {
     else
         m_timers.Start(recordId, false, 0, 0, 0);
     Announce(Hint::TimerStarted, recordId);
-    return Saved({});
+    return Started();
+}
+
+/// Timers that were lost before are no news any more.
+TimerOutcome CRecordTimers::Started() {
+    const TimerOutcome saved = Saved({});
+    if (saved) static_cast<void>(NoteTimersLost(m_settings.Profile(), false));
+    return saved;
 }
 
 TimerOutcome CRecordTimers::StartDraftTimer(const CTRecord& draft) {
@@ -64,7 +73,7 @@ TimerOutcome CRecordTimers::StartDraftTimer(const CTRecord& draft) {
     if (isNew) m_awaited.insert(id);
     m_timers.Start(id, duration.IsSet(), duration.hours, duration.minutes, 0);
     if (IsStoppedInDialog(id)) m_stoppedInDialog.reset();
-    return Saved({});
+    return Started();
 }
 
 /// Saves what was done so far, also where it ended early.
@@ -198,15 +207,19 @@ void CRecordTimers::FoldAndStore() {
 /// Another program may have deleted the record of a timer. Such a timer could never be stopped and would end
 /// every walk over all of them. Where the store can't be asked, all stay.
 bool CRecordTimers::DropOrphans() {
-    bool dropped = false;
+    std::vector<ActiveTimer> orphans;
     for (int i = m_timers.Count() - 1; i >= 0; --i) {
         const QString id = m_timers.IdAt(i);
         if (m_awaited.contains(id) || Fetch(id)) continue;
         if (m_document.Store().m_lastError != 0) break;
+        orphans.push_back(m_timers.At(i));
         m_timers.Remove(i);
-        dropped = true;
     }
-    return dropped;
+    for (ActiveTimer& orphan : orphans) {
+        orphan.UpdateElapsed(m_timers.Clock());
+        if (m_tellOrphan) m_tellOrphan(orphan);
+    }
+    return !orphans.empty();
 }
 
 // --- Kept in the settings
@@ -237,6 +250,7 @@ bool CRecordTimers::StoreTimers() {
     if (m_stored == content && m_storedNote == Note()) return true;
     if (!m_settings.Profile().Change([&] { return Write(content); })) return false;
     m_stored = content;
+    m_isCut = false;
     m_storedNote = Note();
     return true;
 }
@@ -261,9 +275,25 @@ bool CRecordTimers::Write(QByteArray& content) {
         if (!Content(content)) return false;
     }
     CProfile& profile = m_settings.Profile();
-    return profile.WriteBinary(kSection, kEntry, content) &&
+    return (!m_isCut || PutAsideUnreadable(present.content)) &&
+           profile.WriteBinary(kSection, kEntry, content) &&
            profile.WriteBinary(kSection, kTrueTimes, TrueTimesOf(Storable())) &&
            (present.note == Note() || profile.WriteBinary(kSection, kNote, Note()));
+}
+
+/// What couldn't be read of the timers may be needed by a person yet.
+bool CRecordTimers::PutAsideUnreadable(const QByteArray& content) {
+    CProfile& profile = m_settings.Profile();
+    return profile.WriteBinary(kSection, kUnreadable, content) && NoteTimersLost(profile, true);
+}
+
+bool CRecordTimers::AreLost() const {
+    return m_isCut || AreTimersLost(m_settings.Profile());
+}
+
+/// Timers that can't be read are put aside, so that nobody meets them once more.
+void CRecordTimers::ForgetLoss() {
+    if (!m_isCut || StoreTimers()) static_cast<void>(NoteTimersLost(m_settings.Profile(), false));
 }
 
 ActiveTimerSet CRecordTimers::Read(const QByteArray& content) const {
@@ -301,13 +331,14 @@ bool CRecordTimers::RestoreTimers() {
     const auto content = m_settings.Profile().GetBinary(kSection, kEntry);
     m_stored = content;
     m_storedNote = Present().note;
+    m_isCut = false;
     if (!content) return true;
     ByteStream stream;
     stream.Attach(*content);
-    const bool isWhole = m_timers.Load(stream);
+    m_isCut = !m_timers.Load(stream);
     TakeTrueTimes(StoredTrueTimes(), m_timers);
     Settle(m_storedNote);
-    return isWhole;
+    return !m_isCut;
 }
 
 QByteArray CRecordTimers::StoredTrueTimes() const {
@@ -324,7 +355,7 @@ bool CRecordTimers::RunNewTimerAction() {
 
 bool CRecordTimers::StartFromZero(const QString& recordId) {
     if (!Fetch(recordId)) m_awaited.insert(recordId);
-    return m_timers.Start(recordId, false, 0, 0, 0) && StoreTimers();
+    return m_timers.Start(recordId, false, 0, 0, 0) && Started();
 }
 
 bool CRecordTimers::Drop(const QString& recordId) {

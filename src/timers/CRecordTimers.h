@@ -10,7 +10,9 @@
 #include <QByteArray>
 #include <QSet>
 #include <QString>
+#include <functional>
 #include <optional>
+#include <utility>
 
 class CVelmarchDoc;
 class CCfgStore;
@@ -56,6 +58,15 @@ class CRecordTimers final : public CTimerService {
     /// At the start. False when the stored timers can be read only in part; that part is in the set. A timer
     /// whose stop is in its record already isn't.
     bool RestoreTimers();
+    /// Timers are gone with damaged settings, or what is stored of them can be read in part only, and no
+    /// timer was started since.
+    [[nodiscard]] bool AreLost() const;
+    /// The user knows it.
+    void ForgetLoss();
+    /// Who is to hear of timers that are taken away, as there is no record of theirs (any more): they are the
+    /// only place where their count stands.
+    using Tell = std::function<void(const ActiveTimer& orphan)>;
+    void OnOrphan(Tell tell) { m_tellOrphan = std::move(tell); }
     /// What was read is what is stored: no timer was left out for a stop that had been cut off.
     [[nodiscard]] bool IsSettled() const { return m_storedNote.isEmpty(); }
     /// Writes the set when it differs from what was last read or written; part of every change above. False
@@ -139,6 +150,8 @@ class CRecordTimers final : public CTimerService {
     [[nodiscard]] ActiveTimerSet Storable() const;
     [[nodiscard]] bool Content(QByteArray& out) const;
     [[nodiscard]] QByteArray StoredTrueTimes() const;
+    [[nodiscard]] bool PutAsideUnreadable(const QByteArray& content);
+    [[nodiscard]] TimerOutcome Started();
     [[nodiscard]] bool Write(QByteArray& content);
     void TakeOver(const Stored& present);
     [[nodiscard]] TimerOutcome Saved(const TimerOutcome& outcome);
@@ -150,8 +163,10 @@ class CRecordTimers final : public CTimerService {
     /// Timers of records that the store doesn't have yet; they are saved once it has.
     QSet<QString> m_awaited;
     std::optional<QByteArray> m_stored;  ///< what this process last read or wrote
+    bool m_isCut = false;                ///< it can be read in part only
     QByteArray m_storedNote;             ///< the same of the note of a stop
     QByteArray m_note;                   ///< of the stop that is being made; empty without one
     std::optional<StoppedInDialog> m_stoppedInDialog;
     CDraftStore m_drafts;
+    Tell m_tellOrphan;
 };

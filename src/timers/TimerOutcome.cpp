@@ -2,6 +2,8 @@
 
 #include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
+#include "timers/ActiveTimer.h"
+#include "timers/TimerTexts.h"
 
 namespace {
 
@@ -22,4 +24,9 @@ void TellIfUnsaved(const TimerOutcome& outcome, const QString& why, CPrompt& pro
 
 void TellWithoutTimer(CPrompt& prompt) {
     Warn(Text::AddedWithoutTimer, LoadText(Text::AddedWithoutTimer), prompt);
+}
+
+void TellOrphan(const ActiveTimer& orphan, CPrompt& prompt) {
+    Warn(Text::TimerWithoutRecord,
+         FormatText<Text::TimerWithoutRecord>(orphan.recordId, TimerCountText(orphan)), prompt);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+class ActiveTimer;
 class CPrompt;
 class QString;
 
@@ -22,3 +23,5 @@ struct [[nodiscard]] TimerOutcome {
 void TellIfUnsaved(const TimerOutcome& outcome, const QString& why, CPrompt& prompt);
 /// Tells that a new record is stored and its timer isn't.
 void TellWithoutTimer(CPrompt& prompt);
+/// Tells of a timer that was taken away without a record, and what it has counted.
+void TellOrphan(const ActiveTimer& orphan, CPrompt& prompt);

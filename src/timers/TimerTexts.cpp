@@ -8,6 +8,11 @@ QString TimerCountText(const ActiveTimer& timer) {
     return FormatText<Text::TimerCount>(timer.hours, timer.minutes, timer.seconds);
 }
 
+QString TimerCountText(std::int64_t seconds) {
+    return FormatText<Text::TimerCount>(static_cast<int>(seconds / 3600), static_cast<int>(seconds / 60 % 60),
+                                        static_cast<int>(seconds % 60));
+}
+
 QString HoursText(std::int64_t seconds) {
     return FormatText<Text::SpanClock>(static_cast<int>(seconds / 3600), static_cast<int>(seconds / 60 % 60));
 }

@@ -8,6 +8,7 @@ struct SpanField;
 
 /// The count of a timer, "01:30:00".
 [[nodiscard]] QString TimerCountText(const ActiveTimer& timer);
+[[nodiscard]] QString TimerCountText(std::int64_t seconds);
 
 /// A time in hours and minutes, seconds dropped: "1:30".
 [[nodiscard]] QString HoursText(std::int64_t seconds);

@@ -105,6 +105,8 @@ constexpr BoxRow kBoxes[] = {
     {.text = Text::TickFailed, .title = Text::TickFailedTitle},
     {.text = Text::TimersNotSaved, .title = Text::TickFailedTitle},
     {.text = Text::AddedWithoutTimer, .title = Text::TickFailedTitle},
+    {.text = Text::TimerWithoutRecord, .title = Text::TickFailedTitle},
+    {.text = Text::TimersLost, .title = Text::TickFailedTitle},
     {.text = Text::TimesDrivenByTimer, .title = Text::TimesDrivenByTimerTitle, .icon = BoxIcon::Information},
     {.text = Text::ClockTimeRefused, .title = Text::DateControlTitle},
     {.text = Text::ClockTimeUnreadable, .title = Text::DateControlTitle},

@@ -3,6 +3,8 @@
 #include "TimerHome.h"
 #include "app/CChangeJournal.h"
 #include "support/TestProgram.h"
+#include "timers/LostTimers.h"
+#include "timers/TimerTexts.h"
 
 #include <QTest>
 
@@ -34,6 +36,8 @@ class TestCRecordTimers : public QObject {
     void RestoreGoesOn_data();
     void RestoreGoesOn();
     void RestoreOfADamagedValue();
+    void LostTimersAreToldOnce();
+    void DamagedWhileTheProgramRuns();
     void FailedSave();
     void TwoProgramsLoseNoTimer();
     void TimerOfANewRecordWaitsForIt();
@@ -402,7 +406,57 @@ void TestCRecordTimers::RestoreOfADamagedValue() {
     QVERIFY(home.profile->WriteBinary(kSection, kEntry, good + "damage"));
     TimerHome next(home.Path());
     QVERIFY(!next.timers->RestoreTimers());
+    QVERIFY(next.timers->AreLost());
     QCOMPARE(next.CountOf(id), QStringLiteral("00:00:00 running"));
+    // With the next change they are stored anew, and nothing of the old ones is thrown away.
+    next.timers->FoldAndStore();
+    QCOMPARE(next.profile->GetBinary(kSection, QStringLiteral("Unreadable")), good + "damage");
+    TimerHome later(home.Path());
+    QVERIFY(later.timers->RestoreTimers());
+    QVERIFY(later.timers->AreLost());
+    QVERIFY(later.timers->PauseAllTimers());
+    QVERIFY(later.timers->AreLost());
+    QVERIFY(later.timers->StartRecordTimer(home.AddTime(2026, 11, 19)));
+    QVERIFY(!later.timers->AreLost());
+}
+
+/// A window says it to a person, who then knows it.
+void TestCRecordTimers::LostTimersAreToldOnce() {
+    TimerHome home;
+    TellLostTimers(*home.timers, home.prompt);
+    const QString id = home.AddTime(2026, 11, 19);
+    QVERIFY(home.timers->StartRecordTimer(id));
+    const QByteArray good = home.profile->GetBinary(kSection, kEntry).value_or(QByteArray());
+    QVERIFY(home.profile->WriteBinary(kSection, kEntry, good + "damage"));
+    TimerHome next(home.Path());
+    QVERIFY(!next.timers->RestoreTimers());
+    next.prompt.ExpectTold(Text::TimersLost);
+    TellLostTimers(*next.timers, next.prompt);
+    TellLostTimers(*next.timers, next.prompt);
+    next.prompt.Finish();
+    TimerHome later(home.Path());
+    QVERIFY(later.timers->RestoreTimers());
+    QVERIFY(!later.timers->AreLost());
+}
+
+/// Values that are damaged while the program runs can't be read, which isn't that they are gone: no timer is
+/// dropped for it, and nothing is written.
+void TestCRecordTimers::DamagedWhileTheProgramRuns() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19);
+    const QString other = home.AddTime(2026, 11, 19);
+    QVERIFY(home.timers->StartRecordTimer(id));
+    CSqliteFile file;
+    QCOMPARE(file.Open(home.Path() + QStringLiteral("/velmarch.settings"), CSettingsTree::kFileKind, false),
+             OpenOutcome::Existed);
+    QVERIFY(file.Execute(
+        "DROP TRIGGER entries_checks_update; UPDATE entries SET value=x'00' WHERE name='Content'"));
+    QCOMPARE(home.timers->StartRecordTimer(other).end, TimerOutcome::End::NotSaved);
+    QCOMPARE(home.CountOf(id), QStringLiteral("00:00:00 running"));
+    // The next program finds what was found here.
+    CSettingsTree next;
+    QVERIFY(next.Open(home.Path() + QStringLiteral("/velmarch.settings")));
+    QCOMPARE(next.DamagedValues(), QStringList{QStringLiteral("ActiveTimers/Content")});
 }
 
 void TestCRecordTimers::FailedSave() {
@@ -471,9 +525,14 @@ void TestCRecordTimers::OrphansGo() {
     QVERIFY(home.timers->StartRecordTimer(gone));
     QVERIFY(home.timers->StartRecordTimer(left));
     QVERIFY(home.document->DeleteRecord(RecordKind::Time, gone, Notify::Yes));  // by another program, say
+    QStringList told;
+    home.timers->OnOrphan(
+        [&](const ActiveTimer& orphan) { told << orphan.recordId + u' ' + TimerCountText(orphan); });
+    home.clock.Advance(10 * kMinute);
     home.timers->FoldAndStore();
+    QCOMPARE(told, QStringList{gone + QStringLiteral(" 00:10:00")});
     QCOMPARE(home.CountOf(gone), QStringLiteral("none"));
-    QCOMPARE(home.CountOf(left), QStringLiteral("00:00:00 running"));
+    QCOMPARE(home.CountOf(left), QStringLiteral("00:10:00 running"));
     QCOMPARE(home.StoredCountOf(gone), QStringLiteral("none"));
 }
 

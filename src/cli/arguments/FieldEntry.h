@@ -21,6 +21,7 @@ struct FieldContext {
     const CRegionalInfo& region;
     const CClock& clock;
     const CTimerService* timers;  ///< null for a record that is new
+    bool areTimersKnown = true;
 };
 
 /// Why fields were refused; the exit code says which kind. Nothing of the record is to be stored then.

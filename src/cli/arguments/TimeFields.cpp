@@ -54,8 +54,9 @@ QString EnterMoney(TimeDraft& draft, const Entered& entered, const FieldContext&
     return FormatText<Text::CliNoNumber>(*entered);
 }
 
-/// Times are driven by the record's timer while it has one.
+/// Times are driven by the record's timer while it has one; it would write its count over them.
 FieldProblem UnlessTimed(const TimeDraft& draft, const Entered&, const FieldContext& context) {
+    if (!context.areTimersKnown) return {ExitCode::Failed, LoadText(Text::CliTimersUnread)};
     if (!context.timers || TimeEntryRules::MayEnterTimes(*context.timers, draft.Record().GetId(), nullptr))
         return {};
     return {ExitCode::Failed, LoadText(Text::TimesDrivenByTimer)};

@@ -9,16 +9,20 @@
 #include "cli/home/CTimerAccess.h"
 #include "cli/home/CWindowLink.h"
 #include "cli/home/RecordContext.h"
+#include "cli/output/COutput.h"
 #include "entry/CEnteredItems.h"
+#include "lang/LoadText.h"
 #include "platform/host/CMessagePump.h"
 #include "platform/host/CWaitBudget.h"
+#include "timers/TimerOutcome.h"
 
 namespace {
 
 /// The home of one command.
 class COpenHome {
  public:
-    explicit COpenHome(Console& console) : m_app({console.clock, console.prompt, m_pump, m_views}) {}
+    explicit COpenHome(Console& console)
+        : m_console(console), m_app({console.clock, console.prompt, m_pump, m_views}) {}
 
     [[nodiscard]] bool OpenSettings(const QString& homeOption) {
         if (!m_app.ResolveHome(homeOption)) return false;
@@ -28,10 +32,17 @@ class COpenHome {
         m_app.Settings().KeepStoreUntouched();
         return true;
     }
-    [[nodiscard]] bool AreSettingsKept() const { return m_areSettingsKept; }
+    /// The same for a command about the settings themselves: the defaults would pass for what the user has
+    /// set, and changes of them for done.
+    [[nodiscard]] bool OpenSettingsAlone(const QString& homeOption) {
+        if (!OpenSettings(homeOption)) return false;
+        if (!m_areSettingsKept) m_console.out.Complain(LoadText(Text::CliSettingsNotOpened));
+        return m_areSettingsKept;
+    }
     [[nodiscard]] CVelmarchApp& App() { return m_app; }
 
  private:
+    Console& m_console;
     CNoPump m_pump;
     CNoViews m_views;
     CVelmarchApp m_app;
@@ -48,14 +59,13 @@ class CRunner {
 
     ExitCode operator()(RunWithSettings run) {
         COpenHome home(m_console);
-        // The defaults would pass for what the user has set.
-        if (!home.OpenSettings(m_request.home) || !home.AreSettingsKept()) return ExitCode::Failed;
+        if (!home.OpenSettingsAlone(m_request.home)) return ExitCode::Failed;
         return run(m_request.arguments, m_console, home.App().Settings());
     }
 
     ExitCode operator()(RunOnSettings run) {
         COpenHome home(m_console);
-        if (!home.OpenSettings(m_request.home) || !home.AreSettingsKept()) return ExitCode::Failed;
+        if (!home.OpenSettingsAlone(m_request.home)) return ExitCode::Failed;
         CWindowLink window(home.App().Home(), m_budget);
         CSettingsOwner owner(home.App().Settings(), window, m_console.clock);
         return run(m_request.arguments, m_console, owner);
@@ -67,6 +77,7 @@ class CRunner {
         CVelmarchApp& app = home.App();
         CWindowLink window(app.Home(), m_budget);
         CTimerAccess timers(m_console.clock, app.Document(), app.Settings(), window);
+        timers.OnOrphan([this](const ActiveTimer& orphan) { TellOrphan(orphan, m_console.prompt); });
         CSettingsOwner owner(app.Settings(), window, m_console.clock);
         CNoProgress progress;
         CEnteredItems entered;

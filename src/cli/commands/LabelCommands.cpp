@@ -11,6 +11,7 @@
 #include "cli/home/RecordContext.h"
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
+#include "config/CCfgStore.h"
 #include "lang/FormatText.h"
 #include "lists/LabelSets.h"
 #include "records/StoreTransaction.h"
@@ -89,7 +90,7 @@ ExitCode Change(const std::function<bool(CLabelEditor&)>& work, Console& console
     CLabelEditor editor(context.catalogue);
     if (!work(editor) || hold.Commit() != CommitEnd::Durable) return ExitCode::Failed;
     if (!context.window.IsThere() && !context.owner.NameColumns(context.catalogue.Labels()))
-        console.out.Note(LoadText(Text::CliSettingsNotSaved));
+        console.out.Note(FormatText<Text::CliLabelsNotInColumns>(context.owner.Stored().Tree().Error()));
     AnnounceLists(console, context);
     return ExitCode::Done;
 }

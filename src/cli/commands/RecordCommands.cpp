@@ -65,8 +65,12 @@ ExitCode EditRecord(RecordKind kind, const CArguments& arguments, Console& conso
     if (!stored) return LookupFailed(context);
     const std::unique_ptr<CVORec> record = stored->Clone();
     Settings noted = context.settings;
-    const EnteredFields fields = EnterFields(
-        *record, arguments, {noted, context.settings.Region(), console.clock, &context.timers.Timers()});
+    const EnteredFields fields = EnterFields(*record, arguments,
+                                             {.settings = noted,
+                                              .region = context.settings.Region(),
+                                              .clock = console.clock,
+                                              .timers = &context.timers.Timers(),
+                                              .areTimersKnown = context.timers.AreKnown()});
     if (fields.problem.exit != ExitCode::Done)
         return Refuse(fields.problem.exit, fields.problem.words, console);
     const QString id = record->GetId();

@@ -127,6 +127,9 @@ ExitCode ListRecords(RecordKind kind, const CArguments& arguments, Console& cons
     for (const QString& note : problem.notes) console.out.Note(note);
 
     context.timers.Look();
+    const bool asksForTimers = kind == RecordKind::Time && arguments.Has("timers");
+    if (asksForTimers && !context.timers.AreKnown())
+        return Refuse(ExitCode::Failed, LoadText(Text::CliTimersNotListed), console);
     CRecordReader reader(context.document, kind, &context.timers.Timers());
     CListedRecords records(reader, order);
     Listing list{kind, console.out, context, records};

@@ -156,9 +156,9 @@ ExitCode MakeWithTimer(const QuickRequest& request, Console& console, RecordCont
     if (changed == CTimerAccess::Changed::WindowOwns) return MakeBesideWindow(request, console, context, id);
     id = made.addedId;
     if (changed == CTimerAccess::Changed::Done) return ExitCode::Done;
-    if (!isBegun) return Refuse(ExitCode::Failed, LoadText(Text::CliTimersNotStored), console);
+    if (!isBegun) return Refuse(ExitCode::Failed, context.timers.WhyNotStored(), console);
     if (id.isEmpty()) return ExitCode::Failed;
-    return TellWithoutTimer(id, LoadText(Text::CliTimersNotStored), console);
+    return TellWithoutTimer(id, context.timers.WhyNotStored(), console);
 }
 
 ExitCode MakeNow(const QuickRequest& request, Console& console, RecordContext& context, QString& id) {

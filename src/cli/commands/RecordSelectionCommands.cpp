@@ -48,10 +48,16 @@ const MarkRow* FindMark(RecordKind kind, const QString& name) {
     return found == std::end(kMarks) ? nullptr : found;
 }
 
-/// A window that owns the timers of these records has to be there for us before anything is deleted.
-bool CanTimersGo(RecordKind kind, const QStringList& ids, RecordContext& context) {
-    if (kind != RecordKind::Time || context.timers.Timed(ids).isEmpty()) return true;
-    return !context.window.IsThere() || context.window.Reach();
+/// A window that owns the timers of these records has to be there for us before anything is deleted. Without
+/// one they have to be known: a timer that stayed behind would have no record.
+ExitCode CheckTimers(RecordKind kind, const QStringList& ids, Console& console, RecordContext& context) {
+    if (kind != RecordKind::Time || context.timers.Timed(ids).isEmpty()) return ExitCode::Done;
+    if (context.window.IsThere())
+        return context.window.Reach()
+                   ? ExitCode::Done
+                   : Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsTimers), console);
+    return context.timers.AreKnown() ? ExitCode::Done
+                                     : Refuse(ExitCode::Failed, LoadText(Text::CliTimersUnread), console);
 }
 
 ExitCode EndOf(const Outcome& outcome) {
@@ -68,8 +74,7 @@ ExitCode DeleteRecords(RecordKind kind, const CArguments& arguments, Console& co
                        RecordContext& context) {
     const auto ids = FindRecords(kind, arguments.Words(), console, context);
     if (!ids) return LookupFailed(context);
-    if (!CanTimersGo(kind, *ids, context))
-        return Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsTimers), console);
+    if (const ExitCode exit = CheckTimers(kind, *ids, console, context); exit != ExitCode::Done) return exit;
     const Outcome outcome = context.changes.Delete(kind, *ids, Ask::BySetting);
     Announce(kind, outcome.ids, console, context);
     PrintCount(console.out, "deleted", Text::CliDeleted, outcome.ids.size());

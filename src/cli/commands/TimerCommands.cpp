@@ -11,6 +11,7 @@
 #include "cli/output/COutput.h"
 #include "lang/FormatText.h"
 #include "records/CTRecord.h"
+#include "timers/TimerTexts.h"
 #include "timers/TrueTime.h"
 
 using namespace Qt::Literals::StringLiterals;
@@ -20,11 +21,6 @@ namespace {
 constexpr OptionRow kStopOptions[] = {{"true-time", "", OptionShape::Flag, Text::CliOptTrueTime}};
 
 using Timers = std::vector<TimerReading>;
-
-QString CountText(qint64 seconds) {
-    return FormatText<Text::TimerCount>(static_cast<int>(seconds / 3600), static_cast<int>(seconds / 60 % 60),
-                                        static_cast<int>(seconds % 60));
-}
 
 /// Hours and minutes, as a record counts.
 QString SpanText(qint64 seconds) {
@@ -53,12 +49,13 @@ void WriteTimersJson(COutput& out, const Timers& timers) {
 void WriteTimerLines(COutput& out, const Timers& timers) {
     if (timers.empty()) out.PutLine(LoadText(Text::CliNoTimers));
     for (const TimerReading& timer : timers) {
-        const QString count = CountText(timer.seconds);
+        const QString count = TimerCountText(timer.seconds);
         out.PutLine(timer.recordId + u"  "_s +
                     (timer.isRunning ? FormatText<Text::CliTimerRuns>(count)
                                      : FormatText<Text::CliTimerPaused>(count)));
         if (const auto difference = DifferenceOf(timer.seconds, timer.trueSeconds))
-            out.PutLine(FormatText<Text::CliTimerDiffers>(CountText(difference->passed), timer.recordId));
+            out.PutLine(
+                FormatText<Text::CliTimerDiffers>(TimerCountText(difference->passed), timer.recordId));
     }
 }
 
@@ -74,14 +71,30 @@ void NoteDifferences(const Timers& stopped, CountBy by, Console& console) {
     }
 }
 
+/// Runs what a command does with the timers, and says before the end that some were lost, as long as that is
+/// news.
+InstanceReply RunOnTimers(const TimerRequest& request, Console& console, RecordContext& context) {
+    context.timers.Read();
+    const bool areLost = context.timers.AreLost();
+    InstanceReply reply = context.timers.Run(request);
+    if (areLost) console.out.Complain(LoadText(Text::CliTimersLost));
+    return reply;
+}
+
 /// All timers that there are afterwards.
 ExitCode RunAndShow(const TimerRequest& request, Console& console, RecordContext& context) {
-    const InstanceReply reply = context.timers.Run(request);
+    const InstanceReply reply = RunOnTimers(request, console, context);
     if (!reply) return ExitOf(reply, console);
     const Timers timers = TimersIn(reply);
     console.out.isJson ? WriteTimersJson(console.out, timers) : WriteTimerLines(console.out, timers);
     NoteDifferences(StoppedIn(reply), CountBy::Clock, console);
     return ExitCode::Done;
+}
+
+/// All timers that are left are stopped or paused then; those that were lost aren't.
+ExitCode RunOnAll(TimerAction action, Console& console, RecordContext& context) {
+    const ExitCode exit = RunAndShow({action}, console, context);
+    return exit == ExitCode::Done && context.timers.AreLost() ? ExitCode::Failed : exit;
 }
 
 ExitCode RunOnRecord(TimerAction action, const CArguments& arguments, Console& console,
@@ -112,7 +125,7 @@ ExitCode StopTimer(const CArguments& arguments, Console& console, RecordContext&
     const QString id = record->GetId();
     const bool isTrueTime = arguments.Has("true-time");
     const InstanceReply reply =
-        context.timers.Run({.action = TimerAction::Stop, .id = id, .isTrueTime = isTrueTime});
+        RunOnTimers({.action = TimerAction::Stop, .id = id, .isTrueTime = isTrueTime}, console, context);
     if (!reply) return ExitOf(reply, console);
     context.timers.Read();
     const ChangedBy by = context.window.IsThere() ? ChangedBy::Window : ChangedBy::ThisProgram;
@@ -122,11 +135,11 @@ ExitCode StopTimer(const CArguments& arguments, Console& console, RecordContext&
 }
 
 ExitCode StopAllTimers(const CArguments&, Console& console, RecordContext& context) {
-    return RunAndShow({TimerAction::StopAll}, console, context);
+    return RunOnAll(TimerAction::StopAll, console, context);
 }
 
 ExitCode PauseAllTimers(const CArguments&, Console& console, RecordContext& context) {
-    return RunAndShow({TimerAction::PauseAll}, console, context);
+    return RunOnAll(TimerAction::PauseAll, console, context);
 }
 
 ExitCode DropTimer(const CArguments& arguments, Console& console, RecordContext& context) {

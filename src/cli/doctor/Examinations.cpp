@@ -93,6 +93,8 @@ Finding ExamineRecords(const char* name, ReadOnlyHome& reader) {
 Finding ExamineTimers(const char* name, ReadOnlyHome& reader) {
     if (!reader.recordTimers.RestoreTimers())
         return {name, Bad, LoadText(Text::CliTimersUnreadable), LoadText(Text::CliAdviseTimers)};
+    if (reader.recordTimers.AreLost())
+        return {name, Bad, LoadText(Text::TimersLost), LoadText(Text::CliAdviseTimers)};
     CFaults orphans;
     for (int i = 0; i < reader.timers.Count(); ++i)
         if (!reader.document.FindTime(reader.timers.IdAt(i))) orphans.Add(reader.timers.IdAt(i));

@@ -1,9 +1,10 @@
 #include "cli/home/CTimerAccess.h"
 
 #include "app/CVelmarchDoc.h"
+#include "app/HomeFiles.h"
 #include "cli/home/CWindowLink.h"
 #include "config/CCfgStore.h"
-#include "lang/LoadText.h"
+#include "lang/FormatText.h"
 #include "timers/TimerCommand.h"
 
 namespace {
@@ -15,6 +16,8 @@ ActiveTimer FromReading(const TimerReading& shown) {
     timer.minutes = static_cast<std::uint16_t>(shown.seconds / 60 % 60);
     timer.seconds = static_cast<std::uint16_t>(shown.seconds % 60);
     timer.state = shown.isRunning ? TimerState::Running : TimerState::Paused;
+    timer.trueCount.isKnown = shown.trueSeconds.has_value();
+    timer.trueCount.milliseconds = shown.trueSeconds.value_or(0) * 1000;
     return timer;
 }
 
@@ -30,19 +33,24 @@ CTimerAccess::CTimerAccess(const CClock& clock, CVelmarchDoc& document, CCfgStor
 
 void CTimerAccess::Read() {
     m_set.Clear();
-    m_timers.RestoreTimers();
+    CSettingsTree& tree = m_settings.Tree();
+    static_cast<void>(tree.TakeReadFailure());
+    m_timers.RestoreTimers();  // that it read a part of them only is seen by AreLost
+    const bool areThereYet = tree.File().IsReadOnly() && HasTimers(tree.DamagedValues());
+    m_areKnown =
+        tree.IsFromFile() && !tree.TakeReadFailure() && !m_settings.Profile().IsDamaged() && !areThereYet;
 }
 
 void CTimerAccess::Look() {
     Read();
-    if (!m_set.AnyActive() && m_timers.IsSettled()) return;
+    if (m_areKnown && !m_set.AnyActive() && m_timers.IsSettled()) return;
     if (m_window.IsThere()) {
         const auto reply = m_window.AskShortly(TimerRequest{TimerAction::Status}.ToMessage());
         if (reply && *reply) return TakeOver(*reply);
         m_set.FoldAll();  // shown only: what is stored belongs to the window
         return;
     }
-    if (!m_set.AnyRunning() && m_timers.IsSettled()) return;
+    if (!m_areKnown || (!m_set.AnyRunning() && m_timers.IsSettled())) return;
     const auto fold = [this] {
         m_timers.FoldAndStore();
         return true;
@@ -55,13 +63,15 @@ void CTimerAccess::Look() {
 void CTimerAccess::TakeOver(const InstanceReply& reply) {
     m_set.Clear();
     for (const TimerReading& shown : TimersIn(reply)) m_set.Put(FromReading(shown));
+    m_areKnown = true;
 }
 
 std::optional<TimerShown> CTimerAccess::Shown(const QString& recordId) const {
-    int hours = 0, minutes = 0, seconds = 0;
-    if (!m_set.GetElapsed(recordId, hours, minutes, seconds)) return std::nullopt;
-    return TimerShown{m_set.StateOf(recordId) == TimerState::Running,
-                      (qint64{hours} * 60 + minutes) * 60 + seconds};
+    const ActiveTimer* timer = m_set.Find(recordId);
+    if (!timer) return std::nullopt;
+    return TimerShown{.isRunning = timer->state == TimerState::Running,
+                      .seconds = timer->Seconds(),
+                      .trueSeconds = timer->trueCount.Seconds()};
 }
 
 CTimerAccess::Changed CTimerAccess::ChangeHere(const std::function<bool()>& work, Writes writes) {
@@ -93,19 +103,22 @@ CTimerAccess::Writes CTimerAccess::WhatIsWritten(TimerAction action) const {
     return isStop ? Writes::RecordsToo : Writes::Timers;
 }
 
+QString CTimerAccess::WhyNotStored() const {
+    return FormatText<Text::CliTimersNotStoredWhy>(m_settings.Tree().Error());
+}
+
+/// Where settings can't be written the timers can still be shown.
 InstanceReply CTimerAccess::RunHere(const TimerRequest& request, Changed& changed) {
-    // What is said if the settings can't even be held for a change.
-    InstanceReply reply = InstanceReply::Refused(ReplyReason::Failed, LoadText(Text::CliTimersNotStored));
+    std::optional<InstanceReply> reply;
     changed = ChangeHere(
         [&] {
             reply = RunTimerRequest(request, m_timers, m_document);
-            return bool(reply);
+            return bool(*reply);
         },
         WhatIsWritten(request.action));
-    // Where settings can't be written the timers can still be shown.
-    if (changed == Changed::Failed && reply && request.action != TimerAction::Status)
-        return InstanceReply::Refused(ReplyReason::Failed, LoadText(Text::CliTimersNotStored));
-    return reply;
+    const bool isShown = request.action == TimerAction::Status;
+    if (reply && (!*reply || changed != Changed::Failed || isShown)) return *reply;
+    return InstanceReply::Refused(ReplyReason::Failed, WhyNotStored());
 }
 
 InstanceReply CTimerAccess::Run(const TimerRequest& request) {
@@ -121,9 +134,10 @@ InstanceReply CTimerAccess::Run(const TimerRequest& request) {
     return InstanceReply::Refused(ReplyReason::WindowOwns, LoadText(Text::CliWindowOwnsTimers));
 }
 
+/// Of timers that can't be read any record may have one.
 QStringList CTimerAccess::Timed(const QStringList& ids) {
     Read();
-    return COwnTimers(m_timers).Timed(ids);
+    return m_areKnown ? COwnTimers(m_timers).Timed(ids) : ids;
 }
 
 /// A reply that says it was done is believed. One that came too late, or found the timer gone already, is

@@ -23,6 +23,12 @@ class CTimerAccess final : public CTimersOfRecords {
 
     /// Reads the timers as they are stored.
     void Read();
+    /// Whether they could be read, or the window has told them. Where not, any record may have one.
+    [[nodiscard]] bool AreKnown() const { return m_areKnown; }
+    /// Some were lost with damaged settings, and none was started since.
+    [[nodiscard]] bool AreLost() const { return m_timers.AreLost(); }
+    /// Who hears of timers that are taken away without a record.
+    void OnOrphan(CRecordTimers::Tell tell) { m_timers.OnOrphan(std::move(tell)); }
     /// Reads them and brings the counts up to now: folds and stores the fold, or lets the window do it.
     void Look();
 
@@ -32,6 +38,9 @@ class CTimerAccess final : public CTimersOfRecords {
     /// Carries out a timer command where the timers are owned, as RunTimerRequest does; the window owns them
     /// when it can't be told.
     [[nodiscard]] InstanceReply Run(const TimerRequest& request);
+
+    /// That timers could not be stored, and why.
+    [[nodiscard]] QString WhyNotStored() const;
 
     enum class Changed { Done, Failed, WindowOwns };
     /// What work on timers writes. A stop writes into its record, and what it notes of that in the settings
@@ -57,4 +66,5 @@ class CTimerAccess final : public CTimersOfRecords {
     CWindowLink& m_window;
     ActiveTimerSet m_set;
     CRecordTimers m_timers;
+    bool m_areKnown = false;
 };

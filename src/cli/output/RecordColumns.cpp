@@ -4,6 +4,8 @@
 #include "cli/output/FieldOutput.h"
 #include "fields/FieldTable.h"
 #include "lang/FormatText.h"
+#include "timers/TimerTexts.h"
+#include "timers/TrueTime.h"
 
 #include <algorithm>
 #include <vector>
@@ -36,9 +38,12 @@ void WriteTimer(CJsonText& json, const std::optional<TimerShown>& timer) {
 
 QString TimerWords(const std::optional<TimerShown>& timer) {
     if (!timer) return {};
-    const int seconds = static_cast<int>(timer->seconds);
-    const QString count = FormatText<Text::TimerCount>(seconds / 3600, seconds / 60 % 60, seconds % 60);
-    return timer->isRunning ? FormatText<Text::CliTimerRuns>(count) : FormatText<Text::CliTimerPaused>(count);
+    const QString count = TimerCountText(timer->seconds);
+    QString words =
+        timer->isRunning ? FormatText<Text::CliTimerRuns>(count) : FormatText<Text::CliTimerPaused>(count);
+    const auto difference = DifferenceOf(timer->seconds, timer->trueSeconds);
+    if (!difference) return words;
+    return FormatText<Text::CliTimerWithTrueTime>(words, TimerCountText(difference->passed));
 }
 
 int CompareDates(const CVORec& a, const CVORec& b) {

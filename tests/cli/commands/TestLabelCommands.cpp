@@ -1,4 +1,5 @@
 #include "cli/home/ConsoleHome.h"
+#include "platform/settings/CSettingsTree.h"
 
 #include "support/TestProgram.h"
 
@@ -25,6 +26,7 @@ class TestLabelCommands : public QObject {
     void Refused_data();
     void Refused();
     void NamesAreNoItems();
+    void WithoutTheColumns();
 
  private:
     [[nodiscard]] Reply Labels(const QStringList& words) const {
@@ -170,6 +172,22 @@ void TestLabelCommands::NamesAreNoItems() {
     QCOMPARE(Labels({u"set"_s, u"109"_s, u"Own"_s}).exit, 0);
     QCOMPARE(m_home->Run({u"items"_s, u"list"_s, u"109"_s}).exit, 4);
     QCOMPARE(m_home->RunJson({u"items"_s, u"list"_s, u"16"_s}).Array().size(), 0);
+}
+
+/// What is done is said to be done.
+void TestLabelCommands::WithoutTheColumns() {
+    m_home->Add({});
+    CSqliteFile settings;
+    QCOMPARE(settings.Open(m_home->File(u"velmarch.settings"_s), CSettingsTree::kFileKind, false),
+             OpenOutcome::Existed);
+    for (const char* change : {"INSERT", "UPDATE"})
+        QVERIFY(settings.Execute(QByteArray("CREATE TRIGGER no_") + change + " BEFORE " + change +
+                                 " ON entries BEGIN SELECT RAISE(FAIL, 'refused'); END"));
+    const Reply reply = Labels({u"set"_s, u"109"_s, u"Site"_s});
+    QCOMPARE(reply.exit, 0);
+    QVERIFY2(reply.err.contains("The names are stored"), reply.err.constData());
+    QVERIFY2(!reply.err.contains("nothing was changed"), reply.err.constData());
+    QCOMPARE(Name(109), u"Site"_s);
 }
 
 TEST_CLASS(TestLabelCommands);

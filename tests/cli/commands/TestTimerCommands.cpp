@@ -3,6 +3,8 @@
 #include "platform/settings/CSettingsTree.h"
 #include "support/TestProgram.h"
 
+#include <sqlite3.h>
+
 #include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -26,6 +28,7 @@ class TestTimerCommands : public QObject {
     void AStopByTheClockOffersTheTrueTime();
     void AStopByTrueTime();
     void StopAllTellsWhichDiffer();
+    void ATimerWithoutARecordIsNamed();
     void ATrueTimeThatIsNotKnown();
 
  private:
@@ -179,6 +182,22 @@ void TestTimerCommands::StopAllTellsWhichDiffer() {
     const Reply reply = InTheEast(u"timer stop-all"_s);
     QCOMPARE(reply.exit, 0);
     QVERIFY2(reply.err.contains("time edit " + id.toLatin1()), reply.err.constData());
+}
+
+/// Its record is gone, or a bit of its identity is another one: the count stands nowhere else.
+void TestTimerCommands::ATimerWithoutARecordIsNamed() {
+    const QString id = m_home->Add({});
+    Timer({u"start"_s, id});
+    sqlite3* store = nullptr;
+    QCOMPARE(sqlite3_open(m_home->File(u"velmarch.store"_s).toUtf8().constData(), &store), SQLITE_OK);
+    QCOMPARE(sqlite3_exec(store, "DELETE FROM time_velmarch", nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(store);
+    const Reply reply = Timer({u"status"_s});
+    QCOMPARE(reply.exit, 0);
+    QCOMPARE(reply.Array().size(), 0);
+    QVERIFY2(reply.err.contains(id.toLatin1()), reply.err.constData());
+    QVERIFY2(reply.err.contains("had counted 00:00:0"), reply.err.constData());
+    QCOMPARE(Timer({u"status"_s}).err, QByteArray());
 }
 
 void TestTimerCommands::ATrueTimeThatIsNotKnown() {

@@ -216,8 +216,12 @@ void TestBesideWindow::TimersOfTheWindowAreShown() {
     const QString id = m_home->Add({});
     m_home->Run({u"timer"_s, u"start"_s, id});
     Listen(m_home->Path());
-    m_answer[u"timers"_s] =
-        QJsonArray{QJsonObject{{u"id"_s, id}, {u"state"_s, u"paused"_s}, {u"seconds"_s, 360000}}};
+    m_answer[u"timers"_s] = QJsonArray{QJsonObject{
+        {u"id"_s, id}, {u"state"_s, u"paused"_s}, {u"seconds"_s, 360000}, {u"trueSeconds"_s, 3600}}};
+    for (const QStringList& words : {QStringList{u"list"_s}, QStringList{u"show"_s, id}}) {
+        const Reply text = m_home->Run(QStringList{u"time"_s} + words);
+        QVERIFY2(text.out.contains("100:00:00 paused, true time 01:00:00"), text.out.constData());
+    }
     QCOMPARE(m_home->Show(id)[u"timer"].toObject(), FromText(u"{'state': 'paused', 'seconds': 360000}"_s));
 }
 

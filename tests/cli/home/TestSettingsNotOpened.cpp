@@ -17,6 +17,8 @@ class TestSettingsNotOpened : public QObject {
     void RefusedInWords_data();
     void RefusedInWords();
     void RecordsAreStored();
+    void CommandsOfTheSettingsSayThatTheyFailed_data();
+    void CommandsOfTheSettingsSayThatTheyFailed();
 
  private:
     void SetVersion(int version) const {
@@ -40,7 +42,10 @@ void TestSettingsNotOpened::init() {
 void TestSettingsNotOpened::RefusedInWords_data() {
     QTest::addColumn<QString>("command");
     for (const char* command : {"timer start %1", "timer stop %1", "timer pause %1", "timer stop-all",
-                                "timer pause-all", "timer status", "time new --timer", "defaults save Usual"})
+                                "timer pause-all", "timer status", "time new --timer", "defaults save Usual",
+                                // A timer that nobody sees would write its count over these.
+                                "time edit %1 --duration 2:00", "time edit %1 --clear end",
+                                "--yes time delete %1", "time list --timers yes"})
         QTest::newRow(command) << QString::fromLatin1(command);
 }
 
@@ -50,6 +55,7 @@ void TestSettingsNotOpened::RefusedInWords() {
     const Reply reply = m_home->Run(words);
     QCOMPARE(reply.exit, 1);
     QVERIFY2(reply.err.contains("newer version"), reply.err.constData());
+    QVERIFY2(!reply.err.contains("key of the settings"), reply.err.constData());  // no reason for anybody
     QCOMPARE(reply.out, QByteArray());
     QCOMPARE(m_home->RunJson({u"time"_s, u"list"_s}).Object()[u"count"].toInt(), 1);
     SetVersion(1);
@@ -60,6 +66,25 @@ void TestSettingsNotOpened::RefusedInWords() {
 void TestSettingsNotOpened::RecordsAreStored() {
     QCOMPARE(m_home->Run({u"time"_s, u"add"_s, u"--item1"_s, u"Acme"_s}).exit, 0);
     QCOMPARE(m_home->RunJson({u"time"_s, u"list"_s}).Object()[u"count"].toInt(), 2);
+    QCOMPARE(m_home->Run({u"time"_s, u"edit"_s, m_id, u"--item1"_s, u"Acme"_s}).exit, 0);
+    QCOMPARE(m_home->Run({u"expense"_s, u"delete"_s, m_home->AddExpense({})}).exit, 1);  // unconfirmed
+    QCOMPARE(m_home->Run({u"--yes"_s, u"expense"_s, u"delete"_s, m_home->AddExpense({})}).exit, 0);
+}
+
+void TestSettingsNotOpened::CommandsOfTheSettingsSayThatTheyFailed_data() {
+    QTest::addColumn<QString>("command");
+    for (const char* command : {"settings set confirmCopy 0", "settings reset", "columns reset time",
+                                "defaults rename Usual Other", "settings list"})
+        QTest::newRow(command) << QString::fromLatin1(command);
+}
+
+/// That the program goes on with the defaults, as the first sentence says, is true of the window.
+void TestSettingsNotOpened::CommandsOfTheSettingsSayThatTheyFailed() {
+    QFETCH(QString, command);
+    const Reply reply = m_home->Run(Words(command));
+    QCOMPARE(reply.exit, 1);
+    QVERIFY2(reply.err.contains("was not carried out"), reply.err.constData());
+    QCOMPARE(reply.out, QByteArray());
 }
 
 TEST_CLASS(TestSettingsNotOpened);
