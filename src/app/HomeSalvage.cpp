@@ -94,10 +94,25 @@ bool AreSound(const QString& path) {
     return damaged && damaged->empty();
 }
 
-/// The new home has a store, and no damage is known of it.
-bool NoteStore(CSettingsTree& tree) {
+/// The new home has a store, and no damage is known of it; that timers are lost stays known.
+bool NoteStore(CSettingsTree& tree, const SalvagedHome& saved) {
     CProfile profile(tree, LoadText(Text::ProfileKeyName));
-    return profile.Change([&] { return NoteStoreKnown(profile, true) && NoteStoreDamaged(profile, false); });
+    return profile.Change([&] {
+        return NoteStoreKnown(profile, true) && NoteStoreDamaged(profile, false) &&
+               (!HasTimers(saved.values.lostNames) || NoteTimersLost(profile, true));
+    });
+}
+
+/// What is lost now, and what was put aside before.
+QStringList NotSaved(const QString& home, CSettingsTree& tree, const SalvagedHome& saved) {
+    QStringList names = saved.values.lostNames;
+    names += NamesOf(tree.File(), EntriesAside(tree.File()));
+    names.removeDuplicates();
+    const QFileInfo settings(SettingsPath(home));
+    const QStringList aside{settings.fileName() + u".unreadable-*"_s};
+    for (const QString& file : settings.dir().entryList(aside, QDir::Files))
+        if (!file.endsWith(u"-journal")) names += file;
+    return names;
 }
 
 QString SalvageValues(const QString& home, SalvagedHome& out) {
@@ -116,7 +131,8 @@ QString SalvageValues(const QString& home, SalvagedHome& out) {
     } else if (!tree.Open(path)) {
         return tree.Error();
     }
-    return NoteStore(tree) ? QString() : tree.Error();
+    out.notSaved = NotSaved(home, tree, out);
+    return NoteStore(tree, out) ? QString() : tree.Error();
 }
 
 int SavedOf(const SalvagedHome& saved, RecordKind kind) {
@@ -169,6 +185,7 @@ QStringList SalvageLines(const SalvagedHome& saved) {
             lines += FormatText<Text::SalvageSettingsPartly>(saved.values.saved, saved.values.lost);
             break;
     }
+    if (!saved.notSaved.isEmpty()) lines += FormatText<Text::SalvagePutAside>(saved.notSaved.join(u", "_s));
     return lines;
 }
 

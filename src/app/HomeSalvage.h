@@ -15,6 +15,8 @@ struct SalvagedHome {
     SalvagedRecords records;
     Settings settings = Settings::None;
     SalvagedSettings values;  ///< of settings that could be saved in part only
+    QStringList
+        notSaved;  ///< damaged values of the settings by name, and whole files of them that were put aside
 };
 
 /// Writes everything that can be read of the records and settings of a home into a new one: a folder that

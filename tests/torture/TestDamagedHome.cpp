@@ -30,6 +30,26 @@ class TestDamagedHome : public QObject {
         Flip(u"velmarch.store"_s, "time_velmarch",
              "UPDATE time_velmarch SET start_hour=11 WHERE identity='" + m_ids[1].toLatin1() + '\'');
     }
+    void FlipTheTimers() const {
+        Flip(u"velmarch.settings"_s, "entries",
+             "UPDATE entries SET value=CAST(substr(value, 1, 40) || x'77' || substr(value, 42) AS BLOB) "
+             "WHERE name='Content'");
+    }
+    /// Nothing is said to be stopped or paused that is lost, and it is no secret.
+    void TimersAreLostUntilOneIsStarted() const {
+        for (const QString& command : {u"stop-all"_s, u"pause-all"_s, u"stop-all"_s}) {
+            const Reply reply = m_home->Run({u"timer"_s, command});
+            QCOMPARE(reply.exit, 1);
+            QVERIFY2(reply.err.contains("are lost"), reply.err.constData());
+        }
+        QVERIFY(m_home->Run({u"timer"_s, u"status"_s}).err.contains("are lost"));
+        QCOMPARE(m_home->RunJson({u"doctor"_s}).exit, 1);
+        QVERIFY(m_home->Run({u"timer"_s, u"start"_s, m_ids[1]}).err.contains("are lost"));
+        QCOMPARE(m_home->RunJson({u"doctor"_s}).exit, 0);
+        const Reply stopped = m_home->Run({u"timer"_s, u"stop-all"_s});
+        QCOMPARE(stopped.exit, 0);
+        QCOMPARE(stopped.err, QByteArray());
+    }
     void DestroyPage(qint64 page) const {
         QFile file(m_home->File(u"velmarch.store"_s));
         QVERIFY(file.open(QFile::ReadWrite) && file.seek(page * 4096));
@@ -107,15 +127,36 @@ class TestDamagedHome : public QObject {
 
     void TheTimersAreNotUsedWhenTheyAreDamaged() {
         QCOMPARE(m_home->Run({u"timer"_s, u"start"_s, m_ids[0]}).exit, 0);
-        Flip(u"velmarch.settings"_s, "entries",
-             "UPDATE entries SET value=CAST(substr(value, 1, 40) || x'77' || substr(value, 42) AS BLOB) "
-             "WHERE name='Content'");
+        FlipTheTimers();
         QCOMPARE(m_home->RunJson({u"doctor"_s}).exit, 1);
         const Reply status = m_home->RunJson({u"timer"_s, u"status"_s});
         QVERIFY2(status.err.contains("ActiveTimers/Content"), status.err.constData());
         QVERIFY2(!status.out.contains(m_ids[0].toUtf8()), status.out.constData());
-        // Told once, and put aside: the next command goes on.
-        QVERIFY(m_home->Run({u"timer"_s, u"status"_s}).err.isEmpty());
+        TimersAreLostUntilOneIsStarted();
+        const QJsonObject saved = m_home->RunJson({u"doctor"_s, u"--salvage"_s, NewFolder()}).Object();
+        QCOMPARE(saved[u"notSaved"].toArray(), QJsonArray{u"ActiveTimers/Content"_s});
+    }
+
+    /// All of the settings were put aside, and the timers with them.
+    void TheTimersOfSettingsThatWerePutAside() {
+        QCOMPARE(m_home->Run({u"timer"_s, u"start"_s, m_ids[0]}).exit, 0);
+        QFile file(m_home->File(u"velmarch.settings"_s));
+        QVERIFY(file.open(QFile::WriteOnly) && file.write(QByteArray(20000, 'x')) == 20000);
+        file.close();
+        QVERIFY(m_home->Run({u"timer"_s, u"status"_s}).err.contains("put aside"));
+        TimersAreLostUntilOneIsStarted();
+        const Reply saved = m_home->Run({u"doctor"_s, u"--salvage"_s, NewFolder()});
+        QVERIFY2(saved.out.contains("velmarch.settings.unreadable-"), saved.out.constData());
+    }
+
+    /// The timers are damaged when they are to be saved.
+    void SalvageNamesDamagedTimers() {
+        QCOMPARE(m_home->Run({u"timer"_s, u"start"_s, m_ids[0]}).exit, 0);
+        FlipTheTimers();
+        const QJsonObject saved = m_home->RunJson({u"doctor"_s, u"--salvage"_s, NewFolder()}).Object();
+        QCOMPARE(saved[u"settings"].toString(), u"partly"_s);
+        QCOMPARE(saved[u"notSaved"].toArray(), QJsonArray{u"ActiveTimers/Content"_s});
+        QCOMPARE(ConsoleHome::RunBare({u"--home"_s, NewFolder(), u"timer"_s, u"stop-all"_s}).exit, 1);
     }
 
     void SalvageWritesANewHome() {
