@@ -7,6 +7,7 @@
 #include "lang/FormatText.h"
 #include "platform/settings/SettingsChecks.h"
 #include "platform/sqlite/CSqliteFile.h"
+#include "platform/sqlite/SqliteErrors.h"
 
 #include <QFileInfo>
 
@@ -25,6 +26,11 @@ Finding NoAccess(const char* name, const QString& path) {
 
 Finding ReadOnly(const char* name, const QString& path) {
     return {name, Bad, FormatText<Text::CliReadOnly>(path), LoadText(Text::CliAdviseReadOnly)};
+}
+
+/// What can be done about a file in which something is wrong; where it is merely in use, nothing is.
+QString AdviceOn(const CSqliteFile& file, Text advice) {
+    return LoadText(OutcomeOf(file.ErrorCode()) == OpenOutcome::Locked ? Text::CliAdviseInUse : advice);
 }
 
 }  // namespace
@@ -72,13 +78,13 @@ bool CDoctor::ExamineSettings(const QString& path) {
     const bool isOpen = outcome == OpenOutcome::Existed || outcome == OpenOutcome::ReadOnly;
     const QString wrong = isOpen ? file.IntegrityReport() : file.Error();
     if (!wrong.isEmpty() || !isOpen)
-        return note({"settings", Bad, wrong, LoadText(Text::CliAdviseSettings)}, false);
+        return note({"settings", Bad, wrong, AdviceOn(file, Text::CliAdviseSettings)}, false);
     const auto damaged = DamagedEntries(file);
     if (!damaged || !damaged->empty())
         return note(
             {"settings", Bad,
              damaged ? FormatText<Text::CliDamagedValues>(NamesOf(file, *damaged).join(u", ")) : file.Error(),
-             LoadText(Text::CliAdviseValues)},
+             AdviceOn(file, Text::CliAdviseValues)},
             false);
     return note(file.IsReadOnly() ? ReadOnly("settings", path) : Finding{"settings", Good, path}, true);
 }
@@ -102,7 +108,8 @@ CDoctor::Store CDoctor::ExamineStore(ReadOnlyHome& reader) {
     const QString wrong = isOpen ? reader.manager.File().IntegrityReport() : reader.manager.m_error;
     if (isOpen && !wrong.isEmpty() && reader.manager.File().ErrorCode() == 0) NoteDamage(reader);
     if (!wrong.isEmpty() || !isOpen)
-        return note(Store::Unreadable, {"store", Bad, wrong, LoadText(Text::CliAdviseStore)});
+        return note(Store::Unreadable,
+                    {"store", Bad, wrong, AdviceOn(reader.manager.File(), Text::CliAdviseStore)});
     if (source == eActionDisposition::Created)
         return note(Store::Unreadable,
                     {"store", Bad, LoadText(Text::CliTablesMissing), LoadText(Text::CliAdviseTables)});
