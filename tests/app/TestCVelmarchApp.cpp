@@ -2,11 +2,8 @@
 
 #include "lang/LoadText.h"
 #include "platform/host/CInstallLocation.h"
-#include "platform/host/CMessagePump.h"
 #include "records/RecordFactory.h"
-#include "support/CScriptedPrompt.h"
-#include "support/CTestClock.h"
-#include "support/TestHome.h"
+#include "support/AppStart.h"
 #include "support/TestProgram.h"
 
 #include <QDir>
@@ -20,20 +17,7 @@ Q_DECLARE_METATYPE(std::optional<Verb>)
 
 namespace {
 
-/// An application and what it needs from outside.
-struct Start {
-    CTestClock clock;
-    CScriptedPrompt prompt;
-    CNoPump pump;
-    TestHome::Views views;
-    RecordModeScope mode{RecordMode::Time};
-    CVelmarchApp app{{clock, prompt, pump, views}};
-
-    /// All steps up to the load step.
-    [[nodiscard]] bool OpenAll(const QString& home) {
-        return app.ResolveHome(home) && app.OpenSettings() && app.OpenStore();
-    }
-};
+using Start = AppStart;
 
 bool WriteFile(const QString& path, const QByteArray& content) {
     QFile file(path);

@@ -1,13 +1,9 @@
 #include "viewmodel/program/CDamagedStore.h"
 
-#include "app/CVelmarchApp.h"
 #include "app/HomeFiles.h"
 #include "lang/LoadText.h"
-#include "platform/host/CMessagePump.h"
 #include "records/RecordFactory.h"
-#include "support/CScriptedPrompt.h"
-#include "support/CTestClock.h"
-#include "support/TestHome.h"
+#include "support/AppStart.h"
 #include "support/TestProgram.h"
 
 #include <QDir>
@@ -22,17 +18,7 @@ namespace {
 constexpr int kRecords = 300;
 
 /// A start of the window up to its store.
-struct Start {
-    CTestClock clock;
-    CScriptedPrompt prompt;
-    CNoPump pump;
-    TestHome::Views views;
-    RecordModeScope mode{RecordMode::Time};
-    CVelmarchApp app{{clock, prompt, pump, views}};
-
-    [[nodiscard]] bool Open(const QString& home) {
-        return app.ResolveHome(home) && app.OpenSettings() && app.OpenStore();
-    }
+struct Start : AppStart {
     [[nodiscard]] bool Resolve(bool isOpen) { return CDamagedStore({app, prompt, clock}).Resolve(isOpen); }
     [[nodiscard]] bool AddRecord() {
         CTRecord record;
@@ -74,7 +60,7 @@ class TestCDamagedStore : public QObject {
     void init() {
         m_folder = std::make_unique<QTemporaryDir>();
         Start start;
-        QVERIFY(start.Open(Home()));
+        QVERIFY(start.OpenAll(Home()));
         for (int i = 0; i < kRecords; ++i) {
             CTRecord record;
             record.GenUnique();
@@ -86,7 +72,7 @@ class TestCDamagedStore : public QObject {
 
     void ASoundStoreAsksNothing() {
         Start start;
-        QVERIFY(start.Open(Home()));
+        QVERIFY(start.OpenAll(Home()));
         QVERIFY(start.Resolve(true));
         QVERIFY(!start.Resolve(false));
         start.prompt.Finish();
@@ -96,7 +82,7 @@ class TestCDamagedStore : public QObject {
         DamageHeader();
         Start start;
         start.prompt.ExpectTold(Text::StoreCantOpen);
-        QVERIFY(!start.Open(Home()));
+        QVERIFY(!start.OpenAll(Home()));
         start.prompt.Expect(Text::AskSalvage, Answer::Yes);
         start.prompt.Expect(Text::AskUseSalvaged, Answer::Yes);
         QVERIFY(start.Resolve(false));
@@ -111,7 +97,7 @@ class TestCDamagedStore : public QObject {
         DamageHeader();
         Start start;
         start.prompt.ExpectTold(Text::StoreCantOpen);
-        QVERIFY(!start.Open(Home()));
+        QVERIFY(!start.OpenAll(Home()));
         start.prompt.Expect(Text::AskSalvage, Answer::Yes);
         start.prompt.Expect(Text::AskUseSalvaged, Answer::No);
         QVERIFY(!start.Resolve(false));
@@ -124,7 +110,7 @@ class TestCDamagedStore : public QObject {
         DamageHeader();
         Start start;
         start.prompt.ExpectTold(Text::StoreCantOpen);
-        QVERIFY(!start.Open(Home()));
+        QVERIFY(!start.OpenAll(Home()));
         start.prompt.Expect(Text::AskSalvage, Answer::No);
         start.prompt.Expect(Text::AskPutStoreAside, Answer::Yes);
         QVERIFY(start.Resolve(false));
@@ -138,7 +124,7 @@ class TestCDamagedStore : public QObject {
         DamageHeader();
         Start start;
         start.prompt.ExpectTold(Text::StoreCantOpen);
-        QVERIFY(!start.Open(Home()));
+        QVERIFY(!start.OpenAll(Home()));
         start.prompt.Expect(Text::AskSalvage, Answer::No);
         start.prompt.Expect(Text::AskPutStoreAside, Answer::No);
         QVERIFY(!start.Resolve(false));
@@ -151,7 +137,7 @@ class TestCDamagedStore : public QObject {
     void DamageThatIsKnownIsAskedAbout() {
         {
             Start start;
-            QVERIFY(start.Open(Home()));
+            QVERIFY(start.OpenAll(Home()));
             start.app.NoteStoreDamage();
             start.prompt.ExpectTold(Text::InsertFailed);
             QVERIFY(!start.AddRecord());
@@ -159,7 +145,7 @@ class TestCDamagedStore : public QObject {
         }
         Overwrite(StorePath(Home()), 4096, 4096);
         Start start;
-        QVERIFY(start.Open(Home()));
+        QVERIFY(start.OpenAll(Home()));
         start.prompt.Expect(Text::AskSalvage, Answer::No);
         start.prompt.Expect(Text::AskPutStoreAside, Answer::No);
         start.prompt.ExpectTold(Text::DamagedStoreStays);
@@ -173,11 +159,11 @@ class TestCDamagedStore : public QObject {
     void AStoreThatIsSoundAgainIsUsed() {
         {
             Start start;
-            QVERIFY(start.Open(Home()));
+            QVERIFY(start.OpenAll(Home()));
             start.app.NoteStoreDamage();
         }
         Start start;
-        QVERIFY(start.Open(Home()));
+        QVERIFY(start.OpenAll(Home()));
         QVERIFY(start.Resolve(true));
         QVERIFY(start.AddRecord());
         QVERIFY(!IsStoreDamaged(start.app.Profile()));
