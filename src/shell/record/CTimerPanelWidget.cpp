@@ -65,6 +65,9 @@ CTimerPanelWidget::CTimerPanelWidget(TimeDraft& draft, const RecordDialogContext
         m_panel.PanelTick();
         ShowState();
     });
+    m_watch.setObjectName(QStringLiteral("timerWatch"));
+    m_watch.setInterval(kTickMilliseconds);
+    connect(&m_watch, &QTimer::timeout, this, &CTimerPanelWidget::FollowOthers);
 }
 
 void CTimerPanelWidget::BuildLabels(QHBoxLayout& row) {
@@ -138,9 +141,20 @@ void CTimerPanelWidget::SetFromTimer(int hours, int minutes, bool fromTimer) {
 void CTimerPanelWidget::Open() {
     m_panel.PanelOpen();
     ShowState();
+    m_watch.start();
+}
+
+/// Nothing is counted here: that is the tick's.
+void CTimerPanelWidget::FollowOthers() {
+    const TimerState state = m_panel.State();
+    if (state == m_shownState) return;
+    if (state != TimerState::Running) m_tick.stop();
+    m_panel.PanelOpen();
+    ShowState();
 }
 
 void CTimerPanelWidget::Close() {
+    m_watch.stop();
     m_panel.PanelClose();
 }
 
@@ -150,7 +164,7 @@ void CTimerPanelWidget::ShowTime() {
 
 /// The button of the present state looks pressed; a press that changed nothing is undone here too.
 void CTimerPanelWidget::ShowState() {
-    const TimerState state = m_panel.State();
+    const TimerState state = m_shownState = m_panel.State();
     m_start->setChecked(state == TimerState::Running);
     m_pause->setChecked(state == TimerState::Paused);
     ShowValue(*m_state, LoadText(Text::TimesDrivenByTimerTitle), StateWords(state, m_panel.Difference()));

@@ -42,9 +42,12 @@ class CTimerPanelWidget final : public QWidget {
     QPushButton* AddButton(QHBoxLayout& row, const ButtonRow& button, CMnemonics& mnemonics);
     void SetFromTimer(int hours, int minutes, bool fromTimer);
     void ShowState();
+    void FollowOthers();
 
     TimeDraft& m_draft;
     QTimer m_tick{this};
+    QTimer m_watch{this};  ///< for what others do to the timer, a console command for instance
+    TimerState m_shownState = TimerState::None;
     CTimerPanel m_panel;
     QLabel* m_time = nullptr;
     QLabel* m_state = nullptr;

@@ -78,6 +78,31 @@ class TestCTimerPanelWidget : public QObject {
         QCOMPARE(t.Label("timerTime"), QStringLiteral("02:00:00"));
     }
 
+    void WhatOthersDoIsShown_data() {
+        QTest::addColumn<bool>("isPausedBefore");
+        QTest::addColumn<bool>("isStoppedThere");
+        QTest::newRow("a paused one is stopped") << true << true;
+        QTest::newRow("a running one is stopped") << false << true;
+        QTest::newRow("a running one is paused") << false << false;
+    }
+    /// The console does it through the window, while the dialog is open.
+    void WhatOthersDoIsShown() {
+        QFETCH(bool, isPausedBefore);
+        QFETCH(bool, isStoppedThere);
+        RecordDialogHome t;
+        OpenStored(t);
+        t.Press("timerStart");
+        if (isPausedBefore) t.Press("timerPause");
+        const QString id = t.record.GetId();
+        t.home.clock.Advance(60);
+        QVERIFY(isStoppedThere ? t.timers.StopRecordTimer(id) : t.timers.PauseRecordTimer(id));
+        t.Find<QWidget>("timerPanel")->findChild<QTimer*>(QStringLiteral("timerWatch"))->setInterval(0);
+        QTRY_COMPARE(t.Label("timerState"),
+                     LoadText(isStoppedThere ? Text::TimerIsNone : Text::TimerIsPaused));
+        QCOMPARE(t.Find<QPushButton>("timerPause")->isChecked(), !isStoppedThere);
+        QVERIFY(!t.Find<QPushButton>("timerStart")->isChecked());
+    }
+
     void PauseAndGoOn() {
         RecordDialogHome t;
         t.Open();
