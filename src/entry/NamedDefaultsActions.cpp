@@ -89,6 +89,7 @@ bool NamedDefaultsActions::Delete(const QString& name) {
         MessageBox question =
             QuestionOf(Text::AskDeleteDefault, Text::DeleteDefaultTitle, Buttons::YesNo, Answer::No);
         question.text += name + LoadText(Text::AskDeleteDefaultEnd);
+        question.actionLabel = LoadText(Text::AskDeleteTitle);
         if (m_screen.prompt.Ask(question) != Answer::Yes) return false;
     }
     return m_defaults.Delete(name);

@@ -273,15 +273,15 @@ void TestNamedDefaultsActions::EditDamaged() {
 
 void TestNamedDefaultsActions::Delete() {
     Fixture fixture;
-    fixture.home.prompt.Expect(Text::AskDeleteDefault, Answer::Yes);
+    fixture.home.prompt.Expect(Text::AskDeleteDefault, Answer::Yes, Text::DeleteDefaultTitle);
     QVERIFY(fixture.Actions().Delete(u"one"_s));
-    QCOMPARE(fixture.home.prompt.told.last(), u"Delete the default \"one\"?"_s);
+    QCOMPARE(fixture.home.prompt.told.last(), u"Delete \"one\" from the stored defaults?"_s);
     QCOMPARE(fixture.Names(), QStringList{u"two"_s});
 }
 
 void TestNamedDefaultsActions::DeleteDeclined() {
     Fixture fixture;
-    fixture.home.prompt.Expect(Text::AskDeleteDefault, Answer::No);
+    fixture.home.prompt.Expect(Text::AskDeleteDefault, Answer::No, Text::DeleteDefaultTitle);
     QVERIFY(!fixture.Actions().Delete(u"one"_s));
     QCOMPARE(fixture.Names(), QStringList({u"one"_s, u"two"_s}));
 }
@@ -294,7 +294,7 @@ void TestNamedDefaultsActions::DeleteWithoutAsking() {
 
 void TestNamedDefaultsActions::DeleteReserved() {
     Fixture fixture;
-    fixture.home.prompt.ExpectTold(Text::DeleteRefused);
+    fixture.home.prompt.ExpectTold(Text::DeleteRefused, Text::DeleteDefaultTitle);
     QVERIFY(!fixture.Actions().Delete(kEmptyRecord));
 }
 

@@ -131,9 +131,11 @@ constexpr BoxRow kBoxes[] = {
      .icon = BoxIcon::Question,
      .buttons = Buttons::YesNoCancel,
      .defaultAnswer = Answer::No},
-    YesOrNo(Text::AskDeleteDefault, Text::DeleteDefaultTitle, {}, BoxIcon::Question),
+    YesOrNo(Text::AskDeleteDefault, Text::DeleteDefaultTitle, Text::AskDeleteTitle, BoxIcon::Question),
+    YesOrNo(Text::AskDeleteDefault, Text::NewDefaultTitle, Text::AskDeleteTitle, BoxIcon::Question),
     {.text = Text::EditRefused, .title = Text::EditDefaultTitle},
     {.text = Text::DeleteRefused, .title = Text::DeleteDefaultTitle},
+    {.text = Text::DeleteRefused, .title = Text::NewDefaultTitle},
     {.text = Text::RenameRefused, .title = Text::RenameDefaultTitle},
     {.text = Text::DefaultDamaged, .title = Text::EditDefaultTitle},
     {.text = Text::DefaultDamaged, .title = Text::DefaultsTitleTime},
@@ -152,6 +154,14 @@ constexpr BoxRow kBoxes[] = {
     {.text = Text::AutomaticBackupFailed, .title = Text::BackupPlanTitle},
     {.text = Text::BackupPlanNotKept, .title = Text::BackupPlanTitle},
     {.text = Text::BackupPlanNoFolder, .title = Text::BackupPlanTitle},
+
+    YesOrNo(Text::AskReplaceQuery, Text::DeleteDefaultTitle, Text::VerbReplace, BoxIcon::Question),
+    YesOrNo(Text::AskReplaceQuery, Text::NewDefaultTitle, Text::VerbReplace, BoxIcon::Question),
+    YesOrNo(Text::AskReplaceReport, Text::ReplaceReportTitle, Text::VerbReplace, BoxIcon::Question),
+    YesOrNo(Text::AskDeleteReport, Text::DeleteReportTitle, Text::AskDeleteTitle, BoxIcon::Question),
+    {.text = Text::ReportNameReserved, .title = Text::ReportMessageTitle},
+    {.text = Text::ReportNeedsGroup, .title = Text::ReportMessageTitle},
+    {.text = Text::ReportNeedsSum, .title = Text::ReportMessageTitle},
 };
 
 }  // namespace

@@ -293,16 +293,18 @@ class TestCDefaultsDialog : public QObject {
     void TheEmptyRecordIsRefused_data() {
         QTest::addColumn<QString>("button");
         QTest::addColumn<int>("message");
-        QTest::newRow("edit") << "editButton" << int(Text::EditRefused);
-        QTest::newRow("delete") << "deleteButton" << int(Text::DeleteRefused);
-        QTest::newRow("rename") << "renameButton" << int(Text::RenameRefused);
+        QTest::addColumn<int>("title");
+        QTest::newRow("edit") << "editButton" << int(Text::EditRefused) << int(Text::EditDefaultTitle);
+        QTest::newRow("delete") << "deleteButton" << int(Text::DeleteRefused) << int(Text::DeleteDefaultTitle);
+        QTest::newRow("rename") << "renameButton" << int(Text::RenameRefused) << int(Text::RenameDefaultTitle);
     }
     void TheEmptyRecordIsRefused() {
         QFETCH(QString, button);
         QFETCH(int, message);
+        QFETCH(int, title);
         DefaultsHome t;
         t.Open();
-        t.home.prompt.ExpectTold(Text(message));
+        t.home.prompt.ExpectTold(Text(message), Text(title));
         t.Press(qPrintable(button));
         t.home.prompt.Finish();
         QCOMPARE(t.Rows(), QStringList{Empty()});
@@ -325,7 +327,7 @@ class TestCDefaultsDialog : public QObject {
         t.Store(S("Acme"), {});
         t.Store(S("Zoo"), {});
         t.Open();
-        if (isAsked) t.home.prompt.Expect(Text::AskDeleteDefault, Answer(answer));
+        if (isAsked) t.home.prompt.Expect(Text::AskDeleteDefault, Answer(answer), Text::DeleteDefaultTitle);
         t.List()->setFocus();
         t.Key("defaultsList", Qt::Key_Delete);
         t.home.prompt.Finish();
