@@ -3,6 +3,7 @@
 #include "cli/arguments/CArguments.h"
 #include "cli/arguments/EnteredValues.h"
 #include "cli/arguments/QueryArguments.h"
+#include "cli/output/ReportNames.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
 #include "reports/definition/ReportFields.h"
@@ -10,7 +11,8 @@
 #include "reports/query/CQueryStore.h"
 
 #include <algorithm>
-#include <iterator>
+#include <optional>
+#include <string_view>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -27,28 +29,6 @@ constexpr OptionRow kOptions[] = {
     {"footer", "TEXT", OptionShape::Value, Text::CliOptFooter},
     {"query", "NAME", OptionShape::Value, Text::CliOptReportQuery},
     {"select", "selected|listed|query", OptionShape::Value, Text::CliOptSelect},
-};
-
-struct KindRow {
-    ReportKind kind;
-    const char* name;
-};
-constexpr KindRow kKinds[] = {
-    {ReportKind::Grouped, "grouped"},
-    {ReportKind::Listing, "listing"},
-    {ReportKind::Compound, "compound"},
-    {ReportKind::Summary, "summary"},
-};
-constexpr ReportKind kStoredKinds[] = {ReportKind::Grouped, ReportKind::Listing, ReportKind::Compound};
-
-struct SelectionRow {
-    ReportSelection selection;
-    const char* name;
-};
-constexpr SelectionRow kSelections[] = {
-    {ReportSelection::Selected, "selected"},
-    {ReportSelection::Listed, "listed"},
-    {ReportSelection::Query, "query"},
 };
 
 struct TextRow {
@@ -68,17 +48,17 @@ FilterProblem Usage(const QString& words) {
 // --- Which options a kind has a place for
 
 /// The page of the definition on which the content of an option stands.
-ReportPage PageOf(std::string_view option) {
-    if (option == "group" || option == "sum") return ReportPage::Groups;
-    if (option == "columns") return ReportPage::Columns;
-    if (option == "sort") return ReportPage::Order;
-    return option == "query" || option == "select" ? ReportPage::Selection : ReportPage::Texts;
+SheetPage PageOf(std::string_view option) {
+    if (option == "group" || option == "sum") return SheetPage::Groups;
+    if (option == "columns") return SheetPage::Columns;
+    if (option == "sort") return SheetPage::Order;
+    return option == "query" || option == "select" ? SheetPage::Selection : SheetPage::Texts;
 }
 
 /// A summary has fixed sections: only the texts around them can be said.
 bool HasPlace(ReportKind kind, const OptionRow& option) {
-    const ReportPage page = PageOf(option.name);
-    return kind == ReportKind::Summary ? page == ReportPage::Texts : HasPage(kind, page);
+    const SheetPage page = PageOf(option.name);
+    return kind == ReportKind::Summary ? page == SheetPage::Texts : HasPage(kind, page);
 }
 
 QString PlaceProblem(const CArguments& arguments, ReportKind kind) {
@@ -201,10 +181,9 @@ FilterProblem ReadQueryName(const QString& typed, const CQueryStore& queries, CR
 }
 
 FilterProblem ReadSelection(const QString& typed, CReportDef& report) {
-    const auto* const row = std::ranges::find_if(
-        kSelections, [&](const SelectionRow& one) { return typed == QLatin1String(one.name); });
-    if (row == std::end(kSelections)) return Usage(FormatText<Text::CliNoSelection>(typed));
-    SelectionPage{row->selection, false, {}}.Leave(report);
+    const auto selection = SelectionNamed(typed);
+    if (!selection) return Usage(FormatText<Text::CliNoSelection>(typed));
+    SelectionPage{*selection, false, {}}.Leave(report);
     return {};
 }
 
@@ -216,32 +195,6 @@ std::span<const OptionRow> KindOption() {
 
 std::span<const OptionRow> DefinitionOptions() {
     return kOptions;
-}
-
-QString NameOf(ReportKind kind) {
-    const auto* const row = std::ranges::find(kKinds, kind, &KindRow::kind);
-    return row == std::end(kKinds) ? QString() : QString::fromLatin1(row->name);
-}
-
-std::span<const ReportKind> StoredKinds() {
-    return kStoredKinds;
-}
-
-QString StoredKindNames() {
-    QStringList names;
-    for (const ReportKind kind : kStoredKinds) names.append(NameOf(kind));
-    return names.join(u", "_s);
-}
-
-std::optional<ReportKind> StoredKindNamed(const QString& name) {
-    for (const ReportKind kind : kStoredKinds)
-        if (name == NameOf(kind)) return kind;
-    return std::nullopt;
-}
-
-QString NameOf(ReportSelection selection) {
-    const auto* const row = std::ranges::find(kSelections, selection, &SelectionRow::selection);
-    return row == std::end(kSelections) ? QString() : QString::fromLatin1(row->name);
 }
 
 FilterProblem ReadDefinition(const CArguments& arguments, RecordKind kind, const CQueryStore& queries,

@@ -3,8 +3,6 @@
 #include "cli/arguments/FilterArguments.h"
 #include "reports/definition/CReportDef.h"
 
-#include <optional>
-
 class CQueryStore;
 
 /// --kind of a stored definition.
@@ -12,15 +10,6 @@ class CQueryStore;
 /// The options that describe a report: its fields, their order, its texts, the records by --query or
 /// --select.
 [[nodiscard]] std::span<const OptionRow> DefinitionOptions();
-
-[[nodiscard]] QString NameOf(ReportKind kind);
-/// Those that are stored: grouped, listing, compound.
-[[nodiscard]] std::span<const ReportKind> StoredKinds();
-/// "grouped, listing, compound".
-[[nodiscard]] QString StoredKindNames();
-/// Of these three; nothing for anything else.
-[[nodiscard]] std::optional<ReportKind> StoredKindNamed(const QString& name);
-[[nodiscard]] QString NameOf(ReportSelection selection);
 
 /// Changes the definition as the options say; its kind says which of them it has a place for. kind: of the
 /// records, queries: of their mode. A stored query is tied in under the name that it has.

@@ -10,6 +10,7 @@
 #include "cli/home/RecordContext.h"
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
+#include "cli/output/ReportNames.h"
 #include "cli/output/ReportOutput.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"

@@ -1,10 +1,10 @@
 #include "cli/commands/ReportSteps.h"
 
 #include "cli/arguments/CArguments.h"
-#include "cli/arguments/ReportArguments.h"
 #include "cli/commands/RecordSteps.h"
 #include "cli/home/CSettingsOwner.h"
 #include "cli/output/COutput.h"
+#include "cli/output/ReportNames.h"
 #include "lang/FormatText.h"
 
 #include <vector>

@@ -1,10 +1,10 @@
 #include "cli/output/ReportOutput.h"
 
 #include "app/CFieldCatalogue.h"
-#include "cli/arguments/ReportArguments.h"
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
 #include "cli/output/CaptionedLines.h"
+#include "cli/output/ReportNames.h"
 #include "lang/FormatText.h"
 #include "records/KindNames.h"
 #include "reports/definition/CReportStore.h"

@@ -6,21 +6,21 @@
 
 #include <algorithm>
 
-bool HasPage(ReportKind kind, ReportPage page) {
+bool HasPage(ReportKind kind, SheetPage page) {
     switch (page) {
-        case ReportPage::Columns:
+        case SheetPage::Columns:
             return kind == ReportKind::Listing || kind == ReportKind::Compound;
-        case ReportPage::Groups:
+        case SheetPage::Groups:
             return kind == ReportKind::Grouped || kind == ReportKind::Compound;
         default:
             return true;
     }
 }
 
-std::vector<ReportPage> PagesOf(ReportKind kind) {
-    std::vector<ReportPage> pages;
-    for (const ReportPage page : {ReportPage::Selection, ReportPage::Columns, ReportPage::Groups,
-                                  ReportPage::Order, ReportPage::Texts, ReportPage::Definitions})
+std::vector<SheetPage> PagesOf(ReportKind kind) {
+    std::vector<SheetPage> pages;
+    for (const SheetPage page : {SheetPage::Selection, SheetPage::Columns, SheetPage::Groups,
+                                  SheetPage::Order, SheetPage::Texts, SheetPage::Definitions})
         if (HasPage(kind, page)) pages.push_back(page);
     return pages;
 }
@@ -43,7 +43,7 @@ QList<FieldId> CheckedFields(RecordKind kind, ReportUse use, const QList<FieldId
 }
 
 std::optional<Text> GroupProblem(const CReportDef& report) {
-    if (!HasPage(report.kind, ReportPage::Groups)) return std::nullopt;
+    if (!HasPage(report.kind, SheetPage::Groups)) return std::nullopt;
     if (report.groupFields.isEmpty()) return Text::ReportNeedsGroup;
     if (report.sumFields.isEmpty()) return Text::ReportNeedsSum;
     return std::nullopt;

@@ -10,11 +10,11 @@
 class CPrompt;
 
 /// The pages on which a definition is edited.
-enum class ReportPage { Selection, Columns, Groups, Order, Texts, Definitions };
+enum class SheetPage { Selection, Columns, Groups, Order, Texts, Definitions };
 
 /// Those of a kind, in their order.
-[[nodiscard]] std::vector<ReportPage> PagesOf(ReportKind kind);
-[[nodiscard]] bool HasPage(ReportKind kind, ReportPage page);
+[[nodiscard]] std::vector<SheetPage> PagesOf(ReportKind kind);
+[[nodiscard]] bool HasPage(ReportKind kind, SheetPage page);
 
 /// What stands on the selection page.
 struct SelectionPage {
