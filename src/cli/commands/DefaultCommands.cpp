@@ -86,7 +86,7 @@ std::optional<QString> AgreedName(const QString& name, RecordMode mode, Console&
     const auto former = context.owner.Defaults(mode).FindName(name);
     if (!former) return name;
     const bool isAgreed = Confirm(Text::CliDefaultExists, FormatText<Text::CliDefaultExists>(*former),
-                                  Text::NewDefaultTitle, Text::NewDefaultTitle, console);
+                                  Text::NewDefaultTitle, Text::VerbReplace, console);
     return isAgreed ? former : std::nullopt;
 }
 
@@ -176,8 +176,8 @@ ExitCode DeleteDefault(const CArguments& arguments, Console& console, CSettingsO
     if (!stored) return NoSuchDefault(name, console);
     const QString question = LoadText(Text::AskDeleteDefault) + *stored + LoadText(Text::AskDeleteDefaultEnd);
     const bool isAgreed =
-        !owner.Stored().confirmDelete || Confirm(Text::AskDeleteDefault, question, Text::DeleteDefaultTitle,
-                                                 Text::DeleteDefaultTitle, console);
+        !owner.Stored().confirmDelete ||
+        Confirm(Text::AskDeleteDefault, question, Text::DeleteDefaultTitle, Text::AskDeleteTitle, console);
     const DefaultsRequest request{.kind = KindOf(*mode), .action = DefaultsAction::Delete, .name = *stored};
     const ExitCode exit = isAgreed ? ChangeSettings(request, console, owner) : ExitCode::Failed;
     PrintCount(console.out, "deleted", Text::CliDeleted, exit == ExitCode::Done ? 1 : 0);

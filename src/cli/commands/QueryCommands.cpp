@@ -92,6 +92,7 @@ ExitCode SaveQuery(const CArguments& arguments, Console& console, RecordContext&
     return exit == ExitCode::Done ? Print(name, query, console, context) : exit;
 }
 
+/// A query that can't be used moves too, with a word about it.
 ExitCode RenameQuery(const CArguments& arguments, Console& console, RecordContext& context) {
     const auto mode = ReadModeOption(arguments, console);
     if (!mode) return ExitCode::Usage;
@@ -106,9 +107,12 @@ ExitCode RenameQuery(const CArguments& arguments, Console& console, RecordContex
     if (!stored) return Refuse(NoSuchQuery(typed), console);
     if (newName == *stored) return PrintStored(*stored, *mode, console, context);
     if (!MayReplace(newName, *stored, *mode, console, context.owner)) return ExitCode::Failed;
-    const EntryRequest request = queries.RenameRequest(*stored, newName);
-    const ExitCode exit = ChangeSettings(request, console, context.owner);
-    return exit == ExitCode::Done ? PrintStored(newName, *mode, console, context) : exit;
+    const auto query = queries.Load(*stored);
+    const ExitCode exit = ChangeSettings(queries.RenameRequest(*stored, newName), console, context.owner);
+    if (exit != ExitCode::Done) return exit;
+    if (query) return Print(newName, *query, console, context);
+    console.out.Note(FormatText<Text::QueryDamaged>(newName));
+    return ExitCode::Done;
 }
 
 ExitCode DeleteQuery(const CArguments& arguments, Console& console, CSettingsOwner& owner) {

@@ -44,7 +44,7 @@ void TestBadInput::Usage_data() {
     QTest::newRow("a group alone") << u"time"_s << QByteArray("add, edit, show");
     QTest::newRow("an unknown group") << u"tea make"_s << QByteArray("\"tea\" is no command");
     QTest::newRow("an unknown command") << u"time fly"_s << QByteArray("\"fly\" is no command");
-    QTest::newRow("what isn't offered") << u"report run"_s << QByteArray("\"report\" is no command");
+    QTest::newRow("what isn't offered") << u"sync all"_s << QByteArray("\"sync\" is no command");
     QTest::newRow("an unknown option") << u"time add --colour red"_s << QByteArray("\"--colour\"");
     QTest::newRow("a shortened option") << u"time add --not x"_s << QByteArray("\"--not\"");
     QTest::newRow("an option without its value")

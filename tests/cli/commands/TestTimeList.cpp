@@ -202,7 +202,7 @@ void TestTimeList::Refused_data() {
     QTest::newRow("the timer is no order") << u"--sort timer"_s << 2;
     QTest::newRow("a limit of none") << u"--limit 0"_s << 2;
     QTest::newRow("a limit below none") << u"--limit -1"_s << 2;
-    QTest::newRow("a stored query, which there isn't") << u"--query Mine"_s << 2;
+    QTest::newRow("a stored query, which there isn't") << u"--query Mine"_s << 4;
     QTest::newRow("a filter of expenses") << u"--flag1 yes"_s << 2;
 }
 

@@ -34,6 +34,7 @@ class TestBesideWindow : public QObject {
     void SettingsAreChangedByTheWindow();
     void ColumnsAreChangedByTheWindow();
     void DefaultsAreChangedByTheWindow();
+    void DefinitionsAndQueriesAreChangedByTheWindow();
     void TheLastReadingIsNotedByTheWindow();
     void ANewTimerIsStartedByTheWindow();
     void DeleteLetsTheWindowDropTheTimer();
@@ -282,6 +283,30 @@ void TestBesideWindow::DefaultsAreChangedByTheWindow() {
     QCOMPARE(m_home->RunJson({u"defaults"_s, u"list"_s}).out, QByteArray("[\"Mine\", \"(empty record)\"]\n"));
 }
 
+void TestBesideWindow::DefinitionsAndQueriesAreChangedByTheWindow() {
+    QCOMPARE(m_home->Run(Words(u"report save Mine --kind listing"_s)).exit, 0);
+    QCOMPARE(m_home->Run(Words(u"query save Mine --item1 a"_s)).exit, 0);
+    Listen(m_home->Path());
+    const auto only = [this](const QString& command) {
+        m_heard.clear();
+        (void)m_home->Run(Words(u"--yes "_s + command));
+        return ::Only(Only(InstanceCommand::Setting), {u"key"_s, u"entry"_s, u"former"_s});
+    };
+    const auto told = [](const char* key, const char* entry, const char* former) {
+        return QJsonObject{{u"key"_s, QString::fromLatin1(key)},
+                           {u"entry"_s, QString::fromLatin1(entry)},
+                           {u"former"_s, QString::fromLatin1(former)}};
+    };
+    QCOMPARE(only(u"report edit Mine --title t"_s), told("ListReportsTime", "Mine", ""));
+    QCOMPARE(only(u"report rename Mine Yours"_s), told("ListReportsTime", "Yours", "Mine"));
+    QCOMPARE(only(u"report delete Mine"_s), told("ListReportsTime", "", "Mine"));
+    QCOMPARE(only(u"query save New --mode expense"_s), told("ExpenseQueries", "New", ""));
+    QCOMPARE(only(u"query rename mine Yours"_s), told("TimeQueries", "Yours", "Mine"));
+    QCOMPARE(only(u"query delete Mine"_s), told("TimeQueries", "", "Mine"));
+    cleanup();
+    QCOMPARE(m_home->RunJson({u"query"_s, u"list"_s}).out, QByteArray("[\"Mine\"]\n"));
+}
+
 void TestBesideWindow::TheLastReadingIsNotedByTheWindow() {
     Listen(m_home->Path());
     QCOMPARE(m_home->Run({u"expense"_s, u"add"_s, u"--odometer-end"_s, u"1120.5"_s}).exit, 0);
@@ -319,6 +344,9 @@ void TestBesideWindow::AMuteWindow_data() {
     QTest::newRow("columns") << QStringList{u"columns"_s, u"set"_s, u"time"_s, u"Date"_s} << 3;
     QTest::newRow("default columns") << QStringList{u"columns"_s, u"reset"_s, u"time"_s} << 3;
     QTest::newRow("a stored default") << QStringList{u"defaults"_s, u"save"_s, u"Mine"_s} << 3;
+    QTest::newRow("a definition") << QStringList{u"report"_s, u"save"_s, u"Mine"_s, u"--kind"_s, u"listing"_s}
+                                  << 3;
+    QTest::newRow("a stored query") << QStringList{u"query"_s, u"save"_s, u"Mine"_s} << 3;
     QTest::newRow("a name of a field") << QStringList{u"labels"_s, u"set"_s, u"109"_s, u"Matter"_s} << 3;
     QTest::newRow("list items are everybody's") << QStringList{u"items"_s, u"list"_s, u"16"_s} << 0;
     QTest::newRow("records are everybody's") << QStringList{u"time"_s, u"add"_s} << 0;
