@@ -12,6 +12,8 @@
 #include "records/GuardedBlock.h"
 #include "records/RecordFactory.h"
 #include "records/RunPack.h"
+#include "reports/definition/CReportStore.h"
+#include "reports/query/CQueryStore.h"
 #include "support/TestHome.h"
 #include "support/TestProgram.h"
 
@@ -72,6 +74,7 @@ class TestDocs : public QObject {
     void RecordBytes_data();
     void RecordBytes();
     void StoredDefaults();
+    void ReportsAndQueries();
 };
 
 void TestDocs::initTestCase() {
@@ -136,6 +139,8 @@ void TestDocs::Queries() {
     QVERIFY(home->catalogue->AddItem(109, u"Customer"_s, false));
     Run(Page::Blocks(Page("dependency-trees.md").Under(u"An example"_s), u"sql"_s).first());
     QVERIFY(home->settings->WriteEntry(u"TimeDefaults"_s, u"usual"_s, "record"));
+    QVERIFY(
+        CReportStore(*home->settings, RecordMode::Time, ReportKind::Listing).Save(u"all"_s, CReportDef()));
 
     QString reason;
     CSqliteFile& database = file == u"store" ? home->manager.File() : home->tree.File();
@@ -265,6 +270,26 @@ void TestDocs::StoredDefaults() {
     for (const Text name : {Text::KeyTimeDefaults, Text::KeyExpenseDefaults, Text::ValueEntry,
                             Text::DefaultsEmptyRecord, Text::ValueListColumns, Text::ValueTreeColumns})
         QVERIFY2(part.contains(u'`' + LoadText(name) + u'`'), qPrintable(LoadText(name)));
+}
+
+/// Each value of a definition and of the queries of both modes stands on the page with its type.
+void TestDocs::ReportsAndQueries() {
+    const Page page("settings-tree.md");
+    QStringList documented;
+    for (const QString& heading : {u"Definitions of reports"_s, u"Stored queries"_s})
+        for (const QString& line : page.Under(heading).split(u'\n'))
+            for (const QString& name : line.section(u'|', 1, 1).split(u", "_s))
+                documented += name.section(u'`', 1, 1) + u' ' + line.section(u'|', 2, 2).trimmed();
+    CCfgStore& settings = *home->settings;
+    const EntryContent contents[] = {
+        CReportStore(settings, RecordMode::Time, ReportKind::Listing).SaveRequest({}, CReportDef()).values,
+        CQueryStore(settings, RecordMode::Time).SaveRequest({}, TimeQuery()).values,
+        CQueryStore(settings, RecordMode::Expense).SaveRequest({}, ExpenseQuery()).values};
+    for (const EntryContent& content : contents)
+        for (const auto& [name, value] : content.Values()) {
+            const QString type = std::holds_alternative<QString>(value) ? u" text"_s : u" binary"_s;
+            QVERIFY2(documented.contains(name + type), qPrintable(name + type));
+        }
 }
 
 TEST_CLASS(TestDocs);
