@@ -55,7 +55,8 @@ constexpr char kSettings[] =
 /// Whether the console shows it better: a setting that isn't stored is the default, timers count, and pieces
 /// of the trees have identities of their own.
 bool IsShown(const QString& row) {
-    const bool isSetting = row.startsWith(u"settings|") && !row.contains(u"Defaults>");
+    static const QRegularExpression kNamed(u"(Defaults|Reports(Time|Exp)|Queries)>"_s);
+    const bool isSetting = row.startsWith(u"settings|") && !row.contains(kNamed);
     return isSetting || row.startsWith(u"dependency|");
 }
 

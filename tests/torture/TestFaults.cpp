@@ -72,6 +72,15 @@ constexpr TriedRow kCommands[] = {
     {"defaults save Usual --notes n"},
     {"defaults rename Usual Other"},
     {"defaults delete Usual"},
+    {"report save New --kind compound --group 109 --sum 5002 --columns 5000 --title t"},
+    {"report save Old --kind listing --title t", "report save Old --kind listing --sort date"},
+    {"report edit Old --title t --sort start:desc", "report save Old --kind listing --columns 5000"},
+    {"report rename Old New", "report save Old --kind listing --title t"},
+    {"report delete Old", "report save Old --kind listing --title t"},
+    {"query save New --period 2 --item1 Acme"},
+    {"query save Old --item1 Beta", "query save Old --period 2 --item1 Acme"},
+    {"query rename Old New", "query save Old --period 2 --item1 Acme"},
+    {"query delete Old", "query save Old --period 2 --item1 Acme"},
     {"columns set time date start --width date=99"},
     {"columns set time 4 5 --tree"},
     {"columns reset time", "columns set time date start"},
@@ -135,9 +144,9 @@ void TestFaults::initTestCase() {
     m_walk = std::make_unique<CFaultWalk>(m_disk, *m_home, kSample);
 }
 
-/// What may change data by its function's arguments, and isn't called show, list or status.
+/// What may change data by its function's arguments, and isn't called show, list, status or fields.
 void TestFaults::EveryCommandIsTried() {
-    const QStringList readers{u"show"_s, u"list"_s, u"status"_s};
+    const QStringList readers{u"show"_s, u"list"_s, u"status"_s, u"fields"_s};
     for (const auto& row : ::Commands()) {
         const bool mayChange =
             std::holds_alternative<RunOnRecords>(row.run) || std::holds_alternative<RunOnSettings>(row.run);
