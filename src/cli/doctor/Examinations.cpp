@@ -6,12 +6,15 @@
 #include "calendar/CalendarMath.h"
 #include "cli/arguments/EnteredValues.h"
 #include "cli/home/ReadOnlyHome.h"
+#include "cli/output/ReportNames.h"
 #include "entry/NamedDefaults.h"
 #include "lang/FormatText.h"
 #include "records/CERecord.h"
 #include "records/CPRecord.h"
 #include "records/CTRecord.h"
 #include "records/RecordFactory.h"
+#include "reports/definition/CReportStore.h"
+#include "reports/query/CQueryStore.h"
 
 #include <QStringList>
 
@@ -179,6 +182,37 @@ Finding ExamineDefaults(const char* name, ReadOnlyHome& reader) {
     return {name, Good, FormatText<Text::CliDefaultsSound>(static_cast<int>(defaults.Names().size()) - 1)};
 }
 
+/// Of all kinds that are stored.
+template <RecordMode Mode>
+Finding ExamineReports(const char* name, ReadOnlyHome& reader) {
+    CFaults damaged;
+    qsizetype count = 0;
+    for (const ReportKind kind : StoredKinds()) {
+        const CReportStore reports(reader.settings, Mode, kind);
+        const QStringList stored = reports.Names();
+        count += stored.size();
+        for (const QString& one : stored)
+            if (CReportDef report; !reports.Load(one, report)) damaged.Add(one);
+    }
+    if (!damaged.IsEmpty())
+        return {name, Bad, FormatText<Text::CliReportsDamaged>(damaged.Count(), damaged.Named()),
+                LoadText(Text::CliAdviseReports)};
+    return {name, Good, FormatText<Text::CliDefaultsSound>(static_cast<int>(count))};
+}
+
+template <RecordMode Mode>
+Finding ExamineQueries(const char* name, ReadOnlyHome& reader) {
+    const CQueryStore queries(reader.settings, Mode);
+    const QStringList stored = queries.Names();
+    CFaults damaged;
+    for (const QString& one : stored)
+        if (!queries.Load(one)) damaged.Add(one);
+    if (!damaged.IsEmpty())
+        return {name, Bad, FormatText<Text::CliQueriesDamaged>(damaged.Count(), damaged.Named()),
+                LoadText(Text::CliAdviseQueries)};
+    return {name, Good, FormatText<Text::CliDefaultsSound>(static_cast<int>(stored.size()))};
+}
+
 using enum ExaminationContext;
 
 constexpr Examination kExaminations[] = {
@@ -193,6 +227,10 @@ constexpr Examination kExaminations[] = {
     {"tree levels", Settings, ExamineColumns<CTreeColSet, Text::ValueTreeColumns>},
     {"time defaults", Settings, ExamineDefaults<RecordMode::Time>},
     {"expense defaults", Settings, ExamineDefaults<RecordMode::Expense>},
+    {"time reports", Settings, ExamineReports<RecordMode::Time>},
+    {"expense reports", Settings, ExamineReports<RecordMode::Expense>},
+    {"time queries", Settings, ExamineQueries<RecordMode::Time>},
+    {"expense queries", Settings, ExamineQueries<RecordMode::Expense>},
 };
 
 }  // namespace

@@ -37,6 +37,8 @@ class TestDoctor : public QObject {
     void DamagedColumns_data();
     void DamagedColumns();
     void ADamagedDefault();
+    void ADamagedDefinition();
+    void ADamagedQuery();
     void AnOrphanTimer();
 
  private:
@@ -321,6 +323,37 @@ void TestDoctor::ADamagedDefault() {
     QCOMPARE(m_home->Run({u"defaults"_s, u"show"_s, u"Mine"_s}).exit, 1);
     QCOMPARE(m_home->Run({u"time"_s, u"new"_s, u"--from"_s, u"defaults:Mine"_s}).exit, 1);
     QCOMPARE(m_home->Run({u"--yes"_s, u"defaults"_s, u"delete"_s, u"Mine"_s}).exit, 0);
+    QCOMPARE(m_home->Run({u"doctor"_s}).exit, 0);
+}
+
+void TestDoctor::ADamagedDefinition() {
+    for (const QString& name : {u"Mine"_s, u"Yours"_s})
+        QCOMPARE(m_home->Run({u"report"_s, u"save"_s, name, u"--kind"_s, u"listing"_s}).exit, 0);
+    QCOMPARE(Check(m_home->RunJson({u"doctor"_s}).Object(), u"time reports"_s)[u"ok"].toBool(), true);
+    QVERIFY(Execute(
+        u"velmarch.settings"_s,
+        "DELETE FROM entries WHERE name='ReportType' AND key=(SELECT id FROM keys WHERE name='Mine')"));
+    const QJsonObject check = Check(m_home->RunJson({u"doctor"_s}).Object(), u"time reports"_s);
+    QCOMPARE(check[u"ok"].toBool(true), false);
+    QVERIFY2(check[u"detail"].toString().contains(u"Mine"), qPrintable(check[u"detail"].toString()));
+    QVERIFY(!check[u"detail"].toString().contains(u"Yours"));
+    QCOMPARE(m_home->Run({u"--yes"_s, u"report"_s, u"delete"_s, u"Mine"_s}).exit, 0);
+    QCOMPARE(m_home->Run({u"doctor"_s}).exit, 0);
+}
+
+void TestDoctor::ADamagedQuery() {
+    for (const QString& name : {u"Mine"_s, u"Yours"_s})
+        QCOMPARE(m_home->Run({u"query"_s, u"save"_s, name, u"--mode"_s, u"expense"_s}).exit, 0);
+    QCOMPARE(Check(m_home->RunJson({u"doctor"_s}).Object(), u"expense queries"_s)[u"ok"].toBool(), true);
+    QVERIFY(Execute(u"velmarch.settings"_s,
+                    "UPDATE entries SET value=x'00' WHERE name='Amount' AND key=(SELECT id FROM keys WHERE "
+                    "name='Mine')"));
+    const QJsonObject check = Check(m_home->RunJson({u"doctor"_s}).Object(), u"expense queries"_s);
+    QCOMPARE(check[u"ok"].toBool(true), false);
+    QVERIFY2(check[u"detail"].toString().contains(u"Mine"), qPrintable(check[u"detail"].toString()));
+    QVERIFY(!check[u"detail"].toString().contains(u"Yours"));
+    QCOMPARE(m_home->Run({u"--yes"_s, u"query"_s, u"delete"_s, u"Mine"_s, u"--mode"_s, u"expense"_s}).exit,
+             0);
     QCOMPARE(m_home->Run({u"doctor"_s}).exit, 0);
 }
 
