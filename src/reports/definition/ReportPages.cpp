@@ -3,15 +3,16 @@
 #include "lang/LoadText.h"
 #include "platform/host/CPrompt.h"
 #include "reports/definition/ReportFields.h"
+#include "reports/definition/ReportKinds.h"
 
 #include <algorithm>
 
 bool HasPage(ReportKind kind, SheetPage page) {
     switch (page) {
         case SheetPage::Columns:
-            return kind == ReportKind::Listing || kind == ReportKind::Compound;
+            return HasListing(kind);
         case SheetPage::Groups:
-            return kind == ReportKind::Grouped || kind == ReportKind::Compound;
+            return HasGroups(kind);
         default:
             return true;
     }
@@ -20,7 +21,7 @@ bool HasPage(ReportKind kind, SheetPage page) {
 std::vector<SheetPage> PagesOf(ReportKind kind) {
     std::vector<SheetPage> pages;
     for (const SheetPage page : {SheetPage::Selection, SheetPage::Columns, SheetPage::Groups,
-                                  SheetPage::Order, SheetPage::Texts, SheetPage::Definitions})
+                                 SheetPage::Order, SheetPage::Texts, SheetPage::Definitions})
         if (HasPage(kind, page)) pages.push_back(page);
     return pages;
 }
@@ -43,9 +44,14 @@ QList<FieldId> CheckedFields(RecordKind kind, ReportUse use, const QList<FieldId
 }
 
 std::optional<Text> GroupProblem(const CReportDef& report) {
-    if (!HasPage(report.kind, SheetPage::Groups)) return std::nullopt;
-    if (report.groupFields.isEmpty()) return Text::ReportNeedsGroup;
-    if (report.sumFields.isEmpty()) return Text::ReportNeedsSum;
+    switch (LackOf(report)) {
+        case GroupLack::GroupFields:
+            return Text::ReportNeedsGroup;
+        case GroupLack::SumFields:
+            return Text::ReportNeedsSum;
+        case GroupLack::None:
+            break;
+    }
     return std::nullopt;
 }
 
