@@ -39,6 +39,7 @@ class COpenHome {
         if (!m_areSettingsKept) m_console.out.Complain(LoadText(Text::CliSettingsNotOpened));
         return m_areSettingsKept;
     }
+    [[nodiscard]] bool AreSettingsKept() const { return m_areSettingsKept; }
     [[nodiscard]] CVelmarchApp& App() { return m_app; }
 
  private:
@@ -79,6 +80,7 @@ class CRunner {
         CTimerAccess timers(m_console.clock, app.Document(), app.Settings(), window);
         timers.OnOrphan([this](const ActiveTimer& orphan) { TellOrphan(orphan, m_console.prompt); });
         CSettingsOwner owner(app.Settings(), window, m_console.clock);
+        if (!home.AreSettingsKept()) owner.NoteUnread();
         CNoProgress progress;
         CEnteredItems entered;
         CRecordChanges changes({.document = app.Document(),

@@ -15,10 +15,6 @@
 
 namespace {
 
-ExitCode Refuse(const FilterProblem& problem, Console& console) {
-    return Refuse(problem.exit, problem.words, console);
-}
-
 /// The sentence that refuses a name under which nothing can be stored by hand; empty for any other.
 QString ReservedProblem(const QString& name) {
     return CQueryStore::IsReserved(name) ? FormatText<Text::CliNoRenamingToReserved>(name) : QString();
@@ -72,7 +68,8 @@ ExitCode ShowQuery(const CArguments& arguments, Console& console, RecordContext&
     if (!mode) return ExitCode::Usage;
     const QString typed = arguments.Words().first();
     const auto stored = context.owner.Queries(*mode).Find(typed);
-    return stored ? PrintStored(*stored, *mode, console, context) : Refuse(NoSuchQuery(typed), console);
+    return stored ? PrintStored(*stored, *mode, console, context)
+                  : RefuseStored(NoSuchQuery(typed), console, context.owner);
 }
 
 ExitCode SaveQuery(const CArguments& arguments, Console& console, RecordContext& context) {
@@ -85,7 +82,7 @@ ExitCode SaveQuery(const CArguments& arguments, Console& console, RecordContext&
         return Refuse(ExitCode::Failed, problem, console);
     StoredQuery query;
     const FilterProblem problem = ReadQuery(*mode, arguments, context.owner.Periods(), query);
-    if (problem.exit != ExitCode::Done) return Refuse(problem, console);
+    if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
     if (!MayReplace(name, {}, *mode, console, context.owner)) return ExitCode::Failed;
     const EntryRequest request = context.owner.Queries(*mode).SaveRequest(name, query);
     const ExitCode exit = ChangeSettings(request, console, context.owner);
@@ -104,7 +101,7 @@ ExitCode RenameQuery(const CArguments& arguments, Console& console, RecordContex
             return Refuse(ExitCode::Failed, problem, console);
     const CQueryStore queries = context.owner.Queries(*mode);
     const auto stored = queries.Find(typed);
-    if (!stored) return Refuse(NoSuchQuery(typed), console);
+    if (!stored) return RefuseStored(NoSuchQuery(typed), console, context.owner);
     if (newName == *stored) return PrintStored(*stored, *mode, console, context);
     if (!MayReplace(newName, *stored, *mode, console, context.owner)) return ExitCode::Failed;
     const auto query = queries.Load(*stored);
@@ -121,7 +118,7 @@ ExitCode DeleteQuery(const CArguments& arguments, Console& console, CSettingsOwn
     const QString typed = arguments.Words().first();
     if (CQueryStore::IsReserved(typed)) return Refuse(ExitCode::Failed, ReservedQueryRefusal(typed), console);
     const auto stored = owner.Queries(*mode).Find(typed);
-    if (!stored) return Refuse(NoSuchQuery(typed), console);
+    if (!stored) return RefuseStored(NoSuchQuery(typed), console, owner);
     const bool isAgreed =
         !owner.Stored().confirmDelete || Confirm(Text::AskDeleteDefault, DeleteQueryQuestion(*stored),
                                                  QueryTitle(*mode), Text::AskDeleteTitle, console);

@@ -123,7 +123,9 @@ ExitCode ListRecords(RecordKind kind, const CArguments& arguments, Console& cons
         return Refuse(ExitCode::Usage, problem, console);
     const FilterProblem problem =
         ReadListFilter(kind, arguments, context.owner.Queries(ModeOf(kind)), context.document);
-    if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
+    if (problem.exit != ExitCode::Done)
+        return arguments.Has("query") ? RefuseStored(problem, console, context.owner)
+                                      : Refuse(problem.exit, problem.words, console);
     for (const QString& note : problem.notes) console.out.Note(note);
 
     context.timers.Look();

@@ -5,6 +5,7 @@
 #include "app/RecordMode.h"
 #include "cli/arguments/CArguments.h"
 #include "cli/arguments/EnteredValues.h"
+#include "cli/arguments/FilterArguments.h"
 #include "cli/home/CSettingsOwner.h"
 #include "cli/home/CWindowLink.h"
 #include "cli/home/RecordContext.h"
@@ -18,6 +19,12 @@
 ExitCode Refuse(ExitCode exit, const QString& words, Console& console) {
     console.out.Complain(words);
     return exit;
+}
+
+ExitCode RefuseStored(const FilterProblem& problem, Console& console, const CSettingsOwner& owner) {
+    if (problem.exit == ExitCode::NotFound && !owner.AreRead())
+        return Refuse(ExitCode::Failed, LoadText(Text::CliSettingsNotOpened), console);
+    return Refuse(problem.exit, problem.words, console);
 }
 
 const CVORec* FindRecord(RecordKind kind, const QString& typed, Console& console, RecordContext& context) {

@@ -8,6 +8,7 @@
 #include <optional>
 
 class CVORec;
+struct FilterProblem;
 enum class RecordKind : int;
 enum class RecordMode : int;
 
@@ -37,6 +38,10 @@ void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordCon
 [[nodiscard]] bool Confirm(Text question, const QString& text, Text title, Text verb, Console& console);
 /// Tells why a command stopped.
 [[nodiscard]] ExitCode Refuse(ExitCode exit, const QString& words, Console& console);
+/// The same of something that is stored in the settings: where these couldn't be read, it isn't said that
+/// there is none.
+[[nodiscard]] ExitCode RefuseStored(const FilterProblem& problem, Console& console,
+                                    const CSettingsOwner& owner);
 /// How a command ends that asked the owner of timers or settings; tells why when it wasn't done.
 [[nodiscard]] ExitCode ExitOf(const InstanceReply& reply, Console& console);
 /// Has a change of the settings carried out by their owner; tells why when it wasn't.

@@ -21,10 +21,6 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-ExitCode Refuse(const FilterProblem& problem, Console& console) {
-    return Refuse(problem.exit, problem.words, console);
-}
-
 ExitCode RefuseReserved(const QString& name, Console& console) {
     return Refuse(ExitCode::Failed, FormatText<Text::ReportNameReserved>(name), console);
 }
@@ -73,7 +69,7 @@ ExitCode Fetch(const CArguments& arguments, Console& console, const CSettingsOwn
     atHand.mode = place->mode;
     FilterProblem problem = FindReport(*place, arguments.Words().first(), owner, atHand.found);
     if (problem.exit == ExitCode::Done) problem = LoadReport(place->mode, atHand.found, owner, atHand.report);
-    return problem.exit == ExitCode::Done ? ExitCode::Done : Refuse(problem, console);
+    return problem.exit == ExitCode::Done ? ExitCode::Done : RefuseStored(problem, console, owner);
 }
 
 ExitCode ChangeAndPrint(const EntryRequest& request, const ReportAtHand& atHand, Console& console,
@@ -149,7 +145,7 @@ ExitCode SaveReport(const CArguments& arguments, Console& console, RecordContext
     atHand.report.kind = *place->kind;
     atHand.report.name = name;
     const FilterProblem refusal = ReadWholeDefinition(arguments, place->mode, context.owner, atHand.report);
-    if (refusal.exit != ExitCode::Done) return Refuse(refusal, console);
+    if (refusal.exit != ExitCode::Done) return RefuseStored(refusal, console, context.owner);
     const CReportStore store = context.owner.Reports(place->mode, *place->kind);
     if (!MayReplace(name, store, console)) return ExitCode::Failed;
     return ChangeAndPrint(store.SaveRequest(name, atHand.report), atHand, console, context);
@@ -162,7 +158,7 @@ ExitCode EditReport(const CArguments& arguments, Console& console, RecordContext
     const ExitCode exit = Fetch(arguments, console, context.owner, atHand);
     if (exit != ExitCode::Done) return exit;
     const FilterProblem refusal = ReadWholeDefinition(arguments, atHand.mode, context.owner, atHand.report);
-    if (refusal.exit != ExitCode::Done) return Refuse(refusal, console);
+    if (refusal.exit != ExitCode::Done) return RefuseStored(refusal, console, context.owner);
     const CReportStore store = context.owner.Reports(atHand.mode, atHand.found.kind);
     return ChangeAndPrint(store.SaveRequest(atHand.found.name, atHand.report), atHand, console, context);
 }
@@ -192,7 +188,7 @@ ExitCode DeleteReport(const CArguments& arguments, Console& console, CSettingsOw
     if (CReportStore::IsReserved(name)) return RefuseReserved(name, console);
     FoundReport found;
     const FilterProblem problem = FindReport(*place, name, owner, found);
-    if (problem.exit != ExitCode::Done) return Refuse(problem, console);
+    if (problem.exit != ExitCode::Done) return RefuseStored(problem, console, owner);
     const bool isAgreed = !owner.Stored().confirmDelete ||
                           Confirm(Text::AskDeleteReport, FormatText<Text::AskDeleteReport>(found.name),
                                   Text::DeleteReportTitle, Text::AskDeleteTitle, console);

@@ -16,6 +16,9 @@ class CSettingsOwner {
     CSettingsOwner(CCfgStore& settings, CWindowLink& window, const CClock& clock)
         : m_settings(settings), m_window(window), m_clock(clock) {}
 
+    /// For settings that couldn't be opened: what isn't found in them may be there all the same.
+    void NoteUnread() { m_areRead = false; }
+    [[nodiscard]] bool AreRead() const { return m_areRead; }
     /// Carries out a change as RunSettingsRequest does; the window owns them when it can't be told.
     [[nodiscard]] InstanceReply Change(const SettingsRequest& request);
     /// Gives the columns the names of their fields and saves them, where no window does that. False when they
@@ -40,4 +43,5 @@ class CSettingsOwner {
     CCfgStore& m_settings;
     CWindowLink& m_window;
     const CClock& m_clock;
+    bool m_areRead = true;
 };

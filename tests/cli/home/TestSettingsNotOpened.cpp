@@ -45,7 +45,10 @@ void TestSettingsNotOpened::RefusedInWords_data() {
                                 "timer pause-all", "timer status", "time new --timer", "defaults save Usual",
                                 // A timer that nobody sees would write its count over these.
                                 "time edit %1 --duration 2:00", "time edit %1 --clear end",
-                                "--yes time delete %1", "time list --timers yes"})
+                                "--yes time delete %1", "time list --timers yes",
+                                // What isn't found may be there all the same.
+                                "time list --query Mine", "query show Mine", "query save Mine", "query list",
+                                "report show Mine", "report save Mine --kind listing"})
         QTest::newRow(command) << QString::fromLatin1(command);
 }
 
