@@ -57,7 +57,7 @@ bool CListedRecords::FindByDay() {
 void CListedRecords::TakeDay() {
     std::sort(m_day.begin(), m_day.end(), &IsEarlier);
     const bool isHeld = m_ids.size() < kMostHeld;
-    if (!isHeld && !m_nextDay && !m_day.empty()) m_nextDay = CRecordReader::DayOf(*m_day.front());
+    if (!isHeld && !m_firstDay && !m_day.empty()) m_firstDay = CRecordReader::DayOf(*m_day.front());
     for (Record& record : m_day) Append(std::move(record), isHeld);
     m_day.clear();
 }
@@ -65,6 +65,10 @@ void CListedRecords::TakeDay() {
 void CListedRecords::Append(Record record, bool isHeld) {
     if (m_order.limit != 0 && m_ids.size() >= m_order.limit) return;
     m_onShown(*record);
+    NoteShown(std::move(record), isHeld);
+}
+
+void CListedRecords::NoteShown(Record record, bool isHeld) {
     const bool isPacked = !isHeld && IsIdentity(record->GetId());
     m_ids.push_back(Packed(record->GetId()));
     if (!isPacked) m_held.emplace(m_ids.size() - 1, std::move(record));
@@ -94,7 +98,43 @@ bool CListedRecords::FindByColumn() {
     return isRead;
 }
 
+bool CListedRecords::FindThese(const QStringList& ids, const std::function<void(const CVORec&)>& onShown) {
+    return m_reader.Read(ids, [&](Record record) {
+        if (!record) return;
+        Account(*record);
+        onShown(*record);
+        NoteShown(std::move(record), m_ids.size() < kMostHeld);
+    });
+}
+
+/// From here on each record that isn't held is looked up: they don't stand in the order of days any more.
+void CListedRecords::Reorder(std::span<const std::uint32_t> places) {
+    std::deque<PackedId> ids;
+    std::map<std::size_t, Record> held;
+    for (const std::uint32_t place : places) {
+        if (const auto found = m_held.find(place); found != m_held.end())
+            held.emplace(ids.size(), std::move(found->second));
+        ids.push_back(m_ids[place]);
+    }
+    m_ids = std::move(ids);
+    m_held = std::move(held);
+    m_firstDay.reset();
+}
+
+void CListedRecords::ForEachId(const std::function<void(const QString&)>& visit) const {
+    auto held = m_held.begin();
+    for (std::size_t place = 0; place < m_ids.size(); ++place) {
+        const bool isHeld = held != m_held.end() && held->first == place;
+        visit(isHeld ? held->second->GetId() : Unpacked(m_ids[place]));
+        if (isHeld) ++held;
+    }
+}
+
 bool CListedRecords::ForEachShown(const Show& show) {
+    m_place = 0;
+    m_missing = 0;
+    m_isEnded = false;
+    m_nextDay = m_firstDay;
     while (!IsDone()) {
         const auto held = m_held.find(m_place);
         if (held != m_held.end())

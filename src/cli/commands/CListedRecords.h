@@ -6,11 +6,13 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 struct ListOrder {
@@ -34,11 +36,18 @@ class CListedRecords {
     /// Reads the store; onShown is called for each record that will be shown, in no promised order. False
     /// when it can't be read; the user was told.
     [[nodiscard]] bool Find(const std::function<void(const CVORec& record)>& onShown);
+    /// The same of the records with these identities, in the order of these.
+    [[nodiscard]] bool FindThese(const QStringList& ids,
+                                 const std::function<void(const CVORec& record)>& onShown);
+    /// Once they were found: they are shown in this order of the places that they had.
+    void Reorder(std::span<const std::uint32_t> places);
     [[nodiscard]] std::size_t Count() const { return m_count; }
     [[nodiscard]] const RecordSums& Sums() const { return m_sums; }
-    /// False when the store can't be read any more; the user was told.
+    /// As often as wanted. False when the store can't be read any more; the user was told.
     [[nodiscard]] bool ForEachShown(const Show& show);
-    /// How many of those to be shown weren't.
+    /// The identities of those to be shown, in their order.
+    void ForEachId(const std::function<void(const QString& id)>& visit) const;
+    /// How many of those to be shown weren't, the last time.
     [[nodiscard]] std::size_t MissingCount() const { return m_missing; }
 
  private:
@@ -50,6 +59,7 @@ class CListedRecords {
     void Account(const CVORec& record);
     void TakeDay();
     void Append(Record record, bool isHeld);
+    void NoteShown(Record record, bool isHeld);
     [[nodiscard]] bool IsBefore(const CVORec& a, const CVORec& b) const;
     [[nodiscard]] bool ShowDays(const Show& show);
     [[nodiscard]] bool ShowByIds(const Show& show);
@@ -62,10 +72,11 @@ class CListedRecords {
     std::function<void(const CVORec&)> m_onShown;
     std::size_t m_count = 0;
     RecordSums m_sums;
-    std::vector<Record> m_day;        ///< of the day that is being read
-    std::deque<PackedId> m_ids;       ///< of the records to be shown, in their order
-    std::optional<RowDay> m_nextDay;  ///< the first that isn't held, or isn't shown yet
-    std::size_t m_place = 0;          ///< of the record that is shown next
+    std::vector<Record> m_day;         ///< of the day that is being read
+    std::deque<PackedId> m_ids;        ///< of the records to be shown, in their order
+    std::optional<RowDay> m_firstDay;  ///< the first that isn't held
+    std::optional<RowDay> m_nextDay;   ///< the first that isn't held and isn't shown yet
+    std::size_t m_place = 0;           ///< of the record that is shown next
     bool m_isEnded = false;
     std::map<std::size_t, Record> m_held;  ///< by place: those that aren't read again
     std::size_t m_missing = 0;

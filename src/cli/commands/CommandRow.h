@@ -29,6 +29,6 @@ struct CommandRow {
     const char* words;  ///< its words as the help shows them: "ID..."
     Text description;
     RunCommand run;
-    std::array<std::span<const OptionRow>, 4> options{};
+    std::array<std::span<const OptionRow>, 5> options{};
     const char* group = "";  ///< set by the table
 };

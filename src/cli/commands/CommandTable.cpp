@@ -12,6 +12,7 @@
 #include "cli/commands/QueryCommands.h"
 #include "cli/commands/RecordCommands.h"
 #include "cli/commands/ReportCommands.h"
+#include "cli/commands/ReportRunCommand.h"
 #include "cli/commands/SettingCommands.h"
 #include "cli/commands/TimerCommands.h"
 #include "cli/commands/TreeCommands.h"
@@ -129,14 +130,17 @@ void AppendSettings(std::vector<CommandRow>& rows) {
 
 void AppendReports(std::vector<CommandRow>& rows) {
     const auto mode = ModeOption(), kind = KindOption(), definition = DefinitionOptions();
-    Append(rows, "report",
-           {{"fields", "", Text::CliReportFields, ListReportFields, {mode}},
-            {"list", "", Text::CliReportList, ListReports, {mode, kind}},
-            {"show", "NAME", Text::CliReportShow, ShowReport, {mode, kind}},
-            {"save", "NAME", Text::CliReportSave, SaveReport, {mode, kind, definition}},
-            {"edit", "NAME", Text::CliReportEdit, EditReport, {mode, kind, definition}},
-            {"rename", "OLD NEW", Text::CliReportRename, RenameReport, {mode, kind}},
-            {"delete", "NAME", Text::CliReportDelete, DeleteReport, {mode, kind}}});
+    const auto filter = StoredQueryOptions();
+    Append(
+        rows, "report",
+        {{"fields", "", Text::CliReportFields, ListReportFields, {mode}},
+         {"list", "", Text::CliReportList, ListReports, {mode, kind}},
+         {"show", "NAME", Text::CliReportShow, ShowReport, {mode, kind}},
+         {"save", "NAME", Text::CliReportSave, SaveReport, {mode, kind, definition}},
+         {"edit", "NAME", Text::CliReportEdit, EditReport, {mode, kind, definition}},
+         {"rename", "OLD NEW", Text::CliReportRename, RenameReport, {mode, kind}},
+         {"delete", "NAME", Text::CliReportDelete, DeleteReport, {mode, kind}},
+         {"run", "[NAME]", Text::CliReportRun, RunReport, {mode, kind, definition, RunOptions(), filter}}});
     Append(rows, "query",
            {{"list", "", Text::CliQueryList, ListQueries, {mode}},
             {"show", "NAME", Text::CliQueryShow, ShowQuery, {mode}},

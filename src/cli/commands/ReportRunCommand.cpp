@@ -1,0 +1,207 @@
+#include "cli/commands/ReportRunCommand.h"
+
+#include "app/CFieldCatalogue.h"
+#include "app/CPulldownCatalogue.h"
+#include "app/CVelmarchDoc.h"
+#include "cli/arguments/QueryArguments.h"
+#include "cli/commands/CListedRecords.h"
+#include "cli/commands/RecordSteps.h"
+#include "cli/commands/ReportOutlet.h"
+#include "cli/commands/ReportRequest.h"
+#include "cli/home/CSettingsOwner.h"
+#include "cli/home/CTimerAccess.h"
+#include "cli/home/RecordContext.h"
+#include "cli/output/COutput.h"
+#include "cli/output/FieldOutput.h"
+#include "cli/output/RunOutput.h"
+#include "config/CCfgStore.h"
+#include "lang/FormatText.h"
+#include "platform/host/CClock.h"
+#include "records/FieldTexts.h"
+#include "reports/aggregate/CAggregation.h"
+#include "reports/definition/ReportKinds.h"
+
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+constexpr OptionRow kRunOptions[] = {
+    {"ids", "ID,ID", OptionShape::Value, Text::CliOptIds},
+    {"format", "html|csv", OptionShape::Value, Text::CliOptFormat},
+    {"out", "FILE", OptionShape::Value, Text::CliOptOut},
+};
+
+constexpr std::size_t kProgressStep = 10000;
+
+ExitCode Refuse(const FilterProblem& problem, Console& console) {
+    for (const QString& note : problem.notes) console.out.Note(note);
+    if (!problem.words.isEmpty()) console.out.Complain(problem.words);
+    return problem.exit;
+}
+
+/// The rows of the listing, read while they are written.
+class CReadRows final : public CListingRows {
+ public:
+    CReadRows(CListedRecords& records, const ReportResult& result) : m_records(records), m_result(result) {}
+
+    [[nodiscard]] bool ForEachRow(const Visit& visit) override {
+        QStringList cells;
+        bool isWhole = true;
+        const bool isRead = m_records.ForEachShown([&](const CVORec& record) {
+            m_result.listing->ReadCells(record, cells);
+            isWhole = visit(cells);
+            return isWhole;
+        });
+        return isRead && isWhole;
+    }
+
+ private:
+    CListedRecords& m_records;
+    const ReportResult& m_result;
+};
+
+/// One run from the definition to what it writes.
+class CRun {
+ public:
+    CRun(ReportRequest request, Console& console, RecordContext& context)
+        : m_request(std::move(request)), m_console(console), m_context(context) {}
+
+    [[nodiscard]] ExitCode Run() {
+        NoteQuickRun();
+        const ExitCode chosen = ChooseRecords();
+        if (chosen != ExitCode::Done) return chosen;
+        if (!m_context.catalogue.Load()) return ExitCode::Failed;
+        return Count();
+    }
+
+ private:
+    [[nodiscard]] RecordKind Kind() const { return KindOf(m_request.mode); }
+    void NoteQuickRun();
+    [[nodiscard]] ExitCode ChooseRecords();
+    [[nodiscard]] ExitCode ChooseByDefinition();
+    [[nodiscard]] ExitCode ApplyQuery(const QString& name);
+    [[nodiscard]] ExitCode Count();
+    [[nodiscard]] bool Find(CListedRecords& records, CAggregation& aggregation) const;
+    [[nodiscard]] ExitCode Write(CListedRecords& records, const ReportResult& result);
+    void TellWhatLacks() const;
+
+    ReportRequest m_request;
+    Console& m_console;
+    RecordContext& m_context;
+    std::optional<QStringList> m_ids;
+    Text m_noneText = Text::ReportNothingListed;
+};
+
+/// What was run last can be run again and be changed. Where the settings refuse, the run goes on without.
+void CRun::NoteQuickRun() {
+    if (m_request.name || m_request.report.kind == ReportKind::Summary) return;
+    const CReportStore store = m_context.owner.Reports(m_request.mode, m_request.report.kind);
+    (void)m_context.owner.Change(store.SaveRequest(CReportStore::ReservedName(), m_request.report));
+}
+
+ExitCode CRun::ApplyQuery(const QString& name) {
+    m_noneText = Text::ReportNothingFound;
+    const FilterProblem problem =
+        ApplyStoredQuery(name, m_context.owner.Queries(m_request.mode), m_context.document);
+    return Refuse(problem, m_console);
+}
+
+/// Where the command line says nothing of records.
+ExitCode CRun::ChooseByDefinition() {
+    const CReportDef& report = m_request.report;
+    switch (report.selection) {
+        case ReportSelection::Selected:
+            return ::Refuse(ExitCode::Failed, LoadText(Text::ReportNothingSelected), m_console);
+        case ReportSelection::Listed:
+            break;
+        case ReportSelection::Query:
+            m_noneText = Text::ReportNothingFound;
+            if (report.useStoredQuery && !report.queryName.isEmpty()) return ApplyQuery(report.queryName);
+            break;
+    }
+    return ExitCode::Done;
+}
+
+ExitCode CRun::ChooseRecords() {
+    // Without criteria everything passes, whatever the filter was before.
+    const FilterProblem problem = ReadFilter(Kind(), m_request.filter, m_context.document);
+    if (problem.exit != ExitCode::Done) return Refuse(problem, m_console);
+    if (m_request.ids) {
+        m_noneText = Text::ReportNothingSelected;
+        m_ids = FindRecords(Kind(), *m_request.ids, m_console, m_context);
+        return m_ids ? ExitCode::Done : LookupFailed(m_context);
+    }
+    if (m_request.query) return ApplyQuery(*m_request.query);
+    return m_request.isFiltered ? ExitCode::Done : ChooseByDefinition();
+}
+
+bool CRun::Find(CListedRecords& records, CAggregation& aggregation) const {
+    const bool showsProgress = !m_console.out.isQuiet && ::isatty(STDERR_FILENO) != 0;
+    const auto take = [&](const CVORec& record) {
+        aggregation.Add(record);
+        if (showsProgress && aggregation.Count() % kProgressStep == 0)
+            m_console.out.Progress(
+                FormatText<Text::CliReportProgress>(static_cast<int>(aggregation.Count())));
+    };
+    const bool isRead = m_ids ? records.FindThese(*m_ids, take) : records.Find(take);
+    if (showsProgress && aggregation.Count() >= kProgressStep) m_console.out.NoteBare(QStringLiteral("\n"));
+    return isRead;
+}
+
+void CRun::TellWhatLacks() const {
+    const GroupLack lack = LackOf(m_request.report);
+    if (lack == GroupLack::GroupFields) m_console.out.Complain(LoadText(Text::ReportLacksGroup));
+    if (lack == GroupLack::SumFields) m_console.out.Complain(LoadText(Text::ReportLacksSum));
+}
+
+ExitCode CRun::Count() {
+    const CFieldCatalogue catalogue(m_context.catalogue.Labels(), m_context.settings);
+    CAggregation aggregation(Kind(), m_request.report, catalogue, m_context.settings);
+    m_context.timers.Look();
+    CRecordReader reader(m_context.document, Kind(), &m_context.timers.Timers());
+    CListedRecords records(reader, {});
+    if (!Find(records, aggregation)) return ExitCode::Failed;
+    if (aggregation.Count() == 0) return ::Refuse(ExitCode::Failed, LoadText(m_noneText), m_console);
+    const std::vector<std::uint32_t> order = aggregation.Order();
+    if (!m_request.report.sortKeys.isEmpty()) records.Reorder(order);
+    const SYSTEMTIME today = m_console.clock.GetLocalTime();
+    const ReportResult result =
+        aggregation.Result(order, TextsOfDay(today.wMonth, today.wDay, today.wYear).longText);
+    TellWhatLacks();
+    return Write(records, result);
+}
+
+ExitCode CRun::Write(CListedRecords& records, const ReportResult& result) {
+    CReadRows rows(records, result);
+    COutput& out = m_console.out;
+    const bool isOut = m_request.file || !out.isJson;
+    ExitCode exit =
+        isOut ? WriteReport({m_request.format, m_request.file}, result, rows, m_console) : ExitCode::Done;
+    if (exit == ExitCode::Done && out.isJson) {
+        const SYSTEMTIME today = m_console.clock.GetLocalTime();
+        const ShownRun run{.mode = m_request.mode,
+                           .name = m_request.name,
+                           .date = IsoDate(today.wYear, today.wMonth, today.wDay),
+                           .count = records.Count(),
+                           .result = result};
+        const auto forEachId = [&records](const auto& visit) { records.ForEachId(visit); };
+        if (!WriteRunJson(out, run, forEachId, rows)) exit = ExitCode::Failed;
+    }
+    if (records.MissingCount() > 0)
+        out.Note(FormatText<Text::ReportRecordMissing>(static_cast<int>(records.MissingCount())));
+    return exit;
+}
+
+}  // namespace
+
+std::span<const OptionRow> RunOptions() {
+    return kRunOptions;
+}
+
+ExitCode RunReport(const CArguments& arguments, Console& console, RecordContext& context) {
+    ReportRequest request;
+    const FilterProblem problem = ReadReportRequest(arguments, console, context.owner, request);
+    if (problem.exit != ExitCode::Done) return Refuse(problem, console);
+    return CRun(std::move(request), console, context).Run();
+}
