@@ -162,6 +162,12 @@ constexpr BoxRow kBoxes[] = {
     {.text = Text::ReportNameReserved, .title = Text::ReportMessageTitle},
     {.text = Text::ReportNeedsGroup, .title = Text::ReportMessageTitle},
     {.text = Text::ReportNeedsSum, .title = Text::ReportMessageTitle},
+    {.text = Text::ReportNothingSelected, .title = Text::ReportMessageTitle},
+    {.text = Text::ReportNothingListed, .title = Text::ReportMessageTitle},
+    {.text = Text::ReportNothingFound, .title = Text::ReportMessageTitle},
+    {.text = Text::ReportLacksGroup, .title = Text::ReportMessageTitle},
+    {.text = Text::ReportLacksSum, .title = Text::ReportMessageTitle},
+    {.text = Text::QueryDateUnread, .title = Text::ReportMessageTitle},
 };
 
 }  // namespace
