@@ -28,6 +28,14 @@ std::function<bool(const CVORec&)> TestOf(const CVelmarchDoc& document, RecordKi
     };
 }
 
+/// Whether a filter asks for nothing but days.
+template <class Filter>
+bool AsksForDaysAlone(const Filter& filter) {
+    Filter days;
+    static_cast<PeriodFilter&>(days) = filter;
+    return days == filter;
+}
+
 }  // namespace
 
 CRecordReader::CRecordReader(CVelmarchDoc& document, RecordKind kind, const CTimerService* timers)
@@ -46,6 +54,36 @@ bool CRecordReader::ReadAll(Order order, const Take& take) {
         if (m_passes(*record)) take(std::move(record));
         return true;
     });
+}
+
+bool CRecordReader::IsPeriodAlone() const {
+    return m_kind == RecordKind::Time ? AsksForDaysAlone(m_document.Filter())
+                                      : AsksForDaysAlone(m_document.FilterOfExpenses());
+}
+
+bool CRecordReader::ReadColumns(ColumnSet columns, const See& see) {
+    const auto readAll = [&] {
+        return ReadAll(Order::Any, [&see](std::unique_ptr<CVORec> record) { see(*record); });
+    };
+    if (!IsPeriodAlone()) return readAll();
+    const std::unique_ptr<CVORec> record = NewRecord(m_kind);
+    const ColumnSet wanted =
+        columns | (m_kind == RecordKind::Time ? ColumnsOf(&CTRecord::date) : ColumnsOf(&CERecord::date));
+    CRecordStore& store = m_document.Store();
+    if (!store.Query(SelectColumns(store, *record, wanted, Conditions()))) return false;
+    RowTable rows;
+    bool isRead = true;
+    while (isRead && !store.IsEOF()) {
+        isRead = store.NextRows(rows, kPiece);
+        // A table whose columns aren't those of the records shows at its first rows.
+        if (isRead && !Fits(rows, *record, wanted)) return readAll();
+        for (std::size_t row = 0; isRead && row < rows.RowCount(); ++row) {
+            LoadColumns(*record, rows, row, wanted);
+            if (m_passes(*record)) see(*record);
+        }
+    }
+    store.Manager().CloseQuery();
+    return isRead;
 }
 
 bool CRecordReader::ReadDays(const RowDay& from, std::size_t least, Days& days) {

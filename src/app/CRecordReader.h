@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/CVORec.h"
+#include "records/RecordColumns.h"
 #include "records/RowConditions.h"
 
 #include <QStringList>
@@ -22,10 +23,15 @@ class CRecordReader {
     /// timers: who knows which records have one; null: none has.
     CRecordReader(CVelmarchDoc& document, RecordKind kind, const CTimerService* timers);
 
+    [[nodiscard]] RecordKind Kind() const { return m_kind; }
     /// All of one moment: nobody changes the store until the last one was taken, so take must not wait for
     /// anything. Of days: by date, those of one day by identity. False when they can't be read; the user was
     /// told.
     [[nodiscard]] bool ReadAll(Order order, const Take& take);
+    /// The same in no promised order, with these columns of the table read and no others where the filter
+    /// allows it. The record is good until the next one.
+    using See = std::function<void(const CVORec& record)>;
+    [[nodiscard]] bool ReadColumns(ColumnSet columns, const See& see);
     struct Days {
         std::vector<std::unique_ptr<CVORec>> records;  ///< by date, those of one day by identity
         std::optional<RowDay> next;                    ///< the first day after them, if there is one
@@ -42,6 +48,7 @@ class CRecordReader {
     /// False ends the walk.
     using Step = std::function<bool(std::unique_ptr<CVORec> record)>;
     [[nodiscard]] RowConditions Conditions() const;
+    [[nodiscard]] bool IsPeriodAlone() const;
     [[nodiscard]] bool Walk(const QString& statement, const Step& step);
     [[nodiscard]] bool WalkRowByRow(const QString& statement, const Step& step);
 

@@ -3,6 +3,7 @@
 #include "calendar/NumberText.h"
 #include "fields/FieldRow.h"
 #include "fields/FieldValue.h"
+#include "fields/StoredColumns.h"
 #include "lang/LoadText.h"
 #include "platform/host/CRegionalInfo.h"
 #include "records/FieldTexts.h"
@@ -80,4 +81,11 @@ std::optional<QString> ShownDisplay(const CVORec& record, const FieldRow& field)
     if (auto text = ShownText(record, field)) return text;
     const std::optional<double> value = ShownNumber(record, field);
     return value ? std::optional(FormatNumber(TheRegion(), *value, -1)) : std::nullopt;
+}
+
+ColumnSet ShownColumns(const FieldRow& field) {
+    ColumnSet columns = StoredColumnsOf(field);
+    if (field.id == FieldId::ExpenseRate) columns |= ColumnsOf(&CERecord::distance);
+    if (field.id == FieldId::Distance) columns |= ColumnsOf(&CERecord::isDistance);
+    return columns;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/RecordColumns.h"
+
 #include <QString>
 #include <optional>
 
@@ -16,3 +18,5 @@ struct FieldRow;
 [[nodiscard]] std::optional<double> ShownNumber(const CVORec& record, const FieldRow& field);
 /// The text, or the number with six significant digits.
 [[nodiscard]] std::optional<QString> ShownDisplay(const CVORec& record, const FieldRow& field);
+/// The columns of the store from which all of these are read.
+[[nodiscard]] ColumnSet ShownColumns(const FieldRow& field);

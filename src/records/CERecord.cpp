@@ -2,7 +2,9 @@
 
 #include "calendar/NumberText.h"
 #include "platform/host/CRegionalInfo.h"
+#include "records/ColumnLoads.h"
 #include "records/Precisions.h"
+#include "records/RecordColumns.h"
 #include "records/StoredMembers.h"
 
 namespace {
@@ -13,6 +15,7 @@ using namespace Stored;
 
 /// Stored as its text.
 struct Distance {
+    static constexpr auto kMember = &CERecord::distance;
     int place;
     [[nodiscard]] static constexpr std::array<FieldDef, 1> Defs() { return {FieldDef::Str(ColumnDistance)}; }
     static void Put(const CERecord& record, RowWriter& out) { out.PutText(record.StoredDistance()); }
@@ -93,6 +96,29 @@ bool CERecord::IsDistanceReadWhole() const {
 
 void CERecord::Copy(const CERecord& other) {
     Stored::Copy<kMembers>(*this, other);
+}
+
+ColumnSet ColumnsOf(QString CERecord::*member) {
+    return Stored::ColumnsOf<kMembers>(member);
+}
+
+ColumnSet ColumnsOf(bool CERecord::*member) {
+    return Stored::ColumnsOf<kMembers>(member);
+}
+
+ColumnSet ColumnsOf(DecimalField CERecord::*member) {
+    return Stored::ColumnsOf<kMembers>(member);
+}
+
+ColumnSet ColumnsOf(RecordDate CERecord::*member) {
+    return Stored::ColumnsOf<kMembers>(member);
+}
+
+/// A distance that can't be read leaves the number as it is, so it must not be that of the row before.
+void LoadExpenseColumns(CERecord& record, const RowTable& rows, std::size_t row, ColumnSet columns) {
+    record.distance.Reset();
+    TableRow source(rows, row);
+    Stored::TakeColumns<kMembers>(record, source, columns);
 }
 
 Text CERecord::ColumnOf(QString CERecord::*item) {

@@ -1,6 +1,8 @@
 // The forms in which a time record travels: a row of its table, a row of a bulk read, a block of bytes, a
 // copy.
 #include "records/CTRecord.h"
+#include "records/ColumnLoads.h"
+#include "records/RecordColumns.h"
 #include "records/StoredMembers.h"
 
 namespace {
@@ -10,6 +12,7 @@ using namespace Stored;
 
 /// The duration; the other two spans follow it.
 struct Duration {
+    static constexpr auto kMember = &SpanSet::duration;
     int place;
     [[nodiscard]] static constexpr std::array<FieldDef, 2> Defs() {
         return {FieldDef::Int(ColumnDurationHours), FieldDef::Int(ColumnDurationMinutes)};
@@ -31,6 +34,7 @@ struct Duration {
 
 /// Behind the duration, so that the net time comes out of both.
 struct Break {
+    static constexpr auto kMember = &SpanSet::breakTime;
     int place;
     [[nodiscard]] static constexpr std::array<FieldDef, 2> Defs() {
         return {FieldDef::Int(ColumnBreakHours), FieldDef::Int(ColumnBreakMinutes)};
@@ -76,6 +80,41 @@ constexpr std::tuple kMembers = {
 constexpr auto kFields = Stored::FieldDefsOf(kMembers);
 
 }  // namespace
+
+ColumnSet ColumnsOf(QString CTRecord::*member) {
+    return Stored::ColumnsOf<kMembers>(member);
+}
+
+ColumnSet ColumnsOf(bool CTRecord::*member) {
+    return Stored::ColumnsOf<kMembers>(member);
+}
+
+ColumnSet ColumnsOf(DecimalField CTRecord::*member) {
+    return Stored::ColumnsOf<kMembers>(member);
+}
+
+ColumnSet ColumnsOf(RecordDate CTRecord::*member) {
+    return Stored::ColumnsOf<kMembers>(member);
+}
+
+ColumnSet ColumnsOf(SpanField SpanSet::*member) {
+    if (member != &SpanSet::effective) return Stored::ColumnsOf<kMembers>(member);
+    return ColumnsOf(&SpanSet::duration) | ColumnsOf(&SpanSet::breakTime);
+}
+
+ColumnSet ColumnsOf(bool (CTRecord::*getTime)(int&, int&, bool&) const) {
+    const auto columns = [](int CTRecord::*hour, int CTRecord::*minute, bool CTRecord::*isPm) {
+        return Stored::ColumnsOf<kMembers>(hour) | Stored::ColumnsOf<kMembers>(minute) | ColumnsOf(isPm);
+    };
+    return getTime == &CTRecord::GetStart
+               ? columns(&CTRecord::startHour, &CTRecord::startMinute, &CTRecord::startIsPm)
+               : columns(&CTRecord::endHour, &CTRecord::endMinute, &CTRecord::endIsPm);
+}
+
+void LoadTimeColumns(CTRecord& record, const RowTable& rows, std::size_t row, ColumnSet columns) {
+    TableRow source(rows, row);
+    Stored::TakeColumns<kMembers>(record, source, columns);
+}
 
 Text CTRecord::ColumnOf(QString CTRecord::*item) {
     return Stored::ColumnOf<kMembers>(item);

@@ -3,12 +3,14 @@
 #include "records/ByteStream.h"
 #include "records/FieldDef.h"
 #include "records/FieldValues.h"
+#include "records/RecordColumns.h"
 #include "records/RowAccess.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 /// The stored members of a record class stand in one table, a tuple of these parts in the order of the
@@ -20,6 +22,7 @@ inline constexpr int kNotInBytes = 0;
 
 template <auto Member>
 struct Number {
+    static constexpr auto kMember = Member;
     Text column;
     int place;
     [[nodiscard]] constexpr std::array<FieldDef, 1> Defs() const { return {FieldDef::Int(column)}; }
@@ -31,6 +34,7 @@ struct Number {
 
 template <auto Member>
 struct Flag {
+    static constexpr auto kMember = Member;
     Text column;
     int place;
     [[nodiscard]] constexpr std::array<FieldDef, 1> Defs() const { return {FieldDef::Int(column)}; }
@@ -44,6 +48,7 @@ struct Flag {
 /// A short text, which records share where it repeats.
 template <auto Member>
 struct Item {
+    static constexpr auto kMember = Member;
     static constexpr auto kItem = Member;
     Text column;
     int place;
@@ -59,6 +64,7 @@ struct Item {
 
 template <auto Member>
 struct LongText {
+    static constexpr auto kMember = Member;
     Text column;
     int place;
     [[nodiscard]] constexpr std::array<FieldDef, 1> Defs() const { return {FieldDef::Long(column)}; }
@@ -74,6 +80,7 @@ struct LongText {
 /// A rate or an amount. Setting it rounds it to the record's own places, copying too.
 template <auto Member>
 struct Money {
+    static constexpr auto kMember = Member;
     Text column;
     int place;
     [[nodiscard]] constexpr std::array<FieldDef, 1> Defs() const { return {FieldDef::Real(column)}; }
@@ -85,6 +92,7 @@ struct Money {
 
 template <auto Member>
 struct Day {
+    static constexpr auto kMember = Member;
     Text month, day, year;
     int place;
     [[nodiscard]] constexpr std::array<FieldDef, 3> Defs() const {
@@ -184,6 +192,20 @@ template <const auto& Table, class Record>
     return column;
 }
 
+/// The columns of a member.
+template <const auto& Table, class Pointer>
+[[nodiscard]] ColumnSet ColumnsOf(Pointer member) {
+    ColumnSet columns = 0;
+    std::size_t next = 0;
+    ForEach<Table>([&]<class Part>(const Part&) {
+        constexpr std::size_t kCount = std::tuple_size_v<decltype(std::declval<Part>().Defs())>;
+        if constexpr (requires { requires std::is_same_v<const Pointer, decltype(Part::kMember)>; })
+            if (Part::kMember == member) columns |= ((ColumnSet{1} << kCount) - 1) << next;
+        next += kCount;
+    });
+    return columns;
+}
+
 template <const auto& Table>
 [[nodiscard]] bool Write(const auto& record, CVORecordset& row, std::span<const FieldDef> defs) {
     RowWriter out(row, defs);
@@ -194,6 +216,16 @@ template <const auto& Table>
 template <const auto& Table>
 void TakeRow(auto& record, auto& row) {
     ForEach<Table>([&](const auto& part) { part.TakeRow(record, row); });
+}
+
+/// Of a row that has some of the columns alone, in their order: what belongs to others stays as it is.
+template <const auto& Table>
+void TakeColumns(auto& record, auto& row, ColumnSet columns) {
+    std::size_t next = 0;
+    ForEach<Table>([&]<class Part>(const Part& part) {
+        if ((columns >> next & 1U) != 0) part.TakeRow(record, row);
+        next += std::tuple_size_v<decltype(std::declval<Part>().Defs())>;
+    });
 }
 
 template <const auto& Table>
