@@ -8,24 +8,6 @@ namespace {
 constexpr std::size_t kMostHeld = 2000;
 constexpr std::size_t kPage = 500;
 
-int ValueOf(QChar digit) {
-    return digit <= u'9' ? digit.unicode() - u'0' : digit.unicode() - u'A' + 10;
-}
-
-/// 16 bytes in place of 32 digits; none for what is no identity.
-std::array<char, 16> Packed(const QString& id) {
-    std::array<char, 16> packed{};
-    if (!IsIdentity(id)) return packed;
-    for (qsizetype i = 0; i < 16; ++i)
-        packed[static_cast<std::size_t>(i)] =
-            static_cast<char>(ValueOf(id[2 * i]) << 4 | ValueOf(id[2 * i + 1]));
-    return packed;
-}
-
-QString Unpacked(const std::array<char, 16>& packed) {
-    return QString::fromLatin1(QByteArray(packed.data(), packed.size()).toHex().toUpper());
-}
-
 bool IsEarlier(const std::unique_ptr<CVORec>& a, const std::unique_ptr<CVORec>& b) {
     return CompareDays(*a, *b) < 0;
 }
@@ -70,7 +52,7 @@ void CListedRecords::Append(Record record, bool isHeld) {
 
 void CListedRecords::NoteShown(Record record, bool isHeld) {
     const bool isPacked = !isHeld && IsIdentity(record->GetId());
-    m_ids.push_back(Packed(record->GetId()));
+    m_ids.push_back(PackedOf(record->GetId()));
     if (!isPacked) m_held.emplace(m_ids.size() - 1, std::move(record));
 }
 
@@ -125,7 +107,7 @@ void CListedRecords::ForEachId(const std::function<void(const QString&)>& visit)
     auto held = m_held.begin();
     for (std::size_t place = 0; place < m_ids.size(); ++place) {
         const bool isHeld = held != m_held.end() && held->first == place;
-        visit(isHeld ? held->second->GetId() : Unpacked(m_ids[place]));
+        visit(isHeld ? held->second->GetId() : UnpackedId(m_ids[place]));
         if (isHeld) ++held;
     }
 }
@@ -174,7 +156,7 @@ bool CListedRecords::AreNext(const std::vector<Record>& records) const {
     if (records.empty()) return false;
     const std::size_t count = std::min(records.size(), m_ids.size() - m_place);
     for (std::size_t i = 0; i < count; ++i)
-        if (m_ids[m_place + i] != Packed(records[i]->GetId())) return false;
+        if (m_ids[m_place + i] != PackedOf(records[i]->GetId())) return false;
     return m_held.lower_bound(m_place) == m_held.lower_bound(m_place + count);
 }
 
@@ -182,7 +164,7 @@ bool CListedRecords::AreNext(const std::vector<Record>& records) const {
 bool CListedRecords::ShowByIds(const Show& show) {
     QStringList ids;
     for (std::size_t place = m_place; place < std::min(m_place + kPage, m_ids.size()); ++place)
-        ids.append(Unpacked(m_ids[place]));
+        ids.append(UnpackedId(m_ids[place]));
     return m_reader.Read(ids, [&](const Record& read) {
         const auto held = m_held.find(m_place);
         ShowNext(held == m_held.end() ? read.get() : held->second.get(), show);

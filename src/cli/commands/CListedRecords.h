@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/CRecordReader.h"
+#include "cli/commands/PackedId.h"
 #include "cli/output/RecordColumns.h"
 #include "cli/output/RecordSums.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -51,7 +51,6 @@ class CListedRecords {
     [[nodiscard]] std::size_t MissingCount() const { return m_missing; }
 
  private:
-    using PackedId = std::array<char, 16>;
     using Record = std::unique_ptr<CVORec>;
 
     [[nodiscard]] bool FindByDay();

@@ -4,6 +4,7 @@
 #include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchDoc.h"
 #include "cli/arguments/QueryArguments.h"
+#include "cli/commands/CCountedRecords.h"
 #include "cli/commands/CListedRecords.h"
 #include "cli/commands/RecordSteps.h"
 #include "cli/commands/ReportOutlet.h"
@@ -32,8 +33,6 @@ constexpr OptionRow kRunOptions[] = {
     {"out", "FILE", OptionShape::Value, Text::CliOptOut},
 };
 
-constexpr std::size_t kProgressStep = 10000;
-
 ExitCode Refuse(const FilterProblem& problem, Console& console) {
     for (const QString& note : problem.notes) console.out.Note(note);
     if (!problem.words.isEmpty()) console.out.Complain(problem.words);
@@ -61,6 +60,34 @@ class CReadRows final : public CListingRows {
     const ReportResult& m_result;
 };
 
+/// Of a report without a listing.
+class CNoRows final : public CListingRows {
+ public:
+    [[nodiscard]] bool ForEachRow(const Visit&) override { return true; }
+};
+
+/// Shows on a terminal how far the counting is.
+class CCountProgress {
+ public:
+    explicit CCountProgress(COutput& out)
+        : m_out(out), m_isShown(!out.isQuiet && ::isatty(STDERR_FILENO) != 0) {}
+    ~CCountProgress() {
+        if (m_isShown && m_count >= kStep) m_out.NoteBare(QStringLiteral("\n"));
+    }
+    CCountProgress(const CCountProgress&) = delete;
+    CCountProgress& operator=(const CCountProgress&) = delete;
+
+    void Advance() {
+        if (++m_count % kStep == 0 && m_isShown) m_out.Progress(FormatText<Text::CliReportProgress>(m_count));
+    }
+
+ private:
+    static constexpr int kStep = 10000;
+    COutput& m_out;
+    bool m_isShown;
+    int m_count = 0;
+};
+
 /// One run from the definition to what it writes.
 class CRun {
  public:
@@ -72,18 +99,32 @@ class CRun {
         const ExitCode chosen = ChooseRecords();
         if (chosen != ExitCode::Done) return chosen;
         if (!m_context.catalogue.Load()) return ExitCode::Failed;
-        return Count();
+        return MakeReport();
     }
 
  private:
+    /// What was made of the records, for all forms in which it is written.
+    struct Made {
+        const ReportResult& result;
+        CListingRows& rows;
+        std::size_t count;
+        ForEachIdentity forEachId;
+    };
+
     [[nodiscard]] RecordKind Kind() const { return KindOf(m_request.mode); }
     void NoteQuickRun();
     [[nodiscard]] ExitCode ChooseRecords();
     [[nodiscard]] ExitCode ChooseByDefinition();
     [[nodiscard]] ExitCode ApplyQuery(const QString& name);
-    [[nodiscard]] ExitCode Count();
-    [[nodiscard]] bool Find(CListedRecords& records, CAggregation& aggregation) const;
-    [[nodiscard]] ExitCode Write(CListedRecords& records, const ReportResult& result);
+    [[nodiscard]] ExitCode MakeReport();
+    [[nodiscard]] ExitCode MakeOfRows(CRecordReader& reader, CAggregation& aggregation);
+    [[nodiscard]] ExitCode MakeOfCounts(CRecordReader& reader, CAggregation& aggregation);
+    [[nodiscard]] ExitCode RefuseNone() const {
+        return ::Refuse(ExitCode::Failed, LoadText(m_noneText), m_console);
+    }
+    [[nodiscard]] QString Today() const;
+    [[nodiscard]] ExitCode Write(const Made& made);
+    [[nodiscard]] bool WriteJson(const Made& made);
     void TellWhatLacks() const;
 
     ReportRequest m_request;
@@ -136,61 +177,88 @@ ExitCode CRun::ChooseRecords() {
     return m_request.isFiltered ? ExitCode::Done : ChooseByDefinition();
 }
 
-bool CRun::Find(CListedRecords& records, CAggregation& aggregation) const {
-    const bool showsProgress = !m_console.out.isQuiet && ::isatty(STDERR_FILENO) != 0;
-    const auto take = [&](const CVORec& record) {
-        aggregation.Add(record);
-        if (showsProgress && aggregation.Count() % kProgressStep == 0)
-            m_console.out.Progress(
-                FormatText<Text::CliReportProgress>(static_cast<int>(aggregation.Count())));
-    };
-    const bool isRead = m_ids ? records.FindThese(*m_ids, take) : records.Find(take);
-    if (showsProgress && aggregation.Count() >= kProgressStep) m_console.out.NoteBare(QStringLiteral("\n"));
-    return isRead;
-}
-
 void CRun::TellWhatLacks() const {
     const GroupLack lack = LackOf(m_request.report);
     if (lack == GroupLack::GroupFields) m_console.out.Complain(LoadText(Text::ReportLacksGroup));
     if (lack == GroupLack::SumFields) m_console.out.Complain(LoadText(Text::ReportLacksSum));
 }
 
-ExitCode CRun::Count() {
-    const CFieldCatalogue catalogue(m_context.catalogue.Labels(), m_context.settings);
-    CAggregation aggregation(Kind(), m_request.report, catalogue, m_context.settings);
-    m_context.timers.Look();
-    CRecordReader reader(m_context.document, Kind(), &m_context.timers.Timers());
-    CListedRecords records(reader, {});
-    if (!Find(records, aggregation)) return ExitCode::Failed;
-    if (aggregation.Count() == 0) return ::Refuse(ExitCode::Failed, LoadText(m_noneText), m_console);
-    const std::vector<std::uint32_t> order = aggregation.Order();
-    if (!m_request.report.sortKeys.isEmpty()) records.Reorder(order);
+QString CRun::Today() const {
     const SYSTEMTIME today = m_console.clock.GetLocalTime();
-    const ReportResult result =
-        aggregation.Result(order, TextsOfDay(today.wMonth, today.wDay, today.wYear).longText);
-    TellWhatLacks();
-    return Write(records, result);
+    return TextsOfDay(today.wMonth, today.wDay, today.wYear).longText;
 }
 
-ExitCode CRun::Write(CListedRecords& records, const ReportResult& result) {
+ExitCode CRun::MakeReport() {
+    const CFieldCatalogue catalogue(m_context.catalogue.Labels(), m_context.settings);
+    CAggregation aggregation(Kind(), m_request.report, catalogue, m_context.settings);
+    if (m_request.filter.Has("timers")) m_context.timers.Look();
+    CRecordReader reader(m_context.document, Kind(), &m_context.timers.Timers());
+    return m_ids || HasListing(m_request.report.kind) ? MakeOfRows(reader, aggregation)
+                                                      : MakeOfCounts(reader, aggregation);
+}
+
+/// The records are read to be counted and sorted, and again when their rows are written.
+ExitCode CRun::MakeOfRows(CRecordReader& reader, CAggregation& aggregation) {
+    CListedRecords records(reader, {});
+    CCountProgress progress(m_console.out);
+    const auto take = [&](const CVORec& record) {
+        aggregation.Add(record);
+        progress.Advance();
+    };
+    if (!(m_ids ? records.FindThese(*m_ids, take) : records.Find(take))) return ExitCode::Failed;
+    if (aggregation.Count() == 0) return RefuseNone();
+    const std::vector<std::uint32_t> order = aggregation.Order();
+    if (!m_request.report.sortKeys.isEmpty()) records.Reorder(order);
+    const ReportResult result = aggregation.Result(order, Today());
     CReadRows rows(records, result);
-    COutput& out = m_console.out;
-    const bool isOut = m_request.file || !out.isJson;
-    ExitCode exit =
-        isOut ? WriteReport({m_request.format, m_request.file}, result, rows, m_console) : ExitCode::Done;
-    if (exit == ExitCode::Done && out.isJson) {
-        const SYSTEMTIME today = m_console.clock.GetLocalTime();
-        const ShownRun run{.mode = m_request.mode,
-                           .name = m_request.name,
-                           .date = IsoDate(today.wYear, today.wMonth, today.wDay),
-                           .count = records.Count(),
-                           .result = result};
-        const auto forEachId = [&records](const auto& visit) { records.ForEachId(visit); };
-        if (!WriteRunJson(out, run, forEachId, rows)) exit = ExitCode::Failed;
-    }
+    const ExitCode exit =
+        Write({.result = result, .rows = rows, .count = records.Count(), .forEachId = [&](const auto& visit) {
+                   records.ForEachId(visit);
+               }});
     if (records.MissingCount() > 0)
-        out.Note(FormatText<Text::ReportRecordMissing>(static_cast<int>(records.MissingCount())));
+        m_console.out.Note(FormatText<Text::ReportRecordMissing>(static_cast<int>(records.MissingCount())));
     return exit;
+}
+
+/// Which record is which has to be known only where something depends on it.
+ExitCode CRun::MakeOfCounts(CRecordReader& reader, CAggregation& aggregation) {
+    const CReportDef& report = m_request.report;
+    const bool isOrdered = m_console.out.isJson || !report.sortKeys.isEmpty();
+    CCountedRecords records(reader, aggregation,
+                            isOrdered ? CCountedRecords::Known::All : CCountedRecords::Known::Groups);
+    CCountProgress progress(m_console.out);
+    if (!records.Count(NeededColumns(Kind(), report), [&progress] { progress.Advance(); }))
+        return ExitCode::Failed;
+    if (aggregation.Count() == 0) return RefuseNone();
+    const std::vector<std::uint32_t> order = records.Order();
+    const ReportResult result = aggregation.Result(order, Today());
+    CNoRows rows;
+    return Write(
+        {.result = result, .rows = rows, .count = aggregation.Count(), .forEachId = [&](const auto& visit) {
+             records.ForEachId(order, visit);
+         }});
+}
+
+ExitCode CRun::Write(const Made& made) {
+    TellWhatLacks();
+    const bool isJson = m_console.out.isJson;
+    if (m_request.file || !isJson) {
+        const ReportOutlet outlet{m_request.format, m_request.file};
+        const ExitCode exit = WriteReport(outlet, made.result, made.rows, m_console);
+        if (exit != ExitCode::Done) return exit;
+    }
+    return !isJson || WriteJson(made) ? ExitCode::Done : ExitCode::Failed;
+}
+
+bool CRun::WriteJson(const Made& made) {
+    const SYSTEMTIME today = m_console.clock.GetLocalTime();
+    return WriteRunJson(m_console.out,
+                        {.mode = m_request.mode,
+                         .name = m_request.name,
+                         .date = IsoDate(today.wYear, today.wMonth, today.wDay),
+                         .count = made.count,
+                         .result = made.result},
+                        made.forEachId, made.rows);
 }
 
 }  // namespace

@@ -17,12 +17,6 @@ int Order(const T& a, const T& b) {
     return a < b ? -1 : (b < a ? 1 : 0);
 }
 
-/// Minutes since midnight, -1 without a time.
-int MinuteOf(const CVORec& record, const FieldRow& field) {
-    const std::optional<ClockTime> time = TimeOf(record, field);
-    return time ? Hour24Of(time->hour, time->isPm) * 60 + time->minute : -1;
-}
-
 /// A whole length in minutes, -1 without one.
 qint64 MinutesOf(const SpanField& span) {
     return span.IsSet() ? qint64{span.hours} * 60 + span.minutes : -1;
@@ -67,6 +61,11 @@ int CompareDates(const RecordDate& a, const RecordDate& b) {
 }
 
 }  // namespace
+
+int MinuteOf(const CVORec& record, const FieldRow& field) {
+    const std::optional<ClockTime> time = TimeOf(record, field);
+    return time ? Hour24Of(time->hour, time->isPm) * 60 + time->minute : -1;
+}
 
 void WriteFieldJson(CJsonText& json, const CVORec& record, const FieldRow& field) {
     switch (field.form) {

@@ -13,5 +13,7 @@ void WriteFieldJson(CJsonText& json, const CVORec& record, const FieldRow& field
 /// Below 0, 0, above 0. What isn't set comes first. Capitals and small letters count only between texts that
 /// are equal otherwise.
 [[nodiscard]] int CompareFields(const CVORec& a, const CVORec& b, const FieldRow& field);
+/// Of a time of day: minutes since midnight, -1 without one.
+[[nodiscard]] int MinuteOf(const CVORec& record, const FieldRow& field);
 /// "2026-11-19".
 [[nodiscard]] QString IsoDate(int year, int month, int day);

@@ -1,5 +1,7 @@
 #include "reports/aggregate/CAggregation.h"
 
+#include "app/ShownFields.h"
+#include "fields/FieldTable.h"
 #include "reports/definition/ReportKinds.h"
 
 #include <limits>
@@ -20,14 +22,14 @@ CAggregation::CAggregation(RecordKind kind, const CReportDef& report, const CFie
         m_summary = std::make_shared<ReportSectionList>(kind, catalogue, settings);
 }
 
-void CAggregation::Add(const CVORec& record) {
+std::optional<std::size_t> CAggregation::Add(const CVORec& record) {
     ++m_count;
     m_keys.Add(record);
-    if (m_grouping) {
-        const std::optional<std::size_t> row = m_grouping->Add(record);
-        m_rowOf.push_back(row ? static_cast<std::uint32_t>(*row) : kNoRow);
-    }
     if (m_summary) m_summary->Add(record);
+    if (!m_grouping) return std::nullopt;
+    const std::optional<std::size_t> row = m_grouping->Add(record);
+    m_rowOf.push_back(row ? static_cast<std::uint32_t>(*row) : kNoRow);
+    return row;
 }
 
 std::vector<std::uint32_t> CAggregation::Order(std::span<const std::uint32_t> before) {
@@ -50,4 +52,19 @@ ReportResult CAggregation::Result(std::span<const std::uint32_t> order, const QS
     ReportResult result{.definition = m_report, .date = date, .listing = m_listing, .summary = m_summary};
     if (m_grouping) result.grouped = GroupsIn(order);
     return result;
+}
+
+ColumnSet NeededColumns(RecordKind kind, const CReportDef& report) {
+    QList<FieldId> fields;
+    if (report.kind == ReportKind::Summary)
+        fields = kind == RecordKind::Time
+                     ? QList{FieldId::Effective, FieldId::TimeAmount, FieldId::Billable}
+                     : QList{FieldId::Distance, FieldId::ExpenseAmount, FieldId::Flag1, FieldId::Flag3};
+    else
+        fields = report.groupFields + report.sumFields;
+    for (const SortKey& key : report.sortKeys) fields += key.fieldId;
+    ColumnSet columns = 0;
+    for (const FieldId field : fields)
+        if (const FieldRow* row = FindField(kind, NumberOf(field))) columns |= ShownColumns(*row);
+    return columns;
 }

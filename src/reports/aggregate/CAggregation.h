@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/RecordColumns.h"
 #include "reports/aggregate/CGrouping.h"
 #include "reports/aggregate/CSortKeys.h"
 #include "reports/aggregate/ReportResult.h"
@@ -23,12 +24,14 @@ class CAggregation {
                  const Settings& settings);
 
     void Reserve(std::size_t records) { m_keys.Reserve(records); }
-    void Add(const CVORec& record);
+    /// The place of the record's group among those so far; nothing where it is in none.
+    std::optional<std::size_t> Add(const CVORec& record);
     [[nodiscard]] std::size_t Count() const { return m_count; }
     /// The places of the records, counted from 0 as they were added, in the order of the report's sort keys.
     /// before: the order in which they stand before the keys act; none: as they were added. Once.
     [[nodiscard]] std::vector<std::uint32_t> Order(std::span<const std::uint32_t> before = {});
-    /// order: what Order gave; the groups stand as they first appear in it. date: of the run.
+    /// order: what Order gave, or of each group the first record alone; the groups stand as they first appear
+    /// in it. date: of the run.
     [[nodiscard]] ReportResult Result(std::span<const std::uint32_t> order, const QString& date) const;
 
  private:
@@ -42,3 +45,6 @@ class CAggregation {
     std::vector<std::uint32_t> m_rowOf;  ///< the group of each record; kNoRow for one that was left out
     std::shared_ptr<ReportSectionList> m_summary;
 };
+
+/// The columns of the store that a report without a listing needs of each record.
+[[nodiscard]] ColumnSet NeededColumns(RecordKind kind, const CReportDef& report);

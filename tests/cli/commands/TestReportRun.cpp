@@ -52,6 +52,8 @@ class TestReportRun : public QObject {
     void AnotherCodePage();
     void HostileTextsStayTexts();
     void MoreThanIsHeldInMemory();
+    void GroupsStandInTheOrderOfTheList_data();
+    void GroupsStandInTheOrderOfTheList();
 
  private:
     [[nodiscard]] QString Notes(const Reply& reply) const;
@@ -381,6 +383,33 @@ void TestReportRun::MoreThanIsHeldInMemory() {
         for (const QJsonValue& row : rows) clients += row[2].toString().toCaseFolded();
         QVERIFY(std::is_sorted(clients.crbegin(), clients.crend()));
     }
+}
+
+void TestReportRun::GroupsStandInTheOrderOfTheList_data() {
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<QStringList>("groups");
+    QTest::newRow("all") << QString() << QStringList{u"Smith"_s, u"acme"_s, u"Acme"_s};
+    QTest::newRow("of some days") << u"--from 2026-11-19 --to 2026-12-31"_s
+                                  << QStringList{u"acme"_s, u"Acme"_s};
+    QTest::newRow("with a criterion") << u"--billable"_s << QStringList{u"Smith"_s, u"Acme"_s};
+    QTest::newRow("sorted") << u"--sort date:desc"_s << QStringList{u"Acme"_s, u"acme"_s, u"Smith"_s};
+}
+
+/// The page, the table and the numbers agree, whichever of them needs to know the records.
+void TestReportRun::GroupsStandInTheOrderOfTheList() {
+    QFETCH(QString, options);
+    QFETCH(QStringList, groups);
+    const QStringList run = kGrouped + Words(options);
+    QStringList shown;
+    const Reply reply = m_home->RunJson(run);
+    for (const QJsonValue& row : reply.Object()[u"grouped"][u"rows"].toArray())
+        shown += row[u"keys"][0].toString();
+    QCOMPARE(shown, groups);
+    QStringList lines = QString::fromUtf8(m_home->Run(run + Words(u"--format csv"_s)).out).split(u"\r\n"_s);
+    lines.removeFirst();
+    lines.removeLast();
+    for (QString& line : lines) line = line.section(u',', 0, 0);
+    QCOMPARE(lines, groups);
 }
 
 TEST_CLASS(TestReportRun);
