@@ -219,16 +219,3 @@ void CSortKeys::Merge(std::vector<Item>& items, std::vector<Item>& merged, std::
         items[out] = merged[takeRight ? right++ : left++];
     }
 }
-
-void SortRecords(std::vector<const CVORec*>& records, const QList<SortKey>& keys) {
-    if (records.size() < 2) return;
-    const RecordKind kind = records.front()->Kind();
-    if (kind != RecordKind::Time && kind != RecordKind::Expense) return;
-    CSortKeys sortKeys(kind, keys);
-    if (sortKeys.IsEmpty()) return;
-    sortKeys.Reserve(records.size());
-    for (const CVORec* record : records) sortKeys.Add(*record);
-    const std::vector<const CVORec*> unsorted = records;
-    const std::vector<std::uint32_t> order = sortKeys.Order();
-    std::ranges::transform(order, records.begin(), [&](std::uint32_t place) { return unsorted[place]; });
-}

@@ -73,6 +73,3 @@ class CSortKeys {
     std::vector<Column> m_columns;
     std::size_t m_plain = 0;  ///< how many keys at the front are told apart by "less" alone, two at most
 };
-
-/// Sorts records of one kind, that of the first one, in place.
-void SortRecords(std::vector<const CVORec*>& records, const QList<SortKey>& keys);

@@ -77,7 +77,7 @@ void CReportRun::Tell(int textId, const QString& words) const {
     m_context.prompt.Tell({.textId = textId,
                            .title = LoadText(Text::ReportMessageTitle),
                            .text = words,
-                           .icon = BoxIcon::Information,
+                           .icon = BoxIcon::Warning,
                            .buttons = Buttons::Ok,
                            .defaultAnswer = Answer::Ok,
                            .actionLabel = {}});

@@ -39,15 +39,20 @@ class TestCSortKeys : public QObject {
 namespace {
 
 template <class Record>
+std::vector<const Record*> SortedRecords(const std::vector<Record>& records, const Keys& keys) {
+    CSortKeys sortKeys(Record().Kind(), keys);
+    for (const Record& record : records) sortKeys.Add(record);
+    std::vector<const Record*> sorted;
+    for (const std::uint32_t place : sortKeys.Order()) sorted.push_back(&records[place]);
+    return sorted;
+}
+
+template <class Record>
 QString Sorted(std::vector<Record>& records, const Keys& keys) {
-    std::vector<const CVORec*> pointers;
-    for (std::size_t i = 0; i < records.size(); ++i) {
+    for (std::size_t i = 0; i < records.size(); ++i)
         records[i].notes = QChar(static_cast<char16_t>(u'a' + i));
-        pointers.push_back(&records[i]);
-    }
-    SortRecords(pointers, keys);
     QString names;
-    for (const CVORec* record : pointers) names += static_cast<const Record*>(record)->notes;
+    for (const Record* record : SortedRecords(records, keys)) names += record->notes;
     return names;
 }
 
@@ -223,16 +228,13 @@ void TestCSortKeys::ManyRecordsAreInOrder() {
         record.amount.Set(static_cast<float>(random.bounded(4)));
         record.GenUnique();
     }
-    std::vector<const CVORec*> sorted, expected;
-    for (const CTRecord& record : records) sorted.push_back(&record);
-    expected = sorted;
-    SortRecords(sorted, {{FieldId::TimeItem2, kUp}, {FieldId::Date, kDown}, {FieldId::TimeAmount, kUp}});
-    const auto keyOf = [](const CVORec* record) {
-        const auto& time = static_cast<const CTRecord&>(*record);
-        return std::tuple(time.item2, -time.date.day, time.amount.value);
-    };
-    std::ranges::stable_sort(expected, {}, keyOf);
-    QVERIFY(sorted == expected);
+    std::vector<const CTRecord*> expected;
+    for (const CTRecord& record : records) expected.push_back(&record);
+    std::ranges::stable_sort(expected, {}, [](const CTRecord* record) {
+        return std::tuple(record->item2, -record->date.day, record->amount.value);
+    });
+    const Keys keys = {{FieldId::TimeItem2, kUp}, {FieldId::Date, kDown}, {FieldId::TimeAmount, kUp}};
+    QVERIFY(SortedRecords(records, keys) == expected);
 }
 
 /// Spans 3, none, 2, 1: the left half is (3, none), the right one (1, 2). 1 goes before 3, so does 2; a sort
