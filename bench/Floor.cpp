@@ -184,6 +184,23 @@ int Client(const std::string& path, const std::string& year, const std::string& 
                           ", 12, 31) AND item1='" + name + "'");
 }
 
+/// Minutes per project, of all days or of a year, through the index of days then.
+int Projects(const std::string& path, const std::string& year) {
+    const std::string days =
+        year == "all" ? std::string()
+                      : " WHERE (year, month, day) BETWEEN (" + year + ", 1, 1) AND (" + year + ", 12, 31)";
+    FloorStore store(path);
+    sqlite3_stmt* statement = store.Prepare(
+        "SELECT item2, sum(duration_hours * 60 + duration_minutes - max(break_hours, 0) * 60 - "
+        "max(break_minutes, 0)) FROM time_velmarch" +
+        days + " GROUP BY item2");
+    double groups = 0;
+    while (store.Step(statement)) groups += 1;
+    sqlite3_finalize(statement);
+    Say("groups", groups);
+    return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -195,9 +212,10 @@ int main(int argc, char** argv) {
     if (what == "add" && arguments.size() == 2) return Add(arguments[1]);
     if (what == "month" && arguments.size() == 4) return Month(arguments[1], arguments[2], arguments[3]);
     if (what == "client" && arguments.size() == 4) return Client(arguments[1], arguments[2], arguments[3]);
+    if (what == "projects" && arguments.size() == 3) return Projects(arguments[1], arguments[2]);
     std::fputs(
         "usage: bench-floor load STORE | items STORE | fill SOURCE TARGET | add STORE | month STORE YEAR "
-        "MONTH | client STORE YEAR NAME\n",
+        "MONTH | client STORE YEAR NAME | projects STORE YEAR|all\n",
         stderr);
     return 2;
 }

@@ -1,6 +1,7 @@
 // The waiting moments inside the program, measured on its own classes. Prints "name value", a line each.
 
 #include "LoudPrompt.h"
+#include "OursReports.h"
 #include "OursViews.h"
 #include "ProcessorTime.h"
 #include "app/CVelmarchApp.h"
@@ -153,6 +154,14 @@ int Views(const QString& home) {
     return 0;
 }
 
+int Reports(const QString& home) {
+    Program program(home);
+    program.app.Document().LoadRecords(RecordKind::Time);
+    program.app.Document().BuildVisible();
+    MeasureReports(program.app);
+    return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -161,6 +170,7 @@ int main(int argc, char** argv) {
     if (!LoadLanguageLibrary(FolderOf(ModulePath()))) return 1;
     if (arguments.size() == 3 && arguments[1] == QStringLiteral("load")) return Load(arguments[2]);
     if (arguments.size() == 3 && arguments[1] == QStringLiteral("views")) return Views(arguments[2]);
+    if (arguments.size() == 3 && arguments[1] == QStringLiteral("reports")) return Reports(arguments[2]);
     if (arguments.size() == 3 && arguments[1] == QStringLiteral("items")) return Items(arguments[2]);
     if (arguments.size() == 4 && arguments[1] == QStringLiteral("make-items"))
         return MakeItems(arguments[2], arguments[3].toInt());
@@ -169,7 +179,7 @@ int main(int argc, char** argv) {
     if (arguments.size() == 5 && arguments[1] == QStringLiteral("fill"))
         return Fill(arguments[2], arguments[3].toInt(), arguments[4].toUInt());
     std::fputs(
-        "usage: bench-ours load HOME | views HOME | fill HOME RECORDS SEED |\n"
+        "usage: bench-ours load HOME | views HOME | reports HOME | fill HOME RECORDS SEED |\n"
         "       make-items HOME COUNT | items HOME | make-expenses HOME COUNT\n",
         stderr);
     return 2;

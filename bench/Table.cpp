@@ -149,6 +149,30 @@ void Commands(const Places& places, int size) {
          "ms");
 }
 
+/// Reports as processes of the console, and what they cost over loaded records.
+void Reports(const Places& places, int size) {
+    const Command report{"report", "run", "--kind", "grouped", "--group", "item2", "--sum", "effective"};
+    const std::string year = std::to_string(LastMonth().year);
+    Command ofYear = report;
+    ofYear.insert(ofYear.end(), {"--from", year + "-01-01", "--to", year + "-12-31"});
+    const std::string floor = places.Program("bench-floor");
+    const std::vector<double> runs = InTurns(kCommandRounds, {places.Cli(size, report),
+                                                              {floor, "projects", places.Store(size), "all"},
+                                                              places.Cli(size, ofYear),
+                                                              {floor, "projects", places.Store(size), year}});
+    Line("report: hours per project (floor: the bare GROUP BY)", runs[0] / 1000, runs[1] / 1000, 2, "ms");
+    Line("report: the same of a year", runs[2] / 1000, runs[3] / 1000, 2, "ms");
+    const Finished run = Run({places.Program("bench-ours"), "reports", places.Home(size)});
+    const auto line = [&run](const char* name, const char* ours, const char* bare) {
+        Line(name, run.Figure(ours) / 1000, run.Figure(bare) / 1000, 3, "ms");
+    };
+    line("report: sort by text and date (floor: std::sort of ready keys)", "report_sort_us",
+         "report_sort_floor_us");
+    line("report: groups (floor: a loop that hashes both texts)", "report_groups_us",
+         "report_groups_floor_us");
+    line("report: page of 100,000 rows (floor: appending it)", "report_page_us", "report_page_floor_us");
+}
+
 /// The pick lists of a home with many items; no records.
 void ListItems(const Places& places) {
     Head(std::to_string(kItems) + " list items");
@@ -214,6 +238,7 @@ int main(int argc, char** argv) {
         InMemory(places, sizes[i], times[i]);
         Views(places, sizes[i]);
         Commands(places, sizes[i]);
+        Reports(places, sizes[i]);
         window = WindowLines(places, sizes[i], window, sizes[i] >= kLifetime ? 3 : 7);
         fs::remove_all(places.Home(sizes[i]));
     }
