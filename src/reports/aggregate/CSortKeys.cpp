@@ -186,13 +186,20 @@ std::vector<CSortKeys::Item> CSortKeys::MakeItems(std::span<const std::uint32_t>
     return items;
 }
 
+/// Values that lie beside the records aren't needed twice: of a lifetime of records they take as much as what
+/// is sorted.
+void CSortKeys::DropPlainValues() {
+    for (std::size_t key = 0; key < m_plain; ++key) std::vector<double>().swap(m_columns[key].values);
+}
+
 std::vector<std::uint32_t> CSortKeys::Order(std::span<const std::uint32_t> before) {
     for (Column& column : m_columns)
         if (column.form == KeyForm::Text) RankTexts(column);
     std::vector<Item> items = MakeItems(before);
+    DropPlainValues();
     if (m_count >= 2 && !m_columns.empty()) {
-        std::vector<Item> merged(items.size());
-        Sort(items, merged, 0, items.size() - 1);
+        std::vector<Item> left(items.size() / 2 + 1);
+        Sort(items, left, 0, items.size() - 1);
     }
     std::vector<std::uint32_t> order(m_count);
     std::ranges::transform(items, order.begin(), &Item::place);
@@ -200,22 +207,23 @@ std::vector<std::uint32_t> CSortKeys::Order(std::span<const std::uint32_t> befor
 }
 
 /// From low to high, both included.
-void CSortKeys::Sort(std::vector<Item>& items, std::vector<Item>& merged, std::size_t low,
+void CSortKeys::Sort(std::vector<Item>& items, std::vector<Item>& left, std::size_t low,
                      std::size_t high) const {
     if (high <= low) return;
     const std::size_t middle = (low + high) / 2;
-    Sort(items, merged, low, middle);
-    Sort(items, merged, middle + 1, high);
-    Merge(items, merged, low, middle, high);
+    Sort(items, left, low, middle);
+    Sort(items, left, middle + 1, high);
+    Merge(items, left, low, middle, high);
 }
 
-void CSortKeys::Merge(std::vector<Item>& items, std::vector<Item>& merged, std::size_t low,
-                      std::size_t middle, std::size_t high) const {
-    std::copy_n(items.begin() + static_cast<std::ptrdiff_t>(low), high - low + 1,
-                merged.begin() + static_cast<std::ptrdiff_t>(low));
-    std::size_t left = low, right = middle + 1;
-    for (std::size_t out = low; out <= high; ++out) {
-        const bool takeRight = left > middle || (right <= high && IsLess(merged[right], merged[left]));
-        items[out] = merged[takeRight ? right++ : left++];
+/// The left half is put aside; what is written over is never later than what is left of the right half.
+void CSortKeys::Merge(std::vector<Item>& items, std::vector<Item>& left, std::size_t low, std::size_t middle,
+                      std::size_t high) const {
+    const std::size_t count = middle - low + 1;
+    std::copy_n(items.begin() + static_cast<std::ptrdiff_t>(low), count, left.begin());
+    std::size_t next = 0, right = middle + 1;
+    for (std::size_t out = low; next < count; ++out) {
+        const bool takeRight = right <= high && IsLess(items[right], left[next]);
+        items[out] = takeRight ? items[right++] : left[next++];
     }
 }

@@ -65,8 +65,9 @@ class CSortKeys {
     [[nodiscard]] static int Compare(const Column& column, std::uint32_t a, std::uint32_t b);
     [[nodiscard]] bool IsLess(const Item& a, const Item& b) const;
     [[nodiscard]] std::vector<Item> MakeItems(std::span<const std::uint32_t> before);
-    void Sort(std::vector<Item>& items, std::vector<Item>& merged, std::size_t low, std::size_t high) const;
-    void Merge(std::vector<Item>& items, std::vector<Item>& merged, std::size_t low, std::size_t middle,
+    void DropPlainValues();
+    void Sort(std::vector<Item>& items, std::vector<Item>& left, std::size_t low, std::size_t high) const;
+    void Merge(std::vector<Item>& items, std::vector<Item>& left, std::size_t low, std::size_t middle,
                std::size_t high) const;
 
     std::uint32_t m_count = 0;
