@@ -9,6 +9,9 @@
 
 namespace {
 
+/// Positions of the text take 32 bits; nobody has memory for more anyway.
+constexpr qsizetype kMost = std::numeric_limits<std::uint32_t>::max() / 2;
+
 bool IsLetter(QChar sign) {
     return (sign >= u'a' && sign <= u'z') || (sign >= u'A' && sign <= u'Z');
 }
@@ -30,11 +33,7 @@ void AddSign(CPageBuilder& builder, char16_t sign) {
 
 }  // namespace
 
-CReportReader::CReportReader(QString html) : m_html(std::move(html)) {
-    // Positions of the text take 32 bits; nobody has memory for more anyway.
-    constexpr qsizetype kMost = std::numeric_limits<std::uint32_t>::max() / 2;
-    if (m_html.size() > kMost) m_html.truncate(kMost);
-}
+CReportReader::CReportReader(const QString& html) : m_html(html.size() > kMost ? html.left(kMost) : html) {}
 
 double CReportReader::Progress() const {
     return m_html.isEmpty() ? 1 : static_cast<double>(m_at) / static_cast<double>(m_html.size());

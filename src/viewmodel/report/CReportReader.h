@@ -13,7 +13,7 @@
 /// nor run. The work is linear in the length of the page.
 class CReportReader {
  public:
-    explicit CReportReader(QString html);
+    explicit CReportReader(const QString& html);
 
     /// Reads so many more characters, or a little more. True at the end.
     [[nodiscard]] bool Advance(qsizetype characters);
@@ -31,7 +31,7 @@ class CReportReader {
     void SkipHidden(QStringView name);
     [[nodiscard]] bool IsTagAt(qsizetype at) const;
 
-    QString m_html;
+    const QString m_html;  ///< shared with the caller's: looking at it must not copy it
     qsizetype m_at = 0;
     bool m_hasNoCommentEnd = false;  ///< from here on; looked for once
     QStringList m_endless;           ///< hidden elements that have no end tag from here on
