@@ -12,6 +12,7 @@
 #include <QHelpEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QToolTip>
 #include <algorithm>
@@ -92,7 +93,7 @@ bool CReportView::Advance(int milliseconds) {
     if (!m_nextLayout) return true;
     if (!m_nextLayout->Advance(deadline)) return false;
     ShowLayout();
-    return true;
+    return m_nextLayout == nullptr;
 }
 
 bool CReportView::AdvanceReading(QDeadlineTimer deadline) {
@@ -120,18 +121,21 @@ void CReportView::BeginLayout() {
     m_worker.start();
 }
 
-/// What stood at the top of the view stays there.
+/// What stood at the top of the view stays there. A scroll bar that comes or goes changes the width: the next
+/// layout follows then.
 void CReportView::ShowLayout() {
+    const QScopedValueRollback showing(m_isShowing, true);
     const bool isFirst = !m_layout;
     std::optional<std::uint32_t> top;
     if (!isFirst && verticalScrollBar()->value() > 0) top = PositionUnder(QPoint(0, 0));
+    const int offset = top ? PlaceOf(*top).top() : 0;
     m_layout = std::move(m_nextLayout);
     m_scale = m_nextScale;
     UpdateScrollBars();
     if (top)
         if (const auto place = PlaceOfPosition(*m_layout, *m_measure, *top))
-            verticalScrollBar()->setValue(static_cast<int>(place->caret.top() * m_scale));
-    if (m_scrollTo) ScrollTo(*std::exchange(m_scrollTo, std::nullopt));
+            verticalScrollBar()->setValue(static_cast<int>(place->caret.top() * m_scale) - offset);
+    if (m_scrollTo && isVisible()) ScrollTo(*std::exchange(m_scrollTo, std::nullopt));
     viewport()->update();
     if (isFirst) Q_EMIT Prepared();
 }
@@ -187,7 +191,7 @@ void CReportView::resizeEvent(QResizeEvent* event) {
     if (m_layout && !m_nextLayout && m_shrinks && m_scale == BaseScale() && m_layout->Width() == width)
         return;
     BeginLayout();
-    if (m_nextLayout && m_layout && Advance(kSlice)) m_worker.stop();
+    if (m_nextLayout && m_layout && !m_isShowing && Advance(kSlice)) m_worker.stop();
 }
 
 void CReportView::SetShrinkToFit(bool shrink) {
@@ -244,7 +248,7 @@ QRect CReportView::PlaceOf(std::uint32_t position) {
 }
 
 void CReportView::ScrollTo(std::uint32_t position) {
-    if (!m_layout) {
+    if (!m_layout || !isVisible()) {
         m_scrollTo = position;
         return;
     }

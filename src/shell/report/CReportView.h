@@ -145,7 +145,8 @@ class CReportView final : public QAbstractScrollArea {
     int m_wheel = 0;  ///< turned so far, below a step
     std::uint32_t m_anchor = 0;
     std::uint32_t m_cursor = 0;
+    bool m_isShowing = false;  ///< a layout takes the place of the one before
     bool m_isDragging = false;
-    std::optional<std::uint32_t> m_scrollTo;  ///< once there is a layout
+    std::optional<std::uint32_t> m_scrollTo;  ///< once there is a layout that is seen
     TextSearch m_search;
 };

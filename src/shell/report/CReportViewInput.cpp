@@ -84,6 +84,7 @@ bool CReportView::event(QEvent* event) {
         if (isOurs) event->accept();
         return true;
     }
+    if (event->type() == QEvent::Show && m_scrollTo) BeginLayout();
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) viewport()->update();
     return QAbstractScrollArea::event(event);
 }
