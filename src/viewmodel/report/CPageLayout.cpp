@@ -12,28 +12,47 @@ constexpr std::uint32_t kRowsAtOnce = 64;
 /// A text that just fits is not broken because a float is a little less than its double.
 constexpr double kTolerance = 0.01;
 
-/// Shares a width out: each column has what it asks for and its part of the rest; where there is too little,
-/// first those that can be broken get less, then words are cut.
-std::vector<double> Shared(const std::vector<CPageMeasures::Column>& columns, double width) {
-    double least = 0, natural = 0;
+using Columns = std::vector<CPageMeasures::Column>;
+
+/// What columns get when none gets more than a limit and none goes beyond its bounds.
+template <class WidthAt>
+std::vector<double> UpToLimit(const Columns& columns, double width, double most, WidthAt&& widthAt) {
+    double low = 0, high = most;
+    constexpr int kSteps = 50;
+    for (int step = 0; step < kSteps; ++step) {
+        const double limit = (low + high) / 2;
+        double sum = 0;
+        for (const CPageMeasures::Column& column : columns) sum += widthAt(column, limit);
+        (sum > width ? high : low) = limit;
+    }
+    std::vector<double> shares;
+    for (const CPageMeasures::Column& column : columns) shares.push_back(widthAt(column, low));
+    return shares;
+}
+
+/// Shares a width out. Where there is enough each column has what it asks for and its part of the rest. Where
+/// there isn't, the widest ones get less, so that short texts stay on a line; where even words don't fit, the
+/// longest are cut.
+std::vector<double> Shared(const Columns& columns, double width) {
+    double least = 0, natural = 0, most = 0;
     for (const CPageMeasures::Column& column : columns) {
         least += column.least;
         natural += column.natural;
+        most = std::max(most, column.natural);
     }
-    std::vector<double> shares;
-    const auto count = static_cast<double>(columns.size());
-    for (const CPageMeasures::Column& column : columns) {
-        if (natural <= 0)
-            shares.push_back(width / count);
-        else if (natural <= width)
-            shares.push_back(column.natural * width / natural);
-        else if (least < width)
-            shares.push_back(column.least +
-                             (column.natural - column.least) * (width - least) / (natural - least));
-        else
-            shares.push_back(column.least * width / least);
+    std::vector<double> shares(columns.size(), width / static_cast<double>(columns.size()));
+    if (natural <= 0) return shares;
+    if (natural <= width) {
+        for (std::size_t i = 0; i < columns.size(); ++i) shares[i] = columns[i].natural * width / natural;
+        return shares;
     }
-    return shares;
+    if (least > width)
+        return UpToLimit(columns, width, most, [](const CPageMeasures::Column& column, double limit) {
+            return std::min(column.least, limit);
+        });
+    return UpToLimit(columns, width, most, [](const CPageMeasures::Column& column, double limit) {
+        return std::clamp(limit, column.least, column.natural);
+    });
 }
 
 }  // namespace

@@ -72,7 +72,7 @@ CPageMeasures::Column CPageMeasures::MeasureBlock(std::uint32_t block) {
     if (what.kind == PageBlockKind::Text) {
         const TextWidths widths = WidthsOf(*m_page, what, m_measure);
         m_texts[block] = {static_cast<float>(widths.natural), widths.hasBreaks};
-        return {widths.least, widths.natural};
+        return {std::min(widths.least, kLongestWord), widths.natural};
     }
     if (what.kind == PageBlockKind::Rule) return {};
     const double frame = FrameOf(m_page->tables[what.index]);

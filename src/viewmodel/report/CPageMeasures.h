@@ -14,10 +14,12 @@ class CPageMeasures {
  public:
     /// Beyond this a column doesn't ask for more, however long its texts are: 5 inches.
     static constexpr double kWidestColumn = 480;
+    /// A word that is longer doesn't make its column wider, it is cut.
+    static constexpr double kLongestWord = 240;
 
     struct Column {
-        double least = 0;    ///< of its longest word
-        double natural = 0;  ///< of its longest line, up to kWidestColumn where the words let it
+        double least = 0;    ///< of its longest word, up to kLongestWord
+        double natural = 0;  ///< of its longest line, up to kWidestColumn where tables in it let it
     };
     struct Text {
         float natural = 0;

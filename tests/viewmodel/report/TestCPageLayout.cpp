@@ -128,7 +128,12 @@ void TestCPageLayout::columns_data() {
     QTest::newRow("room for all: shared out by what they ask for")
         << u"aaaa"_s << u"b"_s << 125.0 << 80.0 << 20.0;
     QTest::newRow("broken where it can be") << u"aa aa aa"_s << u"bb"_s << 85.0 << 40.0 << 20.0;
-    QTest::newRow("words are cut") << u"aaaaaa"_s << u"bb"_s << 65.0 << 30.0 << 10.0;
+    QTest::newRow("a short text stays on its line beside a long one")
+        << u"aa aa aa aa aa aa"_s << u"b b"_s << 125.0 << 70.0 << 30.0;
+    QTest::newRow("words are cut") << u"aaaaaa"_s << u"bb"_s << 65.0 << 20.0 << 20.0;
+    QTest::newRow("the longest word first") << u"aaaaaa"_s << u"b"_s << 65.0 << 30.0 << 10.0;
+    QTest::newRow("a word longer than two inches and a half asks for no more")
+        << u"a"_s.repeated(30) << u"bb bb bb"_s << 305.0 << 240.0 << 40.0;
     QTest::newRow("nothing in them") << QString() << QString() << 125.0 << 50.0 << 50.0;
     QTest::newRow("a long text asks for five inches")
         << u"aaaaaaaaa "_s.repeated(100) << u"aaaaaaaa"_s << 585.0 << 480.0 << 80.0;
@@ -138,12 +143,14 @@ void TestCPageLayout::columns() {
     QFETCH(QString, first);
     QFETCH(QString, second);
     QFETCH(double, width);
+    QFETCH(double, firstWidth);
+    QFETCH(double, secondWidth);
     const Laid laid(Table({Row({Cell(first), Cell(second)})}), width);
     const QRectF one = laid.layout->CellRect(0, 0, 0), two = laid.layout->CellRect(0, 0, 1);
-    QTEST(one.width() - 6, "firstWidth");
-    QTEST(two.width() - 6, "secondWidth");
-    QCOMPARE(two.left() - one.right(), 1.0);
-    QCOMPARE(laid.layout->TableAt(0).width, width - 10);
+    QVERIFY2(qAbs(one.width() - 6 - firstWidth) < 0.001, qPrintable(QString::number(one.width() - 6)));
+    QVERIFY2(qAbs(two.width() - 6 - secondWidth) < 0.001, qPrintable(QString::number(two.width() - 6)));
+    QVERIFY(qAbs(two.left() - one.right() - 1) < 0.001);
+    QVERIFY(qAbs(laid.layout->TableAt(0).width - (width - 10)) < 0.001);
 }
 
 void TestCPageLayout::whereThingsStand() {
