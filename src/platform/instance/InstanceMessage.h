@@ -6,11 +6,12 @@
 /// The commands that travel between the processes of a home. The numbers are fixed: a program of another
 /// version may be at the other end, and may send one that isn't among these.
 enum class InstanceCommand : int {
-    Raise = 1,       ///< come to the front
-    Timer = 2,       ///< a timer command
-    Setting = 3,     ///< a change of what the settings hold
-    SyncEnd = 1045,  ///< data changed outside
-    Exit = 57665     ///< leave the program
+    Raise = 1,        ///< come to the front
+    Timer = 2,        ///< a timer command
+    Setting = 3,      ///< a change of what the settings hold
+    SyncEnd = 1045,   ///< data changed outside
+    Refresh = 32780,  ///< all records were replaced
+    Exit = 57665      ///< leave the program
 };
 
 /// A command with its arguments, which its request type reads and writes. See docs/architecture.md.

@@ -2,6 +2,7 @@
 
 #include "app/CVelmarchDoc.h"
 #include "app/OutsideChange.h"
+#include "app/RefreshRequest.h"
 #include "config/CCfgStore.h"
 #include "entry/SettingsRequest.h"
 #include "lang/LoadText.h"
@@ -41,6 +42,8 @@ InstanceReply CInstanceHost::Handle(const InstanceMessage& message) {
         case InstanceCommand::SyncEnd:
             if (m_context.settings.refreshOnSyncEnd) NoteChange(OutsideChange::FromJson(message.arguments));
             return InstanceReply::Done();
+        case InstanceCommand::Refresh:
+            return Refresh(RefreshRequest::FromJson(message.arguments));
         case InstanceCommand::Raise:
             m_context.raise();
             return InstanceReply::Done();
@@ -90,6 +93,15 @@ InstanceReply CInstanceHost::RunTimer(const QJsonObject& arguments) {
         ShowChanges();
     }
     return RunTimerMessage(arguments, m_context.timers, m_context.document);
+}
+
+/// Whatever the user has set about changes from outside: records that are gone can't stay in the window. What
+/// is being entered in a dialog would be lost, so the question comes first.
+InstanceReply CInstanceHost::Refresh(const RefreshRequest& request) {
+    if (request.isQuestion && m_context.hasDialog()) return Refused(Text::DialogIsOpen);
+    if (request.isQuestion && IsBusy()) return Refused(Text::WindowIsBusy);
+    if (!request.isQuestion) NoteChange({});
+    return InstanceReply::Done();
 }
 
 InstanceReply CInstanceHost::RunSetting(const QJsonObject& arguments) {

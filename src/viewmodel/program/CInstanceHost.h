@@ -11,6 +11,7 @@ class CCfgStore;
 class CRecordTimers;
 class CVelmarchDoc;
 struct OutsideChange;
+struct RefreshRequest;
 
 /// What the running window does for other processes of its home: it comes forward, leaves, shows what changed
 /// outside, and carries out commands on what it owns, timers and settings.
@@ -45,6 +46,7 @@ class CInstanceHost final : public QObject {
     void NoteChange(const OutsideChange& change);
     void ShowChanges();
     [[nodiscard]] bool IsBusy() const;
+    [[nodiscard]] InstanceReply Refresh(const RefreshRequest& request);
     [[nodiscard]] InstanceReply RunTimer(const QJsonObject& arguments);
     [[nodiscard]] InstanceReply RunSetting(const QJsonObject& arguments);
     [[nodiscard]] InstanceReply Leave();

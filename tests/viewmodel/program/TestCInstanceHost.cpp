@@ -90,6 +90,29 @@ class TestCInstanceHost final : public QObject {
         QCOMPARE(fixture.refreshed, 1);
     }
 
+    /// Records that are gone can't stay on the screen, whatever the user has set about changes from outside.
+    void readsAllWhenTheRecordsWereReplaced() {
+        Fixture fixture;
+        fixture.home.settings->refreshOnSyncEnd = false;
+        QVERIFY(fixture.host.Handle({InstanceCommand::Refresh}));
+        QTRY_COMPARE(fixture.refreshed, 1);
+    }
+
+    void saysWhetherTheRecordsMayBeReplaced() {
+        Fixture fixture;
+        const InstanceMessage question{InstanceCommand::Refresh, {{u"ask"_s, true}}};
+        QVERIFY(fixture.host.Handle(question));
+        fixture.dialog = true;
+        QCOMPARE(fixture.host.Handle(question).words, LoadText(Text::DialogIsOpen));
+        QCOMPARE(fixture.host.Handle(question).reason, ReplyReason::WindowOwns);
+        fixture.dialog = false;
+        fixture.busy = true;
+        QCOMPARE(fixture.host.Handle(question).words, LoadText(Text::WindowIsBusy));
+        fixture.busy = false;
+        QTest::qWait(150);
+        QCOMPARE(fixture.refreshed, 0);
+    }
+
     /// While times are shown, a change of expenses is nothing to see.
     void changedExpensesBesideTimes() {
         Fixture fixture;
