@@ -3,6 +3,7 @@
 #include "cli/arguments/QueryArguments.h"
 #include "cli/arguments/RecordFields.h"
 #include "cli/arguments/ReportArguments.h"
+#include "cli/commands/BackupCommands.h"
 #include "cli/commands/CalendarCommands.h"
 #include "cli/commands/ColumnCommands.h"
 #include "cli/commands/DefaultCommands.h"
@@ -38,6 +39,9 @@ constexpr GroupRow kGroups[] = {
     {"settings", Text::CliGroupSettings},
     {"day", Text::CliDay},
     {"period", Text::CliGroupPeriod},
+    {"backup", Text::CliBackup},
+    {"verify", Text::CliVerify},
+    {"restore", Text::CliRestore},
     {"texts", Text::CliTexts},
     {"doctor", Text::CliDoctor},
     {"demo", Text::CliGroupDemo},
@@ -153,6 +157,9 @@ void AppendOthers(std::vector<CommandRow>& rows) {
     Append(rows, "day", {{"", "DATE", Text::CliDay, ShowDay}});
     Append(rows, "period",
            {{"list", "", Text::CliPeriodList, ListPeriods}, {"show", "ID", Text::CliPeriodShow, ShowPeriod}});
+    Append(rows, "backup", {{"", "FILE", Text::CliBackup, BackUp}});
+    Append(rows, "verify", {{"", "FILE", Text::CliVerify, VerifyBackup}});
+    Append(rows, "restore", {{"", "FILE", Text::CliRestore, RestoreBackup}});
     Append(rows, "texts", {{"", "", Text::CliTexts, ListTexts}});
     Append(rows, "doctor", {{"", "", Text::CliDoctor, RunDoctor, {DoctorOptions()}}});
     Append(rows, "demo", {{"fill", "N", Text::CliDemoFill, FillDemo, {DemoOptions()}}});

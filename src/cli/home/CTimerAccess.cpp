@@ -5,6 +5,7 @@
 #include "cli/home/CWindowLink.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
+#include "timers/GoneRecords.h"
 #include "timers/TimerCommand.h"
 
 namespace {
@@ -138,6 +139,12 @@ InstanceReply CTimerAccess::Run(const TimerRequest& request) {
 QStringList CTimerAccess::Timed(const QStringList& ids) {
     Read();
     return m_areKnown ? COwnTimers(m_timers).Timed(ids) : ids;
+}
+
+std::optional<int> CTimerAccess::DropGone() {
+    Read();
+    const QStringList gone = GoneRecords(m_set, m_document);
+    return Drop(gone) ? std::optional(static_cast<int>(gone.size())) : std::nullopt;
 }
 
 /// A reply that says it was done is believed. One that came too late, or found the timer gone already, is

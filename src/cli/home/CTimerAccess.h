@@ -53,6 +53,9 @@ class CTimerAccess final : public CTimersOfRecords {
     [[nodiscard]] Writes OfNewTimer() const;
     [[nodiscard]] QStringList Timed(const QStringList& ids) override;
     [[nodiscard]] bool Drop(const QStringList& ids) override;
+    /// Drops the timers of records that aren't in the store any more. How many; nothing when it could not be
+    /// saved.
+    [[nodiscard]] std::optional<int> DropGone();
     [[nodiscard]] const ActiveTimer* Find(const QString& recordId) { return m_set.Find(recordId); }
 
  private:

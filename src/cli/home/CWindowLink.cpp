@@ -2,6 +2,7 @@
 
 #include "app/CVelmarchApp.h"
 #include "app/OutsideChange.h"
+#include "app/RefreshRequest.h"
 #include "lang/LoadText.h"
 #include "platform/host/CWaitBudget.h"
 #include "platform/instance/CInstance.h"
@@ -98,16 +99,27 @@ std::optional<InstanceReply> CWindowLink::AskShortly(const InstanceMessage& mess
 
 bool CWindowLink::TellChanged(RecordKind kind, const QStringList& ids, bool listsToo) {
     if (ids.isEmpty()) return true;
-    return Post({kind, ids.size() <= kMostIds ? ids : QStringList(), listsToo});
+    return Post(OutsideChange{kind, ids.size() <= kMostIds ? ids : QStringList(), listsToo}.ToMessage());
 }
 
 bool CWindowLink::TellAllChanged() {
-    return Post({});
+    return Post(OutsideChange{}.ToMessage());
 }
 
-bool CWindowLink::Post(const OutsideChange& change) {
+InstanceReply CWindowLink::AskForRefresh() {
+    if (!IsThere()) return InstanceReply::Done();
+    if (const auto reply = AskShortly(RefreshRequest{.isQuestion = true}.ToMessage())) return *reply;
+    return IsThere() ? InstanceReply::Refused(ReplyReason::WindowOwns, LoadText(Text::CliWindowNotTold))
+                     : InstanceReply::Done();
+}
+
+bool CWindowLink::TellReplaced() {
+    return Post(RefreshRequest{}.ToMessage());
+}
+
+bool CWindowLink::Post(const InstanceMessage& message) {
     if (!IsThere()) return true;
-    if (Reach(std::min(m_budget.Left(), kShort)) && m_client.Post(change.ToMessage())) return true;
+    if (Reach(std::min(m_budget.Left(), kShort)) && m_client.Post(message)) return true;
     m_isReached = false;
     return !IsThere();
 }

@@ -35,13 +35,22 @@ class CWindowLink {
     /// Tells that anything may have changed.
     [[nodiscard]] bool TellAllChanged();
 
+    // For a command that replaces all records.
+
+    /// Asks the window whether it can read everything anew. Done also where none runs; where it doesn't
+    /// answer it owns what it shows.
+    [[nodiscard]] InstanceReply AskForRefresh();
+    /// Has it do so, whatever the user has set about changes from outside. False when a window runs and could
+    /// not be told.
+    [[nodiscard]] bool TellReplaced();
+
     static constexpr int kMostIds = 1000;  ///< with more than these the window reads everything anew
 
  private:
     using Time = std::chrono::milliseconds;
     [[nodiscard]] bool Reach(Time limit);
     [[nodiscard]] std::optional<InstanceReply> AskOnce(const InstanceMessage& message, Time limit);
-    [[nodiscard]] bool Post(const OutsideChange& change);
+    [[nodiscard]] bool Post(const InstanceMessage& message);
 
     QString m_home;
     CWaitBudget& m_budget;

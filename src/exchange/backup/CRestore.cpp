@@ -3,7 +3,7 @@
 #include "exchange/backup/BackupTexts.h"
 #include "exchange/backup/CBackupReader.h"
 #include "exchange/backup/CSecondSource.h"
-#include "exchange/backup/SafetyCopies.h"
+#include "exchange/backup/DatedBackups.h"
 #include "exchange/backup/WriteBackup.h"
 #include "lang/FormatText.h"
 #include "platform/host/CClock.h"
@@ -18,6 +18,13 @@ namespace {
 /// The times and the expenses are deleted twice, which is wanted and harmless.
 constexpr RecordKind kEmptied[] = {RecordKind::Time,    RecordKind::Time,         RecordKind::Expense,
                                    RecordKind::Expense, RecordKind::PulldownItem, RecordKind::Dependency};
+
+constexpr int kSafetyCopies = 5;
+
+QString SafetyCopyName(const SYSTEMTIME& time) {
+    return FormatText<Text::SafetyCopyName>(time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute,
+                                            time.wSecond);
+}
 
 /// "A record can't be stored [13], and why."
 QString InsertFailure(const CVOSrcMgr& source) {
@@ -82,36 +89,37 @@ bool CRestore::IsConfirmed() {
            Ask(Text::AskRestoreSure, LoadText(Text::AskRestoreSure), Text::AskRestoreSureTitle);
 }
 
-RestoreOutcome CRestore::Run() {
+RestoreOutcome CRestore::Run(const QString& home) {
     RestoreOutcome outcome;
-    CSecondSource source(m_context.home, m_context.prompt);
+    CSecondSource source(home, m_context.prompt);
     CVOSrcMgr& manager = source.Manager();
     if (!source.Open()) {
         outcome.error = FormatText<Text::BackupSettingUp>(manager.m_error);
         return outcome;
     }
+    const QString copy = NewDatedBackup(home, SafetyCopyName(m_context.clock.GetLocalTime()));
     // From here on nobody else stores anything: what is saved in the copy is what is deleted.
     outcome.error = manager.BeginBatch()
-                        ? Replace(source, outcome)
+                        ? Replace(source, copy, outcome)
                         : LoadText(Text::RestoreTableNotOpen) + QStringLiteral(" ") + manager.m_error;
     if (outcome && !manager.Update())
         outcome.error = LoadText(Text::RestoreNotCommitted) + QStringLiteral(" ") + manager.m_error;
     manager.Discard();
     outcome.isUnconfirmed = outcome && manager.IsUnconfirmed();
-    if (outcome && !outcome.safetyCopy.isEmpty()) KeepNewestSafetyCopies(m_context.home, outcome.safetyCopy);
+    if (outcome && !outcome.safetyCopy.isEmpty())
+        KeepNewestBackups(home, QStringLiteral("before-restore-"), kSafetyCopies, copy);
     return outcome;
 }
 
-QString CRestore::Replace(CSecondSource& source, RestoreOutcome& outcome) {
-    QString error = SaveThePresent(source, outcome);
+QString CRestore::Replace(CSecondSource& source, const QString& copy, RestoreOutcome& outcome) {
+    QString error = SaveThePresent(source, copy, outcome);
     if (error.isEmpty()) error = Empty(source);
     return error.isEmpty() ? Fill(source) : error;
 }
 
-QString CRestore::SaveThePresent(CSecondSource& source, RestoreOutcome& outcome) {
+QString CRestore::SaveThePresent(CSecondSource& source, const QString& path, RestoreOutcome& outcome) {
     const QString damage = source.Manager().File().IntegrityReport();
     if (!damage.isEmpty()) return FormatText<Text::SafetyCopyFailed>(damage);
-    const QString path = NewSafetyCopy(m_context.home, m_context.clock.GetLocalTime());
     const BackupOutcome copy =
         WriteBackup({source, m_context.clock, m_context.progress}, path, EmptyBackup::Refused);
     if (copy) outcome.safetyCopy = path;

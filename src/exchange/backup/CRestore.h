@@ -27,7 +27,6 @@ class CRestore {
  public:
     /// All must outlive it.
     struct Context {
-        QString home;
         CPrompt& prompt;
         const CClock& clock;
         CProgress& progress;
@@ -40,12 +39,13 @@ class CRestore {
     [[nodiscard]] BackupOutcome Verify(const QString& path);
     /// Asks twice whether the records are to be replaced by those that were verified.
     [[nodiscard]] bool IsConfirmed();
-    [[nodiscard]] RestoreOutcome Run();
+    /// Into the store of a home, which must be there.
+    [[nodiscard]] RestoreOutcome Run(const QString& home);
 
  private:
     [[nodiscard]] bool Ask(Text question, const QString& words, Text title);
-    [[nodiscard]] QString Replace(CSecondSource& source, RestoreOutcome& outcome);
-    [[nodiscard]] QString SaveThePresent(CSecondSource& source, RestoreOutcome& outcome);
+    [[nodiscard]] QString Replace(CSecondSource& source, const QString& copy, RestoreOutcome& outcome);
+    [[nodiscard]] QString SaveThePresent(CSecondSource& source, const QString& path, RestoreOutcome& outcome);
     [[nodiscard]] QString Empty(CSecondSource& source);
     [[nodiscard]] QString Fill(CSecondSource& source);
 

@@ -5,6 +5,7 @@
 #include "platform/instance/CInstanceChannel.h"
 #include "support/TestProgram.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QTest>
 #include <QTimer>
@@ -46,6 +47,8 @@ class TestBesideWindow : public QObject {
     void AnEndingWindowIsNotWaitedForLong_data();
     void AnEndingWindowIsNotWaitedForLong();
     void AWindowOfAnotherHome();
+    void ARestoreIsTold();
+    void ARestoreWaitsForNoDialog();
 
  private:
     struct Heard {
@@ -436,6 +439,31 @@ void TestBesideWindow::AWindowOfAnotherHome() {
     QCOMPARE(m_home->RunJson({u"timer"_s, u"start"_s, id}).exit, 0);
     QCOMPARE(m_home->RunJson({u"timer"_s, u"status"_s}).Array().size(), 1);
     QVERIFY(m_heard.isEmpty());
+}
+
+/// Whatever the user has set about changes from outside: the window is asked first and told afterwards.
+void TestBesideWindow::ARestoreIsTold() {
+    m_home->Add({});
+    const QString file = m_home->File(u"b.vbk"_s);
+    QCOMPARE(m_home->Run({u"backup"_s, file}).exit, 0);
+    Listen(m_home->Path());
+    QCOMPARE(m_home->RunJson({u"--yes"_s, u"restore"_s, file}).exit, 0);
+    QTRY_COMPARE(m_heard.size(), 2);
+    for (const Heard& heard : m_heard) QCOMPARE(heard.command, InstanceCommand::Refresh);
+    QVERIFY(m_heard[0].arguments[u"ask"_s].toBool());
+    QVERIFY(m_heard[1].arguments.isEmpty());
+}
+
+void TestBesideWindow::ARestoreWaitsForNoDialog() {
+    m_home->Add({});
+    const QString file = m_home->File(u"b.vbk"_s);
+    QCOMPARE(m_home->Run({u"backup"_s, file}).exit, 0);
+    Listen(m_home->Path());
+    m_answer = InstanceReply::Refused(ReplyReason::WindowOwns, u"A dialog is open."_s).ToJson();
+    const Reply reply = m_home->RunJson({u"--yes"_s, u"restore"_s, file});
+    QCOMPARE(reply.exit, 3);
+    QVERIFY(reply.err.contains("A dialog is open."));
+    QCOMPARE(QDir(m_home->Path()).entryList({u"before-restore-*"_s}), QStringList());
 }
 
 TEST_CLASS(TestBesideWindow);

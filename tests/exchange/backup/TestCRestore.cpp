@@ -73,14 +73,11 @@ void TestCRestore::init() {
 }
 
 RestoreOutcome TestCRestore::Restore(const QString& path) {
-    CRestore restore({.home = m_home->Path(),
-                      .prompt = m_home->prompt,
-                      .clock = m_home->clock,
-                      .progress = m_progress,
-                      .emptied = m_emptied});
+    CRestore restore(
+        {.prompt = m_home->prompt, .clock = m_home->clock, .progress = m_progress, .emptied = m_emptied});
     const BackupOutcome verified = restore.Verify(path);
     if (!verified) return {.error = verified.error, .safetyCopy = {}};
-    return restore.Run();
+    return restore.Run(m_home->Path());
 }
 
 void TestCRestore::TheRecordsOfTheFileAlone() {
@@ -138,7 +135,7 @@ void TestCRestore::TwoQuestions_data() {
 void TestCRestore::TwoQuestions() {
     QFETCH(QList<Answer>, answers);
     QFETCH(bool, isConfirmed);
-    CRestore restore({m_home->Path(), m_home->prompt, m_home->clock, m_progress, {}});
+    CRestore restore({m_home->prompt, m_home->clock, m_progress, {}});
     QVERIFY(restore.Verify(GoldenPath(u"current.vbk"_s)));
     m_home->prompt.Expect(Text::AskRestore, answers.first());
     if (answers.size() > 1) m_home->prompt.Expect(Text::AskRestoreSure, answers.last());
