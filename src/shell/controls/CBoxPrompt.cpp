@@ -122,3 +122,8 @@ std::optional<QString> CBoxPrompt::ChooseFile(const FileChoice& choice) {
             : QFileDialog::getSaveFileName(parent, choice.title, choice.suggestedName, choice.filter);
     return file.isEmpty() ? std::nullopt : std::optional(file);
 }
+
+std::optional<QString> ChooseFolder(QWidget* parent, const QString& title, const QString& begin) {
+    const QString folder = QFileDialog::getExistingDirectory(parent, title, begin);
+    return folder.isEmpty() ? std::nullopt : std::optional(folder);
+}

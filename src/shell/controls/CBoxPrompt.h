@@ -6,6 +6,12 @@
 /// it.
 inline constexpr char kGoesByItself[] = "goesByItself";
 
+class QWidget;
+
+/// The folder that the user chooses, beginning in another one; nothing when it is called off.
+[[nodiscard]] std::optional<QString> ChooseFolder(QWidget* parent, const QString& title,
+                                                  const QString& begin);
+
 /// Messages and questions as boxes over the window in front. The one place with boxes and file choosers.
 class CBoxPrompt final : public CPrompt {
  public:

@@ -84,14 +84,15 @@ QStringList MemoryLines(const MemoryFigures& figures) {
     return lines;
 }
 
-CAboutDialog::CAboutDialog(const QString& home, QWidget* parent) : QDialog(parent) {
+CAboutDialog::CAboutDialog(const QString& home, const QString& lastBackup, QWidget* parent)
+    : QDialog(parent) {
     setObjectName(u"aboutDialog"_s);
     setWindowTitle(LoadText(Text::AboutTitle));
     auto* layout = new QGridLayout(this);
     layout->setSpacing(8);
     auto* picture = new QLabel(this);
     picture->setPixmap(Glyphs::ProgramIcon().pixmap(kPicture, kPicture));
-    layout->addWidget(picture, 0, 0, 3, 1, Qt::AlignTop);
+    layout->addWidget(picture, 0, 0, 4, 1, Qt::AlignTop);
     auto add = [&, row = 0](const QString& text, const QString& name) mutable {
         auto* label = new QLabel(text, this);
         label->setObjectName(name);
@@ -107,10 +108,11 @@ CAboutDialog::CAboutDialog(const QString& home, QWidget* parent) : QDialog(paren
     name->setFont(bold);
     add(LoadText(Text::AboutPurpose), u"aboutPurpose"_s);
     add(FormatText<Text::AboutRecords>(home), u"aboutHome"_s);
+    add(lastBackup, u"aboutBackup"_s);
     add(MemoryLines(ReadMemoryFigures()).join(u'\n'), u"aboutMemory"_s);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    layout->addWidget(buttons, 4, 0, 1, 2);
+    layout->addWidget(buttons, 5, 0, 1, 2);
     layout->setColumnStretch(1, 1);
     setMinimumWidth(420);
 }

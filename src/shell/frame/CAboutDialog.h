@@ -8,7 +8,7 @@ class CAboutDialog final : public QDialog {
     Q_OBJECT
 
  public:
-    explicit CAboutDialog(const QString& home, QWidget* parent = nullptr);
+    explicit CAboutDialog(const QString& home, const QString& lastBackup, QWidget* parent = nullptr);
 };
 
 /// "8.03.0105 PPC2000".

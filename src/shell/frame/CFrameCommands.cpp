@@ -18,6 +18,7 @@ CFrameCommands::CFrameCommands(const Context& context)
       m_records(m_context),
       m_views(m_context),
       m_filters(m_context),
+      m_backup(m_context),
       m_hasRegionalSettings(HasRegionalSettings(m_context.launcher)) {
     m_context.actions.ShowNamesOf(m_context.catalogue.Labels());
     for (const Bar bar : {Bar::Records, Bar::Filters})
@@ -68,6 +69,9 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::FilterBy, [](Self& self, int command) { self.m_filters.FilterBy(command); }},
         {::Run::UseDependencies, [](Self& self, int) { self.m_filters.ToggleDependencies(); }},
         {::Run::FindCommand, [](Self& self, int) { self.m_views.FindCommand(); }},
+        {::Run::Backup, [](Self& self, int) { self.m_backup.Backup(); }},
+        {::Run::Restore, [](Self& self, int) { self.m_backup.Restore(); }},
+        {::Run::BackupPlan, [](Self& self, int) { self.m_backup.EditPlan(); }},
         {::Run::Options, [](Self& self, int) { self.m_views.Options(); }},
         {::Run::RegionalSettings, [](Self& self, int) { self.m_views.RegionalSettings(); }},
         {::Run::About, [](Self& self, int) { self.m_views.About(); }},

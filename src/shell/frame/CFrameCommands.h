@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shell/frame/CFrameBackup.h"
 #include "shell/frame/CFrameFilters.h"
 #include "shell/frame/CFrameRecords.h"
 #include "shell/frame/CFrameViews.h"
@@ -34,5 +35,6 @@ class CFrameCommands {
     CFrameRecords m_records;
     CFrameViews m_views;
     CFrameFilters m_filters;
+    CFrameBackup m_backup;
     bool m_hasRegionalSettings;
 };

@@ -2,6 +2,7 @@
 
 #include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchApp.h"
+#include "exchange/backup/LastBackup.h"
 #include "lang/LoadText.h"
 #include "platform/host/CPrompt.h"
 #include "shell/commands/CActions.h"
@@ -129,7 +130,8 @@ void CFrameViews::RegionalSettings() {
 }
 
 void CFrameViews::About() {
-    CAboutDialog(m_context.home, &m_context.control.Window()).exec();
+    const auto last = ReadLastBackup(m_context.settings.Profile());
+    CAboutDialog(m_context.home, LastBackupText(last), &m_context.control.Window()).exec();
 }
 
 void CFrameViews::PersistLayout() {

@@ -2,6 +2,7 @@
 
 #include "app/CVelmarchApp.h"
 #include "entry/CEnteredItems.h"
+#include "exchange/backup/BackupPlan.h"
 #include "lang/FormatText.h"
 #include "platform/host/CClock.h"
 #include "platform/host/CInstallLocation.h"
@@ -11,6 +12,7 @@
 #include "shell/frame/CAboutDialog.h"
 #include "shell/frame/CEventPump.h"
 #include "shell/frame/CMainFrame.h"
+#include "shell/frame/CProgressBox.h"
 #include "shell/frame/CWaitBox.h"
 #include "shell/look/IconTheme.h"
 #include "shell/look/LegiblePalette.h"
@@ -82,6 +84,14 @@ void PrepareApplication() {
     QApplication::setDesktopFileName(u"velmarch"_s);
     MakePaletteLegible();
     ChooseIconTheme();
+}
+
+/// A while after the start, and every hour: a window may stay open for weeks.
+void BackUpByThemselves(CAutomaticBackups& backups, COutsideControl& control, QTimer& timer) {
+    const auto run = [&backups, &control] { control.WhenFree([&backups] { backups.RunIfDue(); }); };
+    QObject::connect(&timer, &QTimer::timeout, &timer, run);
+    QTimer::singleShot(10s, &timer, run);
+    timer.start(1h);
 }
 
 /// A while after the start, when the first clicks are done.
@@ -225,6 +235,11 @@ int CWindowProgram::RunFrame(const Opened& opened) {
     const CQuitSignals signals([&] { control.Leave(); });
     CStartCheck check({launcher, prompt, [&](const std::function<void()>& work) { control.WhenFree(work); },
                        [&app] { app.NoteStoreDamage(); }});
+    CProgressBox progress(*frame);
+    CAutomaticBackups backups(
+        {app.Home(), app.Document(), app.Settings().Profile(), prompt, clock, progress});
+    QTimer backupTimer;
+    BackUpByThemselves(backups, control, backupTimer);
     frame->show();
     // The records come with the window on the screen.
     QTimer::singleShot(0, frame.get(), [&] {

@@ -49,6 +49,9 @@ inline constexpr int kStopAllTimers = 32868;
 inline constexpr int kPauseAllTimers = 32869;
 inline constexpr int kUseDependencies = 32891;
 inline constexpr int kDefaults = 32777;
+inline constexpr int kBackup = 32830;
+inline constexpr int kRestore = 32831;
+inline constexpr int kBackupPlan = 40201;   ///< a number of our own, as the next one
 inline constexpr int kFindCommand = 40200;  ///< a number of our own, which no resource has
 inline constexpr int kOptions = 40066;
 inline constexpr int kRegional = 32781;
@@ -94,6 +97,9 @@ enum class Run {
     UseDependencies,
     Defaults,
     FindCommand,
+    Backup,
+    Restore,
+    BackupPlan,
     Options,
     RegionalSettings,
     About,

@@ -449,6 +449,13 @@ constexpr CommandRow kFirstCommands[] = {
 constexpr CommandRow kLastCommands[] = {
     Row(Command::kFindCommand, "CmdFindCommand",
         {Text::CmdFindCommand, Text::TipFindCommand, "edit-find", "Ctrl+K"}, Menu::Tools, {Run::FindCommand}),
+    Row(Command::kBackup, "CmdBackup", {Text::CmdBackup, Text::TipBackup, "document-save"}, Menu::Tools,
+        {Run::Backup})
+        .BeginsGroup(),
+    Row(Command::kRestore, "CmdRestore", {Text::CmdRestore, Text::TipRestore, "document-revert"}, Menu::Tools,
+        {Run::Restore}),
+    Row(Command::kBackupPlan, "CmdBackupPlan", {Text::CmdBackupPlan, Text::TipBackupPlan, "appointment-new"},
+        Menu::Tools, {Run::BackupPlan}),
     Row(Command::kOptions, "CmdOptions", {Text::CmdOptions, Text::TipOptions, "configure", "Ctrl+,"},
         Menu::Tools, {Run::Options})
         .BeginsGroup(),

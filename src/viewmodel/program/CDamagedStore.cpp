@@ -3,6 +3,8 @@
 #include "app/CVelmarchApp.h"
 #include "app/HomeFiles.h"
 #include "app/HomeSalvage.h"
+#include "exchange/backup/BackupTexts.h"
+#include "exchange/backup/LastBackup.h"
 #include "lang/FormatText.h"
 #include "platform/host/CClock.h"
 #include "platform/host/CPrompt.h"
@@ -11,6 +13,16 @@
 #include <QFile>
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Where the last good backup is, which may be the better way back.
+QString BackupNote(const CProfile& profile) {
+    const auto last = ReadLastBackup(profile);
+    return last ? FormatText<Text::NewestBackupNote>(BackupDateText(last->time), last->path) : QString();
+}
+
+}  // namespace
 
 bool CDamagedStore::Ask(Text question, const QString& words, Text action) {
     MessageBox box;
@@ -44,7 +56,9 @@ QString CDamagedStore::NewFolder() const {
 bool CDamagedStore::Resolve(bool isOpen) {
     if (!m_context.app.IsStoreFoundDamaged()) return isOpen;
     const QString store = StorePath(m_context.app.Home());
-    if (Ask(Text::AskSalvage, FormatText<Text::AskSalvage>(store, NewFolder()), Text::AskSalvageYes))
+    if (Ask(Text::AskSalvage,
+            FormatText<Text::AskSalvage>(store, NewFolder()) + BackupNote(m_context.app.Profile()),
+            Text::AskSalvageYes))
         return Salvage();
     if (Ask(Text::AskPutStoreAside, LoadText(Text::AskPutStoreAside), Text::AskPutStoreAsideYes))
         return PutAside() && StartWithNone();

@@ -37,7 +37,8 @@ class TestCAboutDialog final : public QObject {
     }
 
     void shows() {
-        const CAboutDialog dialog(u"/home/<b>someone</b>"_s);
+        const CAboutDialog dialog(u"/home/<b>someone</b>"_s, u"Last good backup: /b"_s);
+        QCOMPARE(dialog.findChild<QLabel*>(u"aboutBackup"_s)->text(), u"Last good backup: /b"_s);
         QVERIFY(dialog.findChild<QLabel*>(u"aboutVersion"_s)->text().contains(u"8.03.0105"_s));
         QCOMPARE(dialog.findChild<QLabel*>(u"aboutHome"_s)->textFormat(), Qt::PlainText);
         QVERIFY(ReadMemoryFigures().physical.total > 0);
