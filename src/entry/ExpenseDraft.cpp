@@ -12,17 +12,10 @@ namespace {
 
 using ExpenseEntryRules::ItemsPage;
 
-/// An item or a flag, and its place in the page.
-struct ItemRow {
-    QString CERecord::*item;
-    QString ItemsPage::*text;
-};
-constexpr ItemRow kItems[] = {
-    {&CERecord::item1, &ItemsPage::item1},
-    {&CERecord::item2, &ItemsPage::item2},
-    {&CERecord::item3, &ItemsPage::item3},
-    {&CERecord::item4, &ItemsPage::item4},
-};
+using ExpenseEntryRules::PageItem;
+using ExpenseEntryRules::PageItems;
+
+/// A flag and its place in the page.
 struct FlagRow {
     bool CERecord::*flag;
     bool ItemsPage::*box;
@@ -67,7 +60,7 @@ void ExpenseDraft::EnterDate(const std::optional<DateTimeVal>& day) {
 void ExpenseDraft::EnterItem(QString CERecord::*item, const QString& text) {
     m_record.*item = CutItem(text);
     if (item == &CERecord::item5) m_enteredMoney.item5 = text;
-    for (const ItemRow& row : kItems)
+    for (const PageItem& row : PageItems())
         if (row.item == item) m_enteredItems.*row.text = text;
 }
 
@@ -217,7 +210,7 @@ ExpenseDraft::MoneyPage ExpenseDraft::FullMoney() const {
 
 ExpenseDraft::ItemsPage ExpenseDraft::FullItems() const {
     ItemsPage page;
-    for (const ItemRow& row : kItems) page.*row.text = m_record.*row.item;
+    for (const PageItem& row : PageItems()) page.*row.text = m_record.*row.item;
     for (const FlagRow& row : kFlags) page.*row.box = m_record.*row.flag;
     return page;
 }

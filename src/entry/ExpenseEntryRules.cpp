@@ -57,9 +57,20 @@ constexpr ListItemRow<ItemsPage> kTypedItems[] = {
     {&Settings::keepExpenseList134, ListId::kExpenseItem4, &ItemsPage::item4},
 };
 
+constexpr ExpenseEntryRules::PageItem kItems[] = {
+    {&CERecord::item1, &ItemsPage::item1},
+    {&CERecord::item2, &ItemsPage::item2},
+    {&CERecord::item3, &ItemsPage::item3},
+    {&CERecord::item4, &ItemsPage::item4},
+};
+
 }  // namespace
 
 namespace ExpenseEntryRules {
+
+std::span<const PageItem> PageItems() {
+    return kItems;
+}
 
 QString UpdateDistanceAmount(const QString& distance, const QString& rate) {
     DecimalField amount;
@@ -88,10 +99,7 @@ void AcceptMoneyPage(CERecord& record, const MoneyPage& page, const NewListItems
 }
 
 void AcceptItemsPage(CERecord& record, const ItemsPage& page, const NewListItems& lists) {
-    record.item1 = CutItem(page.item1);
-    record.item2 = CutItem(page.item2);
-    record.item3 = CutItem(page.item3);
-    record.item4 = CutItem(page.item4);
+    for (const PageItem& row : kItems) record.*row.item = CutItem(page.*row.text);
     record.flag1 = page.flag1;
     record.flag2 = page.flag1 && page.flag2;
     record.flag3 = page.flag3;

@@ -3,6 +3,7 @@
 #include "entry/DraftFinding.h"
 
 #include <QString>
+#include <span>
 
 class CERecord;
 class NewListItems;
@@ -38,6 +39,12 @@ struct ItemsPage {
     QString item1, item2, item3, item4;
     bool flag1 = false, flag2 = false, flag3 = false, flag4 = false, flag5 = false;
 };
+/// An item of an expense and its text in the page.
+struct PageItem {
+    QString CERecord::*item;
+    QString ItemsPage::*text;
+};
+[[nodiscard]] std::span<const PageItem> PageItems();
 /// flag2 needs flag1, flag4 needs flag3: where the first is off, the second is cleared. The items go
 /// into the pick lists.
 void AcceptItemsPage(CERecord& record, const ItemsPage& page, const NewListItems& lists);

@@ -9,15 +9,7 @@ namespace {
 
 using Page = TimeEntryRules::EntryPage;
 
-/// An item and its place in the page.
-struct ItemRow {
-    QString CTRecord::*item;
-    QString Page::*text;
-};
-constexpr ItemRow kItems[] = {
-    {&CTRecord::item1, &Page::item1}, {&CTRecord::item2, &Page::item2}, {&CTRecord::item3, &Page::item3},
-    {&CTRecord::item4, &Page::item4}, {&CTRecord::item5, &Page::item5},
-};
+using TimeEntryRules::EntryItem;
 
 }  // namespace
 
@@ -96,7 +88,7 @@ void TimeDraft::SetFromTimer(int hours, int minutes, bool fromTimer) {
 
 void TimeDraft::EnterItem(QString CTRecord::*item, const QString& text) {
     Change([&](CTRecord& record) { record.*item = CutItem(text); });
-    for (const ItemRow& row : kItems)
+    for (const EntryItem& row : TimeEntryRules::EntryItems())
         if (row.item == item) m_entered.*row.text = text;
 }
 
@@ -178,7 +170,7 @@ DraftFindings TimeDraft::Findings() const {
 
 Page TimeDraft::FullPage() const {
     Page page = m_page;
-    for (const ItemRow& row : kItems) page.*row.text = m_record.*row.item;
+    for (const EntryItem& row : TimeEntryRules::EntryItems()) page.*row.text = m_record.*row.item;
     page.isBillable = m_record.isBillable;
     page.isBilled = m_record.isBilled;
     return page;

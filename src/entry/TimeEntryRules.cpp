@@ -65,9 +65,18 @@ constexpr TypedRow kTyped[] = {
     {{&Settings::keepTimeList115, ListId::kAmount, &Page::amount}, &CTRecord::amountIsDerived},
 };
 
+constexpr TimeEntryRules::EntryItem kItems[] = {
+    {&CTRecord::item1, &Page::item1}, {&CTRecord::item2, &Page::item2}, {&CTRecord::item3, &Page::item3},
+    {&CTRecord::item4, &Page::item4}, {&CTRecord::item5, &Page::item5},
+};
+
 }  // namespace
 
 namespace TimeEntryRules {
+
+std::span<const EntryItem> EntryItems() {
+    return kItems;
+}
 
 bool MayEnterTimes(const CTimerService& timers, const QString& recordId, CPrompt* prompt) {
     const TimerState state = timers.StateOf(recordId);
@@ -137,11 +146,7 @@ bool EnterAmount(CTRecord& record, const QString& text) {
 }
 
 void AcceptEntryPage(CTRecord& record, const EntryPage& page, const NewListItems& lists) {
-    record.item1 = CutItem(page.item1);
-    record.item2 = CutItem(page.item2);
-    record.item3 = CutItem(page.item3);
-    record.item4 = CutItem(page.item4);
-    record.item5 = CutItem(page.item5);
+    for (const EntryItem& row : kItems) record.*row.item = CutItem(page.*row.text);
     PutTypedMoney(record.rate, page.rate);
     PutTypedMoney(record.amount, page.amount);
     // Before the flags: a record that is no longer billable forgets what was computed.

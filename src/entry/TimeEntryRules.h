@@ -4,6 +4,7 @@
 
 #include <QString>
 #include <optional>
+#include <span>
 
 class CPrompt;
 class CTRecord;
@@ -55,6 +56,12 @@ struct EntryPage {
     bool isBillable = false;
     bool isBilled = false;
 };
+/// An item of a record and its text in the page.
+struct EntryItem {
+    QString CTRecord::*item;
+    QString EntryPage::*text;
+};
+[[nodiscard]] std::span<const EntryItem> EntryItems();
 /// Takes the page over; rate and amount as typed, without recalculation. Items are cut to 255 characters.
 /// What was typed goes into the pick lists; a rate or an amount that was computed never does.
 void AcceptEntryPage(CTRecord& record, const EntryPage& page, const NewListItems& lists);
