@@ -49,7 +49,19 @@ CFrameRecords::CFrameRecords(const FrameContext& context)
               .prompt = context.prompt,
               .labels = context.catalogue.Labels()}) {}
 
+/// What would be entered could not be stored.
+bool CFrameRecords::MayAdd() {
+    if (!m_context.document.Store().IsDamaged()) return true;
+    m_context.prompt.Tell({.textId = static_cast<int>(Text::DamagedStoreStays),
+                           .title = LoadText(Text::StoreProblemTitle),
+                           .text = LoadText(Text::DamagedStoreStays),
+                           .icon = BoxIcon::Warning,
+                           .actionLabel = {}});
+    return false;
+}
+
 void CFrameRecords::QuickEntry(int flags) {
+    if (!MayAdd()) return;
     const QuickEntryContext context{
         .document = m_context.document,
         .timers = m_context.timers,

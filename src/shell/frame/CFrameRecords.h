@@ -29,6 +29,7 @@ class CFrameRecords {
     void PauseTimers();
 
  private:
+    [[nodiscard]] bool MayAdd();
     [[nodiscard]] bool EditInDialog(CVORec& record, CVORec* untouched = nullptr) const;
     [[nodiscard]] CRecordSave::End Save(DialogRecord& edited);
     TimerOutcome StopByTrueTime(QStringList& ids);

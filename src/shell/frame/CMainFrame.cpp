@@ -250,8 +250,11 @@ void CMainFrame::ShowListOrNote() {
     CVelmarchDoc& document = m_context.app.Document();
     const bool narrowed = theRecordMode == RecordMode::Time ? HasConditions(document.Filter())
                                                             : HasConditions(document.FilterOfExpenses());
-    const EmptyReason reason = WhyEmpty(static_cast<std::size_t>(m_model->rowCount()), document.RecordCount(),
-                                        m_isLoading || IsBusy(), narrowed);
+    const EmptyReason reason = WhyEmpty({.listed = static_cast<std::size_t>(m_model->rowCount()),
+                                         .loaded = document.RecordCount(),
+                                         .isLoading = m_isLoading || IsBusy(),
+                                         .isStoreDamaged = document.Store().IsDamaged(),
+                                         .isNarrowed = narrowed});
     const bool showsList = m_model->rowCount() > 0;
     if (!showsList) m_note->Show(reason, document.CurrentFilter().displayName);
     QWidget* wanted = showsList ? static_cast<QWidget*>(m_view) : m_note;

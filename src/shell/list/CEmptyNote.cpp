@@ -37,6 +37,8 @@ QString SentenceFor(EmptyReason reason, const QString& period) {
     switch (reason) {
         case EmptyReason::Loading:
             return LoadText(Text::EmptyLoading);
+        case EmptyReason::Unreadable:
+            return LoadText(Text::EmptyUnreadable);
         case EmptyReason::InPeriod:
             return FormatText<Text::EmptyInPeriod>(period);
         case EmptyReason::Filtered:
@@ -78,7 +80,7 @@ void CEmptyNote::Show(EmptyReason reason, const QString& period) {
     const Offer offer = OfferFor(reason);
     m_command = offer.command;
     m_sentence->setText(SentenceFor(reason, period));
-    m_button->setVisible(reason != EmptyReason::Loading);
+    m_button->setVisible(reason != EmptyReason::Loading && reason != EmptyReason::Unreadable);
     m_button->setText(LoadText(offer.button));
     m_button->setAccessibleName(LoadText(offer.button));
     m_button->setIcon(QIcon::fromTheme(QString::fromLatin1(offer.icon)));

@@ -1,6 +1,7 @@
 #include "shell/program/CWindowProgram.h"
 
 #include "app/CVelmarchApp.h"
+#include "app/HomeFiles.h"
 #include "entry/CEnteredItems.h"
 #include "exchange/backup/BackupPlan.h"
 #include "lang/FormatText.h"
@@ -23,6 +24,7 @@
 #include "shell/program/CWindowDialogs.h"
 #include "shell/record/OfferDrafts.h"
 #include "timers/CRecordTimers.h"
+#include "timers/LostTimers.h"
 #include "viewmodel/program/CDamagedStore.h"
 #include "viewmodel/program/CInstanceHost.h"
 #include "viewmodel/program/CStartCheck.h"
@@ -75,6 +77,12 @@ void TellUnheard(CPrompt& prompt, const QString& why) {
                  .text = FormatText<Text::ChannelFailed>(why),
                  .icon = BoxIcon::Warning,
                  .actionLabel = {}});
+}
+
+/// Where the settings were found damaged just now, the user was told then.
+void TellLoss(CVelmarchApp& app, CRecordTimers& timers, CPrompt& prompt) {
+    const bool isTold = !app.Tree().KeptAside().isEmpty() || HasTimers(app.Tree().DamagedValues());
+    isTold ? timers.ForgetLoss() : TellLostTimers(timers, prompt);
 }
 
 /// What all windows of the program have in common.
@@ -197,18 +205,26 @@ int CWindowProgram::RunWindow() {
         return start == CSingleWindow::Start::OtherRaised ? kDone : kFailed;
     // Without the settings' file the window works with what memory holds; the user has been told.
     static_cast<void>(app.OpenSettings());
-    const bool isStoreOpen = app.OpenStore();
-    if (!CDamagedStore({app, prompt, clock}).Resolve(isStoreOpen)) return kFailed;
-    return RunFrame({app, single, budget, clock, prompt, pump, hub});
+    bool isStoreOpen = app.OpenStore();
+    std::optional<int> code;
+    while (!code) {
+        if (!CDamagedStore({app, prompt, clock}).Resolve(isStoreOpen)) return kFailed;
+        code = RunFrame({app, single, budget, clock, prompt, pump, hub});
+        isStoreOpen = true;
+    }
+    return *code;
 }
 
-int CWindowProgram::RunFrame(const Opened& opened) {
+std::optional<int> CWindowProgram::RunFrame(const Opened& opened) {
     auto& app = opened.app;
+    const bool isDamageKnown = app.IsStoreFoundDamaged();
+    bool isDamageMet = false;
     auto& budget = opened.budget;
     auto& prompt = opened.prompt;
     const CClock& clock = opened.clock;
     ActiveTimerSet timerSet(clock);
     CRecordTimers timers(timerSet, app.Document(), app.Settings());
+    const auto tellOrphan = [&prompt](const ActiveTimer& orphan) { TellOrphan(orphan, prompt); };
     app.Document().SetTimers(&timers);
     CEnteredItems entered;
     const RecordDialogContext dialog{.document = app.Document(),
@@ -240,10 +256,17 @@ int CWindowProgram::RunFrame(const Opened& opened) {
         {app.Home(), app.Document(), app.Settings().Profile(), prompt, clock, progress});
     QTimer backupTimer;
     BackUpByThemselves(backups, control, backupTimer);
+    // Not in the middle of what is being done to the timers.
+    timers.OnOrphan([&](const ActiveTimer& orphan) {
+        QTimer::singleShot(0, frame.get(), [&, orphan] { control.WhenFree([=] { tellOrphan(orphan); }); });
+    });
     frame->show();
     // The records come with the window on the screen.
     QTimer::singleShot(0, frame.get(), [&] {
         frame->Refresh();
+        isDamageMet = !isDamageKnown && app.IsStoreFoundDamaged();
+        if (isDamageMet) return QApplication::quit();
+        TellLoss(app, timers, prompt);
         if (!isHeard) TellUnheard(prompt, host.Error());
         OfferDrafts(frame.get(), dialog);
         LookOverLater(check, frame.get(), app.Home());
@@ -253,9 +276,11 @@ int CWindowProgram::RunFrame(const Opened& opened) {
     budget.Renew();
     host.BeginEnd();
     control.BeginEnd();
-    frame->PersistEverything();
+    timers.OnOrphan(tellOrphan);
+    if (!isDamageMet) frame->PersistEverything();
     app.Document().SetTimers(nullptr);
     frame.reset();
+    if (isDamageMet) return std::nullopt;
     app.CloseSettings();
     return code;
 }

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 /// The window program from its command line to its end: texts, verbs, home, the one instance, settings,
 /// records, window.
@@ -17,8 +18,9 @@ class CWindowProgram {
     [[nodiscard]] int RunVerb(const QStringList& arguments) const;
     struct Opened;
     [[nodiscard]] int RunWindow();
-    /// The window from its first moment to its last; the exit code.
-    [[nodiscard]] static int RunFrame(const Opened& opened);
+    /// The window from its first moment to its last; the exit code. Nothing when damage of the store was met
+    /// while its records were read, of which the user has to decide first.
+    [[nodiscard]] static std::optional<int> RunFrame(const Opened& opened);
 
     int& m_argc;
     char** m_argv;

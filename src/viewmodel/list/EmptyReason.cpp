@@ -29,9 +29,10 @@ bool HasConditions(const ExpenseFilter& filter) {
            IsOn(filter.exported) || std::ranges::any_of(filter.flags, IsOn);
 }
 
-EmptyReason WhyEmpty(std::size_t listed, std::size_t loaded, bool loading, bool narrowed) {
-    if (loading) return EmptyReason::Loading;
-    if (listed > 0) return EmptyReason::NotEmpty;
-    if (loaded == 0) return EmptyReason::NoRecords;
-    return narrowed ? EmptyReason::Filtered : EmptyReason::InPeriod;
+EmptyReason WhyEmpty(const ListedRecords& records) {
+    if (records.isLoading) return EmptyReason::Loading;
+    if (records.listed > 0) return EmptyReason::NotEmpty;
+    if (records.isStoreDamaged) return EmptyReason::Unreadable;
+    if (records.loaded == 0) return EmptyReason::NoRecords;
+    return records.isNarrowed ? EmptyReason::Filtered : EmptyReason::InPeriod;
 }

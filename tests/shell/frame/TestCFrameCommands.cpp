@@ -115,6 +115,16 @@ class TestCFrameCommands final : public QObject {
         QCOMPARE(expense.home.document->FindExpense(expense.view.SelectedIds().value(0))->item1,
                  u"From the tree"_s);
     }
+    /// What would be entered could not be stored: no dialog opens for it.
+    void NoNewRecordInADamagedStore() {
+        Fixture fixture;
+        fixture.home.manager.File().NoteDamage();
+        fixture.home.prompt.ExpectTold(Text::DamagedStoreStays);
+        fixture.Run(40147);
+        fixture.home.prompt.Finish();
+        QCOMPARE(fixture.dialogs.edited, 0);
+        QCOMPARE(fixture.home.document->RecordCount(), 0U);
+    }
     void CopyOfAnExpenseWithTimestamp() {
         Fixture fixture(RecordMode::Expense);
         fixture.AddExpense(u"Client A"_s);

@@ -149,12 +149,18 @@ class TestPeriodMemory final : public QObject {
     void whyEmpty() {
         TestHome home;
         TimeFilter filter;
-        QCOMPARE(WhyEmpty(0, 0, true, HasConditions(filter)), EmptyReason::Loading);
-        QCOMPARE(WhyEmpty(3, 3, false, HasConditions(filter)), EmptyReason::NotEmpty);
-        QCOMPARE(WhyEmpty(0, 0, false, HasConditions(filter)), EmptyReason::NoRecords);
-        QCOMPARE(WhyEmpty(0, 5, false, HasConditions(filter)), EmptyReason::InPeriod);
+        ListedRecords records{.isLoading = true, .isNarrowed = HasConditions(filter)};
+        QCOMPARE(WhyEmpty(records), EmptyReason::Loading);
+        records.isLoading = false;
+        QCOMPARE(WhyEmpty(records), EmptyReason::NoRecords);
+        records.loaded = 5;
+        QCOMPARE(WhyEmpty(records), EmptyReason::InPeriod);
+        records.isStoreDamaged = true;
+        QCOMPARE(WhyEmpty(records), EmptyReason::Unreadable);
+        records.listed = 3;
+        QCOMPARE(WhyEmpty(records), EmptyReason::NotEmpty);
         filter.exported = 0;
-        QCOMPARE(WhyEmpty(0, 5, false, HasConditions(filter)), EmptyReason::Filtered);
+        QCOMPARE(WhyEmpty({.loaded = 5, .isNarrowed = HasConditions(filter)}), EmptyReason::Filtered);
     }
 };
 
