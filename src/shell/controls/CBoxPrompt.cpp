@@ -101,6 +101,14 @@ int Show(const MessageBox& box) {
     return shown.exec();
 }
 
+/// "html" of "Report pages (*.html)"; empty for a filter without one.
+QString ExtensionOf(const QString& filter) {
+    const qsizetype from = filter.indexOf(QStringLiteral("*."));
+    const qsizetype to = filter.indexOf(QLatin1Char(')'), from);
+    return from < 0 || to < from ? QString()
+                                 : filter.mid(from + 2, to - from - 2).section(QLatin1Char(' '), 0, 0);
+}
+
 }  // namespace
 
 Answer CBoxPrompt::Ask(const MessageBox& box) {
@@ -114,13 +122,25 @@ void CBoxPrompt::Tell(const MessageBox& box) {
     Show(box);
 }
 
+/// A name that is typed without an extension takes that of the filter, before the dialog asks whether a file
+/// of that name may be replaced.
 std::optional<QString> CBoxPrompt::ChooseFile(const FileChoice& choice) {
-    QWidget* parent = InFront();
-    const QString file =
-        choice.purpose == FileChoice::Purpose::Open
-            ? QFileDialog::getOpenFileName(parent, choice.title, choice.suggestedName, choice.filter)
-            : QFileDialog::getSaveFileName(parent, choice.title, choice.suggestedName, choice.filter);
-    return file.isEmpty() ? std::nullopt : std::optional(file);
+    const bool isSave = choice.purpose == FileChoice::Purpose::Save;
+    QFileDialog dialog(InFront(), choice.title, choice.suggestedName, choice.filter);
+    dialog.setObjectName(QStringLiteral("fileDialog"));
+    dialog.setAcceptMode(isSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(isSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    if (isSave) {
+        dialog.selectFile(choice.suggestedName);
+        const auto follow = [&dialog](const QString& filter) {
+            dialog.setDefaultSuffix(ExtensionOf(filter));
+        };
+        follow(dialog.selectedNameFilter());
+        QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+    }
+    const ReadyCursor ready;
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return dialog.selectedFiles().front();
 }
 
 std::optional<QString> ChooseFolder(QWidget* parent, const QString& title, const QString& begin) {

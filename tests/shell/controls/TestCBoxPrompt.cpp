@@ -4,8 +4,11 @@
 #include "support/TestProgram.h"
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <functional>
@@ -28,6 +31,9 @@ class TestCBoxPrompt : public QObject {
     void VerbOnTheButton_data();
     void VerbOnTheButton();
     void TellShowsOneButton();
+    void ANameTakesTheExtensionOfItsKind_data();
+    void ANameTakesTheExtensionOfItsKind();
+    void NoFileIsChosen();
 };
 
 namespace {
@@ -191,6 +197,46 @@ void TestCBoxPrompt::TellShowsOneButton() {
     });
     prompt.Tell({.title = u"Title"_s, .text = u"Text"_s, .actionLabel = {}});
     QCOMPARE(buttons, qsizetype(1));
+}
+
+void TestCBoxPrompt::ANameTakesTheExtensionOfItsKind_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("chosen");
+    QTest::newRow("without one") << u"bill"_s << u"bill.html"_s;
+    QTest::newRow("with its own") << u"bill.htm"_s << u"bill.htm"_s;
+    QTest::newRow("with that one") << u"bill.html"_s << u"bill.html"_s;
+}
+
+void TestCBoxPrompt::ANameTakesTheExtensionOfItsKind() {
+    QFETCH(QString, typed);
+    QFETCH(QString, chosen);
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    const QTemporaryDir folder;
+    QTimer::singleShot(0, qApp, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        if (!dialog) return QTest::qFail("no file is asked for", __FILE__, __LINE__);
+        dialog->setDirectory(folder.path());
+        dialog->findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(typed);
+        static_cast<QDialog*>(dialog)->accept();
+    });
+    CBoxPrompt prompt;
+    const auto path = prompt.ChooseFile({.purpose = FileChoice::Purpose::Save,
+                                         .title = u"Save"_s,
+                                         .suggestedName = u"report.html"_s,
+                                         .filter = u"Report pages (*.html)"_s});
+    QCOMPARE(path.value_or(QString()), folder.filePath(chosen));
+}
+
+void TestCBoxPrompt::NoFileIsChosen() {
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    QTimer::singleShot(0, qApp, [] {
+        if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) dialog->reject();
+    });
+    CBoxPrompt prompt;
+    QVERIFY(!prompt.ChooseFile({.purpose = FileChoice::Purpose::Open,
+                                .title = u"Open"_s,
+                                .suggestedName = {},
+                                .filter = u"Report pages (*.html)"_s}));
 }
 
 TEST_CLASS(TestCBoxPrompt);
