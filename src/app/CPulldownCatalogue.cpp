@@ -10,6 +10,7 @@
 #include "records/RecordFactory.h"
 #include "records/StoreTransaction.h"
 
+#include <QSet>
 #include <algorithm>
 #include <utility>
 
@@ -96,17 +97,25 @@ std::unique_ptr<CPRecord> CPulldownCatalogue::PutItem(int list, const QString& t
     return m_store.InsertRecord(*item, Commit::Later) ? std::move(item) : nullptr;
 }
 
+std::vector<ListText> CPulldownCatalogue::NewAmong(const std::vector<ListText>& texts) const {
+    std::vector<ListText> fresh;
+    QSet<std::pair<int, QString>> taken;
+    for (const ListText& one : texts) {
+        if (CheckNewItem(one.list, one.text) == NewItem::Refused) continue;
+        const std::pair key(one.list, DisplayOf(one.list, one.text).value_or(one.text));
+        if (taken.contains(key)) continue;
+        taken.insert(key);
+        fresh.push_back(one);
+    }
+    return fresh;
+}
+
 std::optional<CPulldownCatalogue::NewItems> CPulldownCatalogue::PutItems(const std::vector<ListText>& texts) {
-    QList<int> lists;
-    for (const ListText& one : texts) lists.append(one.list);
-    if (m_extent != Extent::Everything && !LoadLists(lists)) return std::nullopt;
+    QSet<int> lists;
+    for (const ListText& one : texts) lists.insert(one.list);
+    if (m_extent != Extent::Everything && !LoadLists(lists.values())) return std::nullopt;
     NewItems items;
-    for (const auto& [list, text] : texts) {
-        const std::optional<QString> display = DisplayOf(list, text);
-        const bool isTwice = std::ranges::any_of(items, [&, list = list](const auto& item) {
-            return item->listId == list && item->GetText() == display;
-        });
-        if (isTwice || CheckNewItem(list, text) == NewItem::Refused) continue;
+    for (const auto& [list, text] : NewAmong(texts)) {
         items.push_back(PutItem(list, text));
         if (!items.back()) return std::nullopt;
     }

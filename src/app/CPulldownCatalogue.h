@@ -99,8 +99,11 @@ class CPulldownCatalogue {
 
     /// Items that stand in the open transaction.
     using NewItems = std::vector<std::unique_ptr<CPRecord>>;
-    /// Texts that their list refuses, one that it holds already for example, are passed over. Loads the lists
-    /// that are concerned where not everything is loaded. Nothing when one can't be written.
+    /// Those of the texts that would become items of their lists, loaded before: a list refuses a text that
+    /// it holds already, for example, and takes one that comes twice once.
+    [[nodiscard]] std::vector<ListText> NewAmong(const std::vector<ListText>& texts) const;
+    /// Texts that their list refuses are passed over. Loads the lists that are concerned where not everything
+    /// is loaded. Nothing when one can't be written.
     [[nodiscard]] std::optional<NewItems> PutItems(const std::vector<ListText>& texts);
     void TakeUp(NewItems items);
     /// False when there is no such item, or it can't take the new text.

@@ -97,6 +97,77 @@ Outcome CRecordChanges::Delete(RecordKind kind, const QStringList& ids, Ask ask)
     return outcome;
 }
 
+Outcome CRecordChanges::AddAll(CRecordSource& source, Hold hold) {
+    CVelmarchDoc& document = m_context.document;
+    const qsizetype othersPending = document.PendingCount();
+    std::optional<CPulldownCatalogue::NewItems> items;
+    Outcome outcome = AddInTransaction(source, hold, items);
+    const QStringList added = document.TakePending(othersPending);
+    if (outcome.failure == Outcome::Failure::Opening) return outcome;
+    if (outcome.commit == CommitEnd::Undone) {
+        document.ReadAnew();
+        return outcome;
+    }
+    outcome.hasNewItems = !items->empty();
+    m_context.catalogue.TakeUp(std::move(*items));
+    outcome.ids = added;
+    if (!added.isEmpty()) document.NotifyViews(Hint::Added, added);
+    return outcome;
+}
+
+Outcome CRecordChanges::AddInTransaction(CRecordSource& source, Hold hold,
+                                         std::optional<CPulldownCatalogue::NewItems>& items) {
+    const CVelmarchDoc::ChangeScope changing(m_context.document);
+    StoreTransaction transaction(m_context.document.Store());
+    if (!transaction.IsOpen()) return Outcome::Failed(Outcome::Failure::Opening);
+    m_context.progress.Begin(source.Progress(), source.Count());
+    Outcome outcome = Outcome::Nothing();
+    WalkSource(source, hold, outcome);
+    if (outcome && !(items = m_context.catalogue.PutItems(source.ListTexts())))
+        outcome = Outcome::Failed(Outcome::Failure::Item);
+    if (outcome)
+        Commit(transaction, outcome);
+    else
+        outcome.commit = CommitEnd::Undone;
+    m_context.document.NoteEnd(outcome.commit);
+    m_context.progress.End();
+    return outcome;
+}
+
+void CRecordChanges::WalkSource(CRecordSource& source, Hold hold, Outcome& outcome) {
+    const Notify notify = hold == Hold::Yes ? Notify::Later : Notify::No;
+    while (true) {
+        const CRecordSource::Next next = source.Read();
+        if (next == CRecordSource::Next::End) return;
+        QString id;
+        if (next == CRecordSource::Next::Failed ||
+            !m_context.document.AddRecord(source.Record(), {notify, ::Commit::Later, Identity::New, hold},
+                                          &id)) {
+            outcome = Outcome::Failed(Outcome::Failure::Record);
+            return;
+        }
+        source.NoteAdded(id);
+        if (m_context.progress.Advance()) continue;
+        outcome.end = Outcome::End::Cancelled;
+        return;
+    }
+}
+
+Outcome CRecordChanges::AddItems(const std::vector<ListText>& texts, int& added) {
+    added = 0;
+    StoreTransaction transaction(m_context.document.Store());
+    if (!transaction.IsOpen()) return Outcome::Failed(Outcome::Failure::Opening);
+    auto items = m_context.catalogue.PutItems(texts);
+    if (!items) return Outcome::Failed(Outcome::Failure::Item);
+    Outcome outcome = Outcome::Nothing();
+    Commit(transaction, outcome);
+    if (!outcome) return outcome;
+    added = static_cast<int>(items->size());
+    outcome.hasNewItems = added > 0;
+    m_context.catalogue.TakeUp(std::move(*items));
+    return outcome;
+}
+
 Outcome CRecordChanges::Copy(RecordKind kind, const QStringList& ids) {
     if (ids.isEmpty()) return Outcome::Nothing();
     if (m_context.settings.confirmCopy && !Confirmed(Text::AskCopyRecords, Text::AskCopyTitle, ids.size()))

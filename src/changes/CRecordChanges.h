@@ -1,24 +1,45 @@
 #pragma once
 
+#include "app/CPulldownCatalogue.h"
 #include "changes/Outcome.h"
 
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <optional>
+#include <vector>
 
 class CEnteredItems;
 class CProgress;
 class CPrompt;
-class CPulldownCatalogue;
 class CTimersOfRecords;
 class CVelmarchDoc;
 class CVORec;
 enum class Hint : int;
+enum class Hold;
 enum class Identity;
 enum class RecordKind : int;
 enum class RecordMark : int;
 enum class Text : int;
 struct Settings;
+
+/// Records that are added together, one after the other, as they come from outside.
+class CRecordSource {
+ public:
+    enum class Next { Record, End, Failed /** the source knows why */ };
+
+    virtual ~CRecordSource() = default;
+    [[nodiscard]] virtual Next Read() = 0;
+    /// The one that was read last.
+    [[nodiscard]] virtual const CVORec& Record() const = 0;
+    /// It was written, under this identity. None of them is stored before all are.
+    virtual void NoteAdded(const QString& id) = 0;
+    /// After the last: what goes into the pick lists with them, as far as the lists take it.
+    [[nodiscard]] virtual std::vector<ListText> ListTexts() const = 0;
+    [[nodiscard]] virtual int Count() const = 0;
+    /// What is done, in words.
+    [[nodiscard]] virtual QString Progress() const = 0;
+};
 
 /// Whether the user is asked before records are changed.
 enum class Ask { BySetting, No };
@@ -54,6 +75,11 @@ class CRecordChanges {
     [[nodiscard]] Outcome Edit(const CVORec& record, const QString& id);
     /// The views drop the records first, then they go one by one, and with the commit their timers.
     [[nodiscard]] Outcome Delete(RecordKind kind, const QStringList& ids, Ask ask);
+    /// All under new identities, or none of them: not when one can't be stored, nor when the user cancels.
+    /// The outcome has the identities of records that are held; a million of them would take their room.
+    [[nodiscard]] Outcome AddAll(CRecordSource& source, Hold hold);
+    /// Items of the pick lists, as far as the lists take them: all of them or none. Says how many were new.
+    [[nodiscard]] Outcome AddItems(const std::vector<ListText>& texts, int& added);
     /// The outcome has the identities of the copies.
     [[nodiscard]] Outcome Copy(RecordKind kind, const QStringList& ids);
     /// A record that bears the mark already is left alone, and so is one that isn't there any more. A mark
@@ -79,6 +105,9 @@ class CRecordChanges {
     [[nodiscard]] bool Confirmed(Text question, Text title, qsizetype records) const;
     [[nodiscard]] bool MarkOne(RecordKind kind, RecordMark mark, const QString& id);
 
+    [[nodiscard]] Outcome AddInTransaction(CRecordSource& source, Hold hold,
+                                           std::optional<CPulldownCatalogue::NewItems>& items);
+    void WalkSource(CRecordSource& source, Hold hold, Outcome& outcome);
     [[nodiscard]] Outcome Run(const Batch& batch);
     [[nodiscard]] Outcome RunInTransaction(const Batch& batch);
     void Walk(const Batch& batch, Outcome& outcome);
