@@ -25,6 +25,11 @@ constexpr BoxRow OfStore(Text text) {
     return {.text = text, .title = Text::StoreFailureTitle, .icon = BoxIcon::Stop};
 }
 
+/// A file that can't be read or written.
+constexpr BoxRow OfFile(Text text) {
+    return {.text = text, .title = Text::ReadWriteTitle};
+}
+
 constexpr BoxRow kBoxes[] = {
     OfStore(Text::QueryFailed),
     OfStore(Text::NextRecordFailed),
@@ -39,6 +44,19 @@ constexpr BoxRow kBoxes[] = {
     OfStore(Text::DeleteFailed),
     OfStore(Text::CommitFailed),
     {.text = Text::CommitUnconfirmed, .title = Text::StoreFailureTitle},
+
+    OfFile(Text::ImportCantOpen),
+    OfFile(Text::ImportItemsCantOpen),
+    OfFile(Text::ImportReadFailed),
+    OfFile(Text::ExportCantCreate),
+    OfFile(Text::ExportWriteFailed),
+    {.text = Text::LineRefused,
+     .title = Text::LineRefusedTitle,
+     .buttons = Buttons::AbortRetryIgnore,
+     .defaultAnswer = Answer::Abort},
+    {.text = Text::ItemLineRefused, .title = Text::ItemLineRefusedTitle},
+    {.text = Text::LineUndecodable, .title = Text::LineRefusedTitle},
+    {.text = Text::ImportFileChanged, .title = Text::LineRefusedTitle},
 
     {.text = Text::RegionalNotStarted, .title = Text::RegionalTitle},
     {.text = Text::WindowNotAlone, .title = Text::ProgramTitle},

@@ -1,0 +1,136 @@
+#include "exchange/import/CRecordImport.h"
+
+#include "app/CVelmarchDoc.h"
+#include "exchange/text/TextColumns.h"
+#include "fields/FieldValue.h"
+#include "lang/FormatText.h"
+#include "records/CRecordStore.h"
+#include "records/FieldDef.h"
+
+namespace {
+
+using End = ImportPlan::End;
+
+End EndOf(CRecordLines::Next next) {
+    switch (next) {
+        case CRecordLines::Next::Failed:
+            return End::Failed;
+        case CRecordLines::Next::Undecodable:
+            return End::Undecodable;
+        default:
+            return End::Complete;
+    }
+}
+
+}  // namespace
+
+// --- The look
+
+ImportPlan CRecordImport::Look(const LookContext& context) {
+    ImportPlan plan;
+    m_file.Begin(m_request.encoding);
+    if (!m_stored.Read(context.store)) {
+        plan.end = End::StoreFailed;
+        return plan;
+    }
+    CRecordLines lines(m_file, m_request.kind, m_request.form);
+    CListTexts texts;
+    while (context.mostLines == 0 || lines.Number() < context.mostLines) {
+        const CRecordLines::Next next = lines.Read();
+        plan.lastLine = lines.Number();
+        const bool isLine = next == CRecordLines::Next::Record || next == CRecordLines::Next::Refused;
+        plan.end = isLine && context.advance && !context.advance() ? End::Cancelled : EndOf(next);
+        if (!isLine || plan.end == End::Cancelled) break;
+        if (m_request.addListItems && lines.Code() == LineCode::Parsed && !IsLeftOut(lines.Record()))
+            texts.Add(lines.Record());
+        if (next == CRecordLines::Next::Record) {
+            Account(lines, plan);
+            continue;
+        }
+        plan.refused.push_back(lines.AsRefused());
+        if (context.goesOn(plan.refused.back())) continue;
+        plan.end = End::Aborted;
+        break;
+    }
+    plan.listTexts = texts.Take();
+    return plan;
+}
+
+bool CRecordImport::IsLeftOut(const CVORec& record) const {
+    return m_request.skipDuplicates && m_stored.Holds(record);
+}
+
+void CRecordImport::Account(const CRecordLines& lines, ImportPlan& plan) const {
+    if (m_stored.Holds(lines.Record())) {
+        ++plan.duplicates;
+        if (m_request.skipDuplicates) return;
+    }
+    ++plan.records;
+    if (plan.samples.size() < kSamples) plan.samples.push_back(lines.Record().Clone());
+}
+
+/// In the order of the columns. A text that no list can hold is left out, like any that a list refuses.
+void CRecordImport::CListTexts::Add(const CVORec& record) {
+    for (const TextColumn& column : TextColumnsOf(record.Kind())) {
+        const int list = column.field->list;
+        if (list == ListId::kNone) continue;
+        const QString text = TextOf(record, *column.field);
+        if (text.isEmpty() || text.size() > kTextLength || m_known.contains({list, text})) continue;
+        m_known.insert({list, text});
+        m_texts.push_back({list, text});
+    }
+}
+
+// --- Storing
+
+/// The file once more, of which the records of the plan are given.
+class CRecordImport::CSource final : public CRecordSource {
+ public:
+    CSource(CRecordImport& import, const ImportPlan& plan,
+            const std::function<void(const QString& id)>& added)
+        : m_import(import),
+          m_plan(plan),
+          m_added(added),
+          m_lines(import.m_file, import.m_request.kind, import.m_request.form) {}
+
+    [[nodiscard]] Next Read() override {
+        while (m_given < m_plan.records) {
+            const CRecordLines::Next next = m_lines.Read();
+            if (next == CRecordLines::Next::Refused) continue;
+            if (next != CRecordLines::Next::Record) return Changed();
+            if (m_import.IsLeftOut(m_lines.Record())) continue;
+            ++m_given;
+            return Next::Record;
+        }
+        return m_import.m_file.HasChanged() ? Changed() : Next::End;
+    }
+    [[nodiscard]] const CVORec& Record() const override { return m_lines.Record(); }
+    void NoteAdded(const QString& id) override {
+        if (m_added) m_added(id);
+    }
+    [[nodiscard]] std::vector<ListText> ListTexts() const override { return m_plan.listTexts; }
+    [[nodiscard]] int Count() const override { return m_plan.records; }
+    [[nodiscard]] QString Progress() const override {
+        return FormatText<Text::ProgressImport>(m_plan.records);
+    }
+
+ private:
+    [[nodiscard]] Next Changed() {
+        m_import.m_fileChanged = true;
+        return Next::Failed;
+    }
+
+    CRecordImport& m_import;
+    const ImportPlan& m_plan;
+    const std::function<void(const QString& id)>& m_added;
+    CRecordLines m_lines;
+    int m_given = 0;
+};
+
+Outcome CRecordImport::Run(const ImportPlan& plan, CRecordChanges& changes, Hold hold,
+                           const std::function<void(const QString& id)>& added) {
+    m_fileChanged = false;
+    m_file.Rewind();
+    CSource source(*this, plan, added);
+    return changes.AddAll(source, hold);
+}

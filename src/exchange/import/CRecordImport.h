@@ -1,0 +1,87 @@
+#pragma once
+
+#include "app/CPulldownCatalogue.h"
+#include "changes/CRecordChanges.h"
+#include "exchange/import/CRecordLines.h"
+#include "exchange/import/CStoredContents.h"
+#include "exchange/text/CTextFile.h"
+
+#include <QSet>
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+/// What is imported, and how.
+struct ImportRequest {
+    RecordKind kind;
+    LineForm form;
+    QByteArray encoding = {};  ///< empty: as found
+    bool addListItems = true;  ///< whether the values of records go into the pick lists
+    bool skipDuplicates = false;
+};
+
+/// What an import will do with a file.
+struct ImportPlan {
+    enum class End {
+        Complete,
+        Aborted,  ///< at the last of the refused lines, as the user wanted
+        Failed,   ///< the file can't be read on
+        Undecodable,
+        StoreFailed,  ///< the records that are there can't be read; told
+        Cancelled
+    };
+    End end = End::Complete;
+    int lastLine = 0;  ///< that was looked at, from 1
+    int records = 0;   ///< that will be added
+    int duplicates = 0;
+    std::vector<RefusedLine> refused;
+    std::vector<ListText> listTexts;               ///< each once
+    std::vector<std::unique_ptr<CVORec>> samples;  ///< the first of the records
+};
+
+/// Imports records from a text file. It is looked at first, from beginning to end, and whatever has to be
+/// asked is asked then; the records are stored afterwards, as one change, while nobody waits for an answer.
+class CRecordImport {
+ public:
+    static constexpr std::size_t kSamples = 20;
+
+    /// The file must be open; it must outlive the import.
+    CRecordImport(CTextFile& file, const ImportRequest& request)
+        : m_file(file), m_request(request), m_stored(request.kind, request.form.form) {}
+
+    struct LookContext {
+        CRecordStore& store;
+        /// Whether to go on behind a line that can't be imported.
+        std::function<bool(const RefusedLine& line)> goesOn;
+        /// Called for each line; false: the user cancels. Empty: nobody does.
+        std::function<bool()> advance;
+        int mostLines = 0;  ///< 0: all
+    };
+    [[nodiscard]] ImportPlan Look(const LookContext& context);
+    /// Adds what the plan of the last look says.
+    [[nodiscard]] Outcome Run(const ImportPlan& plan, CRecordChanges& changes, Hold hold,
+                              const std::function<void(const QString& id)>& added);
+    /// Whether the records were not added because the file isn't what was looked at any more.
+    [[nodiscard]] bool FileChanged() const { return m_fileChanged; }
+
+ private:
+    class CSource;
+    /// The texts for the pick lists, each once.
+    class CListTexts {
+     public:
+        void Add(const CVORec& record);
+        [[nodiscard]] std::vector<ListText> Take() { return std::exchange(m_texts, {}); }
+
+     private:
+        std::vector<ListText> m_texts;
+        QSet<std::pair<int, QString>> m_known;
+    };
+    [[nodiscard]] bool IsLeftOut(const CVORec& record) const;
+    void Account(const CRecordLines& lines, ImportPlan& plan) const;
+
+    CTextFile& m_file;
+    ImportRequest m_request;
+    CStoredContents m_stored;
+    bool m_fileChanged = false;
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "exchange/text/Delimiters.h"
+#include "exchange/text/LineCode.h"
+
+#include <QString>
+
+class CVORec;
+struct CRegionalInfo;
+
+/// The two forms of a line. In the older one times have no break, and the separators of a date say the order
+/// of its parts, whatever the region.
+enum class RecordForm : int { Older = 2, Present = 4 };
+
+/// How lines are read.
+struct LineForm {
+    Delimiters delimiters;
+    RecordForm form = RecordForm::Present;
+    bool clock24 = false;  ///< times count to 24; a word for the half of the day is dropped then, on purpose
+};
+
+/// Fills an empty record from a line, by the record's own rules: the values are set in their order as if a
+/// user entered them. A time, a length or a number that can't be read stays unset. Rate and amount of a
+/// billable time stay as the line has them where it has both.
+[[nodiscard]] LineCode ReadRecordLine(const QString& line, const LineForm& form, CVORec& record);
+/// Whether no text of a record is longer than its column.
+[[nodiscard]] bool FitsTheStore(const CVORec& record);
