@@ -1,0 +1,32 @@
+#include "exchange/export/CTextExport.h"
+
+#include "lang/LoadText.h"
+#include "platform/host/CPrompt.h"
+
+CTextExport::CTextExport(const QString& path, const ExportForm& form)
+    : m_encoder(form.encoding),
+      m_file(path, FileAudience::UserDefault),
+      m_couldBegin(m_file.Error().isEmpty()) {}
+
+bool CTextExport::Put(const QString& lines) {
+    return m_file.Write(m_encoder.Encode(lines));
+}
+
+ExportEnd CTextExport::Finish() {
+    const FileOutcome outcome = m_file.Finish();
+    ExportEnd end;
+    end.isWritten = outcome.written;
+    end.replaced = m_encoder.ReplacedCount();
+    if (end.isWritten) return end;
+    end.message = m_couldBegin ? Text::ExportWriteFailed : Text::ExportCantCreate;
+    end.words = outcome.error;
+    return end;
+}
+
+void TellNotExported(const ExportEnd& end, CPrompt& prompt) {
+    prompt.Tell({.textId = static_cast<int>(end.message),
+                 .title = LoadText(Text::ReadWriteTitle),
+                 .text = end.words,
+                 .icon = BoxIcon::Warning,
+                 .actionLabel = {}});
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "exchange/text/Delimiters.h"
+#include "records/FieldDef.h"
+
+#include <QString>
+
+class CVORec;
+class FieldLabels;
+struct Settings;
+
+// The lines of a text file of records, each with its line end. A field is written as it is: a text qualifier
+// or a line break in it isn't marked as such, and a delimiter that is empty is left out.
+
+/// What the columns are called. No separator stands behind the last one.
+[[nodiscard]] QString HeadLine(RecordKind kind, const Delimiters& delimiters, const FieldLabels& labels,
+                               const Settings& settings);
+/// Of a time each field has a separator behind it, the last one too; an expense ends without. Readers of
+/// these files know both, so it stays.
+[[nodiscard]] QString LineOf(const CVORec& record, const Delimiters& delimiters);
+/// A list's name and a text.
+[[nodiscard]] QString ItemLine(const QString& list, const QString& text, const Delimiters& delimiters);
