@@ -97,7 +97,7 @@ void TellOthers(const RestoreOutcome& outcome, Console& console, RecordContext& 
     if (outcome.isUnconfirmed) console.out.Note(LoadText(Text::BackupUnconfirmed));
     const auto dropped = context.timers.DropGone();
     if (dropped && *dropped > 0) console.out.Note(FormatText<Text::RestoreTimersDropped>(*dropped));
-    if (!dropped) console.out.Note(LoadText(Text::CliTimersNotStored));
+    if (!dropped) console.out.Note(context.timers.WhyNotStored());
     if (!context.window.TellReplaced()) console.out.Note(LoadText(Text::CliWindowNotTold));
 }
 

@@ -6,6 +6,7 @@
 #include "cli/commands/RecordSteps.h"
 #include "cli/commands/ReportSteps.h"
 #include "cli/home/CSettingsOwner.h"
+#include "cli/output/ReportNames.h"
 #include "lang/FormatText.h"
 #include "reports/definition/ReportKinds.h"
 #include "reports/definition/ReportPages.h"

@@ -1,8 +1,8 @@
 #include "cli/output/RunOutput.h"
 
-#include "cli/arguments/ReportArguments.h"
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
+#include "cli/output/ReportNames.h"
 #include "records/KindNames.h"
 #include "reports/aggregate/ReportResult.h"
 

@@ -168,7 +168,7 @@ constexpr WindowRow kWindows[] = {
      }},
     {"about",
      [](DialogHome& home, const Look& look) {
-         CAboutDialog dialog(home.home.Path());
+         CAboutDialog dialog(home.home.Path(), u"Last good backup: today"_s);
          ShowAndLook(home, dialog, look);
      }},
     {"a question for a text",
