@@ -130,6 +130,8 @@ constexpr BoxRow kBoxes[] = {
     {.text = Text::ClockTimeUnreadable, .title = Text::DateControlTitle},
     {.text = Text::DateMissing, .title = Text::CheckEntryTitle},
     {.text = Text::DateUnreadable, .title = Text::CheckEntryTitle},
+    {.text = Text::DateUnreadable, .title = Text::FilterTitleTime},
+    {.text = Text::DateUnreadable, .title = Text::FilterTitleExpenses},
     {.text = Text::TimeUnreadable, .title = Text::CheckEntryTitle},
     {.text = Text::SpanUnreadable, .title = Text::CheckEntryTitle},
     {.text = Text::NumberRefused, .title = Text::CheckEntryTitle},
@@ -172,6 +174,11 @@ constexpr BoxRow kBoxes[] = {
     {.text = Text::AutomaticBackupFailed, .title = Text::BackupPlanTitle},
     {.text = Text::BackupPlanNotKept, .title = Text::BackupPlanTitle},
     {.text = Text::BackupPlanNoFolder, .title = Text::BackupPlanTitle},
+    {.text = Text::ReportNothingSelected, .title = Text::ReportMessageTitle},
+    {.text = Text::ReportNothingListed, .title = Text::ReportMessageTitle},
+    {.text = Text::ReportNothingFound, .title = Text::ReportMessageTitle},
+    {.text = Text::ReportLacksGroup, .title = Text::ReportMessageTitle},
+    {.text = Text::ReportLacksSum, .title = Text::ReportMessageTitle},
 
     YesOrNo(Text::AskReplaceQuery, Text::DeleteDefaultTitle, Text::VerbReplace, BoxIcon::Question),
     YesOrNo(Text::AskReplaceQuery, Text::NewDefaultTitle, Text::VerbReplace, BoxIcon::Question),
@@ -180,12 +187,15 @@ constexpr BoxRow kBoxes[] = {
     {.text = Text::ReportNameReserved, .title = Text::ReportMessageTitle},
     {.text = Text::ReportNeedsGroup, .title = Text::ReportMessageTitle},
     {.text = Text::ReportNeedsSum, .title = Text::ReportMessageTitle},
-    {.text = Text::ReportNothingSelected, .title = Text::ReportMessageTitle},
-    {.text = Text::ReportNothingListed, .title = Text::ReportMessageTitle},
-    {.text = Text::ReportNothingFound, .title = Text::ReportMessageTitle},
-    {.text = Text::ReportLacksGroup, .title = Text::ReportMessageTitle},
-    {.text = Text::ReportLacksSum, .title = Text::ReportMessageTitle},
     {.text = Text::QueryDateUnread, .title = Text::ReportMessageTitle},
+    {.text = Text::QueryDateUnread, .title = Text::FilterTitleTime},
+    {.text = Text::QueryDateUnread, .title = Text::FilterTitleExpenses},
+    YesOrNo(Text::AskRunReport, Text::ReportMessageTitle, Text::ReportRun, BoxIcon::Question),
+    YesOrNo(Text::PageLosesCharacters, Text::ReportSavePageTitle, Text::SheetSave),
+    {.text = Text::QueryDamaged, .title = Text::FilterTitleTime},
+    {.text = Text::QueryDamaged, .title = Text::FilterTitleExpenses},
+    {.text = Text::ReportNotShown, .title = Text::ReportNotShownTitle},
+
 };
 
 }  // namespace
