@@ -113,6 +113,7 @@ void CTwoLists::ShowUse() {
     m_giveBack->setEnabled(line >= 0);
     m_up->setEnabled(line > 0);
     m_down->setEnabled(line >= 0 && line < m_taken->count() - 1);
+    Q_EMIT LinesChanged();
 }
 
 bool CTwoLists::eventFilter(QObject* watched, QEvent* event) {

@@ -47,6 +47,10 @@ class CTwoLists final : public QWidget {
     [[nodiscard]] QListWidget& Available() { return *m_available; }
     [[nodiscard]] QListWidget& Taken() { return *m_taken; }
 
+ Q_SIGNALS:
+    /// The lists were filled, or another line is current.
+    void LinesChanged();
+
  protected:
     [[nodiscard]] bool eventFilter(QObject* watched, QEvent* event) override;
 
