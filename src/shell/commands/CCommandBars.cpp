@@ -18,6 +18,7 @@ namespace {
 
 /// In place of a command's number: the period button.
 constexpr int kPeriod = -1;
+constexpr Bar kBars[] = {Bar::Records, Bar::Filters, Bar::Report};
 
 /// The period stands between the buttons of the former and the next one, as far as they are there.
 qsizetype PlaceOfPeriod(const QList<int>& buttons) {
@@ -58,13 +59,16 @@ CCommandBars::CCommandBars(QMainWindow& window, ButtonOf buttonOf)
     : m_window(window), m_buttonOf(std::move(buttonOf)) {
     m_bars[Bar::Records] = {.title = Text::BarRecords, .name = u"toolBar101"_s};
     m_bars[Bar::Filters] = {.title = Text::BarFilters, .name = u"toolBar102"_s};
+    m_bars[Bar::Report] = {.title = Text::BarReport, .name = u"toolBar103"_s};
     for (auto& [which, bar] : m_bars) {
         bar.rows.push_back(MakeRow(bar));
         m_window.addToolBar(bar.rows.front());
     }
     m_period = new CPeriodButton(&Filters());
     m_periodPlace = Filters().addWidget(m_period);
-    for (const Bar bar : {Bar::Records, Bar::Filters}) SetButtons(bar, FactoryButtons(bar));
+    for (const Bar bar : kBars) SetButtons(bar, FactoryButtons(bar));
+    m_window.insertToolBarBreak(&Report());
+    Report().hide();
 }
 
 void CCommandBars::SetButtons(Bar which, const QList<int>& buttons) {
@@ -79,7 +83,7 @@ void CCommandBars::SetButtons(Bar which, const QList<int>& buttons) {
 
 void CCommandBars::Wrap(int width) {
     m_width = width;
-    for (const Bar bar : {Bar::Records, Bar::Filters}) WrapBar(bar);
+    for (const Bar bar : kBars) WrapBar(bar);
 }
 
 void CCommandBars::WrapBar(Bar which) {
@@ -130,15 +134,19 @@ void CCommandBars::Place(Bar which, const std::vector<QList<int>>& rows) {
     NameButtons();
 }
 
-/// The rows of one bar lie one below the other, and those of the filters below those of the records.
+/// The rows of one bar lie one below the other, those of the filters below those of the records, and those of
+/// the report below both.
 void CCommandBars::AddRow(Bar which) {
     WrappedBar& bar = m_bars[which];
     QToolBar* row = MakeRow(bar);
     if (which == Bar::Records)
         m_window.insertToolBar(&Filters(), row);
+    else if (which == Bar::Filters)
+        m_window.insertToolBar(&Report(), row);
     else
         m_window.addToolBar(row);
     m_window.insertToolBarBreak(row);
+    if (!m_window.toolBarBreak(&Report())) m_window.insertToolBarBreak(&Report());
     bar.rows.push_back(row);
 }
 

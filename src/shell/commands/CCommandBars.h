@@ -15,7 +15,7 @@ class QMainWindow;
 class QMenu;
 class QToolBar;
 
-/// The two tool bars of the window, each of as many rows as its buttons need.
+/// The three tool bars of the window, each of as many rows as its buttons need.
 class CCommandBars {
  public:
     /// What a button is made of.
@@ -40,6 +40,8 @@ class CCommandBars {
     /// The first row of each bar.
     [[nodiscard]] QToolBar& Records() const { return *m_bars.at(Bar::Records).rows.front(); }
     [[nodiscard]] QToolBar& Filters() const { return *m_bars.at(Bar::Filters).rows.front(); }
+    /// Shown only while a report is.
+    [[nodiscard]] QToolBar& Report() const { return *m_bars.at(Bar::Report).rows.front(); }
     /// Gives each bar as many rows as its buttons need in a window of that width; those below the first are
     /// shown with it.
     void Wrap(int width);

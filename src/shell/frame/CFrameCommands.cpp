@@ -5,6 +5,7 @@
 #include "config/CCfgStore.h"
 #include "shell/commands/CActions.h"
 #include "shell/frame/CFrameControl.h"
+#include "shell/report/CReportPane.h"
 #include "timers/CRecordTimers.h"
 #include "viewmodel/commands/BarButtons.h"
 #include "viewmodel/commands/FilterCommands.h"
@@ -19,6 +20,8 @@ CFrameCommands::CFrameCommands(const Context& context)
       m_views(m_context),
       m_filters(m_context),
       m_backup(m_context),
+      m_reports(m_context),
+      m_page(m_context, m_reports.Run()),
       m_hasRegionalSettings(HasRegionalSettings(m_context.launcher)) {
     m_context.actions.ShowNamesOf(m_context.catalogue.Labels());
     for (const Bar bar : {Bar::Records, Bar::Filters})
@@ -26,12 +29,8 @@ CFrameCommands::CFrameCommands(const Context& context)
 }
 
 CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
-    struct Row {
-        ::Run run;
-        Handler handler;
-    };
     using Self = CFrameCommands;
-    static constexpr Row kHandlers[] = {
+    static constexpr HandlerRow kHandlers[] = {
         {::Run::QuickEntry, [](Self& self, int flags) { self.m_records.QuickEntry(flags); }},
         {::Run::EditRecord, [](Self& self, int) { self.m_records.EditSelected(); }},
         {::Run::CopyRecords, [](Self& self, int) { self.m_records.CopySelected(); }},
@@ -64,6 +63,7 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::PeriodDay, [](Self& self, int) { self.m_context.control.PickDay(); }},
         {::Run::PeriodPrevious, [](Self& self, int) { self.Period().StepBack(); }},
         {::Run::PeriodNext, [](Self& self, int) { self.Period().StepForward(); }},
+        {::Run::FilterDialog, [](Self& self, int) { self.m_filters.FilterDialog(); }},
         {::Run::ClearFilter, [](Self& self, int) { self.Period().ClearConditions(); }},
         {::Run::FilterTimers, [](Self& self, int) { self.Period().WithTimers(); }},
         {::Run::FilterBy, [](Self& self, int command) { self.m_filters.FilterBy(command); }},
@@ -77,7 +77,35 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::About, [](Self& self, int) { self.m_views.About(); }},
         {::Run::Exit, [](Self& self, int) { self.m_context.control.Leave(); }},
     };
-    const auto* row = std::ranges::find(kHandlers, run, &Row::run);
+    const auto* row = std::ranges::find(kHandlers, run, &HandlerRow::run);
+    return row == std::end(kHandlers) ? ReportHandlerOf(run) : row->handler;
+}
+
+/// The commands that make reports, and those on the one in front.
+CFrameCommands::Handler CFrameCommands::ReportHandlerOf(::Run run) {
+    using Self = CFrameCommands;
+    static constexpr HandlerRow kHandlers[] = {
+        {::Run::QuickReport, [](Self& self, int kind) { self.m_reports.Quick(ReportKind{kind}); }},
+        {::Run::StoredReport, [](Self& self, int kind) { self.m_reports.RunStored(ReportKind{kind}); }},
+        {::Run::DefineReport, [](Self& self, int kind) { self.m_reports.Define(ReportKind{kind}); }},
+        {::Run::SummaryReport, [](Self& self, int) { self.m_reports.Summary(); }},
+        {::Run::ReportAgain, [](Self& self, int) { self.m_reports.Again(); }},
+        {::Run::ReportFind, [](Self& self, int) { self.m_context.report.OpenFind(); }},
+        {::Run::ReportCopy, [](Self& self, int) { self.m_page.Copy(); }},
+        {::Run::ReportZoom, [](Self& self, int steps) { self.m_page.Zoom(steps); }},
+        {::Run::ReportShrink, [](Self& self, int) { self.m_context.report.ToggleShrink(); }},
+        {::Run::ReportChart, [](Self& self, int) { self.m_page.ToggleChart(); }},
+        {::Run::ReportNextSum, [](Self& self, int) { self.m_page.NextSum(); }},
+        {::Run::ReportChartSave, [](Self& self, int) { self.m_page.SaveChart(); }},
+        {::Run::ReportSave, [](Self& self, int) { self.m_page.SavePage(); }},
+        {::Run::ReportPdf, [](Self& self, int) { self.m_page.SavePdf(); }},
+        {::Run::ReportCsv, [](Self& self, int) { self.m_page.SaveCsv(); }},
+        {::Run::ReportBrowser, [](Self& self, int) { self.m_page.OpenInBrowser(); }},
+        {::Run::ReportPreview, [](Self& self, int) { self.m_page.Preview(); }},
+        {::Run::ReportPrint, [](Self& self, int) { self.m_page.Print(); }},
+        {::Run::ReportClose, [](Self& self, int) { self.m_context.control.CloseReport(); }},
+    };
+    const auto* row = std::ranges::find(kHandlers, run, &HandlerRow::run);
     return row == std::end(kHandlers) ? nullptr : row->handler;
 }
 
@@ -102,6 +130,8 @@ void CFrameCommands::Describe(CommandState& state) const {
         timeMode ? SetFilterCommands(document.Filter()) : SetFilterCommands(document.FilterOfExpenses());
     state.useDependencies = m_context.settings.useDependencies;
     state.hasRegionalSettings = m_hasRegionalSettings;
+    m_page.Describe(state);
+    state.canRunAgain = m_reports.CanRunAgain();
     DescribeTree(state);
 }
 

@@ -3,6 +3,8 @@
 #include "shell/frame/CFrameBackup.h"
 #include "shell/frame/CFrameFilters.h"
 #include "shell/frame/CFrameRecords.h"
+#include "shell/frame/CFrameReportPage.h"
+#include "shell/frame/CFrameReports.h"
 #include "shell/frame/CFrameViews.h"
 #include "shell/frame/FrameContext.h"
 #include "viewmodel/commands/CommandTable.h"
@@ -19,6 +21,8 @@ class CFrameCommands {
     void Run(const CommandRow& row);
     [[nodiscard]] CFrameRecords& Records() { return m_records; }
     [[nodiscard]] CFrameViews& Views() { return m_views; }
+    /// The page of the report that was made last comes into its view.
+    void ShowPage() { m_page.Show(); }
     [[nodiscard]] CPeriodCommands& Period() { return m_filters.Period(); }
     /// The part of the state that commands know: mode, period, conditions, timers, tree.
     void Describe(CommandState& state) const;
@@ -28,7 +32,12 @@ class CFrameCommands {
 
  private:
     using Handler = void (*)(CFrameCommands& commands, int argument);
+    struct HandlerRow {
+        ::Run run;
+        Handler handler;
+    };
     [[nodiscard]] static Handler HandlerOf(::Run run);
+    [[nodiscard]] static Handler ReportHandlerOf(::Run run);
     void DescribeTree(CommandState& state) const;
 
     Context m_context;
@@ -36,5 +45,7 @@ class CFrameCommands {
     CFrameViews m_views;
     CFrameFilters m_filters;
     CFrameBackup m_backup;
+    CFrameReports m_reports;
+    CFrameReportPage m_page;
     bool m_hasRegionalSettings;
 };

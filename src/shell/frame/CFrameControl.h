@@ -3,6 +3,7 @@
 #include "app/RecordMode.h"
 #include "viewmodel/commands/CommandState.h"
 
+class QString;
 class QWidget;
 
 /// What commands ask of the window itself.
@@ -25,5 +26,11 @@ class CFrameControl {
     [[nodiscard]] virtual CommandState State() const = 0;
     /// Carries a command out as a menu would.
     virtual void RunCommand(int command) = 0;
+    /// The report that was made takes the place of the list, and the window hides what belongs to that.
+    virtual void ShowReport() = 0;
+    /// The list comes back, and with it all that was hidden.
+    virtual void CloseReport() = 0;
+    /// Says something for a while that needs no answer.
+    virtual void Say(const QString& what) = 0;
     virtual void Leave() = 0;
 };

@@ -7,7 +7,9 @@
 #include "shell/controls/CPickDialog.h"
 #include "shell/frame/CFrameControl.h"
 #include "shell/frame/FrameContext.h"
+#include "shell/list/CRecordListView.h"
 #include "shell/options/SettingSwitch.h"
+#include "shell/report/CFilterDialog.h"
 #include "viewmodel/commands/CommandWords.h"
 #include "viewmodel/commands/FilterCommands.h"
 
@@ -20,6 +22,23 @@ QString NameOf(const FilterCommandRow& row, const CPulldownCatalogue& catalogue)
 }  // namespace
 
 CFrameFilters::CFrameFilters(const FrameContext& context) : m_context(context), m_period(context.document) {}
+
+void CFrameFilters::FilterDialog() {
+    m_context.view.CaptureWidths();
+    if (theRecordMode == RecordMode::Time)
+        FillAndApply<TimeFilter>();
+    else
+        FillAndApply<ExpenseFilter>();
+}
+
+template <class Filter>
+void CFrameFilters::FillAndApply() {
+    Filter filter;
+    const FilterDialogContext context{m_context.settings, m_context.catalogue, m_context.prompt,
+                                      m_context.clock, m_context.document.GetPeriodContext()};
+    if (RunFilterDialog(&m_context.control.Window(), filter, CFilterDialog::Use::List, context))
+        m_period.ApplyFilter(filter);
+}
 
 void CFrameFilters::FilterBy(int command) {
     const FilterCommandRow* row = FindFilterCommand(command);

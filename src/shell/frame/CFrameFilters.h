@@ -11,12 +11,16 @@ class CFrameFilters {
     explicit CFrameFilters(const FrameContext& context);
 
     [[nodiscard]] CPeriodCommands& Period() { return m_period; }
+    /// All conditions at once; the widths on screen are taken into the columns first.
+    void FilterDialog();
     /// Lets the user pick the value of the condition that a command stands for.
     void FilterBy(int command);
     /// Whether lists offer only what goes with the items above. Kept at once.
     void ToggleDependencies();
 
  private:
+    template <class Filter>
+    void FillAndApply();
     template <class Filter>
     void Pick(const FilterCommandRow& row, Filter filter);
 

@@ -9,6 +9,7 @@
 #include "shell/frame/CEventPump.h"
 #include "shell/frame/CPanes.h"
 #include "shell/frame/CProgressBox.h"
+#include "shell/frame/CReportScreen.h"
 #include "shell/frame/WindowMemory.h"
 #include "shell/list/CEmptyNote.h"
 #include "shell/list/CRecordListView.h"
@@ -16,6 +17,7 @@
 #include "shell/look/Glyphs.h"
 #include "shell/look/IconTheme.h"
 #include "shell/look/LegiblePalette.h"
+#include "shell/report/CReportPane.h"
 #include "shell/tree/CDataTreeView.h"
 #include "timers/CRecordTimers.h"
 #include "viewmodel/list/CRecordListModel.h"
@@ -100,6 +102,8 @@ void CMainFrame::MakePanes() {
     m_pane->setObjectName(u"pane1"_s);
     m_pane->addWidget(m_note);
     m_pane->addWidget(m_view);
+    m_report = new CReportPane(m_context.app.Profile());
+    m_pane->addWidget(m_report);
     m_tree = new CDataTreeView(document, settings, m_context.prompt, this);
     m_panes = new CPanes(*m_tree, *m_pane, this);
     setCentralWidget(m_panes);
@@ -115,6 +119,8 @@ void CMainFrame::MakePanes() {
 
 void CMainFrame::MakeCommands() {
     m_commands = std::make_unique<CFrameCommands>(MakeFrameContext());
+    m_screen = std::make_unique<CReportScreen>(
+        CReportScreen::Parts{*m_panes, m_actions->Bars(), *m_status, m_context.hub});
 }
 
 FrameContext CMainFrame::MakeFrameContext() {
@@ -128,6 +134,7 @@ FrameContext CMainFrame::MakeFrameContext() {
             .clock = m_context.clock,
             .model = *m_model,
             .view = *m_view,
+            .report = *m_report,
             .tree = *m_panes,
             .actions = *m_actions,
             .control = *this,
@@ -147,6 +154,7 @@ void CMainFrame::Connect() {
     connect(m_view, &CRecordListView::ColumnResized, this, [this] { m_commands->Views().PersistLayout(); });
     connect(m_view, &CRecordListView::MenuWanted, this,
             [this](const QPoint& at) { m_actions->ContextMenu().popup(at); });
+    connect(m_report, &CReportPane::StateChanged, this, &CMainFrame::UpdateActions);
     connect(m_tree, &CDataTreeView::MenuWanted, this, &CMainFrame::ShowTreeMenu);
     connect(new QShortcut(QKeySequence(Qt::Key_F6), this), &QShortcut::activated, m_panes, &CPanes::NextPane);
     CPeriodButton& period = m_actions->Bars().PeriodButton();
@@ -179,12 +187,14 @@ CommandState CMainFrame::State() const {
                        .listLayout = static_cast<int>(m_model->Layout()),
                        .bar1Shown = m_actions->Bars().Records().isVisibleTo(this),
                        .bar2Shown = m_actions->Bars().Filters().isVisibleTo(this),
-                       .statusBarShown = m_status->isVisibleTo(this)};
+                       .statusBarShown = m_status->isVisibleTo(this),
+                       .reportIsActive = m_screen->IsShown()};
     m_commands->Describe(state);
     return state;
 }
 
 void CMainFrame::OnHint(Hint hint, const QStringList& ids) {
+    if (hint == Hint::ReportAboutToShow) return m_commands->ShowPage();
     if (hint == Hint::Clear || hint == Hint::Rebuild) RememberPlace();
     if (hint != Hint::SelectionChanged) TellList(hint, ids);
     m_tree->OnHint(hint, ids);
@@ -257,12 +267,41 @@ void CMainFrame::ShowListOrNote() {
                                          .isNarrowed = narrowed});
     const bool showsList = m_model->rowCount() > 0;
     if (!showsList) m_note->Show(reason, document.CurrentFilter().displayName);
-    QWidget* wanted = showsList ? static_cast<QWidget*>(m_view) : m_note;
-    m_pane->setFocusProxy(wanted);  // for all that bring the keyboard to the pane
-    if (m_pane->currentWidget() == wanted) return;
+    // A report stays in front whatever happens to the records behind it.
+    if (!m_screen || !m_screen->IsShown()) Front(showsList ? static_cast<QWidget&>(*m_view) : *m_note);
+}
+
+void CMainFrame::Front(QWidget& wanted) {
+    m_pane->setFocusProxy(&wanted);  // for all that bring the keyboard to the pane
+    if (m_pane->currentWidget() == &wanted) return;
     const bool treeHasFocus = m_tree->hasFocus();
-    m_pane->setCurrentWidget(wanted);
-    if (!treeHasFocus) wanted->setFocus();
+    m_pane->setCurrentWidget(&wanted);
+    if (!treeHasFocus) wanted.setFocus();
+}
+
+void CMainFrame::ShowReport() {
+    m_screen->Begin();
+    Front(*m_report);
+    WrapBars();
+    UpdateActions();
+}
+
+void CMainFrame::CloseReport() {
+    if (!m_screen->IsShown()) return;
+    m_screen->End();
+    m_report->Clear();
+    ShowListOrNote();
+    WrapBars();
+    UpdateActions();
+}
+
+/// The status bar is hidden while a report is shown, which has a line of its own for this.
+void CMainFrame::Say(const QString& what) {
+    constexpr int kShown = 8000;  // milliseconds
+    if (m_screen->IsShown())
+        m_report->Say(what);
+    else
+        m_status->showMessage(what, kShown);
 }
 
 void CMainFrame::UpdateActions() {
@@ -296,6 +335,7 @@ void CMainFrame::PersistLayout() {
 }
 
 void CMainFrame::PersistEverything() {
+    CloseReport();
     m_context.timers.SaveTimers();
     PersistLayout();
     StorePeriod(m_context.app.Profile(), m_context.app.Document().CurrentFilter());

@@ -18,6 +18,8 @@ class CProgressBox;
 class CRecordListModel;
 class CRecordListView;
 class CRecordTimers;
+class CReportPane;
+class CReportScreen;
 class CStatusBar;
 class CTimerTicker;
 class CVelmarchApp;
@@ -74,6 +76,7 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     void RebuildList() override;
     void TellList(Hint hint, const QStringList& ids);
     void TakeUpList();
+    void Front(QWidget& wanted);
     [[nodiscard]] bool IsListInFront() const;
     [[nodiscard]] bool IsListActive() const;
     void ShowListOrNote();
@@ -87,6 +90,9 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     void ToggleBar2() override;
     void ToggleStatusBar() override;
     void PickDay() override;
+    void ShowReport() override;
+    void CloseReport() override;
+    void Say(const QString& what) override;
     void Leave() override { close(); }
 
     Context m_context;
@@ -97,6 +103,7 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     CRecordListModel* m_model = nullptr;
     CRecordListView* m_view = nullptr;
     CEmptyNote* m_note = nullptr;
+    CReportPane* m_report = nullptr;
     QStackedWidget* m_pane = nullptr;
     CDataTreeView* m_tree = nullptr;
     CPanes* m_panes = nullptr;
@@ -104,5 +111,6 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     CActions* m_actions = nullptr;
     CTimerTicker* m_ticker = nullptr;
     std::unique_ptr<CProgressBox> m_progress;
+    std::unique_ptr<CReportScreen> m_screen;
     std::unique_ptr<CFrameCommands> m_commands;
 };

@@ -27,10 +27,14 @@ bool CPanes::IsShown() const {
 }
 
 void CPanes::Show(bool isShown) {
-    m_isWanted = isShown;
-    m_isInsisted = isShown;
+    m_use = {isShown, isShown};
     Follow();
     if (!isShown) m_list.setFocus();
+}
+
+void CPanes::RestoreTreeUse(const TreeUse& use) {
+    m_use = use;
+    Follow();
 }
 
 void CPanes::Stack(bool isStacked) {
@@ -40,12 +44,12 @@ void CPanes::Stack(bool isStacked) {
 
 void CPanes::Follow() {
     const bool hasRoom = IsStacked() || width() >= kWideEnough;
-    m_tree.setVisible(m_isWanted && (hasRoom || m_isInsisted));
+    m_tree.setVisible(m_use.isWanted && (hasRoom || m_use.isInsisted));
 }
 
 void CPanes::resizeEvent(QResizeEvent* event) {
     QSplitter::resizeEvent(event);
-    if (width() >= kWideEnough) m_isInsisted = false;
+    if (width() >= kWideEnough) m_use.isInsisted = false;
     Follow();
 }
 

@@ -24,7 +24,14 @@ class CPanes final : public QSplitter, public CTreeControl {
     [[nodiscard]] bool FillRecord(CVORec& record) const override;
 
     /// Whether the tree is wanted, in a narrow window too: what is kept for the next start.
-    [[nodiscard]] bool IsWanted() const { return m_isWanted; }
+    [[nodiscard]] bool IsWanted() const { return m_use.isWanted; }
+    struct TreeUse {
+        bool isWanted = true;
+        bool isInsisted = false;  ///< the user asked for the tree in a narrow window
+    };
+    [[nodiscard]] TreeUse GetTreeUse() const { return m_use; }
+    /// As it was, whatever the window's width was meanwhile.
+    void RestoreTreeUse(const TreeUse& use);
     /// The keyboard goes to the other pane.
     void NextPane();
 
@@ -36,6 +43,5 @@ class CPanes final : public QSplitter, public CTreeControl {
 
     CDataTreeView& m_tree;
     QWidget& m_list;
-    bool m_isWanted = true;
-    bool m_isInsisted = false;  ///< the user asked for the tree in a narrow window
+    TreeUse m_use;
 };

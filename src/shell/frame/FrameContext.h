@@ -14,6 +14,7 @@ class CPulldownCatalogue;
 class CRecordListModel;
 class CRecordListView;
 class CRecordTimers;
+class CReportPane;
 class CTreeControl;
 class CVelmarchDoc;
 
@@ -29,6 +30,7 @@ struct FrameContext {
     const CClock& clock;
     CRecordListModel& model;
     CRecordListView& view;
+    CReportPane& report;
     CTreeControl& tree;
     CActions& actions;
     CFrameControl& control;

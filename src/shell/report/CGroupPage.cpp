@@ -105,8 +105,9 @@ QList<FieldId> CGroupPage::CheckedIn(const QListWidget& list) {
 }
 
 void CGroupPage::Leave(CReportDef& report) const {
-    report.groupFields = CheckedIn(*m_groups);
-    report.sumFields = CheckedIn(*m_sums);
+    const RecordKind kind = KindOf(m_context.mode);
+    report.groupFields = CheckedFields(kind, ReportUse::Group, CheckedIn(*m_groups));
+    report.sumFields = CheckedFields(kind, ReportUse::Sum, CheckedIn(*m_sums));
 }
 
 void CGroupPage::ShowPreview() {

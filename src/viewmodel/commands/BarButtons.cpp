@@ -10,19 +10,24 @@ namespace {
 
 using namespace Command;
 
-/// A new record, what is done with records, and how they are shown. 114 and 40067, filter dialog and report,
-/// have their places here and come with their commands.
+/// A new record, what is done with records, and how they are shown; the filter dialog and the page of a
+/// report have their places here, too.
 constexpr int kFactoryRecords[] = {kNew,           kDivider,     kCopy,
                                    kEdit,          kDelete,      kMarkFirstAndSecond,
                                    kDivider,       kTimerStart,  kTimerPause,
-                                   kTimerStop,     kDivider,     114,
+                                   kTimerStop,     kDivider,     kFilterDialog,
                                    kTreeExpandAll, kRefresh,     kToggleStatusBar,
                                    kToggleBar2,    kToggleTree,  kPanesSideBySide,
                                    kPanesStacked,  kDivider,     kLayoutList,
-                                   kLayoutColumns, kLayoutLines, 40067};
+                                   kLayoutColumns, kLayoutLines, kReportSave};
 constexpr int kFactoryFilters[] = {
     kPeriodPrevious, kPeriodNext, kDivider, kClearFilter, kFilterTimers, kDivider, 32804, 32805, 32806, 32807,
     32808,           32809,       kDivider, 32832,        32833,         32834,    32835, 32836, 32837};
+/// On the report that is shown; the user can't change them.
+constexpr int kReportButtons[] = {kReportSave,   kReportPdf,     kReportCsv,    kReportBrowser, kDivider,
+                                  kReportPrint,  kReportPreview, kDivider,      kReportCopy,    kReportFind,
+                                  kReportZoomIn, kReportZoomOut, kReportShrink, kReportChart,   kDivider,
+                                  kReportAgain,  kReportClose};
 
 Bar BarOf(Menu menu) {
     switch (menu) {
@@ -47,6 +52,11 @@ QList<int> Sifted(Bar bar, const QList<int>& buttons) {
     return sifted;
 }
 
+/// The filter dialog is so much used that its button has always been among those of the records.
+Bar BarOf(const CommandRow& row) {
+    return row.id == kFilterDialog ? Bar::Records : BarOf(row.menu);
+}
+
 QString Entry(Bar bar) {
     return LoadText(bar == Bar::Records ? Text::SectionBar1 : Text::SectionBar2);
 }
@@ -54,6 +64,7 @@ QString Entry(Bar bar) {
 }  // namespace
 
 QList<int> FactoryButtons(Bar bar) {
+    if (bar == Bar::Report) return {std::begin(kReportButtons), std::end(kReportButtons)};
     return bar == Bar::Records
                ? Sifted(bar, QList<int>(std::begin(kFactoryRecords), std::end(kFactoryRecords)))
                : Sifted(bar, QList<int>(std::begin(kFactoryFilters), std::end(kFactoryFilters)));
@@ -62,7 +73,7 @@ QList<int> FactoryButtons(Bar bar) {
 QList<int> PossibleButtons(Bar bar) {
     QList<int> buttons;
     for (const CommandRow& row : CommandTable())
-        if (BarOf(row.menu) == bar && FindCommand(row.id) == &row) buttons << row.id;
+        if (BarOf(row) == bar && FindCommand(row.id) == &row) buttons << row.id;
     return buttons;
 }
 

@@ -12,7 +12,7 @@ inline constexpr int kDivider = 0;
 /// Which buttons a bar has at first, in their order. Commands that this program doesn't know are left out.
 [[nodiscard]] QList<int> FactoryButtons(Bar bar);
 /// All commands that can have a button on a bar, in the order of the menus: those of period and filter on
-/// their bar, all others on that of the records.
+/// their bar, all others, and the filter dialog, on that of the records.
 [[nodiscard]] QList<int> PossibleButtons(Bar bar);
 
 /// The buttons as the user has chosen them, else the factory's. What is no button of the bar is left out.

@@ -40,6 +40,7 @@ inline constexpr int kPeriodAll = 32802;
 inline constexpr int kPeriodDay = 32803;
 inline constexpr int kPeriodPrevious = 32844;
 inline constexpr int kPeriodNext = 32845;
+inline constexpr int kFilterDialog = 114;
 inline constexpr int kClearFilter = 32810;
 inline constexpr int kFilterTimers = 32851;
 inline constexpr int kTimerStart = 40112;
@@ -52,6 +53,24 @@ inline constexpr int kDefaults = 32777;
 inline constexpr int kBackup = 32830;
 inline constexpr int kRestore = 32831;
 inline constexpr int kBackupPlan = 40201;   ///< a number of our own, as the next one
+inline constexpr int kSummary = 32788;
+inline constexpr int kReportSave = 40067;
+inline constexpr int kReportShrink = 32890;
+inline constexpr int kReportClose = 32815;
+inline constexpr int kReportChart = 40210;  ///< these to kReportPrint are numbers of our own, too
+inline constexpr int kReportChartSave = 40211;
+inline constexpr int kReportNextSum = 40212;
+inline constexpr int kReportAgain = 40220;
+inline constexpr int kReportFind = 40221;
+inline constexpr int kReportCopy = 40222;
+inline constexpr int kReportZoomIn = 40223;
+inline constexpr int kReportZoomOut = 40224;
+inline constexpr int kReportZoomNormal = 40225;
+inline constexpr int kReportPdf = 40226;
+inline constexpr int kReportCsv = 40227;
+inline constexpr int kReportBrowser = 40228;
+inline constexpr int kReportPreview = 40229;
+inline constexpr int kReportPrint = 40230;
 inline constexpr int kFindCommand = 40200;  ///< a number of our own, which no resource has
 inline constexpr int kOptions = 40066;
 inline constexpr int kRegional = 32781;
@@ -88,6 +107,7 @@ enum class Run {
     PeriodDay,
     PeriodPrevious,
     PeriodNext,
+    FilterDialog,
     ClearFilter,
     FilterTimers,
     FilterBy,     ///< argument: the command's number, which says the condition
@@ -96,6 +116,25 @@ enum class Run {
     PauseAllTimers,
     UseDependencies,
     Defaults,
+    QuickReport,   ///< argument: a ReportKind
+    StoredReport,  ///< argument: a ReportKind
+    DefineReport,  ///< argument: a ReportKind
+    SummaryReport,
+    ReportAgain,
+    ReportFind,
+    ReportCopy,
+    ReportZoom,  ///< argument: 1 larger, -1 smaller, 0 as it is
+    ReportShrink,
+    ReportChart,
+    ReportNextSum,
+    ReportChartSave,
+    ReportSave,
+    ReportPdf,
+    ReportCsv,
+    ReportBrowser,
+    ReportPreview,
+    ReportPrint,
+    ReportClose,
     FindCommand,
     Backup,
     Restore,
@@ -114,6 +153,7 @@ enum class Menu {
     Filter,
     Timer,
     Lists,
+    Report,
     Tools,
     Help,
     New,
@@ -123,11 +163,15 @@ enum class Menu {
     PeriodWeeks,
     PeriodMonths,
     PeriodQuarters,
-    PeriodYears
+    PeriodYears,
+    ReportStored,
+    ReportDefine,
+    ReportZoom,
+    ReportChart
 };
 
-/// The tool bars: 101 records, 102 period and filter.
-enum class Bar { Records, Filters };
+/// The tool bars: 101 records, 102 period and filter, 103 the report that is shown.
+enum class Bar { Records, Filters, Report };
 
 /// Who is asked first to carry a command out.
 enum class Receiver { View, Frame };

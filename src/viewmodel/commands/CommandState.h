@@ -20,6 +20,14 @@ struct CommandState {
     bool bar2Shown = true;
     bool statusBarShown = true;
     bool useDependencies = false;
+    bool reportIsActive = false;      ///< a report is in front, and the list hidden behind it
+    bool canRunAgain = false;         ///< its records are those of the mode
+    bool reportShrinks = false;       ///< to the width of the window
+    bool reportHasSelection = false;  ///< text that can be copied
+    bool reportHasTable = false;
+    bool reportHasChart = false;  ///< there is something that a chart can show
+    bool chartShown = false;
+    bool chartHasNextSum = false;
     bool treeShown = false;
     bool treeStacked = false;
     bool treeHasNode = false;          ///< a node other than the root is selected

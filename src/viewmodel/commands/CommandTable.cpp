@@ -4,6 +4,7 @@
 #include "entry/QuickEntry.h"
 #include "entry/RecordMarks.h"
 #include "viewmodel/commands/CommandRowMaker.h"
+#include "viewmodel/commands/ReportCommands.h"
 
 #include <algorithm>
 #include <array>
@@ -96,7 +97,7 @@ bool LayoutIs(const State& s) {
 template <RecordMark Mark>
 constexpr int kMark = static_cast<int>(Mark);
 
-/// The commands of the menus up to the lists.
+/// The commands of the menus before that of reports.
 constexpr CommandRow kFirstCommands[] = {
     Row(Command::kNew, "CmdQuickEntry", {Text::CmdNew, Text::TipNew, "document-new", "Ctrl+N"}, Menu::Record,
         {Run::QuickEntry, QuickFlag::kBlank}),
@@ -362,6 +363,9 @@ constexpr CommandRow kFirstCommands[] = {
     Row(32850, "CmdPeriodPreset", {Text::PeriodNextYear, Text::TipPeriod, "view-calendar-month"},
         Menu::PeriodYears, {Run::PeriodPreset, 29})
         .Radio(PresetIs<29>),
+    Row(Command::kFilterDialog, "CmdFilterDialog",
+        {Text::CmdFilterDialog, Text::TipFilterDialog, "view-filter", "Ctrl+L"}, Menu::Filter,
+        {Run::FilterDialog}),
     Row(Command::kClearFilter, "CmdClearFilter",
         {Text::CmdClearFilter, Text::TipClearFilter, "edit-clear-all", "Ctrl+Shift+L"}, Menu::Filter,
         {Run::ClearFilter}),
@@ -445,7 +449,7 @@ constexpr CommandRow kFirstCommands[] = {
         .BeginsGroup(),
 };
 
-/// Those of the menus after them.
+/// Those of the menus after it.
 constexpr CommandRow kLastCommands[] = {
     Row(Command::kFindCommand, "CmdFindCommand",
         {Text::CmdFindCommand, Text::TipFindCommand, "edit-find", "Ctrl+K"}, Menu::Tools, {Run::FindCommand}),
@@ -475,7 +479,7 @@ constexpr auto Join(const CommandRow (&... parts)[Sizes]) {
     return joined;
 }
 
-constexpr auto kCommands = Join(kFirstCommands, kLastCommands);
+constexpr auto kCommands = Join(kFirstCommands, ReportRows::kRows, kLastCommands);
 
 const CommandRow* CommandOf(int id, Receiver receiver) {
     for (const CommandRow& row : kCommands)
@@ -503,6 +507,7 @@ const CommandRow* RouteCommand(int id, const CommandState& state) {
 
 bool IsOffered(const CommandRow& row, const CommandState& state) {
     if (state.busy && row.run != Run::Exit) return false;
+    if (row.receiver == Receiver::View && !state.listIsActive) return false;
     return !row.offered || row.offered(state);
 }
 

@@ -9,6 +9,7 @@ constexpr MenuRow kMenus[] = {
     {.menu = Menu::Filter, .caption = Text::MenuFilter, .parent = Menu::Filter},
     {.menu = Menu::Timer, .caption = Text::MenuTimer, .parent = Menu::Timer},
     {.menu = Menu::Lists, .caption = Text::MenuLists, .parent = Menu::Lists},
+    {.menu = Menu::Report, .caption = Text::MenuReport, .parent = Menu::Report},
     {.menu = Menu::Tools, .caption = Text::MenuTools, .parent = Menu::Tools},
     {.menu = Menu::Help, .caption = Text::MenuHelp, .parent = Menu::Help},
     {.menu = Menu::New,
@@ -52,6 +53,27 @@ constexpr MenuRow kMenus[] = {
      .icon = "view-calendar",
      .parent = Menu::Period,
      .afterCommand = Command::kPeriodDay},
+    {.menu = Menu::ReportStored,
+     .caption = Text::MenuReportStored,
+     .icon = "document-open-recent",
+     .parent = Menu::Report,
+     .afterCommand = Command::kSummary,
+     .beginsGroup = true},
+    {.menu = Menu::ReportDefine,
+     .caption = Text::MenuReportDefine,
+     .icon = "document-properties",
+     .parent = Menu::Report,
+     .afterCommand = Command::kSummary},
+    {.menu = Menu::ReportZoom,
+     .caption = Text::MenuReportZoom,
+     .icon = "page-zoom",
+     .parent = Menu::Report,
+     .afterCommand = Command::kReportCopy},
+    {.menu = Menu::ReportChart,
+     .caption = Text::MenuReportChart,
+     .icon = "office-chart-bar",
+     .parent = Menu::Report,
+     .afterCommand = Command::kReportShrink},
 };
 
 }  // namespace
@@ -63,5 +85,6 @@ std::span<const MenuRow> MenuTable() {
 Menu MenuUnderButton(int command) {
     return command == Command::kNew                  ? Menu::New
            : command == Command::kMarkFirstAndSecond ? Menu::Mark
+           : command == Command::kReportChart        ? Menu::ReportChart
                                                      : Menu::Help;
 }

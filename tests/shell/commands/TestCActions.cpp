@@ -108,7 +108,7 @@ class TestCActions final : public QObject {
         QStringList captions;
         for (const QAction* action : fixture.window.menuBar()->actions())
             captions << action->text().remove(u'&');
-        QCOMPARE(captions.join(u' '), u"Record View Period Filter Timer Lists Tools Help"_s);
+        QCOMPARE(captions.join(u' '), u"Record View Period Filter Timer Lists Report Tools Help"_s);
     }
 
     /// Each menu, with the names of fields of both modes, and with names that all begin alike.

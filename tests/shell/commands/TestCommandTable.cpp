@@ -92,7 +92,7 @@ class TestCommandTable final : public QObject {
         for (const MenuRow& row : MenuTable())
             if (row.parent == row.menu)
                 bar.insert(LoadText(row.caption)[LoadText(row.caption).indexOf(u'&') + 1].toLower());
-        QCOMPARE(bar.size(), 8);
+        QCOMPARE(bar.size(), 9);
     }
 
     /// Each command in six situations: time and expense mode, with none, one and two records selected. The
@@ -127,10 +127,15 @@ class TestCommandTable final : public QObject {
               32796, 32797, 32811, 32819, 32820, 32822, 32824, 32843, 32847, 32848, 32849, 32850},
              kAll, kAll);
         // filters
-        rows({32810, 32804, 32805, 32832, 32833, 32837}, kAll, kAll);
+        rows({114, 32810, 32804, 32805, 32832, 32833, 32837}, kAll, kAll);
         rows({32806, 32807}, kAll, kNever);
         rows({32808, 32809, 32834, 32835, 32836}, kNever, kAll);
         rows({32851, 32868, 32869}, kNever, kNever);
+        // reports, with none in front
+        rows({32818, 32821, 32785, 32788, 32846, 32816, 32787, 32881, 32884, 32786}, kAll, kAll);
+        rows({40067, 32890, 32815, 40210, 40211, 40212, 40220, 40221, 40222, 40223, 40224, 40225, 40226,
+              40227, 40228, 40229, 40230},
+             kNever, kNever);
         // timers, lists, tools
         rows({40111, 40112, 40113}, kSome, kNever);
         rows({32891, 32777, 40200, 40066, 32781, 57664}, kAll, kAll);
@@ -165,6 +170,13 @@ class TestCommandTable final : public QObject {
         CommandState node = timer, leaf = timer, hidden = timer, expense = timer, timerOfExpenses = timer;
         CommandState withoutRegional = timer;
         withoutRegional.hasRegionalSettings = false;
+        CommandState report = timer, text = timer, chart = timer;
+        report.listIsActive = false;
+        report.reportIsActive = report.reportHasTable = report.canRunAgain = true;
+        text = report;
+        text.reportHasSelection = true;
+        chart = report;
+        chart.reportHasChart = chart.chartShown = true;
         timer.anyTimer = true;
         running.anyTimer = running.anyRunning = true;
         step.canStep = true;
@@ -205,6 +217,21 @@ class TestCommandTable final : public QObject {
         QTest::newRow("show a hidden tree") << 32771 << hidden << true;
         QTest::newRow("regional settings of the desktop") << 32781 << timer << true;
         QTest::newRow("of a desktop without them") << 32781 << withoutRegional << false;
+        for (const int id : {32818, 32821, 32846, 32816, 32881, 32884})
+            QTest::addRow("%d with a report in front", id) << id << report << false;
+        for (const int id : {32785, 32786, 32787, 32788, 114})
+            QTest::addRow("%d with a report in front", id) << id << report << true;
+        for (const int id : {32825, 32826, 32783, 32784, 32778})
+            QTest::addRow("%d is the list's", id) << id << report << false;
+        for (const int id :
+             {40067, 32890, 32815, 40220, 40221, 40223, 40224, 40225, 40226, 40227, 40228, 40229, 40230})
+            QTest::addRow("%d on the report in front", id) << id << report << true;
+        QTest::newRow("copy without a selection") << 40222 << report << false;
+        QTest::newRow("copy") << 40222 << text << true;
+        QTest::newRow("a chart of a report without one") << 40210 << report << false;
+        QTest::newRow("a chart") << 40210 << chart << true;
+        QTest::newRow("save a chart that is shown") << 40211 << chart << true;
+        QTest::newRow("another sum where there is one only") << 40212 << chart << false;
         QTest::newRow("from the hidden tree's node") << 32861 << hidden << true;
     }
     void whenOffered() {
@@ -312,7 +339,8 @@ class TestCommandTable final : public QObject {
         QStringList captions;
         for (const MenuRow& row : MenuTable())
             if (row.parent == row.menu) captions << QString(LoadText(row.caption)).remove(u'&');
-        QCOMPARE(captions.join(u' '), QStringLiteral("Record View Period Filter Timer Lists Tools Help"));
+        QCOMPARE(captions.join(u' '),
+                 QStringLiteral("Record View Period Filter Timer Lists Report Tools Help"));
     }
     /// Each submenu stands behind a command of its parent.
     void submenusHaveTheirPlace() {
@@ -322,12 +350,13 @@ class TestCommandTable final : public QObject {
     void menusUnderButtons() {
         QCOMPARE(MenuUnderButton(40147), Menu::New);
         QCOMPARE(MenuUnderButton(40055), Menu::Mark);
+        QCOMPARE(MenuUnderButton(40210), Menu::ReportChart);
         QCOMPARE(MenuUnderButton(101), Menu::Help);
     }
 
-    /// What isn't built has no row: the filter dialog, lists, reports, export, import, backup.
+    /// What isn't built has no row: lists, export, import, backup.
     void unbuiltCommandsAreNotShown() {
-        for (const int id : {114, 40009, 32886, 40100, 40006, 40008, 32818, 32830, 32831, 32892, 40067})
+        for (const int id : {40009, 32886, 40100, 40006, 40008, 32830, 32831, 32892})
             QCOMPARE(RowOf(id), nullptr);
     }
 };

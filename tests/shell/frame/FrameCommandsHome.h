@@ -8,6 +8,7 @@
 #include "shell/frame/CFrameControl.h"
 #include "shell/frame/ScriptedDialogs.h"
 #include "shell/list/CRecordListView.h"
+#include "shell/report/CReportPane.h"
 #include "support/CNotedLauncher.h"
 #include "support/TestHome.h"
 #include "timers/CRecordTimers.h"
@@ -37,10 +38,14 @@ class NotedControl final : public CFrameControl {
     void PickDay() override { asked << QStringLiteral("day"); }
     CommandState State() const override { return state(); }
     void RunCommand(int command) override { ran << command; }
+    void ShowReport() override { asked << QStringLiteral("report"); }
+    void CloseReport() override { asked << QStringLiteral("close report"); }
+    void Say(const QString& what) override { said << what; }
     void Leave() override { asked << QStringLiteral("leave"); }
 
     QMainWindow window;
     QStringList asked;
+    QStringList said;
     QList<int> ran;
     std::function<CommandState()> state;
 };
@@ -77,6 +82,7 @@ struct Fixture {
     CRecordTimers timers{set, *home.document, *home.settings};
     CRecordListModel model{*home.document, set, *home.settings};
     CRecordListView view{model, *home.settings};
+    CReportPane report{home.settings->Profile()};
     NoProgress progress;
     NotedControl control;
     Tree tree;
@@ -116,6 +122,7 @@ struct Fixture {
                 .clock = home.clock,
                 .model = model,
                 .view = view,
+                .report = report,
                 .tree = tree,
                 .actions = madeActions,
                 .control = control,
