@@ -58,8 +58,7 @@ void CReportSheet::Build() {
     CMnemonics mnemonics;
     QDialogButtonBox* buttons = MakeDialogButtons(*this, Text::DialogOk, mnemonics);
     QStringList captions;
-    for (const SheetPage page : PagesOf(m_report.kind))
-        captions << mnemonics.Give(LoadText(CaptionOf(page)));
+    for (const SheetPage page : PagesOf(m_report.kind)) captions << mnemonics.Give(LoadText(CaptionOf(page)));
     m_pages = new QTabWidget;
     NameWidget(*m_pages, QStringLiteral("pages"), LoadText(Text::ReportSheetTitle));
     AddPages(mnemonics, captions);
