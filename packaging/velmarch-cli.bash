@@ -119,7 +119,7 @@ _velmarch_cli() {
         'demo fill') choices="--seed $global" ;;
         *) choices=$global ;;
     esac
-    if [[ $word != -* && $before == "$command" ]]; then
+    if [[ $word != -* && $before != --* ]]; then
         case "$group $command" in
         'report show' | 'report edit' | 'report rename' | 'report delete' | 'query show' | 'query rename' | 'query delete')
             IFS=$'\n' choices=$(_velmarch_cli_stored "$group" "$mode") ;;

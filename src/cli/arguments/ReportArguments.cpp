@@ -18,7 +18,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr OptionRow kKindOption[] = {{"kind", "KIND", OptionShape::Value, Text::CliOptKind}};
+constexpr OptionRow kKindOption[] = {
+    {"kind", "grouped|listing|compound", OptionShape::Value, Text::CliOptKind}};
 constexpr OptionRow kOptions[] = {
     {"group", "ID,ID", OptionShape::Value, Text::CliOptGroup},
     {"sum", "ID,ID", OptionShape::Value, Text::CliOptSum},
