@@ -1,6 +1,6 @@
 #pragma once
 
-#include "records/RecordColumns.h"
+#include "records/MemberColumns.h"
 
 #include <QString>
 #include <optional>

@@ -2,9 +2,8 @@
 
 #include "calendar/NumberText.h"
 #include "platform/host/CRegionalInfo.h"
-#include "records/ColumnLoads.h"
+#include "records/MemberColumns.h"
 #include "records/Precisions.h"
-#include "records/RecordColumns.h"
 #include "records/StoredMembers.h"
 
 namespace {

@@ -1,8 +1,7 @@
 // The forms in which a time record travels: a row of its table, a row of a bulk read, a block of bytes, a
 // copy.
 #include "records/CTRecord.h"
-#include "records/ColumnLoads.h"
-#include "records/RecordColumns.h"
+#include "records/MemberColumns.h"
 #include "records/StoredMembers.h"
 
 namespace {

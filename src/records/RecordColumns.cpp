@@ -4,7 +4,6 @@
 #include "records/CERecord.h"
 #include "records/CRecordStore.h"
 #include "records/CTRecord.h"
-#include "records/ColumnLoads.h"
 #include "records/RowConditions.h"
 
 #include <QStringList>

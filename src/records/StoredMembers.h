@@ -1,9 +1,9 @@
 #pragma once
 
 #include "records/ByteStream.h"
+#include "records/ColumnSet.h"
 #include "records/FieldDef.h"
 #include "records/FieldValues.h"
-#include "records/RecordColumns.h"
 #include "records/RowAccess.h"
 
 #include <algorithm>

@@ -6,6 +6,7 @@
 
 #include <compare>
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <span>
 #include <vector>
@@ -50,6 +51,6 @@ class CCountedRecords {
     CRecordReader& m_reader;
     CAggregation& m_aggregation;
     Known m_known;
-    std::vector<ListPlace> m_places;  ///< of all
-    std::vector<First> m_firsts;      ///< of each group
+    std::deque<ListPlace> m_places;  ///< of all
+    std::vector<First> m_firsts;     ///< of each group
 };

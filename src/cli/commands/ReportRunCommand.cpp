@@ -16,6 +16,7 @@
 #include "cli/output/FieldOutput.h"
 #include "cli/output/RunOutput.h"
 #include "config/CCfgStore.h"
+#include "exchange/backup/MakeBackup.h"
 #include "lang/FormatText.h"
 #include "platform/host/CClock.h"
 #include "records/FieldTexts.h"
@@ -23,6 +24,7 @@
 #include "reports/definition/ReportKinds.h"
 
 #include <unistd.h>
+#include <QFileInfo>
 #include <utility>
 
 namespace {
@@ -271,5 +273,8 @@ ExitCode RunReport(const CArguments& arguments, Console& console, RecordContext&
     ReportRequest request;
     const FilterProblem problem = ReadReportRequest(arguments, console, context.owner, request);
     if (problem.exit != ExitCode::Done) return Refuse(problem, console);
+    const QString& home = context.document.Store().Manager().m_directory;
+    if (request.file && IsFileOfHome(home, QFileInfo(*request.file).absoluteFilePath()))
+        return Refuse(ExitCode::Usage, FormatText<Text::BackupOwnFile>(*request.file), console);
     return CRun(std::move(request), console, context).Run();
 }

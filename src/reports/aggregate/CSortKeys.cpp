@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 #include <utility>
 
 namespace {
@@ -186,6 +187,13 @@ std::vector<CSortKeys::Item> CSortKeys::MakeItems(std::span<const std::uint32_t>
     return items;
 }
 
+std::vector<std::uint32_t> CSortKeys::OrderBefore(std::span<const std::uint32_t> before) const {
+    if (!before.empty()) return {before.begin(), before.end()};
+    std::vector<std::uint32_t> order(m_count);
+    std::iota(order.begin(), order.end(), 0U);
+    return order;
+}
+
 /// Values that lie beside the records aren't needed twice: of a lifetime of records they take as much as what
 /// is sorted.
 void CSortKeys::DropPlainValues() {
@@ -193,11 +201,12 @@ void CSortKeys::DropPlainValues() {
 }
 
 std::vector<std::uint32_t> CSortKeys::Order(std::span<const std::uint32_t> before) {
+    if (m_columns.empty()) return OrderBefore(before);
     for (Column& column : m_columns)
         if (column.form == KeyForm::Text) RankTexts(column);
     std::vector<Item> items = MakeItems(before);
     DropPlainValues();
-    if (m_count >= 2 && !m_columns.empty()) {
+    if (m_count >= 2) {
         std::vector<Item> left(items.size() / 2 + 1);
         Sort(items, left, 0, items.size() - 1);
     }

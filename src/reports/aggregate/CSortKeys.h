@@ -32,7 +32,6 @@ class CSortKeys {
     /// Of records of one kind, times or expenses.
     CSortKeys(RecordKind kind, const QList<SortKey>& keys);
 
-    [[nodiscard]] bool IsEmpty() const { return m_columns.empty(); }
     void Reserve(std::size_t records);
     /// The keys of the next record.
     void Add(const CVORec& record);
@@ -65,6 +64,7 @@ class CSortKeys {
     [[nodiscard]] static int Compare(const Column& column, std::uint32_t a, std::uint32_t b);
     [[nodiscard]] bool IsLess(const Item& a, const Item& b) const;
     [[nodiscard]] std::vector<Item> MakeItems(std::span<const std::uint32_t> before);
+    [[nodiscard]] std::vector<std::uint32_t> OrderBefore(std::span<const std::uint32_t> before) const;
     void DropPlainValues();
     void Sort(std::vector<Item>& items, std::vector<Item>& left, std::size_t low, std::size_t high) const;
     void Merge(std::vector<Item>& items, std::vector<Item>& left, std::size_t low, std::size_t middle,

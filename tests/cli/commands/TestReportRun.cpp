@@ -45,6 +45,10 @@ class TestReportRun : public QObject {
     void ThePageInAFileIsThatOfStandardOutput();
     void AFileStaysWhereThereIsNothing();
     void AFileThatCannotBeWritten();
+    void AFileOfTheHomeIsRefused_data();
+    void AFileOfTheHomeIsRefused();
+    void ADiskThatIsFullLeavesTheOldPage();
+    void AKillLeavesTheOldPageOrTheNewOne();
     void PageAndAnswerTogether();
     void Table_data();
     void Table();
@@ -295,6 +299,50 @@ void TestReportRun::AFileThatCannotBeWritten() {
     QVERIFY(QDir(m_home->Path()).entryList({u".velmarch-*"_s}, QDir::Files | QDir::Hidden).isEmpty());
 }
 
+void TestReportRun::AFileOfTheHomeIsRefused_data() {
+    QTest::addColumn<QString>("name");
+    QTest::newRow("the records") << u"velmarch.store"_s;
+    QTest::newRow("the settings by a longer way") << u"./velmarch.settings"_s;
+}
+
+void TestReportRun::AFileOfTheHomeIsRefused() {
+    QFETCH(QString, name);
+    const QString path = m_home->Path() + u'/' + name;
+    const QByteArray before = ContentOf(path);
+    const Reply reply = m_home->Run(kGrouped + QStringList{u"--out"_s, path});
+    QCOMPARE(reply.exit, 2);
+    QVERIFY(reply.err.contains("belongs to the records"));
+    QCOMPARE(ContentOf(path), before);
+}
+
+/// A limit of the size of files stands in for the disk.
+void TestReportRun::ADiskThatIsFullLeavesTheOldPage() {
+    const ConsoleHome home;
+    QCOMPARE(home.Run(Words(u"demo fill 3000"_s)).exit, 0);
+    QVERIFY(QDir(home.Path()).mkdir(u"pages"_s));
+    const QString page = home.File(u"pages/page.html"_s);
+    const QString run = u"$cli report run --kind listing --columns date,item1,notes --out "_s + page;
+    QCOMPARE(home.RunShell(run + u" --day 2000-01-01; echo old > "_s + page).exit, 0);
+    const Reply reply = home.RunShell(u"trap '' XFSZ; ulimit -f 64; "_s + run);
+    QCOMPARE(reply.exit, 1);
+    QVERIFY2(reply.err.contains("page.html could not be written"), reply.err.constData());
+    QCOMPARE(ContentOf(page), QByteArray("old\n"));
+    QCOMPARE(QDir(home.File(u"pages"_s)).entryList(QDir::Files | QDir::Hidden), QStringList(u"page.html"_s));
+}
+
+void TestReportRun::AKillLeavesTheOldPageOrTheNewOne() {
+    const ConsoleHome home;
+    QCOMPARE(home.Run(Words(u"demo fill 3000"_s)).exit, 0);
+    const QString page = home.File(u"page.html"_s);
+    const QString run = u"$cli report run --kind listing --columns date,item1,notes --out "_s + page;
+    for (const char* wait : {"0.01", "0.03", "0.05", "0.08", "0.12", "0.2"}) {
+        QVERIFY(home.RunShell(u"echo old > "_s + page).exit == 0);
+        (void)home.RunShell(run + u" & sleep "_s + QString::fromLatin1(wait) + u"; kill -9 $!; wait $!"_s);
+        const QByteArray content = ContentOf(page);
+        QVERIFY2(content == "old\n" || content.endsWith("</html>\n"), content.right(100).constData());
+    }
+}
+
 void TestReportRun::PageAndAnswerTogether() {
     const QString path = m_home->File(u"both.html"_s);
     const Reply reply = m_home->RunJson(kListing + QStringList{u"--out"_s, path});
@@ -344,7 +392,7 @@ void TestReportRun::AnotherCodePage() {
         reply.out.contains("<strong>Gr\xFC\xDF"
                            "e ?</strong>"));
     QVERIFY(reply.out.contains("charset=\"iso-8859-1\""));
-    QVERIFY(reply.err.contains("1 character"));
+    QVERIFY(reply.err.contains("lacks: 1"));
 }
 
 void TestReportRun::HostileTextsStayTexts() {
