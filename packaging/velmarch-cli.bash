@@ -78,7 +78,7 @@ _velmarch_cli() {
         'tree ') choices="show add remove $global" ;;
         'labels ') choices="list set reset preset $global" ;;
         'defaults ') choices="list show save rename delete $global" ;;
-        'report ') choices="fields list show save edit rename delete $global" ;;
+        'report ') choices="fields list show save edit rename delete run $global" ;;
         'query ') choices="list show save rename delete $global" ;;
         'columns ') choices="list set reset $global" ;;
         'settings ') choices="list get set reset $global" ;;
@@ -100,6 +100,8 @@ _velmarch_cli() {
         'report fields') choices="--mode $global" ;;
         'report list') choices="--mode --kind $global" ;;
         'report save' | 'report edit') choices="$definition $global" ;;
+        'report run') choices="$definition --ids --format --out $filter --billable --billed --exported --timers --flag1 --flag2 --flag3
+            --flag4 --flag5 --distance-entries --amount $global" ;;
         'report show' | 'report rename' | 'report delete') choices="--mode --kind $global" ;;
         'query save') choices="--mode $filter --billable --billed --flag1 --flag2 --flag3 --flag4 --flag5 --distance-entries --amount
             $global" ;;
@@ -121,7 +123,7 @@ _velmarch_cli() {
     esac
     if [[ $word != -* && $before != --* ]]; then
         case "$group $command" in
-        'report show' | 'report edit' | 'report rename' | 'report delete' | 'query show' | 'query rename' | 'query delete')
+        'report show' | 'report edit' | 'report rename' | 'report delete' | 'report run' | 'query show' | 'query rename' | 'query delete')
             IFS=$'\n' choices=$(_velmarch_cli_stored "$group" "$mode") ;;
         esac
     fi
