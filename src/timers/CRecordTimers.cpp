@@ -10,6 +10,7 @@
 #include "timers/TrueTimes.h"
 
 #include <utility>
+#include <vector>
 
 namespace {
 

@@ -146,6 +146,8 @@ ExitCode DropTimer(const CArguments& arguments, Console& console, RecordContext&
     const QString typed = arguments.Words().first();
     const auto id = EnteredValues::ReadIdentity(typed);
     context.timers.Read();
+    if (!context.timers.AreKnown() && !context.window.IsThere())
+        return Refuse(ExitCode::Failed, LoadText(Text::CliTimersUnread), console);
     if (!id || !context.timers.Find(*id))
         return Refuse(ExitCode::NotFound, FormatText<Text::CliNoSuchTimer>(typed), console);
     return RunAndShow({TimerAction::Drop, *id}, console, context);

@@ -9,6 +9,7 @@
 #include <QString>
 #include <functional>
 #include <optional>
+#include <utility>
 
 class CCfgStore;
 class CVelmarchDoc;

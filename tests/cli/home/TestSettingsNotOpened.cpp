@@ -41,14 +41,15 @@ void TestSettingsNotOpened::init() {
 
 void TestSettingsNotOpened::RefusedInWords_data() {
     QTest::addColumn<QString>("command");
-    for (const char* command : {"timer start %1", "timer stop %1", "timer pause %1", "timer stop-all",
-                                "timer pause-all", "timer status", "time new --timer", "defaults save Usual",
-                                // A timer that nobody sees would write its count over these.
-                                "time edit %1 --duration 2:00", "time edit %1 --clear end",
-                                "--yes time delete %1", "time list --timers yes",
-                                // What isn't found may be there all the same.
-                                "time list --query Mine", "query show Mine", "query save Mine", "query list",
-                                "report show Mine", "report save Mine --kind listing"})
+    for (const char* command :
+         {"timer start %1", "timer stop %1", "timer pause %1", "timer stop-all", "timer pause-all",
+          "timer status", "timer drop %1", "time new --timer", "defaults save Usual",
+          // A timer that nobody sees would write its count over these.
+          "time edit %1 --duration 2:00", "time edit %1 --clear end", "--yes time delete %1",
+          "time list --timers yes",
+          // What isn't found may be there all the same.
+          "time list --query Mine", "query show Mine", "query save Mine", "query list", "report show Mine",
+          "report save Mine --kind listing"})
         QTest::newRow(command) << QString::fromLatin1(command);
 }
 
