@@ -94,13 +94,24 @@ void PrepareApplication() {
     ChooseIconTheme();
 }
 
-/// A while after the start, and every hour: a window may stay open for weeks.
-void BackUpByThemselves(CAutomaticBackups& backups, COutsideControl& control, QTimer& timer) {
-    const auto run = [&backups, &control] { control.WhenFree([&backups] { backups.RunIfDue(); }); };
-    QObject::connect(&timer, &QTimer::timeout, &timer, run);
-    QTimer::singleShot(10s, &timer, run);
-    timer.start(1h);
-}
+/// Backups by themselves: a while after the start, and every hour, as a window may stay open for weeks.
+class CBackupTimer {
+ public:
+    CBackupTimer(CVelmarchApp& app, CPrompt& prompt, const CClock& clock, CMainFrame& frame,
+                 COutsideControl& control)
+        : m_progress(frame),
+          m_backups({app.Home(), app.Document(), app.Settings().Profile(), prompt, clock, m_progress}) {
+        const auto run = [this, &control] { control.WhenFree([this] { m_backups.RunIfDue(); }); };
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, run);
+        QTimer::singleShot(10s, &m_timer, run);
+        m_timer.start(1h);
+    }
+
+ private:
+    CProgressBox m_progress;
+    CAutomaticBackups m_backups;
+    QTimer m_timer;
+};
 
 /// A while after the start, when the first clicks are done.
 void LookOverLater(CStartCheck& check, QObject* context, const QString& home) {
@@ -251,11 +262,7 @@ std::optional<int> CWindowProgram::RunFrame(const Opened& opened) {
     const CQuitSignals signals([&] { control.Leave(); });
     CStartCheck check({launcher, prompt, [&](const std::function<void()>& work) { control.WhenFree(work); },
                        [&app] { app.NoteStoreDamage(); }});
-    CProgressBox progress(*frame);
-    CAutomaticBackups backups(
-        {app.Home(), app.Document(), app.Settings().Profile(), prompt, clock, progress});
-    QTimer backupTimer;
-    BackUpByThemselves(backups, control, backupTimer);
+    const CBackupTimer backups(app, prompt, clock, *frame, control);
     // Not in the middle of what is being done to the timers.
     timers.OnOrphan([&](const ActiveTimer& orphan) {
         QTimer::singleShot(0, frame.get(), [&, orphan] { control.WhenFree([=] { tellOrphan(orphan); }); });
