@@ -55,6 +55,18 @@ std::vector<double> Shared(const Columns& columns, double width) {
     });
 }
 
+/// A text whose last word is strong names the table below it.
+bool IsCaption(const ReportPage& page, const PageBlock& block) {
+    if (block.kind != PageBlockKind::Text) return false;
+    std::uint32_t end = block.end;
+    while (end > block.begin && page.text[end - 1].isSpace()) --end;
+    bool isStrong = false;
+    if (end > block.begin)
+        ForEachStretch(page, end - 1, end,
+                       [&](const PageStretch& part) { isStrong = page.styles[part.style].strong; });
+    return isStrong;
+}
+
 }  // namespace
 
 CPageLayout::CPageLayout(const Parts& parts, double width, const PictureHeight& picture)
@@ -175,21 +187,30 @@ std::vector<PageLine> CPageLayout::Lines(std::uint32_t block, double width) cons
     return LinesOf(Page(), Page().blocks[block], width + kTolerance, m_parts.measure);
 }
 
-/// The picture stands before the first table that has lines, as the one with the title has none.
+/// Before the first table that has lines, as the one with the title has none, and above its caption, where it
+/// has one.
+std::uint32_t CPageLayout::BlockBelowPicture() const {
+    const auto block = [this](std::uint32_t i) -> const PageBlock& {
+        return Page().blocks[Page().firstBody + i];
+    };
+    std::uint32_t place = 0;
+    while (place < Page().bodyCount &&
+           (block(place).kind != PageBlockKind::Table || !Page().tables[block(place).index].hasLines))
+        ++place;
+    const bool isThere = place < Page().bodyCount;
+    return isThere && place > 0 && IsCaption(Page(), block(place - 1)) ? place - 1 : place;
+}
+
 void CPageLayout::PlaceItems() {
     double top = Page().margin;
-    bool hasPicture = false;
+    const std::uint32_t belowPicture = BlockBelowPicture();
     for (std::uint32_t i = 0; i < Page().bodyCount; ++i) {
+        if (i == belowPicture) PlacePicture(top);
         const std::uint32_t block = Page().firstBody + i;
-        const PageBlock& what = Page().blocks[block];
-        if (!hasPicture && what.kind == PageBlockKind::Table && Page().tables[what.index].hasLines) {
-            PlacePicture(top);
-            hasPicture = true;
-        }
         m_items.push_back({top, BlockHeight(block, ContentWidth()), block, false});
         top += m_items.back().height;
     }
-    if (!hasPicture) PlacePicture(top);
+    if (belowPicture == Page().bodyCount) PlacePicture(top);
     m_height = top + Page().margin;
 }
 

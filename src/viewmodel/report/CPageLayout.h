@@ -68,6 +68,7 @@ class CPageLayout {
  private:
     void ShareColumns(std::uint32_t table);
     void PlaceRow(std::uint32_t table, std::uint32_t row);
+    [[nodiscard]] std::uint32_t BlockBelowPicture() const;
     void PlaceItems();
     void PlacePicture(double& top);
     [[nodiscard]] double ContentOf(std::uint32_t table, std::uint32_t column) const;

@@ -191,6 +191,11 @@ void TestCPageLayout::thePictureStandsAboveTheFirstTableWithLines() {
     const QString title = Table({Row({Cell(u"T"_s)})}, 0, 0);
     QCOMPARE(pictures(title + Listing(2, 2) + Listing(2, 2), quarter), QStringList{u"5,25,400,100"_s});
     QCOMPARE(pictures(title, quarter), QStringList{u"5,25,400,100"_s});
+    // A caption stays with its table, what is written above the tables stays above the picture.
+    QCOMPARE(pictures(title + u"<br><b>Billable</b><br><br>"_s + Listing(2, 2), quarter),
+             QStringList{u"5,25,400,100"_s});
+    QCOMPARE(pictures(title + u"For <b>June</b> only"_s + Listing(2, 2), quarter),
+             QStringList{u"5,45,400,100"_s});
     QCOMPARE(pictures(title + Listing(2, 2), [](double) { return 0.0; }), QStringList());
     QCOMPARE(pictures(title + Listing(2, 2), {}), QStringList());
 }
