@@ -11,6 +11,7 @@ using namespace Qt::Literals::StringLiterals;
 
 CSumChooser::CSumChooser(QWidget* parent) : QWidget(parent), m_sums(new QComboBox) {
     setObjectName(u"sumChooser"_s);
+    m_sums->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     auto* words = new QLabel(LoadText(Text::ChartOf));
     words->setBuddy(m_sums);
     NameWidget(*m_sums, u"chartSum"_s, QString(LoadText(Text::ChartOf)).remove(u'&'));

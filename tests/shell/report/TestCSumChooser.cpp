@@ -45,6 +45,18 @@ class TestCSumChooser final : public QObject {
         QCOMPARE(chosen.front().front().value<std::size_t>(), std::size_t{0});
     }
 
+    /// The next report may have longer ones.
+    void EverySumHasRoom() {
+        CSumChooser chooser;
+        chooser.ShowSums({u"A"_s, u"B"_s}, 0);
+        chooser.show();
+        auto* sums = chooser.findChild<QComboBox*>();
+        const int before = sums->sizeHint().width();
+        const QString longer = u"Entries · Expense by far"_s;
+        chooser.ShowSums({u"A"_s, longer}, 1);
+        QVERIFY(sums->sizeHint().width() >= before + sums->fontMetrics().horizontalAdvance(longer) / 2);
+    }
+
     void IsCalledByItsWords() {
         const CSumChooser chooser;
         QCOMPARE(chooser.findChild<QComboBox*>()->accessibleName(), u"Chart of"_s);
