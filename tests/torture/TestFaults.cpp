@@ -77,6 +77,7 @@ constexpr TriedRow kCommands[] = {
     {"report edit Old --title t --sort start:desc", "report save Old --kind listing --columns 5000"},
     {"report rename Old New", "report save Old --kind listing --title t"},
     {"report delete Old", "report save Old --kind listing --title t"},
+    {"report run --kind listing --columns date --title t", "", "report show (last used)"},
     {"query save New --period 2 --item1 Acme"},
     {"query save Old --item1 Beta", "query save Old --period 2 --item1 Acme"},
     {"query rename Old New", "query save Old --period 2 --item1 Acme"},

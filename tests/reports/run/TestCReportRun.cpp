@@ -228,7 +228,7 @@ void TestCReportRun::ADateThatCannotBeReadIsTold() {
     query.startText = u"1.11.2026"_s;
     QVERIFY(CQueryStore(*m_home->settings, RecordMode::Time).Save(u"old"_s, query));
     CReportDef report{.selection = ReportSelection::Query, .useStoredQuery = true, .queryName = u"old"_s};
-    m_home->prompt.ExpectTold(Text::QueryDateUnread);
+    m_home->prompt.ExpectTold(Text::QueryDateUnread, Text::ReportMessageTitle);
     m_home->prompt.ExpectTold(Text::ReportNothingFound);
     QCOMPARE(Resolve(report), RunEnd::Told);
     QVERIFY(m_home->prompt.told[0].contains(u"1.11.2026"_s));

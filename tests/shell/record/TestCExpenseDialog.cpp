@@ -176,7 +176,7 @@ class TestCExpenseDialog : public QObject {
         t.Open();
         t.Type("dateField", typed);
         t.TurnTo(2);
-        t.home.prompt.ExpectTold(static_cast<Text>(message));
+        t.home.prompt.ExpectTold(static_cast<Text>(message), Text::CheckEntryTitle);
         t.dialog->accept();
         t.home.prompt.Finish();
         QVERIFY(t.dialog->isVisible());

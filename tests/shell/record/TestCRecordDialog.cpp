@@ -108,7 +108,7 @@ class TestCRecordDialog : public QObject {
         t.Open();
         t.Type(qPrintable(field), typed);
         t.TurnTo(2);
-        t.home.prompt.ExpectTold(static_cast<Text>(message));
+        t.home.prompt.ExpectTold(static_cast<Text>(message), Text::CheckEntryTitle);
         t.dialog->accept();
         t.home.prompt.Finish();
         QVERIFY(t.dialog->isVisible());
