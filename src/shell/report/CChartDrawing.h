@@ -1,7 +1,7 @@
 #pragma once
 
+#include "shell/report/CReportPicture.h"
 #include "shell/report/ChartColours.h"
-#include "shell/report/ReportPicture.h"
 
 #include <QFontMetricsF>
 #include <QRectF>

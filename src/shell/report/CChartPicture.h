@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/report/ReportPicture.h"
+#include "shell/report/CReportPicture.h"
 
 #include <functional>
 #include <utility>
@@ -8,7 +8,7 @@
 struct ChartModel;
 
 /// The chart of a report on its page.
-class CChartPicture final : public ReportPicture {
+class CChartPicture final : public CReportPicture {
  public:
     /// Gives the chart that is shown at the moment; null: none.
     using Shown = std::function<const ChartModel*()>;

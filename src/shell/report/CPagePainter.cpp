@@ -1,6 +1,6 @@
 #include "shell/report/CPagePainter.h"
 
-#include "shell/report/ReportPicture.h"
+#include "shell/report/CReportPicture.h"
 #include "viewmodel/report/CPageLayout.h"
 #include "viewmodel/report/PagePositions.h"
 

@@ -10,7 +10,7 @@
 
 class CPageLayout;
 class QPainter;
-class ReportPicture;
+class CReportPicture;
 
 /// What is marked on a page on the screen.
 struct PageMarks {
@@ -28,7 +28,7 @@ class CPagePainter final : public CPageVisitor {
     struct Page {
         const CPageLayout& layout;
         CFontMeasure& measure;
-        const ReportPicture* picture = nullptr;
+        const CReportPicture* picture = nullptr;
         PageMarks marks{};
         double penWidth = 0;  ///< of the lines of tables; 0: one pixel of the device
     };

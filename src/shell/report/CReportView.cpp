@@ -3,7 +3,7 @@
 #include "lang/FormatText.h"
 #include "shell/look/PlainTip.h"
 #include "shell/report/CPagePainter.h"
-#include "shell/report/ReportPicture.h"
+#include "shell/report/CReportPicture.h"
 #include "viewmodel/report/PagePositions.h"
 #include "viewmodel/report/PageWalk.h"
 
@@ -200,7 +200,7 @@ void CReportView::SetShrinkToFit(bool shrink) {
     BeginLayout();
 }
 
-void CReportView::SetPicture(const ReportPicture* picture) {
+void CReportView::SetPicture(const CReportPicture* picture) {
     m_picture = picture;
     BeginLayout();
 }

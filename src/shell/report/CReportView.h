@@ -14,14 +14,14 @@
 #include <memory>
 #include <optional>
 
-class ReportPicture;
+class CReportPicture;
 
 /// What is needed to print the page of a view.
 struct PrintablePage {
     std::shared_ptr<const ReportPage> page;
     std::shared_ptr<const CPageMeasures> measures;
     CFontMeasure* measure = nullptr;
-    const ReportPicture* picture = nullptr;
+    const CReportPicture* picture = nullptr;
 };
 
 /// The page of a report on screen, black on white paper whatever the palette. Reading, measuring and laying
@@ -50,7 +50,7 @@ class CReportView final : public QAbstractScrollArea {
     [[nodiscard]] PrintablePage Printable();
 
     /// A picture above the first table with lines, or none. The view doesn't own it.
-    void SetPicture(const ReportPicture* picture);
+    void SetPicture(const CReportPicture* picture);
     /// The picture has changed.
     void UpdatePicture();
 
@@ -139,7 +139,7 @@ class CReportView final : public QAbstractScrollArea {
     std::unique_ptr<CPageLayout> m_nextLayout;  ///< being made, for another width
     double m_scale = 1;                         ///< pixels for a unit of what is shown
     double m_nextScale = 1;
-    const ReportPicture* m_picture = nullptr;
+    const CReportPicture* m_picture = nullptr;
     bool m_shrinks = true;
     int m_zoom = 100;
     int m_wheel = 0;  ///< turned so far, below a step

@@ -4,7 +4,7 @@
 #include "lang/FormatText.h"
 #include "platform/host/PaperSize.h"
 #include "shell/report/CPagePainter.h"
-#include "shell/report/ReportPicture.h"
+#include "shell/report/CReportPicture.h"
 #include "viewmodel/report/Pagination.h"
 
 #include <QBuffer>

@@ -14,7 +14,7 @@ const QString kOpener = u"xdg-open"_s;
 
 FileOutcome CBrowserPage::Open(QByteArrayView page) {
     const QString path = m_folder.filePath(u"report-%1.html"_s.arg(++m_count));
-    const FileOutcome outcome = WriteWholeFile(path, page, FileAudience::OwnerOnly);
+    FileOutcome outcome = WriteWholeFile(path, page, FileAudience::OwnerOnly);
     if (!outcome.written) return outcome;
     const bool isOpened = m_launcher.IsThere(kOpener) && m_launcher.Start(kOpener, {path});
     return isOpened ? outcome : FileOutcome{.written = false, .error = LoadText(Text::ReportNoBrowser)};

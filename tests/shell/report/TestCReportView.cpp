@@ -2,7 +2,7 @@
 
 #include "lang/LoadText.h"
 #include "shell/program/AccessibleRoles.h"
-#include "shell/report/ReportPicture.h"
+#include "shell/report/CReportPicture.h"
 #include "support/PageSamples.h"
 #include "support/TestProgram.h"
 
@@ -57,7 +57,7 @@ int Count(const QImage& image, QRgb colour) {
 }
 
 /// A red picture a tenth as high as it is wide.
-class CRedPicture final : public ReportPicture {
+class CRedPicture final : public CReportPicture {
  public:
     double share = 0.1;
     [[nodiscard]] qreal HeightFor(qreal width, const PictureStyle&) const override { return width * share; }

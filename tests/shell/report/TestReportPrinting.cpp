@@ -2,7 +2,7 @@
 
 #include "changes/CProgress.h"
 #include "lang/FormatText.h"
-#include "shell/report/ReportPicture.h"
+#include "shell/report/CReportPicture.h"
 #include "support/PageSamples.h"
 #include "support/TestProgram.h"
 
@@ -54,7 +54,7 @@ struct Printed {
     CReportView view;
     CNoProgress progress;
 
-    explicit Printed(const QString& body, const ReportPicture* picture = nullptr) {
+    explicit Printed(const QString& body, const CReportPicture* picture = nullptr) {
         view.SetPage(Page(body));
         view.SetPicture(picture);
         const FileOutcome outcome = SavePdf(view, path, u"My report"_s, progress);
@@ -135,7 +135,7 @@ class CWatched {
     int m_files = ::inotify_init1(IN_NONBLOCK);
 };
 
-class CBluePicture final : public ReportPicture {
+class CBluePicture final : public CReportPicture {
  public:
     [[nodiscard]] qreal HeightFor(qreal width, const PictureStyle&) const override { return width * 3; }
     void Paint(QPainter& painter, const QRectF& place, const PictureStyle&) const override {

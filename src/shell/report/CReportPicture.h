@@ -16,9 +16,9 @@ struct PictureStyle {
 
 /// A picture that stands on the page of a report above its first table with lines, on the screen, in print
 /// and in a PDF alike. Lengths are units of 1/96 inch at a zoom of 100 per cent.
-class ReportPicture {
+class CReportPicture {
  public:
-    virtual ~ReportPicture() = default;
+    virtual ~CReportPicture() = default;
     /// How high it is at a width. 0: there is nothing to draw, and no place is taken.
     [[nodiscard]] virtual qreal HeightFor(qreal width, const PictureStyle& style) const = 0;
     virtual void Paint(QPainter& painter, const QRectF& place, const PictureStyle& style) const = 0;
