@@ -70,8 +70,8 @@ _velmarch_cli() {
         --odometer-* | --width) return ;;
     esac
     [ -n "$choices" ] || case "$group $command" in
-        ' ') choices="time expense timer lists items tree labels defaults columns report query settings day period texts doctor demo
-            $global" ;;
+        ' ') choices="time expense timer lists items tree labels defaults columns report query settings day period backup verify restore texts
+            doctor demo $global" ;;
         'time ' | 'expense ') choices="add edit show delete copy mark new list $global" ;;
         'timer ') choices="start pause stop stop-all pause-all drop status $global" ;;
         'items ') choices="list add rename delete clear $global" ;;
@@ -118,6 +118,7 @@ _velmarch_cli() {
         'timer stop') choices="--true-time $global"; [[ $word == -* ]] || choices=$(_velmarch_cli_ids time) ;;
         'settings get' | 'settings set' | 'settings reset')
             choices=$global; [[ $word == -* ]] || choices=$(_velmarch_cli_names) ;;
+        'backup '* | 'verify '* | 'restore '*) mapfile -t COMPREPLY < <(compgen -f -- "$word"); return ;;
         'demo fill') choices="--seed $global" ;;
         *) choices=$global ;;
     esac

@@ -113,6 +113,17 @@ class CBackupTimer {
     QTimer m_timer;
 };
 
+RecordDialogContext DialogContext(CVelmarchApp& app, CRecordTimers& timers, CEnteredItems& entered,
+                                  CPrompt& prompt, const CClock& clock) {
+    return {.document = app.Document(),
+            .timers = timers,
+            .settings = app.Settings(),
+            .prompt = prompt,
+            .clock = clock,
+            .catalogue = app.Catalogue(),
+            .entered = entered};
+}
+
 /// A while after the start, when the first clicks are done.
 void LookOverLater(CStartCheck& check, QObject* context, const QString& home) {
     QTimer::singleShot(3s, context,
@@ -238,13 +249,7 @@ std::optional<int> CWindowProgram::RunFrame(const Opened& opened) {
     const auto tellOrphan = [&prompt](const ActiveTimer& orphan) { TellOrphan(orphan, prompt); };
     app.Document().SetTimers(&timers);
     CEnteredItems entered;
-    const RecordDialogContext dialog{.document = app.Document(),
-                                     .timers = timers,
-                                     .settings = app.Settings(),
-                                     .prompt = prompt,
-                                     .clock = clock,
-                                     .catalogue = app.Catalogue(),
-                                     .entered = entered};
+    const RecordDialogContext dialog = DialogContext(app, timers, entered, prompt, clock);
     CProcessLauncher launcher;
     CWindowDialogs dialogs(dialog);
     auto frame = std::make_unique<CMainFrame>(
