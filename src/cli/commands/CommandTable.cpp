@@ -3,10 +3,13 @@
 #include "cli/arguments/QueryArguments.h"
 #include "cli/arguments/RecordFields.h"
 #include "cli/arguments/ReportArguments.h"
+#include "cli/arguments/TextFileArguments.h"
 #include "cli/commands/BackupCommands.h"
 #include "cli/commands/CalendarCommands.h"
 #include "cli/commands/ColumnCommands.h"
 #include "cli/commands/DefaultCommands.h"
+#include "cli/commands/ExportCommands.h"
+#include "cli/commands/ImportCommands.h"
 #include "cli/commands/LabelCommands.h"
 #include "cli/commands/ListCommands.h"
 #include "cli/commands/OtherCommands.h"
@@ -15,6 +18,7 @@
 #include "cli/commands/ReportCommands.h"
 #include "cli/commands/ReportRunCommand.h"
 #include "cli/commands/SettingCommands.h"
+#include "cli/commands/SortOption.h"
 #include "cli/commands/TimerCommands.h"
 #include "cli/commands/TreeCommands.h"
 
@@ -36,6 +40,8 @@ constexpr GroupRow kGroups[] = {
     {"columns", Text::CliGroupColumns},
     {"report", Text::CliGroupReport},
     {"query", Text::CliGroupQuery},
+    {"import", Text::CliGroupImport},
+    {"export", Text::CliGroupExport},
     {"settings", Text::CliGroupSettings},
     {"day", Text::CliDay},
     {"period", Text::CliGroupPeriod},
@@ -84,7 +90,7 @@ void AppendRecordCommands(std::vector<CommandRow>& rows, const char* group, Text
              "",
              Text::CliTimeList,
              Of<Mode, ListRecords>,
-             {FilterOptions(kind), QueryOption(), ListOptions()}}});
+             {FilterOptions(kind), QueryOption(), SortOption(), LimitOption()}}});
 }
 
 void AppendTimersAndLists(std::vector<CommandRow>& rows) {
@@ -153,6 +159,16 @@ void AppendReports(std::vector<CommandRow>& rows) {
             {"delete", "NAME", Text::CliQueryDelete, DeleteQuery, {mode}}});
 }
 
+void AppendExchange(std::vector<CommandRow>& rows) {
+    const auto file = TextFileOptions();
+    Append(rows, "import",
+           {{"records", "FILE", Text::CliImportRecords, ImportRecords, {ImportRecordOptions(), file}},
+            {"items", "FILE", Text::CliImportItems, ImportItems, {ImportItemOptions(), file}}});
+    Append(rows, "export",
+           {{"records", "FILE [ID...]", Text::CliExportRecords, ExportRecords, {ExportOptions(), file}},
+            {"items", "FILE", Text::CliExportItems, ExportItems, {file}}});
+}
+
 void AppendOthers(std::vector<CommandRow>& rows) {
     Append(rows, "day", {{"", "DATE", Text::CliDay, ShowDay}});
     Append(rows, "period",
@@ -172,6 +188,7 @@ std::vector<CommandRow> MakeTable() {
     AppendTimersAndLists(rows);
     AppendSettings(rows);
     AppendReports(rows);
+    AppendExchange(rows);
     AppendOthers(rows);
     return rows;
 }

@@ -34,4 +34,4 @@ template <RecordMode Mode, RunOnKind Run>
 [[nodiscard]] std::span<const OptionRow> EditOptions();
 [[nodiscard]] std::span<const OptionRow> NewOptions(RecordKind kind);
 [[nodiscard]] std::span<const OptionRow> MarkOptions(RecordKind kind);
-[[nodiscard]] std::span<const OptionRow> ListOptions();
+[[nodiscard]] std::span<const OptionRow> LimitOption();

@@ -5,6 +5,7 @@
 #include "cli/commands/CListedRecords.h"
 #include "cli/commands/RecordCommands.h"
 #include "cli/commands/RecordSteps.h"
+#include "cli/commands/SortOption.h"
 #include "cli/home/CSettingsOwner.h"
 #include "cli/home/CTimerAccess.h"
 #include "cli/home/RecordContext.h"
@@ -23,28 +24,11 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr OptionRow kListOptions[] = {
-    {"sort", "COLUMN[:asc|:desc]", OptionShape::Value, Text::CliOptSort},
-    {"limit", "N", OptionShape::Value, Text::CliOptLimit},
-};
-
-QString ColumnNames(RecordKind kind) {
-    QStringList names;
-    for (const RecordColumn& column : RecordColumns(kind))
-        if (column.CanSort()) names.append(QString::fromLatin1(column.Name()));
-    return names.join(u", "_s);
-}
+constexpr OptionRow kLimitOption[] = {{"limit", "N", OptionShape::Value, Text::CliOptLimit}};
 
 /// The sentence that refuses; empty when the order can be read.
 QString ReadOrder(RecordKind kind, const CArguments& arguments, ListOrder& order) {
-    if (const auto sort = arguments.Value("sort")) {
-        const QString name = sort->section(u':', 0, 0), direction = sort->section(u':', 1);
-        order.column = FindRecordColumn(kind, name);
-        order.isDescending = direction == u"desc";
-        const bool isDirection = order.isDescending || direction == u"asc" || !sort->contains(u':');
-        if (!order.column || !order.column->CanSort() || !isDirection)
-            return FormatText<Text::CliNoSuchOrder>(*sort, ColumnNames(kind));
-    }
+    if (QString problem = ReadSort(kind, arguments, order); !problem.isEmpty()) return problem;
     if (const auto limit = arguments.Value("limit")) {
         const auto count = EnteredValues::ReadCount(*limit);
         if (!count || *count < 1) return FormatText<Text::CliNoLimit>(*limit);
@@ -113,8 +97,8 @@ ExitCode WriteListTable(Listing& list) {
 
 }  // namespace
 
-std::span<const OptionRow> ListOptions() {
-    return kListOptions;
+std::span<const OptionRow> LimitOption() {
+    return kLimitOption;
 }
 
 ExitCode ListRecords(RecordKind kind, const CArguments& arguments, Console& console, RecordContext& context) {

@@ -48,18 +48,6 @@ const MarkRow* FindMark(RecordKind kind, const QString& name) {
     return found == std::end(kMarks) ? nullptr : found;
 }
 
-/// A window that owns the timers of these records has to be there for us before anything is deleted. Without
-/// one they have to be known: a timer that stayed behind would have no record.
-ExitCode CheckTimers(RecordKind kind, const QStringList& ids, Console& console, RecordContext& context) {
-    if (kind != RecordKind::Time || context.timers.Timed(ids).isEmpty()) return ExitCode::Done;
-    if (context.window.IsThere())
-        return context.window.Reach()
-                   ? ExitCode::Done
-                   : Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsTimers), console);
-    return context.timers.AreKnown() ? ExitCode::Done
-                                     : Refuse(ExitCode::Failed, LoadText(Text::CliTimersUnread), console);
-}
-
 ExitCode EndOf(const Outcome& outcome) {
     return outcome ? ExitCode::Done : ExitCode::Failed;
 }

@@ -58,6 +58,16 @@ void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordC
     if (!context.window.TellChanged(kind, ids, listsToo)) console.out.Note(LoadText(Text::CliWindowNotTold));
 }
 
+ExitCode CheckTimers(RecordKind kind, const QStringList& ids, Console& console, RecordContext& context) {
+    if (kind != RecordKind::Time || context.timers.Timed(ids).isEmpty()) return ExitCode::Done;
+    if (context.window.IsThere())
+        return context.window.Reach()
+                   ? ExitCode::Done
+                   : Refuse(ExitCode::Refused, LoadText(Text::CliWindowOwnsTimers), console);
+    return context.timers.AreKnown() ? ExitCode::Done
+                                     : Refuse(ExitCode::Failed, LoadText(Text::CliTimersUnread), console);
+}
+
 void PrintRecord(RecordKind kind, const QString& id, Console& console, RecordContext& context, ChangedBy by) {
     const CVORec* held = by == ChangedBy::ThisProgram ? context.document.FindRecord(id) : nullptr;
     const std::unique_ptr<CVORec> known = held ? held->Clone() : nullptr;

@@ -26,6 +26,10 @@ enum class RecordMode : int;
 /// records.
 void Announce(RecordKind kind, const QStringList& ids, Console& console, RecordContext& context,
               bool listsToo = false);
+/// Whether records can be deleted, told where they can't. A window that owns timers of them has to be there
+/// for us before. Without one they have to be known: a timer that stayed behind would have no record.
+[[nodiscard]] ExitCode CheckTimers(RecordKind kind, const QStringList& ids, Console& console,
+                                   RecordContext& context);
 /// Who has changed a record that is to be shown.
 enum class ChangedBy { ThisProgram, Window };
 /// Prints a stored record with its timer. What this program has stored itself is shown from memory where the

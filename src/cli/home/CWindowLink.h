@@ -18,6 +18,7 @@ class CWindowLink {
     /// budget: how long the command may wait for other programs, the window among them.
     CWindowLink(const QString& home, CWaitBudget& budget) : m_home(home), m_budget(budget) {}
 
+    [[nodiscard]] const QString& Home() const { return m_home; }
     /// Whether a window runs, or is about to: it owns timers and settings then.
     [[nodiscard]] bool IsThere() const;
     /// Waits for a window that is still starting, three seconds at most, and for one that is busy, as long as

@@ -47,9 +47,17 @@ void CConsolePrompt::Tell(const MessageBox& box) {
         m_out.Complain(words);
 }
 
-/// The console has no command that retries or ignores, so every answer but yes is the box's harmless one.
-/// A question with OK and Cancel is answered with yes or no, too.
+/// By the letters that the question names.
+Answer CConsolePrompt::AskHowToGoOn(const MessageBox& box) {
+    m_out.NoteBare(FormatText<Text::CliAskLine>(box.title, OnLines(box.text)));
+    const QString line = ReadLine().toLower();
+    return line == u"r" ? Answer::Retry : line == u"i" ? Answer::Ignore : Answer::Abort;
+}
+
+/// Every answer that can't be asked for is the box's harmless one. A question with OK and Cancel is answered
+/// with yes or no, too.
 Answer CConsolePrompt::Ask(const MessageBox& box) {
+    if (box.buttons == Buttons::AbortRetryIgnore && ::isatty(STDIN_FILENO) != 0) return AskHowToGoOn(box);
     const bool isOkCancel = box.buttons == Buttons::OkCancel;
     const bool takesYes = isOkCancel || box.buttons == Buttons::YesNo || box.buttons == Buttons::YesNoCancel;
     const Answer yes = isOkCancel ? Answer::Ok : Answer::Yes;

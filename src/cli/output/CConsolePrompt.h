@@ -18,6 +18,8 @@ class CConsolePrompt final : public CPrompt {
     [[nodiscard]] std::optional<QString> ChooseFile(const FileChoice&) override { return std::nullopt; }
 
  private:
+    [[nodiscard]] Answer AskHowToGoOn(const MessageBox& box);
+
     COutput& m_out;
     bool m_sayYes = false;
     QString m_told;  ///< a failure that two ways of reading met is told once
