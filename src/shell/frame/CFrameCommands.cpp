@@ -22,6 +22,7 @@ CFrameCommands::CFrameCommands(const Context& context)
       m_backup(m_context),
       m_reports(m_context),
       m_page(m_context, m_reports.Run()),
+      m_exchange(m_context),
       m_hasRegionalSettings(HasRegionalSettings(m_context.launcher)) {
     m_context.actions.ShowNamesOf(m_context.catalogue.Labels());
     for (const Bar bar : {Bar::Records, Bar::Filters})
@@ -72,6 +73,11 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::Backup, [](Self& self, int) { self.m_backup.Backup(); }},
         {::Run::Restore, [](Self& self, int) { self.m_backup.Restore(); }},
         {::Run::BackupPlan, [](Self& self, int) { self.m_backup.EditPlan(); }},
+        {::Run::ImportRecords,
+         [](Self& self, int form) { self.m_exchange.ImportRecords(static_cast<RecordForm>(form)); }},
+        {::Run::ImportItems, [](Self& self, int) { self.m_exchange.ImportItems(); }},
+        {::Run::ExportRecords, [](Self& self, int) { self.m_exchange.ExportRecords(); }},
+        {::Run::ExportItems, [](Self& self, int) { self.m_exchange.ExportItems(); }},
         {::Run::Options, [](Self& self, int) { self.m_views.Options(); }},
         {::Run::RegionalSettings, [](Self& self, int) { self.m_views.RegionalSettings(); }},
         {::Run::About, [](Self& self, int) { self.m_views.About(); }},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/frame/CFrameBackup.h"
+#include "shell/frame/CFrameExchange.h"
 #include "shell/frame/CFrameFilters.h"
 #include "shell/frame/CFrameRecords.h"
 #include "shell/frame/CFrameReportPage.h"
@@ -47,5 +48,6 @@ class CFrameCommands {
     CFrameBackup m_backup;
     CFrameReports m_reports;
     CFrameReportPage m_page;
+    CFrameExchange m_exchange;
     bool m_hasRegionalSettings;
 };

@@ -1,7 +1,12 @@
 #pragma once
 
+#include "shell/exchange/CDelimiterDialog.h"
+
+#include <optional>
+
 class CEnteredItems;
 class CVORec;
+enum class AfterExport : int;
 class QWidget;
 
 /// The dialogs in which the user edits records and settings: the program's, or those of a test.
@@ -17,6 +22,13 @@ class CFrameDialogs {
     [[nodiscard]] virtual bool EditSettings(QWidget& parent) = 0;
     /// Fills a record from the stored default that the user chooses; false when none was chosen.
     [[nodiscard]] virtual bool ChooseDefault(QWidget& parent, CVORec& record) = 0;
+    /// Delimiters and encoding of a text file; nothing when none was chosen. preview: of an import.
+    [[nodiscard]] virtual std::optional<TextFileDraft> ChooseTextFile(
+        QWidget& parent, TextFilePurpose purpose, const TextFileDraft& draft,
+        const CDelimiterDialog::Preview& preview) = 0;
+    /// What becomes of so many records that were written to a file.
+    [[nodiscard]] virtual AfterExport ChooseAfterExport(QWidget& parent, int records,
+                                                        const QString& path) = 0;
     /// The stored defaults themselves. working: the record that the dialog edits them in.
     virtual void EditDefaults(QWidget& parent, CVORec& working) = 0;
 };

@@ -1,6 +1,8 @@
 #include "shell/program/CWindowDialogs.h"
 
 #include "app/CPulldownCatalogue.h"
+#include "config/CCfgStore.h"
+#include "shell/exchange/CPostProcessingDialog.h"
 #include "shell/options/COptionsDialog.h"
 #include "shell/record/CDefaultsDialog.h"
 #include "shell/record/EditRecord.h"
@@ -23,4 +25,22 @@ bool CWindowDialogs::ChooseDefault(QWidget& parent, CVORec& record) {
 
 void CWindowDialogs::EditDefaults(QWidget& parent, CVORec& working) {
     static_cast<void>(RunDefaultsDialog(&parent, working, false, m_context));
+}
+
+std::optional<TextFileDraft> CWindowDialogs::ChooseTextFile(QWidget& parent, TextFilePurpose purpose,
+                                                            const TextFileDraft& draft,
+                                                            const CDelimiterDialog::Preview& preview) {
+    CDelimiterDialog dialog({.purpose = purpose,
+                             .prompt = m_context.prompt,
+                             .profile = m_context.settings.Profile(),
+                             .preview = preview},
+                            draft, &parent);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.GetDraft()) : std::nullopt;
+}
+
+/// The choice stands however the dialog is left.
+AfterExport CWindowDialogs::ChooseAfterExport(QWidget& parent, int records, const QString& path) {
+    CPostProcessingDialog dialog(records, path, m_context.settings.Profile(), &parent);
+    dialog.exec();
+    return dialog.Choice();
 }

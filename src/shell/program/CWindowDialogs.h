@@ -13,6 +13,10 @@ class CWindowDialogs final : public CFrameDialogs {
     [[nodiscard]] bool EditSettings(QWidget& parent) override;
     [[nodiscard]] bool ChooseDefault(QWidget& parent, CVORec& record) override;
     void EditDefaults(QWidget& parent, CVORec& working) override;
+    [[nodiscard]] std::optional<TextFileDraft> ChooseTextFile(
+        QWidget& parent, TextFilePurpose purpose, const TextFileDraft& draft,
+        const CDelimiterDialog::Preview& preview) override;
+    [[nodiscard]] AfterExport ChooseAfterExport(QWidget& parent, int records, const QString& path) override;
 
  private:
     const RecordDialogContext& m_context;

@@ -74,6 +74,11 @@ inline constexpr int kReportPrint = 40230;
 inline constexpr int kFindCommand = 40200;  ///< a number of our own, which no resource has
 inline constexpr int kOptions = 40066;
 inline constexpr int kRegional = 32781;
+inline constexpr int kImport = 40008;
+inline constexpr int kImportOlderForm = 32892;
+inline constexpr int kImportItems = 40069;
+inline constexpr int kExport = 40006;
+inline constexpr int kExportItems = 40070;
 inline constexpr int kAbout = 57664;
 inline constexpr int kExit = 57665;
 }  // namespace Command
@@ -139,6 +144,10 @@ enum class Run {
     Backup,
     Restore,
     BackupPlan,
+    ImportRecords,  ///< argument: a RecordForm
+    ImportItems,
+    ExportRecords,
+    ExportItems,
     Options,
     RegionalSettings,
     About,
@@ -160,6 +169,7 @@ enum class Menu {
     Mark,
     DataTree,
     Bars,
+    Exchange,
     PeriodWeeks,
     PeriodMonths,
     PeriodQuarters,

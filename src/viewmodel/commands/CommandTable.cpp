@@ -460,6 +460,18 @@ constexpr CommandRow kLastCommands[] = {
         {Run::Restore}),
     Row(Command::kBackupPlan, "CmdBackupPlan", {Text::CmdBackupPlan, Text::TipBackupPlan, "appointment-new"},
         Menu::Tools, {Run::BackupPlan}),
+    Row(Command::kImport, "CmdImport", {Text::CmdImport, Text::TipImport, "document-import"}, Menu::Exchange,
+        {Run::ImportRecords, 4}),
+    Row(Command::kImportOlderForm, "CmdImportOlderForm",
+        {Text::CmdImportOlderForm, Text::TipImportOlderForm, "document-import"}, Menu::Exchange,
+        {Run::ImportRecords, 2}),
+    Row(Command::kImportItems, "CmdImportItems",
+        {Text::CmdImportItems, Text::TipImportItems, "document-import"}, Menu::Exchange, {Run::ImportItems}),
+    Row(Command::kExport, "CmdExport", {Text::CmdExport, Text::TipExport, "document-export"}, Menu::Exchange,
+        {Run::ExportRecords})
+        .BeginsGroup(),
+    Row(Command::kExportItems, "CmdExportItems",
+        {Text::CmdExportItems, Text::TipExportItems, "document-export"}, Menu::Exchange, {Run::ExportItems}),
     Row(Command::kOptions, "CmdOptions", {Text::CmdOptions, Text::TipOptions, "configure", "Ctrl+,"},
         Menu::Tools, {Run::Options})
         .BeginsGroup(),

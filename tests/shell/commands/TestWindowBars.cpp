@@ -43,7 +43,11 @@ class TestWindowBars : public QObject {
         const auto hidden = [&window](const QString& name) {
             qsizetype count = 0;
             for (const QWidget* widget : window.frame->findChildren<QToolButton*>())
-                count += widget->objectName().startsWith(name) && widget->isHidden() ? 1 : 0;
+                // The bar of a report is there while one is shown.
+                count += widget->parentWidget()->isVisible() && widget->objectName().startsWith(name) &&
+                                 widget->isHidden()
+                             ? 1
+                             : 0;
             return count;
         };
         QTRY_VERIFY(window.Find<QToolBar>("toolBar101.2")->isVisible());

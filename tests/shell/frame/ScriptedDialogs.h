@@ -1,6 +1,7 @@
 #pragma once
 
 #include "entry/CEnteredItems.h"
+#include "exchange/export/PostProcessing.h"
 #include "records/CTRecord.h"
 #include "shell/frame/CFrameDialogs.h"
 
@@ -15,6 +16,9 @@ class ScriptedDialogs final : public CFrameDialogs {
     int edited = 0;
     QStringList called;
     CEnteredItems entered;
+    bool isFileWanted = true;
+    ImportPreview previewed;
+    AfterExport afterExport = AfterExport::Nothing;
 
     bool EditRecord(QWidget&, CVORec& record, CVORec*) override {
         ++edited;
@@ -27,6 +31,16 @@ class ScriptedDialogs final : public CFrameDialogs {
         if (record.Kind() == RecordKind::Time)
             static_cast<CTRecord&>(record).item2 = QStringLiteral("A default");
         return defaultsAreChosen;
+    }
+    std::optional<TextFileDraft> ChooseTextFile(QWidget&, TextFilePurpose, const TextFileDraft& draft,
+                                                const CDelimiterDialog::Preview& preview) override {
+        called << QStringLiteral("delimiters");
+        if (preview) previewed = preview(draft);
+        return isFileWanted ? std::optional(draft) : std::nullopt;
+    }
+    AfterExport ChooseAfterExport(QWidget&, int, const QString&) override {
+        called << QStringLiteral("after the export");
+        return afterExport;
     }
     void EditDefaults(QWidget&, CVORec&) override { called << QStringLiteral("dialog of defaults"); }
 };

@@ -468,6 +468,8 @@ class TestCMainFrame final : public QObject {
         for (const QToolButton* button : window.frame->findChildren<QToolButton*>()) {
             // Screen readers find the menus themselves, however narrow the window is.
             if (button->objectName() == u"qt_menubar_ext_button"_s) continue;
+            // Qt's own one, which empties a field.
+            if (qobject_cast<const QLineEdit*>(button->parentWidget())) continue;
             QVERIFY2(!button->objectName().isEmpty(), qPrintable(button->text()));
             QVERIFY2(!button->accessibleName().isEmpty(), qPrintable(button->objectName()));
             if (button->objectName().startsWith(u"qt_"_s)) continue;

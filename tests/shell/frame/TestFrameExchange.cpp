@@ -1,0 +1,121 @@
+#include "shell/frame/FrameCommandsHome.h"
+#include "support/TestProgram.h"
+
+#include <QFile>
+#include <QTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+/// Import and export from the window.
+class TestFrameExchange final : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<Fixture> fixture;
+
+    [[nodiscard]] QString Path() const { return fixture->home.Path() + u"/file.csv"_s; }
+    void Write(const QByteArray& content) const {
+        QFile file(Path());
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+    }
+    [[nodiscard]] QByteArray Content() const {
+        QFile file(Path());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("absent");
+    }
+    void AddAndSelect(int records) const {
+        for (int day = 1; day <= records; ++day) fixture->home.AddTime(2026, 11, day, u"09:00"_s, u"10:00"_s);
+        fixture->home.document->LoadCurrentMode();
+        fixture->home.document->BuildVisible();
+        fixture->SelectAll();
+    }
+
+ private Q_SLOTS:
+    void init() { fixture = std::make_unique<Fixture>(); }
+    void cleanup() { fixture.reset(); }
+
+    void records() {
+        Write("11/19/2026,09:00,10:00,1,,A,,,,,,,No,No,n\nbad\n11/20/2026,,,2,,B,,,,,,,No,No,\n");
+        fixture->home.prompt.ExpectFile(Path());
+        fixture->home.prompt.Expect(Text::LineRefused, Answer::Ignore);
+        fixture->home.prompt.ExpectTold(Text::ImportDone);
+        fixture->Run(Command::kImport);
+        fixture->home.prompt.Finish();
+        QCOMPARE(fixture->dialogs.called, QStringList{u"delimiters"_s});
+        QCOMPARE(fixture->dialogs.previewed.rows.size(), 2);
+        QCOMPARE(fixture->home.document->RecordCount(), std::size_t{2});
+        QVERIFY(fixture->home.catalogue->HasItem(16, u"A"_s));
+    }
+
+    void anAbsentFile() {
+        fixture->home.prompt.ExpectFile(Path());
+        fixture->home.prompt.ExpectTold(Text::ImportCantOpen);
+        fixture->Run(Command::kImport);
+        QVERIFY(fixture->dialogs.called.isEmpty());
+    }
+
+    void calledOff() {
+        fixture->home.prompt.ExpectFile(std::nullopt);
+        fixture->Run(Command::kImport);
+        Write("11/19/2026,,,2,,B,,,,,,,No,No,\n");
+        fixture->dialogs.isFileWanted = false;
+        fixture->home.prompt.ExpectFile(Path());
+        fixture->Run(Command::kImportOlderForm);
+        QCOMPARE(fixture->home.document->RecordCount(), std::size_t{0});
+    }
+
+    void items() {
+        Write("Client,A\nTime field Client,Matter\nbad\n");
+        fixture->home.prompt.ExpectFile(Path());
+        fixture->home.prompt.ExpectTold(Text::ItemLineRefused);
+        fixture->home.prompt.ExpectTold(Text::ImportItemsDone);
+        fixture->Run(Command::kImportItems);
+        fixture->home.prompt.Finish();
+        QCOMPARE(fixture->home.catalogue->Labels().GetLabel(109), u"Matter"_s);
+    }
+
+    void exportOfNothing() {
+        fixture->home.prompt.ExpectTold(Text::ExportNothingSelected);
+        fixture->Run(Command::kExport);
+        QVERIFY(fixture->dialogs.called.isEmpty());
+    }
+
+    void exportAndMark() {
+        AddAndSelect(2);
+        fixture->dialogs.afterExport = AfterExport::Mark;
+        fixture->home.prompt.ExpectFile(Path());
+        fixture->Run(Command::kExport);
+        QCOMPARE(fixture->dialogs.called, (QStringList{u"delimiters"_s, u"after the export"_s}));
+        QCOMPARE(Content().count('\n'), 3);
+        fixture->home.document->ForEachVisible(
+            [](const CVORec& record) { QVERIFY(static_cast<const CTRecord&>(record).isExported); });
+    }
+
+    void exportAndDeleteBySetting() {
+        AddAndSelect(2);
+        fixture->home.settings->exportPostProcessing = 2;
+        fixture->home.prompt.ExpectFile(Path());
+        fixture->Run(Command::kExport);
+        QCOMPARE(fixture->dialogs.called, QStringList{u"delimiters"_s});
+        QCOMPARE(fixture->home.document->RecordCount(), std::size_t{0});
+    }
+
+    void nothingIsDeletedWhereNothingIsWritten() {
+        AddAndSelect(1);
+        fixture->home.settings->exportPostProcessing = 2;
+        fixture->home.prompt.ExpectFile(fixture->home.Path() + u"/absent/file.csv"_s);
+        fixture->home.prompt.ExpectTold(Text::ExportCantCreate);
+        fixture->Run(Command::kExport);
+        fixture->home.prompt.Finish();
+        QCOMPARE(fixture->home.document->RecordCount(), std::size_t{1});
+    }
+
+    void exportOfItems() {
+        QVERIFY(fixture->home.catalogue->AddItem(16, u"A"_s, false));
+        fixture->home.prompt.ExpectFile(Path());
+        fixture->home.prompt.ExpectTold(Text::ExportItemsDone);
+        fixture->Run(Command::kExportItems);
+        QCOMPARE(Content(), QByteArray("\"Client\",\"A\"\n"));
+    }
+};
+
+TEST_CLASS(TestFrameExchange);
+#include "TestFrameExchange.moc"
