@@ -141,6 +141,7 @@ class TestCommandTable final : public QObject {
         // timers, lists, tools
         rows({40111, 40112, 40113}, kSome, kNever);
         rows({32891, 32777, 40200, 40066, 32781, 57664}, kAll, kAll);
+        rows({40008, 32892, 40069, 40006, 40070}, kAll, kAll);
     }
     void offeredBySelection() {
         const int id = QByteArray(QTest::currentDataTag()).toInt();
