@@ -45,6 +45,7 @@ _velmarch_cli() {
     local expense='--date --item1 --item2 --item3 --item4 --item5 --notes --distance-entry --distance --rate --odometer-start
         --odometer-end --amount --flag1 --flag2 --flag3 --flag4 --flag5'
     local definition='--mode --kind --group --sum --columns --sort --title --header --footer --query --select'
+    local text='--qualifier --separator --terminator --encoding'
     local filter='--period --day --from --to --item1 --item2 --item3 --item4 --item5 --whole --case'
     case $before in
     --home) mapfile -t COMPREPLY < <(compgen -d -- "$word"); return ;;
@@ -52,6 +53,9 @@ _velmarch_cli() {
     --from) choices='today yesterday'; [ "$command" != new ] || choices='blank defaults: copy:'
         [ "$command" != save ] || choices=$(_velmarch_cli_ids time) ;;
     --mode) choices='time expense' ;;
+    --form) choices='4 2' ;;
+    --on-error) choices='ask abort retry ignore' ;;
+    --post) choices='nothing delete mark' ;;
     --kind) choices='grouped listing compound' ;;
     --select) choices='selected listed query' ;;
     --query) IFS=$'\n' choices=$(_velmarch_cli_stored query "$([ "$group" = expense ] && echo expense || echo "$mode")") ;;
@@ -70,8 +74,8 @@ _velmarch_cli() {
         --odometer-* | --width) return ;;
     esac
     [ -n "$choices" ] || case "$group $command" in
-        ' ') choices="time expense timer lists items tree labels defaults columns report query settings day period backup verify restore texts
-            doctor demo $global" ;;
+        ' ') choices="time expense timer lists items tree labels defaults columns report query settings day period import export backup
+            verify restore texts doctor demo $global" ;;
         'time ' | 'expense ') choices="add edit show delete copy mark new list $global" ;;
         'timer ') choices="start pause stop stop-all pause-all drop status $global" ;;
         'items ') choices="list add rename delete clear $global" ;;
@@ -83,6 +87,7 @@ _velmarch_cli() {
         'columns ') choices="list set reset $global" ;;
         'settings ') choices="list get set reset $global" ;;
         'period ') choices="list show $global" ;;
+        'import ' | 'export ') choices="records items $global" ;;
         'demo ') choices="fill $global" ;;
         'day ') choices="today yesterday $global" ;;
         'time add') choices="$fields $global" ;;
@@ -118,6 +123,12 @@ _velmarch_cli() {
         'timer stop') choices="--true-time $global"; [[ $word == -* ]] || choices=$(_velmarch_cli_ids time) ;;
         'settings get' | 'settings set' | 'settings reset')
             choices=$global; [[ $word == -* ]] || choices=$(_velmarch_cli_names) ;;
+        'import records' | 'import items' | 'export records' | 'export items')
+            choices="$text $global"; [ "$command" = items ] || choices+=' --mode'
+            [ "$group" != import ] || choices+=' --dry-run'
+            [ "$group $command" != 'import records' ] || choices+=' --form --no-list-items --on-error --skip-duplicates'
+            [ "$group $command" != 'export records' ] || choices+=" $filter --query --sort --post"
+            [[ $word == -* ]] || { mapfile -t COMPREPLY < <(compgen -f -- "$word"); return; } ;;
         'backup '* | 'verify '* | 'restore '*) mapfile -t COMPREPLY < <(compgen -f -- "$word"); return ;;
         'demo fill') choices="--seed $global" ;;
         *) choices=$global ;;

@@ -2,6 +2,7 @@
 
 #include "torture/HomeContent.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -15,6 +16,18 @@ QString Pattern() {
     const QString memory = u"/dev/shm"_s;
     return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/velmarch-faults-XXXXXX"_s;
 }
+
+/// Text files, by the names that commands call them by.
+struct FileRow {
+    const char* name;
+    const char* content;
+};
+constexpr FileRow kFiles[] = {
+    {"times",
+     "\"11/17/2026\",\"\",\"\",\"1.0\",\"\",\"Zeta\",\"\",\"\",\"\",\"\",\"\",\"\",\"No\",\"No\",\"new\"\n"},
+    {"items", "\"Client\",\"Zeta\"\n"},
+    {"target", "what was there before\n"},
+};
 
 constexpr int kTenMinutes = 10 * 60, kTwentyMinutes = 20 * 60;
 
@@ -48,6 +61,7 @@ FaultHome::FaultHome()
     : m_made(Pattern()),
       m_prepared(Pattern()),
       m_work(Pattern()),
+      m_files(Pattern()),
       m_clock(2026, 11, 19, 9),
       m_isMade(Make()) {}
 
@@ -60,7 +74,16 @@ bool FaultHome::Note(const QString& name, const QString& command) {
     return id.size() == 32;
 }
 
+bool FaultHome::WriteFile(const QString& name, const QByteArray& content) {
+    const QString path = m_files.filePath(name);
+    m_names.insert(u'{' + name + u'}', path);
+    QFile file(path);
+    return file.open(QFile::WriteOnly) && file.write(content) == content.size();
+}
+
 bool FaultHome::Make() {
+    for (const FileRow& row : kFiles)
+        if (!WriteFile(QString::fromLatin1(row.name), row.content)) return false;
     for (const RecordRow& row : kRecords)
         if (!Note(QString::fromLatin1(row.name), QString::fromLatin1(row.command))) return false;
     for (const char* filling : kFillings)

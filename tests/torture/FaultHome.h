@@ -34,9 +34,10 @@ class FaultHome {
  private:
     [[nodiscard]] bool Make();
     [[nodiscard]] bool IsDone(const QString& command) const;
+    [[nodiscard]] bool WriteFile(const QString& name, const QByteArray& content);
     [[nodiscard]] bool Note(const QString& name, const QString& command);
 
-    QTemporaryDir m_new, m_made, m_prepared, m_work;
+    QTemporaryDir m_new, m_made, m_prepared, m_work, m_files;
     CTestClock m_clock;
     QHash<QString, QString> m_names;
     QSet<QString> m_known;

@@ -81,6 +81,11 @@ constexpr TriedRow kCommands[] = {
     {"query save Old --item1 Beta", "query save Old --period 2 --item1 Acme"},
     {"query rename Old New", "query save Old --period 2 --item1 Acme"},
     {"query delete Old", "query save Old --period 2 --item1 Acme"},
+    {"import records {times}"},
+    {"import records {times} --no-list-items"},
+    {"import items {items}"},
+    {"export records {target} {t1} {t2} --post delete"},
+    {"export records {target} {t1} {t2} --post mark"},
     {"columns set time date start --width date=99"},
     {"columns set time 4 5 --tree"},
     {"columns reset time", "columns set time date start"},
@@ -145,15 +150,16 @@ void TestFaults::initTestCase() {
 }
 
 /// What may change data by its function's arguments, and isn't called show, list, status or fields. What
-/// "report run" notes as the last report is passed over in silence where it can't be stored. Text files have
-/// tests of their own.
+/// "report run" notes as the last report is passed over in silence where it can't be stored, and "export
+/// items" only reads.
 void TestFaults::EveryCommandIsTried() {
-    const QStringList readers{u"show"_s, u"list"_s, u"status"_s, u"fields"_s, u"run"_s};
+    const QStringList readers{u"show"_s, u"list"_s, u"status"_s, u"fields"_s};
+    const QStringList others{u"report run"_s, u"export items"_s};
     for (const auto& row : ::Commands()) {
         const bool mayChange =
             std::holds_alternative<RunOnRecords>(row.run) || std::holds_alternative<RunOnSettings>(row.run);
-        if (!mayChange || readers.contains(QLatin1String(row.name))) continue;
         const QString name = QLatin1String(row.group) + u' ' + QLatin1String(row.name);
+        if (!mayChange || readers.contains(QLatin1String(row.name)) || others.contains(name)) continue;
         const bool isTried = std::ranges::any_of(kCommands, [&](const TriedRow& tried) {
             return (QLatin1String(tried.command) + u' ').startsWith(name + u' ');
         });

@@ -45,7 +45,7 @@ void WriteRecords(CJsonText& json, const ImportAccount& account) {
     for (const auto& record : account.plan.samples) {
         if (!account.isDryRun) break;
         json.NewLine();
-        WriteRecordJson(json, {*record});
+        WriteRecordJson(json, {.record = *record, .isStored = false});
     }
     for (qsizetype place = 0; !account.isDryRun && place < account.ids.Count(); ++place)
         json.Text(account.ids.At(place));

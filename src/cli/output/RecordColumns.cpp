@@ -82,7 +82,7 @@ bool RecordColumn::IsNumber() const {
 void RecordColumn::WriteJson(CJsonText& json, const RecordRow& row) const {
     switch (m_content) {
         case ColumnContent::Identity:
-            return json.TextOrNull(row.record.GetId());  // one that isn't stored has none
+            return row.isStored ? json.Text(row.record.GetId()) : json.Null();
         case ColumnContent::Field:
             return WriteFieldJson(json, row.record, *m_field);
         case ColumnContent::Timer:

@@ -15,6 +15,7 @@ struct FieldRow;
 struct RecordRow {
     const CVORec& record;
     std::optional<TimerShown> timer = {};
+    bool isStored = true;  ///< one that isn't has null for its identity
 };
 
 /// What a column of the console shows: a field of a record, or what stands beside the fields.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/CVelmarchApp.h"
 #include "changes/CProgress.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
