@@ -65,7 +65,7 @@ std::optional<EntryRequest> EntryRequest::FromJson(const QJsonObject& json) {
                          .former = json.value(kFormer).toString()};
     const QJsonArray values = json.value(kValues).toArray();
     if (request.key.isEmpty() || (request.entry.isEmpty() && !values.isEmpty())) return std::nullopt;
-    for (const QJsonValue& one : values) {
+    for (const QJsonValue one : values) {
         const QString name = one.toObject().value(kName).toString();
         const auto value = ValueOf(one.toObject());
         if (name.isEmpty() || !value) return std::nullopt;

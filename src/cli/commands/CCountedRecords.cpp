@@ -18,7 +18,7 @@ ColumnSet ColumnsOfPlace(RecordKind kind) {
 }
 
 std::uint64_t DayNumberOf(const RecordDate& date) {
-    const auto part = [](int number) { return static_cast<std::uint64_t>(number + 1); };
+    const auto part = [](int number) { return static_cast<std::uint64_t>(number) + 1; };
     return part(date.year) << 40U | part(date.month) << 20U | part(date.day);
 }
 

@@ -37,7 +37,7 @@ class CCountedRecords {
         std::uint64_t day = 0;
         std::int32_t start = 0;
         PackedId id{};
-        auto operator<=>(const ListPlace&) const = default;
+        auto operator<=>(const ListPlace&) const = default;  // NOLINT(modernize-use-nullptr)
     };
     struct First {
         ListPlace place;

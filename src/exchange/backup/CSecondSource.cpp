@@ -22,7 +22,7 @@ bool CSecondSource::Open() {
 
 QString CSecondSource::FindDamage() {
     CSqliteFile& file = m_manager.File();
-    if (const QString report = file.IntegrityReport(); !report.isEmpty()) return report;
+    if (QString report = file.IntegrityReport(); !report.isEmpty()) return report;
     for (const auto& [kind, name] : BackupFormat::kTables) {
         QStringList ids;
         if (!m_manager.FindFaults(m_store.TableName(kind), ids)) return m_manager.m_error;

@@ -61,7 +61,7 @@ BackupOutcome MakeBackup(const MakeBackupContext& context, const QString& path) 
                                        FormatText<Text::AskBackupDamaged>(damage), Text::AskBackupDamagedYes))
         return Declined();
     const BackupContext work{context.source, context.clock, context.progress};
-    const BackupOutcome outcome = WriteBackup(work, path, EmptyBackup::Refused);
+    BackupOutcome outcome = WriteBackup(work, path, EmptyBackup::Refused);
     if (!outcome.isEmpty) return outcome;
     // A slip in the choice of the home must not cost last night's backup.
     const int replaced = RecordsIn(path);

@@ -50,8 +50,8 @@ class CSqliteFile {
     /// BEGIN IMMEDIATE; nothing when a transaction is open already. False when SQLite has undone the one
     /// before by itself (WasUndone).
     [[nodiscard]] bool Begin();
-    /// A transaction for reading alone, until Rollback: all of it sees one moment. A damaged file can be read,
-    /// too.
+    /// A transaction for reading alone, until Rollback: all of it sees one moment. A damaged file can be
+    /// read, too.
     [[nodiscard]] bool BeginRead();
     /// Nothing when no transaction was begun. False also when SQLite has undone the transaction by itself
     /// after a failed statement. After another failure it may still be open: the caller rolls it back.

@@ -80,7 +80,8 @@ struct Reader {
     void Flag(Text name, int& value) {
         const auto read = IntOf(name);
         if (read == kThirdState) return Take(value, std::optional(FlagCriterion::kAny));
-        Take(value, read == FlagCriterion::kSet || read == FlagCriterion::kClear ? read : std::nullopt);
+        const bool isKnown = read && (*read == FlagCriterion::kSet || *read == FlagCriterion::kClear);
+        Take(value, isKnown ? read : std::nullopt);
     }
     void Token(Text name, bool& value) {
         const auto read = TextOf(name);

@@ -147,7 +147,7 @@ std::optional<QString> CFrameExchange::ChooseTarget(Text title, Text suggestedNa
     if (!draft) return std::nullopt;
     m_delimiters = form.delimiters = draft->delimiters;
     if (!draft->encoding.isEmpty()) form.encoding = draft->encoding;
-    const auto path = m_context.prompt.ChooseFile(
+    auto path = m_context.prompt.ChooseFile(
         {.purpose = FileChoice::Purpose::Save,
          .title = LoadText(title),
          .suggestedName = LoadText(suggestedName) + u'.' + LoadText(Text::ExportExtension),

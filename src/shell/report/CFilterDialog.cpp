@@ -49,7 +49,7 @@ CFilterDialog::CFilterDialog(RecordMode mode, Use use, const FilterDialogContext
     setObjectName(QStringLiteral("filterDialog"));
     setWindowTitle(LoadText(mode == RecordMode::Time ? Text::FilterTitleTime : Text::FilterTitleExpenses));
     Build(use);
-    Open();
+    ShowLast();
     RestoreDialogSize(*this, m_context.settings.Profile(), SizeSection(mode), kUsualSize);
     m_form->setFocus();
 }
@@ -123,7 +123,7 @@ QPushButton* CFilterDialog::AddButton(Text caption, const char* name, CMnemonics
 }
 
 /// As it was left, or empty when there is nothing or it can't be read.
-void CFilterDialog::Open() {
+void CFilterDialog::ShowLast() {
     ShowNames({});
     ShowQuery(EmptyQuery(m_mode, m_context.period));
     if (Load(CQueryStore::ReservedName())) ShowNames(CQueryStore::ReservedName());

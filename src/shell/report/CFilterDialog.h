@@ -34,7 +34,7 @@ class CFilterDialog final : public QDialog {
     [[nodiscard]] QHBoxLayout* BuildStored(CMnemonics& mnemonics);
     QPushButton* AddButton(Text caption, const char* name, CMnemonics& mnemonics,
                            void (CFilterDialog::*action)());
-    void Open();
+    void ShowLast();
     void ShowQuery(const StoredQuery& query);
     void ShowNames(const QString& selected);
     [[nodiscard]] bool Load(const QString& name);

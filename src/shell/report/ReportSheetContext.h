@@ -14,7 +14,7 @@ class CPrompt;
 /// The first groups that a report would have, made of its first records.
 struct GroupPreview {
     GroupedTable table{};
-    bool isWhole = true;      ///< these are all records of the report
+    bool isWhole = true;  ///< these are all records of the report
 };
 
 /// What the sheet says about the records before the report is run.

@@ -359,8 +359,7 @@ class TestCommandTable final : public QObject {
 
     /// What isn't built has no row: the editors of lists, dependencies and names.
     void unbuiltCommandsAreNotShown() {
-        for (const int id : {40009, 32886, 40100})
-            QCOMPARE(RowOf(id), nullptr);
+        for (const int id : {40009, 32886, 40100}) QCOMPARE(RowOf(id), nullptr);
     }
 };
 

@@ -295,8 +295,10 @@ class TestCDefaultsDialog : public QObject {
         QTest::addColumn<int>("message");
         QTest::addColumn<int>("title");
         QTest::newRow("edit") << "editButton" << int(Text::EditRefused) << int(Text::EditDefaultTitle);
-        QTest::newRow("delete") << "deleteButton" << int(Text::DeleteRefused) << int(Text::DeleteDefaultTitle);
-        QTest::newRow("rename") << "renameButton" << int(Text::RenameRefused) << int(Text::RenameDefaultTitle);
+        QTest::newRow("delete") << "deleteButton" << int(Text::DeleteRefused)
+                                << int(Text::DeleteDefaultTitle);
+        QTest::newRow("rename") << "renameButton" << int(Text::RenameRefused)
+                                << int(Text::RenameDefaultTitle);
     }
     void TheEmptyRecordIsRefused() {
         QFETCH(QString, button);

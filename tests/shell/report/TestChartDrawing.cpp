@@ -181,7 +181,7 @@ class TestChartDrawing final : public QObject {
     void AFineLineStandsAtEachTick() {
         CSheet sheet(Chart(Two()));
         const Drawing drawing = CDrawing::Of(sheet);
-        
+
         const QString all = drawing.Words().join(u' ');
         QVERIFY2(all.contains(u"0.00 2.00 4.00 6.00 8.00"_s), qPrintable(all));
         QCOMPARE(drawing.lines.size(), 5);

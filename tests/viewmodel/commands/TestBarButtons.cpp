@@ -32,8 +32,9 @@ class TestBarButtons final : public QObject {
         QCOMPARE(Numbers(FactoryButtons(Bar::Filters)),
                  u"32844 32845 | 32810 32851 | 32804 32805 32806 32807 32808 32809 | "
                  "32832 32833 32834 32835 32836 32837"_s);
-        QCOMPARE(Numbers(FactoryButtons(Bar::Report)),
-                 u"40067 40226 40227 40228 | 40230 40229 | 40222 40221 40223 40224 32890 40210 | 40220 32815"_s);
+        QCOMPARE(
+            Numbers(FactoryButtons(Bar::Report)),
+            u"40067 40226 40227 40228 | 40230 40229 | 40222 40221 40223 40224 32890 40210 | 40220 32815"_s);
     }
     /// Every command has a button on one bar, the number that stands twice on that of the layout.
     void EachCommandOnOneBar() {
