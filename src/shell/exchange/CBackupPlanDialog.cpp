@@ -49,7 +49,7 @@ CBackupPlanDialog::CBackupPlanDialog(const BackupPlan& plan, const QString& last
     AddLabel(*form, 0, LoadText(Text::BackupPlanEvery), *m_every, u"backupEvery"_s, mnemonics);
     AddLabel(*form, 1, LoadText(Text::BackupPlanFolder), *m_folder, u"backupFolder"_s, mnemonics);
     AddLabel(*form, 2, LoadText(Text::BackupPlanKeep), *m_keep, u"backupKeep"_s, mnemonics);
-    auto* choose = new QPushButton(mnemonics.Take(LoadText(Text::BackupPlanChoose)));
+    auto* choose = new QPushButton(mnemonics.Give(LoadText(Text::BackupPlanChoose)));
     choose->setObjectName(u"backupChoose"_s);
     for (const EveryRow& row : kEvery) m_every->addItem(LoadText(row.caption), row.days);
     m_every->setCurrentIndex(m_every->findData(plan.everyDays));

@@ -4,8 +4,10 @@
 #include "support/TestProgram.h"
 
 #include <QComboBox>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
+#include <QSet>
 #include <QSpinBox>
 #include <QTest>
 
@@ -17,6 +19,7 @@ class TestCBackupPlanDialog : public QObject {
     void ShowsAndGives_data();
     void ShowsAndGives();
     void WithoutBackupsTheFieldsAreAsleep();
+    void EachLabelHasALetterOfItsOwn();
     void AFolderThatIsntThere();
 
  private:
@@ -52,6 +55,18 @@ void TestCBackupPlanDialog::WithoutBackupsTheFieldsAreAsleep() {
     QTest::keyClick(every, Qt::Key_Down);
     QVERIFY(folder->isEnabled());
     QCOMPARE(dialog.GetPlan().everyDays, 1);
+}
+
+/// And none shows the sign that marks the letter.
+void TestCBackupPlanDialog::EachLabelHasALetterOfItsOwn() {
+    const CBackupPlanDialog dialog({}, {}, m_home.prompt, nullptr);
+    QSet<QKeySequence> letters;
+    for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+        if (!label->buddy()) continue;
+        QVERIFY2(label->text().count(u'&') == 1, qPrintable(label->text()));
+        letters.insert(QKeySequence::mnemonic(label->text()));
+    }
+    QCOMPARE(letters.size(), 3);
 }
 
 void TestCBackupPlanDialog::AFolderThatIsntThere() {
