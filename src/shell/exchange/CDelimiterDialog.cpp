@@ -84,7 +84,9 @@ QComboBox* CDelimiterDialog::AddCombo(QGridLayout& form, Text label, const QStri
     combo->setEditable(true);
     combo->setInsertPolicy(QComboBox::NoInsert);
     const int row = form.rowCount();
-    AddLabel(form, row, CMnemonics::Plain(LoadText(label)), *combo, name, mnemonics);
+    const QString caption = CMnemonics::Plain(LoadText(label));
+    AddLabel(form, row, caption, *combo, name, mnemonics);
+    NameWidget(*combo->lineEdit(), name + QStringLiteral("Text"), caption);
     form.addWidget(combo, row, 1);
     return combo;
 }
