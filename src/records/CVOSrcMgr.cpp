@@ -31,6 +31,8 @@ class CVOSrcMgr::Impl {
 
     [[nodiscard]] Table TableOf(const QByteArray& name);
     void ForgetTables() { m_tables.clear(); }
+    /// Of a file that was found damaged before: reads all of it.
+    void LookForDamage(const QByteArrayList& tables);
 
  private:
     QHash<QByteArray, Table> m_tables;
@@ -43,6 +45,15 @@ CVOSrcMgr::Table CVOSrcMgr::Impl::TableOf(const QByteArray& name) {
             known = std::make_shared<CStoreTable>(std::move(*table));
     }
     return known;
+}
+
+/// The check of the whole file doesn't look into the rows, some of which can't be read all the same; reading
+/// such a row notes the damage.
+void CVOSrcMgr::Impl::LookForDamage(const QByteArrayList& tables) {
+    if (!file.IntegrityReport().isEmpty()) return file.NoteDamage();
+    QStringList faults;
+    for (const QByteArray& name : tables)
+        if (const Table table = TableOf(name)) static_cast<void>(table->FindFaults(file, faults));
 }
 
 CVOSrcMgr::CVOSrcMgr() : m_impl(std::make_unique<Impl>()) {}
@@ -88,7 +99,7 @@ bool CVOSrcMgr::InitDataSrc(eActionDisposition& source, eActionDisposition& seco
         m_impl->file.Close();
         return FailByFile();
     }
-    if (m_isSuspect && !m_impl->file.IntegrityReport().isEmpty()) m_impl->file.NoteDamage();
+    if (m_isSuspect) m_impl->LookForDamage(*tables);
     const bool isNew = outcome == OpenOutcome::Created || tables->size() < kTables;
     source = isNew ? eActionDisposition::Created : eActionDisposition::Existed;
     if (!isNew && m_mayTakeOver && outcome == OpenOutcome::Existed) TakeOver(*tables);

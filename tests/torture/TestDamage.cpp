@@ -159,13 +159,16 @@ void TestDamage::EveryPlace() {
     const int usual = qEnvironmentVariableIntValue("VELMARCH_LONG_TESTS") > 0 ? 1000 : 8;
     const int trials = wanted > 0 ? wanted : usual;
     Tally tally;
-    for (int number = 0; number < trials; ++number) {
+    const auto tryNumber = [&](int number) {
         // Its number is the trial's seed: one that fails can be made again.
         std::mt19937 random(static_cast<std::uint32_t>(number));
         Files damaged = isInterrupted ? m_interrupted : m_sound;
         damaged[name] = Harmed(damaged[name], static_cast<Harm>(number % 4), random);
         Try(damaged, u"%1"_s.arg(number), tally);
-    }
+    };
+    for (int number = 0; number < trials; ++number) tryNumber(number);
+    // Rows that can't be read in a file that passes for sound as a whole: an add was taken once.
+    for (const int number : {176, 988}) tryNumber(number);
     qInfo("%d trials: %d right, %d told; wrong in silence: %lld, crashed: %lld, written to: %lld",
           tally.trials, tally.right, tally.told, static_cast<long long>(tally.silent.size()),
           static_cast<long long>(tally.crashes.size()), static_cast<long long>(tally.written.size()));
