@@ -3,6 +3,7 @@
 #include "LoudPrompt.h"
 #include "app/CVelmarchApp.h"
 #include "entry/CEnteredItems.h"
+#include "exchange/export/PostProcessing.h"
 #include "platform/host/CClock.h"
 #include "platform/host/CLauncher.h"
 #include "shell/frame/CEventPump.h"
@@ -14,6 +15,7 @@
 #include "viewmodel/program/CViewHub.h"
 
 #include <memory>
+#include <optional>
 
 /// Today at noon and so many seconds.
 class NoonClock final : public CClock {
@@ -32,6 +34,11 @@ class NoDialogs final : public CFrameDialogs {
     CEnteredItems& Entered() override { return m_entered; }
     bool EditSettings(QWidget&) override { return false; }
     bool ChooseDefault(QWidget&, CVORec&) override { return false; }
+    std::optional<TextFileDraft> ChooseTextFile(QWidget&, TextFilePurpose, const TextFileDraft&,
+                                                const CDelimiterDialog::Preview&) override {
+        return std::nullopt;
+    }
+    AfterExport ChooseAfterExport(QWidget&, int, const QString&) override { return AfterExport::Nothing; }
     void EditDefaults(QWidget&, CVORec&) override {}
 
  private:
