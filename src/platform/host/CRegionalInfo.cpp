@@ -81,6 +81,15 @@ QString GroupSeparatorOf(const QLocale& locale) {
     return locale.groupSeparator();
 }
 
+/// Qt counts Monday as 1 and Sunday as 7.
+QString FirstDayOf(const QLocale& locale) {
+    return QString::number(locale.firstDayOfWeek() % 7);
+}
+
+QString CurrencyOf(const QLocale& locale) {
+    return locale.currencySymbol(QLocale::CurrencyIsoCode);
+}
+
 struct LocaleRow {
     LocaleType type;
     const char* category;
@@ -94,6 +103,8 @@ constexpr LocaleRow kLocaleRows[] = {
     {LocaleType::DateSeparator, "LC_TIME", DateSeparatorOf},
     {LocaleType::Measure, "LC_MEASUREMENT", MeasureOf},
     {LocaleType::GroupSeparator, "LC_NUMERIC", GroupSeparatorOf},
+    {LocaleType::FirstDayOfWeek, "LC_TIME", FirstDayOf},
+    {LocaleType::Currency, "LC_MONETARY", CurrencyOf},
 };
 
 /// First character of a locale's answer, 0 when there is none.
@@ -143,6 +154,15 @@ CRegionalInfo ReadRegionalInfo(const CLocaleSource& source) {
     region.isMetric = FirstOf(source, LocaleType::Measure) == u'0';
     if (const char16_t sign = FirstOf(source, LocaleType::GroupSeparator)) region.groupChar = sign;
     return region;
+}
+
+RegionalHabits ReadRegionalHabits(const CLocaleSource& source) {
+    RegionalHabits habits;
+    bool isNumber = false;
+    const int day = source.GetLocaleInfo(LocaleType::FirstDayOfWeek).value_or(QString()).toInt(&isNumber);
+    if (isNumber && day >= 0 && day <= 6) habits.firstDayOfWeek = day;
+    habits.currency = source.GetLocaleInfo(LocaleType::Currency).value_or(QString());
+    return habits;
 }
 
 const CRegionalInfo& TheRegion() {

@@ -11,12 +11,15 @@ enum class LocaleType {
     DateSeparator,
     FractionDigits,
     Measure,
-    GroupSeparator
+    GroupSeparator,
+    FirstDayOfWeek,
+    Currency
 };
 
 /// Answers questions about the user's regional settings, each as a short text; nothing where it can't be
 /// read. TimeFormat "1" is 24 hours, "0" 12 hours. DateOrder "0" month-day-year, "1" day-month-year, "2"
-/// year-month-day. Measure "0" is metric, "1" is not.
+/// year-month-day. Measure "0" is metric, "1" is not. FirstDayOfWeek is "0" for Sunday to "6" for Saturday,
+/// Currency the three letters of ISO 4217.
 class CLocaleSource {
  public:
     virtual ~CLocaleSource() = default;
@@ -24,7 +27,7 @@ class CLocaleSource {
 };
 
 /// The locale of the user's session (environment variables LC_ALL, LC_NUMERIC, LC_TIME, LC_MEASUREMENT,
-/// LANG).
+/// LC_MONETARY, LANG).
 class CUserLocale final : public CLocaleSource {
  public:
     [[nodiscard]] std::optional<QString> GetLocaleInfo(LocaleType type) const override;
@@ -44,6 +47,16 @@ struct CRegionalInfo {
     bool operator==(const CRegionalInfo&) const = default;
 };
 
+/// What the region proposes for settings that are the user's own. Nothing where it isn't known.
+struct RegionalHabits {
+    std::optional<int> firstDayOfWeek;  ///< 0 Sunday to 6 Saturday
+    QString currency;                   ///< three letters
+
+    bool operator==(const RegionalHabits&) const = default;
+};
+
+[[nodiscard]] RegionalHabits ReadRegionalHabits(const CLocaleSource& source);
+
 /// Reads all values; each that can't be read takes its default.
 [[nodiscard]] CRegionalInfo ReadRegionalInfo(const CLocaleSource& source);
 
@@ -51,7 +64,8 @@ struct CRegionalInfo {
 /// process (a regional change takes effect at the next start).
 [[nodiscard]] const CRegionalInfo& TheRegion();
 
-/// Puts other regional values in place for a scope and takes them out at its end. For tests.
+/// Puts other regional values in place for a scope and takes them out at its end: those that the user has
+/// chosen instead of the region's, or those of a test.
 class RegionScope {
  public:
     explicit RegionScope(const CRegionalInfo& region);

@@ -31,6 +31,8 @@ class TestCRegionalInfo : public QObject {
     void read();
     void locales_data();
     void locales();
+    void habits_data();
+    void habits();
     void scope();
 
  private:
@@ -38,7 +40,7 @@ class TestCRegionalInfo : public QObject {
 };
 
 void TestCRegionalInfo::init() {
-    for (const char* name : {"LC_ALL", "LC_NUMERIC", "LC_TIME", "LC_MEASUREMENT", "LANG"}) {
+    for (const char* name : {"LC_ALL", "LC_NUMERIC", "LC_TIME", "LC_MEASUREMENT", "LC_MONETARY", "LANG"}) {
         m_before[name] = qgetenv(name);
         qunsetenv(name);
     }
@@ -151,6 +153,29 @@ void TestCRegionalInfo::locales() {
     QCOMPARE(QString(QChar(region.dateSeparator)), dateSeparator);
     QCOMPARE(region.isMetric, isMetric);
     QCOMPARE(region.fractionDigits, 2);
+}
+
+void TestCRegionalInfo::habits_data() {
+    QTest::addColumn<Environment>("environment");
+    QTest::addColumn<int>("firstDay");  // -1: not known
+    QTest::addColumn<QString>("currency");
+    const auto all = [](const char* name) { return Environment{{"LC_ALL", name}}; };
+    QTest::newRow("German") << all("de_DE.UTF-8") << 1 << u"EUR"_qs;
+    QTest::newRow("American") << all("en_US.UTF-8") << 0 << u"USD"_qs;
+    QTest::newRow("Swedish") << all("sv_SE.UTF-8") << 1 << u"SEK"_qs;
+    QTest::newRow("Egyptian, from Saturday on") << all("ar_EG.UTF-8") << 6 << u"EGP"_qs;
+    QTest::newRow("C") << all("C.UTF-8") << -1 << QString();
+    QTest::newRow("nothing said") << Environment() << -1 << QString();
+    QTest::newRow("each category by itself")
+        << Environment{{"LC_TIME", "en_US.UTF-8"}, {"LC_MONETARY", "sv_SE.UTF-8"}} << 0 << u"SEK"_qs;
+}
+
+void TestCRegionalInfo::habits() {
+    QFETCH(Environment, environment);
+    for (const auto& [name, value] : environment) qputenv(name.constData(), value);
+    const RegionalHabits read = ReadRegionalHabits(CUserLocale());
+    QTEST(read.firstDayOfWeek.value_or(-1), "firstDay");
+    QTEST(read.currency, "currency");
 }
 
 void TestCRegionalInfo::scope() {
