@@ -14,9 +14,20 @@
 
 namespace {
 
-/// The name under which a setting is stored: its place in the table, nothing else.
+bool IsOwn(std::size_t index) {
+    return index >= SettingsTable().size();
+}
+
+/// The name under which a setting is stored: its place in the table, nothing else. This program's own ones
+/// are stored by their names.
 QString EntryName(std::size_t index) {
+    if (IsOwn(index)) return QLatin1String(OwnSettingsTable()[index - SettingsTable().size()].name);
     return QStringLiteral("VirtualCfgObj%1").arg(index, 4, 10, QLatin1Char('0'));
+}
+
+/// Where it is stored in the profile. No name is in both sections.
+QString SectionName(std::size_t index) {
+    return IsOwn(index) ? QStringLiteral("Own") : QStringLiteral("CoreRuntime");
 }
 
 FontRecord DefaultFont() {
@@ -37,13 +48,11 @@ CCfgStore::CCfgStore(CSettingsTree& tree, CProfile& profile, CPrompt& prompt, co
       m_profile(profile),
       m_prompt(prompt),
       m_region(region),
-      m_sectionName(QStringLiteral("CoreRuntime")),
       m_listFont(DefaultFont()),
       m_basePath(basePath) {
-    RegisterValues();
+    RegisterValues(SettingsTable());
+    RegisterValues(OwnSettingsTable());
     ResetValues();
-    clock24 = region.is24Hour;
-    metricUnits = region.isMetric;
     OpenBaseKey();
 }
 
@@ -53,8 +62,8 @@ CCfgStore::~CCfgStore() {
 
 // --- The values, in the order of their table
 
-void CCfgStore::RegisterValues() {
-    for (const SettingRow& row : SettingsTable())
+void CCfgStore::RegisterValues(std::span<const SettingRow> rows) {
+    for (const SettingRow& row : rows)
         std::visit(
             [this, &row](auto member) {
                 auto& setting = this->*member;
@@ -87,7 +96,8 @@ void CCfgStore::Adopt(std::unique_ptr<CCfgValue> value, const SettingAddress& se
 
 ProfileSection CCfgStore::ReadSection() const {
     ProfileSection section;
-    for (const auto& [entry, value] : m_profile.Section(m_sectionName)) section.insert(entry, value);
+    for (const std::size_t first : {std::size_t{0}, SettingsTable().size()})
+        for (const auto& [entry, value] : m_profile.Section(SectionName(first))) section.insert(entry, value);
     return section;
 }
 
@@ -97,6 +107,7 @@ void CCfgStore::LoadValues() {
         m_values[i]->Load(stored, EntryName(i));
         m_values[i]->NoteKnown(stored.contains(EntryName(i)));
     }
+    FollowRegion();
 }
 
 /// A value that isn't stored yet is written as well, unless another program has stored it in the meantime.
@@ -111,7 +122,7 @@ bool CCfgStore::SaveValues() {
             CCfgValue& value = *m_values[i];
             const QString entry = EntryName(i);
             if (!value.IsChanged() && (value.IsStored() || stored.contains(entry))) continue;
-            if (!value.Save(m_profile, m_sectionName, entry)) return false;
+            if (!value.Save(m_profile, SectionName(i), entry)) return false;
             written.push_back(&value);
         }
         return true;
@@ -124,14 +135,31 @@ bool CCfgStore::SaveValues() {
 /// Without the base key the next start is a first one, which writes the defaults over everything.
 bool CCfgStore::SaveValue(int index) {
     if (!m_openKey.IsOpen() || index < 0 || index >= static_cast<int>(m_values.size())) return false;
-    CCfgValue& value = *m_values[static_cast<std::size_t>(index)];
-    if (!value.Save(m_profile, m_sectionName, EntryName(static_cast<std::size_t>(index)))) return false;
+    const auto place = static_cast<std::size_t>(index);
+    CCfgValue& value = *m_values[place];
+    if (!value.Save(m_profile, SectionName(place), EntryName(place))) return false;
     value.NoteKnown(true);
+    FollowRegion();
     return true;
 }
 
 void CCfgStore::ResetValues() {
     for (const auto& value : m_values) value->Reset();
+    FollowRegion();
+}
+
+/// What the user has chosen comes before what the region has; times are shown by the regional values in use,
+/// so these take the choice over.
+void CCfgStore::FollowRegion() {
+    constexpr int kFullDay = 24;
+    constexpr int kMetric = 1;
+    m_chosenRegion.reset();
+    clock24 = clockFormat == 0 ? m_region.is24Hour : clockFormat == kFullDay;
+    metricUnits = distanceUnit == 0 ? m_region.isMetric : distanceUnit == kMetric;
+    if (clockFormat == 0 || TheRegion().is24Hour == clock24) return;
+    CRegionalInfo chosen = TheRegion();
+    chosen.is24Hour = clock24;
+    m_chosenRegion.emplace(chosen);
 }
 
 // --- Everything

@@ -20,6 +20,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 class CPrompt;
@@ -138,7 +139,8 @@ class CCfgStore : public Settings, public CPrecisionSource {
     void AddInt(std::int32_t& setting, std::int32_t preset);
     void AddColour(std::uint32_t& setting, std::uint32_t preset);
     void Adopt(std::unique_ptr<CCfgValue> value, const SettingAddress& setting, const SettingContent& preset);
-    void RegisterValues();
+    void RegisterValues(std::span<const SettingRow> rows);
+    void FollowRegion();
     void OpenBaseKey();
     void WorkFromMemory();
     bool MakeBaseKey();
@@ -161,7 +163,7 @@ class CCfgStore : public Settings, public CPrecisionSource {
     CProfile& m_profile;
     CPrompt& m_prompt;
     CRegionalInfo m_region;
-    QString m_sectionName;
+    std::optional<RegionScope> m_chosenRegion;  ///< where the user has chosen another clock than the region
     std::vector<std::unique_ptr<CCfgValue>> m_values;
     FontRecord m_listFont;
     CColSet m_listColumns;

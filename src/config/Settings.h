@@ -4,8 +4,7 @@
 #include <span>
 #include <variant>
 
-/// The user's settings: plain members, read by everyone. kSettings (SettingsTable.h) gives their order, names
-/// and defaults.
+/// The user's settings: plain members, read by everyone. SettingsTable gives their order, names and defaults.
 struct Settings {
     bool confirmCopy = true, confirmDelete = true, confirmMark = true;
     bool confirmAddListItem = false, confirmDeleteListItem = true;
@@ -50,6 +49,11 @@ struct Settings {
     std::int32_t weekNumberType = 1;
     bool showDayWeekNumbers = true, addMinuteOnSuccessive = true;
 
-    bool clock24 = false;      ///< not stored: from the regional settings at each start
-    bool metricUnits = false;  ///< not stored: from the regional settings at each start
+    // This program's own settings: OwnSettingsTable gives their names and defaults.
+    std::int32_t clockFormat = 0;   ///< times of day: 0 as the region has them, 12 or 24 hours
+    std::int32_t distanceUnit = 0;  ///< 0 as the region has it, 1 kilometres, 2 miles
+    std::int32_t firstSteps = 0;    ///< the guide of the first start: 0 not wanted, 1 wanted, 2 done
+
+    bool clock24 = false;      ///< not stored: from clockFormat or the regional settings
+    bool metricUnits = false;  ///< not stored: from distanceUnit or the regional settings
 };

@@ -120,13 +120,36 @@ constexpr SettingRow kSettings[] = {
     Flag(74, "addMinuteOnSuccessive", &Settings::addMinuteOnSuccessive, true),
 };
 
-constexpr bool InIndexOrder(std::span<const SettingRow> rows) {
+/// Hours as they stand, 0 for those of the region.
+constexpr std::int64_t kClockFormats[] = {0, 12, 24};
+
+constexpr SettingRow kOwnSettings[] = {
+    {.index = 75,
+     .name = "clockFormat",
+     .type = SettingType::Int,
+     .member = &Settings::clockFormat,
+     .preset = 0,
+     .least = 0,
+     .greatest = 24,
+     .only = kClockFormats},
+    Int(76, "distanceUnit", &Settings::distanceUnit, 0, 0, 2),
+    Int(77, "firstSteps", &Settings::firstSteps, 0, 0, 2),
+};
+
+constexpr bool InIndexOrder(std::span<const SettingRow> rows, std::size_t first) {
     for (std::size_t i = 0; i < rows.size(); ++i)
-        if (rows[i].index != static_cast<int>(i)) return false;
+        if (rows[i].index != static_cast<int>(first + i)) return false;
     return true;
 }
 static_assert(std::size(kSettings) == 75);
-static_assert(InIndexOrder(kSettings), "the place of a row is its number in the stored form");
+static_assert(InIndexOrder(kSettings, 0), "the place of a row is its number in the stored form");
+static_assert(InIndexOrder(kOwnSettings, std::size(kSettings)), "own settings are numbered on");
+
+const SettingRow* FindIn(std::span<const SettingRow> rows, const QString& name) {
+    const auto found = std::ranges::find_if(
+        rows, [&name](const SettingRow& row) { return name == QLatin1String(row.name); });
+    return found == rows.end() ? nullptr : &*found;
+}
 
 }  // namespace
 
@@ -134,10 +157,13 @@ std::span<const SettingRow> SettingsTable() {
     return kSettings;
 }
 
+std::span<const SettingRow> OwnSettingsTable() {
+    return kOwnSettings;
+}
+
 const SettingRow* FindSetting(const QString& name) {
-    const auto* found = std::ranges::find_if(
-        kSettings, [&name](const SettingRow& row) { return name == QLatin1String(row.name); });
-    return found == std::end(kSettings) ? nullptr : found;
+    const SettingRow* row = FindIn(kSettings, name);
+    return row ? row : FindIn(kOwnSettings, name);
 }
 
 std::int64_t SettingValue(const Settings& settings, const SettingRow& row) {

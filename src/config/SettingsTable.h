@@ -25,6 +25,9 @@ struct SettingRow {
 
 /// The 75 settings in index order.
 [[nodiscard]] std::span<const SettingRow> SettingsTable();
+/// This program's own settings beside them, numbered on from there. They are stored by their names.
+[[nodiscard]] std::span<const SettingRow> OwnSettingsTable();
+/// In both tables.
 [[nodiscard]] const SettingRow* FindSetting(const QString& name);
 [[nodiscard]] std::int64_t SettingValue(const Settings& settings, const SettingRow& row);
 /// Stores a value in the block as it is.

@@ -125,16 +125,17 @@ void TestSettingsTable::Defaults() {
 
 void TestSettingsTable::BlockStartsWithTheDefaults() {
     const Settings settings;
-    for (const SettingRow& row : SettingsTable())
-        QVERIFY2(SettingValue(settings, row) == row.preset, row.name);
+    for (const auto& rows : {SettingsTable(), OwnSettingsTable()})
+        for (const SettingRow& row : rows) QVERIFY2(SettingValue(settings, row) == row.preset, row.name);
 }
 
 void TestSettingsTable::EveryNameStandsOnce() {
     QCOMPARE(SettingsTable().size(), std::size_t(75));
-    for (const SettingRow& row : SettingsTable()) {
-        QCOMPARE(FindSetting(QString::fromLatin1(row.name)), &row);
-        QVERIFY2(IsAllowed(row, row.preset), row.name);
-    }
+    for (const auto& rows : {SettingsTable(), OwnSettingsTable()})
+        for (const SettingRow& row : rows) {
+            QCOMPARE(FindSetting(QString::fromLatin1(row.name)), &row);
+            QVERIFY2(IsAllowed(row, row.preset), row.name);
+        }
     QCOMPARE(FindSetting(QStringLiteral("ConfirmCopy")), nullptr);
     QCOMPARE(FindSetting(QString()), nullptr);
 }
@@ -161,6 +162,8 @@ void TestSettingsTable::AllowedValuesOf_data() {
     QTest::newRow("time column") << "sortColumnTime" << QList<int>{0, 16} << QList<int>{17} << "0 to 16";
     QTest::newRow("expense column") << "sortColumnExpense" << QList<int>{17, 33} << QList<int>{16, 34}
                                     << "17 to 33";
+    QTest::newRow("a clock") << "clockFormat" << QList<int>{0, 12, 24} << QList<int>{-1, 1, 13, 25}
+                             << "0, 12 or 24";
     QTest::newRow("a colour") << "lineColour1" << QList<int>{0, 16777215} << QList<int>{-1, 16777216}
                               << "0 to 16777215";
 }

@@ -133,6 +133,7 @@ void AppendSettings(std::vector<CommandRow>& rows) {
             {"reset", "time|expense", Text::CliColumnsReset, ResetColumns, {ColumnSetOption()}}});
     Append(rows, "settings",
            {{"list", "", Text::CliSettingsList, ListSettings},
+            {"own", "", Text::CliOwnSettings, ListOwnSettings},
             {"get", "NAME", Text::CliSettingsGet, GetSetting},
             {"set", "NAME VALUE", Text::CliSettingsSet, SetSetting},
             {"reset", "[NAME]", Text::CliSettingsReset, ResetSettings}});

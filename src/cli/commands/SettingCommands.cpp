@@ -63,14 +63,14 @@ void WriteOne(COutput& out, const SettingRow& row, const CCfgStore& settings) {
     out.Put("\n");
 }
 
-void WriteAll(COutput& out, const CCfgStore& settings) {
+void WriteAll(COutput& out, std::span<const SettingRow> rows, const CCfgStore& settings) {
     if (!out.isJson) {
-        for (const SettingRow& row : SettingsTable()) WriteLine(out, row, settings);
+        for (const SettingRow& row : rows) WriteLine(out, row, settings);
         return;
     }
     CJsonText json(out);
     json.BeginArray();
-    for (const SettingRow& row : SettingsTable()) {
+    for (const SettingRow& row : rows) {
         json.NewLine();
         WriteJson(json, row, settings);
     }
@@ -95,7 +95,12 @@ ExitCode NoSuchSetting(const QString& name, Console& console) {
 }  // namespace
 
 ExitCode ListSettings(const CArguments&, Console& console, const CCfgStore& settings) {
-    WriteAll(console.out, settings);
+    WriteAll(console.out, SettingsTable(), settings);
+    return ExitCode::Done;
+}
+
+ExitCode ListOwnSettings(const CArguments&, Console& console, const CCfgStore& settings) {
+    WriteAll(console.out, OwnSettingsTable(), settings);
     return ExitCode::Done;
 }
 
@@ -128,6 +133,7 @@ ExitCode ResetSettings(const CArguments& arguments, Console& console, CSettingsO
     if (row) request.name = name;
     const ExitCode exit = ChangeSettings(request, console, owner);
     if (exit != ExitCode::Done) return exit;
-    row ? WriteOne(console.out, *row, owner.Stored()) : WriteAll(console.out, owner.Stored());
+    row ? WriteOne(console.out, *row, owner.Stored())
+        : WriteAll(console.out, SettingsTable(), owner.Stored());
     return exit;
 }

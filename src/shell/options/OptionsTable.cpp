@@ -72,6 +72,8 @@ constexpr OptionRow kRows[] = {
     {1, Choice, Text::OptFirstDay, "firstDayOfWeek", kDaysOfWeek},
     {1, Choice, Text::OptSpanFormat, "spanDisplayFormat", kSpanFormats},
     {1, Choice, Text::OptYearFormat, "yearDisplayFormat", kYearFormats},
+    {1, Choice, Text::OptClockFormat, "clockFormat", kClockFormats},
+    {1, Choice, Text::OptDistanceUnit, "distanceUnit", kDistanceUnits},
     {0, Group, Text::OptTimerBehavior, nullptr, {}},
     {1, Choice, Text::OptOnNewTimer, "timerOnNewTimer", kTimerActions},
     {1, Choice, Text::OptOnExit, "timerOnExit", kTimerActions},

@@ -31,6 +31,11 @@ inline constexpr ValueChoice kRoundTypes[] = {
     {32, Text::RoundNearest},
 };
 inline constexpr ValueChoice kSpanFormats[] = {{0, Text::SpanAsDecimal}, {1, Text::SpanAsClock}};
+/// The first of these two is for the region to say.
+inline constexpr ValueChoice kClockFormats[] = {
+    {0, Text::ChoiceAsRegion}, {24, Text::Clock24}, {12, Text::Clock12}};
+inline constexpr ValueChoice kDistanceUnits[] = {
+    {0, Text::ChoiceAsRegion}, {1, Text::DistancesMetric}, {2, Text::DistancesMiles}};
 inline constexpr ValueChoice kTimerActions[] = {
     {0, Text::TimersContinue},
     {1, Text::TimersPause},

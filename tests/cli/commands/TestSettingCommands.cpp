@@ -13,6 +13,7 @@ class TestSettingCommands : public QObject {
  private Q_SLOTS:
     void init() { m_home = std::make_unique<ConsoleHome>(); }
     void List();
+    void OwnSettings();
     void Get();
     void Set_data();
     void Set();
@@ -37,6 +38,19 @@ void TestSettingCommands::List() {
     QCOMPARE(all[54].toObject(), FromText(u"{'index': 54, 'name': 'alternateRowColour', 'type': 'colour', "
                                           "'value': 16316664, 'default': 16316664}"_s));
     QCOMPARE(all[74][u"name"].toString(), u"addMinuteOnSuccessive"_s);
+}
+
+/// Beside the 75, read and written like them.
+void TestSettingCommands::OwnSettings() {
+    const QJsonArray own = Settings({u"own"_s}).Array();
+    QCOMPARE(own.size(), 3);
+    QCOMPARE(own[0].toObject(),
+             FromText(u"{'index': 75, 'name': 'clockFormat', 'type': 'int', 'value': 0, 'default': 0}"_s));
+    QCOMPARE(Settings({u"set"_s, u"clockFormat"_s, u"24"_s}).exit, 0);
+    QCOMPARE(Settings({u"get"_s, u"clockFormat"_s}).Object()[u"value"].toInt(), 24);
+    QCOMPARE(Settings({u"set"_s, u"clockFormat"_s, u"23"_s}).exit, 2);
+    QCOMPARE(Settings({u"reset"_s, u"clockFormat"_s}).exit, 0);
+    QCOMPARE(Settings({u"get"_s, u"clockFormat"_s}).Object()[u"value"].toInt(), 0);
 }
 
 void TestSettingCommands::Get() {
