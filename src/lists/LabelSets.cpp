@@ -106,6 +106,17 @@ std::span<const LabelRow> LabelRows(RecordMode mode) {
     return kExpenseRows;
 }
 
+std::map<int, QString> PresetNames(int preset) {
+    if (std::ranges::find(kPresets, preset, &LabelPresetRow::preset) == std::end(kPresets)) return {};
+    std::map<int, QString> names = NoNames();
+    for (const LabelPresetRow& row : kPresets) {
+        if (row.preset != preset) continue;
+        names[row.first] = LoadText(row.firstText);
+        names[row.second] = LoadText(row.secondText);
+    }
+    return names;
+}
+
 bool CLabelEditor::SetLabel(int field, const QString& text) {
     if (field < kFirstLabel || field > kLastLabel) return false;
     m_isChanged = true;
@@ -118,13 +129,8 @@ bool CLabelEditor::Reset() {
 }
 
 bool CLabelEditor::ApplyPreset(int preset) {
-    if (std::ranges::find(kPresets, preset, &LabelPresetRow::preset) == std::end(kPresets)) return false;
+    const std::map<int, QString> names = PresetNames(preset);
+    if (names.empty()) return false;
     m_isChanged = true;
-    std::map<int, QString> names = NoNames();
-    for (const LabelPresetRow& row : kPresets) {
-        if (row.preset != preset) continue;
-        names[row.first] = LoadText(row.firstText);
-        names[row.second] = LoadText(row.secondText);
-    }
     return m_catalogue.SetNames(names);
 }

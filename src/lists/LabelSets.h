@@ -4,6 +4,7 @@
 #include "lang/Text.h"
 
 #include <QString>
+#include <map>
 #include <span>
 
 class CPulldownCatalogue;
@@ -16,6 +17,10 @@ struct LabelRow {
 };
 /// The fields of a record kind that can be named, in the order in which they are shown.
 [[nodiscard]] std::span<const LabelRow> LabelRows(RecordMode mode);
+
+/// What a ready-made set, 1 or 2, calls the fields: a name for every one that can be named, empty where the
+/// set gives none. Nothing without such a set.
+[[nodiscard]] std::map<int, QString> PresetNames(int preset);
 
 /// Gives fields names: each change is stored as it is made.
 class CLabelEditor {
