@@ -117,11 +117,17 @@ $other"
 setting() { cli settings get "$1" | grep -o '"value": *[^,]*' | sed 's/.*: *//'; }
 
 is_active() { [ "$(xdotool getactivewindow getwindowname 2> /dev/null)" = "$1" ]; }
-start() {
+# start_with TITLE: the program, until the window or dialog of this title is in front.
+start_with() {
     "$place/velmarch" --home "$home" > "$scratch/window.log" 2>&1 &
     window=$!
     jobs_to_end+=("$window")
-    until_so 60 is_active Velmarch || fail "the window doesn't appear"
+    until_so 60 is_active "$1" || fail "$1 doesn't appear"
+}
+# On a home that the console has made, where there is one to be made: a new one opens with the first steps.
+start() {
+    [ -e "$home/velmarch.settings" ] || cli settings set confirmCopy 1 > /dev/null || fail 'there are no settings'
+    start_with Velmarch
 }
 leave() {
     until_so 20 is_active Velmarch || fail "the window isn't in front"

@@ -45,6 +45,14 @@ constexpr BoxRow kBoxes[] = {
     OfStore(Text::CommitFailed),
     {.text = Text::CommitUnconfirmed, .title = Text::StoreFailureTitle},
 
+    {.text = Text::GuideAskEnd,
+     .title = Text::GuideTitle,
+     .icon = BoxIcon::Question,
+     .buttons = Buttons::YesNoCancel,
+     .defaultAnswer = Answer::Cancel,
+     .action = Text::GuideStoreAction},
+    {.text = Text::GuideNotAll, .title = Text::GuideTitle},
+
     OfFile(Text::ImportCantOpen),
     OfFile(Text::ImportItemsCantOpen),
     OfFile(Text::ImportReadFailed),

@@ -23,6 +23,7 @@ CFrameCommands::CFrameCommands(const Context& context)
       m_reports(m_context),
       m_page(m_context, m_reports.Run()),
       m_exchange(m_context),
+      m_guide(m_context),
       m_hasRegionalSettings(HasRegionalSettings(m_context.launcher)) {
     m_context.actions.ShowNamesOf(m_context.catalogue.Labels());
     for (const Bar bar : {Bar::Records, Bar::Filters})
@@ -80,6 +81,7 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::ExportItems, [](Self& self, int) { self.m_exchange.ExportItems(); }},
         {::Run::Options, [](Self& self, int) { self.m_views.Options(); }},
         {::Run::RegionalSettings, [](Self& self, int) { self.m_views.RegionalSettings(); }},
+        {::Run::Guide, [](Self& self, int) { self.RunGuide(); }},
         {::Run::About, [](Self& self, int) { self.m_views.About(); }},
         {::Run::Exit, [](Self& self, int) { self.m_context.control.Leave(); }},
     };
@@ -121,6 +123,11 @@ bool CFrameCommands::HasHandler(::Run run) {
 
 void CFrameCommands::Run(const CommandRow& row) {
     if (const Handler handler = HandlerOf(row.run)) handler(*this, row.argument);
+}
+
+void CFrameCommands::RunGuide() {
+    if (m_guide.Run()) m_views.TakeUpSettings();
+    m_guide.ShowStarted();
 }
 
 void CFrameCommands::Describe(CommandState& state) const {

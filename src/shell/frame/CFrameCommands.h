@@ -3,6 +3,7 @@
 #include "shell/frame/CFrameBackup.h"
 #include "shell/frame/CFrameExchange.h"
 #include "shell/frame/CFrameFilters.h"
+#include "shell/frame/CFrameGuide.h"
 #include "shell/frame/CFrameRecords.h"
 #include "shell/frame/CFrameReportPage.h"
 #include "shell/frame/CFrameReports.h"
@@ -39,6 +40,7 @@ class CFrameCommands {
     };
     [[nodiscard]] static Handler HandlerOf(::Run run);
     [[nodiscard]] static Handler ReportHandlerOf(::Run run);
+    void RunGuide();
     void DescribeTree(CommandState& state) const;
 
     Context m_context;
@@ -49,5 +51,6 @@ class CFrameCommands {
     CFrameReports m_reports;
     CFrameReportPage m_page;
     CFrameExchange m_exchange;
+    CFrameGuide m_guide;
     bool m_hasRegionalSettings;
 };

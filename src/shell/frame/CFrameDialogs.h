@@ -5,6 +5,7 @@
 #include <optional>
 
 class CEnteredItems;
+class CGuide;
 class CVORec;
 enum class AfterExport : int;
 class QWidget;
@@ -29,6 +30,8 @@ class CFrameDialogs {
     /// What becomes of so many records that were written to a file.
     [[nodiscard]] virtual AfterExport ChooseAfterExport(QWidget& parent, int records,
                                                         const QString& path) = 0;
+    /// The first steps; true when something may have changed.
+    [[nodiscard]] virtual bool RunGuide(QWidget& parent, CGuide& guide) = 0;
     /// The stored defaults themselves. working: the record that the dialog edits them in.
     virtual void EditDefaults(QWidget& parent, CVORec& working) = 0;
 };

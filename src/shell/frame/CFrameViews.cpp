@@ -114,7 +114,10 @@ void CFrameViews::FindCommand() {
 }
 
 void CFrameViews::Options() {
-    if (!m_context.dialogs.EditSettings(m_context.control.Window())) return;
+    if (m_context.dialogs.EditSettings(m_context.control.Window())) TakeUpSettings();
+}
+
+void CFrameViews::TakeUpSettings() {
     PersistLayout();
     ResetWorkingRecords();
     m_context.control.Refresh();

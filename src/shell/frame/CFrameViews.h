@@ -20,6 +20,8 @@ class CFrameViews {
     void CustomizeBar(Bar bar);
     void FindCommand();
     void Options();
+    /// The settings were changed: everything that shows values by them is read anew.
+    void TakeUpSettings();
     /// The desktop's program for them.
     void RegionalSettings();
     void About();

@@ -266,7 +266,7 @@ void CMainFrame::ShowListOrNote() {
                                          .isStoreDamaged = document.Store().IsDamaged(),
                                          .isNarrowed = narrowed});
     const bool showsList = m_model->rowCount() > 0;
-    if (!showsList) m_note->Show(reason, document.CurrentFilter().displayName);
+    if (!showsList) m_note->Show(reason, theRecordMode, document.CurrentFilter().displayName);
     // A report stays in front whatever happens to the records behind it.
     if (!m_screen || !m_screen->IsShown()) Front(showsList ? static_cast<QWidget&>(*m_view) : *m_note);
 }

@@ -1,6 +1,7 @@
 #include "shell/list/CEmptyNote.h"
 
 #include "lang/FormatText.h"
+#include "shell/look/FormRows.h"
 #include "shell/look/Glyphs.h"
 #include "viewmodel/commands/CommandTable.h"
 
@@ -22,18 +23,19 @@ struct Offer {
     const char* icon;
 };
 
-Offer OfferFor(EmptyReason reason) {
+Offer OfferFor(EmptyReason reason, RecordMode mode) {
     switch (reason) {
         case EmptyReason::InPeriod:
             return {Command::kPeriodAll, Text::ButtonShowAll, "view-calendar"};
         case EmptyReason::Filtered:
             return {Command::kClearFilter, Text::ButtonClearFilter, "edit-clear-all"};
         default:
-            return {Command::kNew, Text::ButtonNew, "document-new"};
+            return {Command::kNew, mode == RecordMode::Time ? Text::ButtonNew : Text::ButtonNewExpense,
+                    "document-new"};
     }
 }
 
-QString SentenceFor(EmptyReason reason, const QString& period) {
+QString SentenceFor(EmptyReason reason, RecordMode mode, const QString& period) {
     switch (reason) {
         case EmptyReason::Loading:
             return LoadText(Text::EmptyLoading);
@@ -44,7 +46,7 @@ QString SentenceFor(EmptyReason reason, const QString& period) {
         case EmptyReason::Filtered:
             return FormatText<Text::EmptyFiltered>(period);
         default:
-            return LoadText(Text::EmptyNoRecords);
+            return LoadText(mode == RecordMode::Time ? Text::EmptyNoRecords : Text::EmptyNoExpenses);
     }
 }
 
@@ -54,11 +56,14 @@ CEmptyNote::CEmptyNote(QWidget* parent)
     : QWidget(parent),
       m_picture(new QLabel(this)),
       m_sentence(new QLabel(this)),
-      m_button(new QPushButton(this)) {
+      m_button(new QPushButton(this)),
+      m_guide(new QPushButton(LoadText(Text::EmptyOfferGuide), this)) {
     setObjectName(u"emptyNote"_s);
     m_picture->setObjectName(u"emptyPicture"_s);
     m_sentence->setObjectName(u"emptySentence"_s);
     m_button->setObjectName(u"emptyButton"_s);
+    NameWidget(*m_guide, u"emptyGuide"_s, LoadText(Text::EmptyOfferGuide));
+    m_guide->setFlat(true);
     m_picture->setAlignment(Qt::AlignCenter);
     m_sentence->setAlignment(Qt::AlignCenter);
     m_sentence->setWordWrap(true);
@@ -71,19 +76,23 @@ CEmptyNote::CEmptyNote(QWidget* parent)
     layout->addWidget(m_picture);
     layout->addWidget(m_sentence);
     layout->addWidget(m_button, 0, Qt::AlignHCenter);
+    layout->addWidget(m_guide, 0, Qt::AlignHCenter);
     layout->addStretch(3);
     connect(m_button, &QPushButton::clicked, this, [this] { Q_EMIT CommandWanted(m_command); });
+    connect(m_guide, &QPushButton::clicked, this, [this] { Q_EMIT CommandWanted(Command::kGuide); });
     ApplyLook();
 }
 
-void CEmptyNote::Show(EmptyReason reason, const QString& period) {
-    const Offer offer = OfferFor(reason);
+void CEmptyNote::Show(EmptyReason reason, RecordMode mode, const QString& period) {
+    const Offer offer = OfferFor(reason, mode);
     m_command = offer.command;
-    m_sentence->setText(SentenceFor(reason, period));
+    m_sentence->setText(SentenceFor(reason, mode, period));
     m_button->setVisible(reason != EmptyReason::Loading && reason != EmptyReason::Unreadable);
     m_button->setText(LoadText(offer.button));
     m_button->setAccessibleName(LoadText(offer.button));
     m_button->setIcon(QIcon::fromTheme(QString::fromLatin1(offer.icon)));
+    m_guide->setVisible(reason == EmptyReason::NoRecords);
+    m_guide->setIcon(QIcon::fromTheme(u"help-hint"_s));
     setFocusProxy(m_button);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/RecordMode.h"
 #include "viewmodel/list/EmptyReason.h"
 
 #include <QWidget>
@@ -7,15 +8,16 @@
 class QLabel;
 class QPushButton;
 
-/// Stands in the list's place while it shows nothing: why that is so, and a button for the one useful thing.
+/// Stands in the list's place while it shows nothing: why that is so, and a button for the one useful thing;
+/// where there are no records at all, the way to the first steps as well.
 class CEmptyNote final : public QWidget {
     Q_OBJECT
 
  public:
     explicit CEmptyNote(QWidget* parent = nullptr);
 
-    /// period: its name, for the sentence.
-    void Show(EmptyReason reason, const QString& period);
+    /// mode: of the records that aren't there. period: its name, for the sentence.
+    void Show(EmptyReason reason, RecordMode mode, const QString& period);
 
  Q_SIGNALS:
     /// The command that the button stands for.
@@ -30,5 +32,6 @@ class CEmptyNote final : public QWidget {
     QLabel* m_picture;
     QLabel* m_sentence;
     QPushButton* m_button;
+    QPushButton* m_guide;
     int m_command = 0;
 };

@@ -3,6 +3,7 @@
 #include "app/CPulldownCatalogue.h"
 #include "config/CCfgStore.h"
 #include "shell/exchange/CPostProcessingDialog.h"
+#include "shell/guide/CGuideDialog.h"
 #include "shell/options/COptionsDialog.h"
 #include "shell/record/CDefaultsDialog.h"
 #include "shell/record/EditRecord.h"
@@ -43,4 +44,8 @@ AfterExport CWindowDialogs::ChooseAfterExport(QWidget& parent, int records, cons
     CPostProcessingDialog dialog(records, path, m_context.settings.Profile(), &parent);
     dialog.exec();
     return dialog.Choice();
+}
+
+bool CWindowDialogs::RunGuide(QWidget& parent, CGuide& guide) {
+    return RunGuideDialog(&parent, guide, m_context.prompt, m_context.settings.Profile());
 }

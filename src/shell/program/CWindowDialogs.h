@@ -18,6 +18,8 @@ class CWindowDialogs final : public CFrameDialogs {
         const CDelimiterDialog::Preview& preview) override;
     [[nodiscard]] AfterExport ChooseAfterExport(QWidget& parent, int records, const QString& path) override;
 
+    [[nodiscard]] bool RunGuide(QWidget& parent, CGuide& guide) override;
+
  private:
     const RecordDialogContext& m_context;
 };

@@ -25,6 +25,8 @@
 #include "shell/record/OfferDrafts.h"
 #include "timers/CRecordTimers.h"
 #include "timers/LostTimers.h"
+#include "viewmodel/commands/CommandTable.h"
+#include "viewmodel/guide/CGuide.h"
 #include "viewmodel/program/CDamagedStore.h"
 #include "viewmodel/program/CInstanceHost.h"
 #include "viewmodel/program/CStartCheck.h"
@@ -32,6 +34,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QTimer>
 #include <chrono>
 #include <cstdio>
@@ -122,6 +125,11 @@ RecordDialogContext DialogContext(CVelmarchApp& app, CRecordTimers& timers, CEnt
             .clock = clock,
             .catalogue = app.Catalogue(),
             .entered = entered};
+}
+
+/// Neither settings nor records: nobody has worked here.
+bool IsNewHome(const QString& home) {
+    return !QFileInfo::exists(SettingsPath(home)) && !QFileInfo::exists(StorePath(home));
 }
 
 /// A while after the start, when the first clicks are done.
@@ -225,8 +233,10 @@ int CWindowProgram::RunWindow() {
     const CSingleWindow::Start start = single.Begin(app.Home());
     if (start != CSingleWindow::Start::IsAlone)
         return start == CSingleWindow::Start::OtherRaised ? kDone : kFailed;
-    // Without the settings' file the window works with what memory holds; the user has been told.
-    static_cast<void>(app.OpenSettings());
+    const bool isNewHome = IsNewHome(app.Home());
+    // Without the settings' file the window works with what memory holds; the user has been told. Nor is
+    // there a guide then, which would come again at each start.
+    if (app.OpenSettings() && isNewHome) static_cast<void>(WantGuide(app.Settings()));
     bool isStoreOpen = app.OpenStore();
     std::optional<int> code;
     while (!code) {
@@ -282,6 +292,8 @@ std::optional<int> CWindowProgram::RunFrame(const Opened& opened) {
         if (!isHeard) TellUnheard(prompt, host.Error());
         OfferDrafts(frame.get(), dialog);
         LookOverLater(check, frame.get(), app.Home());
+        if (IsGuideWanted(app.Settings(), app.Document(), app.Catalogue()))
+            frame->RunCommand(Command::kGuide);
     });
     const int code = QApplication::exec();
 

@@ -7,6 +7,7 @@
 namespace Command {
 inline constexpr int kNew = 40147;  ///< the button, with the ways to a new record below it
 inline constexpr int kNewPlain = 40002;
+inline constexpr int kNewStampTimer = 32853;
 inline constexpr int kEdit = 103;
 inline constexpr int kCopy = 101;
 inline constexpr int kDelete = 102;
@@ -79,6 +80,7 @@ inline constexpr int kImportOlderForm = 32892;
 inline constexpr int kImportItems = 40069;
 inline constexpr int kExport = 40006;
 inline constexpr int kExportItems = 40070;
+inline constexpr int kGuide = 40240;  ///< a number of our own
 inline constexpr int kAbout = 57664;
 inline constexpr int kExit = 57665;
 }  // namespace Command
@@ -150,6 +152,7 @@ enum class Run {
     ExportItems,
     Options,
     RegionalSettings,
+    Guide,
     About,
     Exit
 };

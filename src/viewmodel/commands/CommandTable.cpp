@@ -103,7 +103,7 @@ constexpr CommandRow kFirstCommands[] = {
         {Run::QuickEntry, QuickFlag::kBlank}),
     Row(Command::kNewPlain, "CmdNewRecord", {Text::CmdNew, Text::TipNew, "document-new"}, Menu::New,
         {Run::QuickEntry, QuickFlag::kBlank}),
-    Row(32853, "CmdQuickEntry",
+    Row(Command::kNewStampTimer, "CmdQuickEntry",
         {Text::CmdNewStampTimer, Text::TipNewStampTimer, "chronometer-start", "Ctrl+T"}, Menu::New,
         {Run::QuickEntry, QuickFlag::kBlank | QuickFlag::kTimestamp | QuickFlag::kTimer})
         .When(InTimeMode),
@@ -479,8 +479,9 @@ constexpr CommandRow kLastCommands[] = {
         {Text::CmdRegional, Text::TipRegional, "preferences-desktop-locale"}, Menu::Tools,
         {Run::RegionalSettings})
         .When(HasRegionalSettings),
-    Row(Command::kAbout, "CmdAbout", {Text::CmdAbout, Text::TipAbout, "help-about"}, Menu::Help,
-        {Run::About}),
+    Row(Command::kGuide, "CmdGuide", {Text::CmdGuide, Text::TipGuide, "help-hint"}, Menu::Help, {Run::Guide}),
+    Row(Command::kAbout, "CmdAbout", {Text::CmdAbout, Text::TipAbout, "help-about"}, Menu::Help, {Run::About})
+        .BeginsGroup(),
 };
 
 template <std::size_t... Sizes>

@@ -12,6 +12,7 @@
 class ScriptedDialogs final : public CFrameDialogs {
  public:
     std::function<bool(CVORec& record)> edit = [](CVORec&) { return true; };
+    std::function<bool(CGuide& guide)> guide = [](CGuide&) { return true; };
     bool defaultsAreChosen = true;
     int edited = 0;
     QStringList called;
@@ -41,6 +42,10 @@ class ScriptedDialogs final : public CFrameDialogs {
     AfterExport ChooseAfterExport(QWidget&, int, const QString&) override {
         called << QStringLiteral("after the export");
         return afterExport;
+    }
+    bool RunGuide(QWidget&, CGuide& offered) override {
+        called << QStringLiteral("guide");
+        return guide(offered);
     }
     void EditDefaults(QWidget&, CVORec&) override { called << QStringLiteral("dialog of defaults"); }
 };

@@ -324,6 +324,36 @@ class TestCFrameCommands final : public QObject {
         QCOMPARE(fixture.Hints(), QList<int>{6});
     }
     /// After the options what the columns are wide on screen is saved with them.
+    /// What was stored shows at once; a guide that the end of the program cut off has changed nothing.
+    void TheFirstStepsAreTakenUp_data() {
+        QTest::addColumn<bool>("isDone");
+        QTest::addColumn<QStringList>("asked");
+        QTest::newRow("done") << true << QStringList(u"refresh"_s);
+        QTest::newRow("cut off") << false << QStringList();
+    }
+    void TheFirstStepsAreTakenUp() {
+        QFETCH(bool, isDone);
+        Fixture fixture;
+        fixture.dialogs.guide = [isDone](CGuide& guide) { return isDone && guide.Store(guide.Proposal()); };
+        fixture.Run(Command::kGuide);
+        QTEST(fixture.control.asked, "asked");
+        QCOMPARE(fixture.control.said, isDone ? QStringList(LoadText(Text::GuideStored)) : QStringList());
+    }
+
+    /// In whichever mode the guide was opened.
+    void TheFirstTimerIsBroughtIntoSight() {
+        Fixture fixture(RecordMode::Expense);
+        fixture.dialogs.guide = [](CGuide& guide) {
+            GuideDraft draft = guide.Proposal();
+            draft.client = u"Hollis Bakery"_s;
+            draft.startsTimer = true;
+            return guide.Store(draft);
+        };
+        fixture.Run(Command::kGuide);
+        QVERIFY(fixture.set.AnyRunning());
+        QVERIFY(fixture.control.asked.contains(u"mode 1"_s));
+    }
+
     void OptionsSaveTheWidths() {
         Fixture fixture;
         fixture.home.settings->listLayout = 3;

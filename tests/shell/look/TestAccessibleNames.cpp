@@ -1,3 +1,6 @@
+#include "changes/CProgress.h"
+#include "changes/CRecordChanges.h"
+#include "changes/CTimersOfRecords.h"
 #include "shell/commands/CButtonChooser.h"
 #include "shell/commands/CPalette.h"
 #include "shell/controls/AskText.h"
@@ -8,6 +11,7 @@
 #include "shell/controls/CTimePopup.h"
 #include "shell/frame/CAboutDialog.h"
 #include "shell/frame/ModalUser.h"
+#include "shell/guide/CGuideDialog.h"
 #include "shell/options/CAppearancePage.h"
 #include "shell/options/CColumnsDialog.h"
 #include "shell/options/COptionsDialog.h"
@@ -19,6 +23,7 @@
 #include "shell/record/CRecordDialog.h"
 #include "shell/record/DialogHome.h"
 #include "support/TestProgram.h"
+#include "viewmodel/guide/CGuide.h"
 
 #include <QAccessible>
 #include <QComboBox>
@@ -105,6 +110,31 @@ TimePicking Picking(DialogHome& home) {
     return {TimeField::Start, home.clockEntry, home.home.clock, home.home.prompt};
 }
 
+/// The guide on a page, from 0.
+template <int page>
+void OpenGuide(DialogHome& home, const Look& look) {
+    COwnTimers timers(home.timers);
+    CNoProgress progress;
+    CRecordChanges changes({.document = *home.home.document,
+                            .timers = timers,
+                            .catalogue = *home.home.catalogue,
+                            .entered = home.entered,
+                            .settings = *home.home.settings,
+                            .prompt = home.home.prompt,
+                            .progress = progress,
+                            .partial = CRecordChanges::Partial::Kept});
+    CGuide guide({.document = *home.home.document,
+                  .timers = home.timers,
+                  .settings = *home.home.settings,
+                  .catalogue = *home.home.catalogue,
+                  .changes = changes,
+                  .clock = home.home.clock,
+                  .habits = {}});
+    CGuideDialog dialog(guide, home.home.prompt, *home.home.profile, nullptr);
+    for (int i = 0; i < page; ++i) dialog.accept();
+    ShowAndLook(home, dialog, look);
+}
+
 template <bool is24Hour>
 void OpenTimePad(DialogHome& home, const Look& look) {
     CTimePopup popup(Picking(home), is24Hour, {}, nullptr);
@@ -171,6 +201,10 @@ constexpr WindowRow kWindows[] = {
          CAboutDialog dialog(home.home.Path(), u"Last good backup: today"_s);
          ShowAndLook(home, dialog, look);
      }},
+    {"first steps, the names", OpenGuide<0>},
+    {"first steps, the client", OpenGuide<1>},
+    {"first steps, the rate", OpenGuide<2>},
+    {"first steps, the timer", OpenGuide<3>},
     {"a question for a text",
      [](DialogHome&, const Look& look) {
          const ModalUser user([&look](QDialog& dialog) {
