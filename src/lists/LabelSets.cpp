@@ -91,15 +91,14 @@ constexpr LabelPresetRow kPresets[] = {
     Preset(2, kExpense, FieldBilled, FieldBilled, FieldId::Flag2),
 };
 
-/// An empty name for every field that can be named.
+}  // namespace
+
 std::map<int, QString> NoNames() {
     std::map<int, QString> names;
     for (const RecordMode mode : {RecordMode::Time, RecordMode::Expense})
         for (const LabelRow& row : LabelRows(mode)) names[row.first] = names[row.second] = QString();
     return names;
 }
-
-}  // namespace
 
 std::span<const LabelRow> LabelRows(RecordMode mode) {
     if (mode == RecordMode::Time) return kTimeRows;

@@ -22,6 +22,9 @@ struct LabelRow {
 /// set gives none. Nothing without such a set.
 [[nodiscard]] std::map<int, QString> PresetNames(int preset);
 
+/// An empty name for every field that can be named.
+[[nodiscard]] std::map<int, QString> NoNames();
+
 /// Gives fields names: each change is stored as it is made.
 class CLabelEditor {
  public:
