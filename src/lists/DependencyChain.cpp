@@ -66,6 +66,11 @@ QString ListHeading(const CPulldownCatalogue& catalogue, int list, const Setting
     return own.isEmpty() ? LoadText(row->preset) : own;
 }
 
+QString DefaultHeading(int field) {
+    const auto row = std::ranges::find(kHeadings, field, &HeadingRow::field);
+    return field == 0 || row == std::end(kHeadings) ? QString() : LoadText(row->preset);
+}
+
 QStringList PulldownTexts(const CPulldownCatalogue& catalogue, RecordMode mode, int list,
                           const QStringList& path, const Settings& settings) {
     const int depth = ChainDepth(mode, list);

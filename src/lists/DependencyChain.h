@@ -19,6 +19,9 @@ struct Settings;
 /// list of distances by the unit of distance. Empty for a list outside the chains.
 [[nodiscard]] QString ListHeading(const CPulldownCatalogue& catalogue, int list, const Settings& settings);
 
+/// The heading of a list without a name of the user; empty for a number that heads none of these lists.
+[[nodiscard]] QString DefaultHeading(int field);
+
 /// What a pulldown offers. path: what the pulldowns above it in the chain hold, from the first down.
 /// With useDependencies and a list of the chain: the items that hang under that path, none when a text of it
 /// is empty or isn't there. Otherwise all items of the list. Numbers of a path count as their items show

@@ -13,6 +13,7 @@
 #include "cli/output/COutput.h"
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
+#include "lists/LabelChanges.h"
 #include "lists/LabelSets.h"
 #include "records/StoreTransaction.h"
 
@@ -31,16 +32,6 @@ constexpr PresetRow kPresets[] = {
     {"2", 2, Text::AskLabelsPreset2},
 };
 
-/// What a field is called without a name of the user: its default, for the heading of a list what it is.
-QString DefaultOf(int field) {
-    QString name = FieldLabels::Default(field);
-    if (!name.isEmpty()) return name;
-    for (const RecordMode mode : {RecordMode::Time, RecordMode::Expense})
-        for (const LabelRow& row : LabelRows(mode))
-            if (row.first == field) return LoadText(row.title);
-    return {};
-}
-
 void WriteJson(CJsonText& json, int field, const FieldLabels& labels) {
     json.BeginObject();
     json.Key("id");
@@ -48,14 +39,14 @@ void WriteJson(CJsonText& json, int field, const FieldLabels& labels) {
     json.Key("label");
     json.Text(labels.Own(field));
     json.Key("default");
-    json.Text(DefaultOf(field));
+    json.Text(DefaultLabel(field));
     json.EndObject();
 }
 
 void WriteLine(COutput& out, int field, const FieldLabels& labels) {
     const QString own = labels.Own(field);
-    out.PutLine(own.isEmpty() ? FormatText<Text::CliLabelDefaultLine>(field, DefaultOf(field))
-                              : FormatText<Text::CliLabelLine>(field, DefaultOf(field), own));
+    out.PutLine(own.isEmpty() ? FormatText<Text::CliLabelDefaultLine>(field, DefaultLabel(field))
+                              : FormatText<Text::CliLabelLine>(field, DefaultLabel(field), own));
 }
 
 void WriteOne(COutput& out, int field, const FieldLabels& labels) {
