@@ -1,6 +1,7 @@
 #include "app/CVelmarchApp.h"
 
 #include "app/HomeFiles.h"
+#include "config/NameColumns.h"
 #include "lang/FormatText.h"
 #include "platform/host/CInstallLocation.h"
 #include "platform/host/CPrompt.h"
@@ -246,11 +247,9 @@ bool CVelmarchApp::LoadStep() {
 /// A list that could not be read is reported where it is loaded; the program goes on with what came.
 bool CVelmarchApp::LoadLists() {
     m_catalogue->Load();
-    for (CColSet* set : {&m_settings->ListColumns(), static_cast<CColSet*>(&m_settings->TreeColumns())}) {
+    for (CColSet* set : {&m_settings->ListColumns(), static_cast<CColSet*>(&m_settings->TreeColumns())})
         set->SetCatalogue(&m_catalogue->Labels());
-        if (!set->ApplyCaptions(*m_settings)) return false;
-    }
-    return true;
+    return NameColumns(*m_settings);
 }
 
 void CVelmarchApp::Tell(Text id, const QString& text, Text title) {

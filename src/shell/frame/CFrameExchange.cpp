@@ -3,6 +3,7 @@
 #include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
+#include "config/NameColumns.h"
 #include "exchange/backup/MakeBackup.h"
 #include "exchange/export/ItemExport.h"
 #include "exchange/export/PostProcessing.h"
@@ -132,11 +133,7 @@ void CFrameExchange::ImportItems() {
     if (!m_changes.AddItems(plan.texts, added)) return;
     Tell(Text::ImportItemsDone, FormatText<Text::ImportItemsDone>(added), Text::ExchangeTitle);
     m_context.catalogue.FillLabels();
-    CCfgStore& settings = m_context.settings;
-    // Both are named anew, whatever becomes of the first.
-    const bool isListNamed = settings.ListColumns().ApplyCaptions(settings);
-    const bool isTreeNamed = settings.TreeColumns().ApplyCaptions(settings);
-    if (isListNamed && isTreeNamed) m_context.document.NotifyViews(Hint::Rebuild);
+    if (NameColumns(m_context.settings)) m_context.document.NotifyViews(Hint::Rebuild);
 }
 
 // --- Export
