@@ -24,6 +24,7 @@ CFrameCommands::CFrameCommands(const Context& context)
       m_page(m_context, m_reports.Run()),
       m_exchange(m_context),
       m_guide(m_context),
+      m_labels(m_context),
       m_hasRegionalSettings(HasRegionalSettings(m_context.launcher)) {
     m_context.actions.ShowNamesOf(m_context.catalogue.Labels());
     for (const Bar bar : {Bar::Records, Bar::Filters})
@@ -42,6 +43,7 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::StopAllTimers, [](Self& self, int) { self.m_records.StopTimers(); }},
         {::Run::PauseAllTimers, [](Self& self, int) { self.m_records.PauseTimers(); }},
         {::Run::Defaults, [](Self& self, int) { self.m_records.EditDefaults(); }},
+        {::Run::RenameLists, [](Self& self, int) { self.m_labels.EditNames(); }},
         {::Run::SelectAll, [](Self& self, int) { self.m_views.SelectAll(); }},
         {::Run::SelectNone, [](Self& self, int) { self.m_views.SelectNone(); }},
         {::Run::SwitchMode,

@@ -4,6 +4,7 @@
 #include "shell/frame/CFrameExchange.h"
 #include "shell/frame/CFrameFilters.h"
 #include "shell/frame/CFrameGuide.h"
+#include "shell/frame/CFrameLabels.h"
 #include "shell/frame/CFrameRecords.h"
 #include "shell/frame/CFrameReportPage.h"
 #include "shell/frame/CFrameReports.h"
@@ -52,5 +53,6 @@ class CFrameCommands {
     CFrameReportPage m_page;
     CFrameExchange m_exchange;
     CFrameGuide m_guide;
+    CFrameLabels m_labels;
     bool m_hasRegionalSettings;
 };

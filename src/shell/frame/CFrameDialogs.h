@@ -21,6 +21,8 @@ class CFrameDialogs {
     [[nodiscard]] virtual CEnteredItems& Entered() = 0;
     /// True when accepted.
     [[nodiscard]] virtual bool EditSettings(QWidget& parent) = 0;
+    /// The names of fields; true when what shows them must be told.
+    [[nodiscard]] virtual bool EditLabels(QWidget& parent) = 0;
     /// Fills a record from the stored default that the user chooses; false when none was chosen.
     [[nodiscard]] virtual bool ChooseDefault(QWidget& parent, CVORec& record) = 0;
     /// Delimiters and encoding of a text file; nothing when none was chosen. preview: of an import.

@@ -4,6 +4,7 @@
 #include "config/CCfgStore.h"
 #include "shell/exchange/CPostProcessingDialog.h"
 #include "shell/guide/CGuideDialog.h"
+#include "shell/lists/CLabelsDialog.h"
 #include "shell/options/COptionsDialog.h"
 #include "shell/record/CDefaultsDialog.h"
 #include "shell/record/EditRecord.h"
@@ -18,6 +19,10 @@ CEnteredItems& CWindowDialogs::Entered() {
 
 bool CWindowDialogs::EditSettings(QWidget& parent) {
     return RunOptionsDialog(&parent, m_context.settings, m_context.prompt, &m_context.catalogue.Labels());
+}
+
+bool CWindowDialogs::EditLabels(QWidget& parent) {
+    return RunLabelsDialog(&parent, m_context.catalogue, m_context.settings.Profile());
 }
 
 bool CWindowDialogs::ChooseDefault(QWidget& parent, CVORec& record) {

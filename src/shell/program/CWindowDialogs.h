@@ -11,6 +11,7 @@ class CWindowDialogs final : public CFrameDialogs {
     [[nodiscard]] bool EditRecord(QWidget& parent, CVORec& record, CVORec* untouched) override;
     [[nodiscard]] CEnteredItems& Entered() override;
     [[nodiscard]] bool EditSettings(QWidget& parent) override;
+    [[nodiscard]] bool EditLabels(QWidget& parent) override;
     [[nodiscard]] bool ChooseDefault(QWidget& parent, CVORec& record) override;
     void EditDefaults(QWidget& parent, CVORec& working) override;
     [[nodiscard]] std::optional<TextFileDraft> ChooseTextFile(

@@ -51,6 +51,7 @@ inline constexpr int kStopAllTimers = 32868;
 inline constexpr int kPauseAllTimers = 32869;
 inline constexpr int kUseDependencies = 32891;
 inline constexpr int kDefaults = 32777;
+inline constexpr int kRenameLists = 40100;
 inline constexpr int kBackup = 32830;
 inline constexpr int kRestore = 32831;
 inline constexpr int kBackupPlan = 40201;  ///< a number of our own, as the next one
@@ -123,6 +124,7 @@ enum class Run {
     PauseAllTimers,
     UseDependencies,
     Defaults,
+    RenameLists,
     QuickReport,   ///< argument: a ReportKind
     StoredReport,  ///< argument: a ReportKind
     DefineReport,  ///< argument: a ReportKind

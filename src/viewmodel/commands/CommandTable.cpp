@@ -444,9 +444,11 @@ constexpr CommandRow kFirstCommands[] = {
     Row(Command::kUseDependencies, "CmdUseDependencies",
         {Text::CmdUseDependencies, Text::TipUseDependencies, "link"}, Menu::Lists, {Run::UseDependencies})
         .Toggle(UsesDependencies),
-    Row(Command::kDefaults, "CmdRecordDefaults", {Text::CmdDefaults, Text::TipDefaults, "bookmarks"},
-        Menu::Lists, {Run::Defaults})
+    Row(Command::kRenameLists, "CmdRenameLists", {Text::CmdRenameLists, Text::TipRenameLists, "edit-rename"},
+        Menu::Lists, {Run::RenameLists})
         .BeginsGroup(),
+    Row(Command::kDefaults, "CmdRecordDefaults", {Text::CmdDefaults, Text::TipDefaults, "bookmarks"},
+        Menu::Lists, {Run::Defaults}),
 };
 
 /// Those of the menus after it.

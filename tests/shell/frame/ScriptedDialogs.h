@@ -18,6 +18,7 @@ class ScriptedDialogs final : public CFrameDialogs {
     QStringList called;
     CEnteredItems entered;
     bool isFileWanted = true;
+    std::function<bool()> labels = [] { return false; };
     ImportPreview previewed;
     AfterExport afterExport = AfterExport::Nothing;
 
@@ -27,6 +28,10 @@ class ScriptedDialogs final : public CFrameDialogs {
     }
     CEnteredItems& Entered() override { return entered; }
     bool EditSettings(QWidget&) override { return true; }
+    bool EditLabels(QWidget&) override {
+        called << QStringLiteral("names of fields");
+        return labels();
+    }
     bool ChooseDefault(QWidget&, CVORec& record) override {
         called << QStringLiteral("defaults");
         if (record.Kind() == RecordKind::Time)

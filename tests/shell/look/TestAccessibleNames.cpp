@@ -1,6 +1,7 @@
 #include "changes/CProgress.h"
 #include "changes/CRecordChanges.h"
 #include "changes/CTimersOfRecords.h"
+#include "lists/LabelChanges.h"
 #include "shell/commands/CButtonChooser.h"
 #include "shell/commands/CPalette.h"
 #include "shell/controls/AskText.h"
@@ -12,6 +13,8 @@
 #include "shell/frame/CAboutDialog.h"
 #include "shell/frame/ModalUser.h"
 #include "shell/guide/CGuideDialog.h"
+#include "shell/lists/CLabelPreview.h"
+#include "shell/lists/CLabelsDialog.h"
 #include "shell/options/CAppearancePage.h"
 #include "shell/options/CColumnsDialog.h"
 #include "shell/options/COptionsDialog.h"
@@ -106,6 +109,17 @@ void OpenColumns(DialogHome& home, const Look& look) {
     ShowAndLook(home, dialog, look);
 }
 
+void OpenLabels(DialogHome& home, const Look& look) {
+    CLabelsDialog dialog(*home.home.catalogue, *home.home.profile);
+    ShowAndLook(home, dialog, look);
+}
+
+void OpenLabelPreview(DialogHome& home, const Look& look) {
+    CLabelPreview dialog({Text::AskLabelsPreset1, Text::AskLabelsPresetTitle, Text::NamesUse},
+                         LabelChanges(home.home.catalogue->Labels(), PresetNames(1)), *home.home.profile);
+    ShowAndLook(home, dialog, look);
+}
+
 TimePicking Picking(DialogHome& home) {
     return {TimeField::Start, home.clockEntry, home.home.clock, home.home.prompt};
 }
@@ -159,6 +173,8 @@ constexpr WindowRow kWindows[] = {
      "item1Name item2Name item3Name"},
     {"defaults, to manage", OpenDefaults<false>, "defaultsList"},
     {"defaults, to choose", OpenDefaults<true>, "defaultsList"},
+    {"names of fields", OpenLabels, "timeLabels expenseLabels"},
+    {"names of fields, what a set changes", OpenLabelPreview, "changesList"},
     {"options", [](DialogHome& home, const Look& look) { OpenOptions(home, look, "Copy"); },
      "optionsSearch optionsTree"},
     {"options with a list of values",
