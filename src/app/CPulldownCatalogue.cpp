@@ -211,7 +211,9 @@ bool CPulldownCatalogue::DeleteAllItems(int list) {
     const Deleted deleted = DeleteStored([&] { return m_store.Query(statement); },
                                          [list](const CPRecord& item) { return item.listId == list; });
     if (deleted == Deleted::No) return false;
-    if (deleted == Deleted::TreesRefuse) return Warn(Text::DependenciesNotUpdated);
+    if (deleted == Deleted::TreesRefuse)
+        return Warn(Text::DependenciesNotUpdated,
+                    LoadText(Text::DependenciesNotUpdated) + u' ' + LoadText(Text::ItemsStayInList));
     m_lists.RemoveAll(list);
     return true;
 }
@@ -308,6 +310,20 @@ void CPulldownCatalogue::Forget() {
     m_labels.Clear();
     m_commandTexts.clear();
     m_extent = Extent::Incomplete;
+    m_version = StoreVersion();
+}
+
+/// A number that is another one as soon as another program has committed; empty when it can't be read.
+QString CPulldownCatalogue::StoreVersion() {
+    CVOSrcMgr& manager = m_store.Manager();
+    if (!manager.Query(LoadText(Text::SqlDataVersion), false) || !manager.m_recordset) return {};
+    const QString version = manager.m_recordset->GetFieldValueString(0);
+    manager.CloseQuery();
+    return version;
+}
+
+bool CPulldownCatalogue::IsStale() {
+    return m_extent == Extent::Incomplete || m_version.isEmpty() || StoreVersion() != m_version;
 }
 
 bool CPulldownCatalogue::Load() {

@@ -55,6 +55,8 @@ class CPulldownCatalogue {
     /// For a program that needs no more than a few lists (the console): only the items of these. Trees and
     /// names stay empty. Deleting an item loads everything, as it may stand in a tree.
     bool LoadLists(const QList<int>& lists);
+    /// Whether another program has written to the store since the last load. Also after a load that failed.
+    [[nodiscard]] bool IsStale();
     /// Reads one set of dependencies; a store that has it in the old form only is converted. A set that is
     /// damaged is asked about; it is empty then, and what is stored stays until the user agrees to start
     /// over. True after either answer; false when the store can't be read, or the items aren't all loaded.
@@ -132,6 +134,7 @@ class CPulldownCatalogue {
     enum class Deleted { No, Done, TreesRefuse };
 
     void Forget();
+    [[nodiscard]] QString StoreVersion();
     [[nodiscard]] bool LoadItems(const QString& statement);
     enum class LoadEnd { Complete, Failed, Stopped };
     [[nodiscard]] LoadEnd LoadBulk(const QString& statement);
@@ -160,6 +163,7 @@ class CPulldownCatalogue {
     DependencyStore m_dependencies;
     PulldownLists m_lists;
     Extent m_extent = Extent::Incomplete;
+    QString m_version;  ///< of the store, before what is in memory was read
     TreePlace m_tree1, m_tree2;
     FieldLabels m_labels;
     QHash<int, CommandTexts> m_commandTexts;

@@ -448,6 +448,7 @@ class TestCPulldownCatalogue : public QObject {
         home->prompt.ExpectTold(Text::ModifyFailed);
         home->prompt.ExpectTold(Text::DependenciesNotUpdated);
         QVERIFY(!catalogue->DeleteAllItems(16));
+        QVERIFY(home->prompt.told.last().endsWith(u"The list items stay in their list."_s));
         QCOMPARE(Stored(16), QStringList({u"A"_s, u"B"_s}));
         QCOMPARE(TreeOf(kTimes), u"A(P)B(P)"_s);
     }

@@ -1,6 +1,7 @@
 #include "app/CPulldownCatalogue.h"
 #include "app/DependencyBytes.h"
 #include "records/CDRecord.h"
+#include "records/StoreTransaction.h"
 #include "support/RandomTexts.h"
 #include "support/TestHome.h"
 #include "support/TestProgram.h"
@@ -142,6 +143,40 @@ class TestCPulldownCatalogueLoad : public QObject {
         QVERIFY(catalogue->Load());
         QCOMPARE(catalogue->Texts(16), QStringList{u"b"_s});
         QVERIFY(!catalogue->HasItem(16, u"a"_s));
+    }
+
+    /// Only what another program writes: what this one does is in memory, too.
+    void StaleOnceAnotherProgramHasWritten() {
+        QVERIFY(catalogue->Load());
+        QVERIFY(catalogue->AddItem(16, u"a"_s, false));
+        QVERIFY(!catalogue->IsStale());
+        {
+            const TestHome other(home->Path());
+            QVERIFY(!catalogue->IsStale());  // that only reads
+            QVERIFY(other.catalogue->AddItem(16, u"b"_s, false));
+        }
+        QVERIFY(catalogue->IsStale());
+        QVERIFY(catalogue->Load());
+        QVERIFY(!catalogue->IsStale());
+    }
+
+    /// In an open change nobody else can write: what is read then holds until its end.
+    void StaleWithinAChange() {
+        QVERIFY(catalogue->Load());
+        { QVERIFY(TestHome(home->Path()).catalogue->AddItem(16, u"b"_s, false)); }
+        const StoreTransaction hold(*home->store);
+        QVERIFY(hold.IsOpen());
+        QVERIFY(catalogue->IsStale());
+        QVERIFY(catalogue->Load());
+        QVERIFY(!catalogue->IsStale());
+    }
+
+    void StaleAfterALoadThatFailed() {
+        QVERIFY(catalogue->Load());
+        Store(u"x"_s, 999);
+        home->prompt.ExpectTold(Text::StoredItemWithoutList);
+        QVERIFY(!catalogue->Load());
+        QVERIFY(catalogue->IsStale());
     }
 
     void LoadLeavesIgnoredListsOut() {

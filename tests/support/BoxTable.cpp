@@ -115,6 +115,10 @@ constexpr BoxRow kBoxes[] = {
     {.text = Text::ItemNotDeleted, .title = Text::ListsTitle},
     {.text = Text::DependenciesNotSaved, .title = Text::ListsTitle},
     {.text = Text::DependenciesNotUpdated, .title = Text::ListsTitle},
+    YesOrNo(Text::AskReplaceInRecords, Text::AskReplaceTitle, Text::ActionReplaceInRecords,
+            BoxIcon::Question),
+    {.text = Text::RecordsReplaced, .title = Text::ReplacedTitle, .icon = BoxIcon::Information},
+    {.text = Text::RecordsNotReplaced, .title = Text::ReplacedTitle},
 
     {.text = Text::HomeIsNoFolder, .title = Text::HomeTitle},
     {.text = Text::HomeCantBeMade, .title = Text::HomeTitle},
