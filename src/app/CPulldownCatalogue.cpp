@@ -2,6 +2,7 @@
 
 #include "app/DependencyBytes.h"
 #include "app/ListTable.h"
+#include "app/MergedTree.h"
 #include "app/PaymentKinds.h"
 #include "config/Settings.h"
 #include "lang/FormatText.h"
@@ -133,7 +134,7 @@ bool CPulldownCatalogue::Agreed(const QString& text) const {
                          BoxIcon::Question,
                          Buttons::YesNo,
                          Answer::No,
-                         LoadText(Text::AskAddItemTitle)};
+                         LoadText(Text::ActionAddItem)};
     return m_prompt.Ask(box) == Answer::Yes;
 }
 
@@ -143,19 +144,25 @@ CPRecord* CPulldownCatalogue::FindShown(int list, const QString& text) const {
 }
 
 bool CPulldownCatalogue::RenameItem(int list, const QString& oldText, const QString& newText) {
+    const Renaming renaming = StoreRenamed(list, oldText, newText);
+    return renaming == Renaming::Done || (renaming == Renaming::Failed && Warn(Text::ItemNotRenamed));
+}
+
+bool CPulldownCatalogue::TryRenameItem(int list, const QString& oldText, const QString& newText) {
+    return StoreRenamed(list, oldText, newText) == Renaming::Done;
+}
+
+CPulldownCatalogue::Renaming CPulldownCatalogue::StoreRenamed(int list, const QString& oldText,
+                                                              const QString& newText) {
     const CPRecord* item = FindShown(list, oldText);
-    if (!item) return false;
+    if (!item) return Renaming::NotBegun;
     CPRecord value;
-    bool isStored = false;
-    {
-        StoreTransaction change(m_store);
-        if (!change.IsOpen()) return false;
-        isStored = SetValue(value, list, newText) && StoreValue(*item, value) &&
-                   change.Commit() == CommitEnd::Durable;
-    }
-    if (!isStored) return Warn(Text::ItemNotRenamed);
+    StoreTransaction change(m_store);
+    if (!change.IsOpen()) return Renaming::NotBegun;
+    if (!SetValue(value, list, newText) || !StoreValue(*item, value) || change.Commit() != CommitEnd::Durable)
+        return Renaming::Failed;
     TakeUpRenamed(list, oldText, newText);
-    return true;
+    return Renaming::Done;
 }
 
 bool CPulldownCatalogue::PutRenamed(int list, const QString& oldText, const QString& newText) {
@@ -203,6 +210,26 @@ bool CPulldownCatalogue::DeleteItem(int list, const QString& text) {
     return true;
 }
 
+bool CPulldownCatalogue::DeleteItems(int list, const QStringList& texts) {
+    if (!TreesAreKnown()) return Warn(Text::ItemsNotDeleted);
+    QSet<const CPRecord*> gone;
+    for (const QString& text : texts)
+        if (const CPRecord* item = FindShown(list, text)) gone.insert(item);
+    if (gone.isEmpty()) return false;
+    const DependencyTree::ItemTest isGone = [&gone](const CPRecord& item) { return gone.contains(&item); };
+    const Deleted deleted = DeleteStored(
+        [&] {
+            return std::ranges::all_of(gone, [this](const CPRecord* item) {
+                return m_store.DeleteRecord(RecordKind::PulldownItem, item->GetId());
+            });
+        },
+        isGone);
+    if (deleted == Deleted::No) return Warn(Text::ItemsNotDeleted);
+    if (deleted == Deleted::TreesRefuse) return WarnItemsStay();
+    m_lists.RemoveIf(list, isGone);
+    return true;
+}
+
 bool CPulldownCatalogue::DeleteAllItems(int list) {
     if (!GetList(list)) return false;
     if (!TreesAreKnown()) return Warn(Text::ItemNotDeleted);
@@ -211,11 +238,51 @@ bool CPulldownCatalogue::DeleteAllItems(int list) {
     const Deleted deleted = DeleteStored([&] { return m_store.Query(statement); },
                                          [list](const CPRecord& item) { return item.listId == list; });
     if (deleted == Deleted::No) return false;
-    if (deleted == Deleted::TreesRefuse)
-        return Warn(Text::DependenciesNotUpdated,
-                    LoadText(Text::DependenciesNotUpdated) + u' ' + LoadText(Text::ItemsStayInList));
+    if (deleted == Deleted::TreesRefuse) return WarnItemsStay();
     m_lists.RemoveAll(list);
     return true;
+}
+
+bool CPulldownCatalogue::MergeItems(int list, const QString& goneText, const QString& keptText) {
+    if (!TreesAreKnown()) return Warn(Text::ItemsNotMerged);
+    bool isStored = false;
+    {
+        StoreTransaction change(m_store);
+        isStored =
+            change.IsOpen() && StoreMerged(list, goneText, keptText) && change.Commit() == CommitEnd::Durable;
+    }
+    if (!isStored) return Warn(Text::ItemsNotMerged);
+    TakeUpMerged(list, goneText, keptText);
+    return true;
+}
+
+bool CPulldownCatalogue::PutMerged(int list, const QString& goneText, const QString& keptText) {
+    return StoreMerged(list, goneText, keptText) || Warn(Text::ItemsNotMerged);
+}
+
+bool CPulldownCatalogue::StoreMerged(int list, const QString& goneText, const QString& keptText) {
+    const CPRecord* gone = FindShown(list, goneText);
+    const CPRecord* kept = FindShown(list, keptText);
+    if (!gone || !kept || gone == kept || m_extent != Extent::Everything) return false;
+    for (const DependencySet set : kDependencySets) {
+        if (PlaceOf(set).state == TreePlace::State::Unread) return false;
+        if (!HoldsItem(set, *gone)) continue;
+        if (!m_dependencies.Put(set, TreeToBytes(MergedTree(Tree(set), *gone, *kept)))) return false;
+    }
+    return m_store.DeleteRecord(RecordKind::PulldownItem, gone->GetId());
+}
+
+void CPulldownCatalogue::TakeUpMerged(int list, const QString& goneText, const QString& keptText) {
+    CPRecord* gone = FindShown(list, goneText);
+    const CPRecord* kept = FindShown(list, keptText);
+    if (!gone || !kept || gone == kept) return;
+    for (const DependencySet set : kDependencySets)
+        if (HoldsItem(set, *gone)) Tree(set) = MergedTree(Tree(set), *gone, *kept);
+    m_lists.Remove(*gone);
+}
+
+bool CPulldownCatalogue::HoldsItem(DependencySet set, const CPRecord& item) const {
+    return Tree(set).Holds([&item](const CPRecord& one) { return &one == &item; });
 }
 
 /// An item that goes while its tree isn't in memory would leave a stored tree behind that names an unknown
@@ -234,8 +301,6 @@ CPulldownCatalogue::Deleted CPulldownCatalogue::DeleteStored(const std::function
     std::vector<DependencySet> changed;
     for (const DependencySet set : kDependencySets)
         if (Tree(set).Holds(isGone)) changed.push_back(set);
-    if (changed.empty()) return deleteRows() ? Deleted::Done : Deleted::No;
-
     StoreTransaction change(m_store);
     if (!change.IsOpen() || !deleteRows()) return Deleted::No;
     const bool isSaved = std::ranges::all_of(
@@ -292,6 +357,11 @@ bool CPulldownCatalogue::Warn(Text id, const QString& text) const {
                    Answer::Ok,
                    {}});
     return false;
+}
+
+bool CPulldownCatalogue::WarnItemsStay() const {
+    return Warn(Text::DependenciesNotUpdated,
+                LoadText(Text::DependenciesNotUpdated) + u' ' + LoadText(Text::ItemsStayInList));
 }
 
 bool CPulldownCatalogue::Warn(Text id) const {

@@ -92,9 +92,17 @@ class CPulldownCatalogue {
     /// ask: the user agrees first where confirmAddListItem is on.
     [[nodiscard]] bool AddItem(int list, const QString& text, bool ask);
     [[nodiscard]] bool RenameItem(int list, const QString& oldText, const QString& newText);
+    /// The same for a caller that tells the user itself that the item stays as it was; what the store has to
+    /// say about it is told before.
+    [[nodiscard]] bool TryRenameItem(int list, const QString& oldText, const QString& newText);
     /// The item goes from its list and from both trees, with all that stood below it there.
     [[nodiscard]] bool DeleteItem(int list, const QString& text);
+    /// All of them or none; those that aren't there are passed over.
+    [[nodiscard]] bool DeleteItems(int list, const QStringList& texts);
     [[nodiscard]] bool DeleteAllItems(int list);
+    /// Makes one item of two: the first goes, and its places in both trees, with all below them, are the
+    /// other's.
+    [[nodiscard]] bool MergeItems(int list, const QString& goneText, const QString& keptText);
 
     // Items that are stored together with something else, in its transaction: memory follows by the second
     // call, when that is durable.
@@ -111,6 +119,9 @@ class CPulldownCatalogue {
     /// False when there is no such item, or it can't take the new text.
     [[nodiscard]] bool PutRenamed(int list, const QString& oldText, const QString& newText);
     void TakeUpRenamed(int list, const QString& oldText, const QString& newText);
+    /// False when one of the two isn't there, when they are the same one, and before everything is loaded.
+    [[nodiscard]] bool PutMerged(int list, const QString& goneText, const QString& keptText);
+    void TakeUpMerged(int list, const QString& goneText, const QString& keptText);
 
     /// Gives fields names, each the only item of its list then; an empty one takes the former away. All as
     /// one change: with a failure, of which the user is told, all names are as they were.
@@ -145,17 +156,22 @@ class CPulldownCatalogue {
     [[nodiscard]] bool Agreed(const QString& text) const;
     [[nodiscard]] std::unique_ptr<CPRecord> PutItem(int list, const QString& text);
     [[nodiscard]] CPRecord* FindShown(int list, const QString& text) const;
+    enum class Renaming { Done, NotBegun, Failed };
+    [[nodiscard]] Renaming StoreRenamed(int list, const QString& oldText, const QString& newText);
     [[nodiscard]] bool StoreValue(const CPRecord& item, const CPRecord& value);
     [[nodiscard]] bool TreesAreKnown();
     [[nodiscard]] bool StoreNames(const std::map<int, QString>& names,
                                   std::vector<std::unique_ptr<CPRecord>>& items);
     [[nodiscard]] Deleted DeleteStored(const std::function<bool()>& deleteRows,
                                        const DependencyTree::ItemTest& isGone);
+    [[nodiscard]] bool StoreMerged(int list, const QString& goneText, const QString& keptText);
+    [[nodiscard]] bool HoldsItem(DependencySet set, const CPRecord& item) const;
     [[nodiscard]] TreePlace& PlaceOf(DependencySet set) {
         return set == DependencySet::Time ? m_tree1 : m_tree2;
     }
     bool Warn(Text id, const QString& text) const;
     bool Warn(Text id) const;
+    bool WarnItemsStay() const;
 
     CPrompt& m_prompt;
     const Settings& m_settings;

@@ -93,3 +93,9 @@ bool NormaliseNumber(const QString& text, float& number, QString& display) {
     display = FormatNumber(TheRegion(), static_cast<double>(typed), -1);
     return ParseFloat(TheRegion(), display, number);
 }
+
+QString ItemShown(int list, const QString& text) {
+    float number = 0.0F;
+    QString display;
+    return HoldsNumbers(list) && NormaliseNumber(text, number, display) ? display : text;
+}

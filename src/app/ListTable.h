@@ -34,3 +34,6 @@ struct ListRow {
 /// The text as the display form of a number with six significant digits ("1.50" gives "1.5"); false when it
 /// is no number by the user's regional settings.
 [[nodiscard]] bool NormaliseNumber(const QString& text, float& number, QString& display);
+/// What an item of the list shows that is made of a text: 0.50 is 0.5 in a list of numbers; a text that it
+/// doesn't take stays.
+[[nodiscard]] QString ItemShown(int list, const QString& text);

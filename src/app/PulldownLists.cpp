@@ -79,6 +79,17 @@ void PulldownLists::Remove(CPRecord& item) {
     m_byId.remove(item.GetId());
 }
 
+void PulldownLists::RemoveIf(int list, const std::function<bool(const CPRecord& item)>& isGone) {
+    List* found = Locate(list);
+    if (!found) return;
+    std::erase_if(found->items, [&](const CPRecord* item) {
+        if (!isGone(*item)) return false;
+        m_byId.remove(item->GetId());
+        return true;
+    });
+    found->byText.reset();
+}
+
 void PulldownLists::RemoveAll(int list) {
     List* found = Locate(list);
     if (!found) return;

@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QString>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -33,6 +34,7 @@ class PulldownLists {
     /// Gives an item the value of another.
     void SetValue(CPRecord& item, const CPRecord& value);
     void Remove(CPRecord& item);
+    void RemoveIf(int list, const std::function<bool(const CPRecord& item)>& isGone);
     void RemoveAll(int list);
 
  private:

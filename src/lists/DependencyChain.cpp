@@ -32,13 +32,6 @@ constexpr HeadingRow kHeadings[] = {
     {ListId::kDistanceRate, 0, Text::ListDistanceRates},
 };
 
-/// What an item of the list would show that holds this text: 0.50 is 0.5 in a list of numbers.
-QString DisplayForm(int list, const QString& text) {
-    float number = 0.0F;
-    QString display;
-    return HoldsNumbers(list) && NormaliseNumber(text, number, display) ? display : text;
-}
-
 }  // namespace
 
 std::span<const int> DependencyChain(RecordMode mode) {
@@ -76,7 +69,7 @@ QStringList PulldownTexts(const CPulldownCatalogue& catalogue, RecordMode mode, 
     const int depth = ChainDepth(mode, list);
     if (!settings.useDependencies || depth == 0) return catalogue.Texts(list);
     QStringList above;
-    for (int i = 0; i + 1 < depth; ++i) above += DisplayForm(NextList(mode, i), path.value(i));
+    for (int i = 0; i + 1 < depth; ++i) above += ItemShown(NextList(mode, i), path.value(i));
     if (above.contains(QString())) return {};
     const auto* node = catalogue.Tree(DependencySetOf(KindOf(mode))).Walk(above);
     QStringList texts;

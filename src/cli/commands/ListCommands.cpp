@@ -136,10 +136,10 @@ ExitCode RenameItem(const CArguments& arguments, Console& console, RecordContext
     const OpenList opened = Open(arguments, console, context);
     if (!opened.row) return opened.exit;
     const int list = opened.row->list;
-    if (!context.catalogue.HasItem(list, ItemText(list, former))) return NoSuchItem(former, console);
+    if (!context.catalogue.HasItem(list, ItemShown(list, former))) return NoSuchItem(former, console);
     const bool isInRecords = arguments.Has("in-records");
-    const bool isMerge = isInRecords && ItemText(list, former) != ItemText(list, text) &&
-                         context.catalogue.HasItem(list, ItemText(list, text));
+    const bool isMerge = isInRecords && ItemShown(list, former) != ItemShown(list, text) &&
+                         context.catalogue.HasItem(list, ItemShown(list, text));
     if (!isMerge && (!IsReadable(*opened.row, text, context.settings.Region()) ||
                      context.catalogue.CheckNewItem(list, text) == NewItem::Refused))
         return Refuse(ExitCode::Failed, FormatText<Text::CliRenameRefused>(text), console);
@@ -158,7 +158,7 @@ ExitCode DeleteItem(const CArguments& arguments, Console& console, RecordContext
     if (!opened.row) return opened.exit;
     const int list = opened.row->list;
     const QString text = arguments.Words()[1];
-    if (!context.catalogue.HasItem(list, ItemText(list, text))) return NoSuchItem(text, console);
+    if (!context.catalogue.HasItem(list, ItemShown(list, text))) return NoSuchItem(text, console);
     const bool isAgreed = !context.settings.confirmDeleteListItem ||
                           Confirm(Text::CliAskDeleteItem, Text::ListsTitle, Text::AskDeleteTitle, console);
     const bool isDone =

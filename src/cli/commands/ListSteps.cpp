@@ -19,12 +19,6 @@ const ListRow* FindList(const QString& typed, Console& console) {
     return nullptr;
 }
 
-QString ItemText(int list, const QString& typed) {
-    float number = 0.0F;
-    QString display;
-    return HoldsNumbers(list) && NormaliseNumber(typed, number, display) ? display : typed;
-}
-
 void AnnounceLists(Console& console, RecordContext& context) {
     if (!context.window.TellAllChanged()) console.out.Note(LoadText(Text::CliWindowNotTold));
 }

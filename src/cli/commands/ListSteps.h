@@ -10,8 +10,6 @@
 /// The list that was asked for by its number or title; null after telling that there is none. Lists of field
 /// names aren't among them.
 [[nodiscard]] const ListRow* FindList(const QString& typed, Console& console);
-/// What an item of the list shows that was typed like this: 0.50 is 0.5 in a list of numbers.
-[[nodiscard]] QString ItemText(int list, const QString& typed);
 /// Tells the window that lists, dependencies or names changed, and the user when the window can't be told.
 void AnnounceLists(Console& console, RecordContext& context);
 

@@ -61,7 +61,7 @@ void WriteLines(COutput& out, const DependencyTree& tree) {
 QStringList PathOf(const CArguments& arguments, RecordMode mode) {
     QStringList path = arguments.Words().mid(1);  // the mode stands first
     for (qsizetype i = 0; i < path.size(); ++i)
-        path[i] = ItemText(NextList(mode, static_cast<int>(i)), path[i]);
+        path[i] = ItemShown(NextList(mode, static_cast<int>(i)), path[i]);
     return path;
 }
 
