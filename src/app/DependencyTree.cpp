@@ -90,12 +90,22 @@ void DependencyTree::SortChildren(Node& parent) {
 DependencyTree::Node& DependencyTree::Insert(Node& parent, const CPRecord& item, Node* previous) {
     Node* node = new Node;  // its parent owns it; Destroy is the other end
     node->m_item = &item;
-    node->m_parent = &parent;
-    node->m_previous = previous;
-    node->m_next = previous ? previous->m_next : parent.m_firstChild;
-    (node->m_previous ? node->m_previous->m_next : parent.m_firstChild) = node;
-    (node->m_next ? node->m_next->m_previous : parent.m_lastChild) = node;
+    Link(*node, parent, previous);
     return *node;
+}
+
+void DependencyTree::Link(Node& node, Node& parent, Node* previous) {
+    node.m_parent = &parent;
+    node.m_previous = previous;
+    node.m_next = previous ? previous->m_next : parent.m_firstChild;
+    (node.m_previous ? node.m_previous->m_next : parent.m_firstChild) = &node;
+    (node.m_next ? node.m_next->m_previous : parent.m_lastChild) = &node;
+}
+
+void DependencyTree::Move(Node& node, Node& parent) {
+    if (!node.m_parent) return;
+    Unlink(node);
+    Link(node, parent, parent.m_lastChild);
 }
 
 void DependencyTree::Remove(Node& node) {

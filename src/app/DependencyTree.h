@@ -57,6 +57,8 @@ class DependencyTree {
     Node& InsertSorted(Node& parent, const CPRecord& item);
     /// Puts the children of a node in the order of InsertSorted; the nodes stay the same ones.
     static void SortChildren(Node& parent);
+    /// Puts a node with all below it behind the last child of another, which must not stand below it.
+    static void Move(Node& node, Node& parent);
     /// Takes a node out with all below it; the root stays.
     void Remove(Node& node);
     /// Every node that holds the item, at any depth, each with all below it. False when there was none.
@@ -72,6 +74,7 @@ class DependencyTree {
 
  private:
     static Node& Insert(Node& parent, const CPRecord& item, Node* previous);
+    static void Link(Node& node, Node& parent, Node* previous);
     static void Unlink(Node& node);
     static void Destroy(Node* branch);
 

@@ -1,8 +1,11 @@
 #include "lists/CDependencyEditor.h"
 
+#include "lists/CDependencyListener.h"
 #include "lists/DependencyChain.h"
+#include "lists/DependencyMerge.h"
 
 #include <QSet>
+#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -25,6 +28,32 @@ DependencyTree SortedCopy(const DependencyTree& tree) {
     return copy;
 }
 
+/// For a tree that nobody looks at.
+class CNoListener final : public CDependencyListener {
+ public:
+    void BeforeReset() override {}
+    void AfterReset() override {}
+    void BeforeAdd(const Node&) override {}
+    void AfterAdd(const Node&) override {}
+    void BeforeRemove(const Node&) override {}
+    void AfterRemove() override {}
+    void BeforeMove(const Node&, const Node&) override {}
+    void AfterMove(const Node&) override {}
+    void AfterRename() override {}
+};
+
+CDependencyListener& NoListener() {
+    static CNoListener none;
+    return none;
+}
+
+/// Whether one node is the other, or stands below it.
+bool IsWithin(const Node& node, const Node& above) {
+    const Node* at = &node;
+    while (at && at != &above) at = at->Parent();
+    return at != nullptr;
+}
+
 QSet<QString> TextsBelow(const Node& node) {
     QSet<QString> texts;
     for (const Node* child = node.FirstChild(); child; child = child->Next())
@@ -35,7 +64,15 @@ QSet<QString> TextsBelow(const Node& node) {
 }  // namespace
 
 CDependencyEditor::CDependencyEditor(CPulldownCatalogue& catalogue, RecordMode mode)
-    : m_catalogue(catalogue), m_mode(mode), m_tree(SortedCopy(Stored())) {}
+    : m_catalogue(catalogue),
+      m_mode(mode),
+      m_tree(SortedCopy(Stored())),
+      m_before(PathsOf(m_tree)),
+      m_listener(&NoListener()) {}
+
+void CDependencyEditor::SetListener(CDependencyListener* listener) {
+    m_listener = listener ? listener : &NoListener();
+}
 
 DependencyTree& CDependencyEditor::Stored() const {
     return m_catalogue.Tree(DependencySetOf(KindOf(m_mode)));
@@ -56,28 +93,56 @@ QStringList CDependencyEditor::Candidates(const Node& node) const {
     return texts;
 }
 
-bool CDependencyEditor::Add(Node& under, const QString& text) {
-    const CPRecord* item = m_catalogue.FindItem(NextListOf(under), text);
-    if (!item || under.FindChild(text)) return false;
-    m_tree.InsertSorted(under, *item);
-    m_isChanged = true;
-    return true;
+/// Deleted items are stored already, what else was done to the tree isn't.
+void CDependencyEditor::NoteEdit() {
+    m_isChanged = m_hasUnsaved = true;
 }
 
-int CDependencyEditor::AddAll(Node& under) {
+/// Behind those that are there, and then all in order: many texts cost one sort.
+int CDependencyEditor::Add(Node& under, const QStringList& texts) {
     const int list = NextListOf(under);
-    QStringList texts = Candidates(under);
-    texts.removeDuplicates();
-    for (const QString& text : texts) m_tree.Append(under, *m_catalogue.FindItem(list, text));
+    QSet<QString> present = TextsBelow(under);
+    std::vector<const CPRecord*> items;
+    for (const QString& text : texts) {
+        const CPRecord* item = present.contains(text) ? nullptr : m_catalogue.FindItem(list, text);
+        if (!item) continue;
+        present.insert(text);
+        items.push_back(item);
+    }
+    if (items.empty()) return 0;
+    m_listener->BeforeAdd(under);
+    for (const CPRecord* item : items) m_tree.Append(under, *item);
     DependencyTree::SortChildren(under);
-    if (!texts.isEmpty()) m_isChanged = true;
-    return static_cast<int>(texts.size());
+    NoteEdit();
+    m_listener->AfterAdd(under);
+    return static_cast<int>(items.size());
+}
+
+void CDependencyEditor::RemoveNode(Node& node) {
+    m_listener->BeforeRemove(node);
+    m_tree.Remove(node);
+    m_listener->AfterRemove();
 }
 
 bool CDependencyEditor::Remove(Node& node) {
     if (!node.Parent()) return false;
-    m_tree.Remove(node);
-    m_isChanged = true;
+    RemoveNode(node);
+    NoteEdit();
+    return true;
+}
+
+bool CDependencyEditor::CanMove(const Node& node, const Node& to) const {
+    return node.Parent() && node.Parent() != &to && NextListOf(to) == node.Item()->listId &&
+           !IsWithin(to, node) && !to.FindChild(node.Item()->GetText());
+}
+
+bool CDependencyEditor::Move(Node& node, Node& to) {
+    if (!CanMove(node, to)) return false;
+    m_listener->BeforeMove(node, to);
+    DependencyTree::Move(node, to);
+    DependencyTree::SortChildren(to);
+    NoteEdit();
+    m_listener->AfterMove(node);
     return true;
 }
 
@@ -92,16 +157,38 @@ CDependencyEditor::Renamed CDependencyEditor::RenameItem(int list, const QString
     if (!m_catalogue.RenameItem(list, oldText, newText)) return Renamed::Failed;
     for (Node* node = &m_tree.Root(); node; node = DependencyTree::NextOf(*node))
         DependencyTree::SortChildren(*node);
+    m_listener->AfterRename();
     return Renamed::Done;
 }
 
-/// The catalogue has taken the item out of its own trees and stored them.
+/// The catalogue has taken the item out of its own trees and stored them. Below a node before the node.
 bool CDependencyEditor::DeleteItem(int list, const QString& text) {
     const CPRecord* item = m_catalogue.FindItem(list, text);
     if (!item || !m_catalogue.DeleteItem(list, text)) return false;
-    m_tree.RemoveItem(*item);
+    std::vector<Node*> places;
+    for (Node* node = DependencyTree::NextOf(m_tree.Root()); node; node = DependencyTree::NextOf(*node))
+        if (node->Item() == item) places.push_back(node);
+    for (Node* node : std::views::reverse(places)) RemoveNode(*node);
     m_isChanged = true;
     return true;
+}
+
+/// What points to items goes before they do.
+bool CDependencyEditor::TakeUp() {
+    if (!m_catalogue.IsStale()) return true;
+    const QStringList now = PathsOf(m_tree);
+    m_listener->BeforeReset();
+    m_tree.Clear();
+    const bool isLoaded = m_catalogue.Load() && !m_catalogue.IsDamaged(DependencySetOf(KindOf(m_mode)));
+    if (isLoaded) {
+        DependencyTree tree = SortedCopy(Stored());
+        const QStringList stored = PathsOf(tree);
+        CarryOver(m_before, now, tree, [this](const QString& id) { return m_catalogue.FindById(id); });
+        m_tree = SortedCopy(tree);
+        m_before = stored;
+    }
+    m_listener->AfterReset();
+    return isLoaded;
 }
 
 void CDependencyEditor::Accept() {

@@ -90,6 +90,19 @@ class TestDependencyTree : public QObject {
         QVERIFY(!tree.IsEmpty());
     }
 
+    void MoveTakesTheBranchAlong() {
+        DependencyTree tree = Sample();  // a(b c(d)) e(c)
+        Node* c = tree.Walk({u"a"_s, u"c"_s});
+        DependencyTree::Move(*c, *tree.Walk({u"e"_s}));
+        QCOMPARE(Drawn(tree), u"a(b) e(c c(d))"_s);
+        QCOMPARE(DrawnBackwards(tree.Root()), u"a(b) e(c c(d))"_s);
+        QCOMPARE(c->Parent()->Item(), &items[u"e"_s]);
+        DependencyTree::Move(*c, tree.Root());
+        QCOMPARE(Drawn(tree), u"a(b) e(c) c(d)"_s);
+        DependencyTree::Move(tree.Root(), *c);  // stays
+        QCOMPARE(DrawnBackwards(tree.Root()), u"a(b) e(c) c(d)"_s);
+    }
+
     void Places() {
         const DependencyTree tree = Sample();
         const Node* d = tree.Walk({u"a"_s, u"c"_s, u"d"_s});

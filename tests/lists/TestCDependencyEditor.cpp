@@ -63,6 +63,10 @@ class TestCDependencyEditor : public QObject {
     void AddAllOfAListThatHoldsATextTwice();
     void Remove();
     void RemoveWhatIsStored();
+    void Move();
+    void MoveWhereItDoesNotFit_data();
+    void MoveWhereItDoesNotFit();
+    void WhatIsUnsaved();
     void NewItem_data();
     void NewItem();
     void RenameItem_data();
@@ -260,6 +264,56 @@ void TestCDependencyEditor::RemoveWhatIsStored() {
     QVERIFY(editor.IsChanged());
     editor.Accept();
     QCOMPARE(Stored(), QString());
+}
+
+/// With all that stands below it, to its place by its text.
+void TestCDependencyEditor::Move() {
+    CDependencyEditor editor = Editor();
+    QCOMPARE(editor.AddAll(At(editor)), 3);
+    QCOMPARE(editor.AddAll(At(editor, {u"A"_s})), 2);
+    QVERIFY(editor.Add(At(editor, {u"A"_s, u"P"_s}), u"write"_s));
+    QVERIFY(editor.Add(At(editor, {u"B"_s}), u"Q"_s));
+    Node& p = At(editor, {u"A"_s, u"P"_s});
+    QVERIFY(editor.Move(p, At(editor, {u"B"_s})));
+    QCOMPARE(Drawn(editor.Tree().Root()), u"A(Q) B(P(write) Q) c"_s);
+    QCOMPARE(&At(editor, {u"B"_s, u"P"_s}), &p);
+}
+
+void TestCDependencyEditor::MoveWhereItDoesNotFit_data() {
+    QTest::addColumn<QStringList>("from");
+    QTest::addColumn<QStringList>("to");
+    QTest::newRow("the root") << QStringList() << QStringList{u"A"_s};
+    QTest::newRow("to where it stands") << QStringList{u"A"_s, u"P"_s} << QStringList{u"A"_s};
+    QTest::newRow("to another level") << QStringList{u"A"_s, u"P"_s} << QStringList();
+    QTest::newRow("below itself") << QStringList{u"A"_s} << QStringList{u"A"_s, u"P"_s};
+    QTest::newRow("beside the same item") << QStringList{u"A"_s, u"Q"_s} << QStringList{u"B"_s};
+}
+
+void TestCDependencyEditor::MoveWhereItDoesNotFit() {
+    QFETCH(QStringList, from);
+    QFETCH(QStringList, to);
+    DependencyTree& tree = catalogue->Tree(DependencySet::Time);
+    for (const auto& [client, project] : {std::pair(u"A"_s, u"P"_s), {u"A"_s, u"Q"_s}, {u"B"_s, u"Q"_s}}) {
+        Node* node = tree.Walk({client});
+        if (!node) node = &tree.Append(tree.Root(), *catalogue->FindItem(16, client));
+        tree.Append(*node, *catalogue->FindItem(17, project));
+    }
+    CDependencyEditor editor = Editor();
+    QVERIFY(!editor.CanMove(At(editor, from), At(editor, to)));
+    QVERIFY(!editor.Move(At(editor, from), At(editor, to)));
+    QCOMPARE(Drawn(editor.Tree().Root()), u"A(P Q) B(Q)"_s);
+    QVERIFY(!editor.IsChanged());
+}
+
+/// What a dialog that is called off would lose: not what is stored at once.
+void TestCDependencyEditor::WhatIsUnsaved() {
+    CDependencyEditor editor = Editor();
+    QVERIFY(editor.NewItem(16, u"D"_s));
+    QCOMPARE(editor.RenameItem(16, u"D"_s, u"E"_s), CDependencyEditor::Renamed::Done);
+    QVERIFY(editor.DeleteItem(16, u"E"_s));
+    QVERIFY(editor.IsChanged() && !editor.HasUnsaved());
+    QVERIFY(editor.Add(At(editor), u"A"_s));
+    QVERIFY(editor.HasUnsaved());
 }
 
 void TestCDependencyEditor::NewItem_data() {
