@@ -14,6 +14,13 @@ constexpr std::array<bool CERecord::*, 5> kFlags = {&CERecord::flag1, &CERecord:
 
 }  // namespace
 
+QString NoteOnAmount(float amount, int comparison) {
+    const bool isGreater = comparison == AmountComparison::kGreater;
+    const bool isBelow = amount < 0.0F || (amount == 0.0F && comparison == AmountComparison::kLess);
+    if (!isBelow || amount == ExpenseFilter::kAnyAmount) return {};
+    return LoadText(isGreater ? Text::AmountFindsAll : Text::AmountFindsNothing);
+}
+
 ExpenseFilter::ExpenseFilter() {
     ExpenseFilter::Reset();
 }

@@ -15,6 +15,10 @@ inline constexpr int kGreater = 2;
 inline constexpr int kEqual = 3;
 }  // namespace AmountComparison
 
+/// What must be said of a condition on the amount, as it acts otherwise than it looks: a negative amount
+/// counts as 0, so nothing is less than 0, and everything is greater than -5. Empty for any other.
+[[nodiscard]] QString NoteOnAmount(float amount, int comparison);
+
 /// Which expenses a view shows: a period, texts of the five items, the amount, and seven flags.
 class ExpenseFilter final : public PeriodFilter {
  public:

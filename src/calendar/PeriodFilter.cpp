@@ -4,7 +4,7 @@
 #include "calendar/DateText.h"
 #include "calendar/NumberText.h"
 #include "calendar/PeriodPresets.h"
-#include "lang/LoadText.h"
+#include "lang/FormatText.h"
 
 #include <algorithm>
 
@@ -146,6 +146,11 @@ void PeriodFilter::SetRange(const DateTimeVal& start, const DateTimeVal& end, co
     preset = PeriodCode::kRange;
     PutDates(*this, {start, end}, context);
     displayName = RangeName(start, end, context);
+}
+
+QString NoteOnRange(const DateTimeVal& start, const DateTimeVal& end, const PeriodContext& context) {
+    if (!end.IsEarlierDate(start)) return {};
+    return FormatText<Text::PeriodEndsSwapped>(DateWithYear(context.region, end));
 }
 
 bool PeriodFilter::CanStep() const {

@@ -43,6 +43,11 @@ class PeriodFilter {
     [[nodiscard]] bool Dates(DateTimeVal& start, DateTimeVal& end, const PeriodContext& context) const;
 };
 
+/// What must be said of two dates as a range: of a start after the end the day of the end is taken. Empty
+/// where they stand in their order.
+[[nodiscard]] QString NoteOnRange(const DateTimeVal& start, const DateTimeVal& end,
+                                  const PeriodContext& context);
+
 /// A date as views show it: 0 long, 1 short, 2 without year.
 [[nodiscard]] QString DisplayDate(const CRegionalInfo& region, const DateTimeVal& date,
                                   int yearDisplayFormat);

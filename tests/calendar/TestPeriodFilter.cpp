@@ -130,6 +130,10 @@ void TestPeriodFilter::SetRange() {
     QTEST(filter.preset, "preset");
     QTEST(filter.startText + u' ' + filter.endText, "texts");
     QTEST(filter.displayName, "name");
+    const bool isSwapped = start > end;
+    QCOMPARE(
+        NoteOnRange(DayOf(start), DayOf(end), Context(1)),
+        isSwapped ? QStringLiteral("The start lies after the end, so only 01/05/2026 is taken.") : QString());
 }
 
 void TestPeriodFilter::CanStep_data() {

@@ -110,12 +110,20 @@ FilterProblem ReadDays(const char* firstOption, const QString& first, const char
     return {};
 }
 
+/// What must be known of a filter beside what it lets pass.
+void AddNote(FilterProblem& problem, const QString& note) {
+    if (!note.isEmpty()) problem.notes << note;
+}
+
 /// Ends that are swapped give the day of the later option.
 FilterProblem ReadPeriod(const CArguments& arguments, const PeriodContext& context, PeriodFilter& filter) {
     PeriodOption period;
     FilterProblem problem = ReadPeriodOption(arguments, context, period);
     if (period.preset) (void)filter.ApplyPreset(*period.preset, context);  // false only for what is no preset
-    if (period.days) filter.SetRange(period.days->first, period.days->second, context);
+    if (!period.days) return problem;
+    const auto& [start, end] = *period.days;
+    filter.SetRange(start, end, context);
+    AddNote(problem, NoteOnRange(start, end, context));
     return problem;
 }
 
@@ -156,10 +164,11 @@ FilterProblem ReadAmount(const QString& typed, const PeriodContext& context, Exp
     const auto row = std::ranges::find_if(
         kComparisons, [&](const ComparisonRow& one) { return text.startsWith(one.sign); });
     const auto number = EnteredValues::ReadSignedNumber(text.mid(1), context.region);
+    const auto amount = static_cast<float>(number.value_or(0.0));
     // -1 is how a filter keeps "any amount".
-    if (row == std::end(kComparisons) || !number || *number == -1.0)
+    if (row == std::end(kComparisons) || !number || amount == ExpenseFilter::kAnyAmount)
         return Usage(FormatText<Text::CliAmountCondition>(typed));
-    filter.amount = static_cast<float>(*number);
+    filter.amount = amount;
     filter.comparison = row->comparison;
     return {};
 }
@@ -194,8 +203,11 @@ FilterProblem ReadFilter(const CArguments& arguments, const PeriodContext& conte
     ReadFlags(arguments, kExpenseFlags, filter);
     for (std::size_t i = 0; i < std::size(kFlags); ++i)
         if (const auto typed = arguments.Value(kFlags[i])) filter.flags[i] = CriterionOf(*typed);
-    if (const auto amount = arguments.Value("amount"); amount && problem.exit == ExitCode::Done)
-        problem = ReadAmount(*amount, context, filter);
+    const auto amount = arguments.Value("amount");
+    if (!amount || problem.exit != ExitCode::Done) return problem;
+    if (FilterProblem refused = ReadAmount(*amount, context, filter); refused.exit != ExitCode::Done)
+        return refused;
+    AddNote(problem, NoteOnAmount(filter.amount, filter.comparison));
     return problem;
 }
 

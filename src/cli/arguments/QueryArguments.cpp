@@ -113,9 +113,9 @@ FilterProblem Store(const CArguments& arguments, const PeriodContext& context, S
     query.matchCase = filter.matchCase;
     query.matchWhole = filter.matchWhole;
     TakeCriteria(filter, query);
-    problem = StorePeriod(arguments, context, query);
+    const FilterProblem period = StorePeriod(arguments, context, query);
     stored = query;
-    return problem;
+    return period.exit == ExitCode::Done ? problem : period;
 }
 
 // --- Using
@@ -136,7 +136,7 @@ QStringList NotesOf(const QString& name, const StoredQuery& query, const PeriodC
         std::visit([&context](const QueryFields& fields) { return UnreadDates(fields, context); }, query);
     QStringList notes;
     for (const QString& date : unread) notes.append(FormatText<Text::QueryDateUnread>(name, date));
-    return notes;
+    return notes + NotesOn(query, context);
 }
 
 }  // namespace

@@ -83,6 +83,7 @@ ExitCode SaveQuery(const CArguments& arguments, Console& console, RecordContext&
     StoredQuery query;
     const FilterProblem problem = ReadQuery(*mode, arguments, context.owner.Periods(), query);
     if (problem.exit != ExitCode::Done) return Refuse(problem.exit, problem.words, console);
+    for (const QString& note : problem.notes) console.out.Note(note);
     if (!MayReplace(name, {}, *mode, console, context.owner)) return ExitCode::Failed;
     const EntryRequest request = context.owner.Queries(*mode).SaveRequest(name, query);
     const ExitCode exit = ChangeSettings(request, console, context.owner);

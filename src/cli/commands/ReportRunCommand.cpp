@@ -35,6 +35,7 @@ constexpr OptionRow kRunOptions[] = {
     {"out", "FILE", OptionShape::Value, Text::CliOptOut},
 };
 
+/// Says what there is to say of a filter, and how the command ends by it.
 ExitCode Refuse(const FilterProblem& problem, Console& console) {
     for (const QString& note : problem.notes) console.out.Note(note);
     if (!problem.words.isEmpty()) console.out.Complain(problem.words);
@@ -169,7 +170,7 @@ ExitCode CRun::ChooseByDefinition() {
 ExitCode CRun::ChooseRecords() {
     // Without criteria everything passes, whatever the filter was before.
     const FilterProblem problem = ReadFilter(Kind(), m_request.filter, m_context.document);
-    if (problem.exit != ExitCode::Done) return Refuse(problem, m_console);
+    if (const ExitCode exit = Refuse(problem, m_console); exit != ExitCode::Done) return exit;
     if (m_request.ids) {
         m_noneText = Text::ReportNothingSelected;
         m_ids = FindRecords(Kind(), *m_request.ids, m_console, m_context);

@@ -93,6 +93,21 @@ QStringList UnreadDates(const QueryFields& query, const PeriodContext& context) 
     return unread;
 }
 
+QString NoteOnDates(const QueryFields& query, const PeriodContext& context) {
+    if (!query.isPeriodOn || PresetOfRow(query.periodRow)) return {};
+    return NoteOnRange(DateOf(query.startText, context), DateOf(query.endText, context), context);
+}
+
+QStringList NotesOn(const StoredQuery& query, const PeriodContext& context) {
+    QStringList notes;
+    notes << std::visit([&context](const QueryFields& fields) { return NoteOnDates(fields, context); },
+                        query);
+    if (const auto* expenses = std::get_if<ExpenseQuery>(&query))
+        notes << NoteOnAmount(expenses->amount, expenses->comparison);
+    notes.removeAll(QString());
+    return notes;
+}
+
 bool CanAskFor(const ExpenseQuery& query, std::size_t flag) {
     const bool isDependent = flag == 1 || flag == 3;
     return !isDependent || query.flags[flag - 1] == FlagCriterion::kSet;
@@ -119,4 +134,13 @@ float AmountOfText(const QString& text) {
     if (text == LoadText(Text::AnyWord)) return ExpenseFilter::kAnyAmount;
     float amount = 0.0F;
     return ParseFloat(TheRegion(), text, amount) ? amount : 0.0F;
+}
+
+QString NoteOnAmountText(const QString& text, int comparison) {
+    float amount = 0.0F;
+    if (text == LoadText(Text::AnyWord)) return {};
+    if (!ParseFloat(TheRegion(), text, amount)) return LoadText(Text::AmountCountsAsZero);
+    // The number that stands for any amount lets each pass, however it compares.
+    if (amount == ExpenseFilter::kAnyAmount) return LoadText(Text::AmountFindsAll);
+    return NoteOnAmount(amount, comparison);
 }

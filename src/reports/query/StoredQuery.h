@@ -57,6 +57,11 @@ void ApplyQuery(const ExpenseQuery& query, const PeriodContext& context, Expense
 /// The dates that count and can't be read with the regional values in use: today takes their place.
 [[nodiscard]] QStringList UnreadDates(const QueryFields& query, const PeriodContext& context);
 
+/// What must be said of the two dates as a range, where they count; empty when there is nothing.
+[[nodiscard]] QString NoteOnDates(const QueryFields& query, const PeriodContext& context);
+/// The same, and what must be said of the condition on the amount.
+[[nodiscard]] QStringList NotesOn(const StoredQuery& query, const PeriodContext& context);
+
 // The second and the fourth mark of an expense can be asked for only with the first and the third set.
 
 /// flag: 0 to 4. Whether its box can be used.
@@ -70,3 +75,5 @@ void DropDependents(ExpenseQuery& query);
 [[nodiscard]] QString AmountText(float amount);
 /// The word for any is no test; a text that is no number is 0.
 [[nodiscard]] float AmountOfText(const QString& text);
+/// What must be said of a text in that box, as it acts otherwise than it looks; empty for any other.
+[[nodiscard]] QString NoteOnAmountText(const QString& text, int comparison);

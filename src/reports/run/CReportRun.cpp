@@ -107,6 +107,8 @@ RunOutcome CReportRun::FilterFor(const CReportDef& report, Filter& filter) {
     for (const QString& date : UnreadDates(*query, context))
         Tell(static_cast<int>(Text::QueryDateUnread),
              FormatText<Text::QueryDateUnread>(report.queryName, date));
+    if (const QString note = NoteOnDates(*query, context); !note.isEmpty())
+        Tell(static_cast<int>(Text::PeriodEndsSwapped), note);
     ApplyQuery(*query, context, filter);
     return {};
 }
