@@ -226,6 +226,17 @@ Outcome CRecordChanges::RenameInRecords(int list, const QString& oldText, const 
     return outcome;
 }
 
+Outcome CRecordChanges::MergeItems(int list, const QString& goneText, const QString& keptText) {
+    const ListRow* row = FindRecordList(list);
+    if (!row || goneText.isEmpty() || keptText.isEmpty()) return Outcome::Failed(Outcome::Failure::Item);
+    CPulldownCatalogue& catalogue = m_context.catalogue;
+    Outcome outcome = RecordReplacer(m_context.document).Replace(*row, goneText, keptText, [&] {
+        return catalogue.PutMerged(list, goneText, keptText);
+    });
+    if (outcome) catalogue.TakeUpMerged(list, goneText, keptText);
+    return outcome;
+}
+
 // --- How several records change
 
 Outcome CRecordChanges::Run(const Batch& batch) {

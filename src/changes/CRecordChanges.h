@@ -90,6 +90,9 @@ class CRecordChanges {
     [[nodiscard]] Outcome ReplaceInRecords(int list, const QString& oldText, const QString& newText);
     /// The same with the item itself, which must be loaded: item and records, or neither.
     [[nodiscard]] Outcome RenameInRecords(int list, const QString& oldText, const QString& newText);
+    /// Makes one item of two, all of which must be loaded: records and dependencies take the second one, and
+    /// the first goes from its list. All of it or nothing.
+    [[nodiscard]] Outcome MergeItems(int list, const QString& goneText, const QString& keptText);
 
  private:
     /// A change of several records, one after the other.
