@@ -5,6 +5,7 @@
 #include "shell/frame/CFrameFilters.h"
 #include "shell/frame/CFrameGuide.h"
 #include "shell/frame/CFrameLabels.h"
+#include "shell/frame/CFrameLists.h"
 #include "shell/frame/CFrameRecords.h"
 #include "shell/frame/CFrameReportPage.h"
 #include "shell/frame/CFrameReports.h"
@@ -48,6 +49,7 @@ class CFrameCommands {
     CFrameRecords m_records;
     CFrameViews m_views;
     CFrameFilters m_filters;
+    CFrameLists m_lists;
     CFrameBackup m_backup;
     CFrameReports m_reports;
     CFrameReportPage m_page;

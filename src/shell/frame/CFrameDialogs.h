@@ -6,6 +6,7 @@
 
 class CEnteredItems;
 class CGuide;
+class CRecordChanges;
 class CVORec;
 enum class AfterExport : int;
 class QWidget;
@@ -36,4 +37,6 @@ class CFrameDialogs {
     [[nodiscard]] virtual bool RunGuide(QWidget& parent, CGuide& guide) = 0;
     /// The stored defaults themselves. working: the record that the dialog edits them in.
     virtual void EditDefaults(QWidget& parent, CVORec& working) = 0;
+    /// The items of the pick lists, which are loaded. changes: what carries a new text into records.
+    virtual void EditLists(QWidget& parent, CRecordChanges& changes) = 0;
 };

@@ -1,10 +1,12 @@
 #include "shell/program/CWindowDialogs.h"
 
 #include "app/CPulldownCatalogue.h"
+#include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
 #include "shell/exchange/CPostProcessingDialog.h"
 #include "shell/guide/CGuideDialog.h"
 #include "shell/lists/CLabelsDialog.h"
+#include "shell/lists/CListsDialog.h"
 #include "shell/options/COptionsDialog.h"
 #include "shell/record/CDefaultsDialog.h"
 #include "shell/record/EditRecord.h"
@@ -53,4 +55,14 @@ AfterExport CWindowDialogs::ChooseAfterExport(QWidget& parent, int records, cons
 
 bool CWindowDialogs::RunGuide(QWidget& parent, CGuide& guide) {
     return RunGuideDialog(&parent, guide, m_context.prompt, m_context.settings.Profile());
+}
+
+void CWindowDialogs::EditLists(QWidget& parent, CRecordChanges& changes) {
+    CListsDialog({.catalogue = m_context.catalogue,
+                  .store = m_context.document.Store(),
+                  .changes = changes,
+                  .settings = m_context.settings,
+                  .prompt = m_context.prompt},
+                 &parent)
+        .exec();
 }

@@ -18,6 +18,7 @@ class CWindowDialogs final : public CFrameDialogs {
         QWidget& parent, TextFilePurpose purpose, const TextFileDraft& draft,
         const CDelimiterDialog::Preview& preview) override;
     [[nodiscard]] AfterExport ChooseAfterExport(QWidget& parent, int records, const QString& path) override;
+    void EditLists(QWidget& parent, CRecordChanges& changes) override;
 
     [[nodiscard]] bool RunGuide(QWidget& parent, CGuide& guide) override;
 

@@ -49,6 +49,7 @@ inline constexpr int kTimerPause = 40113;
 inline constexpr int kTimerStop = 40111;
 inline constexpr int kStopAllTimers = 32868;
 inline constexpr int kPauseAllTimers = 32869;
+inline constexpr int kEditLists = 40009;
 inline constexpr int kUseDependencies = 32891;
 inline constexpr int kDefaults = 32777;
 inline constexpr int kRenameLists = 40100;
@@ -122,6 +123,7 @@ enum class Run {
     TimerAction,  ///< argument: 0 stop, 1 start, 2 pause
     StopAllTimers,
     PauseAllTimers,
+    EditLists,
     UseDependencies,
     Defaults,
     RenameLists,

@@ -441,6 +441,8 @@ constexpr CommandRow kFirstCommands[] = {
         {Text::CmdPauseAllTimers, Text::TipPauseAllTimers, "chronometer-pause"}, Menu::Timer,
         {Run::PauseAllTimers})
         .When(TimeModeWithRunning),
+    Row(Command::kEditLists, "CmdEditLists", {Text::CmdEditLists, Text::TipEditLists, "view-list-details"},
+        Menu::Lists, {Run::EditLists}),
     Row(Command::kUseDependencies, "CmdUseDependencies",
         {Text::CmdUseDependencies, Text::TipUseDependencies, "link"}, Menu::Lists, {Run::UseDependencies})
         .Toggle(UsesDependencies),

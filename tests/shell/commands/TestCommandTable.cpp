@@ -140,7 +140,7 @@ class TestCommandTable final : public QObject {
         rows({32830, 32831, 40201}, kAll, kAll);
         // timers, lists, tools
         rows({40111, 40112, 40113}, kSome, kNever);
-        rows({32891, 32777, 40200, 40066, 32781, 40240, 57664, 40100}, kAll, kAll);
+        rows({32891, 32777, 40200, 40066, 32781, 40240, 57664, 40100, 40009}, kAll, kAll);
         rows({40008, 32892, 40069, 40006, 40070}, kAll, kAll);
     }
     void offeredBySelection() {
@@ -360,6 +360,8 @@ class TestCommandTable final : public QObject {
     /// What isn't built has no row: the editors of lists and dependencies.
     void unbuiltCommandsAreNotShown() {
         for (const int id : {40009, 32886}) QCOMPARE(RowOf(id), nullptr);
+    /// What isn't built has no row: the editors of dependencies and names.
+        for (const int id : {32886, 40100}) QCOMPARE(RowOf(id), nullptr);
     }
 };
 

@@ -53,4 +53,5 @@ class ScriptedDialogs final : public CFrameDialogs {
         return guide(offered);
     }
     void EditDefaults(QWidget&, CVORec&) override { called << QStringLiteral("dialog of defaults"); }
+    void EditLists(QWidget&, CRecordChanges&) override { called << QStringLiteral("lists"); }
 };

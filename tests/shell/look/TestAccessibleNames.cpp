@@ -15,6 +15,7 @@
 #include "shell/guide/CGuideDialog.h"
 #include "shell/lists/CLabelPreview.h"
 #include "shell/lists/CLabelsDialog.h"
+#include "shell/lists/CListsDialog.h"
 #include "shell/options/CAppearancePage.h"
 #include "shell/options/CColumnsDialog.h"
 #include "shell/options/COptionsDialog.h"
@@ -221,6 +222,27 @@ constexpr WindowRow kWindows[] = {
     {"first steps, the client", OpenGuide<1>},
     {"first steps, the rate", OpenGuide<2>},
     {"first steps, the timer", OpenGuide<3>},
+    {"the pick lists",
+     [](DialogHome& home, const Look& look) {
+         home.AddItems(16, {u"Client A"_s});
+         COwnTimers timers(home.timers);
+         CNoProgress progress;
+         CRecordChanges changes({.document = *home.home.document,
+                                 .timers = timers,
+                                 .catalogue = *home.home.catalogue,
+                                 .entered = home.entered,
+                                 .settings = *home.home.settings,
+                                 .prompt = home.home.prompt,
+                                 .progress = progress,
+                                 .partial = CRecordChanges::Partial::Undone});
+         CListsDialog dialog({.catalogue = *home.home.catalogue,
+                              .store = *home.home.store,
+                              .changes = changes,
+                              .settings = *home.home.settings,
+                              .prompt = home.home.prompt});
+         ShowAndLook(home, dialog, look);
+     },
+     "itemLine items lists"},
     {"a question for a text",
      [](DialogHome&, const Look& look) {
          const ModalUser user([&look](QDialog& dialog) {
