@@ -107,6 +107,7 @@ void AppendTimersAndLists(std::vector<CommandRow>& rows) {
            {{"list", "LIST", Text::CliItemsList, ListItems},
             {"add", "LIST TEXT", Text::CliItemsAdd, AddItem},
             {"rename", "LIST OLD NEW", Text::CliItemsRename, RenameItem, {RenameItemOptions()}},
+            {"merge", "LIST OLD NEW", Text::CliItemsMerge, MergeItems},
             {"delete", "LIST TEXT", Text::CliItemsDelete, DeleteItem},
             {"clear", "LIST", Text::CliItemsClear, ClearItems}});
     Append(rows, "tree",

@@ -153,6 +153,29 @@ ExitCode RenameItem(const CArguments& arguments, Console& console, RecordContext
     return ExitCode::Done;
 }
 
+/// Records are asked about with the item: both would be hard to part again.
+ExitCode MergeItems(const CArguments& arguments, Console& console, RecordContext& context) {
+    const OpenList opened = Open(arguments, console, context);
+    if (!opened.row) return opened.exit;
+    const int list = opened.row->list;
+    const QString gone = ItemShown(list, arguments.Words()[1]), kept = ItemShown(list, arguments.Words()[2]);
+    for (const QString& text : {gone, kept})
+        if (!context.catalogue.HasItem(list, text)) return NoSuchItem(text, console);
+    if (gone == kept) return Refuse(ExitCode::Usage, LoadText(Text::CliMergeSame), console);
+    if (!Confirm(Text::CliAskMerge, FormatText<Text::CliAskMerge>(kept, gone, gone), Text::MergeTitle,
+                 Text::ActionMerge, console))
+        return ExitCode::Failed;
+    Outcome merged = Outcome::Failed(Outcome::Failure::Item);
+    const bool isDone = AsLoadedNow(context, [&] {
+        merged = context.changes.MergeItems(list, gone, kept);
+        return bool(merged);
+    });
+    if (!isDone) return ExitCode::Failed;
+    AnnounceLists(console, context);
+    PrintCount(console.out, "changed", Text::CliMerged, merged.ids.size());
+    return ExitCode::Done;
+}
+
 ExitCode DeleteItem(const CArguments& arguments, Console& console, RecordContext& context) {
     const OpenList opened = Open(arguments, console, context);
     if (!opened.row) return opened.exit;

@@ -8,6 +8,7 @@
 [[nodiscard]] ExitCode ListItems(const CArguments& arguments, Console& console, RecordContext& context);
 [[nodiscard]] ExitCode AddItem(const CArguments& arguments, Console& console, RecordContext& context);
 [[nodiscard]] ExitCode RenameItem(const CArguments& arguments, Console& console, RecordContext& context);
+[[nodiscard]] ExitCode MergeItems(const CArguments& arguments, Console& console, RecordContext& context);
 [[nodiscard]] ExitCode DeleteItem(const CArguments& arguments, Console& console, RecordContext& context);
 [[nodiscard]] ExitCode ClearItems(const CArguments& arguments, Console& console, RecordContext& context);
 

@@ -35,6 +35,10 @@ class TestItemCommands : public QObject {
     void RenameToATextThatIsThereInRecords();
     void WordsBehindTwoDashes();
     void RenameInAListThatNoRecordUses();
+    void Merge();
+    void MergeThatIsNone_data();
+    void MergeThatIsNone();
+    void MergeAsks();
     void Delete();
     void DeleteOfANumber();
     void DeleteWithoutAsking();
@@ -281,6 +285,53 @@ void TestItemCommands::RenameInAListThatNoRecordUses() {
     QCOMPARE(Items({u"rename"_s, u"34"_s, u"80"_s, u"90"_s, u"--in-records"_s}).out,
              QByteArray("{\"changed\": 0}\n"));
     QCOMPARE(Texts(u"34"_s), u"90"_s);
+}
+
+/// Records, the item and its places among the dependencies, as one.
+void TestItemCommands::Merge() {
+    Fill(u"16"_s, {u"ACME"_s, u"Acme Ltd"_s});
+    Fill(u"17"_s, {u"Bolt"_s, u"Nut"_s});
+    for (const QString& path : {u"ACME Bolt"_s, u"ACME Nut"_s})
+        QCOMPARE(m_home->Run(QStringList{u"tree"_s, u"add"_s, u"time"_s} + path.split(u' ')).exit, 0);
+    QCOMPARE(m_home->Run({u"tree"_s, u"add"_s, u"time"_s, u"Acme Ltd"_s, u"Nut"_s}).exit, 0);
+    for (const QString& client : {u"ACME"_s, u"Acme Ltd"_s})
+        QCOMPARE(m_home->Run({u"time"_s, u"add"_s, u"--item1"_s, client}).exit, 0);
+    const Reply reply = Items({u"merge"_s, u"Client"_s, u"ACME"_s, u"Acme Ltd"_s, u"--yes"_s});
+    QCOMPARE(reply.exit, 0);
+    QCOMPARE(reply.Object(), FromText(u"{'changed': 1}"_s));
+    QCOMPARE(Texts(u"16"_s), u"Acme Ltd"_s);
+    const QJsonArray tree = m_home->RunJson({u"tree"_s, u"show"_s, u"time"_s}).Array();
+    QCOMPARE(tree.size(), 1);
+    QCOMPARE(tree[0][u"item"].toString(), u"Acme Ltd"_s);
+    QStringList below;
+    for (const QJsonValue& child : tree[0][u"children"].toArray()) below += child[u"item"].toString();
+    QCOMPARE(below.join(u' '), u"Bolt Nut"_s);
+    QCOMPARE(m_home->RunJson({u"time"_s, u"list"_s, u"--item1"_s, u"Acme Ltd"_s}).Object()[u"count"].toInt(),
+             2);
+}
+
+void TestItemCommands::MergeThatIsNone_data() {
+    QTest::addColumn<QString>("gone");
+    QTest::addColumn<QString>("kept");
+    QTest::addColumn<int>("exit");
+    QTest::newRow("the first isn't there") << u"Zoo"_s << u"Acme"_s << 4;
+    QTest::newRow("the second isn't there") << u"Acme"_s << u"Zoo"_s << 4;
+    QTest::newRow("both are the same") << u"Acme"_s << u"Acme"_s << 2;
+}
+
+void TestItemCommands::MergeThatIsNone() {
+    QFETCH(QString, gone);
+    QFETCH(QString, kept);
+    Fill(u"16"_s, {u"Acme"_s});
+    QTEST(Items({u"merge"_s, u"16"_s, gone, kept, u"--yes"_s}).exit, "exit");
+    QCOMPARE(Texts(u"16"_s), u"Acme"_s);
+}
+
+/// Without a terminal the answer is no.
+void TestItemCommands::MergeAsks() {
+    Fill(u"16"_s, {u"A"_s, u"B"_s});
+    QCOMPARE(Items({u"merge"_s, u"16"_s, u"A"_s, u"B"_s}).exit, 1);
+    QCOMPARE(Texts(u"16"_s), u"A|B"_s);
 }
 
 void TestItemCommands::Delete() {
