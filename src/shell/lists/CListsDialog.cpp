@@ -321,7 +321,7 @@ void CListsDialog::Rename() {
     if (former.isNull()) return m_editor.TellNothingSelected(Text::NoItemToRename);
     const std::optional<QString> text =
         AskText(this, {.title = FormatText<Text::RenameItemTitle>(former),
-                       .label = LoadText(Text::PromptRenameItem) + Caption(List()),
+                       .label = LoadText(Text::PromptRenameItem).trimmed(),
                        .opening = former});
     if (!text) return;
     const ItemRename rename{.list = List(), .oldText = former, .newText = *text};
