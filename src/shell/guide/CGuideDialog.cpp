@@ -56,15 +56,12 @@ CGuideDialog::CGuideDialog(CGuide& guide, CPrompt& prompt, CProfile& profile, QW
       m_stack(new QStackedWidget) {
     setObjectName(u"guideDialog"_s);
     setWindowTitle(LoadText(Text::GuideTitle));
-    CMnemonics mnemonics;
     auto* column = new QVBoxLayout(this);
     column->setSpacing(kFormSpace);
     AddHead(*column);
+    AddPages();
     column->addWidget(m_scroll, 1);
-    AddButtons(*column, mnemonics);
-    AddPages(mnemonics);
-    // First the page, then the buttons.
-    for (CGuidePage* page : m_pages) setTabOrder(page, m_skip);
+    AddButtons(*column);
     RestoreDialogSize(*this, m_profile, SizeSection(), kUsualSize);
     Open(0);
 }
@@ -86,22 +83,20 @@ void CGuideDialog::AddHead(QVBoxLayout& column) {
     column.addSpacing(kFormSpace);
 }
 
-QPushButton* CGuideDialog::AddButton(QHBoxLayout& row, Text text, const QString& objectName,
-                                     CMnemonics& mnemonics) {
-    auto* button = new QPushButton(mnemonics.Take(LoadText(text)));
+QPushButton* CGuideDialog::AddButton(QHBoxLayout& row, Text text, const QString& objectName) {
+    auto* button = new QPushButton(LoadText(text));
     NameWidget(*button, objectName, CMnemonics::Plain(LoadText(text)));
     row.addWidget(button);
     return button;
 }
 
-void CGuideDialog::AddButtons(QVBoxLayout& column, CMnemonics& mnemonics) {
+/// After the pages, and so behind them with Tab as well.
+void CGuideDialog::AddButtons(QVBoxLayout& column) {
     auto* row = new QHBoxLayout;
-    m_skip = AddButton(*row, Text::GuideSkip, u"guideSkip"_s, mnemonics);
+    m_skip = AddButton(*row, Text::GuideSkip, u"guideSkip"_s);
     row->addStretch();
-    m_back = AddButton(*row, Text::GuideBack, u"guideBack"_s, mnemonics);
-    m_next = AddButton(*row, Text::GuideNext, u"guideNext"_s, mnemonics);
-    // The last page gives this button its other words.
-    static_cast<void>(mnemonics.Take(LoadText(Text::GuideFinish)));
+    m_back = AddButton(*row, Text::GuideBack, u"guideBack"_s);
+    m_next = AddButton(*row, Text::GuideNext, u"guideNext"_s);
     m_next->setDefault(true);
     m_skip->setAutoDefault(false);
     m_back->setAutoDefault(false);
@@ -113,7 +108,10 @@ void CGuideDialog::AddButtons(QVBoxLayout& column, CMnemonics& mnemonics) {
 }
 
 /// On a small screen a page scrolls.
-void CGuideDialog::AddPages(const CMnemonics& mnemonics) {
+void CGuideDialog::AddPages() {
+    CMnemonics mnemonics;
+    for (const Text button : {Text::GuideSkip, Text::GuideBack, Text::GuideNext, Text::GuideFinish})
+        static_cast<void>(mnemonics.Take(LoadText(button)));
     m_pages = {new CGuideWordsPage(m_guide, mnemonics), new CGuideWorkPage(m_guide, mnemonics),
                new CGuideHoursPage(m_guide, mnemonics), new CGuideTimerPage(m_guide, mnemonics)};
     for (CGuidePage* page : m_pages) {

@@ -8,7 +8,6 @@
 
 class CGuide;
 class CGuidePage;
-class CMnemonics;
 class CProfile;
 class CPrompt;
 class QHBoxLayout;
@@ -40,9 +39,9 @@ class CGuideDialog final : public QDialog {
 
  private:
     void AddHead(QVBoxLayout& column);
-    void AddPages(const CMnemonics& mnemonics);
-    QPushButton* AddButton(QHBoxLayout& row, Text text, const QString& objectName, CMnemonics& mnemonics);
-    void AddButtons(QVBoxLayout& column, CMnemonics& mnemonics);
+    void AddPages();
+    QPushButton* AddButton(QHBoxLayout& row, Text text, const QString& objectName);
+    void AddButtons(QVBoxLayout& column);
     [[nodiscard]] CGuidePage& Page() const { return *m_pages[m_place]; }
     [[nodiscard]] bool IsLast() const { return m_place + 1 == m_pages.size(); }
     void Open(std::size_t place);

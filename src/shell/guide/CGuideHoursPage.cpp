@@ -21,7 +21,8 @@ using namespace Qt::Literals::StringLiterals;
 namespace {
 
 /// Rows of the choice of durations, in their order.
-enum SpanRow { kClockRow, kDecimalRow };
+constexpr int kClockRow = 0;
+constexpr int kDecimalRow = 1;
 constexpr int kUsualPlaces = 2;
 
 /// What the user chooses here, the region doesn't decide any more.
