@@ -1,33 +1,45 @@
 #include "records/CVORecordset.h"
 
 #include "lang/FormatText.h"
-#include "records/CStoreTable.h"
+#include "records/CVOId.h"
+#include "records/CVORec.h"
+#include "records/FieldDef.h"
 
+#include <QStringList>
 #include <algorithm>
 
+bool CVORecordset::TakeRecord(const CVORec& record) {
+    m_fields = record.GetFieldDefs();
+    m_written.assign(m_fields.size(), {});
+    m_nextColumn = 0;
+    m_errorCode = 0;
+    m_errorTexts = {};
+    if (IsIdentity(record.GetId())) return record.WriteFields(*this);
+    m_errorCode = RowError::kNoIdentity;
+    m_errorTexts = {LoadText(Text::RecordWithoutIdentity)};
+    return false;
+}
+
 bool CVORecordset::SetFieldValue(const QString& name, const VARIANT& value) {
-    if (!m_table) return false;
-    const std::vector<QString>& columns = m_table->Columns();
+    const auto isNamed = [&name](const FieldDef& field) { return LoadText(field.nameId) == name; };
     std::size_t column = m_nextColumn;
-    if (column >= columns.size() || columns[column] != name)
-        column = static_cast<std::size_t>(std::find(columns.begin(), columns.end(), name) - columns.begin());
-    if (column == columns.size() || IsTooLong(column, value)) return false;
+    if (column >= m_fields.size() || !isNamed(m_fields[column]))
+        column = static_cast<std::size_t>(std::ranges::find_if(m_fields, isNamed) - m_fields.begin());
+    if (column == m_fields.size() || IsTooLong(column, value)) return false;
     m_written[column] = value;
     m_nextColumn = column + 1;
     return true;
 }
 
-bool CVORecordset::GetRows(RowTable& out, std::size_t most) {
-    return m_cursor.Take(out, most);
+QString CVORecordset::Words() const {
+    QStringList words;
+    for (const QString& text : m_errorTexts)
+        if (!text.isEmpty() && !words.contains(text)) words += text;
+    return words.isEmpty() ? LoadText(Text::UnreadableRow) : words.join(u' ');
 }
 
-void CVORecordset::StartRow(const CStoreTable& table, std::span<const FieldDef> fields) {
-    m_table = &table;
-    m_fields = fields;
-    m_written.assign(table.Columns().size(), {});
-    m_nextColumn = 0;
-    m_errorCode = 0;
-    m_errorTexts = {};
+bool CVORecordset::GetRows(RowTable& out, std::size_t most) {
+    return m_cursor.Take(out, most);
 }
 
 /// Nothing is cut off in silence: a text that doesn't fit is refused.
@@ -36,7 +48,7 @@ bool CVORecordset::IsTooLong(std::size_t column, const VARIANT& value) {
     const int most = m_fields[column].length;
     if (!text || text->size() <= most) return false;
     m_errorCode = RowError::kTooLong;
-    m_errorTexts = {
-        FormatText<Text::TextTooLong>(m_table->Columns()[column], static_cast<int>(text->size()), most)};
+    m_errorTexts = {FormatText<Text::TextTooLong>(LoadText(m_fields[column].nameId),
+                                                  static_cast<int>(text->size()), most)};
     return true;
 }

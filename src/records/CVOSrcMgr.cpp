@@ -80,11 +80,7 @@ bool CVOSrcMgr::Fail(std::int32_t code, const QString& words) {
 
 /// A row that its record refused: the record's code and words, where it gave any.
 bool CVOSrcMgr::FailByRecord() {
-    QStringList words;
-    for (const QString& text : m_recordset->m_errorTexts)
-        if (!text.isEmpty() && !words.contains(text)) words += text;
-    if (words.isEmpty()) words += LoadText(Text::UnreadableRow);
-    return Fail(m_recordset->m_errorCode, words.join(u' '));
+    return Fail(m_recordset->m_errorCode, m_recordset->Words());
 }
 
 bool CVOSrcMgr::InitDataSrc(eActionDisposition& source, eActionDisposition& second) {
@@ -192,12 +188,10 @@ bool CVOSrcMgr::MoveNext() {
 bool CVOSrcMgr::FillRow(const CVORec& record, Table& table) {
     if (!m_recordset || m_recordset->m_cursor.Table().isEmpty())
         return Fail(SQLITE_MISUSE, LoadText(Text::NoTableToWrite));
-    if (!IsIdentity(record.GetId())) return Fail(SQLITE_CONSTRAINT, LoadText(Text::RecordWithoutIdentity));
     table = m_impl->TableOf(m_recordset->m_cursor.Table());
     if (!table) return FailByFile();
     if (!table->Fits(record.GetFieldDefs())) return Fail(SQLITE_MISMATCH, LoadText(Text::NoTableToWrite));
-    m_recordset->StartRow(*table, record.GetFieldDefs());
-    return record.WriteFields(*m_recordset) || FailByRecord();
+    return m_recordset->TakeRecord(record) || FailByRecord();
 }
 
 /// Leaves the transaction that a failed change has opened for itself.

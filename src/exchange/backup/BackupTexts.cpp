@@ -20,6 +20,13 @@ QString BackupCountsText(const BackupContent& content) {
     return FormatText<Text::BackupCounts>(content.Total(), counts[0], counts[1], counts[2], counts[3]);
 }
 
+/// "A record can't be stored [13], and why."
+QString InsertFailure(std::int32_t code, const QString& words) {
+    const QString hex = QString::number(static_cast<std::uint32_t>(code), 16).toUpper();
+    const QString failure = LoadText(Text::RestoreInsertFailed) + QStringLiteral(" [%1]").arg(hex);
+    return words.isEmpty() ? failure : failure + QStringLiteral(", ") + words;
+}
+
 QString RestoreRefusal(const QString& path, const QString& reason) {
     return LoadText(Text::BackupRefused) + path + LoadText(Text::BackupRefusedEnd) +
            Reason(Text::BackupReason, reason, Text::BackupReasonEnd) + LoadText(Text::RestoreNothingChanged);

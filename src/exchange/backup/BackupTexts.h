@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstdint>
 
 struct BackupContent;
 struct SYSTEMTIME;
@@ -13,5 +14,7 @@ struct SYSTEMTIME;
 [[nodiscard]] QString BackupCountsText(const BackupContent& content);
 /// Why a file can't be restored, and that nothing was changed.
 [[nodiscard]] QString RestoreRefusal(const QString& path, const QString& reason);
+/// Why a record of a backup can't be stored: the store's code and words.
+[[nodiscard]] QString InsertFailure(std::int32_t code, const QString& words);
 /// Why a restore failed on the way.
 [[nodiscard]] QString RestoreFailure(const QString& path, const QString& reason);

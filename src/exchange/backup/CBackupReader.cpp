@@ -152,6 +152,7 @@ bool CBackupReader::ReadRecord(const TableRow& table, std::int32_t idLength, con
     const auto record = NewExactRecord(table.kind, m_isPacked);
     if (!record->FromBytes(data, false)) return FailIn(table.className);
     record->SetId(MeantIdentity(id));
+    if (id.isEmpty()) record->GenUnique();
     if (take) m_outcome.error = take(*record);
     return m_outcome.error.isEmpty() && GoesOn(data.size() + id.size() * 2 + 8);
 }

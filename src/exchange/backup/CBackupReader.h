@@ -14,7 +14,8 @@ class QIODevice;
 /// anything is made of it.
 class CBackupReader {
  public:
-    /// Takes each record in turn; its identity is empty where the file has none. A text ends the reading.
+    /// Takes each record in turn; one that has no identity in the file has a new one. A text ends the
+    /// reading.
     using Take = std::function<QString(CVORec& record)>;
 
     CBackupReader(QIODevice& file, CProgress& progress) : m_file(file), m_progress(progress) {}

@@ -8,9 +8,12 @@
 #include "lang/FormatText.h"
 #include "platform/host/CClock.h"
 #include "platform/host/CPrompt.h"
+#include "platform/host/ErrorText.h"
 #include "platform/sqlite/CSqliteFile.h"
+#include "records/CVORecordset.h"
 
 #include <QFileInfo>
+#include <cerrno>
 #include <optional>
 
 namespace {
@@ -26,15 +29,6 @@ QString SafetyCopyName(const SYSTEMTIME& time) {
                                             time.wSecond);
 }
 
-/// "A record can't be stored [13], and why."
-QString InsertFailure(const CVOSrcMgr& source) {
-    QString words = LoadText(Text::RestoreInsertFailed) +
-                    QStringLiteral(" [%1]").arg(
-                        QString::number(static_cast<std::uint32_t>(source.m_errorCode), 16).toUpper());
-    if (!source.m_error.isEmpty()) words += QStringLiteral(", ") + source.m_error;
-    return words;
-}
-
 /// Puts the records of a backup into their tables as they come: all of one table, then all of the next.
 class CTableFiller {
  public:
@@ -42,8 +36,9 @@ class CTableFiller {
 
     [[nodiscard]] QString Put(CVORec& record) {
         if (m_kind != record.Kind() && !Turn(record.Kind())) return LoadText(Text::RestoreTableNotOpen);
-        if (record.GetId().isEmpty()) record.GenUnique();
-        return m_source.Manager().Insert(record) ? QString() : InsertFailure(m_source.Manager());
+        const CVOSrcMgr& manager = m_source.Manager();
+        return m_source.Manager().Insert(record) ? QString()
+                                                 : InsertFailure(manager.m_errorCode, manager.m_error);
     }
 
  private:
@@ -58,15 +53,29 @@ class CTableFiller {
 
 }  // namespace
 
+/// Why the file can't be opened; empty when it is open. A pipe would be waited for, and could not be read
+/// twice.
+QString CRestore::OpenFile(const QString& path) {
+    m_file.setFileName(path);
+    const QFileInfo file(path);
+    const bool mayBeOpened = file.isFile() || !file.exists();
+    if (mayBeOpened && m_file.open(QIODevice::ReadOnly)) return {};
+    const QString why = mayBeOpened    ? m_file.errorString()
+                        : file.isDir() ? ErrorText(EISDIR)
+                                       : LoadText(Text::BackupNoPlainFile);
+    return LoadText(Text::BackupCantOpen) + u' ' + why;
+}
+
+/// A record that the store would refuse is met here already, and in the same words.
 BackupOutcome CRestore::Verify(const QString& path) {
     BackupOutcome outcome;
-    m_file.setFileName(path);
-    // A pipe would be waited for, and could not be read twice.
-    if (!QFileInfo(path).isFile() || !m_file.open(QIODevice::ReadOnly)) {
-        outcome.error = LoadText(Text::BackupCantOpen);
-        return outcome;
-    }
-    outcome = CBackupReader(m_file, m_context.progress).Verify();
+    outcome.error = OpenFile(path);
+    if (!outcome) return outcome;
+    CVORecordset row;
+    const auto objection = [&row](CVORec& record) {
+        return row.TakeRecord(record) ? QString() : InsertFailure(row.m_errorCode, row.Words());
+    };
+    outcome = CBackupReader(m_file, m_context.progress).Read(LoadText(Text::ProgressVerify), objection);
     m_verified = outcome.content;
     return outcome;
 }

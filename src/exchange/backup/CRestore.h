@@ -35,7 +35,8 @@ class CRestore {
     };
     explicit CRestore(const Context& context) : m_context(context) {}
 
-    /// Reads all of the file without touching any records.
+    /// Reads all of the file, to the last record that the store could not take, without touching any records
+    /// that are there.
     [[nodiscard]] BackupOutcome Verify(const QString& path);
     /// Asks twice whether the records are to be replaced by those that were verified.
     [[nodiscard]] bool IsConfirmed();
@@ -43,6 +44,7 @@ class CRestore {
     [[nodiscard]] RestoreOutcome Run(const QString& home);
 
  private:
+    [[nodiscard]] QString OpenFile(const QString& path);
     [[nodiscard]] bool Ask(Text question, const QString& words, Text title);
     [[nodiscard]] QString Replace(CSecondSource& source, const QString& copy, RestoreOutcome& outcome);
     [[nodiscard]] QString SaveThePresent(CSecondSource& source, const QString& path, RestoreOutcome& outcome);

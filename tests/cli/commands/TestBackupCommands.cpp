@@ -124,6 +124,9 @@ void TestBackupCommands::VerifyRefuses() {
     QCOMPARE(reply.exit, 1);
     QVERIFY2(reply.err.contains(LoadText(reason).toUtf8()), reply.err.constData());
     QCOMPARE(ConsoleHome::RunBare({u"verify"_s, File(u"none.vbk"_s)}).exit, 4);
+    const Reply folder = ConsoleHome::RunBare({u"verify"_s, File({})});
+    QCOMPARE(folder.exit, 1);
+    QVERIFY2(folder.err.contains("Is a directory"), folder.err.constData());
 }
 
 void TestBackupCommands::ThereAndBack() {

@@ -116,8 +116,9 @@ void TestCBackupReader::TheRecordsOfAFile() {
     });
     QVERIFY(read);
     QCOMPARE(records.size(), 2);
+    QVERIFY(records[0].first != records[1].first);
     for (const auto& [id, bytes] : records) {
-        QVERIFY(id.isEmpty());
+        QVERIFY(IsIdentity(id));
         QVERIFY(file.data().contains(bytes));
     }
 }

@@ -47,6 +47,8 @@ class TestCRestore : public QObject {
     void Refused();
     void NothingIsLostByARecordThatCantBeStored_data();
     void NothingIsLostByARecordThatCantBeStored();
+    void WhatTheStoreRefusesIsMetBefore_data();
+    void WhatTheStoreRefusesIsMetBefore();
     void TheSafetyCopyHoldsWhatWasThere();
     void NoSafetyCopyOfNothing();
     void NoRestoreWithoutASafetyCopy();
@@ -148,19 +150,20 @@ void TestCRestore::TwoQuestions() {
 
 void TestCRestore::Refused_data() {
     QTest::addColumn<QString>("path");
-    QTest::addColumn<Text>("reason");
-    QTest::newRow("no file") << u"/nowhere/b.vbk"_s << Text::BackupCantOpen;
-    QTest::newRow("a folder") << u"/tmp"_s << Text::BackupCantOpen;
-    QTest::newRow("a device without an end") << u"/dev/zero"_s << Text::BackupCantOpen;
-    QTest::newRow("no backup") << GoldenPath(u"make.py"_s) << Text::BackupDigestDiffers;
+    QTest::addColumn<QString>("reason");
+    const QString closed = LoadText(Text::BackupCantOpen) + u' ';
+    QTest::newRow("no file") << u"/nowhere/b.vbk"_s << closed + u"No such file or directory"_s;
+    QTest::newRow("a folder") << u"/tmp"_s << closed + u"Is a directory"_s;
+    QTest::newRow("a device without an end") << u"/dev/zero"_s << closed + LoadText(Text::BackupNoPlainFile);
+    QTest::newRow("no backup") << GoldenPath(u"make.py"_s) << LoadText(Text::BackupDigestDiffers);
 }
 
 void TestCRestore::Refused() {
     QFETCH(QString, path);
-    QFETCH(Text, reason);
+    QFETCH(QString, reason);
     m_home->AddTime(2026, 11, 19);
     const QStringList before = StoreRows(*m_home);
-    QCOMPARE(Restore(path).error, LoadText(reason));
+    QCOMPARE(Restore(path).error, reason);
     QCOMPARE(StoreRows(*m_home), before);
     QCOMPARE(SafetyCopies(), QStringList());
 }
@@ -185,6 +188,25 @@ void TestCRestore::NothingIsLostByARecordThatCantBeStored() {
     // The store can be changed again at once.
     m_home->AddTime(2026, 11, 19);
     QCOMPARE(StoreRows(*m_home).size(), before.size() + 1);
+}
+
+void TestCRestore::WhatTheStoreRefusesIsMetBefore_data() {
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("reason");
+    const QString noIdentity = u" [13], "_s + LoadText(Text::RecordWithoutIdentity);
+    QTest::newRow("an identity that is none") << u"no-hex.vbk"_s << noIdentity;
+    QTest::newRow("a text that is too long") << u"too-long.vbk"_s << u" [FFFFFFFD], The text of \"item1\""_s;
+}
+
+/// The digest is right, and yet it couldn't be restored.
+void TestCRestore::WhatTheStoreRefusesIsMetBefore() {
+    QFETCH(QString, file);
+    QFETCH(QString, reason);
+    CRestore restore({.prompt = m_home->prompt, .clock = m_home->clock, .progress = m_progress});
+    const BackupOutcome verified = restore.Verify(GoldenPath(file));
+    QVERIFY(!verified);
+    QVERIFY2(verified.error.startsWith(LoadText(Text::RestoreInsertFailed) + reason),
+             qPrintable(verified.error));
 }
 
 void TestCRestore::TheSafetyCopyHoldsWhatWasThere() {
