@@ -12,6 +12,8 @@
 namespace {
 
 constexpr int kGatherMs = 60;
+/// So often a whole refresh looks whether the dialog that it waits for is gone.
+constexpr int kDialogMs = 300;
 
 InstanceReply Refused(Text why) {
     return InstanceReply::Refused(ReplyReason::WindowOwns, LoadText(why));
@@ -22,7 +24,6 @@ InstanceReply Refused(Text why) {
 CInstanceHost::CInstanceHost(Context context, QObject* parent)
     : QObject(parent), m_context(std::move(context)) {
     m_delay.setSingleShot(true);
-    m_delay.setInterval(kGatherMs);
     connect(&m_delay, &QTimer::timeout, this, &CInstanceHost::ShowChanges);
 }
 
@@ -63,23 +64,28 @@ void CInstanceHost::NoteChange(const OutsideChange& change) {
         (*change.kind == RecordKind::Time ? m_changedTimes : m_changedExpenses).append(change.ids);
     else
         m_allChanged = true;
-    if (!m_delay.isActive()) m_delay.start();
+    if (!m_delay.isActive()) m_delay.start(kGatherMs);
 }
 
 bool CInstanceHost::IsBusy() const {
     return m_context.isBusy() || m_context.document.IsBeingChanged();
 }
 
+/// Single records change under a dialog: who edits one is told when it is stored. Everything else waits for
+/// its end, as a dialog may show lists and records that a whole refresh takes away.
 void CInstanceHost::ShowChanges() {
-    if (IsBusy()) return m_delay.start();
+    if (IsBusy()) return m_delay.start(kGatherMs);
     const QStringList times = std::exchange(m_changedTimes, {});
     const QStringList expenses = std::exchange(m_changedExpenses, {});
-    const bool lists = std::exchange(m_listsChanged, false);
-    const bool all = std::exchange(m_allChanged, false) || (lists && !m_context.refreshLists);
     const auto isShown = [this](RecordKind kind, const QStringList& ids) {
         return ids.isEmpty() || m_context.document.RefreshRecords(kind, ids);
     };
-    if (all || !isShown(RecordKind::Time, times) || !isShown(RecordKind::Expense, expenses))
+    if (!m_allChanged)
+        m_allChanged = !isShown(RecordKind::Time, times) || !isShown(RecordKind::Expense, expenses);
+    if (!m_allChanged && !m_listsChanged) return;
+    if (m_context.hasDialog()) return m_delay.start(kDialogMs);
+    const bool lists = std::exchange(m_listsChanged, false);
+    if (std::exchange(m_allChanged, false) || !m_context.refreshLists)
         m_context.refresh();
     else if (lists)
         m_context.refreshLists();

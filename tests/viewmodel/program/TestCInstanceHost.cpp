@@ -202,6 +202,38 @@ class TestCInstanceHost final : public QObject {
         QTRY_COMPARE(fixture.refreshed, 1);
     }
 
+    /// What a dialog shows isn't taken away under it.
+    void aWholeRefreshWaitsForADialog_data() {
+        QTest::addColumn<bool>("replaced");
+        QTest::newRow("everything may have changed") << false;
+        QTest::newRow("all records were replaced") << true;
+    }
+    void aWholeRefreshWaitsForADialog() {
+        QFETCH(bool, replaced);
+        Fixture fixture;
+        fixture.dialog = true;
+        QVERIFY(fixture.host.Handle({replaced ? InstanceCommand::Refresh : InstanceCommand::SyncEnd}));
+        QTest::qWait(150);
+        QCOMPARE(fixture.refreshed, 0);
+        fixture.dialog = false;
+        QTRY_COMPARE(fixture.refreshed, 1);
+        QTest::qWait(150);
+        QCOMPARE(fixture.refreshed, 1);
+    }
+
+    void listsWaitForADialogButRecordsDont() {
+        Fixture fixture;
+        fixture.dialog = true;
+        const QString added = fixture.AddOutside();
+        QJsonObject change = fixture.Changed({added});
+        change.insert(u"lists"_s, true);
+        (void)fixture.host.Handle({InstanceCommand::SyncEnd, change});
+        QTRY_VERIFY(fixture.home.document->FindTime(added));
+        QCOMPARE(fixture.refreshed, 0);
+        fixture.dialog = false;
+        QTRY_COMPARE(fixture.refreshed, 1);
+    }
+
     void runsATimerCommand() {
         Fixture fixture;
         const InstanceReply answer =
