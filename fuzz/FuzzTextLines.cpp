@@ -64,7 +64,7 @@ bool IsPlain(const CVORec& record) {
 /// What was read once stays what it is when it is written and read again.
 void WriteAndRead(const CVORec& record) {
     if (!IsPlain(record)) return;
-    CPieces source(LineOf(record, PresetDelimiters()), 1000);
+    CPieces source(LineOf(record.Kind(), FieldsIn(record), PresetDelimiters()), 1000);
     CRecordLines lines(source, record.Kind(), {.delimiters = PresetDelimiters()});
     if (lines.Read() != CRecordLines::Next::Record) return;  // a date that its own form can't be read from
     for (const TextColumn& column : TextColumnsOf(record.Kind()))

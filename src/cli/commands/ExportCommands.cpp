@@ -17,11 +17,11 @@
 #include "cli/output/COutput.h"
 #include "config/CCfgStore.h"
 #include "exchange/backup/MakeBackup.h"
-#include "exchange/export/CTextExport.h"
+#include "exchange/export/CRecordExport.h"
 #include "exchange/export/ItemExport.h"
 #include "exchange/export/PostProcessing.h"
-#include "exchange/export/RecordText.h"
 #include "exchange/import/CIdList.h"
+#include "exchange/text/TextColumns.h"
 #include "lang/FormatText.h"
 
 #include <algorithm>
@@ -83,6 +83,8 @@ QString PostProblem(const CArguments& arguments, const CCfgStore& settings, Want
     const auto typed = arguments.Value("post");
     if (!typed) {
         wanted.post = static_cast<AfterExport>(settings.exportPostProcessing);
+        const bool canBeAsked = ::isatty(STDIN_FILENO) != 0;
+        if (wanted.post == AfterExport::Ask && !canBeAsked) wanted.post = AfterExport::Nothing;
         return {};
     }
     const auto* row = std::ranges::find(kPosts, QStringView(*typed), &PostRow::word);
@@ -123,26 +125,25 @@ using Records = std::function<bool(const std::function<void(const CVORec& record
 
 struct Exported {
     ExitCode exit = ExitCode::Failed;
-    CIdList ids;
-    qint64 replaced = 0;
+    int count = 0;
+    CIdList ids;  ///< in their order, where something is to become of the records
+    ExportEnd end = {};
 };
 
 Exported WriteFile(const Wanted& wanted, const Records& records, Console& console, RecordContext& context) {
     Exported exported;
-    CTextExport file(wanted.path, wanted.form);
-    // What can't be written is told at the end.
-    static_cast<void>(file.Put(
-        HeadLine(wanted.kind, wanted.form.delimiters, context.catalogue.Labels(), context.settings)));
+    CRecordExport file(wanted.path, wanted.form, wanted.kind, {context.catalogue.Labels(), context.settings});
+    const bool areNamed = wanted.post != AfterExport::Nothing;
     const bool areThere = records([&](const CVORec& record) {
-        static_cast<void>(file.Put(LineOf(record, wanted.form.delimiters)));
-        exported.ids.Append(record.GetId());
+        file.Put(record);
+        ++exported.count;
+        if (areNamed) exported.ids.Append(record.GetId());
     });
     if (!areThere) return exported;
-    const ExportEnd end = file.Finish();
-    exported.replaced = end.replaced;
-    exported.exit = end.isWritten ? ExitCode::Done : Refuse(ExitCode::Failed, end.words, console);
-    if (end.replaced > 0)
-        console.out.Note(FormatText<Text::ExportCharsReplaced>(static_cast<int>(end.replaced)));
+    exported.end = file.Finish();
+    exported.exit =
+        exported.end.isWritten ? ExitCode::Done : Refuse(ExitCode::Failed, exported.end.words, console);
+    for (const ExportNote& note : NotesOn(exported.end)) console.out.Note(note.words);
     return exported;
 }
 
@@ -153,13 +154,11 @@ struct Processed {
     qsizetype count = 0;
 };
 
-/// Where the user is to be asked: on a terminal, and only about what can be taken back.
+/// Where the user is to be asked: only about what can be taken back.
 AfterExport WhatBecomes(const Wanted& wanted, const Exported& exported, Console& console) {
     if (wanted.post != AfterExport::Ask) return wanted.post;
-    if (::isatty(STDIN_FILENO) == 0) return AfterExport::Nothing;
-    const QString question =
-        FormatText<Text::PostProcessingHint>(static_cast<int>(exported.ids.Count()), wanted.path) + u'\n' +
-        LoadText(Text::AfterExportMark) + u'?';
+    const QString question = FormatText<Text::PostProcessingHint>(exported.count, wanted.path) + u'\n' +
+                             LoadText(Text::AfterExportMark) + u'?';
     return Confirm(Text::PostProcessingHint, question, Text::PostProcessingTitle, Text::AfterExportMark,
                    console)
                ? AfterExport::Mark
@@ -168,8 +167,10 @@ AfterExport WhatBecomes(const Wanted& wanted, const Exported& exported, Console&
 
 Processed Process(const Wanted& wanted, const Exported& exported, Console& console, RecordContext& context) {
     Processed processed{.what = WhatBecomes(wanted, exported, console)};
-    if (processed.what == AfterExport::Delete && exported.replaced > 0) {
-        console.out.Note(LoadText(Text::ExportNotDeleted));
+    if (processed.what == AfterExport::Nothing) return processed;
+    const auto objection = WhyNotDeleted(exported.end);
+    if (processed.what == AfterExport::Delete && objection) {
+        console.out.Note(LoadText(*objection));
         return processed;
     }
     const Outcome outcome = PostProcess(processed.what, wanted.kind, exported.ids.All(), context.changes);
@@ -180,7 +181,7 @@ Processed Process(const Wanted& wanted, const Exported& exported, Console& conso
 }
 
 void PrintExported(const Exported& exported, const Processed& processed, COutput& out) {
-    const auto written = static_cast<int>(exported.ids.Count()), count = static_cast<int>(processed.count);
+    const int written = exported.count, count = static_cast<int>(processed.count);
     if (!out.isJson) {
         out.PutLine(FormatText<Text::CliExported>(written));
         if (processed.what == AfterExport::Delete) out.PutLine(FormatText<Text::CliDeleted>(count));
@@ -195,9 +196,13 @@ void PrintExported(const Exported& exported, const Processed& processed, COutput
         json.Key(processed.what == AfterExport::Delete ? "deleted" : "marked");
         json.Integer(count);
     }
-    if (exported.replaced > 0) {
+    if (exported.end.replaced > 0) {
         json.Key("replaced");
-        json.Integer(exported.replaced);
+        json.Integer(exported.end.replaced);
+    }
+    if (exported.end.lost > 0) {
+        json.Key("notReadBack");
+        json.Integer(exported.end.lost);
     }
     json.EndObject();
     out.Put("\n");
@@ -219,10 +224,12 @@ ExitCode NothingSelected(Console& console) {
 }
 
 /// Before anything is written.
-ExitCode CheckDeleting(const Wanted& wanted, const QStringList& ids, Console& console,
+ExitCode CheckDeleting(const Wanted& wanted, const CListedRecords& listed, Console& console,
                        RecordContext& context) {
-    return wanted.post == AfterExport::Delete ? CheckTimers(wanted.kind, ids, console, context)
-                                              : ExitCode::Done;
+    if (wanted.post != AfterExport::Delete) return ExitCode::Done;
+    QStringList ids;
+    listed.ForEachId([&ids](const QString& id) { ids.append(id); });
+    return CheckTimers(wanted.kind, ids, console, context);
 }
 
 /// In the order in which they were given.
@@ -230,8 +237,9 @@ ExitCode ExportByIds(const Wanted& wanted, const QStringList& typed, Console& co
                      RecordContext& context) {
     const auto ids = FindRecords(wanted.kind, typed, console, context);
     if (!ids) return LookupFailed(context);
-    if (const ExitCode exit = CheckDeleting(wanted, *ids, console, context); exit != ExitCode::Done)
-        return exit;
+    if (wanted.post == AfterExport::Delete)
+        if (const ExitCode exit = CheckTimers(wanted.kind, *ids, console, context); exit != ExitCode::Done)
+            return exit;
     return Export(
         wanted,
         [&](const std::function<void(const CVORec&)>& put) {
@@ -254,10 +262,9 @@ ExitCode ExportListed(const Wanted& wanted, const CArguments& arguments, Console
     context.timers.Look();
     CRecordReader reader(context.document, wanted.kind, &context.timers.Timers());
     CListedRecords listed(reader, wanted.order);
-    CIdList ids;
-    if (!listed.Find([&ids](const CVORec& record) { ids.Append(record.GetId()); })) return ExitCode::Failed;
+    if (!listed.Find([](const CVORec&) {})) return ExitCode::Failed;
     if (listed.Count() == 0) return NothingSelected(console);
-    if (const ExitCode exit = CheckDeleting(wanted, ids.All(), console, context); exit != ExitCode::Done)
+    if (const ExitCode exit = CheckDeleting(wanted, listed, console, context); exit != ExitCode::Done)
         return exit;
     return Export(
         wanted,
@@ -294,8 +301,7 @@ ExitCode ExportItems(const CArguments& arguments, Console& console, RecordContex
     const ItemExportEnd end = ::ExportItems(arguments.Words().first(), *form, context.document.Store());
     if (!end.areItemsRead) return ExitCode::Failed;
     if (!end.file.isWritten) return Refuse(ExitCode::Failed, end.file.words, console);
-    if (end.file.replaced > 0)
-        console.out.Note(FormatText<Text::ExportCharsReplaced>(static_cast<int>(end.file.replaced)));
+    for (const ExportNote& note : NotesOn(end.file)) console.out.Note(note.words);
     if (!console.out.isJson) console.out.PutLine(FormatText<Text::CliExportedItems>(end.items));
     PrintDone(console.out, "written", end.items);
     return ExitCode::Done;

@@ -11,13 +11,17 @@
 #include "cli/home/CSettingsOwner.h"
 #include "cli/home/CWindowLink.h"
 #include "cli/home/RecordContext.h"
+#include "cli/output/CConsoleProgress.h"
 #include "cli/output/COutput.h"
 #include "config/CCfgStore.h"
 #include "exchange/import/CLineQuestion.h"
+#include "exchange/import/CLookProgress.h"
 #include "lang/FormatText.h"
 
 #include <algorithm>
 #include <cerrno>
+
+#include <unistd.h>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -86,7 +90,7 @@ ExitCode OpenFile(CTextFile& file, const QString& path, Console& console) {
     return Refuse(ExitCode::Failed, FormatText<Text::ImportCantOpen>(path, error), console);
 }
 
-/// How the program ends after a look, and what has to be said about it.
+/// How the program ends after a look, and what has to be said about it when what came before was stored.
 ExitCode EndOfLook(const ImportPlan& plan, const CTextFile& file, Console& console) {
     switch (plan.end) {
         case ImportPlan::End::Complete:
@@ -95,10 +99,8 @@ ExitCode EndOfLook(const ImportPlan& plan, const CTextFile& file, Console& conso
             return Refuse(ExitCode::Failed,
                           FormatText<Text::CliRefusedLine>(plan.lastLine, plan.refused.back().line,
                                                            TextOf(plan.refused.back().code)) +
-                              u'\n' + LoadText(Text::ImportLineAborted),
+                              u'\n' + LoadText(Text::ImportLineEnded),
                           console);
-        case ImportPlan::End::Undecodable:
-            return RefuseUndecodable(plan.lastLine, file, console);
         case ImportPlan::End::Failed:
             return Refuse(ExitCode::Failed, FormatText<Text::ImportReadFailed>(file.Error()), console);
         default:
@@ -106,15 +108,18 @@ ExitCode EndOfLook(const ImportPlan& plan, const CTextFile& file, Console& conso
     }
 }
 
-ImportPlan LookAt(CRecordImport& import, const Wanted& wanted, Console& console, RecordContext& context) {
+/// Where nobody can be asked, a line that is refused ends the import.
+ImportPlan LookAt(CRecordImport& import, const CTextFile& file, OnError onError, Console& console) {
+    if (onError == OnError::Ask && ::isatty(STDIN_FILENO) == 0) onError = OnError::Abort;
     CLineQuestion question(console.prompt);
-    return import.Look({.store = context.document.Store(),
-                        .goesOn =
+    CConsoleProgress shown(console.out);
+    CLookProgress progress(shown, file);
+    return import.Look({.goesOn =
                             [&](const RefusedLine& line) {
-                                return wanted.onError == OnError::Ask ? question.GoesOn(line)
-                                                                      : wanted.onError == OnError::GoOn;
+                                return onError == OnError::Ask ? question.GoesOn(line)
+                                                               : onError == OnError::GoOn;
                             },
-                        .advance = {}});
+                        .advance = [&progress] { return progress.GoesOn(); }});
 }
 
 QList<int> ListsOfRecords() {
@@ -161,22 +166,22 @@ ExitCode ImportRecords(const CArguments& arguments, Console& console, RecordCont
     if (const ExitCode exit = OpenFile(file, arguments.Words().first(), console); exit != ExitCode::Done)
         return exit;
     if (!context.catalogue.LoadLists(ListsOfRecords())) return ExitCode::Failed;
-    CRecordImport import(file, wanted->request);
-    const ImportPlan plan = LookAt(import, *wanted, console, context);
+    CStoredContents stored(kind, wanted->request.form.form);
+    if (stored.Read(context.document.Store()) != CStoredContents::ReadEnd::Complete) return ExitCode::Failed;
+    CRecordImport import(file, wanted->request, stored);
+    const ImportPlan plan = LookAt(import, file, wanted->onError, console);
     if (file.FellBack()) console.out.Note(LoadText(Text::EncodingFellBack));
-    ExitCode exit = EndOfLook(plan, file, console);
-    if (plan.end == ImportPlan::End::Undecodable || plan.end == ImportPlan::End::StoreFailed) return exit;
+    if (plan.end == ImportPlan::End::Undecodable) return RefuseUndecodable(plan.lastLine, file, console);
     ImportAccount account{.plan = plan,
                           .encoding = file.Encoding(),
                           .added = plan.records,
                           .listItems = static_cast<int>(context.catalogue.NewAmong(plan.listTexts).size()),
                           .isDryRun = arguments.Has("dry-run")};
-    if (!account.isDryRun) {
-        const ExitCode stored = Store(import, plan, kind, account, console, context);
-        if (stored != ExitCode::Done) exit = stored;
-    }
+    ExitCode exit = ExitCode::Done;
+    if (!account.isDryRun) exit = Store(import, plan, kind, account, console, context);
     PrintAccount(console.out, account);
-    return exit;
+    const ExitCode endOfLook = EndOfLook(plan, file, console);
+    return exit == ExitCode::Done ? endOfLook : exit;
 }
 
 ExitCode ImportItems(const CArguments& arguments, Console& console, RecordContext& context) {

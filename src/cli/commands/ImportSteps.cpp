@@ -11,6 +11,8 @@
 #include "cli/output/COutput.h"
 #include "cli/output/RecordOutput.h"
 #include "config/CCfgStore.h"
+#include "exchange/import/ImportPreview.h"
+#include "fields/FieldRow.h"
 #include "lang/FormatText.h"
 #include "platform/settings/CSettingsTree.h"
 
@@ -38,6 +40,27 @@ void WriteRefused(CJsonText& json, const std::vector<RefusedLine>& refused) {
     json.EndArray();
 }
 
+/// Only where there is something to say.
+void WriteMisread(CJsonText& json, const ImportPlan& plan) {
+    if (plan.misreadCount == 0) return;
+    WriteInteger(json, "misreadCount", plan.misreadCount);
+    json.Key("misread");
+    json.BeginArray();
+    for (const MisreadLine& line : plan.misread) {
+        json.NewLine();
+        json.BeginObject();
+        WriteInteger(json, "number", line.number);
+        json.Key("field");
+        json.Text(QString::fromLatin1(line.value.field->name));
+        json.Key("text");
+        json.Text(line.value.text);
+        json.Key("read");
+        json.TextOrNull(line.value.read);
+        json.EndObject();
+    }
+    json.EndArray();
+}
+
 /// The new identities, or the first of the records that would be stored.
 void WriteRecords(CJsonText& json, const ImportAccount& account) {
     json.Key(account.isDryRun ? "records" : "ids");
@@ -57,6 +80,7 @@ void WriteJson(COutput& out, const ImportAccount& account) {
     json.BeginObject();
     WriteInteger(json, "added", account.added);
     WriteRefused(json, account.plan.refused);
+    WriteMisread(json, account.plan);
     WriteInteger(json, "listItems", account.listItems);
     WriteInteger(json, "duplicates", account.plan.duplicates);
     json.Key("encoding");
@@ -72,11 +96,18 @@ void PutRefused(COutput& out, const std::vector<RefusedLine>& refused) {
     if (!refused.empty()) out.PutLine(FormatText<Text::CliRefusedLines>(static_cast<int>(refused.size())));
 }
 
+void PutMisread(COutput& out, const ImportPlan& plan) {
+    for (const MisreadLine& line : plan.misread)
+        out.PutLine(MisreadWords(line, QString::fromLatin1(line.value.field->name)));
+    if (plan.misreadCount > 0) out.PutLine(FormatText<Text::CliImportNotes>(plan.misreadCount));
+}
+
 }  // namespace
 
 void PrintAccount(COutput& out, const ImportAccount& account) {
     if (out.isJson) return WriteJson(out, account);
     PutRefused(out, account.plan.refused);
+    PutMisread(out, account.plan);
     if (account.plan.duplicates > 0) out.PutLine(FormatText<Text::CliDuplicates>(account.plan.duplicates));
     out.PutLine(account.isDryRun ? FormatText<Text::CliWouldImport>(account.added, account.listItems)
                                  : FormatText<Text::CliImported>(account.added, account.listItems));

@@ -1,6 +1,6 @@
 #include "exchange/export/CTextExport.h"
 
-#include "lang/LoadText.h"
+#include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
 
 CTextExport::CTextExport(const QString& path, const ExportForm& form)
@@ -29,4 +29,19 @@ void TellNotExported(const ExportEnd& end, CPrompt& prompt) {
                  .text = end.words,
                  .icon = BoxIcon::Warning,
                  .actionLabel = {}});
+}
+
+std::vector<ExportNote> NotesOn(const ExportEnd& end) {
+    std::vector<ExportNote> notes;
+    if (!end.isWritten) return notes;
+    if (end.replaced > 0)
+        notes.push_back({Text::ExportCharsReplaced,
+                         FormatText<Text::ExportCharsReplaced>(static_cast<int>(end.replaced))});
+    if (end.lost > 0) notes.push_back({Text::ExportNotReadBack, end.lostWords});
+    return notes;
+}
+
+std::optional<Text> WhyNotDeleted(const ExportEnd& end) {
+    if (end.replaced > 0) return Text::ExportNotDeleted;
+    return end.lost > 0 ? std::optional(Text::ExportNotDeletedUnread) : std::nullopt;
 }

@@ -7,6 +7,8 @@
 
 #include <QByteArray>
 #include <QString>
+#include <optional>
+#include <vector>
 
 class CPrompt;
 
@@ -22,6 +24,8 @@ struct [[nodiscard]] ExportEnd {
     Text message{};          ///< why it isn't
     QString words;
     qint64 replaced = 0;  ///< characters that the encoding lacks, written as question marks
+    int lost = 0;         ///< lines that can't be imported again as they are
+    QString lostWords;    ///< which they are
 };
 
 /// A text file in the making. It takes its place when it is whole; until then, and where anything fails, the
@@ -42,3 +46,12 @@ class CTextExport {
 
 /// Tells the user why nothing was exported.
 void TellNotExported(const ExportEnd& end, CPrompt& prompt);
+
+/// What the user has to know of a file that was written.
+struct ExportNote {
+    Text id;
+    QString words;
+};
+[[nodiscard]] std::vector<ExportNote> NotesOn(const ExportEnd& end);
+/// Why the records can't be deleted, since the file would not bring them back; nothing where it would.
+[[nodiscard]] std::optional<Text> WhyNotDeleted(const ExportEnd& end);

@@ -1,6 +1,7 @@
 #include "exchange/export/ItemExport.h"
 
 #include "app/ListNameMap.h"
+#include "exchange/export/CReadBack.h"
 #include "exchange/export/RecordText.h"
 #include "records/CPRecord.h"
 #include "records/CRecordStore.h"
@@ -10,7 +11,8 @@ namespace {
 constexpr std::size_t kPiece = 500;
 
 /// False when the items can't be read.
-bool PutItems(CTextExport& file, const Delimiters& delimiters, CRecordStore& store, int& items) {
+bool PutItems(CTextExport& file, const Delimiters& delimiters, CRecordStore& store, CReadBack& readBack,
+              int& items) {
     const ListNameMap lists;
     bool isRead = store.Query(store.SelectAll(RecordKind::PulldownItem));
     RowTable rows;
@@ -21,8 +23,10 @@ bool PutItems(CTextExport& file, const Delimiters& delimiters, CRecordStore& sto
             isRead = item.Load(rows, row);
             const QString* name = lists.ListName(item.listId);
             if (!isRead || !name) continue;
+            const QString line = ItemLine(*name, item.GetText(), delimiters);
+            readBack.TakeItem({*name, item.GetText()}, line);
             // A failure to write stays, and is told at the end.
-            static_cast<void>(file.Put(ItemLine(*name, item.GetText(), delimiters)));
+            static_cast<void>(file.Put(line));
             ++items;
         }
     }
@@ -35,7 +39,11 @@ bool PutItems(CTextExport& file, const Delimiters& delimiters, CRecordStore& sto
 ItemExportEnd ExportItems(const QString& path, const ExportForm& form, CRecordStore& store) {
     ItemExportEnd end;
     CTextExport file(path, form);
-    end.areItemsRead = PutItems(file, form.delimiters, store, end.items);
-    if (end.areItemsRead) end.file = file.Finish();
+    CReadBack readBack(form.delimiters);
+    end.areItemsRead = PutItems(file, form.delimiters, store, readBack, end.items);
+    if (!end.areItemsRead) return end;
+    end.file = file.Finish();
+    end.file.lost = readBack.LostCount();
+    end.file.lostWords = readBack.Words();
     return end;
 }

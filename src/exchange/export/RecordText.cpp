@@ -4,24 +4,30 @@
 #include "lang/FormatText.h"
 #include "records/CVORec.h"
 
-#include <QStringList>
+#include <span>
 
-QString HeadLine(RecordKind kind, const Delimiters& delimiters, const FieldLabels& labels,
-                 const Settings& settings) {
+QString HeadLine(RecordKind kind, const Delimiters& delimiters, const ColumnNames& names) {
     const auto& [qualifier, separator, lineEnd] = delimiters;
     const QString between = FormatText<Text::ExportBetweenFields>(qualifier, separator, qualifier);
     QStringList heads;
-    for (const TextColumn& column : TextColumnsOf(kind)) heads.append(HeadOf(column, labels, settings));
+    for (const TextColumn& column : TextColumnsOf(kind)) heads.append(HeadOf(column, names));
     return FormatText<Text::ExportLineStart>(qualifier) + heads.join(between) +
            FormatText<Text::ExportLineEnd>(qualifier, lineEnd);
 }
 
-QString LineOf(const CVORec& record, const Delimiters& delimiters) {
+QStringList FieldsIn(const CVORec& record) {
+    const std::span<const TextColumn> columns = TextColumnsOf(record.Kind());
+    QStringList fields;
+    fields.reserve(static_cast<qsizetype>(columns.size()));
+    for (const TextColumn& column : columns) fields.append(TextIn(column, record));
+    return fields;
+}
+
+QString LineOf(RecordKind kind, const QStringList& fields, const Delimiters& delimiters) {
     const auto& [qualifier, separator, lineEnd] = delimiters;
     QString line;
-    for (const TextColumn& column : TextColumnsOf(record.Kind()))
-        line += qualifier + TextIn(column, record) + qualifier + separator;
-    if (record.Kind() == RecordKind::Expense) line.chop(separator.size());
+    for (const QString& field : fields) line += qualifier + field + qualifier + separator;
+    if (kind == RecordKind::Expense) line.chop(separator.size());
     return line + lineEnd;
 }
 

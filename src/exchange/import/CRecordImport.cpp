@@ -4,7 +4,6 @@
 #include "exchange/text/TextColumns.h"
 #include "fields/FieldValue.h"
 #include "lang/FormatText.h"
-#include "records/CRecordStore.h"
 #include "records/FieldDef.h"
 
 namespace {
@@ -29,10 +28,6 @@ End EndOf(CRecordLines::Next next) {
 ImportPlan CRecordImport::Look(const LookContext& context) {
     ImportPlan plan;
     m_file.Begin(m_request.encoding);
-    if (!m_stored.Read(context.store)) {
-        plan.end = End::StoreFailed;
-        return plan;
-    }
     CRecordLines lines(m_file, m_request.kind, m_request.form);
     CListTexts texts;
     while (context.mostLines == 0 || lines.Number() < context.mostLines) {
@@ -66,7 +61,15 @@ void CRecordImport::Account(const CRecordLines& lines, ImportPlan& plan) const {
         if (m_request.skipDuplicates) return;
     }
     ++plan.records;
+    AccountMisread(lines, plan);
     if (plan.samples.size() < kSamples) plan.samples.push_back(lines.Record().Clone());
+}
+
+void CRecordImport::AccountMisread(const CRecordLines& lines, ImportPlan& plan) {
+    for (const Misreading& value : lines.Misread()) {
+        ++plan.misreadCount;
+        if (plan.misread.size() < kMisread) plan.misread.push_back({lines.Number(), value});
+    }
 }
 
 /// In the order of the columns. A text that no list can hold is left out, like any that a list refuses.

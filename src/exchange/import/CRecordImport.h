@@ -21,6 +21,12 @@ struct ImportRequest {
     bool skipDuplicates = false;
 };
 
+/// A value that isn't read as it is written, and where it stands.
+struct MisreadLine {
+    int number;  ///< of the line in its file, from 1
+    Misreading value;
+};
+
 /// What an import will do with a file.
 struct ImportPlan {
     enum class End {
@@ -28,7 +34,6 @@ struct ImportPlan {
         Aborted,  ///< at the last of the refused lines, as the user wanted
         Failed,   ///< the file can't be read on
         Undecodable,
-        StoreFailed,  ///< the records that are there can't be read; told
         Cancelled
     };
     End end = End::Complete;
@@ -36,6 +41,8 @@ struct ImportPlan {
     int records = 0;   ///< that will be added
     int duplicates = 0;
     std::vector<RefusedLine> refused;
+    int misreadCount = 0;  ///< values of the records to be added that aren't read as they are written
+    std::vector<MisreadLine> misread;              ///< the first of them
     std::vector<ListText> listTexts;               ///< each once
     std::vector<std::unique_ptr<CVORec>> samples;  ///< the first of the records
 };
@@ -45,13 +52,14 @@ struct ImportPlan {
 class CRecordImport {
  public:
     static constexpr std::size_t kSamples = 20;
+    static constexpr std::size_t kMisread = 1000;  ///< so many are named; the rest is counted
 
-    /// The file must be open; it must outlive the import.
-    CRecordImport(CTextFile& file, const ImportRequest& request)
-        : m_file(file), m_request(request), m_stored(request.kind, request.form.form) {}
+    /// The file must be open. stored: what is there already, of the request's kind and form. Both must
+    /// outlive the import.
+    CRecordImport(CTextFile& file, const ImportRequest& request, const CStoredContents& stored)
+        : m_file(file), m_request(request), m_stored(stored) {}
 
     struct LookContext {
-        CRecordStore& store;
         /// Whether to go on behind a line that can't be imported.
         std::function<bool(const RefusedLine& line)> goesOn;
         /// Called for each line; false: the user cancels. Empty: nobody does.
@@ -79,9 +87,10 @@ class CRecordImport {
     };
     [[nodiscard]] bool IsLeftOut(const CVORec& record) const;
     void Account(const CRecordLines& lines, ImportPlan& plan) const;
+    static void AccountMisread(const CRecordLines& lines, ImportPlan& plan);
 
     CTextFile& m_file;
     ImportRequest m_request;
-    CStoredContents m_stored;
+    const CStoredContents& m_stored;
     bool m_fileChanged = false;
 };

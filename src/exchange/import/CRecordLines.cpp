@@ -21,7 +21,8 @@ CRecordLines::Next CRecordLines::Read() {
     if (m_line.isEmpty()) return Next::End;
     if (m_skipsFirstField) m_line = WithoutFirstField(m_line, m_form.delimiters);
     m_record = NewRecord(m_kind);
-    m_code = m_reader.IsTooLong() ? LineCode::TooLong : ReadRecordLine(m_line, m_form, *m_record);
+    m_misread.clear();
+    m_code = m_reader.IsTooLong() ? LineCode::TooLong : ReadRecordLine(m_line, m_form, *m_record, m_misread);
     return m_code == LineCode::Parsed && FitsTheStore(*m_record) ? Next::Record : Next::Refused;
 }
 

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "exchange/import/CFieldReader.h"
 #include "exchange/text/Delimiters.h"
 #include "exchange/text/LineCode.h"
 
 #include <QString>
+#include <QStringList>
 
 class CVORec;
-struct CRegionalInfo;
+enum class RecordKind : int;
 
 /// The two forms of a line. In the older one times have no break, and the separators of a date say the order
 /// of its parts, whatever the region.
@@ -19,9 +21,15 @@ struct LineForm {
     bool clock24 = false;  ///< times count to 24; a word for the half of the day is dropped then, on purpose
 };
 
+/// Takes a line of a kind of records apart into as many fields as it has columns. On failure the fields mean
+/// nothing.
+[[nodiscard]] LineCode SplitRecordLine(const QString& line, RecordKind kind, const LineForm& form,
+                                       QStringList& fields);
 /// Fills an empty record from a line, by the record's own rules: the values are set in their order as if a
 /// user entered them. A time, a length or a number that can't be read stays unset. Rate and amount of a
-/// billable time stay as the line has them where it has both.
-[[nodiscard]] LineCode ReadRecordLine(const QString& line, const LineForm& form, CVORec& record);
+/// billable time stay as the line has them where it has both. misread: what isn't read as it is written is
+/// added to it.
+[[nodiscard]] LineCode ReadRecordLine(const QString& line, const LineForm& form, CVORec& record,
+                                      Misreadings& misread);
 /// Whether no text of a record is longer than its column.
 [[nodiscard]] bool FitsTheStore(const CVORec& record);

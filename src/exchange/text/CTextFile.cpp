@@ -27,7 +27,7 @@ void CTextFile::Begin(const QByteArray& chosen) {
     m_fellBack = false;
     m_markLength = 0;
     FindMark();
-    if (chosen.isEmpty() && m_markLength == 0 && !IsValid()) {
+    if (chosen.isEmpty() && m_markLength == 0 && !IsUtf8()) {
         m_encoding = kWindows1252;
         m_fellBack = true;
     }
@@ -42,6 +42,12 @@ void CTextFile::FindMark() {
     if (mark == std::end(kMarks)) return;
     m_encoding = mark->encoding;
     m_markLength = mark->bytes.size();
+}
+
+/// A file that nobody writes to meanwhile is read whole for it once, however often it is begun.
+bool CTextFile::IsUtf8() {
+    if (!m_isUtf8 || m_file.HasChanged()) m_isUtf8 = IsValid();
+    return *m_isUtf8;
 }
 
 /// As far as the file can be read.

@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <cstdint>
 #include <optional>
 
 /// A text file in whatever encoding. A byte order mark says the encoding, and is no part of the text. Without
@@ -28,15 +29,20 @@ class CTextFile final : public CTextSource {
     /// The system's error code after Failed.
     [[nodiscard]] int Error() const { return m_file.Error(); }
     [[nodiscard]] bool HasChanged() const { return m_file.HasChanged(); }
+    /// In bytes, and how many of them were read since the beginning.
+    [[nodiscard]] std::int64_t Size() const { return m_file.Size(); }
+    [[nodiscard]] std::int64_t Place() const { return m_file.Place(); }
 
  private:
     void FindMark();
+    [[nodiscard]] bool IsUtf8();
     [[nodiscard]] bool IsValid();
 
     CFileReader m_file;
     QByteArray m_encoding;
     qsizetype m_markLength = 0;
     bool m_fellBack = false;
+    std::optional<bool> m_isUtf8;  ///< once the file was read whole for it
     std::optional<CTextDecoder> m_decoder;
     qsizetype m_toSkip = 0;  ///< bytes of the mark
 };

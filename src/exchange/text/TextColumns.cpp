@@ -74,11 +74,11 @@ std::span<const TextColumn> TextColumnsOf(RecordKind kind) {
     return kind == RecordKind::Time ? kTimes : kExpenses;
 }
 
-QString HeadOf(const TextColumn& column, const FieldLabels& labels, const Settings& settings) {
+QString HeadOf(const TextColumn& column, const ColumnNames& names) {
     if (column.head != Text{}) return LoadText(column.head);
     if (column.field->form == FieldForm::Distance)
-        return LoadText(settings.metricUnits ? Text::UnitKilometres : Text::UnitMiles);
-    return labels.GetLabel(NumberOf(column.field->id));
+        return LoadText(names.settings.metricUnits ? Text::UnitKilometres : Text::UnitMiles);
+    return names.labels.GetLabel(NumberOf(column.field->id));
 }
 
 bool IsOfDistanceEntry(const TextColumn& column) {

@@ -17,7 +17,12 @@ struct TextColumn {
 
 /// In the order of the files, time records 15, expenses 17; the notes come last.
 [[nodiscard]] std::span<const TextColumn> TextColumnsOf(RecordKind kind);
-[[nodiscard]] QString HeadOf(const TextColumn& column, const FieldLabels& labels, const Settings& settings);
+/// By what columns are called.
+struct ColumnNames {
+    const FieldLabels& labels;
+    const Settings& settings;
+};
+[[nodiscard]] QString HeadOf(const TextColumn& column, const ColumnNames& names);
 
 /// What means something for distance entries only: distance, odometer readings and the rate of an expense.
 [[nodiscard]] bool IsOfDistanceEntry(const TextColumn& column);

@@ -21,6 +21,10 @@ class CFileReader {
     [[nodiscard]] int Error() const { return m_error; }
     /// From the beginning again.
     void Rewind() { m_place = 0; }
+    /// In bytes, when it was opened.
+    [[nodiscard]] std::int64_t Size() const { return m_state.size; }
+    /// How many bytes were read since the beginning.
+    [[nodiscard]] std::int64_t Place() const { return m_place; }
     /// Whether something has been written to the file since it was opened.
     [[nodiscard]] bool HasChanged() const;
 

@@ -132,11 +132,13 @@ void CDelimiterDialog::AddPreview(QVBoxLayout& column) {
     m_table->verticalHeader()->hide();
     NameWidget(*m_table, QStringLiteral("preview"), LoadText(Text::ImportPreview));
     m_refused = new QListWidget;
-    NameWidget(*m_refused, QStringLiteral("refused"), LoadText(Text::ImportRefusals));
+    const Text refusals = m_context.purpose == TextFilePurpose::ImportRecords ? Text::ImportRefusalsAndNotes
+                                                                              : Text::ImportRefusals;
+    NameWidget(*m_refused, QStringLiteral("refused"), LoadText(refusals));
     column.addSpacing(kFormSpace);
     column.addWidget(m_counts);
     column.addWidget(m_table, 3);
-    column.addWidget(new QLabel(LoadText(Text::ImportRefusals)));
+    column.addWidget(new QLabel(LoadText(refusals)));
     column.addWidget(m_refused, 1);
 }
 
@@ -171,7 +173,7 @@ void CDelimiterDialog::ShowPreview(const ImportPreview& preview) {
         for (int column = 0; column < m_table->columnCount(); ++column)
             m_table->setItem(row, column, new QTableWidgetItem(preview.rows[row].value(column)));
     m_refused->clear();
-    m_refused->addItems(preview.refused.mid(0, kMostRefused));
+    m_refused->addItems((preview.refused + preview.misread).mid(0, kMostRefused));
 }
 
 bool CDelimiterDialog::IsGood(const TextFileDraft& draft) const {

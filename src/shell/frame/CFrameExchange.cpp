@@ -5,11 +5,13 @@
 #include "config/CCfgStore.h"
 #include "config/NameColumns.h"
 #include "exchange/backup/MakeBackup.h"
+#include "exchange/export/CRecordExport.h"
 #include "exchange/export/ItemExport.h"
 #include "exchange/export/PostProcessing.h"
-#include "exchange/export/RecordText.h"
 #include "exchange/import/CLineQuestion.h"
+#include "exchange/import/CLookProgress.h"
 #include "exchange/import/CRecordImport.h"
+#include "exchange/import/ImportPreview.h"
 #include "exchange/import/ItemImport.h"
 #include "exchange/text/GuessDelimiters.h"
 #include "exchange/text/TextColumns.h"
@@ -21,6 +23,9 @@
 #include "shell/frame/FrameContext.h"
 #include "shell/list/CRecordListView.h"
 #include "timers/CRecordTimers.h"
+
+#include <algorithm>
+#include <span>
 
 namespace {
 
@@ -78,36 +83,66 @@ void CFrameExchange::ImportRecords(RecordForm form) {
         return wanted;
     };
     file.Begin({});
+    CStoredContents stored(request.kind, form);
+    if (!ReadStored(stored)) return;
     const int least = static_cast<int>(TextColumnsOf(request.kind).size()) - 2;
     const auto draft = m_context.dialogs.ChooseTextFile(
         m_context.control.Window(), TextFilePurpose::ImportRecords, {GuessDelimiters(file, least)},
         [&](const TextFileDraft& chosen) {
-            return PreviewRecords(file, requestOf(chosen), m_context.document.Store(),
-                                  m_context.catalogue.Labels(), m_context.settings);
+            return PreviewRecords(file, requestOf(chosen), stored, NamesOfColumns());
         });
-    if (!draft) return;
-    CRecordImport import(file, requestOf(*draft));
+    // Others may have stored something while the user was choosing.
+    if (!draft || !ReadStored(stored)) return;
+    CRecordImport import(file, requestOf(*draft), stored);
+    Store(import, LookAt(import, file), file);
+}
+
+/// False, and nothing is to be done any more, when the user cancels or they can't be read, which was told.
+bool CFrameExchange::ReadStored(CStoredContents& stored) {
+    CProgress& progress = m_context.progress;
+    progress.Begin(LoadText(Text::ProgressStoredLook),
+                   static_cast<int>(m_context.document.RecordCount() / CStoredContents::kPiece + 1));
+    const auto end = stored.Read(m_context.document.Store(), [&progress] { return progress.Advance(); });
+    progress.End();
+    return end == CStoredContents::ReadEnd::Complete;
+}
+
+ImportPlan CFrameExchange::LookAt(CRecordImport& import, const CTextFile& file) {
     CLineQuestion question(m_context.prompt);
-    const ImportPlan plan =
-        import.Look({.store = m_context.document.Store(),
-                     .goesOn = [&question](const RefusedLine& line) { return question.GoesOn(line); },
-                     .advance = {}});
-    Store(import, plan, file);
+    CLookProgress progress(m_context.progress, file);
+    return import.Look({.goesOn = [&question](const RefusedLine& line) { return question.GoesOn(line); },
+                        .advance = [&progress] { return progress.GoesOn(); }});
 }
 
 /// What can't be read on ends an import in silence: what was read is imported.
 void CFrameExchange::Store(CRecordImport& import, const ImportPlan& plan, const CTextFile& file) {
-    if (plan.end == ImportPlan::End::StoreFailed) return;
     if (plan.end == ImportPlan::End::Undecodable)
         return Tell(Text::LineUndecodable,
                     FormatText<Text::LineUndecodable>(plan.lastLine, QString::fromLatin1(file.Encoding())),
                     Text::LineRefusedTitle);
+    if (plan.end == ImportPlan::End::Cancelled) return TellCancelled();
     const Outcome outcome = import.Run(plan, m_changes, Hold::Yes, {});
     if (import.FileChanged())
         Tell(Text::ImportFileChanged, LoadText(Text::ImportFileChanged), Text::LineRefusedTitle);
-    if (outcome.end == Outcome::End::Cancelled)
-        Tell(Text::ImportCancelled, LoadText(Text::ImportCancelled), Text::LineRefusedTitle);
-    if (outcome) Tell(Text::ImportDone, FormatText<Text::ImportDone>(plan.records), Text::ExchangeTitle);
+    if (outcome.end == Outcome::End::Cancelled) TellCancelled();
+    if (outcome) Tell(Text::ImportDone, DoneWords(plan), Text::ExchangeTitle);
+}
+
+void CFrameExchange::TellCancelled() {
+    Tell(Text::ImportCancelled, LoadText(Text::ImportCancelled), Text::LineRefusedTitle);
+}
+
+QString CFrameExchange::DoneWords(const ImportPlan& plan) const {
+    constexpr std::size_t kMostNamed = 5;
+    const QString done = FormatText<Text::ImportDone>(plan.records);
+    if (plan.misreadCount == 0) return done;
+    const auto named = std::span(plan.misread).first(std::min(plan.misread.size(), kMostNamed));
+    return FormatText<Text::ImportDoneNotes>(done, plan.misreadCount,
+                                             MisreadWords(named, NamesOfColumns()).join(u'\n'));
+}
+
+ColumnNames CFrameExchange::NamesOfColumns() const {
+    return {m_context.catalogue.Labels(), m_context.settings};
 }
 
 void CFrameExchange::ImportItems() {
@@ -162,41 +197,53 @@ void CFrameExchange::ExportRecords() {
     const auto path = ChooseTarget(
         Text::ExportTitle,
         theRecordMode == RecordMode::Time ? Text::ExportTimesName : Text::ExportExpensesName, form);
-    bool mayDelete = true;
-    if (path && WriteRecords(*path, form, ids, mayDelete)) Process(*path, ids, mayDelete);
+    if (!path) return;
+    const auto end = WriteRecords(*path, form, ids);
+    if (end && end->isWritten) Process(*path, ids, *end);
 }
 
-/// False, and nothing is written, where a record is gone.
-bool CFrameExchange::WriteRecords(const QString& path, const ExportForm& form, const QStringList& ids,
-                                  bool& mayDelete) {
-    CTextExport file(path, form);
-    // What can't be written is told at the end.
-    static_cast<void>(file.Put(
-        HeadLine(KindOf(theRecordMode), form.delimiters, m_context.catalogue.Labels(), m_context.settings)));
-    for (const QString& id : ids) {
-        const CVORec* record = m_context.document.FindLoaded(id);
-        if (!record) {
-            Tell(Text::ExportRecordGone, LoadText(Text::ExportRecordGone), Text::ExportTitle);
-            return false;
-        }
-        static_cast<void>(file.Put(LineOf(*record, form.delimiters)));
+/// Nothing, and nothing is written, where a record is gone or the user cancels.
+std::optional<ExportEnd> CFrameExchange::WriteRecords(const QString& path, const ExportForm& form,
+                                                      const QStringList& ids) {
+    CRecordExport file(path, form, KindOf(theRecordMode), NamesOfColumns());
+    const auto count = static_cast<int>(ids.size());
+    m_context.progress.Begin(FormatText<Text::ProgressExport>(count), count);
+    const auto failure = PutAll(file, ids);
+    m_context.progress.End();
+    if (failure) {
+        Tell(*failure, LoadText(*failure), Text::ExportTitle);
+        return std::nullopt;
     }
     const ExportEnd end = file.Finish();
     if (!end.isWritten) TellNotExported(end, m_context.prompt);
-    if (end.replaced > 0)
-        Tell(Text::ExportCharsReplaced, FormatText<Text::ExportCharsReplaced>(static_cast<int>(end.replaced)),
-             Text::ExportTitle);
-    mayDelete = end.replaced == 0;
-    return end.isWritten;
+    TellNotes(end);
+    return end;
 }
 
-void CFrameExchange::Process(const QString& path, const QStringList& ids, bool mayDelete) {
+/// Why it can't go on; nothing when all are in the file.
+std::optional<Text> CFrameExchange::PutAll(CRecordExport& file, const QStringList& ids) {
+    const CVelmarchDoc::ChangeScope reading(m_context.document);
+    for (const QString& id : ids) {
+        const CVORec* record = m_context.document.FindLoaded(id);
+        if (!record) return Text::ExportRecordGone;
+        file.Put(*record);
+        if (!m_context.progress.Advance()) return Text::ExportCancelled;
+    }
+    return std::nullopt;
+}
+
+void CFrameExchange::TellNotes(const ExportEnd& end) {
+    for (const ExportNote& note : NotesOn(end)) Tell(note.id, note.words, Text::ExportTitle);
+}
+
+void CFrameExchange::Process(const QString& path, const QStringList& ids, const ExportEnd& end) {
     auto what = static_cast<AfterExport>(m_context.settings.exportPostProcessing);
     if (what == AfterExport::Ask)
         what = m_context.dialogs.ChooseAfterExport(m_context.control.Window(), static_cast<int>(ids.size()),
                                                    path);
-    if (what == AfterExport::Delete && !mayDelete)
-        return Tell(Text::ExportNotDeleted, LoadText(Text::ExportNotDeleted), Text::ExportTitle);
+    const auto objection = WhyNotDeleted(end);
+    if (what == AfterExport::Delete && objection)
+        return Tell(*objection, LoadText(*objection), Text::ExportTitle);
     // What failed was told.
     static_cast<void>(PostProcess(what, KindOf(theRecordMode), ids, m_changes));
 }
@@ -208,5 +255,6 @@ void CFrameExchange::ExportItems() {
     const ItemExportEnd end = ::ExportItems(*path, form, m_context.document.Store());
     if (!end.areItemsRead) return;
     if (!end.file.isWritten) return TellNotExported(end.file, m_context.prompt);
+    TellNotes(end.file);
     Tell(Text::ExportItemsDone, FormatText<Text::ExportItemsDone>(*path, end.items), Text::ExchangeTitle);
 }

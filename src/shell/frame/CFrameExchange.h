@@ -10,9 +10,12 @@
 #include <QStringList>
 #include <optional>
 
+class CRecordExport;
 class CRecordImport;
+class CStoredContents;
 class CTextFile;
 enum class TextFilePurpose;
+struct ColumnNames;
 struct FrameContext;
 struct ImportPlan;
 struct TextFileDraft;
@@ -31,11 +34,18 @@ class CFrameExchange {
 
  private:
     [[nodiscard]] bool OpenFile(CTextFile& file, Text title, Text failure);
+    [[nodiscard]] bool ReadStored(CStoredContents& stored);
+    [[nodiscard]] ImportPlan LookAt(CRecordImport& import, const CTextFile& file);
     void Store(CRecordImport& import, const ImportPlan& plan, const CTextFile& file);
+    void TellCancelled();
+    [[nodiscard]] QString DoneWords(const ImportPlan& plan) const;
+    [[nodiscard]] ColumnNames NamesOfColumns() const;
     [[nodiscard]] std::optional<QString> ChooseTarget(Text title, Text suggestedName, ExportForm& form);
-    [[nodiscard]] bool WriteRecords(const QString& path, const ExportForm& form, const QStringList& ids,
-                                    bool& mayDelete);
-    void Process(const QString& path, const QStringList& ids, bool mayDelete);
+    [[nodiscard]] std::optional<ExportEnd> WriteRecords(const QString& path, const ExportForm& form,
+                                                        const QStringList& ids);
+    [[nodiscard]] std::optional<Text> PutAll(CRecordExport& file, const QStringList& ids);
+    void TellNotes(const ExportEnd& end);
+    void Process(const QString& path, const QStringList& ids, const ExportEnd& end);
     void Tell(Text id, const QString& words, Text title);
 
     const FrameContext& m_context;

@@ -62,8 +62,32 @@ class TestImportExport final : public QObject {
         const Reply reply = Import(Line(1, "A") + "x\n" + Line(2, "B"));
         QCOMPARE(reply.exit, 1);
         QCOMPARE(reply.Object()[u"added"].toInt(), 1);
-        QVERIFY(reply.err.contains("2"));
+        QVERIFY(reply.err.contains("Line 2: x"));
+        // something was done, and no answer was asked for
+        QVERIFY(!reply.err.contains("nothing was done"));
+        QVERIFY(!reply.err.contains("--yes"));
+        QVERIFY(reply.err.contains("--on-error ignore"));
         QCOMPARE(Stored(), 1);
+    }
+
+    void valuesThatAreNotReadAsTheyAreWritten() {
+        const QByteArray line = Line(1, "A").replace(",,,No,No", ",,\"1,234.50\",Yes,No");
+        for (const QStringList& options : {QStringList{u"--dry-run"_s}, QStringList{}}) {
+            const QJsonObject account = Import(Line(2, "B") + line, options).Object();
+            QCOMPARE(account[u"misreadCount"].toInt(), 1);
+            QCOMPARE(account[u"misread"].toArray().first().toObject(),
+                     FromText(u"{'number': 2, 'field': 'amount', 'text': '1,234.50', 'read': '1'}"_s));
+        }
+        const Reply shown = m_home->Run({u"import"_s, u"records"_s, Path(), u"--dry-run"_s});
+        QVERIFY(shown.out.contains("Line 2, amount: \"1,234.50\" was read as 1."));
+        QVERIFY(!Import(Line(2, "B")).Object().contains(u"misread"));
+    }
+
+    void aDayThatTheMonthDoesntHave() {
+        const Reply reply = Import("2/30/2026,09:00,10:00,1,,A,,,,,,,No,No,\n",
+                                   {u"--on-error"_s, u"ignore"_s, u"--dry-run"_s});
+        QCOMPARE(reply.Object()[u"added"].toInt(), 0);
+        QCOMPARE(reply.Object()[u"refused"].toArray().first().toObject()[u"code"].toInt(), 7);
     }
 
     void aDryRunChangesNothing() {
@@ -218,6 +242,29 @@ class TestImportExport final : public QObject {
         QCOMPARE(reply.Object(), FromText(u"{'written': 1, 'deleted': 0, 'replaced': 1}"_s));
         QVERIFY(Content().contains("\"5 ?\""));
         QCOMPARE(Stored(), 1);
+    }
+
+    /// Nothing in the file marks that a text holds a qualifier: what follows would be read as something else.
+    void whatDoesNotComeBackIsntDeleted() {
+        m_home->Add({u"--item1"_s, u"5\" pipe"_s});
+        const Reply reply = Export({u"--post"_s, u"delete"_s});
+        QCOMPARE(reply.exit, 0);
+        QCOMPARE(reply.Object(), FromText(u"{'written': 1, 'deleted': 0, 'notReadBack': 1}"_s));
+        QVERIFY(reply.err.contains("line 2"));
+        QVERIFY(reply.err.contains("not deleted"));
+        QCOMPARE(Stored(), 1);
+        // with delimiters that no text holds it can go
+        QCOMPARE(Export({u"--qualifier"_s, u"none"_s, u"--separator"_s, u"tab"_s, u"--post"_s, u"delete"_s})
+                     .Object(),
+                 FromText(u"{'written': 1, 'deleted': 1}"_s));
+        QCOMPARE(Stored(), 0);
+    }
+
+    void itemsThatDoNotComeBack() {
+        m_home->Add({u"--item1"_s, u"5\" pipe"_s});
+        const Reply reply = m_home->RunJson({u"export"_s, u"items"_s, Path()});
+        QCOMPARE(reply.exit, 0);
+        QVERIFY(reply.err.contains("line 1: \"Client\",\"5\" pipe\""));
     }
 
     void aFileThatCantBeWritten() {

@@ -60,8 +60,12 @@ QStringList ColumnsOf(const CVORec& record) {
     return texts;
 }
 
+QString Line(const CVORec& record, const Delimiters& delimiters) {
+    return LineOf(record.Kind(), FieldsIn(record), delimiters);
+}
+
 void Compare(const CVORec& record, const Delimiters& delimiters, bool clock24) {
-    CTextPieces source(LineOf(record, delimiters));
+    CTextPieces source(Line(record, delimiters));
     CRecordLines lines(source, record.Kind(), {.delimiters = delimiters, .clock24 = clock24});
     QVERIFY(lines.Read() == CRecordLines::Next::Record);
     QCOMPARE(ColumnsOf(lines.Record()), ColumnsOf(record));
@@ -83,45 +87,44 @@ class TestRecordText final : public QObject {
     void cleanup() { home.reset(); }
 
     void heads() {
-        const FieldLabels& labels = home->catalogue->Labels();
+        const ColumnNames names{home->catalogue->Labels(), *home->settings};
         QCOMPARE(
-            HeadLine(RecordKind::Time, PresetDelimiters(), labels, *home->settings),
+            HeadLine(RecordKind::Time, PresetDelimiters(), names),
             u"\"Date\",\"Start\",\"End\",\"Duration\",\"Break\",\"Client\",\"Project\",\"Rate\","
             "\"Activity\",\"Cost centre\",\"Currency\",\"Amount\",\"Billable\",\"Billed\",\"Notes\"\n"_s);
-        QCOMPARE(HeadLine(RecordKind::Expense, {{}, u";"_s, u"|"_s}, labels, *home->settings),
+        QCOMPARE(HeadLine(RecordKind::Expense, {{}, u";"_s, u"|"_s}, names),
                  u"Date;Client;Project;Description;miles;Odometer start;Odometer end;Rate;Payment;Currency;"
                  "Amount;Billable;Billed;Reimbursable;Reimbursed;Personal;Notes|"_s);
         QVERIFY(home->catalogue->SetNames({{109, u"Matter"_s}, {137, u"Remark"_s}}));
         home->settings->metricUnits = true;
-        QVERIFY(HeadLine(RecordKind::Time, PresetDelimiters(), labels, *home->settings)
+        QVERIFY(HeadLine(RecordKind::Time, PresetDelimiters(), names)
                     .contains(u"\"Break\",\"Matter\",\"Project\""_s));
-        QVERIFY(HeadLine(RecordKind::Expense, PresetDelimiters(), labels, *home->settings)
+        QVERIFY(HeadLine(RecordKind::Expense, PresetDelimiters(), names)
                     .contains(u"\"Description\",\"km\",\"Odometer start\""_s));
-        QVERIFY(HeadLine(RecordKind::Expense, PresetDelimiters(), labels, *home->settings)
-                    .endsWith(u",\"Remark\"\n"_s));
+        QVERIFY(HeadLine(RecordKind::Expense, PresetDelimiters(), names).endsWith(u",\"Remark\"\n"_s));
     }
 
     void aTime() {
-        QCOMPARE(LineOf(WorkingDay(), PresetDelimiters()),
+        QCOMPARE(Line(WorkingDay(), PresetDelimiters()),
                  u"\"11/19/2026\",\"09:00 AM\",\"05:30 PM\",\"8.50\",\"0.50\",\"Client A\",\"\",\"80.000\","
                  "\"Act\",\"\",\"\",\"640.00\",\"Yes\",\"No\",\"one, two\",\n"_s);
-        QCOMPARE(LineOf(CTRecord(), PresetDelimiters()),
+        QCOMPARE(Line(CTRecord(), PresetDelimiters()),
                  u"\"\",\"--:--\",\"--:--\",\"--:--\",\"--:--\",\"\",\"\",\"\",\"\",\"\",\"\",\"\",\"No\","
                  "\"No\",\"\",\n"_s);
     }
 
     void anExpense() {
-        QCOMPARE(LineOf(Trip(), PresetDelimiters()),
+        QCOMPARE(Line(Trip(), PresetDelimiters()),
                  u"\"11/19/2026\",\"\",\"\",\"\",\"120.50\",\"\",\"12120.5\",\"0.300\",\"Card\",\"\","
                  "\"36.15\",\"No\",\"Yes\",\"No\",\"No\",\"No\",\"\"\n"_s);
         CERecord plain = Trip();
         plain.isDistance = false;
-        QCOMPARE(LineOf(plain, PresetDelimiters()).section(u',', 4, 7), u"\"n/a\",\"n/a\",\"n/a\",\"n/a\""_s);
+        QCOMPARE(Line(plain, PresetDelimiters()).section(u',', 4, 7), u"\"n/a\",\"n/a\",\"n/a\",\"n/a\""_s);
     }
 
     void delimiters() {
-        QCOMPARE(LineOf(WorkingDay(), {{}, u"\t"_s, u"\n"_s}).left(21), u"11/19/2026\t09:00 AM\t0"_s);
-        QVERIFY(LineOf(WorkingDay(), {{}, u"\t"_s, u"\n"_s}).endsWith(u"one, two\t\n"_s));
+        QCOMPARE(Line(WorkingDay(), {{}, u"\t"_s, u"\n"_s}).left(21), u"11/19/2026\t09:00 AM\t0"_s);
+        QVERIFY(Line(WorkingDay(), {{}, u"\t"_s, u"\n"_s}).endsWith(u"one, two\t\n"_s));
         QCOMPARE(ItemLine(u"Client"_s, u"a \"b\""_s, PresetDelimiters()), u"\"Client\",\"a \"b\"\"\n"_s);
     }
 
@@ -129,7 +132,7 @@ class TestRecordText final : public QObject {
         CERecord record;
         record.isDistance = true;
         record.TakeStoredDistance(u"12,75"_s);
-        QCOMPARE(LineOf(record, {{}, u";"_s, u"\n"_s}).section(u';', 4, 4), u"12,75"_s);
+        QCOMPARE(Line(record, {{}, u";"_s, u"\n"_s}).section(u';', 4, 4), u"12,75"_s);
     }
 
     void backAgain_data() {

@@ -32,6 +32,7 @@ struct ImportHome {
                             .progress = progress,
                             .partial = CRecordChanges::Partial::Kept}};
     CTextFile file;
+    CStoredContents stored{RecordKind::Time, RecordForm::Present};
 
     [[nodiscard]] QString Path() const { return home.Path() + QStringLiteral("/import.csv"); }
     void Write(const QByteArray& content) const {
@@ -45,12 +46,20 @@ struct ImportHome {
     [[nodiscard]] static ImportRequest Request(RecordKind kind = RecordKind::Time) {
         return {.kind = kind, .form = {.delimiters = PresetDelimiters()}};
     }
+    /// Beside what is stored now.
+    [[nodiscard]] CRecordImport Importing(const ImportRequest& request) {
+        ReadStored(request);
+        return {file, request, stored};
+    }
+    void ReadStored(const ImportRequest& request) {
+        stored = CStoredContents(request.kind, request.form.form);
+        [&] { QVERIFY(stored.Read(*home.store) == CStoredContents::ReadEnd::Complete); }();
+    }
     /// With the lines that were asked about.
     [[nodiscard]] ImportPlan Look(CRecordImport& import,
                                   const std::function<bool(const RefusedLine&)>& goesOn = {}) {
-        return import.Look({.store = *home.store,
-                            .goesOn = goesOn ? goesOn : [](const RefusedLine&) { return true; },
-                            .advance = {}});
+        return import.Look(
+            {.goesOn = goesOn ? goesOn : [](const RefusedLine&) { return true; }, .advance = {}});
     }
     [[nodiscard]] std::size_t Stored(RecordKind kind = RecordKind::Time) {
         home.document->LoadRecords(kind);

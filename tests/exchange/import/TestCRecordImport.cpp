@@ -70,7 +70,7 @@ class TestCRecordImport final : public QObject {
         QFETCH(QByteArray, content);
         QFETCH(QStringList, items);
         fixture->Open(content);
-        CRecordImport import(fixture->file, ImportHome::Request());
+        CRecordImport import = fixture->Importing(ImportHome::Request());
         const ImportPlan plan = fixture->Look(import);
         QVERIFY(plan.end == End::Complete);
         QTEST(Refused(plan), "refused");
@@ -81,7 +81,7 @@ class TestCRecordImport final : public QObject {
 
     void expenses() {
         fixture->Open(ExpenseLine(1, "A") + ExpenseLine(2, "B"));
-        CRecordImport import(fixture->file, ImportHome::Request(RecordKind::Expense));
+        CRecordImport import = fixture->Importing(ImportHome::Request(RecordKind::Expense));
         const ImportPlan plan = fixture->Look(import);
         QVERIFY(import.Run(plan, fixture->changes, Hold::Yes, {}));
         QCOMPARE(fixture->Items(RecordKind::Expense), (QStringList{u"A"_s, u"B"_s}));
@@ -90,7 +90,7 @@ class TestCRecordImport final : public QObject {
     /// Nothing is written while a user may be asked.
     void aLookStoresNothing() {
         fixture->Open(TimeLine(1, "A"));
-        CRecordImport import(fixture->file, ImportHome::Request());
+        CRecordImport import = fixture->Importing(ImportHome::Request());
         const ImportPlan plan = fixture->Look(import);
         QCOMPARE(plan.records, 1);
         QCOMPARE(plan.samples.size(), std::size_t{1});
@@ -101,7 +101,7 @@ class TestCRecordImport final : public QObject {
         QByteArray content;
         for (int i = 0; i < 25; ++i) content += TimeLine(1 + i, "A");
         fixture->Open(content);
-        CRecordImport import(fixture->file, ImportHome::Request());
+        CRecordImport import = fixture->Importing(ImportHome::Request());
         const ImportPlan plan = fixture->Look(import);
         QCOMPARE(plan.records, 25);
         QCOMPARE(plan.samples.size(), std::size_t{20});
@@ -111,7 +111,7 @@ class TestCRecordImport final : public QObject {
         fixture->home.document->LoadRecords(RecordKind::Time);
         fixture->home.views.seen.clear();
         fixture->Open(TimeLine(1, "A") + TimeLine(2, "B"));
-        CRecordImport import(fixture->file, ImportHome::Request());
+        CRecordImport import = fixture->Importing(ImportHome::Request());
         const Outcome outcome = import.Run(fixture->Look(import), fixture->changes, Hold::Yes, {});
         QVERIFY(outcome);
         QCOMPARE(outcome.ids.size(), 2);
@@ -122,7 +122,7 @@ class TestCRecordImport final : public QObject {
 
     void theConsoleHoldsNothing() {
         fixture->Open(TimeLine(1, "A") + TimeLine(2, "B"));
-        CRecordImport import(fixture->file, ImportHome::Request());
+        CRecordImport import = fixture->Importing(ImportHome::Request());
         QStringList ids;
         const Outcome outcome = import.Run(fixture->Look(import), fixture->changes, Hold::No,
                                            [&](const QString& id) { ids.append(id); });
@@ -137,7 +137,7 @@ class TestCRecordImport final : public QObject {
 
     void abortKeepsWhatCameBefore() {
         fixture->Open(TimeLine(1, "A") + TimeLine(32, "bad") + TimeLine(2, "B"));
-        CRecordImport import(fixture->file, ImportHome::Request());
+        CRecordImport import = fixture->Importing(ImportHome::Request());
         const ImportPlan plan = fixture->Look(import, [](const RefusedLine&) { return false; });
         QVERIFY(plan.end == End::Aborted);
         QCOMPARE(plan.lastLine, 2);
@@ -177,7 +177,7 @@ class TestCRecordImport final : public QObject {
             "11/19/2026,,,2,,Client,Project,10.50,Act,CC,EUR,21,Yes,No,n\n"
             "11/20/2026,,,2,,Client,Other,10.5,,,,,No,No,n\n" +
             TimeLine(32, "refused"));
-        CRecordImport import(fixture->file, ImportHome::Request());
+        CRecordImport import = fixture->Importing(ImportHome::Request());
         const ImportPlan plan = fixture->Look(import);
         const Outcome outcome = import.Run(plan, fixture->changes, Hold::Yes, {});
         QVERIFY(outcome && outcome.hasNewItems);
@@ -194,7 +194,7 @@ class TestCRecordImport final : public QObject {
         fixture->Open(TimeLine(1, "Client"));
         ImportRequest request = ImportHome::Request();
         request.addListItems = false;
-        CRecordImport import(fixture->file, request);
+        CRecordImport import = fixture->Importing(request);
         const Outcome outcome = import.Run(fixture->Look(import), fixture->changes, Hold::Yes, {});
         QVERIFY(outcome && !outcome.hasNewItems);
         QVERIFY(fixture->home.catalogue->Texts(ListId::kClient).isEmpty());
@@ -203,7 +203,7 @@ class TestCRecordImport final : public QObject {
     /// The line whose record can't be stored gives its other values all the same.
     void listsWhateverBecomesOfTheRecord() {
         fixture->Open("11/19/2026,,,,," + QByteArray(256, 'x') + ",Project,,,,,,No,No,n\n");
-        CRecordImport import(fixture->file, ImportHome::Request());
+        CRecordImport import = fixture->Importing(ImportHome::Request());
         const ImportPlan plan = fixture->Look(import);
         QCOMPARE(plan.records, 0);
         QVERIFY(import.Run(plan, fixture->changes, Hold::Yes, {}));
@@ -216,20 +216,21 @@ class TestCRecordImport final : public QObject {
     void duplicates() {
         const QByteArray content = TimeLine(1, "A") + TimeLine(2, "B");
         fixture->Open(content);
-        CRecordImport first(fixture->file, ImportHome::Request());
+        CRecordImport first = fixture->Importing(ImportHome::Request());
         QCOMPARE(fixture->Look(first).duplicates, 0);
         QVERIFY(first.Run(fixture->Look(first), fixture->changes, Hold::Yes, {}));
         fixture->Write(content + TimeLine(3, "C"));
         CTextFile file;
         QCOMPARE(file.Open(fixture->Path()), 0);
         // They are added all the same,
-        CRecordImport again(file, ImportHome::Request());
+        fixture->ReadStored(ImportHome::Request());
+        CRecordImport again(file, ImportHome::Request(), fixture->stored);
         QCOMPARE(fixture->Look(again).duplicates, 2);
         QCOMPARE(fixture->Look(again).records, 3);
         // unless they are to be left out.
         ImportRequest request = ImportHome::Request();
         request.skipDuplicates = true;
-        CRecordImport fresh(file, request);
+        CRecordImport fresh(file, request, fixture->stored);
         const ImportPlan plan = fixture->Look(fresh);
         QCOMPARE(plan.duplicates, 2);
         QCOMPARE(plan.records, 1);
@@ -246,14 +247,14 @@ class TestCRecordImport final : public QObject {
         stored.isExported = true;
         QVERIFY(fixture->changes.Add(stored, Identity::New));
         fixture->Open(TimeLine(1, "A") + TimeLine(1, "a") + TimeLine(1, "A", "notes"));
-        CRecordImport import(fixture->file, ImportHome::Request());
+        CRecordImport import = fixture->Importing(ImportHome::Request());
         QCOMPARE(fixture->Look(import).duplicates, 1);
     }
 
     /// A day with two equal entries goes into another store with both of them.
     void equalLinesOfAFileAreNoDuplicates() {
         fixture->Open(TimeLine(1, "A") + TimeLine(1, "A"));
-        CRecordImport import(fixture->file, ImportHome::Request());
+        CRecordImport import = fixture->Importing(ImportHome::Request());
         QCOMPARE(fixture->Look(import).duplicates, 0);
         QCOMPARE(fixture->Look(import).records, 2);
     }
@@ -264,7 +265,7 @@ class TestCRecordImport final : public QObject {
         fixture->Open(TimeLine(1, "A") + TimeLine(2, "\xFC"));
         ImportRequest request = ImportHome::Request();
         request.encoding = "utf-8";
-        CRecordImport import(fixture->file, request);
+        CRecordImport import = fixture->Importing(request);
         const ImportPlan plan = fixture->Look(import);
         QVERIFY(plan.end == End::Undecodable);
         QCOMPARE(plan.lastLine, 2);
@@ -272,7 +273,7 @@ class TestCRecordImport final : public QObject {
 
     void aFileThatChangesMeanwhile() {
         fixture->Open(TimeLine(1, "A") + TimeLine(2, "B"));
-        CRecordImport import(fixture->file, ImportHome::Request());
+        CRecordImport import = fixture->Importing(ImportHome::Request());
         const ImportPlan plan = fixture->Look(import);
         fixture->Write(TimeLine(1, "X"));
         const Outcome outcome = import.Run(plan, fixture->changes, Hold::Yes, {});
@@ -284,7 +285,7 @@ class TestCRecordImport final : public QObject {
 
     void aStoreThatFailsKeepsNothing() {
         fixture->Open(TimeLine(1, "A") + TimeLine(2, "B"));
-        CRecordImport import(fixture->file, ImportHome::Request());
+        CRecordImport import = fixture->Importing(ImportHome::Request());
         const ImportPlan plan = fixture->Look(import);
         QVERIFY(fixture->home.manager.File().Execute(
             "CREATE TRIGGER refuse BEFORE INSERT ON time_velmarch WHEN NEW.item1='B' BEGIN SELECT "
@@ -296,12 +297,30 @@ class TestCRecordImport final : public QObject {
         QCOMPARE(fixture->Stored(), std::size_t{0});
     }
 
+    /// Of records that are added; the others are refused or left out whatever their values are.
+    void valuesThatAreNotReadAsTheyAreWritten() {
+        QByteArray odd = TimeLine(2, "B");
+        odd.replace(",1,,", ",\"1,5\",,");
+        fixture->Open(TimeLine(1, "A") + odd + "bad\n" + odd);
+        CRecordImport import = fixture->Importing(ImportHome::Request());
+        const ImportPlan plan = fixture->Look(import);
+        QCOMPARE(plan.misreadCount, 2);
+        QCOMPARE(plan.misread.size(), std::size_t{2});
+        QCOMPARE(plan.misread[1].number, 4);
+        QCOMPARE(plan.misread[1].value.text, u"1,5"_s);
+        QCOMPARE(plan.misread[1].value.read, u"1"_s);
+        QVERIFY(import.Run(plan, fixture->changes, Hold::Yes, {}));
+        ImportRequest skipping = ImportHome::Request();
+        skipping.skipDuplicates = true;
+        CRecordImport again = fixture->Importing(skipping);
+        QCOMPARE(fixture->Look(again).misreadCount, 0);
+    }
+
     void aUserWhoCancelsTheLook() {
         fixture->Open(TimeLine(1, "A") + TimeLine(2, "B"));
-        CRecordImport import(fixture->file, ImportHome::Request());
-        const ImportPlan plan = import.Look({.store = *fixture->home.store,
-                                             .goesOn = [](const RefusedLine&) { return true; },
-                                             .advance = [] { return false; }});
+        CRecordImport import = fixture->Importing(ImportHome::Request());
+        const ImportPlan plan =
+            import.Look({.goesOn = [](const RefusedLine&) { return true; }, .advance = [] { return false; }});
         QVERIFY(plan.end == End::Cancelled);
     }
 };

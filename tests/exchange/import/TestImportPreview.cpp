@@ -13,6 +13,12 @@ class TestImportPreview final : public QObject {
 
     std::unique_ptr<ImportHome> fixture;
 
+    [[nodiscard]] ImportPreview Preview() const {
+        fixture->ReadStored(ImportHome::Request());
+        return PreviewRecords(fixture->file, ImportHome::Request(), fixture->stored,
+                              {fixture->home.catalogue->Labels(), *fixture->home.settings});
+    }
+
  private Q_SLOTS:
     void init() { fixture = std::make_unique<ImportHome>(); }
     void cleanup() { fixture.reset(); }
@@ -44,9 +50,7 @@ class TestImportPreview final : public QObject {
     void records() {
         fixture->Open(
             "11/19/2026,09:00,10:00,1,,Client,,,,,,,No,No,n\nbad\n11/20/2026,,,2,,B,,,,,,,No,No,\n");
-        const ImportPreview preview =
-            PreviewRecords(fixture->file, ImportHome::Request(), *fixture->home.store,
-                           fixture->home.catalogue->Labels(), *fixture->home.settings);
+        const ImportPreview preview = Preview();
         QCOMPARE(preview.heads.size(), 15);
         QCOMPARE(preview.heads.mid(0, 6).join(u'|'), u"Date|Start|End|Duration|Break|Client"_s);
         QCOMPARE(preview.rows.size(), 2);
@@ -58,11 +62,22 @@ class TestImportPreview final : public QObject {
         QCOMPARE(preview.encoding, QByteArray("utf-8"));
     }
 
+    /// The column is called as the user calls it.
+    void valuesThatAreNotReadAsTheyAreWritten() {
+        fixture->Open("11/19/2026,9:00 noon,10:00,1,,A,,\"1,234.50\",,,,,Yes,No,n\n");
+        const ImportPreview preview = Preview();
+        QCOMPARE(preview.misread,
+                 (QStringList{u"Line 1, Start: \"9:00 noon\" can't be read, so it is left out."_s,
+                              u"Line 1, Rate: \"1,234.50\" was read as 1."_s}));
+        QCOMPARE(preview.counts,
+                 u"1 records, 0 lines that can't be imported, 0 that are here already, 2 values not read as "
+                 u"they are written"_s);
+        QCOMPARE(preview.rows[0][7], u"1.000"_s);
+    }
+
     void theBeginningOfALongFile() {
         fixture->Open(QByteArray("bad\n").repeated(kPreviewedLines + 10));
-        const ImportPreview preview =
-            PreviewRecords(fixture->file, ImportHome::Request(), *fixture->home.store,
-                           fixture->home.catalogue->Labels(), *fixture->home.settings);
+        const ImportPreview preview = Preview();
         QCOMPARE(preview.refused.size(), kPreviewedLines);
         QVERIFY(preview.counts.startsWith(u"Of the first 1000 lines"_s));
     }

@@ -1,6 +1,7 @@
 #include "exchange/import/RecordLine.h"
 
 #include "exchange/text/TextColumns.h"
+#include "fields/FieldRow.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
 #include "support/TestHome.h"
@@ -26,13 +27,25 @@ LineForm Form(RecordForm form = RecordForm::Present, bool clock24 = false) {
 /// Fields as a line of plain ones, for the present form.
 CTRecord TimeOf(const QString& line, const LineForm& form = Form()) {
     CTRecord record;
-    [&] { QCOMPARE(ReadRecordLine(line, form, record), LineCode::Parsed); }();
+    Misreadings misread;
+    [&] { QCOMPARE(ReadRecordLine(line, form, record, misread), LineCode::Parsed); }();
     return record;
 }
 CERecord ExpenseOf(const QString& line, const LineForm& form = Form()) {
     CERecord record;
-    [&] { QCOMPARE(ReadRecordLine(line, form, record), LineCode::Parsed); }();
+    Misreadings misread;
+    [&] { QCOMPARE(ReadRecordLine(line, form, record, misread), LineCode::Parsed); }();
     return record;
+}
+
+/// "rate 1,5=1" for each value that isn't read as it is written.
+QString MisreadOf(const QString& line, CVORec& record, const LineForm& form) {
+    Misreadings misread;
+    [&] { QCOMPARE(ReadRecordLine(line, form, record, misread), LineCode::Parsed); }();
+    QStringList values;
+    for (const auto& [field, text, read] : misread)
+        values.append(QString::fromLatin1(field->name) + u' ' + text + u'=' + read);
+    return values.join(u'|');
 }
 
 constexpr QStringView kTail = u",,,,,,,,,,notes";  // behind the break of a time
@@ -96,8 +109,16 @@ class TestRecordLine final : public QObject {
                                     << LineCode::BadDate;
         QTest::newRow("the day 0") << expense << now << u"1/0/2026"_s + fields(17).mid(10)
                                    << LineCode::BadDate;
-        QTest::newRow("the 31st of February is let pass")
-            << time << now << u"2/31/2026"_s + fields(15).mid(10) << LineCode::Parsed;
+        QTest::newRow("the 30th of February")
+            << time << now << u"2/30/2026"_s + fields(15).mid(10) << LineCode::BadDate;
+        QTest::newRow("the 29th in a year that has none")
+            << expense << now << u"2/29/2026"_s + fields(17).mid(10) << LineCode::BadDate;
+        QTest::newRow("the 29th in one that has")
+            << time << now << u"2/29/2028"_s + fields(15).mid(10) << LineCode::Parsed;
+        QTest::newRow("the 29th of 1900")
+            << time << now << u"2/29/1900"_s + fields(15).mid(10) << LineCode::BadDate;
+        QTest::newRow("the 31st of April in the older form")
+            << time << old << u"31.4.2026"_s + fields(15).mid(10) << LineCode::BadDate;
         QTest::newRow("two numbers are no date")
             << time << now << u"11/19"_s + fields(15).mid(10) << LineCode::BadDate;
         QTest::newRow("no date") << time << now << fields(15).mid(10) << LineCode::BadDate;
@@ -113,7 +134,8 @@ class TestRecordLine final : public QObject {
         CTRecord time;
         CERecord expense;
         CVORec& record = kind == RecordKind::Time ? static_cast<CVORec&>(time) : expense;
-        QTEST(ReadRecordLine(line, Form(form), record), "code");
+        Misreadings misread;
+        QTEST(ReadRecordLine(line, Form(form), record, misread), "code");
     }
 
     void dates_data() {
@@ -249,6 +271,62 @@ class TestRecordLine final : public QObject {
         QFETCH(QString, fields);
         const CERecord record = ExpenseOf(u"1/1/2026,,,,"_s + fields + QString(9, u','));
         QTEST(ColumnsOf(record).section(u'|', 4, 7), "shown");
+    }
+
+    void misreadTimes_data() {
+        QTest::addColumn<bool>("clock24");
+        QTest::addColumn<QString>("fields");
+        QTest::addColumn<QString>("misread");
+        const QString none;
+        QTest::newRow("none") << false << u"9:00 AM,5:00 PM,8,0.5,A,B,80,,,,640,Yes,No"_s << none;
+        QTest::newRow("what isn't set") << false << u"--:--,,--:--,--:--,,,,,,,,,"_s << none;
+        QTest::newRow("blanks around a number") << false << u",,\" 8 \",,,,,,,,,No,No"_s << none;
+        QTest::newRow("a time with seconds")
+            << false << u"09:00:30,,,,,,,,,,,No,No"_s << u"start 09:00:30="_s;
+        QTest::newRow("a word that is dropped")
+            << true << u"09:00 AM,05:00 PM,,,,,,,,,,No,No"_s << u"end 05:00 PM=05:00 AM"_s;
+        QTest::newRow("lengths") << false << u",,all day,\"1,5\",,,,,,,,No,No"_s
+                                 << u"duration all day=|break 1,5=1"_s;
+        QTest::newRow("a length of hours and minutes")
+            << false << u",,8:30,,,,,,,,,No,No"_s << u"duration 8:30=8"_s;
+        QTest::newRow("numbers with groups") << false << u",,2,,,,\"1,234.50\",,,,\"2,469.00\",Yes,No"_s
+                                             << u"rate 1,234.50=1|amount 2,469.00=2"_s;
+        QTest::newRow("more than a number holds")
+            << false << u",,2,,,,1e39,,,,nan,Yes,No"_s << u"rate 1e39=|amount nan="_s;
+        QTest::newRow("a currency") << false << u",,2,,,,80 EUR,,,,,Yes,No"_s << u"rate 80 EUR=80"_s;
+        QTest::newRow("below nothing") << false << u",,-1,,,,-80,,,,,Yes,No"_s << u"duration -1=|rate -80="_s;
+        QTest::newRow("money of what isn't billable")
+            << false << u",,2,,,,80,,,,160,No,No"_s << u"rate 80=|amount 160="_s;
+        QTest::newRow("another word for yes")
+            << false << u",,,,,,,,,,,true,yes"_s << u"isBillable true=No|isBilled yes=No"_s;
+    }
+    void misreadTimes() {
+        QFETCH(bool, clock24);
+        QFETCH(QString, fields);
+        CTRecord record;
+        QTEST(MisreadOf(u"11/19/2026,"_s + fields + u",n"_s, record, Form(RecordForm::Present, clock24)),
+              "misread");
+    }
+
+    void misreadExpenses_data() {
+        QTest::addColumn<QString>("fields");
+        QTest::addColumn<QString>("misread");
+        QTest::newRow("none") << u"120.5,1000,1120.5,0.3,,,36.15,Yes,No,Yes,No,Yes"_s << QString();
+        QTest::newRow("skipped unread") << u"n/a,x,y,z,,,5,No,No,No,No,No"_s << QString();
+        QTest::newRow("a distance with its unit")
+            << u"120.5 km,\"1,000\",far,,,,much,No,No,No,No,x"_s
+            << u"distance 120.5 km=120.5|odometerStart 1,000=1|odometerEnd far=|amount much=|flag5 x=No"_s;
+    }
+    void misreadExpenses() {
+        QFETCH(QString, fields);
+        CERecord record;
+        QTEST(MisreadOf(u"11/19/2026,A,B,C,"_s + fields + u",n"_s, record, Form()), "misread");
+    }
+
+    void onlyTheBeginningOfAValueIsShown() {
+        CTRecord record;
+        QCOMPARE(MisreadOf(u"11/19/2026,"_s + QString(500, u'x') + u",,,,,,,,,,,No,No,n"_s, record, Form()),
+                 u"start "_s + QString(30, u'x') + u'=');
     }
 
     void notesOfExpensesAreJoined() {

@@ -98,6 +98,31 @@ class TestFrameExchange final : public QObject {
         QCOMPARE(fixture->home.document->RecordCount(), std::size_t{0});
     }
 
+    void whatDoesNotComeBackIsntDeleted() {
+        CTRecord record;
+        record.date.Set(11, 1, 2026);
+        record.item1 = u"5\" pipe"_s;
+        QVERIFY(fixture->home.document->AddRecord(record, {Notify::No, Commit::Now, Identity::New}));
+        AddAndSelect(1);
+        fixture->home.settings->exportPostProcessing = 2;
+        fixture->home.prompt.ExpectFile(Path());
+        fixture->home.prompt.ExpectTold(Text::ExportNotReadBack);
+        fixture->home.prompt.ExpectTold(Text::ExportNotDeletedUnread);
+        fixture->Run(Command::kExport);
+        fixture->home.prompt.Finish();
+        QCOMPARE(fixture->home.document->RecordCount(), std::size_t{2});
+    }
+
+    void valuesThatAreNotReadAsTheyAreWritten() {
+        Write("11/19/2026,09:00,10:00,8:30,,A,,,,,,,No,No,n\n");
+        fixture->home.prompt.ExpectFile(Path());
+        fixture->home.prompt.ExpectTold(Text::ImportDone);
+        fixture->Run(Command::kImport);
+        fixture->home.prompt.Finish();
+        QVERIFY(fixture->home.prompt.told.last().contains(u"Line 1, Duration: \"8:30\" was read as 8."_s));
+        QCOMPARE(fixture->dialogs.previewed.misread.size(), 1);
+    }
+
     void nothingIsDeletedWhereNothingIsWritten() {
         AddAndSelect(1);
         fixture->home.settings->exportPostProcessing = 2;

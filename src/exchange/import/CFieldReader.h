@@ -1,0 +1,53 @@
+#pragma once
+
+#include "calendar/DateTimeVal.h"
+
+#include <QString>
+#include <optional>
+#include <vector>
+
+struct FieldRow;
+
+/// A field of a line that isn't read as it is written.
+struct Misreading {
+    static constexpr qsizetype kShown = 30;  ///< so much of a field is shown
+
+    const FieldRow* field;
+    QString text;  ///< the beginning of what is written
+    QString read;  ///< what it was read as; empty: it was left out
+};
+using Misreadings = std::vector<Misreading>;
+
+/// Hours and minutes.
+struct LengthOfTime {
+    int hours;
+    int minutes;
+};
+
+/// Reads the values of a line's fields, by the regional values in use. What can't be read is none, and of a
+/// number only its beginning may be read; either is noted, so that the user can be told.
+class CFieldReader {
+ public:
+    /// clock24: times count to 24, and a word for the half of the day is dropped, on purpose. The notes must
+    /// outlive the reader.
+    CFieldReader(bool clock24, Misreadings& misread) : m_clock24(clock24), m_misread(misread) {}
+
+    [[nodiscard]] std::optional<DateTimeVal> Time(const FieldRow& field, const QString& text);
+    /// Decimal hours: 7.99 is 7:59. A part of a minute counts from half of it on.
+    [[nodiscard]] std::optional<LengthOfTime> Length(const FieldRow& field, const QString& text);
+    [[nodiscard]] std::optional<float> Number(const FieldRow& field, const QString& text);
+    /// The shortest text of a number; empty for what isn't one.
+    [[nodiscard]] QString Reading(const FieldRow& field, const QString& text);
+    [[nodiscard]] bool Flag(const FieldRow& field, const QString& text);
+
+    /// A value that was read but can't be had by the record.
+    void NoteLeftOut(const FieldRow& field, const QString& text);
+
+ private:
+    [[nodiscard]] std::optional<DateTimeVal> TimeOf(const QString& text) const;
+    void NoteReadAs(const FieldRow& field, const QString& text, const QString& read);
+    void NoteIfCut(const FieldRow& field, const QString& text, double number);
+
+    bool m_clock24;
+    Misreadings& m_misread;
+};
