@@ -336,9 +336,8 @@ bool CPulldownCatalogue::StoreNames(const std::map<int, QString>& names,
     StoreTransaction change(m_store);
     if (!change.IsOpen()) return false;
     for (const auto& [list, text] : names) {
-        const ItemList* former = GetList(list);
-        if (!former) return false;
-        if (!former->empty() && !m_store.Query(FormatText<Text::SqlDeleteList>(table, list))) return false;
+        // Where memory has no name another program may have stored one since.
+        if (!GetList(list) || !m_store.Query(FormatText<Text::SqlDeleteList>(table, list))) return false;
         if (text.isEmpty()) continue;
         items.push_back(std::make_unique<CPRecord>(text));
         items.back()->listId = list;

@@ -48,6 +48,7 @@ class TestLabelSets : public QObject {
     void CommandTextsFollow();
     void FailureKeepsAllNames();
     void NameThatStandsInATree();
+    void NameThatCameMeanwhile();
 };
 
 void TestLabelSets::init() {
@@ -285,6 +286,22 @@ void TestLabelSets::NameThatStandsInATree() {
     TestHome next(home->Path());
     QVERIFY(next.catalogue->Tree(DependencySet::Time).IsEmpty());
     QCOMPARE(next.catalogue->Labels().GetLabel(109), u"Patient"_s);
+}
+
+/// Another program has named the field since the lists were read: one name is left, the one entered last.
+void TestLabelSets::NameThatCameMeanwhile() {
+    {
+        TestHome other(home->Path());
+        QVERIFY(CLabelEditor(*other.catalogue).SetLabel(109, u"Customer"_s));
+    }
+    QVERIFY(CLabelEditor(*catalogue).SetLabel(109, u"Patient"_s));
+    QCOMPARE(Stored(109), QStringList{u"Patient"_s});
+    {
+        TestHome other(home->Path());
+        QVERIFY(CLabelEditor(*other.catalogue).SetLabel(110, u"Case"_s));
+    }
+    QVERIFY(CLabelEditor(*catalogue).Reset());
+    QCOMPARE(Stored(110), QStringList());
 }
 
 TEST_CLASS(TestLabelSets);
