@@ -12,24 +12,9 @@ QByteArrayView BytesOf(sqlite3_value* value, const void* bytes) {
     return {static_cast<const char*>(bytes), sqlite3_value_bytes(value)};
 }
 
-void Add(CCheckSum& sum, sqlite3_value* value) {
-    switch (sqlite3_value_type(value)) {
-        case SQLITE_INTEGER:
-            return sum.AddInteger(sqlite3_value_int64(value));
-        case SQLITE_FLOAT:
-            return sum.AddReal(sqlite3_value_double(value));
-        case SQLITE_TEXT:
-            return sum.AddText(BytesOf(value, sqlite3_value_text(value)));
-        case SQLITE_BLOB:
-            return sum.AddBlob(BytesOf(value, sqlite3_value_blob(value)));
-        default:
-            return sum.AddNull();
-    }
-}
-
 void SumOfArguments(sqlite3_context* context, int count, sqlite3_value** values) {
     CCheckSum sum;
-    for (sqlite3_value* value : std::span(values, static_cast<std::size_t>(count))) Add(sum, value);
+    for (sqlite3_value* value : std::span(values, static_cast<std::size_t>(count))) sum.Add(value);
     sqlite3_result_int64(context, sum.Value());
 }
 
@@ -65,6 +50,21 @@ void CCheckSum::AddBlob(QByteArrayView bytes) {
     AddKind('b');
     AddNumber(static_cast<std::uint64_t>(bytes.size()));
     AddBytes(bytes);
+}
+
+void CCheckSum::Add(sqlite3_value* value) {
+    switch (sqlite3_value_type(value)) {
+        case SQLITE_INTEGER:
+            return AddInteger(sqlite3_value_int64(value));
+        case SQLITE_FLOAT:
+            return AddReal(sqlite3_value_double(value));
+        case SQLITE_TEXT:
+            return AddText(BytesOf(value, sqlite3_value_text(value)));
+        case SQLITE_BLOB:
+            return AddBlob(BytesOf(value, sqlite3_value_blob(value)));
+        default:
+            return AddNull();
+    }
 }
 
 int CCheckSum::Register(sqlite3* db) {

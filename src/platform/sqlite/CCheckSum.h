@@ -4,6 +4,7 @@
 #include <cstdint>
 
 struct sqlite3;
+struct sqlite3_value;
 
 /// A checksum of the values of a row, one after another: it differs for any two rows that differ in the bytes
 /// of one value (FNV-1a, 64 bits). It finds damage; it is no protection against people.
@@ -15,6 +16,8 @@ class CCheckSum {
     void AddReal(double value);
     void AddText(QByteArrayView utf8);
     void AddBlob(QByteArrayView bytes);
+    /// A value of any type.
+    void Add(sqlite3_value* value);
     [[nodiscard]] std::int64_t Value() const { return static_cast<std::int64_t>(m_sum); }
 
     /// The name of the function of statements that gives the checksum of its arguments.

@@ -17,8 +17,10 @@
 
 #include "platform/host/CLockWait.h"
 #include "platform/sqlite/CCheckSum.h"
+#include "platform/sqlite/CRowListener.h"
 #include "platform/sqlite/CStatementCache.h"
 #include "platform/sqlite/LockProbe.h"
+#include "platform/sqlite/RowHook.h"
 #include "platform/sqlite/SqliteErrors.h"
 
 namespace {
@@ -123,6 +125,7 @@ bool CSqliteFile::Connect(const SqliteFileKind& kind) {
     m_statements = std::make_unique<CStatementCache>(m_db);
     if (CCheckSum::Register(m_db) != SQLITE_OK) return false;
     m_readOnly = sqlite3_db_readonly(m_db, "main") == 1;
+    if (m_listener != nullptr) HookRows(m_db, m_listener);
     struct stat status {};
     if (!m_isMemory && ::stat(QFile::encodeName(m_path).constData(), &status) == 0) {
         m_device = status.st_dev;
@@ -229,6 +232,7 @@ OpenOutcome CSqliteFile::Refuse(OpenOutcome outcome, const QString& sentence) {
 }
 
 void CSqliteFile::Close() {
+    TellEnd(false);
     m_statements.reset();
     sqlite3_close_v2(std::exchange(m_db, nullptr));
     m_lockWait.reset();
@@ -277,8 +281,20 @@ bool CSqliteFile::Begin() {
     if (m_began) {
         m_changesBefore = sqlite3_total_changes64(m_db);
         m_counterBefore = ChangeCounter();
+        m_isHeard = m_listener != nullptr;
+        if (m_isHeard) m_listener->OnBegin(*this);
     }
     return m_began;
+}
+
+void CSqliteFile::Watch(CRowListener* listener) {
+    m_listener = listener;
+    m_isHeard = false;
+    if (m_db != nullptr) HookRows(m_db, listener);
+}
+
+void CSqliteFile::TellEnd(bool isDurable) {
+    if (std::exchange(m_isHeard, false)) m_listener->OnEnd(isDurable);
 }
 
 /// The first look into the file is what sets the moment.
@@ -313,6 +329,13 @@ bool CSqliteFile::Commit() {
         Rollback();
         return false;
     }
+    if (m_isHeard) m_listener->OnCommit(*this);
+    const bool isDone = RunCommit();
+    if (isDone) TellEnd(true);
+    return isDone;
+}
+
+bool CSqliteFile::RunCommit() {
     if (!Run("COMMIT")) {
         if (InTransaction() || !IsCommitInFile()) return false;
         m_began = false;
@@ -364,6 +387,7 @@ bool CSqliteFile::ConfirmCommit() {
 void CSqliteFile::Rollback() {
     m_began = false;
     if (InTransaction()) sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
+    TellEnd(false);
 }
 
 bool CSqliteFile::InTransaction() const {

@@ -14,6 +14,7 @@
 struct sqlite3;
 struct sqlite3_stmt;
 class CLockWait;
+class CRowListener;
 class CStatementCache;
 
 /// What identifies a file of ours and how it is to be opened.
@@ -83,6 +84,10 @@ class CSqliteFile {
     /// Called when damage is met for the first time.
     void OnDamage(const std::function<void()>& listener) { m_onDamage = listener; }
 
+    /// Who hears of transactions and of the rows that they change, from the next transaction on; null:
+    /// nobody. Must outlive the file, or take itself away before.
+    void Watch(CRowListener* listener);
+
     /// Takes code and sentence of the connection's last failure (after a step that failed, for instance).
     void NoteError();
     [[nodiscard]] int ErrorCode() const { return m_errorCode; }     ///< SQLite's extended result code
@@ -103,6 +108,8 @@ class CSqliteFile {
     [[nodiscard]] bool Run(const QByteArray& sql);
     [[nodiscard]] std::uint32_t ChangeCounter() const;
     [[nodiscard]] bool IsCommitInFile() const;
+    [[nodiscard]] bool RunCommit();
+    void TellEnd(bool isDurable);
     [[nodiscard]] bool ConfirmCommit();
     [[nodiscard]] bool RefuseWithinWait();
     void NoteErrorCode(int code);
@@ -122,6 +129,8 @@ class CSqliteFile {
     bool m_isUnconfirmed = false;
     std::int64_t m_changesBefore = 0;   ///< of the connection, when the transaction began
     std::uint32_t m_counterBefore = 0;  ///< of the file, at the same moment
+    CRowListener* m_listener = nullptr;
+    bool m_isHeard = false;  ///< the listener has heard of the beginning of the transaction
     bool m_isMemory = false;
     bool m_lacksLocks = false;  ///< the file system refuses every lock
     std::uint64_t m_device = 0;

@@ -67,7 +67,7 @@ std::optional<bool> HasRow(CSqliteFile& file, const QByteArray& sql) {
 }  // namespace
 
 RowChecks::RowChecks(const QByteArray& table, const std::vector<Key>& keys, const QByteArrayList& columns)
-    : m_name(table + "_checks") {
+    : m_name(NameOf(table)) {
     QByteArrayList names, declared;
     for (const Key& key : keys) {
         names += key.name;

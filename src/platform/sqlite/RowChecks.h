@@ -24,6 +24,8 @@ class RowChecks {
 
     /// Fits the names of tables of checksums (GLOB).
     static constexpr char kPattern[] = "*_checks";
+    /// That of a table.
+    [[nodiscard]] static QByteArray NameOf(const QByteArray& table) { return table + "_checks"; }
 
     /// Whether the file has them; nothing when it can't be asked.
     [[nodiscard]] std::optional<bool> AreThere(CSqliteFile& file) const;
