@@ -8,6 +8,7 @@
 #include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
 #include "records/CRecordStore.h"
+#include "records/NamedChange.h"
 #include "records/RecordFactory.h"
 #include "records/StoreTransaction.h"
 
@@ -333,6 +334,7 @@ bool CPulldownCatalogue::SetNames(const std::map<int, QString>& names) {
 bool CPulldownCatalogue::StoreNames(const std::map<int, QString>& names,
                                     std::vector<std::unique_ptr<CPRecord>>& items) {
     const QString table = m_store.TableName(RecordKind::PulldownItem);
+    const NamedChange named(m_store, ChangeKind::Labels);
     StoreTransaction change(m_store);
     if (!change.IsOpen()) return false;
     for (const auto& [list, text] : names) {

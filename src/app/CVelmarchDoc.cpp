@@ -1,6 +1,5 @@
 #include "app/CVelmarchDoc.h"
 
-#include "app/CChangeJournal.h"
 #include "config/CCfgStore.h"
 #include "platform/host/CMessagePump.h"
 #include "records/CERecord.h"
@@ -196,7 +195,6 @@ bool CVelmarchDoc::AddRecord(const CVORec& record, const AddChoice& choice, QStr
     // A row that was taken in, and whose commit failed, is gone again.
     if (!IsStored(m_store.InsertRecord(*clone, choice.commit))) return false;
     const QString id = clone->GetId();
-    NoteChange(clone->Kind(), id, nullptr, clone.get());
     if (choice.hold == Hold::Yes) Accommodate(std::move(clone));
     if (newId) *newId = id;
     Announce(Hint::Added, id, choice.notify);
@@ -221,14 +219,12 @@ bool CVelmarchDoc::ModifyRecord(const CVORec& record, const QString& id, const M
     std::unique_ptr<CVORec> clone = CloneRecord(record);
     if (!clone) return false;
     const QString newId = clone->GetId();
-    const std::unique_ptr<CVORec> before = StoredForJournal(record.Kind(), formerId);
     const bool isShown = ReplaceVisible(formerId, *clone);
     if (!IsStored(m_store.ModifyRecord(*clone, formerId, choice.commit))) {
         // The view shows what was entered, while the collection has what is stored. The next reload mends it.
         if (isShown) m_shownOnly.push_back(std::move(clone));
         return false;
     }
-    NoteChange(clone->Kind(), formerId, before.get(), clone.get());
     StandInFor(std::move(clone), isShown, choice.hold);
     Announce(Hint::Changed, newId, choice.notify);
     return true;
@@ -252,10 +248,8 @@ bool CVelmarchDoc::DeleteRecord(RecordKind kind, const QString& id, Notify notif
     // the caller's text may belong to the object that goes
     const QString goneId = id;  // NOLINT(performance-unnecessary-copy-initialization)
     if (notify == Notify::Yes) NotifyViews(Hint::AboutToGo, {goneId});
-    const std::unique_ptr<CVORec> before = StoredForJournal(kind, goneId);
     RemoveVisible(goneId);
     if (!m_store.DeleteRecord(kind, goneId)) return false;
-    if (before) NoteChange(kind, goneId, before.get(), nullptr);
     std::unique_ptr<CVORec> gone = m_records.Take(goneId);
     if (!gone) gone = m_fetched.Take(goneId);
     // Absent from the collection is a failure where every record of the kind is loaded. A console command
@@ -280,26 +274,6 @@ void CVelmarchDoc::ReadAnew() {
     m_visibleCount = 0;
     m_records.RemoveAll();
     m_fetched.RemoveAll();
-}
-
-// --- The journal
-
-/// What a change is about to replace, as it is stored: another program may have changed it since it was read.
-std::unique_ptr<CVORec> CVelmarchDoc::StoredForJournal(RecordKind kind, const QString& id) {
-    if (!m_journal) return nullptr;
-    std::unique_ptr<CVORec> stored = NewRecord(kind);
-    return m_store.ReadRecord(*stored, id) ? std::move(stored) : nullptr;
-}
-
-/// A change that stands in no transaction any more has come to its end.
-void CVelmarchDoc::NoteChange(RecordKind kind, const QString& id, const CVORec* before, const CVORec* after) {
-    if (!m_journal) return;
-    m_journal->NoteChange({kind, id, before, after});
-    if (!m_store.Manager().HasOpenChanges()) m_journal->NoteEnd(CommitEnd::Durable);
-}
-
-void CVelmarchDoc::NoteEnd(CommitEnd end) {
-    if (m_journal) m_journal->NoteEnd(end);
 }
 
 // --- Telling the views

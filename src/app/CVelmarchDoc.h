@@ -6,7 +6,6 @@
 #include "app/TimeFilter.h"
 #include "app/VORecPtrCol.h"
 #include "records/CRecordStore.h"
-#include "records/StoreTransaction.h"
 
 #include <QStringList>
 #include <functional>
@@ -15,7 +14,6 @@
 #include <vector>
 
 class CCfgStore;
-class CChangeJournal;
 class CClock;
 class CERecord;
 class CMessagePump;
@@ -117,11 +115,6 @@ class CVelmarchDoc {
     /// After changes that were undone in the store: reads anew whatever is held of it, and tells the views.
     void ReadAnew();
 
-    /// Who hears what each change replaced; null: nobody.
-    void SetJournal(CChangeJournal* journal) { m_journal = journal; }
-    /// Passes on to the journal what became of the changes of a transaction.
-    void NoteEnd(CommitEnd end);
-
     /// While one lives, records are being changed one after the other: what another program has changed
     /// meanwhile is taken over afterwards.
     class [[nodiscard]] ChangeScope {
@@ -203,9 +196,6 @@ class CVelmarchDoc {
     void Announce(Hint hint, const QString& id, Notify notify);
     [[nodiscard]] bool IsStored(bool isTaken) const { return isTaken && m_store.m_lastError == 0; }
 
-    [[nodiscard]] std::unique_ptr<CVORec> StoredForJournal(RecordKind kind, const QString& id);
-    void NoteChange(RecordKind kind, const QString& id, const CVORec* before, const CVORec* after);
-
     [[nodiscard]] bool ReadChanges(RecordKind kind, const QStringList& ids, Refresh& refresh);
     void SortOut(const QString& id, std::unique_ptr<CVORec> stored, Refresh& refresh);
     void TakeOver(std::unique_ptr<CVORec> stored);
@@ -216,7 +206,6 @@ class CVelmarchDoc {
     const CClock& m_clock;
     const CCfgStore& m_settings;
     const CTimerService* m_timers = nullptr;
-    CChangeJournal* m_journal = nullptr;
     int m_changing = 0;
     QStringList m_pendingIds;
     std::vector<CVORec*> m_visible;  ///< null where a record was removed; places are kept in m_records

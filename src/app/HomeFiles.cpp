@@ -24,6 +24,10 @@ QString SettingsPath(const QString& home) {
     return home + u"/velmarch.settings"_s;
 }
 
+QString HistoryPath(const QString& home) {
+    return home + u"/velmarch.history"_s;
+}
+
 QString DataSourceName() {
     return u"velmarch"_s;
 }

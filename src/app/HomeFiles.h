@@ -10,6 +10,7 @@ class CProfile;
 /// The files of a home, and what its settings note of its store.
 [[nodiscard]] QString StorePath(const QString& home);
 [[nodiscard]] QString SettingsPath(const QString& home);
+[[nodiscard]] QString HistoryPath(const QString& home);
 /// Suffix of all table names.
 [[nodiscard]] QString DataSourceName();
 

@@ -11,6 +11,7 @@
 #include "entry/RecordMarks.h"
 #include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
+#include "records/NamedChange.h"
 
 #include <memory>
 #include <utility>
@@ -29,6 +30,7 @@ bool CRecordChanges::Confirmed(Text question, Text title, qsizetype records) con
 // --- One record
 
 Outcome CRecordChanges::Add(const CVORec& record, Identity identity) {
+    const NamedChange named(m_context.document.Store(), ChangeKind::Add);
     return ChangeWithItems([&] {
         QString id;
         if (!m_context.document.AddRecord(record, {Notify::Yes, Commit::Now, identity}, &id))
@@ -38,6 +40,7 @@ Outcome CRecordChanges::Add(const CVORec& record, Identity identity) {
 }
 
 Outcome CRecordChanges::Edit(const CVORec& record, const QString& id) {
+    const NamedChange named(m_context.document.Store(), ChangeKind::Edit);
     // The record that has the identity goes. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const QString formerId = id;
     Outcome outcome = ChangeWithItems([&] {
@@ -79,6 +82,7 @@ Outcome CRecordChanges::Delete(RecordKind kind, const QStringList& ids, Ask ask)
         !Confirmed(Text::AskDeleteRecords, Text::AskDeleteTitle, ids.size()))
         return Outcome::Declined();
     CVelmarchDoc& document = m_context.document;
+    const NamedChange named(document.Store(), ChangeKind::Delete);
     Outcome outcome =
         Run({.ids = ids,
              .progress = FormatText<Text::ProgressDelete>(static_cast<int>(ids.size())),
@@ -99,6 +103,7 @@ Outcome CRecordChanges::Delete(RecordKind kind, const QStringList& ids, Ask ask)
 
 Outcome CRecordChanges::AddAll(CRecordSource& source, Hold hold) {
     CVelmarchDoc& document = m_context.document;
+    const NamedChange named(document.Store(), ChangeKind::Import);
     const qsizetype othersPending = document.PendingCount();
     std::optional<CPulldownCatalogue::NewItems> items;
     Outcome outcome = AddInTransaction(source, hold, items);
@@ -129,7 +134,6 @@ Outcome CRecordChanges::AddInTransaction(CRecordSource& source, Hold hold,
         Commit(transaction, outcome);
     else
         outcome.commit = CommitEnd::Undone;
-    m_context.document.NoteEnd(outcome.commit);
     m_context.progress.End();
     return outcome;
 }
@@ -173,6 +177,7 @@ Outcome CRecordChanges::Copy(RecordKind kind, const QStringList& ids) {
     if (m_context.settings.confirmCopy && !Confirmed(Text::AskCopyRecords, Text::AskCopyTitle, ids.size()))
         return Outcome::Declined();
     CVelmarchDoc& document = m_context.document;
+    const NamedChange named(document.Store(), ChangeKind::Copy);
     return Run(
         {.ids = ids,
          .progress = FormatText<Text::ProgressCopy>(static_cast<int>(ids.size())),
@@ -189,6 +194,7 @@ Outcome CRecordChanges::SetMark(RecordKind kind, RecordMark mark, const QStringL
     if (ask == Ask::BySetting && m_context.settings.confirmMark &&
         !Confirmed(Text::AskMarkRecords, Text::AskMarkTitle, ids.size()))
         return Outcome::Declined();
+    const NamedChange named(m_context.document.Store(), ChangeKind::Mark);
     Outcome outcome = Run({.ids = ids,
                            .progress = FormatText<Text::ProgressMark>(static_cast<int>(ids.size())),
                            .hint = Hint::Changed,
@@ -268,7 +274,6 @@ Outcome CRecordChanges::RunInTransaction(const Batch& batch) {
         Commit(transaction, outcome);
     else
         outcome.commit = CommitEnd::Undone;
-    m_context.document.NoteEnd(outcome.commit);
     m_context.progress.End();
     return outcome;
 }

@@ -9,7 +9,9 @@
 #include "records/CPRecord.h"
 #include "records/CRecordStore.h"
 #include "records/CTRecord.h"
+#include "records/NamedChange.h"
 #include "records/RecordFactory.h"
+#include "records/StoreTransaction.h"
 
 #include <algorithm>
 #include <optional>
@@ -111,7 +113,10 @@ std::vector<CalendarDay> WorkingDays(const CClock& clock, int records) {
 class BatchWriter {
  public:
     BatchWriter(CVelmarchDoc& document, const std::function<void(int)>& progress)
-        : m_document(document), m_progress(progress), m_batch(document.Store()) {}
+        : m_document(document),
+          m_progress(progress),
+          m_named(document.Store(), ChangeKind::Demo),
+          m_batch(document.Store()) {}
 
     [[nodiscard]] bool Write(const CVORec& record) {
         Report();
@@ -124,7 +129,6 @@ class BatchWriter {
     }
     [[nodiscard]] bool Finish() {
         const CommitEnd end = m_batch.Commit();
-        m_document.NoteEnd(end);
         if (end == CommitEnd::Durable && m_progress) m_progress(m_written);
         return end == CommitEnd::Durable;
     }
@@ -137,6 +141,7 @@ class BatchWriter {
 
     CVelmarchDoc& m_document;
     const std::function<void(int)>& m_progress;
+    NamedChange m_named;
     StoreTransaction m_batch;
     int m_written = 0;
 };

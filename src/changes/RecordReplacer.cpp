@@ -5,6 +5,7 @@
 #include "lang/FormatText.h"
 #include "records/CERecord.h"
 #include "records/CTRecord.h"
+#include "records/NamedChange.h"
 #include "records/QuoteText.h"
 #include "records/RecordFactory.h"
 
@@ -17,6 +18,7 @@ RecordReplacer::RecordReplacer(CVelmarchDoc& document) : m_document(document), m
 
 Outcome RecordReplacer::Replace(const ListRow& row, const QString& oldText, const QString& newText,
                                 const std::function<bool()>& alongside) {
+    const NamedChange named(m_store, ChangeKind::Replace);
     std::vector<Batch> batches = Batches(row);
     const qsizetype othersPending = m_document.PendingCount();
     Outcome outcome = ReplaceAll(batches, oldText, newText, alongside);
@@ -42,7 +44,6 @@ Outcome RecordReplacer::ReplaceAll(std::vector<Batch>& batches, const QString& o
         outcome.commit = change.Commit();
         if (outcome.commit != CommitEnd::Durable) outcome = Outcome::Failed(Outcome::Failure::Commit);
     }
-    m_document.NoteEnd(outcome.commit);
     return outcome;
 }
 

@@ -2,6 +2,7 @@
 
 #include "lang/FormatText.h"
 #include "platform/sqlite/CSqliteFile.h"
+#include "records/CStoreJournal.h"
 #include "records/QuoteText.h"
 #include "records/RowConditions.h"
 
@@ -85,7 +86,15 @@ bool CRecordStore::Update(Text failure) {
     if (!m_manager.Update()) return Fail(failure, {});
     if (m_manager.IsUnconfirmed())
         Tell(Text::CommitUnconfirmed, LoadText(Text::CommitUnconfirmed), BoxIcon::Warning);
+    TellOfJournal();
     return true;
+}
+
+/// What is stored stays, whether it can be undone or not.
+void CRecordStore::TellOfJournal() {
+    CStoreJournal* journal = m_manager.Journal();
+    const QString notice = journal ? journal->TakeNotice() : QString();
+    if (!notice.isEmpty()) Tell(Text::HistoryTitle, notice, BoxIcon::Warning);
 }
 
 bool CRecordStore::IsDamaged() const {
@@ -171,7 +180,9 @@ bool CRecordStore::DeleteRecord(RecordKind kind, const QString& id) {
     m_lastError = 0;
     if (!IsIdentity(id)) return true;  // an absent record is as good as deleted
     const QString statement = ById(Text::SqlDeleteFrom, kind, id);
-    return m_manager.Query(statement, true) || Fail(Text::DeleteFailed, statement);
+    if (!m_manager.Query(statement, true)) return Fail(Text::DeleteFailed, statement);
+    TellOfJournal();
+    return true;
 }
 
 bool CRecordStore::Commit() {

@@ -76,6 +76,7 @@ class CRecordStore {
     void TellUnlessAsWritten(RecordKind kind, const QString& id);
     void Tell(Text what, const QString& text, BoxIcon icon);
     void TellHeld();
+    void TellOfJournal();
 
     CVOSrcMgr& m_manager;
     CPrompt& m_prompt;

@@ -3,6 +3,7 @@
 #include "lang/LoadText.h"
 #include "platform/sqlite/CSqliteFile.h"
 #include "platform/sqlite/SqliteErrors.h"
+#include "records/CStoreJournal.h"
 #include "records/CStoreTable.h"
 
 #include <sqlite3.h>
@@ -66,6 +67,11 @@ CVOSrcMgr::~CVOSrcMgr() {
 
 CSqliteFile& CVOSrcMgr::File() {
     return m_impl->file;
+}
+
+void CVOSrcMgr::SetJournal(CStoreJournal* journal) {
+    m_journal = journal;
+    m_impl->file.Watch(journal ? &journal->Rows() : nullptr);
 }
 
 bool CVOSrcMgr::FailByFile() {

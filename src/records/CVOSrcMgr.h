@@ -12,6 +12,7 @@
 #include "platform/host/CWaitBudget.h"
 
 class CSqliteFile;
+class CStoreJournal;
 class CStoreTable;
 
 /// How InitDataSrc found the store.
@@ -89,6 +90,10 @@ class CVOSrcMgr {
     /// What no Update has made durable is undone.
     void Close();
     [[nodiscard]] CSqliteFile& File();
+    /// Who writes down what is changed through this connection; null: nobody. Must outlive it, or be taken
+    /// away.
+    void SetJournal(CStoreJournal* journal);
+    [[nodiscard]] CStoreJournal* Journal() const { return m_journal; }
 
  private:
     class Impl;
@@ -105,5 +110,6 @@ class CVOSrcMgr {
 
     bool m_mayTakeOver = true;
     bool m_isSuspect = false;
+    CStoreJournal* m_journal = nullptr;
     std::unique_ptr<Impl> m_impl;
 };

@@ -5,6 +5,7 @@
 #include "calendar/NumberText.h"
 #include "config/CCfgStore.h"
 #include "records/CTRecord.h"
+#include "records/NamedChange.h"
 #include "timers/StopNote.h"
 #include "timers/TimerMerge.h"
 #include "timers/TrueTimes.h"
@@ -101,6 +102,7 @@ TimerOutcome CRecordTimers::StopOne(const QString& recordId, CountBy by) {
     const CTRecord stopped = Stopped(*record, hours, minutes);
     if (!NoteStop(stopped)) return {End::NotSaved};
     if (!m_timers.Find(recordId)) return {End::NoTimer};  // another program was quicker
+    const NamedChange named(m_document.Store(), ChangeKind::TimerStop);
     if (!m_document.ModifyRecord(stopped, recordId, {Notify::Yes, Commit::Now})) {
         ForgetStop(recordId);
         return {End::NotInRecord};

@@ -1,7 +1,7 @@
 #include "timers/CRecordTimers.h"
 
 #include "TimerHome.h"
-#include "app/CChangeJournal.h"
+#include "platform/sqlite/CRowListener.h"
 #include "support/TestProgram.h"
 #include "timers/LostTimers.h"
 #include "timers/TimerTexts.h"
@@ -241,11 +241,13 @@ void TestCRecordTimers::StopAllAndPauseAll() {
 
 /// Each stop may bring up a message, and what another program changed meanwhile is shown after the last one.
 void TestCRecordTimers::StoppingAllHoldsOffRefreshes() {
-    class Journal final : public CChangeJournal {
+    class Journal final : public CRowListener {
      public:
         explicit Journal(const CVelmarchDoc& document) : m_document(document) {}
-        void NoteChange(const RecordChange&) override { changing.append(m_document.IsBeingChanged()); }
-        void NoteEnd(CommitEnd) override {}
+        void OnBegin(CSqliteFile&) override {}
+        void OnRow(const CChangedRow&) override {}
+        void OnCommit(CSqliteFile&) override { changing.append(m_document.IsBeingChanged()); }
+        void OnEnd(bool) override {}
         QList<bool> changing;
 
      private:
@@ -254,8 +256,9 @@ void TestCRecordTimers::StoppingAllHoldsOffRefreshes() {
     TimerHome home;
     for (const int day : {18, 19}) QVERIFY(home.timers->StartRecordTimer(home.AddTime(2026, 11, day)));
     Journal journal(*home.document);
-    home.document->SetJournal(&journal);
+    home.manager.File().Watch(&journal);
     QVERIFY(home.timers->StopAllTimers());
+    home.manager.File().Watch(nullptr);
     QCOMPARE(journal.changing, (QList<bool>{true, true}));
     QVERIFY(!home.document->IsBeingChanged());
 }

@@ -1,5 +1,5 @@
 #include "TimerHome.h"
-#include "app/CChangeJournal.h"
+#include "platform/sqlite/CRowListener.h"
 #include "support/TestProgram.h"
 
 #include <QTest>
@@ -112,21 +112,24 @@ void TestStops::KilledInTheMiddleOfAStop() {
     home.clock.Advance(30 * kMinute);
     home.timers->FoldAndStore();
     // What the settings hold while the record is being written is there for good.
-    class Kill final : public CChangeJournal {
+    class Kill final : public CRowListener {
      public:
         explicit Kill(TimerHome& home) : m_home(home) {}
-        void NoteChange(const RecordChange&) override {
+        void OnBegin(CSqliteFile&) override {}
+        void OnRow(const CChangedRow&) override {}
+        void OnCommit(CSqliteFile&) override {
             QVERIFY(m_home.tree.File().Execute("PRAGMA query_only=ON"));
         }
-        void NoteEnd(CommitEnd) override {}
+        void OnEnd(bool) override {}
 
      private:
         TimerHome& m_home;
     } kill(home);
-    home.document->SetJournal(&kill);
     CTRecord before;
     QVERIFY(home.store->ReadRecord(before, id));
+    home.manager.File().Watch(&kill);
     QVERIFY(home.timers->StopRecordTimer(id));
+    home.manager.File().Watch(nullptr);
     if (!isRecordWritten) QVERIFY(home.store->ModifyRecord(before, id, Commit::Now));
     TimerHome next(home.Path());
     next.clock.Advance(30 * kMinute);
