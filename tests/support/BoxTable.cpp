@@ -44,6 +44,7 @@ constexpr BoxRow kBoxes[] = {
     OfStore(Text::DeleteFailed),
     OfStore(Text::CommitFailed),
     {.text = Text::CommitUnconfirmed, .title = Text::StoreFailureTitle},
+    {.text = Text::HistoryTitle, .title = Text::StoreFailureTitle},
 
     {.text = Text::GuideAskEnd,
      .title = Text::GuideTitle,

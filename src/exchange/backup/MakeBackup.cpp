@@ -49,7 +49,7 @@ QString Place(const QString& path) {
 
 bool IsFileOfHome(const QString& home, const QString& path) {
     const QString place = Place(path);
-    for (const QString& file : {StorePath(home), SettingsPath(home)})
+    for (const QString& file : {StorePath(home), SettingsPath(home), HistoryPath(home)})
         for (const char* part : {"", "-journal", "-wal", "-shm"})
             if (place == Place(file + QString::fromLatin1(part))) return true;
     return false;

@@ -49,6 +49,7 @@ void TestMakeBackup::FilesOfTheHome_data() {
     QTest::addColumn<bool>("isOfHome");
     QTest::newRow("the store") << u"%1/velmarch.store"_s << true;
     QTest::newRow("the settings") << u"%1/velmarch.settings"_s << true;
+    QTest::newRow("the history") << u"%1/velmarch.history"_s << true;
     QTest::newRow("the store's journal") << u"%1/velmarch.store-journal"_s << true;
     QTest::newRow("the settings' journal") << u"%1/velmarch.settings-journal"_s << true;
     QTest::newRow("with dots") << u"%1/../%3/./velmarch.store"_s << true;

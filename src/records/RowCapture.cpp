@@ -1,0 +1,97 @@
+#include "records/RowCapture.h"
+
+#include "platform/sqlite/CCheckSum.h"
+#include "platform/sqlite/RowChecks.h"
+
+#include <sqlite3.h>
+
+#include <cstring>
+
+namespace {
+
+QByteArray TextOf(sqlite3_value* value) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return {text, sqlite3_value_bytes(value)};
+}
+
+constexpr int kEvents = 4;
+
+int PlaceOf(int table, RowEvent event) {
+    return table * kEvents + static_cast<int>(event);
+}
+
+}  // namespace
+
+RowCapture::RowCapture(const QByteArrayList& tables) : m_tables(tables) {
+    for (const QByteArray& table : tables) m_checks.append(RowChecks::NameOf(table));
+}
+
+void RowCapture::Clear() {
+    m_open.reset();
+    m_log.Clear();
+    m_counts.clear();
+    m_changed = 0;
+    m_isTooLarge = m_isUnsure = false;
+}
+
+int RowCapture::TableOf(const char* name) const {
+    for (qsizetype table = 0; table < m_tables.size(); ++table)
+        if (std::strcmp(m_tables[table].constData(), name) == 0) return static_cast<int>(table);
+    return -1;
+}
+
+void RowCapture::Note(const CChangedRow& row) {
+    const int table = TableOf(row.Table());
+    if (table >= 0) return Begin(table, row);
+    if (m_open && row.Event() == RowEvent::Added) NoteSum(row);
+}
+
+/// The key is the first column of a checksum and the last one of a record.
+void RowCapture::NoteSum(const CChangedRow& row) {
+    if (m_checks[m_open->op.table] != row.Table() || TextOf(row.After(0)) != m_open->op.key) return;
+    m_open->op.sum = sqlite3_value_int64(row.After(1));
+    m_open->hasSum = true;
+}
+
+void RowCapture::Begin(int table, const CChangedRow& row) {
+    Flush();
+    const int columns = row.ColumnCount();
+    const bool isGone = row.Event() == RowEvent::Deleted;
+    m_open.emplace(Open{.op = {.event = row.Event(),
+                               .table = table,
+                               .key = TextOf(isGone ? row.Before(columns - 1) : row.After(columns - 1)),
+                               .before = {}},
+                        .hasSum = isGone});
+    if (row.Event() == RowEvent::Added || m_isTooLarge) return;
+    CCheckSum sum;
+    for (int column = 0; column < columns; ++column) {
+        sqlite3_value* value = row.Before(column);
+        RowImage::Append(m_open->op.before, value);
+        sum.Add(value);
+    }
+    m_open->sumBefore = sum.Value();
+}
+
+void RowCapture::Flush() {
+    if (!m_open) return;
+    const Open open = std::move(*m_open);
+    m_open.reset();
+    const RowOp& op = open.op;
+    if (op.event == RowEvent::Modified && open.hasSum && open.sumBefore == op.sum) return;
+    m_isUnsure = m_isUnsure || !open.hasSum;
+    ++m_changed;
+    ++m_counts[PlaceOf(op.table, op.event)];
+    m_last = {.event = op.event, .table = op.table, .key = op.key, .sum = op.sum, .before = {}};
+    if (m_isTooLarge) return;
+    m_log.Append(op);
+    m_isTooLarge = m_log.Bytes() > kMostBytes;
+    if (m_isTooLarge) m_log.Clear();
+}
+
+void RowCapture::Finish() {
+    Flush();
+}
+
+int RowCapture::Count(int table, RowEvent event) const {
+    return m_counts.value(PlaceOf(table, event));
+}
