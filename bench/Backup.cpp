@@ -148,7 +148,7 @@ void VerifyAndRestore(Bench& bench) {
     if (!QFile::remove(StorePath(bench.home))) qFatal("the store stays");
     Fill(bench, 0);
     Say("restore", Took([&] {
-            if (const auto done = restore.Run(bench.home); !done) qFatal("%s", qPrintable(done.error));
+            if (const auto done = restore.Run(bench.home, nullptr); !done) qFatal("%s", qPrintable(done.error));
         }),
         floorOfRestore);
 }

@@ -1,5 +1,6 @@
 #include "cli/commands/BackupCommands.h"
 
+#include "app/CVelmarchDoc.h"
 #include "app/HomeFiles.h"
 #include "cli/arguments/CArguments.h"
 #include "cli/commands/RecordSteps.h"
@@ -152,7 +153,7 @@ ExitCode RestoreBackup(const CArguments& arguments, Console& console, const QStr
     RecordContext& context = home.Context();
     if (const InstanceReply reply = context.window.AskForRefresh(); !reply)
         return Refuse(ExitCode::Refused, reply.words, console);
-    const RestoreOutcome outcome = restore.Run(home.Path());
+    const RestoreOutcome outcome = restore.Run(home.Path(), context.document.Store().Manager().Journal());
     if (!outcome) return Refuse(ExitCode::Failed, RestoreFailure(path, outcome.error), console);
     TellOthers(outcome, console, context);
     WriteRestored(console.out, path, verified.content, outcome);

@@ -93,7 +93,7 @@ void CBackupCommands::Restore() {
     RestoreOutcome outcome;
     {
         const CVelmarchDoc::ChangeScope changing(m_context.document);
-        outcome = restore.Run(m_context.home);
+        outcome = restore.Run(m_context.home, m_context.document.Store().Manager().Journal());
     }
     if (outcome)
         TellRestored(*path, outcome.safetyCopy);

@@ -11,6 +11,7 @@
 #include "platform/host/ErrorText.h"
 #include "platform/sqlite/CSqliteFile.h"
 #include "records/CVORecordset.h"
+#include "records/NamedChange.h"
 
 #include <QFileInfo>
 #include <cerrno>
@@ -98,7 +99,7 @@ bool CRestore::IsConfirmed() {
            Ask(Text::AskRestoreSure, LoadText(Text::AskRestoreSure), Text::AskRestoreSureTitle);
 }
 
-RestoreOutcome CRestore::Run(const QString& home) {
+RestoreOutcome CRestore::Run(const QString& home, CStoreJournal* journal) {
     RestoreOutcome outcome;
     CSecondSource source(home, m_context.prompt);
     CVOSrcMgr& manager = source.Manager();
@@ -106,6 +107,8 @@ RestoreOutcome CRestore::Run(const QString& home) {
         outcome.error = FormatText<Text::BackupSettingUp>(manager.m_error);
         return outcome;
     }
+    manager.SetJournal(journal);
+    const NamedChange named(source.Store(), ChangeKind::Restore);
     const QString copy = NewDatedBackup(home, SafetyCopyName(m_context.clock.GetLocalTime()));
     // From here on nobody else stores anything: what is saved in the copy is what is deleted.
     outcome.error = manager.BeginBatch()
@@ -117,7 +120,19 @@ RestoreOutcome CRestore::Run(const QString& home) {
     outcome.isUnconfirmed = outcome && manager.IsUnconfirmed();
     if (outcome && !outcome.safetyCopy.isEmpty())
         KeepNewestBackups(home, QStringLiteral("before-restore-"), kSafetyCopies, copy);
+    TellOfJournal(journal);
     return outcome;
+}
+
+/// The records are those of the backup, whether that can be undone or not.
+void CRestore::TellOfJournal(CStoreJournal* journal) {
+    const QString notice = journal ? journal->TakeNotice() : QString();
+    if (notice.isEmpty()) return;
+    m_context.prompt.Tell({.textId = static_cast<int>(Text::HistoryTitle),
+                           .title = LoadText(Text::StoreFailureTitle),
+                           .text = notice,
+                           .icon = BoxIcon::Warning,
+                           .actionLabel = {}});
 }
 
 QString CRestore::Replace(CSecondSource& source, const QString& copy, RestoreOutcome& outcome) {

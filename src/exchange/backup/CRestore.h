@@ -10,6 +10,7 @@ class CClock;
 class CProgress;
 class CPrompt;
 class CSecondSource;
+class CStoreJournal;
 
 /// What a restore came to. After a failure the records are as they were.
 struct [[nodiscard]] RestoreOutcome {
@@ -40,8 +41,8 @@ class CRestore {
     [[nodiscard]] BackupOutcome Verify(const QString& path);
     /// Asks twice whether the records are to be replaced by those that were verified.
     [[nodiscard]] bool IsConfirmed();
-    /// Into the store of a home, which must be there.
-    [[nodiscard]] RestoreOutcome Run(const QString& home);
+    /// Into the store of a home, which must be there. journal: who writes down what is changed; null: nobody.
+    [[nodiscard]] RestoreOutcome Run(const QString& home, CStoreJournal* journal);
 
  private:
     [[nodiscard]] QString OpenFile(const QString& path);
@@ -50,6 +51,7 @@ class CRestore {
     [[nodiscard]] QString SaveThePresent(CSecondSource& source, const QString& path, RestoreOutcome& outcome);
     [[nodiscard]] QString Empty(CSecondSource& source);
     [[nodiscard]] QString Fill(CSecondSource& source);
+    void TellOfJournal(CStoreJournal* journal);
 
     Context m_context;
     QFile m_file;

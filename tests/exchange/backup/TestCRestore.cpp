@@ -79,7 +79,7 @@ RestoreOutcome TestCRestore::Restore(const QString& path) {
         {.prompt = m_home->prompt, .clock = m_home->clock, .progress = m_progress, .emptied = m_emptied});
     const BackupOutcome verified = restore.Verify(path);
     if (!verified) return {.error = verified.error, .safetyCopy = {}};
-    return restore.Run(m_home->Path());
+    return restore.Run(m_home->Path(), nullptr);
 }
 
 void TestCRestore::TheRecordsOfTheFileAlone() {
