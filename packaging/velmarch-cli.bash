@@ -74,8 +74,8 @@ _velmarch_cli() {
         --odometer-* | --width) return ;;
     esac
     [ -n "$choices" ] || case "$group $command" in
-        ' ') choices="time expense timer lists items tree labels defaults columns report query settings day period import export backup
-            verify restore texts doctor demo $global" ;;
+        ' ') choices="time expense timer lists items tree labels defaults columns report query settings day period import export history undo redo
+            backup verify restore texts doctor demo $global" ;;
         'time ' | 'expense ') choices="add edit show delete copy mark new list $global" ;;
         'timer ') choices="start pause stop stop-all pause-all drop status $global" ;;
         'items ') choices="list add rename delete clear $global" ;;
@@ -130,6 +130,7 @@ _velmarch_cli() {
             [ "$group $command" != 'export records' ] || choices+=" $filter --query --sort --post"
             [[ $word == -* ]] || { mapfile -t COMPREPLY < <(compgen -f -- "$word"); return; } ;;
         'backup '* | 'verify '* | 'restore '*) mapfile -t COMPREPLY < <(compgen -f -- "$word"); return ;;
+        'history ') choices="--limit $global" ;;
         'demo fill') choices="--seed $global" ;;
         *) choices=$global ;;
     esac

@@ -9,6 +9,7 @@
 #include "cli/commands/ColumnCommands.h"
 #include "cli/commands/DefaultCommands.h"
 #include "cli/commands/ExportCommands.h"
+#include "cli/commands/HistoryCommands.h"
 #include "cli/commands/ImportCommands.h"
 #include "cli/commands/LabelCommands.h"
 #include "cli/commands/ListCommands.h"
@@ -45,6 +46,9 @@ constexpr GroupRow kGroups[] = {
     {"settings", Text::CliGroupSettings},
     {"day", Text::CliDay},
     {"period", Text::CliGroupPeriod},
+    {"history", Text::CliHistory},
+    {"undo", Text::CliUndo},
+    {"redo", Text::CliRedo},
     {"backup", Text::CliBackup},
     {"verify", Text::CliVerify},
     {"restore", Text::CliRestore},
@@ -175,6 +179,9 @@ void AppendOthers(std::vector<CommandRow>& rows) {
     Append(rows, "day", {{"", "DATE", Text::CliDay, ShowDay}});
     Append(rows, "period",
            {{"list", "", Text::CliPeriodList, ListPeriods}, {"show", "ID", Text::CliPeriodShow, ShowPeriod}});
+    Append(rows, "history", {{"", "", Text::CliHistory, ListHistory, {HistoryOptions()}}});
+    Append(rows, "undo", {{"", "", Text::CliUndo, UndoChange}});
+    Append(rows, "redo", {{"", "", Text::CliRedo, RedoChange}});
     Append(rows, "backup", {{"", "FILE", Text::CliBackup, BackUp}});
     Append(rows, "verify", {{"", "FILE", Text::CliVerify, VerifyBackup}});
     Append(rows, "restore", {{"", "FILE", Text::CliRestore, RestoreBackup}});

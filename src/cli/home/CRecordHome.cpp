@@ -1,5 +1,6 @@
 #include "cli/home/CRecordHome.h"
 
+#include "changes/CUndo.h"
 #include "cli/output/COutput.h"
 #include "cli/output/Console.h"
 #include "lang/LoadText.h"
@@ -25,7 +26,9 @@ bool COpenHome::OpenSettingsAlone(const QString& homeOption) {
 
 struct CRecordHome::Opened {
     Opened(CVelmarchApp& app, const Console& console, CWaitBudget& budget)
-        : window(app.Home(), budget),
+        : manager(app.Manager()),
+          history(app.Home(), console.clock),
+          window(app.Home(), budget),
           timers(console.clock, app.Document(), app.Settings(), window),
           owner(app.Settings(), window, console.clock),
           changes({.document = app.Document(),
@@ -36,6 +39,7 @@ struct CRecordHome::Opened {
                    .prompt = console.prompt,
                    .progress = progress,
                    .partial = CRecordChanges::Partial::Undone}),
+          undo({.store = app.Store(), .history = history, .timers = timers}),
           context{.document = app.Document(),
                   .settings = app.Settings(),
                   .timers = timers,
@@ -43,16 +47,25 @@ struct CRecordHome::Opened {
                   .catalogue = app.Catalogue(),
                   .owner = owner,
                   .changes = changes,
-                  .entered = entered} {
+                  .entered = entered,
+                  .undo = undo} {
+        manager.SetJournal(&history);
         timers.OnOrphan([&console](const ActiveTimer& orphan) { TellOrphan(orphan, console.prompt); });
     }
 
+    ~Opened() { manager.SetJournal(nullptr); }
+    Opened(const Opened&) = delete;
+    Opened& operator=(const Opened&) = delete;
+
+    CVOSrcMgr& manager;
+    CHistory history;
     CWindowLink window;
     CTimerAccess timers;
     CSettingsOwner owner;
     CNoProgress progress;
     CEnteredItems entered;
     CRecordChanges changes;
+    CUndo undo;
     RecordContext context;
 };
 

@@ -6,6 +6,7 @@ class CPulldownCatalogue;
 class CRecordChanges;
 class CSettingsOwner;
 class CTimerAccess;
+class CUndo;
 class CVelmarchDoc;
 class CWindowLink;
 
@@ -19,4 +20,5 @@ struct RecordContext {
     CSettingsOwner& owner;          ///< where settings are changed
     CRecordChanges& changes;        ///< all of what a command changes, or none
     CEnteredItems& entered;         ///< texts for the pick lists, stored with the next record
+    CUndo& undo;                    ///< takes changes of records and lists back
 };

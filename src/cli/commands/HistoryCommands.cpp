@@ -1,0 +1,139 @@
+#include "cli/commands/HistoryCommands.h"
+
+#include "changes/CUndo.h"
+#include "changes/ChangeNames.h"
+#include "cli/arguments/CArguments.h"
+#include "cli/arguments/EnteredValues.h"
+#include "cli/commands/ListSteps.h"
+#include "cli/commands/RecordSteps.h"
+#include "cli/home/CTimerAccess.h"
+#include "cli/home/RecordContext.h"
+#include "cli/output/CJsonText.h"
+#include "cli/output/COutput.h"
+#include "lang/FormatText.h"
+
+#include <limits>
+
+namespace {
+
+constexpr OptionRow kHistoryOptions[] = {{"limit", "N", OptionShape::Value, Text::CliOptHistoryLimit}};
+
+/// A state as scripts and people see it; people see nothing of what is as usual.
+struct StateRow {
+    ChangeState state;
+    const char* name;
+    Text mark;
+};
+constexpr StateRow kStates[] = {
+    {ChangeState::Done, "done", Text::CliYes},
+    {ChangeState::Undone, "undone", Text::CliHistoryUndone},
+    {ChangeState::TooLarge, "too-large", Text::CliHistoryTooLarge},
+};
+
+const StateRow& RowOf(ChangeState state) {
+    for (const StateRow& row : kStates)
+        if (row.state == state) return row;
+    return kStates[0];
+}
+
+void WriteJson(CJsonText& json, const HistoryRow& change) {
+    json.NewLine();
+    json.BeginObject();
+    json.Key("number");
+    json.Integer(change.number);
+    json.Key("time");
+    json.Text(change.time);
+    json.Key("change");
+    json.Text(ChangeName(change.kind, change.count));
+    json.Key("state");
+    json.Text(QString::fromLatin1(RowOf(change.state).name));
+    json.EndObject();
+}
+
+void WriteLine(COutput& out, const HistoryRow& change) {
+    const QString name = ChangeName(change.kind, change.count);
+    const StateRow& state = RowOf(change.state);
+    const QString marked = change.state == ChangeState::Done
+                               ? name
+                               : FormatText<Text::CliHistoryMarked>(name, LoadText(state.mark));
+    out.PutLine(FormatText<Text::CliHistoryLine>(QString(change.time).replace(u'T', u' '), marked));
+}
+
+void WriteChanges(COutput& out, const std::vector<HistoryRow>& changes) {
+    if (!out.isJson) {
+        for (const HistoryRow& change : changes) WriteLine(out, change);
+        return;
+    }
+    CJsonText json(out);
+    json.BeginArray();
+    for (const HistoryRow& change : changes) WriteJson(json, change);
+    json.EndArray();
+    out.Put("\n");
+}
+
+void AnnounceAll(const UndoOutcome& outcome, Console& console, RecordContext& context) {
+    if (!outcome.times.isEmpty())
+        Announce(RecordKind::Time, outcome.times, console, context, outcome.hasLists);
+    if (!outcome.expenses.isEmpty())
+        Announce(RecordKind::Expense, outcome.expenses, console, context, outcome.hasLists);
+    if (outcome.times.isEmpty() && outcome.expenses.isEmpty()) AnnounceLists(console, context);
+}
+
+template <Text Line>
+void WriteOutcome(COutput& out, const char* key, const UndoOutcome& outcome) {
+    if (!out.isJson) return out.PutLine(FormatText<Line>(outcome.words));
+    CJsonText json(out);
+    json.BeginObject();
+    json.Key(key);
+    json.Text(outcome.words);
+    json.Key("times");
+    json.Integer(outcome.times.size());
+    json.Key("expenses");
+    json.Integer(outcome.expenses.size());
+    json.Key("lists");
+    json.Flag(outcome.hasLists);
+    json.EndObject();
+    out.Put("\n");
+}
+
+/// Timers that can't be read may belong to any record of the change.
+template <Text Line>
+ExitCode Go(CHistory::Way way, const char* key, Console& console, RecordContext& context) {
+    context.timers.Read();
+    if (!context.timers.AreKnown()) return Refuse(ExitCode::Failed, LoadText(Text::CliTimersUnread), console);
+    const UndoOutcome outcome = context.undo.Run(way);
+    if (outcome.end == UndoOutcome::End::Nothing) return Refuse(ExitCode::NotFound, outcome.words, console);
+    if (!outcome) {
+        if (!outcome.words.isEmpty()) console.out.Complain(outcome.words);
+        return ExitCode::Failed;
+    }
+    AnnounceAll(outcome, console, context);
+    WriteOutcome<Line>(console.out, key, outcome);
+    return ExitCode::Done;
+}
+
+}  // namespace
+
+std::span<const OptionRow> HistoryOptions() {
+    return kHistoryOptions;
+}
+
+ExitCode ListHistory(const CArguments& arguments, Console& console, RecordContext& context) {
+    const auto typed = arguments.Value("limit");
+    const auto limit = typed ? EnteredValues::ReadCount(*typed) : std::numeric_limits<int>::max();
+    if (!limit || *limit < 1) return Refuse(ExitCode::Usage, FormatText<Text::CliNoLimit>(*typed), console);
+    auto changes = context.undo.Changes();
+    if (!changes)
+        return Refuse(ExitCode::Failed, FormatText<Text::HistoryBusy>(context.undo.Error()), console);
+    if (changes->size() > static_cast<std::size_t>(*limit)) changes->resize(static_cast<std::size_t>(*limit));
+    WriteChanges(console.out, *changes);
+    return ExitCode::Done;
+}
+
+ExitCode UndoChange(const CArguments&, Console& console, RecordContext& context) {
+    return Go<Text::HistoryUndone>(CHistory::Way::Undo, "undone", console, context);
+}
+
+ExitCode RedoChange(const CArguments&, Console& console, RecordContext& context) {
+    return Go<Text::HistoryRedone>(CHistory::Way::Redo, "redone", console, context);
+}

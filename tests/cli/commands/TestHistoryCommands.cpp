@@ -1,0 +1,131 @@
+#include "cli/home/ConsoleHome.h"
+
+#include "support/TestProgram.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+/// "history", "undo", "redo".
+class TestHistoryCommands : public QObject {
+    Q_OBJECT
+
+ private Q_SLOTS:
+    void init() { m_home = std::make_unique<ConsoleHome>(); }
+
+    void undoAndRedo();
+    void listOfChanges();
+    void nothingThere();
+    void restoreAndImport();
+    void timerThatRuns();
+    void changedBySomebodyElse();
+    void usage_data();
+    void usage();
+
+ private:
+    [[nodiscard]] QString Add(const QString& client) const {
+        const Reply reply = m_home->RunJson({u"time"_s, u"add"_s, u"--item1"_s, client});
+        return reply.Object()[u"id"].toString();
+    }
+    [[nodiscard]] QByteArray Listed() const {
+        return m_home->RunJson({u"time"_s, u"list"_s}).out +
+               m_home->RunJson({u"items"_s, u"list"_s, u"16"_s}).out;
+    }
+    std::unique_ptr<ConsoleHome> m_home;
+};
+
+void TestHistoryCommands::undoAndRedo() {
+    const QString first = Add(u"Acorn"_s), second = Add(u"Birch"_s);
+    const QByteArray before = Listed();
+    QCOMPARE(m_home->Run({u"--yes"_s, u"time"_s, u"delete"_s, first, second}).exit, 0);
+    const QByteArray after = Listed();
+    const Reply undone = m_home->RunJson({u"undo"_s});
+    QCOMPARE(
+        undone.out,
+        QByteArray("{\"undone\": \"delete 2 records\", \"times\": 2, \"expenses\": 0, \"lists\": false}\n"));
+    QCOMPARE(Listed(), before);
+    const Reply redone = m_home->Run({u"redo"_s});
+    QCOMPARE(redone.out, QByteArray("Done again: delete 2 records\n"));
+    QCOMPARE(Listed(), after);
+}
+
+void TestHistoryCommands::listOfChanges() {
+    const QString id = Add(u"Acorn"_s);
+    QCOMPARE(m_home->Run({u"items"_s, u"add"_s, u"16"_s, u"Birch"_s}).exit, 0);
+    QCOMPARE(m_home->Run({u"--yes"_s, u"time"_s, u"delete"_s, id}).exit, 0);
+    QCOMPARE(m_home->Run({u"undo"_s}).exit, 0);
+    QStringList changes;
+    for (const QJsonValue& change : m_home->RunJson({u"history"_s}).Array())
+        changes.append(change[u"change"].toString() + u'/' + change[u"state"].toString());
+    QCOMPARE(changes,
+             (QStringList{u"delete a record/undone"_s, u"add a list item/done"_s, u"add a record/done"_s}));
+    const QByteArray lines = m_home->Run({u"history"_s, u"--limit"_s, u"1"_s}).out;
+    QCOMPARE(lines.count('\n'), 1);
+    QVERIFY2(lines.endsWith("  delete a record (undone)\n"), lines);
+}
+
+void TestHistoryCommands::nothingThere() {
+    QCOMPARE(m_home->RunJson({u"history"_s}).out, QByteArray("[]\n"));
+    const Reply reply = m_home->Run({u"undo"_s});
+    QCOMPARE(reply.exit, 4);
+    QCOMPARE(reply.err, QByteArray("There is nothing to undo.\n"));
+    QCOMPARE(m_home->Run({u"redo"_s}).exit, 4);
+}
+
+void TestHistoryCommands::restoreAndImport() {
+    Add(u"Acorn"_s);
+    const QString backup = m_home->File(u"saved.backup"_s), text = m_home->File(u"records.txt"_s);
+    QCOMPARE(m_home->Run({u"backup"_s, backup}).exit, 0);
+    QCOMPARE(m_home->Run({u"export"_s, u"records"_s, text}).exit, 0);
+    Add(u"Birch"_s);
+    const QByteArray both = Listed();
+    QCOMPARE(m_home->Run({u"--yes"_s, u"restore"_s, backup}).exit, 0);
+    QVERIFY(Listed() != both);
+    QCOMPARE(m_home->Run({u"undo"_s}).out, QByteArray("Undone: restore a backup\n"));
+    QCOMPARE(Listed(), both);
+    QCOMPARE(m_home->Run({u"import"_s, u"records"_s, text}).exit, 0);
+    QCOMPARE(m_home->Run({u"undo"_s}).out, QByteArray("Undone: import a record\n"));
+    QCOMPARE(Listed(), both);
+}
+
+void TestHistoryCommands::timerThatRuns() {
+    const QString id = Add(u"Acorn"_s);
+    QCOMPARE(m_home->Run({u"timer"_s, u"start"_s, id}).exit, 0);
+    const Reply refused = m_home->Run({u"undo"_s});
+    QCOMPARE(refused.exit, 1);
+    QVERIFY2(refused.err.contains("Stop the timer first"), refused.err);
+    QCOMPARE(m_home->Run({u"timer"_s, u"stop"_s, id}).exit, 0);
+    QCOMPARE(m_home->Run({u"undo"_s}).out, QByteArray("Undone: stop a timer\n"));
+    QCOMPARE(m_home->Run({u"undo"_s}).out, QByteArray("Undone: add a record\n"));
+}
+
+void TestHistoryCommands::changedBySomebodyElse() {
+    const QString id = Add(u"Acorn"_s);
+    QCOMPARE(m_home->Run({u"time"_s, u"edit"_s, id, u"--item1"_s, u"Birch"_s}).exit, 0);
+    QFile::remove(m_home->Path() + u"/velmarch.history"_s);
+    QCOMPARE(m_home->Run({u"time"_s, u"edit"_s, id, u"--item1"_s, u"Cedar"_s}).exit, 0);
+    QFile::rename(m_home->Path() + u"/velmarch.history"_s, m_home->Path() + u"/kept"_s);
+    QCOMPARE(m_home->Run({u"time"_s, u"edit"_s, id, u"--item1"_s, u"Dogwood"_s}).exit, 0);
+    QFile::remove(m_home->Path() + u"/velmarch.history"_s);
+    QFile::rename(m_home->Path() + u"/kept"_s, m_home->Path() + u"/velmarch.history"_s);
+    const QByteArray before = Listed();
+    QCOMPARE(m_home->Run({u"undo"_s}).exit, 4);  // that change isn't what the records show
+    QCOMPARE(Listed(), before);
+}
+
+void TestHistoryCommands::usage_data() {
+    QTest::addColumn<QStringList>("words");
+    QTest::newRow("undo takes no words") << QStringList{u"undo"_s, u"2"_s};
+    QTest::newRow("a limit of none") << QStringList{u"history"_s, u"--limit"_s, u"0"_s};
+    QTest::newRow("a limit that is no number") << QStringList{u"history"_s, u"--limit"_s, u"x"_s};
+}
+
+void TestHistoryCommands::usage() {
+    QFETCH(QStringList, words);
+    QCOMPARE(m_home->Run(words).exit, 2);
+}
+
+TEST_CLASS(TestHistoryCommands);
+#include "TestHistoryCommands.moc"
