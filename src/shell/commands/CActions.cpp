@@ -150,9 +150,21 @@ void CActions::Update(const CommandState& state) {
         made.action->setEnabled(IsOffered(*row, state));
         if (made.action->isCheckable()) made.action->setChecked(IsChecked(*row, state));
     }
+    ShowHistory(state);
     m_menus[Menu::Mark]->setEnabled(state.selected > 0 && !state.busy);
     m_menus[Menu::New]->setEnabled(!state.busy);
     m_bars->PeriodButton().setEnabled(!state.busy);
+}
+
+/// What would be undone stands in the menu.
+void CActions::ShowHistory(const CommandState& state) {
+    const auto marked = [](QString name) { return name.replace(u'&', u"&&"_s); };
+    Action(Command::kUndo)
+        ->setText(state.undo.isEmpty() ? LoadText(Text::CmdUndo)
+                                       : FormatText<Text::UndoNamed>(marked(state.undo)));
+    Action(Command::kRedo)
+        ->setText(state.redo.isEmpty() ? LoadText(Text::CmdRedo)
+                                       : FormatText<Text::RedoNamed>(marked(state.redo)));
 }
 
 void CActions::ShowNames(bool timeMode) {

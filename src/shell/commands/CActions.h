@@ -53,6 +53,7 @@ class CActions final : public QObject {
     void MakeMenus();
     void FillMenu(QMenu& menu, Menu which);
     void MakeContextMenu();
+    void ShowHistory(const CommandState& state);
     void ShowNames(bool timeMode);
     [[nodiscard]] CommandWords Words(const CommandRow& row) const;
     void ShowWords(const Made& made);

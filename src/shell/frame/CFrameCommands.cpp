@@ -16,6 +16,7 @@
 
 CFrameCommands::CFrameCommands(const Context& context)
     : m_context(context),
+      m_history(m_context),
       m_records(m_context),
       m_views(m_context),
       m_filters(m_context),
@@ -40,6 +41,8 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::CopyRecords, [](Self& self, int) { self.m_records.CopySelected(); }},
         {::Run::DeleteRecords, [](Self& self, int) { self.m_records.DeleteSelected(); }},
         {::Run::Mark, [](Self& self, int mark) { self.m_records.MarkSelected(mark); }},
+        {::Run::Undo, [](Self& self, int) { self.m_history.Undo(); }},
+        {::Run::Redo, [](Self& self, int) { self.m_history.Redo(); }},
         {::Run::TimerAction, [](Self& self, int action) { self.m_records.ApplyTimers(action); }},
         {::Run::StopAllTimers, [](Self& self, int) { self.m_records.StopTimers(); }},
         {::Run::PauseAllTimers, [](Self& self, int) { self.m_records.PauseTimers(); }},
@@ -149,6 +152,7 @@ void CFrameCommands::Describe(CommandState& state) const {
     state.hasRegionalSettings = m_hasRegionalSettings;
     m_page.Describe(state);
     state.canRunAgain = m_reports.CanRunAgain();
+    m_history.Describe(state);
     DescribeTree(state);
 }
 

@@ -4,6 +4,7 @@
 #include "shell/frame/CFrameExchange.h"
 #include "shell/frame/CFrameFilters.h"
 #include "shell/frame/CFrameGuide.h"
+#include "shell/frame/CFrameHistory.h"
 #include "shell/frame/CFrameLabels.h"
 #include "shell/frame/CFrameLists.h"
 #include "shell/frame/CFrameRecords.h"
@@ -46,6 +47,7 @@ class CFrameCommands {
     void DescribeTree(CommandState& state) const;
 
     Context m_context;
+    CFrameHistory m_history;
     CFrameRecords m_records;
     CFrameViews m_views;
     CFrameFilters m_filters;

@@ -18,6 +18,8 @@ class CFrameControl {
     virtual void SwitchMode(RecordMode mode) = 0;
     /// Reads all records again; commands wait meanwhile.
     virtual void Refresh() = 0;
+    /// Reads pick lists, dependencies and names of fields again.
+    virtual void ReadLists() = 0;
     /// The list alone anew, by the settings; its place and selection stay.
     virtual void RebuildList() = 0;
     /// A calendar under the period button; the day picked is applied.

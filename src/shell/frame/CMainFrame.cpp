@@ -220,6 +220,11 @@ void CMainFrame::TakeUpList() {
     RestorePlace();
 }
 
+void CMainFrame::ReadLists() {
+    m_context.app.LoadLists();
+    RebuildList();
+}
+
 void CMainFrame::RebuildList() {
     RememberPlace();
     m_model->Rebuild();

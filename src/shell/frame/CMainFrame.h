@@ -73,6 +73,7 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     void Connect();
     void RestoreLayout();
     void PersistLayout();
+    void ReadLists() override;
     void RebuildList() override;
     void TellList(Hint hint, const QStringList& ids);
     void TakeUpList();

@@ -13,6 +13,8 @@ inline constexpr int kCopy = 101;
 inline constexpr int kDelete = 102;
 inline constexpr int kMarkFirst = 32838;
 inline constexpr int kMarkFirstAndSecond = 40055;
+inline constexpr int kUndo = 40250;  ///< a number of our own, as the next one
+inline constexpr int kRedo = 40251;
 inline constexpr int kSelectAll = 32813;
 inline constexpr int kSelectNone = 32814;
 inline constexpr int kSort = 32784;
@@ -94,6 +96,8 @@ enum class Run {
     CopyRecords,
     DeleteRecords,
     Mark,  ///< argument: a RecordMark
+    Undo,
+    Redo,
     SelectAll,
     SelectNone,
     SwitchMode,  ///< argument: a RecordMode

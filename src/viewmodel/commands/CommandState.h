@@ -3,6 +3,7 @@
 #include "calendar/PeriodFilter.h"
 
 #include <QSet>
+#include <QString>
 
 /// What decides whether a command is offered and checked: a picture of the window at one moment.
 struct CommandState {
@@ -11,6 +12,8 @@ struct CommandState {
     bool busy = false;         ///< records are being read or changed: nothing may be started
     int selected = 0;          ///< selected records of the list; none while another view is active
     int listed = 0;
+    QString undo = {};  ///< what would be undone, in words; empty: nothing
+    QString redo = {};  ///< what would be done again
     int preset = PeriodCode::kAll;
     bool canStep = false;
     bool anyTimer = false;

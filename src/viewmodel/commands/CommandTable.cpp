@@ -72,6 +72,12 @@ bool HasRegionalSettings(const State& s) {
 bool UsesDependencies(const State& s) {
     return s.useDependencies;
 }
+bool CanUndo(const State& s) {
+    return !s.undo.isEmpty();
+}
+bool CanRedo(const State& s) {
+    return !s.redo.isEmpty();
+}
 template <int FilterCommand>
 bool FilterIsSet(const State& s) {
     return s.filters.contains(FilterCommand);
@@ -185,6 +191,13 @@ constexpr CommandRow kFirstCommands[] = {
     Row(32842, "CmdClearExported", {Text::CmdClearExported, Text::TipClearExported, "edit-clear"}, Menu::Mark,
         {Run::Mark, kMark<RecordMark::NotExported>})
         .When(AnySelected),
+    Row(Command::kUndo, "CmdUndo", {Text::CmdUndo, Text::TipUndo, "edit-undo", "Ctrl+Z"}, Menu::Record,
+        {Run::Undo})
+        .BeginsGroup()
+        .When(CanUndo),
+    Row(Command::kRedo, "CmdRedo", {Text::CmdRedo, Text::TipRedo, "edit-redo", "Ctrl+Shift+Z"}, Menu::Record,
+        {Run::Redo})
+        .When(CanRedo),
     Row(Command::kSelectAll, "CmdSelectAll",
         {Text::CmdSelectAll, Text::TipSelectAll, "edit-select-all", "Ctrl+A"}, Menu::Record, {Run::SelectAll})
         .OfView()

@@ -35,6 +35,7 @@ class NotedControl final : public CFrameControl {
     void ToggleStatusBar() override { asked << QStringLiteral("status bar"); }
     void SwitchMode(RecordMode to) override { asked << QStringLiteral("mode %1").arg(static_cast<int>(to)); }
     void Refresh() override { asked << QStringLiteral("refresh"); }
+    void ReadLists() override { asked << QStringLiteral("lists"); }
     void RebuildList() override { asked << QStringLiteral("list"); }
     void PickDay() override { asked << QStringLiteral("day"); }
     CommandState State() const override { return state(); }
