@@ -123,6 +123,32 @@ void StartTimers(const Places& places, int size) {
          "ms");
 }
 
+/// Those of so many records at most, out of the JSON of "time list".
+std::vector<std::string> Identities(const Places& places, int size, int most) {
+    const std::string json =
+        Run(places.Cli(size, {"--json", "time", "list", "--limit", std::to_string(most)})).output;
+    const std::string key = "\"id\": \"";
+    std::vector<std::string> ids;
+    for (std::size_t at = json.find(key); at != std::string::npos; at = json.find(key, at + 1))
+        ids.push_back(json.substr(at + key.size(), 32));
+    return ids;
+}
+
+/// Each round deletes the records that the one before has brought back.
+void Undo(const Places& places, int size) {
+    constexpr int kDeleted = 10000, kRounds = 5;
+    const std::vector<std::string> ids = Identities(places, size, kDeleted);
+    Command gone{"--yes", "time", "delete"};
+    gone.insert(gone.end(), ids.begin(), ids.end());
+    std::vector<double> deletes, undos;
+    for (int round = 0; round < kRounds; ++round) {
+        deletes.push_back(Run(places.Cli(size, gone)).microseconds);
+        undos.push_back(Run(places.Cli(size, {"undo"})).microseconds);
+    }
+    Line("undo of 10,000 deletes (floor: the deletes)", Median(undos) / 1000, Median(deletes) / 1000, 2,
+         "ms");
+}
+
 void Commands(const Places& places, int size) {
     const Command add{"time", "add", "--start", "09:00", "--end", "10:30", "--item1", kClient};
     const std::vector<double> adds =
@@ -238,6 +264,7 @@ int main(int argc, char** argv) {
         InMemory(places, sizes[i], times[i]);
         Views(places, sizes[i]);
         Commands(places, sizes[i]);
+        Undo(places, sizes[i]);
         Reports(places, sizes[i]);
         window = WindowLines(places, sizes[i], window, sizes[i] >= kLifetime ? 3 : 7);
         fs::remove_all(places.Home(sizes[i]));
