@@ -228,6 +228,8 @@ constexpr BoxRow kBoxes[] = {
     {.text = Text::ReportNameReserved, .title = Text::ReportMessageTitle},
     {.text = Text::ReportNeedsGroup, .title = Text::ReportMessageTitle},
     {.text = Text::ReportNeedsSum, .title = Text::ReportMessageTitle},
+    {.text = Text::PeriodEndsSwapped, .title = Text::ReportMessageTitle},
+    {.text = Text::DistancesCut, .title = Text::ReportMessageTitle},
     {.text = Text::QueryDateUnread, .title = Text::ReportMessageTitle},
     {.text = Text::QueryDateUnread, .title = Text::FilterTitleTime},
     {.text = Text::QueryDateUnread, .title = Text::FilterTitleExpenses},

@@ -22,6 +22,7 @@ bool CListedRecords::Find(const std::function<void(const CVORec&)>& onShown) {
 void CListedRecords::Account(const CVORec& record) {
     ++m_count;
     AddTo(m_sums, record);
+    m_cut.Add(record);
 }
 
 /// The store gives the days in their order; the records of one day are put in order here.

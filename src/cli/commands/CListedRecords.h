@@ -4,6 +4,7 @@
 #include "cli/commands/PackedId.h"
 #include "cli/output/RecordColumns.h"
 #include "cli/output/RecordSums.h"
+#include "records/CutDistances.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -43,6 +44,7 @@ class CListedRecords {
     void Reorder(std::span<const std::uint32_t> places);
     [[nodiscard]] std::size_t Count() const { return m_count; }
     [[nodiscard]] const RecordSums& Sums() const { return m_sums; }
+    [[nodiscard]] const CutDistances& CutOfThem() const { return m_cut; }
     /// As often as wanted. False when the store can't be read any more; the user was told.
     [[nodiscard]] bool ForEachShown(const Show& show);
     /// The identities of those to be shown, in their order.
@@ -71,6 +73,7 @@ class CListedRecords {
     std::function<void(const CVORec&)> m_onShown;
     std::size_t m_count = 0;
     RecordSums m_sums;
+    CutDistances m_cut;
     std::vector<Record> m_day;         ///< of the day that is being read
     std::deque<PackedId> m_ids;        ///< of the records to be shown, in their order
     std::optional<RowDay> m_firstDay;  ///< the first that isn't held

@@ -120,6 +120,7 @@ ExitCode ListRecords(RecordKind kind, const CArguments& arguments, Console& cons
     CListedRecords records(reader, order);
     Listing list{kind, console.out, context, records};
     const ExitCode exit = console.out.isJson ? WriteListJson(list) : WriteListTable(list);
+    if (records.CutOfThem().Count() > 0) console.out.Note(records.CutOfThem().Words());
     if (records.MissingCount() > 0)
         console.out.Note(FormatText<Text::CliRecordsWentMeanwhile>(static_cast<int>(records.MissingCount())));
     return exit;

@@ -129,6 +129,7 @@ class CRun {
     [[nodiscard]] ExitCode Write(const Made& made);
     [[nodiscard]] bool WriteJson(const Made& made);
     void TellWhatLacks() const;
+    void NoteCutDistances(const ReportResult& result) const;
 
     ReportRequest m_request;
     Console& m_console;
@@ -184,6 +185,10 @@ void CRun::TellWhatLacks() const {
     const GroupLack lack = LackOf(m_request.report);
     if (lack == GroupLack::GroupFields) m_console.out.Complain(LoadText(Text::ReportLacksGroup));
     if (lack == GroupLack::SumFields) m_console.out.Complain(LoadText(Text::ReportLacksSum));
+}
+
+void CRun::NoteCutDistances(const ReportResult& result) const {
+    if (result.cutDistances.Count() > 0) m_console.out.Note(result.cutDistances.Words());
 }
 
 QString CRun::Today() const {
@@ -244,6 +249,7 @@ ExitCode CRun::MakeOfCounts(CRecordReader& reader, CAggregation& aggregation) {
 
 ExitCode CRun::Write(const Made& made) {
     TellWhatLacks();
+    NoteCutDistances(made.result);
     const bool isJson = m_console.out.isJson;
     if (m_request.file || !isJson) {
         const ReportOutlet outlet{m_request.format, m_request.file};

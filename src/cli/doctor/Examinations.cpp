@@ -12,6 +12,7 @@
 #include "records/CERecord.h"
 #include "records/CPRecord.h"
 #include "records/CTRecord.h"
+#include "records/CutDistances.h"
 #include "records/RecordFactory.h"
 #include "reports/definition/CReportStore.h"
 #include "reports/query/CQueryStore.h"
@@ -60,11 +61,6 @@ const RecordDate& DateOf(const CVORec& record) {
                                              : static_cast<const CERecord&>(record).date;
 }
 
-/// Only expenses have something that reads otherwise in another region.
-bool IsReadWhole(const CVORec& record) {
-    return record.Kind() != RecordKind::Expense || static_cast<const CERecord&>(record).IsDistanceReadWhole();
-}
-
 /// Reads all records of a kind and looks at each.
 template <RecordMode Mode, Text AdviceOnDates>
 Finding ExamineRecords(const char* name, ReadOnlyHome& reader) {
@@ -78,7 +74,7 @@ Finding ExamineRecords(const char* name, ReadOnlyHome& reader) {
     reader.document.ForEachVisible([&](const CVORec& record) {
         if (!IsIdentity(record.GetId())) identities.Add(record.GetId());
         if (!IsPlausible(DateOf(record))) dates.Add(record.GetId());
-        if (!IsReadWhole(record)) distances.Add(record.GetId());
+        if (HasCutDistance(record)) distances.Add(record.GetId());
     });
     if (!identities.IsEmpty())
         return {name, Bad, FormatText<Text::CliBadIdentities>(identities.Count(), identities.Named()),

@@ -4,17 +4,26 @@
 #include "fields/FieldTable.h"
 #include "reports/definition/ReportKinds.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace {
 
 constexpr std::uint32_t kNoRow = std::numeric_limits<std::uint32_t>::max();
 
+/// A report that needs no distance isn't changed by one that can't be read whole.
+bool ShowsDistances(const CReportDef& report) {
+    const auto isDistance = [](const SortKey& key) { return key.fieldId == FieldId::Distance; };
+    return (HasGroups(report.kind) && report.sumFields.contains(FieldId::Distance)) ||
+           (HasListing(report.kind) && std::ranges::any_of(report.listFields, isDistance)) ||
+           std::ranges::any_of(report.sortKeys, isDistance);
+}
+
 }  // namespace
 
 CAggregation::CAggregation(RecordKind kind, const CReportDef& report, const CFieldCatalogue& catalogue,
                            const Settings& settings)
-    : m_report(report), m_keys(kind, report.sortKeys) {
+    : m_report(report), m_keys(kind, report.sortKeys), m_showsDistances(ShowsDistances(report)) {
     if (HasListing(report.kind)) m_listing.emplace(kind, report.listFields, catalogue);
     if (HasGroups(report.kind) && LackOf(report) == GroupLack::None)
         m_grouping.emplace(kind, report.groupFields, report.sumFields, catalogue);
@@ -25,6 +34,7 @@ CAggregation::CAggregation(RecordKind kind, const CReportDef& report, const CFie
 std::optional<std::size_t> CAggregation::Add(const CVORec& record) {
     ++m_count;
     m_keys.Add(record);
+    if (m_showsDistances) m_cutDistances.Add(record);
     if (m_summary) m_summary->Add(record);
     if (!m_grouping) return std::nullopt;
     const std::optional<std::size_t> row = m_grouping->Add(record);
@@ -49,7 +59,11 @@ GroupedTable CAggregation::GroupsIn(std::span<const std::uint32_t> order) const 
 }
 
 ReportResult CAggregation::Result(std::span<const std::uint32_t> order, const QString& date) const {
-    ReportResult result{.definition = m_report, .date = date, .listing = m_listing, .summary = m_summary};
+    ReportResult result{.definition = m_report,
+                        .date = date,
+                        .listing = m_listing,
+                        .summary = m_summary,
+                        .cutDistances = m_cutDistances};
     if (m_grouping) result.grouped = GroupsIn(order);
     return result;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/CutDistances.h"
 #include "records/RecordColumns.h"
 #include "reports/aggregate/CGrouping.h"
 #include "reports/aggregate/CSortKeys.h"
@@ -40,6 +41,8 @@ class CAggregation {
     CReportDef m_report;
     std::size_t m_count = 0;
     CSortKeys m_keys;
+    bool m_showsDistances;  ///< or adds them up, or sorts by them
+    CutDistances m_cutDistances;
     std::optional<CListing> m_listing;
     std::optional<CGrouping> m_grouping;
     std::vector<std::uint32_t> m_rowOf;  ///< the group of each record; kNoRow for one that was left out

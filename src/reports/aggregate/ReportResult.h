@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/CutDistances.h"
 #include "reports/aggregate/CListing.h"
 #include "reports/aggregate/GroupedTable.h"
 #include "reports/aggregate/ReportSection.h"
@@ -18,4 +19,5 @@ struct ReportResult {
     /// Without fields to group by or to add up there is none; with them it may have no rows.
     std::optional<GroupedTable> grouped{};
     std::shared_ptr<const ReportSectionList> summary{};
+    CutDistances cutDistances{};  ///< among what was shown, added up or sorted by
 };

@@ -154,6 +154,11 @@ void CReportRun::TellWhatLacks(const CReportDef& report) const {
         Tell(static_cast<int>(Text::ReportLacksSum), LoadText(Text::ReportLacksSum));
 }
 
+void CReportRun::TellOfCutDistances(const ReportResult& result) const {
+    if (result.cutDistances.Count() > 0)
+        Tell(static_cast<int>(Text::DistancesCut), result.cutDistances.Words());
+}
+
 /// Nothing of the run before is touched until the page is about to be made.
 RunOutcome CReportRun::RunReport(const CReportDef& report) {
     if (!IsReportKind(report.kind)) return {RunEnd::NoSuchKind};
@@ -176,6 +181,7 @@ RunOutcome CReportRun::RunReport(const CReportDef& report) {
         if (result.listing) result.listing->ReadCells(*records[place], rows.emplace_back());
     }
     TellWhatLacks(report);
+    TellOfCutDistances(result);
     m_result = std::move(result);
     m_rows = std::move(rows);
     m_writer.Clear();

@@ -56,7 +56,7 @@ class CReportRun {
     /// report would cover another time than it was made for.
     [[nodiscard]] RunOutcome ResolveRecords(CReportDef& report);
     /// Sorts and counts those records and makes the page of them. A report without fields to group by or to
-    /// add up is told of, and has its page without the groups.
+    /// add up is told of, and has its page without the groups; so are distances that aren't read whole.
     [[nodiscard]] RunOutcome RunReport(const CReportDef& report);
 
     /// Empty before the first run.
@@ -79,6 +79,7 @@ class CReportRun {
     void Tell(int textId, const QString& words) const;
     [[nodiscard]] bool FindRecords(const QStringList& ids, std::vector<const CVORec*>& records) const;
     void TellWhatLacks(const CReportDef& report) const;
+    void TellOfCutDistances(const ReportResult& result) const;
 
     ReportContext m_context;
     CHTMLWriter m_writer;

@@ -146,8 +146,17 @@ const StatusSums& CStatusBar::ListSums() {
     if (!m_listSums) {
         m_listSums.emplace();
         m_document.ForEachVisible([this](const CVORec& record) { m_listSums->Add(record); });
+        SayOfCutDistances();
     }
     return *m_listSums;
+}
+
+/// Once while the program runs: afterwards the tip of the sums says it.
+void CStatusBar::SayOfCutDistances() {
+    constexpr int kShown = 20000;  // milliseconds
+    if (m_hasSaidOfCut || m_listSums->CutOfThem().Count() == 0) return;
+    m_hasSaidOfCut = true;
+    showMessage(m_listSums->CutOfThem().Words(), kShown);
 }
 
 StatusSums CStatusBar::SelectionSums() const {
@@ -171,8 +180,8 @@ void CStatusBar::ShowSumsOf(const StatusSums& sums, bool isSelection) {
     const QString count = sums.CountText();
     const QString text = sums.SumsText(settings.precisionAmount, settings.precisionDuration);
     const QString whole = text.isEmpty() ? count : count + u"  "_s + text;
-    const QString tip =
-        isSelection ? FormatText<Text::SelectionTip>(whole) : FormatText<Text::ListTip>(whole);
+    QString tip = isSelection ? FormatText<Text::SelectionTip>(whole) : FormatText<Text::ListTip>(whole);
+    if (sums.CutOfThem().Count() > 0) tip += u'\n' + sums.CutOfThem().Words();
     m_count->SetFullText(count, count.isEmpty() ? QString() : tip);
     m_sums->SetFullText(text, text.isEmpty() ? QString() : tip);
     m_sumsPicture->clear();

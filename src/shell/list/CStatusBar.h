@@ -38,6 +38,7 @@ class CStatusBar final : public QStatusBar, public CViewListener {
     void ShowSums();
     void ShowSumsOf(const StatusSums& sums, bool isSelection);
     [[nodiscard]] const StatusSums& ListSums();
+    void SayOfCutDistances();
     [[nodiscard]] StatusSums SelectionSums() const;
     void ClearAll();
     void ApplyLook();
@@ -46,6 +47,7 @@ class CStatusBar final : public QStatusBar, public CViewListener {
     Selection m_selection;
     /// Of all listed records; kept, so that a new selection doesn't add them up again.
     std::optional<StatusSums> m_listSums;
+    bool m_hasSaidOfCut = false;
     QLabel* m_modePicture;
     CElidedLabel* m_mode;
     CElidedLabel* m_period;

@@ -39,6 +39,7 @@ void StatusSums::Add(const CTRecord& record) {
 void StatusSums::Add(const CERecord& record) {
     ++m_count;
     m_areExpenses = true;
+    m_cut.Add(record);
     float amount = 0.0F;
     if (!record.GetAmount(amount)) amount = 0.0F;
     SumOf(record.item5).amount += static_cast<double>(amount);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/CutDistances.h"
 #include "records/TextAddressCache.h"
 
 #include <QHash>
@@ -25,6 +26,7 @@ class StatusSums {
     void Add(const CVORec& record);
 
     [[nodiscard]] int Count() const { return m_count; }
+    [[nodiscard]] const CutDistances& CutOfThem() const { return m_cut; }
     /// One for each currency, in order of their names.
     [[nodiscard]] std::vector<Sum> Sums() const;
     /// "(47)"; empty for no records.
@@ -42,5 +44,6 @@ class StatusSums {
     QHash<QString, std::size_t> m_places;
     TextAddressCache<std::size_t, 16> m_known;  ///< places by currency
     int m_count = 0;
+    CutDistances m_cut;
     bool m_areExpenses = false;
 };

@@ -2,8 +2,6 @@
 
 #include "support/TestProgram.h"
 
-#include <sqlite3.h>
-
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -44,7 +42,6 @@ class TestDoctor : public QObject {
  private:
     /// The check of the doctor's report by its name.
     static QJsonObject Check(const QJsonObject& report, const QString& name);
-    [[nodiscard]] bool Execute(const QString& file, const QByteArray& sql) const;
     void Overwrite(const QString& file, qint64 from) const;
     std::unique_ptr<ConsoleHome> m_home;
 };
@@ -53,14 +50,6 @@ QJsonObject TestDoctor::Check(const QJsonObject& report, const QString& name) {
     for (const QJsonValue& check : report[u"checks"].toArray())
         if (check[u"name"].toString() == name) return check.toObject();
     return {};
-}
-
-bool TestDoctor::Execute(const QString& file, const QByteArray& sql) const {
-    sqlite3* db = nullptr;
-    const bool isDone = sqlite3_open(m_home->File(file).toUtf8().constData(), &db) == SQLITE_OK &&
-                        sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr) == SQLITE_OK;
-    sqlite3_close(db);
-    return isDone;
 }
 
 void TestDoctor::ASoundHome() {
@@ -78,7 +67,7 @@ void TestDoctor::ASoundHome() {
 /// A home of an earlier version has no columns stored: that is told, and everything works.
 void TestDoctor::AHomeWithoutColumns() {
     m_home->Add({u"--date"_s, u"2026-11-19"_s});
-    QVERIFY(Execute(u"velmarch.settings"_s, "DELETE FROM entries WHERE name LIKE '%Columns'"));
+    QVERIFY(m_home->Execute(u"velmarch.settings"_s, "DELETE FROM entries WHERE name LIKE '%Columns'"));
     const Reply list = m_home->RunJson({u"time"_s, u"list"_s});
     QCOMPARE(list.exit, 0);
     QCOMPARE(list.Object()[u"count"].toInt(), 1);
@@ -204,7 +193,7 @@ void TestDoctor::BadRecords() {
     QFETCH(QByteArray, words);
     m_home->Add({u"--date"_s, u"2026-11-19"_s});
     m_home->AddExpense({u"--date"_s, u"2026-11-19"_s});
-    QVERIFY(Execute(u"velmarch.store"_s, sql));
+    QVERIFY(m_home->Execute(u"velmarch.store"_s, sql));
     const Reply reply = m_home->RunJson({u"doctor"_s});
     QCOMPARE(reply.exit, 1);
     const QString kind = sql.contains("expense") ? u"expense"_s : u"time"_s;
@@ -218,7 +207,7 @@ void TestDoctor::BadRecords() {
 /// is.
 void TestDoctor::ADistanceOfAnotherLocale() {
     const QString id = m_home->AddExpense({u"--date"_s, u"2026-11-19"_s, u"--distance"_s, u"12.75"_s});
-    QVERIFY(Execute(u"velmarch.store"_s, "UPDATE expense_velmarch SET distance='12,75'"));
+    QVERIFY(m_home->Execute(u"velmarch.store"_s, "UPDATE expense_velmarch SET distance='12,75'"));
     QCOMPARE(m_home->Run({u"expense"_s, u"edit"_s, id, u"--notes"_s, u"there and back"_s}).exit, 0);
     const Reply reply = m_home->RunJson({u"doctor"_s});
     QCOMPARE(reply.exit, 1);
@@ -232,17 +221,18 @@ void TestDoctor::ADistanceOfAnotherLocale() {
 
 void TestDoctor::ListItemsWithoutAList() {
     m_home->Add({});
-    QVERIFY(Execute(u"velmarch.store"_s,
-                    "INSERT INTO item_velmarch VALUES(16,1,'Alpha',0,'01A1FF61AFB900007EA38CC3ECE08EF6'),"
-                    "(98,1,'Stray',0,'01A1FF61AFB900007EA38CC3ECE08EF7'),"
-                    "(143,1,'Left out',0,'01A1FF61AFB900007EA38CC3ECE08EF8')"));
+    QVERIFY(
+        m_home->Execute(u"velmarch.store"_s,
+                        "INSERT INTO item_velmarch VALUES(16,1,'Alpha',0,'01A1FF61AFB900007EA38CC3ECE08EF6'),"
+                        "(98,1,'Stray',0,'01A1FF61AFB900007EA38CC3ECE08EF7'),"
+                        "(143,1,'Left out',0,'01A1FF61AFB900007EA38CC3ECE08EF8')"));
     const Reply reply = m_home->RunJson({u"doctor"_s});
     QCOMPARE(reply.exit, 1);
     const QJsonObject check = Check(reply.Object(), u"list items"_s);
     QCOMPARE(check[u"ok"].toBool(true), false);
     QVERIFY2(check[u"detail"].toString().contains(u"Stray (98)"), reply.out.constData());
     QVERIFY(!check[u"detail"].toString().contains(u"Left out"));
-    QVERIFY(Execute(u"velmarch.store"_s, "DELETE FROM item_velmarch WHERE list=98"));
+    QVERIFY(m_home->Execute(u"velmarch.store"_s, "DELETE FROM item_velmarch WHERE list=98"));
     QCOMPARE(Check(m_home->RunJson({u"doctor"_s}).Object(), u"list items"_s)[u"detail"].toString(),
              u"2 list items"_s);
 }
@@ -262,7 +252,7 @@ void TestDoctor::DamagedDependencies() {
     QCOMPARE(m_home->Run({u"tree"_s, u"add"_s, u"time"_s, u"Alpha"_s}).exit, 0);
     QCOMPARE(Check(m_home->RunJson({u"doctor"_s}).Object(), u"time dependencies"_s)[u"detail"].toString(),
              u"1 entries"_s);
-    QVERIFY(Execute(u"velmarch.store"_s, sql));
+    QVERIFY(m_home->Execute(u"velmarch.store"_s, sql));
     const Reply reply = m_home->RunJson({u"doctor"_s});
     QCOMPARE(reply.exit, 1);
     const QJsonObject check = Check(reply.Object(), u"time dependencies"_s);
@@ -279,7 +269,7 @@ void TestDoctor::DamagedDependencies() {
 void TestDoctor::DependenciesOfGoneItems() {
     QCOMPARE(m_home->Run({u"items"_s, u"add"_s, u"16"_s, u"Alpha"_s}).exit, 0);
     QCOMPARE(m_home->Run({u"tree"_s, u"add"_s, u"expense"_s, u"Alpha"_s}).exit, 0);
-    QVERIFY(Execute(u"velmarch.store"_s, "DELETE FROM item_velmarch"));
+    QVERIFY(m_home->Execute(u"velmarch.store"_s, "DELETE FROM item_velmarch"));
     const QJsonObject report = m_home->RunJson({u"doctor"_s}).Object();
     QCOMPARE(Check(report, u"expense dependencies"_s)[u"ok"].toBool(true), false);
     QCOMPARE(Check(report, u"time dependencies"_s)[u"ok"].toBool(false), true);
@@ -296,8 +286,9 @@ void TestDoctor::DamagedColumns() {
     QFETCH(QString, value);
     QFETCH(QString, check);
     m_home->Add({});
-    QVERIFY(Execute(u"velmarch.settings"_s,
-                    "UPDATE entries SET value=x'0600000001000000FF' WHERE name='" + value.toLatin1() + "'"));
+    QVERIFY(m_home->Execute(
+        u"velmarch.settings"_s,
+        "UPDATE entries SET value=x'0600000001000000FF' WHERE name='" + value.toLatin1() + "'"));
     const Reply reply = m_home->RunJson({u"doctor"_s});
     QCOMPARE(reply.exit, 1);
     const QJsonObject finding = Check(reply.Object(), check);
@@ -314,8 +305,9 @@ void TestDoctor::DamagedColumns() {
 void TestDoctor::ADamagedDefault() {
     for (const QString& name : {u"Mine"_s, u"Yours"_s})
         QCOMPARE(m_home->Run({u"defaults"_s, u"save"_s, name}).exit, 0);
-    QVERIFY(Execute(u"velmarch.settings"_s,
-                    "UPDATE entries SET value=x'00' WHERE key=(SELECT id FROM keys WHERE name='Mine')"));
+    QVERIFY(
+        m_home->Execute(u"velmarch.settings"_s,
+                        "UPDATE entries SET value=x'00' WHERE key=(SELECT id FROM keys WHERE name='Mine')"));
     const QJsonObject check = Check(m_home->RunJson({u"doctor"_s}).Object(), u"time defaults"_s);
     QCOMPARE(check[u"ok"].toBool(true), false);
     QVERIFY2(check[u"detail"].toString().contains(u"Mine"), qPrintable(check[u"detail"].toString()));
@@ -330,7 +322,7 @@ void TestDoctor::ADamagedDefinition() {
     for (const QString& name : {u"Mine"_s, u"Yours"_s})
         QCOMPARE(m_home->Run({u"report"_s, u"save"_s, name, u"--kind"_s, u"listing"_s}).exit, 0);
     QCOMPARE(Check(m_home->RunJson({u"doctor"_s}).Object(), u"time reports"_s)[u"ok"].toBool(), true);
-    QVERIFY(Execute(
+    QVERIFY(m_home->Execute(
         u"velmarch.settings"_s,
         "DELETE FROM entries WHERE name='ReportType' AND key=(SELECT id FROM keys WHERE name='Mine')"));
     const QJsonObject check = Check(m_home->RunJson({u"doctor"_s}).Object(), u"time reports"_s);
@@ -345,9 +337,10 @@ void TestDoctor::ADamagedQuery() {
     for (const QString& name : {u"Mine"_s, u"Yours"_s})
         QCOMPARE(m_home->Run({u"query"_s, u"save"_s, name, u"--mode"_s, u"expense"_s}).exit, 0);
     QCOMPARE(Check(m_home->RunJson({u"doctor"_s}).Object(), u"expense queries"_s)[u"ok"].toBool(), true);
-    QVERIFY(Execute(u"velmarch.settings"_s,
-                    "UPDATE entries SET value=x'00' WHERE name='Amount' AND key=(SELECT id FROM keys WHERE "
-                    "name='Mine')"));
+    QVERIFY(m_home->Execute(
+        u"velmarch.settings"_s,
+        "UPDATE entries SET value=x'00' WHERE name='Amount' AND key=(SELECT id FROM keys WHERE "
+        "name='Mine')"));
     const QJsonObject check = Check(m_home->RunJson({u"doctor"_s}).Object(), u"expense queries"_s);
     QCOMPARE(check[u"ok"].toBool(true), false);
     QVERIFY2(check[u"detail"].toString().contains(u"Mine"), qPrintable(check[u"detail"].toString()));
@@ -360,7 +353,7 @@ void TestDoctor::ADamagedQuery() {
 void TestDoctor::AnOrphanTimer() {
     const QString id = m_home->Add({});
     m_home->Run({u"timer"_s, u"start"_s, id});
-    QVERIFY(Execute(u"velmarch.store"_s, "DELETE FROM time_velmarch"));
+    QVERIFY(m_home->Execute(u"velmarch.store"_s, "DELETE FROM time_velmarch"));
     const Reply reply = m_home->RunJson({u"doctor"_s});
     QCOMPARE(reply.exit, 1);
     QVERIFY(Check(reply.Object(), u"timers"_s)[u"detail"].toString().contains(id));

@@ -1,5 +1,7 @@
 #include "cli/home/ConsoleHome.h"
 
+#include <sqlite3.h>
+
 #include <QEventLoop>
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -45,6 +47,14 @@ Reply ConsoleHome::RunBare(const QStringList& arguments, const QStringList& envi
 Reply ConsoleHome::RunShell(const QString& line) const {
     const QString cli = u"cli='%1 --home %2'; "_s.arg(kProgram, Path());
     return RunProgram(u"/bin/bash"_s, {u"-c"_s, cli + line}, {});
+}
+
+bool ConsoleHome::Execute(const QString& file, const QByteArray& sql) const {
+    sqlite3* db = nullptr;
+    const bool isDone = sqlite3_open(File(file).toUtf8().constData(), &db) == SQLITE_OK &&
+                        sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr) == SQLITE_OK;
+    sqlite3_close(db);
+    return isDone;
 }
 
 QString ConsoleHome::Add(const QStringList& fields, const QString& group) const {

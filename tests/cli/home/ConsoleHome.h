@@ -35,6 +35,8 @@ class ConsoleHome {
     static Reply RunBare(const QStringList& arguments, const QStringList& environment = {});
     /// Runs through the shell, "$cli" being the program with this home: for pipes and devices.
     Reply RunShell(const QString& line) const;
+    /// What another program does to a file of the home.
+    [[nodiscard]] bool Execute(const QString& file, const QByteArray& sql) const;
 
     /// Adds a record; its identity.
     QString Add(const QStringList& fields, const QString& group = QStringLiteral("time")) const;

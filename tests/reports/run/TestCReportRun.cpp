@@ -79,6 +79,8 @@ class TestCReportRun : public QObject {
     void TheTableIsThatOfThePage();
     void ThePageIsSaved();
     void Expenses();
+    void DistancesThatArentReadWholeAreTold();
+    void ARangeThatEndsBeforeItStartsIsTold();
     void APreview();
 
  private:
@@ -351,6 +353,44 @@ void TestCReportRun::Expenses() {
     QCOMPARE(Resolve(report), RunEnd::Done);
     QCOMPARE(Run(report), RunEnd::Done);
     QCOMPARE(m_run->Result().summary->sections.back()->columns[3]->Text(), u"-5.00"_s);
+}
+
+void TestCReportRun::DistancesThatArentReadWholeAreTold() {
+    CERecord expense;
+    expense.GenUnique();
+    expense.date.Set(11, 12, 2026);
+    expense.isDistance = true;
+    expense.TakeStoredDistance(u"12,35"_s);
+    const AddChoice choice{.notify = Notify::No, .commit = Commit::Now, .hold = Hold::No};
+    QVERIFY(m_home->document->AddRecord(expense, choice));
+    const RecordModeScope mode(RecordMode::Expense);
+    m_home->document->LoadRecords(RecordKind::Expense);
+    CReportDef report{.kind = ReportKind::Grouped,
+                      .selection = ReportSelection::Query,
+                      .groupFields = {FieldId::Date},
+                      .sumFields = {FieldId::Distance}};
+    m_list.wanted = LoadText(Text::AnyWord);
+    QCOMPARE(Resolve(report), RunEnd::Done);
+    m_home->prompt.ExpectTold(Text::DistancesCut, Text::ReportMessageTitle);
+    QCOMPARE(Run(report), RunEnd::Done);
+    QVERIFY(m_home->prompt.told[0].contains(u"1, the first of 11/12/2026"_s));
+    QCOMPARE(m_run->Result().grouped->rows[0].sums[0], 12.0);
+    report.sumFields = {FieldId::ExpenseAmount};
+    QCOMPARE(Run(report), RunEnd::Done);
+}
+
+/// It covers one day.
+void TestCReportRun::ARangeThatEndsBeforeItStartsIsTold() {
+    TimeQuery query;
+    query.Reset(m_home->document->GetPeriodContext());
+    query.isPeriodOn = true;
+    query.startText = u"11/03/2026"_s;
+    query.endText = u"11/02/2026"_s;
+    QVERIFY(CQueryStore(*m_home->settings, RecordMode::Time).Save(u"swapped"_s, query));
+    CReportDef report{.selection = ReportSelection::Query, .useStoredQuery = true, .queryName = u"swapped"_s};
+    m_home->prompt.ExpectTold(Text::PeriodEndsSwapped, Text::ReportMessageTitle);
+    QCOMPARE(Resolve(report), RunEnd::Done);
+    QCOMPARE(report.recordIds, QStringList{m_ids[1]});
 }
 
 void TestCReportRun::APreview() {

@@ -149,6 +149,32 @@ class TestCStatusBar final : public QObject {
         QCOMPARE(window.Status("statusSums"), u"7.5000"_s);
     }
 
+    /// They are added up as they are read; the user hears of it once, and can look it up in the tip.
+    void distancesThatArentReadWhole() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        CERecord expense;
+        expense.date.Set(11, 12, 2026);
+        expense.amount.Set(10.0F);
+        expense.item5 = u"EUR"_s;
+        expense.TakeStoredDistance(u"12,35"_s);
+        QVERIFY(window.app.Document().AddRecord(
+            expense,
+            {.notify = Notify::No, .commit = Commit::Now, .identity = Identity::New, .hold = Hold::No}));
+        window.frame->Refresh();
+        const auto* bar = window.Find<CStatusBar>("statusBar");
+        QCOMPARE(bar->currentMessage(), QString());
+        window.frame->SwitchMode(RecordMode::Expense);
+        const QString told = u"can't be read whole here: 1, the first of 11/12/2026"_s;
+        QVERIFY(bar->currentMessage().contains(told));
+        QVERIFY(window.Find<CElidedLabel>("statusSums")->toolTip().contains(told));
+        window.Find<CStatusBar>("statusBar")->clearMessage();
+        window.frame->Refresh();
+        QCOMPARE(bar->currentMessage(), QString());
+        QVERIFY(window.Find<CElidedLabel>("statusSums")->toolTip().contains(told));
+        window.frame->SwitchMode(RecordMode::Time);
+    }
+
     /// In the font of the list, the mode bold.
     void fontOfTheList() {
         QTemporaryDir folder;
