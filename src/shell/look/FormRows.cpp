@@ -68,6 +68,12 @@ QLabel* MakeNote(const QString& text, const QString& objectName) {
     return note;
 }
 
+void ShowNote(QLabel& note, const QString& text, QWidget& field) {
+    note.setText(text);
+    note.setHidden(text.isEmpty());
+    field.setAccessibleDescription(text);
+}
+
 QCheckBox* MakeCheckBox(const QString& text, const QString& objectName, CMnemonics& mnemonics) {
     auto* box = new QCheckBox(mnemonics.Give(text));
     NameWidget(*box, objectName, text);

@@ -28,6 +28,8 @@ QLabel* AddLabel(QGridLayout& form, int row, const QString& text, QWidget& field
                  CMnemonics& mnemonics);
 /// A sentence in a dialog, with room for it on two lines however narrow the dialog gets.
 [[nodiscard]] QLabel* MakeNote(const QString& text, const QString& objectName);
+/// Shows a note about what was entered in a field, which reads it aloud, too; an empty one goes away.
+void ShowNote(QLabel& note, const QString& text, QWidget& field);
 [[nodiscard]] QCheckBox* MakeCheckBox(const QString& text, const QString& objectName, CMnemonics& mnemonics);
 /// The button that accepts, which is the default, and Cancel; both are connected to the dialog. The caller
 /// lays them out, last, so that they come last with Tab as well.

@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <algorithm>
@@ -81,6 +82,15 @@ void CExpenseQueryForm::AddAmount(CMnemonics& mnemonics) {
     pair->addWidget(m_comparison);
     pair->addWidget(m_amount, 1);
     Form().addLayout(pair, row, 1);
+    m_amountNote = MakeNote({}, QStringLiteral("amountNote"));
+    Form().addWidget(m_amountNote, row + 1, 1);
+    connect(m_comparison, &QComboBox::currentIndexChanged, this, &CExpenseQueryForm::ShowAmountNote);
+    connect(m_amount, &CItemCombo::Edited, this, &CExpenseQueryForm::ShowAmountNote);
+}
+
+void CExpenseQueryForm::ShowAmountNote() {
+    ShowNote(*m_amountNote, NoteOnAmountText(CriterionOf(*m_amount), m_comparison->currentData().toInt()),
+             *m_amount);
 }
 
 void CExpenseQueryForm::AddMarks(CMnemonics& mnemonics) {
@@ -124,6 +134,7 @@ void CExpenseQueryForm::ShowQuery(const StoredQuery& stored) {
     ShowFields(query);
     m_amount->ShowText(AmountText(query.amount));
     m_comparison->setCurrentIndex(m_comparison->findData(query.comparison));
+    ShowAmountNote();
     ExpenseQuery marks = query;
     DropDependents(marks);
     ShowMarks(marks);

@@ -3,6 +3,7 @@
 #include "shell/report/CQueryForm.h"
 
 class QComboBox;
+class QLabel;
 
 /// What the filter dialog asks of expenses. A mark that comes only with another one can be asked for only
 /// with that.
@@ -17,6 +18,7 @@ class CExpenseQueryForm final : public CQueryForm {
 
  private:
     void AddAmount(CMnemonics& mnemonics);
+    void ShowAmountNote();
     void AddMarks(CMnemonics& mnemonics);
     [[nodiscard]] ExpenseQuery MarksAsShown() const;
     void ShowMarks(const ExpenseQuery& query);
@@ -24,6 +26,7 @@ class CExpenseQueryForm final : public CQueryForm {
 
     QComboBox* m_comparison = nullptr;
     CItemCombo* m_amount = nullptr;
+    QLabel* m_amountNote = nullptr;
     QCheckBox* m_distance = nullptr;
     std::array<QCheckBox*, 5> m_flags{};
 };

@@ -38,6 +38,8 @@ void CPeriodBox::Build(CMnemonics& mnemonics) {
     form->addWidget(m_row, 1, kRowColumn);
     m_from = AddDate(*form, kFromColumn, Text::FilterFrom, "periodFrom", mnemonics);
     m_to = AddDate(*form, kToColumn, Text::FilterTo, "periodTo", mnemonics);
+    m_note = MakeNote({}, QStringLiteral("periodNote"));
+    form->addWidget(m_note, 2, kRowColumn, 1, kToColumn + 2);
     form->setColumnStretch(kRowColumn, 1);
 }
 
@@ -51,6 +53,7 @@ CDateEdit* CPeriodBox::AddDate(QGridLayout& form, int column, Text label, const 
     if (isFirst) caption->setBuddy(field);
     form.addWidget(caption, 1, column);
     form.addWidget(field, 1, column + 1);
+    connect(field, &CDateEdit::Entered, this, &CPeriodBox::ShowRangeNote);
     return field;
 }
 
@@ -98,6 +101,14 @@ void CPeriodBox::Follow() {
     for (QWidget* field : {static_cast<QWidget*>(m_from), static_cast<QWidget*>(m_to)})
         field->setEnabled(isOn && isCustom);
     if (!isCustom) ShowDaysOfRow();
+    ShowRangeNote();
+}
+
+/// Two dates that stand the wrong way round are taken for one day.
+void CPeriodBox::ShowRangeNote() {
+    QueryFields query;
+    ReadQuery(query);
+    ShowNote(*m_note, NoteOnDates(query, m_context.period), *m_to);
 }
 
 void CPeriodBox::ShowDaysOfRow() {

@@ -11,6 +11,7 @@ class CPickEdit;
 class QCheckBox;
 class QComboBox;
 class QGridLayout;
+class QLabel;
 
 /// The period of a query: whether there is one, which, and of which days. A period that has a name shows the
 /// days that it covers today.
@@ -34,10 +35,12 @@ class CPeriodBox final : public QWidget {
     [[nodiscard]] QString TextOf(const CDateEdit& field) const;
     void Follow();
     void ShowDaysOfRow();
+    void ShowRangeNote();
 
     FilterDialogContext m_context;
     QCheckBox* m_isOn = nullptr;
     QComboBox* m_row = nullptr;
     CDateEdit* m_from = nullptr;
     CDateEdit* m_to = nullptr;
+    QLabel* m_note = nullptr;
 };

@@ -8,6 +8,7 @@
 #include "support/TestProgram.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <memory>
 
 using namespace Qt::Literals::StringLiterals;
@@ -295,6 +296,67 @@ class TestCFilterDialog final : public QObject {
         t.Open();
         QTEST(t.Expense().amount, "amount");
         QCOMPARE(t.Expense().comparison, AmountComparison::kGreater);
+    }
+
+    /// A condition that acts otherwise than it looks is explained beside it.
+    void notesOnTheAmount_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("comparison");
+        QTest::addColumn<QString>("note");
+        const QString nothing = LoadText(Text::AmountFindsNothing), all = LoadText(Text::AmountFindsAll);
+        QTest::newRow("any") << Any() << 0 << QString();
+        QTest::newRow("a number") << u"12.5"_s << 1 << QString();
+        QTest::newRow("equal to nothing") << u"0"_s << 0 << QString();
+        QTest::newRow("less than nothing") << u"0"_s << 1 << nothing;
+        QTest::newRow("equal to less than nothing") << u"-5.5"_s << 0 << nothing;
+        QTest::newRow("more than less than nothing") << u"-5.5"_s << 2 << all;
+        QTest::newRow("the number that stands for any") << u"-1"_s << 0 << all;
+        QTest::newRow("no number") << u"twelve"_s << 0 << LoadText(Text::AmountCountsAsZero);
+    }
+    void notesOnTheAmount() {
+        QFETCH(QString, typed);
+        QFETCH(int, comparison);
+        QFETCH(QString, note);
+        FilterHome t(RecordMode::Expense);
+        t.Open();
+        QVERIFY(!t.Find<QLabel>("amountNote")->isVisible());
+        t.Find<QComboBox>("comparisonBox")->setCurrentIndex(comparison);
+        t.Enter("amountField", typed);
+        QCOMPARE(t.Find<QLabel>("amountNote")->text(), note);
+        QCOMPARE(t.Find<QLabel>("amountNote")->isVisible(), !note.isEmpty());
+        QCOMPARE(t.Find<QWidget>("amountField")->accessibleDescription(), note);
+        // as it was left
+        t.Press("acceptButton");
+        t.Open();
+        QCOMPARE(t.Find<QLabel>("amountNote")->text(),
+                 typed == u"twelve"_s || typed == u"-1"_s ? QString() : note);
+        t.Press("resetButton");
+        QVERIFY(!t.Find<QLabel>("amountNote")->isVisible());
+    }
+
+    /// The day of the end is taken then.
+    void aRangeThatEndsBeforeItStarts() {
+        FilterHome t;
+        t.Open();
+        const auto* note = t.Find<QLabel>("periodNote");
+        t.Press("periodOn");
+        QVERIFY(!note->isVisible());
+        t.Enter("periodTo", u"11/10/2026"_s);
+        QCOMPARE(note->text(), u"The start lies after the end, so only 11/10/2026 is taken."_s);
+        QVERIFY(note->isVisible());
+        QCOMPARE(t.Find<QWidget>("periodTo")->accessibleDescription(), note->text());
+        t.Choose("periodRow", u"This week"_s);
+        QVERIFY(!note->isVisible());
+        t.Choose("periodRow", LoadText(Text::CustomRange));
+        t.Enter("periodFrom", u"11/20/2026"_s);
+        t.Enter("periodTo", u"11/10/2026"_s);
+        QVERIFY(note->isVisible());
+        t.Enter("periodFrom", u"11/10/2026"_s);
+        QVERIFY(!note->isVisible());
+        t.Enter("periodFrom", u"11/11/2026"_s);
+        QVERIFY(note->isVisible());
+        t.Press("periodOn");
+        QVERIFY(!note->isVisible());
     }
 
     void choosingAQueryShowsIt() {
