@@ -20,6 +20,8 @@ namespace {
 
 constexpr int kMostShown = 5;
 constexpr int kFieldRole = Qt::UserRole;
+/// A column of the preview is at most so wide, in letters of an average width.
+constexpr int kMostLetters = 32;
 
 QTableWidget* MakePreview() {
     auto* table = new QTableWidget;
@@ -145,4 +147,14 @@ void CGroupPage::ShowTable(const GroupedTable& table) {
             m_preview->setItem(row, keys + static_cast<int>(sum),
                                MakeCell(table.SumText(sum, group.sums[sum]), true));
     }
+    FitColumns();
+}
+
+/// As wide as what stands in it, so that no text is cut while another column has room to spare; a very long
+/// one is. The last column takes what is left.
+void CGroupPage::FitColumns() {
+    const int most = kMostLetters * m_preview->fontMetrics().averageCharWidth();
+    m_preview->resizeColumnsToContents();
+    for (int column = 0; column < m_preview->columnCount(); ++column)
+        if (m_preview->columnWidth(column) > most) m_preview->setColumnWidth(column, most);
 }

@@ -28,6 +28,7 @@ class CGroupPage final : public CSheetPage {
     [[nodiscard]] static QList<FieldId> CheckedIn(const QListWidget& list);
     void ShowPreview();
     void ShowTable(const GroupedTable& table);
+    void FitColumns();
     [[nodiscard]] QString NoteOf(const std::optional<GroupPreview>& preview, const CReportDef& report) const;
 
     ReportSheetContext m_context;

@@ -10,6 +10,7 @@
 #include "support/TestProgram.h"
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QRadioButton>
@@ -227,6 +228,24 @@ class TestCReportSheet final : public QObject {
         t.Check("groupFields", u"Project"_s);
         QCOMPARE(table->rowCount(), 0);
         QCOMPARE(t.Label("previewNote"), LoadText(Text::SheetPreviewAsked));
+    }
+
+    /// A key isn't cut while the sums beside it have room to spare; a very long one leaves room for them.
+    void thePreviewShowsItsKeysWhole() {
+        SheetHome t(ReportKind::Grouped);
+        t.report.groupFields = {FieldId::TimeItem1};
+        t.report.sumFields = {FieldId::TimeAmount};
+        t.preview =
+            GroupPreview{.table = {.keys = {{.caption = u"Client"_s}}, .sums = {{.caption = u"Amount"_s}}}};
+        t.preview->table.rows.push_back({.keys = {u"Müller & Sons, Weiden"_s}, .sums = {12.5}});
+        t.Open();
+        t.Turn(u"Groups"_s);
+        auto* table = t.Find<QTableWidget>("groupPreview");
+        QVERIFY(table->columnWidth(0) > table->fontMetrics().horizontalAdvance(u"Müller & Sons, Weiden"_s));
+        QVERIFY(table->horizontalHeader()->length() <= table->viewport()->width());
+        t.preview->table.rows[0].keys[0] = QString(250, u'w');
+        t.Check("groupFields", u"Project"_s);
+        QVERIFY(table->columnWidth(0) < table->viewport()->width() * 3 / 4);
     }
 
     void columnsMoveBetweenTheLists() {
