@@ -174,7 +174,8 @@ void CFrameReportPage::OpenInBrowser() {
 }
 
 void CFrameReportPage::Preview() {
-    RunPrintPreview(m_context.report.View(), m_context.control.Window(), Title(), m_context.progress);
+    SayPrinted(
+        RunPrintPreview(m_context.report.View(), m_context.control.Window(), Title(), m_context.progress));
 }
 
 void CFrameReportPage::Print() {

@@ -41,5 +41,5 @@ PrintEnd PrintPage(const PrintablePage& page, QPagedPaintDevice& device, CProgre
 
 /// Asks for a printer and prints; Cancelled also when the user closes the dialog.
 PrintEnd RunPrint(CReportView& view, QWidget& parent, const QString& title, CProgress& progress);
-/// Shows the sheets before they are printed, by the dialog's own button.
-void RunPrintPreview(CReportView& view, QWidget& parent, const QString& title, CProgress& progress);
+/// Shows the sheets before they are printed, which is asked for there; Cancelled when it wasn't.
+PrintEnd RunPrintPreview(CReportView& view, QWidget& parent, const QString& title, CProgress& progress);

@@ -17,7 +17,6 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
-#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -315,10 +314,9 @@ void TestReportPrinting::theDialogs() {
     QCOMPARE(seen, u"reportPrintDialog: My report"_s);
     QCOMPARE(progress.begun, 0);
     closeIt();
-    RunPrintPreview(view, view, u"My report"_s, progress);
+    QCOMPARE(RunPrintPreview(view, view, u"My report"_s, progress), PrintEnd::Cancelled);
     QCOMPARE(seen, u"reportPreviewDialog: "_s + LoadText(Text::ReportPreviewTitle));
-    QCOMPARE(progress.begun, 1);
-    QVERIFY(progress.steps > 3);
+    QCOMPARE(progress.begun, 0);
 }
 
 TEST_CLASS(TestReportPrinting);

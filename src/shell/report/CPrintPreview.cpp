@@ -1,0 +1,170 @@
+#include "shell/report/CPrintPreview.h"
+
+#include "lang/FormatText.h"
+#include "shell/look/CMnemonics.h"
+#include "shell/look/FormRows.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double kUnitsPerInch = 96;
+constexpr double kGap = 16;  ///< between sheets and beside them, in pixels
+constexpr double kZoomStep = 1.25;
+constexpr double kLeastZoom = 0.2, kMostZoom = 5;
+constexpr QSize kUsualSize{720, 760};
+
+QSizeF InUnits(const QSizeF& inches) {
+    return inches * kUnitsPerInch;
+}
+
+}  // namespace
+
+CSheetsView::CSheetsView(const PrintablePage& page, const QPageLayout& paper, QWidget* parent)
+    : QAbstractScrollArea(parent),
+      m_sheets(page, InUnits(paper.paintRect(QPageLayout::Inch).size())),
+      m_whole(InUnits(paper.fullRect(QPageLayout::Inch).size())),
+      m_corner(paper.paintRect(QPageLayout::Inch).topLeft() * kUnitsPerInch) {
+    NameWidget(*this, QStringLiteral("printSheets"), LoadText(Text::ReportPreviewTitle));
+    viewport()->setBackgroundRole(QPalette::Mid);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+}
+
+/// Pixels for a unit.
+double CSheetsView::Scale() const {
+    return std::max(1.0, viewport()->width() - 2 * kGap) / m_whole.width() * m_zoom;
+}
+
+/// From one sheet to the next.
+double CSheetsView::Pitch() const {
+    return m_whole.height() * Scale() + kGap;
+}
+
+QRectF CSheetsView::PlaceOf(int number) const {
+    const QSizeF size = m_whole * Scale();
+    const double left = std::max(kGap, (viewport()->width() - size.width()) / 2);
+    return {QPointF(left - horizontalScrollBar()->value(),
+                    kGap + (number - 1) * Pitch() - verticalScrollBar()->value()),
+            size};
+}
+
+int CSheetsView::SheetInSight() const {
+    const double middle = verticalScrollBar()->value() + viewport()->height() / 2.0 - kGap;
+    return std::clamp(static_cast<int>(middle / Pitch()) + 1, 1, Count());
+}
+
+/// The sheet that is looked at stays in sight.
+void CSheetsView::Zoom(int steps) {
+    const double place = (verticalScrollBar()->value() + viewport()->height() / 2.0) / Pitch();
+    m_zoom = steps == 0 ? 1 : std::clamp(m_zoom * std::pow(kZoomStep, steps), kLeastZoom, kMostZoom);
+    FitBars();
+    verticalScrollBar()->setValue(qRound(place * Pitch() - viewport()->height() / 2.0));
+    viewport()->update();
+}
+
+void CSheetsView::FitBars() {
+    const auto fit = [](QScrollBar& bar, double whole, int seen) {
+        bar.setRange(0, std::max(0, static_cast<int>(std::ceil(whole)) - seen));
+        bar.setPageStep(seen);
+        bar.setSingleStep(std::max(1, seen / 20));
+    };
+    fit(*verticalScrollBar(), kGap + Count() * Pitch(), viewport()->height());
+    fit(*horizontalScrollBar(), m_whole.width() * Scale() + 2 * kGap, viewport()->width());
+}
+
+void CSheetsView::resizeEvent(QResizeEvent*) {
+    FitBars();
+    Q_EMIT SheetChanged(SheetInSight());
+}
+
+void CSheetsView::scrollContentsBy(int, int) {
+    viewport()->update();
+    Q_EMIT SheetChanged(SheetInSight());
+}
+
+void CSheetsView::paintEvent(QPaintEvent*) {
+    QPainter painter(viewport());
+    painter.setRenderHint(QPainter::Antialiasing);
+    const double top = verticalScrollBar()->value() - kGap;
+    const int first = std::clamp(static_cast<int>(top / Pitch()) + 1, 1, Count());
+    for (int number = first; number <= Count() && PlaceOf(number).top() < viewport()->height(); ++number)
+        PaintSheet(painter, number);
+}
+
+/// Paper is white whatever the palette.
+void CSheetsView::PaintSheet(QPainter& painter, int number) {
+    ++m_painted;
+    const QRectF place = PlaceOf(number);
+    painter.fillRect(place, Qt::white);
+    painter.save();
+    painter.setClipRect(place);
+    painter.translate(place.topLeft());
+    painter.scale(Scale(), Scale());
+    painter.translate(m_corner);
+    m_sheets.Paint(painter, number);
+    painter.restore();
+}
+
+void CSheetsView::keyPressEvent(QKeyEvent* event) {
+    QScrollBar& bar = *verticalScrollBar();
+    if (event->matches(QKeySequence::ZoomIn))
+        Zoom(1);
+    else if (event->matches(QKeySequence::ZoomOut))
+        Zoom(-1);
+    else if (event->key() == Qt::Key_Home)
+        bar.setValue(bar.minimum());
+    else if (event->key() == Qt::Key_End)
+        bar.setValue(bar.maximum());
+    else
+        QAbstractScrollArea::keyPressEvent(event);
+}
+
+void CSheetsView::wheelEvent(QWheelEvent* event) {
+    if (event->modifiers().testFlag(Qt::ControlModifier))
+        Zoom(event->angleDelta().y() > 0 ? 1 : -1);
+    else
+        QAbstractScrollArea::wheelEvent(event);
+}
+
+CPrintPreview::CPrintPreview(const PrintablePage& page, const QPageLayout& paper, QWidget* parent)
+    : QDialog(parent), m_view(new CSheetsView(page, paper)) {
+    setObjectName(QStringLiteral("reportPreviewDialog"));
+    setWindowTitle(LoadText(Text::ReportPreviewTitle));
+    resize(kUsualSize);
+    CMnemonics mnemonics;
+    auto* row = new QHBoxLayout;
+    const auto add = [&](Text caption, const char* name) {
+        const QString words = CMnemonics::Plain(LoadText(caption));
+        auto* button = new QPushButton(mnemonics.Give(words));
+        NameWidget(*button, QString::fromLatin1(name), words);
+        button->setAutoDefault(false);
+        row->addWidget(button);
+        return button;
+    };
+    auto* number = new QLabel;
+    number->setObjectName(QStringLiteral("sheetNumber"));
+    connect(m_view, &CSheetsView::SheetChanged, this, [this, number](int sheet) {
+        number->setText(FormatText<Text::ReportPageOf>(sheet, m_view->Count()));
+    });
+    connect(add(Text::CmdReportZoomIn, "zoomInButton"), &QPushButton::clicked, this,
+            [this] { m_view->Zoom(1); });
+    connect(add(Text::CmdReportZoomOut, "zoomOutButton"), &QPushButton::clicked, this,
+            [this] { m_view->Zoom(-1); });
+    row->addWidget(number, 1, Qt::AlignCenter);
+    auto* print = add(Text::CmdReportPrint, "printButton");
+    print->setDefault(true);
+    connect(print, &QPushButton::clicked, this, &CPrintPreview::PrintWanted);
+    connect(add(Text::DialogClose, "closeButton"), &QPushButton::clicked, this, &CPrintPreview::reject);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(m_view, 1);
+    column->addLayout(row);
+    m_view->setFocus();
+}
