@@ -1,7 +1,4 @@
-#include "cli/home/ConsoleHome.h"
-
-#include "platform/settings/CSettingsTree.h"
-#include "platform/sqlite/CSqliteFile.h"
+#include "cli/commands/EntryCommandTest.h"
 #include "support/TestProgram.h"
 
 #include <QDate>
@@ -23,11 +20,14 @@ QDate Sunday() {
 }  // namespace
 
 /// "query": what lists and reports are narrowed by, kept under names; lists by one.
-class TestQueryCommands : public QObject {
+class TestQueryCommands : public EntryCommandTest {
     Q_OBJECT
 
+ public:
+    TestQueryCommands() : EntryCommandTest(u"query"_s) {}
+
  private Q_SLOTS:
-    void init() { m_home = std::make_unique<ConsoleHome>(); }
+    void init() { NewHome(); }
 
     void WholeJsonOfTimes();
     void WholeJsonOfExpenses();
@@ -57,39 +57,28 @@ class TestQueryCommands : public QObject {
     void ForPeople();
 
  private:
-    [[nodiscard]] Reply Query(const QString& line) const {
-        return m_home->RunJson(QStringList(u"query"_s) + Words(line));
-    }
     [[nodiscard]] QString Names(const QString& mode = u"time"_s) const {
         QStringList names;
-        for (const QJsonValue& name : Query(u"list --mode "_s + mode).Array()) names << name.toString();
+        for (const QJsonValue& name : Command(u"list --mode "_s + mode).Array()) names << name.toString();
         return names.join(u'|');
     }
-    /// What a script outside the program does to the settings.
-    void Change(const QByteArray& sql) const {
-        CSqliteFile file;
-        QVERIFY(file.Open(m_home->File(u"velmarch.settings"_s), CSettingsTree::kFileKind, false) ==
-                OpenOutcome::Existed);
-        QVERIFY(file.Execute(sql));
-    }
-    std::unique_ptr<ConsoleHome> m_home;
 };
 
 void TestQueryCommands::WholeJsonOfTimes() {
-    const Reply saved = Query(u"save Mine --item1 Ä --item3 c --whole --case --billable yes --billed no"_s);
+    const Reply saved = Command(u"save Mine --item1 Ä --item3 c --whole --case --billable yes --billed no"_s);
     QVERIFY2(saved.exit == 0, saved.err.constData());
     QCOMPARE(
         saved.out,
         QByteArray("{\"mode\": \"time\", \"name\": \"Mine\", \"reserved\": false, \"item1\": \"Ä\", "
                    "\"item2\": null, \"item3\": \"c\", \"item4\": null, \"item5\": null, \"whole\": true, "
                    "\"case\": true, \"isBillable\": true, \"isBilled\": false, \"period\": null}\n"));
-    QCOMPARE(Query(u"show Mine"_s).out, saved.out);
-    QCOMPARE(Query(u"show MINE"_s).out, saved.out);
-    QCOMPARE(Query(u"show Mine --mode expense"_s).exit, 4);
+    QCOMPARE(Command(u"show Mine"_s).out, saved.out);
+    QCOMPARE(Command(u"show MINE"_s).out, saved.out);
+    QCOMPARE(Command(u"show Mine --mode expense"_s).exit, 4);
 }
 
 void TestQueryCommands::WholeJsonOfExpenses() {
-    const Reply saved = Query(
+    const Reply saved = Command(
         u"save big --mode expense --item2 acme --amount >100 --distance-entries yes "
         "--flag1 yes --flag2 no --flag5 --from 2026-11-15 --to 2026-11-21"_s);
     QVERIFY2(saved.exit == 0, saved.err.constData());
@@ -100,17 +89,17 @@ void TestQueryCommands::WholeJsonOfExpenses() {
                         "\"flag3\": null, \"flag4\": null, \"flag5\": true, \"amount\": {\"comparison\": "
                         "\">\", \"value\": 100.0}, \"period\": {\"row\": 0, \"preset\": null, \"name\": "
                         "\"Custom range\", \"start\": \"2026-11-15\", \"end\": \"2026-11-21\"}}\n"));
-    QCOMPARE(Query(u"show big --mode expense"_s).out, saved.out);
+    QCOMPARE(Command(u"show big --mode expense"_s).out, saved.out);
 }
 
 void TestQueryCommands::NothingGivenIsAny() {
-    const QJsonObject query = Query(u"save all --mode expense"_s).Object();
+    const QJsonObject query = Command(u"save all --mode expense"_s).Object();
     for (const QString& name :
          {u"item1"_s, u"isDistance"_s, u"flag1"_s, u"flag4"_s, u"amount"_s, u"period"_s})
         QVERIFY2(query.contains(name) && query[name].isNull(), qPrintable(name));
-    QVERIFY(Query(u"save all"_s).Object()[u"isBillable"].isNull());
+    QVERIFY(Command(u"save all"_s).Object()[u"isBillable"].isNull());
     // The word for any is any.
-    QVERIFY(Query(u"save any --item1 (any)"_s).Object()[u"item1"].isNull());
+    QVERIFY(Command(u"save any --item1 (any)"_s).Object()[u"item1"].isNull());
 }
 
 void TestQueryCommands::StoredPeriods_data() {
@@ -140,7 +129,7 @@ void TestQueryCommands::StoredPeriods() {
     QFETCH(int, preset);
     QFETCH(QString, start);
     QFETCH(QString, end);
-    const Reply saved = Query(u"save one "_s + options);
+    const Reply saved = Command(u"save one "_s + options);
     QVERIFY2(saved.exit == 0, saved.err.constData());
     const QJsonObject period = saved.Object()[u"period"].toObject();
     QTEST(period[u"row"].toInt(-1), "row");
@@ -148,7 +137,7 @@ void TestQueryCommands::StoredPeriods() {
     QTEST(period[u"name"].toString(), "name");
     QCOMPARE(period[u"start"], start.isEmpty() ? QJsonValue(QJsonValue::Null) : QJsonValue(start));
     QCOMPARE(period[u"end"], end.isEmpty() ? QJsonValue(QJsonValue::Null) : QJsonValue(end));
-    QCOMPARE(Query(u"show one"_s).out, saved.out);
+    QCOMPARE(Command(u"show one"_s).out, saved.out);
 }
 
 void TestQueryCommands::Amounts_data() {
@@ -169,12 +158,8 @@ void TestQueryCommands::Amounts() {
 }
 
 void TestQueryCommands::Refused_data() {
-    QTest::addColumn<QString>("options");
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QByteArray>("words");
-    const auto row = [](const char* options, int exit, const char* words) {
-        QTest::newRow(options) << QString::fromUtf8(options) << exit << QByteArray(words);
-    };
+    AddRefusedColumns();
+    auto* const row = &AddRefused;
     row("--exported yes", 2, "no place for --exported");
     row("--timers no", 2, "no place for --timers");
     row("--mode expense --exported no", 2, "no place for --exported");
@@ -199,75 +184,64 @@ void TestQueryCommands::Refused_data() {
 void TestQueryCommands::Refused() {
     QFETCH(QString, options);
     QFETCH(QByteArray, words);
-    const Reply reply = Query(u"save one "_s + options);
-    QTEST(reply.exit, "exitCode");
-    QVERIFY2(reply.err.contains(words), reply.err.constData());
-    QCOMPARE(reply.out, QByteArray());
+    QFETCH(int, exitCode);
+    CheckRefused(Command(u"save one "_s + options), exitCode, words);
     QCOMPARE(Names() + Names(u"expense"_s), QString());
 }
 
 void TestQueryCommands::SaveAsksBeforeItReplaces() {
-    QCOMPARE(Query(u"save Week --item1 a"_s).exit, 0);
-    const Reply asked = Query(u"save WEEK --item1 b"_s);
-    QCOMPARE(asked.exit, 1);
-    QVERIFY2(asked.err.contains("Replace it?"), asked.err.constData());
+    QCOMPARE(Command(u"save Week --item1 a"_s).exit, 0);
+    CheckAsks(Command(u"save WEEK --item1 b"_s), "Replace it?");
     QCOMPARE(Names(), u"Week"_s);
-    QCOMPARE(Query(u"save Week --item1 b --yes"_s).Object()[u"item1"].toString(), u"b"_s);
-    QCOMPARE(Query(u"show Week"_s).Object()[u"item1"].toString(), u"b"_s);
+    QCOMPARE(Command(u"save Week --item1 b --yes"_s).Object()[u"item1"].toString(), u"b"_s);
+    QCOMPARE(Command(u"show Week"_s).Object()[u"item1"].toString(), u"b"_s);
     QCOMPARE(Names(), u"Week"_s);
     // As typed, beside the other.
-    QCOMPARE(Query(u"save WEEK --item1 c --yes"_s).exit, 0);
+    QCOMPARE(Command(u"save WEEK --item1 c --yes"_s).exit, 0);
     QCOMPARE(Names(), u"Week|WEEK"_s);
-    QCOMPARE(Query(u"show WEEK"_s).Object()[u"item1"].toString(), u"c"_s);
+    QCOMPARE(Command(u"show WEEK"_s).Object()[u"item1"].toString(), u"c"_s);
     QCOMPARE(m_home->Run({u"query"_s, u"save"_s, QString()}).exit, 2);
     QCOMPARE(m_home->Run({u"query"_s, u"save"_s, QString(256, u'x')}).exit, 2);
     QCOMPARE(m_home->Run({u"query"_s, u"save"_s, QString(255, u'x')}).exit, 0);
 }
 
 void TestQueryCommands::ListInTheOrderOfMaking() {
-    QCOMPARE(Query(u"list"_s).out, QByteArray("[]\n"));
+    QCOMPARE(Command(u"list"_s).out, QByteArray("[]\n"));
     for (const QString& name : {u"b"_s, u"a/\\'\""_s, u"ä 😀"_s})
         QCOMPARE(m_home->Run({u"query"_s, u"save"_s, name}).exit, 0);
-    QCOMPARE(Query(u"list"_s).out, QByteArray("[\"b\", \"a/\\\\'\\\"\", \"ä 😀\"]\n"));
+    QCOMPARE(Command(u"list"_s).out, QByteArray("[\"b\", \"a/\\\\'\\\"\", \"ä 😀\"]\n"));
     QCOMPARE(Names(u"expense"_s), QString());
     QCOMPARE(m_home->Run({u"query"_s, u"list"_s}).out, QByteArray("b\na/\\'\"\nä 😀\n"));
 }
 
 void TestQueryCommands::Rename() {
-    QCOMPARE(Query(u"save one --item1 a --period 2"_s).exit, 0);
-    const Reply renamed = Query(u"rename ONE two"_s);
+    QCOMPARE(Command(u"save one --item1 a --period 2"_s).exit, 0);
+    const Reply renamed = Command(u"rename ONE two"_s);
     QCOMPARE(renamed.exit, 0);
     QCOMPARE(renamed.Object()[u"name"].toString(), u"two"_s);
     QCOMPARE(renamed.Object()[u"period"].toObject()[u"row"].toInt(), 2);
     QCOMPARE(Names(), u"two"_s);
-    QCOMPARE(Query(u"rename two two"_s).exit, 0);
-    QCOMPARE(Query(u"rename two TWO"_s).exit, 0);  // it isn't another one
+    QCOMPARE(Command(u"rename two two"_s).exit, 0);
+    QCOMPARE(Command(u"rename two TWO"_s).exit, 0);  // it isn't another one
     QCOMPARE(Names(), u"TWO"_s);
     QCOMPARE(m_home->Run({u"query"_s, u"rename"_s, u"TWO"_s, QString()}).exit, 2);
 }
 
 void TestQueryCommands::RenameAsksBeforeItReplaces() {
-    QCOMPARE(Query(u"save one --item1 a"_s).exit, 0);
-    QCOMPARE(Query(u"save two --item1 b --whole"_s).exit, 0);
-    const Reply asked = Query(u"rename one two"_s);
-    QCOMPARE(asked.exit, 1);
-    QVERIFY2(asked.err.contains("Replace it?"), asked.err.constData());
+    QCOMPARE(Command(u"save one --item1 a"_s).exit, 0);
+    QCOMPARE(Command(u"save two --item1 b --whole"_s).exit, 0);
+    CheckAsks(Command(u"rename one two"_s), "Replace it?");
     QCOMPARE(Names(), u"one|two"_s);
-    QCOMPARE(Query(u"rename one two --yes"_s).Object()[u"item1"].toString(), u"a"_s);
+    QCOMPARE(Command(u"rename one two --yes"_s).Object()[u"item1"].toString(), u"a"_s);
     QCOMPARE(Names(), u"two"_s);
-    QCOMPARE(Query(u"show two"_s).Object()[u"whole"].toBool(true), false);
+    QCOMPARE(Command(u"show two"_s).Object()[u"whole"].toBool(true), false);
 }
 
 void TestQueryCommands::Delete() {
-    QCOMPARE(Query(u"save one"_s).exit, 0);
-    QCOMPARE(Query(u"save two"_s).exit, 0);
-    const Reply asked = Query(u"delete one"_s);
-    QCOMPARE(asked.exit, 1);
-    QVERIFY2(asked.err.contains("Delete \"one\" from the stored queries?"), asked.err.constData());
-    QCOMPARE(asked.out, QByteArray("{\"deleted\": 0}\n"));
-    QCOMPARE(Query(u"delete one --yes"_s).out, QByteArray("{\"deleted\": 1}\n"));
-    QCOMPARE(m_home->Run({u"settings"_s, u"set"_s, u"confirmDelete"_s, u"0"_s}).exit, 0);
-    QCOMPARE(Query(u"delete two"_s).exit, 0);
+    QCOMPARE(Command(u"save one"_s).exit, 0);
+    QCOMPARE(Command(u"save two"_s).exit, 0);
+    QCOMPARE(Command(u"delete one"_s).out, QByteArray("{\"deleted\": 0}\n"));
+    CheckDelete({u"one"_s, u"two"_s}, "Delete \"one\" from the stored queries?");
     QCOMPARE(Names(), QString());
 }
 
@@ -281,10 +255,10 @@ void TestQueryCommands::TheReservedName_data() {
 }
 void TestQueryCommands::TheReservedName() {
     QFETCH(QStringList, command);
-    QCOMPARE(Query(u"save one --item1 a"_s).exit, 0);
+    QCOMPARE(Command(u"save one --item1 a"_s).exit, 0);
     Change("UPDATE keys SET name = '(last used)' WHERE name = 'one'");
-    QCOMPARE(Query(u"save one --item1 b"_s).exit, 0);
-    const Reply reply = m_home->RunJson(QStringList(u"query"_s) + command);
+    QCOMPARE(Command(u"save one --item1 b"_s).exit, 0);
+    const Reply reply = Command(command);
     QCOMPARE(reply.exit, 1);
     QVERIFY2(reply.err.contains("ast"), reply.err.constData());
     QCOMPARE(Names(), u"(last used)|one"_s);
@@ -301,11 +275,8 @@ void TestQueryCommands::UnknownNames_data() {
 }
 void TestQueryCommands::UnknownNames() {
     QFETCH(QString, command);
-    QCOMPARE(Query(u"save one"_s).exit, 0);
-    const Reply reply = m_home->RunJson(Words(command));
-    QCOMPARE(reply.exit, 4);
-    QVERIFY2(reply.err.contains("There is no stored query called"), reply.err.constData());
-    QCOMPARE(reply.out, QByteArray());
+    QCOMPARE(Command(u"save one"_s).exit, 0);
+    CheckRefused(m_home->RunJson(Words(command)), 4, "There is no stored query called");
     QCOMPARE(Names() + Names(u"expense"_s), u"one"_s);  // to look for one makes none
 }
 
@@ -313,7 +284,7 @@ void TestQueryCommands::ListByAQuery() {
     const QString inWeek = m_home->Add(Words(u"--date "_s + Iso(Sunday()) + u" --item1 Acme"_s));
     m_home->Add(Words(u"--date "_s + Iso(Sunday().addDays(-1)) + u" --item1 Acme"_s));
     m_home->Add(Words(u"--date "_s + Iso(Sunday()) + u" --item1 Beta"_s));
-    QCOMPARE(Query(u"save mine --period 2 --item1 acm"_s).exit, 0);
+    QCOMPARE(Command(u"save mine --period 2 --item1 acm"_s).exit, 0);
     const QJsonObject list =
         m_home->RunJson(Words(u"time list --query mine --sort date:desc --limit 5"_s)).Object();
     QCOMPARE(list[u"count"].toInt(), 1);
@@ -321,7 +292,7 @@ void TestQueryCommands::ListByAQuery() {
     const QString trip = m_home->AddExpense(Words(u"--date 2026-01-05 --amount 120 --flag1"_s));
     m_home->AddExpense(Words(u"--date 2026-01-05 --amount 100 --flag1"_s));
     m_home->AddExpense(Words(u"--date 2026-01-05 --amount 120"_s));
-    QCOMPARE(Query(u"save mine --mode expense --amount >100 --flag1"_s).exit, 0);
+    QCOMPARE(Command(u"save mine --mode expense --amount >100 --flag1"_s).exit, 0);
     const QJsonObject expenses = m_home->RunJson(Words(u"expense list --query MINE"_s)).Object();
     QCOMPARE(expenses[u"count"].toInt(), 1);
     QCOMPARE(expenses[u"records"][0][u"id"].toString(), trip);
@@ -336,10 +307,8 @@ void TestQueryCommands::TheQueryStandsAlone_data() {
 }
 void TestQueryCommands::TheQueryStandsAlone() {
     QFETCH(QString, options);
-    QCOMPARE(Query(u"save one"_s).exit, 0);
-    const Reply reply = m_home->RunJson(Words(u"time list --query one "_s + options));
-    QCOMPARE(reply.exit, 2);
-    QVERIFY2(reply.err.contains("--query stands alone"), reply.err.constData());
+    QCOMPARE(Command(u"save one"_s).exit, 0);
+    CheckRefused(m_home->RunJson(Words(u"time list --query one "_s + options)), 2, "--query stands alone");
 }
 
 void TestQueryCommands::PeriodOfAList_data() {
@@ -354,7 +323,7 @@ void TestQueryCommands::PeriodOfAList_data() {
 void TestQueryCommands::PeriodOfAList() {
     QFETCH(QString, options);
     QFETCH(int, preset);
-    QCOMPARE(Query(u"save one "_s + options).exit, 0);
+    QCOMPARE(Command(u"save one "_s + options).exit, 0);
     const QJsonObject list = m_home->RunJson(Words(u"time list --query one"_s)).Object();
     if (preset == 0)
         QVERIFY(list.contains(u"period") && list[u"period"].isNull());
@@ -363,31 +332,26 @@ void TestQueryCommands::PeriodOfAList() {
 }
 
 void TestQueryCommands::DamagedQuery() {
-    QCOMPARE(Query(u"save one --item1 a"_s).exit, 0);
+    QCOMPARE(Command(u"save one --item1 a"_s).exit, 0);
     Change("DELETE FROM entries WHERE name = 'MatchWhole'");
-    for (const QString& command : {u"query show one"_s, u"time list --query one"_s}) {
-        const Reply reply = m_home->RunJson(Words(command));
-        QCOMPARE(reply.exit, 1);
-        QVERIFY2(reply.err.contains("\"one\" can't be used"), reply.err.constData());
-        QCOMPARE(reply.out, QByteArray());
-    }
+    CheckUnusable({u"query show one"_s, u"time list --query one"_s}, "one");
     QCOMPARE(Names(), u"one"_s);
-    const Reply renamed = Query(u"rename one two"_s);
+    const Reply renamed = Command(u"rename one two"_s);
     QCOMPARE(renamed.exit, 0);
     QVERIFY2(renamed.err.contains("\"two\" can't be used"), renamed.err.constData());
     QCOMPARE(Names(), u"two"_s);
-    QCOMPARE(Query(u"delete two --yes"_s).exit, 0);
+    QCOMPARE(Command(u"delete two --yes"_s).exit, 0);
 }
 
 /// The list goes on as the program does with such a date, but not without a word: it is another period.
 void TestQueryCommands::ADateThatCantBeRead() {
-    QCOMPARE(Query(u"save one --from 2026-01-05 --to 2026-01-31"_s).exit, 0);
+    QCOMPARE(Command(u"save one --from 2026-01-05 --to 2026-01-31"_s).exit, 0);
     Change("UPDATE entries SET value = '31.01.2026' WHERE name = 'EndDate'");
     const Reply reply = m_home->RunJson(Words(u"time list --query one"_s));
     QCOMPARE(reply.exit, 0);
     QVERIFY2(reply.err.contains("\"31.01.2026\""), reply.err.constData());
     QCOMPARE(reply.Object()[u"period"].toObject()[u"end"].toString(), Iso(QDate::currentDate()));
-    QVERIFY(Query(u"show one"_s).err.contains("\"31.01.2026\""));
+    QVERIFY(Command(u"show one"_s).err.contains("\"31.01.2026\""));
 }
 
 void TestQueryCommands::ForPeople() {

@@ -1,7 +1,4 @@
-#include "cli/home/ConsoleHome.h"
-
-#include "platform/settings/CSettingsTree.h"
-#include "platform/sqlite/CSqliteFile.h"
+#include "cli/commands/EntryCommandTest.h"
 #include "support/TestProgram.h"
 
 #include <QTest>
@@ -9,11 +6,14 @@
 using namespace Qt::Literals::StringLiterals;
 
 /// "report" without its runs: the definitions that are kept under names.
-class TestReportCommands : public QObject {
+class TestReportCommands : public EntryCommandTest {
     Q_OBJECT
 
+ public:
+    TestReportCommands() : EntryCommandTest(u"report"_s) {}
+
  private Q_SLOTS:
-    void init() { m_home = std::make_unique<ConsoleHome>(); }
+    void init() { NewHome(); }
 
     void FieldsOfTimes();
     void FieldsOfExpenses();
@@ -41,29 +41,18 @@ class TestReportCommands : public QObject {
     void ForPeople();
 
  private:
-    [[nodiscard]] Reply Report(const QString& line) const {
-        return m_home->RunJson(QStringList(u"report"_s) + Words(line));
-    }
     /// "grouped Name, listing Other".
     [[nodiscard]] QString Listed(const QString& options = QString()) const {
         QStringList names;
-        for (const QJsonValue& one : Report(u"list "_s + options).Array())
+        for (const QJsonValue& one : Command(u"list "_s + options).Array())
             names << one[u"kind"].toString() + u' ' + one[u"name"].toString();
         return names.join(u", "_s);
     }
-    /// What a script outside the program does to the settings.
-    void Change(const QByteArray& sql) const {
-        CSqliteFile file;
-        QVERIFY(file.Open(m_home->File(u"velmarch.settings"_s), CSettingsTree::kFileKind, false) ==
-                OpenOutcome::Existed);
-        QVERIFY(file.Execute(sql));
-    }
-    std::unique_ptr<ConsoleHome> m_home;
 };
 
 void TestReportCommands::FieldsOfTimes() {
     QCOMPARE(m_home->Run(Words(u"labels set 109 Customer"_s)).exit, 0);
-    const Reply reply = Report(u"fields"_s);
+    const Reply reply = Command(u"fields"_s);
     QCOMPARE(reply.Array().size(), 16);
     QVERIFY2(
         reply.out.startsWith("[\n{\"id\": 5000, \"name\": \"date\", \"caption\": \"Date\", \"group\": true, "
@@ -89,7 +78,7 @@ void TestReportCommands::FieldsOfTimes() {
 void TestReportCommands::FieldsOfExpenses() {
     const auto captions = [this] {
         QStringList captions;
-        for (const QJsonValue& field : Report(u"fields --mode expense"_s).Array())
+        for (const QJsonValue& field : Command(u"fields --mode expense"_s).Array())
             captions << field[u"caption"].toString();
         return captions;
     };
@@ -119,14 +108,14 @@ void TestReportCommands::WholeJson() {
 
 void TestReportCommands::ResetState() {
     QCOMPARE(
-        Report(u"save one --kind listing --mode expense"_s).Object(),
+        Command(u"save one --kind listing --mode expense"_s).Object(),
         FromText(u"{'mode': 'expense', 'kind': 'listing', 'name': 'one', 'reserved': false, 'type': "
                  "'listing', 'selection': 'listed', 'useStoredQuery': false, 'queryName': '', 'group': "
                  "[], 'sum': [], 'sort': [], 'columns': [], 'title': '', 'header': '', 'footer': ''}"_s));
 }
 
 void TestReportCommands::FieldsByNumberOrName() {
-    const QJsonObject report = Report(
+    const QJsonObject report = Command(
                                    u"save one --mode expense --kind grouped --group item1,139,5007 "
                                    "--sum amount,distance --sort flag3:asc"_s)
                                    .Object();
@@ -136,12 +125,8 @@ void TestReportCommands::FieldsByNumberOrName() {
 }
 
 void TestReportCommands::Refused_data() {
-    QTest::addColumn<QString>("options");
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QByteArray>("words");
-    const auto row = [](const char* options, int exit, const char* words) {
-        QTest::newRow(options) << QString::fromUtf8(options) << exit << QByteArray(words);
-    };
+    AddRefusedColumns();
+    auto* const row = &AddRefused;
     row("", 2, "--kind: grouped, listing, compound");
     row("--kind summary", 2, "Allowed: grouped, listing, compound");
     row("--kind Listing", 2, "Allowed: grouped, listing, compound");
@@ -172,10 +157,8 @@ void TestReportCommands::Refused_data() {
 void TestReportCommands::Refused() {
     QFETCH(QString, options);
     QFETCH(QByteArray, words);
-    const Reply reply = Report(u"save one "_s + options);
-    QTEST(reply.exit, "exitCode");
-    QVERIFY2(reply.err.contains(words), reply.err.constData());
-    QCOMPARE(reply.out, QByteArray());
+    QFETCH(int, exitCode);
+    CheckRefused(Command(u"save one "_s + options), exitCode, words);
     QCOMPARE(Listed(), QString());
 }
 
@@ -192,19 +175,18 @@ void TestReportCommands::TextsUpToTheLongest() {
 }
 
 void TestReportCommands::SaveAsksBeforeItReplaces() {
-    QCOMPARE(Report(u"save Mine --kind listing --title a"_s).exit, 0);
-    const Reply asked = Report(u"save MINE --kind listing --title b"_s);
-    QCOMPARE(asked.exit, 1);
-    QVERIFY2(asked.err.contains("There is a definition called \"Mine\" already."), asked.err.constData());
+    QCOMPARE(Command(u"save Mine --kind listing --title a"_s).exit, 0);
+    CheckAsks(Command(u"save MINE --kind listing --title b"_s),
+              "There is a definition called \"Mine\" already.");
     QCOMPARE(Listed(), u"listing Mine"_s);
-    QCOMPARE(Report(u"save Mine --kind listing --header h --yes"_s).exit, 0);
-    const QJsonObject replaced = Report(u"show Mine"_s).Object();
+    QCOMPARE(Command(u"save Mine --kind listing --header h --yes"_s).exit, 0);
+    const QJsonObject replaced = Command(u"show Mine"_s).Object();
     QCOMPARE(replaced[u"header"].toString(), u"h"_s);
     QCOMPARE(replaced[u"title"].toString(), QString());
     // As typed, beside the other. Another kind, or mode, is none of its business.
-    QCOMPARE(Report(u"save MINE --kind listing --yes"_s).exit, 0);
-    QCOMPARE(Report(u"save mine --kind grouped --group 109 --sum 115"_s).exit, 0);
-    QCOMPARE(Report(u"save mine --kind listing --mode expense"_s).exit, 0);
+    QCOMPARE(Command(u"save MINE --kind listing --yes"_s).exit, 0);
+    QCOMPARE(Command(u"save mine --kind grouped --group 109 --sum 115"_s).exit, 0);
+    QCOMPARE(Command(u"save mine --kind listing --mode expense"_s).exit, 0);
     QCOMPARE(Listed(), u"grouped mine, listing Mine, listing MINE"_s);
     QCOMPARE(m_home->Run({u"report"_s, u"save"_s, QString(), u"--kind"_s, u"listing"_s}).exit, 2);
 }
@@ -228,7 +210,7 @@ void TestReportCommands::Edit() {
     QFETCH(QStringList, options);
     QFETCH(QString, changed);
     QCOMPARE(m_home->Run(Words(u"query save Week --period 2"_s)).exit, 0);
-    const Reply saved = Report(
+    const Reply saved = Command(
         u"save one --kind compound --group 109 --sum 115 --columns date --sort start:desc "
         "--title t --query Week"_s);
     QJsonObject expected = saved.Object();
@@ -237,49 +219,44 @@ void TestReportCommands::Edit() {
     const Reply edited = m_home->RunJson(QStringList{u"report"_s, u"edit"_s, u"ONE"_s} + options);
     QVERIFY2(edited.exit == 0, edited.err.constData());
     QCOMPARE(edited.Object(), expected);
-    QCOMPARE(Report(u"show one"_s).Object(), expected);
+    QCOMPARE(Command(u"show one"_s).Object(), expected);
     QCOMPARE(Listed(), u"compound one"_s);
 }
 
 void TestReportCommands::EditKeepsTheRest() {
-    QCOMPARE(Report(u"save one --kind grouped --group 109 --sum 115 --title t"_s).exit, 0);
-    const QByteArray before = Report(u"show one"_s).out;
+    QCOMPARE(Command(u"save one --kind grouped --group 109 --sum 115 --title t"_s).exit, 0);
+    const QByteArray before = Command(u"show one"_s).out;
     for (const QString& options :
          {u"--group="_s, u"--sum="_s, u"--columns date"_s, u"--group 9999"_s, u"--title new --sort x"_s}) {
-        QCOMPARE(Report(u"edit one "_s + options).exit, 2);
-        QCOMPARE(Report(u"show one"_s).out, before);
+        QCOMPARE(Command(u"edit one "_s + options).exit, 2);
+        QCOMPARE(Command(u"show one"_s).out, before);
     }
 }
 
 void TestReportCommands::Rename() {
-    QCOMPARE(Report(u"save one --kind listing --title a"_s).exit, 0);
-    QCOMPARE(Report(u"save two --kind listing --title b"_s).exit, 0);
+    QCOMPARE(Command(u"save one --kind listing --title a"_s).exit, 0);
+    QCOMPARE(Command(u"save two --kind listing --title b"_s).exit, 0);
     QCOMPARE(m_home->RunJson({u"report"_s, u"rename"_s, u"one"_s, QString()}).Object()[u"name"].toString(),
              u"one"_s);
-    QCOMPARE(Report(u"rename one one"_s).Object()[u"title"].toString(), u"a"_s);
+    QCOMPARE(Command(u"rename one one"_s).Object()[u"title"].toString(), u"a"_s);
     QCOMPARE(Listed(), u"listing one, listing two"_s);
     // A definition that is there is replaced without a question.
-    const QJsonObject renamed = Report(u"rename ONE two"_s).Object();
+    const QJsonObject renamed = Command(u"rename ONE two"_s).Object();
     QCOMPARE(renamed[u"name"].toString(), u"two"_s);
     QCOMPARE(renamed[u"title"].toString(), u"a"_s);
     QCOMPARE(Listed(), u"listing two"_s);
-    QCOMPARE(Report(u"rename two TWO"_s).exit, 0);
+    QCOMPARE(Command(u"rename two TWO"_s).exit, 0);
     QCOMPARE(Listed(), u"listing TWO"_s);
     // Neither is the new name compared with the reserved one.
     QCOMPARE(m_home->RunJson({u"report"_s, u"rename"_s, u"TWO"_s, u"(last used)"_s}).exit, 0);
     QCOMPARE(Listed(), u"listing (last used)"_s);
-    QVERIFY(Report(u"list"_s).Array()[0][u"reserved"].toBool());
+    QVERIFY(Command(u"list"_s).Array()[0][u"reserved"].toBool());
 }
 
 void TestReportCommands::Delete() {
-    QCOMPARE(Report(u"save one --kind listing"_s).exit, 0);
-    QCOMPARE(Report(u"save two --kind listing"_s).exit, 0);
-    const Reply asked = Report(u"delete one"_s);
-    QCOMPARE(asked.exit, 1);
-    QVERIFY2(asked.err.contains("Delete the definition \"one\"?"), asked.err.constData());
-    QCOMPARE(Report(u"delete one --yes"_s).out, QByteArray("{\"deleted\": 1}\n"));
-    QCOMPARE(m_home->Run({u"settings"_s, u"set"_s, u"confirmDelete"_s, u"0"_s}).exit, 0);
-    QCOMPARE(Report(u"delete two"_s).exit, 0);
+    QCOMPARE(Command(u"save one --kind listing"_s).exit, 0);
+    QCOMPARE(Command(u"save two --kind listing"_s).exit, 0);
+    CheckDelete({u"one"_s, u"two"_s}, "Delete the definition \"one\"?");
     QCOMPARE(Listed(), QString());
 }
 
@@ -295,9 +272,9 @@ void TestReportCommands::TheReservedName_data() {
 }
 void TestReportCommands::TheReservedName() {
     QFETCH(QStringList, command);
-    QCOMPARE(Report(u"save one --kind listing --title a"_s).exit, 0);
+    QCOMPARE(Command(u"save one --kind listing --title a"_s).exit, 0);
     QCOMPARE(m_home->RunJson({u"report"_s, u"rename"_s, u"one"_s, u"(last used)"_s}).exit, 0);
-    const Reply reply = m_home->RunJson(QStringList(u"report"_s) + command);
+    const Reply reply = Command(command);
     QCOMPARE(reply.exit, 1);
     QVERIFY2(reply.err.contains("holds the report that was run last"), reply.err.constData());
     QCOMPARE(Listed(), u"listing (last used)"_s);
@@ -315,32 +292,32 @@ void TestReportCommands::TheReservedQueryIsntOffered() {
 }
 
 void TestReportCommands::OneNameInSomeKinds() {
-    QCOMPARE(Report(u"save Mine --kind listing --title l"_s).exit, 0);
-    QCOMPARE(Report(u"save Mine --kind grouped --group 109 --sum 115 --title g"_s).exit, 0);
+    QCOMPARE(Command(u"save Mine --kind listing --title l"_s).exit, 0);
+    QCOMPARE(Command(u"save Mine --kind grouped --group 109 --sum 115 --title g"_s).exit, 0);
     for (const QString& command :
          {u"show Mine"_s, u"edit MINE --title x"_s, u"rename Mine x"_s, u"delete Mine --yes"_s}) {
-        const Reply reply = Report(command);
+        const Reply reply = Command(command);
         QCOMPARE(reply.exit, 2);
         QVERIFY2(reply.err.contains("grouped, listing"), reply.err.constData());
     }
-    QCOMPARE(Report(u"show Mine --kind listing"_s).Object()[u"title"].toString(), u"l"_s);
-    QCOMPARE(Report(u"show Mine --kind compound"_s).exit, 4);
+    QCOMPARE(Command(u"show Mine --kind listing"_s).Object()[u"title"].toString(), u"l"_s);
+    QCOMPARE(Command(u"show Mine --kind compound"_s).exit, 4);
     // Written as it is stored it is found in spite of another one in other letters.
-    QCOMPARE(Report(u"rename Mine MINE --kind grouped"_s).exit, 0);
-    QCOMPARE(Report(u"show MINE"_s).Object()[u"kind"].toString(), u"grouped"_s);
-    QCOMPARE(Report(u"show mine"_s).exit, 2);
+    QCOMPARE(Command(u"rename Mine MINE --kind grouped"_s).exit, 0);
+    QCOMPARE(Command(u"show MINE"_s).Object()[u"kind"].toString(), u"grouped"_s);
+    QCOMPARE(Command(u"show mine"_s).exit, 2);
 }
 
 void TestReportCommands::ListByKind() {
-    QCOMPARE(Report(u"list"_s).out, QByteArray("[]\n"));
-    QCOMPARE(Report(u"save c --kind compound --group 109 --sum 115"_s).exit, 0);
-    QCOMPARE(Report(u"save l2 --kind listing"_s).exit, 0);
-    QCOMPARE(Report(u"save l1 --kind listing"_s).exit, 0);
-    QCOMPARE(Report(u"save g --kind grouped --group 109 --sum 115"_s).exit, 0);
-    QCOMPARE(Report(u"save e --kind listing --mode expense"_s).exit, 0);
+    QCOMPARE(Command(u"list"_s).out, QByteArray("[]\n"));
+    QCOMPARE(Command(u"save c --kind compound --group 109 --sum 115"_s).exit, 0);
+    QCOMPARE(Command(u"save l2 --kind listing"_s).exit, 0);
+    QCOMPARE(Command(u"save l1 --kind listing"_s).exit, 0);
+    QCOMPARE(Command(u"save g --kind grouped --group 109 --sum 115"_s).exit, 0);
+    QCOMPARE(Command(u"save e --kind listing --mode expense"_s).exit, 0);
     QCOMPARE(Listed(), u"grouped g, listing l2, listing l1, compound c"_s);
     QCOMPARE(Listed(u"--kind listing"_s), u"listing l2, listing l1"_s);
-    QCOMPARE(Report(u"list --mode expense"_s).out,
+    QCOMPARE(Command(u"list --mode expense"_s).out,
              QByteArray("[\n{\"mode\": \"expense\", \"kind\": \"listing\", \"name\": \"e\", \"reserved\": "
                         "false}]\n"));
     QCOMPARE(m_home->Run({u"report"_s, u"list"_s}).out,
@@ -355,39 +332,33 @@ void TestReportCommands::UnknownNames_data() {
 }
 void TestReportCommands::UnknownNames() {
     QFETCH(QString, command);
-    QCOMPARE(Report(u"save one --kind listing"_s).exit, 0);
-    const Reply reply = Report(command);
-    QCOMPARE(reply.exit, 4);
-    QVERIFY2(reply.err.contains("There is no definition called"), reply.err.constData());
+    QCOMPARE(Command(u"save one --kind listing"_s).exit, 0);
+    CheckRefused(Command(command), 4, "There is no definition called");
     QCOMPARE(Listed(), u"listing one"_s);
 }
 
 /// Its key says one kind, its type another.
 void TestReportCommands::ADamagedDefinition() {
-    QCOMPARE(Report(u"save one --kind grouped --group 109 --sum 115"_s).exit, 0);
+    QCOMPARE(Command(u"save one --kind grouped --group 109 --sum 115"_s).exit, 0);
     Change("UPDATE entries SET value = 'nonsense' WHERE name = 'ReportType'");
-    const QJsonObject shown = Report(u"show one"_s).Object();
+    const QJsonObject shown = Command(u"show one"_s).Object();
     QCOMPARE(shown[u"kind"].toString(), u"grouped"_s);
     QCOMPARE(shown[u"type"].toString(), u"listing"_s);
-    QCOMPARE(Report(u"edit one --title t"_s).Object(), [&] {
+    QCOMPARE(Command(u"edit one --title t"_s).Object(), [&] {
         QJsonObject edited = shown;
         edited[u"title"_s] = u"t"_s;
         return edited;
     }());
     QCOMPARE(Listed(), u"grouped one"_s);
-    QCOMPARE(Report(u"edit one --group 109"_s).exit, 2);
+    QCOMPARE(Command(u"edit one --group 109"_s).exit, 2);
 }
 
 void TestReportCommands::WithoutType() {
-    QCOMPARE(Report(u"save one --kind listing"_s).exit, 0);
+    QCOMPARE(Command(u"save one --kind listing"_s).exit, 0);
     Change("DELETE FROM entries WHERE name = 'ReportType'");
-    for (const QString& command : {u"show one"_s, u"edit one --title x"_s, u"rename one two"_s}) {
-        const Reply reply = Report(command);
-        QCOMPARE(reply.exit, 1);
-        QVERIFY2(reply.err.contains("\"one\" can't be used"), reply.err.constData());
-    }
+    CheckUnusable({u"report show one"_s, u"report edit one --title x"_s, u"report rename one two"_s}, "one");
     QCOMPARE(Listed(), u"listing one"_s);
-    QCOMPARE(Report(u"delete one --yes"_s).exit, 0);
+    QCOMPARE(Command(u"delete one --yes"_s).exit, 0);
 }
 
 void TestReportCommands::ForPeople() {
