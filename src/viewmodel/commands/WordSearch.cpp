@@ -1,5 +1,7 @@
 #include "viewmodel/commands/WordSearch.h"
 
+#include "fields/WordMatcher.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -32,14 +34,14 @@ Rank RankOf(const PlacedText& placed, const QString& words) {
 }  // namespace
 
 bool HasAllWords(const QString& text, const QString& words) {
-    return std::ranges::all_of(
-        WordsIn(words), [&text](const QString& word) { return text.contains(word, Qt::CaseInsensitive); });
+    return WordMatcher(words).HasAll(text);
 }
 
 std::vector<int> FindByWords(const QStringList& texts, const QString& words) {
+    const WordMatcher matcher(words);
     std::vector<int> found;
     for (int i = 0; i < texts.size(); ++i)
-        if (HasAllWords(texts[i], words)) found.push_back(i);
+        if (matcher.HasAll(texts[i])) found.push_back(i);
     return found;
 }
 

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+/// The words that a user looks for: what stands between blanks, each somewhere in a text, in any order and
+/// any case. "sons cli" finds "Client & Sons".
+class WordMatcher {
+ public:
+    /// A word for each bit.
+    using Words = std::uint64_t;
+    /// What is typed beyond so many words narrows no further.
+    static constexpr std::size_t kMostWords = 64;
+
+    explicit WordMatcher(const QString& words);
+
+    [[nodiscard]] bool IsEmpty() const { return m_words.empty(); }
+    [[nodiscard]] Words All() const;
+    /// Those that stand in a text.
+    [[nodiscard]] Words In(const QString& text) const;
+    /// Without words: every text.
+    [[nodiscard]] bool HasAll(const QString& text) const { return In(text) == All(); }
+    /// Where words stand in a text, as places and lengths in order; those that touch are one.
+    struct Place {
+        qsizetype at;
+        qsizetype length;
+        [[nodiscard]] bool operator==(const Place&) const = default;
+    };
+    [[nodiscard]] std::vector<Place> PlacesIn(const QString& text) const;
+
+ private:
+    struct Word {
+        QString text;
+        std::u16string folded;
+        bool hasPairs;  ///< characters of two units, which are folded together
+    };
+    [[nodiscard]] static qsizetype Find(const Word& word, const QString& text, qsizetype from);
+
+    std::vector<Word> m_words;
+};
