@@ -27,6 +27,7 @@ ExpenseFilter::ExpenseFilter() {
 
 void ExpenseFilter::Reset() {
     PeriodFilter::Reset();
+    words.clear();
     items.fill(LoadText(Text::AnyWord));
     amount = kAnyAmount;
     comparison = AmountComparison::kEqual;
@@ -46,6 +47,7 @@ RowConditions ExpenseFilter::Conditions(const PeriodContext& context) const {
 ExpenseFilter::Prepared::Prepared(const ExpenseFilter& filter, const PeriodContext& context)
     : m_tests(filter, context), m_amount(filter.amount), m_comparison(filter.comparison) {
     for (std::size_t i = 0; i < kItems.size(); ++i) m_tests.WantText(kItems[i], filter.items[i]);
+    m_tests.WantWords(filter.words);
     m_tests.WantFlag(&CERecord::isDistance, filter.distance);
     for (std::size_t i = 0; i < kFlags.size(); ++i) m_tests.WantFlag(kFlags[i], filter.flags[i]);
     m_tests.WantFlag(&CERecord::isExported, filter.exported);
@@ -53,7 +55,7 @@ ExpenseFilter::Prepared::Prepared(const ExpenseFilter& filter, const PeriodConte
 
 bool ExpenseFilter::Prepared::Matches(const CERecord& record) const {
     return m_tests.MatchesDay(record) && m_tests.MatchesTexts(record) && MatchesAmount(record) &&
-           m_tests.MatchesFlags(record);
+           m_tests.MatchesFlags(record) && m_tests.MatchesWords(record);
 }
 
 /// An expense without amount counts as 0: wanted are those under 10, and it is among them.

@@ -19,7 +19,8 @@ inline constexpr int kEqual = 3;
 /// counts as 0, so nothing is less than 0, and everything is greater than -5. Empty for any other.
 [[nodiscard]] QString NoteOnAmount(float amount, int comparison);
 
-/// Which expenses a view shows: a period, texts of the five items, the amount, and seven flags.
+/// Which expenses a view shows: a period, texts of the five items, the amount, seven flags, and
+/// words.
 class ExpenseFilter final : public PeriodFilter {
  public:
     static constexpr float kAnyAmount = -1.0F;
@@ -32,6 +33,7 @@ class ExpenseFilter final : public PeriodFilter {
     int distance = FlagCriterion::kAny;  ///< distance entries
     std::array<int, 5> flags{};          ///< flag1 to flag5
     int exported = FlagCriterion::kAny;
+    QString words;  ///< all of them in any text or the notes; none: no test
 
     bool operator==(const ExpenseFilter&) const = default;
     void Reset() override;

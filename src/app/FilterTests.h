@@ -1,11 +1,13 @@
 #pragma once
 
 #include "calendar/PeriodFilter.h"
+#include "fields/RecordWords.h"
 #include "lang/LoadText.h"
 #include "records/FieldValues.h"
 
 #include <QString>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -38,6 +40,11 @@ class FilterTests {
     void WantText(QString Record::*field, const QString& wanted) {
         if (wanted != LoadText(Text::AnyWord)) m_texts.push_back({field, Folded(wanted)});
     }
+    /// All of these words in any text or the notes, whatever the filter says of case and whole texts.
+    void WantWords(const QString& words) {
+        const auto wanted = std::make_shared<const RecordWords>(words);
+        if (!wanted->IsEmpty()) m_words = wanted;
+    }
     void WantFlag(bool Record::*flag, int wanted) {
         if (wanted != FlagCriterion::kAny) m_flags.push_back({flag, wanted});
     }
@@ -52,6 +59,9 @@ class FilterTests {
         for (const TextTest& test : m_texts)
             if (!MatchesText(test, record.*test.field)) return false;
         return true;
+    }
+    [[nodiscard]] bool MatchesWords(const Record& record) const {
+        return !m_words || m_words->Matches(record);
     }
     [[nodiscard]] bool MatchesFlags(const Record& record) const {
         for (const FlagTest& test : m_flags)
@@ -86,4 +96,5 @@ class FilterTests {
     bool m_matchCase;
     std::vector<TextTest> m_texts;
     std::vector<FlagTest> m_flags;
+    std::shared_ptr<const RecordWords> m_words;  ///< null: no words are wanted
 };

@@ -17,6 +17,7 @@ TimeFilter::TimeFilter() {
 
 void TimeFilter::Reset() {
     PeriodFilter::Reset();
+    words.clear();
     items.fill(LoadText(Text::AnyWord));
     billable = FlagCriterion::kAny;
     billed = FlagCriterion::kAny;
@@ -37,6 +38,7 @@ TimeFilter::Prepared::Prepared(const TimeFilter& filter, const PeriodContext& co
                                const CTimerService* timers)
     : m_tests(filter, context), m_timers(timers), m_timer(filter.timer) {
     for (std::size_t i = 0; i < kItems.size(); ++i) m_tests.WantText(kItems[i], filter.items[i]);
+    m_tests.WantWords(filter.words);
     m_tests.WantFlag(&CTRecord::isBillable, filter.billable);
     m_tests.WantFlag(&CTRecord::isBilled, filter.billed);
     m_tests.WantFlag(&CTRecord::isExported, filter.exported);
@@ -44,7 +46,7 @@ TimeFilter::Prepared::Prepared(const TimeFilter& filter, const PeriodContext& co
 
 bool TimeFilter::Prepared::Matches(const CTRecord& record) const {
     return m_tests.MatchesDay(record) && m_tests.MatchesTexts(record) && m_tests.MatchesFlags(record) &&
-           MatchesTimer(record);
+           MatchesTimer(record) && m_tests.MatchesWords(record);
 }
 
 bool TimeFilter::Prepared::MatchesTimer(const CTRecord& record) const {

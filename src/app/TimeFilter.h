@@ -8,8 +8,8 @@
 class CTimerService;
 class CTRecord;
 
-/// Which time records a view shows: a period, texts of the five items, three flags, and whether a timer is
-/// there.
+/// Which time records a view shows: a period, texts of the five items, three flags, whether a timer is
+/// there, and words.
 class TimeFilter final : public PeriodFilter {
  public:
     TimeFilter();
@@ -19,6 +19,7 @@ class TimeFilter final : public PeriodFilter {
     int billed = FlagCriterion::kAny;
     int exported = FlagCriterion::kAny;
     int timer = FlagCriterion::kAny;
+    QString words;  ///< all of them in any text or the notes; none: no test
 
     bool operator==(const TimeFilter&) const = default;
     void Reset() override;

@@ -98,6 +98,16 @@ void TestExpenseFilter::Texts_data() {
     const auto row = [](const char* name, bool matches, const Change& change) {
         QTest::newRow(name) << change << matches;
     };
+    row("words in an item and in the notes", true, [](ExpenseFilter& f, CERecord& r) {
+        f.words = u"yeast ACM"_s;
+        r.item2 = u"Acme"_s;
+        r.notes = u"yeast"_s;
+    });
+    row("one of two words is nowhere, whatever counts for items", false, [](ExpenseFilter& f, CERecord& r) {
+        f.words = u"yeast acme"_s;
+        f.matchWhole = true;
+        r.notes = u"yeast"_s;
+    });
     row("a part in other letters", true, [](ExpenseFilter& f, CERecord& r) {
         f.items[0] = u"MÜLL"_s;
         r.item1 = u"Frau müller"_s;

@@ -115,6 +115,16 @@ void TestTimeFilter::Criteria_data() {
     const auto row = [](const char* name, bool matches, const Change& change) {
         QTest::newRow(name) << change << matches;
     };
+    row("words in an item and in the notes", true, [](TimeFilter& f, CTRecord& r) {
+        f.words = u"yeast ACM"_s;
+        r.item2 = u"Acme"_s;
+        r.notes = u"yeast"_s;
+    });
+    row("one of two words is nowhere, whatever counts for items", false, [](TimeFilter& f, CTRecord& r) {
+        f.words = u"yeast acme"_s;
+        f.matchWhole = true;
+        r.notes = u"yeast"_s;
+    });
     row("nothing asked", true, [](TimeFilter&, CTRecord&) {});
     row("a part of an item", true, [](TimeFilter& f, CTRecord& r) {
         f.items[0] = u"me"_s;

@@ -34,6 +34,7 @@ constexpr OptionRow kMatchOptions[] = {
     {"whole", "", OptionShape::Flag, Text::CliOptWhole},
     {"case", "", OptionShape::Flag, Text::CliOptCase},
     {"exported", "", OptionShape::YesNo, Text::CliOptWithExported},
+    {"text", "WORDS", OptionShape::Value, Text::CliOptWithText},
 };
 constexpr OptionRow kTimeCriteria[] = {
     {"billable", "", OptionShape::YesNo, Text::CliOptWithBillable},
@@ -139,6 +140,7 @@ FilterProblem ReadShared(const CArguments& arguments, const PeriodContext& conte
         if (const auto text = arguments.Value(kItems[i])) filter.items[i] = *text;
     filter.matchWhole = arguments.Has("whole");
     filter.matchCase = arguments.Has("case");
+    filter.words = arguments.Value("text").value_or(QString());
     return ReadPeriod(arguments, context, filter);
 }
 

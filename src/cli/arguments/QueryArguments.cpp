@@ -63,7 +63,7 @@ QString PlaceProblem(RecordKind kind, const CArguments& arguments) {
     for (const OptionRow& option : StoredQueryOptions()) {
         if (!arguments.Has(option.name)) continue;
         const std::string_view name = option.name;
-        if (name == "exported" || name == "timers")
+        if (name == "exported" || name == "timers" || name == "text")
             return FormatText<Text::CliNoPlaceInQuery>(NameOf(option));
         if (!IsOf(FilterOptions(kind), name))
             return FormatText<Text::CliUnexpected>(u"--"_s + NameOf(option));

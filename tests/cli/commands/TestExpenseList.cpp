@@ -75,6 +75,9 @@ void TestExpenseList::Filter_data() {
     QTest::newRow("an amount") << u"--amount =15"_s << u"b"_s;
     QTest::newRow("an amount with decimals") << u"--amount =7.50"_s << u"c"_s;
     QTest::newRow("above an amount") << u"--amount >15"_s << u"a"_s;
+    QTest::newRow("a word in any text") << u"--text TAXI"_s << u"c"_s;
+    QTest::newRow("a word and a flag") << u"--text müll --flag2"_s << u"b"_s;
+    QTest::newRow("a number is no text") << u"--text 7.5"_s << QString();
     QTest::newRow("everything at once") << u"--day 2026-11-19 --item5 eur --flag1 --amount <50"_s << u"b"_s;
     QTest::newRow("a percent sign is no pattern") << u"--item1 %"_s << QString();
     QTest::newRow("an apostrophe is text") << u"--item1 '"_s << QString();

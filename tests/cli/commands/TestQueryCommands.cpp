@@ -162,6 +162,7 @@ void TestQueryCommands::Refused_data() {
     auto* const row = &AddRefused;
     row("--exported yes", 2, "no place for --exported");
     row("--timers no", 2, "no place for --timers");
+    row("--text x", 2, "no place for --text");
     row("--mode expense --exported no", 2, "no place for --exported");
     row("--mode expense --timers", 2, "no place for --timers");
     row("--mode expense --flag2", 2, "--flag2 needs --flag1 yes");

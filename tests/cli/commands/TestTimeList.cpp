@@ -81,6 +81,13 @@ void TestTimeList::Filter_data() {
     QTest::newRow("not exported") << u"--exported no"_s << u"cba"_s;
     QTest::newRow("with a timer") << u"--timers yes"_s << u"d"_s;
     QTest::newRow("without a timer") << u"--timers no"_s << u"cba"_s;
+    QTest::newRow("a letter of notes and of a currency") << u"--text D"_s << u"cd"_s;
+    QTest::newRow("a word in any text") << u"--text=ALPH"_s << u"cd"_s;
+    QTest::newRow("a word of the currency") << u"--text eur"_s << u"ba"_s;
+    QTest::newRow("case and whole texts are not for words") << u"--text MÜL --whole --case"_s << u"ba"_s;
+    QTest::newRow("a word that isn't there") << u"--text gamma"_s << QString();
+    QTest::newRow("an empty text: no condition") << u"--text="_s << u"cbad"_s;
+    QTest::newRow("words and a day") << u"--text müller --day 2026-11-19 --billable no"_s << u"b"_s;
     QTest::newRow("everything at once") << u"--day 2026-11-19 --item5 eur --billable --billed no"_s << u"a"_s;
     QTest::newRow("a percent sign is no pattern") << u"--item1 %"_s << QString();
     QTest::newRow("an apostrophe is text") << u"--item1 '"_s << QString();
