@@ -8,6 +8,7 @@
 #include "shell/look/CElidedLabel.h"
 #include "shell/look/Glyphs.h"
 #include "shell/look/ListColours.h"
+#include "viewmodel/list/TotalsText.h"
 
 #include <QEvent>
 #include <QFrame>
@@ -37,8 +38,8 @@ QFrame* Divider(QWidget* parent) {
 
 }  // namespace
 
-CStatusBar::CStatusBar(const CVelmarchDoc& document, Selection selection, QWidget* parent)
-    : QStatusBar(parent), m_document(document), m_selection(std::move(selection)) {
+CStatusBar::CStatusBar(CVelmarchDoc& document, Selection selection, QWidget* parent)
+    : QStatusBar(parent), m_document(document), m_selection(std::move(selection)), m_worked(document) {
     setObjectName(u"statusBar"_s);
     auto* row = new QWidget(this);
     auto* layout = new QHBoxLayout(row);
@@ -55,6 +56,8 @@ CStatusBar::CStatusBar(const CVelmarchDoc& document, Selection selection, QWidge
     m_period = label(u"statusPeriod"_s, Text::StatusPeriod);
     m_sums = label(u"statusSums"_s, Text::StatusSums);
     m_count = label(u"statusCount"_s, Text::StatusSums);
+    m_today = label(u"statusToday"_s, Text::TotalTodayName);
+    m_week = label(u"statusWeek"_s, Text::TotalWeekName);
     m_sumsPicture = new QLabel(row);
     m_modePicture->setObjectName(u"statusModePicture"_s);
     m_sumsPicture->setObjectName(u"statusSumsPicture"_s);
@@ -66,6 +69,8 @@ CStatusBar::CStatusBar(const CVelmarchDoc& document, Selection selection, QWidge
     layout->addWidget(m_count);
     layout->addWidget(m_sumsPicture);
     layout->addWidget(m_sums, 1);
+    layout->addWidget(m_today);
+    layout->addWidget(m_week);
     addWidget(row, 1);
     ApplyLook();
 }
@@ -88,7 +93,8 @@ void CStatusBar::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) ApplyLook();
 }
 
-void CStatusBar::OnHint(Hint hint, const QStringList&) {
+void CStatusBar::OnHint(Hint hint, const QStringList& ids) {
+    m_worked.OnHint(hint, ids);
     switch (hint) {
         case Hint::Added:
         case Hint::Changed:
@@ -98,6 +104,7 @@ void CStatusBar::OnHint(Hint hint, const QStringList&) {
             ShowMode();
             ShowPeriod();
             ShowSums();
+            ShowWorked();
             break;
         case Hint::Clear:
             ClearAll();
@@ -112,7 +119,7 @@ void CStatusBar::OnHint(Hint hint, const QStringList&) {
 
 void CStatusBar::ClearAll() {
     m_listSums.reset();
-    for (CElidedLabel* label : {m_mode, m_period, m_count, m_sums}) label->SetFullText({});
+    for (CElidedLabel* label : {m_mode, m_period, m_count, m_sums, m_today, m_week}) label->SetFullText({});
     for (QLabel* picture : {m_modePicture, m_sumsPicture}) picture->clear();
 }
 
@@ -174,16 +181,29 @@ void CStatusBar::ShowSums() {
         ShowSumsOf(SelectionSums(), true);
 }
 
-/// The picture, which stands where there are sums, and the tip say of which records they are.
+/// The picture, which stands where there are sums, and the tip say of which records they are. The tip has
+/// them in the short form, too, in which each currency bears its own hours.
 void CStatusBar::ShowSumsOf(const StatusSums& sums, bool isSelection) {
     const CCfgStore& settings = m_document.GetSettings();
-    const QString count = sums.CountText();
     const QString text = sums.SumsText(settings.precisionAmount, settings.precisionDuration);
-    const QString whole = text.isEmpty() ? count : count + u"  "_s + text;
+    const QString whole = text.isEmpty() ? sums.CountText() : sums.CountText() + u"  "_s + text;
     QString tip = isSelection ? FormatText<Text::SelectionTip>(whole) : FormatText<Text::ListTip>(whole);
     if (sums.CutOfThem().Count() > 0) tip += u'\n' + sums.CutOfThem().Words();
+    const QString count = TotalsCount(sums), totals = TotalsText(sums, settings);
     m_count->SetFullText(count, count.isEmpty() ? QString() : tip);
-    m_sums->SetFullText(text, text.isEmpty() ? QString() : tip);
+    m_sums->SetFullText(totals, totals.isEmpty() ? QString() : tip);
     m_sumsPicture->clear();
-    if (!text.isEmpty()) ShowPicture(*m_sumsPicture, isSelection ? Glyph::SumOfSelection : Glyph::SumOfList);
+    if (!totals.isEmpty())
+        ShowPicture(*m_sumsPicture, isSelection ? Glyph::SumOfSelection : Glyph::SumOfList);
+}
+
+/// Expenses have no hours.
+void CStatusBar::ShowWorked() {
+    const bool isTime = theRecordMode == RecordMode::Time;
+    const CCfgStore& settings = m_document.GetSettings();
+    const auto show = [isTime](CElidedLabel& label, const QString& text) {
+        label.SetFullText(isTime ? text : QString());
+    };
+    show(*m_today, FormatText<Text::TotalToday>(HoursText(m_worked.Today(), settings)));
+    show(*m_week, FormatText<Text::TotalWeek>(HoursText(m_worked.ThisWeek(), settings)));
 }

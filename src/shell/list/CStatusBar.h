@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Hints.h"
+#include "viewmodel/list/CWorkedTotals.h"
 #include "viewmodel/list/StatusSums.h"
 
 #include <QStatusBar>
@@ -13,7 +14,7 @@ class CVORec;
 class QLabel;
 
 /// What is shown, in one row: the mode; the period with day and week; number and sums of the selected
-/// records, or of all listed ones without a selection.
+/// records, or of all listed ones without a selection; of time records the hours of today and this week.
 class CStatusBar final : public QStatusBar, public CViewListener {
     Q_OBJECT
 
@@ -24,7 +25,7 @@ class CStatusBar final : public QStatusBar, public CViewListener {
         std::function<int()> count;
         std::function<void(const std::function<void(const CVORec&)>& visit)> each;
     };
-    CStatusBar(const CVelmarchDoc& document, Selection selection, QWidget* parent = nullptr);
+    CStatusBar(CVelmarchDoc& document, Selection selection, QWidget* parent = nullptr);
 
     void OnHint(Hint hint, const QStringList& ids) override;
 
@@ -40,11 +41,13 @@ class CStatusBar final : public QStatusBar, public CViewListener {
     [[nodiscard]] const StatusSums& ListSums();
     void SayOfCutDistances();
     [[nodiscard]] StatusSums SelectionSums() const;
+    void ShowWorked();
     void ClearAll();
     void ApplyLook();
 
-    const CVelmarchDoc& m_document;
+    CVelmarchDoc& m_document;
     Selection m_selection;
+    CWorkedTotals m_worked;
     /// Of all listed records; kept, so that a new selection doesn't add them up again.
     std::optional<StatusSums> m_listSums;
     bool m_hasSaidOfCut = false;
@@ -54,4 +57,6 @@ class CStatusBar final : public QStatusBar, public CViewListener {
     CElidedLabel* m_count;
     QLabel* m_sumsPicture;
     CElidedLabel* m_sums;
+    CElidedLabel* m_today;
+    CElidedLabel* m_week;
 };

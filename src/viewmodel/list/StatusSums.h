@@ -27,6 +27,7 @@ class StatusSums {
 
     [[nodiscard]] int Count() const { return m_count; }
     [[nodiscard]] const CutDistances& CutOfThem() const { return m_cut; }
+    [[nodiscard]] bool AreExpenses() const { return m_areExpenses; }
     /// One for each currency, in order of their names.
     [[nodiscard]] std::vector<Sum> Sums() const;
     /// "(47)"; empty for no records.

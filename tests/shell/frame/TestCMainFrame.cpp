@@ -195,7 +195,7 @@ class TestCMainFrame final : public QObject {
         QCOMPARE(listener.heard, (QList<int>{11, 12, 2}));
         QCOMPARE(window.Rows(), 1);
         QCOMPARE(window.List().SelectedCount(), 0);
-        QCOMPARE(window.Status("statusCount"), u"(1)"_s);
+        QCOMPARE(window.Status("statusCount"), u"1 record"_s);
     }
 
     /// A record that goes without the user's doing clears what is selected elsewhere, too.

@@ -13,7 +13,8 @@ using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
-constexpr const char* kLabels[] = {"statusMode", "statusPeriod", "statusCount", "statusSums"};
+constexpr const char* kLabels[] = {"statusMode", "statusPeriod", "statusCount",
+                                   "statusSums", "statusToday",  "statusWeek"};
 
 /// A picture is there or not, whatever it shows.
 bool HasPicture(const Window& window, const char* name) {
@@ -44,23 +45,52 @@ class TestCStatusBar final : public QObject {
         QCOMPARE(window.Status("statusPeriod"), u"This month"_s);
         window.Add(18);
         const QString id = window.Add(19, "09:00", "11:30");
-        QCOMPARE(window.Status("statusCount"), u"(2)"_s);
-        QCOMPARE(window.Status("statusSums"), u"3.5000"_s);
+        QCOMPARE(window.Status("statusCount"), u"2 records"_s);
+        QCOMPARE(window.Status("statusSums"), u"3.5000 h"_s);
         const QImage ofList = PictureOf(window, "statusSumsPicture");
         QVERIFY(!ofList.isNull());
         window.List().SelectIds({id});
-        QCOMPARE(window.Status("statusCount"), u"(1)"_s);
-        QCOMPARE(window.Status("statusSums"), u"2.5000"_s);
+        QCOMPARE(window.Status("statusCount"), u"1 record"_s);
+        QCOMPARE(window.Status("statusSums"), u"2.5000 h"_s);
         const QImage ofSelection = PictureOf(window, "statusSumsPicture");
         QVERIFY(ofSelection != ofList);
         QVERIFY(window.Find<CElidedLabel>("statusSums")->toolTip().contains(u"selected"_s));
         window.List().selectAll();
-        QCOMPARE(window.Status("statusSums"), u"3.5000"_s);
+        QCOMPARE(window.Status("statusSums"), u"3.5000 h"_s);
         QCOMPARE(PictureOf(window, "statusSumsPicture"), ofSelection);
         QVERIFY(window.Find<CElidedLabel>("statusSums")->toolTip().contains(u"selected"_s));
         window.List().SelectNone();
-        QCOMPARE(window.Status("statusSums"), u"3.5000"_s);
+        QCOMPARE(window.Status("statusSums"), u"3.5000 h"_s);
         QCOMPARE(PictureOf(window, "statusSumsPicture"), ofList);
+    }
+
+    /// In short, with the hours of each currency, the sums stand in the tip.
+    void theShortFormIsInTheTip() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        window.frame->Refresh();
+        window.Add(18);
+        window.Add(19, "09:00", "11:30");
+        for (const char* label : {"statusCount", "statusSums"})
+            QCOMPARE(window.Find<CElidedLabel>(label)->toolTip(), u"Of all listed records: (2)  3.5000"_s);
+    }
+
+    /// The week began on Sunday, the 15th.
+    void todayAndThisWeek() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        window.frame->Refresh();
+        window.app.Settings().spanDisplayFormat = 1;
+        QCOMPARE(window.Status("statusToday"), u"Today 0.0000 h"_s);
+        window.Add(14);
+        window.Add(15);
+        window.Add(19, "09:00", "11:30");
+        QCOMPARE(window.Status("statusToday"), u"Today 2:30 h"_s);
+        QCOMPARE(window.Status("statusWeek"), u"Week 3:30 h"_s);
+        window.frame->SwitchMode(RecordMode::Expense);
+        QCOMPARE(window.Status("statusToday") + window.Status("statusWeek"), QString());
+        window.frame->SwitchMode(RecordMode::Time);
+        QCOMPARE(window.Status("statusWeek"), u"Week 3:30 h"_s);
     }
 
     void emptyListHasNoTextAndNoPicture() {
@@ -78,7 +108,7 @@ class TestCStatusBar final : public QObject {
         Window window(folder.path());
         window.frame->Refresh();
         window.Add(19, "", "");
-        QCOMPARE(window.Status("statusCount"), u"(1)"_s);
+        QCOMPARE(window.Status("statusCount"), u"1 record"_s);
         QCOMPARE(window.Status("statusSums"), QString());
         QVERIFY(!HasPicture(window, "statusSumsPicture"));
     }
@@ -87,7 +117,7 @@ class TestCStatusBar final : public QObject {
     void hints_data() {
         QTest::addColumn<int>("hint");
         QTest::addColumn<QString>("parts");
-        const QString all = u"statusMode statusPeriod statusCount statusSums"_s;
+        const QString all = u"statusMode statusPeriod statusCount statusSums statusToday statusWeek"_s;
         QTest::newRow("records added: all") << 0 << all;
         QTest::newRow("records changed: all") << 1 << all;
         QTest::newRow("records deleted: all") << 2 << all;
@@ -137,16 +167,16 @@ class TestCStatusBar final : public QObject {
         const QString other = window.Add(19, "09:00", "11:30");
         window.app.Document().FindTime(id)->SetDurationOnly(5, 0);
         window.List().SelectIds({other});
-        QCOMPARE(window.Status("statusSums"), u"2.5000"_s);
+        QCOMPARE(window.Status("statusSums"), u"2.5000 h"_s);
         window.List().SelectNone();
-        QCOMPARE(window.Status("statusSums"), u"3.5000"_s);
+        QCOMPARE(window.Status("statusSums"), u"3.5000 h"_s);
         window.List().selectAll();
-        QCOMPARE(window.Status("statusSums"), u"3.5000"_s);
+        QCOMPARE(window.Status("statusSums"), u"3.5000 h"_s);
         window.List().SelectIds({id});
-        QCOMPARE(window.Status("statusSums"), u"5.0000"_s);
+        QCOMPARE(window.Status("statusSums"), u"5.0000 h"_s);
         window.List().SelectNone();
         window.hub.NotifyViews(Hint::Changed, {id});
-        QCOMPARE(window.Status("statusSums"), u"7.5000"_s);
+        QCOMPARE(window.Status("statusSums"), u"7.5000 h"_s);
     }
 
     /// They are added up as they are read; the user hears of it once, and can look it up in the tip.
