@@ -2,7 +2,6 @@
 
 #include "lists/CDependencyListener.h"
 #include "lists/DependencyChain.h"
-#include "lists/DependencyMerge.h"
 
 #include <QSet>
 #include <ranges>
@@ -67,7 +66,7 @@ CDependencyEditor::CDependencyEditor(CPulldownCatalogue& catalogue, RecordMode m
     : m_catalogue(catalogue),
       m_mode(mode),
       m_tree(SortedCopy(Stored())),
-      m_before(PathsOf(m_tree)),
+      m_before(PlacesOf(m_tree)),
       m_listener(&NoListener()) {}
 
 void CDependencyEditor::SetListener(CDependencyListener* listener) {
@@ -176,16 +175,16 @@ bool CDependencyEditor::DeleteItem(int list, const QString& text) {
 /// What points to items goes before they do.
 bool CDependencyEditor::TakeUp() {
     if (!m_catalogue.IsStale()) return true;
-    const QStringList now = PathsOf(m_tree);
+    const DependencyPlaces now = PlacesOf(m_tree);
     m_listener->BeforeReset();
     m_tree.Clear();
     const bool isLoaded = m_catalogue.Load() && !m_catalogue.IsDamaged(DependencySetOf(KindOf(m_mode)));
     if (isLoaded) {
         DependencyTree tree = SortedCopy(Stored());
-        const QStringList stored = PathsOf(tree);
+        DependencyPlaces stored = PlacesOf(tree);
         CarryOver(m_before, now, tree, [this](const QString& id) { return m_catalogue.FindById(id); });
         m_tree = SortedCopy(tree);
-        m_before = stored;
+        m_before = std::move(stored);
     }
     m_listener->AfterReset();
     return isLoaded;

@@ -2,6 +2,7 @@
 
 #include "app/CPulldownCatalogue.h"
 #include "app/RecordMode.h"
+#include "lists/DependencyMerge.h"
 
 #include <QString>
 #include <QStringList>
@@ -70,7 +71,7 @@ class CDependencyEditor {
     CPulldownCatalogue& m_catalogue;
     RecordMode m_mode;
     DependencyTree m_tree;
-    QStringList m_before;             ///< the paths of the tree as it was stored
+    DependencyPlaces m_before;        ///< of the tree as it was stored
     CDependencyListener* m_listener;  ///< never null
     bool m_isChanged = false;
     bool m_hasUnsaved = false;

@@ -2,6 +2,7 @@
 
 #include "records/CPRecord.h"
 
+#include <QCryptographicHash>
 #include <QHash>
 #include <QSet>
 
@@ -9,60 +10,61 @@ namespace {
 
 using Node = DependencyTree::Node;
 
-constexpr qsizetype kIdentity = 32;  // characters
-
-QSet<QString> SetOf(const QStringList& paths) {
-    return {paths.begin(), paths.end()};
+QByteArray KeyBelow(const QByteArray& parent, const QString& id) {
+    return QCryptographicHash::hash(parent + id.toUtf8(), QCryptographicHash::Md5);
 }
 
-QString ParentOf(const QString& path) {
-    return path.chopped(kIdentity);
+QSet<QByteArray> KeysOf(const DependencyPlaces& places) {
+    QSet<QByteArray> keys;
+    for (const DependencyPlace& place : places) keys.insert(place.key);
+    return keys;
 }
 
-/// The nodes by their paths, the root by the empty one; of two at the same place the first.
-QHash<QString, Node*> NodesOf(const DependencyTree& tree) {
-    QHash<QString, Node*> nodes{{QString(), &tree.Root()}};
-    QHash<const Node*, QString> paths{{&tree.Root(), QString()}};
-    for (Node* node = DependencyTree::NextOf(tree.Root()); node; node = DependencyTree::NextOf(*node)) {
-        const QString path = paths.value(node->Parent()) + node->Item()->GetId();
-        paths.insert(node, path);
-        if (!nodes.contains(path)) nodes.insert(path, node);
+/// The nodes by their places, the root by the empty one; of two at the same place the first.
+QHash<QByteArray, Node*> NodesOf(const DependencyTree& tree) {
+    QHash<QByteArray, Node*> nodes{{QByteArray(), &tree.Root()}};
+    const DependencyPlaces places = PlacesOf(tree);
+    Node* node = &tree.Root();
+    for (const DependencyPlace& place : places) {
+        node = DependencyTree::NextOf(*node);
+        if (!nodes.contains(place.key)) nodes.insert(place.key, node);
     }
     return nodes;
 }
 
-void RemoveWhatWent(const QStringList& before, const QSet<QString>& now, DependencyTree& tree) {
-    const QHash<QString, Node*> nodes = NodesOf(tree);
-    for (const QString& path : before) {
-        const QString parent = ParentOf(path);
-        const bool goesWithParent = !parent.isEmpty() && !now.contains(parent);
-        if (goesWithParent || now.contains(path)) continue;
-        if (Node* node = nodes.value(path)) tree.Remove(*node);
+/// What stands below something that went has gone with it.
+void RemoveWhatWent(const DependencyPlaces& before, const QSet<QByteArray>& now, DependencyTree& tree) {
+    const QHash<QByteArray, Node*> nodes = NodesOf(tree);
+    for (const DependencyPlace& place : before) {
+        const bool goesWithParent = !place.parent.isEmpty() && !now.contains(place.parent);
+        if (goesWithParent || now.contains(place.key)) continue;
+        if (Node* node = nodes.value(place.key)) tree.Remove(*node);
     }
 }
 
 }  // namespace
 
-QStringList PathsOf(const DependencyTree& tree) {
-    QStringList list;
-    QHash<const Node*, QString> paths;
+DependencyPlaces PlacesOf(const DependencyTree& tree) {
+    DependencyPlaces places;
+    QHash<const Node*, QByteArray> keys;
     for (const Node* node = DependencyTree::NextOf(tree.Root()); node; node = DependencyTree::NextOf(*node)) {
-        const QString path = paths.value(node->Parent()) + node->Item()->GetId();
-        paths.insert(node, path);
-        list.append(path);
+        const QByteArray parent = keys.value(node->Parent());
+        const QString id = node->Item()->GetId();
+        const QByteArray key = KeyBelow(parent, id);
+        keys.insert(node, key);
+        places.push_back({key, parent, id});
     }
-    return list;
+    return places;
 }
 
-void CarryOver(const QStringList& before, const QStringList& now, DependencyTree& tree,
+void CarryOver(const DependencyPlaces& before, const DependencyPlaces& now, DependencyTree& tree,
                const ItemLookup& find) {
-    RemoveWhatWent(before, SetOf(now), tree);
-    const QSet<QString> former = SetOf(before);
-    QHash<QString, Node*> nodes = NodesOf(tree);
-    for (const QString& path : now) {
-        Node* parent = nodes.value(ParentOf(path));
-        if (!parent || former.contains(path) || nodes.contains(path)) continue;
-        if (const CPRecord* item = find(path.last(kIdentity)))
-            nodes.insert(path, &tree.Append(*parent, *item));
+    RemoveWhatWent(before, KeysOf(now), tree);
+    const QSet<QByteArray> former = KeysOf(before);
+    QHash<QByteArray, Node*> nodes = NodesOf(tree);
+    for (const DependencyPlace& place : now) {
+        Node* parent = nodes.value(place.parent);
+        if (!parent || former.contains(place.key) || nodes.contains(place.key)) continue;
+        if (const CPRecord* item = find(place.id)) nodes.insert(place.key, &tree.Append(*parent, *item));
     }
 }

@@ -137,6 +137,22 @@ class TestTakeUp final : public QObject {
         QCOMPARE(&At(editor, {u"A"_s}), a);
     }
 
+    /// What a store can hold is no limit here either: the way to a place isn't kept with each place.
+    void ATreeOfAnyDepth() {
+        constexpr int kDepth = 20000;
+        Node* node = &home->catalogue->Tree(DependencySet::Time).Root();
+        for (int i = 0; i < kDepth; ++i)
+            node = &home->catalogue->Tree(DependencySet::Time)
+                        .Append(*node, *home->catalogue->FindItem(16, u"B"_s));
+        QVERIFY(home->catalogue->SaveTree(DependencySet::Time));
+        CDependencyEditor editor(*home->catalogue, RecordMode::Time);
+        QVERIFY(editor.Add(At(editor), u"C"_s));
+        { QVERIFY(TestHome(home->Path()).catalogue->AddItem(16, u"D"_s, false)); }
+        QVERIFY(editor.TakeUp());
+        QVERIFY(editor.Tree().Walk({u"C"_s}));
+        QVERIFY(editor.Tree().Walk(QStringList(kDepth, u"B"_s)));
+    }
+
     void ItemsThatCannotBeRead() {
         CDependencyEditor editor(*home->catalogue, RecordMode::Time);
         QVERIFY(editor.Add(At(editor), u"C"_s));
