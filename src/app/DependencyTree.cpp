@@ -63,14 +63,6 @@ DependencyTree::Node& DependencyTree::Prepend(Node& parent, const CPRecord& item
     return Insert(parent, item, nullptr);
 }
 
-DependencyTree::Node& DependencyTree::InsertSorted(Node& parent, const CPRecord& item) {
-    const QString text = item.GetText();
-    Node* previous = parent.m_lastChild;
-    while (previous && text.compare(previous->m_item->GetText(), Qt::CaseInsensitive) < 0)
-        previous = previous->m_previous;
-    return Insert(parent, item, previous);
-}
-
 void DependencyTree::SortChildren(Node& parent) {
     std::vector<std::pair<QString, Node*>> children;
     for (Node* child = parent.m_firstChild; child; child = child->m_next)
@@ -134,10 +126,6 @@ void DependencyTree::Destroy(Node* branch) {
         if (isLast) return;
         node = parent;
     }
-}
-
-bool DependencyTree::RemoveItem(const CPRecord& item) {
-    return RemoveIf([&item](const CPRecord& one) { return &one == &item; });
 }
 
 bool DependencyTree::RemoveIf(const ItemTest& isGone) {

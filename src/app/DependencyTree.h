@@ -52,18 +52,14 @@ class DependencyTree {
 
     Node& Append(Node& parent, const CPRecord& item);
     Node& Prepend(Node& parent, const CPRecord& item);
-    /// At its place by the text of the item, whatever the case of its letters, behind those that compare
-    /// equal. The search begins at the end, so texts that come in order cost no search.
-    Node& InsertSorted(Node& parent, const CPRecord& item);
-    /// Puts the children of a node in the order of InsertSorted; the nodes stay the same ones.
+    /// Puts the children of a node in the order of their texts, whatever the case of letters, equal ones as
+    /// they stand; the nodes stay the same ones.
     static void SortChildren(Node& parent);
     /// Puts a node with all below it behind the last child of another, which must not stand below it.
     static void Move(Node& node, Node& parent);
     /// Takes a node out with all below it; the root stays.
     void Remove(Node& node);
-    /// Every node that holds the item, at any depth, each with all below it. False when there was none.
-    bool RemoveItem(const CPRecord& item);
-    /// The same for every item that the test finds, in one walk.
+    /// Every node whose item the test finds, at any depth, each with all below it. False when there was none.
     bool RemoveIf(const ItemTest& isGone);
     /// Whether a node holds an item that the test finds.
     [[nodiscard]] bool Holds(const ItemTest& isWanted) const;

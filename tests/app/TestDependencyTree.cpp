@@ -27,6 +27,10 @@ class Items {
     std::map<QString, CPRecord> m_items;
 };
 
+DependencyTree::ItemTest IsItem(const CPRecord& item) {
+    return [&item](const CPRecord& one) { return &one == &item; };
+}
+
 /// "a(b c(d)) e": children in brackets behind their parent.
 QString Drawn(const Node& node) {
     QStringList children;
@@ -129,7 +133,7 @@ class TestDependencyTree : public QObject {
         QVERIFY(!none.FirstChild());
     }
 
-    void InsertSorted_data() {
+    void SortedByText_data() {
         QTest::addColumn<QStringList>("texts");
         QTest::addColumn<QString>("sorted");
         QTest::newRow("ascending") << QStringList{u"a"_s, u"b"_s, u"c"_s} << u"a b c"_s;
@@ -141,10 +145,11 @@ class TestDependencyTree : public QObject {
             << QStringList{u"b"_s, u"B"_s, u"a"_s} << u"a b B"_s;
         QTest::newRow("numbers as texts") << QStringList{u"10"_s, u"9"_s} << u"10 9"_s;
     }
-    void InsertSorted() {
+    void SortedByText() {
         QFETCH(QStringList, texts);
         DependencyTree tree;
-        for (const QString& text : texts) tree.InsertSorted(tree.Root(), items[text]);
+        for (const QString& text : texts) tree.Append(tree.Root(), items[text]);
+        DependencyTree::SortChildren(tree.Root());
         QTEST(Drawn(tree), "sorted");
         QTEST(DrawnBackwards(tree.Root()), "sorted");
     }
@@ -169,7 +174,7 @@ class TestDependencyTree : public QObject {
         QTEST(DrawnBackwards(tree.Root()), "left");
     }
 
-    void RemoveItem_data() {
+    void RemoveEveryPlaceOfAnItem_data() {
         QTest::addColumn<QString>("item");
         QTest::addColumn<bool>("found");
         QTest::addColumn<QString>("left");
@@ -178,20 +183,20 @@ class TestDependencyTree : public QObject {
         QTest::newRow("at the bottom") << u"d"_s << true << u"a(b c) e(c)"_s;
         QTest::newRow("nowhere") << u"x"_s << false << u"a(b c(d)) e(c)"_s;
     }
-    void RemoveItem() {
+    void RemoveEveryPlaceOfAnItem() {
         QFETCH(QString, item);
         DependencyTree tree = Sample();
-        QTEST(tree.RemoveItem(items[item]), "found");
+        QTEST(tree.RemoveIf(IsItem(items[item])), "found");
         QTEST(Drawn(tree), "left");
         QTEST(DrawnBackwards(tree.Root()), "left");
     }
 
-    void RemoveItemBelowItself() {
+    void RemoveAnItemBelowItself() {
         DependencyTree tree;
         Node& outer = tree.Append(tree.Root(), items[u"a"_s]);
         tree.Append(outer, items[u"a"_s]);
         tree.Append(tree.Root(), items[u"a"_s]);
-        QVERIFY(tree.RemoveItem(items[u"a"_s]));
+        QVERIFY(tree.RemoveIf(IsItem(items[u"a"_s])));
         QVERIFY(tree.IsEmpty());
     }
 
@@ -280,10 +285,10 @@ class TestDependencyTree : public QObject {
             ++nodes;
         QCOMPARE(nodes, kDepth + 1);
         QVERIFY(tree.Walk(QStringList(kDepth, u"a"_s)) == node);
-        QVERIFY(tree.RemoveItem(*deepest.Item()));
+        QVERIFY(tree.RemoveIf(IsItem(*deepest.Item())));
         QVERIFY(!node->FirstChild());
         DependencyTree moved(std::move(tree));
-        QVERIFY(moved.RemoveItem(items[u"a"_s]));
+        QVERIFY(moved.RemoveIf(IsItem(items[u"a"_s])));
         QVERIFY(moved.IsEmpty());
     }
 
@@ -293,8 +298,9 @@ class TestDependencyTree : public QObject {
         DependencyTree tree;
         for (int i = 0; i < kChildren; ++i) {
             many.emplace_back(u"%1"_s.arg(i, 6, 10, QChar(u'0')));
-            tree.InsertSorted(tree.Root(), many.back());
+            tree.Prepend(tree.Root(), many.back());
         }
+        DependencyTree::SortChildren(tree.Root());
         QCOMPARE(tree.Root().LastChild()->Item()->text, u"049999"_s);
         QVERIFY(tree.RemoveIf([](const CPRecord& item) { return item.text != u"012345"; }));
         QCOMPARE(Drawn(tree), u"012345"_s);
