@@ -135,6 +135,12 @@ constexpr BoxRow kBoxes[] = {
             BoxIcon::Question),
     {.text = Text::RecordsReplaced, .title = Text::ReplacedTitle, .icon = BoxIcon::Information},
     {.text = Text::RecordsNotReplaced, .title = Text::ReplacedTitle},
+    YesOrNo(Text::DepAskDelete, Text::AskDeleteTitle, Text::AskDeleteTitle),
+    YesOrNo(Text::DepAskDeleteSeveral, Text::AskDeleteTitle, Text::AskDeleteTitle),
+    YesOrNo(Text::DepAskDiscard, Text::DepTitleTime, Text::DepDiscard),
+    YesOrNo(Text::DepAskDiscard, Text::DepTitleExpenses, Text::DepDiscard),
+    {.text = Text::DepListsNotRead, .title = Text::ListsTitle},
+    {.text = Text::DepListsNotRead, .title = Text::DepTitleTime},
 
     {.text = Text::HomeIsNoFolder, .title = Text::HomeTitle},
     {.text = Text::HomeCantBeMade, .title = Text::HomeTitle},

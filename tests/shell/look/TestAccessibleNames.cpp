@@ -16,6 +16,7 @@
 #include "shell/lists/CLabelPreview.h"
 #include "shell/lists/CLabelsDialog.h"
 #include "shell/lists/CListsDialog.h"
+#include "shell/lists/CPulldownDepDlg.h"
 #include "shell/options/CAppearancePage.h"
 #include "shell/options/CColumnsDialog.h"
 #include "shell/options/COptionsDialog.h"
@@ -32,6 +33,7 @@
 #include <QAccessible>
 #include <QComboBox>
 #include <QFontDialog>
+#include <QListView>
 #include <QPlainTextEdit>
 #include <QSpinBox>
 #include <QTreeView>
@@ -68,6 +70,22 @@ void OpenRecord(DialogHome& home, const Look& look) {
     TimeDraft draft(*home.home.settings);
     draft.Begin(record);
     dialog.SetDraft(draft);
+    ShowAndLook(home, dialog, look);
+}
+
+/// With a line that has items to add below it.
+void OpenDependencies(DialogHome& home, const Look& look) {
+    home.Hang(DependencySet::Time, {{16, u"Client A"_s}, {17, u"Alpha"_s}});
+    home.AddItems(17, {u"Beta"_s});
+    CDependencyEditor editor(*home.home.catalogue, RecordMode::Time);
+    CPulldownDepDlg dialog(editor, {.catalogue = *home.home.catalogue,
+                                    .settings = *home.home.settings,
+                                    .prompt = home.home.prompt,
+                                    .renamed = {}});
+    auto* tree = dialog.findChild<QTreeView*>(u"dependencyTree"_s);
+    tree->setCurrentIndex(tree->model()->index(0, 0, tree->model()->index(0, 0)));
+    dialog.findChild<QListView*>(u"candidates"_s)->selectAll();
+    tree->setFocus();
     ShowAndLook(home, dialog, look);
 }
 
@@ -184,6 +202,7 @@ constexpr WindowRow kWindows[] = {
     {"options with a number",
      [](DialogHome& home, const Look& look) { OpenOptions(home, look, "Last end value"); },
      "optionsSearch optionsTree odometerLastEnd"},
+    {"dependencies", OpenDependencies, "candidateSearch"},
     {"columns of the list", OpenColumns<CColumnsDialog::Of::List>},
     {"levels of the tree", OpenColumns<CColumnsDialog::Of::Tree>},
     {"a choice with a search",
