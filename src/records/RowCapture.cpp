@@ -66,7 +66,7 @@ void RowCapture::Begin(int table, const CChangedRow& row) {
     CCheckSum sum;
     for (int column = 0; column < columns; ++column) {
         sqlite3_value* value = row.Before(column);
-        RowImage::Append(m_open->op.before, value);
+        RowOpImage::Append(m_open->op.before, value);
         sum.Add(value);
     }
     m_open->sumBefore = sum.Value();

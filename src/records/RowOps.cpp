@@ -114,7 +114,7 @@ int BindOne(Reader& reader, sqlite3_stmt* statement, int place) {
 
 }  // namespace
 
-void RowImage::Append(QByteArray& image, sqlite3_value* value) {
+void RowOpImage::Append(QByteArray& image, sqlite3_value* value) {
     const int type = sqlite3_value_type(value);
     image.append(static_cast<char>(type));
     switch (type) {
@@ -135,7 +135,7 @@ void RowImage::Append(QByteArray& image, sqlite3_value* value) {
     }
 }
 
-std::optional<int> RowImage::Bind(const QByteArray& image, sqlite3_stmt* statement, int first) {
+std::optional<int> RowOpImage::Bind(const QByteArray& image, sqlite3_stmt* statement, int first) {
     Reader reader(image);
     int place = first;
     while (reader.IsGood() && !reader.IsAtEnd())

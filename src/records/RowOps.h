@@ -16,18 +16,18 @@ struct RowOp {
     int table;             ///< by number, as the writer counts them
     QByteArray key;        ///< of the row after the change, or of the one that is gone
     std::int64_t sum = 0;  ///< of the row after the change; 0 where it is gone
-    QByteArray before;     ///< the row as it was, RowImage; empty where there was none
+    QByteArray before;     ///< the row as it was, RowOpImage; empty where there was none
 
     bool operator==(const RowOp&) const = default;
 };
 
 /// The values of a row as bytes.
-namespace RowImage {
+namespace RowOpImage {
 void Append(QByteArray& image, sqlite3_value* value);
 /// Binds the values to a statement from a place on, whose bytes must live as long as they are bound. How many
 /// they were; nothing when these are no such bytes.
 [[nodiscard]] std::optional<int> Bind(const QByteArray& image, sqlite3_stmt* statement, int first);
-}  // namespace RowImage
+}  // namespace RowOpImage
 
 /// Changes of rows in the order of their making, as blocks of bytes of about a megabyte.
 class RowLog {

@@ -82,7 +82,7 @@ RowReverter::End RowReverter::Revert(const RowOp& op) {
 RowReverter::End RowReverter::Run(const QByteArray& sql, const RowOp& op, int columns) {
     sqlite3_stmt* statement = m_file.Prepare(sql);
     if (statement == nullptr) return End::Failed;
-    if (RowImage::Bind(op.before, statement, 1) != columns) {
+    if (RowOpImage::Bind(op.before, statement, 1) != columns) {
         sqlite3_clear_bindings(statement);
         return End::Touched;  // the table has other columns now
     }

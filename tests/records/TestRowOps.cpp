@@ -95,14 +95,14 @@ void TestRowOps::rowsComeBack() {
     const int columns = sqlite3_column_count(select);
     QByteArray image;
     for (int column = 0; column < columns; ++column)
-        RowImage::Append(image, sqlite3_column_value(select, column));
+        RowOpImage::Append(image, sqlite3_column_value(select, column));
     QByteArrayList same;
     for (int column = 1; column <= columns; ++column) same.append('?' + QByteArray::number(column));
     sqlite3_stmt* compare = file.Prepare("SELECT (" + same.join(',') + ") IS (" + values + "), typeof(" +
                                          same.join(") || typeof(") + ") = typeof(" +
                                          values.split(',').join(") || typeof(") + ')');
     QVERIFY2(compare, qPrintable(file.Error()));
-    QCOMPARE(RowImage::Bind(image, compare, 1), std::optional(columns));
+    QCOMPARE(RowOpImage::Bind(image, compare, 1), std::optional(columns));
     QCOMPARE(sqlite3_step(compare), SQLITE_ROW);
     QCOMPARE(sqlite3_column_int(compare, 0), 1);
     QCOMPARE(sqlite3_column_int(compare, 1), 1);
@@ -122,7 +122,7 @@ void TestRowOps::notARow() {
     CSqliteFile file;
     QCOMPARE(file.Open(QStringLiteral(":memory:"), {}, true), OpenOutcome::Created);
     sqlite3_stmt* statement = file.Prepare("SELECT ?1");
-    QCOMPARE(RowImage::Bind(image, statement, 1), std::nullopt);
+    QCOMPARE(RowOpImage::Bind(image, statement, 1), std::nullopt);
 }
 
 TEST_CLASS(TestRowOps);

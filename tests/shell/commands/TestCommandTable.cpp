@@ -357,8 +357,6 @@ class TestCommandTable final : public QObject {
         QCOMPARE(MenuUnderButton(101), Menu::Help);
     }
 
-    /// What isn't built has no row: the editor of dependencies.
-    void unbuiltCommandsAreNotShown() { QCOMPARE(RowOf(32886), nullptr); }
 };
 
 TEST_CLASS(TestCommandTable);
