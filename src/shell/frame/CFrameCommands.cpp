@@ -27,6 +27,7 @@ CFrameCommands::CFrameCommands(const Context& context)
       m_exchange(m_context),
       m_guide(m_context),
       m_labels(m_context),
+      m_dependencies(m_context, m_records.Changes()),
       m_hasRegionalSettings(HasRegionalSettings(m_context.launcher)) {
     m_context.actions.ShowNamesOf(m_context.catalogue.Labels());
     for (const Bar bar : {Bar::Records, Bar::Filters})
@@ -76,6 +77,7 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::FilterTimers, [](Self& self, int) { self.Period().WithTimers(); }},
         {::Run::FilterBy, [](Self& self, int command) { self.m_filters.FilterBy(command); }},
         {::Run::EditLists, [](Self& self, int) { self.m_lists.EditLists(); }},
+        {::Run::EditDependencies, [](Self& self, int) { self.m_dependencies.Edit(); }},
         {::Run::UseDependencies, [](Self& self, int) { self.m_filters.ToggleDependencies(); }},
         {::Run::FindCommand, [](Self& self, int) { self.m_views.FindCommand(); }},
         {::Run::Backup, [](Self& self, int) { self.m_backup.Backup(); }},

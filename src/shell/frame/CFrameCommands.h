@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/frame/CFrameBackup.h"
+#include "shell/frame/CFrameDependencies.h"
 #include "shell/frame/CFrameExchange.h"
 #include "shell/frame/CFrameFilters.h"
 #include "shell/frame/CFrameGuide.h"
@@ -58,5 +59,6 @@ class CFrameCommands {
     CFrameExchange m_exchange;
     CFrameGuide m_guide;
     CFrameLabels m_labels;
+    CFrameDependencies m_dependencies;
     bool m_hasRegionalSettings;
 };

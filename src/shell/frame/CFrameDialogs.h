@@ -4,6 +4,7 @@
 
 #include <optional>
 
+class CDependencyEditor;
 class CEnteredItems;
 class CGuide;
 class CRecordChanges;
@@ -39,4 +40,8 @@ class CFrameDialogs {
     virtual void EditDefaults(QWidget& parent, CVORec& working) = 0;
     /// The items of the pick lists, which are loaded. changes: what carries a new text into records.
     virtual void EditLists(QWidget& parent, CRecordChanges& changes) = 0;
+    /// Which list items hang under which; true when the edited tree is accepted. Items that got another text
+    /// take their records along through the changes.
+    [[nodiscard]] virtual bool EditDependencies(QWidget& parent, CDependencyEditor& editor,
+                                                CRecordChanges& changes) = 0;
 };

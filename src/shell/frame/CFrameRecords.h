@@ -13,6 +13,7 @@ class CFrameRecords {
  public:
     explicit CFrameRecords(const FrameContext& context);
 
+    [[nodiscard]] CRecordChanges& Changes() { return m_changes; }
     /// flags: QuickFlag.
     void QuickEntry(int flags);
     void EditSelected();

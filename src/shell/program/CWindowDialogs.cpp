@@ -2,11 +2,13 @@
 
 #include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchDoc.h"
+#include "changes/OfferReplace.h"
 #include "config/CCfgStore.h"
 #include "shell/exchange/CPostProcessingDialog.h"
 #include "shell/guide/CGuideDialog.h"
 #include "shell/lists/CLabelsDialog.h"
 #include "shell/lists/CListsDialog.h"
+#include "shell/lists/CPulldownDepDlg.h"
 #include "shell/options/COptionsDialog.h"
 #include "shell/record/CDefaultsDialog.h"
 #include "shell/record/EditRecord.h"
@@ -33,6 +35,17 @@ bool CWindowDialogs::ChooseDefault(QWidget& parent, CVORec& record) {
 
 void CWindowDialogs::EditDefaults(QWidget& parent, CVORec& working) {
     static_cast<void>(RunDefaultsDialog(&parent, working, false, m_context));
+}
+
+bool CWindowDialogs::EditDependencies(QWidget& parent, CDependencyEditor& editor, CRecordChanges& changes) {
+    return RunDependencyDialog(
+        &parent, editor,
+        {.catalogue = m_context.catalogue,
+         .settings = m_context.settings,
+         .prompt = m_context.prompt,
+         .renamed = [this, &changes](int list, const QString& oldText, const QString& newText) {
+             OfferReplaceInRecords(list, oldText, newText, changes, m_context.prompt);
+         }});
 }
 
 std::optional<TextFileDraft> CWindowDialogs::ChooseTextFile(QWidget& parent, TextFilePurpose purpose,

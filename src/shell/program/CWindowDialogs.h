@@ -14,6 +14,8 @@ class CWindowDialogs final : public CFrameDialogs {
     [[nodiscard]] bool EditLabels(QWidget& parent) override;
     [[nodiscard]] bool ChooseDefault(QWidget& parent, CVORec& record) override;
     void EditDefaults(QWidget& parent, CVORec& working) override;
+    [[nodiscard]] bool EditDependencies(QWidget& parent, CDependencyEditor& editor,
+                                        CRecordChanges& changes) override;
     [[nodiscard]] std::optional<TextFileDraft> ChooseTextFile(
         QWidget& parent, TextFilePurpose purpose, const TextFileDraft& draft,
         const CDelimiterDialog::Preview& preview) override;

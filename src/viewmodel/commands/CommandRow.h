@@ -52,6 +52,7 @@ inline constexpr int kTimerStop = 40111;
 inline constexpr int kStopAllTimers = 32868;
 inline constexpr int kPauseAllTimers = 32869;
 inline constexpr int kEditLists = 40009;
+inline constexpr int kEditDependencies = 32886;
 inline constexpr int kUseDependencies = 32891;
 inline constexpr int kDefaults = 32777;
 inline constexpr int kRenameLists = 40100;
@@ -128,6 +129,7 @@ enum class Run {
     StopAllTimers,
     PauseAllTimers,
     EditLists,
+    EditDependencies,
     UseDependencies,
     Defaults,
     RenameLists,

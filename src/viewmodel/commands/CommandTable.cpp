@@ -456,6 +456,9 @@ constexpr CommandRow kFirstCommands[] = {
         .When(TimeModeWithRunning),
     Row(Command::kEditLists, "CmdEditLists", {Text::CmdEditLists, Text::TipEditLists, "view-list-details"},
         Menu::Lists, {Run::EditLists}),
+    Row(Command::kEditDependencies, "CmdEditDependencies",
+        {Text::CmdEditDependencies, Text::TipEditDependencies, "view-list-tree"}, Menu::Lists,
+        {Run::EditDependencies}),
     Row(Command::kUseDependencies, "CmdUseDependencies",
         {Text::CmdUseDependencies, Text::TipUseDependencies, "link"}, Menu::Lists, {Run::UseDependencies})
         .Toggle(UsesDependencies),

@@ -140,7 +140,7 @@ class TestCommandTable final : public QObject {
         rows({32830, 32831, 40201}, kAll, kAll);
         // timers, lists, tools
         rows({40111, 40112, 40113}, kSome, kNever);
-        rows({32891, 32777, 40200, 40066, 32781, 40240, 57664, 40100, 40009}, kAll, kAll);
+        rows({32891, 32777, 40200, 40066, 32781, 40240, 57664, 40100, 40009, 32886}, kAll, kAll);
         rows({40008, 32892, 40069, 40006, 40070}, kAll, kAll);
     }
     void offeredBySelection() {
@@ -357,6 +357,10 @@ class TestCommandTable final : public QObject {
         QCOMPARE(MenuUnderButton(101), Menu::Help);
     }
 
+    /// What isn't built has no row: the editors of lists and names.
+    void unbuiltCommandsAreNotShown() {
+        for (const int id : {40009, 40100}) QCOMPARE(RowOf(id), nullptr);
+    }
 };
 
 TEST_CLASS(TestCommandTable);

@@ -19,6 +19,7 @@ class ScriptedDialogs final : public CFrameDialogs {
     CEnteredItems entered;
     bool isFileWanted = true;
     std::function<bool()> labels = [] { return false; };
+    std::function<bool(CDependencyEditor& editor)> editDependencies = [](CDependencyEditor&) { return true; };
     ImportPreview previewed;
     AfterExport afterExport = AfterExport::Nothing;
 
@@ -51,6 +52,10 @@ class ScriptedDialogs final : public CFrameDialogs {
     bool RunGuide(QWidget&, CGuide& offered) override {
         called << QStringLiteral("guide");
         return guide(offered);
+    }
+    bool EditDependencies(QWidget&, CDependencyEditor& editor, CRecordChanges&) override {
+        called << QStringLiteral("dependencies");
+        return editDependencies(editor);
     }
     void EditDefaults(QWidget&, CVORec&) override { called << QStringLiteral("dialog of defaults"); }
     void EditLists(QWidget&, CRecordChanges&) override { called << QStringLiteral("lists"); }
