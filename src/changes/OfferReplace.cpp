@@ -14,7 +14,8 @@ bool Agreed(CPrompt& prompt) {
                        .icon = BoxIcon::Question,
                        .buttons = Buttons::YesNo,
                        .defaultAnswer = Answer::No,
-                       .actionLabel = LoadText(Text::ActionReplaceInRecords)}) == Answer::Yes;
+                       .actionLabel = LoadText(Text::ActionReplaceInRecords),
+                       .otherLabel = LoadText(Text::NoWord)}) == Answer::Yes;
 }
 
 void Tell(Text id, const QString& text, BoxIcon icon, CPrompt& prompt) {

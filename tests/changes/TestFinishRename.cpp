@@ -1,10 +1,28 @@
 #include "changes/FinishRename.h"
 
 #include "changes/ChangesFixture.h"
+#include "changes/OfferReplace.h"
 #include "lang/FormatText.h"
 #include "support/TestProgram.h"
 
 using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+/// Keeps the question and answers it as Escape would.
+class NotedPrompt final : public CPrompt {
+ public:
+    Answer Ask(const MessageBox& box) override {
+        asked = box;
+        return box.defaultAnswer;
+    }
+    void Tell(const MessageBox&) override {}
+    std::optional<QString> ChooseFile(const FileChoice&) override { return std::nullopt; }
+
+    MessageBox asked;
+};
+
+}  // namespace
 
 /// Renaming an item to the end: the item, the records that use it, and two items that become one.
 class TestFinishRename : public QObject {
@@ -58,6 +76,13 @@ class TestFinishRename : public QObject {
         QCOMPARE(Items(), u"E B"_s);
         QCOMPARE(Clients(), u"B E E"_s);
         QCOMPARE(t->home.prompt.told.back(), FormatText<Text::RecordsReplaced>(2));
+    }
+
+    /// The item bears its new text by then: there is nothing left that could be cancelled.
+    void TheQuestionForTheRecordsHasNoCancel() {
+        NotedPrompt prompt;
+        QVERIFY(!OfferReplaceInRecords(16, u"A"_s, u"E"_s, t->changes, prompt));
+        QCOMPARE(prompt.asked.otherLabel, LoadText(Text::NoWord));
     }
 
     void NotIntoTheRecords() {
