@@ -6,6 +6,7 @@
 #include "shell/look/CMnemonics.h"
 #include "shell/look/DialogSize.h"
 #include "shell/look/FormRows.h"
+#include "shell/look/PlainTip.h"
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
@@ -37,12 +38,13 @@ QTreeWidget* MakeList(const std::vector<LabelChange>& changes, const QString& na
     list->setRootIsDecorated(false);
     list->setUniformRowHeights(true);
     list->setAllColumnsShowFocus(true);
-    for (const LabelChange& change : changes)
-        new QTreeWidgetItem(list, {FieldOf(change), change.now, change.then});
+    for (const LabelChange& change : changes) {
+        auto* line = new QTreeWidgetItem(list, {FieldOf(change), change.now, change.then});
+        for (const int column : {1, 2}) line->setToolTip(column, PlainTip(line->text(column)));
+    }
     list->header()->setStretchLastSection(false);
-    list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    for (const int column : {1, 2})
-        list->header()->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    list->header()->setSectionResizeMode(QHeaderView::Stretch);
+    list->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
     return list;
 }
 

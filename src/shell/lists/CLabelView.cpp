@@ -3,14 +3,18 @@
 #include "lang/FormatText.h"
 #include "records/CVORec.h"
 #include "shell/look/FormRows.h"
+#include "shell/look/PlainTip.h"
 #include "viewmodel/fields/CLabelModel.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 
 namespace {
 
@@ -32,6 +36,14 @@ class NameDelegate final : public QStyledItemDelegate {
         const QString field = index.siblingAtColumn(CLabelModel::kField).data().toString();
         NameWidget(*line, QStringLiteral("nameEditor"), FormatText<Text::RecordInWords>(field, column));
         return editor;
+    }
+    /// A long name in full, as it was entered.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override {
+        if (event->type() != QEvent::ToolTip || !index.isValid())
+            return QStyledItemDelegate::helpEvent(event, view, option, index);
+        QToolTip::showText(event->globalPos(), PlainTip(index.data().toString()), view);
+        return true;
     }
 
  protected:
@@ -62,7 +74,7 @@ CLabelView::CLabelView(QAbstractItemModel& model, QWidget* parent) : QTableView(
             &QAction::triggered, this, &CLabelView::Edit);
     connect(AddEditAction(LoadText(Text::NamesClear), QStringLiteral("clearName"), Qt::Key_Delete),
             &QAction::triggered, this, &CLabelView::Clear);
-    setCurrentIndex(model.index(0, CLabelModel::kName));
+    selectionModel()->setCurrentIndex(model.index(0, CLabelModel::kName), QItemSelectionModel::NoUpdate);
 }
 
 QAction* CLabelView::AddEditAction(const QString& caption, const QString& name, Qt::Key key) {
@@ -119,9 +131,17 @@ QModelIndex CLabelView::moveCursor(CursorAction action, Qt::KeyboardModifiers mo
     return to.sibling(above, CLabelModel::kName);
 }
 
-/// The cursor is seen where it was left.
+/// The cursor is seen where it was left, and only in the table that has the keyboard.
 void CLabelView::focusInEvent(QFocusEvent* event) {
     QTableView::focusInEvent(event);
     if (currentIndex().isValid())
         selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
+}
+
+void CLabelView::focusOutEvent(QFocusEvent* event) {
+    QTableView::focusOutEvent(event);
+    const bool isElsewhere = event->reason() == Qt::TabFocusReason ||
+                             event->reason() == Qt::BacktabFocusReason ||
+                             event->reason() == Qt::MouseFocusReason;
+    if (isElsewhere && !isAncestorOf(QApplication::focusWidget())) clearSelection();
 }

@@ -21,6 +21,7 @@ class CLabelView final : public QTableView {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
  private:
     [[nodiscard]] QAction* AddEditAction(const QString& caption, const QString& name, Qt::Key key);

@@ -45,7 +45,6 @@ QVariant CLabelModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     switch (role) {
         case Qt::DisplayRole:
-        case Qt::ToolTipRole:
             return NameIn(index);
         case Qt::EditRole:
             return index.column() == kField ? NameIn(index) : m_labels.Own(FieldOf(index));

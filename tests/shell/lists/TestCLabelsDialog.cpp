@@ -215,8 +215,12 @@ class TestCLabelsDialog final : public QObject {
     /// Without an editor Tab leaves the table, so that the dialog can be used by keys alone.
     void TabLeavesTheTable() {
         GoTo(Times(), {0, 2});
+        QVERIFY(Times().selectionModel()->hasSelection());
+        QVERIFY(!Expenses().selectionModel()->hasSelection());
         QTest::keyClick(&Times(), Qt::Key_Tab);
         QVERIFY(Expenses().hasFocus());
+        QVERIFY(!Times().selectionModel()->hasSelection());
+        QVERIFY(Expenses().selectionModel()->hasSelection());
     }
 
     void ClearingANameBringsTheDefaultBack_data() {
@@ -361,10 +365,10 @@ class TestCLabelsDialog final : public QObject {
         QVERIFY(!dialog->IsChanged());
     }
     void SizesAreRemembered() {
-        dialog->resize(900, 620);
+        dialog->resize(760, 560);
         dialog->accept();
         CLabelsDialog again(*home->catalogue, *home->profile);
-        QCOMPARE(again.size(), QSize(900, 620));
+        QCOMPARE(again.size(), QSize(760, 560));
     }
 };
 
