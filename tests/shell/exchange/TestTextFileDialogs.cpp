@@ -81,6 +81,7 @@ class TestTextFileDialogs final : public QObject {
                                               return ImportPreview{.heads = {u"Date"_s, u"Start"_s},
                                                                    .rows = {{u"1/1/2026"_s, separator}},
                                                                    .refused = {u"Line 2"_s},
+                                                                   .misread = {u"Line 3"_s},
                                                                    .counts = u"counts"_s,
                                                                    .encoding = "utf-8"};
                                           }),
@@ -92,7 +93,7 @@ class TestTextFileDialogs final : public QObject {
         QCOMPARE(table->columnCount(), 2);
         QCOMPARE(table->item(0, 1)->text(), u";"_s);
         QCOMPARE(table->horizontalHeaderItem(0)->text(), u"Date"_s);
-        QCOMPARE(dialog.findChild<QListWidget*>(u"refused"_s)->count(), 1);
+        QCOMPARE(dialog.findChild<QListWidget*>(u"refused"_s)->count(), 2);
         QVERIFY(dialog.findChild<QCheckBox*>(u"addListItems"_s)->isChecked());
         QVERIFY(dialog.GetDraft().encoding.isEmpty());
     }
