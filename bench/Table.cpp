@@ -2,6 +2,7 @@
 //   bench-table PROGRAMS SCRATCH SIZE...
 
 #include "Places.h"
+#include "TableExchange.h"
 #include "TableLines.h"
 #include "TableReportView.h"
 #include "TableWindow.h"
@@ -266,6 +267,7 @@ int main(int argc, char** argv) {
         Commands(places, sizes[i]);
         Undo(places, sizes[i]);
         Reports(places, sizes[i]);
+        ExchangeLines(places, sizes[i]);
         window = WindowLines(places, sizes[i], window, sizes[i] >= kLifetime ? 3 : 7);
         fs::remove_all(places.Home(sizes[i]));
     }
