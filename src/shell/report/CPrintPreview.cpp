@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
@@ -113,13 +114,28 @@ void CSheetsView::PaintSheet(QPainter& painter, int number) {
     painter.restore();
 }
 
+bool CSheetsView::ZoomBy(const QKeyEvent& event) {
+    if (!event.modifiers().testFlag(Qt::ControlModifier)) return false;
+    switch (event.key()) {
+        case Qt::Key_Plus:
+        case Qt::Key_Equal:  // "+" without Shift, on many keyboards
+            Zoom(1);
+            return true;
+        case Qt::Key_Minus:
+            Zoom(-1);
+            return true;
+        case Qt::Key_0:
+            Zoom(0);
+            return true;
+        default:
+            return false;
+    }
+}
+
 void CSheetsView::keyPressEvent(QKeyEvent* event) {
     QScrollBar& bar = *verticalScrollBar();
-    if (event->matches(QKeySequence::ZoomIn))
-        Zoom(1);
-    else if (event->matches(QKeySequence::ZoomOut))
-        Zoom(-1);
-    else if (event->key() == Qt::Key_Home)
+    if (ZoomBy(*event)) return;
+    if (event->key() == Qt::Key_Home)
         bar.setValue(bar.minimum());
     else if (event->key() == Qt::Key_End)
         bar.setValue(bar.maximum());
@@ -138,7 +154,8 @@ CPrintPreview::CPrintPreview(const PrintablePage& page, const QPageLayout& paper
     : QDialog(parent), m_view(new CSheetsView(page, paper)) {
     setObjectName(QStringLiteral("reportPreviewDialog"));
     setWindowTitle(LoadText(Text::ReportPreviewTitle));
-    resize(kUsualSize);
+    // A window has a frame and shares the screen with a bar.
+    resize(kUsualSize.boundedTo(screen()->availableSize() * 9 / 10));
     CMnemonics mnemonics;
     auto* row = new QHBoxLayout;
     const auto add = [&](Text caption, const char* name) {

@@ -37,6 +37,7 @@ class CSheetsView final : public QAbstractScrollArea {
     [[nodiscard]] double Pitch() const;
     [[nodiscard]] QRectF PlaceOf(int number) const;
     void FitBars();
+    [[nodiscard]] bool ZoomBy(const QKeyEvent& event);
     void PaintSheet(QPainter& painter, int number);
 
     CPrintSheets m_sheets;

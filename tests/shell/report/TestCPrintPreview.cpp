@@ -125,6 +125,31 @@ class TestCPrintPreview final : public QObject {
         QVERIFY(t.Shown().width() > 0);
     }
 
+    void zoomKeys_data() {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<int>("change");  // of the size: 1 larger, -1 smaller
+        const Qt::KeyboardModifiers control = Qt::ControlModifier;
+        QTest::newRow("plus") << Qt::Key_Plus << control << 1;
+        QTest::newRow("plus on keyboards that need Shift for it")
+            << Qt::Key_Plus << (control | Qt::ShiftModifier) << 1;
+        QTest::newRow("plus without its Shift") << Qt::Key_Equal << control << 1;
+        QTest::newRow("minus") << Qt::Key_Minus << control << -1;
+        QTest::newRow("none without Ctrl") << Qt::Key_Plus << Qt::KeyboardModifiers() << 0;
+    }
+    void zoomKeys() {
+        QFETCH(Qt::Key, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(int, change);
+        const Preview t(Listing(200, 2));
+        const auto length = [&t] { return t.Sheets().verticalScrollBar()->maximum(); };
+        const int before = length();
+        t.Key(key, modifiers);
+        QCOMPARE(length() > before ? 1 : length() < before ? -1 : 0, change);
+        t.Key(Qt::Key_0, Qt::ControlModifier);
+        QCOMPARE(length(), before);
+    }
+
     void printIsAskedFor() {
         const Preview t(Listing(3, 2));
         const QSignalSpy wanted(t.dialog.get(), &CPrintPreview::PrintWanted);
