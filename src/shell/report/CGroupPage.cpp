@@ -157,4 +157,7 @@ void CGroupPage::FitColumns() {
     m_preview->resizeColumnsToContents();
     for (int column = 0; column < m_preview->columnCount(); ++column)
         if (m_preview->columnWidth(column) > most) m_preview->setColumnWidth(column, most);
+    const int last = m_preview->columnCount() - 1;
+    const int left = m_preview->viewport()->width() - m_preview->horizontalHeader()->length();
+    if (last >= 0 && left > 0) m_preview->setColumnWidth(last, m_preview->columnWidth(last) + left);
 }
