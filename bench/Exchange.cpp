@@ -184,7 +184,7 @@ void VerifyAndRestore(Bench& bench) {
     static_cast<void>(Program(bench, home));
     const double beforeRestore = BeginMemory();
     Say("restore_us", Took([&] {
-            if (const auto done = restore.Run(home); !done) qFatal("%s", qPrintable(done.error));
+            if (const auto done = restore.Run(home, nullptr); !done) qFatal("%s", qPrintable(done.error));
         }));
     Say("restore_bytes", MostMemory() - beforeRestore);
     QDir(home).removeRecursively();
