@@ -94,7 +94,8 @@ bool CRecordStore::Update(Text failure) {
 void CRecordStore::TellOfJournal() {
     CStoreJournal* journal = m_manager.Journal();
     const QString notice = journal ? journal->TakeNotice() : QString();
-    if (!notice.isEmpty()) Tell(Text::HistoryTitle, notice, BoxIcon::Warning);
+    if (!notice.isEmpty())
+        Tell(Text::HistoryTitle, LoadText(Text::HistoryTitle) + u": " + notice, BoxIcon::Warning);
 }
 
 bool CRecordStore::IsDamaged() const {
