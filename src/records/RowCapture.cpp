@@ -1,6 +1,5 @@
 #include "records/RowCapture.h"
 
-#include "platform/sqlite/CCheckSum.h"
 #include "platform/sqlite/RowChecks.h"
 
 #include <sqlite3.h>
@@ -43,14 +42,17 @@ int RowCapture::TableOf(const char* name) const {
 void RowCapture::Note(const CChangedRow& row) {
     const int table = TableOf(row.Table());
     if (table >= 0) return Begin(table, row);
-    if (m_open && row.Event() == RowEvent::Added) NoteSum(row);
+    if (m_open && m_checks[m_open->op.table] == row.Table()) NoteSum(row);
 }
 
-/// The key is the first column of a checksum and the last one of a record.
+/// The key is the first column of a checksum and the last one of a record. A record that changes loses its
+/// checksum, and gets another one.
 void RowCapture::NoteSum(const CChangedRow& row) {
-    if (m_checks[m_open->op.table] != row.Table() || TextOf(row.After(0)) != m_open->op.key) return;
-    m_open->op.sum = sqlite3_value_int64(row.After(1));
-    m_open->hasSum = true;
+    const bool isNew = row.Event() != RowEvent::Deleted;
+    if (TextOf(isNew ? row.After(0) : row.Before(0)) != m_open->op.key) return;
+    const std::int64_t sum = sqlite3_value_int64(isNew ? row.After(1) : row.Before(1));
+    if (isNew) m_open->hasSum = true;
+    (isNew ? m_open->op.sum : m_open->sumBefore) = sum;
 }
 
 void RowCapture::Begin(int table, const CChangedRow& row) {
@@ -63,13 +65,7 @@ void RowCapture::Begin(int table, const CChangedRow& row) {
                                .before = {}},
                         .hasSum = isGone});
     if (row.Event() == RowEvent::Added || m_isTooLarge) return;
-    CCheckSum sum;
-    for (int column = 0; column < columns; ++column) {
-        sqlite3_value* value = row.Before(column);
-        RowOpImage::Append(m_open->op.before, value);
-        sum.Add(value);
-    }
-    m_open->sumBefore = sum.Value();
+    for (int column = 0; column < columns; ++column) RowOpImage::Append(m_open->op.before, row.Before(column));
 }
 
 void RowCapture::Flush() {
