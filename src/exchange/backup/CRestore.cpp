@@ -130,7 +130,7 @@ void CRestore::TellOfJournal(CStoreJournal* journal) {
     if (notice.isEmpty()) return;
     m_context.prompt.Tell({.textId = static_cast<int>(Text::HistoryTitle),
                            .title = LoadText(Text::StoreFailureTitle),
-                           .text = notice,
+                           .text = LoadText(Text::HistoryTitle) + QStringLiteral(": ") + notice,
                            .icon = BoxIcon::Warning,
                            .actionLabel = {}});
 }
