@@ -58,7 +58,7 @@ void CFrameHistory::Go(CHistory::Way way) {
     if (outcome.words.isEmpty()) return;  // the store has told it
     m_context.prompt.Tell({.textId = static_cast<int>(Text::HistoryTitle),
                            .title = LoadText(Text::StoreFailureTitle),
-                           .text = outcome.words,
+                           .text = LoadText(Text::HistoryTitle) + QStringLiteral(": ") + outcome.words,
                            .icon = BoxIcon::Warning,
                            .actionLabel = {}});
 }
