@@ -5,6 +5,7 @@
 #include "config/CCfgStore.h"
 #include "shell/commands/CActions.h"
 #include "shell/frame/CFrameControl.h"
+#include "shell/list/CListFindBar.h"
 #include "shell/report/CReportPane.h"
 #include "timers/CRecordTimers.h"
 #include "viewmodel/commands/BarButtons.h"
@@ -21,6 +22,7 @@ CFrameCommands::CFrameCommands(const Context& context)
       m_views(m_context),
       m_filters(m_context),
       m_lists(m_context),
+      m_find(m_context),
       m_backup(m_context),
       m_reports(m_context),
       m_page(m_context, m_reports.Run()),
@@ -78,6 +80,8 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::FilterBy, [](Self& self, int command) { self.m_filters.FilterBy(command); }},
         {::Run::EditLists, [](Self& self, int) { self.m_lists.EditLists(); }},
         {::Run::EditDependencies, [](Self& self, int) { self.m_dependencies.Edit(); }},
+        {::Run::Find, [](Self& self, int) { self.m_find.Open(); }},
+        {::Run::FindEverywhere, [](Self& self, int) { self.m_find.ToggleEverywhere(); }},
         {::Run::UseDependencies, [](Self& self, int) { self.m_filters.ToggleDependencies(); }},
         {::Run::FindCommand, [](Self& self, int) { self.m_views.FindCommand(); }},
         {::Run::Backup, [](Self& self, int) { self.m_backup.Backup(); }},
@@ -150,6 +154,8 @@ void CFrameCommands::Describe(CommandState& state) const {
     state.anyRunning = m_context.timers.Set().AnyRunning();
     state.filters =
         timeMode ? SetFilterCommands(document.Filter()) : SetFilterCommands(document.FilterOfExpenses());
+    state.isFinding = m_context.findBar.isVisible();
+    state.findsEverywhere = m_context.findBar.IsEverywhere();
     state.useDependencies = m_context.settings.useDependencies;
     state.hasRegionalSettings = m_hasRegionalSettings;
     m_page.Describe(state);

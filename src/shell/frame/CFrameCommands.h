@@ -4,6 +4,7 @@
 #include "shell/frame/CFrameDependencies.h"
 #include "shell/frame/CFrameExchange.h"
 #include "shell/frame/CFrameFilters.h"
+#include "shell/frame/CFrameFind.h"
 #include "shell/frame/CFrameGuide.h"
 #include "shell/frame/CFrameHistory.h"
 #include "shell/frame/CFrameLabels.h"
@@ -26,6 +27,7 @@ class CFrameCommands {
 
     void Run(const CommandRow& row);
     [[nodiscard]] CFrameRecords& Records() { return m_records; }
+    [[nodiscard]] CFrameFind& Find() { return m_find; }
     [[nodiscard]] CFrameViews& Views() { return m_views; }
     /// The page of the report that was made last comes into its view.
     void ShowPage() { m_page.Show(); }
@@ -53,6 +55,7 @@ class CFrameCommands {
     CFrameViews m_views;
     CFrameFilters m_filters;
     CFrameLists m_lists;
+    CFrameFind m_find;
     CFrameBackup m_backup;
     CFrameReports m_reports;
     CFrameReportPage m_page;

@@ -22,6 +22,9 @@ class CFrameControl {
     virtual void ReadLists() = 0;
     /// The list alone anew, by the settings; its place and selection stay.
     virtual void RebuildList() = 0;
+    /// Other rows of the list are shown: it or the note of an empty list comes in front, and commands are
+    /// offered anew.
+    virtual void FollowList() = 0;
     /// A calendar under the period button; the day picked is applied.
     virtual void PickDay() = 0;
     /// What decides whether commands are offered, at this moment.

@@ -148,7 +148,7 @@ std::optional<QStringList> CFrameReports::SelectedIds() const {
 
 std::optional<QStringList> CFrameReports::ListedIds() const {
     if (!m_isAgain && !m_context.control.State().listIsActive) return std::nullopt;
-    return m_context.model.AllIds();
+    return m_context.view.ShownIds();
 }
 
 QStringList CFrameReports::StillThere(const QStringList& ids) const {

@@ -12,6 +12,7 @@
 #include "shell/frame/CReportScreen.h"
 #include "shell/frame/WindowMemory.h"
 #include "shell/list/CEmptyNote.h"
+#include "shell/list/CListFindBar.h"
 #include "shell/list/CRecordListView.h"
 #include "shell/list/CStatusBar.h"
 #include "shell/look/Glyphs.h"
@@ -34,6 +35,7 @@
 #include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QToolBar>
+#include <QVBoxLayout>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -105,7 +107,7 @@ void CMainFrame::MakePanes() {
     m_report = new CReportPane(m_context.app.Profile());
     m_pane->addWidget(m_report);
     m_tree = new CDataTreeView(document, settings, m_context.prompt, this);
-    m_panes = new CPanes(*m_tree, *m_pane, this);
+    m_panes = new CPanes(*m_tree, *MakeListPane(), this);
     setCentralWidget(m_panes);
     m_status = new CStatusBar(document,
                               {.count = [this] { return IsListInFront() ? m_view->SelectedCount() : 0; },
@@ -113,8 +115,21 @@ void CMainFrame::MakePanes() {
                               this);
     setStatusBar(m_status);
     m_ticker = new CTimerTicker(
-        m_context.timers.Set(), *m_model, [this] { return m_view->RowsInSight(); }, this);
+        m_context.timers.Set(), *m_model, [this] { return m_view->ListRowsInSight(); }, this);
     m_progress = std::make_unique<CProgressBox>(*this);
+}
+
+/// The bar of the search stands above what is in front.
+QWidget* CMainFrame::MakeListPane() {
+    auto* pane = new QWidget(this);
+    m_findBar = new CListFindBar(pane);
+    auto* column = new QVBoxLayout(pane);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_findBar);
+    column->addWidget(m_pane, 1);
+    pane->setFocusProxy(m_pane);
+    return pane;
 }
 
 void CMainFrame::MakeCommands() {
@@ -134,6 +149,7 @@ FrameContext CMainFrame::MakeFrameContext() {
             .clock = m_context.clock,
             .model = *m_model,
             .view = *m_view,
+            .findBar = *m_findBar,
             .report = *m_report,
             .tree = *m_panes,
             .actions = *m_actions,
@@ -183,7 +199,7 @@ CommandState CMainFrame::State() const {
     CommandState state{.listIsActive = IsListActive(),
                        .busy = IsBusy(),
                        .selected = IsListInFront() ? m_view->SelectedCount() : 0,
-                       .listed = IsListInFront() ? m_model->rowCount() : 0,
+                       .listed = IsListInFront() ? m_view->ShownCount() : 0,
                        .listLayout = static_cast<int>(m_model->Layout()),
                        .bar1Shown = m_actions->Bars().Records().isVisibleTo(this),
                        .bar2Shown = m_actions->Bars().Filters().isVisibleTo(this),
@@ -199,9 +215,13 @@ void CMainFrame::OnHint(Hint hint, const QStringList& ids) {
     if (hint != Hint::SelectionChanged) TellList(hint, ids);
     m_tree->OnHint(hint, ids);
     if (hint == Hint::AboutToGo) m_context.hub.NotifyViews(Hint::SelectionChanged, {});
-    if (hint == Hint::Rebuild) TakeUpList();
+    if (hint == Hint::Rebuild) {
+        TakeUpList();
+        m_commands->Find().OnRebuilt();
+    }
     m_ticker->Reconsider();
     ShowListOrNote();
+    m_commands->Find().ShowFound();
     UpdateActions();
 }
 
@@ -235,19 +255,21 @@ void CMainFrame::RebuildList() {
 
 /// The list is rebuilt for many reasons, and the user shouldn't lose the place.
 void CMainFrame::RememberPlace() {
-    if (m_model->rowCount() == 0) return;
+    if (m_view->ShownCount() == 0) return;
     m_keptSelection = m_view->SelectedCount() <= kKeptSelection ? m_view->SelectedIds() : QStringList();
-    const QModelIndex current = m_view->currentIndex();
-    m_keptCurrent = current.isValid() ? m_model->IdAt(current.row()) : QString();
+    m_keptCurrent = m_view->CurrentId();
 }
 
 void CMainFrame::RestorePlace() {
-    if (!m_keptSelection.isEmpty()) m_view->SelectIds(m_keptSelection);
-    const std::vector<int> current =
-        m_keptCurrent.isEmpty() ? std::vector<int>() : m_model->RowsOf({m_keptCurrent});
-    const int row = current.empty() ? 0 : current.front();
-    if (m_model->rowCount() > 0 && m_keptSelection.isEmpty())
-        m_view->selectionModel()->setCurrentIndex(m_model->index(row, 0), QItemSelectionModel::NoUpdate);
+    if (m_keptSelection.isEmpty())
+        m_view->SetCurrentId(m_keptCurrent);
+    else
+        m_view->SelectIds(m_keptSelection);
+}
+
+void CMainFrame::FollowList() {
+    ShowListOrNote();
+    UpdateActions();
 }
 
 void CMainFrame::Refresh() {
@@ -261,17 +283,24 @@ void CMainFrame::Refresh() {
     ShowListOrNote();
 }
 
-void CMainFrame::ShowListOrNote() {
-    CVelmarchDoc& document = m_context.app.Document();
+EmptyReason CMainFrame::WhyNothing() const {
+    const CVelmarchDoc& document = m_context.app.Document();
     const bool narrowed = theRecordMode == RecordMode::Time ? HasConditions(document.Filter())
                                                             : HasConditions(document.FilterOfExpenses());
-    const EmptyReason reason = WhyEmpty({.listed = static_cast<std::size_t>(m_model->rowCount()),
-                                         .loaded = document.RecordCount(),
-                                         .isLoading = m_isLoading || IsBusy(),
-                                         .isStoreDamaged = document.Store().IsDamaged(),
-                                         .isNarrowed = narrowed});
-    const bool showsList = m_model->rowCount() > 0;
-    if (!showsList) m_note->Show(reason, theRecordMode, document.CurrentFilter().displayName);
+    return WhyEmpty({.listed = static_cast<std::size_t>(m_view->ShownCount()),
+                     .loaded = document.RecordCount(),
+                     .isLoading = m_isLoading || IsBusy(),
+                     .isStoreDamaged = m_context.app.Document().Store().IsDamaged(),
+                     .isNarrowed = narrowed,
+                     .isSearched = m_view->IsFinding(),
+                     .isEverywhere = m_findBar->IsEverywhere()});
+}
+
+void CMainFrame::ShowListOrNote() {
+    const bool showsList = m_view->ShownCount() > 0;
+    const QString what = m_view->IsFinding() ? m_findBar->Words()
+                                             : m_context.app.Document().CurrentFilter().displayName;
+    if (!showsList) m_note->Show(WhyNothing(), theRecordMode, what);
     // A report stays in front whatever happens to the records behind it.
     if (!m_screen || !m_screen->IsShown()) Front(showsList ? static_cast<QWidget&>(*m_view) : *m_note);
 }
@@ -279,13 +308,14 @@ void CMainFrame::ShowListOrNote() {
 void CMainFrame::Front(QWidget& wanted) {
     m_pane->setFocusProxy(&wanted);  // for all that bring the keyboard to the pane
     if (m_pane->currentWidget() == &wanted) return;
-    const bool treeHasFocus = m_tree->hasFocus();
+    const bool isElsewhere = m_tree->hasFocus() || m_findBar->HasKeyboard();
     m_pane->setCurrentWidget(&wanted);
-    if (!treeHasFocus) wanted.setFocus();
+    if (!isElsewhere) wanted.setFocus();
 }
 
 void CMainFrame::ShowReport() {
     m_screen->Begin();
+    m_commands->Find().Hide(true);
     Front(*m_report);
     WrapBars();
     UpdateActions();
@@ -295,6 +325,7 @@ void CMainFrame::CloseReport() {
     if (!m_screen->IsShown()) return;
     m_screen->End();
     m_report->Clear();
+    m_commands->Find().Hide(false);
     ShowListOrNote();
     WrapBars();
     UpdateActions();
@@ -341,6 +372,7 @@ void CMainFrame::PersistLayout() {
 
 void CMainFrame::PersistEverything() {
     CloseReport();
+    m_commands->Find().End();
     m_context.timers.SaveTimers();
     PersistLayout();
     StorePeriod(m_context.app.Profile(), m_context.app.Document().CurrentFilter());

@@ -4,6 +4,7 @@
 #include "app/RecordMode.h"
 #include "shell/frame/CFrameCommands.h"
 #include "shell/frame/CFrameControl.h"
+#include "viewmodel/list/EmptyReason.h"
 
 #include <QMainWindow>
 #include <memory>
@@ -13,6 +14,7 @@ class CCalendarPopup;
 class CDataTreeView;
 class CEmptyNote;
 class CEventPump;
+class CListFindBar;
 class CPanes;
 class CProgressBox;
 class CRecordListModel;
@@ -81,12 +83,15 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     [[nodiscard]] bool IsListInFront() const;
     [[nodiscard]] bool IsListActive() const;
     void ShowListOrNote();
+    [[nodiscard]] EmptyReason WhyNothing() const;
+    [[nodiscard]] QWidget* MakeListPane();
     void UpdateActions();
     void WrapBars();
     void RememberPlace();
     void RestorePlace();
 
     [[nodiscard]] QWidget& Window() override { return *this; }
+    void FollowList() override;
     void ToggleBar1() override;
     void ToggleBar2() override;
     void ToggleStatusBar() override;
@@ -103,6 +108,7 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     QString m_keptCurrent;
     CRecordListModel* m_model = nullptr;
     CRecordListView* m_view = nullptr;
+    CListFindBar* m_findBar = nullptr;
     CEmptyNote* m_note = nullptr;
     CReportPane* m_report = nullptr;
     QStackedWidget* m_pane = nullptr;

@@ -8,6 +8,7 @@ class CClock;
 class CFrameControl;
 class CFrameDialogs;
 class CLauncher;
+class CListFindBar;
 class CProgress;
 class CPrompt;
 class CPulldownCatalogue;
@@ -30,6 +31,7 @@ struct FrameContext {
     const CClock& clock;
     CRecordListModel& model;
     CRecordListView& view;
+    CListFindBar& findBar;
     CReportPane& report;
     CTreeControl& tree;
     CActions& actions;

@@ -29,22 +29,33 @@ Offer OfferFor(EmptyReason reason, RecordMode mode) {
             return {Command::kPeriodAll, Text::ButtonShowAll, "view-calendar"};
         case EmptyReason::Filtered:
             return {Command::kClearFilter, Text::ButtonClearFilter, "edit-clear-all"};
+        case EmptyReason::NotFound:
+            return {Command::kFindEverywhere, Text::ButtonFindEverywhere, "edit-find"};
         default:
             return {Command::kNew, mode == RecordMode::Time ? Text::ButtonNew : Text::ButtonNewExpense,
                     "document-new"};
     }
 }
 
-QString SentenceFor(EmptyReason reason, RecordMode mode, const QString& period) {
+bool HasOffer(EmptyReason reason) {
+    return reason != EmptyReason::Loading && reason != EmptyReason::Unreadable &&
+           reason != EmptyReason::NotAnywhere;
+}
+
+QString SentenceFor(EmptyReason reason, RecordMode mode, const QString& what) {
     switch (reason) {
         case EmptyReason::Loading:
             return LoadText(Text::EmptyLoading);
         case EmptyReason::Unreadable:
             return LoadText(Text::EmptyUnreadable);
         case EmptyReason::InPeriod:
-            return FormatText<Text::EmptyInPeriod>(period);
+            return FormatText<Text::EmptyInPeriod>(what);
         case EmptyReason::Filtered:
-            return FormatText<Text::EmptyFiltered>(period);
+            return FormatText<Text::EmptyFiltered>(what);
+        case EmptyReason::NotFound:
+            return FormatText<Text::EmptyFound>(what);
+        case EmptyReason::NotAnywhere:
+            return FormatText<Text::EmptyFoundAnywhere>(what);
         default:
             return LoadText(mode == RecordMode::Time ? Text::EmptyNoRecords : Text::EmptyNoExpenses);
     }
@@ -83,11 +94,11 @@ CEmptyNote::CEmptyNote(QWidget* parent)
     ApplyLook();
 }
 
-void CEmptyNote::Show(EmptyReason reason, RecordMode mode, const QString& period) {
+void CEmptyNote::Show(EmptyReason reason, RecordMode mode, const QString& what) {
     const Offer offer = OfferFor(reason, mode);
     m_command = offer.command;
-    m_sentence->setText(SentenceFor(reason, mode, period));
-    m_button->setVisible(reason != EmptyReason::Loading && reason != EmptyReason::Unreadable);
+    m_sentence->setText(SentenceFor(reason, mode, what));
+    m_button->setVisible(HasOffer(reason));
     m_button->setText(LoadText(offer.button));
     m_button->setAccessibleName(LoadText(offer.button));
     m_button->setIcon(QIcon::fromTheme(QString::fromLatin1(offer.icon)));

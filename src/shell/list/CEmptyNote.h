@@ -16,8 +16,9 @@ class CEmptyNote final : public QWidget {
  public:
     explicit CEmptyNote(QWidget* parent = nullptr);
 
-    /// mode: of the records that aren't there. period: its name, for the sentence.
-    void Show(EmptyReason reason, RecordMode mode, const QString& period);
+    /// mode: of the records that aren't there. what: the name of the period or the words that were looked
+    /// for, for the sentence.
+    void Show(EmptyReason reason, RecordMode mode, const QString& what);
 
  Q_SIGNALS:
     /// The command that the button stands for.

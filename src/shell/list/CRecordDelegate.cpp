@@ -127,12 +127,38 @@ void CRecordDelegate::PaintCell(QPainter& painter, const QStyleOptionViewItem& o
     if (image.isValid()) {
         const int column = index.data(CRecordListModel::ColumnRole).toInt();
         const bool isSet = image.toInt() == static_cast<int>(RowImage::FlagSet);
+        if (HasWord(index)) painter.fillRect(option.rect, m_colours.found);
         return PaintFlag(painter, option.rect, column, isSet, option, index.row());
     }
     painter.setPen(Ink(option, 1));
     const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
-    PaintText(painter, option.rect.adjusted(kMargin, 0, -kMargin, 0), index.data().toString(), alignment,
-              option.font);
+    const QRect place = option.rect.adjusted(kMargin, 0, -kMargin, 0);
+    if (HasWord(index))
+        PaintSearched(painter, place, index.data().toString(), alignment, option);
+    else
+        PaintText(painter, place, index.data().toString(), alignment, option.font);
+}
+
+bool CRecordDelegate::HasWord(const QModelIndex& index) const {
+    return !m_words.IsEmpty() && m_words.In(index.data(CRecordListModel::SearchedRole).toString()) != 0;
+}
+
+/// Behind the letters, in a colour of its own and with a line below, so that it isn't the colour alone.
+void CRecordDelegate::PaintSearched(QPainter& painter, const QRect& place, const QString& text,
+                                    Qt::Alignment alignment, const QStyleOptionViewItem& option) const {
+    const QFontMetrics metrics(option.font);
+    const QString line = metrics.elidedText(text.simplified(), Qt::ElideRight, place.width());
+    const int height = metrics.height(), top = place.center().y() - height / 2;
+    const bool isRight = alignment.testFlag(Qt::AlignRight);
+    const int left = isRight ? place.right() + 1 - metrics.horizontalAdvance(line) : place.left();
+    for (const WordMatcher::Place& found : m_words.PlacesIn(line)) {
+        const int from = metrics.horizontalAdvance(line.left(found.at));
+        const int to = metrics.horizontalAdvance(line.left(found.at + found.length));
+        const QRect mark(left + from, top, to - from, height);
+        if (!option.state.testFlag(QStyle::State_Selected)) painter.fillRect(mark, m_colours.found);
+        painter.drawLine(mark.bottomLeft(), mark.bottomRight());
+    }
+    PaintText(painter, place, text, alignment, option.font);
 }
 
 void CRecordDelegate::PaintFlag(QPainter& painter, const QRect& place, int column, bool isSet,

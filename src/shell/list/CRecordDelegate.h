@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fields/WordMatcher.h"
 #include "shell/look/Glyphs.h"
 #include "shell/look/ListColours.h"
 
@@ -15,6 +16,8 @@ class CRecordDelegate : public QStyledItemDelegate {
  public:
     CRecordDelegate(const Settings& settings, QObject* parent = nullptr);
 
+    /// The words that are marked wherever they stand.
+    void SetWords(const QString& words) { m_words = WordMatcher(words); }
     void SetColours(const ListColours& colours) { m_colours = colours; }
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -50,11 +53,16 @@ class CRecordDelegate : public QStyledItemDelegate {
     /// One line, centred upright, elided at its end. Counts are drawn in figures of one width.
     void PaintText(QPainter& painter, const QRect& place, const QString& text, Qt::Alignment alignment,
                    const QFont& font) const;
+    /// The same of a text in which words are looked for; those that stand in it are marked.
+    void PaintSearched(QPainter& painter, const QRect& place, const QString& text, Qt::Alignment alignment,
+                       const QStyleOptionViewItem& option) const;
 
     const Settings& m_settings;
     ListColours m_colours;
+    WordMatcher m_words{QString()};
 
  private:
+    [[nodiscard]] bool HasWord(const QModelIndex& index) const;
     void PaintState(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void PaintGridLine(QPainter& painter, const QRect& row) const;
     /// Large icons and the plain list look as the desktop draws a list: no second ground, no grid line, no

@@ -33,27 +33,32 @@ std::vector<CRecordLineDelegate::Place> CRecordLineDelegate::PlacesIn(const QRec
 
 void CRecordLineDelegate::PaintCell(QPainter& painter, const QStyleOptionViewItem& option,
                                     const QModelIndex& index) const {
-    const int row = index.row();
+    constexpr Qt::Alignment kLeft = Qt::AlignLeft | Qt::AlignVCenter;
+    const int row = index.data(CRecordListModel::ListRowRole).toInt();
     for (const Place& place : PlacesIn(option.rect)) {
         if (place.cell.isImage) {
             PaintFlag(painter, place.rect, place.cell.column, m_model.IsFlagSet(row, place.cell.column),
-                      option, row);
+                      option, index.row());
             continue;
         }
         painter.setPen(Ink(option, place.lineColour));
-        PaintText(painter, place.rect, m_model.TextOf(row, place.cell.column),
-                  Qt::AlignLeft | Qt::AlignVCenter, option.font);
+        const QString text = m_model.TextOf(row, place.cell.column);
+        if (m_words.In(m_model.SearchedTextOf(row, place.cell.column)) != 0)
+            PaintSearched(painter, place.rect, text, kLeft, option);
+        else
+            PaintText(painter, place.rect, text, kLeft, option.font);
     }
 }
 
 QString CRecordLineDelegate::TipAt(const QPoint& at, const QStyleOptionViewItem& option,
                                    const QModelIndex& index) const {
     if (index.column() == 0) return CRecordDelegate::TipAt(at, option, index);
+    const int row = index.data(CRecordListModel::ListRowRole).toInt();
     for (const Place& place : PlacesIn(option.rect)) {
         if (!place.rect.contains(at)) continue;
-        if (place.cell.isImage) return m_model.FlagInWordsOf(index.row(), place.cell.column);
-        if (QString note = m_model.NoteOf(index.row(), place.cell.column); !note.isEmpty()) return note;
-        const QString text = m_model.TextOf(index.row(), place.cell.column);
+        if (place.cell.isImage) return m_model.FlagInWordsOf(row, place.cell.column);
+        if (QString note = m_model.NoteOf(row, place.cell.column); !note.isEmpty()) return note;
+        const QString text = m_model.TextOf(row, place.cell.column);
         return QFontMetrics(option.font).horizontalAdvance(text.simplified()) > place.rect.width()
                    ? text
                    : QString();

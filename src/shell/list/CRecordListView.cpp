@@ -7,14 +7,18 @@
 #include "lang/FormatText.h"
 #include "shell/list/CRecordLineDelegate.h"
 #include "viewmodel/list/CRecordListModel.h"
+#include "viewmodel/list/CShownRows.h"
 
 #include <QApplication>
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <algorithm>
 
 namespace {
 
+/// A selection of at most so many records is taken along when other rows are shown.
+constexpr int kMostTakenAlong = 1000;
 /// The height of the font for which the default widths of the columns were chosen.
 constexpr int kWidthsMadeFor = 12;
 /// In place of a width that would leave nothing to see or to take hold of.
@@ -39,7 +43,8 @@ CRecordListView::CRecordListView(CRecordListModel& model, CCfgStore& settings, Q
       m_model(model),
       m_settings(settings),
       m_cells(new CRecordDelegate(settings, this)),
-      m_lines(new CRecordLineDelegate(settings, model, this)) {
+      m_lines(new CRecordLineDelegate(settings, model, this)),
+      m_found(new CShownRows(model, this)) {
     setObjectName(QStringLiteral("recordList"));
     setAccessibleName(LoadText(Text::ListName));
     setModel(&model);
@@ -180,7 +185,7 @@ QStringList CRecordListView::SelectedIds() const {
     std::sort(rows.begin(), rows.end());
     QStringList ids;
     ids.reserve(static_cast<qsizetype>(rows.size()));
-    for (const int row : rows) ids.append(m_model.IdAt(row));
+    for (const int row : rows) ids.append(m_model.IdAt(ListRowOf(row)));
     return ids;
 }
 
@@ -194,7 +199,7 @@ int CRecordListView::SelectedCount() const {
 void CRecordListView::ForEachSelected(const std::function<void(const CVORec& record)>& visit) const {
     for (const QItemSelectionRange& range : selectionModel()->selection())
         for (int row = range.top(); row <= range.bottom() && range.left() == 0; ++row)
-            if (const CVORec* record = m_model.VisibleAt(row)) visit(*record);
+            if (const CVORec* record = m_model.VisibleAt(ListRowOf(row))) visit(*record);
 }
 
 void CRecordListView::SelectNone() {
@@ -202,29 +207,124 @@ void CRecordListView::SelectNone() {
 }
 
 void CRecordListView::SelectIds(const QStringList& ids) {
-    QItemSelection selection;
-    const int lastColumn = m_model.columnCount() - 1;
-    const std::vector<int> rows = m_model.RowsOf(ids);
-    for (const int row : rows) selection.select(m_model.index(row, 0), m_model.index(row, lastColumn));
-    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    const std::vector<int> rows = ShownRowsOf(ids);
+    SelectShown(rows);
     if (rows.empty()) return;
-    const QModelIndex first = m_model.index(rows.front(), 0);
+    const QModelIndex first = model()->index(rows.front(), 0);
     selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
     scrollTo(first);
 }
 
+void CRecordListView::SelectShown(const std::vector<int>& rows) {
+    QItemSelection selection;
+    const int lastColumn = m_model.columnCount() - 1;
+    for (const int row : rows) selection.select(model()->index(row, 0), model()->index(row, lastColumn));
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+}
+
+QString CRecordListView::CurrentId() const {
+    return currentIndex().isValid() ? m_model.IdAt(ListRowOf(currentIndex().row())) : QString();
+}
+
+void CRecordListView::SetCurrentId(const QString& id) {
+    if (ShownCount() == 0) return;
+    const std::vector<int> rows = id.isEmpty() ? std::vector<int>() : ShownRowsOf({id});
+    const QModelIndex current = model()->index(rows.empty() ? 0 : rows.front(), 0);
+    selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+}
+
+int CRecordListView::ListRowOf(int row) const {
+    return IsFinding() ? m_found->ListRowOf(row) : row;
+}
+
+std::vector<int> CRecordListView::ShownRowsOf(const QStringList& ids) const {
+    std::vector<int> rows = m_model.RowsOf(ids);
+    if (!IsFinding()) return rows;
+    for (int& row : rows) row = m_found->ShownRowOf(row);
+    std::erase(rows, -1);
+    return rows;
+}
+
+bool CRecordListView::IsFinding() const {
+    return m_found->IsFinding();
+}
+
+int CRecordListView::ShownCount() const {
+    return model()->rowCount();
+}
+
+QStringList CRecordListView::ShownIds() const {
+    if (!IsFinding()) return m_model.AllIds();
+    QStringList ids;
+    for (int row = 0; row < ShownCount(); ++row) ids.append(m_model.IdAt(ListRowOf(row)));
+    return ids;
+}
+
+void CRecordListView::Find(const QString& words) {
+    const bool wasFinding = IsFinding();
+    if (!wasFinding) RememberPlace();
+    const Place before{.selected = SelectedCount() <= kMostTakenAlong ? SelectedIds() : QStringList(),
+                       .current = CurrentId(),
+                       .top = {}};
+    {
+        const QScopedValueRollback following(m_isFollowing, true);
+        m_found->Find(words);
+        for (CRecordDelegate* cells : {m_cells, static_cast<CRecordDelegate*>(m_lines)})
+            cells->SetWords(words);
+        ShowModel(IsFinding() ? static_cast<QAbstractItemModel&>(*m_found) : m_model);
+        SelectShown(ShownRowsOf(before.selected));
+        SetCurrentId(before.current);
+        if (wasFinding && !IsFinding()) TakeUpPlace();
+    }
+    Q_EMIT SelectionChanged();
+}
+
+/// The view makes itself a new selection with each model; its columns come from the settings again.
+void CRecordListView::ShowModel(QAbstractItemModel& shown) {
+    if (model() == &shown) return;
+    const QItemSelectionModel* former = selectionModel();
+    CaptureWidths();
+    setModel(&shown);
+    delete former;
+    ApplyLayout();
+}
+
+void CRecordListView::RememberPlace() {
+    m_hasSelected = false;
+    const int top = rowAt(0);
+    m_before = {.selected = SelectedCount() <= kMostTakenAlong ? SelectedIds() : QStringList(),
+                .current = CurrentId(),
+                .top = top < 0 ? QString() : m_model.IdAt(ListRowOf(top))};
+}
+
+/// What the user has selected among the records found stays selected, now with all others around it.
+void CRecordListView::TakeUpPlace() {
+    if (m_hasSelected) return scrollTo(currentIndex());
+    SelectShown(ShownRowsOf(m_before.selected));
+    SetCurrentId(m_before.current);
+    const std::vector<int> top = m_before.top.isEmpty() ? std::vector<int>() : ShownRowsOf({m_before.top});
+    if (!top.empty()) scrollTo(model()->index(top.front(), 0), PositionAtTop);
+}
+
 std::pair<int, int> CRecordListView::RowsInSight() const {
-    const int rows = m_model.rowCount();
+    const int rows = ShownCount();
     if (rows == 0) return {0, -1};
     const int first = std::max(rowAt(0), 0);
     const int last = rowAt(viewport()->height() - 1);
     return {first, last < 0 ? rows - 1 : last};
 }
 
+std::vector<int> CRecordListView::ListRowsInSight() const {
+    const auto [first, last] = RowsInSight();
+    std::vector<int> rows;
+    for (int row = first; row <= last; ++row) rows.push_back(ListRowOf(row));
+    return rows;
+}
+
 QModelIndex CRecordListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
     const int column = std::max(currentIndex().column(), 0);
-    if (action == MoveHome) return m_model.index(0, column);
-    if (action == MoveEnd) return m_model.index(m_model.rowCount() - 1, column);
+    if (action == MoveHome) return model()->index(0, column);
+    if (action == MoveEnd) return model()->index(ShownCount() - 1, column);
     return QTableView::moveCursor(action, modifiers);
 }
 
@@ -234,9 +334,27 @@ bool CRecordListView::IsOnCheckBox(const QPoint& at) const {
 }
 
 void CRecordListView::ToggleRow(int row) {
-    const QModelIndex index = m_model.index(row, 0);
+    const QModelIndex index = model()->index(row, 0);
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
     selectionModel()->select(index, QItemSelectionModel::Toggle | QItemSelectionModel::Rows);
+}
+
+/// Escape ends the search and nothing else, whatever it is a shortcut of.
+bool CRecordListView::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && IsFinding() &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        event->accept();
+        return true;
+    }
+    return QTableView::event(event);
+}
+
+void CRecordListView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && IsFinding()) {
+        Q_EMIT FindEndWanted();
+        return;
+    }
+    QTableView::keyPressEvent(event);
 }
 
 void CRecordListView::mousePressEvent(QMouseEvent* event) {
@@ -257,7 +375,7 @@ void CRecordListView::mouseDoubleClickEvent(QMouseEvent* event) {
     if (IsOnCheckBox(event->pos()))
         mousePressEvent(event);
     else
-        Q_EMIT EditWanted(m_model.IdAt(row));
+        Q_EMIT EditWanted(m_model.IdAt(ListRowOf(row)));
 }
 
 void CRecordListView::contextMenuEvent(QContextMenuEvent* event) {
@@ -286,5 +404,7 @@ void CRecordListView::focusOutEvent(QFocusEvent* event) {
 
 void CRecordListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QTableView::selectionChanged(selected, deselected);
+    if (m_isFollowing) return;
+    m_hasSelected = m_hasSelected || !selected.isEmpty();
     Q_EMIT SelectionChanged();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QStringList>
 #include <QTableView>
 #include <functional>
 #include <utility>
@@ -9,6 +10,7 @@ class CCfgStore;
 class CRecordDelegate;
 class CRecordLineDelegate;
 class CRecordListModel;
+class CShownRows;
 class CVORec;
 
 /// The record list on screen, in the layout that the settings say. It selects whole rows; a click on the
@@ -31,8 +33,24 @@ class CRecordListView final : public QTableView {
     void SelectNone();
     /// Selects just these records, as far as they are listed, and brings the first into sight.
     void SelectIds(const QStringList& ids);
+    /// The selected record that has the keyboard, or any one; empty in an empty list.
+    [[nodiscard]] QString CurrentId() const;
+    /// The first record when this one isn't listed.
+    void SetCurrentId(const QString& id);
     /// First and last row in sight; last below first when there is none.
     [[nodiscard]] std::pair<int, int> RowsInSight() const;
+    /// The same as rows of the model, whichever of them are shown.
+    [[nodiscard]] std::vector<int> ListRowsInSight() const;
+
+    /// Shows only the records that have these words, and marks the words; without any it shows all again. The
+    /// selection stays as far as its records are shown. What was selected and in sight before comes back at
+    /// the end, unless the user has selected something else meanwhile.
+    void Find(const QString& words);
+    [[nodiscard]] bool IsFinding() const;
+    /// Of the records that are shown.
+    [[nodiscard]] int ShownCount() const;
+    /// Identities of the records that are shown, in their order.
+    [[nodiscard]] QStringList ShownIds() const;
 
     /// The widths of columns that differ from those last shown go to the list's columns in the settings, that
     /// of the state to iconColumnWidth. The last column fills the row, and its width is taken only where it
@@ -44,6 +62,8 @@ class CRecordListView final : public QTableView {
     void SelectionChanged();
     void EditWanted(const QString& id);
     void MenuWanted(const QPoint& globalPosition);
+    /// Escape while words are looked for.
+    void FindEndWanted();
     /// The user has let go of a column's edge: the widths are to be captured and kept.
     void ColumnResized();
 
@@ -52,6 +72,8 @@ class CRecordListView final : public QTableView {
     [[nodiscard]] bool eventFilter(QObject* watched, QEvent* event) override;
     /// Home and End go to the first and last record, not to the ends of a row.
     [[nodiscard]] QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    [[nodiscard]] bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -68,6 +90,12 @@ class CRecordListView final : public QTableView {
     [[nodiscard]] int WidthOf(int section) const;
     [[nodiscard]] int CountWidth() const;
     void ToggleRow(int row);
+    [[nodiscard]] int ListRowOf(int row) const;
+    [[nodiscard]] std::vector<int> ShownRowsOf(const QStringList& ids) const;
+    void SelectShown(const std::vector<int>& rows);
+    void ShowModel(QAbstractItemModel& shown);
+    void RememberPlace();
+    void TakeUpPlace();
     void EndDrag();
     [[nodiscard]] int PresentWidth(int section) const;
 
@@ -77,5 +105,15 @@ class CRecordListView final : public QTableView {
     CRecordLineDelegate* m_lines;
     /// Column and width of each section, as they were last set here. The state is no column.
     std::vector<std::pair<int, int>> m_applied;
-    bool m_isToggling = false;  ///< the press was on a check box, so its release is nothing else
+    CShownRows* m_found;
+    /// What was selected, current and on top before the search.
+    struct Place {
+        QStringList selected;
+        QString current;
+        QString top;
+    };
+    Place m_before;
+    bool m_isFollowing = false;  ///< the selection is being taken along, not changed by the user
+    bool m_hasSelected = false;  ///< the user has selected something during the search
+    bool m_isToggling = false;   ///< the press was on a check box, so its release is nothing else
 };

@@ -12,6 +12,9 @@ QColor Mix(const QColor& a, const QColor& b, double share) {
     return {part(a.red(), b.red()), part(a.green(), b.green()), part(a.blue(), b.blue())};
 }
 
+constexpr QRgb kFoundOnLight = 0xFFFFE08A;
+constexpr QRgb kFoundOnDark = 0xFF6B4F00;
+
 struct ColourRow {
     std::uint32_t Settings::*member;
     QColor ListColours::*target;
@@ -59,6 +62,7 @@ ListColours MakeListColours(const Settings& settings, const QPalette& palette) {
         const bool replace = dark && settings.*row.member == kDefaults.*row.member;
         colours.lines[line] = replace ? QColor(row.dark) : ColourOfSetting(settings.*row.member);
     }
+    colours.found = QColor(dark ? kFoundOnDark : kFoundOnLight);
     colours.highlight = palette.color(QPalette::Active, QPalette::Highlight);
     colours.highlightText = palette.color(QPalette::Active, QPalette::HighlightedText);
     colours.highlightNoFocus = palette.color(QPalette::Inactive, QPalette::Highlight);

@@ -12,6 +12,7 @@ struct ListColours {
     QColor window;
     QColor alternate;
     QColor grid;
+    QColor found;                 ///< behind a word that was looked for
     std::array<QColor, 4> lines;  ///< text of line 1 to 4
     QColor highlight;
     QColor highlightText;

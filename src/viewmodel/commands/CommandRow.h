@@ -77,6 +77,8 @@ inline constexpr int kReportCsv = 40227;
 inline constexpr int kReportBrowser = 40228;
 inline constexpr int kReportPreview = 40229;
 inline constexpr int kReportPrint = 40230;
+inline constexpr int kFind = 40260;  ///< these two are numbers of our own, as the next one
+inline constexpr int kFindEverywhere = 40261;
 inline constexpr int kFindCommand = 40200;  ///< a number of our own, which no resource has
 inline constexpr int kOptions = 40066;
 inline constexpr int kRegional = 32781;
@@ -153,6 +155,8 @@ enum class Run {
     ReportPrint,
     ReportClose,
     FindCommand,
+    Find,
+    FindEverywhere,
     Backup,
     Restore,
     BackupPlan,

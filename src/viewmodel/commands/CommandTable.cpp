@@ -24,6 +24,15 @@ bool AnySelected(const State& s) {
 bool AnyListed(const State& s) {
     return s.listIsActive && s.listed > 0;
 }
+bool ListActive(const State& s) {
+    return s.listIsActive;
+}
+bool Finding(const State& s) {
+    return s.listIsActive && s.isFinding;
+}
+bool FindsEverywhere(const State& s) {
+    return s.findsEverywhere;
+}
 bool InTimeMode(const State& s) {
     return s.timeMode;
 }
@@ -208,6 +217,15 @@ constexpr CommandRow kFirstCommands[] = {
         {Run::SelectNone})
         .OfView()
         .When(AnySelected),
+    Row(Command::kFind, "CmdFind", {Text::CmdFind, Text::TipFind, "edit-find", "Ctrl+F"}, Menu::Record,
+        {Run::Find})
+        .BeginsGroup()
+        .When(ListActive),
+    Row(Command::kFindEverywhere, "CmdFindEverywhere",
+        {Text::CmdFindEverywhere, Text::TipFindEverywhere, "edit-find-replace"}, Menu::Record,
+        {Run::FindEverywhere})
+        .When(Finding)
+        .Toggle(FindsEverywhere),
     Row(Command::kExit, "CmdExit", {Text::CmdExit, Text::TipExit, "application-exit", "Ctrl+Q"}, Menu::Record,
         {Run::Exit})
         .BeginsGroup(),

@@ -3,6 +3,8 @@
 #include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
 #include "config/ColumnTable.h"
+#include "fields/FieldTable.h"
+#include "fields/RecordWords.h"
 #include "lang/LoadText.h"
 #include "timers/ActiveTimerSet.h"
 #include "viewmodel/list/CRowSorter.h"
@@ -137,6 +139,34 @@ std::optional<std::vector<int>> CRecordListModel::RowsByPlace(const QStringList&
     return rows;
 }
 
+/// In the order of the records, as PutRows.
+std::vector<int> CRecordListModel::RowsWith(const RecordWords& words) const {
+    std::vector<bool> hasWords(m_document.VisiblePlaces());
+    for (std::size_t place = 0; place < hasWords.size(); ++place)
+        if (const CVORec* record = m_document.VisibleAt(place)) hasWords[place] = words.Matches(*record);
+    std::vector<int> rows;
+    for (std::size_t row = 0; row < m_rows.size(); ++row)
+        if (const std::size_t place = PlaceOf(m_rows[row]); place < hasWords.size() && hasWords[place])
+            rows.push_back(static_cast<int>(row));
+    return rows;
+}
+
+/// A few are read one by one; of many the walk through all is the quicker one.
+std::vector<int> CRecordListModel::RowsWith(const RecordWords& words, const std::vector<int>& among) const {
+    constexpr std::size_t kFewOf = 10;
+    if (among.size() > m_rows.size() / kFewOf) return RowsWith(words);
+    std::vector<int> rows;
+    for (const int row : among)
+        if (const CVORec* record = VisibleAt(row); record && words.Matches(*record)) rows.push_back(row);
+    return rows;
+}
+
+QString CRecordListModel::SearchedTextOf(int row, int column) const {
+    const FieldRow* field = FieldOfColumn(column);
+    const bool isSearched = field && (field->form == FieldForm::Text || field->form == FieldForm::Notes);
+    return isSearched ? TextOf(row, column) : QString();
+}
+
 void CRecordListModel::TouchTimers(int firstRow, int lastRow) {
     if (firstRow > lastRow || lastRow >= rowCount()) return;
     const int column = m_layout == ListLayout::Columns ? ModelColumnOf(Column::kDuration) : 1;
@@ -247,6 +277,8 @@ QVariant CRecordListModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
     if (role == ColumnRole) return ColumnOf(index.column());
     if (role == IdRole) return IdAt(index.row());
+    if (role == ListRowRole) return index.row();
+    if (role == SearchedRole) return SearchedTextOf(index.row(), ColumnOf(index.column()));
     const CVORec* record = RecordAt(index.row());
     if (!record) return {};
     switch (role) {

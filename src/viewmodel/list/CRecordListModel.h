@@ -13,6 +13,7 @@ class CCfgStore;
 class CVORec;
 class CRowSorter;
 class CVelmarchDoc;
+class RecordWords;
 
 /// How the list shows its records. Stored as these numbers.
 enum class ListLayout : int { Icons = 1, List = 2, Columns = 3, Lines = 4 };
@@ -40,7 +41,9 @@ class CRecordListModel final : public QAbstractTableModel {
     enum Role {
         IdRole = Qt::UserRole,  ///< text: identity of the record
         ImageRole,              ///< int: RowImage of column 0 and of flag columns
-        ColumnRole              ///< int: the record column behind a model column, Column::kNone without one
+        ColumnRole,             ///< int: the record column behind a model column, Column::kNone without one
+        ListRowRole,  ///< int: the row in this list, also asked of a model that shows some of its rows
+        SearchedRole  ///< text in which a search finds words: of a text or of the notes
     };
 
     CRecordListModel(const CVelmarchDoc& document, const ActiveTimerSet& timers, CCfgStore& settings,
@@ -81,6 +84,11 @@ class CRecordListModel final : public QAbstractTableModel {
     [[nodiscard]] QStringList AllIds() const;
     /// The rows of these records, ascending; one walk over all rows, however many are asked for.
     [[nodiscard]] std::vector<int> RowsOf(const QStringList& ids) const;
+    /// The rows whose records have all words, ascending; among some rows or all.
+    [[nodiscard]] std::vector<int> RowsWith(const RecordWords& words) const;
+    [[nodiscard]] std::vector<int> RowsWith(const RecordWords& words, const std::vector<int>& among) const;
+    /// What a search finds words in, in a column of records; empty for numbers, dates and flags.
+    [[nodiscard]] QString SearchedTextOf(int row, int column) const;
     /// What the rows take in memory, room for more included. The texts of the identities are the records'
     /// own.
     [[nodiscard]] std::size_t BytesOfRows() const { return m_rows.capacity() * sizeof(Row); }

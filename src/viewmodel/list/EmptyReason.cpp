@@ -21,12 +21,12 @@ bool IsOn(int flag) {
 
 bool HasConditions(const TimeFilter& filter) {
     return IsOnText(filter.items) || IsOn(filter.billable) || IsOn(filter.billed) || IsOn(filter.exported) ||
-           IsOn(filter.timer);
+           IsOn(filter.timer) || !filter.words.isEmpty();
 }
 
 bool HasConditions(const ExpenseFilter& filter) {
     return IsOnText(filter.items) || filter.amount != -1.0F || IsOn(filter.distance) ||
-           IsOn(filter.exported) || std::ranges::any_of(filter.flags, IsOn);
+           IsOn(filter.exported) || std::ranges::any_of(filter.flags, IsOn) || !filter.words.isEmpty();
 }
 
 EmptyReason WhyEmpty(const ListedRecords& records) {
@@ -34,5 +34,6 @@ EmptyReason WhyEmpty(const ListedRecords& records) {
     if (records.listed > 0) return EmptyReason::NotEmpty;
     if (records.isStoreDamaged) return EmptyReason::Unreadable;
     if (records.loaded == 0) return EmptyReason::NoRecords;
+    if (records.isSearched) return records.isEverywhere ? EmptyReason::NotAnywhere : EmptyReason::NotFound;
     return records.isNarrowed ? EmptyReason::Filtered : EmptyReason::InPeriod;
 }

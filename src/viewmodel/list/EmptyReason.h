@@ -12,7 +12,9 @@ enum class EmptyReason {
     Unreadable,  ///< they could not be read
     NoRecords,   ///< there are none at all
     InPeriod,    ///< none in the period shown
-    Filtered     ///< conditions besides the period leave none
+    Filtered,    ///< conditions besides the period leave none
+    NotFound,    ///< none of those listed has the words looked for
+    NotAnywhere  ///< no record has them
 };
 
 /// Whether a filter holds a condition besides the period.
@@ -25,5 +27,7 @@ struct ListedRecords {
     bool isLoading = false;
     bool isStoreDamaged = false;  ///< there may be more of them
     bool isNarrowed = false;      ///< the filter has conditions
+    bool isSearched = false;      ///< words are looked for
+    bool isEverywhere = false;    ///< whatever the filter says
 };
 [[nodiscard]] EmptyReason WhyEmpty(const ListedRecords& records);

@@ -4,8 +4,6 @@
 #include "timers/ActiveTimerSet.h"
 #include "viewmodel/list/CRecordListModel.h"
 
-#include <algorithm>
-
 namespace {
 constexpr int kPeriodMs = 1000;
 }
@@ -25,8 +23,8 @@ void CTimerTicker::Reconsider() {
 
 void CTimerTicker::Tick() {
     if (theRecordMode != RecordMode::Time) return;
-    const auto [first, last] = m_sight();
-    for (int row = std::max(first, 0); row <= std::min(last, m_model.rowCount() - 1); ++row) {
+    for (const int row : m_sight()) {
+        if (row < 0 || row >= m_model.rowCount()) continue;
         ActiveTimer* timer = m_timers.Find(m_model.IdAt(row));
         if (timer && timer->UpdateElapsed(m_timers.Clock())) m_model.TouchTimers(row, row);
     }

@@ -3,6 +3,7 @@
 #include <QTimer>
 #include <functional>
 #include <utility>
+#include <vector>
 
 class ActiveTimerSet;
 class CRecordListModel;
@@ -13,8 +14,8 @@ class CTimerTicker final : public QObject {
     Q_OBJECT
 
  public:
-    /// First and last row in sight; last below first when there are none.
-    using Sight = std::function<std::pair<int, int>()>;
+    /// The rows of the list in sight.
+    using Sight = std::function<std::vector<int>()>;
     CTimerTicker(ActiveTimerSet& timers, CRecordListModel& model, Sight sight, QObject* parent = nullptr);
 
     /// Starts or stops as the timers say; after every change of them.

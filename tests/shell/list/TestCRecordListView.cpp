@@ -468,6 +468,89 @@ class TestCRecordListView final : public QObject {
         QCOMPARE(MakeListColours(settings, dark).lines[1], QColor(0xAA, 0, 0));
         QCOMPARE(MakeListColours(settings, dark).alternate, QColor(0x56, 0x34, 0x12));
     }
+
+    void findShowsWhatHasTheWords_data() { checkBoxToggles_data(); }
+    void findShowsWhatHasTheWords() {
+        QFETCH(int, layout);
+        Fixture fixture(30, layout);
+        fixture.view.Find(u"client 2"_s);
+        QVERIFY(fixture.view.IsFinding());
+        QCOMPARE(fixture.view.ShownCount(), 11);  // 2 and 20 to 29
+        const QStringList shown = fixture.view.ShownIds();
+        QCOMPARE(shown.size(), 11);
+        fixture.Click(1, 3);
+        QCOMPARE(fixture.view.SelectedIds(), QStringList{shown[1]});
+        QStringList visited;
+        fixture.view.ForEachSelected([&](const CVORec& record) { visited.append(record.GetId()); });
+        QCOMPARE(visited, QStringList{shown[1]});
+        QSignalSpy edit(&fixture.view, &CRecordListView::EditWanted);
+        QTest::mouseDClick(fixture.view.viewport(), Qt::LeftButton, {}, fixture.At(2, 100));
+        QCOMPARE(edit.value(0).value(0).toString(), shown[2]);
+        QTest::keyClick(&fixture.view, Qt::Key_End);
+        QCOMPARE(fixture.view.CurrentId(), shown.last());
+        fixture.view.selectAll();
+        QCOMPARE(fixture.view.SelectedIds(), shown);
+        QCOMPARE(fixture.view.horizontalHeader()->count(), fixture.model.columnCount());
+    }
+
+    /// Selection and place come back as they were.
+    void endOfFindGivesAllBack() {
+        Fixture fixture(60);
+        fixture.view.SelectIds({fixture.model.IdAt(40), fixture.model.IdAt(41)});
+        fixture.view.scrollTo(fixture.model.index(38, 0), QAbstractItemView::PositionAtTop);
+        const auto inSight = fixture.view.RowsInSight();
+        const QList<int> selected = fixture.SelectedRows();
+        const QString current = fixture.view.CurrentId();
+        fixture.view.Find(u"client 5"_s);
+        fixture.view.Find(u"client 59"_s);
+        QCOMPARE(fixture.view.ShownCount(), 1);
+        QCOMPARE(fixture.view.ListRowsInSight().size(), 1U);
+        fixture.view.Find({});
+        QVERIFY(!fixture.view.IsFinding());
+        QCOMPARE(fixture.view.ShownCount(), 60);
+        QCOMPARE(fixture.SelectedRows(), selected);
+        QCOMPARE(fixture.view.CurrentId(), current);
+        QCOMPARE(fixture.view.RowsInSight(), inSight);
+    }
+
+    /// Who has found a record wants to see it among its neighbours.
+    void whatWasSelectedInFindStays() {
+        Fixture fixture(60);
+        fixture.view.SelectIds({fixture.model.IdAt(3)});
+        fixture.view.Find(u"client 1"_s);
+        fixture.Click(1, 100);
+        const QStringList found = fixture.view.SelectedIds();
+        fixture.view.Find(u"client"_s);
+        QCOMPARE(fixture.view.SelectedIds(), found);
+        fixture.view.Find({});
+        QCOMPARE(fixture.view.SelectedIds(), found);
+        QVERIFY(found != QStringList{fixture.model.IdAt(3)});
+        const auto [first, last] = fixture.view.RowsInSight();
+        QVERIFY(first <= fixture.SelectedRows().front() && fixture.SelectedRows().front() <= last);
+    }
+
+    void findIsToldOnceAsSelection() {
+        Fixture fixture(10);
+        fixture.view.SelectIds({fixture.model.IdAt(3)});
+        QSignalSpy changed(&fixture.view, &CRecordListView::SelectionChanged);
+        fixture.view.Find(u"client"_s);
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(fixture.view.SelectedCount(), 1);
+        QSignalSpy end(&fixture.view, &CRecordListView::FindEndWanted);
+        QTest::keyClick(&fixture.view, Qt::Key_Escape);
+        QCOMPARE(end.count(), 1);
+    }
+
+    /// The widths that the user chose stay through a search.
+    void findKeepsWidths() {
+        Fixture fixture(10, 3);
+        fixture.DragEdge(2, 33);
+        const int width = fixture.view.columnWidth(2);
+        fixture.view.Find(u"client"_s);
+        QCOMPARE(fixture.view.columnWidth(2), width);
+        fixture.view.Find({});
+        QCOMPARE(fixture.view.columnWidth(2), width);
+    }
 };
 
 TEST_CLASS(TestCRecordListView);

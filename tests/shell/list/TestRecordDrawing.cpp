@@ -454,6 +454,40 @@ class TestRecordDrawing final : public QObject {
             fixture.Add(isTime ? static_cast<CVORec&>(time) : expense);
         }
     }
+
+    /// Words that are looked for stand on a colour of their own, in texts and in the notes of several lines;
+    /// the picture of the notes stands on it as a whole.
+    void wordsAreMarked_data() {
+        QTest::addColumn<int>("layout");
+        QTest::addColumn<QString>("words");
+        QTest::addColumn<bool>("isMarked");
+        QTest::newRow("lines: a client") << 4 << u"cme"_s << true;
+        QTest::newRow("lines: in the notes") << 4 << u"SECOND"_s << true;
+        QTest::newRow("columns: a client") << 3 << u"cme"_s << true;
+        QTest::newRow("columns: in the notes") << 3 << u"second"_s << true;
+        QTest::newRow("a figure of the date is no word of a text") << 3 << u"11 acme"_s << false;
+    }
+    void wordsAreMarked() {
+        QFETCH(int, layout);
+        QFETCH(QString, words);
+        QFETCH(bool, isMarked);
+        Fixture fixture;
+        fixture.AddTime();
+        fixture.Show(layout);
+        const auto marked = [&fixture] {
+            const QImage picture = fixture.view.viewport()->grab().toImage();
+            for (int y = 0; y < picture.height(); ++y)
+                for (int x = 0; x < picture.width(); ++x)
+                    if (picture.pixelColor(x, y) == fixture.Colours().found) return true;
+            return false;
+        };
+        QVERIFY(!marked());
+        fixture.view.Find(words);
+        QCOMPARE(fixture.view.ShownCount(), isMarked ? 1 : 0);
+        QCOMPARE(marked(), isMarked);
+        fixture.view.Find({});
+        QVERIFY(!marked());
+    }
 };
 
 TEST_CLASS(TestRecordDrawing);

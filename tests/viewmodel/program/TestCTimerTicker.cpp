@@ -16,7 +16,11 @@ struct Fixture {
     ActiveTimerSet timers{home.clock};
     CRecordListModel model{*home.document, timers, *home.settings};
     std::pair<int, int> sight{0, 9};
-    CTimerTicker ticker{timers, model, [this] { return sight; }};
+    CTimerTicker ticker{timers, model, [this] {
+                            std::vector<int> rows;
+                            for (int row = sight.first; row <= sight.second; ++row) rows.push_back(row);
+                            return rows;
+                        }};
 
     /// Sixty records; row 3 and row 50 have a running timer.
     Fixture() {
