@@ -25,6 +25,7 @@ class CommandConditions {
             state.*thing.flag = false;
             if (!IsOffered(m_row, state)) words << QString::fromLatin1(thing.words);
         }
+        AddHistory(words);
         return words.isEmpty() ? QStringLiteral("always") : words.join(QStringLiteral(", "));
     }
 
@@ -35,6 +36,7 @@ class CommandConditions {
         const char* words;
     };
     static constexpr Thing kThings[] = {
+        {&CommandState::isFinding, "search in the list shown"},
         {&CommandState::treeShown, "data tree shown"},
         {&CommandState::treeHasNode, "entry of the data tree selected"},
         {&CommandState::treeCanExpand, "selected entry with entries below it"},
@@ -58,6 +60,7 @@ class CommandConditions {
         state.selected = listInFront ? 1 : 0;
         state.listed = listInFront ? 3 : 0;
         for (const Thing& thing : kThings) state.*thing.flag = true;
+        state.undo = state.redo = QStringLiteral("a change");
         return state;
     }
     void Note(bool listInFront, bool timeMode) {
@@ -85,6 +88,14 @@ class CommandConditions {
         CommandState empty = m_base;
         empty.listed = 0;
         if (!IsOffered(m_row, empty)) words << QStringLiteral("records listed");
+    }
+
+    void AddHistory(Words& words) const {
+        CommandState nothingDone = m_base, nothingUndone = m_base;
+        nothingDone.undo.clear();
+        nothingUndone.redo.clear();
+        if (!IsOffered(m_row, nothingDone)) words << QStringLiteral("a change to take back");
+        if (!IsOffered(m_row, nothingUndone)) words << QStringLiteral("a change that was taken back");
     }
 
     const CommandRow& m_row;
