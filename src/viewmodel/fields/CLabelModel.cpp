@@ -25,7 +25,7 @@ int CLabelModel::FieldOf(const QModelIndex& index) const {
 }
 
 Qt::ItemFlags CLabelModel::flags(const QModelIndex& index) const {
-    const Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemNeverHasChildren;
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
     return index.isValid() && index.column() != kField ? flags | Qt::ItemIsEditable : flags;
 }
 
