@@ -69,19 +69,8 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::CustomizeBar, [](Self& self, int bar) { self.m_views.CustomizeBar(Bar{bar}); }},
         {::Run::Refresh, [](Self& self, int) { self.m_context.control.Refresh(); }},
         {::Run::RebuildViews, [](Self& self, int) { self.m_views.RebuildViews(); }},
-        {::Run::PeriodPreset, [](Self& self, int preset) { self.Period().Preset(preset); }},
-        {::Run::PeriodAll, [](Self& self, int) { self.Period().All(); }},
-        {::Run::PeriodDay, [](Self& self, int) { self.m_context.control.PickDay(); }},
-        {::Run::PeriodPrevious, [](Self& self, int) { self.Period().StepBack(); }},
-        {::Run::PeriodNext, [](Self& self, int) { self.Period().StepForward(); }},
-        {::Run::FilterDialog, [](Self& self, int) { self.m_filters.FilterDialog(); }},
-        {::Run::ClearFilter, [](Self& self, int) { self.Period().ClearConditions(); }},
-        {::Run::FilterTimers, [](Self& self, int) { self.Period().WithTimers(); }},
-        {::Run::FilterBy, [](Self& self, int command) { self.m_filters.FilterBy(command); }},
         {::Run::EditLists, [](Self& self, int) { self.m_lists.EditLists(); }},
         {::Run::EditDependencies, [](Self& self, int) { self.m_dependencies.Edit(); }},
-        {::Run::Find, [](Self& self, int) { self.m_find.Open(); }},
-        {::Run::FindEverywhere, [](Self& self, int) { self.m_find.ToggleEverywhere(); }},
         {::Run::UseDependencies, [](Self& self, int) { self.m_filters.ToggleDependencies(); }},
         {::Run::FindCommand, [](Self& self, int) { self.m_views.FindCommand(); }},
         {::Run::Backup, [](Self& self, int) { self.m_backup.Backup(); }},
@@ -97,6 +86,26 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::Guide, [](Self& self, int) { self.RunGuide(); }},
         {::Run::About, [](Self& self, int) { self.m_views.About(); }},
         {::Run::Exit, [](Self& self, int) { self.m_context.control.Leave(); }},
+    };
+    const auto* row = std::ranges::find(kHandlers, run, &HandlerRow::run);
+    return row == std::end(kHandlers) ? FilterHandlerOf(run) : row->handler;
+}
+
+/// The commands that choose which records are shown.
+CFrameCommands::Handler CFrameCommands::FilterHandlerOf(::Run run) {
+    using Self = CFrameCommands;
+    static constexpr HandlerRow kHandlers[] = {
+        {::Run::PeriodPreset, [](Self& self, int preset) { self.Period().Preset(preset); }},
+        {::Run::PeriodAll, [](Self& self, int) { self.Period().All(); }},
+        {::Run::PeriodDay, [](Self& self, int) { self.m_context.control.PickDay(); }},
+        {::Run::PeriodPrevious, [](Self& self, int) { self.Period().StepBack(); }},
+        {::Run::PeriodNext, [](Self& self, int) { self.Period().StepForward(); }},
+        {::Run::FilterDialog, [](Self& self, int) { self.m_filters.FilterDialog(); }},
+        {::Run::ClearFilter, [](Self& self, int) { self.Period().ClearConditions(); }},
+        {::Run::FilterTimers, [](Self& self, int) { self.Period().WithTimers(); }},
+        {::Run::FilterBy, [](Self& self, int command) { self.m_filters.FilterBy(command); }},
+        {::Run::Find, [](Self& self, int) { self.m_find.Open(); }},
+        {::Run::FindEverywhere, [](Self& self, int) { self.m_find.ToggleEverywhere(); }},
     };
     const auto* row = std::ranges::find(kHandlers, run, &HandlerRow::run);
     return row == std::end(kHandlers) ? ReportHandlerOf(run) : row->handler;

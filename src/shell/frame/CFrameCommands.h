@@ -45,6 +45,7 @@ class CFrameCommands {
         Handler handler;
     };
     [[nodiscard]] static Handler HandlerOf(::Run run);
+    [[nodiscard]] static Handler FilterHandlerOf(::Run run);
     [[nodiscard]] static Handler ReportHandlerOf(::Run run);
     void RunGuide();
     void DescribeTree(CommandState& state) const;
