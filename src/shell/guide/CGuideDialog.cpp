@@ -178,8 +178,10 @@ GuideDraft CGuideDialog::Entered() const {
     return draft;
 }
 
-/// A timer counts as entered only once its page was accepted.
+/// A timer counts as entered only once its page was accepted. At the end of the program all windows are
+/// closed, this one behind the one that it belongs to: nobody has decided anything then.
 void CGuideDialog::reject() {
+    if (parentWidget() && !parentWidget()->isVisible()) return QDialog::reject();
     GuideDraft draft = Entered();
     draft.startsTimer = false;
     if (draft == m_proposal) return Leave();

@@ -29,7 +29,6 @@ class CGuideWordsPage final : public CGuidePage {
     void AddOwnWords(QVBoxLayout& column, CMnemonics& mnemonics);
     QLineEdit* AddWord(QGridLayout& form, Text label, Text sample, const QString& objectName,
                        CMnemonics& mnemonics);
-    [[nodiscard]] QString ChoiceText(GuideWords words) const;
     void Follow();
 
     const CGuide& m_guide;

@@ -6,6 +6,7 @@
 #include "shell/frame/ModalUser.h"
 #include "support/TestProgram.h"
 #include "viewmodel/commands/BarButtons.h"
+#include "viewmodel/guide/CGuide.h"
 
 #include <QCheckBox>
 #include <QFontDialog>

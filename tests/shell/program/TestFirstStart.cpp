@@ -62,7 +62,8 @@ class TestFirstStart final : public QObject {
         QVERIFY(m_program.waitForStarted());
         const auto isEnded = [this] {
             static_cast<void>(HasDialog());
-            return m_program.waitForFinished(100);
+            m_program.waitForFinished(100);
+            return m_program.state() == QProcess::NotRunning;
         };
         QTRY_VERIFY_WITH_TIMEOUT(isEnded(), 20000);
         QCOMPARE(m_program.exitCode(), 0);
