@@ -327,9 +327,9 @@ bool HasName(QWidget& widget) {
 }
 
 /// What the focus comes to by Tab, from where it is until it is there again; each once, though Tab goes
-/// through a time field part by part.
+/// through a time field part by part, and through options below one another editor by editor.
 QList<QWidget*> TabRound(const QWidget& window, qsizetype most) {
-    constexpr qsizetype kParts = 4;
+    constexpr qsizetype kParts = 6;
     QList<QWidget*> stops{window.focusWidget()};
     for (qsizetype step = 0; step < most + kParts; ++step) {
         QTest::keyClick(window.focusWidget(), Qt::Key_Tab);

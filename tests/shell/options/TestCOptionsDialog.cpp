@@ -148,6 +148,8 @@ class TestCOptionsDialog : public QObject {
             QStringLiteral(" First day of week = Sunday"),
             QStringLiteral(" Timespan display format = Decimal"),
             QStringLiteral(" Year display format = Short year"),
+            QStringLiteral(" Times of day = As the region has it"),
+            QStringLiteral(" Distances = As the region has it"),
             QStringLiteral("Timer behavior"),
             QStringLiteral(" Upon a new timer, all running timers should = Continue"),
             QStringLiteral(" Upon application exit, all running timers should = Pause"),
@@ -210,7 +212,7 @@ class TestCOptionsDialog : public QObject {
         auto* search = dialog.findChild<QLineEdit*>(QStringLiteral("optionsSearch"));
         search->setText(QStringLiteral("round"));
         search->setText(QString());
-        QCOMPARE(Rows(*Tree(dialog)).size(), 72);
+        QCOMPARE(Rows(*Tree(dialog)).size(), 74);
     }
 
     void SpaceTurnsACheckBox() {
