@@ -105,6 +105,13 @@ void TestCSortKeys::Times_data() {
         << Records{[](CTRecord& r) { r.spans.duration.Set(2, 0); }, [](CTRecord&) {},
                    [](CTRecord& r) { r.spans.duration.Set(1, 0); }}
         << Keys{{FieldId::Duration, kUp}} << u"cab"_s;
+    QTest::newRow("without a span the next key decides")
+        << Records{[](CTRecord& r) {
+                       r.spans.duration.Set(2, 0);
+                       r.item1 = u"b"_s;
+                   },
+                   [](CTRecord& r) { r.item1 = u"a"_s; }}
+        << Keys{{FieldId::Duration, kUp}, {FieldId::TimeItem1, kUp}} << u"ba"_s;
     QTest::newRow("breaks") << Records{[](CTRecord& r) { r.spans.breakTime.Set(0, 30); },
                                        [](CTRecord& r) { r.spans.breakTime.Set(0, 15); }}
                             << Keys{{FieldId::Break, kUp}} << u"ba"_s;

@@ -296,6 +296,8 @@ void TestReportPage::Csv_data() {
         << ReportKind::Listing << u"say \"a\""_s << u"Date,Client\r\n,\"say \"\"a\"\"\"\r\n"_s;
     QTest::newRow("commas and lines are put between quotes")
         << ReportKind::Listing << u"a,b\nc"_s << u"Date,Client\r\n,\"a,b\nc\"\r\n"_s;
+    QTest::newRow("so is a carriage return by itself")
+        << ReportKind::Listing << u"a\rb"_s << u"Date,Client\r\n,\"a\rb\"\r\n"_s;
     QTest::newRow("groups without their total")
         << ReportKind::Grouped << u"A"_s << u"Client,Amount\r\nA,0.00\r\n"_s;
     QTest::newRow("a summary: section, caption, value")
