@@ -2,5 +2,6 @@
 
 class CCfgStore;
 
-/// Gives the columns of list and tree the names that their fields have at present. False before they know any.
+/// Gives the columns of list and tree the names that their fields have at present. False before they know
+/// any.
 [[nodiscard]] bool NameColumns(CCfgStore& settings);

@@ -95,7 +95,8 @@ void CRecordStore::TellOfJournal() {
     CStoreJournal* journal = m_manager.Journal();
     const QString notice = journal ? journal->TakeNotice() : QString();
     if (!notice.isEmpty())
-        Tell(Text::HistoryTitle, LoadText(Text::HistoryTitle) + QStringLiteral(": ") + notice, BoxIcon::Warning);
+        Tell(Text::HistoryTitle, LoadText(Text::HistoryTitle) + QStringLiteral(": ") + notice,
+             BoxIcon::Warning);
 }
 
 bool CRecordStore::IsDamaged() const {

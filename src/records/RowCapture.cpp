@@ -65,7 +65,8 @@ void RowCapture::Begin(int table, const CChangedRow& row) {
                                .before = {}},
                         .hasSum = isGone});
     if (row.Event() == RowEvent::Added || m_isTooLarge) return;
-    for (int column = 0; column < columns; ++column) RowOpImage::Append(m_open->op.before, row.Before(column));
+    for (int column = 0; column < columns; ++column)
+        RowOpImage::Append(m_open->op.before, row.Before(column));
 }
 
 void RowCapture::Flush() {

@@ -62,8 +62,8 @@ class TestLabelChanges final : public QObject {
         labels.Set(109, u"Patient"_s);
         labels.Set(110, u"Project"_s);  // the default all the same
         QCOMPARE(Drawn(labels, NoNames()),
-                 (QStringList{u"time Client heading: Patients -> Client"_s, u"time Client: Patient -> Client"_s,
-                              u"expense Client: Payer -> Client"_s}));
+                 (QStringList{u"time Client heading: Patients -> Client"_s,
+                              u"time Client: Patient -> Client"_s, u"expense Client: Payer -> Client"_s}));
     }
     /// A name that the set doesn't give goes, one that it gives comes, one that is there already isn't shown.
     void ASetOfNames() {
@@ -83,16 +83,16 @@ class TestLabelChanges final : public QObject {
     }
     /// A law office's set on an untouched home: what its 14 rows change of the 28 names that they give.
     void TheLawOffice() {
-        QCOMPARE(Drawn({}, PresetNames(1)),
-                 (QStringList{u"time Project heading: Project -> Matters"_s, u"time Project: Project -> Matter"_s,
-                              u"time Notes heading: Notes -> Description"_s, u"time Notes: Notes -> Description"_s,
-                              u"expense Project heading: Project -> Matters"_s,
-                              u"expense Project: Project -> Matter"_s,
-                              u"expense Description heading: Descriptions -> Disbursement"_s,
-                              u"expense Description: Description -> Disbursement"_s,
-                              u"expense Amount heading: Amount -> Cost"_s, u"expense Amount: Amount -> Cost"_s,
-                              u"expense Notes heading: Notes -> Description"_s,
-                              u"expense Notes: Notes -> Description"_s}));
+        QCOMPARE(
+            Drawn({}, PresetNames(1)),
+            (QStringList{
+                u"time Project heading: Project -> Matters"_s, u"time Project: Project -> Matter"_s,
+                u"time Notes heading: Notes -> Description"_s, u"time Notes: Notes -> Description"_s,
+                u"expense Project heading: Project -> Matters"_s, u"expense Project: Project -> Matter"_s,
+                u"expense Description heading: Descriptions -> Disbursement"_s,
+                u"expense Description: Description -> Disbursement"_s,
+                u"expense Amount heading: Amount -> Cost"_s, u"expense Amount: Amount -> Cost"_s,
+                u"expense Notes heading: Notes -> Description"_s, u"expense Notes: Notes -> Description"_s}));
     }
     void SomeNamesOnly() {
         FieldLabels labels;

@@ -117,9 +117,7 @@ void TestStops::KilledInTheMiddleOfAStop() {
         explicit Kill(TimerHome& home) : m_home(home) {}
         void OnBegin(CSqliteFile&) override {}
         void OnRow(const CChangedRow&) override {}
-        void OnCommit(CSqliteFile&) override {
-            QVERIFY(m_home.tree.File().Execute("PRAGMA query_only=ON"));
-        }
+        void OnCommit(CSqliteFile&) override { QVERIFY(m_home.tree.File().Execute("PRAGMA query_only=ON")); }
         void OnEnd(bool) override {}
 
      private:

@@ -105,7 +105,7 @@ RestoreOutcome TestBackupFaults::Restore() {
     CRestore restore({.prompt = m_prompt, .clock = m_clock, .progress = m_progress});
     const BackupOutcome verified = restore.Verify(GoldenPath(u"current.vbk"_s));
     if (!verified) return {.error = verified.error, .safetyCopy = {}};
-    return restore.Run(m_work.path());
+    return restore.Run(m_work.path(), nullptr);
 }
 
 void TestBackupFaults::EachCallOfABackup_data() {

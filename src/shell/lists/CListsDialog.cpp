@@ -319,10 +319,9 @@ void CListsDialog::Delete() {
 void CListsDialog::Rename() {
     const QString former = m_items->Current();
     if (former.isNull()) return m_editor.TellNothingSelected(Text::NoItemToRename);
-    const std::optional<QString> text =
-        AskText(this, {.title = FormatText<Text::RenameItemTitle>(former),
-                       .label = LoadText(Text::PromptRenameItem).trimmed(),
-                       .opening = former});
+    const std::optional<QString> text = AskText(this, {.title = FormatText<Text::RenameItemTitle>(former),
+                                                       .label = LoadText(Text::PromptRenameItem).trimmed(),
+                                                       .opening = former});
     if (!text) return;
     const ItemRename rename{.list = List(), .oldText = former, .newText = *text};
     const CListEditor::Renamed renamed = m_editor.Rename(rename);

@@ -294,9 +294,8 @@ class TestCLabelsDialog final : public QObject {
         Enter(Times(), {0, 2}, u"Guest"_s);
         QCOMPARE(Shown({0, 2}), u"Patient"_s);
         home->prompt.ExpectTold(Text::InsertFailed);
-        Press("preset1Button",
-              u"Use the names of a law office? Your own names of fields are taken away."_s, u"Field names"_s,
-              "acceptButton");
+        Press("preset1Button", u"Use the names of a law office? Your own names of fields are taken away."_s,
+              u"Field names"_s, "acceptButton");
         QCOMPARE(Shown({0, 2}), u"Patient"_s);
         QCOMPARE(Shown({1, 2}), u"Project"_s);
         home->prompt.Finish();
@@ -304,10 +303,9 @@ class TestCLabelsDialog final : public QObject {
 
     void ASetShowsFirstWhatItChanges() {
         Enter(Times(), {2, 2}, u"Task"_s);
-        const QStringList shown =
-            Press("preset2Button",
-                  u"Use the names of a field service? Your own names of fields are taken away."_s,
-                  u"Field names"_s, "cancelButton");
+        const QStringList shown = Press(
+            "preset2Button", u"Use the names of a field service? Your own names of fields are taken away."_s,
+            u"Field names"_s, "cancelButton");
         QVERIFY(shown.contains(u"Time: Client, list heading | Client | Customer"_s));
         QVERIFY(shown.contains(u"Time: Activity, field name | Task | Job"_s));
         QVERIFY(shown.contains(u"Expenses: Payment, field name | Payment | Paid by"_s));
@@ -318,10 +316,9 @@ class TestCLabelsDialog final : public QObject {
     void ASetTakesThePlaceOfAllNames() {
         Enter(Times(), {5, 2}, u"Money"_s);
         Enter(Expenses(), {9, 1}, u"Back"_s);
-        const QStringList shown =
-            Press("preset2Button",
-                  u"Use the names of a field service? Your own names of fields are taken away."_s,
-                  u"Field names"_s, "acceptButton");
+        const QStringList shown = Press(
+            "preset2Button", u"Use the names of a field service? Your own names of fields are taken away."_s,
+            u"Field names"_s, "acceptButton");
         QVERIFY(shown.contains(u"Time: Currency, field name | Money | Currency"_s));
         QCOMPARE(OwnNames(RecordMode::Time),
                  u"Customer/Customer Site/Site Job/Job Vehicles/Vehicle Notes/Notes Billable/Billable "

@@ -24,7 +24,9 @@ class TestCLabelModel final : public QObject {
         editor = std::make_unique<CLabelEditor>(*home->catalogue);
         model = std::make_unique<CLabelModel>(mode, home->catalogue->Labels(), *editor);
     }
-    [[nodiscard]] QString Shown(int row, int column) const { return model->index(row, column).data().toString(); }
+    [[nodiscard]] QString Shown(int row, int column) const {
+        return model->index(row, column).data().toString();
+    }
     [[nodiscard]] bool IsDefault(int row, int column) const {
         return model->index(row, column).data(CLabelModel::kIsDefaultRole).toBool();
     }
@@ -50,11 +52,13 @@ class TestCLabelModel final : public QObject {
         QTest::addColumn<RecordMode>("mode");
         QTest::addColumn<QString>("header");
         QTest::addColumn<QString>("fields");
-        QTest::newRow("time") << RecordMode::Time << u"Field of time records"_s
-                              << u"Client Project Activity Cost centre Rate Currency Amount Notes Billable Billed"_s;
-        QTest::newRow("expenses") << RecordMode::Expense << u"Field of expenses"_s
-                                  << u"Client Project Description Payment Currency Amount Notes Billable Billed "
-                                     "Reimbursable Reimbursed Personal"_s;
+        QTest::newRow("time")
+            << RecordMode::Time << u"Field of time records"_s
+            << u"Client Project Activity Cost centre Rate Currency Amount Notes Billable Billed"_s;
+        QTest::newRow("expenses")
+            << RecordMode::Expense << u"Field of expenses"_s
+            << u"Client Project Description Payment Currency Amount Notes Billable Billed "
+               "Reimbursable Reimbursed Personal"_s;
     }
     void Rows() {
         QFETCH(RecordMode, mode);
