@@ -75,11 +75,11 @@ void TestHistoryCommands::nothingThere() {
 }
 
 void TestHistoryCommands::restoreAndImport() {
-    Add(u"Acorn"_s);
+    static_cast<void>(Add(u"Acorn"_s));
     const QString backup = m_home->File(u"saved.backup"_s), text = m_home->File(u"records.txt"_s);
     QCOMPARE(m_home->Run({u"backup"_s, backup}).exit, 0);
     QCOMPARE(m_home->Run({u"export"_s, u"records"_s, text}).exit, 0);
-    Add(u"Birch"_s);
+    static_cast<void>(Add(u"Birch"_s));
     const QByteArray both = Listed();
     QCOMPARE(m_home->Run({u"--yes"_s, u"restore"_s, backup}).exit, 0);
     QVERIFY(Listed() != both);

@@ -55,8 +55,8 @@ class TestCommandTable final : public QObject {
     void shortcutsStandOnce() {
         QSet<QString> seen;
         QStringList shared;
-        const CommandState list{.listIsActive = true, .isFinding = true, .reportIsActive = false};
-        const CommandState report{.listIsActive = false, .isFinding = true, .reportIsActive = true};
+        const CommandState list{.listIsActive = true, .reportIsActive = false, .isFinding = true};
+        const CommandState report{.listIsActive = false, .reportIsActive = true, .isFinding = true};
         for (const CommandRow& row : CommandTable())
             for (const QString& keys : ShortcutsOf(row)) {
                 const bool isEither = !IsOffered(row, list) || !IsOffered(row, report);

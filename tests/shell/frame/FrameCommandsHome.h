@@ -8,6 +8,7 @@
 #include "shell/frame/CFrameCommands.h"
 #include "shell/frame/CFrameControl.h"
 #include "shell/frame/ScriptedDialogs.h"
+#include "shell/list/CListFindBar.h"
 #include "shell/list/CRecordListView.h"
 #include "shell/report/CReportPane.h"
 #include "support/CNotedLauncher.h"
@@ -36,6 +37,7 @@ class NotedControl final : public CFrameControl {
     void SwitchMode(RecordMode to) override { asked << QStringLiteral("mode %1").arg(static_cast<int>(to)); }
     void Refresh() override { asked << QStringLiteral("refresh"); }
     void ReadLists() override { asked << QStringLiteral("lists"); }
+    void FollowList() override { asked << QStringLiteral("follow"); }
     void RebuildList() override { asked << QStringLiteral("list"); }
     void PickDay() override { asked << QStringLiteral("day"); }
     CommandState State() const override { return state(); }
@@ -84,6 +86,7 @@ struct Fixture {
     CRecordTimers timers{set, *home.document, *home.settings};
     CRecordListModel model{*home.document, set, *home.settings};
     CRecordListView view{model, *home.settings};
+    CListFindBar findBar;
     CReportPane report{home.settings->Profile()};
     NoProgress progress;
     NotedControl control;
@@ -124,6 +127,7 @@ struct Fixture {
                 .clock = home.clock,
                 .model = model,
                 .view = view,
+                .findBar = findBar,
                 .report = report,
                 .tree = tree,
                 .actions = madeActions,
