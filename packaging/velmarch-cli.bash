@@ -78,14 +78,14 @@ _velmarch_cli() {
             backup verify restore texts doctor demo $global" ;;
         'time ' | 'expense ') choices="add edit show delete copy mark new list $global" ;;
         'timer ') choices="start pause stop stop-all pause-all drop status $global" ;;
-        'items ') choices="list add rename delete clear $global" ;;
+        'items ') choices="list add rename merge delete clear $global" ;;
         'tree ') choices="show add remove $global" ;;
         'labels ') choices="list set reset preset $global" ;;
         'defaults ') choices="list show save rename delete $global" ;;
         'report ') choices="fields list show save edit rename delete run $global" ;;
         'query ') choices="list show save rename delete $global" ;;
         'columns ') choices="list set reset $global" ;;
-        'settings ') choices="list get set reset $global" ;;
+        'settings ') choices="list own get set reset $global" ;;
         'period ') choices="list show $global" ;;
         'import ' | 'export ') choices="records items $global" ;;
         'demo ') choices="fill $global" ;;
@@ -95,7 +95,7 @@ _velmarch_cli() {
         'expense edit') choices="$expense --clear $global"; [[ $word == -* ]] || choices=$(_velmarch_cli_ids "$group") ;;
         'expense list') choices="$filter --query --flag1 --flag2 --flag3 --flag4 --flag5 --exported --distance-entries --amount --sort
             --limit $global" ;;
-        'items list' | 'items add' | 'items rename' | 'items delete' | 'items clear') choices=$global
+        'items list' | 'items add' | 'items rename' | 'items merge' | 'items delete' | 'items clear') choices=$global
             [ "$command" != rename ] || choices="--in-records $global"
             [[ $word == -* ]] || choices='16 17 34 32 33 68 69 70 71 72 73' ;;
         'tree show' | 'tree add' | 'tree remove') choices="time expense $global" ;;

@@ -143,14 +143,14 @@ class TestTakeUp final : public QObject {
         Node* node = &home->catalogue->Tree(DependencySet::Time).Root();
         for (int i = 0; i < kDepth; ++i)
             node = &home->catalogue->Tree(DependencySet::Time)
-                        .Append(*node, *home->catalogue->FindItem(16, u"B"_s));
+                        .Append(*node, *home->catalogue->FindItem(17, u"Q"_s));
         QVERIFY(home->catalogue->SaveTree(DependencySet::Time));
         CDependencyEditor editor(*home->catalogue, RecordMode::Time);
         QVERIFY(editor.Add(At(editor), u"C"_s));
         { QVERIFY(TestHome(home->Path()).catalogue->AddItem(16, u"D"_s, false)); }
         QVERIFY(editor.TakeUp());
         QVERIFY(editor.Tree().Walk({u"C"_s}));
-        QVERIFY(editor.Tree().Walk(QStringList(kDepth, u"B"_s)));
+        QVERIFY(editor.Tree().Walk(QStringList(kDepth, u"Q"_s)));
     }
 
     void ItemsThatCannotBeRead() {

@@ -163,7 +163,8 @@ bool TestWindowFaults::IsTold(Text sentence) const {
 
 /// What was told doesn't deny it: the timers of a window count on, and are saved when that can be done again.
 bool TestWindowFaults::IsSaidToBeStored() const {
-    return IsTold(Text::CommitUnconfirmed) || IsTold(Text::TimersNotSaved) || IsTold(Text::AddedWithoutTimer);
+    return IsTold(Text::CommitUnconfirmed) || IsTold(Text::TimersNotSaved) ||
+           IsTold(Text::AddedWithoutTimer) || IsTold(Text::HistoryTitle);
 }
 
 void TestWindowFaults::cleanupTestCase() {

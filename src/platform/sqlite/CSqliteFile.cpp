@@ -278,13 +278,17 @@ bool CSqliteFile::Begin() {
     if (InTransaction()) return true;
     if (m_began) return false;
     m_began = Run("BEGIN IMMEDIATE");
-    if (m_began) {
-        m_changesBefore = sqlite3_total_changes64(m_db);
-        m_counterBefore = ChangeCounter();
-        m_isHeard = m_listener != nullptr;
-        if (m_isHeard) m_listener->OnBegin(*this);
-    }
-    return m_began;
+    if (!m_began) return false;
+    m_changesBefore = sqlite3_total_changes64(m_db);
+    m_counterBefore = ChangeCounter();
+    m_isHeard = m_listener != nullptr;
+    if (m_isHeard) m_listener->OnBegin(*this);
+    // A page that the listener could not read may have ended the transaction, and what follows would be
+    // written without one.
+    if (InTransaction()) return true;
+    m_began = false;
+    TellEnd(false);
+    return false;
 }
 
 void CSqliteFile::Watch(CRowListener* listener) {

@@ -298,8 +298,8 @@ EmptyReason CMainFrame::WhyNothing() const {
 
 void CMainFrame::ShowListOrNote() {
     const bool showsList = m_view->ShownCount() > 0;
-    const QString what =
-        m_view->IsFinding() ? m_findBar->Words() : m_context.app.Document().CurrentFilter().displayName;
+    const CVelmarchDoc& document = m_context.app.Document();
+    const QString what = m_view->IsFinding() ? m_findBar->Words() : document.CurrentFilter().displayName;
     if (!showsList) m_note->Show(WhyNothing(), theRecordMode, what);
     // A report stays in front whatever happens to the records behind it.
     if (!m_screen || !m_screen->IsShown()) Front(showsList ? static_cast<QWidget&>(*m_view) : *m_note);

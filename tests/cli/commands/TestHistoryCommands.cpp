@@ -70,7 +70,7 @@ void TestHistoryCommands::nothingThere() {
     QCOMPARE(m_home->RunJson({u"history"_s}).out, QByteArray("[]\n"));
     const Reply reply = m_home->Run({u"undo"_s});
     QCOMPARE(reply.exit, 4);
-    QCOMPARE(reply.err, QByteArray("There is nothing to undo.\n"));
+    QCOMPARE(reply.err, QByteArray("velmarch-cli: There is nothing to undo.\n"));
     QCOMPARE(m_home->Run({u"redo"_s}).exit, 4);
 }
 

@@ -138,6 +138,8 @@ class TestCommandTable final : public QObject {
              kAll, kAll);
         // filters
         rows({114, 32810, 32804, 32805, 32832, 32833, 32837}, kAll, kAll);
+        rows({40260}, kAll, kAll);
+        rows({40250, 40251, 40261}, kNever, kNever);
         rows({32806, 32807}, kAll, kNever);
         rows({32808, 32809, 32834, 32835, 32836}, kNever, kAll);
         rows({32851, 32868, 32869}, kNever, kNever);
@@ -181,7 +183,10 @@ class TestCommandTable final : public QObject {
         QTest::addColumn<bool>("offered");
         CommandState timer = Everything(0), running = timer, step = timer, busy = timer, note = timer;
         CommandState node = timer, leaf = timer, hidden = timer, expense = timer, timerOfExpenses = timer;
-        CommandState withoutRegional = timer;
+        CommandState withoutRegional = timer, changed = timer, undone = timer, search = timer;
+        changed.undo = QStringLiteral("add a record");
+        undone.redo = QStringLiteral("add a record");
+        search.isFinding = true;
         withoutRegional.hasRegionalSettings = false;
         CommandState report = timer, text = timer, chart = timer;
         report.listIsActive = false;
@@ -230,6 +235,10 @@ class TestCommandTable final : public QObject {
         QTest::newRow("show a hidden tree") << 32771 << hidden << true;
         QTest::newRow("regional settings of the desktop") << 32781 << timer << true;
         QTest::newRow("of a desktop without them") << 32781 << withoutRegional << false;
+        QTest::newRow("undo of a change") << 40250 << changed << true;
+        QTest::newRow("redo of nothing undone") << 40251 << changed << false;
+        QTest::newRow("redo of what was undone") << 40251 << undone << true;
+        QTest::newRow("find everywhere in the search") << 40261 << search << true;
         for (const int id : {32818, 32821, 32846, 32816, 32881, 32884})
             QTest::addRow("%d with a report in front", id) << id << report << false;
         for (const int id : {32785, 32786, 32787, 32788, 114})
@@ -365,11 +374,6 @@ class TestCommandTable final : public QObject {
         QCOMPARE(MenuUnderButton(40055), Menu::Mark);
         QCOMPARE(MenuUnderButton(40210), Menu::ReportChart);
         QCOMPARE(MenuUnderButton(101), Menu::Help);
-    }
-
-    /// What isn't built has no row: the editors of lists and names.
-    void unbuiltCommandsAreNotShown() {
-        for (const int id : {40009, 40100}) QCOMPARE(RowOf(id), nullptr);
     }
 };
 

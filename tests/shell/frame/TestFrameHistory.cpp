@@ -2,6 +2,7 @@
 #include "changes/CHistory.h"
 #include "support/TestProgram.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 
 using namespace Qt::Literals::StringLiterals;
@@ -11,6 +12,7 @@ class TestFrameHistory final : public QObject {
     Q_OBJECT
 
  private Q_SLOTS:
+    void initTestCase() { QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR))); }
     void menuNamesTheChange();
     void keysTakeItBackAndAgain();
     void manyRecords();
@@ -29,7 +31,8 @@ class TestFrameHistory final : public QObject {
     }
     QTemporaryDir m_folder;
     [[nodiscard]] QString Home() {
-        return m_folder.filePath(QString::fromLatin1(QTest::currentTestFunction()));
+        const QString home = m_folder.filePath(QString::fromLatin1(QTest::currentTestFunction()));
+        return QDir().mkpath(home) ? home : QString();
     }
 };
 
@@ -45,7 +48,7 @@ void TestFrameHistory::menuNamesTheChange() {
     QCOMPARE(Caption(window, Command::kUndo), u"&Undo: delete 3 records"_s);
     window.frame->RunCommand(Command::kUndo);
     QCOMPARE(Caption(window, Command::kUndo), u"&Undo: add a record"_s);
-    QCOMPARE(Caption(window, Command::kRedo), u"Re&do: delete 3 records"_s);
+    QCOMPARE(Caption(window, Command::kRedo), u"&Redo: delete 3 records"_s);
 }
 
 void TestFrameHistory::keysTakeItBackAndAgain() {
@@ -66,6 +69,8 @@ void TestFrameHistory::manyRecords() {
     const QString first = window.Add(17);
     constexpr int kRecords = 2 * static_cast<int>(CVelmarchDoc::kMostRefreshed) + 1;
     CTRecord record;
+    record.Reset();
+    record.date.Set(11, 17, 2026);
     QVERIFY(window.app.Store().BeginBatch());
     for (int number = 0; number < kRecords; ++number) {
         record.GenUnique();
