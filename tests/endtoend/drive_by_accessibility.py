@@ -189,7 +189,7 @@ def look_over_the_dialogs(window):
         # Where a file is asked for the dialog is the toolkit's own.
         if not find(form, ROLE.LIST, "Files", in_sight=False):
             look_over(form, " > ".join(path))
-        answer = lambda name: name in ("Cancel", "Close")
+        answer = lambda name: name in ("Cancel", "Close", "Skip the first steps")
         do(get(form, ROLE.PUSH_BUTTON, answer), "Press")
         no_dialog(window)
         dialogs += 1

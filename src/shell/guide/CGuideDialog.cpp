@@ -116,6 +116,7 @@ void CGuideDialog::AddPages() {
                new CGuideHoursPage(m_guide, mnemonics), new CGuideTimerPage(m_guide, mnemonics)};
     for (CGuidePage* page : m_pages) {
         page->setAccessibleName(LoadText(page->Title()));
+        page->Show(m_draft);  // its fields have names before it is in front
         m_stack->addWidget(page);
     }
     NameWidget(*m_stack, u"guidePages"_s, LoadText(Text::GuidePages));
