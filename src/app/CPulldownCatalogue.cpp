@@ -388,7 +388,7 @@ void CPulldownCatalogue::Forget() {
 QString CPulldownCatalogue::StoreVersion() {
     CVOSrcMgr& manager = m_store.Manager();
     if (!manager.Query(LoadText(Text::SqlDataVersion), false) || !manager.m_recordset) return {};
-    const QString version = manager.m_recordset->GetFieldValueString(0);
+    QString version = manager.m_recordset->GetFieldValueString(0);
     manager.CloseQuery();
     return version;
 }

@@ -8,8 +8,6 @@
 #include "records/CRecordStore.h"
 #include "records/StoreTransaction.h"
 
-#include <ranges>
-
 namespace {
 
 UndoOutcome Refused(const QString& words) {
@@ -89,8 +87,8 @@ UndoOutcome CUndo::RevertAll(const HistoryRow& change) {
         return Refused(FormatText<Text::HistoryUnreadable>(ChangeName(change.kind, change.count),
                                                            m_context.history.Error()));
     RowReverter reverter(m_context.store.Manager().File(), HistoryTables());
-    for (const QByteArray& part : std::views::reverse(*parts))
-        if (const QString why = RevertPart(part, change, reverter, outcome); !why.isEmpty())
+    for (auto part = parts->crbegin(); part != parts->crend(); ++part)
+        if (const QString why = RevertPart(*part, change, reverter, outcome); !why.isEmpty())
             return Refused(why);
     outcome.times.removeDuplicates();
     outcome.expenses.removeDuplicates();
@@ -103,10 +101,10 @@ QString CUndo::RevertPart(const QByteArray& part, const HistoryRow& change, RowR
     const QString name = ChangeName(change.kind, change.count);
     const auto ops = RowLog::Read(part);
     if (!ops) return FormatText<Text::HistoryUnreadable>(name, m_context.history.Error());
-    for (const RowOp& op : std::views::reverse(*ops)) {
-        const RowReverter::End end = reverter.Revert(op);
-        if (end != RowReverter::End::Done) return WhyNotReverted(end, op, name);
-        Note(op, outcome);
+    for (auto op = ops->crbegin(); op != ops->crend(); ++op) {
+        const RowReverter::End end = reverter.Revert(*op);
+        if (end != RowReverter::End::Done) return WhyNotReverted(end, *op, name);
+        Note(*op, outcome);
     }
     return {};
 }

@@ -4,7 +4,6 @@
 #include "lists/DependencyChain.h"
 
 #include <QSet>
-#include <ranges>
 #include <utility>
 #include <vector>
 
@@ -167,7 +166,7 @@ bool CDependencyEditor::DeleteItem(int list, const QString& text) {
     std::vector<Node*> places;
     for (Node* node = DependencyTree::NextOf(m_tree.Root()); node; node = DependencyTree::NextOf(*node))
         if (node->Item() == item) places.push_back(node);
-    for (Node* node : std::views::reverse(places)) RemoveNode(*node);
+    for (auto place = places.rbegin(); place != places.rend(); ++place) RemoveNode(**place);
     m_isChanged = true;
     return true;
 }
