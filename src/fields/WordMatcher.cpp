@@ -1,5 +1,6 @@
 #include "fields/WordMatcher.h"
 
+#include <QStringList>
 #include <algorithm>
 #include <array>
 

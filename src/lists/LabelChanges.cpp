@@ -20,8 +20,8 @@ QString TitleOfHeading(int field) {
 }  // namespace
 
 QString DefaultLabel(int field) {
-    if (const QString name = FieldLabels::Default(field); !name.isEmpty()) return name;
-    const QString heading = DefaultHeading(field);
+    if (QString name = FieldLabels::Default(field); !name.isEmpty()) return name;
+    QString heading = DefaultHeading(field);
     return heading.isEmpty() ? TitleOfHeading(field) : heading;
 }
 

@@ -43,11 +43,13 @@ void CReadBack::Note(const QString& line, bool comesBack) {
 /// Between two qualifiers everything else is safe.
 bool CReadBack::MayBeLost(const QStringList& fields) const {
     if (!AreDifferent(m_delimiters)) return true;
-    const auto& [qualifier, separator, lineEnd] = m_delimiters;
+    const QString& qualifier = m_delimiters.qualifier;
+    const auto isUnsafe = [this](const QString& field) {
+        return field.contains(m_delimiters.separator) || field.contains(m_delimiters.lineEnd) ||
+               field.contains(u'\r');
+    };
     return std::ranges::any_of(fields, [&](const QString& field) {
-        return qualifier.isEmpty()
-                   ? field.contains(separator) || field.contains(lineEnd) || field.contains(u'\r')
-                   : field.contains(qualifier.front());
+        return qualifier.isEmpty() ? isUnsafe(field) : field.contains(qualifier.front());
     });
 }
 

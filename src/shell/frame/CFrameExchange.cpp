@@ -134,7 +134,7 @@ void CFrameExchange::TellCancelled() {
 
 QString CFrameExchange::DoneWords(const ImportPlan& plan) const {
     constexpr std::size_t kMostNamed = 5;
-    const QString done = FormatText<Text::ImportDone>(plan.records);
+    QString done = FormatText<Text::ImportDone>(plan.records);
     if (plan.misreadCount == 0) return done;
     const auto named = std::span(plan.misread).first(std::min(plan.misread.size(), kMostNamed));
     return FormatText<Text::ImportDoneNotes>(done, plan.misreadCount,
