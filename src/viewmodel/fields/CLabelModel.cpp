@@ -35,7 +35,7 @@ QString CLabelModel::NameIn(const QModelIndex& index) const {
 
 /// Grey is nothing that can be heard.
 QString CLabelModel::InWords(const QModelIndex& index) const {
-    const QString name = NameIn(index);
+    QString name = NameIn(index);
     if (index.column() == kField) return name;
     return m_labels.Own(FieldOf(index)).isEmpty() ? FormatText<Text::NamesCellDefault>(name)
                                                   : FormatText<Text::NamesCellOwn>(name);

@@ -14,7 +14,8 @@ class CLabelModel final : public QAbstractTableModel {
     Q_OBJECT
 
  public:
-    enum Column { kField, kHeading, kName, kColumns };
+    static constexpr int kField = 0, kHeading = 1, kName = 2;  ///< its columns
+    static constexpr int kColumns = 3;
     /// Whether a cell shows a default name, as the user has given none.
     static constexpr int kIsDefaultRole = Qt::UserRole;
 

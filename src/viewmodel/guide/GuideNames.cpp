@@ -48,7 +48,7 @@ QString GivenName(const GuideDraft& draft, int field) {
 
 QString NameWith(const GuideDraft& draft, const FieldLabels& labels, FieldId field) {
     const int number = NumberOf(field);
-    const QString given = GivenName(draft, number);
+    QString given = GivenName(draft, number);
     if (!given.isEmpty()) return given;
     const bool staysAsNow = draft.words == GuideWords::AsNow || draft.words == GuideWords::Own;
     return staysAsNow ? labels.GetLabel(number) : FieldLabels::Default(number);

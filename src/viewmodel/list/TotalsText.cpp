@@ -15,7 +15,8 @@ constexpr int kMinutesInHour = 60;
 /// 1:05, and 1,234:05 for many hours.
 QString ClockText(double hours) {
     const auto minutes = static_cast<long long>(std::llround(hours * kMinutesInHour));
-    const QString whole = GroupedNumber(TheRegion(), static_cast<double>(minutes / kMinutesInHour), 0);
+    const long long wholeHours = minutes / kMinutesInHour;
+    const QString whole = GroupedNumber(TheRegion(), static_cast<double>(wholeHours), 0);
     return whole + u':' + QString::number(minutes % kMinutesInHour).rightJustified(2, u'0');
 }
 

@@ -24,7 +24,7 @@ CDependencyModel::Children& CDependencyModel::ChildrenOf(const Node& node) const
     if (known != m_children.end()) return *known;
     Children children;
     for (const Node* child = node.FirstChild(); child; child = child->Next()) children.push_back(child);
-    Children& kept = *m_children.insert(&node, std::move(children));
+    Children& kept = *m_children.insert(&node, children);
     Number(node, 0);
     return kept;
 }
