@@ -119,10 +119,9 @@ std::int64_t CHistory::Edition() {
 
 std::optional<std::vector<HistoryRow>> CHistory::Changes(CSqliteFile& file) {
     std::vector<HistoryRow> changes;
-    if (!m_file.Open(CHistoryFile::Missing::Leave)) {
-        TellKeptAside();
-        return m_file.Error().isEmpty() ? std::optional(changes) : std::nullopt;
-    }
+    const bool isOpen = m_file.Open(CHistoryFile::Missing::Leave);
+    TellKeptAside();
+    if (!isOpen) return m_file.Error().isEmpty() ? std::optional(changes) : std::nullopt;
     auto rows = m_file.Rows();
     if (!rows && m_file.Open(CHistoryFile::Missing::Make)) {
         TellKeptAside();

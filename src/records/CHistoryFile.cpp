@@ -145,9 +145,10 @@ bool CHistoryFile::MakeTables() {
     return m_file.Begin() && m_file.Execute(kTables) && m_file.Commit();
 }
 
-/// Notes why, and leaves the file closed, so that the next use looks anew.
+/// Notes why, and leaves the file closed, so that the next use looks anew. Without words of its own a failure
+/// bears the file's name: no words mean that there is no history.
 bool CHistoryFile::Fail() {
-    m_error = m_file.Error();
+    m_error = m_file.Error().isEmpty() ? m_path : m_file.Error();
     m_file.Close();
     return false;
 }

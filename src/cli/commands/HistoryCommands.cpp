@@ -1,5 +1,6 @@
 #include "cli/commands/HistoryCommands.h"
 
+#include "app/CVelmarchDoc.h"
 #include "changes/CUndo.h"
 #include "changes/ChangeNames.h"
 #include "cli/arguments/CArguments.h"
@@ -11,6 +12,9 @@
 #include "cli/output/CJsonText.h"
 #include "cli/output/COutput.h"
 #include "lang/FormatText.h"
+#include "records/CRecordStore.h"
+#include "records/CStoreJournal.h"
+#include "records/CVOSrcMgr.h"
 
 #include <limits>
 
@@ -96,12 +100,20 @@ void WriteOutcome(COutput& out, const char* key, const UndoOutcome& outcome) {
     out.Put("\n");
 }
 
+/// Who finds a history that can't be read hears where it was put.
+void TellOfHistory(Console& console, RecordContext& context) {
+    CStoreJournal* journal = context.document.Store().Manager().Journal();
+    const QString notice = journal ? journal->TakeNotice() : QString();
+    if (!notice.isEmpty()) console.out.Complain(notice);
+}
+
 /// Timers that can't be read may belong to any record of the change.
 template <Text Line>
 ExitCode Go(CHistory::Way way, const char* key, Console& console, RecordContext& context) {
     context.timers.Read();
     if (!context.timers.AreKnown()) return Refuse(ExitCode::Failed, LoadText(Text::CliTimersUnread), console);
     const UndoOutcome outcome = context.undo.Run(way);
+    TellOfHistory(console, context);
     if (outcome.end == UndoOutcome::End::Nothing) return Refuse(ExitCode::NotFound, outcome.words, console);
     if (!outcome) {
         if (!outcome.words.isEmpty()) console.out.Complain(outcome.words);
@@ -123,6 +135,7 @@ ExitCode ListHistory(const CArguments& arguments, Console& console, RecordContex
     const auto limit = typed ? EnteredValues::ReadCount(*typed) : std::numeric_limits<int>::max();
     if (!limit || *limit < 1) return Refuse(ExitCode::Usage, FormatText<Text::CliNoLimit>(*typed), console);
     auto changes = context.undo.Changes();
+    TellOfHistory(console, context);
     if (!changes)
         return Refuse(ExitCode::Failed, FormatText<Text::HistoryBusy>(context.undo.Error()), console);
     if (changes->size() > static_cast<std::size_t>(*limit)) changes->resize(static_cast<std::size_t>(*limit));

@@ -18,6 +18,7 @@ class TestHistoryCommands : public QObject {
     void undoAndRedo();
     void listOfChanges();
     void nothingThere();
+    void unreadableFile();
     void restoreAndImport();
     void timerThatRuns();
     void changedBySomebodyElse();
@@ -72,6 +73,19 @@ void TestHistoryCommands::nothingThere() {
     QCOMPARE(reply.exit, 4);
     QCOMPARE(reply.err, QByteArray("velmarch-cli: There is nothing to undo.\n"));
     QCOMPARE(m_home->Run({u"redo"_s}).exit, 4);
+}
+
+/// It is put aside once, and whoever asks hears of it.
+void TestHistoryCommands::unreadableFile() {
+    static_cast<void>(Add(u"Acorn"_s));
+    QFile history(m_home->File(u"velmarch.history"_s));
+    QVERIFY(history.open(QFile::WriteOnly));
+    history.write(QByteArray(6000, 'g'));
+    history.close();
+    const Reply reply = m_home->Run({u"history"_s});
+    QCOMPARE(reply.exit, 0);
+    QVERIFY2(reply.err.contains("velmarch.history.unreadable-"), reply.err.constData());
+    QCOMPARE(m_home->Run({u"history"_s}).err, QByteArray());
 }
 
 void TestHistoryCommands::restoreAndImport() {
