@@ -32,6 +32,7 @@ class DependencyDialogHome : public DialogHome {
         [&] { QVERIFY(home.catalogue->SaveTree(DependencySet::Time)); }();
     }
     void Open(RecordMode mode = RecordMode::Time) {
+        dialog.reset();  // it knows the editor to its end
         editor = std::make_unique<CDependencyEditor>(*home.catalogue, mode);
         dialog = std::make_unique<CPulldownDepDlg>(
             *editor, DependencyDialogContext{
