@@ -40,6 +40,10 @@ class NoDialogs final : public CFrameDialogs {
     }
     AfterExport ChooseAfterExport(QWidget&, int, const QString&) override { return AfterExport::Nothing; }
     void EditDefaults(QWidget&, CVORec&) override {}
+    void EditLists(QWidget&, CRecordChanges&) override {}
+    bool EditLabels(QWidget&) override { return false; }
+    bool EditDependencies(QWidget&, CDependencyEditor&, CRecordChanges&) override { return false; }
+    bool RunGuide(QWidget&, CGuide&) override { return false; }
 
  private:
     CEnteredItems m_entered;
