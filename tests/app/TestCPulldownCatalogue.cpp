@@ -1,3 +1,4 @@
+#include "DrawnTree.h"
 #include "app/CPulldownCatalogue.h"
 #include "support/TestHome.h"
 #include "support/TestProgram.h"
@@ -13,13 +14,6 @@ namespace {
 constexpr DependencySet kTimes = DependencySet::Time;
 constexpr DependencySet kExpenses = DependencySet::Expense;
 
-QString Drawn(const DependencyTree::Node& node) {
-    QString children;
-    for (const auto* child = node.FirstChild(); child; child = child->Next()) children += Drawn(*child);
-    if (!node.Item()) return children;
-    return node.Item()->GetText() + (children.isEmpty() ? QString() : u'(' + children + u')');
-}
-
 }  // namespace
 
 class TestCPulldownCatalogue : public QObject {
@@ -29,7 +23,6 @@ class TestCPulldownCatalogue : public QObject {
     CPulldownCatalogue* catalogue = nullptr;
 
     void Run(const QString& sql) { QVERIFY2(home->manager.File().Execute(sql.toUtf8()), qPrintable(sql)); }
-    /// From here on the store refuses such changes ("INSERT ON item_velmarch").
     /// From here on the commit of such a change of an item fails.
     void FailCommits(const QString& change) {
         Run(u"PRAGMA foreign_keys=ON"_s);

@@ -1,3 +1,4 @@
+#include "DrawnTree.h"
 #include "app/CPulldownCatalogue.h"
 #include "support/TestHome.h"
 #include "support/TestProgram.h"
@@ -12,13 +13,6 @@ namespace {
 
 constexpr DependencySet kTimes = DependencySet::Time;
 constexpr DependencySet kExpenses = DependencySet::Expense;
-
-QString Drawn(const DependencyTree::Node& node) {
-    QString children;
-    for (const auto* child = node.FirstChild(); child; child = child->Next()) children += Drawn(*child);
-    if (!node.Item()) return children;
-    return node.Item()->GetText() + (children.isEmpty() ? QString() : u'(' + children + u')');
-}
 
 }  // namespace
 
