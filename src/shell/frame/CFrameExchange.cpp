@@ -20,6 +20,7 @@
 #include "shell/exchange/CDelimiterDialog.h"
 #include "shell/frame/CFrameControl.h"
 #include "shell/frame/CFrameDialogs.h"
+#include "shell/frame/ChangesOf.h"
 #include "shell/frame/FrameContext.h"
 #include "shell/list/CRecordListView.h"
 #include "timers/CRecordTimers.h"
@@ -39,14 +40,7 @@ QString FilterOfExports() {
 CFrameExchange::CFrameExchange(const FrameContext& context)
     : m_context(context),
       m_timers(context.timers),
-      m_changes({.document = context.document,
-                 .timers = m_timers,
-                 .catalogue = context.catalogue,
-                 .entered = context.dialogs.Entered(),
-                 .settings = context.settings,
-                 .prompt = context.prompt,
-                 .progress = context.progress,
-                 .partial = CRecordChanges::Partial::Kept}),
+      m_changes(ChangesOf(context, m_timers, CRecordChanges::Partial::Kept)),
       m_delimiters(PresetDelimiters()) {}
 
 void CFrameExchange::Tell(Text id, const QString& words, Text title) {

@@ -6,6 +6,7 @@
 #include "lang/LoadText.h"
 #include "shell/frame/CFrameControl.h"
 #include "shell/frame/CFrameDialogs.h"
+#include "shell/frame/ChangesOf.h"
 #include "shell/frame/FrameContext.h"
 #include "shell/list/CRecordListView.h"
 #include "timers/CRecordTimers.h"
@@ -14,14 +15,7 @@
 CFrameGuide::CFrameGuide(const FrameContext& context)
     : m_context(context),
       m_timers(context.timers),
-      m_changes({.document = context.document,
-                 .timers = m_timers,
-                 .catalogue = context.catalogue,
-                 .entered = context.dialogs.Entered(),
-                 .settings = context.settings,
-                 .prompt = context.prompt,
-                 .progress = context.progress,
-                 .partial = CRecordChanges::Partial::Kept}) {}
+      m_changes(ChangesOf(context, m_timers, CRecordChanges::Partial::Kept)) {}
 
 bool CFrameGuide::Run() {
     // What was entered elsewhere and never stored doesn't go with the first record.

@@ -7,20 +7,14 @@
 #include "platform/host/CPrompt.h"
 #include "shell/frame/CFrameControl.h"
 #include "shell/frame/CFrameDialogs.h"
+#include "shell/frame/ChangesOf.h"
 #include "shell/frame/FrameContext.h"
 #include "timers/CRecordTimers.h"
 
 CFrameLists::CFrameLists(const FrameContext& context)
     : m_context(context),
       m_timers(context.timers),
-      m_changes({.document = context.document,
-                 .timers = m_timers,
-                 .catalogue = context.catalogue,
-                 .entered = context.dialogs.Entered(),
-                 .settings = context.settings,
-                 .prompt = context.prompt,
-                 .progress = context.progress,
-                 .partial = CRecordChanges::Partial::Undone}) {}
+      m_changes(ChangesOf(context, m_timers, CRecordChanges::Partial::Undone)) {}
 
 bool CFrameLists::EditLists() {
     if (m_context.catalogue.IsStale() && !m_context.catalogue.Load()) {

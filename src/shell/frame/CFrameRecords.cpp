@@ -8,6 +8,7 @@
 #include "platform/host/CPrompt.h"
 #include "shell/frame/CFrameControl.h"
 #include "shell/frame/CFrameDialogs.h"
+#include "shell/frame/ChangesOf.h"
 #include "shell/frame/FrameContext.h"
 #include "shell/list/CRecordListView.h"
 #include "timers/CRecordTimers.h"
@@ -36,14 +37,7 @@ CVORec* WorkingCopyOf(const CVORec& record) {
 CFrameRecords::CFrameRecords(const FrameContext& context)
     : m_context(context),
       m_timers(context.timers),
-      m_changes({.document = context.document,
-                 .timers = m_timers,
-                 .catalogue = context.catalogue,
-                 .entered = context.dialogs.Entered(),
-                 .settings = context.settings,
-                 .prompt = context.prompt,
-                 .progress = context.progress,
-                 .partial = CRecordChanges::Partial::Kept}),
+      m_changes(ChangesOf(context, m_timers, CRecordChanges::Partial::Kept)),
       m_save({.document = context.document,
               .changes = m_changes,
               .prompt = context.prompt,
