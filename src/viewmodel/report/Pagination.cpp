@@ -119,8 +119,7 @@ class CPaginator {
         return CutLines(from, limit);
     }
     /// Above the row that doesn't fit; a head goes with the row below it. A row that doesn't fit on a sheet
-    /// of its own either begins here, unless half of the sheet is full. A row that doesn't fit on a sheet of
-    /// its own either begins here, unless half of the sheet is full.
+    /// of its own either begins here, unless half of the sheet is full.
     [[nodiscard]] Cut CutTable(const PageTable& table, const CPageLayout::Item& item, double from,
                                double limit) const {
         const std::uint32_t index = m_layout.Page().blocks[item.block].index;

@@ -43,6 +43,7 @@ class TestCReportReader : public QObject {
     void shape();
     void theLookOfTexts();
     void tables();
+    void tablesInTables();
     void head_data();
     void head();
     void colours_data();
@@ -152,6 +153,16 @@ void TestCReportReader::tables() {
     QVERIFY(page->cells[1].isRight);
     // What a cell leaves open ends with it.
     QCOMPARE(StyleAt(*page, u"b"_s), (PageStyle{3, false, true, kBlack}));
+}
+
+/// Notes may hold anything: a ninth table in tables keeps its texts and loses its frame.
+void TestCReportReader::tablesInTables() {
+    constexpr std::size_t kDeepest = 8;
+    QString html = u"in"_s;
+    for (int depth = 0; depth < 12; ++depth) html = Table({Row({Cell(html)})});
+    const auto page = ReadReport(Page(html));
+    QCOMPARE(page->tables.size(), kDeepest);
+    QVERIFY(page->text.contains(u"in"_s));
 }
 
 void TestCReportReader::head_data() {

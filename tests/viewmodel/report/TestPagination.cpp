@@ -105,6 +105,11 @@ void TestPagination::sheets_data() {
     QTest::newRow("a row higher than a sheet parts between its lines")
         << Table({Row({Cell(u"a<br>b<br>c<br>d<br>e<br>f"_s)})}) << 60.0
         << QStringList{u"a"_s, u"c"_s, u"f"_s};
+    const QString high = Table({Row({Cell(u"1<br>2<br>3<br>4<br>5<br>6"_s)})});
+    QTest::newRow("such a row begins below what fills less than half of a sheet")
+        << u"a<br>"_s + high << 80.0 << QStringList{u"a"_s, u"3"_s};
+    QTest::newRow("below more than half of a sheet it begins on the next one")
+        << u"a<br>b<br>c<br>"_s + high << 80.0 << QStringList{u"a"_s, u"1"_s, u"4"_s};
     QTest::newRow("the frame below the last line makes no sheet")
         << Table({Row({Cell(u"a<br>b<br>c<br>d<br>e"_s)})}) << 60.0 << QStringList{u"a"_s, u"c"_s};
 }
