@@ -2,15 +2,12 @@
 
 #include "calendar/GroupedNumber.h"
 #include "lang/FormatText.h"
-#include "shell/look/CMnemonics.h"
 #include "shell/look/FormRows.h"
-#include "viewmodel/commands/MenuTable.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QToolButton>
 
@@ -31,55 +28,24 @@ QToolButton* MakeClose(QWidget* parent) {
 
 }  // namespace
 
-CListFindBar::CListFindBar(QWidget* parent) : QWidget(parent), m_words(new QLineEdit), m_count(new QLabel) {
-    setObjectName(u"listFindBar"_s);
-    Build();
-    hide();
-}
-
-void CListFindBar::Build() {
-    // The menus have their letters in this window as well: the bar takes those that they leave.
-    CMnemonics mnemonics;
-    for (const MenuRow& menu : MenuTable())
-        if (menu.parent == menu.menu) static_cast<void>(mnemonics.Take(LoadText(menu.caption)));
-    auto* row = new QHBoxLayout(this);
-    row->setSpacing(kFormSpace);
-    row->setContentsMargins(kFormSpace, kFormSpace / 2, kFormSpace, kFormSpace / 2);
-    auto* label = new QLabel(mnemonics.Give(LoadText(Text::FindLabel)));
-    label->setBuddy(m_words);
-    NameWidget(*m_words, u"listFindWords"_s, LoadText(Text::FindLabel));
-    m_words->setPlaceholderText(LoadText(Text::ListFindHint));
-    m_words->setClearButtonEnabled(true);
-    LimitLength(*m_words, kMostCharacters);
-    NameWidget(*m_count, u"listFindCount"_s, LoadText(Text::FindLabel));
-    m_everywhere = MakeCheckBox(LoadText(Text::FindEverywhere), u"listFindEverywhere"_s, mnemonics);
+CListFindBar::CListFindBar(QWidget* parent)
+    : CFindBar({.bar = "listFindBar", .words = "listFindWords", .found = "listFindCount"}, parent) {
+    Field().setPlaceholderText(LoadText(Text::ListFindHint));
+    LimitLength(Field(), kMostCharacters);
+    m_everywhere = MakeCheckBox(LoadText(Text::FindEverywhere), u"listFindEverywhere"_s, Mnemonics());
     m_everywhere->setToolTip(LoadText(Text::TipFindEverywhere));
     QToolButton* close = MakeClose(this);
-    row->addWidget(label);
-    row->addWidget(m_words, 1);
-    row->addWidget(m_count);
-    row->addWidget(m_everywhere);
-    row->addWidget(close);
-    connect(m_words, &QLineEdit::textChanged, this, &CListFindBar::WordsChanged);
+    Row().addWidget(m_everywhere);
+    Row().addWidget(close);
     connect(m_everywhere, &QCheckBox::toggled, this, &CListFindBar::EverywhereChanged);
     connect(close, &QToolButton::clicked, this, &CListFindBar::CloseWanted);
-}
-
-void CListFindBar::Open() {
-    show();
-    m_words->setFocus(Qt::ShortcutFocusReason);
-    m_words->selectAll();
 }
 
 /// For the next search there are neither words nor the switch left.
 void CListFindBar::Close() {
     hide();
-    m_words->clear();
+    Field().clear();
     SetEverywhere(false);
-}
-
-QString CListFindBar::Words() const {
-    return m_words->text();
 }
 
 bool CListFindBar::IsEverywhere() const {
@@ -91,26 +57,16 @@ void CListFindBar::SetEverywhere(bool isEverywhere) {
 }
 
 void CListFindBar::ShowFound(int count) {
-    const bool isEmpty = m_words->text().trimmed().isEmpty();
+    const bool isEmpty = Words().trimmed().isEmpty();
     const QString number = GroupedNumber(TheRegion(), count, 0);
     const QString words = isEmpty      ? QString()
                           : count == 0 ? LoadText(Text::FindNothing)
                                        : FormatText<Text::FoundRecords>(number);
-    ShowValue(*m_count, LoadText(Text::FindLabel), words);
+    Say(words);
 }
 
 bool CListFindBar::HasKeyboard() const {
     return isVisible() && isAncestorOf(window()->focusWidget());
-}
-
-/// Escape closes this bar, whatever it is a shortcut of elsewhere.
-bool CListFindBar::event(QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride &&
-        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        event->accept();
-        return true;
-    }
-    return QWidget::event(event);
 }
 
 void CListFindBar::keyPressEvent(QKeyEvent* event) {
@@ -124,6 +80,6 @@ void CListFindBar::keyPressEvent(QKeyEvent* event) {
             Q_EMIT ListWanted();
             return;
         default:
-            QWidget::keyPressEvent(event);
+            CFindBar::keyPressEvent(event);
     }
 }

@@ -1,22 +1,17 @@
 #pragma once
 
-#include <QWidget>
+#include "shell/controls/CFindBar.h"
 
 class QCheckBox;
-class QLabel;
-class QLineEdit;
 
 /// The bar below a report in which a text is looked for: while it is typed, and from place to place by
 /// Return, F3 and with Shift backwards. Escape closes it.
-class CReportFindBar final : public QWidget {
+class CReportFindBar final : public CFindBar {
     Q_OBJECT
 
  public:
     explicit CReportFindBar(QWidget* parent = nullptr);
 
-    /// Shows the bar with its text selected, for the next one to be typed over.
-    void Open();
-    [[nodiscard]] QString Words() const;
     [[nodiscard]] bool MatchesCase() const;
     /// number: of the place that is shown, from 1; 0 with a count of 0 for none.
     void ShowPlaces(int number, int count);
@@ -28,14 +23,10 @@ class CReportFindBar final : public QWidget {
     void Closed();
 
  protected:
-    [[nodiscard]] bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
  private:
-    void Build();
     void Close();
 
-    QLineEdit* m_words;
-    QLabel* m_places;
     QCheckBox* m_case = nullptr;
 };
