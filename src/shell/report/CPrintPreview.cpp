@@ -4,6 +4,7 @@
 #include "shell/look/CMnemonics.h"
 #include "shell/look/FormRows.h"
 
+#include <QCheckBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -30,13 +31,21 @@ QSizeF InUnits(const QSizeF& inches) {
 }  // namespace
 
 CSheetsView::CSheetsView(const PrintablePage& page, const QPageLayout& paper, QWidget* parent)
-    : QAbstractScrollArea(parent),
-      m_sheets(page, InUnits(paper.paintRect(QPageLayout::Inch).size())),
-      m_whole(InUnits(paper.fullRect(QPageLayout::Inch).size())),
-      m_corner(paper.paintRect(QPageLayout::Inch).topLeft() * kUnitsPerInch) {
+    : QAbstractScrollArea(parent), m_page(page) {
     NameWidget(*this, QStringLiteral("printSheets"), LoadText(Text::ReportPreviewTitle));
     viewport()->setBackgroundRole(QPalette::Mid);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    SetPaper(paper);
+}
+
+void CSheetsView::SetPaper(const QPageLayout& paper) {
+    m_sheets.emplace(m_page, InUnits(paper.paintRect(QPageLayout::Inch).size()));
+    m_whole = InUnits(paper.fullRect(QPageLayout::Inch).size());
+    m_corner = paper.paintRect(QPageLayout::Inch).topLeft() * kUnitsPerInch;
+    FitBars();
+    verticalScrollBar()->setValue(0);
+    viewport()->update();
+    Q_EMIT SheetChanged(SheetInSight());
 }
 
 /// Pixels for a unit.
@@ -110,7 +119,7 @@ void CSheetsView::PaintSheet(QPainter& painter, int number) {
     painter.translate(place.topLeft());
     painter.scale(Scale(), Scale());
     painter.translate(m_corner);
-    m_sheets.Paint(painter, number);
+    m_sheets->Paint(painter, number);
     painter.restore();
 }
 
@@ -151,37 +160,55 @@ void CSheetsView::wheelEvent(QWheelEvent* event) {
 }
 
 CPrintPreview::CPrintPreview(const PrintablePage& page, const QPageLayout& paper, QWidget* parent)
-    : QDialog(parent), m_view(new CSheetsView(page, paper)) {
+    : QDialog(parent), m_paper(paper), m_row(new QHBoxLayout), m_view(new CSheetsView(page, paper)) {
     setObjectName(QStringLiteral("reportPreviewDialog"));
     setWindowTitle(LoadText(Text::ReportPreviewTitle));
     // A window has a frame and shares the screen with a bar.
     resize(kUsualSize.boundedTo(screen()->availableSize() * 9 / 10));
     CMnemonics mnemonics;
-    auto* row = new QHBoxLayout;
-    const auto add = [&](Text caption, const char* name) {
-        const QString words = CMnemonics::Plain(LoadText(caption));
-        auto* button = new QPushButton(mnemonics.Give(words));
-        NameWidget(*button, QString::fromLatin1(name), words);
-        button->setAutoDefault(false);
-        row->addWidget(button);
-        return button;
-    };
+    connect(AddButton(Text::CmdReportZoomIn, "zoomInButton", mnemonics), &QPushButton::clicked, this,
+            [this] { m_view->Zoom(1); });
+    connect(AddButton(Text::CmdReportZoomOut, "zoomOutButton", mnemonics), &QPushButton::clicked, this,
+            [this] { m_view->Zoom(-1); });
+    AddLandscape(mnemonics);
+    AddSheetNumber();
+    auto* print = AddButton(Text::CmdReportPrint, "printButton", mnemonics);
+    print->setDefault(true);
+    connect(print, &QPushButton::clicked, this, &CPrintPreview::PrintWanted);
+    connect(AddButton(Text::DialogClose, "closeButton", mnemonics), &QPushButton::clicked, this,
+            &CPrintPreview::reject);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(m_view, 1);
+    column->addLayout(m_row);
+    m_view->setFocus();
+}
+
+QPushButton* CPrintPreview::AddButton(Text caption, const char* name, CMnemonics& mnemonics) {
+    const QString words = CMnemonics::Plain(LoadText(caption));
+    auto* button = new QPushButton(mnemonics.Give(words));
+    NameWidget(*button, QString::fromLatin1(name), words);
+    button->setAutoDefault(false);
+    m_row->addWidget(button);
+    return button;
+}
+
+void CPrintPreview::AddLandscape(CMnemonics& mnemonics) {
+    QCheckBox* landscape = MakeCheckBox(CMnemonics::Plain(LoadText(Text::PreviewLandscape)),
+                                        QStringLiteral("landscape"), mnemonics);
+    landscape->setToolTip(LoadText(Text::TipPreviewLandscape));
+    landscape->setChecked(m_paper.orientation() == QPageLayout::Landscape);
+    connect(landscape, &QCheckBox::toggled, this, [this](bool isOn) {
+        m_paper.setOrientation(isOn ? QPageLayout::Landscape : QPageLayout::Portrait);
+        m_view->SetPaper(m_paper);
+    });
+    m_row->addWidget(landscape);
+}
+
+void CPrintPreview::AddSheetNumber() {
     auto* number = new QLabel;
     number->setObjectName(QStringLiteral("sheetNumber"));
     connect(m_view, &CSheetsView::SheetChanged, this, [this, number](int sheet) {
         number->setText(FormatText<Text::ReportPageOf>(sheet, m_view->Count()));
     });
-    connect(add(Text::CmdReportZoomIn, "zoomInButton"), &QPushButton::clicked, this,
-            [this] { m_view->Zoom(1); });
-    connect(add(Text::CmdReportZoomOut, "zoomOutButton"), &QPushButton::clicked, this,
-            [this] { m_view->Zoom(-1); });
-    row->addWidget(number, 1, Qt::AlignCenter);
-    auto* print = add(Text::CmdReportPrint, "printButton");
-    print->setDefault(true);
-    connect(print, &QPushButton::clicked, this, &CPrintPreview::PrintWanted);
-    connect(add(Text::DialogClose, "closeButton"), &QPushButton::clicked, this, &CPrintPreview::reject);
-    auto* column = new QVBoxLayout(this);
-    column->addWidget(m_view, 1);
-    column->addLayout(row);
-    m_view->setFocus();
+    m_row->addWidget(number, 1, Qt::AlignCenter);
 }

@@ -122,6 +122,7 @@ PrintEnd RunPrintPreview(CReportView& view, QWidget& parent, const QString& titl
     CPrintPreview preview(page, printer.pageLayout(), &parent);
     PrintEnd end = PrintEnd::Cancelled;
     QObject::connect(&preview, &CPrintPreview::PrintWanted, &preview, [&] {
+        printer.setPageLayout(preview.Paper());
         end = PrintBy(printer, page, preview, progress);
         if (end != PrintEnd::Cancelled) preview.accept();
     });

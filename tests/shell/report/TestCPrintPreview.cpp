@@ -6,6 +6,7 @@
 #include "support/PageSamples.h"
 #include "support/TestProgram.h"
 
+#include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollBar>
@@ -150,6 +151,22 @@ class TestCPrintPreview final : public QObject {
         QCOMPARE(length(), before);
     }
 
+    /// A wide table is easier to read so; the printer gets the paper that was looked at.
+    void landscape() {
+        const Preview t(Listing(200, 2));
+        CSheetsView& sheets = t.Sheets();
+        const int upright = sheets.Count();
+        t.Key(Qt::Key_End);
+        t.Find<QCheckBox>("landscape")->click();
+        QCOMPARE(t.dialog->Paper().orientation(), QPageLayout::Landscape);
+        QVERIFY(sheets.Count() > upright);
+        QCOMPARE(t.Number(), NumberText(1, sheets.Count()));
+        QVERIFY(t.Ink() > 100);
+        t.Find<QCheckBox>("landscape")->click();
+        QCOMPARE(sheets.Count(), upright);
+        QCOMPARE(t.dialog->Paper().orientation(), QPageLayout::Portrait);
+    }
+
     void printIsAskedFor() {
         const Preview t(Listing(3, 2));
         const QSignalSpy wanted(t.dialog.get(), &CPrintPreview::PrintWanted);
@@ -163,7 +180,7 @@ class TestCPrintPreview final : public QObject {
     void byKeyboard() {
         const Preview t(Listing(3, 2));
         QCOMPARE(t.Unnamed(), QString());
-        VERIFY_MNEMONICS(t, 4);
+        VERIFY_MNEMONICS(t, 5);
         VERIFY_SMALL_SCREEN(*t.dialog);
         QCOMPARE(t.dialog->focusWidget()->objectName(), u"printSheets"_s);
         QTest::keyClick(t.dialog->focusWidget(), Qt::Key_Escape);
