@@ -102,7 +102,7 @@ CFrameCommands::Handler CFrameCommands::FilterHandlerOf(::Run run) {
         {::Run::PeriodNext, [](Self& self, int) { self.Period().StepForward(); }},
         {::Run::FilterDialog, [](Self& self, int) { self.m_filters.FilterDialog(); }},
         {::Run::ClearFilter, [](Self& self, int) { self.Period().ClearConditions(); }},
-        {::Run::FilterTimers, [](Self& self, int) { self.Period().WithTimers(); }},
+        {::Run::FilterTimers, [](Self& self, int) { self.m_filters.ToggleTimers(); }},
         {::Run::FilterBy, [](Self& self, int command) { self.m_filters.FilterBy(command); }},
         {::Run::Find, [](Self& self, int) { self.m_find.Open(); }},
         {::Run::FindEverywhere, [](Self& self, int) { self.m_find.ToggleEverywhere(); }},
@@ -163,6 +163,7 @@ void CFrameCommands::Describe(CommandState& state) const {
     state.anyRunning = m_context.timers.Set().AnyRunning();
     state.filters =
         timeMode ? SetFilterCommands(document.Filter()) : SetFilterCommands(document.FilterOfExpenses());
+    state.timersAlone = m_filters.Period().AreTimersAlone();
     state.isFinding = m_context.findBar.isVisible();
     state.findsEverywhere = m_context.findBar.IsEverywhere();
     state.useDependencies = m_context.settings.useDependencies;

@@ -27,6 +27,7 @@ class CFrameCommands {
 
     void Run(const CommandRow& row);
     [[nodiscard]] CFrameRecords& Records() { return m_records; }
+    [[nodiscard]] CFrameFilters& Filters() { return m_filters; }
     [[nodiscard]] CFrameFind& Find() { return m_find; }
     [[nodiscard]] CFrameViews& Views() { return m_views; }
     /// The page of the report that was made last comes into its view.

@@ -7,11 +7,13 @@
 #include "shell/controls/CPickDialog.h"
 #include "shell/frame/CFrameControl.h"
 #include "shell/frame/FrameContext.h"
+#include "shell/list/CConditionStrip.h"
 #include "shell/list/CRecordListView.h"
 #include "shell/options/SettingSwitch.h"
 #include "shell/report/CFilterDialog.h"
 #include "viewmodel/commands/CommandWords.h"
 #include "viewmodel/commands/FilterCommands.h"
+#include "viewmodel/list/NamedConditions.h"
 
 namespace {
 
@@ -21,7 +23,33 @@ QString NameOf(const FilterCommandRow& row, const CPulldownCatalogue& catalogue)
 
 }  // namespace
 
-CFrameFilters::CFrameFilters(const FrameContext& context) : m_context(context), m_period(context.document) {}
+CFrameFilters::CFrameFilters(const FrameContext& context) : m_context(context), m_period(context.document) {
+    CConditionStrip& strip = m_context.conditions;
+    QObject::connect(&strip, &CConditionStrip::EndWanted, &strip, [this](int place) { EndCondition(place); });
+}
+
+void CFrameFilters::ToggleTimers() {
+    if (m_period.AreTimersAlone())
+        m_period.EndTimers();
+    else
+        m_period.WithTimers();
+}
+
+void CFrameFilters::ShowConditions() {
+    m_context.conditions.ShowConditions(ConditionWords(m_context.document));
+}
+
+void CFrameFilters::EndCondition(int place) {
+    if (m_period.AreTimersAlone()) return m_period.EndTimers();
+    const auto end = [this, place](const auto& conditions) {
+        if (place < std::ssize(conditions))
+            m_period.ApplyFilter(conditions[static_cast<std::size_t>(place)].without);
+    };
+    if (theRecordMode == RecordMode::Time)
+        end(ConditionsOf(m_context.document.Filter(), m_context.settings));
+    else
+        end(ConditionsOf(m_context.document.FilterOfExpenses(), m_context.settings));
+}
 
 void CFrameFilters::FilterDialog() {
     m_context.view.CaptureWidths();

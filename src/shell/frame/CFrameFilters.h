@@ -11,14 +11,20 @@ class CFrameFilters {
     explicit CFrameFilters(const FrameContext& context);
 
     [[nodiscard]] CPeriodCommands& Period() { return m_period; }
+    [[nodiscard]] const CPeriodCommands& Period() const { return m_period; }
     /// All conditions at once; the widths on screen are taken into the columns first.
     void FilterDialog();
     /// Lets the user pick the value of the condition that a command stands for.
     void FilterBy(int command);
+    /// Only records with a timer; once more, what was shown before.
+    void ToggleTimers();
+    /// The conditions of the filter come by name above the list.
+    void ShowConditions();
     /// Whether lists offer only what goes with the items above. Kept at once.
     void ToggleDependencies();
 
  private:
+    void EndCondition(int place);
     template <class Filter>
     void FillAndApply();
     template <class Filter>

@@ -11,6 +11,7 @@
 #include "shell/frame/CProgressBox.h"
 #include "shell/frame/CReportScreen.h"
 #include "shell/frame/WindowMemory.h"
+#include "shell/list/CConditionStrip.h"
 #include "shell/list/CEmptyNote.h"
 #include "shell/list/CListFindBar.h"
 #include "shell/list/CRecordListView.h"
@@ -22,6 +23,7 @@
 #include "shell/tree/CDataTreeView.h"
 #include "timers/CRecordTimers.h"
 #include "viewmodel/list/CRecordListModel.h"
+#include "viewmodel/list/NamedConditions.h"
 #include "viewmodel/program/CTimerTicker.h"
 #include "viewmodel/program/CViewHub.h"
 #include "viewmodel/program/PeriodMemory.h"
@@ -119,13 +121,15 @@ void CMainFrame::MakePanes() {
     m_progress = std::make_unique<CProgressBox>(*this);
 }
 
-/// The bar of the search stands above what is in front.
+/// The conditions of the filter and the bar of the search stand above what is in front.
 QWidget* CMainFrame::MakeListPane() {
     auto* pane = new QWidget(this);
+    m_conditions = new CConditionStrip(pane);
     m_findBar = new CListFindBar(pane);
     auto* column = new QVBoxLayout(pane);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
+    column->addWidget(m_conditions);
     column->addWidget(m_findBar);
     column->addWidget(m_pane, 1);
     pane->setFocusProxy(m_pane);
@@ -150,6 +154,7 @@ FrameContext CMainFrame::MakeFrameContext() {
             .model = *m_model,
             .view = *m_view,
             .findBar = *m_findBar,
+            .conditions = *m_conditions,
             .report = *m_report,
             .tree = *m_panes,
             .actions = *m_actions,
@@ -218,6 +223,7 @@ void CMainFrame::OnHint(Hint hint, const QStringList& ids) {
     if (hint == Hint::Rebuild) {
         TakeUpList();
         m_commands->Find().OnRebuilt();
+        if (!m_screen->IsShown()) m_commands->Filters().ShowConditions();
     }
     m_ticker->Reconsider();
     ShowListOrNote();
@@ -296,11 +302,18 @@ EmptyReason CMainFrame::WhyNothing() const {
                      .isEverywhere = m_findBar->IsEverywhere()});
 }
 
+void CMainFrame::ShowWhyNothing() {
+    const EmptyReason reason = WhyNothing();
+    CVelmarchDoc& document = m_context.app.Document();
+    m_note->Show(reason, theRecordMode,
+                 reason == EmptyReason::Filtered ? WhatLeavesNothing(document)
+                 : m_view->IsFinding()           ? m_findBar->Words()
+                                                 : document.CurrentFilter().displayName);
+}
+
 void CMainFrame::ShowListOrNote() {
     const bool showsList = m_view->ShownCount() > 0;
-    const CVelmarchDoc& document = m_context.app.Document();
-    const QString what = m_view->IsFinding() ? m_findBar->Words() : document.CurrentFilter().displayName;
-    if (!showsList) m_note->Show(WhyNothing(), theRecordMode, what);
+    if (!showsList) ShowWhyNothing();
     // A report stays in front whatever happens to the records behind it.
     if (!m_screen || !m_screen->IsShown()) Front(showsList ? static_cast<QWidget&>(*m_view) : *m_note);
 }
@@ -316,6 +329,7 @@ void CMainFrame::Front(QWidget& wanted) {
 void CMainFrame::ShowReport() {
     m_screen->Begin();
     m_commands->Find().Hide(true);
+    m_conditions->hide();
     Front(*m_report);
     WrapBars();
     UpdateActions();
@@ -326,6 +340,7 @@ void CMainFrame::CloseReport() {
     m_screen->End();
     m_report->Clear();
     m_commands->Find().Hide(false);
+    m_commands->Filters().ShowConditions();
     ShowListOrNote();
     WrapBars();
     UpdateActions();

@@ -14,6 +14,7 @@ class CCalendarPopup;
 class CDataTreeView;
 class CEmptyNote;
 class CEventPump;
+class CConditionStrip;
 class CListFindBar;
 class CPanes;
 class CProgressBox;
@@ -84,6 +85,7 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     [[nodiscard]] bool IsListActive() const;
     void ShowListOrNote();
     [[nodiscard]] EmptyReason WhyNothing() const;
+    void ShowWhyNothing();
     [[nodiscard]] QWidget* MakeListPane();
     void UpdateActions();
     void WrapBars();
@@ -108,6 +110,7 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     QString m_keptCurrent;
     CRecordListModel* m_model = nullptr;
     CRecordListView* m_view = nullptr;
+    CConditionStrip* m_conditions = nullptr;
     CListFindBar* m_findBar = nullptr;
     CEmptyNote* m_note = nullptr;
     CReportPane* m_report = nullptr;

@@ -5,6 +5,7 @@
 class CActions;
 class CCfgStore;
 class CClock;
+class CConditionStrip;
 class CFrameControl;
 class CFrameDialogs;
 class CLauncher;
@@ -32,6 +33,7 @@ struct FrameContext {
     CRecordListModel& model;
     CRecordListView& view;
     CListFindBar& findBar;
+    CConditionStrip& conditions;
     CReportPane& report;
     CTreeControl& tree;
     CActions& actions;

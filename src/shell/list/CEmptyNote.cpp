@@ -51,7 +51,7 @@ QString SentenceFor(EmptyReason reason, RecordMode mode, const QString& what) {
         case EmptyReason::InPeriod:
             return FormatText<Text::EmptyInPeriod>(what);
         case EmptyReason::Filtered:
-            return FormatText<Text::EmptyFiltered>(what);
+            return what;
         case EmptyReason::NotFound:
             return FormatText<Text::EmptyFound>(what);
         case EmptyReason::NotAnywhere:

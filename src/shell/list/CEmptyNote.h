@@ -17,7 +17,7 @@ class CEmptyNote final : public QWidget {
     explicit CEmptyNote(QWidget* parent = nullptr);
 
     /// mode: of the records that aren't there. what: the name of the period or the words that were looked
-    /// for, for the sentence.
+    /// for, for the sentence; of a filter the whole sentence.
     void Show(EmptyReason reason, RecordMode mode, const QString& what);
 
  Q_SIGNALS:

@@ -2,6 +2,8 @@
 
 #include "app/CVelmarchDoc.h"
 
+#include <utility>
+
 namespace {
 
 void Show(CVelmarchDoc& document) {
@@ -15,6 +17,12 @@ Filter PeriodAlone(const Filter& present) {
     Filter filter;
     static_cast<PeriodFilter&>(filter) = present;
     filter.matchWhole = filter.matchCase = false;
+    return filter;
+}
+
+TimeFilter TimersAlone() {
+    TimeFilter filter;
+    filter.timer = FlagCriterion::kSet;
     return filter;
 }
 
@@ -72,8 +80,14 @@ void CPeriodCommands::ClearConditions() {
 
 void CPeriodCommands::WithTimers() {
     if (theRecordMode != RecordMode::Time) return;
-    TimeFilter filter;
-    filter.Reset();
-    filter.timer = FlagCriterion::kSet;
-    ApplyFilter(filter);
+    if (!AreTimersAlone()) m_beforeTimers = m_document.Filter();
+    ApplyFilter(TimersAlone());
+}
+
+bool CPeriodCommands::AreTimersAlone() const {
+    return theRecordMode == RecordMode::Time && m_document.Filter() == TimersAlone();
+}
+
+void CPeriodCommands::EndTimers() {
+    if (AreTimersAlone()) ApplyFilter(std::exchange(m_beforeTimers, {}).value_or(TimeFilter()));
 }

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "app/TimeFilter.h"
+
 #include <QString>
 #include <functional>
+#include <optional>
 
 class CVelmarchDoc;
 class ExpenseFilter;
-class PeriodFilter;
-class TimeFilter;
 
 /// Changes the period and the filter of the list, in the mode in use. Each works on a copy of the filter,
 /// which then is applied: the visible records are chosen anew and the views rebuild.
@@ -27,10 +28,14 @@ class CPeriodCommands {
     void ClearConditions();
     /// Only records with a timer, of any day. Expenses have no timers: then nothing happens.
     void WithTimers();
+    /// Whether records with a timer are all that is wanted. Their end brings back the filter before them.
+    [[nodiscard]] bool AreTimersAlone() const;
+    void EndTimers();
 
  private:
     /// change: false when it could not be done, and nothing is applied.
     void Change(const std::function<bool(PeriodFilter& filter)>& change);
 
     CVelmarchDoc& m_document;
+    std::optional<TimeFilter> m_beforeTimers;
 };

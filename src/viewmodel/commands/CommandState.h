@@ -36,6 +36,7 @@ struct CommandState {
     bool treeHasNode = false;          ///< a node other than the root is selected
     bool treeCanExpand = false;        ///< the selected node has nodes beneath it
     QSet<int> filters = {};            ///< the filter commands whose condition is set
+    bool timersAlone = false;          ///< only records with a timer are shown, of any day
     bool isFinding = false;            ///< the bar of the search in the list is shown
     bool findsEverywhere = false;      ///< beyond the filter
     bool hasRegionalSettings = false;  ///< the desktop has a program for them

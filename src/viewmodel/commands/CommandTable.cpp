@@ -51,6 +51,12 @@ bool TimesSelected(const State& s) {
 bool TimeModeWithTimer(const State& s) {
     return s.timeMode && s.anyTimer;
 }
+bool TimersToFilter(const State& s) {
+    return TimeModeWithTimer(s) || s.timersAlone;
+}
+bool TimersAlone(const State& s) {
+    return s.timersAlone;
+}
 bool TimeModeWithRunning(const State& s) {
     return s.timeMode && s.anyRunning;
 }
@@ -402,7 +408,8 @@ constexpr CommandRow kFirstCommands[] = {
         {Run::ClearFilter}),
     Row(Command::kFilterTimers, "CmdFilterTimers",
         {Text::CmdFilterTimers, Text::TipFilterTimers, "chronometer"}, Menu::Filter, {Run::FilterTimers})
-        .When(TimeModeWithTimer),
+        .When(TimersToFilter)
+        .Toggle(TimersAlone),
     Row(32804, "CmdFilterList1", {Text::FieldClient, Text::TipFilterText, "user"}, Menu::Filter,
         {Run::FilterBy, 32804})
         .BeginsGroup()

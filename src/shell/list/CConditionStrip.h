@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QStringList>
+#include <QWidget>
+
+class QHBoxLayout;
+
+/// The conditions that narrow the list, by name, each a button with a cross that ends it. Hidden while there
+/// are none.
+class CConditionStrip final : public QWidget {
+    Q_OBJECT
+
+ public:
+    explicit CConditionStrip(QWidget* parent = nullptr);
+
+    void ShowConditions(const QStringList& words);
+
+ Q_SIGNALS:
+    /// place: of the condition among those shown.
+    void EndWanted(int place);
+
+ private:
+    void Add(const QString& words, int place);
+
+    QHBoxLayout* m_row;
+    QStringList m_words;
+};
