@@ -1,9 +1,10 @@
 #include "shell/list/CConditionStrip.h"
 
 #include "lang/FormatText.h"
+#include "shell/controls/CFlowLayout.h"
 #include "shell/look/FormRows.h"
+#include "shell/look/PlainTip.h"
 
-#include <QHBoxLayout>
 #include <QIcon>
 #include <QToolButton>
 
@@ -16,12 +17,11 @@ constexpr int kMostCharacters = 30;
 
 }  // namespace
 
-CConditionStrip::CConditionStrip(QWidget* parent) : QWidget(parent), m_row(new QHBoxLayout(this)) {
+CConditionStrip::CConditionStrip(QWidget* parent) : QWidget(parent), m_row(new CFlowLayout(this)) {
     setObjectName(u"conditionStrip"_s);
     setAccessibleName(LoadText(Text::ConditionsName));
     m_row->setContentsMargins(kFormSpace, kFormSpace / 2, kFormSpace, kFormSpace / 2);
     m_row->setSpacing(kFormSpace);
-    m_row->addStretch(1);
     hide();
 }
 
@@ -30,15 +30,14 @@ void CConditionStrip::ShowConditions(const QStringList& words) {
     setVisible(!words.isEmpty());
     if (words == m_words) return;
     m_words = words;
-    while (m_row->count() > 1) {
-        QWidget* former = m_row->takeAt(0)->widget();
-        former->hide();
-        former->deleteLater();
+    while (QLayoutItem* former = m_row->takeAt(0)) {
+        former->widget()->hide();
+        former->widget()->deleteLater();
+        delete former;
     }
     for (int place = 0; place < words.size(); ++place) Add(words[place], place);
 }
 
-/// It gives way in a narrow window.
 void CConditionStrip::Add(const QString& words, int place) {
     auto* button = new QToolButton(this);
     const QString end = FormatText<Text::ConditionEnd>(words);
@@ -48,10 +47,9 @@ void CConditionStrip::Add(const QString& words, int place) {
     button->setText(shown.replace(u'&', u"&&"_s));
     button->setIcon(QIcon::fromTheme(u"window-close"_s));
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button->setToolTip(end.toHtmlEscaped());
+    button->setToolTip(PlainTip(end));
     button->setFocusPolicy(Qt::TabFocus);
-    button->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
-    button->setMinimumWidth(button->iconSize().width() + 2 * kFormSpace);
-    m_row->insertWidget(place, button);
+    m_row->addWidget(button);
+    button->show();
     connect(button, &QToolButton::clicked, this, [this, place] { Q_EMIT EndWanted(place); });
 }

@@ -3,10 +3,10 @@
 #include <QStringList>
 #include <QWidget>
 
-class QHBoxLayout;
+class CFlowLayout;
 
 /// The conditions that narrow the list, by name, each a button with a cross that ends it. Hidden while there
-/// are none.
+/// are none; on several rows where one is too short.
 class CConditionStrip final : public QWidget {
     Q_OBJECT
 
@@ -22,6 +22,6 @@ class CConditionStrip final : public QWidget {
  private:
     void Add(const QString& words, int place);
 
-    QHBoxLayout* m_row;
+    CFlowLayout* m_row;
     QStringList m_words;
 };

@@ -8,6 +8,7 @@
 #include "shell/frame/CFrameCommands.h"
 #include "shell/frame/CFrameControl.h"
 #include "shell/frame/ScriptedDialogs.h"
+#include "shell/list/CConditionStrip.h"
 #include "shell/list/CListFindBar.h"
 #include "shell/list/CRecordListView.h"
 #include "shell/report/CReportPane.h"
@@ -87,6 +88,7 @@ struct Fixture {
     CRecordListModel model{*home.document, set, *home.settings};
     CRecordListView view{model, *home.settings};
     CListFindBar findBar;
+    CConditionStrip conditions;
     CReportPane report{home.settings->Profile()};
     NoProgress progress;
     NotedControl control;
@@ -128,6 +130,7 @@ struct Fixture {
                 .model = model,
                 .view = view,
                 .findBar = findBar,
+                .conditions = conditions,
                 .report = report,
                 .tree = tree,
                 .actions = madeActions,
