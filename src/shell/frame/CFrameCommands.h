@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/frame/CFrameBackup.h"
+#include "shell/frame/CFrameColumns.h"
 #include "shell/frame/CFrameDependencies.h"
 #include "shell/frame/CFrameExchange.h"
 #include "shell/frame/CFrameFilters.h"
@@ -55,6 +56,7 @@ class CFrameCommands {
     CFrameHistory m_history;
     CFrameRecords m_records;
     CFrameViews m_views;
+    CFrameColumns m_columns;
     CFrameFilters m_filters;
     CFrameLists m_lists;
     CFrameFind m_find;

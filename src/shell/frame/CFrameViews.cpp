@@ -8,7 +8,6 @@
 #include "shell/commands/CActions.h"
 #include "shell/commands/CButtonChooser.h"
 #include "shell/commands/CPalette.h"
-#include "shell/controls/CPickDialog.h"
 #include "shell/frame/CAboutDialog.h"
 #include "shell/frame/CFrameControl.h"
 #include "shell/frame/CFrameDialogs.h"
@@ -43,24 +42,6 @@ void CFrameViews::SelectNone() {
     m_context.view.SelectNone();
 }
 
-/// Picking a column acts like a click on its header.
-void CFrameViews::Sort() {
-    CPickDialog::Choice choice{.title = LoadText(Text::SortTitle),
-                               .rows = {},
-                               .present = 0,
-                               .hasSearch = false,
-                               .accept = Text::SortTitle};
-    for (const int column : m_context.model.VisibleColumns()) {
-        if (column == m_context.model.SortColumn()) choice.present = static_cast<int>(choice.rows.size());
-        choice.rows.append(m_context.model.CaptionOf(column));
-    }
-    const std::optional<int> picked =
-        RunPickDialog(&m_context.control.Window(), choice, m_context.settings.Profile());
-    if (!picked) return;
-    m_context.model.SortByHeader(*picked + 1);
-    m_context.view.ApplyLayout();
-}
-
 void CFrameViews::Layout(int layout) {
     m_context.settings.listLayout = layout;
     m_context.control.RebuildList();
@@ -68,14 +49,6 @@ void CFrameViews::Layout(int layout) {
 
 void CFrameViews::RebuildViews() {
     m_context.document.NotifyViews(Hint::Rebuild);
-}
-
-/// The widths on screen come first, or the columns chosen would take those of the last start.
-void CFrameViews::ListColumns() {
-    m_context.view.CaptureWidths();
-    if (RunColumnsDialog(&m_context.control.Window(), CColumnsDialog::Of::List, HalfInUse(),
-                         m_context.settings, m_context.prompt))
-        m_context.document.NotifyViews(Hint::Rebuild);
 }
 
 void CFrameViews::TreeColumns() {

@@ -10,10 +10,8 @@ class CFrameViews {
 
     void SelectAll();
     void SelectNone();
-    void Sort();
     void Layout(int layout);
     void RebuildViews();
-    void ListColumns();
     void ListFont();
     void ToggleTree();
     void TreeColumns();

@@ -2,9 +2,9 @@
 
 #include "app/RecordMode.h"
 #include "config/CCfgStore.h"
-#include "config/ColumnCommand.h"
 #include "config/ColumnTable.h"
-#include "lang/FormatText.h"
+#include "lang/LoadText.h"
+#include "shell/list/CListHeader.h"
 #include "shell/list/CRecordLineDelegate.h"
 #include "viewmodel/list/CRecordListModel.h"
 #include "viewmodel/list/CShownRows.h"
@@ -19,10 +19,6 @@ namespace {
 
 /// A selection of at most so many records is taken along when other rows are shown.
 constexpr int kMostTakenAlong = 1000;
-/// The height of the font for which the default widths of the columns were chosen.
-constexpr int kWidthsMadeFor = 12;
-/// In place of a width that would leave nothing to see or to take hold of.
-constexpr int kRaisedWidth = 5;
 
 /// A list font that was never chosen is the desktop's.
 QFont ListFontOf(const FontRecord& record) {
@@ -44,7 +40,8 @@ CRecordListView::CRecordListView(CRecordListModel& model, CCfgStore& settings, Q
       m_settings(settings),
       m_cells(new CRecordDelegate(settings, this)),
       m_lines(new CRecordLineDelegate(settings, model, this)),
-      m_found(new CShownRows(model, this)) {
+      m_found(new CShownRows(model, this)),
+      m_header(new CListHeader(*this, model, settings)) {
     setObjectName(QStringLiteral("recordList"));
     setAccessibleName(LoadText(Text::ListName));
     setModel(&model);
@@ -58,11 +55,10 @@ CRecordListView::CRecordListView(CRecordListModel& model, CCfgStore& settings, Q
     setVerticalScrollMode(ScrollPerItem);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    horizontalHeader()->setSectionsClickable(true);
-    horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setMinimumSectionSize(0);
-    horizontalHeader()->setTextElideMode(Qt::ElideRight);
-    horizontalHeader()->viewport()->installEventFilter(this);
+    connect(m_header, &CListHeader::Resized, this, &CRecordListView::ColumnResized);
+    connect(m_header, &CListHeader::FitWanted, this, &CRecordListView::FitWanted);
+    connect(m_header, &CListHeader::Moved, this, &CRecordListView::ColumnsMoved);
+    connect(m_header, &CListHeader::MenuWanted, this, &CRecordListView::HeaderMenuWanted);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int position) {
         m_model.SortByHeader(position);
         ApplyLayout();
@@ -82,15 +78,9 @@ void CRecordListView::ApplyLayout() {
     const int height = delegate->RowHeight(fontMetrics());
     verticalHeader()->setMinimumSectionSize(1);
     verticalHeader()->setDefaultSectionSize(height);
-    horizontalHeader()->setVisible(layout == ListLayout::Columns);
     setHorizontalScrollBarPolicy(layout == ListLayout::Columns ? Qt::ScrollBarAsNeeded
                                                                : Qt::ScrollBarAlwaysOff);
-    ApplyWidths();
-    const int sorted = m_model.ModelColumnOf(m_model.SortColumn());
-    horizontalHeader()->setSortIndicatorShown(sorted > 0);
-    if (sorted > 0)
-        horizontalHeader()->setSortIndicator(
-            sorted, m_model.SortsAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
+    m_header->Apply();
     viewport()->update();
 }
 
@@ -100,82 +90,13 @@ void CRecordListView::ApplyFont() {
     if (horizontalHeader()->font() != listFont) horizontalHeader()->setFont(listFont);
 }
 
-void CRecordListView::ApplyWidths() {
-    QHeaderView& header = *horizontalHeader();
-    const bool inColumns = m_model.Layout() == ListLayout::Columns;
-    header.setStretchLastSection(true);
-    header.setSectionResizeMode(QHeaderView::Interactive);
-    const int least = m_model.Layout() == ListLayout::Icons ? CRecordDelegate::kLargeStateWidth : 1;
-    header.resizeSection(0, std::max(m_settings.iconColumnWidth, least));
-    m_applied = {{Column::kNone, header.sectionSize(0)}};
-    if (!inColumns) return;
-    for (int section = 1; section < m_model.columnCount(); ++section) {
-        const int width = WidthOf(section);
-        header.resizeSection(section, width);
-        m_applied.emplace_back(m_model.VisibleColumns()[static_cast<std::size_t>(section - 1)], width);
-    }
-}
-
-/// A width that the user has chosen is taken as it is. The others were chosen for one font and follow the
-/// present one, with room for the caption, and for a running count.
-int CRecordListView::WidthOf(int section) const {
-    const int column = m_model.VisibleColumns()[static_cast<std::size_t>(section - 1)];
-    const int stored = m_settings.ListColumns().EntryAt(column).width;
-    const int preset = ColumnTable()[static_cast<std::size_t>(column)].width;
-    if (stored != preset) return std::min(stored, kWidestColumn);
-    const double scale = std::max(1.0, static_cast<double>(fontMetrics().height()) / kWidthsMadeFor);
-    const int least = std::max(horizontalHeader()->sectionSizeHint(section),
-                               column == Column::kDuration ? CountWidth() : 0);
-    return std::max(static_cast<int>(preset * scale), least);
-}
-
-int CRecordListView::CountWidth() const {
-    return fontMetrics().horizontalAdvance(FormatText<Text::TimerCount>(0, 0, 0)) +
-           2 * CRecordDelegate::kMargin + 2;
-}
-
-/// Of a last column that was stretched to the end of the row: the width that was set.
-int CRecordListView::PresentWidth(int section) const {
-    const QHeaderView& header = *horizontalHeader();
-    const bool isStretched =
-        section > 0 && section == header.count() - 1 && header.length() <= header.viewport()->width();
-    return isStretched ? m_applied[static_cast<std::size_t>(section)].second : header.sectionSize(section);
-}
-
-/// Only what differs from what was set here is the user's.
 void CRecordListView::CaptureWidths() {
-    const int sections = std::min(static_cast<int>(m_applied.size()), horizontalHeader()->count());
-    for (int section = 0; section < sections; ++section) {
-        auto& [column, width] = m_applied[static_cast<std::size_t>(section)];
-        const int present = PresentWidth(section);
-        if (present == width || present < 1) continue;
-        width = present;
-        if (column == Column::kNone)
-            m_settings.iconColumnWidth = present;
-        else
-            m_settings.ListColumns().SetWidth(column, present);
-    }
+    m_header->Capture();
 }
 
-bool CRecordListView::eventFilter(QObject* watched, QEvent* event) {
-    const bool isRelease = event->type() == QEvent::MouseButtonRelease &&
-                           static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
-    if (isRelease && watched == horizontalHeader()->viewport()) EndDrag();
-    return QTableView::eventFilter(watched, event);
-}
-
-/// The release that ends a drag or a double click on an edge; a click that sorts changes no width.
-void CRecordListView::EndDrag() {
-    bool isResized = false;
-    for (int section = 0; section < std::min(static_cast<int>(m_applied.size()), horizontalHeader()->count());
-         ++section) {
-        if (PresentWidth(section) == m_applied[static_cast<std::size_t>(section)].second) continue;
-        if (PresentWidth(section) < 1) horizontalHeader()->resizeSection(section, kRaisedWidth);
-        isResized = true;
-    }
-    if (!isResized) return;
-    Q_EMIT ColumnResized();
-    viewport()->update();
+void CRecordListView::FitColumns() {
+    m_header->Forget();
+    ApplyLayout();
 }
 
 QStringList CRecordListView::SelectedIds() const {
@@ -388,7 +309,8 @@ void CRecordListView::contextMenuEvent(QContextMenuEvent* event) {
 void CRecordListView::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     if (m_model.Layout() != ListLayout::Columns)
-        horizontalHeader()->resizeSection(1, viewport()->width() - horizontalHeader()->sectionSize(0));
+        return horizontalHeader()->resizeSection(1, viewport()->width() - horizontalHeader()->sectionSize(0));
+    m_header->Fit();
 }
 
 /// The ground of selected rows depends on the focus.

@@ -7,6 +7,7 @@
 #include <vector>
 
 class CCfgStore;
+class CListHeader;
 class CRecordDelegate;
 class CRecordLineDelegate;
 class CRecordListModel;
@@ -56,6 +57,8 @@ class CRecordListView final : public QTableView {
     /// of the state to iconColumnWidth. The last column fills the row, and its width is taken only where it
     /// has no more than its own.
     void CaptureWidths();
+    /// The columns without a width of the user's are measured anew.
+    void FitColumns();
 
  Q_SIGNALS:
     /// Hint 11: what is selected has changed.
@@ -66,10 +69,14 @@ class CRecordListView final : public QTableView {
     void FindEndWanted();
     /// The user has let go of a column's edge: the widths are to be captured and kept.
     void ColumnResized();
+    /// A double click on a column's edge: it is to get the width that its contents need.
+    void FitWanted(int column);
+    /// The user has dragged a column: all that are shown, in their new order.
+    void ColumnsMoved(const std::vector<int>& columns);
+    /// column: under the pointer, Column::kNone where there is none.
+    void HeaderMenuWanted(const QPoint& globalPosition, int column);
 
  protected:
-    /// Sees where the user lets go of the header.
-    [[nodiscard]] bool eventFilter(QObject* watched, QEvent* event) override;
     /// Home and End go to the first and last record, not to the ends of a row.
     [[nodiscard]] QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     [[nodiscard]] bool event(QEvent* event) override;
@@ -86,9 +93,6 @@ class CRecordListView final : public QTableView {
  private:
     [[nodiscard]] bool IsOnCheckBox(const QPoint& at) const;
     void ApplyFont();
-    void ApplyWidths();
-    [[nodiscard]] int WidthOf(int section) const;
-    [[nodiscard]] int CountWidth() const;
     void ToggleRow(int row);
     [[nodiscard]] int ListRowOf(int row) const;
     [[nodiscard]] std::vector<int> ShownRowsOf(const QStringList& ids) const;
@@ -96,16 +100,13 @@ class CRecordListView final : public QTableView {
     void ShowModel(QAbstractItemModel& shown);
     void RememberPlace();
     void TakeUpPlace();
-    void EndDrag();
-    [[nodiscard]] int PresentWidth(int section) const;
 
     CRecordListModel& m_model;
     CCfgStore& m_settings;
     CRecordDelegate* m_cells;
     CRecordLineDelegate* m_lines;
-    /// Column and width of each section, as they were last set here. The state is no column.
-    std::vector<std::pair<int, int>> m_applied;
     CShownRows* m_found;
+    CListHeader* m_header;
     /// What was selected, current and on top before the search.
     struct Place {
         QStringList selected;

@@ -25,6 +25,8 @@ inline constexpr int kLayoutList = 32825;
 inline constexpr int kLayoutColumns = 32826;
 inline constexpr int kLayoutLines = 32783;
 inline constexpr int kListColumns = 40052;
+inline constexpr int kFitColumns = 40286;
+inline constexpr int kRestoreColumns = 40287;
 inline constexpr int kListFont = 32829;
 inline constexpr int kToggleTree = 32771;
 inline constexpr int kPanesSideBySide = 32772;
@@ -108,6 +110,8 @@ enum class Run {
     Layout,  ///< argument: 1 to 4
     ListColumns,
     ListFont,
+    FitColumns,
+    RestoreColumns,
     ToggleTree,
     StackPanes,  ///< argument: 1 the tree above the list, 0 beside it
     ExpandTree,

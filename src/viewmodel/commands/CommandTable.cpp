@@ -264,6 +264,13 @@ constexpr CommandRow kFirstCommands[] = {
         .BeginsGroup(),
     Row(Command::kListColumns, "CmdListColumns",
         {Text::CmdListColumns, Text::TipListColumns, "object-columns"}, Menu::View, {Run::ListColumns}),
+    Row(Command::kFitColumns, "CmdFitColumns", {Text::CmdFitColumns, Text::TipFitColumns, "resizecol"},
+        Menu::View, {Run::FitColumns})
+        .OfView()
+        .When(LayoutIs<3>),
+    Row(Command::kRestoreColumns, "CmdRestoreColumns",
+        {Text::CmdRestoreColumns, Text::TipRestoreColumns, "edit-reset"}, Menu::View, {Run::RestoreColumns})
+        .OfView(),
     Row(Command::kListFont, "CmdListFont", {Text::CmdListFont, Text::TipListFont, "preferences-desktop-font"},
         Menu::View, {Run::ListFont}),
     Row(Command::kRefresh, "CmdRefresh", {Text::CmdRefresh, Text::TipRefresh, "view-refresh", "F5"},

@@ -5,7 +5,7 @@
 #include "config/ColumnTable.h"
 #include "fields/FieldTable.h"
 #include "fields/RecordWords.h"
-#include "lang/LoadText.h"
+#include "lang/FormatText.h"
 #include "timers/ActiveTimerSet.h"
 #include "viewmodel/list/CRowSorter.h"
 #include "viewmodel/list/CellText.h"
@@ -352,7 +352,8 @@ QVariant CRecordListModel::headerData(int section, Qt::Orientation orientation, 
     if (orientation != Qt::Horizontal) return {};
     const int column = ColumnOf(section);
     if (column == Column::kNone) return {};
-    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) return CaptionOf(column);
+    if (role == Qt::DisplayRole) return CaptionOf(column);
+    if (role == Qt::ToolTipRole) return FormatText<Text::TipHeader>(CaptionOf(column));
     if (role == Qt::TextAlignmentRole) {
         const bool right = IsRightAligned(column);
         return QVariant::fromValue(Qt::AlignVCenter | (right ? Qt::AlignRight : Qt::AlignLeft));
@@ -385,12 +386,22 @@ void CRecordListModel::Fill() {
 }
 
 void CRecordListModel::SortByHeader(int headerPosition) {
+    SortBy(headerPosition, IsAscendingByHeader(headerPosition));
+}
+
+void CRecordListModel::SortBy(int headerPosition, bool isAscending) {
     if (headerPosition < 1 || headerPosition > static_cast<int>(m_columns.size())) return;
-    const int column = m_columns[static_cast<std::size_t>(headerPosition - 1)];
     const SortSettings stored = SortOf(m_settings);
-    stored.ascending = column == m_sortColumn ? !stored.ascending : true;
-    stored.column = m_sortColumn = column;
+    stored.ascending = isAscending;
+    stored.column = m_sortColumn = m_columns[static_cast<std::size_t>(headerPosition - 1)];
     Sort();
+}
+
+bool CRecordListModel::IsAscendingByHeader(int headerPosition) const {
+    const auto place = static_cast<std::size_t>(headerPosition) - 1;
+    const bool isPresent =
+        headerPosition >= 1 && place < m_columns.size() && m_columns[place] == m_sortColumn;
+    return !isPresent || !SortsAscending();
 }
 
 int CRecordListModel::Compare(const RowKey& a, const RowKey& b) const {

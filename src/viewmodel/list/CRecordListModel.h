@@ -54,8 +54,12 @@ class CRecordListModel final : public QAbstractTableModel {
     /// Does what a hint asks of a list. Hints that don't concern it are ignored.
     void OnHint(Hint hint, const QStringList& ids);
     /// What a click on a header does: the same column once more turns the direction, another sorts ascending.
-    /// headerPosition: from 1 among the visible columns; others do nothing.
     void SortByHeader(int headerPosition);
+
+    /// headerPosition: from 1 among the visible columns; others do nothing.
+    void SortBy(int headerPosition, bool isAscending);
+    /// The direction that a click on this header would give.
+    [[nodiscard]] bool IsAscendingByHeader(int headerPosition) const;
 
     [[nodiscard]] ListLayout Layout() const { return m_layout; }
     /// The column that sorts, Column::kNone without a visible one.

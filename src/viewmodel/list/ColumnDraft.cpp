@@ -18,3 +18,7 @@ void PutColumnDraft(CColSet& set, ColumnHalf half, const ChosenColumns& chosen) 
     set.ShowExactly(half, shown);
     set.SetBreaks(half, chosen.breaks);
 }
+
+void FreeWidth(CColSet& set, int column) {
+    set.SetWidth(column, ColumnTable()[static_cast<std::size_t>(column)].width);
+}

@@ -9,3 +9,6 @@ class CColSet;
 [[nodiscard]] ChosenColumns ColumnDraftOf(const CColSet& set, ColumnHalf half);
 /// Puts what was chosen into the set. A hidden column keeps its width.
 void PutColumnDraft(CColSet& set, ColumnHalf half, const ChosenColumns& chosen);
+
+/// A column loses the width that the user gave it.
+void FreeWidth(CColSet& set, int column);

@@ -25,12 +25,14 @@ class CommandConditions {
             state.*thing.flag = false;
             if (!IsOffered(m_row, state)) words << QString::fromLatin1(thing.words);
         }
+        AddLayout(words);
         AddHistory(words);
         return words.isEmpty() ? QStringLiteral("always") : words.join(QStringLiteral(", "));
     }
 
  private:
     using Words = QStringList;
+    static constexpr int kColumns = 3;
     struct Thing {
         bool CommandState::*flag;
         const char* words;
@@ -60,6 +62,7 @@ class CommandConditions {
         state.selected = listInFront ? 1 : 0;
         state.listed = listInFront ? 3 : 0;
         for (const Thing& thing : kThings) state.*thing.flag = true;
+        state.listLayout = kColumns;
         state.undo = state.redo = QStringLiteral("a change");
         return state;
     }
@@ -90,6 +93,11 @@ class CommandConditions {
         if (!IsOffered(m_row, empty)) words << QStringLiteral("records listed");
     }
 
+    void AddLayout(Words& words) const {
+        CommandState inLines = m_base;
+        inLines.listLayout = kColumns + 1;
+        if (!IsOffered(m_row, inLines)) words << QStringLiteral("layout of columns");
+    }
     void AddHistory(Words& words) const {
         CommandState nothingDone = m_base, nothingUndone = m_base;
         nothingDone.undo.clear();

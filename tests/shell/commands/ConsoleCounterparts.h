@@ -37,6 +37,8 @@ inline constexpr ConsoleCounterpart kConsoleCounterparts[] = {
     {"CmdLayout", "", kOfTheWindow},
     {"CmdSortDialog", "time list, expense list"},
     {"CmdListColumns", "columns set"},
+    {"CmdFitColumns", "columns set"},
+    {"CmdRestoreColumns", "columns reset"},
     {"CmdListFont", "", kOfTheWindow},
     {"CmdRefresh", "", "each command of the console reads anew"},
     {"CmdRebuildViews", "", kOfTheWindow},

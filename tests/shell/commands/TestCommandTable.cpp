@@ -127,7 +127,10 @@ class TestCommandTable final : public QObject {
         rows({32839, 40058, 32840}, kNever, kSome);
         rows({32813, 57665}, kAll, kAll);
         // mode, list, tree, bars
-        rows({40011, 40012, 32825, 32826, 32783, 32823, 32784, 40052, 32829, 32780, 32778}, kAll, kAll);
+        rows({40011, 40012, 32825, 32826, 32783, 32823, 32784, 40052, 40287, 32829, 32780, 32778}, kAll,
+             kAll);
+        // in the layout of columns alone
+        rows({40286}, kNever, kNever);
         rows({32771, 32772, 32773, 40122}, kAll, kAll);
         rows({40068}, kNever, kNever);
         rows({59392, 32812, 32774, 32817, 32879}, kAll, kAll);
