@@ -59,7 +59,7 @@ void CActions::GroupChoices() {
     for (const Made& made : m_made) {
         if (made.row->check != CheckStyle::Radio) continue;
         const bool isPeriod = made.row->run == Run::PeriodAll || made.row->run == Run::PeriodDay ||
-                              made.row->run == Run::PeriodPreset;
+                              made.row->run == Run::PeriodRange || made.row->run == Run::PeriodPreset;
         if (isPeriod && made.row->id == Command::kLayoutIcons) continue;
         QActionGroup*& group = groups[static_cast<int>(isPeriod ? Run::PeriodPreset : made.row->run)];
         if (!group) group = new QActionGroup(this);

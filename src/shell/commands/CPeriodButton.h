@@ -11,14 +11,24 @@ class CPeriodButton final : public QToolButton {
     explicit CPeriodButton(QWidget* parent = nullptr);
 
     void ShowPeriod(const QString& name, int preset);
+    /// As wide as the longest name of a period, so that nothing moves when another is chosen.
+    [[nodiscard]] QSize sizeHint() const override;
 
  Q_SIGNALS:
     void PresetChosen(int preset);
     void AllChosen();
     void DayWanted();
+    void RangeWanted();
+
+ protected:
+    void changeEvent(QEvent* event) override;
 
  private:
     void FillMenu();
+    [[nodiscard]] int WidthOf(const QString& text) const;
+    [[nodiscard]] int WidestName() const;
+    void FitName();
 
+    QString m_name;
     int m_preset = 0;
 };

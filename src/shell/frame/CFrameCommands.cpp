@@ -101,6 +101,7 @@ CFrameCommands::Handler CFrameCommands::FilterHandlerOf(::Run run) {
         {::Run::PeriodPreset, [](Self& self, int preset) { self.Period().Preset(preset); }},
         {::Run::PeriodAll, [](Self& self, int) { self.Period().All(); }},
         {::Run::PeriodDay, [](Self& self, int) { self.m_context.control.PickDay(); }},
+        {::Run::PeriodRange, [](Self& self, int) { self.m_filters.PeriodRange(); }},
         {::Run::PeriodPrevious, [](Self& self, int) { self.Period().StepBack(); }},
         {::Run::PeriodNext, [](Self& self, int) { self.Period().StepForward(); }},
         {::Run::FilterDialog, [](Self& self, int) { self.m_filters.FilterDialog(); }},

@@ -5,6 +5,7 @@
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
 #include "shell/controls/CPickDialog.h"
+#include "shell/controls/CRangeDialog.h"
 #include "shell/frame/CFrameControl.h"
 #include "shell/frame/FrameContext.h"
 #include "shell/list/CConditionStrip.h"
@@ -66,6 +67,17 @@ void CFrameFilters::FillAndApply() {
                                       m_context.clock, m_context.document.GetPeriodContext()};
     if (RunFilterDialog(&m_context.control.Window(), filter, CFilterDialog::Use::List, context))
         m_period.ApplyFilter(filter);
+}
+
+void CFrameFilters::PeriodRange() {
+    const PeriodContext context = m_context.document.GetPeriodContext();
+    DateTimeVal first, last;
+    if (!m_context.document.CurrentFilter().Dates(first, last, context)) {
+        first.SetToday(m_context.clock);
+        last.SetToday(m_context.clock);
+    }
+    CRangeDialog dialog({first, last}, context, &m_context.control.Window());
+    if (dialog.exec() == QDialog::Accepted) m_period.Range(dialog.GetDays().first, dialog.GetDays().last);
 }
 
 void CFrameFilters::FilterBy(int command) {

@@ -14,6 +14,8 @@ class CFrameFilters {
     [[nodiscard]] const CPeriodCommands& Period() const { return m_period; }
     /// All conditions at once; the widths on screen are taken into the columns first.
     void FilterDialog();
+    /// Lets the user choose two days, from those of the present period.
+    void PeriodRange();
     /// Lets the user pick the value of the condition that a command stands for.
     void FilterBy(int command);
     /// Only records with a timer; once more, what was shown before.

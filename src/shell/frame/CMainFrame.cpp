@@ -183,6 +183,7 @@ void CMainFrame::Connect() {
             [this](int preset) { m_commands->Period().Preset(preset); });
     connect(&period, &CPeriodButton::AllChosen, this, [this] { m_commands->Period().All(); });
     connect(&period, &CPeriodButton::DayWanted, this, [this] { PickDay(); });
+    connect(&period, &CPeriodButton::RangeWanted, this, [this] { RunCommand(Command::kPeriodRange); });
 }
 
 void CMainFrame::RunCommand(int command) {

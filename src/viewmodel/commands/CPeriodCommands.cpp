@@ -63,6 +63,13 @@ void CPeriodCommands::Day(const QString& date) {
     Change([&](PeriodFilter& filter) { return filter.SetSingleDate(date, m_document.GetPeriodContext()); });
 }
 
+void CPeriodCommands::Range(const DateTimeVal& first, const DateTimeVal& last) {
+    Change([&](PeriodFilter& filter) {
+        filter.SetRange(first, last, m_document.GetPeriodContext());
+        return true;
+    });
+}
+
 void CPeriodCommands::StepBack() {
     Change([&](PeriodFilter& filter) { return filter.StepBack(m_document.GetPeriodContext()); });
 }

@@ -7,6 +7,7 @@
 #include <optional>
 
 class CVelmarchDoc;
+class DateTimeVal;
 class ExpenseFilter;
 
 /// Changes the period and the filter of the list, in the mode in use. Each works on a copy of the filter,
@@ -22,6 +23,8 @@ class CPeriodCommands {
     void All();
     /// One day, as text in the user's form with its year.
     void Day(const QString& date);
+    /// From one day to another; a start after the end is taken as the day of the end.
+    void Range(const DateTimeVal& first, const DateTimeVal& last);
     void StepBack();
     void StepForward();
     /// Takes all conditions away and keeps the period.

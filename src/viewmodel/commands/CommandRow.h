@@ -43,6 +43,7 @@ inline constexpr int kRebuildViews = 32778;
 inline constexpr int kPeriodToday = 32798;
 inline constexpr int kPeriodAll = 32802;
 inline constexpr int kPeriodDay = 32803;
+inline constexpr int kPeriodRange = 40285;  ///< a number of our own, as the two of the columns
 inline constexpr int kPeriodPrevious = 32844;
 inline constexpr int kPeriodNext = 32845;
 inline constexpr int kFilterDialog = 114;
@@ -125,6 +126,7 @@ enum class Run {
     PeriodPreset,  ///< argument: preset
     PeriodAll,
     PeriodDay,
+    PeriodRange,
     PeriodPrevious,
     PeriodNext,
     FilterDialog,

@@ -340,6 +340,10 @@ constexpr CommandRow kFirstCommands[] = {
     Row(Command::kPeriodDay, "CmdPeriodDay", {Text::CmdPeriodDay, Text::TipPeriodDay, "view-calendar-day"},
         Menu::Period, {Run::PeriodDay})
         .Radio(PresetIs<PeriodCode::kSingleDate>),
+    Row(Command::kPeriodRange, "CmdPeriodRange",
+        {Text::CmdPeriodRange, Text::TipPeriodRange, "view-calendar-timeline"}, Menu::Period,
+        {Run::PeriodRange})
+        .Radio(PresetIs<PeriodCode::kRange>),
     Row(32799, "CmdPeriod2", {Text::PeriodThisWeek, Text::TipPeriod, "view-calendar-week"}, Menu::PeriodWeeks,
         {Run::PeriodPreset, 2})
         .Radio(PresetIs<2>),

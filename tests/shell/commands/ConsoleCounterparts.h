@@ -60,6 +60,7 @@ inline constexpr ConsoleCounterpart kConsoleCounterparts[] = {
     {"CmdPeriod3", "time list, expense list"},
     {"CmdPeriod4", "time list, expense list"},
     {"CmdPeriodDay", "time list, expense list"},
+    {"CmdPeriodRange", "time list, expense list"},
     {"CmdPeriodPreset", "time list, expense list"},
     {"CmdFilterDialog", "query save, time list, expense list"},
     {"CmdClearFilter", "time list, expense list"},
