@@ -3,6 +3,7 @@
 #include "app/FieldLabels.h"
 #include "lang/FormatText.h"
 #include "shell/commands/CPeriodButton.h"
+#include "shell/commands/CommandIcon.h"
 #include "shell/look/CMnemonics.h"
 #include "shell/look/PlainTip.h"
 #include "viewmodel/commands/MenuTable.h"
@@ -70,7 +71,7 @@ void CActions::GroupChoices() {
 QAction* CActions::MakeAction(const CommandRow& row) {
     auto* action = new QAction(this);
     action->setObjectName(QStringLiteral("command%1.%2").arg(row.id).arg(row.argument));
-    action->setIcon(QIcon::fromTheme(QString::fromLatin1(row.icon)));
+    action->setIcon(CommandIcon(row));
     action->setShortcuts(KeysOf(row));
     action->setCheckable(row.check != CheckStyle::None);
     // A mark that shows the state stands where the icon would.
@@ -211,8 +212,7 @@ void CActions::GiveMnemonics(Menu which) {
 }
 
 void CActions::RefreshIcons() {
-    for (const Made& made : m_made)
-        made.action->setIcon(QIcon::fromTheme(QString::fromLatin1(made.row->icon)));
+    for (const Made& made : m_made) made.action->setIcon(CommandIcon(*made.row));
     for (const MenuRow& row : MenuTable())
         m_menus[row.menu]->setIcon(QIcon::fromTheme(QString::fromLatin1(row.icon)));
     m_bars->PeriodButton().setIcon(QIcon::fromTheme(u"view-calendar"_s));

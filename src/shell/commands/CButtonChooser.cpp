@@ -1,6 +1,7 @@
 #include "shell/commands/CButtonChooser.h"
 
 #include "lang/LoadText.h"
+#include "shell/commands/CommandIcon.h"
 #include "shell/controls/CTwoLists.h"
 #include "shell/look/CMnemonics.h"
 #include "shell/look/DialogSize.h"
@@ -83,7 +84,7 @@ void CButtonChooser::Fill(QListWidget& list, const QList<int>& buttons) const {
             continue;
         }
         const CommandWords words = WordsOf(*row, m_names.timeMode, m_names.labels);
-        const QIcon icon = QIcon::fromTheme(QString::fromLatin1(row->icon));
+        const QIcon icon = CommandIcon(*row);
         (new QListWidgetItem(icon, words.tip, &list))->setToolTip(PlainTip(words.status));
     }
 }

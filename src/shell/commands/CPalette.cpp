@@ -1,6 +1,7 @@
 #include "shell/commands/CPalette.h"
 
 #include "lang/LoadText.h"
+#include "shell/commands/CommandIcon.h"
 #include "shell/controls/CSearchList.h"
 #include "shell/look/CMnemonics.h"
 #include "shell/look/DialogSize.h"
@@ -49,7 +50,7 @@ CPalette::CPalette(std::vector<PaletteEntry> entries, CProfile& profile, QWidget
         rows.push_back({.text = entry.name,
                         .place = entry.path,
                         .keys = KeysOf(*entry.row),
-                        .icon = QIcon::fromTheme(QString::fromLatin1(entry.row->icon))});
+                        .icon = CommandIcon(*entry.row)});
         texts.push_back({entry.name, entry.path + u' ' + entry.tip});
     }
     m_list->SetRows(std::move(rows), 0,

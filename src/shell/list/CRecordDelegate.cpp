@@ -2,6 +2,7 @@
 
 #include "config/ColumnTable.h"
 #include "config/Settings.h"
+#include "shell/look/FlagGlyphs.h"
 #include "viewmodel/list/CRecordListModel.h"
 
 #include <QAbstractItemView>
@@ -34,30 +35,6 @@ constexpr StateRow kStates[] = {
 Glyph StateGlyph(int image) {
     const auto* row = std::ranges::find(kStates, static_cast<RowImage>(image), &StateRow::image);
     return row == std::end(kStates) ? Glyph::Record : row->glyph;
-}
-
-struct FlagRow {
-    int column;
-    Glyph glyph;
-};
-constexpr FlagRow kFlags[] = {
-    {Column::kBillable, Glyph::Billable},
-    {Column::kBilled, Glyph::Billed},
-    {Column::kExported, Glyph::Exported},
-    {Column::kNotes, Glyph::Notes},
-    {Column::kIsDistance, Glyph::DistanceEntry},
-    {Column::kFlag1, Glyph::Billable},
-    {Column::kFlag2, Glyph::Billed},
-    {Column::kFlag3, Glyph::Reimbursable},
-    {Column::kFlag4, Glyph::Reimbursed},
-    {Column::kFlag5, Glyph::Personal},
-    {Column::kExpenseNotes, Glyph::Notes},
-    {Column::kExpenseExported, Glyph::Exported},
-};
-
-Glyph FlagGlyph(int column) {
-    const auto* row = std::ranges::find(kFlags, column, &FlagRow::column);
-    return row == std::end(kFlags) ? Glyph::Billable : row->glyph;
 }
 
 /// Figures and colons only, as in "01:42:17": such a text must not tremble while it counts.

@@ -440,8 +440,8 @@ constexpr CommandRow kFirstCommands[] = {
         Menu::Filter, {Run::FilterBy, 32808})
         .When(InExpenseMode)
         .Toggle(FilterIsSet<32808>),
-    Row(32809, "CmdFilterList6", {Text::FieldExpenseItem4, Text::TipFilterText, "wallet-open"}, Menu::Filter,
-        {Run::FilterBy, 32809})
+    Row(32809, "CmdFilterList6", {Text::FieldExpenseItem4, Text::TipFilterText, "view-financial-list"},
+        Menu::Filter, {Run::FilterBy, 32809})
         .When(InExpenseMode)
         .Toggle(FilterIsSet<32809>),
     Row(32832, "CmdFilterFlag1", {Text::FieldBillable, Text::TipFilterFlag, "flag-green"}, Menu::Filter,
@@ -490,10 +490,10 @@ constexpr CommandRow kFirstCommands[] = {
         {Text::CmdPauseAllTimers, Text::TipPauseAllTimers, "chronometer-pause"}, Menu::Timer,
         {Run::PauseAllTimers})
         .When(TimeModeWithRunning),
-    Row(Command::kEditLists, "CmdEditLists", {Text::CmdEditLists, Text::TipEditLists, "view-list-details"},
+    Row(Command::kEditLists, "CmdEditLists", {Text::CmdEditLists, Text::TipEditLists, "view-pim-tasks"},
         Menu::Lists, {Run::EditLists}),
     Row(Command::kEditDependencies, "CmdEditDependencies",
-        {Text::CmdEditDependencies, Text::TipEditDependencies, "view-list-tree"}, Menu::Lists,
+        {Text::CmdEditDependencies, Text::TipEditDependencies, "relationship"}, Menu::Lists,
         {Run::EditDependencies}),
     Row(Command::kUseDependencies, "CmdUseDependencies",
         {Text::CmdUseDependencies, Text::TipUseDependencies, "link"}, Menu::Lists, {Run::UseDependencies})
@@ -508,14 +508,14 @@ constexpr CommandRow kFirstCommands[] = {
 /// Those of the menus after it.
 constexpr CommandRow kLastCommands[] = {
     Row(Command::kFindCommand, "CmdFindCommand",
-        {Text::CmdFindCommand, Text::TipFindCommand, "edit-find", "Ctrl+K"}, Menu::Tools, {Run::FindCommand}),
+        {Text::CmdFindCommand, Text::TipFindCommand, "quickopen", "Ctrl+K"}, Menu::Tools, {Run::FindCommand}),
     Row(Command::kBackup, "CmdBackup", {Text::CmdBackup, Text::TipBackup, "document-save"}, Menu::Tools,
         {Run::Backup})
         .BeginsGroup(),
     Row(Command::kRestore, "CmdRestore", {Text::CmdRestore, Text::TipRestore, "document-revert"}, Menu::Tools,
         {Run::Restore}),
-    Row(Command::kBackupPlan, "CmdBackupPlan", {Text::CmdBackupPlan, Text::TipBackupPlan, "appointment-new"},
-        Menu::Tools, {Run::BackupPlan}),
+    Row(Command::kBackupPlan, "CmdBackupPlan",
+        {Text::CmdBackupPlan, Text::TipBackupPlan, "document-save-all"}, Menu::Tools, {Run::BackupPlan}),
     Row(Command::kImport, "CmdImport", {Text::CmdImport, Text::TipImport, "document-import"}, Menu::Exchange,
         {Run::ImportRecords, 4}),
     Row(Command::kImportOlderForm, "CmdImportOlderForm",
