@@ -6,6 +6,7 @@
 #include "shell/commands/CommandIcon.h"
 #include "shell/look/CMnemonics.h"
 #include "shell/look/PlainTip.h"
+#include "viewmodel/commands/BarButtons.h"
 #include "viewmodel/commands/MenuTable.h"
 
 #include <QAction>
@@ -155,6 +156,7 @@ void CActions::Update(const CommandState& state) {
     m_menus[Menu::Mark]->setEnabled(state.selected > 0 && !state.busy);
     m_menus[Menu::New]->setEnabled(!state.busy);
     m_bars->PeriodButton().setEnabled(!state.busy);
+    m_bars->SetMode(state.timeMode);
 }
 
 /// What would be undone stands in the menu.
@@ -186,7 +188,8 @@ CommandWords CActions::Words(const CommandRow& row) const {
 
 void CActions::ShowWords(const Made& made) {
     const CommandWords words = Words(*made.row);
-    made.action->setIconText(words.name);
+    const std::optional<Text> onBar = WordOnBar(made.row->id);
+    made.action->setIconText(onBar ? LoadText(*onBar) : words.name);
     made.action->setToolTip(PlainTip(TipOf(*made.row, words.tip)));
     made.action->setStatusTip(words.status);
 }

@@ -34,6 +34,7 @@ constexpr CTwoLists::Words kWords{
     .down = {Text::ColumnDown, Text::TipChooserDown, "buttonDown"},
 };
 constexpr CTwoLists::Button kReset{Text::ChooserReset, Text::TipChooserReset, "resetButtons"};
+constexpr CTwoLists::Button kFew{Text::ChooserFew, Text::TipChooserFew, "fewButtons"};
 
 /// In place of an icon, so that the words beside it stand in line.
 QIcon Blank(const QSize& size) {
@@ -67,6 +68,10 @@ CButtonChooser::CButtonChooser(Bar bar, const QList<int>& buttons, const Names& 
     for (QListWidget* list : {&m_lists->Available(), &m_lists->Taken()}) list->setIconSize({icon, icon});
     connect(m_lists->AddButton(kReset, "edit-reset", mnemonics), &QPushButton::clicked, this, [this] {
         m_choice.Reset();
+        m_lists->ShowLines(0, 0);
+    });
+    connect(m_lists->AddButton(kFew, "edit-clear-all", mnemonics), &QPushButton::clicked, this, [this] {
+        m_choice.TakeFew();
         m_lists->ShowLines(0, 0);
     });
     column->addWidget(m_lists);

@@ -3,6 +3,7 @@
 #include "lang/LoadText.h"
 #include "shell/commands/CPeriodButton.h"
 #include "viewmodel/commands/BarButtons.h"
+#include "viewmodel/commands/FilterCommands.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -11,6 +12,7 @@
 #include <QThread>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -38,6 +40,17 @@ void Clear(QToolBar& bar) {
         if (action->isSeparator()) delete action;
         if (isAtStart && !isOurs) delete button;
     }
+}
+
+/// Where filters of the other mode go, what they leave is put in order; otherwise lines come as they were
+/// chosen.
+bool IsSifted(const QList<int>& buttons) {
+    return std::ranges::any_of(
+        buttons, [](int button) { return !IsFilterOfMode(button, true) || !IsFilterOfMode(button, false); });
+}
+
+void GiveWord(QToolButton& button, bool isShown) {
+    button.setToolButtonStyle(isShown ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
 }
 
 }  // namespace
@@ -73,16 +86,37 @@ CCommandBars::CCommandBars(QMainWindow& window, ButtonOf buttonOf)
 
 void CCommandBars::SetButtons(Bar which, const QList<int>& buttons) {
     m_bars[which].buttons = buttons;
-    QList<int> elements = buttons;
-    if (which == Bar::Filters) elements.insert(PlaceOfPeriod(buttons), kPeriod);
-    Place(which, {elements});
+    m_widthOfWords = 0;
+    Place(which, {ElementsOf(which)});
+    FitWords();
     WrapBar(which);
+}
+
+void CCommandBars::SetMode(bool timeMode) {
+    if (timeMode == m_timeMode) return;
+    m_timeMode = timeMode;
+    for (const Bar bar : {Bar::Records, Bar::Filters}) SetButtons(bar, QList<int>(m_bars[bar].buttons));
+}
+
+/// What stands on a bar in the mode: a dividing line goes with the buttons that it divided.
+QList<int> CCommandBars::ElementsOf(Bar which) const {
+    const QList<int>& buttons = m_bars.at(which).buttons;
+    QList<int> elements;
+    for (const int button : buttons) {
+        if (!IsFilterOfMode(button, m_timeMode)) continue;
+        const bool isSecondLine =
+            button == kDivider && !elements.isEmpty() && elements.back() == kDivider && IsSifted(buttons);
+        if (!isSecondLine) elements.append(button);
+    }
+    if (which == Bar::Filters) elements.insert(PlaceOfPeriod(elements), kPeriod);
+    return elements;
 }
 
 // --- Rows
 
 void CCommandBars::Wrap(int width) {
     m_width = width;
+    FitWords();
     for (const Bar bar : kBars) WrapBar(bar);
 }
 
@@ -103,6 +137,38 @@ void CCommandBars::WrapBar(Bar which) {
         }
     if (rows != bar.shown) Place(which, rows);
     for (std::size_t i = 1; i < bar.rows.size(); ++i) bar.rows[i]->setVisible(!bar.rows.front()->isHidden());
+}
+
+int CCommandBars::WidthOfAll() const {
+    int width = 0;
+    for (const Bar which : {Bar::Records, Bar::Filters}) {
+        const WrappedBar& bar = m_bars.at(which);
+        if (bar.rows.front()->isHidden()) continue;
+        for (const QList<int>& row : bar.shown)
+            for (const int element : row) width += WidthOf(bar, element);
+        width += m_width - RoomOnARow(*bar.rows.front());
+    }
+    return width;
+}
+
+/// Words that have gone come back where there is room for them.
+void CCommandBars::FitWords() {
+    if (m_width == 0) return;
+    if (!m_hasWords && m_width >= m_widthOfWords) ShowWords(true);
+    if (!m_hasWords) return;
+    const int needed = WidthOfAll();
+    if (needed <= m_width) return;
+    m_widthOfWords = needed;
+    ShowWords(false);
+}
+
+void CCommandBars::ShowWords(bool areShown) {
+    m_hasWords = areShown;
+    for (const auto& [which, bar] : m_bars)
+        for (std::size_t row = 0; row < bar.shown.size(); ++row)
+            for (const int element : bar.shown[row])
+                if (QAction* action = WordOnBar(element) ? m_buttonOf(element).action : nullptr)
+                    GiveWord(*qobject_cast<QToolButton*>(bar.rows[row]->widgetForAction(action)), areShown);
 }
 
 int CCommandBars::RoomOnARow(const QToolBar& row) const {
@@ -171,6 +237,7 @@ void CCommandBars::AddButton(QToolBar& bar, int command) {
     bar.addAction(made.action);
     auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(made.action));
     button->setObjectName(QStringLiteral("button%1").arg(command));
+    if (WordOnBar(command)) GiveWord(*button, m_hasWords);
     if (!made.menu) return;
     button->setMenu(made.menu);
     button->setPopupMode(QToolButton::MenuButtonPopup);

@@ -34,6 +34,8 @@ class CCommandBars {
     /// 102, between those of the former and the next period.
     void SetButtons(Bar bar, const QList<int>& buttons);
     [[nodiscard]] const QList<int>& Buttons(Bar bar) const { return m_bars.at(bar).buttons; }
+    /// Filters of the other kind of records have no button meanwhile.
+    void SetMode(bool timeMode);
     /// After commands were given other names.
     void NameButtons();
 
@@ -43,7 +45,7 @@ class CCommandBars {
     /// Shown only while a report is.
     [[nodiscard]] QToolBar& Report() const { return *m_bars.at(Bar::Report).rows.front(); }
     /// Gives each bar as many rows as its buttons need in a window of that width; those below the first are
-    /// shown with it.
+    /// shown with it. Where the buttons don't fit a row, the words beside their pictures go first.
     void Wrap(int width);
     [[nodiscard]] std::size_t RowsOf(Bar bar) const { return m_bars.at(bar).rows.size(); }
     [[nodiscard]] CPeriodButton& PeriodButton() const { return *m_period; }
@@ -59,6 +61,10 @@ class CCommandBars {
     };
     [[nodiscard]] QToolBar* MakeRow(const WrappedBar& bar);
     void WrapBar(Bar which);
+    [[nodiscard]] QList<int> ElementsOf(Bar which) const;
+    [[nodiscard]] int WidthOfAll() const;
+    void FitWords();
+    void ShowWords(bool areShown);
     [[nodiscard]] int RoomOnARow(const QToolBar& row) const;
     [[nodiscard]] int WidthOf(const WrappedBar& bar, int element) const;
     void Place(Bar which, const std::vector<QList<int>>& rows);
@@ -71,6 +77,9 @@ class CCommandBars {
     ButtonOf m_buttonOf;
     std::map<Bar, WrappedBar> m_bars;
     int m_width = 0;  ///< of the window; 0 before it is known
+    bool m_timeMode = true;
+    bool m_hasWords = true;  ///< beside the pictures of the main buttons
+    int m_widthOfWords = 0;  ///< that the buttons need with them, where they didn't fit; 0: not known
     CPeriodButton* m_period = nullptr;
     QAction* m_periodPlace = nullptr;  ///< the period button as an element of its bar
 };

@@ -70,9 +70,10 @@ QPushButton* CTwoLists::AddButton(const Button& words, const char* icon, CMnemon
     NameWidget(*button, QString::fromLatin1(words.name), LoadText(words.caption));
     m_buttons->insertWidget(m_buttons->count() - 1, button);
     if (m_taken) {  // Tab goes from button to button, and then to the list
-        setTabOrder(m_down, button);
+        setTabOrder(m_lastButton, button);
         setTabOrder(button, m_taken);
     }
+    m_lastButton = button;
     return button;
 }
 

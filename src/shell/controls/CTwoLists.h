@@ -71,4 +71,5 @@ class CTwoLists final : public QWidget {
     QPushButton* m_giveBack = nullptr;
     QPushButton* m_up = nullptr;
     QPushButton* m_down = nullptr;
+    QPushButton* m_lastButton = nullptr;  ///< of the column between the lists
 };

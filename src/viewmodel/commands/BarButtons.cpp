@@ -23,6 +23,18 @@ constexpr int kFactoryRecords[] = {kNew,           kDivider,     kCopy,
 constexpr int kFactoryFilters[] = {
     kPeriodPrevious, kPeriodNext, kDivider, kClearFilter, kFilterTimers, kDivider, 32804, 32805, 32806, 32807,
     32808,           32809,       kDivider, 32832,        32833,         32834,    32835, 32836, 32837};
+constexpr int kFewRecords[] = {kNew, kNewStampTimer, kEdit, kCopy, kDelete, kDivider};
+constexpr int kFewFilters[] = {kPeriodPrevious, kPeriodNext, kDivider, kFilterDialog, kFind};
+struct BarWord {
+    int command;
+    Text word;
+};
+constexpr BarWord kBarWords[] = {
+    {kNew, Text::BarNew},
+    {kNewStampTimer, Text::BarStartTimer},
+    {kFilterDialog, Text::BarFilter},
+    {kFind, Text::BarFind},
+};
 /// On the report that is shown; the user can't change them.
 constexpr int kReportButtons[] = {kReportSave,   kReportPdf,     kReportCsv,    kReportBrowser, kDivider,
                                   kReportPrint,  kReportPreview, kDivider,      kReportCopy,    kReportFind,
@@ -52,9 +64,10 @@ QList<int> Sifted(Bar bar, const QList<int>& buttons) {
     return sifted;
 }
 
-/// The filter dialog is so much used that its button has always been among those of the records.
-Bar BarOf(const CommandRow& row) {
-    return row.id == kFilterDialog ? Bar::Records : BarOf(row.menu);
+/// The filter dialog is so much used that its button has always been among those of the records; what narrows
+/// the list stands well beside the period, too.
+bool IsPossible(Bar bar, const CommandRow& row) {
+    return row.id == kFilterDialog || row.id == kFind || BarOf(row.menu) == bar;
 }
 
 QString Entry(Bar bar) {
@@ -70,10 +83,20 @@ QList<int> FactoryButtons(Bar bar) {
                : Sifted(bar, QList<int>(std::begin(kFactoryFilters), std::end(kFactoryFilters)));
 }
 
+QList<int> FewButtons(Bar bar) {
+    return bar == Bar::Records ? QList<int>(std::begin(kFewRecords), std::end(kFewRecords))
+                               : QList<int>(std::begin(kFewFilters), std::end(kFewFilters));
+}
+
+std::optional<Text> WordOnBar(int command) {
+    const auto* row = std::ranges::find(kBarWords, command, &BarWord::command);
+    return row == std::end(kBarWords) ? std::nullopt : std::optional(row->word);
+}
+
 QList<int> PossibleButtons(Bar bar) {
     QList<int> buttons;
     for (const CommandRow& row : CommandTable())
-        if (BarOf(row) == bar && FindCommand(row.id) == &row) buttons << row.id;
+        if (IsPossible(bar, row) && FindCommand(row.id) == &row) buttons << row.id;
     return buttons;
 }
 
@@ -128,5 +151,10 @@ int ButtonChoice::Exchange(int line, int neighbour) {
 
 void ButtonChoice::Reset() {
     m_onBar = FactoryButtons(m_bar);
+    FindAvailable();
+}
+
+void ButtonChoice::TakeFew() {
+    m_onBar = FewButtons(m_bar);
     FindAvailable();
 }

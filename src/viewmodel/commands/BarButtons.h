@@ -1,8 +1,10 @@
 #pragma once
 
+#include "lang/Text.h"
 #include "viewmodel/commands/CommandTable.h"
 
 #include <QList>
+#include <optional>
 
 class CProfile;
 
@@ -11,8 +13,12 @@ inline constexpr int kDivider = 0;
 
 /// Which buttons a bar has at first, in their order. Commands that this program doesn't know are left out.
 [[nodiscard]] QList<int> FactoryButtons(Bar bar);
+/// The few buttons that a new window has: all else is in the menus.
+[[nodiscard]] QList<int> FewButtons(Bar bar);
+/// What a main button says beside its picture; nothing for one that shows its picture alone.
+[[nodiscard]] std::optional<Text> WordOnBar(int command);
 /// All commands that can have a button on a bar, in the order of the menus: those of period and filter on
-/// their bar, all others, and the filter dialog, on that of the records.
+/// their bar, all others on that of the records. Filter dialog and search can stand on both.
 [[nodiscard]] QList<int> PossibleButtons(Bar bar);
 
 /// The buttons as the user has chosen them, else the factory's. What is no button of the bar is left out.
@@ -40,6 +46,8 @@ class ButtonChoice {
     int MoveDown(int line) { return Exchange(line, line + 1); }
     /// The factory's buttons.
     void Reset();
+    /// The few of a new window.
+    void TakeFew();
 
  private:
     int Exchange(int line, int neighbour);

@@ -3,6 +3,7 @@
 #include "app/CPulldownCatalogue.h"
 #include "app/ListTable.h"
 #include "lang/LoadText.h"
+#include "viewmodel/commands/CommandRow.h"
 
 #include <algorithm>
 
@@ -110,6 +111,13 @@ std::span<const FilterCommandRow> FilterCommands() {
 const FilterCommandRow* FindFilterCommand(int command) {
     const auto row = std::ranges::find(kCommands, command, &FilterCommandRow::command);
     return row == std::end(kCommands) ? nullptr : row;
+}
+
+bool IsFilterOfMode(int command, bool timeMode) {
+    if (command == Command::kFilterTimers) return timeMode;
+    const FilterCommandRow* row = FindFilterCommand(command);
+    if (!row) return true;
+    return timeMode ? row->timeText || row->timeFlag : row->expenseText || row->expenseFlag;
 }
 
 QStringList FilterChoices(const FilterCommandRow& row, const CPulldownCatalogue& lists) {

@@ -26,6 +26,9 @@ struct FilterCommandRow {
 /// Null for a command that sets no condition.
 [[nodiscard]] const FilterCommandRow* FindFilterCommand(int command);
 
+/// Whether a command sets a condition that records of a mode have; true for what is no filter command.
+[[nodiscard]] bool IsFilterOfMode(int command, bool timeMode);
+
 /// What the user picks from: the word for any, then the items of the list in its order, or yes and no.
 [[nodiscard]] QStringList FilterChoices(const FilterCommandRow& row, const CPulldownCatalogue& lists);
 /// The choice that is the condition now; -1 when it is none of them, a text that isn't an item for example.

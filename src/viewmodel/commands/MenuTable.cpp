@@ -90,6 +90,7 @@ std::span<const MenuRow> MenuTable() {
 Menu MenuUnderButton(int command) {
     return command == Command::kNew                  ? Menu::New
            : command == Command::kMarkFirstAndSecond ? Menu::Mark
+           : command == Command::kFilterDialog       ? Menu::Filter
            : command == Command::kReportChart        ? Menu::ReportChart
                                                      : Menu::Help;
 }

@@ -58,7 +58,8 @@ class TestCButtonChooser final : public QObject {
         const auto dialog = Open(Bar::Filters, {32804, kDivider, 32810});
         QCOMPARE(dialog->windowTitle(), u"Buttons of the filter bar"_s);
         QCOMPARE(Lines(*OnBar(*dialog)), u"[Customer & Co], Dividing line, Clear filter"_s);
-        QVERIFY(Lines(*Available(*dialog)).startsWith(u"[Dividing line], Back, Forward, All, Today"_s));
+        QVERIFY(Lines(*Available(*dialog))
+                    .startsWith(u"[Dividing line], Find in the list, Back, Forward, All, Today"_s));
         QVERIFY(!Lines(*Available(*dialog)).contains(u"Clear filter"_s));
         for (int i = 1; i < Available(*dialog)->count(); ++i)
             QVERIFY2(!Available(*dialog)->item(i)->icon().isNull(),
@@ -116,6 +117,8 @@ class TestCButtonChooser final : public QObject {
         Press(*dialog, "resetButtons");
         QCOMPARE(dialog->Buttons(), FactoryButtons(Bar::Filters));
         QVERIFY(Find<QPushButton>(*dialog, "giveBackButton")->isEnabled());
+        Press(*dialog, "fewButtons");
+        QCOMPARE(dialog->Buttons(), FewButtons(Bar::Filters));
     }
     void RunGivesTheButtons() {
         const CButtonChooser::Names names{true, labels};
@@ -137,7 +140,7 @@ class TestCButtonChooser final : public QObject {
             const qsizetype mark = button->text().indexOf(u'&');
             if (mark >= 0) letters << button->text()[mark + 1].toUpper();
         }
-        QCOMPARE(letters.size(), 7);
+        QCOMPARE(letters.size(), 8);
         QCOMPARE(letters.removeDuplicates(), 0);
     }
 };

@@ -36,11 +36,29 @@ class TestBarButtons final : public QObject {
             Numbers(FactoryButtons(Bar::Report)),
             u"40067 40226 40227 40228 | 40230 40229 | 40222 40221 40223 40224 32890 40210 | 40220 32815"_s);
     }
-    /// Every command has a button on one bar, the number that stands twice on that of the layout.
+    void FewAtFirst() {
+        QCOMPARE(Numbers(FewButtons(Bar::Records)), u"40147 32853 103 101 102 |"_s);
+        QCOMPARE(Numbers(FewButtons(Bar::Filters)), u"32844 32845 | 114 40260"_s);
+        for (const Bar bar : {Bar::Records, Bar::Filters})
+            for (const int button : FewButtons(bar))
+                QVERIFY2(button == kDivider || PossibleButtons(bar).contains(button),
+                         qPrintable(QString::number(button)));
+    }
+    /// The main buttons say what they are; what everyone knows is a picture alone.
+    void WordsOnTheBar() {
+        QStringList words;
+        for (const CommandRow& row : CommandTable())
+            if (const std::optional<Text> word = WordOnBar(row.id)) words << LoadText(*word);
+        QCOMPARE(words, (QStringList{u"New"_s, u"Start timer"_s, u"Find"_s, u"Filter"_s}));
+    }
+    /// Every command has a button on one bar, the number that stands twice on that of the layout; what
+    /// narrows the list can stand on both.
     void EachCommandOnOneBar() {
         const QList<int> records = PossibleButtons(Bar::Records), filters = PossibleButtons(Bar::Filters);
         for (const CommandRow& row : CommandTable())
-            QVERIFY2(records.contains(row.id) != filters.contains(row.id), row.name);
+            QVERIFY2((records.contains(row.id) != filters.contains(row.id)) !=
+                         (row.id == Command::kFind || row.id == Command::kFilterDialog),
+                     row.name);
         QCOMPARE(records.count(32823), 1);
         QVERIFY(filters.contains(32799) && filters.contains(32837) && !filters.contains(32838));
     }
@@ -133,6 +151,10 @@ class TestBarButtons final : public QObject {
         choice.Reset();
         QCOMPARE(choice.OnBar(), FactoryButtons(Bar::Filters));
         QVERIFY(!choice.Available().contains(32804));
+        choice.TakeFew();
+        QCOMPARE(choice.OnBar(), FewButtons(Bar::Filters));
+        QVERIFY(choice.Available().contains(32804));
+        QVERIFY(!choice.Available().contains(Command::kFind));
     }
 };
 

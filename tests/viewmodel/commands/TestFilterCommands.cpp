@@ -196,6 +196,26 @@ class TestFilterCommands final : public QObject {
         QVERIFY(filter.Matches(record, context, nullptr));
         QVERIFY(!filter.Matches(other, context, nullptr));
     }
+
+    void OfTheMode_data() {
+        QTest::addColumn<int>("command");
+        QTest::addColumn<bool>("inTimeMode");
+        QTest::addColumn<bool>("inExpenseMode");
+        QTest::newRow("client") << 32804 << true << true;
+        QTest::newRow("activity") << 32806 << true << false;
+        QTest::newRow("description") << 32808 << false << true;
+        QTest::newRow("billable") << 32832 << true << true;
+        QTest::newRow("a flag of expenses") << 32836 << false << true;
+        QTest::newRow("exported") << 32837 << true << true;
+        QTest::newRow("timers") << 32851 << true << false;
+        QTest::newRow("what is no filter") << 40147 << true << true;
+        QTest::newRow("a dividing line") << 0 << true << true;
+    }
+    void OfTheMode() {
+        QFETCH(int, command);
+        QTEST(IsFilterOfMode(command, true), "inTimeMode");
+        QTEST(IsFilterOfMode(command, false), "inExpenseMode");
+    }
 };
 
 TEST_CLASS(TestFilterCommands);
