@@ -30,6 +30,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHeaderView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
@@ -47,6 +48,8 @@ constexpr QSize kStartSize(1000, 680);
 constexpr QSize kLeastSize(480, 360);
 /// A selection of at most so many records is taken up again after the list was rebuilt.
 constexpr int kKeptSelection = 1000;
+/// So soon after a change layout, period and order are kept, in milliseconds: not at every pixel of a drag.
+constexpr int kPersistAfter = 300;
 /// The menu at a node of the data tree.
 constexpr int kTreeMenu[] = {Command::kTreeExpandAll, 32861, 32862, 32863, Command::kTreeColumns};
 
@@ -77,6 +80,9 @@ CMainFrame::CMainFrame(const Context& context) : m_context(context) {
     setMinimumSize(kLeastSize);
     resize(kStartSize.boundedTo(screen()->availableSize()));
     setContextMenuPolicy(Qt::NoContextMenu);
+    m_toPersist.setSingleShot(true);
+    m_toPersist.setInterval(kPersistAfter);
+    connect(&m_toPersist, &QTimer::timeout, this, &CMainFrame::PersistWindow);
     MakePanes();
     m_actions = new CActions(*this);
     MakeCommands();
@@ -176,6 +182,8 @@ void CMainFrame::Connect() {
     connect(m_view, &CRecordListView::MenuWanted, this,
             [this](const QPoint& at) { m_actions->ContextMenu().popup(at); });
     connect(m_report, &CReportPane::StateChanged, this, &CMainFrame::UpdateActions);
+    connect(m_panes, &QSplitter::splitterMoved, this, [this] { m_toPersist.start(); });
+    connect(m_view->horizontalHeader(), &QHeaderView::sectionClicked, this, [this] { m_toPersist.start(); });
     connect(m_tree, &CDataTreeView::MenuWanted, this, &CMainFrame::ShowTreeMenu);
     connect(new QShortcut(QKeySequence(Qt::Key_F6), this), &QShortcut::activated, m_panes, &CPanes::NextPane);
     CPeriodButton& period = m_actions->Bars().PeriodButton();
@@ -357,6 +365,7 @@ void CMainFrame::Say(const QString& what) {
 }
 
 void CMainFrame::UpdateActions() {
+    m_toPersist.start();
     m_actions->Update(State());
     const PeriodFilter& filter = m_context.app.Document().CurrentFilter();
     m_actions->Bars().PeriodButton().ShowPeriod(filter.displayName, filter.preset);
@@ -386,12 +395,25 @@ void CMainFrame::PersistLayout() {
     memory.PersistView();
 }
 
+/// A program that is killed loses no more than its last moment. What a report hides is hidden for its time
+/// only, so the layout waits for its end.
+void CMainFrame::PersistWindow() {
+    if (m_screen->IsShown() || IsBusy()) return;
+    PersistLayout();
+    // A search beyond the filter takes the period away for its time.
+    if (!m_findBar->IsEverywhere())
+        StorePeriod(m_context.app.Profile(), m_commands->Period().LastingPeriod());
+    NoteMode(m_context.app.Settings());
+    m_context.app.Settings().SaveValues();
+}
+
 void CMainFrame::PersistEverything() {
+    m_toPersist.stop();
     CloseReport();
     m_commands->Find().End();
     m_context.timers.SaveTimers();
     PersistLayout();
-    StorePeriod(m_context.app.Profile(), m_context.app.Document().CurrentFilter());
+    StorePeriod(m_context.app.Profile(), m_commands->Period().LastingPeriod());
     NoteMode(m_context.app.Settings());
 }
 
@@ -493,4 +515,10 @@ void CMainFrame::changeEvent(QEvent* event) {
 void CMainFrame::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     if (m_actions) WrapBars();
+    m_toPersist.start();
+}
+
+void CMainFrame::moveEvent(QMoveEvent* event) {
+    QMainWindow::moveEvent(event);
+    m_toPersist.start();
 }

@@ -7,6 +7,7 @@
 #include "viewmodel/list/EmptyReason.h"
 
 #include <QMainWindow>
+#include <QTimer>
 #include <memory>
 
 class CActions;
@@ -65,6 +66,7 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
  protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
  private:
@@ -76,6 +78,7 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     void Connect();
     void RestoreLayout();
     void PersistLayout();
+    void PersistWindow();
     void ReadLists() override;
     void RebuildList() override;
     void TellList(Hint hint, const QStringList& ids);
@@ -104,6 +107,7 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     void Leave() override { close(); }
 
     Context m_context;
+    QTimer m_toPersist;  ///< runs while layout, period or order may have changed and aren't kept yet
     int m_busy = 0;
     bool m_isLoading = true;  ///< until the first load step has run
     QStringList m_keptSelection;

@@ -19,7 +19,13 @@ bool WindowMemory::IsShown(Text section) const {
 }
 
 void WindowMemory::PersistShown(Text section, bool isShown) {
-    m_profile.WriteInt(LoadText(section), LoadText(Text::EntryVisible), isShown ? 1 : 0);
+    PersistInt(section, Text::EntryVisible, isShown ? 1 : 0);
+}
+
+void WindowMemory::PersistInt(Text section, Text entry, int value) {
+    // No value of the window is below 0.
+    if (m_profile.GetInt(LoadText(section), LoadText(entry), -1) != value)
+        m_profile.WriteInt(LoadText(section), LoadText(entry), value);
 }
 
 QByteArray WindowMemory::Binary(Text entry) const {
@@ -35,11 +41,11 @@ void WindowMemory::PersistListStyle(ListLayout layout) {
     const int style = layout == ListLayout::Icons  ? kIconStyle
                       : layout == ListLayout::List ? kListStyle
                                                    : kRowStyle;
-    m_profile.WriteInt(LoadText(Text::SectionList), LoadText(Text::EntryListStyle), style);
+    PersistInt(Text::SectionList, Text::EntryListStyle, style);
 }
 
 void WindowMemory::PersistView() {
-    m_profile.WriteInt(LoadText(Text::SectionPanes), LoadText(Text::EntryView), kListView);
+    PersistInt(Text::SectionPanes, Text::EntryView, kListView);
 }
 
 QByteArray WindowMemory::Panes() const {
@@ -52,5 +58,5 @@ bool WindowMemory::ArePanesStacked() const {
 
 void WindowMemory::PersistPanes(const QByteArray& sizes, bool areStacked) {
     if (sizes != Panes()) m_profile.WriteBinary(LoadText(Text::SectionPanes), SizesEntry(), sizes);
-    m_profile.WriteInt(LoadText(Text::SectionPanes), LoadText(Text::EntryOrientation), areStacked ? 1 : 0);
+    PersistInt(Text::SectionPanes, Text::EntryOrientation, areStacked ? 1 : 0);
 }

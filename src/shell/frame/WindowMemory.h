@@ -7,7 +7,7 @@
 
 class CProfile;
 
-/// What the window keeps in the profile from one start to the next.
+/// What the window keeps in the profile from one start to the next. What hasn't changed isn't written again.
 class WindowMemory {
  public:
     explicit WindowMemory(CProfile& profile) : m_profile(profile) {}
@@ -28,5 +28,7 @@ class WindowMemory {
     void PersistView();
 
  private:
+    void PersistInt(Text section, Text entry, int value);
+
     CProfile& m_profile;
 };

@@ -95,6 +95,11 @@ bool CPeriodCommands::AreTimersAlone() const {
     return theRecordMode == RecordMode::Time && m_document.Filter() == TimersAlone();
 }
 
+const PeriodFilter& CPeriodCommands::LastingPeriod() const {
+    if (AreTimersAlone() && m_beforeTimers) return *m_beforeTimers;
+    return m_document.CurrentFilter();
+}
+
 void CPeriodCommands::EndTimers() {
     if (AreTimersAlone()) ApplyFilter(std::exchange(m_beforeTimers, {}).value_or(TimeFilter()));
 }

@@ -34,6 +34,8 @@ class CPeriodCommands {
     /// Whether records with a timer are all that is wanted. Their end brings back the filter before them.
     [[nodiscard]] bool AreTimersAlone() const;
     void EndTimers();
+    /// The period to come back to at the next start: not that of the timers, which are of any day.
+    [[nodiscard]] const PeriodFilter& LastingPeriod() const;
 
  private:
     /// change: false when it could not be done, and nothing is applied.

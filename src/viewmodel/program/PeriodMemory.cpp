@@ -5,6 +5,12 @@
 
 namespace {
 
+void Persist(CProfile& profile, Text entry, const QString& value) {
+    const QString& section = LoadText(Text::SectionPeriod);
+    if (profile.GetText(section, LoadText(entry)) != value)
+        profile.WriteText(section, LoadText(entry), value);
+}
+
 QString DateEntry(const CProfile& profile, Text entry) {
     return profile.GetText(LoadText(Text::SectionPeriod), LoadText(entry)).value_or(QString());
 }
@@ -51,12 +57,10 @@ QString TokenOf(const PeriodFilter& filter) {
 void StorePeriod(CProfile& profile, const PeriodFilter& filter) {
     const QString token = TokenOf(filter);
     if (token.isEmpty()) return;
-    const QString& section = LoadText(Text::SectionPeriod);
-    profile.WriteText(section, LoadText(Text::EntryVisible), token);
+    Persist(profile, Text::EntryVisible, token);
     if (filter.preset == PeriodCode::kSingleDate || filter.preset == PeriodCode::kRange)
-        profile.WriteText(section, LoadText(Text::EntryFirstDate), filter.startText);
-    if (filter.preset == PeriodCode::kRange)
-        profile.WriteText(section, LoadText(Text::EntrySecondDate), filter.endText);
+        Persist(profile, Text::EntryFirstDate, filter.startText);
+    if (filter.preset == PeriodCode::kRange) Persist(profile, Text::EntrySecondDate, filter.endText);
 }
 
 void RestorePeriod(const CProfile& profile, PeriodFilter& filter, const PeriodContext& context) {

@@ -4,7 +4,8 @@
 
 class CProfile;
 
-/// Keeps the period of the list from one start to the next: a token, and the dates where it has some.
+/// Keeps the period of the list from one start to the next: a token, and the dates where it has some. What is
+/// kept already isn't written again.
 void StorePeriod(CProfile& profile, const PeriodFilter& filter);
 
 /// Puts the stored period into a filter. Without one, or with an unknown token, it is this month; a day or a
