@@ -8,7 +8,7 @@ namespace {
 /// Panes narrower than this leave too little for a list beside the tree.
 constexpr int kWideEnough = 600;
 constexpr int kTreeShare = 1, kListShare = 3;
-constexpr int kTreeWidth = 240, kListWidth = 760;
+constexpr int kTreeWidth = 200, kListWidth = 800;
 }  // namespace
 
 CPanes::CPanes(CDataTreeView& tree, QWidget& list, QWidget* parent)

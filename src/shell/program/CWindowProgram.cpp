@@ -31,6 +31,7 @@
 #include "viewmodel/program/CInstanceHost.h"
 #include "viewmodel/program/CStartCheck.h"
 #include "viewmodel/program/CViewHub.h"
+#include "viewmodel/program/NewWindow.h"
 
 #include <QApplication>
 #include <QDir>
@@ -236,7 +237,10 @@ int CWindowProgram::RunWindow() {
     const bool isNewHome = IsNewHome(app.Home());
     // Without the settings' file the window works with what memory holds; the user has been told. Nor is
     // there a guide then, which would come again at each start.
-    if (app.OpenSettings() && isNewHome) static_cast<void>(WantGuide(app.Settings()));
+    if (app.OpenSettings()) {
+        static_cast<void>(SetUpNewWindow(app.Settings()));
+        if (isNewHome) static_cast<void>(WantGuide(app.Settings()));
+    }
     bool isStoreOpen = app.OpenStore();
     std::optional<int> code;
     while (!code) {

@@ -55,6 +55,23 @@ class TestFirstStart final : public QObject {
         QCOMPARE(FirstSteps(), 1);
     }
 
+    /// A window that is killed in its first minute has left its place, its period and its few buttons.
+    void KilledItHasKeptItsLayout() {
+        { const TestHome console(Home()); }
+        Start();
+        const auto keeps = [this] {
+            TestHome home(Home());
+            home.settings->KeepStoreUntouched();
+            return home.settings->listLayout == 3 &&
+                   home.profile->GetBinary(LoadText(Text::SectionWindow), LoadText(Text::EntryGeometry)) &&
+                   home.profile->GetText(LoadText(Text::SectionPeriod), LoadText(Text::EntryVisible));
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(keeps(), 20000);
+        ::kill(static_cast<pid_t>(m_program.processId()), SIGKILL);
+        QVERIFY(m_program.waitForFinished());
+        QVERIFY(keeps());
+    }
+
     void AHomeThatTheConsoleHasMadeHasNoGuide() {
         QCOMPARE(FirstSteps(), 0);
         Start();

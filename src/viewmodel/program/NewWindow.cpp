@@ -1,0 +1,65 @@
+#include "viewmodel/program/NewWindow.h"
+
+#include "config/CCfgStore.h"
+#include "fields/Column.h"
+#include "lang/LoadText.h"
+#include "viewmodel/commands/BarButtons.h"
+
+#include <iterator>
+
+namespace {
+
+/// What a setting is in a new window, where that isn't its default.
+struct NewWindowValue {
+    const char* setting;
+    int value;
+};
+constexpr NewWindowValue kNewWindowValues[] = {
+    {"listLayout", 3},
+    // What undo takes back needs no question.
+    {"confirmDelete", 0},
+    {"confirmMark", 0},
+    {"confirmCopy", 0},
+    {"precisionRate", 2},
+    {"precisionDuration", 2},
+};
+
+/// When, for whom and what, how much; in the layout of lines a line for each.
+constexpr int kTimeColumns[] = {Column::kDate,     Column::kStart, Column::kEnd,      Column::kItem1,
+                                Column::kItem2,    Column::kItem3, Column::kDuration, Column::kAmount,
+                                Column::kBillable, Column::kBilled};
+constexpr std::int32_t kTimeBreaks[] = {3, 6};
+
+QString SetUpEntry() {
+    return QStringLiteral("SetUp");
+}
+
+/// The window of an older version has left its place and size, but no note.
+bool IsSetUp(const CProfile& profile) {
+    const QString& section = LoadText(Text::SectionWindow);
+    return profile.GetInt(section, SetUpEntry(), 0) != 0 ||
+           profile.GetBinary(section, LoadText(Text::EntryGeometry)).has_value();
+}
+
+bool SetUpValue(CCfgStore& settings, const NewWindowValue& value) {
+    const SettingRow& row = *FindSetting(QString::fromLatin1(value.setting));
+    if (SettingValue(settings, row) != row.preset) return true;
+    PutSetting(settings, row, value.value);
+    return settings.SaveValue(row.index);
+}
+
+}  // namespace
+
+bool SetUpNewWindow(CCfgStore& settings) {
+    CProfile& profile = settings.Profile();
+    if (IsSetUp(profile)) return true;
+    for (const NewWindowValue& value : kNewWindowValues)
+        if (!SetUpValue(settings, value)) return false;
+    CColSet& columns = settings.ListColumns();
+    columns.ShowExactly(ColumnHalf::Time, {std::begin(kTimeColumns), std::end(kTimeColumns)});
+    columns.SetBreaks(ColumnHalf::Time, {std::begin(kTimeBreaks), std::end(kTimeBreaks)});
+    if (!settings.SaveAll()) return false;
+    for (const Bar bar : {Bar::Records, Bar::Filters})
+        if (!PersistButtons(profile, bar, FewButtons(bar))) return false;
+    return profile.WriteInt(LoadText(Text::SectionWindow), SetUpEntry(), 1);
+}
