@@ -110,9 +110,9 @@ enum class Run {
     Sort,
     Layout,  ///< argument: 1 to 4
     ListColumns,
-    ListFont,
     FitColumns,
     RestoreColumns,
+    ListFont,
     ToggleTree,
     StackPanes,  ///< argument: 1 the tree above the list, 0 beside it
     ExpandTree,
