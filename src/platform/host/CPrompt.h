@@ -23,6 +23,10 @@ struct MessageBox {
     Answer defaultAnswer = Answer::Ok;  ///< the harmless one
     QString actionLabel;                ///< verb on the button that says yes ("Delete"); empty: "Yes"
     QString otherLabel = {};            ///< verb on the button that says no; empty: it cancels, beside a verb
+    QString cancelLabel = {};           ///< words on the third button; empty: "Cancel"
+    /// What Return answers in a box, where that isn't the harmless answer, as Escape and the end of a
+    /// script's lines are.
+    std::optional<Answer> onReturn = {};
 };
 
 /// Which file is wanted.

@@ -1,6 +1,7 @@
 #include "shell/controls/CBoxPrompt.h"
 
 #include "lang/LoadText.h"
+#include "shell/look/CMnemonics.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -56,6 +57,14 @@ QMessageBox::StandardButton ButtonOf(Answer answer) {
     return QMessageBox::NoButton;
 }
 
+/// What a box has of its own for a button; empty: the usual word. Beside a verb "No" is no answer.
+QString WordsOf(Answer answer, const MessageBox& box) {
+    if (answer == Answer::Yes) return box.actionLabel;
+    if (answer == Answer::Cancel) return box.cancelLabel;
+    if (answer != Answer::No || box.actionLabel.isEmpty()) return {};
+    return box.otherLabel.isEmpty() ? LoadText(Text::ActionCancel) : box.otherLabel;
+}
+
 /// The window in front; a progress box, which hasn't the keyboard, counts too. Of one that goes by itself:
 /// the one behind it.
 QWidget* InFront() {
@@ -63,6 +72,17 @@ QWidget* InFront() {
     QWidget* front = modal && modal->isVisible() ? modal : QApplication::activeWindow();
     while (front && front->property(kGoesByItself).toBool()) front = front->parentWidget();
     return front;
+}
+
+/// Each button has a letter of its own.
+void NameButtons(const QMessageBox& shown, const MessageBox& box) {
+    CMnemonics letters;
+    for (const ButtonRow& row : kButtons) {
+        QAbstractButton* button = shown.button(row.button);
+        if (!button) continue;
+        const QString words = WordsOf(row.answer, box);
+        button->setText(letters.Give(words.isEmpty() ? CMnemonics::Plain(button->text()) : words));
+    }
 }
 
 /// A box may come in the middle of long work, and then it is the user who is waited for.
@@ -87,14 +107,10 @@ int Show(const MessageBox& box) {
     shown.setObjectName(QStringLiteral("messageBox"));
     shown.setTextFormat(Qt::PlainText);
     shown.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    if (QAbstractButton* yes = shown.button(QMessageBox::Yes); yes && !box.actionLabel.isEmpty()) {
-        yes->setText(box.actionLabel);
-        if (QAbstractButton* no = shown.button(QMessageBox::No))
-            no->setText(box.otherLabel.isEmpty() ? LoadText(Text::ActionCancel) : box.otherLabel);
-    }
+    NameButtons(shown, box);
     const QMessageBox::StandardButton harmless = ButtonOf(box.defaultAnswer);
     if (shown.button(harmless)) {
-        shown.setDefaultButton(harmless);
+        shown.setDefaultButton(ButtonOf(box.onReturn.value_or(box.defaultAnswer)));
         shown.setEscapeButton(harmless);
     }
     const ReadyCursor ready;

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -30,6 +31,8 @@ class TestCBoxPrompt : public QObject {
     void Look();
     void VerbOnTheButton_data();
     void VerbOnTheButton();
+    void ReturnMayAnswerSomethingElse();
+    void ButtonsHaveLettersOfTheirOwn();
     void TellShowsOneButton();
     void ANameTakesTheExtensionOfItsKind_data();
     void ANameTakesTheExtensionOfItsKind();
@@ -185,6 +188,36 @@ void TestCBoxPrompt::VerbOnTheButton() {
     QCOMPARE(prompt.Ask(box), Answer::Yes);
     QTEST(seen.value(0), "yes");
     QTEST(seen.value(1), "no");
+}
+
+void TestCBoxPrompt::ReturnMayAnswerSomethingElse() {
+    CBoxPrompt prompt;
+    MessageBox box = Question(::Buttons::YesNo, Answer::No);
+    box.onReturn = Answer::Yes;
+    WhenShown([](QMessageBox& shown) { QTest::keyClick(&shown, Qt::Key_Return); });
+    QCOMPARE(prompt.Ask(box), Answer::Yes);
+    WhenShown([](QMessageBox& shown) { QTest::keyClick(&shown, Qt::Key_Escape); });
+    QCOMPARE(prompt.Ask(box), Answer::No);
+}
+
+void TestCBoxPrompt::ButtonsHaveLettersOfTheirOwn() {
+    CBoxPrompt prompt;
+    MessageBox box = Question(::Buttons::YesNoCancel, Answer::Cancel);
+    box.actionLabel = u"Save"_s;
+    box.otherLabel = u"Skip"_s;
+    box.cancelLabel = u"Stay & go on"_s;
+    QStringList words, letters;
+    WhenShown([&](QMessageBox& shown) {
+        for (const auto which : {QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel}) {
+            const QString text = shown.button(which)->text();
+            words << text;
+            letters << QKeySequence::mnemonic(text).toString();
+        }
+        shown.reject();
+    });
+    QCOMPARE(prompt.Ask(box), Answer::Cancel);
+    QCOMPARE(words, QStringList({u"&Save"_s, u"S&kip"_s, u"Stay && &go on"_s}));
+    QCOMPARE(QSet<QString>(letters.begin(), letters.end()).size(), 3);
 }
 
 void TestCBoxPrompt::TellShowsOneButton() {
