@@ -20,6 +20,14 @@ namespace {
 constexpr int kLeastCharacters = 12;
 constexpr int kMostProposals = 8;
 
+/// Whether a word of the text, or of several, begins with what was typed.
+bool BeginsWordOf(const QString& text, const QString& typed) {
+    for (qsizetype at = text.indexOf(typed, 0, Qt::CaseInsensitive); at >= 0;
+         at = text.indexOf(typed, at + 1, Qt::CaseInsensitive))
+        if (at == 0 || !text[at - 1].isLetterOrNumber()) return true;
+    return false;
+}
+
 }  // namespace
 
 CItemCombo::CItemCombo(Offer offer, WhyEmpty whyEmpty, QWidget* parent)
@@ -117,14 +125,26 @@ void CItemCombo::TakeProposal(const QString& text) {
     lineEdit()->selectAll();
 }
 
-/// Keys in the list of proposals: Return without a chosen one is Return in the field, and Tab takes the
-/// chosen one along.
+/// The chosen proposal, or the only one; empty where what was typed stays.
+QString CItemCombo::ProposalForTab() const {
+    const QModelIndex chosen = m_completer->popup()->currentIndex();
+    if (chosen.isValid()) return chosen.data().toString();
+    if (m_completer->completionCount() != 1) return {};
+    const QString typed = currentText();
+    const QString only = m_completer->currentCompletion();
+    return only.compare(typed, Qt::CaseInsensitive) != 0 && BeginsWordOf(only, typed) ? only : QString();
+}
+
+/// Keys in the list of proposals: Return without a chosen one is Return in the field, and Tab takes one
+/// along.
 bool CItemCombo::eventFilter(QObject* watched, QEvent* event) {
     QAbstractItemView* popup = m_completer->popup();
     if (watched != popup || event->type() != QEvent::KeyPress) return QComboBox::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();
     const QModelIndex chosen = popup->currentIndex();
-    if (key == Qt::Key_Tab && chosen.isValid()) TakeProposal(chosen.data().toString());
+    if (key == Qt::Key_Tab) {
+        if (const QString proposal = ProposalForTab(); !proposal.isEmpty()) TakeProposal(proposal);
+    }
     if ((key != Qt::Key_Return && key != Qt::Key_Enter) || chosen.isValid()) return false;
     popup->hide();
     QApplication::sendEvent(this, event);

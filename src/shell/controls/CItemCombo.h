@@ -9,7 +9,9 @@ class QStringListModel;
 /// A field for an item of a list, at most 255 characters: typed freely, or picked from what is offered. What
 /// is offered is asked anew when the field is entered and each time that it opens (Alt+Down, F4, its button).
 /// While something is typed, the entries that hold it anywhere are proposed below; nothing is taken over
-/// unless it is chosen, so "acme" stays "acme" beside an item "Acme".
+/// unless it is chosen, so "acme" stays "acme" beside an item "Acme". A single one, in which what is typed
+/// begins a word, is chosen by going on with Tab: "bak" becomes "Hollis Bakery", Escape before it keeps
+/// "bak".
 class CItemCombo final : public QComboBox {
     Q_OBJECT
 
@@ -41,6 +43,7 @@ class CItemCombo final : public QComboBox {
     void Fill();
     void Propose();
     void TakeProposal(const QString& text);
+    [[nodiscard]] QString ProposalForTab() const;
 
     Offer m_offer;
     WhyEmpty m_whyEmpty;

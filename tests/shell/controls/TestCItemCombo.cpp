@@ -57,6 +57,33 @@ class TestCItemCombo : public QObject {
     Q_OBJECT
 
  private Q_SLOTS:
+    /// A proposal that nobody has chosen is taken where it is the only one and what was typed begins a word
+    /// of it.
+    void TabTakesTheOnlyProposal_data() {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<bool>("isEscaped");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("the beginning") << "hol" << false << "Hollis Bakery";
+        QTest::newRow("the beginning of a later word") << "bak" << false << "Hollis Bakery";
+        QTest::newRow("the middle of a word") << "akery" << false << "akery";
+        QTest::newRow("several") << "a" << false << "a";
+        QTest::newRow("the whole, in another spelling") << "acme" << false << "acme";
+        QTest::newRow("none") << "Zoo" << false << "Zoo";
+        QTest::newRow("the list was closed by Escape") << "hol" << true << "hol";
+    }
+    void TabTakesTheOnlyProposal() {
+        QFETCH(QString, typed);
+        QFETCH(bool, isEscaped);
+        Form t;
+        t.AddItems(ListId::kClient, {S("Hollis Bakery"), S("Acme"), S("Atlas")});
+        t.Open();
+        t.Type("client", typed);
+        if (isEscaped) t.Key("client", Qt::Key_Escape);
+        t.Key("client", Qt::Key_Tab);
+        QTEST(t.Client()->Text(), "expected");
+        QVERIFY(!t.Client()->hasFocus());
+    }
+
     void OpensOnTheListAsItIsNow_data() {
         QTest::addColumn<QString>("by");
         QTest::newRow("F4") << "F4";
