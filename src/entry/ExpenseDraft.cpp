@@ -2,6 +2,7 @@
 
 #include "entry/NewListItems.h"
 #include "entry/NumberFinding.h"
+#include "entry/RecordMerge.h"
 #include "entry/TypedFields.h"
 #include "entry/TypedNumber.h"
 #include "lang/LoadText.h"
@@ -33,23 +34,35 @@ QString TextOf(DecimalField field, const QString& typed) {
     return field.MoneyText();
 }
 
+/// What the first page shows of a record.
+ExpenseEntryRules::MoneyPage MoneyShownOf(const CERecord& record) {
+    ExpenseEntryRules::MoneyPage page;
+    page.isDistance = record.isDistance;
+    if (record.isDistance) {
+        page.distance = record.distance.text;
+        page.rate = record.GetRateText();
+    }
+    page.amount = record.GetAmountText();
+    return page;
+}
+
 }  // namespace
 
-void ExpenseDraft::Begin(const CERecord& record) {
+void ExpenseDraft::Begin(const CERecord& record, const CERecord* untouched) {
     m_record.Copy(record);
-    m_money = {};
+    m_untouched.Copy(untouched ? *untouched : record);
+    m_money = MoneyShownOf(record);
     m_enteredMoney = {};
     m_enteredItems = {};
-    m_money.isDistance = record.isDistance;
-    if (record.isDistance) {
-        m_money.distance = m_record.distance.text;
-        m_money.rate = m_record.GetRateText();
-    }
-    m_money.amount = m_record.GetAmountText();
     const bool hasNumbers = m_record.GetDistance() != 0.0F || !m_record.GetRateText().isEmpty();
     m_hasKeptDistance = !record.isDistance && hasNumbers;
     m_odometer.reset();
     m_isStartCleared = false;
+}
+
+/// Money and distance go into the record only when it is accepted, so their texts tell.
+bool ExpenseDraft::HasEntries() const {
+    return !HaveSameContent(m_record, m_untouched) || m_money != MoneyShownOf(m_untouched);
 }
 
 void ExpenseDraft::EnterDate(const std::optional<DateTimeVal>& day) {

@@ -14,9 +14,14 @@ class ExpenseDraft {
  public:
     using Odometer = ExpenseEntryRules::Odometer;
 
-    void Begin(const CERecord& record);
+    /// untouched: what the record was before somebody entered something, if it comes back to its dialog.
+    void Begin(const CERecord& record, const CERecord* untouched = nullptr);
     /// The record as far as it is entered; money and distance follow when the draft is accepted.
     [[nodiscard]] const CERecord& Record() const { return m_record; }
+    /// The record as it was before.
+    [[nodiscard]] const CERecord& Untouched() const { return m_untouched; }
+    /// Whether the user has entered anything that isn't stored, be it something that can't be read.
+    [[nodiscard]] bool HasEntries() const;
 
     void EnterDate(const std::optional<DateTimeVal>& day);
     void EnterItem(QString CERecord::*item, const QString& text);
@@ -80,6 +85,7 @@ class ExpenseDraft {
     [[nodiscard]] ItemsPage FullItems() const;
 
     CERecord m_record;
+    CERecord m_untouched;
     MoneyPage m_money;         ///< the texts as the fields show them
     MoneyPage m_enteredMoney;  ///< what was entered
     ItemsPage m_enteredItems;

@@ -27,6 +27,8 @@ struct MoneyPage {
     QString distance, rate;
     QString amount;  ///< of a distance entry: the computed one
     QString item5;
+
+    bool operator==(const MoneyPage&) const = default;
 };
 /// Takes the page over. Without isDistance the record keeps the distance and rate that it had: turned off by
 /// mistake, they are still there. Numbers are taken as typed, negative ones too: -20.00 is money that came

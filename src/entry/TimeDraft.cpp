@@ -1,6 +1,7 @@
 #include "entry/TimeDraft.h"
 
 #include "entry/NumberFinding.h"
+#include "entry/RecordMerge.h"
 #include "entry/TypedFields.h"
 #include "entry/TypedNumber.h"
 #include "lang/LoadText.h"
@@ -13,14 +14,19 @@ using TimeEntryRules::EntryItem;
 
 }  // namespace
 
-void TimeDraft::Begin(const CTRecord& record) {
+void TimeDraft::Begin(const CTRecord& record, const CTRecord* untouched) {
     Settle();
     m_record.Copy(record);
-    m_untouched.Copy(record);
+    m_untouched.Copy(untouched ? *untouched : record);
     m_page = {};
     m_entered = {};
     m_page.rate = m_record.GetRateText();
     m_page.amount = m_record.GetAmountText();
+}
+
+bool TimeDraft::HasEntries() const {
+    return !HaveSameContent(m_record, m_untouched) || m_page.rate != m_record.GetRateText() ||
+           m_page.amount != m_record.GetAmountText();
 }
 
 // --- Times
@@ -72,6 +78,13 @@ void TimeDraft::EnterDuration(const std::optional<EnteredSpan>& span, SpanSource
 void TimeDraft::EnterBreak(const std::optional<EnteredSpan>& span, SpanSource source) {
     Try(Field::Break,
         [&](CTRecord& record) { TimeEntryRules::EnterBreak(record, span, *m_settings, source); });
+}
+
+void TimeDraft::StampStart(const DateTimeVal& now) {
+    const bool isToday =
+        m_record.date.month == now.month && m_record.date.day == now.day && m_record.date.year == now.year;
+    if (!isToday || m_record.HasStart() || m_record.HasEnd() || m_record.spans.duration.IsSet()) return;
+    Change([&now](CTRecord& record) { record.SetStart(now); });
 }
 
 void TimeDraft::SetFromTimer(int hours, int minutes, bool fromTimer) {

@@ -18,11 +18,16 @@ class TimeDraft {
     /// settings must outlive the draft.
     explicit TimeDraft(const Settings& settings) : m_settings(&settings) {}
 
-    void Begin(const CTRecord& record);
+    /// untouched: what the record was before somebody entered something, if it comes back to its dialog.
+    void Begin(const CTRecord& record, const CTRecord* untouched = nullptr);
     /// The record as far as it is entered.
     [[nodiscard]] const CTRecord& Record() const { return m_record; }
     /// The record as it was at the beginning, with what its timer has counted since: what nobody has entered.
     [[nodiscard]] const CTRecord& Untouched() const { return m_untouched; }
+
+    /// Whether the user has entered anything that isn't stored; what a timer counts is nothing entered, what
+    /// can't be read is.
+    [[nodiscard]] bool HasEntries() const;
 
     // --- Times; nothing clears. With a timer they may not be entered: TimeEntryRules::MayEnterTimes.
 
@@ -35,6 +40,9 @@ class TimeDraft {
     void Undo(Field field);
     /// What was tried holds.
     void Settle() { m_field = Field::None; }
+    /// The timer of a new record starts: so does the work, unless something says already when it was, be it a
+    /// time, a duration or another day. As with every timestamp the time isn't rounded.
+    void StampStart(const DateTimeVal& now);
     /// A timer's count, also while an entry is tried (TimeEntryRules::SetFromTimer).
     void SetFromTimer(int hours, int minutes, bool fromTimer);
 

@@ -8,8 +8,11 @@
 #include "support/TestProgram.h"
 
 #include <QTest>
+#include <functional>
 
 using namespace Qt::Literals::StringLiterals;
+
+Q_DECLARE_METATYPE(std::function<void(ExpenseDraft&)>)
 
 namespace {
 
@@ -58,6 +61,37 @@ class TestExpenseDraft : public QObject {
 
  private Q_SLOTS:
     void initTestCase() { QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR))); }
+
+    void WhatIsEntered_data() {
+        using Entry = std::function<void(ExpenseDraft&)>;
+        QTest::addColumn<Entry>("entry");
+        QTest::addColumn<bool>("isEntered");
+        const auto row = [](const char* name, const Entry& entry, bool isEntered) {
+            QTest::newRow(name) << entry << isEntered;
+        };
+        row(
+            "nothing", [](ExpenseDraft&) {}, false);
+        row(
+            "a distance", [](ExpenseDraft& draft) { draft.EnterDistance(u"12"_s); }, true);
+        row(
+            "a distance that can't be read", [](ExpenseDraft& draft) { draft.EnterDistance(u"far"_s); },
+            true);
+        row(
+            "no distance entry any more", [](ExpenseDraft& draft) { draft.SwitchDistance(false); }, true);
+        row(
+            "an item", [](ExpenseDraft& draft) { draft.EnterItem(&CERecord::item1, u"Acme"_s); }, true);
+        row(
+            "a flag", [](ExpenseDraft& draft) { draft.SwitchFlag(&CERecord::flag1, true); }, true);
+        row(
+            "notes", [](ExpenseDraft& draft) { draft.EnterNotes(u"a"_s); }, true);
+    }
+    void WhatIsEntered() {
+        using Entry = std::function<void(ExpenseDraft&)>;
+        QFETCH(Entry, entry);
+        ExpenseDraft draft = DraftOf(Distance());
+        entry(draft);
+        QTEST(draft.HasEntries(), "isEntered");
+    }
 
     void TheAmountFollows() {
         ExpenseDraft draft = DraftOf(Distance());

@@ -8,8 +8,11 @@
 #include "support/TestProgram.h"
 
 #include <QTest>
+#include <functional>
 
 using namespace Qt::Literals::StringLiterals;
+
+Q_DECLARE_METATYPE(std::function<void(TimeDraft&)>)
 
 namespace {
 
@@ -70,6 +73,72 @@ class TestTimeDraft : public QObject {
  private Q_SLOTS:
     void initTestCase() { QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR))); }
     void init() { m_settings = Settings(); }
+
+    void WhatIsEntered_data() {
+        using Entry = std::function<void(TimeDraft&)>;
+        QTest::addColumn<Entry>("entry");
+        QTest::addColumn<bool>("isEntered");
+        const auto row = [](const char* name, const Entry& entry, bool isEntered) {
+            QTest::newRow(name) << entry << isEntered;
+        };
+        row(
+            "nothing", [](TimeDraft&) {}, false);
+        row(
+            "a start", [](TimeDraft& draft) { draft.EnterStart(Time(9, 0)); }, true);
+        row(
+            "a start, taken back",
+            [](TimeDraft& draft) {
+                draft.EnterStart(Time(9, 0));
+                draft.Undo(TimeDraft::Field::Start);
+            },
+            false);
+        row(
+            "notes", [](TimeDraft& draft) { draft.EnterNotes(u"a"_s); }, true);
+        row(
+            "an item", [](TimeDraft& draft) { draft.EnterItem(&CTRecord::item1, u"Acme"_s); }, true);
+        row(
+            "a rate", [](TimeDraft& draft) { draft.EnterRate(u"10"_s); }, true);
+        row(
+            "a rate that can't be read", [](TimeDraft& draft) { draft.EnterRate(u"ten"_s); }, true);
+        row(
+            "what a timer counts", [](TimeDraft& draft) { draft.SetFromTimer(3, 0, true); }, false);
+        row(
+            "a timer that was stopped", [](TimeDraft& draft) { draft.SetFromTimer(3, 0, false); }, true);
+    }
+    void WhatIsEntered() {
+        using Entry = std::function<void(TimeDraft&)>;
+        QFETCH(Entry, entry);
+        TimeDraft draft = Draft();
+        entry(draft);
+        QTEST(draft.HasEntries(), "isEntered");
+    }
+
+    /// After a failure to store it.
+    void ARecordThatComesBackHasItsEntriesStill() {
+        TimeDraft draft = Draft();
+        const CTRecord began = draft.Record();
+        draft.EnterItem(&CTRecord::item1, u"Acme"_s);
+        TimeDraft again(m_settings);
+        again.Begin(draft.Record(), &began);
+        QVERIFY(again.HasEntries());
+        again.Begin(draft.Record());
+        QVERIFY(!again.HasEntries());
+    }
+
+    void AStampIsNotRounded() {
+        CTRecord record;
+        record.date.Set(11, 19, 2026);
+        TimeDraft draft(m_settings);
+        m_settings.roundStartType = 16;
+        m_settings.roundStartMinutes = 15;
+        draft.Begin(record);
+        DateTimeVal now;
+        QVERIFY(now.SetDate(11, 19, 2026) && now.SetTime24(9, 7));
+        draft.StampStart(now);
+        QCOMPARE(Times(draft), u"9:07 - -"_s);
+        draft.StampStart(Time(10, 0));
+        QCOMPARE(Times(draft), u"9:07 - -"_s);
+    }
 
     void EachEntryIntoAFieldStartsFromTheSamePoint() {
         TimeDraft draft = Draft();
