@@ -25,6 +25,7 @@ constexpr int kStop = CRecordTimers::kStopOnNewTimer;
 const QString kSection = QStringLiteral("ActiveTimers");
 const QString kEntry = QStringLiteral("Content");
 const QString kTrueTimes = QStringLiteral("TrueTimes");
+const QString kPausedAtExit = QStringLiteral("PausedAtExit");
 const QString kNote = QStringLiteral("Stopping");
 const QString kUnreadable = QStringLiteral("Unreadable");
 
@@ -326,8 +327,41 @@ void CRecordTimers::Settle(const QByteArray& note) {
 
 void CRecordTimers::SaveTimers() {
     FoldAndStore();
+    const QStringList running = m_settings.timerOnExit == Action::kPause ? RunningIds() : QStringList();
     static_cast<void>(RunAction(m_settings.timerOnExit));  // a timer that can't be stopped is saved as it is
     StoreTimers();
+    // Unsaved it is no offer at the next start, and no more.
+    if (!running.isEmpty())
+        static_cast<void>(
+            m_settings.Profile().WriteBinary(kSection, kPausedAtExit, running.join(u' ').toLatin1()));
+}
+
+QStringList CRecordTimers::RunningIds() const {
+    QStringList ids;
+    for (int i = 0; i < m_timers.Count(); ++i)
+        if (m_timers.StateAt(i) == TimerState::Running && !m_awaited.contains(m_timers.IdAt(i)))
+            ids.append(m_timers.IdAt(i));
+    return ids;
+}
+
+QStringList CRecordTimers::TakePausedAtExit() {
+    const auto stored = m_settings.Profile().GetBinary(kSection, kPausedAtExit);
+    if (!stored) return {};
+    static_cast<void>(m_settings.Profile().Remove(kSection, kPausedAtExit));
+    QStringList paused;
+    for (const QString& id : QString::fromLatin1(*stored).split(u' ', Qt::SkipEmptyParts))
+        if (m_timers.StateOf(id) == TimerState::Paused && Fetch(id)) paused.append(id);
+    return paused;
+}
+
+TimerOutcome CRecordTimers::GoOn(const QStringList& recordIds) {
+    const CVelmarchDoc::ChangeScope changing(m_document);
+    for (const QString& id : recordIds) {
+        if (m_timers.StateOf(id) != TimerState::Paused) continue;
+        m_timers.Start(id, false, 0, 0, 0);
+        Announce(Hint::TimerStarted, id);
+    }
+    return Started();
 }
 
 bool CRecordTimers::RestoreTimers() {

@@ -10,6 +10,7 @@
 #include <QByteArray>
 #include <QSet>
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -55,6 +56,10 @@ class CRecordTimers final : public CTimerService {
     void FoldAndStore();
     /// At the end of the window: the timerOnExit action, then the timers into the profile.
     void SaveTimers();
+    /// Those of them that ran until that action paused them, and are paused still; each is given once.
+    [[nodiscard]] QStringList TakePausedAtExit();
+    /// Paused timers count on from now. It is as if they had never been paused, so nothing happens to others.
+    TimerOutcome GoOn(const QStringList& recordIds);
     /// At the start. False when the stored timers can be read only in part; that part is in the set. A timer
     /// whose stop is in its record already isn't.
     bool RestoreTimers();
@@ -81,6 +86,9 @@ class CRecordTimers final : public CTimerService {
 
     /// Takes the timer out of the set, folded. False without one.
     [[nodiscard]] bool StopInDialog(const QString& recordId);
+    [[nodiscard]] bool IsStoppedInDialog(const QString& recordId) const {
+        return m_stoppedInDialog && m_stoppedInDialog->timer.recordId == recordId;
+    }
     /// What the dialog has made of the record: once it is stored like that, the timer has ended. False when
     /// that could not be saved.
     [[nodiscard]] bool NoteStopInDialog(const CTRecord& entered);
@@ -141,15 +149,13 @@ class CRecordTimers final : public CTimerService {
         ActiveTimer timer;
         QByteArray note;
     };
-    [[nodiscard]] bool IsStoppedInDialog(const QString& recordId) const {
-        return m_stoppedInDialog && m_stoppedInDialog->timer.recordId == recordId;
-    }
     [[nodiscard]] QByteArray Note() const;
     [[nodiscard]] Stored Present() const;
     [[nodiscard]] ActiveTimerSet Read(const QByteArray& content) const;
     [[nodiscard]] ActiveTimerSet Storable() const;
     [[nodiscard]] bool Content(QByteArray& out) const;
     [[nodiscard]] QByteArray StoredTrueTimes() const;
+    [[nodiscard]] QStringList RunningIds() const;
     [[nodiscard]] bool PutAsideUnreadable(const QByteArray& content);
     [[nodiscard]] TimerOutcome Started();
     [[nodiscard]] bool Write(QByteArray& content);

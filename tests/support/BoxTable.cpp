@@ -15,6 +15,16 @@ constexpr BoxRow YesOrNo(Text text, Text title, std::optional<Text> action = {},
             .action = action};
 }
 
+/// A question about what was entered in a dialog that is left; to stay in it is harmless.
+constexpr BoxRow Leaving(Text text, Text action) {
+    return {.text = text,
+            .title = Text::AskLeaveTitle,
+            .icon = BoxIcon::Question,
+            .buttons = Buttons::YesNoCancel,
+            .defaultAnswer = Answer::Cancel,
+            .action = action};
+}
+
 /// A question whether another name is typed; going on loses nothing.
 constexpr BoxRow NameAgain(Text text, Text title) {
     return {.text = text, .title = title, .icon = BoxIcon::Question, .buttons = Buttons::OkCancel};
@@ -163,10 +173,17 @@ constexpr BoxRow kBoxes[] = {
     YesOrNo(Text::AskDeleteRecords, Text::AskDeleteTitle, Text::AskDeleteTitle),
     YesOrNo(Text::AskCopyRecords, Text::AskCopyTitle, Text::AskCopyTitle),
     YesOrNo(Text::AskMarkRecords, Text::AskMarkTitle, Text::AskMarkTitle),
+    Leaving(Text::AskLeaveNew, Text::LeaveKeep),
+    Leaving(Text::AskLeaveTimer, Text::LeaveKeep),
+    Leaving(Text::AskLeaveChanged, Text::LeaveSave),
+    Leaving(Text::AskLeaveStopped, Text::LeaveSave),
+    Leaving(Text::AskLeaveDefault, Text::LeaveSave),
     {.text = Text::SelectOneRecord, .title = Text::EditTitle, .icon = BoxIcon::Information},
     {.text = Text::SelectTreeNode, .title = Text::DataTreeTitle, .icon = BoxIcon::Information},
     {.text = Text::OptionsNotSaved, .title = Text::OptionsTitle},
 
+    YesOrNo(Text::PausedAtExitOne, Text::PausedAtExitTitle, Text::PausedAtExitGoOn, BoxIcon::Question),
+    YesOrNo(Text::PausedAtExitMany, Text::PausedAtExitTitle, Text::PausedAtExitGoOn, BoxIcon::Question),
     {.text = Text::TickFailed, .title = Text::TickFailedTitle},
     {.text = Text::TimersNotSaved, .title = Text::TickFailedTitle},
     {.text = Text::AddedWithoutTimer, .title = Text::TickFailedTitle},

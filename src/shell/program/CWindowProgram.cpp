@@ -25,6 +25,7 @@
 #include "shell/record/OfferDrafts.h"
 #include "timers/CRecordTimers.h"
 #include "timers/LostTimers.h"
+#include "timers/PausedAtExit.h"
 #include "viewmodel/commands/CommandTable.h"
 #include "viewmodel/guide/CGuide.h"
 #include "viewmodel/program/CDamagedStore.h"
@@ -294,6 +295,7 @@ std::optional<int> CWindowProgram::RunFrame(const Opened& opened) {
         if (isDamageMet) return QApplication::quit();
         TellLoss(app, timers, prompt);
         if (!isHeard) TellUnheard(prompt, host.Error());
+        OfferPausedTimers(timers, app.Document(), prompt);
         OfferDrafts(frame.get(), dialog);
         LookOverLater(check, frame.get(), app.Home());
         if (IsGuideWanted(app.Settings(), app.Document(), app.Catalogue()))
