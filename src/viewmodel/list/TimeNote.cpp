@@ -22,6 +22,8 @@ DateTimeVal TimeOf(const CTRecord& record, bool (CTRecord::*get)(int&, int&, boo
 QString NoteOnTimes(const CTRecord& record, const QTimeZone& zone) {
     const SpanField& duration = record.spans.duration;
     if (!record.HasStart() || !record.HasEnd() || !duration.IsSet()) return {};
+    // A timer that was stopped within its first minute.
+    if (duration.hours == 0 && duration.minutes == 0) return {};
     DateTimeVal start = TimeOf(record, &CTRecord::GetStart);
     const DateTimeVal end = TimeOf(record, &CTRecord::GetEnd);
     start.month = record.date.month;

@@ -52,6 +52,18 @@ class TestTimeNote : public QObject {
         QTEST(TimeNote(record, nullptr, QTimeZone("Europe/Berlin")), "note");
     }
 
+    /// Of a timer that was stopped within its first minute.
+    void OfNoTimeAtAll() {
+        CTRecord record;
+        record.date.Set(11, 19, 2026);
+        DateTimeVal time;
+        QVERIFY(time.SetTime24(9, 7));
+        record.SetStart(time);
+        record.SetDuration(0, 0, false);
+        QVERIFY(record.HasEnd());
+        QCOMPARE(TimeNote(record, nullptr, QTimeZone("Europe/Berlin")), QString());
+    }
+
     /// A timer was left alone for three days.
     void OfATimer() {
         CTestClock clock;
