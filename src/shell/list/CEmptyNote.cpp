@@ -43,21 +43,24 @@ bool HasOffer(EmptyReason reason) {
 }
 
 QString SentenceFor(EmptyReason reason, RecordMode mode, const QString& what) {
+    const bool isTime = mode == RecordMode::Time;
     switch (reason) {
         case EmptyReason::Loading:
             return LoadText(Text::EmptyLoading);
         case EmptyReason::Unreadable:
             return LoadText(Text::EmptyUnreadable);
         case EmptyReason::InPeriod:
-            return FormatText<Text::EmptyInPeriod>(what);
+            return isTime ? FormatText<Text::EmptyInPeriod>(what)
+                          : FormatText<Text::EmptyInPeriodExpenses>(what);
         case EmptyReason::Filtered:
             return what;
         case EmptyReason::NotFound:
-            return FormatText<Text::EmptyFound>(what);
+            return isTime ? FormatText<Text::EmptyFound>(what) : FormatText<Text::EmptyFoundExpenses>(what);
         case EmptyReason::NotAnywhere:
-            return FormatText<Text::EmptyFoundAnywhere>(what);
+            return isTime ? FormatText<Text::EmptyFoundAnywhere>(what)
+                          : FormatText<Text::EmptyFoundNoExpenses>(what);
         default:
-            return LoadText(mode == RecordMode::Time ? Text::EmptyNoRecords : Text::EmptyNoExpenses);
+            return LoadText(isTime ? Text::EmptyNoRecords : Text::EmptyNoExpenses);
     }
 }
 
@@ -96,6 +99,8 @@ CEmptyNote::CEmptyNote(QWidget* parent)
 
 void CEmptyNote::Show(EmptyReason reason, RecordMode mode, const QString& what) {
     const Offer offer = OfferFor(reason, mode);
+    m_mode = mode;
+    ApplyLook();
     m_command = offer.command;
     m_sentence->setText(SentenceFor(reason, mode, what));
     m_button->setVisible(HasOffer(reason));
@@ -109,8 +114,9 @@ void CEmptyNote::Show(EmptyReason reason, RecordMode mode, const QString& what) 
 
 void CEmptyNote::ApplyLook() {
     const QColor ink = palette().color(QPalette::Disabled, QPalette::Text);
-    m_picture->setPixmap(Glyphs::Picture(Glyph::ModeTime, kPicture, devicePixelRatioF(), ink,
-                                         palette().color(QPalette::Base)));
+    const Glyph glyph = m_mode == RecordMode::Time ? Glyph::ModeTime : Glyph::ModeExpense;
+    m_picture->setPixmap(
+        Glyphs::Picture(glyph, kPicture, devicePixelRatioF(), ink, palette().color(QPalette::Base)));
 }
 
 void CEmptyNote::changeEvent(QEvent* event) {

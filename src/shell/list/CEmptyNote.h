@@ -34,5 +34,6 @@ class CEmptyNote final : public QWidget {
     QLabel* m_sentence;
     QPushButton* m_button;
     QPushButton* m_guide;
+    RecordMode m_mode = RecordMode::Time;
     int m_command = 0;
 };
