@@ -121,12 +121,11 @@ void CReportSheet::Turn(int index) {
 
 void CReportSheet::accept() {
     if (!LeavePage(static_cast<CSheetPage&>(*m_pages->widget(m_current)))) return;
-    if (m_groups && m_pages->widget(m_current) != m_groups &&
-        !CanLeaveGroupPage(m_report, m_context.prompt)) {
-        m_pages->setCurrentWidget(m_groups);
-        return;
-    }
-    QDialog::accept();
+    if (!m_groups || !GroupProblem(m_report)) return QDialog::accept();
+    // What is told next is mended on this page.
+    m_pages->setCurrentWidget(m_groups);
+    static_cast<void>(CanLeaveGroupPage(m_report, m_context.prompt));
+    m_groups->setFocus();
 }
 
 void CReportSheet::done(int result) {
