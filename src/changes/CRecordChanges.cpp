@@ -5,6 +5,7 @@
 #include "app/ListTable.h"
 #include "changes/CProgress.h"
 #include "changes/CTimersOfRecords.h"
+#include "changes/RecordQuestions.h"
 #include "changes/RecordReplacer.h"
 #include "config/Settings.h"
 #include "entry/CEnteredItems.h"
@@ -16,15 +17,15 @@
 #include <memory>
 #include <utility>
 
-bool CRecordChanges::Confirmed(Text question, Text title, qsizetype records) const {
-    return m_context.prompt.Ask(
-               {.textId = static_cast<int>(question),
-                .title = LoadText(title),
-                .text = FormatText<Text::QuestionWithNumber>(LoadText(question), static_cast<int>(records)),
-                .icon = BoxIcon::Warning,
-                .buttons = Buttons::YesNo,
-                .defaultAnswer = Answer::No,
-                .actionLabel = LoadText(title)}) == Answer::Yes;
+bool CRecordChanges::Confirmed(const RecordQuestion& question) const {
+    return m_context.prompt.Ask({.textId = static_cast<int>(question.text),
+                                 .title = LoadText(question.title),
+                                 .text = question.words,
+                                 .icon = BoxIcon::Warning,
+                                 .buttons = Buttons::YesNo,
+                                 .defaultAnswer = Answer::No,
+                                 .actionLabel = LoadText(question.title),
+                                 .onReturn = question.onReturn}) == Answer::Yes;
 }
 
 // --- One record
@@ -79,7 +80,7 @@ void CRecordChanges::ShowStored(RecordKind kind, const QString& id) {
 Outcome CRecordChanges::Delete(RecordKind kind, const QStringList& ids, Ask ask) {
     if (ids.isEmpty()) return Outcome::Nothing();
     if (ask == Ask::BySetting && m_context.settings.confirmDelete &&
-        !Confirmed(Text::AskDeleteRecords, Text::AskDeleteTitle, ids.size()))
+        !Confirmed(DeleteQuestion(static_cast<int>(ids.size()))))
         return Outcome::Declined();
     CVelmarchDoc& document = m_context.document;
     const NamedChange named(document.Store(), ChangeKind::Delete);
@@ -174,7 +175,7 @@ Outcome CRecordChanges::AddItems(const std::vector<ListText>& texts, int& added)
 
 Outcome CRecordChanges::Copy(RecordKind kind, const QStringList& ids) {
     if (ids.isEmpty()) return Outcome::Nothing();
-    if (m_context.settings.confirmCopy && !Confirmed(Text::AskCopyRecords, Text::AskCopyTitle, ids.size()))
+    if (m_context.settings.confirmCopy && !Confirmed(CopyQuestion(static_cast<int>(ids.size()))))
         return Outcome::Declined();
     CVelmarchDoc& document = m_context.document;
     const NamedChange named(document.Store(), ChangeKind::Copy);
@@ -192,7 +193,7 @@ Outcome CRecordChanges::Copy(RecordKind kind, const QStringList& ids) {
 Outcome CRecordChanges::SetMark(RecordKind kind, RecordMark mark, const QStringList& ids, Ask ask) {
     if (ids.isEmpty() || !IsMarkOf(kind, mark)) return Outcome::Nothing();
     if (ask == Ask::BySetting && m_context.settings.confirmMark &&
-        !Confirmed(Text::AskMarkRecords, Text::AskMarkTitle, ids.size()))
+        !Confirmed(MarkQuestion(static_cast<int>(ids.size()), kind, mark, m_context.catalogue.Labels())))
         return Outcome::Declined();
     const NamedChange named(m_context.document.Store(), ChangeKind::Mark);
     Outcome outcome = Run({.ids = ids,

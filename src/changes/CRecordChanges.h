@@ -20,7 +20,7 @@ enum class Hold;
 enum class Identity;
 enum class RecordKind : int;
 enum class RecordMark : int;
-enum class Text : int;
+struct RecordQuestion;
 struct Settings;
 
 /// Records that are added together, one after the other, as they come from outside.
@@ -104,8 +104,7 @@ class CRecordChanges {
         std::function<bool(const QString& id)> step;  ///< false: it could not be done, which was told
     };
 
-    /// The title is the verb of the button that says yes.
-    [[nodiscard]] bool Confirmed(Text question, Text title, qsizetype records) const;
+    [[nodiscard]] bool Confirmed(const RecordQuestion& question) const;
     [[nodiscard]] bool MarkOne(RecordKind kind, RecordMark mark, const QString& id);
 
     [[nodiscard]] Outcome AddInTransaction(CRecordSource& source, Hold hold,

@@ -288,7 +288,7 @@ void TestTimeCommands::DeleteAsksOnATerminal() {
     const QString id = m_home->Add({});
     const Reply reply =
         m_home->RunShell(u"echo '%1' | script -qec \"$cli time delete %2\" /dev/null"_s.arg(typed, id));
-    QVERIFY2(reply.out.contains("Delete the selected records?"), reply.out.constData());
+    QVERIFY2(reply.out.contains("Delete this record?"), reply.out.constData());
     QVERIFY2(reply.out.contains("Deleted: " + QByteArray::number(deleted)), reply.out.constData());
     QCOMPARE(m_home->RunJson({u"time"_s, u"list"_s}).Object()[u"count"].toInt(), 1 - deleted);
 }
