@@ -11,7 +11,9 @@
 #include "shell/look/CMnemonics.h"
 #include "shell/look/FormRows.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -24,6 +26,15 @@ namespace {
 constexpr int kItem5Name = NumberOf(FieldId::ExpenseItem5);
 constexpr int kAmountName = NumberOf(FieldId::ExpenseAmount);
 constexpr int kUnitColumn = 3;
+
+/// What is computed can't be entered, but it is there to be read: not in the colour of what is out of use.
+void ShowComputed(QWidget& field, bool isComputed) {
+    QPalette palette;
+    if (isComputed)
+        palette.setColor(QPalette::Disabled, QPalette::Text,
+                         QApplication::palette(&field).color(QPalette::Active, QPalette::Text));
+    field.setPalette(palette);
+}
 
 }  // namespace
 
@@ -156,9 +167,15 @@ QLineEdit* CExpenseMoneyPage::LineOf(DraftField place) const {
     return m_day.edit;
 }
 
+void CExpenseMoneyPage::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_amount) ShowComputed(*m_amount, m_draft.IsDistance());
+}
+
 void CExpenseMoneyPage::ShowEnabled() {
     const bool isDistance = m_draft.IsDistance();
     for (QWidget* widget : m_ofDistance) widget->setEnabled(isDistance);
     m_amount->setEnabled(!isDistance);
+    ShowComputed(*m_amount, isDistance);
     m_amount->setToolTip(isDistance ? LoadText(Text::AmountFollows) : QString());
 }

@@ -32,6 +32,9 @@ class CExpenseMoneyPage final : public QWidget {
  Q_SIGNALS:
     void OdometerWanted();
 
+ protected:
+    void changeEvent(QEvent* event) override;
+
  private:
     void AddDistance(QGridLayout& form, const CItemFields& fields, CMnemonics& mnemonics);
     void AddAmount(QGridLayout& form, const CItemFields& fields, CMnemonics& mnemonics);

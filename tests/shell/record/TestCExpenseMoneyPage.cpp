@@ -57,6 +57,16 @@ class TestCExpenseMoneyPage : public QObject {
         QTEST(t.Money(), "expected");
     }
 
+    /// It can't be entered, and is there to be read.
+    void TheComputedAmountIsNotGrey() {
+        ExpenseDialogHome t;
+        t.SetDistance(10.0F, 0.5F, 5.0F);
+        t.Open();
+        const auto ink = [&t] { return t.Line("amountField")->palette().color(QPalette::Text); };
+        QVERIFY(!t.IsEnabled("amountField"));
+        QCOMPARE(ink(), QApplication::palette().color(QPalette::Active, QPalette::Text));
+    }
+
     void EachKeyCounts() {
         ExpenseDialogHome t;
         t.SetDistance(10, 0.5F, 5);
