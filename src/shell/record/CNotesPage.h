@@ -3,11 +3,10 @@
 #include <QString>
 #include <QWidget>
 
+class CNotesEdit;
 class QLabel;
-class QPlainTextEdit;
 
-/// The page of a record dialog with the notes, 32000 characters at most: what goes beyond isn't taken, at the
-/// place where it comes.
+/// The page of a record dialog with the notes, and the room that is left for them.
 class CNotesPage final : public QWidget {
     Q_OBJECT
 
@@ -19,18 +18,12 @@ class CNotesPage final : public QWidget {
     /// As given while nothing was typed, line ends and all.
     [[nodiscard]] QString GetNotes() const;
 
-    static constexpr int kMostCharacters = 32000;
-
  Q_SIGNALS:
     void Edited();
 
  private:
-    void NoteChange(int position, int removed, int added);
-    void KeepLimit();
     void ShowRoom();
 
-    QPlainTextEdit* m_text;
+    CNotesEdit* m_text;
     QLabel* m_room;
-    QString m_given;
-    int m_changeEnd = 0;  ///< behind what was last inserted
 };

@@ -71,6 +71,7 @@ void CRecordDialogEntry::Wire() {
     for (std::size_t i = 0; i < m_items.size(); ++i)
         connect(m_items[i], &CItemCombo::Edited, this, [this, i] {
             m_draft.EnterItem(kItems[i].member, m_items[i]->Text());
+            Q_EMIT ItemEntered();
             Q_EMIT Entered();
         });
     connect(m_rate, &CItemCombo::Edited, this, [this] { Enter(*m_rate, &TimeDraft::EnterRate); });
@@ -128,9 +129,16 @@ void CRecordDialogEntry::ShowEnabled() {
         widget->setEnabled(m_billable->isChecked());
 }
 
+void CRecordDialogEntry::ShowItems() {
+    for (std::size_t i = 0; i < m_items.size(); ++i) {
+        const QString& text = m_draft.Record().*kItems[i].member;
+        if (m_items[i]->Text() != text) m_items[i]->ShowText(text);
+    }
+}
+
 void CRecordDialogEntry::ShowRecord() {
     const CTRecord& record = m_draft.Record();
-    for (std::size_t i = 0; i < m_items.size(); ++i) m_items[i]->ShowText(record.*kItems[i].member);
+    ShowItems();
     m_billable->setChecked(record.isBillable);
     m_billed->setChecked(record.isBilled);
     ShowMoney(nullptr);

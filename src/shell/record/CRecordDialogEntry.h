@@ -26,12 +26,15 @@ class CRecordDialogEntry final : public QWidget {
     /// After a change of the times: shows which of rate and amount was computed; what was typed stays as
     /// typed.
     void ShowComputed();
+    /// Shows items that were entered elsewhere.
+    void ShowItems();
     /// The field of a finding.
     [[nodiscard]] QLineEdit* LineOf(DraftField place) const;
 
  Q_SIGNALS:
-    void Changed();  ///< the record's money changed
-    void Entered();  ///< anything was entered
+    void Changed();      ///< the record's money changed
+    void Entered();      ///< anything was entered
+    void ItemEntered();  ///< one of the items was
 
  private:
     using EnterMoney = Typed (TimeDraft::*)(const QString& text);

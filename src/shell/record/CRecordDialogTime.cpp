@@ -12,6 +12,7 @@
 #include "shell/look/CMnemonics.h"
 #include "shell/look/FormRows.h"
 #include "shell/options/SettingSwitch.h"
+#include "shell/record/CRecordDialogWork.h"
 #include "timers/CRecordTimers.h"
 #include "viewmodel/fields/SpanPad.h"
 #include "viewmodel/list/TimeNote.h"
@@ -45,6 +46,7 @@ struct CRecordDialogTime::SpanRow {
 namespace {
 
 constexpr int kAmountName = NumberOf(FieldId::TimeAmount);
+constexpr int kSecondColumn = 3;  ///< behind the gap
 
 using namespace RecordDialogParts;
 
@@ -62,16 +64,15 @@ QString NetText(const SpanField& net) {
     return net.IsSet() ? FormatText<Text::NetWithHours>(net.clockText, net.decimal.text) : net.clockText;
 }
 
-QLabel* AddSum(QGridLayout& form, int row, const QString& caption, const char* name) {
-    constexpr int kSumColumn = 3;
-    form.addWidget(new QLabel(caption), row, kSumColumn);
+QLabel* AddSum(QGridLayout& form, int row, int column, const QString& caption, const char* name) {
+    form.addWidget(new QLabel(caption), row, column);
     auto* value = new QLabel;
     QFont font = value->font();
     font.setBold(true);
     value->setFont(font);
     value->setTextInteractionFlags(Qt::TextSelectableByMouse);
     NameWidget(*value, QString::fromLatin1(name), caption);
-    form.addWidget(value, row, kSumColumn + 1);
+    form.addWidget(value, row, column + 1);
     return value;
 }
 
@@ -83,7 +84,13 @@ CRecordDialogTime::CRecordDialogTime(TimeDraft& draft, const RecordDialogContext
     setObjectName(QStringLiteral("timePage"));
     auto* form = new QGridLayout(this);
     form->setSpacing(kFormSpace);
+    mnemonics.Plan(QStringList{LoadText(Text::LabelDate), LoadText(Text::LabelStart),
+                               LoadText(Text::LabelEnd), LoadText(Text::LabelDuration),
+                               LoadText(Text::LabelBreak), LoadText(Text::OptLockDuration),
+                               LoadText(Text::OptAccumulate)} +
+                   CRecordDialogWork::Labels(context));
     AddFields(*form, mnemonics);
+    AddWork(*form, mnemonics);
     AddSums(*form);
     AddNote(*form);
     form->setRowMinimumHeight(form->rowCount(), kFormSpace);
@@ -92,8 +99,7 @@ CRecordDialogTime::CRecordDialogTime(TimeDraft& draft, const RecordDialogContext
     setFocusProxy(m_day.edit);
     form->setColumnMinimumWidth(2, kFormSpace);
     form->setColumnStretch(1, 2);
-    form->setColumnStretch(4, 3);
-    form->setRowStretch(form->rowCount(), 1);
+    form->setColumnStretch(kSecondColumn + 1, 3);
 }
 
 void CRecordDialogTime::AddFields(QGridLayout& form, CMnemonics& mnemonics) {
@@ -184,10 +190,19 @@ void CRecordDialogTime::AddSpan(QGridLayout& form, const SpanRow& row, CMnemonic
     AddField({.place = row.place, .edit = edit, .show = show, .enter = enter, .adds = true});
 }
 
+/// Beside the times, below the day's name. A row of its own takes what a higher dialog has to give, so that
+/// the times stay together.
+void CRecordDialogTime::AddWork(QGridLayout& form, CMnemonics& mnemonics) {
+    m_work = new CRecordDialogWork(m_draft, m_context, mnemonics);
+    const int rows = form.rowCount();
+    form.addWidget(m_work, 1, kSecondColumn, rows, 2);
+    form.setRowStretch(rows, 1);
+}
+
 void CRecordDialogTime::AddSums(QGridLayout& form) {
-    const int last = form.rowCount() - 1;
-    m_net = AddSum(form, last - 1, LoadText(Text::LabelNet), "netTime");
-    m_money = AddSum(form, last, LabelOf(m_context.catalogue, kAmountName), "moneySum");
+    const int row = form.rowCount();
+    m_net = AddSum(form, row, 0, LoadText(Text::LabelNet), "netTime");
+    m_money = AddSum(form, row, kSecondColumn, LabelOf(m_context.catalogue, kAmountName), "moneySum");
 }
 
 void CRecordDialogTime::AddNote(QGridLayout& form) {
@@ -260,4 +275,10 @@ CPickEdit* CRecordDialogTime::FirstUnreadable() const {
     const auto found = std::find_if(m_fields.begin(), m_fields.end(),
                                     [](const Field& field) { return !field.edit->IsReadable(); });
     return found == m_fields.end() ? nullptr : found->edit;
+}
+
+bool CRecordDialogTime::HasUnreadableEntry() const {
+    return std::ranges::any_of(m_fields, [](const Field& field) {
+        return !field.edit->IsReadable() && !field.edit->HasShownText();
+    });
 }

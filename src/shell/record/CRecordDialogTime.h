@@ -7,7 +7,10 @@
 #include <functional>
 #include <vector>
 
-/// The page with the day and the four linked quantities of a time record. Each key carries the entry to the
+class CRecordDialogWork;
+
+/// The first page: the day and the four linked quantities of a time record, and beside them what the time was
+/// spent on. Each key carries the entry to the
 /// rules and shows what they made of the others; the field itself takes its final form when the user moves
 /// on.
 class CRecordDialogTime final : public QWidget {
@@ -24,7 +27,10 @@ class CRecordDialogTime final : public QWidget {
     void LockTimes(bool isLocked);
     /// The first field whose text can't be read, null when all can.
     [[nodiscard]] CPickEdit* FirstUnreadable() const;
+    /// Whether the user has typed something that can't be read.
+    [[nodiscard]] bool HasUnreadableEntry() const;
     [[nodiscard]] CDateEdit* DateField() const { return m_day.edit; }
+    [[nodiscard]] CRecordDialogWork& Work() const { return *m_work; }
 
  Q_SIGNALS:
     void Changed();     ///< the record's times or money changed
@@ -46,6 +52,7 @@ class CRecordDialogTime final : public QWidget {
     void AddDate(QGridLayout& form, CMnemonics& mnemonics);
     void AddTime(QGridLayout& form, const TimeRow& row, CMnemonics& mnemonics);
     void AddSpan(QGridLayout& form, const SpanRow& row, CMnemonics& mnemonics);
+    void AddWork(QGridLayout& form, CMnemonics& mnemonics);
     void AddSums(QGridLayout& form);
     void AddNote(QGridLayout& form);
     void AddSwitch(QGridLayout& form, const char* settingName, const QString& text, CMnemonics& mnemonics);
@@ -58,6 +65,7 @@ class CRecordDialogTime final : public QWidget {
     std::vector<Field> m_fields;
     CPickEdit* m_typed = nullptr;  ///< what is entered there is not settled yet
     RecordDialogParts::DateRow m_day;
+    CRecordDialogWork* m_work = nullptr;
     QLabel* m_net = nullptr;
     QLabel* m_money = nullptr;
     QLabel* m_note = nullptr;  ///< what the clock hides
