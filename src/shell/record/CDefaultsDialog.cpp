@@ -93,7 +93,7 @@ QVBoxLayout* CDefaultsDialog::BuildActions(CMnemonics& mnemonics) {
     QPushButton* rename =
         AddAction(*column, Text::DefaultsRename, "renameButton", &CDefaultsDialog::Rename, mnemonics);
     column->addStretch();
-    m_ofRow = {m_edit, remove, rename};
+    m_ofStored = {m_edit, remove, rename};
     connect(new QShortcut(Qt::Key_Delete, m_list), &QShortcut::activated, remove, &QPushButton::click);
     connect(new QShortcut(Qt::Key_F2, m_list), &QShortcut::activated, rename, &QPushButton::click);
     return column;
@@ -193,7 +193,10 @@ QString CDefaultsDialog::Selected() const {
 }
 
 void CDefaultsDialog::ShowState() {
-    for (QPushButton* button : m_ofRow) button->setEnabled(!m_list->selectedItems().isEmpty());
+    const QString name = Selected();
+    for (QPushButton* button : m_ofRow) button->setEnabled(!name.isEmpty());
+    for (QPushButton* button : m_ofStored)
+        button->setEnabled(!name.isEmpty() && !m_defaults.IsReserved(name));
 }
 
 void CDefaultsDialog::accept() {

@@ -52,7 +52,8 @@ class CDefaultsDialog final : public QDialog {
     QTreeWidget* m_list = nullptr;
     QLabel* m_note = nullptr;
     QPushButton* m_edit = nullptr;
-    QList<QPushButton*> m_ofRow;  ///< buttons that need a selected row
+    QList<QPushButton*> m_ofRow;     ///< buttons that need a selected row
+    QList<QPushButton*> m_ofStored;  ///< buttons that need a selected default; the empty record is none
 };
 
 /// Lets the user manage the stored defaults, or with isChoosing choose one into the record: true then. The

@@ -97,7 +97,7 @@ void CTimerPanelWidget::BuildButtons(QHBoxLayout& row, CMnemonics& mnemonics) {
                                      .act = &CTimerPanel::PanelStop};
     m_start = AddButton(row, kStart, mnemonics);
     m_pause = AddButton(row, kPause, mnemonics);
-    AddButton(row, kStop, mnemonics);
+    m_stop = AddButton(row, kStop, mnemonics);
     m_start->setCheckable(true);
     m_pause->setCheckable(true);
 }
@@ -126,6 +126,7 @@ QPushButton* CTimerPanelWidget::AddButton(QHBoxLayout& row, const ButtonRow& but
     row.addWidget(widget);
     connect(widget, &QPushButton::clicked, this, [this, act = button.act] {
         Q_EMIT AboutToAct();
+        if (act == &CTimerPanel::PanelStart && m_panel.State() == TimerState::None) Q_EMIT AboutToStart();
         (m_panel.*act)();
         ShowState();
     });
@@ -167,6 +168,7 @@ void CTimerPanelWidget::ShowState() {
     const TimerState state = m_shownState = m_panel.State();
     m_start->setChecked(state == TimerState::Running);
     m_pause->setChecked(state == TimerState::Paused);
+    for (QPushButton* button : {m_pause, m_stop}) button->setEnabled(state != TimerState::None);
     ShowValue(*m_state, LoadText(Text::TimesDrivenByTimerTitle), StateWords(state, m_panel.Difference()));
     ShowTime();
     Q_EMIT StateChanged(state != TimerState::None);

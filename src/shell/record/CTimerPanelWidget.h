@@ -30,6 +30,7 @@ class CTimerPanelWidget final : public QWidget {
 
  Q_SIGNALS:
     void AboutToAct();                 ///< a button was pressed: what is being typed is to be settled
+    void AboutToStart();               ///< after that, where there is no timer yet
     void TimesChanged();               ///< by the timer
     void StateChanged(bool hasTimer);  ///< or may have
 
@@ -53,4 +54,5 @@ class CTimerPanelWidget final : public QWidget {
     QLabel* m_state = nullptr;
     QPushButton* m_start = nullptr;
     QPushButton* m_pause = nullptr;
+    QPushButton* m_stop = nullptr;
 };

@@ -283,31 +283,34 @@ class TestCDefaultsDialog : public QObject {
                          record.Press("acceptButton");
                      }});
         QCOMPARE(t.Stored(S("Acme")).item1, S("new"));
+        t.home.prompt.Expect(Text::AskLeaveDefault, Answer::No);
         t.PressAndDo("editButton", {[](const DialogUser& record) {
+                         record.TurnTo(1);
                          record.Enter("item1Field", S("never"));
                          record.Press("cancelButton");
                      }});
         QCOMPARE(t.Stored(S("Acme")).item1, S("new"));
     }
 
-    void TheEmptyRecordIsRefused_data() {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<int>("message");
-        QTest::addColumn<int>("title");
-        QTest::newRow("edit") << "editButton" << int(Text::EditRefused) << int(Text::EditDefaultTitle);
-        QTest::newRow("delete") << "deleteButton" << int(Text::DeleteRefused)
-                                << int(Text::DeleteDefaultTitle);
-        QTest::newRow("rename") << "renameButton" << int(Text::RenameRefused)
-                                << int(Text::RenameDefaultTitle);
+    /// It can be chosen, and that is all.
+    void TheEmptyRecordCantBeChanged() {
+        DefaultsHome t;
+        t.Store(S("Acme"), {});
+        t.Open(true);
+        for (const char* button : {"editButton", "deleteButton", "renameButton"})
+            QVERIFY(t.IsEnabled(button));
+        t.List()->setCurrentItem(t.List()->topLevelItem(1));
+        for (const char* button : {"editButton", "deleteButton", "renameButton"})
+            QVERIFY(!t.IsEnabled(button));
+        QVERIFY(t.IsEnabled("acceptButton"));
     }
+
+    /// Where a double click would edit a default, it says why this is none.
     void TheEmptyRecordIsRefused() {
-        QFETCH(QString, button);
-        QFETCH(int, message);
-        QFETCH(int, title);
         DefaultsHome t;
         t.Open();
-        t.home.prompt.ExpectTold(Text(message), Text(title));
-        t.Press(qPrintable(button));
+        t.home.prompt.ExpectTold(Text::EditRefused, Text::EditDefaultTitle);
+        Q_EMIT t.List()->itemDoubleClicked(t.List()->topLevelItem(0), 0);
         t.home.prompt.Finish();
         QCOMPARE(t.Rows(), QStringList{Empty()});
     }
@@ -433,6 +436,7 @@ class TestCDefaultsDialog : public QObject {
         QFETCH(bool, isChoosing);
         QFETCH(QStringList, expected);
         DefaultsHome t;
+        t.Store(S("Acme"), {});
         t.Open(isChoosing);
         QCOMPARE(t.TabOrder(expected.size()), expected);
     }

@@ -181,12 +181,17 @@ class TestCTimerPanelWidget : public QObject {
         QTEST(dialog.IsDecided(), "isDecided");
     }
 
-    void PauseWithoutATimerDoesNothing() {
+    void WithoutATimerThereIsNothingToPauseOrStop() {
         RecordDialogHome t;
         OpenStored(t);
-        t.Press("timerPause");
+        QVERIFY(t.IsEnabled("timerStart") && !t.IsEnabled("timerPause") && !t.IsEnabled("timerStop"));
+        t.Key("timerPanel", Qt::Key_F8);
         QVERIFY(!t.Find<QPushButton>("timerPause")->isChecked());
         QCOMPARE(t.Label("timerTime"), QStringLiteral("02:00"));
+        t.Press("timerStart");
+        QVERIFY(t.IsEnabled("timerPause") && t.IsEnabled("timerStop"));
+        t.Press("timerStop");
+        QVERIFY(!t.IsEnabled("timerPause") && !t.IsEnabled("timerStop"));
     }
 
     void StopRoundsTheDurationAndFreesTheFields() {
@@ -249,6 +254,7 @@ class TestCTimerPanelWidget : public QObject {
         t.home.clock.Advance(3600);
         t.Press("timerStop");
         QCOMPARE(t.Shown("durationField"), QStringLiteral("3:00"));
+        t.home.prompt.Expect(Text::AskLeaveStopped, Answer::No);
         t.dialog->reject();
         QCOMPARE(t.set.StateOf(t.record.GetId()), TimerState::None);
         QCOMPARE(t.home.document->FindTime(t.record.GetId())->spans.duration.clockText,
