@@ -1,5 +1,6 @@
 #include "shell/record/CExpenseDialog.h"
 
+#include "app/CVelmarchDoc.h"
 #include "app/ListTable.h"
 #include "config/CCfgStore.h"
 #include "entry/CEnteredItems.h"
@@ -15,6 +16,7 @@
 #include "shell/record/CExpenseMoneyPage.h"
 #include "shell/record/CNotesPage.h"
 #include "shell/record/COdometerDialog.h"
+#include "shell/record/LeaveQuestion.h"
 
 #include <QDialogButtonBox>
 #include <QTabWidget>
@@ -39,6 +41,7 @@ CExpenseDialog::CExpenseDialog(const RecordDialogContext& context, QWidget* pare
     BuildPages();
     // A page that was called by its tab or its mnemonic has the focus in its first field.
     connect(m_pages, &QTabWidget::currentChanged, this, [this] { m_pages->currentWidget()->setFocus(); });
+    connect(m_notes, &CNotesPage::Edited, this, [this] { m_draft.EnterNotes(m_notes->GetNotes()); });
     connect(m_money, &CExpenseMoneyPage::OdometerWanted, this, &CExpenseDialog::OpenOdometer);
     RecordDialogParts::AcceptByCtrlReturn(*this);
     RestoreDialogSize(*this, m_context.settings.Profile(), SizeSection(), kUsualSize);
@@ -108,9 +111,27 @@ bool CExpenseDialog::IsAcceptable() {
 
 void CExpenseDialog::accept() {
     if (!IsAcceptable()) return;
-    m_draft.EnterNotes(m_notes->GetNotes());
     m_draft.Accept(NewListItems(m_context.settings, m_context.entered));
     QDialog::accept();
+}
+
+/// What would be lost if the dialog were left, as a question; nothing where nothing would.
+std::optional<Text> CExpenseDialog::LossIfLeft() const {
+    const CDateEdit& date = *m_money->DateField();
+    const bool hasUnreadableDate = !date.IsReadable() && !date.HasShownText();
+    if (!m_draft.HasEntries() && !hasUnreadableDate) return {};
+    const QString id = m_draft.Record().GetId();
+    if (id.isEmpty()) return Text::AskLeaveDefault;
+    return m_context.document.FindRecord(id) ? Text::AskLeaveChanged : Text::AskLeaveNew;
+}
+
+/// A window that leaves takes its dialogs with it, and asks nothing more.
+void CExpenseDialog::reject() {
+    const auto isLeaving = [this] { return parentWidget() && !parentWidget()->window()->isVisible(); };
+    const std::optional<Text> loss = isLeaving() ? std::nullopt : LossIfLeft();
+    const Leave leave = loss ? AskLeave(*loss, m_context.prompt) : Leave::Discard;
+    if (leave == Leave::Save) return accept();
+    if (leave == Leave::Discard || isLeaving()) QDialog::reject();
 }
 
 void CExpenseDialog::done(int result) {
@@ -118,10 +139,11 @@ void CExpenseDialog::done(int result) {
     QDialog::done(result);
 }
 
-bool RunExpenseDialog(QWidget* parent, CERecord& record, const RecordDialogContext& context) {
+bool RunExpenseDialog(QWidget* parent, CERecord& record, const RecordDialogContext& context,
+                      const CERecord* untouched) {
     CExpenseDialog dialog(context, parent);
     ExpenseDraft draft;
-    draft.Begin(record);
+    draft.Begin(record, untouched);
     dialog.SetDraft(draft);
     if (dialog.exec() != QDialog::Accepted) return false;
     record.Copy(dialog.GetDraft().Record());

@@ -27,11 +27,14 @@ class CExpenseDialog final : public QDialog {
     /// Refused in words, and the dialog stays open, while the date is missing or something typed can't be
     /// read.
     void accept() override;
+    /// Asks where something was entered that would be lost.
+    void reject() override;
     void done(int result) override;
 
  private:
     void BuildPages();
     [[nodiscard]] bool IsAcceptable();
+    [[nodiscard]] std::optional<Text> LossIfLeft() const;
     void GoTo(DraftField place);
     void OpenOdometer();
 
@@ -44,5 +47,7 @@ class CExpenseDialog final : public QDialog {
     CNotesPage* m_notes = nullptr;
 };
 
-/// Lets the user edit the expense; true when accepted, and only then the record is changed.
-[[nodiscard]] bool RunExpenseDialog(QWidget* parent, CERecord& record, const RecordDialogContext& context);
+/// Lets the user edit the expense; true when accepted, and only then the record is changed. untouched: the
+/// record without what was entered already, if it is another.
+[[nodiscard]] bool RunExpenseDialog(QWidget* parent, CERecord& record, const RecordDialogContext& context,
+                                    const CERecord* untouched = nullptr);

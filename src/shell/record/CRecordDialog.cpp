@@ -1,5 +1,6 @@
 #include "shell/record/CRecordDialog.h"
 
+#include "app/CVelmarchDoc.h"
 #include "config/CCfgStore.h"
 #include "entry/CEnteredItems.h"
 #include "entry/NewListItems.h"
@@ -12,7 +13,9 @@
 #include "shell/record/CNotesPage.h"
 #include "shell/record/CRecordDialogEntry.h"
 #include "shell/record/CRecordDialogTime.h"
+#include "shell/record/CRecordDialogWork.h"
 #include "shell/record/CTimerPanelWidget.h"
+#include "shell/record/LeaveQuestion.h"
 #include "timers/CRecordTimers.h"
 
 #include <QDialogButtonBox>
@@ -76,20 +79,23 @@ void CRecordDialog::Wire() {
     connect(m_time, &CRecordDialogTime::Changed, m_entry, &CRecordDialogEntry::ShowComputed);
     connect(m_time, &CRecordDialogTime::Changed, m_timer, &CTimerPanelWidget::ShowTime);
     connect(m_entry, &CRecordDialogEntry::Changed, m_time, &CRecordDialogTime::ShowRecord);
+    connect(m_entry, &CRecordDialogEntry::ItemEntered, &m_time->Work(), &CRecordDialogWork::ShowItems);
+    connect(&m_time->Work(), &CRecordDialogWork::ItemEntered, m_entry, &CRecordDialogEntry::ShowItems);
+    connect(&m_time->Work(), &CRecordDialogWork::ItemEntered, this, &CRecordDialog::PersistLater);
+    WireNotes();
     connect(m_time, &CRecordDialogTime::EntryTried, this, [this] {
         // The rule says why; while the fields are locked its answer is known.
         const QString id = m_draft.Record().GetId();
         std::ignore = TimeEntryRules::MayEnterTimes(m_context.timers, id, &m_context.prompt);
     });
     connect(m_timer, &CTimerPanelWidget::AboutToAct, m_time, &CRecordDialogTime::Settle);
+    connect(m_timer, &CTimerPanelWidget::AboutToStart, this, &CRecordDialog::StampStart);
     connect(m_timer, &CTimerPanelWidget::TimesChanged, this, &CRecordDialog::ShowTimes);
     connect(m_timer, &CTimerPanelWidget::StateChanged, m_time, &CRecordDialogTime::LockTimes);
-    // A page that was called by its tab or its mnemonic has the focus in its first field.
-    connect(m_pages, &QTabWidget::currentChanged, this, [this] { m_pages->currentWidget()->setFocus(); });
+    connect(m_pages, &QTabWidget::currentChanged, this, &CRecordDialog::ShowPage);
     RecordDialogParts::AcceptByCtrlReturn(*this);
     connect(m_time, &CRecordDialogTime::Changed, this, &CRecordDialog::PersistLater);
     connect(m_entry, &CRecordDialogEntry::Entered, this, &CRecordDialog::PersistLater);
-    connect(m_notes, &CNotesPage::Edited, this, &CRecordDialog::PersistLater);
     connect(m_timer, &CTimerPanelWidget::StateChanged, this, [this] {
         // Said at every second of a running timer, too.
         const TimerState state = m_context.timers.StateOf(m_draft.Record().GetId());
@@ -100,11 +106,44 @@ void CRecordDialog::Wire() {
     connect(&m_persist, &QTimer::timeout, this, &CRecordDialog::PersistNow);
 }
 
+/// Notes are carried to the other page when it opens: they may be long.
+void CRecordDialog::WireNotes() {
+    connect(&m_time->Work(), &CRecordDialogWork::NotesEntered, this, &CRecordDialog::PersistLater);
+    connect(m_notes, &CNotesPage::Edited, this, [this] {
+        m_draft.EnterNotes(m_notes->GetNotes());
+        PersistLater();
+    });
+}
+
+/// A page that was called by its tab or its mnemonic has the focus in its first field.
+void CRecordDialog::ShowPage() {
+    m_time->Work().ShowNotes();
+    if (m_notes->GetNotes() != m_draft.Record().notes) m_notes->SetNotes(m_draft.Record().notes);
+    m_pages->currentWidget()->setFocus();
+}
+
+/// Not stored yet, and no stored default.
+bool CRecordDialog::IsNew() const {
+    const QString id = m_draft.Record().GetId();
+    return !id.isEmpty() && !m_context.document.FindRecord(id);
+}
+
+/// The work on a new record begins as its timer starts.
+void CRecordDialog::StampStart() {
+    if (!IsNew()) return;
+    DateTimeVal now;
+    now.SetNow(m_context.clock);
+    m_draft.StampStart(now);
+    ShowTimes();
+}
+
 void CRecordDialog::SetDraft(const TimeDraft& draft) {
     m_draft = draft;
     const CTRecord& record = m_draft.Record();
     m_time->ShowRecord();
     m_entry->ShowRecord();
+    m_time->Work().ShowItems();
+    m_time->Work().ShowNotes();
     m_notes->SetNotes(record.notes);
     m_timer->setVisible(!record.GetId().isEmpty());
     m_timer->Open();
@@ -122,7 +161,6 @@ void CRecordDialog::PersistLater() {
 void CRecordDialog::PersistNow() {
     m_persist.stop();
     if (!m_context.timers.IsAwaited(m_draft.Record().GetId())) return;
-    m_draft.EnterNotes(m_notes->GetNotes());
     // A failure is no reason to stop the user, who has the draft on the screen; the next entry tries again.
     static_cast<void>(m_context.timers.PersistDraft(m_draft.Record()));
 }
@@ -159,7 +197,6 @@ void CRecordDialog::accept() {
     if (!IsAcceptable()) return;
     // The last count first, so that the page accepted shows what belongs to it.
     m_timer->Close();
-    m_draft.EnterNotes(m_notes->GetNotes());
     m_draft.Accept(NewListItems(m_context.settings, m_context.entered));
     m_persist.stop();
     m_isDecided = true;
@@ -167,13 +204,28 @@ void CRecordDialog::accept() {
     QDialog::accept();
 }
 
+/// What would be lost if the dialog were left, as a question; nothing where nothing would. The timer of a
+/// stored record goes on or stays paused.
+std::optional<Text> CRecordDialog::LossIfLeft() const {
+    const QString id = m_draft.Record().GetId();
+    if (m_context.timers.IsAwaited(id) && m_context.timers.HasTimer(id)) return Text::AskLeaveTimer;
+    if (!m_draft.HasEntries() && !m_time->HasUnreadableEntry()) return {};
+    if (id.isEmpty()) return Text::AskLeaveDefault;
+    if (IsNew()) return Text::AskLeaveNew;
+    return m_context.timers.IsStoppedInDialog(id) ? Text::AskLeaveStopped : Text::AskLeaveChanged;
+}
+
 /// A window that leaves takes its dialogs with it; the user hasn't cancelled then, and the draft is offered
 /// at the next start.
 void CRecordDialog::reject() {
-    const bool isLeaving = parentWidget() && !parentWidget()->window()->isVisible();
+    const auto isLeaving = [this] { return parentWidget() && !parentWidget()->window()->isVisible(); };
+    const std::optional<Text> loss = isLeaving() ? std::nullopt : LossIfLeft();
+    const Leave leave = loss ? AskLeave(*loss, m_context.prompt) : Leave::Discard;
+    if (leave == Leave::Save) return accept();
+    if (leave == Leave::Stay && !isLeaving()) return;
     m_timer->Close();
     m_persist.stop();
-    m_isDecided = !isLeaving;
+    m_isDecided = !isLeaving();
     PersistDialogSize(*this, m_context.settings.Profile(), SizeSection());
     QDialog::reject();
 }
@@ -182,7 +234,7 @@ bool RunRecordDialog(QWidget* parent, CTRecord& record, const RecordDialogContex
                      CTRecord* untouched) {
     CRecordDialog dialog(context, parent);
     TimeDraft draft(context.settings);
-    draft.Begin(record);
+    draft.Begin(record, untouched);
     dialog.SetDraft(draft);
     const bool isAccepted = dialog.exec() == QDialog::Accepted;
     if (isAccepted) record.Copy(dialog.GetDraft().Record());

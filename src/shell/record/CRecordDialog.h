@@ -6,6 +6,7 @@
 
 #include <QDialog>
 #include <QTimer>
+#include <optional>
 
 class CNotesPage;
 class CRecordDialogEntry;
@@ -35,12 +36,18 @@ class CRecordDialog final : public QDialog {
 
     /// Refused in words, and the dialog stays open, while something typed can't be read.
     void accept() override;
-    /// A running timer goes on; one that was stopped here is gone with its count.
+    /// Asks where something was entered that would be lost, or where a record that isn't stored has a timer.
+    /// A running timer of a stored record goes on; one that was stopped here is gone with its count.
     void reject() override;
 
  private:
     void BuildPages();
     void Wire();
+    void WireNotes();
+    [[nodiscard]] bool IsNew() const;
+    [[nodiscard]] std::optional<Text> LossIfLeft() const;
+    void ShowPage();
+    void StampStart();
     [[nodiscard]] bool IsAcceptable();
     void ShowTimes();
     void Refuse(CPickEdit& field, int textId, const QString& why);
@@ -61,6 +68,6 @@ class CRecordDialog final : public QDialog {
 };
 
 /// Lets the user edit the record; true when accepted, and only then the record is changed, and untouched, if
-/// there is one, by what the timer has counted.
+/// there is one, by what the timer has counted. untouched: the record without what was entered already.
 [[nodiscard]] bool RunRecordDialog(QWidget* parent, CTRecord& record, const RecordDialogContext& context,
                                    CTRecord* untouched = nullptr);

@@ -14,5 +14,6 @@ bool EditRecord(QWidget* parent, CVORec& record, const RecordDialogContext& cont
     return record.Kind() == RecordKind::Time
                ? RunRecordDialog(parent, static_cast<CTRecord&>(record), context,
                                  static_cast<CTRecord*>(untouched))
-               : RunExpenseDialog(parent, static_cast<CERecord&>(record), context);
+               : RunExpenseDialog(parent, static_cast<CERecord&>(record), context,
+                                  static_cast<const CERecord*>(untouched));
 }

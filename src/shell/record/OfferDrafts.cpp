@@ -14,6 +14,7 @@
 #include "timers/TimerTexts.h"
 
 #include <QWidget>
+#include <memory>
 
 namespace {
 
@@ -40,6 +41,7 @@ void TakeUp(StoredDraft& draft, QWidget* parent, const RecordDialogContext& cont
                             .prompt = context.prompt,
                             .progress = progress,
                             .partial = CRecordChanges::Partial::Kept});
+    const std::shared_ptr<CVORec> untouched = draft.record.Clone();
     const QuickEntryContext entry{
         .document = context.document,
         .timers = context.timers,
@@ -47,7 +49,8 @@ void TakeUp(StoredDraft& draft, QWidget* parent, const RecordDialogContext& cont
         .clock = context.clock,
         .add = [&changes](const CVORec& record) { return bool(changes.Add(record, Identity::Own)); },
         .selectedIds = {},
-        .edit = [parent, &context](CVORec& record) { return EditRecord(parent, record, context); }};
+        .edit = [parent, &context,
+                 untouched](CVORec& record) { return EditRecord(parent, record, context, untouched.get()); }};
     // Cancelled is cancelled; a record that can't be stored comes back to the dialog.
     if (TakeUpTimeRecord(draft.record, entry).lacksTimer) TellWithoutTimer(context.prompt);
 }

@@ -274,11 +274,42 @@ class TestCExpenseDialog : public QObject {
         QCOMPARE(t.ItemsOf(ListId::kClient), QStringList());
     }
 
+    void LeavingAsksOnlyForWhatWouldBeLost_data() {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<int>("question");
+        QTest::newRow("a new expense") << "new" << int(Text::AskLeaveNew);
+        QTest::newRow("a stored one") << "stored" << int(Text::AskLeaveChanged);
+        QTest::newRow("a stored default") << "default" << int(Text::AskLeaveDefault);
+    }
+    void LeavingAsksOnlyForWhatWouldBeLost() {
+        QFETCH(QString, kind);
+        QFETCH(int, question);
+        ExpenseDialogHome t;
+        if (kind == QLatin1String("default")) t.record.SetId({});
+        const RecordMode mode = std::exchange(theRecordMode, RecordMode::Expense);
+        if (kind == QLatin1String("stored"))
+            QVERIFY(t.home.document->AddRecord(t.record, {Notify::Yes, Commit::Now, Identity::Own}));
+        t.Open();
+        t.dialog->reject();
+        QVERIFY(!t.dialog->isVisible());
+        t.Open();
+        t.Enter("amountField", S("7"));
+        t.home.prompt.Expect(static_cast<Text>(question), Answer::Cancel);
+        t.dialog->reject();
+        QVERIFY(t.dialog->isVisible());
+        t.home.prompt.Expect(static_cast<Text>(question), Answer::Yes);
+        t.dialog->reject();
+        QCOMPARE(t.dialog->result(), int(QDialog::Accepted));
+        QCOMPARE(t.dialog->GetDraft().Record().amount.value, 7.0F);
+        theRecordMode = mode;
+    }
+
     void CancelChangesNothing() {
         ExpenseDialogHome t;
         t.record.amount.Set(5);
         t.Open();
         t.Enter("amountField", S("7"));
+        t.home.prompt.Expect(Text::AskLeaveNew, Answer::No);
         t.dialog->reject();
         QCOMPARE(t.dialog->GetDraft().Record().amount.value, 5.0F);
         QCOMPARE(t.dialog->result(), int(QDialog::Rejected));
@@ -435,6 +466,7 @@ class TestCExpenseDialog : public QObject {
             user.Enter("item1Field", S("new"));
             isAccepted ? dialog->accept() : dialog->reject();
         });
+        if (!isAccepted) t.home.prompt.Expect(Text::AskLeaveNew, Answer::No);
         QCOMPARE(RunExpenseDialog(nullptr, t.record, t.Context()), isAccepted);
         QTEST(t.record.item1, "expected");
     }

@@ -52,6 +52,44 @@ class TestCRecordDialog : public QObject {
         QCOMPARE(t.Find<QComboBox>("item1Field")->view()->accessibleName(), QStringLiteral("Client"));
     }
 
+    /// Client, project and notes are the same fields as on the pages behind.
+    void TheFirstPageHasTheWorkToo() {
+        RecordDialogHome t;
+        t.record.item1 = QStringLiteral("Acme");
+        t.record.notes = QStringLiteral("line\r\nline");
+        t.Open();
+        QCOMPARE(t.Shown("workItem1Field"), QStringLiteral("Acme"));
+        QCOMPARE(t.Find<QPlainTextEdit>("workNotesField")->toPlainText(), QStringLiteral("line\nline"));
+        t.Enter("workItem2Field", QStringLiteral("Alpha"));
+        QCOMPARE(t.Shown("item2Field"), QStringLiteral("Alpha"));
+        t.TurnTo(1);
+        t.Enter("item1Field", QStringLiteral("Zoo"));
+        t.TurnTo(0);
+        QCOMPARE(t.Shown("workItem1Field"), QStringLiteral("Zoo"));
+        t.dialog->accept();
+        QCOMPARE(t.dialog->GetDraft().Record().item1, QStringLiteral("Zoo"));
+        QCOMPARE(t.dialog->GetDraft().Record().item2, QStringLiteral("Alpha"));
+        QCOMPARE(t.dialog->GetDraft().Record().notes, QStringLiteral("line\r\nline"));
+    }
+
+    void NotesGoFromPageToPage() {
+        RecordDialogHome t;
+        t.Open();
+        auto* first = t.Find<QPlainTextEdit>("workNotesField");
+        auto* page = t.Find<QPlainTextEdit>("notesField");
+        QTest::keyClicks(first, QStringLiteral("one"));
+        t.TurnTo(2);
+        QCOMPARE(page->toPlainText(), QStringLiteral("one"));
+        page->moveCursor(QTextCursor::End);
+        QTest::keyClicks(page, QStringLiteral(" two"));
+        t.TurnTo(0);
+        QCOMPARE(first->toPlainText(), QStringLiteral("one two"));
+        first->moveCursor(QTextCursor::End);
+        QTest::keyClicks(first, QStringLiteral(" three"));
+        t.dialog->accept();
+        QCOMPARE(t.dialog->GetDraft().Record().notes, QStringLiteral("one two three"));
+    }
+
     void AcceptTakesThePages() {
         RecordDialogHome t;
         t.Open();
@@ -129,7 +167,7 @@ class TestCRecordDialog : public QObject {
         QTest::newRow("Return in a time") << "startField" << int(Qt::Key_Return) << 0 << 1;
         QTest::newRow("Enter in an item")
             << "item1Field" << int(Qt::Key_Enter) << int(Qt::KeypadModifier) << 1;
-        QTest::newRow("Return on the timer's button") << "timerStop" << int(Qt::Key_Return) << 0 << 1;
+        QTest::newRow("Return on the timer's button") << "timerStart" << int(Qt::Key_Return) << 0 << 1;
         QTest::newRow("Ctrl+Return in the notes")
             << "notesField" << int(Qt::Key_Return) << int(Qt::ControlModifier) << 1;
         QTest::newRow("Escape in the notes") << "notesField" << int(Qt::Key_Escape) << 0 << 0;
@@ -188,11 +226,12 @@ class TestCRecordDialog : public QObject {
             QStringLiteral("endField"),
             QStringLiteral("durationField"),
             QStringLiteral("breakField"),
+            QStringLiteral("workItem1Field"),
+            QStringLiteral("workItem2Field"),
+            QStringLiteral("workNotesField"),
             QStringLiteral("lockDurationOnTimeEditBox"),
             QStringLiteral("accumulateOnReentryBox"),
             QStringLiteral("timerStart"),
-            QStringLiteral("timerPause"),
-            QStringLiteral("timerStop"),
             QStringLiteral("acceptButton"),
             QStringLiteral("cancelButton"),
         };
@@ -277,6 +316,125 @@ class TestCRecordDialog : public QObject {
         QCOMPARE(t.dialog->result(), int(QDialog::Accepted));
     }
 
+    void LeavingAsksOnlyForWhatWouldBeLost_data() {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<int>("question");
+        QTest::newRow("a new record, nothing entered") << "new"
+                                                       << "" << 0;
+        QTest::newRow("a new record with a time") << "new"
+                                                  << "startField" << int(Text::AskLeaveNew);
+        QTest::newRow("a new record with a client") << "new"
+                                                    << "workItem1Field" << int(Text::AskLeaveNew);
+        QTest::newRow("a new record, entered what can't be read")
+            << "new"
+            << "durationField" << int(Text::AskLeaveNew);
+        QTest::newRow("a stored record, nothing entered") << "stored"
+                                                          << "" << 0;
+        QTest::newRow("a stored record with another time") << "stored"
+                                                           << "startField" << int(Text::AskLeaveChanged);
+        QTest::newRow("a stored default") << "default"
+                                          << "workItem1Field" << int(Text::AskLeaveDefault);
+    }
+    void LeavingAsksOnlyForWhatWouldBeLost() {
+        QFETCH(QString, kind);
+        QFETCH(QString, field);
+        QFETCH(int, question);
+        RecordDialogHome t;
+        if (kind == QLatin1String("default")) t.record.SetId({});
+        if (kind == QLatin1String("stored"))
+            QVERIFY(t.home.document->AddRecord(t.record, {Notify::Yes, Commit::Now, Identity::Own}));
+        t.Open();
+        if (!field.isEmpty())
+            t.Enter(qPrintable(field),
+                    field == QLatin1String("durationField") ? QStringLiteral("long") : QStringLiteral("9"));
+        if (question == 0) {
+            t.dialog->reject();
+            QVERIFY(!t.dialog->isVisible());
+            return;
+        }
+        t.home.prompt.Expect(static_cast<Text>(question), Answer::Cancel);
+        t.dialog->reject();
+        QVERIFY(t.dialog->isVisible());
+        t.home.prompt.Expect(static_cast<Text>(question), Answer::No);
+        t.dialog->reject();
+        QVERIFY(!t.dialog->isVisible());
+        QCOMPARE(t.dialog->result(), int(QDialog::Rejected));
+        t.home.prompt.Finish();
+    }
+
+    void LeavingCanKeepARecord() {
+        RecordDialogHome t;
+        t.Open();
+        t.Enter("startField", QStringLiteral("9"));
+        t.home.prompt.Expect(Text::AskLeaveNew, Answer::Yes);
+        t.dialog->reject();
+        QCOMPARE(t.dialog->result(), int(QDialog::Accepted));
+        QVERIFY(t.dialog->GetDraft().Record().HasStart());
+    }
+
+    /// The button beside the timer, whose record nobody has stored yet.
+    void ATimerOfANewRecordIsAskedAbout() {
+        RecordDialogHome t;
+        t.Open();
+        t.Press("timerStart");
+        QCOMPARE(t.timers.StateOf(t.record.GetId()), TimerState::Running);
+        t.home.prompt.Expect(Text::AskLeaveTimer, Answer::Cancel);
+        t.dialog->reject();
+        QVERIFY(t.dialog->isVisible());
+        QCOMPARE(t.timers.StateOf(t.record.GetId()), TimerState::Running);
+        t.home.prompt.Expect(Text::AskLeaveTimer, Answer::Yes);
+        t.dialog->reject();
+        QCOMPARE(t.dialog->result(), int(QDialog::Accepted));
+    }
+
+    /// It goes on, and nothing is lost.
+    void ATimerOfAStoredRecordIsNot() {
+        RecordDialogHome t;
+        QVERIFY(t.home.document->AddRecord(t.record, {Notify::Yes, Commit::Now, Identity::Own}));
+        t.Open();
+        t.Press("timerStart");
+        t.dialog->reject();
+        QVERIFY(!t.dialog->isVisible());
+        QCOMPARE(t.timers.StateOf(t.record.GetId()), TimerState::Running);
+    }
+
+    void ATimerThatWasStoppedHereIsAskedAbout() {
+        RecordDialogHome t;
+        QVERIFY(t.home.document->AddRecord(t.record, {Notify::Yes, Commit::Now, Identity::Own}));
+        t.Open();
+        t.Press("timerStart");
+        t.home.clock.Advance(3600);
+        t.Press("timerStop");
+        t.home.prompt.Expect(Text::AskLeaveStopped, Answer::No);
+        t.dialog->reject();
+        QVERIFY(!t.dialog->isVisible());
+    }
+
+    void TheStartOfANewTimerIsTheStartOfTheWork_data() {
+        QTest::addColumn<QString>("entered");
+        QTest::addColumn<bool>("isStored");
+        QTest::addColumn<QString>("start");
+        QTest::newRow("a new record of today") << "" << false << "09:00 AM";
+        QTest::newRow("one that has a start already") << "startField" << false << "08:00 AM";
+        QTest::newRow("one of another day") << "dateField" << false << "";
+        QTest::newRow("a stored one") << "" << true << "";
+    }
+    void TheStartOfANewTimerIsTheStartOfTheWork() {
+        QFETCH(QString, entered);
+        QFETCH(bool, isStored);
+        RecordDialogHome t;
+        if (isStored)
+            QVERIFY(t.home.document->AddRecord(t.record, {Notify::Yes, Commit::Now, Identity::Own}));
+        t.Open();
+        if (!entered.isEmpty())
+            t.Enter(qPrintable(entered), entered == QLatin1String("startField")
+                                             ? QStringLiteral("8")
+                                             : QStringLiteral("11/18/2026"));
+        t.Press("timerStart");
+        QTEST(t.Shown("startField"), "start");
+    }
+
     void RemembersItsSize() {
         RecordDialogHome t;
         t.Open();
@@ -303,6 +461,7 @@ class TestCRecordDialog : public QObject {
             user.Enter("item1Field", QStringLiteral("new"));
             isAccepted ? dialog->accept() : dialog->reject();
         });
+        if (!isAccepted) t.home.prompt.Expect(Text::AskLeaveNew, Answer::No);
         QCOMPARE(RunRecordDialog(nullptr, t.record, t.Context()), isAccepted);
         QTEST(t.record.item1, "expected");
     }

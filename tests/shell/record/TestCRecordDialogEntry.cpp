@@ -225,6 +225,7 @@ class TestCRecordDialogEntry : public QObject {
         t.Open();
         t.TurnTo(1);
         t.Enter("item1Field", QStringLiteral("Acme"));
+        t.home.prompt.Expect(Text::AskLeaveNew, Answer::No);
         t.dialog->reject();
         QCOMPARE(t.ItemsOf(ListId::kClient), QStringList());
     }

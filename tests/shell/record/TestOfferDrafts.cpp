@@ -54,6 +54,7 @@ class TestOfferDrafts : public QObject {
         RecordDialogHome t;
         LeaveADraft(t);
         t.home.prompt.Expect(Text::AskTakeUpDraft, Answer::Yes);
+        t.home.prompt.Expect(Text::AskLeaveTimer, Answer::No);
         InTheDialog([](QDialog& dialog) { dialog.reject(); });
         OfferDrafts(nullptr, t.Context());
         QVERIFY(!t.home.document->FindTime(t.record.GetId()));
