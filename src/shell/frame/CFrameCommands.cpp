@@ -6,6 +6,7 @@
 #include "shell/commands/CActions.h"
 #include "shell/frame/CFrameControl.h"
 #include "shell/list/CListFindBar.h"
+#include "shell/list/CRecordListView.h"
 #include "shell/report/CReportPane.h"
 #include "timers/CRecordTimers.h"
 #include "viewmodel/commands/BarButtons.h"
@@ -176,6 +177,18 @@ void CFrameCommands::Describe(CommandState& state) const {
     state.canRunAgain = m_reports.CanRunAgain();
     m_history.Describe(state);
     DescribeTree(state);
+    DescribeSelectedTimers(state);
+}
+
+/// There are few timers, and there may be very many selected records.
+void CFrameCommands::DescribeSelectedTimers(CommandState& state) const {
+    if (state.selected == 0 || !state.timeMode) return;
+    const ActiveTimerSet& timers = m_context.timers.Set();
+    for (int i = 0; i < timers.Count() && !state.selectedRuns; ++i) {
+        if (!m_context.view.IsSelected(timers.IdAt(i))) continue;
+        state.selectedHasTimer = true;
+        state.selectedRuns = timers.StateAt(i) == TimerState::Running;
+    }
 }
 
 void CFrameCommands::DescribeTree(CommandState& state) const {

@@ -51,6 +51,7 @@ class CFrameCommands {
     [[nodiscard]] static Handler ReportHandlerOf(::Run run);
     void RunGuide();
     void DescribeTree(CommandState& state) const;
+    void DescribeSelectedTimers(CommandState& state) const;
 
     Context m_context;
     CFrameHistory m_history;

@@ -117,6 +117,11 @@ int CRecordListView::SelectedCount() const {
     return count;
 }
 
+bool CRecordListView::IsSelected(const QString& id) const {
+    const std::vector<int> rows = ShownRowsOf({id});
+    return !rows.empty() && selectionModel()->isSelected(model()->index(rows.front(), 0));
+}
+
 void CRecordListView::ForEachSelected(const std::function<void(const CVORec& record)>& visit) const {
     for (const QItemSelectionRange& range : selectionModel()->selection())
         for (int row = range.top(); row <= range.bottom() && range.left() == 0; ++row)

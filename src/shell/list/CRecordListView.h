@@ -29,6 +29,7 @@ class CRecordListView final : public QTableView {
     /// Identities of the selected records in the order of the rows.
     [[nodiscard]] QStringList SelectedIds() const;
     [[nodiscard]] int SelectedCount() const;
+    [[nodiscard]] bool IsSelected(const QString& id) const;
     /// The selected records as the document shows them, in no promised order.
     void ForEachSelected(const std::function<void(const CVORec& record)>& visit) const;
     void SelectNone();

@@ -8,6 +8,7 @@ namespace Command {
 inline constexpr int kNew = 40147;  ///< the button, with the ways to a new record below it
 inline constexpr int kNewPlain = 40002;
 inline constexpr int kNewStampTimer = 32853;
+inline constexpr int kNewFromDefault = 32856;
 inline constexpr int kEdit = 103;
 inline constexpr int kCopy = 101;
 inline constexpr int kDelete = 102;
@@ -90,7 +91,9 @@ inline constexpr int kImportOlderForm = 32892;
 inline constexpr int kImportItems = 40069;
 inline constexpr int kExport = 40006;
 inline constexpr int kExportItems = 40070;
-inline constexpr int kGuide = 40240;  ///< a number of our own
+inline constexpr int kGuide = 40240;  ///< a number of our own, as the next two
+inline constexpr int kUserGuide = 40290;
+inline constexpr int kAllKeys = 40291;
 inline constexpr int kAbout = 57664;
 inline constexpr int kExit = 57665;
 }  // namespace Command
@@ -173,6 +176,8 @@ enum class Run {
     Options,
     RegionalSettings,
     Guide,
+    UserGuide,
+    AllKeys,
     About,
     Exit
 };

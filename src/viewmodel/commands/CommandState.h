@@ -18,6 +18,8 @@ struct CommandState {
     bool canStep = false;
     bool anyTimer = false;
     bool anyRunning = false;
+    bool selectedHasTimer = false;  ///< of the selected records one at least
+    bool selectedRuns = false;      ///< the same, and it runs
     int listLayout = 4;
     bool bar1Shown = true;
     bool bar2Shown = true;

@@ -48,6 +48,12 @@ bool OneTimeSelected(const State& s) {
 bool TimesSelected(const State& s) {
     return s.timeMode && s.listIsActive && s.selected >= 1;
 }
+bool TimersSelected(const State& s) {
+    return TimesSelected(s) && s.selectedHasTimer;
+}
+bool RunningSelected(const State& s) {
+    return TimesSelected(s) && s.selectedRuns;
+}
 bool TimeModeWithTimer(const State& s) {
     return s.timeMode && s.anyTimer;
 }
@@ -136,8 +142,9 @@ constexpr CommandRow kFirstCommands[] = {
     Row(32855, "CmdQuickEntry", {Text::CmdNewNextTimer, Text::TipNewNextTimer, "chronometer-lap"}, Menu::New,
         {Run::QuickEntry, QuickFlag::kBlank | QuickFlag::kSuccessive | QuickFlag::kTimer})
         .When(OneTimeSelected),
-    Row(32856, "CmdQuickEntry", {Text::CmdDefaultsNew, Text::TipDefaultsNew, "document-new-from-template"},
-        Menu::New, {Run::QuickEntry, QuickFlag::kDefaults})
+    Row(Command::kNewFromDefault, "CmdQuickEntry",
+        {Text::CmdDefaultsNew, Text::TipDefaultsNew, "document-new-from-template"}, Menu::New,
+        {Run::QuickEntry, QuickFlag::kDefaults})
         .BeginsGroup(),
     Row(32857, "CmdQuickEntry", {Text::CmdDefaultsStamp, Text::TipDefaultsStamp, "bookmark-new"}, Menu::New,
         {Run::QuickEntry, QuickFlag::kDefaults | QuickFlag::kTimestamp}),
@@ -475,12 +482,12 @@ constexpr CommandRow kFirstCommands[] = {
         {Text::CmdTimerPause, Text::TipTimerPause, "media-playback-pause", "F8"}, Menu::Timer,
         {Run::TimerAction, 2})
         .OfView()
-        .When(TimesSelected),
+        .When(RunningSelected),
     Row(Command::kTimerStop, "CmdTimerStop",
         {Text::CmdTimerStop, Text::TipTimerStop, "media-playback-stop", "F9"}, Menu::Timer,
         {Run::TimerAction, 0})
         .OfView()
-        .When(TimesSelected),
+        .When(TimersSelected),
     Row(Command::kStopAllTimers, "CmdStopAllTimers",
         {Text::CmdStopAllTimers, Text::TipStopAllTimers, "chronometer-reset", "Ctrl+Shift+F9"}, Menu::Timer,
         {Run::StopAllTimers})

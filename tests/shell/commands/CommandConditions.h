@@ -44,6 +44,8 @@ class CommandConditions {
         {&CommandState::treeCanExpand, "selected entry with entries below it"},
         {&CommandState::anyTimer, "a timer"},
         {&CommandState::anyRunning, "a running timer"},
+        {&CommandState::selectedHasTimer, "one of them with a timer"},
+        {&CommandState::selectedRuns, "one of them with a running timer"},
         {&CommandState::canStep, "period that can step"},
         {&CommandState::hasRegionalSettings, "desktop with a program for them"},
         {&CommandState::canRunAgain, "report of the present kind of records"},

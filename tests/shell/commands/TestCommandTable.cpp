@@ -154,8 +154,10 @@ class TestCommandTable final : public QObject {
         // backup
         rows({32830, 32831, 40201}, kAll, kAll);
         // timers, lists, tools
-        rows({40111, 40112, 40113}, kSome, kNever);
-        rows({32891, 32777, 40200, 40066, 32781, 40240, 57664, 40100, 40009, 32886}, kAll, kAll);
+        rows({40112}, kSome, kNever);
+        rows({40111, 40113}, kNever, kNever);
+        rows({32891, 32777, 40200, 40066, 32781, 40240, 57664, 40100, 40009, 32886}, kAll,
+             kAll);
         rows({40008, 32892, 40069, 40006, 40070}, kAll, kAll);
     }
     void offeredBySelection() {
@@ -211,6 +213,18 @@ class TestCommandTable final : public QObject {
         expense.treeHasNode = true;
         timerOfExpenses.timeMode = false;
         timerOfExpenses.anyTimer = timerOfExpenses.anyRunning = true;
+        CommandState paused = Everything(2), runs = paused, hasNone = paused, runsInExpenses = paused;
+        paused.selectedHasTimer = true;
+        runs.selectedHasTimer = runs.selectedRuns = true;
+        hasNone.anyTimer = hasNone.anyRunning = true;
+        runsInExpenses = runs;
+        runsInExpenses.timeMode = false;
+        QTest::newRow("stop with a paused timer") << 40111 << paused << true;
+        QTest::newRow("stop with a timer of another record") << 40111 << hasNone << false;
+        QTest::newRow("stop in expense mode") << 40111 << runsInExpenses << false;
+        QTest::newRow("pause with a running timer") << 40113 << runs << true;
+        QTest::newRow("pause with a paused timer") << 40113 << paused << false;
+        QTest::newRow("start without a timer") << 40112 << hasNone << true;
         QTest::newRow("stop all with a paused timer") << 32868 << timer << true;
         QTest::newRow("stop all in expense mode") << 32868 << timerOfExpenses << false;
         QTest::newRow("pause all with a paused timer") << 32869 << timer << false;

@@ -140,9 +140,9 @@ struct Fixture {
     }
     [[nodiscard]] CommandState State() const {
         CommandState state;
-        commands->Describe(state);
         state.selected = view.SelectedCount();
         state.listed = model.rowCount();
+        commands->Describe(state);
         return state;
     }
     /// As a menu does it: the row that the state says.

@@ -236,6 +236,24 @@ class TestCFrameCommands final : public QObject {
         QVERIFY(!fixture.set.AnyActive());
     }
 
+    /// Pause and stop are offered where there is something to pause or stop.
+    void TimersOfTheSelectionAreKnown() {
+        Fixture fixture;
+        const QString timed = fixture.home.AddTime(2026, 11, 18), other = fixture.home.AddTime(2026, 11, 19);
+        fixture.home.settings->timerOnNewTimer = 0;
+        fixture.SelectAll();
+        fixture.view.SelectIds({timed});
+        QVERIFY(!fixture.State().selectedHasTimer);
+        fixture.Run(40112);
+        QVERIFY(fixture.State().selectedHasTimer && fixture.State().selectedRuns);
+        fixture.Run(40113);
+        QVERIFY(fixture.State().selectedHasTimer && !fixture.State().selectedRuns);
+        fixture.view.SelectIds({other});
+        QVERIFY(!fixture.State().selectedHasTimer);
+        fixture.SelectAll();
+        QVERIFY(fixture.State().selectedHasTimer);
+    }
+
     /// Seven hours by flight, of which the clock shows one.
     void AStopByTrueTime() {
         Fixture fixture;
