@@ -2,6 +2,7 @@
 
 #include "app/FieldLabels.h"
 #include "lang/FormatText.h"
+#include "shell/commands/CDefaultsMenu.h"
 #include "shell/commands/CPeriodButton.h"
 #include "shell/commands/CommandIcon.h"
 #include "shell/look/CMnemonics.h"
@@ -46,6 +47,7 @@ CActions::CActions(QMainWindow& window) : QObject(&window), m_window(window), m_
     MakeMenus();
     m_bars = std::make_unique<CCommandBars>(m_window, [this](int command) { return ButtonOf(command); });
     MakeContextMenu();
+    m_defaults = new CDefaultsMenu(*m_menus[Menu::New], *Action(Command::kNewFromDefault));
     ShowNames(true);
 }
 

@@ -10,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+class CDefaultsMenu;
 class FieldLabels;
 class QAction;
 class QMainWindow;
@@ -32,6 +33,7 @@ class CActions final : public QObject {
     void RefreshIcons();
 
     [[nodiscard]] CCommandBars& Bars() { return *m_bars; }
+    [[nodiscard]] CDefaultsMenu& Defaults() { return *m_defaults; }
     /// The menu at a place of the list.
     [[nodiscard]] QMenu& ContextMenu() { return *m_context; }
     /// The first row with a number; for tests and for the button of a command.
@@ -69,4 +71,5 @@ class CActions final : public QObject {
     std::map<Menu, QMenu*> m_menus;
     std::unique_ptr<CCommandBars> m_bars;
     QMenu* m_context = nullptr;
+    CDefaultsMenu* m_defaults = nullptr;
 };

@@ -2,9 +2,10 @@
 
 #include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchApp.h"
+#include "entry/NamedDefaults.h"
 #include "entry/QuickEntry.h"
 #include "entry/RecordMarks.h"
-#include "lang/LoadText.h"
+#include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
 #include "shell/frame/CFrameControl.h"
 #include "shell/frame/CFrameDialogs.h"
@@ -16,6 +17,7 @@
 #include "timers/TrueTimeQuestion.h"
 #include "viewmodel/tree/CTreeControl.h"
 
+#include <memory>
 #include <type_traits>
 
 namespace {
@@ -55,7 +57,37 @@ bool CFrameRecords::MayAdd() {
 }
 
 void CFrameRecords::QuickEntry(int flags) {
+    NewRecord(flags, [this](CVORec& record) {
+        return m_context.dialogs.ChooseDefault(m_context.control.Window(), record);
+    });
+}
+
+QStringList CFrameRecords::DefaultNames() const {
+    QStringList names = NamedDefaults(m_context.settings, m_context.clock, theRecordMode).Names();
+    names.removeLast();
+    return names;
+}
+
+void CFrameRecords::NewFromDefault(const QString& name) {
+    NewRecord(QuickFlag::kDefaults, [this, name](CVORec& record) { return FillFromDefault(name, record); });
+}
+
+bool CFrameRecords::FillFromDefault(const QString& name, CVORec& record) const {
+    if (NamedDefaults(m_context.settings, m_context.clock, theRecordMode).Read(name, record)) return true;
+    const Text title =
+        theRecordMode == RecordMode::Time ? Text::DefaultsTitleTime : Text::DefaultsTitleExpenses;
+    m_context.prompt.Tell({.textId = static_cast<int>(Text::DefaultDamaged),
+                           .title = LoadText(title),
+                           .text = FormatText<Text::DefaultDamaged>(name),
+                           .icon = BoxIcon::Warning,
+                           .actionLabel = {}});
+    return false;
+}
+
+void CFrameRecords::NewRecord(int flags, const Fill& fillFromDefaults) {
     if (!MayAdd()) return;
+    // One that can't be stored comes back to the dialog, which asks before it throws away what was entered.
+    std::unique_ptr<CVORec> untouched;
     const QuickEntryContext context{
         .document = m_context.document,
         .timers = m_context.timers,
@@ -63,11 +95,12 @@ void CFrameRecords::QuickEntry(int flags) {
         .clock = m_context.clock,
         .add = [this](const CVORec& record) { return bool(m_changes.Add(record, Identity::Own)); },
         .selectedIds = m_context.view.SelectedIds(),
-        .edit = [this](CVORec& record) { return EditInDialog(record); },
-        .fillFromDefaults =
-            [this](CVORec& record) {
-                return m_context.dialogs.ChooseDefault(m_context.control.Window(), record);
+        .edit =
+            [this, &untouched](CVORec& record) {
+                if (!untouched) untouched = record.Clone();
+                return EditInDialog(record, untouched.get());
             },
+        .fillFromDefaults = fillFromDefaults,
         .fillFromTree = [this](CVORec& record) { return m_context.tree.FillRecord(record); }};
     const QuickOutcome outcome = NewRecordOf(KindOf(theRecordMode), flags, context);
     if (!outcome.addedId.isEmpty()) m_context.view.SelectIds({outcome.addedId});

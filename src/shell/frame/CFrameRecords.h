@@ -4,6 +4,9 @@
 #include "changes/CRecordSave.h"
 #include "changes/CTimersOfRecords.h"
 
+#include <QStringList>
+#include <functional>
+
 class CVORec;
 struct FrameContext;
 struct TimerOutcome;
@@ -16,6 +19,9 @@ class CFrameRecords {
     [[nodiscard]] CRecordChanges& Changes() { return m_changes; }
     /// flags: QuickFlag.
     void QuickEntry(int flags);
+    /// The stored defaults of the mode by name, without the empty record.
+    [[nodiscard]] QStringList DefaultNames() const;
+    void NewFromDefault(const QString& name);
     void EditSelected();
     /// Through the dialog, then into the store.
     void Edit(const QString& id);
@@ -30,7 +36,11 @@ class CFrameRecords {
     void PauseTimers();
 
  private:
+    using Fill = std::function<bool(CVORec& record)>;
+
     [[nodiscard]] bool MayAdd();
+    void NewRecord(int flags, const Fill& fillFromDefaults);
+    [[nodiscard]] bool FillFromDefault(const QString& name, CVORec& record) const;
     [[nodiscard]] bool EditInDialog(CVORec& record, CVORec* untouched = nullptr) const;
     [[nodiscard]] CRecordSave::End Save(DialogRecord& edited);
     TimerOutcome StopByTrueTime(QStringList& ids);

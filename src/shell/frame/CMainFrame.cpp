@@ -4,6 +4,7 @@
 #include "calendar/NumberText.h"
 #include "lang/LoadText.h"
 #include "shell/commands/CActions.h"
+#include "shell/commands/CDefaultsMenu.h"
 #include "shell/commands/CPeriodButton.h"
 #include "shell/controls/CCalendarPopup.h"
 #include "shell/frame/CEventPump.h"
@@ -172,6 +173,10 @@ FrameContext CMainFrame::MakeFrameContext() {
 void CMainFrame::Connect() {
     connect(m_actions, &CActions::Triggered, this, &CMainFrame::RunCommand);
     connect(m_actions, &CActions::StateWanted, this, &CMainFrame::UpdateActions);
+    connect(&m_actions->Defaults(), &CDefaultsMenu::Wanted, this,
+            [this] { m_actions->Defaults().Show(m_commands->Records().DefaultNames()); });
+    connect(&m_actions->Defaults(), &CDefaultsMenu::Chosen, this,
+            [this](const QString& name) { m_commands->Records().NewFromDefault(name); });
     connect(m_note, &CEmptyNote::CommandWanted, this, &CMainFrame::RunCommand);
     connect(m_view, &CRecordListView::SelectionChanged, this,
             [this] { m_context.hub.NotifyViews(Hint::SelectionChanged, {}); });

@@ -1,6 +1,7 @@
 #include "shell/frame/CFrameCommands.h"
 
 #include "app/CVelmarchApp.h"
+#include "entry/NamedDefaults.h"
 #include "lang/LoadText.h"
 #include "shell/frame/FrameCommandsHome.h"
 #include "shell/frame/ModalUser.h"
@@ -97,6 +98,27 @@ class TestCFrameCommands final : public QObject {
         fixture.Run(32857);
         QCOMPARE(fixture.home.document->RecordCount(), 1U);
         QCOMPARE(fixture.dialogs.edited, 1);
+    }
+    void NewRecordFromADefaultByItsName() {
+        Fixture fixture;
+        NamedDefaults defaults(*fixture.home.settings, fixture.home.clock, RecordMode::Time);
+        CTRecord record;
+        record.Reset();
+        record.item1 = u"Acme"_s;
+        QVERIFY(defaults.Write(u"Travel"_s, record));
+        CFrameRecords& records = fixture.commands->Records();
+        QCOMPARE(records.DefaultNames(), QStringList{u"Travel"_s});
+        records.NewFromDefault(u"Travel"_s);
+        QCOMPARE(fixture.dialogs.called, QStringList());
+        QCOMPARE(fixture.dialogs.edited, 1);
+        fixture.SelectAll();
+        QCOMPARE(fixture.OnlyTime().item1, u"Acme"_s);
+        QVERIFY(defaults.Delete(u"Travel"_s));
+        QCOMPARE(records.DefaultNames(), QStringList());
+        fixture.home.prompt.ExpectTold(Text::DefaultDamaged, Text::DefaultsTitleTime);
+        records.NewFromDefault(u"Travel"_s);
+        fixture.home.prompt.Finish();
+        QCOMPARE(fixture.home.document->RecordCount(), 1U);
     }
     void NewRecordFromTheTree() {
         Fixture fixture;
