@@ -362,7 +362,7 @@ void CMainFrame::CloseReport() {
 
 /// The status bar is hidden while a report is shown, which has a line of its own for this.
 void CMainFrame::Say(const QString& what) {
-    constexpr int kShown = 8000;  // milliseconds
+    constexpr int kShown = 4000;  // milliseconds: the totals stand at the same place
     if (m_screen->IsShown())
         m_report->Say(what);
     else
