@@ -30,6 +30,7 @@ CFrameCommands::CFrameCommands(const Context& context)
       m_page(m_context, m_reports.Run()),
       m_exchange(m_context),
       m_guide(m_context),
+      m_help(m_context),
       m_labels(m_context),
       m_dependencies(m_context, m_records.Changes()),
       m_hasRegionalSettings(HasRegionalSettings(m_context.launcher)) {
@@ -88,6 +89,8 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::Options, [](Self& self, int) { self.m_views.Options(); }},
         {::Run::RegionalSettings, [](Self& self, int) { self.m_views.RegionalSettings(); }},
         {::Run::Guide, [](Self& self, int) { self.RunGuide(); }},
+        {::Run::UserGuide, [](Self& self, int) { self.m_help.UserGuide(); }},
+        {::Run::AllKeys, [](Self& self, int) { self.m_help.AllKeys(); }},
         {::Run::About, [](Self& self, int) { self.m_views.About(); }},
         {::Run::Exit, [](Self& self, int) { self.m_context.control.Leave(); }},
     };

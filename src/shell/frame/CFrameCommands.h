@@ -7,6 +7,7 @@
 #include "shell/frame/CFrameFilters.h"
 #include "shell/frame/CFrameFind.h"
 #include "shell/frame/CFrameGuide.h"
+#include "shell/frame/CFrameHelp.h"
 #include "shell/frame/CFrameHistory.h"
 #include "shell/frame/CFrameLabels.h"
 #include "shell/frame/CFrameLists.h"
@@ -66,6 +67,7 @@ class CFrameCommands {
     CFrameReportPage m_page;
     CFrameExchange m_exchange;
     CFrameGuide m_guide;
+    CFrameHelp m_help;
     CFrameLabels m_labels;
     CFrameDependencies m_dependencies;
     bool m_hasRegionalSettings;

@@ -542,6 +542,11 @@ constexpr CommandRow kLastCommands[] = {
         {Text::CmdRegional, Text::TipRegional, "preferences-desktop-locale"}, Menu::Tools,
         {Run::RegionalSettings})
         .When(HasRegionalSettings),
+    Row(Command::kUserGuide, "CmdUserGuide", {Text::CmdUserGuide, Text::TipUserGuide, "help-contents", "F1"},
+        Menu::Help, {Run::UserGuide}),
+    Row(Command::kAllKeys, "CmdAllKeys",
+        {Text::CmdAllKeys, Text::TipAllKeys, "preferences-desktop-keyboard", "?"}, Menu::Help,
+        {Run::AllKeys}),
     Row(Command::kGuide, "CmdGuide", {Text::CmdGuide, Text::TipGuide, "help-hint"}, Menu::Help, {Run::Guide}),
     Row(Command::kAbout, "CmdAbout", {Text::CmdAbout, Text::TipAbout, "help-about"}, Menu::Help, {Run::About})
         .BeginsGroup(),

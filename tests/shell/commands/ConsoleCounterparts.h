@@ -124,6 +124,8 @@ inline constexpr ConsoleCounterpart kConsoleCounterparts[] = {
     {"CmdExportItems", "export items"},
     {"CmdOptions", "settings set, settings reset"},
     {"CmdRegionalSettings", "", "opens a program of the desktop"},
+    {"CmdUserGuide", "", "the console has --help and its manual page"},
+    {"CmdAllKeys", "", kOfTheWindow},
     {"CmdGuide", "labels set, labels preset, items add, tree add, settings set, time new"},
     {"CmdAbout", "", "velmarch-cli --version shows the version"},
 };

@@ -156,7 +156,7 @@ class TestCommandTable final : public QObject {
         // timers, lists, tools
         rows({40112}, kSome, kNever);
         rows({40111, 40113}, kNever, kNever);
-        rows({32891, 32777, 40200, 40066, 32781, 40240, 57664, 40100, 40009, 32886}, kAll,
+        rows({32891, 32777, 40200, 40066, 32781, 40240, 40290, 40291, 57664, 40100, 40009, 32886}, kAll,
              kAll);
         rows({40008, 32892, 40069, 40006, 40070}, kAll, kAll);
     }
