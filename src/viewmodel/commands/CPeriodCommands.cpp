@@ -97,7 +97,7 @@ bool CPeriodCommands::AreTimersAlone() const {
 
 const PeriodFilter& CPeriodCommands::LastingPeriod() const {
     if (AreTimersAlone() && m_beforeTimers) return *m_beforeTimers;
-    return m_document.CurrentFilter();
+    return std::as_const(m_document).CurrentFilter();
 }
 
 void CPeriodCommands::EndTimers() {
