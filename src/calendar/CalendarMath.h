@@ -31,6 +31,8 @@ struct CalendarDay {
 [[nodiscard]] int WeekSimple(int dayNumber);       ///< the 2nd week starts on the 8th
 [[nodiscard]] int WeekFirstSunday(int dayNumber);  ///< the 2nd week starts on the first Sunday
 [[nodiscard]] int WeekFirstMonday(int dayNumber);  ///< the 2nd week starts on the first Monday
+/// By rule 0 ISO, 1 simple, 2 first Sunday, 3 first Monday; 0 for another rule.
+[[nodiscard]] int WeekByRule(int dayNumber, int weekNumberType);
 
 /// "(323, 47)" or "(47)": day of the year when asked for, and the week number by rule 0 ISO, 1 simple, 2
 /// first Sunday, 3 first Monday. Another rule shows the day of the year, or 0 without it.

@@ -22,13 +22,15 @@ YearStart YearStartOf(int dayNumber) {
     return {DayNumber(1, 1, year), DayOfWeek(1, 1, year)};
 }
 
-int WeekByRule(int dayNumber, int weekNumberType, bool showDay) {
-    if (weekNumberType >= 0 && weekNumberType < static_cast<int>(kWeekRules.size()))
-        return kWeekRules[static_cast<std::size_t>(weekNumberType)](dayNumber);
-    return showDay ? DayOfYear(dayNumber) : 0;
+bool IsWeekRule(int weekNumberType) {
+    return weekNumberType >= 0 && weekNumberType < static_cast<int>(kWeekRules.size());
 }
 
 }  // namespace
+
+int WeekByRule(int dayNumber, int weekNumberType) {
+    return IsWeekRule(weekNumberType) ? kWeekRules[static_cast<std::size_t>(weekNumberType)](dayNumber) : 0;
+}
 
 int WeekIso(int dayNumber) {
     const std::int64_t j = dayNumber;
@@ -58,6 +60,8 @@ QString DayWeekLabel(int month, int day, int year, bool showDay, int weekNumberT
     const int dayNumber = DayNumber(month, day, year);
     QString label = QStringLiteral("(");
     if (showDay) label += FormatText<Text::DayOfYearNumber>(DayOfYear(dayNumber)) + QStringLiteral(", ");
-    label += FormatText<Text::WeekNumber>(WeekByRule(dayNumber, weekNumberType, showDay));
+    const bool isDayAlone = showDay && !IsWeekRule(weekNumberType);
+    label += FormatText<Text::WeekNumber>(isDayAlone ? DayOfYear(dayNumber)
+                                                     : WeekByRule(dayNumber, weekNumberType));
     return label + u')';
 }
