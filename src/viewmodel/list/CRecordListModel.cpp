@@ -9,6 +9,7 @@
 #include "timers/ActiveTimerSet.h"
 #include "viewmodel/list/CRowSorter.h"
 #include "viewmodel/list/CellText.h"
+#include "viewmodel/list/DayOrder.h"
 
 #include <QSet>
 #include <algorithm>
@@ -170,8 +171,10 @@ QString CRecordListModel::SearchedTextOf(int row, int column) const {
 void CRecordListModel::TouchTimers(int firstRow, int lastRow) {
     if (firstRow > lastRow || lastRow >= rowCount()) return;
     const int column = m_layout == ListLayout::Columns ? ModelColumnOf(Column::kDuration) : 1;
-    Q_EMIT dataChanged(index(firstRow, 0), index(lastRow, 0));
-    if (column >= 0) Q_EMIT dataChanged(index(firstRow, column), index(lastRow, column));
+    // The roles say that no record has changed.
+    const QList<int> roles{Qt::DisplayRole, Qt::ToolTipRole, Qt::AccessibleTextRole, ImageRole};
+    Q_EMIT dataChanged(index(firstRow, 0), index(lastRow, 0), roles);
+    if (column >= 0) Q_EMIT dataChanged(index(firstRow, column), index(lastRow, column), roles);
 }
 
 /// A record of the other kind can be added as well; it isn't shown.
@@ -213,6 +216,7 @@ void CRecordListModel::ReturnRoom() {
 
 void CRecordListModel::ChangeRows(const QStringList& ids) {
     const std::vector<int> rows = RowsOf(ids);
+    TakeDays(rows);
     TouchRows(rows);
     if (!m_settings.resortOnChange) {
         m_inOrder = m_inOrder && rows.empty();
@@ -275,6 +279,7 @@ int CRecordListModel::columnCount(const QModelIndex& parent) const {
 
 QVariant CRecordListModel::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
+    if (role == OrderRole) return {};
     if (role == ColumnRole) return ColumnOf(index.column());
     if (role == IdRole) return IdAt(index.row());
     if (role == ListRowRole) return index.row();
@@ -363,6 +368,24 @@ QVariant CRecordListModel::headerData(int section, Qt::Orientation orientation, 
 
 // --- The order of the rows: which column sorts, and how rows find their places
 
+bool CRecordListModel::IsSortedByDate() const {
+    return m_sortColumn != Column::kNone && CompareFormOf(m_sortColumn) == CompareForm::DateAndStart;
+}
+
+std::uint32_t CRecordListModel::Today() const {
+    DateTimeVal today;
+    (void)today.SetToday(m_document.GetPeriodContext().clock);
+    return DayOrder(today.year, today.month, today.day);
+}
+
+bool CRecordListModel::IsTodayShown() const {
+    const PeriodContext context = m_document.GetPeriodContext();
+    DateTimeVal today, start, end;
+    (void)today.SetToday(context.clock);
+    const bool isBounded = m_document.CurrentFilter().Dates(start, end, context);
+    return !isBounded || (!today.IsEarlierDate(start) && !today.IsLaterDate(end));
+}
+
 bool CRecordListModel::SortsAscending() const {
     return SortOf(m_settings).ascending;
 }
@@ -381,7 +404,8 @@ void CRecordListModel::Fill() {
     m_rows.reserve(m_document.VisibleCount());
     m_edition = m_document.PlacesEdition();
     for (std::size_t place = 0; place < m_document.VisiblePlaces(); ++place)
-        if (const CVORec* record = m_document.VisibleAt(place)) m_rows.push_back({record->GetId(), place});
+        if (const CVORec* record = m_document.VisibleAt(place))
+            m_rows.push_back({record->GetId(), static_cast<std::uint32_t>(place)});
     SortRows();
 }
 
@@ -414,7 +438,13 @@ RowKey CRecordListModel::KeyOf(const QString& id) const {
 }
 
 CRecordListModel::Row CRecordListModel::RowOf(const QString& id) const {
-    return {id, m_document.VisiblePlaceOf(id)};
+    const auto place = static_cast<std::uint32_t>(m_document.VisiblePlaceOf(id));
+    return {id, place, IsSortedByDate() ? DayOfOrder(KeyOf(id).order) : 0};
+}
+
+void CRecordListModel::TakeDays(const std::vector<int>& rows) {
+    if (!IsSortedByDate()) return;
+    for (const int row : rows) m_rows[static_cast<std::size_t>(row)].day = DayOfOrder(KeyOf(IdAt(row)).order);
 }
 
 std::size_t CRecordListModel::PlaceOf(const Row& row) const {
@@ -450,6 +480,9 @@ std::vector<std::uint32_t> CRecordListModel::SortRows() {
     sorted.reserve(m_rows.size());
     for (const std::uint32_t row : formerRows) sorted.push_back(std::move(m_rows[row]));
     m_rows = std::move(sorted);
+    if (IsSortedByDate())
+        for (std::size_t row = 0; row < m_rows.size(); ++row)
+            m_rows[row].day = DayOfOrder(sorter.OrderAt(row));
     return formerRows;
 }
 

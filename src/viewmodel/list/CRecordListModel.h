@@ -5,6 +5,7 @@
 
 #include <QAbstractTableModel>
 #include <QStringList>
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -42,8 +43,9 @@ class CRecordListModel final : public QAbstractTableModel {
         IdRole = Qt::UserRole,  ///< text: identity of the record
         ImageRole,              ///< int: RowImage of column 0 and of flag columns
         ColumnRole,             ///< int: the record column behind a model column, Column::kNone without one
-        ListRowRole,  ///< int: the row in this list, also asked of a model that shows some of its rows
-        SearchedRole  ///< text in which a search finds words: of a text or of the notes
+        ListRowRole,   ///< int: the row in this list, also asked of a model that shows some of its rows
+        SearchedRole,  ///< text in which a search finds words: of a text or of the notes
+        OrderRole  ///< int: records above it, -1 for the head of a group; only a model with groups says it
     };
 
     CRecordListModel(const CVelmarchDoc& document, const ActiveTimerSet& timers, CCfgStore& settings,
@@ -93,6 +95,15 @@ class CRecordListModel final : public QAbstractTableModel {
     [[nodiscard]] std::vector<int> RowsWith(const RecordWords& words, const std::vector<int>& among) const;
     /// What a search finds words in, in a column of records; empty for numbers, dates and flags.
     [[nodiscard]] QString SearchedTextOf(int row, int column) const;
+    /// Whether the rows are in order of their dates: then rows of the same day stand together, as far as
+    /// those that were added or changed since were sorted again.
+    [[nodiscard]] bool IsSortedByDate() const;
+    /// The day of a row as a number of DayOrder; only while the list is sorted by date.
+    [[nodiscard]] std::uint32_t DayAt(int row) const { return m_rows[static_cast<std::size_t>(row)].day; }
+    /// Today in the same form.
+    [[nodiscard]] std::uint32_t Today() const;
+    /// Whether the period that is shown holds it.
+    [[nodiscard]] bool IsTodayShown() const;
     /// What the rows take in memory, room for more included. The texts of the identities are the records'
     /// own.
     [[nodiscard]] std::size_t BytesOfRows() const { return m_rows.capacity() * sizeof(Row); }
@@ -109,7 +120,8 @@ class CRecordListModel final : public QAbstractTableModel {
     /// The place among the document's visible records counts as long as their edition is the same.
     struct Row {
         QString id;
-        std::size_t place = 0;
+        std::uint32_t place = 0;
+        std::uint32_t day = 0;  ///< while the list is sorted by date
     };
 
     [[nodiscard]] std::optional<std::vector<int>> RowsByPlace(const QStringList& ids) const;
@@ -118,6 +130,7 @@ class CRecordListModel final : public QAbstractTableModel {
     void MakeRoom(std::size_t more);
     void ReturnRoom();
     void PutRows(CRowSorter& sorter) const;
+    void TakeDays(const std::vector<int>& rows);
     std::vector<std::uint32_t> SortRows();
     void Sort();
     void AddRows(const QStringList& added);

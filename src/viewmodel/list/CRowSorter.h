@@ -17,6 +17,8 @@ class CRowSorter {
     void Put(std::size_t row, const CVORec& record);
     /// The rows in their new order. Rows of which neither goes before the other keep their order.
     [[nodiscard]] std::vector<std::uint32_t> Sorted(bool ascending);
+    /// After the sort: the number that a row, in the new order, was sorted by.
+    [[nodiscard]] std::uint64_t OrderAt(std::size_t sortedRow) const { return m_items[sortedRow].order; }
 
  private:
     struct Item {

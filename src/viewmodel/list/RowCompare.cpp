@@ -5,6 +5,7 @@
 #include "calendar/NumberText.h"
 #include "fields/FieldTable.h"
 #include "fields/FieldValue.h"
+#include "viewmodel/list/DayOrder.h"
 
 #include <bit>
 
@@ -24,16 +25,14 @@ std::uint64_t StartOrder(const CVORec& record) {
     return record.Kind() == RecordKind::Time ? TimeOrder(record, *FieldOfColumn(Column::kStart)) : 0;
 }
 
+constexpr std::uint64_t kMinutes = 2048;  ///< more than a day has
+
 /// The day before the start; on the same day, what has no start goes first.
 std::uint64_t DateOrder(const CVORec& record, const FieldRow& field) {
-    constexpr std::uint64_t kMinutes = 2048;
     const auto& day = ValueOf<RecordDate>(record, field);
     DateTimeVal date;
     if (!date.SetDate(day.month, day.day, day.year)) return 0;
-    const auto number =
-        (static_cast<std::uint64_t>(day.year) * 16 + static_cast<std::uint64_t>(day.month)) * 32 +
-        static_cast<std::uint64_t>(day.day);
-    return number * kMinutes + StartOrder(record);
+    return std::uint64_t{DayOrder(day.year, day.month, day.day)} * kMinutes + StartOrder(record);
 }
 
 /// A number's bits so turned that the less number has the less bits; never 0.
@@ -89,6 +88,10 @@ std::uint64_t OrderOf(const CVORec& record, const FieldRow& field, const CRegion
 }
 
 }  // namespace
+
+std::uint32_t DayOfOrder(std::uint64_t order) {
+    return static_cast<std::uint32_t>(order / kMinutes);
+}
 
 CompareForm CompareFormOf(int column) {
     return CompareFormOf(FieldOfColumn(column)->form);

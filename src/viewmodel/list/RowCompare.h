@@ -24,6 +24,9 @@ struct RowKey {
 /// The text that a key has, not yet folded: for a caller that folds many equal ones once.
 [[nodiscard]] QString RowText(const CVORec& record, int column);
 
+/// The day, as a number of DayOrder, in the order of a date column, without the start that stands in it.
+[[nodiscard]] std::uint32_t DayOfOrder(std::uint64_t order);
+
 /// Below 0: a goes first; above 0: b does. These are not all proper orders, and that is wanted:
 /// - two equal spans give 1 ascending and -1 descending, whichever comes first;
 /// - a row without a span goes first in both directions, a row without a date only ascending;

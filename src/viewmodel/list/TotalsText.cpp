@@ -33,14 +33,22 @@ QString HoursText(double hours, const Settings& settings) {
         isDecimal ? GroupedNumber(TheRegion(), hours, settings.precisionDuration) : ClockText(hours));
 }
 
-QString TotalsText(const StatusSums& sums, const Settings& settings) {
+QString MoneyTotals(const StatusSums& sums, const Settings& settings) {
     QStringList texts;
-    double hours = 0.0;
-    for (const StatusSums::Sum& sum : sums.Sums()) {
+    for (const StatusSums::Sum& sum : sums.Sums())
         if (sum.amount > 0.0) texts.append(MoneyText(sum, settings));
-        hours += sum.hours;
-    }
-    if (hours > 0.0) texts.append(HoursText(hours, settings));
+    return texts.join(LoadText(Text::TotalsBetween));
+}
+
+QString HoursTotals(const StatusSums& sums, const Settings& settings) {
+    double hours = 0.0;
+    for (const StatusSums::Sum& sum : sums.Sums()) hours += sum.hours;
+    return hours > 0.0 ? HoursText(hours, settings) : QString();
+}
+
+QString TotalsText(const StatusSums& sums, const Settings& settings) {
+    QStringList texts{MoneyTotals(sums, settings), HoursTotals(sums, settings)};
+    texts.removeAll(QString());
     return texts.join(LoadText(Text::TotalsBetween));
 }
 
