@@ -1,6 +1,7 @@
 #include "shell/look/ListColours.h"
 
 #include "config/Settings.h"
+#include "shell/look/Contrast.h"
 #include "support/TestProgram.h"
 
 #include <QPalette>
@@ -45,12 +46,38 @@ class TestListColours final : public QObject {
     void Defaults_data() {
         QTest::addColumn<bool>("isDark");
         QTest::addColumn<QString>("colours");
-        QTest::newRow("on white") << false << "#f8f8f8 #eae9e1 #000000 #706f91 #9797c4 #8c8c8c";
-        QTest::newRow("on a dark ground") << true << "#282828 #3f3f3f #f2f2f5 #b4b3d2 #9c9ccb #a0a0a0";
+        QTest::newRow("on white") << false << "#f8f8f8 #eae9e1 #000000 #62617f #60607d #646464";
+        QTest::newRow("on a dark ground") << true << "#282828 #3f3f3f #f2f2f5 #c6c5db #c6c6dd #c8c8c8";
     }
     void Defaults() {
         QFETCH(bool, isDark);
         QTEST(Words(MakeListColours(Settings(), isDark ? Dark() : Light())).join(u' '), "colours");
+    }
+
+    /// Black on white is 21 to 1, #767676 on white the last grey of 4.5, a colour on itself 1.
+    void Contrasts() {
+        QCOMPARE(Contrast(Qt::black, Qt::white), 21.0);
+        QVERIFY(Contrast(QColor(0x76, 0x76, 0x76), Qt::white) >= 4.5);
+        QVERIFY(Contrast(Qt::white, QColor(0x77, 0x77, 0x77)) < 4.5);
+        QCOMPARE(Contrast(Qt::red, Qt::red), 1.0);
+    }
+
+    /// Whatever the list draws in its default colours is read without effort, on each of its grounds.
+    void DefaultsAreLegible_data() {
+        QTest::addColumn<QPalette>("palette");
+        QTest::newRow("on white") << Light();
+        QTest::newRow("on a dark ground") << Dark();
+        QPalette grey = Dark();
+        grey.setColor(QPalette::Base, QColor(0x31, 0x36, 0x3B));
+        QTest::newRow("on a grey ground") << grey;
+    }
+    void DefaultsAreLegible() {
+        QFETCH(QPalette, palette);
+        const ListColours colours = MakeListColours(Settings(), palette);
+        for (const QColor& line : colours.lines)
+            for (const QColor& ground : {colours.window, colours.alternate, colours.found})
+                QVERIFY2(Contrast(line, ground) >= 4.5, qPrintable(line.name() + u' ' + ground.name()));
+        QVERIFY(Contrast(colours.headText, colours.head) >= 4.5);
     }
 
     void Chosen_data() {
