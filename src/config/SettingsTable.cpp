@@ -134,6 +134,8 @@ constexpr SettingRow kOwnSettings[] = {
      .only = kClockFormats},
     Int(76, "distanceUnit", &Settings::distanceUnit, 0, 0, 2),
     Int(77, "firstSteps", &Settings::firstSteps, 0, 0, 2),
+    Int(78, "listGroups", &Settings::listGroups, 0, 0, 3),
+    Flag(79, "linesOnGrid", &Settings::linesOnGrid, false),
 };
 
 constexpr bool InIndexOrder(std::span<const SettingRow> rows, std::size_t first) {

@@ -16,6 +16,8 @@ struct NewWindowValue {
 };
 constexpr NewWindowValue kNewWindowValues[] = {
     {"listLayout", 3},
+    {"listGroups", 1},
+    {"linesOnGrid", 1},
     // What undo takes back needs no question.
     {"confirmDelete", 0},
     {"confirmMark", 0},

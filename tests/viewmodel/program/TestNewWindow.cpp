@@ -31,6 +31,8 @@ class TestNewWindow final : public QObject {
         }
         const TestHome next(folder.path());
         QCOMPARE(next.settings->listLayout, 3);
+        QCOMPARE(next.settings->listGroups, 1);
+        QVERIFY(next.settings->linesOnGrid);
         QVERIFY(!next.settings->confirmDelete);
         QCOMPARE(ShownColumns(*next.settings),
                  u"Date, Start, End, Client, Project, Activity, Hours, Amount, Billable, Billed"_s);
