@@ -45,6 +45,35 @@ std::vector<CellPlace> PlaceCells(const ListLine& line, int left, int lineWidth,
     return places;
 }
 
+LineGrid GridOf(std::span<const ListLine> lines) {
+    LineGrid grid;
+    for (const ListLine& line : lines) {
+        grid.textColumns = std::max(grid.textColumns, line.textColumns);
+        grid.imageColumns = std::max(grid.imageColumns, line.imageColumns);
+    }
+    return grid;
+}
+
+std::vector<CellPlace> PlaceCellsOnGrid(const ListLine& line, const LineGrid& grid, int left, int lineWidth,
+                                        int imageSize) {
+    const int textsEnd = left + std::max(0, lineWidth + kGap - grid.imageColumns * (imageSize + kGap));
+    const int step = (textsEnd - left) / std::max(1, grid.textColumns);
+    int texts = 0, imageLeft = textsEnd;
+    std::vector<CellPlace> places;
+    places.reserve(line.columns.size());
+    for (const int column : line.columns) {
+        if (IsImageAmongLines(column)) {
+            places.push_back({column, imageLeft, imageSize, true});
+            imageLeft += imageSize + kGap;
+            continue;
+        }
+        const int textLeft = left + texts++ * step;
+        const int end = texts == line.textColumns ? textsEnd : left + texts * step;
+        places.push_back({column, textLeft, std::max(0, end - textLeft - kGap), false});
+    }
+    return places;
+}
+
 int LineColourNumber(int line) {
     for (const int number : {4, 3, 2})
         if (line % number == 0) return number;

@@ -27,6 +27,18 @@ struct CellPlace {
 /// evenly; 2 pixels of gap stand behind each column.
 [[nodiscard]] std::vector<CellPlace> PlaceCells(const ListLine& line, int left, int lineWidth, int imageSize);
 
+/// What all lines of a record have room for.
+struct LineGrid {
+    int textColumns = 0;  ///< of the line that has the most
+    int imageColumns = 0;
+};
+[[nodiscard]] LineGrid GridOf(std::span<const ListLine> lines);
+/// The same on a grid, so that texts of one line stand below those of the other: each line has as many
+/// columns as the one with the most texts, its last text takes the columns that are left, and the images
+/// stand at the right end, below each other.
+[[nodiscard]] std::vector<CellPlace> PlaceCellsOnGrid(const ListLine& line, const LineGrid& grid, int left,
+                                                      int lineWidth, int imageSize);
+
 /// Which of the four line colours a line takes, counted from 1: 4 for every fourth line, else 3 for every
 /// third, else 2 for every second, else 1. So line 5 takes colour 1 and line 6 colour 3.
 [[nodiscard]] int LineColourNumber(int line);

@@ -84,6 +84,28 @@ class TestLineLayout final : public QObject {
         }
     }
 
+    /// Lines of three texts with two images, and of two texts with none, 300 wide from 40 on: the images take
+    /// 36 at the right end, three columns of 88 are left, and the second text of the second line takes two.
+    void placeOnAGrid() {
+        const int columns[] = {0, 6, 7, 13, 14, 4, 5};
+        const int breaks[] = {5};
+        const std::vector<ListLine> lines = BuildLines(columns, breaks);
+        const LineGrid grid = GridOf(lines);
+        const auto words = [&](const ListLine& line) {
+            QStringList places;
+            for (const CellPlace& place : PlaceCellsOnGrid(line, grid, 40, 300, 16))
+                places << QStringLiteral("%1+%2%3")
+                              .arg(place.left)
+                              .arg(place.width)
+                              .arg(place.isImage ? QStringLiteral("i") : QString());
+            return places.join(QLatin1Char(' '));
+        };
+        QCOMPARE(words(lines[0]), QStringLiteral("40+86 128+86 216+88 306+16i 324+16i"));
+        QCOMPARE(words(lines[1]), QStringLiteral("40+86 128+176"));
+        for (const CellPlace& place : PlaceCellsOnGrid(lines[0], grid, 0, 10, 16)) QVERIFY(place.width >= 0);
+        QVERIFY(PlaceCellsOnGrid({}, GridOf({}), 0, 100, 16).empty());
+    }
+
     void placeInTooLittleRoom() {
         const std::vector<ListLine> lines = BuildLines(kNine, kBreaks);
         for (const CellPlace& place : PlaceCells(lines[0], 0, 10, 16)) QVERIFY(place.width >= 0);
