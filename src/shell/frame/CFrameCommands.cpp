@@ -60,6 +60,8 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
          [](Self& self, int mode) { self.m_context.control.SwitchMode(RecordMode{mode}); }},
         {::Run::Sort, [](Self& self, int) { self.m_columns.Sort(); }},
         {::Run::Layout, [](Self& self, int layout) { self.m_views.Layout(layout); }},
+        {::Run::GroupList, [](Self& self, int groups) { self.m_views.GroupList(groups); }},
+        {::Run::FoldGroups, [](Self& self, int) { self.m_views.FoldGroups(); }},
         {::Run::ListColumns, [](Self& self, int) { self.m_columns.EditColumns(); }},
         {::Run::FitColumns, [](Self& self, int) { self.m_columns.FitAll(); }},
         {::Run::RestoreColumns, [](Self& self, int) { self.m_columns.Restore(); }},

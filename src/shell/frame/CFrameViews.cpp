@@ -47,6 +47,15 @@ void CFrameViews::Layout(int layout) {
     m_context.control.RebuildList();
 }
 
+void CFrameViews::GroupList(int groups) {
+    m_context.settings.listGroups = groups;
+    m_context.control.RebuildList();
+}
+
+void CFrameViews::FoldGroups() {
+    m_context.view.FoldAll(!m_context.view.AreAllFolded());
+}
+
 void CFrameViews::RebuildViews() {
     m_context.document.NotifyViews(Hint::Rebuild);
 }

@@ -11,6 +11,9 @@ class CFrameViews {
     void SelectAll();
     void SelectNone();
     void Layout(int layout);
+    void GroupList(int groups);
+    /// Folds all groups of the list, or unfolds them when all are folded.
+    void FoldGroups();
     void RebuildViews();
     void ListFont();
     void ToggleTree();

@@ -220,6 +220,8 @@ CommandState CMainFrame::State() const {
                        .selected = IsListInFront() ? m_view->SelectedCount() : 0,
                        .listed = IsListInFront() ? m_view->ShownCount() : 0,
                        .listLayout = static_cast<int>(m_model->Layout()),
+                       .listGroups = m_context.app.Settings().listGroups,
+                       .hasGroups = m_view->IsGrouped(),
                        .bar1Shown = m_actions->Bars().Records().isVisibleTo(this),
                        .bar2Shown = m_actions->Bars().Filters().isVisibleTo(this),
                        .statusBarShown = m_status->isVisibleTo(this),

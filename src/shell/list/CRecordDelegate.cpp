@@ -55,15 +55,22 @@ int CRecordDelegate::RowHeight(const QFontMetrics& metrics) const {
 
 void CRecordDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                             const QModelIndex& index) const {
+    const int order = OrderOf(index);
+    if (order < 0) return;  // the view draws it over all columns
     painter->save();
     painter->setClipRect(option.rect);
-    painter->fillRect(option.rect, Ground(option, index.row()));
+    painter->fillRect(option.rect, Ground(option, order));
     if (index.column() == 0)
         PaintState(*painter, option, index);
     else
         PaintCell(*painter, option, index);
     PaintGridLine(*painter, option.rect);
     painter->restore();
+}
+
+int CRecordDelegate::OrderOf(const QModelIndex& index) {
+    const QVariant order = index.data(CRecordListModel::OrderRole);
+    return order.isValid() ? order.toInt() : index.row();
 }
 
 QColor CRecordDelegate::Ground(const QStyleOptionViewItem& option, int row) const {
@@ -87,7 +94,7 @@ bool CRecordDelegate::IsPlain() const {
 /// The check box stands at the row's left edge, the row's picture behind it.
 void CRecordDelegate::PaintState(QPainter& painter, const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const {
-    const QColor ink = Ink(option, 1), paper = Ground(option, index.row());
+    const QColor ink = Ink(option, 1), paper = Ground(option, OrderOf(index));
     QRect place(option.rect.left(), option.rect.top(), kImage, option.rect.height());
     const Glyph check = IsSelected(option) ? Glyph::CheckSet : Glyph::CheckClear;
     Glyphs::Paint(painter, QRect(place.left(), place.center().y() - kImage / 2, kImage, kImage), check, ink,
@@ -105,7 +112,7 @@ void CRecordDelegate::PaintCell(QPainter& painter, const QStyleOptionViewItem& o
         const int column = index.data(CRecordListModel::ColumnRole).toInt();
         const bool isSet = image.toInt() == static_cast<int>(RowImage::FlagSet);
         if (HasWord(index)) painter.fillRect(option.rect, m_colours.found);
-        return PaintFlag(painter, option.rect, column, isSet, option, index.row());
+        return PaintFlag(painter, option.rect, column, isSet, option, OrderOf(index));
     }
     painter.setPen(Ink(option, 1));
     const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
@@ -189,7 +196,9 @@ void CRecordDelegate::PaintGridLine(QPainter& painter, const QRect& row) const {
 bool CRecordDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                                 const QStyleOptionViewItem& option, const QModelIndex& index) {
     if (event->type() != QEvent::ToolTip) return QStyledItemDelegate::helpEvent(event, view, option, index);
-    const QString tip = TipAt(event->pos(), option, index);
+    const bool isHead = index.isValid() && OrderOf(index) < 0;
+    const QString tip = isHead ? index.siblingAtColumn(0).data(Qt::ToolTipRole).toString()
+                               : TipAt(event->pos(), option, index);
     QToolTip::showText(event->globalPos(), tip.isEmpty() ? tip : tip.toHtmlEscaped(), view);
     return true;
 }

@@ -19,6 +19,7 @@ class CRecordDelegate : public QStyledItemDelegate {
     /// The words that are marked wherever they stand.
     void SetWords(const QString& words) { m_words = WordMatcher(words); }
     void SetColours(const ListColours& colours) { m_colours = colours; }
+    [[nodiscard]] const ListColours& Colours() const { return m_colours; }
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
     /// A text that doesn't fit is shown in full as a tip.
@@ -46,6 +47,8 @@ class CRecordDelegate : public QStyledItemDelegate {
     /// Whether the row has the second ground. The parity differs between the layouts, and that is wanted.
     [[nodiscard]] virtual bool IsAlternate(int row) const { return row % 2 == 1; }
 
+    /// The row's number among the records, heads of groups not counted; -1 for a head.
+    [[nodiscard]] static int OrderOf(const QModelIndex& index);
     [[nodiscard]] QColor Ink(const QStyleOptionViewItem& option, int lineColour) const;
     [[nodiscard]] QColor Ground(const QStyleOptionViewItem& option, int row) const;
     void PaintFlag(QPainter& painter, const QRect& place, int column, bool isSet,

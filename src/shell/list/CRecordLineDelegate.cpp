@@ -22,9 +22,14 @@ int CRecordLineDelegate::RowHeight(const QFontMetrics& metrics) const {
 std::vector<CRecordLineDelegate::Place> CRecordLineDelegate::PlacesIn(const QRect& row) const {
     std::vector<Place> places;
     const int height = row.height() / std::max(1, static_cast<int>(m_lines.size()));
+    const LineGrid grid = GridOf(m_lines);
+    const auto cellsOf = [&](const ListLine& line) {
+        return m_settings.linesOnGrid ? PlaceCellsOnGrid(line, grid, row.left(), row.width(), kImage)
+                                      : PlaceCells(line, row.left(), row.width(), kImage);
+    };
     for (std::size_t line = 0; line < m_lines.size(); ++line) {
         const int top = row.top() + static_cast<int>(line) * height;
-        for (const CellPlace& cell : PlaceCells(m_lines[line], row.left(), row.width(), kImage))
+        for (const CellPlace& cell : cellsOf(m_lines[line]))
             places.push_back({QRect(cell.left, top, cell.width, height), cell,
                               LineColourNumber(static_cast<int>(line) + 1)});
     }
@@ -38,7 +43,7 @@ void CRecordLineDelegate::PaintCell(QPainter& painter, const QStyleOptionViewIte
     for (const Place& place : PlacesIn(option.rect)) {
         if (place.cell.isImage) {
             PaintFlag(painter, place.rect, place.cell.column, m_model.IsFlagSet(row, place.cell.column),
-                      option, index.row());
+                      option, OrderOf(index));
             continue;
         }
         painter.setPen(Ink(option, place.lineColour));

@@ -6,6 +6,7 @@
 #include "lang/LoadText.h"
 #include "shell/list/CListHeader.h"
 #include "shell/list/CRecordLineDelegate.h"
+#include "viewmodel/list/CGroupedRows.h"
 #include "viewmodel/list/CRecordListModel.h"
 #include "viewmodel/list/CShownRows.h"
 
@@ -16,9 +17,6 @@
 #include <algorithm>
 
 namespace {
-
-/// A selection of at most so many records is taken along when other rows are shown.
-constexpr int kMostTakenAlong = 1000;
 
 /// A list font that was never chosen is the desktop's.
 QFont ListFontOf(const FontRecord& record) {
@@ -41,6 +39,7 @@ CRecordListView::CRecordListView(CRecordListModel& model, CCfgStore& settings, Q
       m_cells(new CRecordDelegate(settings, this)),
       m_lines(new CRecordLineDelegate(settings, model, this)),
       m_found(new CShownRows(model, this)),
+      m_grouped(new CGroupedRows(model, *m_found, settings, this)),
       m_header(new CListHeader(*this, model, settings)) {
     setObjectName(QStringLiteral("recordList"));
     setAccessibleName(LoadText(Text::ListName));
@@ -59,6 +58,7 @@ CRecordListView::CRecordListView(CRecordListModel& model, CCfgStore& settings, Q
     connect(m_header, &CListHeader::FitWanted, this, &CRecordListView::FitWanted);
     connect(m_header, &CListHeader::Moved, this, &CRecordListView::ColumnsMoved);
     connect(m_header, &CListHeader::MenuWanted, this, &CRecordListView::HeaderMenuWanted);
+    connect(m_grouped, &QAbstractItemModel::modelAboutToBeReset, this, &CRecordListView::RememberHead);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int position) {
         m_model.SortByHeader(position);
         ApplyLayout();
@@ -66,6 +66,7 @@ CRecordListView::CRecordListView(CRecordListModel& model, CCfgStore& settings, Q
 }
 
 void CRecordListView::ApplyLayout() {
+    ShowRightRows();
     ApplyFont();
     const ListColours colours = MakeListColours(m_settings, QApplication::palette());
     m_cells->SetColours(colours);
@@ -78,6 +79,7 @@ void CRecordListView::ApplyLayout() {
     const int height = delegate->RowHeight(fontMetrics());
     verticalHeader()->setMinimumSectionSize(1);
     verticalHeader()->setDefaultSectionSize(height);
+    SizeRows();
     setHorizontalScrollBarPolicy(layout == ListLayout::Columns ? Qt::ScrollBarAsNeeded
                                                                : Qt::ScrollBarAlwaysOff);
     m_header->Apply();
@@ -106,14 +108,15 @@ QStringList CRecordListView::SelectedIds() const {
     std::sort(rows.begin(), rows.end());
     QStringList ids;
     ids.reserve(static_cast<qsizetype>(rows.size()));
-    for (const int row : rows) ids.append(m_model.IdAt(ListRowOf(row)));
+    for (const int row : rows)
+        if (!IsHead(row)) ids.append(IdAt(row));
     return ids;
 }
 
 int CRecordListView::SelectedCount() const {
     int count = 0;
     for (const QItemSelectionRange& range : selectionModel()->selection())
-        if (range.left() == 0) count += range.height();
+        if (range.left() == 0) count += RecordsIn(range.top(), range.bottom());
     return count;
 }
 
@@ -124,8 +127,11 @@ bool CRecordListView::IsSelected(const QString& id) const {
 
 void CRecordListView::ForEachSelected(const std::function<void(const CVORec& record)>& visit) const {
     for (const QItemSelectionRange& range : selectionModel()->selection())
-        for (int row = range.top(); row <= range.bottom() && range.left() == 0; ++row)
-            if (const CVORec* record = m_model.VisibleAt(ListRowOf(row))) visit(*record);
+        for (int row = range.top(); row <= range.bottom() && range.left() == 0; ++row) {
+            const int listRow = ListRowOf(row);
+            const CVORec* record = listRow < 0 ? nullptr : m_model.VisibleAt(listRow);
+            if (record) visit(*record);
+        }
 }
 
 void CRecordListView::SelectNone() {
@@ -133,6 +139,7 @@ void CRecordListView::SelectNone() {
 }
 
 void CRecordListView::SelectIds(const QStringList& ids) {
+    if (IsGrouped() && m_grouped->IsAnyFolded()) m_grouped->Show(FoundRowsOf(ids));
     const std::vector<int> rows = ShownRowsOf(ids);
     SelectShown(rows);
     if (rows.empty()) return;
@@ -149,24 +156,54 @@ void CRecordListView::SelectShown(const std::vector<int>& rows) {
 }
 
 QString CRecordListView::CurrentId() const {
-    return currentIndex().isValid() ? m_model.IdAt(ListRowOf(currentIndex().row())) : QString();
+    return currentIndex().isValid() ? IdAt(currentIndex().row()) : QString();
 }
 
 void CRecordListView::SetCurrentId(const QString& id) {
     if (ShownCount() == 0) return;
-    const std::vector<int> rows = id.isEmpty() ? std::vector<int>() : ShownRowsOf({id});
-    const QModelIndex current = model()->index(rows.empty() ? 0 : rows.front(), 0);
-    selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    selectionModel()->setCurrentIndex(model()->index(RowToStandOn(id), 0), QItemSelectionModel::NoUpdate);
 }
 
+int CRecordListView::RowToStandOn(const QString& id) const {
+    if (id.isEmpty()) {
+        const int head = IsGrouped() && m_hadHead ? m_grouped->HeadOfDay(m_headDay) : -1;
+        return head >= 0 ? head : FirstRecordRow();
+    }
+    const std::vector<int> rows = ShownRowsOf({id});
+    if (!rows.empty()) return rows.front();
+    const std::vector<int> folded = IsGrouped() ? FoundRowsOf({id}) : std::vector<int>();
+    return folded.empty() ? FirstRecordRow() : std::max(m_grouped->HeadOfSource(folded.front()), 0);
+}
+
+/// The first row when the record is folded away.
+int CRecordListView::FirstRecordRow() const {
+    return IsGrouped() ? std::max(m_grouped->RowOf(0), 0) : 0;
+}
+
+/// -1 for a head.
 int CRecordListView::ListRowOf(int row) const {
-    return IsFinding() ? m_found->ListRowOf(row) : row;
+    const int found = IsGrouped() ? m_grouped->SourceRowOf(row) : row;
+    return ShowsFound() && found >= 0 ? m_found->ListRowOf(found) : found;
+}
+
+QString CRecordListView::IdAt(int row) const {
+    const int listRow = ListRowOf(row);
+    return listRow < 0 ? QString() : m_model.IdAt(listRow);
+}
+
+/// The rows of the list, or among those found, below the heads.
+std::vector<int> CRecordListView::FoundRowsOf(const QStringList& ids) const {
+    std::vector<int> rows = m_model.RowsOf(ids);
+    if (!ShowsFound()) return rows;
+    for (int& row : rows) row = m_found->ShownRowOf(row);
+    std::erase(rows, -1);
+    return rows;
 }
 
 std::vector<int> CRecordListView::ShownRowsOf(const QStringList& ids) const {
-    std::vector<int> rows = m_model.RowsOf(ids);
-    if (!IsFinding()) return rows;
-    for (int& row : rows) row = m_found->ShownRowOf(row);
+    std::vector<int> rows = FoundRowsOf(ids);
+    if (!IsGrouped()) return rows;
+    for (int& row : rows) row = m_grouped->RowOf(row);
     std::erase(rows, -1);
     return rows;
 }
@@ -176,13 +213,13 @@ bool CRecordListView::IsFinding() const {
 }
 
 int CRecordListView::ShownCount() const {
-    return model()->rowCount();
+    return IsFinding() ? m_found->rowCount() : m_model.rowCount();
 }
 
 QStringList CRecordListView::ShownIds() const {
     if (!IsFinding()) return m_model.AllIds();
     QStringList ids;
-    for (int row = 0; row < ShownCount(); ++row) ids.append(m_model.IdAt(ListRowOf(row)));
+    for (int row = 0; row < ShownCount(); ++row) ids.append(m_model.IdAt(m_found->ListRowOf(row)));
     return ids;
 }
 
@@ -197,7 +234,10 @@ void CRecordListView::Find(const QString& words) {
         m_found->Find(words);
         for (CRecordDelegate* cells : {m_cells, static_cast<CRecordDelegate*>(m_lines)})
             cells->SetWords(words);
-        ShowModel(IsFinding() ? static_cast<QAbstractItemModel&>(*m_found) : m_model);
+        if (wasFinding != IsFinding()) {
+            CaptureWidths();
+            ApplyLayout();
+        }
         SelectShown(ShownRowsOf(before.selected));
         SetCurrentId(before.current);
         if (wasFinding && !IsFinding()) TakeUpPlace();
@@ -209,10 +249,11 @@ void CRecordListView::Find(const QString& words) {
 void CRecordListView::ShowModel(QAbstractItemModel& shown) {
     if (model() == &shown) return;
     const QItemSelectionModel* former = selectionModel();
-    CaptureWidths();
     setModel(&shown);
     delete former;
-    ApplyLayout();
+    // Behind the headers, which follow the model since now.
+    disconnect(m_grouped, &QAbstractItemModel::layoutChanged, this, &CRecordListView::SizeRows);
+    connect(m_grouped, &QAbstractItemModel::layoutChanged, this, &CRecordListView::SizeRows);
 }
 
 void CRecordListView::RememberPlace() {
@@ -220,7 +261,7 @@ void CRecordListView::RememberPlace() {
     const int top = rowAt(0);
     m_before = {.selected = SelectedCount() <= kMostTakenAlong ? SelectedIds() : QStringList(),
                 .current = CurrentId(),
-                .top = top < 0 ? QString() : m_model.IdAt(ListRowOf(top))};
+                .top = top < 0 ? QString() : IdAt(top)};
 }
 
 /// What the user has selected among the records found stays selected, now with all others around it.
@@ -233,7 +274,7 @@ void CRecordListView::TakeUpPlace() {
 }
 
 std::pair<int, int> CRecordListView::RowsInSight() const {
-    const int rows = ShownCount();
+    const int rows = model()->rowCount();
     if (rows == 0) return {0, -1};
     const int first = std::max(rowAt(0), 0);
     const int last = rowAt(viewport()->height() - 1);
@@ -243,20 +284,22 @@ std::pair<int, int> CRecordListView::RowsInSight() const {
 std::vector<int> CRecordListView::ListRowsInSight() const {
     const auto [first, last] = RowsInSight();
     std::vector<int> rows;
-    for (int row = first; row <= last; ++row) rows.push_back(ListRowOf(row));
+    for (int row = first; row <= last; ++row)
+        if (!IsHead(row)) rows.push_back(ListRowOf(row));
     return rows;
 }
 
 QModelIndex CRecordListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
     const int column = std::max(currentIndex().column(), 0);
     if (action == MoveHome) return model()->index(0, column);
-    if (action == MoveEnd) return model()->index(ShownCount() - 1, column);
+    if (action == MoveEnd) return model()->index(model()->rowCount() - 1, column);
     return QTableView::moveCursor(action, modifiers);
 }
 
 bool CRecordListView::IsOnCheckBox(const QPoint& at) const {
     const int left = columnViewportPosition(0);
-    return at.x() >= left && at.x() < left + CRecordDelegate::kImage && rowAt(at.y()) >= 0;
+    const int row = rowAt(at.y());
+    return at.x() >= left && at.x() < left + CRecordDelegate::kImage && row >= 0 && !IsHead(row);
 }
 
 void CRecordListView::ToggleRow(int row) {
@@ -267,6 +310,10 @@ void CRecordListView::ToggleRow(int row) {
 
 /// Escape ends the search and nothing else, whatever it is a shortcut of.
 bool CRecordListView::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && IsGroupKey(static_cast<QKeyEvent&>(*event))) {
+        event->accept();
+        return true;
+    }
     if (event->type() == QEvent::ShortcutOverride && IsFinding() &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
         event->accept();
@@ -280,11 +327,17 @@ void CRecordListView::keyPressEvent(QKeyEvent* event) {
         Q_EMIT FindEndWanted();
         return;
     }
+    if (IsGroupKey(*event) && ApplyGroupKey(event->key())) return;
+    if (event->key() == Qt::Key_Left && event->modifiers() == Qt::NoModifier && GoToHead()) return;
     QTableView::keyPressEvent(event);
 }
 
 void CRecordListView::mousePressEvent(QMouseEvent* event) {
     m_isToggling = event->button() == Qt::LeftButton && IsOnCheckBox(event->pos());
+    if (event->button() == Qt::LeftButton && FoldAt(event->pos())) {
+        m_isToggling = true;
+        return;
+    }
     if (!m_isToggling) return QTableView::mousePressEvent(event);
     setFocus(Qt::MouseFocusReason);
     ToggleRow(rowAt(event->pos().y()));
@@ -294,14 +347,14 @@ void CRecordListView::mouseReleaseEvent(QMouseEvent* event) {
     if (!std::exchange(m_isToggling, false)) QTableView::mouseReleaseEvent(event);
 }
 
-/// Two quick clicks on a check box are two toggles and edit nothing.
+/// Two quick clicks on a check box are two toggles and edit nothing; so they are on a head.
 void CRecordListView::mouseDoubleClickEvent(QMouseEvent* event) {
     const int row = rowAt(event->pos().y());
     if (event->button() != Qt::LeftButton || row < 0) return;
-    if (IsOnCheckBox(event->pos()))
+    if (IsOnCheckBox(event->pos()) || IsHead(row))
         mousePressEvent(event);
     else
-        Q_EMIT EditWanted(m_model.IdAt(ListRowOf(row)));
+        Q_EMIT EditWanted(IdAt(row));
 }
 
 void CRecordListView::contextMenuEvent(QContextMenuEvent* event) {

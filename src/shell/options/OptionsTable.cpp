@@ -32,6 +32,7 @@ constexpr OptionRow kRows[] = {
     {1, Radios, Text::OptPostProcessing, "exportPostProcessing", kPostProcessings},
     {0, Group, Text::OptInterface, nullptr, {}},
     {1, Check, Text::OptResort, "resortOnChange", {}},
+    {1, Choice, Text::OptListGroups, "listGroups", kListGroupings},
     {1, Check, Text::OptShowDayWeek, "showDayWeekNumbers", {}},
     {1, Check, Text::OptShowDialog, "dialogOnQuickEntry", {}},
     {0, Group, Text::OptPersistence, nullptr, {}},

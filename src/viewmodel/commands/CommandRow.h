@@ -25,6 +25,11 @@ inline constexpr int kLayoutIcons = 32823;  ///< also the period "last year"
 inline constexpr int kLayoutList = 32825;
 inline constexpr int kLayoutColumns = 32826;
 inline constexpr int kLayoutLines = 32783;
+inline constexpr int kGroupNone = 40280;  ///< these to kFoldGroups are numbers of our own
+inline constexpr int kGroupDays = 40281;
+inline constexpr int kGroupWeeks = 40282;
+inline constexpr int kGroupMonths = 40283;
+inline constexpr int kFoldGroups = 40284;
 inline constexpr int kListColumns = 40052;
 inline constexpr int kFitColumns = 40286;
 inline constexpr int kRestoreColumns = 40287;
@@ -111,7 +116,9 @@ enum class Run {
     SelectNone,
     SwitchMode,  ///< argument: a RecordMode
     Sort,
-    Layout,  ///< argument: 1 to 4
+    Layout,      ///< argument: 1 to 4
+    GroupList,   ///< argument: a ListGroups
+    FoldGroups,  ///< all of them
     ListColumns,
     FitColumns,
     RestoreColumns,
@@ -195,6 +202,7 @@ enum class Menu {
     Help,
     New,
     Mark,
+    ListGroups,
     DataTree,
     Bars,
     Exchange,

@@ -21,6 +21,8 @@ struct CommandState {
     bool selectedHasTimer = false;  ///< of the selected records one at least
     bool selectedRuns = false;      ///< the same, and it runs
     int listLayout = 4;
+    int listGroups = 0;      ///< a ListGroups
+    bool hasGroups = false;  ///< the list shows heads: it is sorted by date, in columns or lines
     bool bar1Shown = true;
     bool bar2Shown = true;
     bool statusBarShown = true;

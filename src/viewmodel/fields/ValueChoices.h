@@ -36,6 +36,8 @@ inline constexpr ValueChoice kClockFormats[] = {
     {0, Text::ChoiceAsRegion}, {24, Text::Clock24}, {12, Text::Clock12}};
 inline constexpr ValueChoice kDistanceUnits[] = {
     {0, Text::ChoiceAsRegion}, {1, Text::DistancesMetric}, {2, Text::DistancesMiles}};
+inline constexpr ValueChoice kListGroupings[] = {
+    {0, Text::GroupsNone}, {1, Text::GroupsDays}, {2, Text::GroupsWeeks}, {3, Text::GroupsMonths}};
 inline constexpr ValueChoice kTimerActions[] = {
     {0, Text::TimersContinue},
     {1, Text::TimersPause},

@@ -175,9 +175,10 @@ void CGroupedRows::BeginParting() {
     Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
     m_pointedTo = persistentIndexList();
     for (const QModelIndex& place : m_pointedTo)
-        m_pointed.push_back({.record = mapToSource(place),
-                             .firstDay = IsHead(place.row()) ? FirstDayOf(place.row()) : 0,
-                             .column = place.column()});
+        m_pointed.push_back(
+            {.record = mapToSource(place),
+             .firstDay = IsHead(place.row()) ? std::optional(FirstDayOf(place.row())) : std::nullopt,
+             .column = place.column()});
 }
 
 /// The same records below other heads. Who points to a record of a group that is folded has nothing any more.
@@ -185,8 +186,10 @@ void CGroupedRows::EndParting() {
     m_isParting = false;
     Part();
     QModelIndexList moved;
+    QHash<std::uint32_t, int> heads;  // thousands may be pointed to
+    for (const CRowGroups::Group& group : m_groups->Groups()) heads.insert(group.firstDay, group.head);
     for (const Pointed& pointed : std::exchange(m_pointed, {})) {
-        const int head = pointed.record.isValid() ? -1 : HeadOfDay(pointed.firstDay);
+        const int head = pointed.firstDay ? heads.value(*pointed.firstDay, -1) : -1;
         moved.append(head >= 0 ? index(head, pointed.column) : mapFromSource(pointed.record));
     }
     changePersistentIndexList(std::exchange(m_pointedTo, {}), moved);

@@ -5,6 +5,7 @@
 #include <QAbstractProxyModel>
 #include <QHash>
 #include <array>
+#include <optional>
 #include <vector>
 
 class CRecordListModel;
@@ -75,8 +76,8 @@ class CGroupedRows final : public QAbstractProxyModel {
  private:
     /// Something that is pointed to from outside while the rows are parted anew.
     struct Pointed {
-        QPersistentModelIndex record;  ///< of the source; not valid for a head
-        std::uint32_t firstDay = 0;
+        QPersistentModelIndex record;           ///< of the source; not valid for a head
+        std::optional<std::uint32_t> firstDay;  ///< of a head's group
         int column = 0;
     };
     struct Words {

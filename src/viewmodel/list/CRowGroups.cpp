@@ -184,6 +184,11 @@ void CRowGroups::Take(int count, std::uint32_t day) {
     m_gap = {m_gap.first + count, m_gap.count - count};
 }
 
+/// A group without a date is nobody's today.
+bool CRowGroups::IsTodays(const Group& group) const {
+    return m_parting.today != 0 && group.firstDay == m_parting.today;
+}
+
 /// Whether both neighbours are of the same days, as they can be where the list isn't in order.
 bool CRowGroups::StandsBetweenEqual(int group) const {
     const bool hasBoth = group > 0 && group + 1 < static_cast<int>(m_groups.size());
@@ -197,7 +202,7 @@ std::optional<CRowGroups::Stretch> CRowGroups::PlacesToDrop(int row, int count) 
     if (found < 0 || count == m_rows) return std::nullopt;
     const Group& group = m_groups[Index(found)];
     if (row + count > group.firstRow + group.rows) return std::nullopt;
-    const bool goesWithHead = count == group.rows && group.firstDay != m_parting.today;
+    const bool goesWithHead = count == group.rows && !IsTodays(group);
     if (goesWithHead && StandsBetweenEqual(found)) return std::nullopt;
     const int shown = group.isFolded ? 0 : count;
     if (goesWithHead) return Stretch{group.head, 1 + shown};
@@ -210,7 +215,7 @@ void CRowGroups::Drop(int row, int count) {
         const int found = GroupOfOwn(row);
         Group& group = m_groups[Index(found)];
         group.rows -= count;
-        if (group.rows == 0 && group.firstDay != m_parting.today) m_groups.erase(m_groups.begin() + found);
+        if (group.rows == 0 && !IsTodays(group)) m_groups.erase(m_groups.begin() + found);
         Renumber();
     }
     m_gap = {row, count};

@@ -82,6 +82,7 @@ class CRowGroups {
     [[nodiscard]] Group NewGroup(std::uint32_t firstDay, int firstRow);
     [[nodiscard]] int GroupToJoin(std::uint32_t firstDay) const;
     [[nodiscard]] std::optional<int> PlaceForGroup(std::uint32_t firstDay) const;
+    [[nodiscard]] bool IsTodays(const Group& group) const;
     [[nodiscard]] bool StandsBetweenEqual(int group) const;
     [[nodiscard]] bool GoesBefore(std::uint32_t a, std::uint32_t b) const;
     [[nodiscard]] int OwnRow(int row) const;

@@ -39,6 +39,7 @@ class CommandConditions {
     };
     static constexpr Thing kThings[] = {
         {&CommandState::isFinding, "search in the list shown"},
+        {&CommandState::hasGroups, "list with groups"},
         {&CommandState::treeShown, "data tree shown"},
         {&CommandState::treeHasNode, "entry of the data tree selected"},
         {&CommandState::treeCanExpand, "selected entry with entries below it"},

@@ -35,6 +35,8 @@ inline constexpr ConsoleCounterpart kConsoleCounterparts[] = {
     {"CmdTimeMode", "time list"},
     {"CmdExpenseMode", "expense list"},
     {"CmdLayout", "", kOfTheWindow},
+    {"CmdGroupList", "", kOfTheWindow},
+    {"CmdFoldGroups", "", kOfTheWindow},
     {"CmdSortDialog", "time list, expense list"},
     {"CmdListColumns", "columns set"},
     {"CmdFitColumns", "columns set"},

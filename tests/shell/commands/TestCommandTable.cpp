@@ -131,6 +131,8 @@ class TestCommandTable final : public QObject {
              kAll);
         // in the layout of columns alone
         rows({40286}, kNever, kNever);
+        rows({40280, 40281, 40282, 40283}, kAll, kAll);
+        rows({40284}, kNever, kNever);
         rows({32771, 32772, 32773, 40122}, kAll, kAll);
         rows({40068}, kNever, kNever);
         rows({59392, 32812, 32774, 32817, 32879}, kAll, kAll);
@@ -192,6 +194,9 @@ class TestCommandTable final : public QObject {
         changed.undo = QStringLiteral("add a record");
         undone.redo = QStringLiteral("add a record");
         search.isFinding = true;
+        CommandState grouped = timer;
+        const CommandState even = timer;
+        grouped.hasGroups = true;
         withoutRegional.hasRegionalSettings = false;
         CommandState report = timer, text = timer, chart = timer;
         report.listIsActive = false;
@@ -272,6 +277,8 @@ class TestCommandTable final : public QObject {
         QTest::newRow("save a chart that is shown") << 40211 << chart << true;
         QTest::newRow("another sum where there is one only") << 40212 << chart << false;
         QTest::newRow("from the hidden tree's node") << 32861 << hidden << true;
+        QTest::newRow("fold where there are groups") << 40284 << grouped << true;
+        QTest::newRow("fold in an even list") << 40284 << even << false;
     }
     void whenOffered() {
         QFETCH(int, id);

@@ -226,6 +226,12 @@ class TestCRowGroups final : public QObject {
         rows.CheckPlaces();
     }
 
+    void TheLastWithoutADateTakesItsHeadAlong() {
+        Rows rows({19, 0});
+        QCOMPARE(rows.Remove(1), 2);
+        QCOMPARE(rows.Picture(), u"19: 0"_s);
+    }
+
     void TwoGroupsOfADayDontStandTogether() {
         Rows rows({19, 18, 19, 17});
         QCOMPARE(rows.Remove(1), -1);
