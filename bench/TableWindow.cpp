@@ -4,6 +4,7 @@
 #include "TableLines.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 using namespace TableLines;
@@ -82,6 +83,17 @@ WindowTimes WindowLines(const Places& places, int size, const WindowTimes& forme
     runs.ShowLine("switch back to times (floor: the document's)", "to_times", 1.5);
     runs.ShowLine("tick in columns (floor: without timers)", "tick_columns", 2);
     runs.ShowLine("tick in lines (floor: without timers)", "tick_lines", 2);
+    const std::pair<const char*, const char*> groups[] = {
+        {"day groups in columns: list filled (floor: without)", "groups_columns_fill"},
+        {"day groups in columns: a page (floor: without)", "groups_columns_page"},
+        {"day groups in columns: a record added (floor: without)", "groups_columns_add"},
+        {"day groups in columns: a tick (floor: without)", "groups_columns_tick"},
+        {"day groups in columns: date turned (floor: without)", "groups_columns_sort"},
+        {"day groups in lines: list filled (floor: without)", "groups_lines_fill"},
+        {"day groups in lines: a page (floor: without)", "groups_lines_page"},
+        {"day groups in lines: a record added (floor: without)", "groups_lines_add"},
+        {"day groups in lines: a tick (floor: without)", "groups_lines_tick"}};
+    for (const auto& [name, figure] : groups) runs.ShowLine(name, figure, 1.2);
     runs.ShowLine("a record changed (floor: the document's)", "change", 0);
     const WindowTimes times{runs.Figure("tick_lines_us"), runs.Figure("tick_columns_us")};
     if (former.tickLines > 0) {

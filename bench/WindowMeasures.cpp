@@ -121,11 +121,11 @@ double Ticks(WindowHome& home) {
 
 /// The same cells painted anew, without a timer in them.
 double Repaints(WindowHome& home) {
-    const auto [first, last] = home.List().RowsInSight();
+    const std::vector<int> rows = home.List().ListRowsInSight();
     std::vector<double> repaints;
     for (int repaint = 0; repaint < kTicks; ++repaint)
-        repaints.push_back(TookToPaint(*home.List().viewport(), [&, first = first, last = last] {
-            for (int row = first; row <= last; ++row) home.Model().TouchTimers(row, row);
+        repaints.push_back(TookToPaint(*home.List().viewport(), [&] {
+            for (const int row : rows) home.Model().TouchTimers(row, row);
         }));
     return std::ranges::min(repaints);
 }
@@ -157,6 +157,65 @@ double Changes(WindowHome& home, const std::function<double(const CTRecord&)>& c
     return Median(changes);
 }
 
+/// The list read anew, as after a change of the period.
+double Fills(WindowHome& home) {
+    std::vector<double> fills;
+    for (int round = 0; round < kRounds; ++round)
+        fills.push_back(TookToPaint(*home.List().viewport(),
+                                    [&home] { home.app.Document().NotifyViews(Hint::Rebuild); }));
+    return std::ranges::min(fills);
+}
+
+/// A click that turns the order of the dates.
+double Turns(WindowHome& home) {
+    std::vector<double> turns;
+    for (int round = 0; round < kRounds; ++round)
+        turns.push_back(TookToPaint(*home.List().viewport(), [&home] {
+            ClickHeader(home.List(), home.Model().ModelColumnOf(Column::kDate));
+        }));
+    return std::ranges::min(turns);
+}
+
+/// A record comes and goes, at the end of the list where all heads are above it.
+double Additions(WindowHome& home) {
+    std::vector<double> additions;
+    CTRecord record;
+    record.Copy(*home.app.Document().FindTime(home.Model().IdAt(home.Model().rowCount() - 1)));
+    for (int round = 0; round < kRounds; ++round) {
+        QString id;
+        additions.push_back(TookToPaint(*home.List().viewport(), [&] {
+            if (!home.app.Document().AddRecord(record, {Notify::Yes, Commit::Now, Identity::New}, &id))
+                qFatal("the record can't be added");
+        }));
+        if (!home.app.Document().DeleteRecord(RecordKind::Time, id, Notify::Yes))
+            qFatal("the record can't be deleted");
+        Settle();
+    }
+    return std::ranges::min(additions);
+}
+
+double TicksOfThousand(WindowHome& home) {
+    for (int row = 0; row < std::min(kTimers, home.Model().rowCount()); ++row)
+        home.set.Start(home.Model().IdAt(row), false, 0, 0, 0);
+    const double ticks = Ticks(home);
+    home.set.Clear();
+    return ticks;
+}
+
+void MeasureWithGroups(WindowHome& home, ListLayout layout, const std::string& name, int groups) {
+    home.app.Settings().listGroups = groups;
+    home.SetLayout(layout);
+    if (home.List().IsGrouped() != (groups != 0)) qFatal("the list isn't grouped as it should be");
+    const std::string end = groups == 0 ? "_floor_us" : "_us";
+    Say(name + "_fill" + end, Fills(home));
+    Say(name + "_page" + end, PageDown(home.List()));
+    Say(name + "_add" + end, Additions(home));
+    home.List().scrollToTop();
+    Settle();
+    Say(name + "_tick" + end, TicksOfThousand(home));
+    if (layout == ListLayout::Columns) Say(name + "_sort" + end, Turns(home));
+}
+
 double SwitchTo(WindowHome& home, RecordMode mode) {
     return TookToPaint(*home.List().viewport(), [&] { home.frame->SwitchMode(mode); });
 }
@@ -173,6 +232,18 @@ void MeasureSorting(WindowHome& home) {
     home.SetLayout(ListLayout::Columns);
     MeasureSort(home, Column::kDate, Column::kItem1, "click_date");
     MeasureSort(home, Column::kItem1, Column::kDate, "click_text");
+}
+
+void MeasureGroups(WindowHome& home) {
+    for (const int groups : {0, 1}) {
+        MeasureWithGroups(home, ListLayout::Columns, "groups_columns", groups);
+        MeasureWithGroups(home, ListLayout::Lines, "groups_lines", groups);
+    }
+    std::vector<double> folds;
+    for (int round = 0; round < kRounds; ++round)
+        folds.push_back(TookToPaint(*home.List().viewport(), [&] { home.List().Fold(0, round % 2 == 0); }));
+    Say("groups_fold_us", std::ranges::min(folds));
+    home.app.Settings().listGroups = 0;
 }
 
 void MeasureTick(WindowHome& home) {

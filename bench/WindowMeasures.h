@@ -9,6 +9,8 @@ struct WindowHome;
 void MeasureList(WindowHome& home);
 /// Clicks on the headers of two columns.
 void MeasureSorting(WindowHome& home);
+/// Groups of days on; the floor is the same list without them.
+void MeasureGroups(WindowHome& home);
 /// A second with 1,000 running timers.
 void MeasureTick(WindowHome& home);
 /// A record with other notes. The floor is the document's change of it, without a notice.
