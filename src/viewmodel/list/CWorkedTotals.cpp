@@ -13,7 +13,9 @@ DateTimeVal DayOf(const CTRecord& record) {
 
 }  // namespace
 
+/// A window may be open for days: what comes next tells that another one has begun.
 void CWorkedTotals::OnHint(Hint hint, const QStringList& ids) {
+    if (m_isKnown && hint != Hint::Clear) NoteDays();
     switch (hint) {
         case Hint::Clear:
             m_isKnown = false;

@@ -75,6 +75,22 @@ class TestCWorkedTotals final : public QObject {
         QCOMPARE(fixture.Shown(), Pair(0.0, 0.0));
     }
 
+    /// The window stays open overnight, and over the end of the week.
+    void AnotherDay() {
+        Fixture fixture;
+        fixture.totals.OnHint(Hint::Rebuild, {});
+        fixture.Add(19, 4);
+        fixture.home.clock.Advance(24 * 3600);
+        const QString id = fixture.Add(20, 1);
+        QCOMPARE(fixture.Shown(), Pair(1.0, 5.0));
+        fixture.home.clock.Advance(24 * 3600);
+        fixture.Change(id, 20, 2);
+        QCOMPARE(fixture.Shown(), Pair(0.0, 6.0));
+        fixture.home.clock.Advance(24 * 3600);
+        fixture.Add(22, 3);
+        QCOMPARE(fixture.Shown(), Pair(3.0, 3.0));
+    }
+
     /// Whatever the filter lets pass.
     void OfAllRecordsRead() {
         Fixture fixture;
