@@ -28,14 +28,18 @@ Base CopySelected(Record& record, const QuickEntryContext& context) {
     return Base::Filled;
 }
 
+Base FilledBy(const QuickEntryContext::Step& fill, CVORec& record) {
+    return fill && fill(record) ? Base::Filled : Base::Failed;
+}
+
 template <class Record>
 Base FillFromBase(Record& record, int flags, const QuickEntryContext& context) {
     if (flags & kDefaults) {
         if (!context.fillFromDefaults) return Base::Failed;
         return context.fillFromDefaults(record) ? Base::Filled : Base::Cancelled;
     }
-    if (flags & kTree)
-        return context.fillFromTree && context.fillFromTree(record) ? Base::Filled : Base::Failed;
+    if (flags & kTree) return FilledBy(context.fillFromTree, record);
+    if (flags & kGiven) return FilledBy(context.fillGiven, record);
     return flags & kCopy ? CopySelected(record, context) : Base::Filled;
 }
 

@@ -21,6 +21,7 @@ inline constexpr int kCopy = 8;
 inline constexpr int kTimestamp = 16;
 inline constexpr int kSuccessive = 32;
 inline constexpr int kTimer = 64;
+inline constexpr int kGiven = 128;  ///< a bit of our own
 }  // namespace QuickFlag
 
 /// What a new record needs from outside.
@@ -45,6 +46,8 @@ struct QuickEntryContext {
     /// Each level of the selection in the data tree fills its field; false: no usable selection. Empty: as
     /// above.
     Step fillFromTree = {};
+    /// Says what is given of the record (QuickFlag::kGiven).
+    Step fillGiven = {};
 };
 
 /// How a quick command ended.

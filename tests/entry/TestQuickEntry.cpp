@@ -25,6 +25,7 @@ struct Fixture {
     QString successiveId;
     QuickEntryContext::Step fillFromDefaults;
     QuickEntryContext::Step fillFromTree;
+    QuickEntryContext::Step fillGiven;
 
     Fixture() {
         home.clock.Set(2026, 11, 19, 9, 5);
@@ -36,6 +37,7 @@ struct Fixture {
         };
         QuickEntryContext context{*home.document, timers,  *home.settings, home.clock,       add,
                                   selected,       nullptr, successiveId,   fillFromDefaults, fillFromTree};
+        context.fillGiven = fillGiven;
         if (dialog != Dialog::None)
             context.edit = [this](CVORec& record) {
                 ++dialogs;
@@ -284,6 +286,7 @@ void TestQuickEntry::Bases_data() {
     QTest::newRow("tree: the date by the period") << 4 << "2026-11-19 - - 2:00";
     QTest::newRow("tree, timestamp") << 20 << "2026-11-19 9:05 11:05 2:00";
     QTest::newRow("tree, timestamp, timer") << 84 << "2026-11-19 9:05 11:05 2:00";
+    QTest::newRow("given, timestamp, timer") << 208 << "2026-11-19 9:05 11:05 2:00";
 }
 
 void TestQuickEntry::Bases() {
@@ -303,10 +306,13 @@ void TestQuickEntry::Bases() {
     };
     fixture.fillFromDefaults = fill("defaults");
     fixture.fillFromTree = fill("tree");
+    fixture.fillGiven = fill("given");
     const QuickOutcome outcome = fixture.Run(flags);
     QVERIFY(outcome.succeeded);
     QTEST(fixture.Stored(outcome.addedId), "stored");
-    QCOMPARE(source, flags & 2 ? QStringLiteral("defaults") : QStringLiteral("tree"));
+    QCOMPARE(source, flags & 2     ? QStringLiteral("defaults")
+                     : flags & 128 ? QStringLiteral("given")
+                                   : QStringLiteral("tree"));
     QCOMPARE(fixture.home.document->FindTime(outcome.addedId)->item2, source);
     QCOMPARE(fixture.timers.HasTimer(outcome.addedId), (flags & 64) != 0);
 }
@@ -318,13 +324,14 @@ void TestQuickEntry::BaseThatGivesNothing_data() {
     QTest::newRow("the same with a timer: none is started") << 82 << true;
     QTest::newRow("no usable selection in the tree: failed") << 4 << false;
     QTest::newRow("the same with a timer") << 84 << false;
+    QTest::newRow("nothing can be given: failed") << 208 << false;
 }
 
 void TestQuickEntry::BaseThatGivesNothing() {
     QFETCH(int, flags);
     Fixture fixture;
     fixture.dialog = Fixture::Dialog::Accept;
-    fixture.fillFromDefaults = fixture.fillFromTree = [](CVORec&) { return false; };
+    fixture.fillFromDefaults = fixture.fillFromTree = fixture.fillGiven = [](CVORec&) { return false; };
     const QuickOutcome outcome = fixture.Run(flags);
     QTEST(outcome.succeeded, "succeeded");
     QCOMPARE(outcome.addedId, QString());
@@ -335,7 +342,7 @@ void TestQuickEntry::BaseThatGivesNothing() {
 
 void TestQuickEntry::BasesThatAreNotThere() {
     Fixture fixture;
-    for (const int flags : {2, 18, 82, 34, 98, 4, 20, 84}) QVERIFY(!fixture.Run(flags).succeeded);
+    for (const int flags : {2, 18, 82, 34, 98, 4, 20, 84, 208}) QVERIFY(!fixture.Run(flags).succeeded);
     QCOMPARE(fixture.Records(), std::size_t(0));
 }
 
