@@ -19,7 +19,9 @@
 CFrameCommands::CFrameCommands(const Context& context)
     : m_context(context),
       m_history(m_context),
-      m_records(m_context),
+      m_recent(m_context.document),
+      m_records(m_context, m_recent),
+      m_work(m_context, m_records, m_recent),
       m_views(m_context),
       m_columns(m_context),
       m_filters(m_context),
@@ -70,6 +72,7 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::StackPanes, [](Self& self, int stacked) { self.m_context.tree.Stack(stacked != 0); }},
         {::Run::ExpandTree, [](Self& self, int) { self.m_context.tree.ExpandAll(); }},
         {::Run::TreeColumns, [](Self& self, int) { self.m_views.TreeColumns(); }},
+        {::Run::ToggleWorkBar, [](Self& self, int) { self.m_context.control.ToggleWorkBar(); }},
         {::Run::ToggleBar1, [](Self& self, int) { self.m_context.control.ToggleBar1(); }},
         {::Run::ToggleBar2, [](Self& self, int) { self.m_context.control.ToggleBar2(); }},
         {::Run::ToggleStatusBar, [](Self& self, int) { self.m_context.control.ToggleStatusBar(); }},
@@ -95,6 +98,21 @@ CFrameCommands::Handler CFrameCommands::HandlerOf(::Run run) {
         {::Run::AllKeys, [](Self& self, int) { self.m_help.AllKeys(); }},
         {::Run::About, [](Self& self, int) { self.m_views.About(); }},
         {::Run::Exit, [](Self& self, int) { self.m_context.control.Leave(); }},
+    };
+    const auto* row = std::ranges::find(kHandlers, run, &HandlerRow::run);
+    return row == std::end(kHandlers) ? WorkHandlerOf(run) : row->handler;
+}
+
+/// The commands of the work bar.
+CFrameCommands::Handler CFrameCommands::WorkHandlerOf(::Run run) {
+    using Self = CFrameCommands;
+    static constexpr HandlerRow kHandlers[] = {
+        {::Run::WorkLine, [](Self& self, int) { self.m_work.OpenLine(); }},
+        {::Run::WorkRecent, [](Self& self, int) { self.m_work.OpenRecent(); }},
+        {::Run::Continue, [](Self& self, int) { self.m_work.ContinueSelected(); }},
+        {::Run::WorkPause, [](Self& self, int) { self.m_work.PauseOrGoOn(); }},
+        {::Run::WorkStop, [](Self& self, int) { self.m_work.Stop(); }},
+        {::Run::WorkOpen, [](Self& self, int) { self.m_work.Open(); }},
     };
     const auto* row = std::ranges::find(kHandlers, run, &HandlerRow::run);
     return row == std::end(kHandlers) ? FilterHandlerOf(run) : row->handler;

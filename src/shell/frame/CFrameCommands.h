@@ -15,6 +15,7 @@
 #include "shell/frame/CFrameReportPage.h"
 #include "shell/frame/CFrameReports.h"
 #include "shell/frame/CFrameViews.h"
+#include "shell/frame/CFrameWork.h"
 #include "shell/frame/FrameContext.h"
 #include "viewmodel/commands/CommandTable.h"
 
@@ -32,6 +33,7 @@ class CFrameCommands {
     [[nodiscard]] CFrameFilters& Filters() { return m_filters; }
     [[nodiscard]] CFrameFind& Find() { return m_find; }
     [[nodiscard]] CFrameViews& Views() { return m_views; }
+    [[nodiscard]] CFrameWork& Work() { return m_work; }
     /// The page of the report that was made last comes into its view.
     void ShowPage() { m_page.Show(); }
     [[nodiscard]] CPeriodCommands& Period() { return m_filters.Period(); }
@@ -48,6 +50,7 @@ class CFrameCommands {
         Handler handler;
     };
     [[nodiscard]] static Handler HandlerOf(::Run run);
+    [[nodiscard]] static Handler WorkHandlerOf(::Run run);
     [[nodiscard]] static Handler FilterHandlerOf(::Run run);
     [[nodiscard]] static Handler ReportHandlerOf(::Run run);
     void RunGuide();
@@ -56,7 +59,9 @@ class CFrameCommands {
 
     Context m_context;
     CFrameHistory m_history;
+    CRecentWork m_recent;
     CFrameRecords m_records;
+    CFrameWork m_work;
     CFrameViews m_views;
     CFrameColumns m_columns;
     CFrameFilters m_filters;

@@ -11,6 +11,7 @@ class CFrameControl {
  public:
     virtual ~CFrameControl() = default;
     [[nodiscard]] virtual QWidget& Window() = 0;
+    virtual void ToggleWorkBar() = 0;
     virtual void ToggleBar1() = 0;
     virtual void ToggleBar2() = 0;
     virtual void ToggleStatusBar() = 0;

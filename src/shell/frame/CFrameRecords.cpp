@@ -5,6 +5,7 @@
 #include "entry/NamedDefaults.h"
 #include "entry/QuickEntry.h"
 #include "entry/RecordMarks.h"
+#include "fields/Column.h"
 #include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
 #include "shell/frame/CFrameControl.h"
@@ -16,6 +17,7 @@
 #include "timers/TimerSelection.h"
 #include "timers/TrueTimeQuestion.h"
 #include "viewmodel/tree/CTreeControl.h"
+#include "viewmodel/work/CRecentWork.h"
 
 #include <memory>
 #include <type_traits>
@@ -36,8 +38,9 @@ CVORec* WorkingCopyOf(const CVORec& record) {
 
 }  // namespace
 
-CFrameRecords::CFrameRecords(const FrameContext& context)
+CFrameRecords::CFrameRecords(const FrameContext& context, CRecentWork& recent)
     : m_context(context),
+      m_recent(recent),
       m_timers(context.timers),
       m_changes(ChangesOf(context, m_timers, CRecordChanges::Partial::Kept)),
       m_save({.document = context.document,
@@ -54,6 +57,35 @@ bool CFrameRecords::MayAdd() {
                            .icon = BoxIcon::Warning,
                            .actionLabel = {}});
     return false;
+}
+
+QuickEntryContext CFrameRecords::EntryContext(const Fill& fillFromDefaults) {
+    return {.document = m_context.document,
+            .timers = m_context.timers,
+            .settings = m_context.settings,
+            .clock = m_context.clock,
+            .add = [this](const CVORec& record) { return bool(m_changes.Add(record, Identity::Own)); },
+            .selectedIds = m_context.view.SelectedIds(),
+            // One that can't be stored comes back to the dialog, which asks before it throws away what was
+            // entered.
+            .edit =
+                [this, untouched = std::shared_ptr<CVORec>()](CVORec& record) mutable {
+                    if (!untouched) untouched = record.Clone();
+                    return EditInDialog(record, untouched.get());
+                },
+            .fillFromDefaults = fillFromDefaults,
+            .fillFromTree = [this](CVORec& record) { return FillFromTree(record); }};
+}
+
+/// A time record takes over the terms of the client's last one, as far as the selection says nothing else.
+bool CFrameRecords::FillFromTree(CVORec& record) {
+    if (!m_context.tree.FillRecord(record)) return false;
+    if (record.Kind() != RecordKind::Time) return true;
+    auto& time = static_cast<CTRecord&>(record);
+    WorkTerms terms = m_recent.TermsFor(WorkOf(time));
+    if (m_context.tree.Says(Column::kBillable)) terms.isBillable = false;
+    PutTerms(terms, time);
+    return true;
 }
 
 void CFrameRecords::QuickEntry(int flags) {
@@ -86,25 +118,22 @@ bool CFrameRecords::FillFromDefault(const QString& name, CVORec& record) const {
 
 void CFrameRecords::NewRecord(int flags, const Fill& fillFromDefaults) {
     if (!MayAdd()) return;
-    // One that can't be stored comes back to the dialog, which asks before it throws away what was entered.
-    std::unique_ptr<CVORec> untouched;
-    const QuickEntryContext context{
-        .document = m_context.document,
-        .timers = m_context.timers,
-        .settings = m_context.settings,
-        .clock = m_context.clock,
-        .add = [this](const CVORec& record) { return bool(m_changes.Add(record, Identity::Own)); },
-        .selectedIds = m_context.view.SelectedIds(),
-        .edit =
-            [this, &untouched](CVORec& record) {
-                if (!untouched) untouched = record.Clone();
-                return EditInDialog(record, untouched.get());
-            },
-        .fillFromDefaults = fillFromDefaults,
-        .fillFromTree = [this](CVORec& record) { return m_context.tree.FillRecord(record); }};
-    const QuickOutcome outcome = NewRecordOf(KindOf(theRecordMode), flags, context);
+    static_cast<void>(Finish(NewRecordOf(KindOf(theRecordMode), flags, EntryContext(fillFromDefaults))));
+}
+
+/// True when a record was added.
+bool CFrameRecords::Finish(const QuickOutcome& outcome) {
     if (!outcome.addedId.isEmpty()) m_context.view.SelectIds({outcome.addedId});
     if (outcome.lacksTimer) TellWithoutTimer(m_context.prompt);
+    return !outcome.addedId.isEmpty();
+}
+
+bool CFrameRecords::StartWork(const std::function<bool(CVORec& record)>& fill) {
+    if (!MayAdd()) return false;
+    QuickEntryContext context = EntryContext({});
+    context.edit = nullptr;
+    context.fillGiven = fill;
+    return Finish(NewTimeRecord(QuickFlag::kGiven | QuickFlag::kTimestamp | QuickFlag::kTimer, context));
 }
 
 void CFrameRecords::EditSelected() {
@@ -217,6 +246,22 @@ void CFrameRecords::StopTimers() {
 void CFrameRecords::PauseTimers() {
     m_context.timers.FoldAndStore();
     TellIfUnsaved(m_context.timers.PauseAllTimers());
+}
+
+void CFrameRecords::StartTimer(const QString& id) {
+    TellIfUnsaved(m_context.timers.StartRecordTimer(id));
+}
+
+void CFrameRecords::PauseTimer(const QString& id) {
+    m_context.timers.FoldAndStore();
+    TellIfUnsaved(m_context.timers.PauseRecordTimer(id));
+}
+
+void CFrameRecords::StopTimer(const QString& id) {
+    QStringList byClock{id};
+    TimerOutcome outcome = StopByTrueTime(byClock);
+    if (!byClock.isEmpty()) outcome = m_context.timers.StopRecordTimer(id);
+    TellIfUnsaved(outcome);
 }
 
 void CFrameRecords::TellIfUnsaved(const TimerOutcome& outcome) {

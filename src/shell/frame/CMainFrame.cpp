@@ -22,6 +22,7 @@
 #include "shell/look/LegiblePalette.h"
 #include "shell/report/CReportPane.h"
 #include "shell/tree/CDataTreeView.h"
+#include "shell/work/CWorkBar.h"
 #include "timers/CRecordTimers.h"
 #include "viewmodel/list/CRecordListModel.h"
 #include "viewmodel/list/NamedConditions.h"
@@ -39,6 +40,7 @@
 #include <QSignalBlocker>
 #include <QStackedWidget>
 #include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 using namespace Qt::Literals::StringLiterals;
@@ -75,7 +77,6 @@ class CMainFrame::BusyScope {
 
 CMainFrame::CMainFrame(const Context& context) : m_context(context) {
     setObjectName(u"mainFrame"_s);
-    // The title is how other processes find the window: it never changes.
     setWindowTitle(LoadText(Text::ProgramTitle));
     setWindowIcon(Glyphs::ProgramIcon());
     setMinimumSize(kLeastSize);
@@ -85,6 +86,7 @@ CMainFrame::CMainFrame(const Context& context) : m_context(context) {
     m_toPersist.setInterval(kPersistAfter);
     connect(&m_toPersist, &QTimer::timeout, this, &CMainFrame::PersistWindow);
     MakePanes();
+    MakeWorkBar();
     m_actions = new CActions(*this);
     MakeCommands();
     RestoreLayout();
@@ -128,6 +130,22 @@ void CMainFrame::MakePanes() {
     m_progress = std::make_unique<CProgressBox>(*this);
 }
 
+/// A bar of its own above the others.
+void CMainFrame::MakeWorkBar() {
+    m_workBar = new CWorkBar(this);
+    m_workPlace = new QToolBar(LoadText(Text::WorkBarTitle), this);
+    m_workPlace->setObjectName(u"workPlace"_s);
+    m_workPlace->setAccessibleName(LoadText(Text::WorkBarTitle));
+    m_workPlace->setContextMenuPolicy(Qt::PreventContextMenu);
+    m_workPlace->toggleViewAction()->setVisible(false);
+    m_workPlace->setMovable(false);
+    m_workPlace->addWidget(m_workBar);
+    m_workPlace->findChild<QToolButton*>(u"qt_toolbar_ext_button"_s)
+        ->setAccessibleName(LoadText(Text::WorkBarTitle));
+    addToolBar(m_workPlace);
+    addToolBarBreak();
+}
+
 /// The conditions of the filter and the bar of the search stand above what is in front.
 QWidget* CMainFrame::MakeListPane() {
     auto* pane = new QWidget(this);
@@ -162,6 +180,7 @@ FrameContext CMainFrame::MakeFrameContext() {
             .view = *m_view,
             .findBar = *m_findBar,
             .conditions = *m_conditions,
+            .workBar = *m_workBar,
             .report = *m_report,
             .tree = *m_panes,
             .actions = *m_actions,
@@ -191,6 +210,7 @@ void CMainFrame::Connect() {
     connect(m_view->horizontalHeader(), &QHeaderView::sectionClicked, this, [this] { m_toPersist.start(); });
     connect(m_tree, &CDataTreeView::MenuWanted, this, &CMainFrame::ShowTreeMenu);
     connect(new QShortcut(QKeySequence(Qt::Key_F6), this), &QShortcut::activated, m_panes, &CPanes::NextPane);
+    connect(m_ticker, &CTimerTicker::Ticked, this, [this] { m_commands->Work().Tick(); });
     CPeriodButton& period = m_actions->Bars().PeriodButton();
     connect(&period, &CPeriodButton::PresetChosen, this,
             [this](int preset) { m_commands->Period().Preset(preset); });
@@ -222,6 +242,7 @@ CommandState CMainFrame::State() const {
                        .listLayout = static_cast<int>(m_model->Layout()),
                        .listGroups = m_context.app.Settings().listGroups,
                        .hasGroups = m_view->IsGrouped(),
+                       .workBarShown = m_workPlace->isVisibleTo(this),
                        .bar1Shown = m_actions->Bars().Records().isVisibleTo(this),
                        .bar2Shown = m_actions->Bars().Filters().isVisibleTo(this),
                        .statusBarShown = m_status->isVisibleTo(this),
@@ -242,6 +263,7 @@ void CMainFrame::OnHint(Hint hint, const QStringList& ids) {
         if (!m_screen->IsShown()) m_commands->Filters().ShowConditions();
     }
     m_ticker->Reconsider();
+    m_commands->Work().OnHint(hint);
     ShowListOrNote();
     m_commands->Find().ShowFound();
     UpdateActions();
@@ -381,6 +403,7 @@ void CMainFrame::UpdateActions() {
 void CMainFrame::RestoreLayout() {
     const WindowMemory memory(m_context.app.Profile());
     m_status->setVisible(memory.IsShown(Text::SectionStatusBar));
+    m_workPlace->setVisible(memory.IsShown(Text::SectionWorkBar));
     m_actions->Bars().Records().setVisible(memory.IsShown(Text::SectionBar1));
     m_actions->Bars().Filters().setVisible(memory.IsShown(Text::SectionBar2));
     restoreGeometry(memory.Binary(Text::EntryGeometry));
@@ -393,6 +416,7 @@ void CMainFrame::RestoreLayout() {
 void CMainFrame::PersistLayout() {
     WindowMemory memory(m_context.app.Profile());
     memory.PersistShown(Text::SectionStatusBar, m_status->isVisibleTo(this));
+    memory.PersistShown(Text::SectionWorkBar, m_workPlace->isVisibleTo(this));
     memory.PersistShown(Text::SectionBar2, m_actions->Bars().Filters().isVisibleTo(this));
     memory.PersistShown(Text::SectionBar1, m_actions->Bars().Records().isVisibleTo(this));
     memory.PersistBinary(Text::EntryGeometry, saveGeometry());
@@ -450,6 +474,10 @@ void CMainFrame::ShowTreeMenu(const QPoint& at) {
         if (QAction* action = m_actions->Action(command)) menu->addAction(action);
     UpdateActions();
     menu->popup(at);
+}
+
+void CMainFrame::ToggleWorkBar() {
+    m_workPlace->setVisible(m_workPlace->isHidden());
 }
 
 void CMainFrame::ToggleBar1() {

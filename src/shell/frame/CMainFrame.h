@@ -28,7 +28,9 @@ class CStatusBar;
 class CTimerTicker;
 class CVelmarchApp;
 class CViewHub;
+class CWorkBar;
 class QStackedWidget;
+class QToolBar;
 
 /// The one top-level window. It builds the panes, makes the actions and connects them; the work is done by
 /// the classes it holds.
@@ -90,6 +92,7 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     [[nodiscard]] EmptyReason WhyNothing() const;
     void ShowWhyNothing();
     [[nodiscard]] QWidget* MakeListPane();
+    void MakeWorkBar();
     void UpdateActions();
     void WrapBars();
     void RememberPlace();
@@ -97,6 +100,7 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
 
     [[nodiscard]] QWidget& Window() override { return *this; }
     void FollowList() override;
+    void ToggleWorkBar() override;
     void ToggleBar1() override;
     void ToggleBar2() override;
     void ToggleStatusBar() override;
@@ -122,6 +126,8 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     CDataTreeView* m_tree = nullptr;
     CPanes* m_panes = nullptr;
     CStatusBar* m_status = nullptr;
+    CWorkBar* m_workBar = nullptr;
+    QToolBar* m_workPlace = nullptr;  ///< what holds it
     CActions* m_actions = nullptr;
     CTimerTicker* m_ticker = nullptr;
     std::unique_ptr<CProgressBox> m_progress;

@@ -69,6 +69,10 @@ bool CPanes::FillRecord(CVORec& record) const {
     return m_tree.FillRecord(record);
 }
 
+bool CPanes::Says(int column) const {
+    return m_tree.Says(column);
+}
+
 void CPanes::NextPane() {
     const bool toTree = IsShown() && !m_tree.hasFocus();
     (toTree ? static_cast<QWidget&>(m_tree) : m_list).setFocus(Qt::TabFocusReason);

@@ -22,6 +22,7 @@ class CPanes final : public QSplitter, public CTreeControl {
     [[nodiscard]] bool CanExpand() const override;
     void ExpandAll() override;
     [[nodiscard]] bool FillRecord(CVORec& record) const override;
+    [[nodiscard]] bool Says(int column) const override;
 
     /// Whether the tree is wanted, in a narrow window too: what is kept for the next start.
     [[nodiscard]] bool IsWanted() const { return m_use.isWanted; }

@@ -19,6 +19,7 @@ class CRecordTimers;
 class CReportPane;
 class CTreeControl;
 class CVelmarchDoc;
+class CWorkBar;
 
 /// What the commands of the window need. All must outlive them.
 struct FrameContext {
@@ -34,6 +35,7 @@ struct FrameContext {
     CRecordListView& view;
     CListFindBar& findBar;
     CConditionStrip& conditions;
+    CWorkBar& workBar;
     CReportPane& report;
     CTreeControl& tree;
     CActions& actions;

@@ -10,6 +10,7 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QScopedValueRollback>
+#include <algorithm>
 
 namespace {
 
@@ -102,6 +103,13 @@ void CDataTreeView::ChooseSelected() {
 bool CDataTreeView::FillRecord(CVORec& record) const {
     const CTreeNode* node = m_tree.Shown();
     return node && ::FillRecord(m_tree.StepsTo(*node), record, m_settings);
+}
+
+bool CDataTreeView::Says(int column) const {
+    const CTreeNode* node = m_tree.Shown();
+    if (!node) return false;
+    const TreePath steps = m_tree.StepsTo(*node);
+    return std::ranges::find(steps, column, &TreeStep::column) != steps.end();
 }
 
 void CDataTreeView::ExpandAll() {

@@ -32,6 +32,8 @@ class CDataTreeView final : public QTreeView {
     void ExpandAll();
     /// Each level of the selection fills its field; false for the root.
     [[nodiscard]] bool FillRecord(CVORec& record) const;
+    /// Whether a level of the selection is of this column.
+    [[nodiscard]] bool Says(int column) const;
 
  Q_SIGNALS:
     void MenuWanted(const QPoint& globalPosition);

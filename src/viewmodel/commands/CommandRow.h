@@ -60,6 +60,13 @@ inline constexpr int kTimerPause = 40113;
 inline constexpr int kTimerStop = 40111;
 inline constexpr int kStopAllTimers = 32868;
 inline constexpr int kPauseAllTimers = 32869;
+inline constexpr int kWorkLine = 40270;  ///< these to kToggleWorkBar are numbers of our own
+inline constexpr int kWorkRecent = 40271;
+inline constexpr int kContinue = 40272;
+inline constexpr int kWorkPause = 40273;
+inline constexpr int kWorkStop = 40274;
+inline constexpr int kWorkOpen = 40275;
+inline constexpr int kToggleWorkBar = 40276;
 inline constexpr int kEditLists = 40009;
 inline constexpr int kEditDependencies = 32886;
 inline constexpr int kUseDependencies = 32891;
@@ -127,6 +134,7 @@ enum class Run {
     StackPanes,  ///< argument: 1 the tree above the list, 0 beside it
     ExpandTree,
     TreeColumns,
+    ToggleWorkBar,
     ToggleBar1,
     ToggleBar2,
     ToggleStatusBar,
@@ -146,6 +154,12 @@ enum class Run {
     TimerAction,  ///< argument: 0 stop, 1 start, 2 pause
     StopAllTimers,
     PauseAllTimers,
+    WorkLine,
+    WorkRecent,
+    Continue,
+    WorkPause,
+    WorkStop,
+    WorkOpen,
     EditLists,
     EditDependencies,
     UseDependencies,

@@ -23,6 +23,7 @@ struct CommandState {
     int listLayout = 4;
     int listGroups = 0;      ///< a ListGroups
     bool hasGroups = false;  ///< the list shows heads: it is sorted by date, in columns or lines
+    bool workBarShown = true;
     bool bar1Shown = true;
     bool bar2Shown = true;
     bool statusBarShown = true;

@@ -5,6 +5,7 @@
 #include "entry/RecordMarks.h"
 #include "viewmodel/commands/CommandRowMaker.h"
 #include "viewmodel/commands/ReportCommands.h"
+#include "viewmodel/commands/WorkCommands.h"
 #include "viewmodel/list/ListGroups.h"
 
 #include <algorithm>
@@ -103,6 +104,9 @@ bool CanRedo(const State& s) {
 template <int FilterCommand>
 bool FilterIsSet(const State& s) {
     return s.filters.contains(FilterCommand);
+}
+bool WorkBarShown(const State& s) {
+    return s.workBarShown;
 }
 bool Bar1Shown(const State& s) {
     return s.bar1Shown;
@@ -340,6 +344,10 @@ constexpr CommandRow kFirstCommands[] = {
         {Text::CmdTreeColumns, Text::TipTreeColumns, "format-list-unordered"}, Menu::DataTree,
         {Run::TreeColumns})
         .BeginsGroup(),
+    Row(Command::kToggleWorkBar, "CmdToggleWorkBar",
+        {Text::CmdToggleWorkBar, Text::TipToggleWorkBar, "configure-toolbars"}, Menu::Bars,
+        {Run::ToggleWorkBar})
+        .Toggle(WorkBarShown),
     Row(Command::kToggleBar1, "CmdToggleBar1",
         {Text::CmdToggleBar1, Text::TipToggleBar1, "configure-toolbars"}, Menu::Bars, {Run::ToggleBar1})
         .Toggle(Bar1Shown),
@@ -591,7 +599,7 @@ constexpr auto Join(const CommandRow (&... parts)[Sizes]) {
     return joined;
 }
 
-constexpr auto kCommands = Join(kFirstCommands, ReportRows::kRows, kLastCommands);
+constexpr auto kCommands = Join(kFirstCommands, WorkRows::kRows, ReportRows::kRows, kLastCommands);
 
 const CommandRow* CommandOf(int id, Receiver receiver) {
     for (const CommandRow& row : kCommands)

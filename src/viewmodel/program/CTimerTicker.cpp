@@ -22,7 +22,11 @@ void CTimerTicker::Reconsider() {
 }
 
 void CTimerTicker::Tick() {
-    if (theRecordMode != RecordMode::Time) return;
+    if (theRecordMode == RecordMode::Time) TickList();
+    Q_EMIT Ticked();
+}
+
+void CTimerTicker::TickList() {
     for (const int row : m_sight()) {
         if (row < 0 || row >= m_model.rowCount()) continue;
         ActiveTimer* timer = m_timers.Find(m_model.IdAt(row));

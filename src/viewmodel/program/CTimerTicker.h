@@ -23,7 +23,13 @@ class CTimerTicker final : public QObject {
     [[nodiscard]] bool IsTicking() const { return m_timer.isActive(); }
     void Tick();
 
+ Q_SIGNALS:
+    /// A second has passed while a timer runs, in whatever mode.
+    void Ticked();
+
  private:
+    void TickList();
+
     ActiveTimerSet& m_timers;
     CRecordListModel& m_model;
     Sight m_sight;

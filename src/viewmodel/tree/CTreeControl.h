@@ -19,4 +19,6 @@ class CTreeControl {
     virtual void ExpandAll() = 0;
     /// Each level of the selection fills its field; false for the root.
     [[nodiscard]] virtual bool FillRecord(CVORec& record) const = 0;
+    /// Whether a level of the selection is of this column.
+    [[nodiscard]] virtual bool Says(int column) const = 0;
 };

@@ -158,6 +158,9 @@ class TestCommandTable final : public QObject {
         // timers, lists, tools
         rows({40112}, kSome, kNever);
         rows({40111, 40113}, kNever, kNever);
+        rows({40270, 40271, 40276}, kAll, kAll);
+        rows({40272}, kOne, kNever);
+        rows({40273, 40274, 40275}, kNever, kNever);
         rows({32891, 32777, 40200, 40066, 32781, 40240, 40290, 40291, 57664, 40100, 40009, 32886}, kAll,
              kAll);
         rows({40008, 32892, 40069, 40006, 40070}, kAll, kAll);

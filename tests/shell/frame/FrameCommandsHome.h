@@ -12,6 +12,7 @@
 #include "shell/list/CListFindBar.h"
 #include "shell/list/CRecordListView.h"
 #include "shell/report/CReportPane.h"
+#include "shell/work/CWorkBar.h"
 #include "support/CNotedLauncher.h"
 #include "support/TestHome.h"
 #include "timers/CRecordTimers.h"
@@ -32,6 +33,7 @@ class NoProgress final : public CProgress {
 class NotedControl final : public CFrameControl {
  public:
     QWidget& Window() override { return window; }
+    void ToggleWorkBar() override { asked << QStringLiteral("work bar"); }
     void ToggleBar1() override { asked << QStringLiteral("bar 1"); }
     void ToggleBar2() override { asked << QStringLiteral("bar 2"); }
     void ToggleStatusBar() override { asked << QStringLiteral("status bar"); }
@@ -73,6 +75,9 @@ class Tree final : public CTreeControl {
         return true;
     }
 
+    bool Says(int column) const override { return said.contains(column); }
+
+    QList<int> said;
     bool isShown = true;
     bool isStacked = false;
     bool hasNode = false;
@@ -89,6 +94,7 @@ struct Fixture {
     CRecordListView view{model, *home.settings};
     CListFindBar findBar;
     CConditionStrip conditions;
+    CWorkBar workBar;
     CReportPane report{home.settings->Profile()};
     NoProgress progress;
     NotedControl control;
@@ -131,6 +137,7 @@ struct Fixture {
                 .view = view,
                 .findBar = findBar,
                 .conditions = conditions,
+                .workBar = workBar,
                 .report = report,
                 .tree = tree,
                 .actions = madeActions,
