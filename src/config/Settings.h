@@ -55,6 +55,7 @@ struct Settings {
     std::int32_t firstSteps = 0;    ///< the guide of the first start: 0 not wanted, 1 wanted, 2 done
     bool linesOnGrid = false;       ///< the several lines of a record share their columns
     std::int32_t listGroups = 0;    ///< heads in the list: 0 none, for each 1 day, 2 week, 3 month
+    bool closeToTray = false;       ///< a closed window goes on behind its icon in the notification area
 
     bool clock24 = false;      ///< not stored: from clockFormat or the regional settings
     bool metricUnits = false;  ///< not stored: from distanceUnit or the regional settings

@@ -136,6 +136,7 @@ constexpr SettingRow kOwnSettings[] = {
     Int(77, "firstSteps", &Settings::firstSteps, 0, 0, 2),
     Int(78, "listGroups", &Settings::listGroups, 0, 0, 3),
     Flag(79, "linesOnGrid", &Settings::linesOnGrid, false),
+    Flag(80, "closeToTray", &Settings::closeToTray, false),
 };
 
 constexpr bool InIndexOrder(std::span<const SettingRow> rows, std::size_t first) {

@@ -281,7 +281,8 @@ void TestCCfgStore::SaveValueRefusesUnknownIndex() {
     const QTemporaryDir folder;
     SettingsHome home(folder.path());
     QVERIFY(!home.Start().SaveValue(-1));
-    QVERIFY(!home.settings->SaveValue(78));  // the 75 and the program's own three
+    const std::size_t count = SettingsTable().size() + OwnSettingsTable().size();
+    QVERIFY(!home.settings->SaveValue(static_cast<int>(count)));
 }
 
 void TestCCfgStore::Font_data() {

@@ -36,6 +36,8 @@ class CFrameControl {
     virtual void ShowReport() = 0;
     /// The list comes back, and with it all that was hidden.
     virtual void CloseReport() = 0;
+    /// The window comes in front of others, wherever it was.
+    virtual void ComeForward() = 0;
     /// Says something for a while that needs no answer.
     virtual void Say(const QString& what) = 0;
     virtual void Leave() = 0;

@@ -8,6 +8,7 @@
 #include "shell/commands/CPeriodButton.h"
 #include "shell/controls/CCalendarPopup.h"
 #include "shell/frame/CEventPump.h"
+#include "shell/frame/CFrameTray.h"
 #include "shell/frame/CPanes.h"
 #include "shell/frame/CProgressBox.h"
 #include "shell/frame/CReportScreen.h"
@@ -165,6 +166,9 @@ void CMainFrame::MakeCommands() {
     m_commands = std::make_unique<CFrameCommands>(MakeFrameContext());
     m_screen = std::make_unique<CReportScreen>(
         CReportScreen::Parts{*m_panes, m_actions->Bars(), *m_status, m_context.hub});
+    if (!QSystemTrayIcon::isSystemTrayAvailable()) return;
+    m_tray = std::make_unique<CFrameTray>(CFrameTray::Parts{
+        *this, m_commands->Work(), m_context.app.Settings(), [this] { return m_status->HoursToday(); }});
 }
 
 FrameContext CMainFrame::MakeFrameContext() {
@@ -532,9 +536,18 @@ void CMainFrame::PickDay() {
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event) {
+    if (m_tray && m_tray->TakeWindow()) return event->ignore();
     // A load that is still running ends after its present record.
     m_context.pump.AskToQuit();
     event->accept();
+}
+
+/// A hidden window is no last one to close, so the program is told.
+void CMainFrame::Leave() {
+    const bool wasHidden = isHidden();
+    if (m_tray) m_tray->LetGo();
+    close();
+    if (wasHidden) QApplication::quit();
 }
 
 void CMainFrame::changeEvent(QEvent* event) {

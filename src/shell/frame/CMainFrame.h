@@ -16,6 +16,7 @@ class CDataTreeView;
 class CEmptyNote;
 class CEventPump;
 class CConditionStrip;
+class CFrameTray;
 class CListFindBar;
 class CPanes;
 class CProgressBox;
@@ -56,7 +57,8 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     void Refresh() override;
     /// At the end: timers, layout and period are kept. Before the settings are closed.
     void PersistEverything();
-    void ComeForward();
+    void ComeForward() override;
+    void Leave() override;
     void SwitchMode(RecordMode mode) override;
     [[nodiscard]] bool IsBusy() const { return m_busy > 0; }
 
@@ -108,7 +110,6 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     void ShowReport() override;
     void CloseReport() override;
     void Say(const QString& what) override;
-    void Leave() override { close(); }
 
     Context m_context;
     QTimer m_toPersist;  ///< runs while layout, period or order may have changed and aren't kept yet
@@ -133,4 +134,5 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
     std::unique_ptr<CProgressBox> m_progress;
     std::unique_ptr<CReportScreen> m_screen;
     std::unique_ptr<CFrameCommands> m_commands;
+    std::unique_ptr<CFrameTray> m_tray;  ///< null where the desktop has no notification area
 };

@@ -197,6 +197,10 @@ void CStatusBar::ShowSumsOf(const StatusSums& sums, bool isSelection) {
         ShowPicture(*m_sumsPicture, isSelection ? Glyph::SumOfSelection : Glyph::SumOfList);
 }
 
+QString CStatusBar::HoursToday() const {
+    return HoursText(m_worked.Today(), m_document.GetSettings());
+}
+
 /// Expenses have no hours.
 void CStatusBar::ShowWorked() {
     const bool isTime = theRecordMode == RecordMode::Time;

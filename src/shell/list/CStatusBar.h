@@ -28,6 +28,8 @@ class CStatusBar final : public QStatusBar, public CViewListener {
     CStatusBar(CVelmarchDoc& document, Selection selection, QWidget* parent = nullptr);
 
     void OnHint(Hint hint, const QStringList& ids) override;
+    /// The hours worked today, as a text; of the time records in memory.
+    [[nodiscard]] QString HoursToday() const;
 
  protected:
     void changeEvent(QEvent* event) override;

@@ -35,6 +35,7 @@ constexpr OptionRow kRows[] = {
     {1, Choice, Text::OptListGroups, "listGroups", kListGroupings},
     {1, Check, Text::OptShowDayWeek, "showDayWeekNumbers", {}},
     {1, Check, Text::OptShowDialog, "dialogOnQuickEntry", {}},
+    {1, Check, Text::OptCloseToTray, "closeToTray", {}},
     {0, Group, Text::OptPersistence, nullptr, {}},
     {1, Group, Text::OptTimeItems, nullptr, {}},
     Named(FieldId::TimeItem1, "keepTimeList109"),

@@ -26,7 +26,7 @@ void COutsideControl::Raise() {
 
 void COutsideControl::Leave() {
     if (m_frame)
-        m_frame->close();
+        m_frame->Leave();
     else if (QWidget* box = QApplication::activeModalWidget())
         box->close();
 }

@@ -292,7 +292,7 @@ std::optional<int> CWindowProgram::RunFrame(const Opened& opened) {
     QTimer::singleShot(0, frame.get(), [&] {
         frame->Refresh();
         isDamageMet = !isDamageKnown && app.IsStoreFoundDamaged();
-        if (isDamageMet) return QApplication::quit();
+        if (isDamageMet) return QApplication::exit();
         TellLoss(app, timers, prompt);
         if (!isHeard) TellUnheard(prompt, host.Error());
         OfferPausedTimers(timers, app.Document(), prompt);

@@ -48,6 +48,7 @@ class NotedControl final : public CFrameControl {
     void ShowReport() override { asked << QStringLiteral("report"); }
     void CloseReport() override { asked << QStringLiteral("close report"); }
     void Say(const QString& what) override { said << what; }
+    void ComeForward() override { asked << QStringLiteral("forward"); }
     void Leave() override { asked << QStringLiteral("leave"); }
 
     QMainWindow window;

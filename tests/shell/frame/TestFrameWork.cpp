@@ -1,6 +1,7 @@
 #include "shell/frame/CFrameWork.h"
 
 #include "lang/LoadText.h"
+#include "shell/frame/CFrameTray.h"
 #include "shell/frame/FrameCommandsHome.h"
 #include "shell/frame/FrameHome.h"
 #include "shell/work/CRecentMenu.h"
@@ -234,6 +235,36 @@ class TestFrameWork final : public QObject {
         window.frame->Refresh();
         window.frame->RunCommand(Command::kWorkLine);
         QVERIFY(window.Find<QToolBar>("workPlace")->isVisible());
+    }
+
+    void closingKeepsTheWindowWhereThatIsSet() {
+        Fixture fixture;
+        fixture.control.window.show();
+        CFrameTray tray(
+            {fixture.control, fixture.commands->Work(), *fixture.home.settings, [] { return u"1:00 h"_s; }});
+        QVERIFY(!tray.TakeWindow());
+        fixture.home.settings->closeToTray = true;
+        // Where there is no notification area nobody could bring the window back.
+        tray.Icon().SetShown(false);
+        QVERIFY(!tray.TakeWindow());
+        tray.Icon().SetShown(true);
+        QVERIFY(tray.TakeWindow());
+        QVERIFY(!fixture.control.window.isVisible());
+        QVERIFY(!QApplication::quitOnLastWindowClosed());
+        Q_EMIT tray.Icon().WindowWanted();
+        QVERIFY(QApplication::quitOnLastWindowClosed());
+        QCOMPARE(fixture.control.asked.last(), u"forward"_s);
+        tray.LetGo();
+        QVERIFY(!tray.TakeWindow());
+    }
+
+    void startFromTheIconBringsTheWindow() {
+        Fixture fixture;
+        CFrameTray tray(
+            {fixture.control, fixture.commands->Work(), *fixture.home.settings, [] { return u"1:00 h"_s; }});
+        Q_EMIT tray.Icon().CommandWanted(Command::kWorkLine);
+        QCOMPARE(fixture.control.asked.last(), u"forward"_s);
+        QCOMPARE(fixture.control.ran, QList<int>{Command::kWorkLine});
     }
 
     void theTreeTakesOverTheTermsOfTheClient() {
