@@ -3,6 +3,7 @@
 #include "config/CCfgBool.h"
 #include "config/CCfgColour.h"
 #include "config/CCfgInt.h"
+#include "config/CEntryJournal.h"
 #include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
 
@@ -475,22 +476,57 @@ bool CCfgStore::HasEntry(const QString& prefix, const QString& entry) {
 bool CCfgStore::WriteEntry(const QString& prefix, const QString& entry, const QByteArray& data) {
     const QString& value = LoadText(Text::ValueEntry);
     if (!HasFittingSize(value, data.size())) return false;
-    const bool done = m_tree.Change([&] { return WriteSubBinary(prefix, entry, value, data, false); });
+    const bool done = m_tree.Change([&] {
+        NoteEntry(prefix, entry);
+        return WriteSubBinary(prefix, entry, value, data, false);
+    });
     if (!done)
         Tell(Text::ValueWriteFailed, FormatText<Text::ValueWriteFailed>(m_basePath, value),
              Text::WriteSettingTitle);
     return done;
 }
 
-std::optional<EntryContent> CCfgStore::ReadEntryContent(const QString& prefix, const QString& entry) {
+CSettingsKey CCfgStore::FindKey(const QString& prefix, const QString& entry) {
     const CSettingsKey parent = m_openKey.IsOpen() ? m_tree.OpenKey(m_openKey, prefix) : CSettingsKey();
-    const CSettingsKey key = parent.IsOpen() ? m_tree.OpenKey(parent, entry) : CSettingsKey();
+    return parent.IsOpen() ? m_tree.OpenKey(parent, entry) : CSettingsKey();
+}
+
+void CCfgStore::NoteEntry(const QString& prefix, const QString& entry) {
+    if (m_entryJournal) m_entryJournal->NoteEntry(prefix, entry);
+}
+
+std::optional<StoredEntry> CCfgStore::FindEntry(const QString& prefix, const QString& entry) {
+    const CSettingsKey key = FindKey(prefix, entry);
     auto values = key.IsOpen() ? m_tree.ReadValues(key) : std::nullopt;
-    return values ? std::optional(EntryContent(std::move(*values))) : std::nullopt;
+    if (!values) return std::nullopt;
+    return StoredEntry{EntryContent(std::move(*values)), key.Place()};
+}
+
+std::optional<EntryContent> CCfgStore::ReadEntryContent(const QString& prefix, const QString& entry) {
+    auto stored = FindEntry(prefix, entry);
+    return stored ? std::optional(std::move(stored->content)) : std::nullopt;
+}
+
+bool CCfgStore::PutEntryBack(const QString& prefix, const QString& entry, const StoredEntry& former) {
+    if (!m_openKey.IsOpen()) return false;
+    return m_tree.Change([&] {
+        NoteEntry(prefix, entry);
+        const CSettingsKey parent = m_tree.CreateKey(m_openKey, prefix);
+        CSettingsKey key = m_tree.OpenKey(parent, entry);
+        if (!key.IsOpen()) key = m_tree.MakeKeyAgain(parent, entry, former.place);
+        const auto present = key.IsOpen() ? m_tree.ReadValues(key) : std::nullopt;
+        return present &&
+               std::ranges::all_of(*present,
+                                   [&](const auto& value) { return m_tree.DeleteValue(key, value.first); }) &&
+               std::ranges::all_of(former.content.Values(), [&](const auto& value) {
+                   return m_tree.WriteValue(key, value.first, value.second);
+               });
+    });
 }
 
 bool CCfgStore::WriteEntryContent(const QString& prefix, const QString& entry, const EntryContent& content) {
     return m_tree.Change([&] {
+        NoteEntry(prefix, entry);
         const OpenKeySwap swap(*this, prefix, entry);
         return std::ranges::all_of(
             content.Values(), [this](const auto& value) { return Write(value.first, value.second, false); });
@@ -499,7 +535,10 @@ bool CCfgStore::WriteEntryContent(const QString& prefix, const QString& entry, c
 
 bool CCfgStore::DeleteEntry(const QString& prefix, const QString& entry) {
     const CSettingsKey parent = m_openKey.IsOpen() ? m_tree.OpenKey(m_openKey, prefix) : CSettingsKey();
-    return parent.IsOpen() && m_tree.DeleteKey(parent, entry);
+    return parent.IsOpen() && m_tree.Change([&] {
+        NoteEntry(prefix, entry);
+        return m_tree.DeleteKey(parent, entry);
+    });
 }
 
 /// One change of the tree, so that no failure between the delete and the write can lose the entry; what went
@@ -512,6 +551,7 @@ bool CCfgStore::RenameEntry(const QString& prefix, const QString& oldName, const
     bool isDeleted = false;
     const bool done = m_tree.Change([&] {
         isDeleted = DeleteEntry(prefix, oldName);
+        NoteEntry(prefix, newName);
         return isDeleted && WriteSubBinary(prefix, newName, value, content, false);
     });
     if (!done && isDeleted)

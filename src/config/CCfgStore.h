@@ -23,6 +23,7 @@
 #include <span>
 #include <vector>
 
+class CEntryJournal;
 class CPrompt;
 
 /// The settings object: holds the settings, both sets of columns and the list font and moves them between
@@ -112,6 +113,13 @@ class CCfgStore : public Settings, public CPrecisionSource {
     /// Writes the values in their order, as one change: all of them or, on failure, none.
     [[nodiscard]] bool WriteEntryContent(const QString& prefix, const QString& entry,
                                          const EntryContent& content);
+    /// The same with the place of the entry.
+    [[nodiscard]] std::optional<StoredEntry> FindEntry(const QString& prefix, const QString& entry);
+    /// Makes an entry what it was, at its place where there is none now: all of it or nothing.
+    [[nodiscard]] bool PutEntryBack(const QString& prefix, const QString& entry, const StoredEntry& former);
+    /// Who hears of entries that change; null: nobody. Must outlive this, or be taken away before.
+    void SetEntryJournal(CEntryJournal* journal) { m_entryJournal = journal; }
+    [[nodiscard]] CEntryJournal* EntryJournal() const { return m_entryJournal; }
     /// Why a value of this size can't be written; empty when it can.
     [[nodiscard]] QString SizeProblem(const QString& name, qsizetype size) const;
     /// Whether a value of this size can be written; the user is shown why not.
@@ -158,6 +166,8 @@ class CCfgStore : public Settings, public CPrecisionSource {
     template <class T>
     bool ReadAs(const QString& name, T& out, bool report);
     bool Write(const QString& name, const SettingsValue& value, bool report);
+    [[nodiscard]] CSettingsKey FindKey(const QString& prefix, const QString& entry);
+    void NoteEntry(const QString& prefix, const QString& entry);
 
     CSettingsTree& m_tree;
     CProfile& m_profile;
@@ -173,4 +183,5 @@ class CCfgStore : public Settings, public CPrecisionSource {
     QString m_basePath;
     CSettingsKey m_openKey;
     bool m_saveAtEnd = true;
+    CEntryJournal* m_entryJournal = nullptr;
 };

@@ -3,8 +3,6 @@
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
 
-#include <QJsonArray>
-
 namespace {
 
 constexpr QLatin1String kKey("key");
@@ -14,6 +12,7 @@ constexpr QLatin1String kValues("values");
 constexpr QLatin1String kName("name");
 constexpr QLatin1String kText("text");
 constexpr QLatin1String kBytes("bytes");
+constexpr QLatin1String kNumber("number");
 
 qsizetype SizeOf(const SettingsValue& value) {
     if (const auto* text = std::get_if<QString>(&value)) return text->size();
@@ -30,6 +29,7 @@ QString ValueProblem(const EntryContent& content, const CCfgStore& settings) {
 
 QJsonObject ToJson(const EntryContent::Value& value) {
     QJsonObject json{{kName, value.first}};
+    if (const auto* number = std::get_if<std::int32_t>(&value.second)) json.insert(kNumber, *number);
     if (const auto* text = std::get_if<QString>(&value.second)) json.insert(kText, *text);
     if (const auto* bytes = std::get_if<QByteArray>(&value.second))
         json.insert(kBytes, QString::fromLatin1(bytes->toBase64()));
@@ -38,6 +38,7 @@ QJsonObject ToJson(const EntryContent::Value& value) {
 
 std::optional<SettingsValue> ValueOf(const QJsonObject& json) {
     if (json.value(kText).isString()) return json.value(kText).toString();
+    if (json.value(kNumber).isDouble()) return json.value(kNumber).toInt();
     if (!json.value(kBytes).isString()) return std::nullopt;
     return QByteArray::fromBase64(json.value(kBytes).toString().toLatin1());
 }
@@ -49,10 +50,25 @@ bool Change(const EntryRequest& request, CCfgStore& settings) {
 
 }  // namespace
 
-QJsonObject EntryRequest::ToJson() const {
+QJsonArray ToJson(const EntryContent& content) {
     QJsonArray array;
-    for (const EntryContent::Value& value : values.Values()) array.append(::ToJson(value));
-    return {{kKey, key}, {kEntry, entry}, {kFormer, former}, {kValues, array}};
+    for (const EntryContent::Value& value : content.Values()) array.append(ToJson(value));
+    return array;
+}
+
+std::optional<EntryContent> ContentOf(const QJsonArray& values) {
+    EntryContent content;
+    for (const QJsonValue one : values) {
+        const QString name = one.toObject().value(kName).toString();
+        const auto value = ValueOf(one.toObject());
+        if (name.isEmpty() || !value) return std::nullopt;
+        content.Add(name, *value);
+    }
+    return content;
+}
+
+QJsonObject EntryRequest::ToJson() const {
+    return {{kKey, key}, {kEntry, entry}, {kFormer, former}, {kValues, ::ToJson(values)}};
 }
 
 bool EntryRequest::IsIn(const QJsonObject& json) {
@@ -64,13 +80,10 @@ std::optional<EntryRequest> EntryRequest::FromJson(const QJsonObject& json) {
                          .entry = json.value(kEntry).toString(),
                          .former = json.value(kFormer).toString()};
     const QJsonArray values = json.value(kValues).toArray();
-    if (request.key.isEmpty() || (request.entry.isEmpty() && !values.isEmpty())) return std::nullopt;
-    for (const QJsonValue one : values) {
-        const QString name = one.toObject().value(kName).toString();
-        const auto value = ValueOf(one.toObject());
-        if (name.isEmpty() || !value) return std::nullopt;
-        request.values.Add(name, *value);
-    }
+    auto content = ContentOf(values);
+    if (request.key.isEmpty() || (request.entry.isEmpty() && !values.isEmpty()) || !content)
+        return std::nullopt;
+    request.values = std::move(*content);
     return request;
 }
 

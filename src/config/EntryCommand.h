@@ -3,12 +3,14 @@
 #include "config/EntryContent.h"
 #include "platform/instance/InstanceMessage.h"
 
+#include <QJsonArray>
 #include <optional>
 
 class CCfgStore;
 
 /// A change of an entry below the base key as it travels between console and window: {"key": K, "entry": E,
-/// "former": F, "values": [{"name": N, "text": T}, {"name": N, "bytes": in base 64}]}. The former entry goes
+/// "former": F, "values": [{"name": N, "text": T}, {"name": N, "bytes": in base 64}]}; a whole
+/// number, which none of ours is, would be {"name": N, "number": I}. The former entry goes
 /// and the values are written, where one is named: both or neither.
 struct EntryRequest {
     QString key;
@@ -22,6 +24,11 @@ struct EntryRequest {
     /// Nothing for one that can't be read.
     [[nodiscard]] static std::optional<EntryRequest> FromJson(const QJsonObject& json);
 };
+
+/// The values of an entry as they stand there.
+[[nodiscard]] QJsonArray ToJson(const EntryContent& content);
+/// Nothing for one that can't be read.
+[[nodiscard]] std::optional<EntryContent> ContentOf(const QJsonArray& values);
 
 /// Carries it out, the same in console and window. A former entry that isn't there is refused as not found;
 /// values that are empty or too large, before anything is changed.

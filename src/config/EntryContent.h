@@ -2,10 +2,12 @@
 
 #include "platform/settings/SettingsValue.h"
 
+#include <cstdint>
 #include <utility>
 #include <vector>
 
-/// The values of one entry of the settings, in the order in which they are written.
+/// The values of one entry of the settings, in the order in which they are written or, as they are read, in
+/// that of their names.
 class EntryContent {
  public:
     using Value = std::pair<QString, SettingsValue>;
@@ -33,4 +35,10 @@ class EntryContent {
     }
 
     std::vector<Value> m_values;
+};
+
+/// An entry as it stands in the settings.
+struct StoredEntry {
+    EntryContent content;
+    std::int64_t place = 0;  ///< in the order of making
 };

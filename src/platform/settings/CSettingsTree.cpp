@@ -254,6 +254,17 @@ CSettingsKey CSettingsTree::CreateKey(const CSettingsKey& parent, const QString&
     return key;
 }
 
+CSettingsKey CSettingsTree::MakeKeyAgain(const CSettingsKey& parent, const QString& name,
+                                         std::int64_t place) {
+    const bool made = Change([&] {
+        sqlite3_stmt* statement = Statement(
+            "INSERT INTO keys(id, parent, name) SELECT ?3, id, ?2 FROM keys WHERE id = ?1", parent, name);
+        if (statement != nullptr) sqlite3_bind_int64(statement, 3, place);
+        return Run(statement);
+    });
+    return made ? CSettingsKey(this, place) : CSettingsKey();
+}
+
 CSettingsKey CSettingsTree::OpenKey(const CSettingsKey& parent, const QString& name) {
     sqlite3_stmt* statement = Statement("SELECT id FROM keys WHERE parent = ?1 AND name = ?2", parent, name);
     if (statement == nullptr) return {};

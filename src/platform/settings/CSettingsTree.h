@@ -23,6 +23,8 @@ class CSettingsKey {
  public:
     CSettingsKey() = default;
     [[nodiscard]] bool IsOpen() const { return m_tree != nullptr; }
+    /// Its place in the order of making; never another key's.
+    [[nodiscard]] std::int64_t Place() const { return m_row; }
 
  private:
     friend class CSettingsTree;
@@ -67,6 +69,9 @@ class CSettingsTree {
     /// Opens a child, creating it when absent; tells whether it created it. A key that isn't open on failure.
     [[nodiscard]] CSettingsKey CreateKey(const CSettingsKey& parent, const QString& name,
                                          Created* created = nullptr);
+    /// Makes a child again that was deleted, at the place that it had: no other key gets it meanwhile.
+    [[nodiscard]] CSettingsKey MakeKeyAgain(const CSettingsKey& parent, const QString& name,
+                                            std::int64_t place);
     /// Opens a child that exists; a key that isn't open when it is absent.
     [[nodiscard]] CSettingsKey OpenKey(const CSettingsKey& parent, const QString& name);
     /// Deletes a child with all below it. False also when there is none.
