@@ -131,6 +131,7 @@ _velmarch_cli() {
             [[ $word == -* ]] || { mapfile -t COMPREPLY < <(compgen -f -- "$word"); return; } ;;
         'backup '* | 'verify '* | 'restore '*) mapfile -t COMPREPLY < <(compgen -f -- "$word"); return ;;
         'history ') choices="--limit $global" ;;
+        'undo ' | 'redo ') choices="--skip $global" ;;
         'demo fill') choices="--seed $global" ;;
         *) choices=$global ;;
     esac

@@ -331,10 +331,17 @@ bool CPulldownCatalogue::SetNames(const std::map<int, QString>& names) {
     return true;
 }
 
+/// Of a single field: its name as it was, and the new one.
+QStringList CPulldownCatalogue::NamesOfChange(const std::map<int, QString>& names) const {
+    if (names.size() != 1) return {};
+    const auto& [field, name] = *names.begin();
+    return {m_labels.GetLabel(field), name.isEmpty() ? FieldLabels::Default(field) : name};
+}
+
 bool CPulldownCatalogue::StoreNames(const std::map<int, QString>& names,
                                     std::vector<std::unique_ptr<CPRecord>>& items) {
     const QString table = m_store.TableName(RecordKind::PulldownItem);
-    const NamedChange named(m_store, ChangeKind::Labels);
+    const NamedChange named(m_store, ChangeKind::Labels, NamesOfChange(names));
     StoreTransaction change(m_store);
     if (!change.IsOpen()) return false;
     for (const auto& [list, text] : names) {

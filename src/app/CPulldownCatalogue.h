@@ -160,6 +160,7 @@ class CPulldownCatalogue {
     [[nodiscard]] Renaming StoreRenamed(int list, const QString& oldText, const QString& newText);
     [[nodiscard]] bool StoreValue(const CPRecord& item, const CPRecord& value);
     [[nodiscard]] bool TreesAreKnown();
+    [[nodiscard]] QStringList NamesOfChange(const std::map<int, QString>& names) const;
     [[nodiscard]] bool StoreNames(const std::map<int, QString>& names,
                                   std::vector<std::unique_ptr<CPRecord>>& items);
     [[nodiscard]] Deleted DeleteStored(const std::function<bool()>& deleteRows,

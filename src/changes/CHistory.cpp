@@ -5,126 +5,104 @@
 #include "changes/HistoryTables.h"
 #include "lang/FormatText.h"
 #include "platform/host/CClock.h"
-#include "records/RowReverter.h"
 
 #include <algorithm>
-#include <utility>
+#include <functional>
 
 namespace {
 
-QString TimeText(const SYSTEMTIME& time) {
-    return QString::asprintf("%04d-%02d-%02dT%02d:%02d:%02d", time.wYear, time.wMonth, time.wDay, time.wHour,
-                             time.wMinute, time.wSecond);
+RowOp TimerOp(RowEvent event, const QString& recordId, const QByteArray& image) {
+    return {.event = event,
+            .table = static_cast<int>(HistoryTable::Timer),
+            .key = recordId.toUtf8(),
+            .before = image};
 }
 
 }  // namespace
 
-CHistory::CHistory(const QString& home, const CClock& clock)
-    : m_clock(clock), m_file(HistoryPath(home)), m_capture(HistoryTables()) {}
+CHistory::CHistory(const QString& home, const CClock& clock, CCfgStore& settings)
+    : m_clock(clock),
+      m_file(HistoryPath(home)),
+      m_capture(CapturedTables()),
+      m_writer(m_file, m_notice, CHistoryWriter::File::Store),
+      m_entries(settings, m_file, m_notice, clock) {}
 
 // --- Writing down what a transaction changes
+
+void CHistory::SetKind(ChangeKind kind, const QStringList& names) {
+    m_kind = kind;
+    m_names = names;
+    m_timers.Clear();
+}
+
+void CHistory::NoteTimer(const QString& recordId, const QByteArray& image) {
+    m_timers.Append(TimerOp(RowEvent::Deleted, recordId, image));
+}
+
+void CHistory::NoteTimerBack(const QString& recordId, const QByteArray& image) {
+    m_timers.Append(TimerOp(RowEvent::Added, recordId, image));
+}
 
 /// Rows that another program, or this one, left behind are settled while nobody changes the records: what
 /// they say is compared with these.
 void CHistory::OnBegin(CSqliteFile& file) {
     m_capture.Clear();
-    m_written.reset();
-    m_true.clear();
-    m_untrue.clear();
-    if (!m_file.Open(CHistoryFile::Missing::Leave)) return TellKeptAside();
-    const auto rows = m_file.UnsureRows();
-    if (!rows) return;
-    for (const HistoryRow& row : *rows) {
-        const RowReverter::End end = Compare(row, file);
-        if (end == RowReverter::End::Done) m_true.push_back(row);
-        if (end == RowReverter::End::Touched) m_untrue.push_back(row.row);
-    }
+    m_writer.Begin([&](const HistoryRow& row) { return Compare(row, file); });
 }
 
 /// Whether the last row that it changed is as it left it: a transaction is there as a whole or not at all.
 RowReverter::End CHistory::Compare(const HistoryRow& row, CSqliteFile& file) const {
-    if (row.row == m_lastTrue) return RowReverter::End::Done;
+    if (IsOfSettings(row)) return m_entries.Compare(row);
+    if (m_writer.IsTrue(row)) return RowReverter::End::Done;
     return RowReverter(file, HistoryTables()).Check(row.last);
 }
 
 HistoryRow CHistory::RowOf() const {
-    const CountedChange change = DescribeChange(m_kind, m_capture);
-    return {.time = TimeText(m_clock.GetLocalTime()),
-            .kind = change.kind,
-            .count = change.count,
-            .state = m_capture.IsTooLarge() ? ChangeState::TooLarge : ChangeState::Done,
-            .last = m_capture.Last()};
+    HistoryRow row = DescribeChange(m_kind, m_names, m_capture);
+    row.time = HistoryTime(m_clock.GetLocalTime());
+    row.state = m_capture.IsTooLarge() ? ChangeState::TooLarge : ChangeState::Done;
+    row.last = m_capture.Last();
+    return row;
 }
 
 void CHistory::OnCommit(CSqliteFile&) {
     m_capture.Finish();
-    if (m_capture.IsEmpty() || m_written) return;
+    if (m_capture.IsEmpty() || m_writer.HasWritten()) return;
     HistoryRow row = RowOf();
-    const bool isWritten = !m_capture.IsUnsure() && Write(row);
-    if (isWritten)
-        m_written = row;
-    else if (!std::exchange(m_isFailureTold, true))
-        m_notice = FormatText<Text::HistoryNotWritten>(m_file.Error());
-    m_isFailureTold = m_isFailureTold && !isWritten;
-    if (isWritten && row.state == ChangeState::TooLarge)
-        m_notice = FormatText<Text::HistoryChangeTooLarge>(kMegabytes);
+    if (m_capture.IsUnsure() || !Write(row))
+        return m_notice.PutFailure(FormatText<Text::HistoryNotWritten>(m_file.Error()));
+    m_notice.NoteSuccess();
+    if (row.state == ChangeState::TooLarge) m_notice.Put(FormatText<Text::HistoryChangeTooLarge>(kMegabytes));
 }
 
-/// What isn't true is taken out at once where that can be done, and else by whoever changes something next.
 void CHistory::OnEnd(bool isDurable) {
     m_capture.Clear();
-    if (!m_written) return;
-    ++m_edition;
-    if (isDurable)
-        m_lastTrue = m_written->row;
-    else if (!(m_file.Begin() && m_file.Drop(m_written->row) && m_file.Commit()))
-        m_file.Rollback();
-    if (!isDurable) m_notice.clear();
-    m_written.reset();
+    m_timers.Clear();
+    m_writer.End(isDurable);
 }
 
-/// A file that turns out to be damaged is put aside, and the change is the first one of the next.
+/// The timers stand behind the rows, whose changes are taken back first of all where they are.
 bool CHistory::Write(HistoryRow& row) {
-    if (WriteOnce(row)) return true;
-    if (!m_file.IsDamaged()) return false;
-    m_true.clear();
-    m_untrue.clear();
-    return WriteOnce(row);
-}
-
-bool CHistory::WriteOnce(HistoryRow& row) {
-    const bool isOpen = m_file.Open(CHistoryFile::Missing::Make);
-    TellKeptAside();
-    if (!isOpen || !m_file.Begin()) return false;
-    if (WriteSettled() && m_file.Insert(row, m_capture.Log().Parts()) && m_file.Commit()) return true;
-    m_file.Rollback();
-    return false;
-}
-
-bool CHistory::WriteSettled() {
-    return std::ranges::all_of(m_untrue, [this](std::int64_t row) { return m_file.Drop(row); }) &&
-           std::ranges::all_of(m_true, [this](const HistoryRow& row) { return m_file.MakeSure(row); });
-}
-
-void CHistory::TellKeptAside() {
-    const QString aside = m_file.TakeKeptAside();
-    if (!aside.isEmpty()) m_notice = FormatText<Text::HistoryKeptAside>(aside);
+    std::vector<QByteArray> parts = m_capture.Log().Parts();
+    if (!m_capture.IsTooLarge()) parts.insert(parts.end(), m_timers.Parts().begin(), m_timers.Parts().end());
+    return m_writer.Write(row, parts);
 }
 
 // --- What can be undone
 
 std::int64_t CHistory::Edition() {
-    return m_file.Open(CHistoryFile::Missing::Leave) ? m_edition + (m_file.Version() << 20) : m_edition;
+    const std::int64_t own = m_writer.Edition() + m_entries.Edition();
+    return m_file.Open(CHistoryFile::Missing::Leave) ? own + (m_file.Version() << 20) : own;
 }
 
 std::optional<std::vector<HistoryRow>> CHistory::Changes(CSqliteFile& file) {
     std::vector<HistoryRow> changes;
     const bool isOpen = m_file.Open(CHistoryFile::Missing::Leave);
-    TellKeptAside();
+    m_writer.TellKeptAside();
     if (!isOpen) return m_file.Error().isEmpty() ? std::optional(changes) : std::nullopt;
     auto rows = m_file.Rows();
     if (!rows && m_file.Open(CHistoryFile::Missing::Make)) {
-        TellKeptAside();
+        m_writer.TellKeptAside();
         rows = m_file.Rows();
     }
     if (!rows) return std::nullopt;
@@ -147,28 +125,18 @@ void CHistory::Take(std::vector<HistoryRow>& changes, const HistoryRow& row) {
     if (!isGone) changes.push_back(row);
 }
 
-/// They are undone from the newest on, and done again in the order in which they were made.
-const HistoryRow* CHistory::Next(const std::vector<HistoryRow>& changes, Way way) {
-    if (way == Way::Undo) {
-        const auto done = std::ranges::find_if(changes, &HistoryRow::IsDone);
-        return done == changes.end() ? nullptr : &*done;
-    }
-    const auto undone = std::find_if(changes.rbegin(), changes.rend(),
-                                     [](const HistoryRow& row) { return row.state == ChangeState::Undone; });
-    return undone == changes.rend() ? nullptr : &*undone;
-}
-
 bool CHistory::NoteWay(const HistoryRow& change, Way way) {
     m_capture.Finish();
     if (m_capture.IsEmpty() || m_capture.IsUnsure()) return false;
     HistoryRow row = change;
     row.last = m_capture.Last();
-    if (way == Way::Undo)
-        row.state = m_capture.IsTooLarge() ? ChangeState::Gone : ChangeState::Undone;
-    else
-        row.state = m_capture.IsTooLarge() ? ChangeState::TooLarge : ChangeState::Done;
+    row.state = StateAfter(way, m_capture.IsTooLarge());
     if (!Write(row)) return false;
-    m_written = row;
-    if (row.state == ChangeState::Gone) m_notice = FormatText<Text::HistoryLarge>(kMegabytes);
+    if (row.state == ChangeState::Gone) m_notice.Put(FormatText<Text::HistoryLarge>(kMegabytes));
     return true;
+}
+
+ChangeState StateAfter(CHistory::Way way, bool isTooLarge) {
+    if (way == CHistory::Way::Undo) return isTooLarge ? ChangeState::Gone : ChangeState::Undone;
+    return isTooLarge ? ChangeState::TooLarge : ChangeState::Done;
 }

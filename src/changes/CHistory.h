@@ -1,51 +1,60 @@
 #pragma once
 
+#include "changes/CEntryHistory.h"
+#include "changes/CHistoryNotice.h"
+#include "changes/CHistoryWriter.h"
 #include "records/CHistoryFile.h"
 #include "records/CStoreJournal.h"
 #include "records/RowCapture.h"
 #include "records/RowReverter.h"
 
 #include <QString>
+#include <QStringList>
 #include <cstdint>
 #include <optional>
-#include <utility>
 #include <vector>
 
+class CCfgStore;
 class CClock;
 class CSqliteFile;
 
 /// The changes that can be undone. What a transaction of the store changes is written down just before it
 /// becomes durable, and counts once it did: a row of the history that a program left behind in between is
-/// compared with the store. See docs/history.md.
+/// compared with the store. Changes of the settings are beside them (Entries). See docs/history.md.
 class CHistory final : public CStoreJournal, public CRowListener {
  public:
     /// What is kept of one change at most, as it is said to the user.
     static constexpr int kMegabytes = static_cast<int>(RowCapture::kMostBytes >> 20);
 
     /// home: the folder of the records. The history is opened with the first change.
-    CHistory(const QString& home, const CClock& clock);
+    CHistory(const QString& home, const CClock& clock, CCfgStore& settings);
 
     [[nodiscard]] CRowListener& Rows() override { return *this; }
-    void SetKind(ChangeKind kind) override { m_kind = kind; }
+    void SetKind(ChangeKind kind, const QStringList& names) override;
     [[nodiscard]] ChangeKind Kind() const override { return m_kind; }
-    [[nodiscard]] QString TakeNotice() override { return std::exchange(m_notice, {}); }
+    void NoteTimer(const QString& recordId, const QByteArray& image) override;
+    [[nodiscard]] QString TakeNotice() override { return m_notice.Take(); }
 
     void OnBegin(CSqliteFile& file) override;
     void OnRow(const CChangedRow& row) override { m_capture.Note(row); }
     void OnCommit(CSqliteFile& file) override;
     void OnEnd(bool isDurable) override;
 
+    /// Changes of what the settings hold under names.
+    [[nodiscard]] CEntryHistory& Entries() { return m_entries; }
+
     /// Which way through the history.
     enum class Way { Undo, Redo };
+    [[nodiscard]] static Way Opposite(Way way) { return way == Way::Undo ? Way::Redo : Way::Undo; }
     /// The changes that can be undone or done again, the newest first. Nothing when the history can't be
     /// read; Error() says why. file: that of the records.
     [[nodiscard]] std::optional<std::vector<HistoryRow>> Changes(CSqliteFile& file);
-    /// The change that is next, of those.
-    [[nodiscard]] static const HistoryRow* Next(const std::vector<HistoryRow>& changes, Way way);
     /// The rows that it takes to go that way, in blocks; nothing when they can't be read.
     [[nodiscard]] std::optional<std::vector<QByteArray>> Parts(const HistoryRow& row) {
         return m_file.Parts(row.row);
     }
+    /// A timer that comes back with the change which is undone goes again when that is done again.
+    void NoteTimerBack(const QString& recordId, const QByteArray& image);
     /// Within the transaction that takes a change back, or makes it again, once all its rows are as they
     /// were: writes that down instead of a new change. False when it can't be, and the transaction is not to
     /// be committed.
@@ -57,21 +66,19 @@ class CHistory final : public CStoreJournal, public CRowListener {
  private:
     [[nodiscard]] RowReverter::End Compare(const HistoryRow& row, CSqliteFile& file) const;
     [[nodiscard]] bool Write(HistoryRow& row);
-    [[nodiscard]] bool WriteOnce(HistoryRow& row);
-    [[nodiscard]] bool WriteSettled();
     [[nodiscard]] HistoryRow RowOf() const;
-    void TellKeptAside();
     static void Take(std::vector<HistoryRow>& changes, const HistoryRow& row);
 
     const CClock& m_clock;
     CHistoryFile m_file;
+    CHistoryNotice m_notice;
     RowCapture m_capture;
+    CHistoryWriter m_writer;
+    CEntryHistory m_entries;
     ChangeKind m_kind = ChangeKind::Other;
-    QString m_notice;
-    bool m_isFailureTold = false;
-    std::optional<HistoryRow> m_written;  ///< of the transaction that is about to end
-    std::int64_t m_lastTrue = 0;          ///< the row whose transaction this program saw end well
-    std::vector<HistoryRow> m_true;       ///< rows that came true, which isn't written yet
-    std::vector<std::int64_t> m_untrue;   ///< and those that didn't
-    std::int64_t m_edition = 0;
+    QStringList m_names;
+    RowLog m_timers;  ///< that go or come back with the next transaction
 };
+
+/// What a change becomes that goes a way: undone or done, or too large to come back.
+[[nodiscard]] ChangeState StateAfter(CHistory::Way way, bool isTooLarge);

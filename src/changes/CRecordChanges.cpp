@@ -3,6 +3,7 @@
 #include "app/CPulldownCatalogue.h"
 #include "app/CVelmarchDoc.h"
 #include "app/ListTable.h"
+#include "changes/CItemCarrier.h"
 #include "changes/CProgress.h"
 #include "changes/CTimersOfRecords.h"
 #include "changes/RecordQuestions.h"
@@ -84,12 +85,22 @@ Outcome CRecordChanges::Delete(RecordKind kind, const QStringList& ids, Ask ask)
         return Outcome::Declined();
     CVelmarchDoc& document = m_context.document;
     const NamedChange named(document.Store(), ChangeKind::Delete);
-    Outcome outcome =
-        Run({.ids = ids,
-             .progress = FormatText<Text::ProgressDelete>(static_cast<int>(ids.size())),
-             .hint = Hint::Deleted,
-             .prepare = [&] { document.NotifyViews(Hint::AboutToGo, ids); },
-             .step = [&](const QString& id) { return document.DeleteRecord(kind, id, Notify::Later); }});
+    QHash<QString, QByteArray> timers;
+    Outcome outcome = Run({.ids = ids,
+                           .progress = FormatText<Text::ProgressDelete>(static_cast<int>(ids.size())),
+                           .hint = Hint::Deleted,
+                           .prepare =
+                               [&] {
+                                   timers = m_context.timers.Images(ids);
+                                   document.NotifyViews(Hint::AboutToGo, ids);
+                               },
+                           .step =
+                               [&](const QString& id) {
+                                   const QByteArray timer = timers.value(id);
+                                   if (!document.DeleteRecord(kind, id, Notify::Later)) return false;
+                                   NoteTimer(id, timer);
+                                   return true;
+                               }});
     // Where they can't be saved without them, timers of records that are gone go with the next fold.
     if (outcome.commit == CommitEnd::Durable)
         static_cast<void>(m_context.timers.Drop(m_context.timers.Timed(outcome.ids)));
@@ -100,6 +111,12 @@ Outcome CRecordChanges::Delete(RecordKind kind, const QStringList& ids, Ask ask)
         document.NotifyViews(Hint::Rebuild);
     }
     return outcome;
+}
+
+/// So that undoing the delete brings it back.
+void CRecordChanges::NoteTimer(const QString& id, const QByteArray& image) {
+    CStoreJournal* journal = m_context.document.Store().Manager().Journal();
+    if (journal && !image.isEmpty()) journal->NoteTimer(id, image);
 }
 
 Outcome CRecordChanges::AddAll(CRecordSource& source, Hold hold) {
@@ -219,17 +236,23 @@ bool CRecordChanges::MarkOne(RecordKind kind, RecordMark mark, const QString& id
 Outcome CRecordChanges::ReplaceInRecords(int list, const QString& oldText, const QString& newText) {
     const ListRow* row = FindRecordList(list);
     if (!row || oldText.isEmpty() || newText.isEmpty() || oldText == newText) return Outcome::Nothing();
-    return RecordReplacer(m_context.document).Replace(*row, oldText, newText);
+    Outcome outcome = RecordReplacer(m_context.document).Replace(*row, oldText, newText);
+    if (outcome) Carry(list, oldText, newText, outcome);
+    return outcome;
 }
 
 Outcome CRecordChanges::RenameInRecords(int list, const QString& oldText, const QString& newText) {
     const ListRow* row = FindRecordList(list);
     if (!row || oldText.isEmpty() || newText.isEmpty()) return Outcome::Failed(Outcome::Failure::Item);
     CPulldownCatalogue& catalogue = m_context.catalogue;
+    const NamedChange named(m_context.document.Store(), ChangeKind::Rename,
+                            {oldText, newText, LoadText(row->title)});
     Outcome outcome = RecordReplacer(m_context.document).Replace(*row, oldText, newText, [&] {
         return catalogue.PutRenamed(list, oldText, newText);
     });
-    if (outcome) catalogue.TakeUpRenamed(list, oldText, newText);
+    if (!outcome) return outcome;
+    catalogue.TakeUpRenamed(list, oldText, newText);
+    Carry(list, oldText, newText, outcome);
     return outcome;
 }
 
@@ -237,11 +260,21 @@ Outcome CRecordChanges::MergeItems(int list, const QString& goneText, const QStr
     const ListRow* row = FindRecordList(list);
     if (!row || goneText.isEmpty() || keptText.isEmpty()) return Outcome::Failed(Outcome::Failure::Item);
     CPulldownCatalogue& catalogue = m_context.catalogue;
+    const NamedChange named(m_context.document.Store(), ChangeKind::Merge,
+                            {goneText, keptText, LoadText(row->title)});
     Outcome outcome = RecordReplacer(m_context.document).Replace(*row, goneText, keptText, [&] {
         return catalogue.PutMerged(list, goneText, keptText);
     });
-    if (outcome) catalogue.TakeUpMerged(list, goneText, keptText);
+    if (!outcome) return outcome;
+    catalogue.TakeUpMerged(list, goneText, keptText);
+    Carry(list, goneText, keptText, outcome);
     return outcome;
+}
+
+/// What is stored with the old text would find nothing from now on. A change of its own, as it is one of
+/// another file: where it fails, which is told, the records are changed all the same.
+void CRecordChanges::Carry(int list, const QString& oldText, const QString& newText, Outcome& outcome) {
+    if (m_context.carrier) outcome.carried = m_context.carrier->Carry(list, oldText, newText);
 }
 
 // --- How several records change

@@ -10,6 +10,7 @@
 #include <vector>
 
 class CEnteredItems;
+class CItemCarrier;
 class CProgress;
 class CPrompt;
 class CTimersOfRecords;
@@ -64,6 +65,7 @@ class CRecordChanges {
         CPrompt& prompt;
         CProgress& progress;
         Partial partial;
+        CItemCarrier* carrier = nullptr;  ///< takes the new text of an item over as well; null: nobody does
     };
     explicit CRecordChanges(const Context& context) : m_context(context) {}
 
@@ -105,6 +107,8 @@ class CRecordChanges {
     };
 
     [[nodiscard]] bool Confirmed(const RecordQuestion& question) const;
+    void NoteTimer(const QString& id, const QByteArray& image);
+    void Carry(int list, const QString& oldText, const QString& newText, Outcome& outcome);
     [[nodiscard]] bool MarkOne(RecordKind kind, RecordMark mark, const QString& id);
 
     [[nodiscard]] Outcome AddInTransaction(CRecordSource& source, Hold hold,

@@ -30,6 +30,7 @@ struct [[nodiscard]] Outcome {
         ids;  ///< the records that were added, changed or deleted, in this order; none where they were undone
     QString failedId;          ///< empty: no single record is to blame
     bool hasNewItems = false;  ///< a pick list got an item with the record
+    int carried = 0;           ///< stored queries and defaults that took over the new text of an item
 
     explicit operator bool() const { return end == End::Done; }
 

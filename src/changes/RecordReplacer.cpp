@@ -18,7 +18,7 @@ RecordReplacer::RecordReplacer(CVelmarchDoc& document) : m_document(document), m
 
 Outcome RecordReplacer::Replace(const ListRow& row, const QString& oldText, const QString& newText,
                                 const std::function<bool()>& alongside) {
-    const NamedChange named(m_store, ChangeKind::Replace);
+    const NamedChange named(m_store, ChangeKind::Replace, {oldText, newText});
     std::vector<Batch> batches = Batches(row);
     const qsizetype othersPending = m_document.PendingCount();
     Outcome outcome = ReplaceAll(batches, oldText, newText, alongside);

@@ -26,11 +26,21 @@ constexpr char kTables[] =
     "CREATE TABLE IF NOT EXISTS changes(row INTEGER PRIMARY KEY, number INTEGER NOT NULL, time TEXT NOT NULL,"
     " kind INTEGER NOT NULL, count INTEGER NOT NULL, state INTEGER NOT NULL,"
     " event INTEGER NOT NULL, target INTEGER NOT NULL, key BLOB NOT NULL, target_sum INTEGER NOT NULL,"
-    " sum INTEGER NOT NULL, sure INTEGER NOT NULL);"
+    " sum INTEGER NOT NULL, sure INTEGER NOT NULL, names TEXT NOT NULL DEFAULT '');"
     "CREATE INDEX IF NOT EXISTS changes_open ON changes(sure, state) WHERE sure=0 OR state=1;"
     "CREATE TABLE IF NOT EXISTS parts(id INTEGER PRIMARY KEY, ops BLOB NOT NULL, sum INTEGER NOT NULL);";
 
-/// What is checked of a row: all that never changes.
+/// The first histories had no names.
+constexpr char kAddNames[] = "ALTER TABLE changes ADD COLUMN names TEXT NOT NULL DEFAULT ''";
+
+constexpr char kSelectRows[] =
+    "SELECT row, number, time, kind, count, state, event, target, key, target_sum, sum, sure, names "
+    "FROM changes ";
+
+/// Between the names of a change.
+constexpr QChar kBetweenNames(0x1F);
+
+/// What is checked of a row: all that never changes. Without names it is what it was before there were any.
 std::int64_t SumOf(const HistoryRow& row) {
     CCheckSum sum;
     sum.AddInteger(row.number);
@@ -40,6 +50,7 @@ std::int64_t SumOf(const HistoryRow& row) {
         sum.AddInteger(value);
     sum.AddBlob(row.last.key);
     sum.AddInteger(row.last.sum);
+    if (const QByteArray names = row.names.join(kBetweenNames).toUtf8(); !names.isEmpty()) sum.AddText(names);
     return sum.Value();
 }
 
@@ -58,27 +69,39 @@ void BindBlob(sqlite3_stmt* statement, int place, const QByteArray& bytes) {
     sqlite3_bind_blob(statement, place, bytes.constData(), static_cast<int>(bytes.size()), SQLITE_STATIC);
 }
 
-void BindRow(sqlite3_stmt* statement, const HistoryRow& row, const QByteArray& time) {
+void BindText(sqlite3_stmt* statement, int place, const QString& text) {
+    const QByteArray utf8 = text.toUtf8();
+    sqlite3_bind_text(statement, place, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_TRANSIENT);
+}
+
+QString TextAt(sqlite3_stmt* statement, int column) {
+    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column)));
+}
+
+void BindRow(sqlite3_stmt* statement, const HistoryRow& row) {
     int place = 0;
     const auto bind = [&](std::int64_t value) { sqlite3_bind_int64(statement, ++place, value); };
     bind(row.row);
     bind(row.number);
-    sqlite3_bind_text(statement, ++place, time.constData(), static_cast<int>(time.size()), SQLITE_STATIC);
+    BindText(statement, ++place, row.time);
     for (const int value : {static_cast<int>(row.kind), row.count, static_cast<int>(row.state),
                             static_cast<int>(row.last.event), row.last.table})
         bind(value);
     BindBlob(statement, ++place, row.last.key);
     bind(row.last.sum);
     bind(SumOf(row));
+    BindText(statement, ++place, row.names.join(kBetweenNames));
 }
 
-/// The rows that a row takes the place of: with a new change all that was undone, which can't be done again;
-/// with one that can't be done again those that came after it, too.
+/// The rows that a row takes the place of: with a new change all that was undone before, which can't be done
+/// again; with one that can't be done again those that came after it, too. Rows that were written later stay:
+/// a row of the settings may be found true long after others were written.
 QByteArray WhatGoesWith(const HistoryRow& row) {
-    if (row.IsNew()) return "WHERE sure=1 AND state=1";
     const QByteArray number = QByteArray::number(static_cast<qint64>(row.number));
-    if (row.state == ChangeState::Gone) return "WHERE number>=" + number;
-    return "WHERE number=" + number + " AND row<>" + QByteArray::number(static_cast<qint64>(row.row));
+    const QByteArray place = QByteArray::number(static_cast<qint64>(row.row));
+    if (row.IsNew()) return "WHERE sure=1 AND state=1 AND row<" + place;
+    if (row.state == ChangeState::Gone) return "WHERE number>=" + number + " AND row<=" + place;
+    return "WHERE number=" + number + " AND row<" + place;
 }
 
 /// Ends the use of a statement however the scope is left.
@@ -101,7 +124,7 @@ class Use {
 // --- Opening
 
 bool CHistoryFile::Open(Missing missing) {
-    const bool isInPlace = m_file.IsOpen() && m_file.IsStillInPlace();
+    const bool isInPlace = m_file.IsOpen() && m_file.IsStillInPlace() && !IsForReadingOnly(missing);
     const bool isBad = isInPlace && m_file.IsDamaged();
     if (isInPlace && !isBad) return true;
     m_file.Close();
@@ -111,7 +134,12 @@ bool CHistoryFile::Open(Missing missing) {
         return false;
     }
     const OpenOutcome outcome = m_file.Open(m_path, kKind, true);
-    return IsUnreadable(outcome) ? OpenInTurn(Bad::No) : Use(outcome);
+    return IsUnreadable(outcome) ? OpenInTurn(Bad::No) : Use(outcome, missing);
+}
+
+/// A history that may only be read is of use to somebody who looks, and of none to somebody who writes.
+bool CHistoryFile::IsForReadingOnly(Missing missing) const {
+    return missing == Missing::Make && m_file.IsReadOnly();
 }
 
 bool CHistoryFile::IsUnreadable(OpenOutcome outcome) {
@@ -129,20 +157,22 @@ bool CHistoryFile::OpenInTurn(Bad bad) {
         if (m_keptAside.isEmpty()) return Fail();
         outcome = m_file.Open(m_path, kKind, true);
     }
-    return Use(outcome);
+    return Use(outcome, Missing::Make);
 }
 
-/// The history can't be used where it can't be written.
-bool CHistoryFile::Use(OpenOutcome outcome) {
-    const bool isOpen = outcome == OpenOutcome::Created || outcome == OpenOutcome::Existed;
-    if (isOpen && MakeTables()) return true;
+bool CHistoryFile::Use(OpenOutcome outcome, Missing missing) {
+    const bool isOpen = outcome == OpenOutcome::Created || outcome == OpenOutcome::Existed ||
+                        outcome == OpenOutcome::ReadOnly;
+    if (isOpen && !IsForReadingOnly(missing) && MakeTables()) return true;
     return Fail();
 }
 
 bool CHistoryFile::MakeTables() {
     if (!m_file.Execute("PRAGMA synchronous=NORMAL")) return false;
-    if (m_file.Execute("SELECT sure FROM changes LIMIT 0; SELECT ops FROM parts LIMIT 0")) return true;
-    return m_file.Begin() && m_file.Execute(kTables) && m_file.Commit();
+    if (m_file.Execute("SELECT names FROM changes LIMIT 0; SELECT ops FROM parts LIMIT 0")) return true;
+    return !m_file.IsReadOnly() && m_file.Begin() && m_file.Execute(kTables) &&
+           (m_file.Execute("SELECT names FROM changes LIMIT 0") || m_file.Execute(kAddNames)) &&
+           m_file.Commit();
 }
 
 /// Notes why, and leaves the file closed, so that the next use looks anew. Without words of its own a failure
@@ -165,7 +195,7 @@ std::optional<HistoryRow> CHistoryFile::RowOf(sqlite3_stmt* statement) {
     HistoryRow row;
     row.row = next();
     row.number = next();
-    row.time = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, column++)));
+    row.time = TextAt(statement, column++);
     row.kind = static_cast<ChangeKind>(next());
     row.count = static_cast<int>(next());
     row.state = static_cast<ChangeState>(next());
@@ -173,16 +203,15 @@ std::optional<HistoryRow> CHistoryFile::RowOf(sqlite3_stmt* statement) {
     row.last.table = static_cast<int>(next());
     row.last.key = BlobAt(statement, column++);
     row.last.sum = next();
-    const bool isAsWritten = next() == SumOf(row);
+    const std::int64_t sum = next();
     row.isSure = next() != 0;
-    return isAsWritten ? std::optional(row) : std::nullopt;
+    if (const QString names = TextAt(statement, column++); !names.isEmpty())
+        row.names = names.split(kBetweenNames);
+    return sum == SumOf(row) ? std::optional(row) : std::nullopt;
 }
 
 std::optional<std::vector<HistoryRow>> CHistoryFile::Select(const QByteArray& conditions) {
-    sqlite3_stmt* statement = m_file.Prepare(
-        "SELECT row, number, time, kind, count, state, event, target, key, target_sum, sum, sure "
-        "FROM changes " +
-        conditions);
+    sqlite3_stmt* statement = m_file.Prepare(kSelectRows + conditions);
     if (statement == nullptr) {
         static_cast<void>(Fail());
         return std::nullopt;
@@ -245,6 +274,30 @@ std::optional<std::int64_t> CHistoryFile::Number(const QByteArray& sql) {
     return std::nullopt;
 }
 
+HistoryHealth CHistoryFile::Examine(const QString& path) {
+    CHistoryFile history(path);
+    CSqliteFile& file = history.m_file;
+    HistoryHealth health{.outcome = file.Open(path, kKind, false), .error = {}};
+    const bool isOpen = health.outcome == OpenOutcome::Existed || health.outcome == OpenOutcome::ReadOnly;
+    health.error = isOpen ? file.IntegrityReport() : file.Error();
+    if (isOpen && health.error.isEmpty()) history.CountFaults(health);
+    return health;
+}
+
+void CHistoryFile::CountFaults(HistoryHealth& health) {
+    sqlite3_stmt* rows = m_file.Prepare(kSelectRows);
+    sqlite3_stmt* parts = m_file.Prepare("SELECT ops, sum FROM parts");
+    if (rows == nullptr || parts == nullptr) {
+        health.error = m_file.Error();
+        return;
+    }
+    while (sqlite3_step(rows) == SQLITE_ROW) ++(RowOf(rows) ? health.changes : health.faults);
+    while (sqlite3_step(parts) == SQLITE_ROW)
+        if (SumOf(BlobAt(parts, 0)) != sqlite3_column_int64(parts, 1)) ++health.faults;
+    sqlite3_reset(rows);
+    sqlite3_reset(parts);
+}
+
 // --- Writing
 
 bool CHistoryFile::Begin() {
@@ -278,11 +331,10 @@ bool CHistoryFile::Insert(HistoryRow& row, const std::vector<QByteArray>& parts)
     if (row.number == 0) row.number = row.row;
     row.isSure = false;
     sqlite3_stmt* statement =
-        m_file.Prepare("INSERT INTO changes VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0)");
+        m_file.Prepare("INSERT INTO changes VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0, ?)");
     if (statement == nullptr) return false;
-    const QByteArray time = row.time.toUtf8();
     const ::Use use(statement);
-    BindRow(statement, row, time);
+    BindRow(statement, row);
     return Step(statement) && InsertParts(row.row, parts);
 }
 

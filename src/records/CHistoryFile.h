@@ -10,6 +10,14 @@
 #include <utility>
 #include <vector>
 
+/// What somebody who only looks finds out about a history.
+struct HistoryHealth {
+    OpenOutcome outcome;
+    QString error;    ///< what is wrong with the file; empty when it can be read
+    int changes = 0;  ///< that can be undone or done again, those that may not have come true among them
+    int faults = 0;   ///< changes, and blocks of their rows, that aren't as they were written
+};
+
 /// The file of the history: which changes were made, and what it takes to undo them. Its tables are described
 /// in docs/history.md. A file that can't be read is put in quarantine, and a new one takes its place: the
 /// history is a help, and never worth a change.
@@ -21,10 +29,12 @@ class CHistoryFile {
     static constexpr std::int64_t kMostBytes = 128LL << 20;
 
     explicit CHistoryFile(const QString& path) : m_path(path) {}
+    /// Reads all of a file that is there, and changes nothing.
+    [[nodiscard]] static HistoryHealth Examine(const QString& path);
 
     enum class Missing { Make, Leave };
     /// Opens the file where it isn't open. False when it can't be used now, Error() says why, or when it
-    /// isn't there and isn't to be made.
+    /// isn't there and isn't to be made. One that may only be read can be used with Missing::Leave.
     [[nodiscard]] bool Open(Missing missing);
     void Close() { m_file.Close(); }
     /// Where the former file was put, told once; empty: it wasn't.
@@ -57,7 +67,8 @@ class CHistoryFile {
     void Rollback() { m_file.Rollback(); }
 
  private:
-    [[nodiscard]] bool Use(OpenOutcome outcome);
+    [[nodiscard]] bool IsForReadingOnly(Missing missing) const;
+    [[nodiscard]] bool Use(OpenOutcome outcome, Missing missing);
     [[nodiscard]] static bool IsUnreadable(OpenOutcome outcome);
     /// Whether the file was found bad by what was read of it.
     enum class Bad { Yes, No };
@@ -65,7 +76,8 @@ class CHistoryFile {
     [[nodiscard]] bool MakeTables();
     [[nodiscard]] bool Fail();
     [[nodiscard]] std::optional<std::vector<HistoryRow>> Select(const QByteArray& conditions);
-    [[nodiscard]] std::optional<HistoryRow> RowOf(sqlite3_stmt* statement);
+    [[nodiscard]] static std::optional<HistoryRow> RowOf(sqlite3_stmt* statement);
+    void CountFaults(HistoryHealth& health);
     [[nodiscard]] bool Run(const QByteArray& sql, std::initializer_list<std::int64_t> values);
     [[nodiscard]] bool Step(sqlite3_stmt* statement);
     [[nodiscard]] bool InsertParts(std::int64_t row, const std::vector<QByteArray>& parts);

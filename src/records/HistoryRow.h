@@ -4,6 +4,7 @@
 #include "records/RowOps.h"
 
 #include <QString>
+#include <QStringList>
 #include <cstdint>
 
 /// What can become of a change. Stored as these numbers.
@@ -21,7 +22,8 @@ struct HistoryRow {
     std::int64_t number = 0;  ///< of the change, that of the first row which was written of it
     QString time;             ///< 2026-11-22T16:05:00
     ChangeKind kind = ChangeKind::Other;
-    int count = 0;  ///< of what the kind is about: records, items, timers
+    int count = 0;      ///< of what the kind is about: records, items, timers
+    QStringList names;  ///< of what was changed, as the kind has them; may be none
     ChangeState state = ChangeState::Done;
     RowOp last{.event = RowEvent::Added, .table = 0, .key = {}, .before = {}};  ///< by which it is recognised
     bool isSure = false;  ///< it is known that the change was made

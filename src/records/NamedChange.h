@@ -8,7 +8,8 @@ class CRecordStore;
 /// that adds records is an import.
 class [[nodiscard]] NamedChange {
  public:
-    NamedChange(CRecordStore& store, ChangeKind kind);
+    /// names: what the change is called by, as the kind wants them.
+    NamedChange(CRecordStore& store, ChangeKind kind, const QStringList& names = {});
     ~NamedChange();
     NamedChange(const NamedChange&) = delete;
     NamedChange& operator=(const NamedChange&) = delete;

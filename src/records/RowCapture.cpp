@@ -21,21 +21,22 @@ int PlaceOf(int table, RowEvent event) {
 
 }  // namespace
 
-RowCapture::RowCapture(const QByteArrayList& tables) : m_tables(tables) {
-    for (const QByteArray& table : tables) m_checks.append(RowChecks::NameOf(table));
+RowCapture::RowCapture(const std::vector<CapturedTable>& tables) : m_tables(tables) {
+    for (const CapturedTable& table : tables) m_checks.append(RowChecks::NameOf(table.name));
 }
 
 void RowCapture::Clear() {
     m_open.reset();
     m_log.Clear();
     m_counts.clear();
+    m_names.clear();
     m_changed = 0;
     m_isTooLarge = m_isUnsure = false;
 }
 
 int RowCapture::TableOf(const char* name) const {
-    for (qsizetype table = 0; table < m_tables.size(); ++table)
-        if (std::strcmp(m_tables[table].constData(), name) == 0) return static_cast<int>(table);
+    for (std::size_t table = 0; table < m_tables.size(); ++table)
+        if (std::strcmp(m_tables[table].name.constData(), name) == 0) return static_cast<int>(table);
     return -1;
 }
 
@@ -64,9 +65,27 @@ void RowCapture::Begin(int table, const CChangedRow& row) {
                                .key = TextOf(isGone ? row.Before(columns - 1) : row.After(columns - 1)),
                                .before = {}},
                         .hasSum = isGone});
-    if (row.Event() == RowEvent::Added || m_isTooLarge) return;
-    for (int column = 0; column < columns; ++column)
-        RowOpImage::Append(m_open->op.before, row.Before(column));
+    if (row.Event() != RowEvent::Added && !m_isTooLarge)
+        for (int column = 0; column < columns; ++column)
+            RowOpImage::Append(m_open->op.before, row.Before(column));
+    NoteNames(table, row);
+}
+
+/// Last of all, since a value that is read as a text may be one from then on. As soon as two rows differ
+/// nothing more is read.
+void RowCapture::NoteNames(int table, const CChangedRow& row) {
+    const bool isFirst = !m_names.contains(table);
+    RowNames& known = m_names[table];
+    if (!known.isSame) return;
+    RowNames names;
+    for (const int column : m_tables[static_cast<std::size_t>(table)].named) {
+        if (row.Event() != RowEvent::Added)
+            names.before.append(QString::fromUtf8(TextOf(row.Before(column))));
+        if (row.Event() != RowEvent::Deleted)
+            names.after.append(QString::fromUtf8(TextOf(row.After(column))));
+    }
+    names.isSame = isFirst || (names.before == known.before && names.after == known.after);
+    known = names;
 }
 
 void RowCapture::Flush() {

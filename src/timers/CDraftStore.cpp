@@ -1,10 +1,8 @@
 #include "timers/CDraftStore.h"
 
 #include "platform/settings/CProfile.h"
-#include "records/ByteStream.h"
 #include "records/CVOId.h"
-#include "timers/ActiveTimerSet.h"
-#include "timers/TrueTimes.h"
+#include "timers/TimerImage.h"
 
 namespace {
 
@@ -21,31 +19,15 @@ QString MarkOf(const QString& recordId) {
     return u'-' + recordId;
 }
 
-/// In the form in which all timers are stored.
-bool ToStored(const ActiveTimer& timer, const CClock& clock, StoredTimer& out) {
-    ActiveTimerSet set(clock);
-    set.Put(timer);
-    ByteStream stream;
-    if (!set.Save(stream)) return false;
-    out = {stream.Release(), TrueTimesOf(set)};
-    return true;
-}
-
-std::optional<ActiveTimer> TimerOf(const StoredTimer& stored, const QString& id, const CClock& clock) {
-    ActiveTimerSet set(clock);
-    ByteStream stream;
-    stream.Attach(stored.timer);
-    set.Load(stream);  // what can't be read is no timer
-    TakeTrueTimes(stored.trueTime, set);
-    const ActiveTimer* timer = set.Find(id);
-    return timer ? std::optional(*timer) : std::nullopt;
-}
-
 }  // namespace
 
 bool CDraftStore::Persist(const CTRecord& record, const ActiveTimer* timer, const CClock& clock) {
     StoredTimer stored;
-    if (timer && !ToStored(*timer, clock, stored)) return false;
+    if (timer) {
+        const auto form = ToStored(*timer, clock);
+        if (!form) return false;
+        stored = *form;
+    }
     const QString mark = MarkOf(record.GetId());
     return m_profile.Change([&] {
         return m_profile.WriteBinary(kSection, kRecord + mark, record.ToBytes()) &&

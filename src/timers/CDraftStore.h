@@ -14,12 +14,6 @@ struct StoredDraft {
     std::optional<ActiveTimer> timer;  ///< none when it was stopped in the dialog
 };
 
-/// A timer as it is stored, and its true count beside it; empty without one.
-struct StoredTimer {
-    QByteArray timer;
-    QByteArray trueTime;
-};
-
 /// The drafts of new time records whose timers were started before the records are stored, in the profile: a
 /// program that is killed meanwhile loses neither. Their stored form is in docs/settings-tree.md.
 class CDraftStore {

@@ -7,6 +7,7 @@
 #include "records/CTRecord.h"
 #include "records/NamedChange.h"
 #include "timers/StopNote.h"
+#include "timers/TimerImage.h"
 #include "timers/TimerMerge.h"
 #include "timers/TrueTimes.h"
 
@@ -104,6 +105,8 @@ TimerOutcome CRecordTimers::StopOne(const QString& recordId, CountBy by) {
     if (!NoteStop(stopped)) return {End::NotSaved};
     if (!m_timers.Find(recordId)) return {End::NoTimer};  // another program was quicker
     const NamedChange named(m_document.Store(), ChangeKind::TimerStop);
+    if (CStoreJournal* journal = m_document.Store().Manager().Journal())
+        journal->NoteTimer(recordId, TimerImageOf(*m_timers.Find(recordId), m_timers.Clock()));
     if (!m_document.ModifyRecord(stopped, recordId, {Notify::Yes, Commit::Now})) {
         ForgetStop(recordId);
         return {End::NotInRecord};
@@ -150,6 +153,12 @@ TimerOutcome CRecordTimers::PauseOne(const QString& recordId) {
     if (!m_timers.Pause(recordId)) return {End::NoTimer};
     Announce(Hint::TimerPaused, recordId);
     return {};
+}
+
+bool CRecordTimers::PutBack(const ActiveTimer& timer) {
+    m_timers.Put(timer);
+    Announce(timer.state == TimerState::Running ? Hint::TimerStarted : Hint::TimerPaused, timer.recordId);
+    return StoreTimers();
 }
 
 // --- All of them

@@ -68,6 +68,10 @@ class CRecordTimers final : public CTimerService {
     [[nodiscard]] bool AreLost() const;
     /// The user knows it.
     void ForgetLoss();
+    /// Puts a timer back that went with a change of its record, which was undone: it goes on from where it
+    /// was, whatever a new timer would do to the others. Takes the place of one that the record has. False
+    /// when it could not be saved.
+    [[nodiscard]] bool PutBack(const ActiveTimer& timer);
     /// Who is to hear of timers that are taken away, as there is no record of theirs (any more): they are the
     /// only place where their count stands.
     using Tell = std::function<void(const ActiveTimer& orphan)>;

@@ -4,6 +4,7 @@
 #include "config/CCfgStore.h"
 #include "lang/FormatText.h"
 #include "timers/CRecordTimers.h"
+#include "timers/TimerImage.h"
 
 #include <algorithm>
 
@@ -114,6 +115,13 @@ InstanceReply Drop(Context& context) {
     return ReplyTo(IfSaved(context.timers.Drop(context.request.id)), context, Text::TimerNotThere);
 }
 
+InstanceReply PutBack(Context& context) {
+    if (!HasRecord(context)) return NoRecord(context);
+    const auto timer = TimerOfImage(context.request.image, context.request.id, context.timers.Set().Clock());
+    if (!timer) return InstanceReply::Refused(ReplyReason::NotUnderstood, LoadText(Text::RequestUnknown));
+    return ReplyTo(IfSaved(context.timers.PutBack(*timer)), context, Text::TimerNotStarted);
+}
+
 InstanceReply Status(Context& context) {
     context.timers.FoldAndStore();
     return Done(context);
@@ -127,7 +135,7 @@ struct ActionRow {
 constexpr ActionRow kActions[] = {
     {TimerAction::Start, Start},     {TimerAction::Pause, Pause},       {TimerAction::Stop, Stop},
     {TimerAction::StopAll, StopAll}, {TimerAction::PauseAll, PauseAll}, {TimerAction::Status, Status},
-    {TimerAction::Drop, Drop},
+    {TimerAction::Drop, Drop},       {TimerAction::PutBack, PutBack},
 };
 
 }  // namespace

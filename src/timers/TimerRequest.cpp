@@ -8,6 +8,7 @@ constexpr QLatin1String kAction("action");
 constexpr QLatin1String kId("id");
 constexpr QLatin1String kFromZero("fromZero");
 constexpr QLatin1String kTrueTime("trueTime");
+constexpr QLatin1String kTimer("timer");
 constexpr QLatin1String kTimers("timers");
 constexpr QLatin1String kStopped("stopped");
 constexpr QLatin1String kState("state");
@@ -24,7 +25,7 @@ constexpr ActionRow kActions[] = {
     {TimerAction::Start, QLatin1String("start")},        {TimerAction::Pause, QLatin1String("pause")},
     {TimerAction::Stop, QLatin1String("stop")},          {TimerAction::StopAll, QLatin1String("stop-all")},
     {TimerAction::PauseAll, QLatin1String("pause-all")}, {TimerAction::Status, QLatin1String("status")},
-    {TimerAction::Drop, QLatin1String("drop")},
+    {TimerAction::Drop, QLatin1String("drop")},          {TimerAction::PutBack, QLatin1String("put-back")},
 };
 
 QJsonArray ToJson(const std::vector<TimerReading>& timers) {
@@ -60,6 +61,7 @@ InstanceMessage TimerRequest::ToMessage() const {
     if (!id.isEmpty()) json.insert(kId, id);
     if (isFromZero) json.insert(kFromZero, true);
     if (isTrueTime) json.insert(kTrueTime, true);
+    if (!image.isEmpty()) json.insert(kTimer, QString::fromLatin1(image.toBase64()));
     return {InstanceCommand::Timer, json};
 }
 
@@ -69,7 +71,8 @@ std::optional<TimerRequest> TimerRequest::FromJson(const QJsonObject& json) {
             return TimerRequest{.action = row.action,
                                 .id = json.value(kId).toString(),
                                 .isFromZero = json.value(kFromZero).toBool(),
-                                .isTrueTime = json.value(kTrueTime).toBool()};
+                                .isTrueTime = json.value(kTrueTime).toBool(),
+                                .image = QByteArray::fromBase64(json.value(kTimer).toString().toLatin1())};
     return std::nullopt;
 }
 

@@ -6,17 +6,19 @@
 #include <optional>
 #include <vector>
 
-enum class TimerAction { Start, Pause, Stop, StopAll, PauseAll, Status, Drop };
+enum class TimerAction { Start, Pause, Stop, StopAll, PauseAll, Status, Drop, PutBack };
 
 /// A timer command as it travels between console and window: {"action": "start"|"pause"|"stop"|"stop-all"|
-/// "pause-all"|"status"|"drop", "id": "..."}; "start" with "fromZero": true counts from zero, not from the
-/// record's duration; "stop" with "trueTime": true writes the time that has truly passed; "drop" takes the
-/// timer out and writes nothing into the record, which may be gone.
+/// "pause-all"|"status"|"drop"|"put-back", "id": "..."}; "start" with "fromZero": true counts from zero, not
+/// from the record's duration; "stop" with "trueTime": true writes the time that has truly passed; "drop"
+/// takes the timer out and writes nothing into the record, which may be gone; "put-back" with "timer": its
+/// image in base 64 puts one back that went with a change which was undone.
 struct TimerRequest {
     TimerAction action;
     QString id = {};  ///< of the record; none for the actions on all
     bool isFromZero = false;
     bool isTrueTime = false;
+    QByteArray image = {};  ///< of the timer that is put back
 
     [[nodiscard]] InstanceMessage ToMessage() const;
     /// Nothing for an unknown action.

@@ -3,21 +3,25 @@
 #include "ChangesFixture.h"
 #include "changes/CUndo.h"
 #include "changes/ChangeNames.h"
+#include "changes/HistorySteps.h"
 #include "changes/HistoryTables.h"
+#include "config/EntryCommand.h"
 #include "records/CTRecord.h"
 
 #include <sqlite3.h>
 
+#include <QJsonDocument>
 #include <QTest>
 
 /// A home whose changes are written down, and what takes them back.
 struct HistoryFixture : ChangesFixture<> {
-    CHistory history{home.Path(), home.clock};
-    CUndo undo{{.store = *home.store, .history = history, .timers = ownTimers}};
+    CHistory history{home.Path(), home.clock, *home.settings};
+    CUndo undo{{.store = *home.store, .history = history, .timers = ownTimers, .settings = *home.settings}};
 
     HistoryFixture() : ChangesFixture(CRecordChanges::Partial::Undone) {
         home.settings->confirmCopy = home.settings->confirmDelete = home.settings->confirmMark = 0;
         home.manager.SetJournal(&history);
+        history.Entries().Watch();
     }
     ~HistoryFixture() { home.manager.SetJournal(nullptr); }
     HistoryFixture(const HistoryFixture&) = delete;
@@ -32,15 +36,47 @@ struct HistoryFixture : ChangesFixture<> {
     /// "delete 3 records, add a record", the newest first; what was undone in brackets.
     [[nodiscard]] QString Names() {
         QStringList names;
-        for (const HistoryRow& row : undo.Changes().value_or(std::vector<HistoryRow>())) {
-            const QString name = ChangeName(row.kind, row.count);
+        for (const HistoryRow& row : ListedChanges(undo.Changes().value_or(std::vector<HistoryRow>()))) {
+            const QString name = ChangeName(row);
             names.append(row.IsDone() ? name : u'[' + name + u']');
         }
         return names.join(QStringLiteral(", "));
     }
     UndoOutcome Undo() { return undo.Run(CHistory::Way::Undo); }
+    UndoOutcome UndoPast() { return undo.RunPast(CHistory::Way::Undo); }
     UndoOutcome Redo() { return undo.Run(CHistory::Way::Redo); }
 
+    /// A stored query about a client.
+    void PutQuery(const QString& name, const QString& client) {
+        QVERIFY(ChangeEntry({.key = LoadText(Text::KeyTimeQueries),
+                             .entry = name,
+                             .values = EntryContent({{QStringLiteral("Client"), client}})},
+                            *home.settings));
+    }
+    /// What is stored under names, in its order.
+    [[nodiscard]] QStringList DumpStored() {
+        QStringList lines;
+        for (const Text key : {Text::KeyTimeQueries, Text::KeyTimeDefaults}) {
+            QStringList names;
+            static_cast<void>(home.settings->EnumKeys(LoadText(key), names));
+            for (const QString& name : names) {
+                const auto content = home.settings->ReadEntryContent(LoadText(key), name);
+                lines.append(name + QString::fromUtf8(QJsonDocument(ToJson(*content)).toJson()));
+            }
+        }
+        return lines;
+    }
+    /// All timers with their seconds up to now and their states.
+    [[nodiscard]] QStringList DumpTimers() {
+        QStringList lines;
+        set.FoldAll();
+        for (int place = 0; place < set.Count(); ++place)
+            lines.append(QStringLiteral("%1 %2 %3")
+                             .arg(set.IdAt(place))
+                             .arg(set.At(place).Seconds())
+                             .arg(static_cast<int>(set.StateAt(place))));
+        return lines;
+    }
     /// All rows of the store with the types of their values, and the checksums beside them.
     [[nodiscard]] QStringList Dump() { return DumpOf(home.manager.File()); }
     [[nodiscard]] static QStringList DumpOf(CSqliteFile& file) {

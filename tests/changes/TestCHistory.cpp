@@ -37,11 +37,14 @@ class TestCHistory final : public QObject {
         const QStringList before = fixture.Dump();
         QVERIFY(fixture.changes.Delete(RecordKind::Time, {id}, Ask::No));
         fixture.home.manager.SetJournal(nullptr);
-        CHistory next(fixture.home.Path(), fixture.home.clock);
+        CHistory next(fixture.home.Path(), fixture.home.clock, *fixture.home.settings);
         fixture.home.manager.SetJournal(&next);
-        CUndo undo({.store = *fixture.home.store, .history = next, .timers = fixture.ownTimers});
+        CUndo undo({.store = *fixture.home.store,
+                    .history = next,
+                    .timers = fixture.ownTimers,
+                    .settings = *fixture.home.settings});
         const UndoOutcome outcome = undo.Run(CHistory::Way::Undo);
-        QCOMPARE(outcome.words, u"delete a record"_s);
+        QCOMPARE(outcome.words, u"delete a record (Acorn)"_s);
         QCOMPARE(fixture.Dump(), before);
         fixture.home.manager.SetJournal(nullptr);
     }
@@ -49,8 +52,9 @@ class TestCHistory final : public QObject {
     void endedBetweenHistoryAndStore_data() {
         QTest::addColumn<bool>("isStored");
         QTest::addColumn<QString>("names");
-        QTest::newRow("before the store: the history doesn't claim it") << false << u"add a record"_s;
-        QTest::newRow("after the store: the history has it") << true << u"delete a record, add a record"_s;
+        QTest::newRow("before the store: the history doesn't claim it") << false << u"add a record (Acorn)"_s;
+        QTest::newRow("after the store: the history has it")
+            << true << u"delete a record (Acorn), add a record (Acorn)"_s;
     }
 
     /// A program writes the history first. Nobody tells it the end of the transaction: it isn't there any
@@ -62,7 +66,7 @@ class TestCHistory final : public QObject {
         const QString id = fixture.Add(u"Acorn"_s);
         CSqliteFile& file = fixture.home.manager.File();
         {
-            CHistory killed(fixture.home.Path(), fixture.home.clock);
+            CHistory killed(fixture.home.Path(), fixture.home.clock, *fixture.home.settings);
             fixture.home.manager.SetJournal(&killed);
             QVERIFY(file.Begin());
             QVERIFY(file.Execute("DELETE FROM time_velmarch"));
@@ -76,7 +80,7 @@ class TestCHistory final : public QObject {
         fixture.home.manager.SetJournal(&fixture.history);
         QCOMPARE(fixture.Names(), names);
         const QString other = fixture.Add(u"Birch"_s);
-        QCOMPARE(fixture.Names(), u"add a record, "_s + names);
+        QCOMPARE(fixture.Names(), u"add a record (Birch), "_s + names);
         for (int change = 0; change < (isStored ? 3 : 2); ++change) QVERIFY(fixture.Undo());
         QCOMPARE(fixture.Dump(), QStringList());
         QCOMPARE(fixture.Undo().end, UndoOutcome::End::Nothing);
@@ -85,8 +89,8 @@ class TestCHistory final : public QObject {
     void endedInTheMiddleOfAnUndo_data() {
         QTest::addColumn<bool>("isStored");
         QTest::addColumn<QString>("names");
-        QTest::newRow("before the store: it can still be undone") << false << u"add a record"_s;
-        QTest::newRow("after the store: it can be done again") << true << u"[add a record]"_s;
+        QTest::newRow("before the store: it can still be undone") << false << u"add a record (Acorn)"_s;
+        QTest::newRow("after the store: it can be done again") << true << u"[add a record (Acorn)]"_s;
     }
 
     void endedInTheMiddleOfAnUndo() {
@@ -96,7 +100,7 @@ class TestCHistory final : public QObject {
         fixture.Add(u"Acorn"_s);
         CSqliteFile& file = fixture.home.manager.File();
         {
-            CHistory killed(fixture.home.Path(), fixture.home.clock);
+            CHistory killed(fixture.home.Path(), fixture.home.clock, *fixture.home.settings);
             fixture.home.manager.SetJournal(&killed);
             QVERIFY(file.Begin());
             const auto changes = killed.Changes(file);
@@ -114,6 +118,45 @@ class TestCHistory final : public QObject {
         QCOMPARE(fixture.Dump().isEmpty(), !isStored);
     }
 
+    void endedInTheMiddleOfAChangeOfTheSettings_data() {
+        QTest::addColumn<bool>("isStored");
+        QTest::addColumn<QString>("names");
+        QTest::newRow("before the settings: the history doesn't claim it")
+            << false << u"save the query \"Week\""_s;
+        QTest::newRow("after the settings: the history has it")
+            << true << u"delete the query \"Week\", save the query \"Week\""_s;
+    }
+
+    /// Nobody but who holds the settings can tell: a change of the records in between settles nothing of it.
+    void endedInTheMiddleOfAChangeOfTheSettings() {
+        QFETCH(bool, isStored);
+        QFETCH(QString, names);
+        HistoryFixture fixture;
+        fixture.PutQuery(u"Week"_s, u"Acorn"_s);
+        CSqliteFile& file = fixture.home.tree.File();
+        {
+            CHistory killed(fixture.home.Path(), fixture.home.clock, *fixture.home.settings);
+            file.Watch(nullptr);
+            QVERIFY(file.Begin());
+            killed.Entries().NoteEntry(LoadText(Text::KeyTimeQueries), u"Week"_s);
+            fixture.home.settings->SetEntryJournal(nullptr);
+            QVERIFY(file.Execute("DELETE FROM keys WHERE name='Week'"));
+            killed.Entries().OnCommit(file);
+            if (isStored)
+                QVERIFY(file.Commit());
+            else
+                file.Rollback();
+        }
+        fixture.history.Entries().Watch();
+        fixture.Add(u"Birch"_s);
+        QCOMPARE(fixture.Names(), u"add a record (Birch), "_s + names);
+        QVERIFY(fixture.Undo());
+        fixture.PutQuery(u"Month"_s, u"Acorn"_s);
+        QCOMPARE(fixture.Names(), u"save the query \"Month\", "_s + names);
+        for (int change = 0; change < (isStored ? 3 : 2); ++change) QVERIFY(fixture.Undo());
+        QCOMPARE(fixture.DumpStored(), QStringList());
+    }
+
     void aCommitThatFails() {
         HistoryFixture fixture;
         fixture.Add(u"Acorn"_s);
@@ -121,7 +164,7 @@ class TestCHistory final : public QObject {
         fixture.home.prompt.ExpectTold(Text::InsertCommitFailed);
         QCOMPARE(fixture.Add(u"Birch"_s), QString());
         fixture.MendCommits();
-        QCOMPARE(fixture.Names(), u"add a record"_s);
+        QCOMPARE(fixture.Names(), u"add a record (Acorn)"_s);
     }
 
     void damagedHistory_data() {
@@ -137,9 +180,12 @@ class TestCHistory final : public QObject {
         fixture.Add(u"Acorn"_s);
         Overwrite(PathOf(fixture), from);
         fixture.home.manager.SetJournal(nullptr);
-        CHistory next(fixture.home.Path(), fixture.home.clock);
+        CHistory next(fixture.home.Path(), fixture.home.clock, *fixture.home.settings);
         fixture.home.manager.SetJournal(&next);
-        CUndo undo({.store = *fixture.home.store, .history = next, .timers = fixture.ownTimers});
+        CUndo undo({.store = *fixture.home.store,
+                    .history = next,
+                    .timers = fixture.ownTimers,
+                    .settings = *fixture.home.settings});
         fixture.home.prompt.ExpectTold(Text::HistoryTitle);
         QVERIFY(!fixture.Add(u"Birch"_s).isEmpty());
         QCOMPARE(FilesAside(fixture.home.Path()).size(), 1);
@@ -160,9 +206,40 @@ class TestCHistory final : public QObject {
         QVERIFY(!fixture.Add(u"Birch"_s).isEmpty());
         QVERIFY(!fixture.Add(u"Cedar"_s).isEmpty());  // told once
         QVERIFY(other.Execute("ROLLBACK"));
-        QCOMPARE(fixture.Names(), u"add a record"_s);
+        QCOMPARE(fixture.Names(), u"add a record (Acorn)"_s);
         QVERIFY(!fixture.Add(u"Dogwood"_s).isEmpty());
-        QCOMPARE(fixture.Names(), u"add a record, add a record"_s);
+        QCOMPARE(fixture.Names(), u"add a record (Dogwood), add a record (Acorn)"_s);
+    }
+
+    /// The folder is put aside like any other file that can't be read.
+    void aFolderInItsPlace() {
+        HistoryFixture fixture;
+        QVERIFY(QDir().mkpath(PathOf(fixture) + u"/within"_s));
+        fixture.home.prompt.ExpectTold(Text::HistoryTitle);
+        QVERIFY(!fixture.Add(u"Acorn"_s).isEmpty());
+        QCOMPARE(fixture.Names(), u"add a record (Acorn)"_s);
+        QCOMPARE(FilesAside(fixture.home.Path()).size(), 1);
+    }
+
+    /// Histories of before had no names.
+    void aHistoryWithoutNames() {
+        HistoryFixture fixture;
+        fixture.home.manager.SetJournal(nullptr);
+        CSqliteFile old;
+        QVERIFY(old.Open(PathOf(fixture), {.applicationId = 0x564D4849U, .busySeconds = 1}, true) ==
+                OpenOutcome::Created);
+        QVERIFY(old.Execute(
+            "CREATE TABLE changes(row INTEGER PRIMARY KEY, number INTEGER NOT NULL, time TEXT NOT NULL,"
+            " kind INTEGER NOT NULL, count INTEGER NOT NULL, state INTEGER NOT NULL,"
+            " event INTEGER NOT NULL, target INTEGER NOT NULL, key BLOB NOT NULL, target_sum INTEGER NOT "
+            "NULL,"
+            " sum INTEGER NOT NULL, sure INTEGER NOT NULL);"
+            "CREATE TABLE parts(id INTEGER PRIMARY KEY, ops BLOB NOT NULL, sum INTEGER NOT NULL);"));
+        old.Close();
+        fixture.home.manager.SetJournal(&fixture.history);
+        fixture.Add(u"Acorn"_s);
+        QCOMPARE(fixture.Names(), u"add a record (Acorn)"_s);
+        QVERIFY(fixture.Undo());
     }
 
     /// 2,300 records with 32,000 characters each are more than 64 MB.

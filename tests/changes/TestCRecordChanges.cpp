@@ -512,7 +512,9 @@ class TestCRecordChanges final : public QObject {
         class StuckTimers final : public CTimersOfRecords {
          public:
             [[nodiscard]] QStringList Timed(const QStringList& ids) override { return ids; }
+            [[nodiscard]] QHash<QString, QByteArray> Images(const QStringList&) override { return {}; }
             [[nodiscard]] bool Drop(const QStringList& ids) override { return ids.isEmpty(); }
+            [[nodiscard]] bool PutBack(const QString&, const QByteArray&) override { return false; }
         } stuck;
         Fixture fixture;
         CRecordChanges changes({.document = *fixture.home.document,

@@ -31,7 +31,9 @@ CERecord ExpenseWith(QString CERecord::*field, const QString& text) {
 class NoTimers final : public CTimersOfRecords {
  public:
     [[nodiscard]] QStringList Timed(const QStringList&) override { return {}; }
+    [[nodiscard]] QHash<QString, QByteArray> Images(const QStringList&) override { return {}; }
     [[nodiscard]] bool Drop(const QStringList&) override { return true; }
+    [[nodiscard]] bool PutBack(const QString&, const QByteArray&) override { return true; }
 };
 
 /// Whether the item of the list is renamed with the records.

@@ -180,8 +180,8 @@ void AppendOthers(std::vector<CommandRow>& rows) {
     Append(rows, "period",
            {{"list", "", Text::CliPeriodList, ListPeriods}, {"show", "ID", Text::CliPeriodShow, ShowPeriod}});
     Append(rows, "history", {{"", "", Text::CliHistory, ListHistory, {HistoryOptions()}}});
-    Append(rows, "undo", {{"", "", Text::CliUndo, UndoChange}});
-    Append(rows, "redo", {{"", "", Text::CliRedo, RedoChange}});
+    Append(rows, "undo", {{"", "", Text::CliUndo, UndoChange, {WayOptions()}}});
+    Append(rows, "redo", {{"", "", Text::CliRedo, RedoChange, {WayOptions()}}});
     Append(rows, "backup", {{"", "FILE", Text::CliBackup, BackUp}});
     Append(rows, "verify", {{"", "FILE", Text::CliVerify, VerifyBackup}});
     Append(rows, "restore", {{"", "FILE", Text::CliRestore, RestoreBackup}});

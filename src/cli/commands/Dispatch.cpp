@@ -29,7 +29,9 @@ class CRunner {
         if (!home.OpenSettingsAlone(m_request.home)) return ExitCode::Failed;
         CWindowLink window(home.App().Home(), m_budget);
         CSettingsOwner owner(home.App().Settings(), window, m_console.clock);
-        return run(m_request.arguments, m_console, owner);
+        const ExitCode exit = run(m_request.arguments, m_console, owner);
+        home.TellOfHistory();
+        return exit;
     }
 
     ExitCode operator()(RunOnRecords run) {

@@ -21,6 +21,7 @@
 namespace {
 
 constexpr OptionRow kHistoryOptions[] = {{"limit", "N", OptionShape::Value, Text::CliOptHistoryLimit}};
+constexpr OptionRow kWayOptions[] = {{"skip", "", OptionShape::Flag, Text::CliOptSkip}};
 
 /// A state as scripts and people see it; people see nothing of what is as usual.
 struct StateRow {
@@ -48,14 +49,14 @@ void WriteJson(CJsonText& json, const HistoryRow& change) {
     json.Key("time");
     json.Text(change.time);
     json.Key("change");
-    json.Text(ChangeName(change.kind, change.count));
+    json.Text(ChangeName(change));
     json.Key("state");
     json.Text(QString::fromLatin1(RowOf(change.state).name));
     json.EndObject();
 }
 
 void WriteLine(COutput& out, const HistoryRow& change) {
-    const QString name = ChangeName(change.kind, change.count);
+    const QString name = ChangeName(change);
     const StateRow& state = RowOf(change.state);
     const QString marked = change.state == ChangeState::Done
                                ? name
@@ -80,12 +81,17 @@ void AnnounceAll(const UndoOutcome& outcome, Console& console, RecordContext& co
         Announce(RecordKind::Time, outcome.times, console, context, outcome.hasLists);
     if (!outcome.expenses.isEmpty())
         Announce(RecordKind::Expense, outcome.expenses, console, context, outcome.hasLists);
-    if (outcome.times.isEmpty() && outcome.expenses.isEmpty()) AnnounceLists(console, context);
+    if (outcome.times.isEmpty() && outcome.expenses.isEmpty() && outcome.hasLists)
+        AnnounceLists(console, context);
 }
 
 template <Text Line>
 void WriteOutcome(COutput& out, const char* key, const UndoOutcome& outcome) {
-    if (!out.isJson) return out.PutLine(FormatText<Line>(outcome.words));
+    if (!out.isJson) {
+        for (const QString& name : outcome.passedOver)
+            out.PutLine(FormatText<Text::CliHistoryPassedOver>(name));
+        return out.PutLine(FormatText<Line>(outcome.words));
+    }
     CJsonText json(out);
     json.BeginObject();
     json.Key(key);
@@ -96,6 +102,10 @@ void WriteOutcome(COutput& out, const char* key, const UndoOutcome& outcome) {
     json.Integer(outcome.expenses.size());
     json.Key("lists");
     json.Flag(outcome.hasLists);
+    json.Key("passedOver");
+    json.BeginArray();
+    for (const QString& name : outcome.passedOver) json.Text(name);
+    json.EndArray();
     json.EndObject();
     out.Put("\n");
 }
@@ -107,20 +117,25 @@ void TellOfHistory(Console& console, RecordContext& context) {
     if (!notice.isEmpty()) console.out.Complain(notice);
 }
 
+ExitCode RefuseWay(const UndoOutcome& outcome, Console& console) {
+    if (outcome.end == UndoOutcome::End::Nothing) return Refuse(ExitCode::NotFound, outcome.words, console);
+    if (!outcome.words.isEmpty()) console.out.Complain(outcome.words);
+    if (!outcome.instead.isEmpty()) console.out.Complain(LoadText(Text::CliHistorySkipHint));
+    return ExitCode::Failed;
+}
+
 /// Timers that can't be read may belong to any record of the change.
 template <Text Line>
-ExitCode Go(CHistory::Way way, const char* key, Console& console, RecordContext& context) {
+ExitCode Go(CHistory::Way way, const char* key, const CArguments& arguments, Console& console,
+            RecordContext& context) {
     context.timers.Read();
     if (!context.timers.AreKnown()) return Refuse(ExitCode::Failed, LoadText(Text::CliTimersUnread), console);
-    const UndoOutcome outcome = context.undo.Run(way);
+    const UndoOutcome outcome = arguments.Has("skip") ? context.undo.RunPast(way) : context.undo.Run(way);
     TellOfHistory(console, context);
-    if (outcome.end == UndoOutcome::End::Nothing) return Refuse(ExitCode::NotFound, outcome.words, console);
-    if (!outcome) {
-        if (!outcome.words.isEmpty()) console.out.Complain(outcome.words);
-        return ExitCode::Failed;
-    }
+    if (!outcome) return RefuseWay(outcome, console);
     AnnounceAll(outcome, console, context);
     WriteOutcome<Line>(console.out, key, outcome);
+    if (!outcome.notice.isEmpty()) console.out.Complain(outcome.notice);
     return ExitCode::Done;
 }
 
@@ -134,19 +149,24 @@ ExitCode ListHistory(const CArguments& arguments, Console& console, RecordContex
     const auto typed = arguments.Value("limit");
     const auto limit = typed ? EnteredValues::ReadCount(*typed) : std::numeric_limits<int>::max();
     if (!limit || *limit < 1) return Refuse(ExitCode::Usage, FormatText<Text::CliNoLimit>(*typed), console);
-    auto changes = context.undo.Changes();
+    const auto changes = context.undo.Changes();
     TellOfHistory(console, context);
     if (!changes)
         return Refuse(ExitCode::Failed, FormatText<Text::HistoryBusy>(context.undo.Error()), console);
-    if (changes->size() > static_cast<std::size_t>(*limit)) changes->resize(static_cast<std::size_t>(*limit));
-    WriteChanges(console.out, *changes);
+    std::vector<HistoryRow> listed = ListedChanges(*changes);
+    if (listed.size() > static_cast<std::size_t>(*limit)) listed.resize(static_cast<std::size_t>(*limit));
+    WriteChanges(console.out, listed);
     return ExitCode::Done;
 }
 
-ExitCode UndoChange(const CArguments&, Console& console, RecordContext& context) {
-    return Go<Text::HistoryUndone>(CHistory::Way::Undo, "undone", console, context);
+std::span<const OptionRow> WayOptions() {
+    return kWayOptions;
 }
 
-ExitCode RedoChange(const CArguments&, Console& console, RecordContext& context) {
-    return Go<Text::HistoryRedone>(CHistory::Way::Redo, "redone", console, context);
+ExitCode UndoChange(const CArguments& arguments, Console& console, RecordContext& context) {
+    return Go<Text::HistoryUndone>(CHistory::Way::Undo, "undone", arguments, console, context);
+}
+
+ExitCode RedoChange(const CArguments& arguments, Console& console, RecordContext& context) {
+    return Go<Text::HistoryRedone>(CHistory::Way::Redo, "redone", arguments, console, context);
 }

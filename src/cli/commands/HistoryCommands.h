@@ -9,3 +9,5 @@
 [[nodiscard]] ExitCode RedoChange(const CArguments& arguments, Console& console, RecordContext& context);
 
 [[nodiscard]] std::span<const OptionRow> HistoryOptions();
+/// Of undo and redo.
+[[nodiscard]] std::span<const OptionRow> WayOptions();

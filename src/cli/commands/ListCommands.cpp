@@ -71,6 +71,29 @@ Outcome Rename(Renaming renaming, int list, const QString& former, const QString
                                                             : Outcome::Failed(Outcome::Failure::Item);
 }
 
+/// "changed" as ever, and what took the text over beside the records.
+template <Text Records, Text RecordsAndStored>
+void PrintTaken(COutput& out, const Outcome& outcome) {
+    const auto records = static_cast<int>(outcome.ids.size());
+    if (!out.isJson)
+        return out.PutLine(outcome.carried == 0 ? FormatText<Records>(records)
+                                                : FormatText<RecordsAndStored>(records, outcome.carried));
+    CJsonText json(out);
+    json.BeginObject();
+    json.Key("changed");
+    json.Integer(records);
+    json.Key("carried");
+    json.Integer(outcome.carried);
+    json.EndObject();
+    out.Put("\n");
+}
+
+/// Records hold numbers, no items of a list of numbers.
+QString MergeQuestion(const ListRow& list, const QString& gone, const QString& kept) {
+    return list.holdsNumbers ? FormatText<Text::CliAskMergeNumbers>(kept, gone, gone)
+                             : FormatText<Text::CliAskMerge>(kept, gone, gone);
+}
+
 }  // namespace
 
 std::span<const OptionRow> RenameItemOptions() {
@@ -149,7 +172,7 @@ ExitCode RenameItem(const CArguments& arguments, Console& console, RecordContext
     const Outcome renamed = Rename(renaming, list, former, text, context);
     if (!renamed) return ExitCode::Failed;
     AnnounceLists(console, context);
-    PrintCount(console.out, "changed", Text::CliChanged, renamed.ids.size());
+    PrintTaken<Text::CliChanged, Text::CliRenamedCarried>(console.out, renamed);
     return ExitCode::Done;
 }
 
@@ -162,7 +185,7 @@ ExitCode MergeItems(const CArguments& arguments, Console& console, RecordContext
     for (const QString& text : {gone, kept})
         if (!context.catalogue.HasItem(list, text)) return NoSuchItem(text, console);
     if (gone == kept) return Refuse(ExitCode::Usage, LoadText(Text::CliMergeSame), console);
-    if (!Confirm(Text::CliAskMerge, FormatText<Text::CliAskMerge>(kept, gone, gone), Text::MergeTitle,
+    if (!Confirm(Text::CliAskMerge, MergeQuestion(*opened.row, gone, kept), Text::MergeTitle,
                  Text::ActionMerge, console))
         return ExitCode::Failed;
     Outcome merged = Outcome::Failed(Outcome::Failure::Item);
@@ -172,7 +195,10 @@ ExitCode MergeItems(const CArguments& arguments, Console& console, RecordContext
     });
     if (!isDone) return ExitCode::Failed;
     AnnounceLists(console, context);
-    PrintCount(console.out, "changed", Text::CliMerged, merged.ids.size());
+    if (opened.row->holdsNumbers && !console.out.isJson)
+        console.out.PutLine(LoadText(Text::CliMergedNumbers));
+    else
+        PrintTaken<Text::CliMerged, Text::CliMergedCarried>(console.out, merged);
     return ExitCode::Done;
 }
 

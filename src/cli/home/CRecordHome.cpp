@@ -4,6 +4,7 @@
 #include "cli/output/COutput.h"
 #include "cli/output/Console.h"
 #include "lang/LoadText.h"
+#include "reports/query/CStoredTexts.h"
 #include "timers/TimerOutcome.h"
 
 COpenHome::COpenHome(const Console& console)
@@ -15,7 +16,14 @@ bool COpenHome::OpenSettings(const QString& homeOption) {
     m_areSettingsKept = m_app.OpenSettings();
     if (!m_areSettingsKept) m_app.Tree().RefuseChanges();
     m_app.Settings().KeepStoreUntouched();
+    m_history = std::make_unique<CHistory>(m_app.Home(), m_console.clock, m_app.Settings());
+    m_history->Entries().Watch();
     return true;
+}
+
+void COpenHome::TellOfHistory() {
+    const QString notice = m_history ? m_history->TakeNotice() : QString();
+    if (!notice.isEmpty()) m_console.out.Complain(notice);
 }
 
 bool COpenHome::OpenSettingsAlone(const QString& homeOption) {
@@ -25,12 +33,12 @@ bool COpenHome::OpenSettingsAlone(const QString& homeOption) {
 }
 
 struct CRecordHome::Opened {
-    Opened(CVelmarchApp& app, const Console& console, CWaitBudget& budget)
+    Opened(CVelmarchApp& app, CHistory& history, const Console& console, CWaitBudget& budget)
         : manager(app.Manager()),
-          history(app.Home(), console.clock),
           window(app.Home(), budget),
           timers(console.clock, app.Document(), app.Settings(), window),
           owner(app.Settings(), window, console.clock),
+          stored(app.Settings(), console.clock, console.prompt),
           changes({.document = app.Document(),
                    .timers = timers,
                    .catalogue = app.Catalogue(),
@@ -38,8 +46,9 @@ struct CRecordHome::Opened {
                    .settings = app.Settings(),
                    .prompt = console.prompt,
                    .progress = progress,
-                   .partial = CRecordChanges::Partial::Undone}),
-          undo({.store = app.Store(), .history = history, .timers = timers}),
+                   .partial = CRecordChanges::Partial::Undone,
+                   .carrier = &stored}),
+          undo({.store = app.Store(), .history = history, .timers = timers, .settings = app.Settings()}),
           context{.document = app.Document(),
                   .settings = app.Settings(),
                   .timers = timers,
@@ -58,10 +67,10 @@ struct CRecordHome::Opened {
     Opened& operator=(const Opened&) = delete;
 
     CVOSrcMgr& manager;
-    CHistory history;
     CWindowLink window;
     CTimerAccess timers;
     CSettingsOwner owner;
+    CStoredTexts stored;
     CNoProgress progress;
     CEnteredItems entered;
     CRecordChanges changes;
@@ -77,7 +86,7 @@ CRecordHome::~CRecordHome() = default;
 bool CRecordHome::Open(const QString& homeOption) {
     CVelmarchApp& app = m_home.App();
     if (!m_home.OpenSettings(homeOption) || !app.OpenStore()) return false;
-    m_opened = std::make_unique<Opened>(app, m_console, m_budget);
+    m_opened = std::make_unique<Opened>(app, m_home.History(), m_console, m_budget);
     if (!m_home.AreSettingsKept()) m_opened->owner.NoteUnread();
     return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/CVelmarchApp.h"
+#include "changes/CHistory.h"
 #include "changes/CProgress.h"
 #include "changes/CRecordChanges.h"
 #include "cli/home/CSettingsOwner.h"
@@ -26,6 +27,10 @@ class COpenHome {
     [[nodiscard]] bool OpenSettingsAlone(const QString& homeOption);
     [[nodiscard]] bool AreSettingsKept() const { return m_areSettingsKept; }
     [[nodiscard]] CVelmarchApp& App() { return m_app; }
+    /// After OpenSettings: what is changed is written down in it.
+    [[nodiscard]] CHistory& History() { return *m_history; }
+    /// What has to be said of it, of changes of the settings or of those that could not be read.
+    void TellOfHistory();
 
  private:
     const Console& m_console;
@@ -33,6 +38,7 @@ class COpenHome {
     CNoViews m_views;
     CVelmarchApp m_app;
     bool m_areSettingsKept = false;
+    std::unique_ptr<CHistory> m_history;
 };
 
 /// The same with the records, and all that stands on them.

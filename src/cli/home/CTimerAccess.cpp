@@ -7,6 +7,7 @@
 #include "lang/FormatText.h"
 #include "timers/GoneRecords.h"
 #include "timers/TimerCommand.h"
+#include "timers/TimerImage.h"
 
 namespace {
 
@@ -139,6 +140,21 @@ InstanceReply CTimerAccess::Run(const TimerRequest& request) {
 QStringList CTimerAccess::Timed(const QStringList& ids) {
     Read();
     return m_areKnown ? COwnTimers(m_timers).Timed(ids) : ids;
+}
+
+/// As they are stored: what a window counts is stored whenever it starts, pauses or stops one.
+QHash<QString, QByteArray> CTimerAccess::Images(const QStringList& ids) {
+    Read();
+    return COwnTimers(m_timers).Images(ids);
+}
+
+QHash<QString, QByteArray> CTimerAccess::AllImages() {
+    Read();
+    return TimerImagesOf(m_set);
+}
+
+bool CTimerAccess::PutBack(const QString& id, const QByteArray& image) {
+    return bool(Run({.action = TimerAction::PutBack, .id = id, .image = image}));
 }
 
 std::optional<int> CTimerAccess::DropGone() {

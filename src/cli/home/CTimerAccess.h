@@ -53,7 +53,10 @@ class CTimerAccess final : public CTimersOfRecords {
     /// What a new timer writes: it may stop the others.
     [[nodiscard]] Writes OfNewTimer() const;
     [[nodiscard]] QStringList Timed(const QStringList& ids) override;
+    [[nodiscard]] QHash<QString, QByteArray> AllImages();
+    [[nodiscard]] QHash<QString, QByteArray> Images(const QStringList& ids) override;
     [[nodiscard]] bool Drop(const QStringList& ids) override;
+    [[nodiscard]] bool PutBack(const QString& id, const QByteArray& image) override;
     /// Drops the timers of records that aren't in the store any more. How many; nothing when it could not be
     /// saved.
     [[nodiscard]] std::optional<int> DropGone();

@@ -25,6 +25,9 @@ class CFrameHistory {
 
  private:
     void Go(CHistory::Way way);
+    void Tell(const QString& words);
+    void Refuse(const UndoOutcome& outcome, CHistory::Way way);
+    void Done(const UndoOutcome& outcome, CHistory::Way way);
     void Show(const UndoOutcome& outcome);
     [[nodiscard]] bool ShowRecords(RecordKind kind, const QStringList& ids);
     void LookUp() const;

@@ -11,10 +11,21 @@
 #include "shell/frame/FrameContext.h"
 #include "timers/CRecordTimers.h"
 
+namespace {
+
+/// What is stored takes the new text of an item over, too.
+CRecordChanges::Context WithCarrier(CRecordChanges::Context changes, CItemCarrier& carrier) {
+    changes.carrier = &carrier;
+    return changes;
+}
+
+}  // namespace
+
 CFrameLists::CFrameLists(const FrameContext& context)
     : m_context(context),
       m_timers(context.timers),
-      m_changes(ChangesOf(context, m_timers, CRecordChanges::Partial::Undone)) {}
+      m_stored(context.settings, context.clock, context.prompt),
+      m_changes(WithCarrier(ChangesOf(context, m_timers, CRecordChanges::Partial::Undone), m_stored)) {}
 
 bool CFrameLists::EditLists() {
     if (m_context.catalogue.IsStale() && !m_context.catalogue.Load()) {

@@ -2,6 +2,7 @@
 
 #include "changes/CRecordChanges.h"
 #include "changes/CTimersOfRecords.h"
+#include "reports/query/CStoredTexts.h"
 
 struct FrameContext;
 
@@ -17,5 +18,6 @@ class CFrameLists {
  private:
     const FrameContext& m_context;
     COwnTimers m_timers;
+    CStoredTexts m_stored;
     CRecordChanges m_changes;
 };

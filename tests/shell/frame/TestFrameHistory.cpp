@@ -1,5 +1,6 @@
 #include "FrameHome.h"
 #include "changes/CHistory.h"
+#include "platform/sqlite/CSqliteFile.h"
 #include "support/TestProgram.h"
 
 #include <QDir>
@@ -18,6 +19,8 @@ class TestFrameHistory final : public QObject {
     void manyRecords();
     void namesOfFields();
     void refusedInWords();
+    void passedOver();
+    void timerComesBack();
     void changeOfAnotherProgram();
 
  private:
@@ -94,15 +97,61 @@ void TestFrameHistory::namesOfFields() {
     QCOMPARE(window.app.Catalogue().Labels().GetLabel(110), u"Project"_s);
 }
 
+namespace {
+
+void TouchFromOutside(const QString& home, const QString& id) {
+    CVOSrcMgr manager;
+    manager.m_directory = home;
+    manager.m_fileName = LoadText(Text::StoreFileName);
+    eActionDisposition source{}, second{};
+    QVERIFY(manager.InitDataSrc(source, second));
+    QVERIFY(
+        manager.File().Execute("UPDATE time_velmarch SET notes='x' WHERE identity='" + id.toLatin1() + '\''));
+}
+
+}  // namespace
+
 void TestFrameHistory::refusedInWords() {
+    const QString home = Home();
+    Window window(home);
+    const QString id = window.Add(19);
+    window.frame->Refresh();
+    TouchFromOutside(home, id);
+    window.prompt.ExpectTold(Text::HistoryTitle);
+    window.frame->RunCommand(Command::kUndo);
+    QCOMPARE(window.Rows(), 1);
+    QVERIFY(window.prompt.told.last().contains(id));
+}
+
+/// Of two records the newer one was changed by another program: the older one can be undone in its place.
+void TestFrameHistory::passedOver() {
+    const QString home = Home();
+    Window window(home);
+    window.Add(18);
+    const QString second = window.Add(19);
+    window.frame->Refresh();
+    TouchFromOutside(home, second);
+    window.frame->Refresh();
+    window.prompt.Expect(Text::HistorySkipUndo, Answer::No);
+    window.frame->RunCommand(Command::kUndo);
+    QCOMPARE(window.Rows(), 2);
+    window.prompt.Expect(Text::HistorySkipUndo, Answer::Yes);
+    window.frame->RunCommand(Command::kUndo);
+    QCOMPARE(window.Rows(), 1);
+    QVERIFY(window.app.Document().FindLoaded(second));
+}
+
+/// The timer is back in the list with its record.
+void TestFrameHistory::timerComesBack() {
     Window window(Home());
     const QString id = window.Add(19);
     window.frame->Refresh();
     QVERIFY(window.timers->StartRecordTimer(id));
-    window.prompt.ExpectTold(Text::HistoryTitle);
+    Delete(window);
+    QVERIFY(!window.timers->HasTimer(id));
     window.frame->RunCommand(Command::kUndo);
     QCOMPARE(window.Rows(), 1);
-    QVERIFY(window.prompt.told.last().contains(u"Stop the timer first"_s));
+    QCOMPARE(window.timers->StateOf(id), TimerState::Running);
 }
 
 /// It stands in the menu, and is undone here.
@@ -117,7 +166,7 @@ void TestFrameHistory::changeOfAnotherProgram() {
         manager.m_fileName = LoadText(Text::StoreFileName);
         eActionDisposition source{}, second{};
         QVERIFY(manager.InitDataSrc(source, second));
-        CHistory history(home, window.clock);
+        CHistory history(home, window.clock, window.app.Settings());
         manager.SetJournal(&history);
         CRecordStore store(manager, window.prompt, u"velmarch"_s);
         QVERIFY(store.DeleteRecord(RecordKind::Time, id));
