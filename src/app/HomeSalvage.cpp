@@ -166,6 +166,7 @@ SalvagedHome SalvageHome(const QString& home, const QString& folder) {
     out.error = QFileInfo::exists(store) ? MakeFolder(out.folder) : FormatText<Text::CliStoreGone>(store);
     if (out.error.isEmpty()) out.error = SalvageRecords(home, out);
     if (out.error.isEmpty()) out.error = SalvageValues(home, out);
+    out.hasHistory = QFileInfo::exists(HistoryPath(home));
     return out;
 }
 
@@ -186,6 +187,7 @@ QStringList SalvageLines(const SalvagedHome& saved) {
             break;
     }
     if (!saved.notSaved.isEmpty()) lines += FormatText<Text::SalvagePutAside>(saved.notSaved.join(u", "_s));
+    if (saved.hasHistory) lines += LoadText(Text::SalvageNoHistory);
     return lines;
 }
 

@@ -15,6 +15,7 @@ struct SalvagedHome {
     SalvagedRecords records;
     Settings settings = Settings::None;
     SalvagedSettings values;  ///< of settings that could be saved in part only
+    bool hasHistory = false;  ///< which stays behind: its changes are those of the damaged records
     QStringList
         notSaved;  ///< damaged values of the settings by name, and whole files of them that were put aside
 };

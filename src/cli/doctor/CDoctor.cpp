@@ -8,6 +8,7 @@
 #include "platform/settings/SettingsChecks.h"
 #include "platform/sqlite/CSqliteFile.h"
 #include "platform/sqlite/SqliteErrors.h"
+#include "records/CHistoryFile.h"
 
 #include <QFileInfo>
 
@@ -48,7 +49,9 @@ const std::vector<Finding>& CDoctor::Examine(const QString& homeOption) {
     const bool canReadSettings = ExamineSettings(settingsPath);
     const bool isRead = canReadSettings && QFileInfo::exists(settingsPath);
     ReadOnlyHome reader(m_clock, m_home, isRead ? settingsPath : QString());
-    ExamineData(reader, canReadSettings, ExamineStore(reader));
+    const Store store = ExamineStore(reader);
+    ExamineHistory(HistoryPath(m_home));
+    ExamineData(reader, canReadSettings, store);
     return m_findings;
 }
 
@@ -115,6 +118,30 @@ CDoctor::Store CDoctor::ExamineStore(ReadOnlyHome& reader) {
                     {"store", Bad, LoadText(Text::CliTablesMissing), LoadText(Text::CliAdviseTables)});
     return note(Store::Readable,
                 reader.manager.File().IsReadOnly() ? ReadOnly("store", path) : Finding{"store", Good, path});
+}
+
+/// A history of changes that can't be read or written costs nobody a record: it is named with what to do, and
+/// nothing else depends on it.
+void CDoctor::ExamineHistory(const QString& path) {
+    constexpr char kName[] = "history";
+    const QFileInfo info(path);
+    if (!info.exists() || (info.isFile() && info.size() == 0))
+        return Note({kName, Good, LoadText(Text::CliNoHistoryYet)});
+    if (info.isDir())
+        return Note(
+            {kName, Bad, FormatText<Text::HistoryIsFolder>(path), LoadText(Text::CliAdviseHistoryPlace)});
+    if (IsClosedToUs(path)) return Note(NoAccess(kName, path));
+    const HistoryHealth health = CHistoryFile::Examine(path);
+    if (!health.error.isEmpty())
+        return Note({kName, Bad, health.error,
+                     LoadText(health.outcome == OpenOutcome::Locked ? Text::CliAdviseInUse
+                                                                    : Text::CliAdviseHistory)});
+    if (health.faults > 0)
+        return Note({kName, Bad, FormatText<Text::CliHistoryFaults>(health.faults),
+                     LoadText(Text::CliAdviseHistory)});
+    if (health.outcome == OpenOutcome::ReadOnly)
+        return Note({kName, Bad, FormatText<Text::CliReadOnly>(path), LoadText(Text::CliAdviseHistoryPlace)});
+    Note({kName, Good, FormatText<Text::CliHistorySound>(health.changes)});
 }
 
 /// The one thing that is written to a home that is looked at: with it no program changes the store before it

@@ -26,6 +26,7 @@ class CDoctor {
     /// Whether the settings can be read.
     [[nodiscard]] bool ExamineSettings(const QString& path);
     [[nodiscard]] Store ExamineStore(ReadOnlyHome& reader);
+    void ExamineHistory(const QString& path);
     void NoteDamage(ReadOnlyHome& reader);
     void ExamineData(ReadOnlyHome& reader, bool canReadSettings, Store store);
 

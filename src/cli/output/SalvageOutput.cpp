@@ -76,6 +76,8 @@ void WriteSalvageJson(COutput& out, const SalvagedHome& saved) {
     json.Integer(saved.values.saved);
     json.Key("settingsLost");
     json.Integer(saved.values.lost);
+    json.Key("historyLeft");
+    json.Flag(saved.hasHistory);
     json.Key("notSaved");
     json.BeginArray();
     for (const QString& name : saved.notSaved) json.Text(name);

@@ -102,6 +102,8 @@ void TestDoctor::ADamagedFile_data() {
     QTest::newRow("a damaged store") << u"velmarch.store"_s << u"store"_s << false;
     QTest::newRow("no settings file at all") << u"velmarch.settings"_s << u"settings"_s << true;
     QTest::newRow("damaged settings") << u"velmarch.settings"_s << u"settings"_s << false;
+    QTest::newRow("no history at all") << u"velmarch.history"_s << u"history"_s << true;
+    QTest::newRow("a damaged history") << u"velmarch.history"_s << u"history"_s << false;
 }
 
 void TestDoctor::ADamagedFile() {
