@@ -153,7 +153,8 @@ ExitCode RestoreBackup(const CArguments& arguments, Console& console, const QStr
     RecordContext& context = home.Context();
     if (const InstanceReply reply = context.window.AskForRefresh(); !reply)
         return Refuse(ExitCode::Refused, reply.words, console);
-    const RestoreOutcome outcome = restore.Run(home.Path(), context.document.Store().Manager().Journal());
+    const RestoreOutcome outcome =
+        restore.Run(home.Path(), context.document.Store().Manager().Journal(), context.timers.AllImages());
     if (!outcome) return Refuse(ExitCode::Failed, RestoreFailure(path, outcome.error), console);
     TellOthers(outcome, console, context);
     WriteRestored(console.out, path, verified.content, outcome);

@@ -93,7 +93,8 @@ void CBackupCommands::Restore() {
     RestoreOutcome outcome;
     {
         const CVelmarchDoc::ChangeScope changing(m_context.document);
-        outcome = restore.Run(m_context.home, m_context.document.Store().Manager().Journal());
+        outcome =
+            restore.Run(m_context.home, m_context.document.Store().Manager().Journal(), m_context.timers());
     }
     if (outcome)
         TellRestored(*path, outcome.safetyCopy);

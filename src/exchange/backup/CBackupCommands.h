@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QByteArray>
+#include <QHash>
 #include <QString>
 #include <functional>
 
@@ -22,6 +24,8 @@ class CBackupCommands {
         CProgress& progress;
         std::function<void()> refresh;  ///< reads everything anew
         std::function<int()> dropGone;  ///< drops timers whose records are gone; how many
+        /// What it takes to put each timer back, by record.
+        std::function<QHash<QString, QByteArray>()> timers;
     };
     explicit CBackupCommands(const Context& context) : m_context(context) {}
 

@@ -10,6 +10,7 @@
 #include "platform/host/CPrompt.h"
 #include "platform/host/ErrorText.h"
 #include "platform/sqlite/CSqliteFile.h"
+#include "records/CTRecord.h"
 #include "records/CVORecordset.h"
 #include "records/NamedChange.h"
 
@@ -99,7 +100,21 @@ bool CRestore::IsConfirmed() {
            Ask(Text::AskRestoreSure, LoadText(Text::AskRestoreSure), Text::AskRestoreSureTitle);
 }
 
-RestoreOutcome CRestore::Run(const QString& home, CStoreJournal* journal) {
+namespace {
+
+/// Timers of records that the backup doesn't have.
+void NoteTimersThatGo(CRecordStore& store, CStoreJournal* journal, const QHash<QString, QByteArray>& timers) {
+    for (auto timer = timers.cbegin(); journal && timer != timers.cend(); ++timer) {
+        CTRecord record;
+        if (!store.ReadRecord(record, timer.key()) && store.m_lastError == 0)
+            journal->NoteTimer(timer.key(), timer.value());
+    }
+}
+
+}  // namespace
+
+RestoreOutcome CRestore::Run(const QString& home, CStoreJournal* journal,
+                             const QHash<QString, QByteArray>& timers) {
     RestoreOutcome outcome;
     CSecondSource source(home, m_context.prompt);
     CVOSrcMgr& manager = source.Manager();
@@ -114,6 +129,7 @@ RestoreOutcome CRestore::Run(const QString& home, CStoreJournal* journal) {
     outcome.error = manager.BeginBatch()
                         ? Replace(source, copy, outcome)
                         : LoadText(Text::RestoreTableNotOpen) + QStringLiteral(" ") + manager.m_error;
+    if (outcome) NoteTimersThatGo(source.Store(), journal, timers);
     if (outcome && !manager.Update())
         outcome.error = LoadText(Text::RestoreNotCommitted) + QStringLiteral(" ") + manager.m_error;
     manager.Discard();

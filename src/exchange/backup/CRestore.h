@@ -2,7 +2,9 @@
 
 #include "exchange/backup/BackupOutcome.h"
 
+#include <QByteArray>
 #include <QFile>
+#include <QHash>
 #include <QString>
 #include <functional>
 
@@ -42,7 +44,9 @@ class CRestore {
     /// Asks twice whether the records are to be replaced by those that were verified.
     [[nodiscard]] bool IsConfirmed();
     /// Into the store of a home, which must be there. journal: who writes down what is changed; null: nobody.
-    [[nodiscard]] RestoreOutcome Run(const QString& home, CStoreJournal* journal);
+    /// timers: what it takes to put each timer back, by record, which is written down for those that go.
+    [[nodiscard]] RestoreOutcome Run(const QString& home, CStoreJournal* journal,
+                                     const QHash<QString, QByteArray>& timers = {});
 
  private:
     [[nodiscard]] QString OpenFile(const QString& path);

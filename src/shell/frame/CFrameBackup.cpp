@@ -9,6 +9,7 @@
 #include "shell/frame/FrameContext.h"
 #include "timers/CRecordTimers.h"
 #include "timers/GoneRecords.h"
+#include "timers/TimerImage.h"
 
 CFrameBackup::CFrameBackup(const FrameContext& context)
     : m_context(context),
@@ -19,7 +20,8 @@ CFrameBackup::CFrameBackup(const FrameContext& context)
                   .clock = context.clock,
                   .progress = context.progress,
                   .refresh = [this] { m_context.control.Refresh(); },
-                  .dropGone = [this] { return DropGone(); }}) {}
+                  .dropGone = [this] { return DropGone(); },
+                  .timers = [this] { return TimerImagesOf(m_context.timers.Set()); }}) {}
 
 /// Where it can't be saved such timers go with the next fold.
 int CFrameBackup::DropGone() {

@@ -53,7 +53,8 @@ CBackupCommands TestCBackupCommands::Commands() {
                             .clock = m_home->clock,
                             .progress = m_progress,
                             .refresh = [this] { ++m_refreshed; },
-                            .dropGone = [this] { return m_gone; }});
+                            .dropGone = [this] { return m_gone; },
+                            .timers = [] { return QHash<QString, QByteArray>(); }});
 }
 
 void TestCBackupCommands::Backup() {
