@@ -16,6 +16,8 @@ namespace {
 
 using enum Finding::Verdict;
 
+constexpr char kHistory[] = "history";
+
 /// A file that is there and can't be read for want of rights; advice for a damaged one would be wrong.
 bool IsClosedToUs(const QString& path) {
     return QFileInfo::exists(path) && !QFileInfo(path).isReadable();
@@ -123,25 +125,25 @@ CDoctor::Store CDoctor::ExamineStore(ReadOnlyHome& reader) {
 /// A history of changes that can't be read or written costs nobody a record: it is named with what to do, and
 /// nothing else depends on it.
 void CDoctor::ExamineHistory(const QString& path) {
-    constexpr char kName[] = "history";
     const QFileInfo info(path);
     if (!info.exists() || (info.isFile() && info.size() == 0))
-        return Note({kName, Good, LoadText(Text::CliNoHistoryYet)});
+        return Note({kHistory, Good, LoadText(Text::CliNoHistoryYet)});
     if (info.isDir())
         return Note(
-            {kName, Bad, FormatText<Text::HistoryIsFolder>(path), LoadText(Text::CliAdviseHistoryPlace)});
-    if (IsClosedToUs(path)) return Note(NoAccess(kName, path));
+            {kHistory, Bad, FormatText<Text::HistoryIsFolder>(path), LoadText(Text::CliAdviseHistoryPlace)});
+    if (IsClosedToUs(path)) return Note(NoAccess(kHistory, path));
     const HistoryHealth health = CHistoryFile::Examine(path);
     if (!health.error.isEmpty())
-        return Note({kName, Bad, health.error,
+        return Note({kHistory, Bad, health.error,
                      LoadText(health.outcome == OpenOutcome::Locked ? Text::CliAdviseInUse
                                                                     : Text::CliAdviseHistory)});
     if (health.faults > 0)
-        return Note({kName, Bad, FormatText<Text::CliHistoryFaults>(health.faults),
+        return Note({kHistory, Bad, FormatText<Text::CliHistoryFaults>(health.faults),
                      LoadText(Text::CliAdviseHistory)});
     if (health.outcome == OpenOutcome::ReadOnly)
-        return Note({kName, Bad, FormatText<Text::CliReadOnly>(path), LoadText(Text::CliAdviseHistoryPlace)});
-    Note({kName, Good, FormatText<Text::CliHistorySound>(health.changes)});
+        return Note(
+            {kHistory, Bad, FormatText<Text::CliReadOnly>(path), LoadText(Text::CliAdviseHistoryPlace)});
+    Note({kHistory, Good, FormatText<Text::CliHistorySound>(health.changes)});
 }
 
 /// The one thing that is written to a home that is looked at: with it no program changes the store before it
