@@ -2,6 +2,7 @@
 
 #include "TimerHome.h"
 #include "support/TestProgram.h"
+#include "timers/TimerImage.h"
 
 #include <QJsonDocument>
 #include <QTest>
@@ -18,6 +19,7 @@ class TestTimerCommand : public QObject {
     void Refused_data();
     void Refused();
     void UnsavedTimersAreAnError();
+    void PutBackAsItWas();
     void RequestsAsTheyTravel_data();
     void RequestsAsTheyTravel();
     void TheReplyAsItTravels();
@@ -129,13 +131,42 @@ void TestTimerCommand::UnsavedTimersAreAnError() {
     QVERIFY(home.tree.File().Execute("PRAGMA query_only=OFF"));
 }
 
+/// Nobody pauses the others for it, whatever is done for a new one.
+void TestTimerCommand::PutBackAsItWas() {
+    TimerHome home;
+    const QString id = home.AddTime(2026, 11, 19), other = home.AddTime(2026, 11, 18);
+    QCOMPARE(Answer(home, "start", id), QStringLiteral("running 0"));
+    home.clock.Advance(75);
+    const QByteArray image = TimerImagesOf(home.timers->Set()).value(id);
+    QCOMPARE(Answer(home, "stop", id), QString());
+    QCOMPARE(Answer(home, "start", other), QStringLiteral("running 0"));
+    home.settings->timerOnNewTimer = 1;
+    home.clock.Advance(25);
+    const auto putBack = [&](const QString& record, const QByteArray& timer) {
+        return RunTimerRequest({.action = TimerAction::PutBack, .id = record, .image = timer}, *home.timers,
+                               *home.document);
+    };
+    const InstanceReply reply = putBack(id, image);
+    QVERIFY(reply);
+    for (const TimerReading& timer : TimersIn(reply)) {
+        QVERIFY(timer.isRunning);
+        QCOMPARE(timer.seconds, timer.recordId == id ? 100 : 25);
+    }
+    QCOMPARE(TimersIn(reply).size(), 2U);
+    for (const QByteArray& bad : {QByteArray(), QByteArray("x"), image.left(20)})
+        QCOMPARE(putBack(id, bad).reason, ReplyReason::NotUnderstood);
+    QCOMPARE(putBack(other, image).reason, ReplyReason::NotUnderstood);  // that of another record
+    QCOMPARE(putBack(QString(32, u'A'), image).reason, ReplyReason::NotFound);
+}
+
 void TestTimerCommand::RequestsAsTheyTravel_data() {
     QTest::addColumn<QByteArray>("json");
     for (const char* json :
          {R"({"action":"start","id":"A"})", R"({"action":"start","fromZero":true,"id":"A"})",
           R"({"action":"pause","id":"A"})", R"({"action":"stop","id":"A"})",
           R"({"action":"stop","id":"A","trueTime":true})", R"({"action":"stop-all"})",
-          R"({"action":"pause-all"})", R"({"action":"status"})", R"({"action":"drop","id":"A"})"})
+          R"({"action":"pause-all"})", R"({"action":"status"})", R"({"action":"drop","id":"A"})",
+          R"({"action":"put-back","id":"A","timer":"AAE="})"})
         QTest::newRow(json) << QByteArray(json);
 }
 

@@ -72,6 +72,7 @@ class TestCSettingsTree : public QObject {
     void names_data();
     void names();
     void keys();
+    void keyMadeAgain();
     void keyDeletedElsewhere();
     void readingMakesNothing();
     void changeIsAllOrNothing();
@@ -209,6 +210,20 @@ void TestCSettingsTree::keys() {
     QCOMPARE(sqlite3_step(left), SQLITE_ROW);
     QCOMPARE(sqlite3_column_int(left, 0), 0);
     sqlite3_reset(left);
+}
+
+void TestCSettingsTree::keyMadeAgain() {
+    CSettingsTree tree;
+    QVERIFY(tree.Open(Path()));
+    const CSettingsKey root = tree.Root();
+    const CSettingsKey first = tree.CreateKey(root, u"first"_qs);
+    QVERIFY(tree.CreateKey(root, u"second"_qs).IsOpen());
+    QVERIFY(tree.DeleteKey(root, u"first"_qs));
+    QVERIFY(tree.CreateKey(root, u"third"_qs).IsOpen());
+    const CSettingsKey again = tree.MakeKeyAgain(root, u"first"_qs, first.Place());
+    QCOMPARE(again.Place(), first.Place());
+    QCOMPARE(tree.EnumKeys(root), std::optional(QStringList({u"first"_qs, u"second"_qs, u"third"_qs})));
+    QVERIFY(!tree.MakeKeyAgain(root, u"fourth"_qs, first.Place()).IsOpen());  // it is there
 }
 
 void TestCSettingsTree::keyDeletedElsewhere() {
