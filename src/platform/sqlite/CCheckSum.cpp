@@ -2,11 +2,20 @@
 
 #include <sqlite3.h>
 
-#include <QtEndian>
+#include <array>
 #include <bit>
 #include <span>
 
 namespace {
+
+constexpr std::uint64_t kPrime = 0x100000001B3U;
+/// What a byte of zero does is to multiply: a number's leading zeros are one multiplication. Most numbers of
+/// a row are small, and a row has two dozen of them.
+constexpr std::array kPowers = [] {
+    std::array<std::uint64_t, sizeof(std::uint64_t) + 1> powers{1};
+    for (std::size_t zeros = 1; zeros < powers.size(); ++zeros) powers[zeros] = powers[zeros - 1] * kPrime;
+    return powers;
+}();
 
 QByteArrayView BytesOf(sqlite3_value* value, const void* bytes) {
     return {static_cast<const char*>(bytes), sqlite3_value_bytes(value)};
@@ -21,13 +30,14 @@ void SumOfArguments(sqlite3_context* context, int count, sqlite3_value** values)
 }  // namespace
 
 void CCheckSum::AddBytes(QByteArrayView bytes) {
-    for (const char byte : bytes) m_sum = (m_sum ^ static_cast<unsigned char>(byte)) * 0x100000001B3U;
+    for (const char byte : bytes) m_sum = (m_sum ^ static_cast<unsigned char>(byte)) * kPrime;
 }
 
+/// The low byte first.
 void CCheckSum::AddNumber(std::uint64_t value) {
-    char bytes[sizeof value];
-    qToLittleEndian(value, bytes);
-    AddBytes({bytes, sizeof bytes});
+    std::size_t zeros = sizeof value;
+    for (; value != 0; value >>= 8U, --zeros) m_sum = (m_sum ^ (value & 0xFFU)) * kPrime;
+    m_sum *= kPowers[zeros];
 }
 
 void CCheckSum::AddInteger(std::int64_t value) {

@@ -23,6 +23,7 @@ class CStatementCache {
         QByteArray sql;
         sqlite3_stmt* statement;
     };
+    [[nodiscard]] sqlite3_stmt* Take(std::list<Entry>::iterator place);
     [[nodiscard]] sqlite3_stmt* Prepare(const QByteArray& sql);
     void DropOldest();
 
