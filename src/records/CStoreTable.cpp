@@ -1,13 +1,14 @@
 #include "records/CStoreTable.h"
 
 #include "lang/LoadText.h"
+#include "platform/host/Utf8Text.h"
 #include "platform/sqlite/CCheckSum.h"
 #include "platform/sqlite/CSqliteFile.h"
 
 #include <sqlite3.h>
 
+#include <QVarLengthArray>
 #include <algorithm>
-#include <type_traits>
 
 namespace {
 
@@ -55,48 +56,64 @@ QByteArray IndexSql(const QString& name, std::span<const FieldDef> fields) {
            " (" + columns.join(", ") + ')';
 }
 
-/// Binds a value. The bytes of a text go to keep, which lives as long as the binding.
-void Bind(sqlite3_stmt* statement, int place, const VARIANT& value, std::vector<QByteArray>& keep) {
-    std::visit(
-        [&](const auto& held) {
-            using Held = std::decay_t<decltype(held)>;
-            if constexpr (std::is_same_v<Held, std::monostate>) {
-                sqlite3_bind_null(statement, place);
-            } else if constexpr (std::is_same_v<Held, QString>) {
-                const QByteArray& text = keep.emplace_back(held.toUtf8());
-                sqlite3_bind_text(statement, place, text.constData(), static_cast<int>(text.size()),
-                                  SQLITE_STATIC);
-            } else if constexpr (std::is_floating_point_v<Held>) {
-                sqlite3_bind_double(statement, place, static_cast<double>(held));
-            } else {
-                sqlite3_bind_int(statement, place, held);
-            }
-        },
-        value);
+/// The units of the texts among some values.
+qsizetype UnitsOf(std::span<const VARIANT> values) {
+    qsizetype units = 0;
+    for (const VARIANT& value : values)
+        if (const auto* text = std::get_if<QString>(&value)) units += text->size();
+    return units;
 }
 
-/// A value as the store holds it; texts are the bytes of the texts among the values, in their order.
-void AddTo(CCheckSum& sum, const VARIANT& value, std::vector<QByteArray>::const_iterator& texts) {
-    std::visit(
-        [&](const auto& held) {
-            using Held = std::decay_t<decltype(held)>;
-            if constexpr (std::is_same_v<Held, std::monostate>)
-                sum.AddNull();
-            else if constexpr (std::is_same_v<Held, QString>)
-                sum.AddText(*texts++);
-            else if constexpr (std::is_floating_point_v<Held>)
-                sum.AddReal(static_cast<double>(held));
-            else
-                sum.AddInteger(held);
-        },
-        value);
-}
+/// Binds values to a statement, one place after the other, and sums them up as the store holds them. The
+/// bytes of the texts lie end to end in one piece of memory, as long as this lives: a piece for each text
+/// would cost as much as storing it.
+class CBinder {
+ public:
+    /// units: of all texts to come.
+    CBinder(sqlite3_stmt* statement, qsizetype units)
+        : m_statement(statement), m_texts(units * kMostUtf8PerUnit), m_end(m_texts.data()) {}
 
+    void Bind(const VARIANT& value) {
+        ++m_place;
+        std::visit([this](const auto& held) { BindHeld(held); }, value);
+    }
+    [[nodiscard]] std::int64_t Sum() const { return m_sum.Value(); }
+
+ private:
+    void BindHeld(std::monostate) {
+        sqlite3_bind_null(m_statement, m_place);
+        m_sum.AddNull();
+    }
+    void BindHeld(const QString& text) {
+        const QByteArrayView bytes(m_end, WriteUtf8(text, m_end));
+        m_end += bytes.size();
+        sqlite3_bind_text(m_statement, m_place, bytes.data(), static_cast<int>(bytes.size()), SQLITE_STATIC);
+        m_sum.AddText(bytes);
+    }
+    void BindHeld(double number) {
+        sqlite3_bind_double(m_statement, m_place, number);
+        m_sum.AddReal(number);
+    }
+    void BindHeld(float number) { BindHeld(static_cast<double>(number)); }
+    void BindHeld(std::int32_t number) {
+        sqlite3_bind_int(m_statement, m_place, number);
+        m_sum.AddInteger(number);
+    }
+    void BindHeld(std::int16_t number) { BindHeld(std::int32_t{number}); }
+
+    sqlite3_stmt* m_statement;
+    QVarLengthArray<char, 2048> m_texts;
+    char* m_end;
+    int m_place = 0;
+    CCheckSum m_sum;
+};
+
+/// The texts stay bound until the statement is handed out again, which unbinds it; nothing reads them any
+/// more.
 bool Step(CSqliteFile& file, sqlite3_stmt* statement) {
     const bool isDone = sqlite3_step(statement) == SQLITE_DONE;
     if (!isDone) file.NoteError();
     sqlite3_reset(statement);
-    sqlite3_clear_bindings(statement);
     return isDone;
 }
 
@@ -106,16 +123,11 @@ std::optional<std::int64_t> Run(CSqliteFile& file, const QByteArray& sql, const 
                                 const QString& key) {
     sqlite3_stmt* statement = file.Prepare(sql);
     if (!statement) return std::nullopt;
-    std::vector<QByteArray> texts;
-    texts.reserve(values.size() + 1);
-    int place = 0;
-    for (const VARIANT& value : values) Bind(statement, ++place, value, texts);
-    if (place < sqlite3_bind_parameter_count(statement)) Bind(statement, ++place, key, texts);
-    if (!Step(file, statement)) return std::nullopt;
-    CCheckSum sum;
-    auto text = texts.cbegin();
-    for (const VARIANT& value : values) AddTo(sum, value, text);
-    return sum.Value();
+    CBinder binder(statement, UnitsOf(values) + key.size());
+    for (const VARIANT& value : values) binder.Bind(value);
+    const std::int64_t sum = binder.Sum();
+    if (static_cast<int>(values.size()) < sqlite3_bind_parameter_count(statement)) binder.Bind(key);
+    return Step(file, statement) ? std::optional(sum) : std::nullopt;
 }
 
 }  // namespace
@@ -214,8 +226,8 @@ bool CStoreTable::Modify(CSqliteFile& file, const QString& key, const std::vecto
 bool CStoreTable::PutCheck(CSqliteFile& file, const VARIANT& key, std::int64_t sum) const {
     if (!m_hasChecks) return true;
     if (sqlite3_stmt* statement = file.Prepare(m_checks->PutSql())) {
-        std::vector<QByteArray> texts;
-        Bind(statement, 1, key, texts);
+        CBinder binder(statement, UnitsOf({&key, 1}));
+        binder.Bind(key);
         sqlite3_bind_int64(statement, 2, sum);
         if (Step(file, statement)) return true;
     }
@@ -228,11 +240,10 @@ bool CStoreTable::IsAsWritten(CSqliteFile& file, const QString& key) const {
     if (!m_hasChecks) return true;
     sqlite3_stmt* statement = file.Prepare(m_checks->CompareSql());
     if (!statement) return true;
-    std::vector<QByteArray> texts;
-    Bind(statement, 1, key, texts);
+    CBinder binder(statement, key.size());
+    binder.Bind(key);
     const bool isOther = sqlite3_step(statement) == SQLITE_ROW && sqlite3_column_int(statement, 0) == 0;
     sqlite3_reset(statement);
-    sqlite3_clear_bindings(statement);
     return !isOther;
 }
 

@@ -21,7 +21,11 @@ bool CVORecordset::TakeRecord(const CVORec& record) {
 }
 
 bool CVORecordset::SetFieldValue(const QString& name, const VARIANT& value) {
-    const auto isNamed = [&name](const FieldDef& field) { return LoadText(field.nameId) == name; };
+    // Mostly the very text of the library: it need not be read.
+    const auto isNamed = [&name](const FieldDef& field) {
+        const QString& text = LoadText(field.nameId);
+        return &text == &name || text == name;
+    };
     std::size_t column = m_nextColumn;
     if (column >= m_fields.size() || !isNamed(m_fields[column]))
         column = static_cast<std::size_t>(std::ranges::find_if(m_fields, isNamed) - m_fields.begin());

@@ -28,8 +28,10 @@ struct Numbers {
     }
 };
 
-template <std::size_t N, class Value>
-using NumberCache = TextCache<Numbers<N>, Numbers<N>, Value, 4096>;
+template <std::size_t N, class Value, std::size_t Slots = 4096>
+using NumberCache = TextCache<Numbers<N>, Numbers<N>, Value, Slots>;
+/// A lifetime has some 20,000 days with records.
+constexpr std::size_t kDays = 32768;
 
 std::uint32_t Bits(int number) {
     return static_cast<std::uint32_t>(number);
@@ -48,7 +50,7 @@ const DecimalText& TextOfDecimal(float value, int precision) {
 }
 
 const DayTexts& TextsOfDay(int month, int day, int year) {
-    static NumberCache<5, DayTexts> cache;
+    static NumberCache<5, DayTexts, kDays> cache;
     const CRegionalInfo& region = TheRegion();
     const Numbers<5> key(Bits(month), day, year, region.dateOrder, region.dateSeparator);
     return cache.Get(key, key.Hash(), [&] {

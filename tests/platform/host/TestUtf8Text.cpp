@@ -12,6 +12,8 @@ class TestUtf8Text : public QObject {
  private Q_SLOTS:
     void TextOf_data();
     void TextOf();
+    void Write_data();
+    void Write();
 };
 
 void TestUtf8Text::TextOf_data() {
@@ -40,6 +42,25 @@ void TestUtf8Text::TextOf_data() {
 void TestUtf8Text::TextOf() {
     QFETCH(QByteArray, bytes);
     QTEST(TextOfUtf8(bytes), "text");
+}
+
+void TestUtf8Text::Write_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("nothing") << QString() << QByteArray();
+    QTest::newRow("plain") << u"abc~"_s << QByteArray("abc~");
+    QTest::newRow("the first character that is no ASCII") << u"a\u0080"_s << QByteArray("a\xC2\x80");
+    QTest::newRow("three bytes") << u"\uFFFD\u20AC"_s << QByteArray("\xEF\xBF\xBD\xE2\x82\xAC");
+    QTest::newRow("a mark in front") << u"\uFEFFx"_s << QByteArray("\xEF\xBB\xBFx");
+    QTest::newRow("an emoji") << u"\U0001F600"_s << QByteArray("\xF0\x9F\x98\x80");
+    QTest::newRow("half a pair") << QString(QChar(0xD83D)) + u'x' << QByteArray("?x");
+}
+
+void TestUtf8Text::Write() {
+    QFETCH(QString, text);
+    QByteArray out(text.size() * kMostUtf8PerUnit, '!');
+    out.truncate(WriteUtf8(text, out.data()));
+    QTEST(out, "bytes");
 }
 
 TEST_CLASS(TestUtf8Text);
