@@ -18,6 +18,13 @@ constexpr qsizetype kPayloadOffset = 8;
 /// The greatest number of characters of a text in 8-bit form.
 constexpr int kMaxAnsi = 4086;
 
+/// Of the item at the beginning; -1 where there is none, or not all of it.
+std::int32_t PayloadLength(QByteArrayView rest) {
+    if (rest.size() < kPayloadOffset) return -1;
+    const auto length = qFromLittleEndian<std::int32_t>(rest.data() + kLengthOffset);
+    return length > rest.size() - kPayloadOffset ? -1 : length;
+}
+
 /// A number from the start of a payload; what the payload lacks counts as 0.
 template <class Number>
 Number NumberFrom(QByteArrayView payload) {
@@ -36,13 +43,19 @@ QString Utf16From(QByteArrayView payload) {
 
 }  // namespace
 
-void ByteStream::PutItem(std::int32_t tag, const void* payload, qsizetype bytes) {
+/// Room for an item; where its payload goes.
+char* ByteStream::MakeItem(std::int32_t tag, qsizetype bytes) {
     const qsizetype start = m_buffer.size();
     m_buffer.resize(start + kPayloadOffset + bytes);
     char* item = m_buffer.data() + start;
     qToLittleEndian(tag, item);
     qToLittleEndian(static_cast<std::int32_t>(bytes), item + kLengthOffset);
-    if (bytes > 0) std::memcpy(item + kPayloadOffset, payload, static_cast<std::size_t>(bytes));
+    return item + kPayloadOffset;
+}
+
+void ByteStream::PutItem(std::int32_t tag, const void* payload, qsizetype bytes) {
+    char* to = MakeItem(tag, bytes);
+    if (bytes > 0) std::memcpy(to, payload, static_cast<std::size_t>(bytes));
 }
 
 void ByteStream::PutByte(std::uint8_t value) {
@@ -60,9 +73,16 @@ void ByteStream::PutFloat(float value) {
 }
 
 void ByteStream::PutString(const QString& text) {
-    QByteArray units(text.size() * 2, Qt::Uninitialized);
-    qToLittleEndian<char16_t>(text.utf16(), text.size(), units.data());
-    PutItem(StringTag, units.constData(), units.size());
+    qToLittleEndian<char16_t>(text.utf16(), text.size(), MakeItem(StringTag, text.size() * 2));
+}
+
+bool ByteStream::HoldsItems(QByteArrayView bytes, int count) {
+    for (; count > 0; --count) {
+        const std::int32_t length = PayloadLength(bytes);
+        if (length < 0) return false;
+        bytes = bytes.sliced(kPayloadOffset + length);
+    }
+    return true;
 }
 
 void ByteStream::PutBuffer(QByteArrayView bytes) {
@@ -71,9 +91,8 @@ void ByteStream::PutBuffer(QByteArrayView bytes) {
 
 QByteArrayView ByteStream::NextPayload() {
     const QByteArrayView rest = QByteArrayView(m_buffer).sliced(m_position);
-    const std::int32_t length =
-        rest.size() < kPayloadOffset ? -1 : qFromLittleEndian<std::int32_t>(rest.data() + kLengthOffset);
-    if (length < 0 || length > rest.size() - kPayloadOffset) {
+    const std::int32_t length = PayloadLength(rest);
+    if (length < 0) {
         m_position = m_buffer.size();
         m_broken = true;
         return {};

@@ -13,6 +13,8 @@ class ByteStream {
  public:
     ByteStream() = default;
 
+    /// Makes room for so many bytes in all.
+    void Reserve(qsizetype bytes) { m_buffer.reserve(bytes); }
     void PutByte(std::uint8_t value);
     void PutInt(std::int32_t value);
     void PutFloat(float value);
@@ -29,6 +31,9 @@ class ByteStream {
     /// False when the item isn't a buffer, has a size below 1 or doesn't fit.
     [[nodiscard]] bool GetBuffer(QByteArray& out);
 
+    /// Whether so many items can be read from the beginning of some bytes, whatever is in them.
+    [[nodiscard]] static bool HoldsItems(QByteArrayView bytes, int count);
+
     [[nodiscard]] bool AtEnd() const { return m_position >= m_buffer.size(); }
     [[nodiscard]] bool IsBroken() const { return m_broken; }
     void Rewind() {
@@ -44,6 +49,7 @@ class ByteStream {
 
  private:
     [[nodiscard]] QByteArrayView NextPayload();
+    [[nodiscard]] char* MakeItem(std::int32_t tag, qsizetype bytes);
     void PutItem(std::int32_t tag, const void* payload, qsizetype bytes);
 
     QByteArray m_buffer;

@@ -20,6 +20,9 @@ namespace Stored {
 
 inline constexpr int kNotInBytes = 0;
 
+/// Most records take no more as bytes.
+inline constexpr qsizetype kUsualBytes = 768;
+
 template <auto Member>
 struct Number {
     static constexpr auto kMember = Member;
@@ -231,6 +234,7 @@ void TakeColumns(auto& record, auto& row, ColumnSet columns) {
 template <const auto& Table>
 [[nodiscard]] QByteArray Bytes(const auto& record) {
     ByteStream stream;
+    stream.Reserve(kUsualBytes);
     ForEachInBytes<Table>([&](const auto& part) { part.Put(record, stream); });
     return stream.Release();
 }

@@ -18,6 +18,7 @@ class TestByteStream : public QObject {
     void GetBuffer();
     void ReadPastTheEnd_data();
     void ReadPastTheEnd();
+    void HoldsItems();
     void SkipsTheTag();
     void AtEndAndRewind();
     void Release();
@@ -168,6 +169,18 @@ void TestByteStream::ReadPastTheEnd() {
         QVERIFY(stream.AtEnd());
         QVERIFY(read(stream));
     }
+    QVERIFY(!ByteStream::HoldsItems(bytes, 1));
+}
+
+void TestByteStream::HoldsItems() {
+    ByteStream stream;
+    stream.PutInt(5);
+    stream.PutString(QStringLiteral("abc"));
+    const QByteArray bytes = stream.Release();
+    QVERIFY(ByteStream::HoldsItems(bytes, 0));
+    QVERIFY(ByteStream::HoldsItems(bytes, 2));
+    QVERIFY(!ByteStream::HoldsItems(bytes, 3));
+    QVERIFY(!ByteStream::HoldsItems(bytes.chopped(1), 2));
 }
 
 void TestByteStream::SkipsTheTag() {

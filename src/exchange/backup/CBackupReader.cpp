@@ -4,10 +4,13 @@
 #include "exchange/backup/ExactRecord.h"
 #include "lang/LoadText.h"
 #include "platform/host/CodePage.h"
+#include "records/ByteStream.h"
+#include "records/RecordFactory.h"
 
 #include <QCryptographicHash>
 #include <QIODevice>
 #include <QtEndian>
+#include <algorithm>
 #include <array>
 #include <bit>
 
@@ -35,20 +38,51 @@ bool CBackupReader::Follow(Got got, Text failed, Text less) {
     return got == Got::All || Fail(got == Got::Failed ? failed : less);
 }
 
+bool CBackupReader::Seek(qint64 place) {
+    m_block.clear();
+    m_used = 0;
+    m_left = m_file.size() - place;
+    return m_file.seek(place);
+}
+
+/// What comes next, as the block. A disk that can't give all of it may give the little that is asked for:
+/// what fails is told by where it stands.
+CBackupReader::Got CBackupReader::ReadBlock(qint64 wanted) {
+    const qint64 place = m_file.size() - m_left;
+    m_used = 0;
+    m_block.resize(kBlock);
+    qint64 read = m_file.read(m_block.data(), kBlock);
+    if (read < 0 && m_file.seek(place)) read = m_file.read(m_block.data(), std::min(wanted, kBlock));
+    m_block.truncate(std::max<qint64>(read, 0));
+    return read > 0 ? Got::All : read < 0 ? Got::Failed : Got::Less;
+}
+
+/// Less also where the file ends before its size.
+CBackupReader::Got CBackupReader::Get(char* bytes, qint64 size) {
+    while (size > 0) {
+        if (m_used == m_block.size())
+            if (const Got got = ReadBlock(size); got != Got::All) return got;
+        const qint64 taken = std::min<qint64>(size, m_block.size() - m_used);
+        bytes = std::copy_n(m_block.constData() + m_used, taken, bytes);
+        m_used += taken;
+        m_left -= taken;
+        size -= taken;
+    }
+    return Got::All;
+}
+
 /// What is left of the file is known before room is made for it.
 CBackupReader::Got CBackupReader::GetBytes(qint64 size, QByteArray& bytes) {
-    if (size > m_size - m_file.pos()) return Got::Less;
+    if (size > m_left) return Got::Less;
     bytes.resize(size);
-    const qint64 read = m_file.read(bytes.data(), size);
-    return read == size ? Got::All : read < 0 ? Got::Failed : Got::Less;
+    return Get(bytes.data(), size);
 }
 
 CBackupReader::Got CBackupReader::GetInt(std::int32_t& number) {
     std::array<char, sizeof number> bytes{};
-    const qint64 read = m_file.read(bytes.data(), bytes.size());
-    if (read != bytes.size()) return read < 0 ? Got::Failed : Got::Less;
-    number = qFromLittleEndian<std::int32_t>(bytes.data());
-    return Got::All;
+    const Got got = Get(bytes.data(), bytes.size());
+    if (got == Got::All) number = qFromLittleEndian<std::int32_t>(bytes.data());
+    return got;
 }
 
 bool CBackupReader::GoesOn(qint64 bytes) {
@@ -64,12 +98,20 @@ BackupOutcome CBackupReader::Verify() {
     return Read(LoadText(Text::ProgressVerify), {});
 }
 
+BackupOutcome CBackupReader::VerifyParts() {
+    return ReadTo(Depth::Parts, LoadText(Text::ProgressVerify), {});
+}
+
 BackupOutcome CBackupReader::Read(const QString& what, const Take& take) {
+    return ReadTo(Depth::Records, what, take);
+}
+
+BackupOutcome CBackupReader::ReadTo(Depth depth, const QString& what, const Take& take) {
+    m_depth = depth;
     m_outcome = {};
     m_handled = 0;
-    m_size = m_file.size();
     // Once through the digest, once through the records.
-    m_progress.Begin(what, static_cast<int>(m_size / kBlock * 2 + 1));
+    m_progress.Begin(what, static_cast<int>(m_file.size() / kBlock * 2 + 1));
     if (!ReadAll(take)) m_outcome.content = {};
     m_progress.End();
     return m_outcome;
@@ -77,7 +119,7 @@ BackupOutcome CBackupReader::Read(const QString& what, const Take& take) {
 
 /// From the beginning: a file that stays open is read again.
 bool CBackupReader::ReadAll(const Take& take) {
-    if (!m_file.seek(0)) return Fail(Text::BackupCantRead);
+    if (!Seek(0)) return Fail(Text::BackupCantRead);
     if (!CompareDigest() || !ReadHead()) return false;
     for (std::size_t table = 0; table < kTables.size(); ++table)
         if (!ReadTable(kTables[table], m_outcome.content.counts[table], take)) return false;
@@ -90,16 +132,19 @@ bool CBackupReader::CompareDigest() {
     QByteArray stored, digest;
     return Follow(GetBytes(kDigestBytes, stored), Text::BackupCantRead, Text::BackupLacksDigest) &&
            HashRest(digest) && (digest == stored || Fail(Text::BackupDigestDiffers)) &&
-           (m_file.seek(kDigestBytes) || Fail(Text::BackupCantSeek));
+           (Seek(kDigestBytes) || Fail(Text::BackupCantSeek));
 }
 
 bool CBackupReader::HashRest(QByteArray& digest) {
     QCryptographicHash hash(QCryptographicHash::Md5);
-    QByteArray block(kBlock, Qt::Uninitialized);
-    for (qint64 read = 0; (read = m_file.read(block.data(), kBlock)) != 0;) {
-        if (read < 0) return Fail(Text::BackupCantRead);
-        hash.addData(QByteArrayView(block).first(read));
-        if (!GoesOn(read)) return false;
+    for (;;) {
+        const QByteArrayView rest = QByteArrayView(m_block).sliced(m_used);
+        hash.addData(rest);
+        if (!GoesOn(rest.size())) return false;
+        m_left -= rest.size();
+        const Got got = ReadBlock(kBlock);
+        if (got == Got::Failed) return Fail(Text::BackupCantRead);
+        if (got == Got::Less) break;
     }
     digest = hash.result();
     return true;
@@ -132,6 +177,7 @@ bool CBackupReader::ReadTime() {
 // --- The records
 
 bool CBackupReader::ReadTable(const TableRow& table, int& count, const Take& take) {
+    m_items = static_cast<int>(FieldDefsOf(table.kind).size()) - 1;  // all but the identity
     for (;; ++count) {
         std::int32_t idLength = 0;
         if (!Follow(GetInt(idLength), Text::BackupRecordNotRead, Text::BackupEndMissing)) return false;
@@ -144,17 +190,23 @@ bool CBackupReader::ReadRecord(const TableRow& table, std::int32_t idLength, con
     QString id;
     if (idLength > 0 && !ReadId(idLength, id)) return false;
     std::int32_t size = 0;
-    QByteArray data;
     if (!Follow(GetInt(size), Text::BackupRecordNotRead, Text::BackupSizeCut) ||
-        !Follow(GetBytes(static_cast<std::uint32_t>(size), data), Text::BackupRecordNotRead,
+        !Follow(GetBytes(static_cast<std::uint32_t>(size), m_data), Text::BackupRecordNotRead,
                 Text::BackupDataCut))
         return false;
+    return TakeData(table, id, take) && GoesOn(m_data.size() + id.size() * 2 + 8);
+}
+
+bool CBackupReader::TakeData(const TableRow& table, const QString& id, const Take& take) {
+    const bool isPlain = table.kind == RecordKind::Time || table.kind == RecordKind::Expense;
+    if (m_depth == Depth::Parts && isPlain)
+        return ByteStream::HoldsItems(m_data, m_items) || FailIn(table.className);
     const auto record = NewExactRecord(table.kind, m_isPacked);
-    if (!record->FromBytes(data, false)) return FailIn(table.className);
+    if (!record->FromBytes(m_data, false)) return FailIn(table.className);
     record->SetId(MeantIdentity(id));
     if (id.isEmpty()) record->GenUnique();
     if (take) m_outcome.error = take(*record);
-    return m_outcome.error.isEmpty() && GoesOn(data.size() + id.size() * 2 + 8);
+    return m_outcome.error.isEmpty();
 }
 
 /// A negative length below the end mark's is no length: no identity follows.

@@ -22,12 +22,21 @@ class CBackupReader {
 
     /// Reads all of it and makes every record.
     [[nodiscard]] BackupOutcome Verify();
+    /// Reads all of it and looks whether it is whole: by its digest, and each record by its parts. Of times
+    /// and expenses that is all there is to making them; a file that was just written is looked at so.
+    [[nodiscard]] BackupOutcome VerifyParts();
     /// The same, handing the records on; what: said of the progress. The digest is compared before the first
     /// record is made.
     [[nodiscard]] BackupOutcome Read(const QString& what, const Take& take);
 
  private:
     enum class Got { All, Less, Failed };
+    /// What becomes of the bytes of a record.
+    enum class Depth { Parts, Records };
+    [[nodiscard]] BackupOutcome ReadTo(Depth depth, const QString& what, const Take& take);
+    [[nodiscard]] bool Seek(qint64 place);
+    [[nodiscard]] Got ReadBlock(qint64 wanted);
+    [[nodiscard]] Got Get(char* bytes, qint64 size);
     [[nodiscard]] Got GetBytes(qint64 size, QByteArray& bytes);
     [[nodiscard]] Got GetInt(std::int32_t& number);
     bool Fail(Text reason);
@@ -45,10 +54,16 @@ class CBackupReader {
     [[nodiscard]] bool ReadRecord(const BackupFormat::TableRow& table, std::int32_t idLength,
                                   const Take& take);
     [[nodiscard]] bool ReadId(std::int32_t length, QString& id);
+    [[nodiscard]] bool TakeData(const BackupFormat::TableRow& table, const QString& id, const Take& take);
 
     QIODevice& m_file;
     CProgress& m_progress;
-    qint64 m_size = 0;
+    Depth m_depth = Depth::Records;
+    qint64 m_left = 0;     ///< of the file, behind what was handed out
+    QByteArray m_block;    ///< read at once
+    qsizetype m_used = 0;  ///< of the block
+    QByteArray m_data;     ///< of the record that is read
+    int m_items = 0;       ///< that a record of the table has as bytes
     BackupFormat::TextForm m_form = BackupFormat::TextForm::Wide;
     bool m_isPacked = false;
     qint64 m_handled = 0;  ///< bytes since the last step of the progress

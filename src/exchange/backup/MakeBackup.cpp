@@ -35,7 +35,7 @@ int RecordsIn(const QString& path) {
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) return 0;
     CNoProgress progress;
-    return CBackupReader(file, progress).Verify().content.Total();
+    return CBackupReader(file, progress).VerifyParts().content.Total();
 }
 
 /// The folder's own path and the name in it: a link in the place of the file itself is replaced, not

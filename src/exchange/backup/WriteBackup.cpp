@@ -58,18 +58,29 @@ class CBackupFile {
     [[nodiscard]] bool PutEndMark() { return Put(Bytes(kEndMark)); }
     /// The digest comes over the zeros at the front.
     [[nodiscard]] FileOutcome Finish(const CSafeFile::Check& check) {
-        static_cast<void>(m_file.WriteAt(0, m_hash.result()));  // Finish tells what failed
+        // Finish tells what failed.
+        static_cast<void>(Pass());
+        static_cast<void>(m_file.WriteAt(0, m_hash.result()));
         return m_file.Finish(check);
     }
     [[nodiscard]] const QString& Error() const { return m_file.Error(); }
 
  private:
-    [[nodiscard]] bool Put(const QByteArray& bytes) {
-        m_hash.addData(bytes);
-        return m_file.Write(bytes);
+    /// Small pieces are hashed and written together.
+    [[nodiscard]] bool Put(QByteArrayView bytes) {
+        m_gathered.append(bytes.data(), bytes.size());
+        return m_gathered.size() < kGathered || Pass();
+    }
+    [[nodiscard]] bool Pass() {
+        m_hash.addData(m_gathered);
+        const bool isWritten = m_file.Write(m_gathered);
+        m_gathered.resize(0);
+        return isWritten;
     }
 
+    static constexpr qsizetype kGathered = 1 << 16;
     CSafeFile m_file;
+    QByteArray m_gathered;
     QCryptographicHash m_hash{QCryptographicHash::Md5};
 };
 
@@ -120,7 +131,7 @@ class CBackupWriter {
     /// What was written has to hold what was read, and to be readable.
     void Finish() {
         const auto check = [this](QIODevice& written) {
-            const BackupOutcome read = CBackupReader(written, m_context.progress).Verify();
+            const BackupOutcome read = CBackupReader(written, m_context.progress).VerifyParts();
             m_outcome.isCancelled = read.isCancelled;
             if (!read)
                 return read.isCancelled ? read.error : FormatText<Text::BackupReadBackFailed>(read.error);

@@ -54,6 +54,14 @@ BackupOutcome Read(const QByteArray& bytes) {
     return CBackupReader(file, progress).Verify();
 }
 
+BackupOutcome ReadParts(const QByteArray& bytes) {
+    QBuffer file;
+    file.setData(bytes);
+    file.open(QIODevice::ReadOnly);
+    CNoProgress progress;
+    return CBackupReader(file, progress).VerifyParts();
+}
+
 QByteArray EndMarks(int count) {
     return Int32(-1).repeated(count);
 }
@@ -102,6 +110,7 @@ void TestCBackupReader::SoundFiles() {
     QVERIFY2(read, qPrintable(read.error));
     QCOMPARE(QList<int>(read.content.counts.begin(), read.content.counts.end()), counts);
     QCOMPARE(read.content.time, (SYSTEMTIME{2026, 11, 5, 20, 12, 34, 56, 789}));
+    QCOMPARE(ReadParts(GoldenFile(file)).content, read.content);
 }
 
 void TestCBackupReader::TheRecordsOfAFile() {
@@ -175,6 +184,7 @@ void TestCBackupReader::Refused() {
     const BackupOutcome read = Read(bytes);
     QCOMPARE(read.error, reason);
     QCOMPARE(read.content, BackupContent());
+    QCOMPARE(ReadParts(bytes).error, reason);
 }
 
 /// Behind the digest as well as in it: it doesn't fit any more, and nothing else is looked at.
@@ -219,7 +229,10 @@ void TestCBackupReader::AnyBytesWithADigestThatFits() {
         for (int change = 0; change < 4; ++change)
             bytes[static_cast<qsizetype>(random() % static_cast<std::uint32_t>(bytes.size()))] =
                 static_cast<char>(random() % 3 == 0 ? 0xFF : random() & 0xFFU);
-        if (!Read(WithDigest(bytes))) ++refused;
+        const BackupOutcome read = Read(WithDigest(bytes)), parts = ReadParts(WithDigest(bytes));
+        QCOMPARE(parts.error, read.error);
+        QCOMPARE(parts.content, read.content);
+        if (!read) ++refused;
     }
     QVERIFY(refused > 300);
 }
