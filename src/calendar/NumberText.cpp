@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstdio>
 #include <limits>
 #include <string>
 
@@ -50,6 +49,18 @@ SYSTEMTIME FromOrder(int dateOrder, const DateParts& parts) {
     return out;
 }
 
+constexpr qsizetype kTimeLength = 8;
+
+/// In two digits at least.
+void AppendPart(QString& text, int part) {
+    if (part < 0 || part > 99) {
+        text.append(QString::number(part));
+        return;
+    }
+    text.append(QChar(u'0' + part / 10));
+    text.append(QChar(u'0' + part % 10));
+}
+
 }  // namespace
 
 bool ParseFloat(const CRegionalInfo& locale, const QString& text, float& out) {
@@ -82,13 +93,14 @@ QString FormatNumber(const CRegionalInfo& locale, double value, int precision) {
 }
 
 QString FormatTimeOfDay(const CRegionalInfo& locale, int hour12, int minute, bool isPm) {
-    // Lists call this for each line, and the printf of QString takes five times as long.
-    std::array<char, 40> text{};
-    if (locale.is24Hour)
-        std::snprintf(text.data(), text.size(), "%02d:%02d", Hour24Of(hour12, isPm), minute);
-    else
-        std::snprintf(text.data(), text.size(), "%02d:%02d %s", hour12, minute, isPm ? "PM" : "AM");
-    return QString::fromLatin1(text.data());
+    // Lists and exports call this for each line, and any printf takes many times as long.
+    QString text;
+    text.reserve(kTimeLength);
+    AppendPart(text, locale.is24Hour ? Hour24Of(hour12, isPm) : hour12);
+    text.append(u':');
+    AppendPart(text, minute);
+    if (!locale.is24Hour) text.append(isPm ? QStringView(u" PM") : QStringView(u" AM"));
+    return text;
 }
 
 QString FormatDate(const CRegionalInfo& locale, int month, int day, int year) {

@@ -25,8 +25,12 @@ QStringList FieldsIn(const CVORec& record) {
 
 QString LineOf(RecordKind kind, const QStringList& fields, const Delimiters& delimiters) {
     const auto& [qualifier, separator, lineEnd] = delimiters;
+    qsizetype size = lineEnd.size();
+    for (const QString& field : fields) size += field.size() + 2 * qualifier.size() + separator.size();
     QString line;
-    for (const QString& field : fields) line += qualifier + field + qualifier + separator;
+    line.reserve(size);
+    for (const QString& field : fields)
+        line.append(qualifier).append(field).append(qualifier).append(separator);
     if (kind == RecordKind::Expense) line.chop(separator.size());
     return line + lineEnd;
 }

@@ -4,6 +4,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdint>
+#include <initializer_list>
 
 #include <iconv.h>
 
@@ -17,6 +18,21 @@ QByteArrayView UnitsOf(const QString& text) {
 
 void AppendUnits(const QByteArray& units, QString& text) {
     text.append(reinterpret_cast<const QChar*>(units.constData()), units.size() / 2);
+}
+
+bool IsNamed(const QByteArray& encoding, std::initializer_list<const char*> names) {
+    return std::ranges::any_of(
+        names, [&](const char* name) { return encoding.compare(name, Qt::CaseInsensitive) == 0; });
+}
+
+/// Appends the bytes up to the first that is no ASCII: nearly all of most files, and the C library's
+/// conversion takes many times as long. How many they are.
+qsizetype TakeAscii(QByteArrayView bytes, QString& text) {
+    const auto end =
+        std::ranges::find_if(bytes, [](char byte) { return static_cast<signed char>(byte) < 0; });
+    const auto count = end - bytes.begin();
+    text.append(QLatin1String(bytes.data(), count));
+    return count;
 }
 
 /// A character outside the first plane is a pair of 16-bit units.
@@ -73,7 +89,13 @@ CConverter::End CConverter::Run(QByteArrayView& source, QByteArray& result) {
 
 // --- Bytes to text
 
+CTextDecoder::CTextDecoder(const QByteArray& encoding, Meaningless meaningless)
+    : m_converter(kUnits, encoding),
+      m_meaningless(meaningless),
+      m_beginsAscii(IsNamed(encoding, {"utf-8", "utf8", "windows-1252"})) {}
+
 bool CTextDecoder::Decode(QByteArrayView bytes, QString& text) {
+    if (m_beginsAscii && m_rest.isEmpty()) bytes = bytes.sliced(TakeAscii(bytes, text));
     const QByteArray joined = m_rest.isEmpty() ? QByteArray() : m_rest + bytes.toByteArray();
     QByteArrayView left = m_rest.isEmpty() ? bytes : QByteArrayView(joined);
     QByteArray units;
@@ -108,7 +130,8 @@ bool CTextDecoder::Finish(QString& text) {
 // --- Text to bytes
 
 /// Where an encoding writes a byte order mark it stands before the first character alone.
-CTextEncoder::CTextEncoder(const QByteArray& encoding) : m_converter(encoding, kUnits) {
+CTextEncoder::CTextEncoder(const QByteArray& encoding)
+    : m_converter(encoding, kUnits), m_isUtf8(IsNamed(encoding, {"utf-8", "utf8"})) {
     if (!IsOpen()) return;
     for (int time = 0; time < 2; ++time) {
         m_questionMark.clear();
@@ -117,7 +140,9 @@ CTextEncoder::CTextEncoder(const QByteArray& encoding) : m_converter(encoding, k
     }
 }
 
+/// Half a pair counts as a character that UTF-8 lacks.
 QByteArray CTextEncoder::Encode(const QString& text) {
+    if (m_isUtf8 && text.isValidUtf16()) return text.toUtf8();
     QByteArray bytes;
     QByteArrayView units = UnitsOf(text);
     while (m_converter.Run(units, bytes) != CConverter::End::Done) {

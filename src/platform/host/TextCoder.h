@@ -36,8 +36,7 @@ class CTextDecoder {
         Replaced,  ///< by U+FFFD
         Controls   ///< the control characters of the same numbers, as browsers read Windows-1252
     };
-    CTextDecoder(const QByteArray& encoding, Meaningless meaningless)
-        : m_converter("UTF-16LE", encoding), m_meaningless(meaningless) {}
+    CTextDecoder(const QByteArray& encoding, Meaningless meaningless);
 
     [[nodiscard]] bool IsOpen() const { return m_converter.IsOpen(); }
     /// Appends the text. False at bytes that mean nothing and are refused: what came before them is appended,
@@ -51,7 +50,8 @@ class CTextDecoder {
 
     CConverter m_converter;
     Meaningless m_meaningless;
-    QByteArray m_rest;  ///< the beginning of a character
+    bool m_beginsAscii;  ///< bytes below 128 are the characters of ASCII, wherever they stand
+    QByteArray m_rest;   ///< the beginning of a character
 };
 
 /// Text as bytes of an encoding, piece by piece, without a byte order mark. A character that the encoding
@@ -68,6 +68,7 @@ class CTextEncoder {
 
  private:
     CConverter m_converter;
+    bool m_isUtf8;
     QByteArray m_questionMark;
     qint64 m_replaced = 0;
 };
