@@ -6,6 +6,9 @@
 #include "records/QuoteText.h"
 #include "records/RowConditions.h"
 
+#include <sqlite3.h>
+
+#include <cstdint>
 #include <utility>
 
 namespace {
@@ -55,11 +58,15 @@ QString CRecordStore::ById(Text opening, RecordKind kind, const QString& id) con
            LoadText(Text::SqlEndOfIdentity);
 }
 
-/// Tells a failure: what failed, the statement where one was composed, the manager's words.
+/// Tells a failure: what failed, the manager's words, and between them the statement where it is the
+/// statement that can't be run. A disk that is full or a file that may only be read says nothing of it, and
+/// nobody could do anything with it then.
 bool CRecordStore::Fail(Text what, const QString& statement) {
+    constexpr std::int32_t kPrimary = 0xFF;
     m_lastError = m_manager.m_errorCode;
     QString text = LoadText(what);
-    if (!statement.isEmpty()) text += statement + LoadText(Text::BetweenStatementAndError);
+    const bool isOfStatement = m_lastError > 0 && (m_lastError & kPrimary) == SQLITE_ERROR;
+    if (isOfStatement && !statement.isEmpty()) text += statement + LoadText(Text::BetweenStatementAndError);
     Tell(what, text + m_manager.m_error, BoxIcon::Stop);
     return false;
 }

@@ -51,6 +51,7 @@ class TestCRecordStore : public QObject {
     void NoCommit();
     void Messages_data();
     void Messages();
+    void MessageOfAFileInUse();
     void MessageOfAFailedRow();
     void UnknownKind();
     void QuoteText_data();
@@ -393,6 +394,19 @@ void TestCRecordStore::Messages() {
     good.m_lastError = store.m_lastError;
     QVERIFY(good.Query(good.SelectAll(RecordKind::Time)));
     QCOMPARE(good.m_lastError, 0);
+}
+
+/// Where it is the file that refuses, nobody has to read a statement.
+void TestCRecordStore::MessageOfAFileInUse() {
+    RecordsFixture home;
+    CVOSrcMgr other;
+    QVERIFY(home.Open(other));
+    QVERIFY(other.BeginBatch());
+    BoxKeeper boxes;
+    CRecordStore store(home.manager, boxes, QStringLiteral("velmarch"));
+    QVERIFY(!store.DeleteRecord(RecordKind::Time, kAbsent));
+    QCOMPARE(boxes.boxes.size(), std::size_t{1});
+    QCOMPARE(boxes.boxes[0].text, LoadText(23115) + home.manager.m_error);
 }
 
 void TestCRecordStore::MessageOfAFailedRow() {
