@@ -5,8 +5,9 @@
 #include <string>
 #include <vector>
 
-/// The words that a user looks for: what stands between blanks, each somewhere in a text, in any order and
-/// any case. "sons cli" finds "Client & Sons".
+/// The words that a user looks for: what stands between blanks, each somewhere in a text, in any order, in
+/// any case, and with or without the accents of Latin, Greek and Cyrillic letters, in whichever form they are
+/// written. "sons cli" finds "Client & Sons", "mull" finds "Müller", and "müll" finds "Muller".
 class WordMatcher {
  public:
     /// A word for each bit.
@@ -34,9 +35,10 @@ class WordMatcher {
     struct Word {
         QString text;
         std::u16string folded;
-        bool hasPairs;  ///< characters of two units, which are folded together
+        bool isWhole;  ///< characters of two units or accents alone: taken as it stands, but for the case
     };
-    [[nodiscard]] static qsizetype Find(const Word& word, const QString& text, qsizetype from);
+    /// From a place on; length 0 where it doesn't stand.
+    [[nodiscard]] static Place Find(const Word& word, const QString& text, qsizetype from);
 
     std::vector<Word> m_words;
 };

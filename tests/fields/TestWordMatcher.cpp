@@ -19,6 +19,10 @@ class TestWordMatcher final : public QObject {
         QTest::newRow("the last letters") << u"d."_s << true;
         QTest::newRow("longer than the text") << u"Client Müller & Sons Ltd. and more"_s << false;
         QTest::newRow("umlauts in any case") << u"MÜLLER"_s << true;
+        QTest::newRow("without the accent") << u"muller"_s << true;
+        QTest::newRow("with an accent that isn't there") << u"clïent"_s << true;
+        QTest::newRow("an accent on its own letter") << u"mu\u0308ller"_s << true;
+        QTest::newRow("an accent alone") << u"\u0308"_s << false;
         QTest::newRow("one of two isn't there") << u"client daughters"_s << false;
         QTest::newRow("a percent sign is no pattern") << u"%"_s << false;
         QTest::newRow("a character of two units") << u"\U0001F382"_s << true;
@@ -28,6 +32,32 @@ class TestWordMatcher final : public QObject {
     void HasAll() {
         QFETCH(QString, words);
         QTEST(WordMatcher(words).HasAll(u"Client Müller & Sons aaab \U0001F382 \U00010428 Ltd."_s), "found");
+    }
+
+    void Accents_data() {
+        QTest::addColumn<QString>("word");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("found");
+        QTest::newRow("each on a letter of its own") << u"müller"_s << u"Mu\u0308ller"_s << true;
+        QTest::newRow("two on one letter") << u"nu"_s << u"N\u01D8"_s << true;
+        QTest::newRow("one composed, one not") << u"\u01D8"_s << u"u\u0308\u0301"_s << true;
+        QTest::newRow("the ring of a letter") << u"angstrom"_s << u"\u212Bngstr\u00F6m"_s << true;
+        QTest::newRow("a Greek letter") << u"αθηνα"_s << u"Αθήνα"_s << true;
+        QTest::newRow("a stroke is no accent") << u"lodz"_s << u"Łódź"_s << false;
+        QTest::newRow("a letter of another script keeps its mark") << u"\u304B"_s << u"\u304C"_s << false;
+        QTest::newRow("another letter between") << u"mler"_s << u"Müller"_s << false;
+    }
+    void Accents() {
+        QFETCH(QString, word);
+        QFETCH(QString, text);
+        QTEST(WordMatcher(word).HasAll(text), "found");
+    }
+
+    /// What is marked in a list takes the accents along.
+    void PlacesWithAccents() {
+        using Places = std::vector<WordMatcher::Place>;
+        QCOMPARE(WordMatcher(u"mu"_s).PlacesIn(u"a Mu\u0308ller"_s), (Places{{2, 3}}));
+        QCOMPARE(WordMatcher(u"mull"_s).PlacesIn(u"Müller"_s), (Places{{0, 4}}));
     }
 
     /// Each word has its own bit, so that words found in different texts can be put together.
