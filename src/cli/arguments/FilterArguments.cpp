@@ -141,6 +141,8 @@ FilterProblem ReadShared(const CArguments& arguments, const PeriodContext& conte
     filter.matchWhole = arguments.Has("whole");
     filter.matchCase = arguments.Has("case");
     filter.words = arguments.Value("text").value_or(QString());
+    if (arguments.Has("text") && filter.words.trimmed().isEmpty())
+        return Usage(FormatText<Text::CliEmptyCriterion>(u"text"_s));
     return ReadPeriod(arguments, context, filter);
 }
 

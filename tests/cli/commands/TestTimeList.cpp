@@ -86,7 +86,7 @@ void TestTimeList::Filter_data() {
     QTest::newRow("a word of the currency") << u"--text eur"_s << u"ba"_s;
     QTest::newRow("case and whole texts are not for words") << u"--text MÜL --whole --case"_s << u"ba"_s;
     QTest::newRow("a word that isn't there") << u"--text gamma"_s << QString();
-    QTest::newRow("an empty text: no condition") << u"--text="_s << u"cbad"_s;
+    QTest::newRow("a word without its accents") << u"--text mull"_s << u"ba"_s;
     QTest::newRow("words and a day") << u"--text müller --day 2026-11-19 --billable no"_s << u"b"_s;
     QTest::newRow("everything at once") << u"--day 2026-11-19 --item5 eur --billable --billed no"_s << u"a"_s;
     QTest::newRow("a percent sign is no pattern") << u"--item1 %"_s << QString();
@@ -207,6 +207,7 @@ void TestTimeList::Refused_data() {
     QTest::newRow("an unknown column") << u"--sort colour"_s << 2;
     QTest::newRow("an unknown direction") << u"--sort date:up"_s << 2;
     QTest::newRow("the timer is no order") << u"--sort timer"_s << 2;
+    QTest::newRow("no word to look for") << u"--text="_s << 2;
     QTest::newRow("a limit of none") << u"--limit 0"_s << 2;
     QTest::newRow("a limit below none") << u"--limit -1"_s << 2;
     QTest::newRow("a stored query, which there isn't") << u"--query Mine"_s << 4;
