@@ -164,6 +164,7 @@ EnteredFields EnterExpenseFields(CERecord& record, const CArguments& arguments, 
     draft->EndReadings(context.settings);
     entered.notes = NotesOf(draft->Findings());
     draft->Accept(NewListItems());
+    entered.notes += NewlyUnlikely(record, draft->Record());
     record.Copy(draft->Record());
     entered.addToLists = [draft](const NewListItems& lists) { draft->AddEntered(lists); };
     return entered;

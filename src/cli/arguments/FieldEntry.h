@@ -33,7 +33,8 @@ struct FieldProblem {
 /// How the fields of a command line were entered.
 struct EnteredFields {
     FieldProblem problem;
-    QStringList notes;  ///< numbers that are stored as others: more digits than single precision holds
+    QStringList
+        notes;  ///< numbers that are stored as others (more digits than single precision holds), and slips
     /// Offers the entered texts, never what was computed, to the pick lists.
     std::function<void(const NewListItems& lists)> addToLists;
 };

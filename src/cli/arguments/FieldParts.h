@@ -5,6 +5,7 @@
 #include "cli/arguments/EnteredValues.h"
 #include "cli/arguments/FieldEntry.h"
 #include "entry/DraftFinding.h"
+#include "entry/UnlikelyValues.h"
 #include "lang/FormatText.h"
 #include "records/CVORec.h"
 
@@ -99,6 +100,14 @@ QString EnterNotes(Draft& draft, const Entered& entered, const FieldContext&) {
 
 /// The sentences about numbers that are stored as others.
 [[nodiscard]] QStringList NotesOf(const DraftFindings& findings);
+
+/// What looks like a slip now and didn't before the fields were entered.
+template <class Record>
+[[nodiscard]] QStringList NewlyUnlikely(const Record& before, const Record& record) {
+    QStringList words = UnlikelyIn(record);
+    for (const QString& known : UnlikelyIn(before)) words.removeAll(known);
+    return words;
+}
 
 [[nodiscard]] bool IsYes(const Entered& entered);
 

@@ -116,8 +116,8 @@ EnteredFields EnterTimeFields(CTRecord& record, const CArguments& arguments, con
     draft->Begin(record);
     EnteredFields entered{EnterAll<TimeDraft>(kFields, *draft, arguments, context), {}, {}};
     if (entered.problem.exit != ExitCode::Done) return entered;
+    entered.notes = NotesOf(draft->Findings()) + NewlyUnlikely(record, draft->Record());
     record.Copy(draft->Record());
-    entered.notes = NotesOf(draft->Findings());
     entered.addToLists = [draft](const NewListItems& lists) { draft->AddEntered(lists); };
     return entered;
 }

@@ -26,6 +26,7 @@ class TestExpenseCommands : public QObject {
     void Refused();
     void ANumberThatIsStoredAsAnother_data();
     void ANumberThatIsStoredAsAnother();
+    void WhatLooksLikeASlipIsTold();
     void RefusedChangesNothing();
     void LongTexts_data();
     void LongTexts();
@@ -255,6 +256,17 @@ void TestExpenseCommands::ANumberThatIsStoredAsAnother() {
     const Reply reply = Expense({u"add"_s, u"--amount"_s, amount});
     QCOMPARE(reply.exit, 0);
     QVERIFY2(note.isEmpty() ? reply.err.isEmpty() : reply.err.contains(note), reply.err.constData());
+}
+
+void TestExpenseCommands::WhatLooksLikeASlipIsTold() {
+    const QByteArray told = "The distance -3.00 is below zero.";
+    const Reply reply = Expense(Words(u"add --distance -3 --rate 2"_s));
+    QCOMPARE(reply.exit, 0);
+    QVERIFY2(reply.err.contains(told), reply.err.constData());
+    const QString id = reply.Object()[u"id"].toString();
+    QVERIFY(!Expense({u"edit"_s, id, u"--notes"_s, u"x"_s}).err.contains(told));
+    QVERIFY(
+        Expense(Words(u"add --odometer-start 20 --odometer-end 10"_s)).err.contains("no distance follows"));
 }
 
 void TestExpenseCommands::RefusedChangesNothing() {
