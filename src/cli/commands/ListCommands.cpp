@@ -49,6 +49,13 @@ bool IsReadable(const ListRow& row, const QString& text, const CRegionalInfo& re
     return !row.holdsNumbers || EnteredValues::ReadSignedNumber(text.trimmed(), region);
 }
 
+/// Texts that differ in capitals are items of their own, which isn't always meant.
+void NoteOthersLike(int list, const QString& text, Console& console, RecordContext& context) {
+    for (const QString& other : context.catalogue.Texts(list))
+        if (other != text && other.compare(text, Qt::CaseInsensitive) == 0)
+            return console.out.Note(FormatText<Text::ItemDiffersInCase>(other));
+}
+
 /// Changes lists and trees as they are by now, with nobody in between. The user has been asked before.
 bool AsLoadedNow(RecordContext& context, const std::function<bool()>& change) {
     StoreTransaction hold(context.document.Store());
@@ -145,6 +152,7 @@ ExitCode AddItem(const CArguments& arguments, Console& console, RecordContext& c
         return Refuse(ExitCode::Failed, FormatText<Text::CliItemRefused>(text), console);
     // Without a question, whatever confirmAddListItem says: the user has just typed it.
     if (!context.catalogue.AddItem(list.row->list, text, false)) return ExitCode::Failed;
+    NoteOthersLike(list.row->list, text, console, context);
     AnnounceLists(console, context);
     PrintDone(console.out, "added", 1);
     return ExitCode::Done;

@@ -20,6 +20,7 @@ class TestItemCommands : public QObject {
     void AListByNumberOrTitle();
     void Add_data();
     void Add();
+    void CapitalsMakeAnotherWhichIsTold();
     void AddAsksNothing();
     void AFailedCommitIsAFailure_data();
     void AFailedCommitIsAFailure();
@@ -103,7 +104,6 @@ void TestItemCommands::Add_data() {
     QTest::addColumn<QString>("texts");
     QTest::newRow("a text") << u"17"_s << u"Beta"_s << 0 << u"Alpha|Beta"_s;
     QTest::newRow("one that is there") << u"17"_s << u"Alpha"_s << 1 << u"Alpha"_s;
-    QTest::newRow("capitals make another") << u"17"_s << u"ALPHA"_s << 0 << u"Alpha|ALPHA"_s;
     QTest::newRow("nothing") << u"17"_s << QString() << 1 << u"Alpha"_s;
     QTest::newRow("what begins like a coded text") << u"17"_s << u"[CA] Cash"_s << 1 << u"Alpha"_s;
     QTest::newRow("a number") << u"70"_s << u"1.50"_s << 0 << u"0.3|1.5"_s;
@@ -127,6 +127,14 @@ void TestItemCommands::Add() {
     QCOMPARE(reply.err.isEmpty(), reply.exit == 0);
     QCOMPARE(reply.out, reply.exit == 0 ? QByteArray("{\"added\": 1}\n") : QByteArray());
     QTEST(Texts(list), "texts");
+}
+
+void TestItemCommands::CapitalsMakeAnotherWhichIsTold() {
+    Fill(u"17"_s, {u"Alpha"_s, u"Beta"_s});
+    const Reply reply = Items({u"add"_s, u"17"_s, u"ALPHA"_s});
+    QCOMPARE(reply.exit, 0);
+    QVERIFY2(reply.err.contains("\"Alpha\" as well"), reply.err.constData());
+    QCOMPARE(Texts(u"17"_s), u"Alpha|Beta|ALPHA"_s);
 }
 
 /// Whatever the setting says: the user has just typed it.
