@@ -29,6 +29,7 @@ class TestFieldValues : public QObject {
     void Recompute_data();
     void Recompute();
     void Shared();
+    void SharedOfUnits();
 
  private:
     RegionScope m_region{Region24()};
@@ -296,13 +297,24 @@ void TestFieldValues::Shared() {
     QCOMPARE(first, QStringLiteral("Meeting"));
     QVERIFY(first.constData() == second.constData());
     QCOMPARE(SharedText("Übung \xF0\x9F\x98\x80"), QStringLiteral("Übung \U0001F600"));
-    QCOMPARE(SharedText({}), QString());
+    QCOMPARE(SharedText(QByteArrayView()), QString());
     const QByteArray longText(65, 'x');
     QCOMPARE(SharedText(longText), QString::fromLatin1(longText));
     QVERIFY(SharedText(longText).constData() != SharedText(longText).constData());
     // Far more texts than are kept at a time: each is still the right one.
     for (int round = 0; round < 2; ++round)
         for (int i = 0; i < 100000; ++i) QCOMPARE(SharedText(QByteArray::number(i)), QString::number(i));
+}
+
+void TestFieldValues::SharedOfUnits() {
+    const QString first = SharedText(QStringView(u"a Meeting").mid(2));
+    QCOMPARE(first, QStringLiteral("Meeting"));
+    QVERIFY(first.constData() == SharedText(QStringView(u"Meeting")).constData());
+    QCOMPARE(SharedText(QStringView()), QString());
+    const QString longest(32, u'x'), longer(33, u'x');
+    QVERIFY(SharedText(QStringView(longest)).constData() == SharedText(QStringView(longest)).constData());
+    QCOMPARE(SharedText(QStringView(longer)), longer);
+    QVERIFY(SharedText(QStringView(longer)).constData() != SharedText(QStringView(longer)).constData());
 }
 
 TEST_CLASS(TestFieldValues);

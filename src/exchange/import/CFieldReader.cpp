@@ -52,78 +52,96 @@ bool IsUnset(const QString& text) {
     return text.isEmpty() || text == NoTimeText();
 }
 
-}  // namespace
-
-// --- Notes
-
-void CFieldReader::NoteReadAs(const FieldRow& field, const QString& text, const QString& read) {
-    m_misread.push_back({&field, text.left(Misreading::kShown), read});
+/// What can't be read is told of, unless it says that there is nothing.
+template <class Value>
+TextReading<Value> LeftOut(const QString& text) {
+    return {std::nullopt, IsUnset(text) ? std::nullopt : std::optional(QString())};
 }
 
-void CFieldReader::NoteLeftOut(const FieldRow& field, const QString& text) {
-    if (!IsUnset(text)) NoteReadAs(field, text, {});
+/// "1,234.50" is read as 1 where the comma isn't the decimal character: how to tell of it, if there is need.
+std::optional<QString> NoteIfCut(const QString& text, double number) {
+    if (IsPlainNumber(text) || ReadsWhole(TheRegion(), text)) return std::nullopt;
+    return TextOfNumber(number);
 }
 
-/// "1,234.50" is read as 1 where the comma isn't the decimal character.
-void CFieldReader::NoteIfCut(const FieldRow& field, const QString& text, double number) {
-    if (!IsPlainNumber(text) && !ReadsWhole(TheRegion(), text)) NoteReadAs(field, text, TextOfNumber(number));
-}
-
-// --- Values
-
-std::optional<DateTimeVal> CFieldReader::TimeOf(const QString& text) const {
+std::optional<DateTimeVal> TimeOf(const QString& text, bool clock24) {
     int hour = 0, minute = 0;
     if (ScanText(LoadText(Text::ScanTime24), text, {&hour, &minute}) < 2) return std::nullopt;
-    return AsItStands(m_clock24 || !HasWord(text) ? RewrittenTime(hour, minute) : text);
+    return AsItStands(clock24 || !HasWord(text) ? RewrittenTime(hour, minute) : text);
 }
 
-std::optional<DateTimeVal> CFieldReader::Time(const FieldRow& field, const QString& text) {
-    const auto time = TimeOf(text);
-    if (!time) NoteLeftOut(field, text);
-    if (!time || !m_clock24 || !HasWord(text)) return time;
-    const auto withItsWord = AsItStands(text);
-    if (!withItsWord || withItsWord->Hour24() != time->Hour24())
-        NoteReadAs(field, text, FormatTimeOfDay(TheRegion(), time->hour12, time->minute, time->isPm == 1));
-    return time;
-}
-
-std::optional<LengthOfTime> CFieldReader::Length(const FieldRow& field, const QString& text) {
+TextReading<LengthOfTime> ReadLength(const QString& text) {
     double hours = 0.0;
-    if (!ParseDouble(TheRegion(), text, hours) || hours < 0.0 || hours > kMostHours) {
-        NoteLeftOut(field, text);
-        return std::nullopt;
-    }
-    NoteIfCut(field, text, hours);
+    if (!ParseDouble(TheRegion(), text, hours) || hours < 0.0 || hours > kMostHours)
+        return LeftOut<LengthOfTime>(text);
     const double whole = std::trunc(hours);
     const double exact = (hours - whole) * 60.0;
     const double minutes = std::trunc(exact);
     const bool roundsUp = (exact - minutes) * 10.0 >= 5.0;
-    return LengthOfTime{static_cast<int>(whole), static_cast<int>(minutes) + (roundsUp ? 1 : 0)};
+    return {LengthOfTime{static_cast<int>(whole), static_cast<int>(minutes) + (roundsUp ? 1 : 0)},
+            NoteIfCut(text, hours)};
+}
+
+TextReading<float> ReadNumber(const QString& text) {
+    float number = 0.0F;
+    if (!ParseFloat(TheRegion(), text, number)) return LeftOut<float>(text);
+    return {number, NoteIfCut(text, static_cast<double>(number))};
+}
+
+TextReading<QString> ReadReading(const QString& text) {
+    double number = 0.0;
+    if (!ParseDouble(TheRegion(), text, number)) return LeftOut<QString>(text);
+    return {TextOfNumber(number), NoteIfCut(text, number)};
+}
+
+}  // namespace
+
+// --- Notes
+
+void CFieldReader::NoteLeftOut(const FieldRow& field, const QString& text) {
+    if (!IsUnset(text)) m_misread.push_back({&field, text.left(Misreading::kShown), {}});
+}
+
+/// The value, and the note on it stands among those of the line.
+template <class Value>
+std::optional<Value> CFieldReader::Take(const FieldRow& field, const QString& text,
+                                        const TextReading<Value>& reading) {
+    if (reading.note) m_misread.push_back({&field, text.left(Misreading::kShown), *reading.note});
+    return reading.value;
+}
+
+// --- Values
+
+TextReading<DateTimeVal> CFieldReader::ReadTime(const QString& text) const {
+    const auto time = TimeOf(text, m_clock24);
+    if (!time) return LeftOut<DateTimeVal>(text);
+    if (!m_clock24 || !HasWord(text)) return {time, std::nullopt};
+    const auto withItsWord = AsItStands(text);
+    if (withItsWord && withItsWord->Hour24() == time->Hour24()) return {time, std::nullopt};
+    return {time, FormatTimeOfDay(TheRegion(), time->hour12, time->minute, time->isPm == 1)};
+}
+
+std::optional<DateTimeVal> CFieldReader::Time(const FieldRow& field, const QString& text) {
+    return Take(field, text, m_times.Get(text, [&] { return ReadTime(text); }));
+}
+
+std::optional<LengthOfTime> CFieldReader::Length(const FieldRow& field, const QString& text) {
+    return Take(field, text, m_lengths.Get(text, [&] { return ReadLength(text); }));
 }
 
 std::optional<float> CFieldReader::Number(const FieldRow& field, const QString& text) {
-    float number = 0.0F;
-    if (!ParseFloat(TheRegion(), text, number)) {
-        NoteLeftOut(field, text);
-        return std::nullopt;
-    }
-    NoteIfCut(field, text, static_cast<double>(number));
-    return number;
+    return Take(field, text, m_numbers.Get(text, [&] { return ReadNumber(text); }));
 }
 
+/// Hardly two are the same.
 QString CFieldReader::Reading(const FieldRow& field, const QString& text) {
-    double number = 0.0;
-    if (!ParseDouble(TheRegion(), text, number)) {
-        NoteLeftOut(field, text);
-        return {};
-    }
-    NoteIfCut(field, text, number);
-    return TextOfNumber(number);
+    return Take(field, text, ReadReading(text)).value_or(QString());
 }
 
 /// What is neither of the two words is a no.
 bool CFieldReader::Flag(const FieldRow& field, const QString& text) {
     if (text == LoadText(Text::YesWord)) return true;
-    if (!text.isEmpty() && text != LoadText(Text::NoWord)) NoteReadAs(field, text, LoadText(Text::NoWord));
+    const QString& no = LoadText(Text::NoWord);
+    if (!text.isEmpty() && text != no) m_misread.push_back({&field, text.left(Misreading::kShown), no});
     return false;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "calendar/DateTimeVal.h"
+#include "records/TextAddressCache.h"
 
 #include <QString>
 #include <optional>
@@ -24,13 +25,25 @@ struct LengthOfTime {
     int minutes;
 };
 
-/// Reads the values of a line's fields, by the regional values in use. What can't be read is none, and of a
-/// number only its beginning may be read; either is noted, so that the user can be told.
+/// What was made of a text.
+template <class Value>
+struct TextReading {
+    std::optional<Value> value;
+    std::optional<QString>
+        note;  ///< what it was read as, empty where it was left out; none where nothing is to tell
+};
+
+/// Reads the values of the fields of lines, by the regional values in use. What can't be read is none, and of
+/// a number only its beginning may be read; either is noted, so that the user can be told. What was made of a
+/// text is known when the text comes again.
 class CFieldReader {
  public:
-    /// clock24: times count to 24, and a word for the half of the day is dropped, on purpose. The notes must
-    /// outlive the reader.
-    CFieldReader(bool clock24, Misreadings& misread) : m_clock24(clock24), m_misread(misread) {}
+    /// clock24: times count to 24, and a word for the half of the day is dropped, on purpose.
+    explicit CFieldReader(bool clock24) : m_clock24(clock24) {}
+
+    void BeginLine() { m_misread.clear(); }
+    /// What of the line isn't read as it is written.
+    [[nodiscard]] const Misreadings& Misread() const { return m_misread; }
 
     [[nodiscard]] std::optional<DateTimeVal> Time(const FieldRow& field, const QString& text);
     /// Decimal hours: 7.99 is 7:59. A part of a minute counts from half of it on.
@@ -44,10 +57,17 @@ class CFieldReader {
     void NoteLeftOut(const FieldRow& field, const QString& text);
 
  private:
-    [[nodiscard]] std::optional<DateTimeVal> TimeOf(const QString& text) const;
-    void NoteReadAs(const FieldRow& field, const QString& text, const QString& read);
-    void NoteIfCut(const FieldRow& field, const QString& text, double number);
+    template <class Value>
+    using Known = TextAddressCache<TextReading<Value>, 4096>;
+
+    template <class Value>
+    [[nodiscard]] std::optional<Value> Take(const FieldRow& field, const QString& text,
+                                            const TextReading<Value>& reading);
+    [[nodiscard]] TextReading<DateTimeVal> ReadTime(const QString& text) const;
 
     bool m_clock24;
-    Misreadings& m_misread;
+    Misreadings m_misread;
+    Known<DateTimeVal> m_times;
+    Known<LengthOfTime> m_lengths;
+    Known<float> m_numbers;
 };

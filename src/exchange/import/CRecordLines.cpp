@@ -5,7 +5,7 @@
 #include "records/RecordFactory.h"
 
 CRecordLines::CRecordLines(CTextSource& source, RecordKind kind, const LineForm& form)
-    : m_reader(source, form.delimiters), m_kind(kind), m_form(form) {}
+    : m_reader(source, form.delimiters), m_kind(kind), m_form(form), m_values(form) {}
 
 CRecordLines::Next CRecordLines::Read() {
     switch (ReadLine()) {
@@ -21,8 +21,7 @@ CRecordLines::Next CRecordLines::Read() {
     if (m_line.isEmpty()) return Next::End;
     if (m_skipsFirstField) m_line = WithoutFirstField(m_line, m_form.delimiters);
     m_record = NewRecord(m_kind);
-    m_misread.clear();
-    m_code = m_reader.IsTooLong() ? LineCode::TooLong : ReadRecordLine(m_line, m_form, *m_record, m_misread);
+    m_code = m_reader.IsTooLong() ? LineCode::TooLong : m_values.Read(m_line, *m_record);
     return m_code == LineCode::Parsed && FitsTheStore(*m_record) ? Next::Record : Next::Refused;
 }
 

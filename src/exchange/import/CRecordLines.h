@@ -30,7 +30,7 @@ class CRecordLines {
     /// After Record, and after a refusal with the code Parsed.
     [[nodiscard]] const CVORec& Record() const { return *m_record; }
     /// What of that line isn't read as it is written.
-    [[nodiscard]] const Misreadings& Misread() const { return m_misread; }
+    [[nodiscard]] const Misreadings& Misread() const { return m_values.Misread(); }
 
  private:
     [[nodiscard]] CLineReader::Next ReadLine();
@@ -44,5 +44,5 @@ class CRecordLines {
     QString m_line;
     LineCode m_code = LineCode::Parsed;
     std::unique_ptr<CVORec> m_record;
-    Misreadings m_misread;
+    CRecordLineReader m_values;
 };

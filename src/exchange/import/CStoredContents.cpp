@@ -71,7 +71,7 @@ void CStoredContents::TakeRows(const RowTable& rows, std::size_t enough, std::op
 }
 
 bool CStoredContents::Holds(const CVORec& record) const {
-    return std::ranges::binary_search(m_digests, DigestOf(record));
+    return !m_digests.empty() && std::ranges::binary_search(m_digests, DigestOf(record));
 }
 
 CStoredContents::Digest CStoredContents::DigestOf(const CVORec& record) const {

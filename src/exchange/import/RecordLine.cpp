@@ -40,20 +40,18 @@ bool ReadRegionalDate(const QString& text, DateTimeVal& date) {
 
 /// A day that its month doesn't have, 2/30/2026, is refused: nobody means it, and no other day can be told
 /// from it.
-bool ReadDate(const QString& text, RecordForm form, RecordDate& out) {
+std::optional<DateTimeVal> DayOf(const QString& text, RecordForm form) {
     DateTimeVal date;
     const bool isRead = form == RecordForm::Older ? ReadOlderDate(text, date) : ReadRegionalDate(text, date);
-    if (!isRead || date.year > kLatestYear || date.day > DaysInMonth(date.month, date.year)) return false;
-    out.Set(date.month, date.day, date.year);
-    return true;
+    const bool isDay = isRead && date.year <= kLatestYear && date.day <= DaysInMonth(date.month, date.year);
+    return isDay ? std::optional(date) : std::nullopt;
 }
 
 // --- Times
 
 class CTimeFields {
  public:
-    CTimeFields(CTRecord& record, const LineForm& form, Misreadings& misread)
-        : m_record(record), m_reader(form.clock24, misread) {}
+    CTimeFields(CTRecord& record, CFieldReader& reader) : m_record(record), m_reader(reader) {}
 
     void Put(const FieldRow& field, const QString& text) {
         switch (field.form) {
@@ -117,7 +115,7 @@ class CTimeFields {
     }
 
     CTRecord& m_record;
-    CFieldReader m_reader;
+    CFieldReader& m_reader;
     std::optional<Money> m_rate, m_amount;  ///< as the line has them
 };
 
@@ -132,17 +130,6 @@ std::span<const TextColumn> ColumnsOf(RecordKind kind, RecordForm form) {
     static const std::vector<TextColumn> kOlder = OlderTimeColumns();
     const bool isOlderTime = kind == RecordKind::Time && form == RecordForm::Older;
     return isOlderTime ? std::span<const TextColumn>(kOlder) : TextColumnsOf(kind);
-}
-
-LineCode ReadTimeLine(const QStringList& fields, const LineForm& form, CTRecord& record,
-                      Misreadings& misread) {
-    if (!ReadDate(fields.front(), form.form, record.date)) return LineCode::BadDate;
-    CTimeFields values(record, form, misread);
-    qsizetype place = 0;
-    for (const TextColumn& column : ColumnsOf(RecordKind::Time, form.form).subspan(1))
-        values.Put(*column.field, fields[++place]);
-    values.FinishMoney();
-    return LineCode::Parsed;
 }
 
 // --- Expenses
@@ -175,20 +162,6 @@ void JoinNotes(QStringList& fields, qsizetype count, const QString& separator) {
     fields.back() = notes;
 }
 
-LineCode ReadExpenseLine(const QStringList& fields, const LineForm& form, CERecord& record,
-                         Misreadings& misread) {
-    if (!ReadDate(fields.front(), form.form, record.date)) return LineCode::BadDate;
-    CFieldReader reader(form.clock24, misread);
-    bool isPlain = false;
-    qsizetype place = 0;
-    for (const TextColumn& column : TextColumnsOf(RecordKind::Expense).subspan(1)) {
-        const QString& text = fields[++place];
-        if (column.field->form == FieldForm::Distance) isPlain = text == LoadText(Text::NotApplicable);
-        if (!isPlain || !IsOfDistanceEntry(column)) PutExpenseField(*column.field, text, record, reader);
-    }
-    return LineCode::Parsed;
-}
-
 }  // namespace
 
 /// The last field of a time takes the rest of its line; the notes of an expense are joined again.
@@ -203,13 +176,42 @@ LineCode SplitRecordLine(const QString& line, RecordKind kind, const LineForm& f
     return LineCode::Parsed;
 }
 
-LineCode ReadRecordLine(const QString& line, const LineForm& form, CVORec& record, Misreadings& misread) {
-    QStringList fields;
-    const LineCode code = SplitRecordLine(line, record.Kind(), form, fields);
+bool CRecordLineReader::ReadDate(RecordDate& date) {
+    const QString& text = m_fields.front();
+    const auto& day = m_days.Get(text, [&] { return DayOf(text, m_form.form); });
+    if (day) date.Set(day->month, day->day, day->year);
+    return day.has_value();
+}
+
+LineCode CRecordLineReader::ReadTime(CTRecord& record) {
+    if (!ReadDate(record.date)) return LineCode::BadDate;
+    CTimeFields values(record, m_values);
+    qsizetype place = 0;
+    for (const TextColumn& column : ColumnsOf(RecordKind::Time, m_form.form).subspan(1))
+        values.Put(*column.field, m_fields[++place]);
+    values.FinishMoney();
+    return LineCode::Parsed;
+}
+
+LineCode CRecordLineReader::ReadExpense(CERecord& record) {
+    if (!ReadDate(record.date)) return LineCode::BadDate;
+    bool isPlain = false;
+    qsizetype place = 0;
+    for (const TextColumn& column : TextColumnsOf(RecordKind::Expense).subspan(1)) {
+        const QString& text = m_fields[++place];
+        if (column.field->form == FieldForm::Distance) isPlain = text == LoadText(Text::NotApplicable);
+        if (!isPlain || !IsOfDistanceEntry(column)) PutExpenseField(*column.field, text, record, m_values);
+    }
+    return LineCode::Parsed;
+}
+
+LineCode CRecordLineReader::Read(const QString& line, CVORec& record) {
+    m_values.BeginLine();
+    m_fields.resize(0);
+    const LineCode code = SplitRecordLine(line, record.Kind(), m_form, m_fields);
     if (code != LineCode::Parsed) return code;
-    return record.Kind() == RecordKind::Time
-               ? ReadTimeLine(fields, form, static_cast<CTRecord&>(record), misread)
-               : ReadExpenseLine(fields, form, static_cast<CERecord&>(record), misread);
+    return record.Kind() == RecordKind::Time ? ReadTime(static_cast<CTRecord&>(record))
+                                             : ReadExpense(static_cast<CERecord&>(record));
 }
 
 bool FitsTheStore(const CVORec& record) {

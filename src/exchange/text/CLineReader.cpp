@@ -1,5 +1,7 @@
 #include "exchange/text/CLineReader.h"
 
+#include <algorithm>
+
 CLineReader::CLineReader(CTextSource& source, const Delimiters& delimiters)
     : m_source(source),
       m_qualifier(delimiters.qualifier.isEmpty() ? QChar() : delimiters.qualifier.front()),
@@ -8,27 +10,41 @@ CLineReader::CLineReader(CTextSource& source, const Delimiters& delimiters)
       m_endsAtCr(m_lineEnd == u'\n') {}
 
 CLineReader::Next CLineReader::ReadLine(QString& line) {
-    line.clear();
+    line.resize(0);  // and the next line takes the room of this one
     m_length = 0;
     ++m_number;
     bool isQuoted = false;
     while (HasCharacter()) {
-        const QChar character = m_piece[m_place++];
-        if (m_hasQualifier && character == m_qualifier) isQuoted = !isQuoted;
-        if (!isQuoted && EndsLine(character)) {
-            // Whatever it is: the line feed of a CR LF as a rule.
-            if (m_endsAtCr && character == u'\r' && HasCharacter()) ++m_place;
-            return Next::Line;
-        }
-        Take(character, line);
+        const qsizetype end = EndOfRun(isQuoted);
+        Take(QStringView(m_piece).sliced(m_place, end - m_place), line);
+        m_place = end;
+        if (m_place == m_piece.size()) continue;
+        // Behind a CR whatever it is: the line feed of a CR LF as a rule.
+        if (m_piece[m_place++] == u'\r' && m_endsAtCr && HasCharacter()) ++m_place;
+        return Next::Line;
     }
     return m_next == CTextSource::Next::End && m_length > 0 ? Next::Line : EndOfText();
 }
 
-void CLineReader::Take(QChar character, QString& line) {
-    ++m_length;
-    if (!IsTooLong()) line.append(character);
-    if (m_length == kLongestLine + 1) line.truncate(100);
+/// Where what is left of the piece ends its line, or else the end of the piece.
+qsizetype CLineReader::EndOfRun(bool& isQuoted) const {
+    qsizetype place = m_place;
+    for (; place < m_piece.size(); ++place) {
+        const QChar character = m_piece[place];
+        if (m_hasQualifier && character == m_qualifier) isQuoted = !isQuoted;
+        if (!isQuoted && EndsLine(character)) break;
+    }
+    return place;
+}
+
+/// Of a line that is too long the beginning stays.
+void CLineReader::Take(QStringView run, QString& line) {
+    constexpr qsizetype kShown = 100;
+    const bool wasTooLong = IsTooLong();
+    m_length += run.size();
+    if (wasTooLong) return;
+    line.append(IsTooLong() ? run.first(std::min(kShown, run.size())) : run);
+    if (IsTooLong()) line.truncate(kShown);
 }
 
 bool CLineReader::HasCharacter() {

@@ -39,7 +39,8 @@ class CLineReader {
     [[nodiscard]] bool HasCharacter();
     [[nodiscard]] Next EndOfText() const;
     [[nodiscard]] bool EndsLine(QChar character) const;
-    void Take(QChar character, QString& line);
+    [[nodiscard]] qsizetype EndOfRun(bool& isQuoted) const;
+    void Take(QStringView run, QString& line);
 
     CTextSource& m_source;
     QChar m_qualifier, m_lineEnd;

@@ -1,5 +1,7 @@
 #include "exchange/text/SplitFields.h"
 
+#include "records/SharedTexts.h"
+
 #include <algorithm>
 
 namespace {
@@ -37,9 +39,9 @@ class CFieldScanner {
     qsizetype m_place = 0;
 };
 
-/// The field, and the scanner goes on behind it.
+/// The field, and the scanner goes on behind it. The same few days, times and items come in every line.
 QString CFieldScanner::UpTo(qsizetype end, qsizetype next) {
-    QString field = m_line.mid(m_place, end - m_place);
+    QString field = SharedText(QStringView(m_line).sliced(m_place, end - m_place));
     m_place = next;
     return field;
 }

@@ -27,23 +27,21 @@ LineForm Form(RecordForm form = RecordForm::Present, bool clock24 = false) {
 /// Fields as a line of plain ones, for the present form.
 CTRecord TimeOf(const QString& line, const LineForm& form = Form()) {
     CTRecord record;
-    Misreadings misread;
-    [&] { QCOMPARE(ReadRecordLine(line, form, record, misread), LineCode::Parsed); }();
+    [&] { QCOMPARE(CRecordLineReader(form).Read(line, record), LineCode::Parsed); }();
     return record;
 }
 CERecord ExpenseOf(const QString& line, const LineForm& form = Form()) {
     CERecord record;
-    Misreadings misread;
-    [&] { QCOMPARE(ReadRecordLine(line, form, record, misread), LineCode::Parsed); }();
+    [&] { QCOMPARE(CRecordLineReader(form).Read(line, record), LineCode::Parsed); }();
     return record;
 }
 
 /// "rate 1,5=1" for each value that isn't read as it is written.
 QString MisreadOf(const QString& line, CVORec& record, const LineForm& form) {
-    Misreadings misread;
-    [&] { QCOMPARE(ReadRecordLine(line, form, record, misread), LineCode::Parsed); }();
+    CRecordLineReader reader(form);
+    [&] { QCOMPARE(reader.Read(line, record), LineCode::Parsed); }();
     QStringList values;
-    for (const auto& [field, text, read] : misread)
+    for (const auto& [field, text, read] : reader.Misread())
         values.append(QString::fromLatin1(field->name) + u' ' + text + u'=' + read);
     return values.join(u'|');
 }
@@ -134,8 +132,7 @@ class TestRecordLine final : public QObject {
         CTRecord time;
         CERecord expense;
         CVORec& record = kind == RecordKind::Time ? static_cast<CVORec&>(time) : expense;
-        Misreadings misread;
-        QTEST(ReadRecordLine(line, Form(form), record, misread), "code");
+        QTEST(CRecordLineReader(Form(form)).Read(line, record), "code");
     }
 
     void dates_data() {
