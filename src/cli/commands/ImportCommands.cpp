@@ -16,6 +16,7 @@
 #include "config/CCfgStore.h"
 #include "exchange/import/CLineQuestion.h"
 #include "exchange/import/CLookProgress.h"
+#include "fields/ListId.h"
 #include "lang/FormatText.h"
 
 #include <algorithm>
@@ -158,7 +159,7 @@ std::span<const OptionRow> ImportItemOptions() {
 }
 
 ExitCode ImportRecords(const CArguments& arguments, Console& console, RecordContext& context) {
-    const auto wanted = ReadWanted(arguments, context.settings, console);
+    auto wanted = ReadWanted(arguments, context.settings, console);
     if (!wanted) return ExitCode::Usage;
     const RecordKind kind = wanted->request.kind;
     const RecordModeScope mode(ModeOf(kind));
@@ -166,6 +167,7 @@ ExitCode ImportRecords(const CArguments& arguments, Console& console, RecordCont
     if (const ExitCode exit = OpenFile(file, arguments.Words().first(), console); exit != ExitCode::Done)
         return exit;
     if (!context.catalogue.LoadLists(ListsOfRecords())) return ExitCode::Failed;
+    wanted->request.distances = context.catalogue.Texts(ListId::kDistance);
     CStoredContents stored(kind, wanted->request.form.form);
     if (stored.Read(context.document.Store()) != CStoredContents::ReadEnd::Complete) return ExitCode::Failed;
     CRecordImport import(file, wanted->request, stored);

@@ -1,9 +1,12 @@
 #include "exchange/import/CRecordImport.h"
 
 #include "app/CVelmarchDoc.h"
+#include "calendar/NumberText.h"
 #include "exchange/text/TextColumns.h"
 #include "fields/FieldValue.h"
+#include "fields/ListId.h"
 #include "lang/FormatText.h"
+#include "platform/host/CRegionalInfo.h"
 #include "records/FieldDef.h"
 
 namespace {
@@ -29,7 +32,7 @@ ImportPlan CRecordImport::Look(const LookContext& context) {
     ImportPlan plan;
     m_file.Begin(m_request.encoding);
     CRecordLines lines(m_file, m_request.kind, m_request.form);
-    CListTexts texts;
+    CListTexts texts(m_request.distances);
     while (context.mostLines == 0 || lines.Number() < context.mostLines) {
         const CRecordLines::Next next = lines.Read();
         plan.lastLine = lines.Number();
@@ -72,6 +75,19 @@ void CRecordImport::AccountMisread(const CRecordLines& lines, ImportPlan& plan) 
     }
 }
 
+CRecordImport::CListTexts::CListTexts(const QStringList& distances) {
+    for (const QString& text : distances) static_cast<void>(IsKnownDistance(text));
+}
+
+/// It is known from now on.
+bool CRecordImport::CListTexts::IsKnownDistance(const QString& text) {
+    float number = 0.0F;
+    if (!ParseFloat(TheRegion(), text, number)) return false;
+    const bool isKnown = m_distances.contains(number);
+    m_distances.insert(number);
+    return isKnown;
+}
+
 /// In the order of the columns. A text that no list can hold is left out, like any that a list refuses.
 void CRecordImport::CListTexts::Add(const CVORec& record) {
     for (const TextColumn& column : TextColumnsOf(record.Kind())) {
@@ -80,7 +96,7 @@ void CRecordImport::CListTexts::Add(const CVORec& record) {
         const QString text = TextOf(record, *column.field);
         if (text.isEmpty() || text.size() > kTextLength || m_known.contains({list, text})) continue;
         m_known.insert({list, text});
-        m_texts.push_back({list, text});
+        if (list != ListId::kDistance || !IsKnownDistance(text)) m_texts.push_back({list, text});
     }
 }
 

@@ -7,6 +7,7 @@
 #include "exchange/text/CTextFile.h"
 
 #include <QSet>
+#include <QStringList>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -19,6 +20,7 @@ struct ImportRequest {
     QByteArray encoding = {};  ///< empty: as found
     bool addListItems = true;  ///< whether the values of records go into the pick lists
     bool skipDuplicates = false;
+    QStringList distances = {};  ///< the items of the list of distances
 };
 
 /// A value that isn't read as it is written, and where it stands.
@@ -75,15 +77,20 @@ class CRecordImport {
 
  private:
     class CSource;
-    /// The texts for the pick lists, each once.
+    /// The texts for the pick lists, each once. Distances are texts there, "1234.5" as somebody typed it; a
+    /// file has all their decimal places. An equal number that the list has will do.
     class CListTexts {
      public:
+        explicit CListTexts(const QStringList& distances);
         void Add(const CVORec& record);
         [[nodiscard]] std::vector<ListText> Take() { return std::exchange(m_texts, {}); }
 
      private:
+        [[nodiscard]] bool IsKnownDistance(const QString& text);
+
         std::vector<ListText> m_texts;
         QSet<std::pair<int, QString>> m_known;
+        QSet<float> m_distances;
     };
     [[nodiscard]] bool IsLeftOut(const CVORec& record) const;
     void Account(const CRecordLines& lines, ImportPlan& plan) const;

@@ -15,6 +15,7 @@
 #include "exchange/import/ItemImport.h"
 #include "exchange/text/GuessDelimiters.h"
 #include "exchange/text/TextColumns.h"
+#include "fields/ListId.h"
 #include "lang/FormatText.h"
 #include "platform/host/CPrompt.h"
 #include "shell/exchange/CDelimiterDialog.h"
@@ -67,7 +68,8 @@ void CFrameExchange::ImportRecords(RecordForm form) {
     CTextFile file;
     if (!OpenFile(file, Text::ImportTitle, Text::ImportCantOpen)) return;
     ImportRequest request{.kind = KindOf(theRecordMode),
-                          .form = {.delimiters = {}, .form = form, .clock24 = m_context.settings.clock24}};
+                          .form = {.delimiters = {}, .form = form, .clock24 = m_context.settings.clock24},
+                          .distances = m_context.catalogue.Texts(ListId::kDistance)};
     const auto requestOf = [&request](const TextFileDraft& draft) {
         ImportRequest wanted = request;
         wanted.form.delimiters = draft.delimiters;

@@ -87,6 +87,20 @@ class TestCRecordImport final : public QObject {
         QCOMPARE(fixture->Items(RecordKind::Expense), (QStringList{u"A"_s, u"B"_s}));
     }
 
+    /// "12.5" is in the list as somebody typed it, and the file has it with all its places.
+    void distancesThatTheListHas() {
+        fixture->Open(
+            "11/1/2026,A,,,12.50,,,0.5,,,6.25,No,No,No,No,No,\n"
+            "11/2/2026,B,,,7.00,,,0.5,,,3.50,No,No,No,No,No,\n"
+            "11/3/2026,C,,,7.00,,,0.5,,,3.50,No,No,No,No,No,\n");
+        QVERIFY(fixture->home.catalogue->AddItem(ListId::kDistance, u"12.5"_s, false));
+        ImportRequest request = ImportHome::Request(RecordKind::Expense);
+        request.distances = fixture->home.catalogue->Texts(ListId::kDistance);
+        CRecordImport import = fixture->Importing(request);
+        QVERIFY(import.Run(fixture->Look(import), fixture->changes, Hold::Yes, {}));
+        QCOMPARE(fixture->home.catalogue->Texts(ListId::kDistance), (QStringList{u"12.5"_s, u"7.00"_s}));
+    }
+
     /// Nothing is written while a user may be asked.
     void aLookStoresNothing() {
         fixture->Open(TimeLine(1, "A"));
