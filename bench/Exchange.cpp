@@ -101,6 +101,18 @@ std::vector<FloorRow> RowsOf(const QString& home) {
     return rows;
 }
 
+/// A home with the times of another alone: the floors know nothing else.
+QString HomeOfTimes(const QString& home, const QString& scratch) {
+    const QString times = scratch + u"/times"_s;
+    if (!QDir().mkpath(times) || !QFile::copy(StorePath(home), StorePath(times)) ||
+        !QFile::copy(SettingsPath(home), SettingsPath(times)))
+        qFatal("no copy of the home");
+    FloorStore store(StorePath(times).toStdString());
+    for (const char* table : {"expense_velmarch", "item_velmarch", "dependency_velmarch"})
+        store.Run(std::string("DELETE FROM ") + table);
+    return times;
+}
+
 /// Reading the rows, which are not kept.
 void ReadRows(const QString& home) {
     FloorStore store(StorePath(home).toStdString());
@@ -283,13 +295,14 @@ int main(int argc, char** argv) {
     if (argc != 3) qFatal("usage: bench-exchange HOME SCRATCH");
     if (!LoadLanguageLibrary(FolderOf(ModulePath()))) qFatal("no language library");
     Bench bench;
-    bench.home = QString::fromLocal8Bit(argv[1]);
     bench.scratch = QString::fromLocal8Bit(argv[2]);
+    bench.home = HomeOfTimes(QString::fromLocal8Bit(argv[1]), bench.scratch);
     Backup(bench);
     VerifyAndRestore(bench);
     Export(bench);
     Import(bench);
     for (const QString& name : {u"bench.vbk"_s, u"bench.csv"_s, u"floor.csv"_s})
         QFile::remove(bench.File(name));
+    QDir(bench.home).removeRecursively();
     return 0;
 }

@@ -143,8 +143,15 @@ int Fill(const std::string& source, const std::string& target) {
 int Add(const std::string& path) {
     FloorStore store(path);
     sqlite3_stmt* insert = store.Prepare(InsertSql());
-    FloorRow row{};
-    row.notes = "a bare record";
+    // 09:00 to 10:30 of a day, as a record of the program is: others read it, and write it out.
+    FloorRow row{.start = {9, 0, 0, 10, 30, 0},
+                 .items = {},
+                 .rate = -1,
+                 .item5 = {},
+                 .amount = -1,
+                 .flagsSpansDate = {0, 0, 0, 1, 30, -1, -1, 11, 19, 2026},
+                 .notes = "a bare record",
+                 .identity = {}};
     char identity[33];
     std::random_device random;
     std::snprintf(

@@ -3,6 +3,8 @@
 #include "Places.h"
 #include "TableLines.h"
 
+#include <cstdlib>
+#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -45,6 +47,20 @@ void Start(const Places& places, int size, int rounds) {
     StartLine("start to first rows, by the processor", processor, Best);
 }
 
+/// Beside the same of an earlier version, whose programs somebody has kept. By the processor: that doesn't
+/// depend on what else is running.
+void StartLikeBefore(const Places& places, int size, int rounds) {
+    const char* before = std::getenv("VELMARCH_BENCH_BEFORE");
+    if (before == nullptr || *before == '\0') return;
+    const std::string programs[] = {places.Program("bench-window"), std::string(before) + "/bench-window"};
+    std::vector<double> starts[2];
+    for (int round = 0; round < rounds; ++round)
+        for (std::size_t i = 0; i < std::size(programs); ++i)
+            starts[i].push_back(Run({programs[i], "start", places.Home(size)}).Figure("first_rows_us"));
+    Line("start to first rows (floor: the version before)", Best(starts[0]) / 1000, Best(starts[1]) / 1000,
+         1.1, "ms");
+}
+
 /// The figures of several runs of the window, each the best of them.
 class Runs {
  public:
@@ -69,6 +85,7 @@ class Runs {
 
 WindowTimes WindowLines(const Places& places, int size, const WindowTimes& former, int starts) {
     Start(places, size, starts);
+    StartLikeBefore(places, size, starts);
     (void)Run({places.Program("bench-ours"), "make-expenses", places.Home(size), std::to_string(size / 10)});
     const Runs runs(places, size, kRuns);
     runs.ShowLine("page in columns (floor: a plain table)", "page_columns", 2);
@@ -102,6 +119,7 @@ WindowTimes WindowLines(const Places& places, int size, const WindowTimes& forme
         Line("tick in lines (floor: at the former size)", times.tickLines / 1000, former.tickLines / 1000,
              1.5, "ms");
     }
+    Alone("find in the list, the longest key", runs.Figure("find_us") / 1000, 100, "ms");
     Alone("memory of the list, per row", runs.Figure("row_bytes"), 64, "B");
     return times;
 }

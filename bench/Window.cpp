@@ -59,8 +59,9 @@ struct Part {
     std::string name;
     void (*measure)(WindowHome&);
 };
-const Part kParts[] = {{"list", MeasureList}, {"sort", MeasureSorting},  {"groups", MeasureGroups},
-                       {"tick", MeasureTick}, {"change", MeasureChange}, {"switch", MeasureSwitch}};
+const Part kParts[] = {{"list", MeasureList},    {"sort", MeasureSorting}, {"groups", MeasureGroups},
+                       {"find", MeasureFind},    {"tick", MeasureTick},    {"change", MeasureChange},
+                       {"switch", MeasureSwitch}};
 
 /// All parts over one load of the records, or the one that is named.
 int Measure(int argc, char** argv) {
@@ -82,7 +83,8 @@ int main(int argc, char** argv) {
     if (what == "start" && argc == 3) return Start(argv[0], argv[2]);
     if (what == "views" && (argc == 3 || argc == 4)) return Measure(argc, argv);
     std::fputs(
-        "usage: bench-window start HOME | views HOME [list | sort | groups | tick | change | switch]\n",
+        "usage: bench-window start HOME | views HOME [list | sort | groups | find | tick | change | "
+        "switch]\n",
         stderr);
     return 2;
 }

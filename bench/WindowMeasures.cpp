@@ -8,15 +8,19 @@
 #include "config/CCfgStore.h"
 #include "config/ColumnTable.h"
 #include "records/CTRecord.h"
+#include "shell/list/CListFindBar.h"
 #include "viewmodel/program/CTimerTicker.h"
 
 #include <malloc.h>
 #include <QCoreApplication>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QMouseEvent>
+#include <QStringView>
 #include <algorithm>
 #include <cstdio>
 #include <functional>
+#include <limits>
 #include <string>
 
 namespace {
@@ -216,6 +220,15 @@ void MeasureWithGroups(WindowHome& home, ListLayout layout, const std::string& n
     if (layout == ListLayout::Columns) Say(name + "_sort" + end, Turns(home));
 }
 
+/// Words letter by letter, as they are typed: some that stand in texts that repeat, some in notes, and at the
+/// end one that nothing has. The longest of the keys, each by its best round.
+constexpr QStringView kTyped = u"mull garten agreed confirmedx";
+
+void Type(QWidget& field, QChar letter) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, letter);
+    QCoreApplication::sendEvent(&field, &press);
+}
+
 double SwitchTo(WindowHome& home, RecordMode mode) {
     return TookToPaint(*home.List().viewport(), [&] { home.frame->SwitchMode(mode); });
 }
@@ -266,6 +279,27 @@ void MeasureChange(WindowHome& home) {
     Say("change_floor_us",
         Changes(home, [&](const CTRecord& record) { return Took([&] { modify(record, false); }); }));
     document.FlushPending(Hint::Changed);
+}
+
+void MeasureFind(WindowHome& home) {
+    home.SetLayout(ListLayout::Lines);
+    auto& bar = *home.frame->findChild<CListFindBar*>();
+    auto& field = *bar.findChild<QLineEdit*>();
+    std::vector<double> keys(kTyped.size(), std::numeric_limits<double>::max());
+    for (int round = 0; round < kRounds; ++round) {
+        bar.Open();
+        field.clear();
+        for (qsizetype place = 0; place < kTyped.size(); ++place) {
+            double& key = keys[static_cast<std::size_t>(place)];
+            key = std::min(key, TookToPaint(*home.List().viewport(), [&] {
+                               Type(field, kTyped[place]);
+                               home.List().viewport()->update();  // the same rows need no painting
+                           }));
+        }
+        if (home.Model().rowCount() != 0) qFatal("what was typed has not narrowed the list");
+    }
+    Say("find_us", std::ranges::max(keys));
+    bar.Close();
 }
 
 void MeasureSwitch(WindowHome& home) {

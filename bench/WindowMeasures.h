@@ -11,6 +11,8 @@ void MeasureList(WindowHome& home);
 void MeasureSorting(WindowHome& home);
 /// Groups of days on; the floor is the same list without them.
 void MeasureGroups(WindowHome& home);
+/// A key while words are looked for in the list.
+void MeasureFind(WindowHome& home);
 /// A second with 1,000 running timers.
 void MeasureTick(WindowHome& home);
 /// A record with other notes. The floor is the document's change of it, without a notice.
