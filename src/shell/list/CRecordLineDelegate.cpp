@@ -1,5 +1,6 @@
 #include "shell/list/CRecordLineDelegate.h"
 
+#include "config/Settings.h"
 #include "viewmodel/list/CRecordListModel.h"
 
 #include <QPainter>

@@ -19,7 +19,7 @@ namespace {
 constexpr int kClients = 16;
 
 struct Fixture {
-    ReportFixture report{};
+    ReportFixture report;
     CTestClock clock{};
     CScriptedPrompt prompt{};
     CStoredTexts texts{report.Settings(), clock, prompt};
