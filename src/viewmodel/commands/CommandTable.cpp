@@ -5,8 +5,8 @@
 #include "entry/RecordMarks.h"
 #include "viewmodel/commands/CommandRowMaker.h"
 #include "viewmodel/commands/ReportCommands.h"
+#include "viewmodel/commands/ViewCommands.h"
 #include "viewmodel/commands/WorkCommands.h"
-#include "viewmodel/list/ListGroups.h"
 
 #include <algorithm>
 #include <array>
@@ -77,18 +77,6 @@ bool NodeSelected(const State& s) {
 bool NodeInTimeMode(const State& s) {
     return NodeSelected(s) && s.timeMode;
 }
-bool TreeShown(const State& s) {
-    return s.treeShown;
-}
-bool TreeBeside(const State& s) {
-    return TreeShown(s) && !s.treeStacked;
-}
-bool TreeAbove(const State& s) {
-    return TreeShown(s) && s.treeStacked;
-}
-bool CanExpand(const State& s) {
-    return TreeShown(s) && s.treeCanExpand;
-}
 bool HasRegionalSettings(const State& s) {
     return s.hasRegionalSettings;
 }
@@ -104,18 +92,6 @@ bool CanRedo(const State& s) {
 template <int FilterCommand>
 bool FilterIsSet(const State& s) {
     return s.filters.contains(FilterCommand);
-}
-bool WorkBarShown(const State& s) {
-    return s.workBarShown;
-}
-bool Bar1Shown(const State& s) {
-    return s.bar1Shown;
-}
-bool Bar2Shown(const State& s) {
-    return s.bar2Shown;
-}
-bool StatusBarShown(const State& s) {
-    return s.statusBarShown;
 }
 template <int Preset>
 bool PresetIs(const State& s) {
@@ -322,49 +298,6 @@ constexpr CommandRow kFirstCommands[] = {
         {Text::CmdRebuildViews, Text::TipRebuildViews, "view-refresh", "Shift+F5"}, Menu::View,
         {Run::RebuildViews})
         .OfView(),
-    Row(Command::kToggleTree, "CmdToggleTree", {Text::CmdToggleTree, Text::TipToggleTree, "view-sidetree"},
-        Menu::DataTree, {Run::ToggleTree})
-        .Toggle(TreeShown),
-    Row(Command::kPanesSideBySide, "CmdPanesSideBySide",
-        {Text::CmdPanesSideBySide, Text::TipPanesSideBySide, "view-split-left-right"}, Menu::DataTree,
-        {Run::StackPanes, 0})
-        .BeginsGroup()
-        .When(TreeShown)
-        .Radio(TreeBeside),
-    Row(Command::kPanesStacked, "CmdPanesStacked",
-        {Text::CmdPanesStacked, Text::TipPanesStacked, "view-split-top-bottom"}, Menu::DataTree,
-        {Run::StackPanes, 1})
-        .When(TreeShown)
-        .Radio(TreeAbove),
-    Row(Command::kTreeExpandAll, "CmdTreeExpandAll",
-        {Text::CmdTreeExpandAll, Text::TipTreeExpandAll, "expand-all"}, Menu::DataTree, {Run::ExpandTree})
-        .BeginsGroup()
-        .When(CanExpand),
-    Row(Command::kTreeColumns, "CmdTreeColumns",
-        {Text::CmdTreeColumns, Text::TipTreeColumns, "format-list-unordered"}, Menu::DataTree,
-        {Run::TreeColumns})
-        .BeginsGroup(),
-    Row(Command::kToggleWorkBar, "CmdToggleWorkBar",
-        {Text::CmdToggleWorkBar, Text::TipToggleWorkBar, "configure-toolbars"}, Menu::Bars,
-        {Run::ToggleWorkBar})
-        .Toggle(WorkBarShown),
-    Row(Command::kToggleBar1, "CmdToggleBar1",
-        {Text::CmdToggleBar1, Text::TipToggleBar1, "configure-toolbars"}, Menu::Bars, {Run::ToggleBar1})
-        .Toggle(Bar1Shown),
-    Row(Command::kToggleBar2, "CmdToggleBar2",
-        {Text::CmdToggleBar2, Text::TipToggleBar2, "configure-toolbars"}, Menu::Bars, {Run::ToggleBar2})
-        .Toggle(Bar2Shown),
-    Row(Command::kToggleStatusBar, "CmdToggleStatusBar",
-        {Text::CmdToggleStatusBar, Text::TipToggleStatusBar, "kt-show-statusbar"}, Menu::Bars,
-        {Run::ToggleStatusBar})
-        .Toggle(StatusBarShown),
-    Row(Command::kCustomizeBar1, "CmdCustomizeBar1",
-        {Text::CmdCustomizeBar1, Text::TipCustomizeBar1, "configure-toolbars"}, Menu::Bars,
-        {Run::CustomizeBar, static_cast<int>(Bar::Records)})
-        .BeginsGroup(),
-    Row(Command::kCustomizeBar2, "CmdCustomizeBar2",
-        {Text::CmdCustomizeBar2, Text::TipCustomizeBar2, "configure-toolbars"}, Menu::Bars,
-        {Run::CustomizeBar, static_cast<int>(Bar::Filters)}),
     Row(Command::kPeriodPrevious, "CmdPeriodPrevious",
         {Text::CmdPeriodPrevious, Text::TipPeriodPrevious, "go-previous", "Alt+Left"}, Menu::Period,
         {Run::PeriodPrevious})
@@ -599,7 +532,8 @@ constexpr auto Join(const CommandRow (&... parts)[Sizes]) {
     return joined;
 }
 
-constexpr auto kCommands = Join(kFirstCommands, WorkRows::kRows, ReportRows::kRows, kLastCommands);
+constexpr auto kCommands =
+    Join(kFirstCommands, ViewRows::kRows, WorkRows::kRows, ReportRows::kRows, kLastCommands);
 
 const CommandRow* CommandOf(int id, Receiver receiver) {
     for (const CommandRow& row : kCommands)
