@@ -30,18 +30,20 @@ QRect EndingAt(const QRect& line, int right, int width) {
     return {right - width, line.top(), width, line.height()};
 }
 
-/// Below their captions; false when one of them has no room there.
+/// Below their captions, the left one further left where the other needs its room; false when they have none.
 bool PlaceInColumns(const GroupHeadLine& line, GroupHeadPlaces& places) {
     const int hours = WidthOf(line.font, line.head.hours), money = WidthOf(line.font, line.head.money);
     places.hours = EndingAt(line.line, line.hoursRight - kMargin, hours);
     places.money = EndingAt(line.line, line.moneyRight - kMargin, money);
-    const QRect& first = places.hours.left() < places.money.left() ? places.hours : places.money;
-    const QRect& last = places.hours.left() < places.money.left() ? places.money : places.hours;
-    const int end = places.title.left() + WidthOf(TitleFont(line), line.head.title) + kBetween +
-                    places.count.width() + (places.count.isEmpty() ? 0 : kBetween);
-    const bool haveRoom = hours == 0 || money == 0 || first.right() + kMargin < last.left();
-    const int left = hours == 0 ? places.money.left() : money == 0 ? places.hours.left() : first.left();
-    return haveRoom && left >= end && last.right() <= line.line.right();
+    const bool areHoursFirst = places.hours.right() <= places.money.right();
+    QRect& first = areHoursFirst ? places.hours : places.money;
+    const QRect& last = areHoursFirst ? places.money : places.hours;
+    const bool areBoth = hours > 0 && money > 0;
+    if (areBoth && first.right() + kMargin >= last.left()) first.moveRight(last.left() - kBetween);
+    const int left = areBoth ? first.left() : hours > 0 ? places.hours.left() : places.money.left();
+    const int count = places.count.isEmpty() ? 0 : places.count.width() + kBetween;
+    const int title = places.title.left() + WidthOf(TitleFont(line), line.head.title) + kBetween;
+    return left >= title + count && last.right() <= line.line.right();
 }
 
 void PlaceAtEnd(const GroupHeadLine& line, GroupHeadPlaces& places) {
