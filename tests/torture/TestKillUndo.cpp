@@ -88,7 +88,7 @@ std::optional<QJsonDocument> TestKillUndo::Run(const QStringList& words, int kil
 QStringList TestKillUndo::Dump() const {
     QStringList rows;
     const QString store = m_home.filePath(u"velmarch.store"_s);
-    for (const QByteArray& table : {"time_velmarch", "time_velmarch_checks", "item_velmarch"})
+    for (const QByteArray table : {"time_velmarch", "time_velmarch_checks", "item_velmarch"})
         AddRows(store, "SELECT * FROM " + table + " ORDER BY identity", rows);
     AddRows(m_home.filePath(u"velmarch.settings"_s),
             "SELECT k.id, k.name, e.* FROM keys k JOIN keys p ON p.id=k.parent JOIN entries e ON e.key=k.id "
