@@ -97,13 +97,6 @@ template <int Preset>
 bool PresetIs(const State& s) {
     return s.preset == Preset;
 }
-template <ListGroups Groups>
-bool GroupsAre(const State& s) {
-    return s.listGroups == static_cast<int>(Groups);
-}
-bool HasGroups(const State& s) {
-    return s.listIsActive && s.hasGroups;
-}
 template <int Layout>
 bool LayoutIs(const State& s) {
     return s.listLayout == Layout;
@@ -254,29 +247,6 @@ constexpr CommandRow kFirstCommands[] = {
         Menu::View, {Run::Layout, 4})
         .OfView()
         .Radio(LayoutIs<4>),
-    Row(Command::kGroupNone, "CmdGroupList", {Text::CmdGroupNone, Text::TipGroupNone, "object-ungroup"},
-        Menu::ListGroups, {Run::GroupList, static_cast<int>(ListGroups::None)})
-        .OfView()
-        .Radio(GroupsAre<ListGroups::None>),
-    Row(Command::kGroupDays, "CmdGroupList", {Text::CmdGroupDays, Text::TipGroupDays, "view-calendar-day"},
-        Menu::ListGroups, {Run::GroupList, static_cast<int>(ListGroups::Days)})
-        .OfView()
-        .Radio(GroupsAre<ListGroups::Days>),
-    Row(Command::kGroupWeeks, "CmdGroupList",
-        {Text::CmdGroupWeeks, Text::TipGroupWeeks, "view-calendar-week"}, Menu::ListGroups,
-        {Run::GroupList, static_cast<int>(ListGroups::Weeks)})
-        .OfView()
-        .Radio(GroupsAre<ListGroups::Weeks>),
-    Row(Command::kGroupMonths, "CmdGroupList",
-        {Text::CmdGroupMonths, Text::TipGroupMonths, "view-calendar-month"}, Menu::ListGroups,
-        {Run::GroupList, static_cast<int>(ListGroups::Months)})
-        .OfView()
-        .Radio(GroupsAre<ListGroups::Months>),
-    Row(Command::kFoldGroups, "CmdFoldGroups", {Text::CmdFoldGroups, Text::TipFoldGroups, "collapse-all"},
-        Menu::ListGroups, {Run::FoldGroups})
-        .OfView()
-        .BeginsGroup()
-        .When(HasGroups),
     Row(Command::kSort, "CmdSortDialog", {Text::CmdSort, Text::TipSort, "view-sort"}, Menu::View, {Run::Sort})
         .OfView()
         .BeginsGroup(),
