@@ -37,6 +37,7 @@ void CFrameTray::ShowWindow() {
 
 /// The end of the session closes the window as well, and there it ends.
 bool CFrameTray::TakeWindow() {
+    QApplication::setQuitOnLastWindowClosed(true);
     if (m_isLeaving || !m_parts.settings.closeToTray || !m_icon.IsShown() || qApp->isSavingSession())
         return false;
     // A question that is answered while the window is hidden is the last window to close.

@@ -94,10 +94,16 @@ void CFrameWork::StartLine(const QString& line) {
     Start(ReadWorkLine(line, Known()));
 }
 
+/// The pane of the list hands the keyboard to what is in front.
+void CFrameWork::LeaveLine() {
+    QWidget* pane = m_context.view.parentWidget();
+    (pane ? pane : &m_context.view)->setFocus();
+}
+
 /// The keyboard goes back to the list, unless it is elsewhere already.
 void CFrameWork::EndLine() {
     m_known.reset();
-    if (m_context.workBar.Line().hasFocus()) m_context.view.setFocus();
+    if (m_context.workBar.Line().hasFocus()) LeaveLine();
 }
 
 // --- Commands
@@ -115,7 +121,7 @@ void CFrameWork::Start(const Work& work) {
     if (isStarted) {
         const bool hadKeyboard = m_context.workBar.Line().hasFocus();
         m_context.workBar.CloseLine();
-        if (hadKeyboard) m_context.view.setFocus();
+        if (hadKeyboard) LeaveLine();
     }
     Follow();
     m_context.control.FollowList();

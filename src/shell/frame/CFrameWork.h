@@ -48,6 +48,7 @@ class CFrameWork final : public QObject {
     [[nodiscard]] const CKnownWork& Known();
     void StartLine(const QString& line);
     void EndLine();
+    void LeaveLine();
     void OpenRecord(const QString& id);
 
     const FrameContext& m_context;

@@ -15,7 +15,7 @@ using Moment = std::int64_t;
 constexpr Moment kMinutesOfDay = 24 * 60;
 constexpr Moment kFirstMoment = 1;  ///< a record without a date lies before it
 constexpr std::size_t kMostEntries = 50;
-constexpr qsizetype kMostNotes = 50;
+constexpr std::size_t kMostNotes = 50;
 constexpr qsizetype kLongestNote = 120;
 /// How many days back is looked, one after the other; the last is as far as there are records.
 constexpr int kDaysBack[] = {60, 400, 0};
@@ -46,29 +46,33 @@ template <class Key>
 class NewestOf {
  public:
     void Note(const Key& key, Moment moment, const CTRecord& record) {
-        auto& newest = m_found[key];
-        if (!newest.second || moment > newest.first) newest = {moment, &record};
+        Newest& newest = m_found[key];
+        const Newest noted{moment, &record};
+        if (!newest.record || noted.IsAfter(newest)) newest = noted;
     }
-    [[nodiscard]] std::size_t Count() const { return static_cast<std::size_t>(m_found.size()); }
-    /// The newest first, equals in the order of less.
-    template <class Less>
-    [[nodiscard]] std::vector<std::pair<Key, const CTRecord*>> Sorted(std::size_t most, Less less) const {
-        std::vector<std::pair<Moment, Key>> order;
-        for (auto it = m_found.begin(); it != m_found.end(); ++it) order.push_back({it->first, it.key()});
-        const auto isBefore = [&less](const auto& a, const auto& b) {
-            return a.first != b.first ? a.first > b.first : less(a.second, b.second);
-        };
-        const std::size_t count = std::min(most, order.size());
-        const auto middle = order.begin() + static_cast<std::ptrdiff_t>(count);
-        std::partial_sort(order.begin(), middle, order.end(), isBefore);
+    /// The newest first.
+    [[nodiscard]] std::vector<std::pair<Key, const CTRecord*>> Sorted(std::size_t most) const {
+        std::vector<std::pair<Newest, Key>> order;
+        for (auto it = m_found.begin(); it != m_found.end(); ++it) order.push_back({it.value(), it.key()});
+        const auto middle = order.begin() + static_cast<std::ptrdiff_t>(std::min(most, order.size()));
+        std::partial_sort(order.begin(), middle, order.end(),
+                          [](const auto& a, const auto& b) { return a.first.IsAfter(b.first); });
         std::vector<std::pair<Key, const CTRecord*>> sorted;
-        for (auto it = order.begin(); it != middle; ++it)
-            sorted.push_back({it->second, m_found.value(it->second).second});
+        for (auto it = order.begin(); it != middle; ++it) sorted.push_back({it->second, it->first.record});
         return sorted;
     }
 
  private:
-    QHash<Key, std::pair<Moment, const CTRecord*>> m_found;
+    /// Of those of one minute the one that was made later: identities begin with the time of their making.
+    struct Newest {
+        Moment moment = 0;
+        const CTRecord* record = nullptr;
+
+        [[nodiscard]] bool IsAfter(const Newest& other) const {
+            return moment != other.moment ? moment > other.moment : record->GetId() > other.record->GetId();
+        }
+    };
+    QHash<Key, Newest> m_found;
 };
 
 bool IsNoteOfOneLine(const QString& notes) {
@@ -132,12 +136,11 @@ void CRecentWork::Collect(const std::vector<const CVORec*>& records, Moment from
         if (withNotes && IsNoteOfOneLine(record.notes)) notes.Note(record.notes, moment, record);
     }
     m_entries.clear();
-    const auto byWords = [](const Work& a, const Work& b) { return WorkWords(a) < WorkWords(b); };
-    for (const auto& [work, record] : works.Sorted(kMostEntries, byWords))
+    for (const auto& [work, record] : works.Sorted(kMostEntries))
         m_entries.push_back({work, TermsOf(*record)});
     if (!withNotes) return;
     m_notes.clear();
-    for (const auto& [note, record] : notes.Sorted(kMostNotes, std::less<QString>())) m_notes << note;
+    for (const auto& [note, record] : notes.Sorted(kMostNotes)) m_notes << note;
 }
 
 WorkTerms CRecentWork::TermsFor(const Work& work) {

@@ -211,6 +211,19 @@ class TestFrameWork final : public QObject {
         QCOMPARE(home.Newest().notes, u"another"_s);
     }
 
+    /// To the list, or to what stands in its place.
+    void escapeGivesTheKeyboardBack() {
+        Home home;
+        home.window.frame->RunCommand(Command::kWorkLine);
+        QTest::keyClick(&home.Bar().Line(), Qt::Key_Escape);
+        QVERIFY(!home.Bar().Line().hasFocus());
+        QVERIFY(home.window.Find<QWidget>("pane1")->isAncestorOf(QApplication::focusWidget()));
+        home.AddWork(19, u"Acme"_s, 80.0F);
+        home.window.frame->RunCommand(Command::kWorkLine);
+        QTest::keyClick(&home.Bar().Line(), Qt::Key_Escape);
+        QVERIFY(home.window.List().hasFocus());
+    }
+
     void whatIsUndoneLeavesTheBar() {
         Home home;
         home.StartLine(u"letter"_s);
@@ -254,6 +267,12 @@ class TestFrameWork final : public QObject {
         Q_EMIT tray.Icon().WindowWanted();
         QVERIFY(QApplication::quitOnLastWindowClosed());
         QCOMPARE(fixture.control.asked.last(), u"forward"_s);
+        // Somebody else has brought it back, and the user wants it no more.
+        QVERIFY(tray.TakeWindow());
+        fixture.home.settings->closeToTray = false;
+        QVERIFY(!tray.TakeWindow());
+        QVERIFY(QApplication::quitOnLastWindowClosed());
+        fixture.home.settings->closeToTray = true;
         tray.LetGo();
         QVERIFY(!tray.TakeWindow());
     }

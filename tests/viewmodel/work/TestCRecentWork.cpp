@@ -44,6 +44,13 @@ class TestCRecentWork final : public QObject {
         QCOMPARE(fixture.Words(), (QStringList{u"noon"_s, u"midnight"_s, u"without a start"_s}));
     }
 
+    void ofTheSameMinuteTheOneMadeLater() {
+        Fixture fixture;
+        for (const auto& client : {u"B"_s, u"C"_s, u"A"_s})
+            fixture.Add(18, {.client = client, .start = u"09:00"_s});
+        QCOMPARE(fixture.Words(), (QStringList{u"A"_s, u"C"_s, u"B"_s}));
+    }
+
     void notesAloneAreWorkToo() {
         Fixture fixture;
         fixture.Add(18, {.notes = u"Mails\nand calls"_s});
