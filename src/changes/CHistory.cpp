@@ -107,10 +107,14 @@ std::optional<std::vector<HistoryRow>> CHistory::Changes(CSqliteFile& file) {
     }
     if (!rows) return std::nullopt;
     std::ranges::sort(*rows, {}, &HistoryRow::row);
+    std::int64_t newest = 0;
     for (HistoryRow& row : *rows) {
         row.isSure = row.isSure || Compare(row, file) == RowReverter::End::Done;
-        if (row.isSure) Take(changes, row);
+        if (!row.isSure) continue;
+        Take(changes, row);
+        newest = std::max(newest, row.number);
     }
+    DropOvertaken(changes, newest);
     std::ranges::sort(changes, std::greater(), &HistoryRow::number);
     return changes;
 }
@@ -119,10 +123,18 @@ std::optional<std::vector<HistoryRow>> CHistory::Changes(CSqliteFile& file) {
 void CHistory::Take(std::vector<HistoryRow>& changes, const HistoryRow& row) {
     const bool isGone = row.state == ChangeState::Gone;
     std::erase_if(changes, [&](const HistoryRow& one) {
-        if (isGone) return one.number >= row.number;
-        return row.IsNew() ? one.state == ChangeState::Undone : one.number == row.number;
+        return isGone ? one.number >= row.number : one.number == row.number;
     });
     if (!isGone) changes.push_back(row);
+}
+
+/// What was undone before a change was made can't be done again. The number of that change says so even when
+/// it was undone itself since, and only another row of it is left: rows of the two files become sure at
+/// different times.
+void CHistory::DropOvertaken(std::vector<HistoryRow>& changes, std::int64_t newest) {
+    std::erase_if(changes, [newest](const HistoryRow& one) {
+        return one.state == ChangeState::Undone && one.row < newest;
+    });
 }
 
 bool CHistory::NoteWay(const HistoryRow& change, Way way) {

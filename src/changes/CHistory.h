@@ -68,6 +68,7 @@ class CHistory final : public CStoreJournal, public CRowListener {
     [[nodiscard]] bool Write(HistoryRow& row);
     [[nodiscard]] HistoryRow RowOf() const;
     static void Take(std::vector<HistoryRow>& changes, const HistoryRow& row);
+    static void DropOvertaken(std::vector<HistoryRow>& changes, std::int64_t newest);
 
     const CClock& m_clock;
     CHistoryFile m_file;

@@ -223,6 +223,20 @@ class TestCUndo final : public QObject {
         QCOMPARE(fixture.Redo().end, UndoOutcome::End::Nothing);
     }
 
+    /// Of a definition, too, whose row nobody has looked at since: it is one of another file.
+    void aNewRecordEndsRedoingOfADefinition() {
+        HistoryFixture fixture;
+        fixture.PutQuery(u"Week"_s, u"Acorn"_s);
+        QVERIFY(fixture.Undo());
+        fixture.Add(u"Birch"_s);
+        for (int time = 0; time < 2; ++time) {
+            QVERIFY(fixture.Undo());
+            QCOMPARE(fixture.Names(), u"[add a record (Birch)]"_s);
+            QVERIFY(fixture.Redo());
+            QCOMPARE(fixture.Names(), u"add a record (Birch)"_s);
+        }
+    }
+
     void randomChangesToTheStartAndToTheEnd_data() {
         QTest::addColumn<int>("seed");
         for (int seed = 1; seed <= 4; ++seed) QTest::addRow("%d", seed) << seed;
