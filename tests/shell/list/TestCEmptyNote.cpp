@@ -55,6 +55,18 @@ class TestCEmptyNote final : public QObject {
         guide->click();
         QCOMPARE(wanted.last().first().toInt(), Command::kGuide);
     }
+
+    void ExpensesAreCalledExpenses() {
+        CEmptyNote note;
+        const auto* sentence = note.findChild<QLabel*>(u"emptySentence"_s);
+        for (const EmptyReason reason : {EmptyReason::NoRecords, EmptyReason::InPeriod, EmptyReason::NotFound,
+                                         EmptyReason::NotAnywhere}) {
+            note.Show(reason, RecordMode::Expense, u"lunch"_s);
+            QVERIFY2(sentence->text().contains(u"expense"_s), qPrintable(sentence->text()));
+            note.Show(reason, RecordMode::Time, u"lunch"_s);
+            QVERIFY2(sentence->text().contains(u"record"_s), qPrintable(sentence->text()));
+        }
+    }
 };
 
 TEST_CLASS(TestCEmptyNote);
