@@ -22,8 +22,9 @@ QFont TitleFont(const GroupHeadLine& line) {
     return font;
 }
 
+/// A text's width is a fraction more than its whole pixels; in those alone it would be elided.
 int WidthOf(const QFont& font, const QString& text) {
-    return text.isEmpty() ? 0 : QFontMetrics(font).horizontalAdvance(text);
+    return text.isEmpty() ? 0 : QFontMetrics(font).horizontalAdvance(text) + 2;
 }
 
 QRect EndingAt(const QRect& line, int right, int width) {
@@ -91,7 +92,7 @@ GroupHeadPlaces PlaceGroupHead(const GroupHeadLine& line) {
     int end = all.right() + 1 - kMargin;
     for (const QRect& sum : {places.hours, places.money})
         if (sum.width() > 0) end = std::min(end, sum.left() - kBetween);
-    const int title = WidthOf(TitleFont(line), line.head.title) + 1;
+    const int title = WidthOf(TitleFont(line), line.head.title);
     places.title.setWidth(std::clamp(end - places.title.left(), 0, title));
     places.count.moveTopLeft({places.title.right() + kBetween, all.top()});
     places.count.setWidth(std::clamp(end - places.count.left(), 0, places.count.width()));

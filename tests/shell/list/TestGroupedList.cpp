@@ -329,6 +329,12 @@ class TestGroupedList final : public QObject {
             const QRect& last = moneyRight > hoursRight ? places.money : places.hours;
             QCOMPARE(last.right() + 1, std::max(moneyRight, hoursRight) - 4);
         }
+        const QFontMetricsF metrics(QApplication::font());
+        if (width == 900) {
+            QVERIFY(places.hours.width() > metrics.horizontalAdvance(head.hours));
+            QVERIFY(places.money.width() > metrics.horizontalAdvance(head.money));
+            QVERIFY(places.count.width() > metrics.horizontalAdvance(head.count));
+        }
         QList<QRect> texts{places.arrow, places.title, places.count, places.hours, places.money};
         for (int i = 0; i < texts.size(); ++i) {
             if (texts[i].width() <= 0) continue;
