@@ -101,7 +101,7 @@ GroupHeadPlaces PlaceGroupHead(const GroupHeadLine& line) {
 
 void PaintGroupHead(QPainter& painter, const GroupHeadLine& line) {
     const GroupHeadPlaces places = PlaceGroupHead(line);
-    painter.fillRect(line.line, line.colours.head);
+    painter.fillRect(line.line.adjusted(0, 0, 0, -1), line.colours.head);  // two heads stay two lines
     painter.setPen(line.colours.headText);
     DrawArrow(painter, line, places.arrow);
     DrawText(painter, TitleFont(line), places.title, line.head.title, Qt::AlignLeft);
