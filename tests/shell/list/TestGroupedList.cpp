@@ -9,6 +9,7 @@
 #include "viewmodel/list/CRecordListModel.h"
 
 #include <QApplication>
+#include <QFontMetricsF>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
