@@ -43,7 +43,7 @@ void TestSettingCommands::List() {
 /// Beside the 75, read and written like them.
 void TestSettingCommands::OwnSettings() {
     const QJsonArray own = Settings({u"own"_s}).Array();
-    QCOMPARE(own.size(), 5);
+    QCOMPARE(own.size(), 6);
     QCOMPARE(own[0].toObject(),
              FromText(u"{'index': 75, 'name': 'clockFormat', 'type': 'int', 'value': 0, 'default': 0}"_s));
     QCOMPARE(Settings({u"set"_s, u"clockFormat"_s, u"24"_s}).exit, 0);

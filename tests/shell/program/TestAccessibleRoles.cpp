@@ -112,7 +112,7 @@ class TestAccessibleRoles final : public QObject {
             QCOMPARE(cell->parent(), fixture.tree);
             QCOMPARE(fixture.tree->child(i), cell);
         }
-        QCOMPARE(cells, 2 * 75);
+        QCOMPARE(cells, 2 * 76);
     }
 
     void aCheckBoxIsToggledAndKept() {
