@@ -40,6 +40,7 @@ RowReverter::End CEntryHistory::Compare(const HistoryRow& row) const {
 /// Settings change often, and entries of them hardly ever: the history is looked at with the first entry.
 void CEntryHistory::OnBegin(CSqliteFile&) {
     m_before.clear();
+    m_isUnsure = false;
 }
 
 void CEntryHistory::NoteEntry(const QString& key, const QString& entry) {
@@ -47,14 +48,21 @@ void CEntryHistory::NoteEntry(const QString& key, const QString& entry) {
     const auto isName = [&](const auto& one) { return one.first == name; };
     if (std::ranges::any_of(m_before, isName) || !IsOfUser(name)) return;
     if (m_before.empty()) m_writer.Begin([this](const HistoryRow& row) { return Compare(row); });
-    m_before.emplace_back(name, m_settings.FindEntry(key, entry));
+    m_before.emplace_back(name, Find(name));
 }
 
-std::vector<RowOp> CEntryHistory::Changed() const {
+/// What can't be read now is no entry that isn't there.
+std::optional<StoredEntry> CEntryHistory::Find(const EntryName& name) {
+    static_cast<void>(m_settings.Tree().TakeReadFailure());
+    auto stored = m_settings.FindEntry(name.key, name.entry);
+    m_isUnsure = m_settings.Tree().TakeReadFailure() || m_isUnsure;
+    return stored;
+}
+
+std::vector<RowOp> CEntryHistory::Changed() {
     std::vector<RowOp> ops;
     for (const auto& [name, before] : m_before)
-        if (const auto op = EntryOpOf(name, before, m_settings.FindEntry(name.key, name.entry)))
-            ops.push_back(*op);
+        if (const auto op = EntryOpOf(name, before, Find(name))) ops.push_back(*op);
     return ops;
 }
 
@@ -81,7 +89,7 @@ void CEntryHistory::OnCommit(CSqliteFile&) {
     const std::vector<RowOp> ops = Changed();
     if (ops.empty()) return;
     HistoryRow row = RowOf(ops);
-    if (Write(row, ops))
+    if (!m_isUnsure && Write(row, ops))
         m_notice.NoteSuccess();
     else
         m_notice.PutFailure(FormatText<Text::HistoryNotWritten>(m_file.Error()));
@@ -94,5 +102,5 @@ void CEntryHistory::OnEnd(bool isDurable) {
 
 bool CEntryHistory::NoteWay(HistoryRow row) {
     const std::vector<RowOp> ops = Changed();
-    return !ops.empty() && Write(row, ops);
+    return !ops.empty() && !m_isUnsure && Write(row, ops);
 }

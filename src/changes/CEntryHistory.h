@@ -5,6 +5,7 @@
 #include "config/CEntryJournal.h"
 #include "platform/sqlite/CRowListener.h"
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -38,7 +39,8 @@ class CEntryHistory final : public CRowListener, public CEntryJournal {
     void OnEnd(bool isDurable) override;
 
  private:
-    [[nodiscard]] std::vector<RowOp> Changed() const;
+    [[nodiscard]] std::optional<StoredEntry> Find(const EntryName& name);
+    [[nodiscard]] std::vector<RowOp> Changed();
     [[nodiscard]] HistoryRow RowOf(const std::vector<RowOp>& ops) const;
     [[nodiscard]] bool Write(HistoryRow& row, const std::vector<RowOp>& ops);
 
@@ -49,5 +51,6 @@ class CEntryHistory final : public CRowListener, public CEntryJournal {
     CHistoryWriter m_writer;
     bool m_isWatching = false;
     bool m_isCarrying = false;
+    bool m_isUnsure = false;                                                 ///< an entry could not be read
     std::vector<std::pair<EntryName, std::optional<StoredEntry>>> m_before;  ///< as the change found them
 };

@@ -274,7 +274,10 @@ Outcome CRecordChanges::MergeItems(int list, const QString& goneText, const QStr
 /// What is stored with the old text would find nothing from now on. A change of its own, as it is one of
 /// another file: where it fails, which is told, the records are changed all the same.
 void CRecordChanges::Carry(int list, const QString& oldText, const QString& newText, Outcome& outcome) {
-    if (m_context.carrier) outcome.carried = m_context.carrier->Carry(list, oldText, newText);
+    if (!m_context.carrier) return;
+    const std::optional<int> carried = m_context.carrier->Carry(list, oldText, newText);
+    outcome.carried = carried.value_or(0);
+    outcome.isCarried = carried.has_value();
 }
 
 // --- How several records change

@@ -31,6 +31,7 @@ struct [[nodiscard]] Outcome {
     QString failedId;          ///< empty: no single record is to blame
     bool hasNewItems = false;  ///< a pick list got an item with the record
     int carried = 0;           ///< stored queries and defaults that took over the new text of an item
+    bool isCarried = true;     ///< false: they could not, which was told; the records have it all the same
 
     explicit operator bool() const { return end == End::Done; }
 

@@ -470,7 +470,7 @@ class TestCUndo final : public QObject {
         class Carrier final : public CItemCarrier {
          public:
             explicit Carrier(HistoryFixture& fixture) : m_fixture(fixture) {}
-            [[nodiscard]] int Carry(int, const QString&, const QString& newText) override {
+            [[nodiscard]] std::optional<int> Carry(int, const QString&, const QString& newText) override {
                 const CarriedChange carrying(*m_fixture.home.settings);
                 m_fixture.PutQuery(u"Week"_s, newText);
                 return 1;

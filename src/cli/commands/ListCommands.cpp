@@ -78,21 +78,16 @@ Outcome Rename(Renaming renaming, int list, const QString& former, const QString
                                                             : Outcome::Failed(Outcome::Failure::Item);
 }
 
-/// "changed" as ever, and what took the text over beside the records.
+/// "changed" as ever; people see as well what took the text over beside the records. Where that could not be,
+/// which was told, the command has done a part only.
 template <Text Records, Text RecordsAndStored>
-void PrintTaken(COutput& out, const Outcome& outcome) {
+ExitCode PrintTaken(COutput& out, const Outcome& outcome) {
     const auto records = static_cast<int>(outcome.ids.size());
-    if (!out.isJson)
-        return out.PutLine(outcome.carried == 0 ? FormatText<Records>(records)
-                                                : FormatText<RecordsAndStored>(records, outcome.carried));
-    CJsonText json(out);
-    json.BeginObject();
-    json.Key("changed");
-    json.Integer(records);
-    json.Key("carried");
-    json.Integer(outcome.carried);
-    json.EndObject();
-    out.Put("\n");
+    if (out.isJson || outcome.carried == 0)
+        PrintCount(out, "changed", Records, records);
+    else
+        out.PutLine(FormatText<RecordsAndStored>(records, outcome.carried));
+    return outcome.isCarried ? ExitCode::Done : ExitCode::Failed;
 }
 
 /// Records hold numbers, no items of a list of numbers.
@@ -180,8 +175,7 @@ ExitCode RenameItem(const CArguments& arguments, Console& console, RecordContext
     const Outcome renamed = Rename(renaming, list, former, text, context);
     if (!renamed) return ExitCode::Failed;
     AnnounceLists(console, context);
-    PrintTaken<Text::CliChanged, Text::CliRenamedCarried>(console.out, renamed);
-    return ExitCode::Done;
+    return PrintTaken<Text::CliChanged, Text::CliRenamedCarried>(console.out, renamed);
 }
 
 /// Records are asked about with the item: both would be hard to part again.
@@ -203,10 +197,9 @@ ExitCode MergeItems(const CArguments& arguments, Console& console, RecordContext
     });
     if (!isDone) return ExitCode::Failed;
     AnnounceLists(console, context);
-    if (opened.row->holdsNumbers && !console.out.isJson)
-        console.out.PutLine(LoadText(Text::CliMergedNumbers));
-    else
-        PrintTaken<Text::CliMerged, Text::CliMergedCarried>(console.out, merged);
+    if (!opened.row->holdsNumbers || console.out.isJson)
+        return PrintTaken<Text::CliMerged, Text::CliMergedCarried>(console.out, merged);
+    console.out.PutLine(LoadText(Text::CliMergedNumbers));
     return ExitCode::Done;
 }
 

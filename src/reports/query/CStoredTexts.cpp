@@ -90,7 +90,7 @@ std::optional<int> CarryIntoAll(const NewText& text, CCfgStore& settings, const 
 
 }  // namespace
 
-int CStoredTexts::Carry(int list, const QString& oldText, const QString& newText) {
+std::optional<int> CStoredTexts::Carry(int list, const QString& oldText, const QString& newText) {
     const ListRow* row = FindRecordList(list);
     if (!row || (!row->timeField && !row->expenseField)) return 0;
     const CarriedChange carrying(m_settings);
@@ -99,12 +99,13 @@ int CStoredTexts::Carry(int list, const QString& oldText, const QString& newText
         carried = CarryIntoAll({*row, oldText, newText}, m_settings, m_clock);
         return carried.has_value();
     });
-    if (isDone) return *carried;
+    if (isDone) return carried;
     const QString error = m_settings.Tree().Error();
     m_prompt.Tell({.textId = static_cast<int>(Text::EntryNotSaved),
                    .title = LoadText(Text::WriteSettingTitle),
-                   .text = FormatText<Text::EntryNotSaved>(error),
+                   .text = LoadText(Text::ChangeCarryOne) + QStringLiteral(": ") +
+                           FormatText<Text::EntryNotSaved>(error),
                    .icon = BoxIcon::Warning,
                    .actionLabel = {}});
-    return 0;
+    return std::nullopt;
 }

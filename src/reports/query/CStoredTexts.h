@@ -15,7 +15,7 @@ class CStoredTexts final : public CItemCarrier {
         : m_settings(settings), m_clock(clock), m_prompt(prompt) {}
 
     /// All of them or none, as one change of the settings.
-    [[nodiscard]] int Carry(int list, const QString& oldText, const QString& newText) override;
+    [[nodiscard]] std::optional<int> Carry(int list, const QString& oldText, const QString& newText) override;
 
  private:
     CCfgStore& m_settings;

@@ -179,6 +179,8 @@ void TestHistoryCommands::passedOver() {
     const QString first = Add(u"Acorn"_s);
     static_cast<void>(Add(u"Birch"_s));
     QCOMPARE(m_home->Run({u"time"_s, u"edit"_s, first, u"--notes"_s, u"here"_s}).exit, 0);
+    static_cast<void>(Add(u"Cedar"_s));  // from here on it is sure that the edit was made
+    QCOMPARE(m_home->Run({u"undo"_s}).exit, 0);
     QVERIFY(
         m_home->Execute(u"velmarch.store"_s, "UPDATE time_velmarch SET notes='there' WHERE item1='Acorn'"));
     const Reply refused = m_home->Run({u"undo"_s});

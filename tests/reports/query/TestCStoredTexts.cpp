@@ -11,6 +11,7 @@
 #include "support/TestProgram.h"
 
 #include <QTest>
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -65,7 +66,8 @@ class TestCStoredTexts final : public QObject {
         QFETCH(QString, items);
         Fixture fixture;
         fixture.Save(u"Week"_s, client, matchCase);
-        QCOMPARE(fixture.texts.Carry(kClients, u"Beta"_s, u"Gamma"_s), items.startsWith(u"Gamma") ? 1 : 0);
+        QCOMPARE(fixture.texts.Carry(kClients, u"Beta"_s, u"Gamma"_s),
+                 std::optional(items.startsWith(u"Gamma") ? 1 : 0));
         QCOMPARE(fixture.Items(u"Week"_s), items);
     }
 
@@ -73,7 +75,7 @@ class TestCStoredTexts final : public QObject {
     void whatWasUsedLast() {
         Fixture fixture;
         fixture.Save(CQueryStore::ReservedName(), u"Beta"_s);
-        QCOMPARE(fixture.texts.Carry(kClients, u"Beta"_s, u"Gamma"_s), 0);
+        QCOMPARE(fixture.texts.Carry(kClients, u"Beta"_s, u"Gamma"_s), std::optional(0));
         QCOMPARE(fixture.Items(CQueryStore::ReservedName()), u"Gamma/Beta"_s);
     }
 
@@ -88,7 +90,7 @@ class TestCStoredTexts final : public QObject {
         QVERIFY(times.Write(u"Work"_s, time) && expenses.Write(u"Trip"_s, expense));
         time.item1 = u"beta"_s;  // another text
         QVERIFY(times.Write(u"Other"_s, time));
-        QCOMPARE(fixture.texts.Carry(kClients, u"Beta"_s, u"Gamma"_s), 2);
+        QCOMPARE(fixture.texts.Carry(kClients, u"Beta"_s, u"Gamma"_s), std::optional(2));
         QVERIFY(times.Read(u"Work"_s, time) && expenses.Read(u"Trip"_s, expense));
         QCOMPARE(time.item1 + u'/' + time.item2, u"Gamma/Beta"_s);
         QCOMPARE(expense.item1, u"Gamma"_s);
@@ -100,7 +102,7 @@ class TestCStoredTexts final : public QObject {
     void aListOfNumbers() {
         Fixture fixture;
         fixture.Save(u"Week"_s, u"50"_s);
-        QCOMPARE(fixture.texts.Carry(34, u"50"_s, u"60"_s), 0);
+        QCOMPARE(fixture.texts.Carry(34, u"50"_s, u"60"_s), std::optional(0));
         QCOMPARE(fixture.Items(u"Week"_s), u"50/Beta"_s);
     }
 };
