@@ -94,10 +94,6 @@ bool CBackupReader::GoesOn(qint64 bytes) {
     return true;
 }
 
-BackupOutcome CBackupReader::Verify() {
-    return Read(LoadText(Text::ProgressVerify), {});
-}
-
 BackupOutcome CBackupReader::VerifyParts() {
     return ReadTo(Depth::Parts, LoadText(Text::ProgressVerify), {});
 }

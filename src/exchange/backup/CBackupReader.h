@@ -20,13 +20,11 @@ class CBackupReader {
 
     CBackupReader(QIODevice& file, CProgress& progress) : m_file(file), m_progress(progress) {}
 
-    /// Reads all of it and makes every record.
-    [[nodiscard]] BackupOutcome Verify();
     /// Reads all of it and looks whether it is whole: by its digest, and each record by its parts. Of times
     /// and expenses that is all there is to making them; a file that was just written is looked at so.
     [[nodiscard]] BackupOutcome VerifyParts();
-    /// The same, handing the records on; what: said of the progress. The digest is compared before the first
-    /// record is made.
+    /// Reads all of it and makes every record, handing them on; what: said of the progress. The digest is
+    /// compared before the first record is made.
     [[nodiscard]] BackupOutcome Read(const QString& what, const Take& take);
 
  private:

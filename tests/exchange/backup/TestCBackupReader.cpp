@@ -51,7 +51,7 @@ BackupOutcome Read(const QByteArray& bytes) {
     file.setData(bytes);
     file.open(QIODevice::ReadOnly);
     CNoProgress progress;
-    return CBackupReader(file, progress).Verify();
+    return CBackupReader(file, progress).Read(QString(), {});
 }
 
 BackupOutcome ReadParts(const QByteArray& bytes) {
@@ -277,7 +277,7 @@ void TestCBackupReader::DevicesThatFail() {
     file.passes = passes;
     file.seeksThatWork = seeks;
     CNoProgress progress;
-    QCOMPARE(CBackupReader(file, progress).Verify().error, LoadText(reason));
+    QCOMPARE(CBackupReader(file, progress).Read(QString(), {}).error, LoadText(reason));
 }
 
 void TestCBackupReader::Cancel() {
@@ -285,7 +285,7 @@ void TestCBackupReader::Cancel() {
     file.setData(WithDigest(QByteArray(200'000, 'x')));
     QVERIFY(file.open(QIODevice::ReadOnly));
     CCancelled progress(1);
-    const BackupOutcome read = CBackupReader(file, progress).Verify();
+    const BackupOutcome read = CBackupReader(file, progress).Read(QString(), {});
     QVERIFY(read.isCancelled);
     QCOMPARE(read.error, LoadText(Text::BackupCancelled));
     QCOMPARE(progress.ends, 1);
