@@ -105,9 +105,13 @@ ExitCode RenameQuery(const CArguments& arguments, Console& console, RecordContex
     if (!stored) return RefuseStored(NoSuchQuery(typed), console, context.owner);
     if (newName == *stored) return PrintStored(*stored, *mode, console, context);
     if (!MayReplace(newName, *stored, *mode, console, context.owner)) return ExitCode::Failed;
-    const auto query = queries.Load(*stored);
-    const ExitCode exit = ChangeSettings(queries.RenameRequest(*stored, newName), console, context.owner);
+    const auto request = queries.RenameRequest(*stored, newName);
+    if (!request) return Refuse(ExitCode::Failed, FormatText<Text::QueryDamaged>(*stored), console);
+    auto query = queries.Load(*stored);
+    const ExitCode exit = ChangeSettings(*request, console, context.owner);
     if (exit != ExitCode::Done) return exit;
+    // A disk that refused a moment ago may give it now.
+    if (!query) query = context.owner.Queries(*mode).Load(newName);
     if (query) return Print(newName, *query, console, context);
     console.out.Note(FormatText<Text::QueryDamaged>(newName));
     return ExitCode::Done;

@@ -26,7 +26,8 @@ EntryRequest CQueryStore::SaveRequest(const QString& name, const StoredQuery& qu
             .values = std::visit([](const auto& one) { return ContentOf(one); }, query)};
 }
 
-EntryRequest CQueryStore::RenameRequest(const QString& name, const QString& newName) const {
+std::optional<EntryRequest> CQueryStore::RenameRequest(const QString& name, const QString& newName) const {
     const auto content = Settings().ReadEntryContent(Key(), name);
-    return {.key = Key(), .entry = newName, .values = content.value_or(EntryContent()), .former = name};
+    if (!content) return std::nullopt;
+    return EntryRequest{.key = Key(), .entry = newName, .values = *content, .former = name};
 }

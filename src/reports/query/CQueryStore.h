@@ -19,8 +19,10 @@ class CQueryStore final : public CNamedEntries {
 
     // Changes of the settings, for a program that may have to ask a window for them.
     [[nodiscard]] EntryRequest SaveRequest(const QString& name, const StoredQuery& query) const;
-    /// All values of the query move, readable or not.
-    [[nodiscard]] EntryRequest RenameRequest(const QString& name, const QString& newName) const;
+    /// All values of the query move, whatever they mean; nothing when they can't be read, as the query would
+    /// be empty under its new name.
+    [[nodiscard]] std::optional<EntryRequest> RenameRequest(const QString& name,
+                                                            const QString& newName) const;
 
  private:
     RecordMode m_mode;

@@ -37,12 +37,13 @@ void CFrameWork::Connect() {
 
 void CFrameWork::OnHint(Hint hint) {
     m_recent.OnHint(hint);
+    if (hint == Hint::Rebuild || hint == Hint::Changed) m_works.clear();
     // The records are being replaced: what the bar shows is made of what comes then.
     if (hint != Hint::Clear && hint != Hint::SelectionChanged) Follow();
 }
 
 void CFrameWork::Follow() {
-    m_works = TimedWorks(m_context.timers.Set(), m_context.document);
+    m_works = TimedWorks(m_context.timers.Set(), m_context.document, m_works);
     Show();
 }
 
@@ -157,5 +158,6 @@ void CFrameWork::Open() {
 void CFrameWork::OpenRecord(const QString& id) {
     if (m_context.control.State().busy || !m_context.document.FetchRecord(RecordKind::Time, id)) return;
     m_records.Edit(id);
+    m_works.clear();
     Follow();
 }

@@ -20,12 +20,18 @@ const CTRecord* RecordOf(const ActiveTimer& timer, CVelmarchDoc& document) {
     return record && record->Kind() == RecordKind::Time ? static_cast<const CTRecord*>(record) : nullptr;
 }
 
-TimedWork Of(const ActiveTimer& timer, CVelmarchDoc& document) {
+TimedWork Of(const ActiveTimer& timer, CVelmarchDoc& document, const std::vector<TimedWork>& known) {
     TimedWork shown{.id = timer.recordId,
                     .work = {},
                     .isRunning = timer.state == TimerState::Running,
                     .seconds = timer.Seconds(),
                     .since = {}};
+    if (const auto same = std::ranges::find(known, shown.id, &TimedWork::id);
+        theRecordMode != RecordMode::Time && same != known.end()) {
+        shown.work = same->work;
+        shown.since = same->since;
+        return shown;
+    }
     // A record that is being entered isn't stored yet.
     const CTRecord* record = RecordOf(timer, document);
     if (!record) return shown;
@@ -54,9 +60,10 @@ QString TimedWork::State() const {
     return since.isEmpty() ? LoadText(Text::WorkRuns) : FormatText<Text::WorkRunsSince>(since);
 }
 
-std::vector<TimedWork> TimedWorks(const ActiveTimerSet& timers, CVelmarchDoc& document) {
+std::vector<TimedWork> TimedWorks(const ActiveTimerSet& timers, CVelmarchDoc& document,
+                                  const std::vector<TimedWork>& known) {
     std::vector<TimedWork> works;
-    for (int i = timers.Count() - 1; i >= 0; --i) works.push_back(Of(timers.At(i), document));
+    for (int i = timers.Count() - 1; i >= 0; --i) works.push_back(Of(timers.At(i), document, known));
     const auto first = std::ranges::find_if(works, &TimedWork::isRunning);
     if (first != works.end()) std::rotate(works.begin(), first, std::next(first));
     return works;

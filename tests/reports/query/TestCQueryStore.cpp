@@ -193,12 +193,12 @@ class TestCQueryStore final : public QObject {
         QVERIFY(queries.Save(u"one"_s, SomeTimes(fixture.Periods())));
         fixture.PutText(kTimeKey, u"one"_s, u"Later"_s, u"of another version"_s);
         const EntryContent before = fixture.Content(kTimeKey, u"one"_s);
-        QVERIFY(bool(RunEntryRequest(queries.RenameRequest(u"one"_s, u"two"_s), fixture.Settings())));
+        QVERIFY(bool(RunEntryRequest(*queries.RenameRequest(u"one"_s, u"two"_s), fixture.Settings())));
         QCOMPARE(queries.Names(), QStringList{u"two"_s});
         QVERIFY(fixture.Content(kTimeKey, u"two"_s) == before);
         // A damaged one, too.
         fixture.DropValue(kTimeKey, u"two"_s, u"Item1"_s);
-        QVERIFY(bool(RunEntryRequest(queries.RenameRequest(u"two"_s, u"three"_s), fixture.Settings())));
+        QVERIFY(bool(RunEntryRequest(*queries.RenameRequest(u"two"_s, u"three"_s), fixture.Settings())));
         QCOMPARE(queries.Names(), QStringList{u"three"_s});
     }
 };
