@@ -80,9 +80,8 @@ void CRecordChanges::ShowStored(RecordKind kind, const QString& id) {
 
 Outcome CRecordChanges::Delete(RecordKind kind, const QStringList& ids, Ask ask) {
     if (ids.isEmpty()) return Outcome::Nothing();
-    if (ask == Ask::BySetting && m_context.settings.confirmDelete &&
-        !Confirmed(DeleteQuestion(static_cast<int>(ids.size()))))
-        return Outcome::Declined();
+    const bool isAsked = ask == Ask::Always || (ask == Ask::BySetting && m_context.settings.confirmDelete);
+    if (isAsked && !Confirmed(DeleteQuestion(static_cast<int>(ids.size())))) return Outcome::Declined();
     CVelmarchDoc& document = m_context.document;
     const NamedChange named(document.Store(), ChangeKind::Delete);
     QHash<QString, QByteArray> timers;

@@ -43,7 +43,7 @@ class CRecordSource {
 };
 
 /// Whether the user is asked before records are changed.
-enum class Ask { BySetting, No };
+enum class Ask { BySetting, Always, No };
 
 /// The one way in which records change: added, edited, deleted, copied, marked, and given the new text of a
 /// list item. Each of these is one transaction; the records are durable before their timers go and before the

@@ -24,6 +24,9 @@
 
 namespace {
 
+/// Undo makes the question needless, but so many may be more than can be undone.
+constexpr qsizetype kMostUnasked = 1000;
+
 /// The record that the dialogs of a kind edit, filled from another; null when there is none.
 CVORec* WorkingCopyOf(const CVORec& record) {
     const auto fill = [&record](auto* working) -> CVORec* {
@@ -188,7 +191,9 @@ void CFrameRecords::CopySelected() {
 }
 
 void CFrameRecords::DeleteSelected() {
-    static_cast<void>(m_changes.Delete(KindOf(theRecordMode), m_context.view.SelectedIds(), Ask::BySetting));
+    const QStringList ids = m_context.view.SelectedIds();
+    const Ask ask = ids.size() > kMostUnasked ? Ask::Always : Ask::BySetting;
+    static_cast<void>(m_changes.Delete(KindOf(theRecordMode), ids, ask));
 }
 
 void CFrameRecords::MarkSelected(int mark) {

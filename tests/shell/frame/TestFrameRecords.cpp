@@ -1,5 +1,6 @@
 #include "entry/NamedDefaults.h"
 #include "lang/LoadText.h"
+#include "records/StoreTransaction.h"
 #include "shell/frame/FrameCommandsHome.h"
 #include "support/TestProgram.h"
 
@@ -32,6 +33,26 @@ class TestFrameRecords final : public QObject {
         records.NewFromDefault(u"Travel"_s);
         fixture.home.prompt.Finish();
         QCOMPARE(fixture.home.document->RecordCount(), 1U);
+    }
+
+    /// Of a new window's settings none asks; so many that undo may not hold them are asked about all the
+    /// same.
+    void ManyAreNotDeletedUnasked() {
+        Fixture fixture;
+        fixture.home.settings->confirmDelete = false;
+        CTRecord record;
+        record.Reset();
+        record.date.Set(11, 18, 2026);
+        StoreTransaction transaction(fixture.home.document->Store());
+        for (int i = 0; i < 1001; ++i)
+            QVERIFY(fixture.home.document->AddRecord(record, {Notify::Later, Commit::Later, Identity::New}));
+        QCOMPARE(transaction.Commit(), CommitEnd::Durable);
+        fixture.home.document->FlushPending(Hint::Added);
+        fixture.SelectAll();
+        fixture.home.prompt.Expect(Text::AskDeleteRecords, Answer::No);
+        fixture.Run(Command::kDelete);
+        fixture.home.prompt.Finish();
+        QCOMPARE(fixture.home.document->RecordCount(), 1001U);
     }
 
     /// Pause and stop are offered where there is something to pause or stop.
