@@ -28,8 +28,8 @@ struct TimedWork {
 
 /// The timers as the work bar shows them: the newest that runs comes first, or the newest paused one when
 /// none runs, then the others, the newest first. While expenses are shown the records of timers aren't in
-/// memory: those known already aren't read once more, so that a change of an expense asks the disk for nothing
-/// else, and can't fail for it.
+/// memory: those known already aren't read once more, so that a change of an expense asks the disk for
+/// nothing else, and can't fail for it.
 [[nodiscard]] std::vector<TimedWork> TimedWorks(const ActiveTimerSet& timers, CVelmarchDoc& document,
                                                 const std::vector<TimedWork>& known = {});
 /// Takes the counts as they stand now: the records and the states are those of the works.
