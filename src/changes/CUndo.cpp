@@ -178,7 +178,7 @@ UndoOutcome CUndo::TakeStep(const HistoryStep& step, Way way, Mode mode, Beside&
     if (why.isEmpty()) why = PlanTimers(name, outcome.times, beside);
     if (!why.isEmpty()) return Refused(why);
     if (step.carried) {
-        const UndoOutcome carried = TakeEntries(*step.carried, way, mode);
+        UndoOutcome carried = TakeEntries(*step.carried, way, mode);
         if (!carried) return carried;
         beside.carried = step.carried->number;
     }

@@ -113,7 +113,7 @@ def read_the_list(window):
                 raise Failed(f"the row doesn't tell {words!r}: {name!r}")
     label_is(window, "What is shown: Time")
     label_is(window, "Period shown: All")
-    label_is(window, "Number and sums: Of the selected records: (1)  3.5000")
+    label_is(window, "Number and sums: Of the selected records: (1)  3.50")
     passed("the row tells its record, the status bar mode, period and sums")
 
 

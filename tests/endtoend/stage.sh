@@ -116,7 +116,12 @@ $other"
 }
 setting() { cli settings get "$1" | grep -o '"value": *[^,]*' | sed 's/.*: *//'; }
 
-is_active() { [ "$(xdotool getactivewindow getwindowname 2> /dev/null)" = "$1" ]; }
+# The main window says in front of its name what runs: "0:42 Client A · Velmarch".
+is_active() {
+    local title
+    title=$(xdotool getactivewindow getwindowname 2> /dev/null)
+    [ "$title" = "$1" ] || [[ $1 = Velmarch && $title = *' · Velmarch' ]]
+}
 # start_with TITLE: the program, until the window or dialog of this title is in front.
 start_with() {
     "$place/velmarch" --home "$home" > "$scratch/window.log" 2>&1 &

@@ -11,6 +11,7 @@
 #include <QDialogButtonBox>
 #include <QEvent>
 #include <QKeySequence>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 

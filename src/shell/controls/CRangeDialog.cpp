@@ -6,6 +6,7 @@
 #include "shell/look/CMnemonics.h"
 #include "shell/look/FormRows.h"
 
+#include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QVBoxLayout>

@@ -41,7 +41,7 @@ void CGuideText::FrameTables() {
         format.setBorderCollapse(true);
         format.setBorder(1);
         format.setBorderBrush(palette().color(QPalette::Mid));
-        format.setCellPadding(kFormSpace / 2);
+        format.setCellPadding(kFormSpace / 2.0);
         format.setCellSpacing(0);
         table->setFormat(format);
     }

@@ -19,6 +19,8 @@ struct Work {
     [[nodiscard]] bool IsEmpty() const { return !HasItems() && notes.isEmpty(); }
     [[nodiscard]] const QString& Client() const { return items.front(); }
 };
+// Qt finds it by this name.
+// NOLINTNEXTLINE(readability-identifier-naming)
 [[nodiscard]] std::size_t qHash(const Work& work, std::size_t seed = 0);
 
 /// The pick list of an item of work.
