@@ -138,7 +138,7 @@ def narrow_by_the_tree(window):
     select_row(tree, "All")
     wait("the root widens it again", lambda: records.get_n_rows() == 2)
     records.add_row_selection(0)
-    label_is(window, "Number and sums: Of the selected records: (1)  1.0000")
+    label_is(window, "Number and sums: Of the selected records: (1)  1.00")
     passed("a node of the data tree narrows the list, and a selected row is what the status bar adds up")
 
 

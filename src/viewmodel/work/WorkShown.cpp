@@ -75,7 +75,7 @@ void TakeCounts(std::vector<TimedWork>& works, const ActiveTimerSet& timers) {
 }
 
 QString WindowTitle(const std::vector<TimedWork>& works) {
-    const QString program = LoadText(Text::ProgramTitle);
+    QString program = LoadText(Text::ProgramTitle);
     if (works.empty() || !works.front().isRunning) return program;
     const TimedWork& shown = works.front();
     const QString what = shown.work.Client().isEmpty() ? WorkWords(shown.work) : shown.work.Client();
