@@ -146,12 +146,13 @@ void CFrameWork::PauseOrGoOn() {
 
 void CFrameWork::Stop() {
     Follow();
-    if (!m_works.empty()) m_records.StopTimer(m_works.front().id);
+    // What is known goes with the change.
+    if (!m_works.empty()) m_records.StopTimer(QString(m_works.front().id));
     Follow();
 }
 
 void CFrameWork::Open() {
-    if (!m_works.empty()) OpenRecord(m_works.front().id);
+    if (!m_works.empty()) OpenRecord(QString(m_works.front().id));
 }
 
 /// The record is read anew where its kind isn't the one in memory.
