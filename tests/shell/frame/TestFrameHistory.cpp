@@ -81,7 +81,10 @@ void TestFrameHistory::manyRecords() {
     }
     QVERIFY(window.app.Store().Commit());
     window.frame->Refresh();
+    // So many are a question, whatever the setting says.
+    window.prompt.Expect(Text::AskDeleteRecords, Answer::Yes);
     Delete(window);
+    window.prompt.Finish();
     QCOMPARE(window.Rows(), 0);
     window.frame->RunCommand(Command::kUndo);
     QCOMPARE(window.Rows(), kRecords + 1);
