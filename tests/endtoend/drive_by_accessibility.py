@@ -113,7 +113,7 @@ def read_the_list(window):
                 raise Failed(f"the row doesn't tell {words!r}: {name!r}")
     label_is(window, "What is shown: Time")
     label_is(window, "Period shown: All")
-    label_is(window, "Number and sums: Of the selected records: (1)  3.50")
+    label_is(window, "Number and sums: Of the selected records: (1)  3.5000")
     passed("the row tells its record, the status bar mode, period and sums")
 
 
@@ -138,7 +138,7 @@ def narrow_by_the_tree(window):
     select_row(tree, "All")
     wait("the root widens it again", lambda: records.get_n_rows() == 2)
     records.add_row_selection(0)
-    label_is(window, "Number and sums: Of the selected records: (1)  1.00")
+    label_is(window, "Number and sums: Of the selected records: (1)  1.0000")
     passed("a node of the data tree narrows the list, and a selected row is what the status bar adds up")
 
 

@@ -101,7 +101,7 @@ void CGuideHoursPage::Show(const GuideDraft& draft) {
     m_rate->ShowText(draft.rate);
     m_currency->ShowText(draft.currency);
     const bool isClock = draft.spanFormat != 0;
-    m_spans->setItemText(kDecimalRow, SampleOfDecimals(isClock ? kUsualPlaces : draft.durationPlaces));
+    m_spans->setItemText(kDecimalRow, SampleOfDecimals(PlacesOfDecimals()));
     Select(*m_spans, isClock ? kClockRow : kDecimalRow);
     Select(*m_clock, draft.clockFormat);
     Select(*m_week, draft.firstDayOfWeek);
@@ -109,12 +109,18 @@ void CGuideHoursPage::Show(const GuideDraft& draft) {
     FollowRate();
 }
 
+/// Who has had decimals keeps their number; who takes to them gets the usual one.
+int CGuideHoursPage::PlacesOfDecimals() const {
+    const GuideDraft proposal = m_guide.Proposal();
+    return proposal.spanFormat == 0 ? proposal.durationPlaces : kUsualPlaces;
+}
+
 void CGuideHoursPage::Take(GuideDraft& draft) const {
     draft.rate = m_rate->Text();
     draft.currency = m_currency->Text();
-    // Who has had decimals keeps their number; who takes to them gets as many as were shown.
     const bool isClock = Selected(*m_spans, kClockRow) == kClockRow;
-    if (!isClock && draft.spanFormat != 0) draft.durationPlaces = kUsualPlaces;
+    // The places round what is billed, so hours and minutes leave them alone.
+    draft.durationPlaces = isClock ? m_guide.Proposal().durationPlaces : PlacesOfDecimals();
     if (isClock != (draft.spanFormat != 0)) draft.spanFormat = isClock ? 1 : 0;
     draft.clockFormat = Selected(*m_clock, draft.clockFormat);
     draft.firstDayOfWeek = Selected(*m_week, draft.firstDayOfWeek);

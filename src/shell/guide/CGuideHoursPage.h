@@ -29,6 +29,7 @@ class CGuideHoursPage final : public CGuidePage {
     void AddMoney(QGridLayout& form);
     QComboBox* AddChoice(QGridLayout& form, Text label, std::span<const ValueChoice> choices,
                          const QString& objectName, CMnemonics& mnemonics);
+    [[nodiscard]] int PlacesOfDecimals() const;
     void FollowRate();
 
     const CGuide& m_guide;

@@ -24,9 +24,7 @@ namespace {
 constexpr int kWanted = 1;
 constexpr int kDone = 2;
 
-constexpr int kAsClock = 1;  ///< spanDisplayFormat: 3:15
-constexpr int kUsualPlaces = 2;
-constexpr int kHours24 = 24;
+constexpr int kAsClock = 1;  constexpr int kHours24 = 24;
 constexpr int kHours12 = 12;
 constexpr int kKilometres = 1;
 constexpr int kMiles = 2;
@@ -89,7 +87,6 @@ GuideDraft CGuide::Proposal() const {
     draft.currency = m_context.habits.currency;
     draft.firstDayOfWeek = m_context.habits.firstDayOfWeek.value_or(draft.firstDayOfWeek);
     draft.spanFormat = kAsClock;
-    draft.durationPlaces = kUsualPlaces;
     return draft;
 }
 
@@ -102,8 +99,11 @@ bool CGuide::Store(const GuideDraft& draft) {
 
 bool CGuide::Skip() {
     std::vector<std::pair<QString, int>> values{{QStringLiteral("firstSteps"), kDone}};
-    if (m_context.settings.firstSteps == kWanted && m_context.habits.firstDayOfWeek)
-        values.emplace_back(QStringLiteral("firstDayOfWeek"), *m_context.habits.firstDayOfWeek);
+    if (m_context.settings.firstSteps == kWanted) {
+        values.emplace_back(QStringLiteral("spanDisplayFormat"), kAsClock);
+        if (m_context.habits.firstDayOfWeek)
+            values.emplace_back(QStringLiteral("firstDayOfWeek"), *m_context.habits.firstDayOfWeek);
+    }
     return SaveSettings(m_context.settings, values);
 }
 

@@ -9,7 +9,8 @@
 
 namespace {
 
-/// What a setting is in a new window, where that isn't its default.
+/// What a setting is in a new window, where that isn't its default. None of them may change what is computed:
+/// a home that the console has made already holds hours that are billed.
 struct NewWindowValue {
     const char* setting;
     int value;
@@ -22,8 +23,6 @@ constexpr NewWindowValue kNewWindowValues[] = {
     {"confirmDelete", 0},
     {"confirmMark", 0},
     {"confirmCopy", 0},
-    {"precisionRate", 2},
-    {"precisionDuration", 2},
 };
 
 /// When, for whom and what, how much; in the layout of lines a line for each.

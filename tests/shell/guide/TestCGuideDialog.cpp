@@ -161,7 +161,7 @@ class TestCGuideDialog final : public QObject {
         Open();
         Key(Qt::Key_Return);
         Key(Qt::Key_Return);
-        QCOMPARE(Find<QComboBox>("spansBox").itemText(1), u"3.25 (hours with decimals)"_s);
+        QCOMPARE(Find<QComboBox>("spansBox").itemText(1), u"3.25 (decimal hours, rounded so)"_s);
         Find<QComboBox>("spansBox").setFocus();
         Key(Qt::Key_Down);
         Key(Qt::Key_Return);
@@ -170,13 +170,27 @@ class TestCGuideDialog final : public QObject {
         QCOMPARE(Home().settings->precisionDuration, 2);
     }
 
+    /// Places round what is billed: they are never changed for who didn't ask for decimals.
+    void HoursAndMinutesLeaveThePlacesAlone() {
+        Open();
+        Key(Qt::Key_Return);
+        Key(Qt::Key_Return);
+        Find<QComboBox>("spansBox").setFocus();
+        Key(Qt::Key_Down);
+        Key(Qt::Key_Up);
+        Key(Qt::Key_Return);
+        Key(Qt::Key_Return);
+        QCOMPARE(Home().settings->spanDisplayFormat, 1);
+        QCOMPARE(Home().settings->precisionDuration, 4);
+    }
+
     void DecimalsStayAsTheyAreLater() {
         Home().settings->firstSteps = 2;
         Home().settings->precisionDuration = 4;
         Open();
         Key(Qt::Key_Return);
         Key(Qt::Key_Return);
-        QCOMPARE(Find<QComboBox>("spansBox").currentText(), u"3.2500 (hours with decimals)"_s);
+        QCOMPARE(Find<QComboBox>("spansBox").currentText(), u"3.2500 (decimal hours, rounded so)"_s);
         Key(Qt::Key_Return);
         Key(Qt::Key_Return);
         QCOMPARE(Home().settings->precisionDuration, 4);

@@ -69,7 +69,7 @@ class TestCGuide final : public QObject {
         QCOMPARE(draft.currency, u"EUR"_s);
         QCOMPARE(draft.firstDayOfWeek, 1);
         QCOMPARE(draft.spanFormat, 1);
-        QCOMPARE(draft.durationPlaces, 2);
+        QCOMPARE(draft.durationPlaces, 4);
         QCOMPARE(draft.clockFormat, 12);
         QCOMPARE(draft.distanceUnit, 2);
         QVERIFY(draft.client.isEmpty() && draft.project.isEmpty() && draft.rate.isEmpty());
@@ -172,7 +172,7 @@ class TestCGuide final : public QObject {
         const TestHome next(Home().Path());
         QCOMPARE(next.settings->firstDayOfWeek, 1);
         QCOMPARE(next.settings->spanDisplayFormat, 1);
-        QCOMPARE(next.settings->precisionDuration, 2);
+        QCOMPARE(next.settings->precisionDuration, 4);
         QCOMPARE(next.settings->clockFormat, 12);
         QCOMPARE(next.settings->distanceUnit, 2);
         QCOMPARE(next.settings->firstSteps, 2);
@@ -277,13 +277,13 @@ class TestCGuide final : public QObject {
 
     // --- Doing without
 
-    void SkippingTakesTheWeekOfTheRegion() {
+    void SkippingTakesTheWeekOfTheRegionAndHoursAsOnAClock() {
         QVERIFY(WantGuide(*Home().settings));
         QVERIFY(Guide().Skip());
         const TestHome next(Home().Path());
         QCOMPARE(next.settings->firstSteps, 2);
         QCOMPARE(next.settings->firstDayOfWeek, 1);
-        QCOMPARE(next.settings->spanDisplayFormat, 0);
+        QCOMPARE(next.settings->spanDisplayFormat, 1);
         QCOMPARE(next.settings->clockFormat, 0);
     }
     void SkippingLaterChangesNothing() {

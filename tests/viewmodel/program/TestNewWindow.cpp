@@ -34,6 +34,9 @@ class TestNewWindow final : public QObject {
         QCOMPARE(next.settings->listGroups, 1);
         QVERIFY(next.settings->linesOnGrid);
         QVERIFY(!next.settings->confirmDelete);
+        // What rounds hours and money is no matter of looks.
+        QCOMPARE(next.settings->precisionDuration, 4);
+        QCOMPARE(next.settings->precisionRate, 3);
         QCOMPARE(ShownColumns(*next.settings),
                  u"Date, Start, End, Client, Project, Activity, Hours, Amount, Billable, Billed"_s);
         QCOMPARE(next.settings->ListColumns().Breaks(ColumnHalf::Time), (std::vector<std::int32_t>{3, 6}));
