@@ -31,6 +31,7 @@ CQuitSignals::CQuitSignals(std::function<void()> leave) : m_leave(std::move(leav
         char byte = 0;
         while (::read(thePipe[0], &byte, 1) > 0) {
         }
+        m_isLeaving = true;
         m_leave();
     });
     Install(OnSignal);
@@ -38,7 +39,8 @@ CQuitSignals::CQuitSignals(std::function<void()> leave) : m_leave(std::move(leav
 
 CQuitSignals::~CQuitSignals() {
     if (!m_notifier) return;
-    Install(SIG_DFL);
+    // A program that is on its way out writes its last and isn't to be cut off by a second signal.
+    Install(m_isLeaving ? SIG_IGN : SIG_DFL);
     m_notifier.reset();
     ::close(thePipe[0]);
     ::close(thePipe[1]);

@@ -16,4 +16,5 @@ class CQuitSignals {
  private:
     std::function<void()> m_leave;
     std::unique_ptr<QSocketNotifier> m_notifier;
+    bool m_isLeaving = false;
 };
