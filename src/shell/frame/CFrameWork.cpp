@@ -1,6 +1,7 @@
 #include "shell/frame/CFrameWork.h"
 
 #include "app/CVelmarchDoc.h"
+#include "lang/LoadText.h"
 #include "records/CTRecord.h"
 #include "shell/frame/CFrameControl.h"
 #include "shell/frame/CFrameRecords.h"
@@ -12,6 +13,7 @@
 #include "viewmodel/commands/CommandTable.h"
 
 #include <QWidget>
+#include <algorithm>
 
 CFrameWork::CFrameWork(const FrameContext& context, CFrameRecords& records, CRecentWork& recent)
     : m_context(context), m_records(records), m_recent(recent) {
@@ -128,9 +130,17 @@ void CFrameWork::Start(const Work& work) {
     m_context.control.FollowList();
 }
 
+/// A record whose timer is there is what is worked on: it goes on itself, where others begin a new one.
 void CFrameWork::ContinueSelected() {
     const QStringList ids = m_context.view.SelectedIds();
     if (ids.size() != 1) return;
+    Follow();
+    const auto timed = std::ranges::find(m_works, ids.front(), &TimedWork::id);
+    if (timed != m_works.end()) {
+        if (timed->isRunning) return m_context.control.Say(LoadText(Text::StateRunning));
+        m_records.StartTimer(ids.front());
+        return Follow();
+    }
     const auto* record =
         static_cast<const CTRecord*>(m_context.document.FetchRecord(RecordKind::Time, ids.front()));
     if (record) Start(WorkOf(*record));

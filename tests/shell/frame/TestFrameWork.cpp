@@ -156,6 +156,20 @@ class TestFrameWork final : public QObject {
         QCOMPARE(home.window.List().SelectedIds(), QStringList{record.GetId()});
     }
 
+    void whatIsTimedGoesOnItself() {
+        Home home;
+        home.StartLine(u"letter"_s);
+        const QString id = home.Newest().GetId();
+        home.window.List().SelectIds({id});
+        home.window.frame->RunCommand(Command::kContinue);
+        QCOMPARE(home.window.set->Count(), 1);
+        home.window.frame->RunCommand(Command::kWorkPause);
+        QCOMPARE(home.window.set->StateOf(id), TimerState::Paused);
+        home.window.frame->RunCommand(Command::kContinue);
+        QCOMPARE(home.window.set->Count(), 1);
+        QCOMPARE(home.window.set->StateOf(id), TimerState::Running);
+    }
+
     void aClickOpensTheRecord() {
         Home home;
         home.StartLine(u"letter"_s);
