@@ -59,6 +59,7 @@ CRecordListView::CRecordListView(CRecordListModel& model, CCfgStore& settings, Q
     connect(m_header, &CListHeader::Moved, this, &CRecordListView::ColumnsMoved);
     connect(m_header, &CListHeader::MenuWanted, this, &CRecordListView::HeaderMenuWanted);
     connect(m_grouped, &QAbstractItemModel::modelAboutToBeReset, this, &CRecordListView::RememberHead);
+    connect(m_grouped, &QAbstractItemModel::rowsAboutToBeRemoved, this, &CRecordListView::LeaveRows);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int position) {
         m_model.SortByHeader(position);
         ApplyLayout();

@@ -141,6 +141,7 @@ class CRecordListView final : public QTableView {
     [[nodiscard]] bool GoToHead();
     [[nodiscard]] bool FoldAt(const QPoint& at);
     void RememberHead();
+    void LeaveRows(const QModelIndex& parent, int first, int last);
     void RememberPlace();
     void TakeUpPlace();
 

@@ -231,3 +231,17 @@ void CRecordListView::RememberHead() {
     m_hadHead = m_grouped->IsHead(currentIndex().row());
     if (m_hadHead) m_headDay = m_grouped->FirstDayOf(currentIndex().row());
 }
+
+/// The keyboard goes from a record that is deleted to the next one, or else to the one before it, never to a
+/// head. This comes before the selection looks for a place by itself.
+void CRecordListView::LeaveRows(const QModelIndex&, int first, int last) {
+    const QModelIndex current = currentIndex();
+    if (!IsGrouped() || current.row() < first || current.row() > last || IsHead(current.row())) return;
+    int row = last + 1;
+    while (row < model()->rowCount() && IsHead(row)) ++row;
+    if (row == model()->rowCount())
+        for (row = first - 1; row >= 0 && IsHead(row);) --row;
+    if (row >= 0)
+        selectionModel()->setCurrentIndex(model()->index(row, current.column()),
+                                          QItemSelectionModel::NoUpdate);
+}

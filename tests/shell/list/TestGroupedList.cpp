@@ -230,6 +230,33 @@ class TestGroupedList final : public QObject {
         QCOMPARE(t.Rows(), 10);
     }
 
+    void ADeletedRecordHandsTheKeyboardToTheNext_data() {
+        QTest::addColumn<int>("deleted");  // row of the list
+        QTest::addColumn<int>("next");     // row of the list before the deletion
+        QTest::newRow("the first of a day") << 0 << 1;
+        QTest::newRow("the last of a day") << 2 << 3;
+        QTest::newRow("the only one of a day") << 3 << 4;
+        QTest::newRow("the last of all") << 6 << 5;
+    }
+    /// Three records of one day, one of the day before, three of the day before that.
+    void ADeletedRecordHandsTheKeyboardToTheNext() {
+        QFETCH(int, deleted);
+        QFETCH(int, next);
+        Fixture t(3);
+        const auto remove = [&t](int row) {
+            const QString id = t.model.IdAt(row);
+            QVERIFY(t.home.document->DeleteRecord(RecordKind::Time, id, Notify::Later));
+            t.model.OnHint(Hint::Deleted, {id});
+        };
+        remove(5);
+        remove(4);
+        QCOMPARE(t.model.rowCount(), 7);
+        const QString expected = t.model.IdAt(next);
+        t.view.SetCurrentId(t.model.IdAt(deleted));
+        remove(deleted);
+        QCOMPARE(t.view.CurrentId(), expected);
+    }
+
     void Finding() {
         Fixture t(2);
         t.view.FoldAll(true);
