@@ -82,6 +82,8 @@ void NameButtons(const QMessageBox& shown, const MessageBox& box) {
         if (!button) continue;
         const QString words = WordsOf(row.answer, box);
         button->setText(letters.Give(words.isEmpty() ? CMnemonics::Plain(button->text()) : words));
+        // The picture of "No" or "Cancel" says something else than the words do.
+        if (!words.isEmpty()) button->setIcon({});
     }
 }
 
