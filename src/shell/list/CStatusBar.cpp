@@ -189,7 +189,9 @@ void CStatusBar::ShowSumsOf(const StatusSums& sums, bool isSelection) {
     const QString whole = text.isEmpty() ? sums.CountText() : sums.CountText() + u"  "_s + text;
     QString tip = isSelection ? FormatText<Text::SelectionTip>(whole) : FormatText<Text::ListTip>(whole);
     if (sums.CutOfThem().Count() > 0) tip += u'\n' + sums.CutOfThem().Words();
-    const QString count = TotalsCount(sums), totals = TotalsText(sums, settings);
+    const QString count =
+        isSelection ? SelectedCount(sums.Count(), m_document.VisibleCount()) : TotalsCount(sums);
+    const QString totals = TotalsText(sums, settings);
     m_count->SetFullText(count, count.isEmpty() ? QString() : tip);
     m_sums->SetFullText(totals, totals.isEmpty() ? QString() : tip);
     m_sumsPicture->clear();

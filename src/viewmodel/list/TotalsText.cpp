@@ -52,6 +52,11 @@ QString TotalsText(const StatusSums& sums, const Settings& settings) {
     return texts.join(LoadText(Text::TotalsBetween));
 }
 
+QString SelectedCount(int selected, std::size_t listed) {
+    return FormatText<Text::TotalSelected>(GroupedNumber(TheRegion(), selected, 0),
+                                           GroupedNumber(TheRegion(), static_cast<double>(listed), 0));
+}
+
 QString TotalsCount(const StatusSums& sums) {
     if (sums.Count() == 0) return {};
     const QString count = GroupedNumber(TheRegion(), sums.Count(), 0);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstddef>
 
 class StatusSums;
 struct Settings;
@@ -11,6 +12,8 @@ struct Settings;
 /// The two parts of it, each by itself.
 [[nodiscard]] QString MoneyTotals(const StatusSums& sums, const Settings& settings);
 [[nodiscard]] QString HoursTotals(const StatusSums& sums, const Settings& settings);
+/// "3 of 1,234 selected".
+[[nodiscard]] QString SelectedCount(int selected, std::size_t listed);
 /// "1 record", "1,234 expenses"; empty for none.
 [[nodiscard]] QString TotalsCount(const StatusSums& sums);
 /// Hours as the list shows a length of time, with their unit: "3:15 h", "3.25 h".

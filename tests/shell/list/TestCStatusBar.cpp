@@ -50,7 +50,7 @@ class TestCStatusBar final : public QObject {
         const QImage ofList = PictureOf(window, "statusSumsPicture");
         QVERIFY(!ofList.isNull());
         window.List().SelectIds({id});
-        QCOMPARE(window.Status("statusCount"), u"1 record"_s);
+        QCOMPARE(window.Status("statusCount"), u"1 of 2 selected"_s);
         QCOMPARE(window.Status("statusSums"), u"2.5000 h"_s);
         const QImage ofSelection = PictureOf(window, "statusSumsPicture");
         QVERIFY(ofSelection != ofList);

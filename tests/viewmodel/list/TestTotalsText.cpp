@@ -39,6 +39,7 @@ class TestTotalsText final : public QObject {
     void NoRecords() {
         QCOMPARE(TotalsText(StatusSums(), Settings()), QString());
         QCOMPARE(TotalsCount(StatusSums()), QString());
+        QCOMPARE(SelectedCount(3, 1234), u"3 of 1,234 selected"_s);
     }
 
     /// Each currency has its amount, all together have their hours.
