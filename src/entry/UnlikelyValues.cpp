@@ -11,6 +11,8 @@
 namespace {
 
 constexpr int kHoursOfDay = 24;
+constexpr int kStart = 3;
+constexpr int kEnd = 4;
 
 bool IsLongerThanADay(const SpanField& span) {
     return span.hours > kHoursOfDay || (span.hours == kHoursOfDay && span.minutes > 0);
@@ -27,6 +29,9 @@ QStringList UnlikelyIn(const CTRecord& record) {
     const auto& [duration, breakTime, effective] = record.spans;
     QStringList words;
     if (IsLongerThanADay(duration)) words += FormatText<Text::NoteDurationLong>(duration.clockText);
+    if (record.HasStart() && record.HasEnd() && !duration.IsSet())
+        words +=
+            FormatText<Text::NoteNoHours>(TimeTextOfRecord(record, kStart), TimeTextOfRecord(record, kEnd));
     if (duration.IsSet() && breakTime.IsSet() && !effective.IsSet())
         words += FormatText<Text::BreakExceedsDuration>(breakTime.clockText, duration.clockText);
     return words;

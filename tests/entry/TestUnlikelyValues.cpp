@@ -16,6 +16,8 @@ class TestUnlikelyValues final : public QObject {
     void initTestCase() { QVERIFY(LoadLanguageLibrary(QStringLiteral(TEST_BIN_DIR))); }
     void Times_data();
     void Times();
+    void StartAndEnd_data();
+    void StartAndEnd();
     void Expenses_data();
     void Expenses();
     void APlainExpense();
@@ -44,6 +46,35 @@ void TestUnlikelyValues::Times() {
     CTRecord record;
     record.SetDurationOnly(hours, minutes);
     record.SetBreak(breakHours, breakHours < 0 ? -1 : 0);
+    QTEST(UnlikelyIn(record), "words");
+}
+
+void TestUnlikelyValues::StartAndEnd_data() {
+    QTest::addColumn<int>("start");
+    QTest::addColumn<int>("end");
+    QTest::addColumn<QStringList>("words");
+    const auto words = [](const QString& start, const QString& end) {
+        return QStringList{
+            u"From %1 to %2 there are no hours: the end has to be after the start."_s.arg(start, end)};
+    };
+    QTest::newRow("a morning") << 9 << 11 << QStringList();
+    QTest::newRow("over midnight") << 22 << 6 << QStringList();
+    QTest::newRow("the end before the start") << 9 << 8 << words(u"09:00 AM"_s, u"08:00 AM"_s);
+    QTest::newRow("the same time") << 14 << 14 << words(u"02:00 PM"_s, u"02:00 PM"_s);
+    QTest::newRow("a start alone") << 9 << -1 << QStringList();
+}
+
+void TestUnlikelyValues::StartAndEnd() {
+    QFETCH(int, start);
+    QFETCH(int, end);
+    CTRecord record;
+    DateTimeVal time;
+    QVERIFY(time.SetTime24(start, 0));
+    record.SetStart(time);
+    if (end >= 0) {
+        QVERIFY(time.SetTime24(end, 0));
+        record.SetEnd(time);
+    }
     QTEST(UnlikelyIn(record), "words");
 }
 

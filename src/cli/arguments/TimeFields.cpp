@@ -10,6 +10,8 @@ namespace {
 
 using namespace FieldParts;
 
+constexpr int kEnd = 4;
+
 QString EnterBillable(TimeDraft& draft, const Entered& entered, const FieldContext&) {
     draft.SwitchBillable(IsYes(entered));
     return {};
@@ -105,6 +107,19 @@ constexpr RecordField<TimeDraft> kFields[] = {
 
 constexpr auto kOptions = OptionsOf(kFields);
 
+/// Of start, end and duration the last rules. Who gives all three may have meant another end.
+QStringList EndThatGaveWay(const CTRecord& before, const CTRecord& record, const CArguments& arguments,
+                           const FieldContext& context) {
+    const Entered end = arguments.Value("end");
+    if (!end || !arguments.Value("duration")) return {};
+    TimeDraft entered(context.settings);
+    entered.Begin(before);
+    entered.EnterEnd(EnteredValues::ReadTime(*end));
+    const QString meant = TimeTextOfRecord(entered.Record(), kEnd), kept = TimeTextOfRecord(record, kEnd);
+    if (meant == kept) return {};
+    return {FormatText<Text::NoteEndMoved>(meant, kept)};
+}
+
 }  // namespace
 
 std::span<const OptionRow> TimeFieldOptions() {
@@ -116,7 +131,8 @@ EnteredFields EnterTimeFields(CTRecord& record, const CArguments& arguments, con
     draft->Begin(record);
     EnteredFields entered{EnterAll<TimeDraft>(kFields, *draft, arguments, context), {}, {}};
     if (entered.problem.exit != ExitCode::Done) return entered;
-    entered.notes = NotesOf(draft->Findings()) + NewlyUnlikely(record, draft->Record());
+    entered.notes = NotesOf(draft->Findings()) + EndThatGaveWay(record, draft->Record(), arguments, context) +
+                    NewlyUnlikely(record, draft->Record());
     record.Copy(draft->Record());
     entered.addToLists = [draft](const NewListItems& lists) { draft->AddEntered(lists); };
     return entered;

@@ -175,7 +175,7 @@ ExitCode RenameItem(const CArguments& arguments, Console& console, RecordContext
     const Outcome renamed = Rename(renaming, list, former, text, context);
     if (!renamed) return ExitCode::Failed;
     AnnounceLists(console, context);
-    return PrintTaken<Text::CliChanged, Text::CliRenamedCarried>(console.out, renamed);
+    return PrintTaken<Text::CliRenamed, Text::CliRenamedCarried>(console.out, renamed);
 }
 
 /// Records are asked about with the item: both would be hard to part again.

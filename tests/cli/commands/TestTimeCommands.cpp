@@ -20,6 +20,7 @@ class TestTimeCommands : public QObject {
     void AddPrintsAllFieldsInOrder();
     void AddWithoutDateIsToday();
     void Edit_data();
+    void WhatLooksLikeASlipIsTold();
     void Edit();
     void EditRefused_data();
     void EditRefused();
@@ -220,6 +221,21 @@ void TestTimeCommands::ClearRateLeavesTheAmount() {
     const QString id = m_home->Add(Words(u"--billable --duration 2:00 --rate 10"_s));
     const QJsonObject changed = m_home->RunJson({u"time"_s, u"edit"_s, id, u"--clear"_s, u"rate"_s}).Object();
     QCOMPARE(Only(changed, {u"rate"_s, u"amount"_s}), FromText(u"{'rate': null, 'amount': 20.0}"_s));
+}
+
+void TestTimeCommands::WhatLooksLikeASlipIsTold() {
+    const Reply moved = m_home->RunJson(
+        {u"time"_s, u"add"_s, u"--start"_s, u"9:00"_s, u"--end"_s, u"10:00"_s, u"--duration"_s, u"3:00"_s});
+    QCOMPARE(moved.exit, 0);
+    QVERIFY2(moved.err.contains("The duration takes the end from 10:00 AM to 12:00 PM."),
+             moved.err.constData());
+    const Reply agreed = m_home->RunJson(
+        {u"time"_s, u"add"_s, u"--start"_s, u"9:00"_s, u"--end"_s, u"12:00"_s, u"--duration"_s, u"3:00"_s});
+    QCOMPARE(agreed.err, QByteArray());
+    const Reply backwards =
+        m_home->RunJson({u"time"_s, u"add"_s, u"--start"_s, u"9:00"_s, u"--end"_s, u"8:00"_s});
+    QCOMPARE(backwards.exit, 0);
+    QVERIFY2(backwards.err.contains("there are no hours"), backwards.err.constData());
 }
 
 void TestTimeCommands::Show() {
