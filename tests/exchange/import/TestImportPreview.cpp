@@ -58,7 +58,7 @@ class TestImportPreview final : public QObject {
         QCOMPARE(preview.refused.size(), 1);
         QVERIFY(preview.refused[0].contains(u'2') &&
                 preview.refused[0].contains(LoadText(Text::LineTooFewFields)));
-        QCOMPARE(preview.counts, u"2 records, 1 lines that can't be imported, 0 that are here already"_s);
+        QCOMPARE(preview.counts, u"Records: 2, lines that can't be imported: 1, here already: 0"_s);
         QCOMPARE(preview.encoding, QByteArray("utf-8"));
     }
 
@@ -70,8 +70,8 @@ class TestImportPreview final : public QObject {
                  (QStringList{u"Line 1, Start: \"9:00 noon\" can't be read, so it is left out."_s,
                               u"Line 1, Rate: \"1,234.50\" was read as 1."_s}));
         QCOMPARE(preview.counts,
-                 u"1 records, 0 lines that can't be imported, 0 that are here already, 2 values not read as "
-                 u"they are written"_s);
+                 u"Records: 1, lines that can't be imported: 0, here already: 0, values not read as they are "
+                 u"written: 2"_s);
         QCOMPARE(preview.rows[0][7], u"1.000"_s);
     }
 
@@ -88,7 +88,7 @@ class TestImportPreview final : public QObject {
         const ImportPreview preview =
             PreviewItems(fixture->file, PresetDelimiters(), {}, *fixture->home.catalogue);
         QCOMPARE(preview.rows, QList<QStringList>{(QStringList{u"Client"_s, u"B"_s})});
-        QCOMPARE(preview.counts, u"1 new list items, 1 lines that can't be imported"_s);
+        QCOMPARE(preview.counts, u"New list items: 1, lines that can't be imported: 1"_s);
     }
 };
 
