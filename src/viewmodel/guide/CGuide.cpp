@@ -24,7 +24,8 @@ namespace {
 constexpr int kWanted = 1;
 constexpr int kDone = 2;
 
-constexpr int kAsClock = 1;  constexpr int kHours24 = 24;
+constexpr int kAsClock = 1;
+constexpr int kHours24 = 24;
 constexpr int kHours12 = 12;
 constexpr int kKilometres = 1;
 constexpr int kMiles = 2;
