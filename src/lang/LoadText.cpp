@@ -7,6 +7,7 @@
 #include <QFile>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace {
@@ -55,23 +56,28 @@ const TextTable* Keep(TextTable&& table) {
 
 /// A library of another version, in which a format takes other arguments than the program gives, or whose
 /// numbers aren't ascending, is no good: printing with it would read arguments that aren't there.
-bool IsGood(const std::vector<LoadedText>& rows) {
+bool IsGood(std::span<const TextRow> rows) {
     for (std::size_t i = 0; i < rows.size(); ++i) {
         if (i > 0 && rows[i - 1].id >= rows[i].id) return false;
-        const auto kinds = FormatKinds(rows[i].text.toStdString());
+        const auto kinds = FormatKinds(rows[i].text);
         if (!kinds || *kinds != TextSignature(static_cast<Text>(rows[i].id))) return false;
     }
     return !rows.empty() && rows.size() < TextTable::kNowhere && rows.front().id > 0 &&
            rows.back().id < kLargestNumber;
 }
 
-std::vector<LoadedText> ReadTexts(LanguageTextsEntry entry) {
+/// Empty without an entry.
+std::span<const TextRow> TextsBehind(LanguageTextsEntry entry) {
     int count = 0;
-    const TextRow* texts = entry(&count);
+    const TextRow* texts = entry ? entry(&count) : nullptr;
+    return {texts, static_cast<std::size_t>(count)};
+}
+
+std::vector<LoadedText> ReadTexts(std::span<const TextRow> texts) {
     std::vector<LoadedText> rows;
-    rows.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i)
-        rows.push_back({texts[i].id, QString::fromUtf8(texts[i].name), QString::fromUtf8(texts[i].text)});
+    rows.reserve(texts.size());
+    for (const TextRow& row : texts)
+        rows.push_back({row.id, QString::fromLatin1(row.name), QString::fromUtf8(row.text)});
     return rows;
 }
 
@@ -97,12 +103,12 @@ bool LoadLanguageLibrary(const QString& folder) {
     void* handle = dlopen(path.constData(), RTLD_NOW | RTLD_LOCAL);
     if (!handle) return false;
     const auto entry = reinterpret_cast<LanguageTextsEntry>(dlsym(handle, kEntryName));
-    std::vector<LoadedText> rows = entry ? ReadTexts(entry) : std::vector<LoadedText>();
-    if (!IsGood(rows)) {
+    const std::span<const TextRow> texts = TextsBehind(entry);
+    if (!IsGood(texts)) {
         dlclose(handle);
         return false;
     }
-    TheLibrary() = {handle, Keep(Indexed(std::move(rows)))};
+    TheLibrary() = {handle, Keep(Indexed(ReadTexts(texts)))};
     return true;
 }
 
