@@ -245,8 +245,8 @@ class TestGroupedList final : public QObject {
         Fixture t(3);
         const auto remove = [&t](int row) {
             const QString id = t.model.IdAt(row);
+            t.model.OnHint(Hint::AboutToGo, {id});
             QVERIFY(t.home.document->DeleteRecord(RecordKind::Time, id, Notify::Later));
-            t.model.OnHint(Hint::Deleted, {id});
         };
         remove(5);
         remove(4);
