@@ -5,6 +5,7 @@
 #include "lang/LoadText.h"
 #include "viewmodel/commands/BarButtons.h"
 
+#include <algorithm>
 #include <iterator>
 
 namespace {
@@ -42,11 +43,22 @@ bool IsSetUp(const CProfile& profile) {
            profile.GetBinary(section, LoadText(Text::EntryGeometry)).has_value();
 }
 
-bool SetUpValue(CCfgStore& settings, const NewWindowValue& value) {
-    const SettingRow& row = *FindSetting(QString::fromLatin1(value.setting));
-    if (SettingValue(settings, row) != row.preset) return true;
-    PutSetting(settings, row, value.value);
-    return settings.SaveValue(row.index);
+const SettingRow& RowOf(const NewWindowValue& value) {
+    return *FindSetting(QString::fromLatin1(value.setting));
+}
+
+void SetUpValues(CCfgStore& settings) {
+    for (const NewWindowValue& value : kNewWindowValues)
+        if (const SettingRow& row = RowOf(value); SettingValue(settings, row) == row.preset)
+            PutSetting(settings, row, value.value);
+}
+
+/// Where they can't be written there are no boxes about the columns either: the user knows of the home.
+bool SaveSetUp(CCfgStore& settings) {
+    return std::ranges::all_of(
+               kNewWindowValues,
+               [&](const NewWindowValue& value) { return settings.SaveValue(RowOf(value).index); }) &&
+           settings.SaveAll();
 }
 
 }  // namespace
@@ -54,12 +66,12 @@ bool SetUpValue(CCfgStore& settings, const NewWindowValue& value) {
 bool SetUpNewWindow(CCfgStore& settings) {
     CProfile& profile = settings.Profile();
     if (IsSetUp(profile)) return true;
-    for (const NewWindowValue& value : kNewWindowValues)
-        if (!SetUpValue(settings, value)) return false;
+    // Also where nothing can be stored the window comes up so.
+    SetUpValues(settings);
     CColSet& columns = settings.ListColumns();
     columns.ShowExactly(ColumnHalf::Time, {std::begin(kTimeColumns), std::end(kTimeColumns)});
     columns.SetBreaks(ColumnHalf::Time, {std::begin(kTimeBreaks), std::end(kTimeBreaks)});
-    if (!settings.SaveAll()) return false;
+    if (!SaveSetUp(settings)) return false;
     for (const Bar bar : {Bar::Records, Bar::Filters})
         if (!PersistButtons(profile, bar, FewButtons(bar))) return false;
     return profile.WriteInt(LoadText(Text::SectionWindow), SetUpEntry(), 1);

@@ -2,6 +2,8 @@
 
 #include "config/CCfgStore.h"
 #include "lang/LoadText.h"
+#include "platform/settings/CSettingsTree.h"
+#include "platform/sqlite/CSqliteFile.h"
 #include "support/TestHome.h"
 #include "support/TestProgram.h"
 #include "viewmodel/commands/BarButtons.h"
@@ -63,6 +65,21 @@ class TestNewWindow final : public QObject {
         QCOMPARE(home.settings->listLayout, 4);
         QVERIFY(home.settings->confirmDelete);
         QCOMPARE(LoadButtons(*home.profile, Bar::Records), FactoryButtons(Bar::Records));
+    }
+
+    void WhereNothingCanBeStoredItComesUpSo() {
+        TestHome home;
+        CSqliteFile file;
+        QCOMPARE(file.Open(home.Path() + u"/velmarch.settings"_s, CSettingsTree::kFileKind, false),
+                 OpenOutcome::Existed);
+        for (const char* change : {"INSERT", "UPDATE"})
+            QVERIFY(file.Execute(QByteArray("CREATE TRIGGER no_") + change + " BEFORE " + change +
+                                 " ON entries BEGIN SELECT RAISE(FAIL, 'refused'); END"));
+        QVERIFY(!SetUpNewWindow(*home.settings));
+        QCOMPARE(home.settings->listLayout, 3);
+        QVERIFY(ShownColumns(*home.settings).startsWith(u"Date, Start, End, Client"_s));
+        QVERIFY(home.prompt.told.isEmpty());
+        home.settings->KeepStoreUntouched();
     }
 
     /// What was chosen on the console before counts.
