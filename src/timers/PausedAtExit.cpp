@@ -11,11 +11,16 @@ namespace {
 
 constexpr qsizetype kMostNamed = 8;
 
-/// Client and project, as far as they are there.
+constexpr qsizetype kLongestNote = 60;
+
+/// Client and project, as far as they are there, or else how the notes begin.
 QString WorkOf(const CVORec* record) {
     if (!record) return LoadText(Text::PausedAtExitNoName);
     const auto& time = static_cast<const CTRecord&>(*record);
-    if (time.item1.isEmpty() && time.item2.isEmpty()) return LoadText(Text::PausedAtExitNoName);
+    if (time.item1.isEmpty() && time.item2.isEmpty()) {
+        const QString note = time.notes.trimmed().section(u'\n', 0, 0).left(kLongestNote);
+        return note.isEmpty() ? LoadText(Text::PausedAtExitNoName) : note;
+    }
     if (time.item1.isEmpty() || time.item2.isEmpty()) return time.item1 + time.item2;
     return FormatText<Text::PausedAtExitWork>(time.item1, time.item2);
 }

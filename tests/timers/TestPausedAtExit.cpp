@@ -50,6 +50,23 @@ class TestPausedAtExit final : public QObject {
         next.prompt.Finish();
     }
 
+    void ARecordWithNotesAloneIsNamedByThem() {
+        TimerHome home;
+        CTRecord record;
+        record.Reset();
+        record.date.Set(11, 19, 2026);
+        record.notes = u"the header\nand more"_s;
+        QString id;
+        QVERIFY(home.document->AddRecord(record, {Notify::Later, Commit::Now, Identity::New}, &id));
+        QVERIFY(home.timers->StartRecordTimer(id));
+        home.timers->SaveTimers();
+        TimerHome next(home.Path());
+        QVERIFY(next.timers->RestoreTimers());
+        next.prompt.Expect(Text::PausedAtExitOne, Answer::No);
+        OfferPausedTimers(*next.timers, *next.document, next.prompt);
+        QVERIFY(next.prompt.told.back().contains(u"  the header\n"_s));
+    }
+
     void SeveralAreOfferedTogether() {
         Ended t;
         const QString other = t.home.AddTime(2026, 11, 19, {}, {});
