@@ -3,6 +3,7 @@
 #include "ProcessorTime.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QEvent>
 #include <QTimer>
 #include <QWidget>
@@ -22,6 +23,7 @@ class PaintWatch final : public QObject {
 
 /// Longer than a window waits before it paints.
 constexpr int kSettleMs = 25;
+constexpr int kLongestWaitMs = 60'000;
 
 }  // namespace
 
@@ -29,7 +31,11 @@ void WaitForPaint(QWidget& widget, const std::function<void()>& work) {
     PaintWatch watch;
     widget.installEventFilter(&watch);
     work();
-    while (!watch.isPainted) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    const QDeadlineTimer end(kLongestWaitMs);
+    while (!watch.isPainted) {
+        if (end.hasExpired()) qFatal("nothing was painted");
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+    }
 }
 
 void Settle() {
