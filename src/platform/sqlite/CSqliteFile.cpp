@@ -116,7 +116,10 @@ bool CSqliteFile::Connect(const SqliteFileKind& kind) {
     const int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
                       (m_readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) |
                       (m_isMemory ? SQLITE_OPEN_CREATE : 0);
-    if (sqlite3_open_v2(QFile::encodeName(m_path).constData(), &m_db, flags, nullptr) != SQLITE_OK) {
+    const int opened = sqlite3_open_v2(QFile::encodeName(m_path).constData(), &m_db, flags, nullptr);
+    if (opened != SQLITE_OK) {
+        // Where not even a handle could be made, there is none to ask why.
+        if (m_db == nullptr) NoteErrorCode(opened);
         return false;
     }
     m_lockWait = std::make_unique<CLockWait>(m_path, std::chrono::seconds(kind.busySeconds));
