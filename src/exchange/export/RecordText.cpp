@@ -4,6 +4,7 @@
 #include "lang/FormatText.h"
 #include "records/CVORec.h"
 
+#include <algorithm>
 #include <span>
 
 QString HeadLine(RecordKind kind, const Delimiters& delimiters, const ColumnNames& names) {
@@ -25,14 +26,23 @@ QStringList FieldsIn(const CVORec& record) {
 
 QString LineOf(RecordKind kind, const QStringList& fields, const Delimiters& delimiters) {
     const auto& [qualifier, separator, lineEnd] = delimiters;
+    const bool endsWithSeparator = kind != RecordKind::Expense;
     qsizetype size = lineEnd.size();
     for (const QString& field : fields) size += field.size() + 2 * qualifier.size() + separator.size();
-    QString line;
-    line.reserve(size);
-    for (const QString& field : fields)
-        line.append(qualifier).append(field).append(qualifier).append(separator);
-    if (kind == RecordKind::Expense) line.chop(separator.size());
-    return line + lineEnd;
+    // Many short pieces: into one buffer they take a fraction of what appending them one by one takes.
+    QString line(size, Qt::Uninitialized);
+    QChar* end = line.data();
+    const auto put = [&end](const QString& piece) { end = std::ranges::copy(piece, end).out; };
+    for (const QString& field : fields) {
+        put(qualifier);
+        put(field);
+        put(qualifier);
+        put(separator);
+    }
+    if (!endsWithSeparator && !fields.isEmpty()) end -= separator.size();
+    put(lineEnd);
+    line.truncate(end - line.constData());
+    return line;
 }
 
 QString ItemLine(const QString& list, const QString& text, const Delimiters& delimiters) {
