@@ -25,14 +25,16 @@ bool IsNamed(const QByteArray& encoding, std::initializer_list<const char*> name
         names, [&](const char* name) { return encoding.compare(name, Qt::CaseInsensitive) == 0; });
 }
 
+bool IsAscii(char byte) {
+    return static_cast<signed char>(byte) >= 0;
+}
+
 /// Appends the bytes up to the first that is no ASCII: nearly all of most files, and the C library's
-/// conversion takes many times as long. How many they are.
-qsizetype TakeAscii(QByteArrayView bytes, QString& text) {
-    const auto end =
-        std::ranges::find_if(bytes, [](char byte) { return static_cast<signed char>(byte) < 0; });
-    const auto count = end - bytes.begin();
+/// conversion takes many times as long.
+void TakeAscii(QByteArrayView& bytes, QString& text) {
+    const auto count = std::ranges::find_if_not(bytes, IsAscii) - bytes.begin();
     text.append(QLatin1String(bytes.data(), count));
-    return count;
+    bytes = bytes.sliced(count);
 }
 
 /// A character outside the first plane is a pair of 16-bit units.
@@ -95,17 +97,35 @@ CTextDecoder::CTextDecoder(const QByteArray& encoding, Meaningless meaningless)
       m_beginsAscii(IsNamed(encoding, {"utf-8", "utf8", "windows-1252"})) {}
 
 bool CTextDecoder::Decode(QByteArrayView bytes, QString& text) {
-    if (m_beginsAscii && m_rest.isEmpty()) bytes = bytes.sliced(TakeAscii(bytes, text));
     const QByteArray joined = m_rest.isEmpty() ? QByteArray() : m_rest + bytes.toByteArray();
     QByteArrayView left = m_rest.isEmpty() ? bytes : QByteArrayView(joined);
-    QByteArray units;
     while (true) {
-        units.clear();
-        const CConverter::End end = m_converter.Run(left, units);
-        AppendUnits(units, text);
+        const CConverter::End end = m_beginsAscii ? Mixed(left, text) : Convert(left, text);
         if (end == CConverter::End::Meaningless && Pass(left, text)) continue;
         m_rest = left.toByteArray();
         return end != CConverter::End::Meaningless;
+    }
+}
+
+CConverter::End CTextDecoder::Convert(QByteArrayView& bytes, QString& text) {
+    QByteArray units;
+    const CConverter::End end = m_converter.Run(bytes, units);
+    AppendUnits(units, text);
+    return end;
+}
+
+/// ASCII in turns with what the C library converts. No character goes on behind a byte of ASCII: one that is
+/// cut off there means nothing.
+CConverter::End CTextDecoder::Mixed(QByteArrayView& bytes, QString& text) {
+    while (true) {
+        TakeAscii(bytes, text);
+        const auto count = std::ranges::find_if(bytes, IsAscii) - bytes.begin();
+        QByteArrayView other = bytes.first(count);
+        const CConverter::End end = Convert(other, text);
+        const bool isFollowed = count < bytes.size();
+        bytes = bytes.sliced(count - other.size());
+        if (end == CConverter::End::Cut && isFollowed) return CConverter::End::Meaningless;
+        if (end != CConverter::End::Done || !isFollowed) return end;
     }
 }
 

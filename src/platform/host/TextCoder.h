@@ -47,6 +47,9 @@ class CTextDecoder {
 
  private:
     [[nodiscard]] bool Pass(QByteArrayView& bytes, QString& text) const;
+    // Both append what can be converted and take it off the bytes.
+    [[nodiscard]] CConverter::End Convert(QByteArrayView& bytes, QString& text);
+    [[nodiscard]] CConverter::End Mixed(QByteArrayView& bytes, QString& text);
 
     CConverter m_converter;
     Meaningless m_meaningless;

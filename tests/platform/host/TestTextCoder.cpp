@@ -61,6 +61,12 @@ class TestTextCoder final : public QObject {
             << QByteArray("utf-8") << refused << QByteArray("ab\xFF\x63") << u"ab"_s << false;
         QTest::newRow("cut at the end")
             << QByteArray("utf-8") << refused << QByteArray("ab\xE2\x82") << u"ab"_s << false;
+        QTest::newRow("letters and signs in turns")
+            << QByteArray("utf-8") << refused << QByteArray("aü€b🕒ßc") << u"aü€b🕒ßc"_s << true;
+        QTest::newRow("a letter behind half a sign")
+            << QByteArray("utf-8") << refused << QByteArray("a\xE2\x82\x62ü") << u"a"_s << false;
+        QTest::newRow("which is replaced") << QByteArray("utf-8") << Meaningless::Replaced
+                                           << QByteArray("a\xE2\x82\x62ü") << u"a\uFFFD\uFFFDbü"_s << true;
         QTest::newRow("an overlong form")
             << QByteArray("utf-8") << refused << QByteArray("\xC0\xAF") << QString() << false;
         QTest::newRow("half a character in UTF-8")
