@@ -17,7 +17,6 @@
 #include "shell/list/CEmptyNote.h"
 #include "shell/list/CListFindBar.h"
 #include "shell/list/CRecordListView.h"
-#include "shell/list/CStatusBar.h"
 #include "shell/look/Glyphs.h"
 #include "shell/look/IconTheme.h"
 #include "shell/look/LegiblePalette.h"
@@ -121,14 +120,32 @@ void CMainFrame::MakePanes() {
     m_tree = new CDataTreeView(document, settings, m_context.prompt, this);
     m_panes = new CPanes(*m_tree, *MakeListPane(), this);
     setCentralWidget(m_panes);
-    m_status = new CStatusBar(document,
-                              {.count = [this] { return IsListInFront() ? m_view->SelectedCount() : 0; },
-                               .each = [this](const auto& visit) { m_view->ForEachSelected(visit); }},
-                              this);
+    m_status = new CStatusBar(document, {.listed = ListedRecords(), .selected = SelectedRecords()}, this);
     setStatusBar(m_status);
     m_ticker = new CTimerTicker(
         m_context.timers.Set(), *m_model, [this] { return m_view->ListRowsInSight(); }, this);
     m_progress = std::make_unique<CProgressBox>(*this);
+}
+
+CStatusBar::Records CMainFrame::ListedRecords() {
+    CVelmarchDoc& document = m_context.app.Document();
+    return {.count =
+                [this, &document] {
+                    return m_view->IsFinding() ? m_view->ShownCount()
+                                               : static_cast<int>(document.VisibleCount());
+                },
+            .each =
+                [this, &document](const auto& visit) {
+                    if (m_view->IsFinding())
+                        m_view->ForEachFound(visit);
+                    else
+                        document.ForEachVisible(visit);
+                }};
+}
+
+CStatusBar::Records CMainFrame::SelectedRecords() {
+    return {.count = [this] { return IsListInFront() ? m_view->SelectedCount() : 0; },
+            .each = [this](const auto& visit) { m_view->ForEachSelected(visit); }};
 }
 
 /// A bar of its own above the others.
@@ -318,6 +335,7 @@ void CMainFrame::RestorePlace() {
 void CMainFrame::FollowList() {
     ShowListOrNote();
     UpdateActions();
+    m_status->FollowList();
 }
 
 void CMainFrame::Refresh() {

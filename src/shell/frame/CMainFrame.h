@@ -4,6 +4,7 @@
 #include "app/RecordMode.h"
 #include "shell/frame/CFrameCommands.h"
 #include "shell/frame/CFrameControl.h"
+#include "shell/list/CStatusBar.h"
 #include "viewmodel/list/EmptyReason.h"
 
 #include <QMainWindow>
@@ -25,7 +26,6 @@ class CRecordListView;
 class CRecordTimers;
 class CReportPane;
 class CReportScreen;
-class CStatusBar;
 class CTimerTicker;
 class CVelmarchApp;
 class CViewHub;
@@ -76,6 +76,8 @@ class CMainFrame final : public QMainWindow, public CViewListener, private CFram
  private:
     class BusyScope;
     void MakePanes();
+    [[nodiscard]] CStatusBar::Records ListedRecords();
+    [[nodiscard]] CStatusBar::Records SelectedRecords();
     [[nodiscard]] FrameContext MakeFrameContext();
     void ShowTreeMenu(const QPoint& at);
     void MakeCommands();

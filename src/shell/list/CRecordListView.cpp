@@ -224,6 +224,11 @@ QStringList CRecordListView::ShownIds() const {
     return ids;
 }
 
+void CRecordListView::ForEachFound(const std::function<void(const CVORec& record)>& visit) const {
+    for (int row = 0; row < m_found->rowCount(); ++row)
+        if (const CVORec* record = m_model.VisibleAt(m_found->ListRowOf(row))) visit(*record);
+}
+
 void CRecordListView::Find(const QString& words) {
     const bool wasFinding = IsFinding();
     if (!wasFinding) RememberPlace();

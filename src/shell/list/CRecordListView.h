@@ -71,6 +71,8 @@ class CRecordListView final : public QTableView {
     [[nodiscard]] int ShownCount() const;
     /// Identities of these records, in their order.
     [[nodiscard]] QStringList ShownIds() const;
+    /// The records that have the words which are looked for.
+    void ForEachFound(const std::function<void(const CVORec& record)>& visit) const;
 
     /// The widths of columns that differ from those last shown go to the list's columns in the settings, that
     /// of the state to iconColumnWidth. The last column fills the row, and its width is taken only where it

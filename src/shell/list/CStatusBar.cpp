@@ -14,12 +14,14 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <chrono>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 constexpr int kPicture = 16;
+constexpr std::chrono::milliseconds kListStands{150};
 constexpr QRgb kSumsOnLight = 0xFF215DC6;
 constexpr QRgb kSumsOnDark = 0xFF8FB8FF;
 
@@ -38,9 +40,12 @@ QFrame* Divider(QWidget* parent) {
 
 }  // namespace
 
-CStatusBar::CStatusBar(CVelmarchDoc& document, Selection selection, QWidget* parent)
-    : QStatusBar(parent), m_document(document), m_selection(std::move(selection)), m_worked(document) {
+CStatusBar::CStatusBar(CVelmarchDoc& document, List list, QWidget* parent)
+    : QStatusBar(parent), m_document(document), m_list(std::move(list)), m_worked(document) {
     setObjectName(u"statusBar"_s);
+    m_listStands.setSingleShot(true);
+    m_listStands.setInterval(kListStands);
+    connect(&m_listStands, &QTimer::timeout, this, &CStatusBar::ShowSums);
     auto* row = new QWidget(this);
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(6, 0, 6, 0);
@@ -123,6 +128,11 @@ void CStatusBar::ClearAll() {
     for (QLabel* picture : {m_modePicture, m_sumsPicture}) picture->clear();
 }
 
+void CStatusBar::FollowList() {
+    m_listSums.reset();
+    m_listStands.start();
+}
+
 void CStatusBar::ShowMode() {
     m_mode->SetFullText(LoadText(theRecordMode == RecordMode::Time ? Text::ModeTime : Text::ModeExpense));
     ShowModePicture();
@@ -152,7 +162,7 @@ void CStatusBar::ShowPeriod() {
 const StatusSums& CStatusBar::ListSums() {
     if (!m_listSums) {
         m_listSums.emplace();
-        m_document.ForEachVisible([this](const CVORec& record) { m_listSums->Add(record); });
+        m_list.listed.each([this](const CVORec& record) { m_listSums->Add(record); });
         SayOfCutDistances();
     }
     return *m_listSums;
@@ -168,13 +178,13 @@ void CStatusBar::SayOfCutDistances() {
 
 StatusSums CStatusBar::SelectionSums() const {
     StatusSums sums;
-    m_selection.each([&sums](const CVORec& record) { sums.Add(record); });
+    m_list.selected.each([&sums](const CVORec& record) { sums.Add(record); });
     return sums;
 }
 
 void CStatusBar::ShowSums() {
-    const int selected = m_selection.count();
-    const bool isEachListed = static_cast<std::size_t>(selected) == m_document.VisibleCount();
+    const int selected = m_list.selected.count();
+    const bool isEachListed = selected == m_list.listed.count();
     if (selected == 0 || isEachListed)
         ShowSumsOf(ListSums(), selected > 0);
     else
@@ -190,7 +200,7 @@ void CStatusBar::ShowSumsOf(const StatusSums& sums, bool isSelection) {
     QString tip = isSelection ? FormatText<Text::SelectionTip>(whole) : FormatText<Text::ListTip>(whole);
     if (sums.CutOfThem().Count() > 0) tip += u'\n' + sums.CutOfThem().Words();
     const QString count =
-        isSelection ? SelectedCount(sums.Count(), m_document.VisibleCount()) : TotalsCount(sums);
+        isSelection ? SelectedCount(sums.Count(), m_list.listed.count()) : TotalsCount(sums);
     const QString totals = TotalsText(sums, settings);
     m_count->SetFullText(count, count.isEmpty() ? QString() : tip);
     m_sums->SetFullText(totals, totals.isEmpty() ? QString() : tip);

@@ -5,6 +5,7 @@
 #include "viewmodel/list/StatusSums.h"
 
 #include <QStatusBar>
+#include <QTimer>
 #include <functional>
 #include <optional>
 
@@ -14,20 +15,27 @@ class CVORec;
 class QLabel;
 
 /// What is shown, in one row: the mode; the period with day and week; number and sums of the selected
-/// records, or of all listed ones without a selection; of time records the hours of today and this week.
+/// records, or without a selection of all that the list shows, be it narrowed by words; of time records the
+/// hours of today and this week.
 class CStatusBar final : public QStatusBar, public CViewListener {
     Q_OBJECT
 
  public:
-    /// The selection of the list; a list that isn't in front has none. The number costs nothing, so that with
-    /// no record or every one selected the sums of all listed ones serve, which are known already.
-    struct Selection {
-        std::function<int()> count;
+    struct Records {
+        std::function<int()> count;  ///< costs nothing
         std::function<void(const std::function<void(const CVORec&)>& visit)> each;
     };
-    CStatusBar(CVelmarchDoc& document, Selection selection, QWidget* parent = nullptr);
+    /// Those of the list, and which of them are selected; in a list that isn't in front none is. With no
+    /// record or every one selected the sums of all listed ones serve, which are known already.
+    struct List {
+        Records listed;
+        Records selected;
+    };
+    CStatusBar(CVelmarchDoc& document, List list, QWidget* parent = nullptr);
 
     void OnHint(Hint hint, const QStringList& ids) override;
+    /// The list shows other records. They are added up once it stands still: not at each key of who types.
+    void FollowList();
     /// The hours worked today, as a text; of the time records in memory.
     [[nodiscard]] QString HoursToday() const;
 
@@ -48,7 +56,8 @@ class CStatusBar final : public QStatusBar, public CViewListener {
     void ApplyLook();
 
     CVelmarchDoc& m_document;
-    Selection m_selection;
+    List m_list;
+    QTimer m_listStands;
     CWorkedTotals m_worked;
     /// Of all listed records; kept, so that a new selection doesn't add them up again.
     std::optional<StatusSums> m_listSums;

@@ -52,9 +52,9 @@ QString TotalsText(const StatusSums& sums, const Settings& settings) {
     return texts.join(LoadText(Text::TotalsBetween));
 }
 
-QString SelectedCount(int selected, std::size_t listed) {
+QString SelectedCount(int selected, int listed) {
     return FormatText<Text::TotalSelected>(GroupedNumber(TheRegion(), selected, 0),
-                                           GroupedNumber(TheRegion(), static_cast<double>(listed), 0));
+                                           GroupedNumber(TheRegion(), listed, 0));
 }
 
 QString TotalsCount(const StatusSums& sums) {

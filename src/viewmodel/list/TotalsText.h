@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <cstddef>
 
 class StatusSums;
 struct Settings;
@@ -13,7 +12,7 @@ struct Settings;
 [[nodiscard]] QString MoneyTotals(const StatusSums& sums, const Settings& settings);
 [[nodiscard]] QString HoursTotals(const StatusSums& sums, const Settings& settings);
 /// "3 of 1,234 selected".
-[[nodiscard]] QString SelectedCount(int selected, std::size_t listed);
+[[nodiscard]] QString SelectedCount(int selected, int listed);
 /// "1 record", "1,234 expenses"; empty for none.
 [[nodiscard]] QString TotalsCount(const StatusSums& sums);
 /// Hours as the list shows a length of time, with their unit: "3:15 h", "3.25 h".

@@ -35,6 +35,7 @@ struct Found {
         record.Reset();
         record.date.Set(month, day, 2026);
         record.item1 = client;
+        record.SetDuration(1, 30, true);
         [&] { QVERIFY(window.app.Document().AddRecord(record, {Notify::No, Commit::Now, Identity::New})); }();
     }
     [[nodiscard]] QLineEdit& Words() const { return *window.Find<QLineEdit>("listFindWords"); }
@@ -88,6 +89,22 @@ class TestFrameFind final : public QObject {
         QCOMPARE(found.window.Rows(), 3);
         QVERIFY(found.Bar().isHidden() && found.Words().text().isEmpty());
         QVERIFY(found.window.List().hasFocus());
+    }
+
+    /// What the status bar adds up is what stands above it.
+    void theSumsFollowTheWords() {
+        Found found;
+        const auto status = [&] {
+            return found.window.Status("statusCount") + u", "_s + found.window.Status("statusSums");
+        };
+        QCOMPARE(status(), u"3 records, 4.5000 h"_s);
+        found.Type("hollis");
+        QTRY_COMPARE(status(), u"2 records, 3.0000 h"_s);
+        found.window.List().SelectIds({found.window.List().ShownIds().front()});
+        QTRY_COMPARE(status(), u"1 of 2 selected, 1.5000 h"_s);
+        found.window.List().SelectNone();
+        QTest::keyClick(&found.Words(), Qt::Key_Escape);
+        QTRY_COMPARE(status(), u"3 records, 4.5000 h"_s);
     }
 
     void nothingFoundSaysSo() {
@@ -155,7 +172,7 @@ class TestFrameFind final : public QObject {
         found.Type("hollis");
         found.window.frame->RunCommand(Command::kSelectAll);
         QCOMPARE(found.window.List().SelectedCount(), 2);
-        QVERIFY(found.window.Status("statusCount").contains(u"2"_s));
+        QCOMPARE(found.window.Status("statusCount"), u"2 of 2 selected"_s);
     }
 
     /// The period that is kept for the next start is the user's, not everywhere.
