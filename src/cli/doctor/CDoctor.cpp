@@ -140,9 +140,11 @@ void CDoctor::ExamineHistory(const QString& path) {
     if (health.faults > 0)
         return Note({kHistory, Bad, FormatText<Text::CliHistoryFaults>(health.faults),
                      LoadText(Text::CliAdviseHistory)});
+    // In a home where nothing can be stored there is nothing to undo either.
+    const Text advice =
+        QFileInfo(m_home).isWritable() ? Text::CliAdviseHistoryPlace : Text::CliAdviseReadOnly;
     if (health.outcome == OpenOutcome::ReadOnly)
-        return Note(
-            {kHistory, Bad, FormatText<Text::CliReadOnly>(path), LoadText(Text::CliAdviseHistoryPlace)});
+        return Note({kHistory, Bad, FormatText<Text::CliReadOnly>(path), LoadText(advice)});
     Note({kHistory, Good, FormatText<Text::CliHistorySound>(health.changes)});
 }
 
