@@ -22,11 +22,16 @@
 #include <QMainWindow>
 #include <QTest>
 
-class NoProgress final : public CProgress {
+/// Cancels where it is told to.
+class NotedProgress final : public CProgress {
  public:
-    void Begin(const QString&, int) override {}
-    bool Advance() override { return true; }
-    void End() override {}
+    void Begin(const QString& what, int) override { begun << what; }
+    bool Advance() override { return begun.size() != cancelIn; }
+    void End() override { ++ended; }
+
+    QStringList begun;
+    qsizetype cancelIn = 0;  ///< the work that is cancelled, from 1
+    qsizetype ended = 0;
 };
 
 /// Notes what is asked of the window.
@@ -97,7 +102,7 @@ struct Fixture {
     CConditionStrip conditions;
     CWorkBar workBar;
     CReportPane report{home.settings->Profile()};
-    NoProgress progress;
+    NotedProgress progress;
     NotedControl control;
     Tree tree;
     CActions actions{control.window};

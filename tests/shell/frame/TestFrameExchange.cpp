@@ -1,3 +1,4 @@
+#include "lang/FormatText.h"
 #include "shell/frame/FrameCommandsHome.h"
 #include "support/TestProgram.h"
 
@@ -60,6 +61,51 @@ class TestFrameExchange final : public QObject {
         fixture->home.prompt.ExpectFile(Path());
         fixture->Run(Command::kImportOlderForm);
         QCOMPARE(fixture->home.document->RecordCount(), std::size_t{0});
+    }
+
+    /// Whatever is being done when the user cancels, no record is stored.
+    void cancelledImport_data() {
+        QTest::addColumn<int>("cancelIn");
+        QTest::addColumn<QString>("work");
+        QTest::addColumn<bool>("isTold");
+        const auto row = [](int cancelIn, Text work, bool isTold) {
+            QTest::addRow("%d", cancelIn) << cancelIn << LoadText(work) << isTold;
+        };
+        row(1, Text::ProgressStoredLook, false);
+        row(2, Text::ProgressStoredLook, false);
+        row(3, Text::ProgressLook, true);
+        QTest::newRow("4") << 4 << FormatText<Text::ProgressImport>(2000) << true;
+    }
+    void cancelledImport() {
+        QFETCH(int, cancelIn);
+        QFETCH(bool, isTold);
+        Write(QByteArray("11/19/2026,09:00,10:00,1,,A,,,,,,,No,No,n\n").repeated(2000));
+        fixture->progress.cancelIn = cancelIn;
+        fixture->home.prompt.ExpectFile(Path());
+        if (isTold) fixture->home.prompt.ExpectTold(Text::ImportCancelled);
+        fixture->Run(Command::kImport);
+        fixture->home.prompt.Finish();
+        QTEST(fixture->progress.begun.last(), "work");
+        QCOMPARE(fixture->progress.ended, qsizetype{cancelIn});
+        QCOMPARE(fixture->home.document->RecordCount(), std::size_t{0});
+        fixture->home.document->LoadCurrentMode();
+        QCOMPARE(fixture->home.document->RecordCount(), std::size_t{0});
+        QVERIFY(!fixture->home.catalogue->HasItem(16, u"A"_s));
+    }
+
+    /// The former file stays, and nothing is marked or deleted.
+    void cancelledExport() {
+        AddAndSelect(3);
+        Write("of last month\n");
+        fixture->home.settings->exportPostProcessing = 2;
+        fixture->progress.cancelIn = 1;
+        fixture->home.prompt.ExpectFile(Path());
+        fixture->home.prompt.ExpectTold(Text::ExportCancelled);
+        fixture->Run(Command::kExport);
+        fixture->home.prompt.Finish();
+        QCOMPARE(fixture->progress.begun, QStringList{FormatText<Text::ProgressExport>(3)});
+        QCOMPARE(Content(), QByteArray("of last month\n"));
+        QCOMPARE(fixture->home.document->RecordCount(), std::size_t{3});
     }
 
     void items() {
