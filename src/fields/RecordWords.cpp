@@ -26,6 +26,13 @@ constexpr TextMembers<CERecord> TextsOf(const CERecord*) {
     return {ItemMembers<CERecord>(kExpenseFields), NotesMember<CERecord>(kExpenseFields)};
 }
 
+template <class Record>
+void AnnounceTextsOf(const Record& record) {
+    constexpr TextMembers<Record> kMembers = TextsOf(static_cast<const Record*>(nullptr));
+    for (QString Record::*item : kMembers.items) __builtin_prefetch(&(record.*item));
+    __builtin_prefetch(&(record.*kMembers.notes));
+}
+
 }  // namespace
 
 /// Notes are read anew each time: hardly two are the same.
@@ -43,4 +50,12 @@ bool RecordWords::MatchesTextsOf(const Record& record) const {
 bool RecordWords::Matches(const CVORec& record) const {
     if (record.Kind() == RecordKind::Time) return MatchesTextsOf(static_cast<const CTRecord&>(record));
     return MatchesTextsOf(static_cast<const CERecord&>(record));
+}
+
+/// By the kind that the walk is of, without a look into the record, which would wait for it.
+void RecordWords::Announce(RecordKind kind, const CVORec& record) {
+    if (kind == RecordKind::Time)
+        AnnounceTextsOf(static_cast<const CTRecord&>(record));
+    else
+        AnnounceTextsOf(static_cast<const CERecord&>(record));
 }

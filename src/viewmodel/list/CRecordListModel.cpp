@@ -142,9 +142,13 @@ std::optional<std::vector<int>> CRecordListModel::RowsByPlace(const QStringList&
 
 /// In the order of the records, as PutRows.
 std::vector<int> CRecordListModel::RowsWith(const RecordWords& words) const {
+    constexpr std::size_t kAhead = 16;
+    const RecordKind kind = KindOf(theRecordMode);
     std::vector<bool> hasWords(m_document.VisiblePlaces());
-    for (std::size_t place = 0; place < hasWords.size(); ++place)
+    for (std::size_t place = 0; place < hasWords.size(); ++place) {
+        if (const CVORec* next = m_document.VisibleAt(place + kAhead)) RecordWords::Announce(kind, *next);
         if (const CVORec* record = m_document.VisibleAt(place)) hasWords[place] = words.Matches(*record);
+    }
     std::vector<int> rows;
     for (std::size_t row = 0; row < m_rows.size(); ++row)
         if (const std::size_t place = PlaceOf(m_rows[row]); place < hasWords.size() && hasWords[place])
