@@ -431,7 +431,8 @@ void CMainFrame::RestoreLayout() {
     restoreGeometry(memory.Binary(Text::EntryGeometry));
     m_panes->restoreState(memory.Panes());
     m_panes->Stack(memory.ArePanesStacked());
-    m_panes->Show(memory.IsShown(Text::SectionPanes));
+    // Wanted, and no more: whoever asked for it in a narrow window may have a wide one today.
+    m_panes->RestoreTreeUse({.isWanted = memory.IsShown(Text::SectionPanes), .isInsisted = false});
     m_view->ApplyLayout();
 }
 

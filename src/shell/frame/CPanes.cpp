@@ -9,12 +9,15 @@ namespace {
 constexpr int kWideEnough = 600;
 constexpr int kTreeShare = 1, kListShare = 3;
 constexpr int kTreeWidth = 200, kListWidth = 800;
+/// Beside folder and number some of the name has to be read.
+constexpr int kLeastTreeCharacters = 20;
 }  // namespace
 
 CPanes::CPanes(CDataTreeView& tree, QWidget& list, QWidget* parent)
     : QSplitter(parent), m_tree(tree), m_list(list) {
     setObjectName(QStringLiteral("panes"));
     setChildrenCollapsible(false);
+    m_tree.setMinimumWidth(kLeastTreeCharacters * m_tree.fontMetrics().averageCharWidth());
     addWidget(&m_tree);
     addWidget(&m_list);
     setStretchFactor(0, kTreeShare);

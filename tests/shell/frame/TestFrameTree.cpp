@@ -71,6 +71,23 @@ class TestFrameTree final : public QObject {
         QTRY_VERIFY(tree->isVisible());
     }
 
+    /// What is kept is that the tree is wanted, not that somebody asked for it in a narrow window.
+    void aNarrowWindowComesUpWithoutTheTree() {
+        QTemporaryDir folder;
+        {
+            Window window(folder.path());
+            window.frame->resize(500, 400);
+            QTRY_VERIFY(window.Find<QWidget>("dataTree")->isHidden());
+        }
+        Window again(folder.path());
+        again.frame->Refresh();
+        auto* tree = again.Find<QWidget>("dataTree");
+        QTRY_COMPARE(again.frame->width(), 500);
+        QVERIFY(tree->isHidden());
+        again.frame->resize(1000, 700);
+        QTRY_VERIFY(tree->isVisible());
+    }
+
     void aNewRecordFromTheTreeHasItsValues() {
         QTemporaryDir folder;
         Window window(folder.path());
