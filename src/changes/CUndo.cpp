@@ -258,9 +258,15 @@ QString CUndo::RevertOp(const RowOp& op, const QString& name, RowReverter& rever
     if (end != RowReverter::End::Done)
         return WhyNotReverted(end, op, name, m_context.store.Manager().File().Error());
     Note(op, outcome);
-    if (TableOf(op) == HistoryTable::Time && op.event == RowEvent::Added)
-        beside.removed.append(QString::fromUtf8(op.key));
+    if (TableOf(op) == HistoryTable::Time) NoteRemoved(op, beside);
     return {};
+}
+
+/// A restore deletes every record and adds those of the backup: one that is in both has only changed.
+void CUndo::NoteRemoved(const RowOp& op, Beside& beside) {
+    const QString key = QString::fromUtf8(op.key);
+    if (op.event == RowEvent::Added) beside.removed.insert(key);
+    if (op.event == RowEvent::Deleted) beside.removed.remove(key);
 }
 
 /// The store could not be written after all: what was taken back in the settings is made again.
@@ -281,9 +287,9 @@ QString CUndo::PlanTimers(const QString& name, const QStringList& times, Beside&
         if (present.contains(back.key())) return FormatText<Text::HistoryTimed>(name, back.key());
         m_context.history.NoteTimerBack(back.key(), back.value());
     }
-    QStringList going = beside.removed + beside.taken.keys();
-    going.removeDuplicates();
-    for (const QString& id : going) {
+    QSet<QString> going = beside.removed;
+    for (auto taken = beside.taken.cbegin(); taken != beside.taken.cend(); ++taken) going.insert(taken.key());
+    for (const QString& id : std::as_const(going)) {
         if (present.contains(id)) beside.dropped.append(id);
         const QByteArray image = present.value(id, beside.taken.value(id));
         if (!image.isEmpty()) m_context.history.NoteTimer(id, image);

@@ -65,7 +65,7 @@ class CUndo {
     struct Beside {
         QHash<QString, QByteArray> back;      ///< timers that went with the change, and come back with it
         QHash<QString, QByteArray> taken;     ///< those that came back with it, as they were then
-        QStringList removed;                  ///< records that go
+        QSet<QString> removed;                ///< records that go
         QStringList dropped;                  ///< timers that go
         std::optional<std::int64_t> carried;  ///< the number of the change of the settings, once it is taken
     };
@@ -79,6 +79,7 @@ class CUndo {
     [[nodiscard]] QString RevertRows(const HistoryRow& change, UndoOutcome& outcome, Beside& beside);
     [[nodiscard]] QString RevertOp(const RowOp& op, const QString& name, RowReverter& reverter,
                                    UndoOutcome& outcome, Beside& beside);
+    static void NoteRemoved(const RowOp& op, Beside& beside);
     [[nodiscard]] std::optional<std::vector<RowOp>> OpsOf(const HistoryRow& change);
     [[nodiscard]] QString PlanTimers(const QString& name, const QStringList& times, Beside& beside);
     void MoveTimers(const Beside& beside, UndoOutcome& outcome);

@@ -5,6 +5,8 @@
 #include "config/CarriedChange.h"
 #include "entry/RecordMarks.h"
 #include "records/CERecord.h"
+#include "records/NamedChange.h"
+#include "records/StoreTransaction.h"
 #include "support/TestProgram.h"
 
 #include <QFile>
@@ -330,6 +332,29 @@ class TestCUndo final : public QObject {
         QVERIFY(fixture.changes.Edit(record, id));
         QVERIFY(fixture.Undo());
         QVERIFY(fixture.timers.HasTimer(id));
+    }
+
+    /// As by a restore: the record is in the backup as well, and its timer goes on through all of it.
+    void aRecordWithATimerThatIsReplaced() {
+        HistoryFixture fixture;
+        const QString id = fixture.Add(u"Acorn"_s);
+        QVERIFY(fixture.timers.StartRecordTimer(id));
+        fixture.home.clock.Advance(600);
+        CRecordStore& store = *fixture.home.store;
+        CTRecord record;
+        QVERIFY(store.ReadRecord(record, id));
+        record.notes = u"of the backup"_s;
+        {
+            const NamedChange named(store, ChangeKind::Restore);
+            StoreTransaction change(store);
+            QVERIFY(change.IsOpen() && store.DeleteRecord(RecordKind::Time, id));
+            QVERIFY(store.InsertRecord(record, Commit::Later));
+            QCOMPARE(change.Commit(), CommitEnd::Durable);
+        }
+        for (const CHistory::Way way : {CHistory::Way::Undo, CHistory::Way::Redo, CHistory::Way::Undo}) {
+            QVERIFY(fixture.undo.Run(way));
+            QCOMPARE(fixture.DumpTimers(), QStringList{id + u" 600 2"_s});
+        }
     }
 
     void aStopThatIsUndone_data() {
