@@ -22,6 +22,7 @@ namespace {
 
 constexpr int kPicture = 16;
 constexpr std::chrono::milliseconds kListStands{150};
+constexpr std::chrono::milliseconds kLateMessage{3000};
 constexpr QRgb kSumsOnLight = 0xFF215DC6;
 constexpr QRgb kSumsOnDark = 0xFF8FB8FF;
 
@@ -96,6 +97,16 @@ void CStatusBar::ApplyLook() {
 void CStatusBar::changeEvent(QEvent* event) {
     QStatusBar::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) ApplyLook();
+}
+
+/// A message that came while the bar was hidden would be painted over what the bar shows: Qt makes room for
+/// it as it comes alone.
+void CStatusBar::showEvent(QShowEvent* event) {
+    QStatusBar::showEvent(event);
+    const QString message = currentMessage();
+    if (message.isEmpty()) return;
+    clearMessage();
+    showMessage(message, static_cast<int>(kLateMessage.count()));
 }
 
 void CStatusBar::OnHint(Hint hint, const QStringList& ids) {

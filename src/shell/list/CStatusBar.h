@@ -41,6 +41,7 @@ class CStatusBar final : public QStatusBar, public CViewListener {
 
  protected:
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
  private:
     void ShowMode();

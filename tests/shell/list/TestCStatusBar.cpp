@@ -147,6 +147,21 @@ class TestCStatusBar final : public QObject {
         QTEST(parts.join(u' '), "parts");
     }
 
+    /// The tip of a button of a report, say, over which the mouse rests when the report is closed.
+    void aMessageThatCameWhileTheBarWasHidden() {
+        QTemporaryDir folder;
+        Window window(folder.path());
+        window.frame->Refresh();
+        auto* bar = window.Find<CStatusBar>("statusBar");
+        bar->hide();
+        bar->showMessage(u"Make a new record"_s);
+        bar->show();
+        QCOMPARE(bar->currentMessage(), u"Make a new record"_s);
+        QVERIFY(!window.Find<QWidget>("statusMode")->isVisible());
+        QTRY_COMPARE(bar->currentMessage(), QString());
+        QVERIFY(window.Find<QWidget>("statusMode")->isVisible());
+    }
+
     void clearEmptiesEveryPart() {
         QTemporaryDir folder;
         Window window(folder.path());
