@@ -134,6 +134,7 @@ void CStatusBar::OnHint(Hint hint, const QStringList& ids) {
 }
 
 void CStatusBar::ClearAll() {
+    m_listStands.stop();
     m_listSums.reset();
     for (CElidedLabel* label : {m_mode, m_period, m_count, m_sums, m_today, m_week}) label->SetFullText({});
     for (QLabel* picture : {m_modePicture, m_sumsPicture}) picture->clear();
