@@ -4,8 +4,8 @@
 
 class CRecordChanges;
 
-/// What follows a rename of an item that was done, or that met a text the list doesn't take anew: the user
-/// may carry the text into the records, and two items that are called the same now may become one. True when
-/// they did.
+/// What follows a rename of an item that was done, or that met a text the list doesn't take anew: two items
+/// that would be called the same may become one, and the user may carry the text into the records. True when
+/// the items did.
 bool FinishRename(CListEditor::Renamed renamed, const ItemRename& rename, CListEditor& editor,
                   CRecordChanges& changes, CPrompt& prompt);

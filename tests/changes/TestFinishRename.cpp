@@ -106,26 +106,26 @@ class TestFinishRename : public QObject {
         QTest::newRow("the records, and one item") << Answer::Yes << Answer::Yes << u"B"_s << u"B B B"_s;
         QTest::newRow("the records alone") << Answer::Yes << Answer::No << u"A B"_s << u"B B B"_s;
         QTest::newRow("one item alone") << Answer::No << Answer::Yes << u"B"_s << u"A A B"_s;
-        QTest::newRow("neither") << Answer::No << Answer::No << u"A B"_s << u"A A B"_s;
+        QTest::newRow("neither: Escape twice") << Answer::No << Answer::No << u"A B"_s << u"A A B"_s;
     }
     void ToATextThatTheListHas() {
         QFETCH(Answer, records);
         QFETCH(Answer, merge);
+        t->home.prompt.Expect(Text::AskMergeItems, merge);
         t->home.prompt.Expect(Text::AskReplaceInRecords, records);
         if (records == Answer::Yes) t->home.prompt.ExpectTold(Text::RecordsReplaced);
-        t->home.prompt.Expect(Text::AskMergeItems, merge);
         QCOMPARE(Rename(u"A"_s, u"B"_s), merge == Answer::Yes);
         QTEST(Items(), "items");
         QTEST(Clients(), "clients");
     }
 
-    /// Records that could not take the text are told of; both items can still become one.
+    /// Records that could not take the text are told of.
     void RecordsThatRefuse() {
         t->Run("CREATE TRIGGER refuse BEFORE UPDATE ON time_velmarch BEGIN SELECT RAISE(ABORT,'no'); END");
+        t->home.prompt.Expect(Text::AskMergeItems, Answer::No);
         t->home.prompt.Expect(Text::AskReplaceInRecords, Answer::Yes);
         t->home.prompt.ExpectTold(Text::ModifyFailed);
         t->home.prompt.ExpectTold(Text::RecordsNotReplaced);
-        t->home.prompt.Expect(Text::AskMergeItems, Answer::No);
         QVERIFY(!Rename(u"A"_s, u"B"_s));
         QCOMPARE(Clients(), u"A A B"_s);
     }

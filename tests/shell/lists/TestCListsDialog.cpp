@@ -335,15 +335,15 @@ class TestCListsDialog : public QObject {
         t->AddTime(u"A"_s);
         t->Open();
         t->Select(u"A"_s);
-        t->home.prompt.Expect(Text::AskReplaceInRecords, Answer::No);
         t->home.prompt.Expect(Text::AskMergeItems, Answer::No);
+        t->home.prompt.Expect(Text::AskReplaceInRecords, Answer::No);
         t->Rename(u"B"_s);
         QCOMPARE(t->Shown(), u"A, B"_s);
         QCOMPARE(t->Selected(), u"A"_s);
         QCOMPARE(t->Note(), FormatText<Text::ItemIsThere>(u"B"_s));
+        t->home.prompt.Expect(Text::AskMergeItems, Answer::Yes);
         t->home.prompt.Expect(Text::AskReplaceInRecords, Answer::Yes);
         t->home.prompt.ExpectTold(Text::RecordsReplaced);
-        t->home.prompt.Expect(Text::AskMergeItems, Answer::Yes);
         t->Rename(u"B"_s);
         QCOMPARE(t->Shown(), u"B"_s);
         QCOMPARE(t->Selected(), u"B"_s);
