@@ -108,7 +108,11 @@ QHBoxLayout* CFilterDialog::BuildStored(CMnemonics& mnemonics) {
     row->addWidget(label);
     row->addWidget(m_names, 1);
     row->addWidget(AddButton(Text::FilterSaveAs, "saveQueryButton", mnemonics, &CFilterDialog::SaveAs));
-    row->addWidget(AddButton(Text::FilterDelete, "deleteQueryButton", mnemonics, &CFilterDialog::Delete));
+    auto* deletes = AddButton(Text::FilterDelete, "deleteQueryButton", mnemonics, &CFilterDialog::Delete);
+    deletes->setEnabled(false);
+    row->addWidget(deletes);
+    connect(m_names, &QComboBox::currentTextChanged, deletes,
+            [deletes](const QString& name) { deletes->setEnabled(!name.isEmpty()); });
     connect(m_names, &QComboBox::textActivated, this, &CFilterDialog::Choose);
     return row;
 }
