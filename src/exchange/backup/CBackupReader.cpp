@@ -1,13 +1,13 @@
 #include "exchange/backup/CBackupReader.h"
 
 #include "changes/CProgress.h"
+#include "exchange/backup/CBackupDigest.h"
 #include "exchange/backup/ExactRecord.h"
 #include "lang/LoadText.h"
 #include "platform/host/CodePage.h"
 #include "records/ByteStream.h"
 #include "records/RecordFactory.h"
 
-#include <QCryptographicHash>
 #include <QIODevice>
 #include <QtEndian>
 #include <algorithm>
@@ -54,6 +54,7 @@ CBackupReader::Got CBackupReader::ReadBlock(qint64 wanted) {
     qint64 read = m_file.read(m_block.data(), kBlock);
     if (read < 0 && m_file.seek(place)) read = m_file.read(m_block.data(), std::min(wanted, kBlock));
     m_block.truncate(std::max<qint64>(read, 0));
+    if (m_beside) m_beside->Add(m_block);
     return read > 0 ? Got::All : read < 0 ? Got::Failed : Got::Less;
 }
 
@@ -95,56 +96,85 @@ bool CBackupReader::GoesOn(qint64 bytes) {
 }
 
 BackupOutcome CBackupReader::VerifyParts() {
-    return ReadTo(Depth::Parts, LoadText(Text::ProgressVerify), {});
+    return ReadTo(Depth::Parts, Digest::Beside, LoadText(Text::ProgressVerify), {});
 }
 
 BackupOutcome CBackupReader::Read(const QString& what, const Take& take) {
-    return ReadTo(Depth::Records, what, take);
+    return ReadTo(Depth::Records, Digest::First, what, take);
 }
 
-BackupOutcome CBackupReader::ReadTo(Depth depth, const QString& what, const Take& take) {
+BackupOutcome CBackupReader::ReadAgain(const QString& what, const Take& take) {
+    return ReadTo(Depth::Records, Digest::Beside, what, take);
+}
+
+/// From the beginning: a file that stays open is read again.
+BackupOutcome CBackupReader::ReadTo(Depth depth, Digest digest, const QString& what, const Take& take) {
     m_depth = depth;
     m_outcome = {};
     m_handled = 0;
-    // Once through the digest, once through the records.
-    m_progress.Begin(what, static_cast<int>(m_file.size() / kBlock * 2 + 1));
-    if (!ReadAll(take)) m_outcome.content = {};
+    // Where it comes first: once through the digest, once through the records.
+    const int passes = digest == Digest::First ? 2 : 1;
+    m_progress.Begin(what, static_cast<int>(m_file.size() / kBlock * passes + 1));
+    const bool isRead = digest == Digest::First ? ReadWithDigestFirst(take) : ReadWithDigestBeside(take);
+    if (!isRead) m_outcome.content = {};
     m_progress.End();
     return m_outcome;
 }
 
-/// From the beginning: a file that stays open is read again.
-bool CBackupReader::ReadAll(const Take& take) {
-    if (!Seek(0)) return Fail(Text::BackupCantRead);
-    if (!CompareDigest() || !ReadHead()) return false;
+bool CBackupReader::ReadContent(const Take& take) {
+    if (!ReadHead()) return false;
     for (std::size_t table = 0; table < kTables.size(); ++table)
         if (!ReadTable(kTables[table], m_outcome.content.counts[table], take)) return false;
     return true;
 }
 
-// --- The head
+// --- The digest
 
-bool CBackupReader::CompareDigest() {
-    QByteArray stored, digest;
-    return Follow(GetBytes(kDigestBytes, stored), Text::BackupCantRead, Text::BackupLacksDigest) &&
-           HashRest(digest) && (digest == stored || Fail(Text::BackupDigestDiffers)) &&
-           (Seek(kDigestBytes) || Fail(Text::BackupCantSeek));
+bool CBackupReader::ReadWithDigestFirst(const Take& take) {
+    QByteArray stored;
+    CBackupDigest digest;
+    return ReadStoredDigest(stored) && HashRest(digest) && Compare(digest, stored) &&
+           (Seek(kDigestBytes) || Fail(Text::BackupCantSeek)) && ReadContent(take);
 }
 
-bool CBackupReader::HashRest(QByteArray& digest) {
-    QCryptographicHash hash(QCryptographicHash::Md5);
+/// Whatever stands behind the records belongs to the digest, too.
+bool CBackupReader::ReadWithDigestBeside(const Take& take) {
+    QByteArray stored;
+    if (!ReadStoredDigest(stored)) return false;
+    CBackupDigest digest;
+    digest.Add(QByteArrayView(m_block).sliced(m_used));
+    m_beside = &digest;
+    bool isRead = ReadContent(take);
+    Got got = Got::All;
+    while (isRead && got == Got::All) {
+        m_left -= m_block.size() - m_used;
+        got = ReadBlock(kBlock);
+    }
+    m_beside = nullptr;
+    return isRead && (got == Got::Less || Fail(Text::BackupCantRead)) && Compare(digest, stored);
+}
+
+bool CBackupReader::ReadStoredDigest(QByteArray& stored) {
+    if (!Seek(0)) return Fail(Text::BackupCantRead);
+    return Follow(GetBytes(kDigestBytes, stored), Text::BackupCantRead, Text::BackupLacksDigest);
+}
+
+bool CBackupReader::HashRest(CBackupDigest& digest) {
     for (;;) {
         const QByteArrayView rest = QByteArrayView(m_block).sliced(m_used);
-        hash.addData(rest);
+        digest.Add(rest);
         if (!GoesOn(rest.size())) return false;
         m_left -= rest.size();
         const Got got = ReadBlock(kBlock);
-        if (got == Got::Failed) return Fail(Text::BackupCantRead);
-        if (got == Got::Less) break;
+        if (got != Got::All) return got == Got::Less || Fail(Text::BackupCantRead);
     }
-    digest = hash.result();
-    return true;
 }
+
+bool CBackupReader::Compare(CBackupDigest& digest, const QByteArray& stored) {
+    return digest.Result() == stored || Fail(Text::BackupDigestDiffers);
+}
+
+// --- The head
 
 bool CBackupReader::ReadHead() {
     std::int32_t version = 0;

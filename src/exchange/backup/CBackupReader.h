@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 
+class CBackupDigest;
 class CProgress;
 class QIODevice;
 
@@ -21,17 +22,22 @@ class CBackupReader {
     CBackupReader(QIODevice& file, CProgress& progress) : m_file(file), m_progress(progress) {}
 
     /// Reads all of it and looks whether it is whole: by its digest, and each record by its parts. Of times
-    /// and expenses that is all there is to making them; a file that was just written is looked at so.
+    /// and expenses that is all there is to making them; a file that was just written is looked at so, in one
+    /// go.
     [[nodiscard]] BackupOutcome VerifyParts();
     /// Reads all of it and makes every record, handing them on; what: said of the progress. The digest is
     /// compared before the first record is made.
     [[nodiscard]] BackupOutcome Read(const QString& what, const Take& take);
+    /// The same of a file that was read before and may have changed since: the digest is taken beside the
+    /// records and compared behind the last one. Until then what was taken counts for nothing.
+    [[nodiscard]] BackupOutcome ReadAgain(const QString& what, const Take& take);
 
  private:
     enum class Got { All, Less, Failed };
     /// What becomes of the bytes of a record.
     enum class Depth { Parts, Records };
-    [[nodiscard]] BackupOutcome ReadTo(Depth depth, const QString& what, const Take& take);
+    enum class Digest { First, Beside };
+    [[nodiscard]] BackupOutcome ReadTo(Depth depth, Digest digest, const QString& what, const Take& take);
     [[nodiscard]] bool Seek(qint64 place);
     [[nodiscard]] Got ReadBlock(qint64 wanted);
     [[nodiscard]] Got Get(char* bytes, qint64 size);
@@ -42,9 +48,12 @@ class CBackupReader {
     [[nodiscard]] bool Follow(Got got, Text failed, Text less);
     [[nodiscard]] bool GoesOn(qint64 bytes);
 
-    [[nodiscard]] bool ReadAll(const Take& take);
-    [[nodiscard]] bool CompareDigest();
-    [[nodiscard]] bool HashRest(QByteArray& digest);
+    [[nodiscard]] bool ReadWithDigestFirst(const Take& take);
+    [[nodiscard]] bool ReadWithDigestBeside(const Take& take);
+    [[nodiscard]] bool ReadStoredDigest(QByteArray& stored);
+    [[nodiscard]] bool HashRest(CBackupDigest& digest);
+    [[nodiscard]] bool Compare(CBackupDigest& digest, const QByteArray& stored);
+    [[nodiscard]] bool ReadContent(const Take& take);
     [[nodiscard]] bool ReadHead();
     [[nodiscard]] bool ReadForm();
     [[nodiscard]] bool ReadTime();
@@ -57,11 +66,12 @@ class CBackupReader {
     QIODevice& m_file;
     CProgress& m_progress;
     Depth m_depth = Depth::Records;
-    qint64 m_left = 0;     ///< of the file, behind what was handed out
-    QByteArray m_block;    ///< read at once
-    qsizetype m_used = 0;  ///< of the block
-    QByteArray m_data;     ///< of the record that is read
-    int m_items = 0;       ///< that a record of the table has as bytes
+    qint64 m_left = 0;                  ///< of the file, behind what was handed out
+    QByteArray m_block;                 ///< read at once
+    CBackupDigest* m_beside = nullptr;  ///< has every block that is read
+    qsizetype m_used = 0;               ///< of the block
+    QByteArray m_data;                  ///< of the record that is read
+    int m_items = 0;                    ///< that a record of the table has as bytes
     BackupFormat::TextForm m_form = BackupFormat::TextForm::Wide;
     bool m_isPacked = false;
     qint64 m_handled = 0;  ///< bytes since the last step of the progress

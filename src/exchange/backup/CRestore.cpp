@@ -178,8 +178,8 @@ QString CRestore::Empty(CSecondSource& source) {
 QString CRestore::Fill(CSecondSource& source) {
     CTableFiller tables(source);
     const BackupOutcome read = CBackupReader(m_file, m_context.progress)
-                                   .Read(FormatText<Text::ProgressRestore>(m_verified.Total()),
-                                         [&](CVORec& record) { return tables.Put(record); });
+                                   .ReadAgain(FormatText<Text::ProgressRestore>(m_verified.Total()),
+                                              [&](CVORec& record) { return tables.Put(record); });
     if (!read) return read.error;
     return read.content == m_verified ? QString() : LoadText(Text::RestoreChanged);
 }

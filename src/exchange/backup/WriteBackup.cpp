@@ -1,6 +1,7 @@
 #include "exchange/backup/WriteBackup.h"
 
 #include "changes/CProgress.h"
+#include "exchange/backup/CBackupDigest.h"
 #include "exchange/backup/CBackupReader.h"
 #include "exchange/backup/CSecondSource.h"
 #include "exchange/backup/ExactRecord.h"
@@ -8,7 +9,6 @@
 #include "platform/host/CClock.h"
 #include "platform/host/SafeFile.h"
 
-#include <QCryptographicHash>
 #include <QtEndian>
 #include <bit>
 
@@ -60,7 +60,7 @@ class CBackupFile {
     [[nodiscard]] FileOutcome Finish(const CSafeFile::Check& check) {
         // Finish tells what failed.
         static_cast<void>(Pass());
-        static_cast<void>(m_file.WriteAt(0, m_hash.result()));
+        static_cast<void>(m_file.WriteAt(0, m_digest.Result()));
         return m_file.Finish(check);
     }
     [[nodiscard]] const QString& Error() const { return m_file.Error(); }
@@ -72,7 +72,7 @@ class CBackupFile {
         return m_gathered.size() < kGathered || Pass();
     }
     [[nodiscard]] bool Pass() {
-        m_hash.addData(m_gathered);
+        m_digest.Add(m_gathered);
         const bool isWritten = m_file.Write(m_gathered);
         m_gathered.resize(0);
         return isWritten;
@@ -81,7 +81,7 @@ class CBackupFile {
     static constexpr qsizetype kGathered = 1 << 16;
     CSafeFile m_file;
     QByteArray m_gathered;
-    QCryptographicHash m_hash{QCryptographicHash::Md5};
+    CBackupDigest m_digest;
 };
 
 class CBackupWriter {

@@ -84,6 +84,9 @@ class TestCBackupReader : public QObject {
     void DevicesThatFail();
     void Cancel();
     void WhatTakesTheRecordsMayEndIt();
+    void OnceMore_data();
+    void OnceMore();
+    void OnceMoreFromADeviceThatFails();
 
  private:
     TestHome m_home;  // the language library
@@ -302,6 +305,63 @@ void TestCBackupReader::WhatTakesTheRecordsMayEndIt() {
     });
     QCOMPARE(read.error, u"enough"_s);
     QCOMPARE(taken, 3);
+}
+
+void TestCBackupReader::OnceMore_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<int>("taken");
+    QTest::addColumn<QString>("reason");
+    const QByteArray sound = GoldenFile(u"current.vbk"_s);
+    const auto flipped = [&sound](qsizetype place) {
+        QByteArray bytes = sound;
+        bytes[place] = static_cast<char>(bytes[place] ^ 1);
+        return bytes;
+    };
+    const QString differs = LoadText(Text::BackupDigestDiffers);
+    QTest::newRow("as it was") << sound << 8 << QString();
+    QTest::newRow("another digest") << flipped(3) << 8 << differs;
+    QTest::newRow("another value: the records are there, and the digest tells")
+        << flipped(sound.indexOf(QByteArrayView("P\0r\0o\0j", 7)) + 1) << 8 << differs;
+    QTest::newRow("something behind the records, which the digest knows")
+        << WithDigest(sound.mid(16) + QByteArray(200'000, 'x')) << 8 << QString();
+    QTest::newRow("something behind the records, which it doesn't") << sound + 'x' << 8 << differs;
+    QTest::newRow("cut") << sound.chopped(1) << 8 << LoadText(Text::BackupEndMissing);
+}
+
+/// The digest is compared behind the last record.
+void TestCBackupReader::OnceMore() {
+    QFETCH(QByteArray, bytes);
+    QBuffer file;
+    file.setData(bytes);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    CNoProgress progress;
+    int taken = 0;
+    const BackupOutcome read = CBackupReader(file, progress).ReadAgain({}, [&taken](CVORec&) {
+        ++taken;
+        return QString();
+    });
+    QTEST(read.error, "reason");
+    QTEST(taken, "taken");
+    QCOMPARE(read.content.Total(), read ? 8 : 0);
+}
+
+/// It is read in one go: a place that fails is met where it stands.
+void TestCBackupReader::OnceMoreFromADeviceThatFails() {
+    for (const auto& [place, reason] :
+         {std::pair(3, Text::BackupCantRead), {20, Text::BackupCantRead}, {112, Text::BackupRecordNotRead}}) {
+        CFailingDevice file;
+        file.setData(GoldenFile(u"current.vbk"_s));
+        QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+        file.failsAt = place;
+        CNoProgress progress;
+        QCOMPARE(CBackupReader(file, progress).ReadAgain({}, {}).error, LoadText(reason));
+    }
+    CFailingDevice file;
+    file.setData(WithDigest(GoldenFile(u"current.vbk"_s).mid(16) + QByteArray(200'000, 'x')));
+    QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+    file.failsAt = file.size() - 1;
+    CNoProgress progress;
+    QCOMPARE(CBackupReader(file, progress).ReadAgain({}, {}).error, LoadText(Text::BackupCantRead));
 }
 
 TEST_CLASS(TestCBackupReader);
