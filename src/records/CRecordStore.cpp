@@ -179,7 +179,8 @@ bool CRecordStore::InsertRecord(const CVORec& record, ::Commit commit) {
     // The same for every record of a kind, and composed once: a million records are added in one go.
     QString& statement = m_insertPositions[static_cast<int>(record.Kind())];
     if (statement.isEmpty()) statement = SelectAll(record.Kind()) + LoadText(Text::SqlNoRows);
-    if (!m_manager.Query(statement, true)) return Fail(Text::InsertQueryFailed, statement);
+    if (!m_manager.StandsAt(statement) && !m_manager.Query(statement, true))
+        return Fail(Text::InsertQueryFailed, statement);
     if (!m_manager.Insert(record)) return Fail(Text::InsertFailed, {});
     if (commit == Commit::Now) (void)Update(Text::InsertCommitFailed);
     return true;

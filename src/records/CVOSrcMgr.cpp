@@ -31,20 +31,26 @@ class CVOSrcMgr::Impl {
     CSqliteFile file;
 
     [[nodiscard]] Table TableOf(const QByteArray& name);
-    void ForgetTables() { m_tables.clear(); }
+    void ForgetTables() {
+        m_last = {};
+        m_tables.clear();
+    }
     /// Of a file that was found damaged before: reads all of it.
     void LookForDamage(const QByteArrayList& tables);
 
  private:
     QHash<QByteArray, Table> m_tables;
+    std::pair<QByteArray, Table> m_last;  ///< that was asked for: a million records in a row go into one
 };
 
 CVOSrcMgr::Table CVOSrcMgr::Impl::TableOf(const QByteArray& name) {
+    if (m_last.second && m_last.first == name) return m_last.second;
     Table& known = m_tables[name];
     if (!known) {
         if (auto table = CStoreTable::Look(file, name))
             known = std::make_shared<CStoreTable>(std::move(*table));
     }
+    m_last = {name, known};
     return known;
 }
 
@@ -143,6 +149,7 @@ bool CVOSrcMgr::EnterTransaction() {
     CSqliteFile& file = m_impl->file;
     if (file.InTransaction()) return true;
     if (file.WasUndone()) return Fail(SQLITE_ABORT, LoadText(Text::BatchLost));
+    m_lastQuery.clear();  // other programs may have changed the tables before
     return CheckPlace() && (file.Begin() || FailByFile());
 }
 
@@ -157,7 +164,13 @@ bool CVOSrcMgr::Query(const QString& statement, bool updatable) {
     if (qstrlen(sqlite3_sql(prepared)) != static_cast<std::size_t>(sql.size()))
         return Fail(SQLITE_MISUSE, LoadText(Text::OneStatementOnly));
     if (!sqlite3_stmt_readonly(prepared)) return RunChange(sql);
-    return m_recordset->m_cursor.Open(m_impl->file, prepared, updatable) || FailByFile();
+    if (!m_recordset->m_cursor.Open(m_impl->file, prepared, updatable)) return FailByFile();
+    m_lastQuery = statement;
+    return true;
+}
+
+bool CVOSrcMgr::StandsAt(const QString& statement) const {
+    return m_impl->file.InTransaction() && m_lastQuery == statement;
 }
 
 /// Outside of a transaction the change is one by itself, and durable when this returns.
@@ -263,6 +276,7 @@ bool CVOSrcMgr::IsUnconfirmed() const {
 }
 
 void CVOSrcMgr::CloseQuery() {
+    m_lastQuery.clear();
     if (m_recordset) m_recordset->m_cursor.Close();
 }
 

@@ -63,6 +63,8 @@ class CVOSrcMgr {
     /// memory, so no lock is kept while they are changed. One that changes data is durable by itself, or
     /// joins the open transaction.
     [[nodiscard]] bool Query(const QString& statement, bool updatable);
+    /// Whether this was the last query, in the batch that is open: nobody else has changed a table since.
+    [[nodiscard]] bool StandsAt(const QString& statement) const;
     [[nodiscard]] bool GetQueryRecord(CVORec& record, bool& found, bool advance);
     /// The next rows of the query, so many at most.
     [[nodiscard]] bool GetQueryRows(RowTable& rows, std::size_t most);
@@ -108,6 +110,7 @@ class CVOSrcMgr {
     [[nodiscard]] bool RunChange(const QByteArray& sql);
     [[nodiscard]] bool FillRow(const CVORec& record, Table& table);
 
+    QString m_lastQuery;  ///< that has succeeded and wasn't closed
     bool m_mayTakeOver = true;
     bool m_isSuspect = false;
     CStoreJournal* m_journal = nullptr;

@@ -45,6 +45,8 @@ class TestCRecordStore : public QObject {
     void NextRecord();
     void QueryTexts();
     void BeginBatch();
+    void KindsInTurns();
+    void StandsAt();
     void ModifyRecord();
     void ModifyCurrentRow();
     void DeleteRecord();
@@ -301,6 +303,54 @@ void TestCRecordStore::BeginBatch() {
     home.prompt.ExpectTold(Text::CommitFailed);
     QVERIFY(!home.store.BeginBatch());
     QVERIFY(home.store.m_lastError != 0);
+}
+
+/// Each record goes into its own table, whatever was done before it.
+void TestCRecordStore::KindsInTurns() {
+    RecordsFixture home;
+    const CTRecord gone = NewTime();
+    CERecord expense;
+    QVERIFY(home.store.BeginBatch());
+    QVERIFY(home.store.InsertRecord(gone, Commit::Later));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Later));
+    expense.GenUnique();
+    QVERIFY(home.store.InsertRecord(expense, Commit::Later));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Later));
+    QVERIFY(home.store.DeleteRecord(RecordKind::Time, gone.GetId()));
+    QVERIFY(home.store.InsertRecord(NewTime(), Commit::Later));
+    CTRecord read;
+    QVERIFY(!home.store.ReadRecord(read, gone.GetId()));
+    expense.GenUnique();
+    QVERIFY(home.store.InsertRecord(expense, Commit::Later));
+    QVERIFY(home.store.Commit());
+    QCOMPARE(home.TimeRows(), 3);
+    QCOMPARE(home.Rows(home.store.SelectAll(RecordKind::Expense)), 2);
+}
+
+/// Only in the batch in which it was asked: before that others may have changed the tables.
+void TestCRecordStore::StandsAt() {
+    RecordsFixture home;
+    CVOSrcMgr& manager = home.manager;
+    const QString place = QStringLiteral("SELECT * FROM time_velmarch WHERE 0");
+    const QString all = QStringLiteral("SELECT * FROM time_velmarch");
+    QVERIFY(manager.Query(place, true));
+    QVERIFY(!manager.StandsAt(place));
+    QVERIFY(manager.BeginBatch());
+    QVERIFY(!manager.StandsAt(place));
+    QVERIFY(manager.Query(place, true));
+    QVERIFY(manager.StandsAt(place));
+    QVERIFY(!manager.StandsAt(all));
+    QVERIFY(manager.Insert(NewTime()));
+    QVERIFY(manager.StandsAt(place));
+    QVERIFY(!manager.Query(QStringLiteral("nonsense"), true));
+    QVERIFY(!manager.StandsAt(place));
+    QVERIFY(manager.Query(place, true));
+    manager.CloseQuery();
+    QVERIFY(!manager.StandsAt(place));
+    QVERIFY(manager.Query(place, true) && manager.Update());
+    QVERIFY(!manager.StandsAt(place));
+    QVERIFY(manager.BeginBatch());
+    QVERIFY(!manager.StandsAt(place));
 }
 
 void TestCRecordStore::ModifyRecord() {
