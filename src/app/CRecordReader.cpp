@@ -12,8 +12,11 @@
 
 namespace {
 
-/// Rows that are read before they become records.
-constexpr std::size_t kPiece = 256;
+/// Rows that are read before they become records; more where a thread is made for them.
+constexpr std::size_t PieceOf(Ahead ahead) {
+    return ahead == Ahead::Yes ? 1024 : 256;
+}
+
 constexpr RowDay kLastDay{32767, 12, 31};
 
 std::function<bool(const CVORec&)> TestOf(const CVelmarchDoc& document, RecordKind kind,
@@ -50,7 +53,7 @@ RowConditions CRecordReader::Conditions() const {
 bool CRecordReader::ReadAll(Order order, const Take& take) {
     QString statement = m_document.Store().Select(m_kind, Conditions());
     if (order == Order::OfDays) statement += LoadText(Text::SqlInOrderOfDays);
-    return Walk(statement, [&](std::unique_ptr<CVORec> record) {
+    return Walk(statement, Ahead::Yes, [&](std::unique_ptr<CVORec> record) {
         if (m_passes(*record)) take(std::move(record));
         return true;
     });
@@ -74,7 +77,7 @@ bool CRecordReader::ReadColumns(ColumnSet columns, const See& see) {
     RowTable rows;
     bool isRead = true;
     while (isRead && !store.IsEOF()) {
-        isRead = store.NextRows(rows, kPiece);
+        isRead = store.NextRows(rows, PieceOf(Ahead::Yes), Ahead::Yes);
         // A table whose columns aren't those of the records shows at its first rows.
         if (isRead && !Fits(rows, *record, wanted)) return readAll();
         for (std::size_t row = 0; isRead && row < rows.RowCount(); ++row) {
@@ -93,7 +96,7 @@ bool CRecordReader::ReadDays(const RowDay& from, std::size_t least, Days& days) 
     RowDay day = from;
     const QString statement =
         m_document.Store().Select(m_kind, conditions) + LoadText(Text::SqlInOrderOfDays);
-    return Walk(statement, [&](std::unique_ptr<CVORec> record) {
+    return Walk(statement, Ahead::No, [&](std::unique_ptr<CVORec> record) {
         const RowDay former = std::exchange(day, DayOf(*record));
         if (days.records.size() >= least && day != former) {
             days.next = day;
@@ -113,7 +116,7 @@ RowDay CRecordReader::DayOf(const CVORec& record) {
 bool CRecordReader::Read(const QStringList& ids, const Take& take) {
     std::unordered_map<QString, std::unique_ptr<CVORec>> found;
     const bool isRead =
-        Walk(m_document.Store().SelectByIds(m_kind, ids), [&](std::unique_ptr<CVORec> record) {
+        Walk(m_document.Store().SelectByIds(m_kind, ids), Ahead::No, [&](std::unique_ptr<CVORec> record) {
             if (m_passes(*record)) found.emplace(record->GetId(), std::move(record));
             return true;
         });
@@ -126,13 +129,13 @@ bool CRecordReader::Read(const QStringList& ids, const Take& take) {
 }
 
 /// A table whose columns aren't those of the records shows at its first row.
-bool CRecordReader::Walk(const QString& statement, const Step& step) {
+bool CRecordReader::Walk(const QString& statement, Ahead ahead, const Step& step) {
     CRecordStore& store = m_document.Store();
     if (!store.Query(statement)) return false;
     RowTable rows;
     bool isRead = true, goesOn = true;
     while (isRead && goesOn && !store.IsEOF()) {
-        isRead = store.NextRows(rows, kPiece);
+        isRead = store.NextRows(rows, PieceOf(ahead), ahead);
         for (std::size_t row = 0; isRead && goesOn && row < rows.RowCount(); ++row) {
             std::unique_ptr<CVORec> record = NewRecord(m_kind);
             if (!record->Load(rows, row)) return WalkRowByRow(statement, step);

@@ -12,6 +12,7 @@
 
 class CTimerService;
 class CVelmarchDoc;
+enum class Ahead;
 
 /// Reads the stored records of a kind that the document's filter lets pass, a few rows at a time: a lifetime
 /// of records never lies in memory. The document holds none of them.
@@ -49,7 +50,7 @@ class CRecordReader {
     using Step = std::function<bool(std::unique_ptr<CVORec> record)>;
     [[nodiscard]] RowConditions Conditions() const;
     [[nodiscard]] bool IsPeriodAlone() const;
-    [[nodiscard]] bool Walk(const QString& statement, const Step& step);
+    [[nodiscard]] bool Walk(const QString& statement, Ahead ahead, const Step& step);
     [[nodiscard]] bool WalkRowByRow(const QString& statement, const Step& step);
 
     CVelmarchDoc& m_document;

@@ -139,9 +139,9 @@ bool CRecordStore::NextRecord(CVORec& record, QString& id, bool advance) {
     return true;
 }
 
-bool CRecordStore::NextRows(RowTable& rows, std::size_t most) {
+bool CRecordStore::NextRows(RowTable& rows, std::size_t most, Ahead ahead) {
     m_lastError = 0;
-    return m_manager.GetQueryRows(rows, most) || Fail(Text::NextRecordFailed, {});
+    return m_manager.GetQueryRows(rows, most, ahead) || Fail(Text::NextRecordFailed, {});
 }
 
 bool CRecordStore::ReadRecord(CVORec& record, const QString& id) {

@@ -28,7 +28,7 @@ class CRecordStore {
     /// The next row of the query; false with m_lastError 0 after the last one.
     [[nodiscard]] bool NextRecord(CVORec& record, QString& id, bool advance);
     /// The next rows of the query, so many at most; false when they can't be read.
-    [[nodiscard]] bool NextRows(RowTable& rows, std::size_t most);
+    [[nodiscard]] bool NextRows(RowTable& rows, std::size_t most, Ahead ahead = Ahead::No);
     /// A record that isn't as it was written is read, and the user is told.
     [[nodiscard]] bool ReadRecord(CVORec& record, const QString& id);
     [[nodiscard]] bool ModifyRecord(const CVORec& record, const QString& id, ::Commit commit,

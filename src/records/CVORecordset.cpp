@@ -42,8 +42,8 @@ QString CVORecordset::Words() const {
     return words.isEmpty() ? LoadText(Text::UnreadableRow) : words.join(u' ');
 }
 
-bool CVORecordset::GetRows(RowTable& out, std::size_t most) {
-    return m_cursor.Take(out, most);
+bool CVORecordset::GetRows(RowTable& out, std::size_t most, Ahead ahead) {
+    return m_cursor.Take(out, most, ahead);
 }
 
 /// Nothing is cut off in silence: a text that doesn't fit is refused.

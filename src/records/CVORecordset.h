@@ -36,7 +36,8 @@ class CVORecordset {
     [[nodiscard]] VARIANT GetFieldValue(int index) const { return m_cursor.Value(index); }
     [[nodiscard]] QString GetFieldValueString(int index) const { return ToText(m_cursor.Value(index)); }
     /// The remaining rows, so many at most; false when the query can't be read.
-    [[nodiscard]] bool GetRows(RowTable& out, std::size_t most = std::numeric_limits<std::size_t>::max());
+    [[nodiscard]] bool GetRows(RowTable& out, std::size_t most = std::numeric_limits<std::size_t>::max(),
+                               Ahead ahead = Ahead::No);
 
     std::int32_t m_errorCode = 0;         ///< a record's own report of a bad row, see RowError
     std::array<QString, 3> m_errorTexts;  ///< and its words

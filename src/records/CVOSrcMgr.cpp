@@ -191,8 +191,8 @@ bool CVOSrcMgr::GetQueryRecord(CVORec& record, bool& found, bool advance) {
     return !advance || MoveNext();
 }
 
-bool CVOSrcMgr::GetQueryRows(RowTable& rows, std::size_t most) {
-    return !m_recordset || m_recordset->GetRows(rows, most) || FailByFile();
+bool CVOSrcMgr::GetQueryRows(RowTable& rows, std::size_t most, Ahead ahead) {
+    return !m_recordset || m_recordset->GetRows(rows, most, ahead) || FailByFile();
 }
 
 bool CVOSrcMgr::IsEOF() const {

@@ -67,7 +67,7 @@ class CVOSrcMgr {
     [[nodiscard]] bool StandsAt(const QString& statement) const;
     [[nodiscard]] bool GetQueryRecord(CVORec& record, bool& found, bool advance);
     /// The next rows of the query, so many at most.
-    [[nodiscard]] bool GetQueryRows(RowTable& rows, std::size_t most);
+    [[nodiscard]] bool GetQueryRows(RowTable& rows, std::size_t most, Ahead ahead = Ahead::No);
     [[nodiscard]] bool IsEOF() const;
     [[nodiscard]] bool MoveNext();
     [[nodiscard]] bool Insert(const CVORec& record);

@@ -1,11 +1,13 @@
 #include "records/QueryCursor.h"
 
+#include "platform/host/CBeside.h"
 #include "platform/host/Utf8Text.h"
 #include "platform/sqlite/CSqliteFile.h"
 
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -21,6 +23,12 @@ const char* TextOf(sqlite3_stmt* statement, int column) {
 }
 
 }  // namespace
+
+QueryCursor::QueryCursor() = default;
+
+QueryCursor::~QueryCursor() {
+    Close();
+}
 
 bool QueryCursor::Open(CSqliteFile& file, sqlite3_stmt* statement, bool buffered) {
     Close();
@@ -50,6 +58,8 @@ void QueryCursor::Describe() {
 }
 
 void QueryCursor::Close() {
+    m_fetching.reset();
+    m_fetched.reset();
     if (m_statement) sqlite3_reset(m_statement);
     m_statement = nullptr;
     m_table.clear();
@@ -59,9 +69,13 @@ void QueryCursor::Close() {
     m_at = 0;
 }
 
-/// One row on. At the end, and after a failure, the statement lets go of its lock.
+/// One row on.
 bool QueryCursor::Step() {
-    const int result = sqlite3_step(m_statement);
+    return Follow(sqlite3_step(m_statement));
+}
+
+/// At the end, and after a failure, the statement lets go of its lock.
+bool QueryCursor::Follow(int result) {
     if (result == SQLITE_ROW) return true;
     if (result != SQLITE_DONE) m_file->NoteError();
     sqlite3_reset(m_statement);
@@ -133,14 +147,35 @@ void QueryCursor::TakeBuffered(RowTable& out) const {
     out.EndRow();
 }
 
-bool QueryCursor::Take(RowTable& out, std::size_t most) {
+/// The rows from the current one on; what the step behind the last of them has given. It may run beside the
+/// thread of the program: who is told of a failure is left to that.
+int QueryCursor::Fetch(RowTable& out, std::size_t most) const {
     out = RowTable(m_types);
-    while (!IsEof() && out.RowCount() < most) {
-        if (m_statement)
-            TakeRow(out);
-        else
-            TakeBuffered(out);
-        if (!Next()) return false;
+    int result = SQLITE_ROW;
+    while (result == SQLITE_ROW && out.RowCount() < most) {
+        TakeRow(out);
+        result = sqlite3_step(m_statement);
+    }
+    return result;
+}
+
+bool QueryCursor::Take(RowTable& out, std::size_t most, Ahead ahead) {
+    if (!m_statement) {
+        out = RowTable(m_types);
+        for (; m_at < m_buffer.size() && out.RowCount() < most; ++m_at) TakeBuffered(out);
+        return true;
+    }
+    const int result = m_fetching ? TakeFetched(out) : Fetch(out, most);
+    if (!Follow(result)) return false;
+    if (m_statement && ahead == Ahead::Yes) {
+        if (!m_fetching) m_fetching = std::make_unique<CBeside>();
+        m_fetching->Start([this, most] { m_fetched = Fetch(m_next, most); });
     }
     return true;
+}
+
+int QueryCursor::TakeFetched(RowTable& out) {
+    m_fetching->Wait();
+    out = std::move(m_next);
+    return *std::exchange(m_fetched, std::nullopt);
 }
