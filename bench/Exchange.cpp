@@ -1,5 +1,6 @@
 // What backup, verify, restore, export and import cost beside the least that each can cost, over the time
-// records of a home, by the processor's time; and by how much memory grows. Prints "name value", a line each.
+// records of a home, by the clock and by the processors' time; and by how much memory grows. Prints "name
+// value", a line each.
 //   bench-exchange HOME SCRATCH
 
 #include "FloorStore.h"
@@ -69,6 +70,11 @@ void Say(const char* name, double value) {
     std::printf("%s %.3f\n", name, value);
 }
 
+void Say(const std::string& name, const Spent& spent) {
+    Say((name + "_us").c_str(), spent.elapsed);
+    Say((name + "_processor_us").c_str(), spent.processor);
+}
+
 /// The most memory that the process has held so far, in bytes.
 double MostMemory() {
     QFile status(u"/proc/self/status"_s);
@@ -122,13 +128,13 @@ void ReadRows(const QString& home) {
 }
 
 /// A bare prepared insert of rows that are ready, into an empty store of the same tables.
-double InsertRows(const Bench& bench, const std::vector<FloorRow>& rows) {
+Spent InsertRows(const Bench& bench, const std::vector<FloorRow>& rows) {
     const QString path = bench.File(u"floor.store"_s);
     QFile::remove(path);
     FloorStore from(StorePath(bench.home).toStdString()), to(path.toStdString());
     for (const char* name : {"time_velmarch", "time_velmarch_days", "time_velmarch_checks"})
         to.Run(from.Text(std::string("SELECT sql FROM sqlite_schema WHERE name='") + name + '\''));
-    const double took = Took([&] {
+    const Spent took = SpentOn([&] {
         to.Run("BEGIN IMMEDIATE");
         sqlite3_stmt* insert = to.Prepare(InsertSql());
         for (const FloorRow& row : rows) {
@@ -150,7 +156,7 @@ void Backup(Bench& bench) {
     CSecondSource source(bench.home, bench.prompt);
     if (!source.Open()) qFatal("no store");
     const double before = BeginMemory();
-    Say("backup_us", Took([&] {
+    Say("backup", SpentOn([&] {
             if (const auto done =
                     WriteBackup({source, bench.clock, bench.progress}, file, EmptyBackup::Refused);
                 !done)
@@ -158,15 +164,15 @@ void Backup(Bench& bench) {
         }));
     Say("backup_bytes", MostMemory() - before);
     const QByteArray bytes = BytesOf(file);
-    Say("backup_floor_us", Took([&] {
+    Say("backup_floor", SpentOn([&] {
             ReadRows(bench.home);
             static_cast<void>(QCryptographicHash::hash(bytes, QCryptographicHash::Md5));
         }));
 }
 
 /// The digest over the file, and each record made of its bytes.
-double FloorOfVerify(const QByteArray& bytes) {
-    return Took([&] {
+Spent FloorOfVerify(const QByteArray& bytes) {
+    return SpentOn([&] {
         static_cast<void>(QCryptographicHash::hash(bytes, QCryptographicHash::Md5));
         qsizetype at = 40;
         for (;;) {
@@ -184,18 +190,18 @@ double FloorOfVerify(const QByteArray& bytes) {
 /// Into an empty store: what the copy of the present records costs is a backup's cost.
 void VerifyAndRestore(Bench& bench) {
     const QString file = bench.File(u"bench.vbk"_s);
-    Say("verify_floor_us", FloorOfVerify(BytesOf(file)));
+    Say("verify_floor", FloorOfVerify(BytesOf(file)));
     CRestore restore({.prompt = bench.prompt, .clock = bench.clock, .progress = bench.progress});
     const double before = BeginMemory();
-    Say("verify_us", Took([&] {
+    Say("verify", SpentOn([&] {
             if (!restore.Verify(file)) qFatal("not sound");
         }));
     Say("verify_bytes", MostMemory() - before);
-    Say("restore_floor_us", InsertRows(bench, RowsOf(bench.home)));
+    Say("restore_floor", InsertRows(bench, RowsOf(bench.home)));
     const QString home = bench.File(u"restored"_s);
     static_cast<void>(Program(bench, home));
     const double beforeRestore = BeginMemory();
-    Say("restore_us", Took([&] {
+    Say("restore", SpentOn([&] {
             if (const auto done = restore.Run(home, nullptr); !done) qFatal("%s", qPrintable(done.error));
         }));
     Say("restore_bytes", MostMemory() - beforeRestore);
@@ -211,7 +217,7 @@ void Export(Bench& bench) {
     const ColumnNames names{program.app.Catalogue().Labels(), program.app.Settings()};
     CRecordReader reader(program.app.Document(), RecordKind::Time, nullptr);
     const double before = BeginMemory();
-    Say("export_us", Took([&] {
+    Say("export", SpentOn([&] {
             CRecordExport file(path, {.delimiters = PresetDelimiters()}, RecordKind::Time, names);
             const bool isRead =
                 reader.ReadAll(CRecordReader::Order::Any,
@@ -220,7 +226,7 @@ void Export(Bench& bench) {
         }));
     Say("export_bytes", MostMemory() - before);
     const QByteArray bytes = BytesOf(path);
-    Say("export_floor_us", Took([&] {
+    Say("export_floor", SpentOn([&] {
             ReadRows(bench.home);
             CSafeFile file(bench.File(u"floor.csv"_s), FileAudience::UserDefault);
             for (qint64 at = 0; at < bytes.size(); at += kPiece)
@@ -256,7 +262,7 @@ void Import(Bench& bench) {
     const QByteArray bytes = BytesOf(path);
     const std::vector<FloorRow> rows = RowsOf(bench.home);
     volatile std::size_t fields = 0;
-    Say("import_floor_us", Took([&] { fields = ParseBare(bytes); }) + InsertRows(bench, rows));
+    Say("import_floor", SpentOn([&] { fields = ParseBare(bytes); }) + InsertRows(bench, rows));
     Program program(bench, home);
     ActiveTimerSet set{bench.clock};
     CRecordTimers timers{set, program.app.Document(), program.app.Settings()};
@@ -275,7 +281,7 @@ void Import(Bench& bench) {
     if (file.Open(path) != 0 || !program.app.Catalogue().Load()) qFatal("no file");
     CStoredContents stored(request.kind, request.form.form);
     const double before = BeginMemory();
-    Say("import_us", Took([&] {
+    Say("import", SpentOn([&] {
             if (stored.Read(program.app.Document().Store()) != CStoredContents::ReadEnd::Complete)
                 qFatal("no records");
             CRecordImport import(file, request, stored);
