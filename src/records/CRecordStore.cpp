@@ -186,6 +186,11 @@ bool CRecordStore::InsertRecord(const CVORec& record, ::Commit commit) {
     return true;
 }
 
+bool CRecordStore::SettleInserts() {
+    m_lastError = 0;
+    return m_manager.Settle() || Fail(Text::InsertFailed, {});
+}
+
 bool CRecordStore::DeleteRecord(RecordKind kind, const QString& id) {
     m_lastError = 0;
     if (!IsIdentity(id)) return true;  // an absent record is as good as deleted

@@ -37,6 +37,8 @@ class CRecordStore {
     /// row was taken in. It went with the commit, so who wants to know whether it is stored looks at
     /// m_lastError. The same holds for ModifyRecord.
     [[nodiscard]] bool InsertRecord(const CVORec& record, ::Commit commit);
+    /// Waits for the records of a bulk (CVOSrcMgr::Bulk). False when one of them can't be stored.
+    [[nodiscard]] bool SettleInserts();
     [[nodiscard]] bool DeleteRecord(RecordKind kind, const QString& id);
     [[nodiscard]] bool Commit();
     /// Opens one transaction for a batch: what follows, deletes included, is durable with Commit.

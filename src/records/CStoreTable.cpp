@@ -1,13 +1,11 @@
 #include "records/CStoreTable.h"
 
 #include "lang/LoadText.h"
-#include "platform/host/Utf8Text.h"
-#include "platform/sqlite/CCheckSum.h"
 #include "platform/sqlite/CSqliteFile.h"
+#include "records/CStoredRows.h"
 
 #include <sqlite3.h>
 
-#include <QVarLengthArray>
 #include <algorithm>
 
 namespace {
@@ -56,57 +54,10 @@ QByteArray IndexSql(const QString& name, std::span<const FieldDef> fields) {
            " (" + columns.join(", ") + ')';
 }
 
-/// The units of the texts among some values.
-qsizetype UnitsOf(std::span<const VARIANT> values) {
-    qsizetype units = 0;
-    for (const VARIANT& value : values)
-        if (const auto* text = std::get_if<QString>(&value)) units += text->size();
-    return units;
+/// A text that stays as it is until the statement has run.
+void BindText(sqlite3_stmt* statement, int place, const QByteArray& utf8) {
+    sqlite3_bind_text(statement, place, utf8.constData(), static_cast<int>(utf8.size()), SQLITE_STATIC);
 }
-
-/// Binds values to a statement, one place after the other, and sums them up as the store holds them. The
-/// bytes of the texts lie end to end in one piece of memory, as long as this lives: a piece for each text
-/// would cost as much as storing it.
-class CBinder {
- public:
-    /// units: of all texts to come.
-    CBinder(sqlite3_stmt* statement, qsizetype units)
-        : m_statement(statement), m_texts(units * kMostUtf8PerUnit), m_end(m_texts.data()) {}
-
-    void Bind(const VARIANT& value) {
-        ++m_place;
-        std::visit([this](const auto& held) { BindHeld(held); }, value);
-    }
-    [[nodiscard]] std::int64_t Sum() const { return m_sum.Value(); }
-
- private:
-    void BindHeld(std::monostate) {
-        sqlite3_bind_null(m_statement, m_place);
-        m_sum.AddNull();
-    }
-    void BindHeld(const QString& text) {
-        const QByteArrayView bytes(m_end, WriteUtf8(text, m_end));
-        m_end += bytes.size();
-        sqlite3_bind_text(m_statement, m_place, bytes.data(), static_cast<int>(bytes.size()), SQLITE_STATIC);
-        m_sum.AddText(bytes);
-    }
-    void BindHeld(double number) {
-        sqlite3_bind_double(m_statement, m_place, number);
-        m_sum.AddReal(number);
-    }
-    void BindHeld(float number) { BindHeld(static_cast<double>(number)); }
-    void BindHeld(std::int32_t number) {
-        sqlite3_bind_int(m_statement, m_place, number);
-        m_sum.AddInteger(number);
-    }
-    void BindHeld(std::int16_t number) { BindHeld(std::int32_t{number}); }
-
-    sqlite3_stmt* m_statement;
-    QVarLengthArray<char, 2048> m_texts;
-    char* m_end;
-    int m_place = 0;
-    CCheckSum m_sum;
-};
 
 /// The texts stay bound until the statement is handed out again, which unbinds it; nothing reads them any
 /// more.
@@ -115,19 +66,6 @@ bool Step(CSqliteFile& file, sqlite3_stmt* statement) {
     if (!isDone) file.NoteError();
     sqlite3_reset(statement);
     return isDone;
-}
-
-/// Runs a statement of the table, binding the values from the first place on and the key behind them. The
-/// checksum of the values as they are stored; nothing when it fails.
-std::optional<std::int64_t> Run(CSqliteFile& file, const QByteArray& sql, const std::vector<VARIANT>& values,
-                                const QString& key) {
-    sqlite3_stmt* statement = file.Prepare(sql);
-    if (!statement) return std::nullopt;
-    CBinder binder(statement, UnitsOf(values) + key.size());
-    for (const VARIANT& value : values) binder.Bind(value);
-    const std::int64_t sum = binder.Sum();
-    if (static_cast<int>(values.size()) < sqlite3_bind_parameter_count(statement)) binder.Bind(key);
-    return Step(file, statement) ? std::optional(sum) : std::nullopt;
 }
 
 }  // namespace
@@ -207,31 +145,65 @@ bool CStoreTable::Fits(std::span<const FieldDef> fields) const {
     return fits;
 }
 
-/// The key of a row is its last value.
-bool CStoreTable::Insert(CSqliteFile& file, const std::vector<VARIANT>& values) const {
-    const auto sum = Run(file, m_insert, values, {});
-    return sum && PutCheck(file, values.back(), *sum);
+bool CStoreTable::Prepare(CSqliteFile& file, Adding& adding) const {
+    adding = {};
+    adding.m_insert = file.Prepare(m_insert);
+    if (m_hasChecks && adding.m_insert) adding.m_putCheck = file.Prepare(m_checks->PutSql());
+    return adding.m_insert && (adding.m_putCheck || !m_hasChecks);
 }
 
-bool CStoreTable::Modify(CSqliteFile& file, const QString& key, const std::vector<VARIANT>& values,
-                         bool& found) const {
-    const auto sum = Run(file, m_modify, values, key);
-    if (!sum) return false;
+void CStoreTable::Adding::Run(const CStoredRows& rows) {
+    const auto step = [this](sqlite3_stmt* statement) {
+        if (sqlite3_step(statement) != SQLITE_DONE) m_failed = statement;
+        if (!m_failed) sqlite3_reset(statement);
+    };
+    for (std::size_t row = 0; row < rows.Count() && !m_failed; ++row) {
+        rows.Bind(row, m_insert);
+        step(m_insert);
+        if (!m_putCheck || m_failed) continue;
+        rows.BindKey(row, m_putCheck, 1);
+        sqlite3_bind_int64(m_putCheck, 2, rows.Sum(row));
+        step(m_putCheck);
+    }
+}
+
+/// The connection knows the last failure until its statement is reset. A row whose checksum can't be written
+/// isn't left behind in a batch that goes on: the batch is undone, as SQLite does by itself after other
+/// failures of the disk.
+bool CStoreTable::Finish(CSqliteFile& file, Adding& adding) const {
+    if (!adding.m_failed) return true;
+    file.NoteError();
+    sqlite3_reset(adding.m_failed);
+    if (adding.m_failed == adding.m_putCheck) file.Undo();
+    return false;
+}
+
+bool CStoreTable::Insert(CSqliteFile& file, const CStoredRows& rows) const {
+    Adding adding;
+    if (!Prepare(file, adding)) return false;
+    adding.Run(rows);
+    return Finish(file, adding);
+}
+
+bool CStoreTable::Modify(CSqliteFile& file, const QString& key, const CStoredRows& row, bool& found) const {
+    sqlite3_stmt* statement = file.Prepare(m_modify);
+    if (!statement) return false;
+    const QByteArray of = key.toUtf8();
+    row.Bind(0, statement);
+    BindText(statement, static_cast<int>(m_columns.size()) + 1, of);
+    if (!Step(file, statement)) return false;
     found = sqlite3_changes(file.Handle()) > 0;
-    return !found || PutCheck(file, values.back(), *sum);
+    return !found || PutCheck(file, row);
 }
 
-/// A row whose checksum can't be written isn't left behind in a batch that goes on: the batch is undone, as
-/// SQLite does by itself after other failures of the disk.
-bool CStoreTable::PutCheck(CSqliteFile& file, const VARIANT& key, std::int64_t sum) const {
+bool CStoreTable::PutCheck(CSqliteFile& file, const CStoredRows& row) const {
     if (!m_hasChecks) return true;
     if (sqlite3_stmt* statement = file.Prepare(m_checks->PutSql())) {
-        CBinder binder(statement, UnitsOf({&key, 1}));
-        binder.Bind(key);
-        sqlite3_bind_int64(statement, 2, sum);
+        row.BindKey(0, statement, 1);
+        sqlite3_bind_int64(statement, 2, row.Sum(0));
         if (Step(file, statement)) return true;
     }
-    if (file.InTransaction()) (void)file.Execute("ROLLBACK");
+    file.Undo();
     return false;
 }
 
@@ -240,8 +212,8 @@ bool CStoreTable::IsAsWritten(CSqliteFile& file, const QString& key) const {
     if (!m_hasChecks) return true;
     sqlite3_stmt* statement = file.Prepare(m_checks->CompareSql());
     if (!statement) return true;
-    CBinder binder(statement, key.size());
-    binder.Bind(key);
+    const QByteArray of = key.toUtf8();
+    BindText(statement, 1, of);
     const bool isOther = sqlite3_step(statement) == SQLITE_ROW && sqlite3_column_int(statement, 0) == 0;
     sqlite3_reset(statement);
     return !isOther;

@@ -13,6 +13,8 @@
 #include <vector>
 
 class CSqliteFile;
+class CStoredRows;
+struct sqlite3_stmt;
 
 /// One of the store's tables: its columns by name and the statements that write a row. The key is the last
 /// column.
@@ -35,10 +37,26 @@ class CStoreTable {
     /// Whether the columns are those of a record, in its order.
     [[nodiscard]] bool Fits(std::span<const FieldDef> fields) const;
 
-    /// Each takes the values of all columns in order. False on failure: the file has noted why.
-    [[nodiscard]] bool Insert(CSqliteFile& file, const std::vector<VARIANT>& values) const;
-    /// Overwrites the row of a key; found tells whether there was one.
-    [[nodiscard]] bool Modify(CSqliteFile& file, const QString& key, const std::vector<VARIANT>& values,
+    /// Adding rows to the table, in three steps: the one between the other two may be another thread's.
+    class Adding {
+     public:
+        /// Touches nothing but these statements and the rows. It ends with the first row that can't be added.
+        void Run(const CStoredRows& rows);
+
+     private:
+        friend class CStoreTable;
+        sqlite3_stmt* m_insert = nullptr;
+        sqlite3_stmt* m_putCheck = nullptr;  ///< null where the table has no checksums
+        sqlite3_stmt* m_failed = nullptr;    ///< one of them
+    };
+    /// Each is false on failure: the file has noted why.
+    [[nodiscard]] bool Prepare(CSqliteFile& file, Adding& adding) const;
+    [[nodiscard]] bool Finish(CSqliteFile& file, Adding& adding) const;
+
+    /// All of it at once, with the same failures.
+    [[nodiscard]] bool Insert(CSqliteFile& file, const CStoredRows& rows) const;
+    /// Overwrites the row of a key by another one; found tells whether there was one.
+    [[nodiscard]] bool Modify(CSqliteFile& file, const QString& key, const CStoredRows& row,
                               bool& found) const;
     /// Whether the row of a key is as it was written; true also for one without a checksum.
     [[nodiscard]] bool IsAsWritten(CSqliteFile& file, const QString& key) const;
@@ -49,7 +67,7 @@ class CStoreTable {
  private:
     explicit CStoreTable(std::vector<QString> columns) : m_columns(std::move(columns)) {}
     void Compose(const QByteArray& name);
-    [[nodiscard]] bool PutCheck(CSqliteFile& file, const VARIANT& key, std::int64_t sum) const;
+    [[nodiscard]] bool PutCheck(CSqliteFile& file, const CStoredRows& row) const;
 
     std::vector<QString> m_columns;
     mutable const FieldDef* m_fitting = nullptr;  ///< the columns that were found to fit: asked at each write

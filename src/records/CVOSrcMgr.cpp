@@ -3,6 +3,7 @@
 #include "lang/LoadText.h"
 #include "platform/sqlite/CSqliteFile.h"
 #include "platform/sqlite/SqliteErrors.h"
+#include "records/CBulkInsert.h"
 #include "records/CStoreJournal.h"
 #include "records/CStoreTable.h"
 
@@ -11,6 +12,8 @@
 #include <QDir>
 #include <QHash>
 #include <QStringList>
+#include <optional>
+#include <span>
 #include <utility>
 
 namespace {
@@ -28,8 +31,20 @@ constexpr std::int32_t kUnnamedFailure = -2147352567;
 /// The connection with what is known about its tables and its open transaction.
 class CVOSrcMgr::Impl {
  public:
-    CSqliteFile file;
-
+    /// Nothing is on its way into it.
+    [[nodiscard]] CSqliteFile& File() {
+        static_cast<void>(Settle());
+        return m_file;
+    }
+    void BeginBulk() { m_bulk.emplace(m_file); }
+    void EndBulk() { m_bulk.reset(); }
+    [[nodiscard]] bool Settle() { return !m_bulk || m_bulk->Settle(); }
+    /// Without waiting for what is on its way into it.
+    [[nodiscard]] bool InTransaction() const {
+        return (m_bulk && m_bulk->IsUnderWay()) || m_file.InTransaction();
+    }
+    [[nodiscard]] bool Insert(const Table& table, std::span<const VARIANT> values);
+    [[nodiscard]] const CStoredRows& AsStored(std::span<const VARIANT> values);
     [[nodiscard]] Table TableOf(const QByteArray& name);
     void ForgetTables() {
         m_last = {};
@@ -39,15 +54,28 @@ class CVOSrcMgr::Impl {
     void LookForDamage(const QByteArrayList& tables);
 
  private:
+    CSqliteFile m_file;
+    std::optional<CBulkInsert> m_bulk;
+    CStoredRows m_row;  ///< that is written
     QHash<QByteArray, Table> m_tables;
     std::pair<QByteArray, Table> m_last;  ///< that was asked for: a million records in a row go into one
 };
+
+const CStoredRows& CVOSrcMgr::Impl::AsStored(std::span<const VARIANT> values) {
+    m_row.Clear();
+    m_row.Add(values);
+    return m_row;
+}
+
+bool CVOSrcMgr::Impl::Insert(const Table& table, std::span<const VARIANT> values) {
+    return m_bulk ? m_bulk->Add(table, values) : table->Insert(m_file, AsStored(values));
+}
 
 CVOSrcMgr::Table CVOSrcMgr::Impl::TableOf(const QByteArray& name) {
     if (m_last.second && m_last.first == name) return m_last.second;
     Table& known = m_tables[name];
     if (!known) {
-        if (auto table = CStoreTable::Look(file, name))
+        if (auto table = CStoreTable::Look(File(), name))
             known = std::make_shared<CStoreTable>(std::move(*table));
     }
     m_last = {name, known};
@@ -57,10 +85,10 @@ CVOSrcMgr::Table CVOSrcMgr::Impl::TableOf(const QByteArray& name) {
 /// The check of the whole file doesn't look into the rows, some of which can't be read all the same; reading
 /// such a row notes the damage.
 void CVOSrcMgr::Impl::LookForDamage(const QByteArrayList& tables) {
-    if (!file.IntegrityReport().isEmpty()) return file.NoteDamage();
+    if (!m_file.IntegrityReport().isEmpty()) return m_file.NoteDamage();
     QStringList faults;
     for (const QByteArray& name : tables)
-        if (const Table table = TableOf(name)) static_cast<void>(table->FindFaults(file, faults));
+        if (const Table table = TableOf(name)) static_cast<void>(table->FindFaults(m_file, faults));
 }
 
 CVOSrcMgr::CVOSrcMgr() : m_impl(std::make_unique<Impl>()) {}
@@ -72,16 +100,16 @@ CVOSrcMgr::~CVOSrcMgr() {
 }
 
 CSqliteFile& CVOSrcMgr::File() {
-    return m_impl->file;
+    return m_impl->File();
 }
 
 void CVOSrcMgr::SetJournal(CStoreJournal* journal) {
     m_journal = journal;
-    m_impl->file.Watch(journal ? &journal->Rows() : nullptr);
+    m_impl->File().Watch(journal ? &journal->Rows() : nullptr);
 }
 
 bool CVOSrcMgr::FailByFile() {
-    return Fail(m_impl->file.ErrorCode(), m_impl->file.Error());
+    return Fail(m_impl->File().ErrorCode(), m_impl->File().Error());
 }
 
 bool CVOSrcMgr::Fail(std::int32_t code, const QString& words) {
@@ -100,11 +128,11 @@ bool CVOSrcMgr::InitDataSrc(eActionDisposition& source, eActionDisposition& seco
     second = eActionDisposition::Existed;
     const QString path = QDir(m_directory).filePath(m_fileName);
     const OpenOutcome outcome =
-        m_impl->file.Open(path, {kApplicationId, kVersion, m_busySeconds}, m_mayCreate);
-    if (!m_impl->file.IsOpen()) return FailByFile();
-    const auto tables = CStoreTable::Names(m_impl->file);
+        m_impl->File().Open(path, {kApplicationId, kVersion, m_busySeconds}, m_mayCreate);
+    if (!m_impl->File().IsOpen()) return FailByFile();
+    const auto tables = CStoreTable::Names(m_impl->File());
     if (!tables) {
-        m_impl->file.Close();
+        m_impl->File().Close();
         return FailByFile();
     }
     if (m_isSuspect) m_impl->LookForDamage(*tables);
@@ -118,27 +146,27 @@ bool CVOSrcMgr::InitDataSrc(eActionDisposition& source, eActionDisposition& seco
 /// used without.
 void CVOSrcMgr::TakeOver(const QByteArrayList& tables) {
     for (const QByteArray& name : tables)
-        if (auto table = CStoreTable::Look(m_impl->file, name))
-            static_cast<void>(table->MakeChecks(m_impl->file));
+        if (auto table = CStoreTable::Look(m_impl->File(), name))
+            static_cast<void>(table->MakeChecks(m_impl->File()));
 }
 
 bool CVOSrcMgr::IsAsWritten(const QString& table, const QString& id) {
     const Table known = m_impl->TableOf(table.toUtf8());
-    return !known || known->IsAsWritten(m_impl->file, id);
+    return !known || known->IsAsWritten(m_impl->File(), id);
 }
 
 bool CVOSrcMgr::FindFaults(const QString& table, QStringList& ids) {
     const Table known = m_impl->TableOf(table.toUtf8());
-    return (known && known->FindFaults(m_impl->file, ids)) || FailByFile();
+    return (known && known->FindFaults(m_impl->File(), ids)) || FailByFile();
 }
 
 bool CVOSrcMgr::InitDataSrcTable(const QString& name, const CVORec& description) {
-    return CStoreTable::Make(m_impl->file, name, description.GetFieldDefs()) || FailByFile();
+    return CStoreTable::Make(m_impl->File(), name, description.GetFieldDefs()) || FailByFile();
 }
 
 /// A file that was moved away or replaced would take every change and lose it.
 bool CVOSrcMgr::CheckPlace() {
-    const CSqliteFile& file = m_impl->file;
+    const CSqliteFile& file = m_impl->File();
     if (!file.IsOpen() || file.IsStillInPlace()) return true;
     return Fail(SQLITE_READONLY_DBMOVED, SqliteSentence(SQLITE_READONLY_DBMOVED, 0, file.Path(), {}));
 }
@@ -146,7 +174,7 @@ bool CVOSrcMgr::CheckPlace() {
 /// The transaction of the next change. Where SQLite has undone it by itself nothing more goes into the store:
 /// the rest of a batch is not to be written without its beginning.
 bool CVOSrcMgr::EnterTransaction() {
-    CSqliteFile& file = m_impl->file;
+    CSqliteFile& file = m_impl->File();
     if (file.InTransaction()) return true;
     if (file.WasUndone()) return Fail(SQLITE_ABORT, LoadText(Text::BatchLost));
     m_lastQuery.clear();  // other programs may have changed the tables before
@@ -157,25 +185,25 @@ bool CVOSrcMgr::Query(const QString& statement, bool updatable) {
     CloseQuery();
     if (!m_recordset) m_recordset = std::make_unique<CVORecordset>();
     // Within a batch the look at the file is left to its commit.
-    if (!m_impl->file.InTransaction() && !CheckPlace()) return false;
+    if (!m_impl->File().InTransaction() && !CheckPlace()) return false;
     const QByteArray sql = statement.trimmed().toUtf8();
-    sqlite3_stmt* prepared = m_impl->file.Prepare(sql);
+    sqlite3_stmt* prepared = m_impl->File().Prepare(sql);
     if (!prepared) return FailByFile();
     if (qstrlen(sqlite3_sql(prepared)) != static_cast<std::size_t>(sql.size()))
         return Fail(SQLITE_MISUSE, LoadText(Text::OneStatementOnly));
     if (!sqlite3_stmt_readonly(prepared)) return RunChange(sql);
-    if (!m_recordset->m_cursor.Open(m_impl->file, prepared, updatable)) return FailByFile();
+    if (!m_recordset->m_cursor.Open(m_impl->File(), prepared, updatable)) return FailByFile();
     m_lastQuery = statement;
     return true;
 }
 
 bool CVOSrcMgr::StandsAt(const QString& statement) const {
-    return m_impl->file.InTransaction() && m_lastQuery == statement;
+    return m_impl->InTransaction() && m_lastQuery == statement;
 }
 
 /// Outside of a transaction the change is one by itself, and durable when this returns.
 bool CVOSrcMgr::RunChange(const QByteArray& sql) {
-    CSqliteFile& file = m_impl->file;
+    CSqliteFile& file = m_impl->File();
     const bool isOwn = !file.InTransaction();
     if (!EnterTransaction()) return false;
     if (!file.Execute(sql)) return FailChange(isOwn);
@@ -183,6 +211,7 @@ bool CVOSrcMgr::RunChange(const QByteArray& sql) {
 }
 
 bool CVOSrcMgr::GetQueryRecord(CVORec& record, bool& found, bool advance) {
+    if (!Settle()) return false;
     found = m_recordset && !m_recordset->m_cursor.IsEof();
     if (!found) return true;
     m_recordset->m_errorCode = 0;
@@ -192,6 +221,7 @@ bool CVOSrcMgr::GetQueryRecord(CVORec& record, bool& found, bool advance) {
 }
 
 bool CVOSrcMgr::GetQueryRows(RowTable& rows, std::size_t most, Ahead ahead) {
+    if (!Settle()) return false;
     return !m_recordset || m_recordset->GetRows(rows, most, ahead) || FailByFile();
 }
 
@@ -200,6 +230,7 @@ bool CVOSrcMgr::IsEOF() const {
 }
 
 bool CVOSrcMgr::MoveNext() {
+    if (!Settle()) return false;
     return !m_recordset || m_recordset->m_cursor.Next() || FailByFile();
 }
 
@@ -215,16 +246,16 @@ bool CVOSrcMgr::FillRow(const CVORec& record, Table& table) {
 
 /// Leaves the transaction that a failed change has opened for itself.
 bool CVOSrcMgr::FailChange(bool isOwn) {
-    if (isOwn) m_impl->file.Rollback();
+    if (isOwn) m_impl->File().Rollback();
     return FailByFile();
 }
 
 bool CVOSrcMgr::Insert(const CVORec& record) {
     Table table;
     if (!FillRow(record, table)) return false;
-    const bool isOwn = !m_impl->file.InTransaction();
-    if (!EnterTransaction()) return false;
-    return table->Insert(m_impl->file, m_recordset->m_written) || FailChange(isOwn);
+    const bool isOwn = !m_impl->InTransaction();
+    if (isOwn && !EnterTransaction()) return false;
+    return m_impl->Insert(table, m_recordset->m_written) || FailChange(isOwn);
 }
 
 bool CVOSrcMgr::Modify(const CVORec& record) {
@@ -233,19 +264,20 @@ bool CVOSrcMgr::Modify(const CVORec& record) {
     const QueryCursor& cursor = m_recordset->m_cursor;
     if (cursor.IsEof()) return Fail(SQLITE_NOTFOUND, LoadText(Text::RecordGone));
     const QString key = ToText(cursor.Value(cursor.ColumnOf(table->KeyColumn())));
-    const bool isOwn = !m_impl->file.InTransaction();
+    const bool isOwn = !m_impl->File().InTransaction();
     if (!EnterTransaction()) return false;
     bool found = false;
-    if (!table->Modify(m_impl->file, key, m_recordset->m_written, found)) return FailChange(isOwn);
+    if (!table->Modify(m_impl->File(), key, m_impl->AsStored(m_recordset->m_written), found))
+        return FailChange(isOwn);
     if (found) return true;
-    if (isOwn) m_impl->file.Rollback();
+    if (isOwn) m_impl->File().Rollback();
     return Fail(SQLITE_NOTFOUND, LoadText(Text::RecordGone));
 }
 
 /// A commit that fails is given up: written later, it could undo what another program has changed since.
 bool CVOSrcMgr::Update() {
     if (!HasOpenChanges()) return true;
-    const bool isDone = EnterTransaction() && CheckPlace() && (m_impl->file.Commit() || FailByFile());
+    const bool isDone = EnterTransaction() && CheckPlace() && (m_impl->File().Commit() || FailByFile());
     if (!isDone) Discard();
     return isDone;
 }
@@ -254,28 +286,41 @@ bool CVOSrcMgr::BeginBatch() {
     return EnterTransaction();
 }
 
+CVOSrcMgr::Bulk::Bulk(CVOSrcMgr& manager) : m_manager(manager) {
+    m_manager.m_impl->BeginBulk();
+}
+
+CVOSrcMgr::Bulk::~Bulk() {
+    m_manager.m_impl->EndBulk();
+}
+
+bool CVOSrcMgr::Settle() {
+    return m_impl->Settle() || FailByFile();
+}
+
 bool CVOSrcMgr::BeginRead() {
-    return CheckPlace() && (m_impl->file.BeginRead() || FailByFile());
+    return CheckPlace() && (m_impl->File().BeginRead() || FailByFile());
 }
 
 void CVOSrcMgr::Discard() {
     CloseQuery();
-    m_impl->file.Rollback();
+    m_impl->File().Rollback();
 }
 
 bool CVOSrcMgr::HasOpenChanges() const {
-    return m_impl->file.InTransaction() || m_impl->file.WasUndone();
+    return m_impl->File().InTransaction() || m_impl->File().WasUndone();
 }
 
 bool CVOSrcMgr::IsBatchUntouched() const {
-    return m_impl->file.IsUntouched();
+    return m_impl->File().IsUntouched();
 }
 
 bool CVOSrcMgr::IsUnconfirmed() const {
-    return m_impl->file.IsUnconfirmed();
+    return m_impl->File().IsUnconfirmed();
 }
 
 void CVOSrcMgr::CloseQuery() {
+    static_cast<void>(Settle());
     m_lastQuery.clear();
     if (m_recordset) m_recordset->m_cursor.Close();
 }
@@ -284,5 +329,5 @@ void CVOSrcMgr::Close() {
     Discard();
     m_recordset.reset();
     m_impl->ForgetTables();
-    m_impl->file.Close();
+    m_impl->File().Close();
 }

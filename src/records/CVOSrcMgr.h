@@ -76,6 +76,21 @@ class CVOSrcMgr {
 
     /// Opens the transaction of a batch, so that deletes join it until Update.
     [[nodiscard]] bool BeginBatch();
+    /// While one lives, the records that are inserted into the batch which is open are put into the store in
+    /// a thread of its own; whatever else is done with the store waits for them first. One that can't be put
+    /// there fails a later call, Update at the latest, and the whole batch is undone.
+    class [[nodiscard]] Bulk {
+     public:
+        explicit Bulk(CVOSrcMgr& manager);
+        ~Bulk();
+        Bulk(const Bulk&) = delete;
+        Bulk& operator=(const Bulk&) = delete;
+
+     private:
+        CVOSrcMgr& m_manager;
+    };
+    /// Waits for the records that are on their way. False when one of a bulk can't be put into the store.
+    [[nodiscard]] bool Settle();
     /// Opens a transaction in which everything is read as of one moment, until Discard. Nothing is changed in
     /// it, and other programs that want to store something wait.
     [[nodiscard]] bool BeginRead();

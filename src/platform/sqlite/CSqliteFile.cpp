@@ -140,6 +140,7 @@ bool CSqliteFile::Connect(const SqliteFileKind& kind) {
 /// SQLite's busy handler: 0 gives up. Where no file can be locked waiting is no use.
 int CSqliteFile::OnBusy(void* self, int count) {
     auto& file = *static_cast<CSqliteFile*>(self);
+    if (file.m_isLent) return 0;
     if (count == 0) file.m_lacksLocks = LacksLocks(file.m_path);
     return !file.m_lacksLocks && file.m_lockWait->Wait(count) ? 1 : 0;
 }
@@ -393,8 +394,12 @@ bool CSqliteFile::ConfirmCommit() {
 /// Keeps the error that led here.
 void CSqliteFile::Rollback() {
     m_began = false;
-    if (InTransaction()) sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
+    Undo();
     TellEnd(false);
+}
+
+void CSqliteFile::Undo() {
+    if (InTransaction()) sqlite3_exec(m_db, "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
 bool CSqliteFile::InTransaction() const {

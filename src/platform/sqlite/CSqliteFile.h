@@ -61,6 +61,8 @@ class CSqliteFile {
     /// the disk although its last step, the end of the journal, is done.
     [[nodiscard]] bool Commit();
     void Rollback();
+    /// Undoes the transaction and leaves it at that: WasUndone from now on.
+    void Undo();
     [[nodiscard]] bool InTransaction() const;
     /// A statement has failed in such a way that SQLite has undone the whole transaction by itself, a full
     /// disk for instance. What follows would be written by itself, without what came before: nothing may be
@@ -83,6 +85,11 @@ class CSqliteFile {
     void NoteDamage();
     /// Called when damage is met for the first time.
     void OnDamage(const std::function<void()>& listener) { m_onDamage = listener; }
+
+    /// Within a transaction another thread may run its statements, while this one doesn't use the file:
+    /// nobody is waited for then, as whoever waits serves messages. What would have to wait stays in memory
+    /// until the commit.
+    void Lend(bool isLent) { m_isLent = isLent; }
 
     /// Who hears of transactions and of the rows that they change, from the next transaction on; null:
     /// nobody. Must outlive the file, or take itself away before.
@@ -132,6 +139,7 @@ class CSqliteFile {
     CRowListener* m_listener = nullptr;
     bool m_isHeard = false;  ///< the listener has heard of the beginning of the transaction
     bool m_isMemory = false;
+    bool m_isLent = false;
     bool m_lacksLocks = false;  ///< the file system refuses every lock
     std::uint64_t m_device = 0;
     std::uint64_t m_inode = 0;
