@@ -144,7 +144,7 @@ Outcome CRecordChanges::AddInTransaction(CRecordSource& source, Hold hold,
     if (!transaction.IsOpen()) return Outcome::Failed(Outcome::Failure::Opening);
     m_context.progress.Begin(source.Progress(), source.Count());
     Outcome outcome = Outcome::Nothing();
-    WalkSource(source, hold, outcome);
+    WalkAndStore(source, hold, outcome);
     if (outcome && !(items = m_context.catalogue.PutItems(source.ListTexts())))
         outcome = Outcome::Failed(Outcome::Failure::Item);
     if (outcome)
@@ -153,6 +153,14 @@ Outcome CRecordChanges::AddInTransaction(CRecordSource& source, Hold hold,
         outcome.commit = CommitEnd::Undone;
     m_context.progress.End();
     return outcome;
+}
+
+/// What has failed by then isn't known before the last record is stored.
+void CRecordChanges::WalkAndStore(CRecordSource& source, Hold hold, Outcome& outcome) {
+    CRecordStore& store = m_context.document.Store();
+    const CVOSrcMgr::Bulk bulk(store.Manager());
+    WalkSource(source, hold, outcome);
+    if (outcome && !store.SettleInserts()) outcome = Outcome::Failed(Outcome::Failure::Record);
 }
 
 void CRecordChanges::WalkSource(CRecordSource& source, Hold hold, Outcome& outcome) {

@@ -113,6 +113,7 @@ class CRecordChanges {
 
     [[nodiscard]] Outcome AddInTransaction(CRecordSource& source, Hold hold,
                                            std::optional<CPulldownCatalogue::NewItems>& items);
+    void WalkAndStore(CRecordSource& source, Hold hold, Outcome& outcome);
     void WalkSource(CRecordSource& source, Hold hold, Outcome& outcome);
     [[nodiscard]] Outcome Run(const Batch& batch);
     [[nodiscard]] Outcome RunInTransaction(const Batch& batch);

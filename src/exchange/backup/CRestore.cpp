@@ -34,22 +34,27 @@ QString SafetyCopyName(const SYSTEMTIME& time) {
 /// Puts the records of a backup into their tables as they come: all of one table, then all of the next.
 class CTableFiller {
  public:
-    explicit CTableFiller(CSecondSource& source) : m_source(source) {}
+    explicit CTableFiller(CSecondSource& source) : m_source(source), m_bulk(source.Manager()) {}
 
     [[nodiscard]] QString Put(CVORec& record) {
         if (m_kind != record.Kind() && !Turn(record.Kind())) return LoadText(Text::RestoreTableNotOpen);
-        const CVOSrcMgr& manager = m_source.Manager();
-        return m_source.Manager().Insert(record) ? QString()
-                                                 : InsertFailure(manager.m_errorCode, manager.m_error);
+        return EndOf(m_source.Manager().Insert(record));
     }
+    /// Behind the last record.
+    [[nodiscard]] QString Finish() { return EndOf(m_source.Manager().Settle()); }
 
  private:
+    [[nodiscard]] QString EndOf(bool isDone) {
+        const CVOSrcMgr& manager = m_source.Manager();
+        return isDone ? QString() : InsertFailure(manager.m_errorCode, manager.m_error);
+    }
     [[nodiscard]] bool Turn(RecordKind kind) {
         m_kind = kind;
         return m_source.Manager().Query(m_source.Store().SelectAll(kind) + LoadText(Text::SqlNoRows), true);
     }
 
     CSecondSource& m_source;
+    CVOSrcMgr::Bulk m_bulk;
     std::optional<RecordKind> m_kind;
 };
 
@@ -181,5 +186,5 @@ QString CRestore::Fill(CSecondSource& source) {
                                    .ReadAgain(FormatText<Text::ProgressRestore>(m_verified.Total()),
                                               [&](CVORec& record) { return tables.Put(record); });
     if (!read) return read.error;
-    return read.content == m_verified ? QString() : LoadText(Text::RestoreChanged);
+    return read.content == m_verified ? tables.Finish() : LoadText(Text::RestoreChanged);
 }
