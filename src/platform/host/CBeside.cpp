@@ -16,17 +16,17 @@ CBeside::~CBeside() {
 
 void CBeside::Start(std::function<void()> work) {
     if (!HasThread()) return work();
-    Wait();
     {
-        const std::lock_guard lock(m_guard);
-        m_work = std::move(work);
+        std::unique_lock lock(m_guard);
+        m_changed.wait(lock, [this] { return !m_next; });
+        m_next = std::move(work);
     }
     m_changed.notify_all();
 }
 
 void CBeside::Wait() {
     std::unique_lock lock(m_guard);
-    m_changed.wait(lock, [this] { return !m_work; });
+    m_changed.wait(lock, [this] { return !m_next && !m_isBusy; });
 }
 
 bool CBeside::HasThread() {
@@ -42,12 +42,15 @@ bool CBeside::HasThread() {
 void CBeside::Serve() {
     std::unique_lock lock(m_guard);
     for (;;) {
-        m_changed.wait(lock, [this] { return m_work || m_isOver; });
-        if (!m_work) return;
+        m_changed.wait(lock, [this] { return m_next || m_isOver; });
+        if (!m_next) return;
+        const std::function<void()> work = std::exchange(m_next, nullptr);
+        m_isBusy = true;
         lock.unlock();
-        m_work();
+        m_changed.notify_all();
+        work();
         lock.lock();
-        m_work = nullptr;
+        m_isBusy = false;
         m_changed.notify_all();
     }
 }

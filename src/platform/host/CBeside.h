@@ -18,9 +18,10 @@ class CBeside {
     CBeside(const CBeside&) = delete;
     CBeside& operator=(const CBeside&) = delete;
 
-    /// Waits for the piece before.
+    /// Behind the piece that is under way, if there is one; where another one waits already, it is waited for
+    /// that to begin. So when this returns all pieces but the last two are done.
     void Start(std::function<void()> work);
-    /// Until nothing is under way.
+    /// Until nothing waits or is under way.
     void Wait();
 
  private:
@@ -30,6 +31,7 @@ class CBeside {
     std::thread m_thread;
     std::mutex m_guard;
     std::condition_variable m_changed;
-    std::function<void()> m_work;  ///< to be done or under way; none: nothing is
+    std::function<void()> m_next;  ///< waits; none: nothing does
+    bool m_isBusy = false;
     bool m_isOver = false;
 };

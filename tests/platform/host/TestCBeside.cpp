@@ -3,6 +3,8 @@
 #include "support/TestProgram.h"
 
 #include <QTest>
+#include <atomic>
+#include <chrono>
 #include <future>
 #include <memory>
 #include <thread>
@@ -13,6 +15,7 @@ class TestCBeside : public QObject {
 
  private Q_SLOTS:
     void theCallerGoesOn();
+    void onePieceMayWait();
     void onePieceAfterTheOther();
     void theSameThreadDoesAll();
     void waitingForNothing();
@@ -28,6 +31,28 @@ void TestCBeside::theCallerGoesOn() {
     said.set_value(7);
     beside.Wait();
     QCOMPARE(heard, 7);
+}
+
+/// And only one: the room of the piece before those two can be used again.
+void TestCBeside::onePieceMayWait() {
+    std::promise<void> first;
+    std::atomic<int> done = 0;
+    CBeside beside;
+    beside.Start([&] {
+        first.get_future().wait();
+        ++done;
+    });
+    beside.Start([&] { ++done; });
+    QCOMPARE(done.load(), 0);
+    std::thread later([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        first.set_value();
+    });
+    beside.Start([&] { ++done; });
+    QVERIFY(done.load() >= 1);
+    beside.Wait();
+    QCOMPARE(done.load(), 3);
+    later.join();
 }
 
 void TestCBeside::onePieceAfterTheOther() {
