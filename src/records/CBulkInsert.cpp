@@ -16,36 +16,37 @@ constexpr qsizetype kBytes = 1 << 18;
 bool CBulkInsert::Add(const std::shared_ptr<const CStoreTable>& table, std::span<const VARIANT> values) {
     if (m_table != table && !Settle()) return false;
     m_table = table;
-    m_made.Add(values);
-    const bool isFull = m_made.Count() >= kRows || m_made.Bytes() >= kBytes;
+    CStoredRows& piece = m_pieces[m_made];
+    piece.Add(values);
+    const bool isFull = piece.Count() >= kRows || piece.Bytes() >= kBytes;
     return !isFull || HandOver();
 }
 
 bool CBulkInsert::Settle() {
-    return m_made.Count() > 0 ? HandOver() && Finish() : Finish();
+    return m_pieces[m_made].Count() > 0 ? HandOver() && Finish() : Finish();
 }
 
-/// The piece that is made goes under way, once that before it is in the file.
 bool CBulkInsert::HandOver() {
-    if (!Finish()) return false;
-    if (!m_table->Prepare(m_file, m_adding)) return GiveUp();
-    std::swap(m_made, m_underWay);
+    if (m_isUnderWay && m_adding.HasFailed()) return Finish();
+    if (!m_isUnderWay && !m_table->Prepare(m_file, m_adding)) return GiveUp();
+    m_isUnderWay = true;
     m_file.Lend(true);
-    m_beside.Start([this] { m_adding.Run(m_underWay); });
+    m_beside.Start([this, &piece = m_pieces[m_made]] { m_adding.Run(piece); });
+    m_made = (m_made + 1) % m_pieces.size();
+    m_pieces[m_made].Clear();
     return true;
 }
 
-/// The piece under way, if there is one.
 bool CBulkInsert::Finish() {
-    if (m_underWay.Count() == 0) return true;
+    if (!m_isUnderWay) return true;
     m_beside.Wait();
+    m_isUnderWay = false;
     m_file.Lend(false);
-    m_underWay.Clear();
     return m_table->Finish(m_file, m_adding) || GiveUp();
 }
 
 bool CBulkInsert::GiveUp() {
-    m_made.Clear();
+    m_pieces[m_made].Clear();
     m_file.Undo();
     return false;
 }

@@ -4,6 +4,8 @@
 #include "records/CStoreTable.h"
 #include "records/CStoredRows.h"
 
+#include <array>
+#include <cstddef>
 #include <memory>
 #include <span>
 
@@ -26,8 +28,8 @@ class CBulkInsert {
     [[nodiscard]] bool Add(const std::shared_ptr<const CStoreTable>& table, std::span<const VARIANT> values);
     /// Until all rows are in the file; false as with Add.
     [[nodiscard]] bool Settle();
-    /// Rows are waiting or under way: the transaction is open, as far as is known.
-    [[nodiscard]] bool IsUnderWay() const { return m_made.Count() > 0 || m_underWay.Count() > 0; }
+    /// Rows are made or under way: the transaction is open, as far as is known.
+    [[nodiscard]] bool IsBusy() const { return m_isUnderWay || m_pieces[m_made].Count() > 0; }
 
  private:
     [[nodiscard]] bool HandOver();
@@ -35,9 +37,10 @@ class CBulkInsert {
     bool GiveUp();
 
     CSqliteFile& m_file;
-    std::shared_ptr<const CStoreTable> m_table;  ///< of the rows that are made and of those under way
-    CStoredRows m_made;
-    CStoredRows m_underWay;
+    std::shared_ptr<const CStoreTable> m_table;  ///< of all rows that are made or under way
+    std::array<CStoredRows, 3> m_pieces;         ///< one that is made, and two that wait or are under way
+    std::size_t m_made = 0;
+    bool m_isUnderWay = false;
     CStoreTable::Adding m_adding;
-    CBeside m_beside;  ///< has m_underWay and m_adding; ends before them
+    CBeside m_beside;  ///< has m_adding and two of the pieces; ends before them
 };

@@ -146,9 +146,9 @@ bool CStoreTable::Fits(std::span<const FieldDef> fields) const {
 }
 
 bool CStoreTable::Prepare(CSqliteFile& file, Adding& adding) const {
-    adding = {};
+    adding.m_failed = nullptr;
     adding.m_insert = file.Prepare(m_insert);
-    if (m_hasChecks && adding.m_insert) adding.m_putCheck = file.Prepare(m_checks->PutSql());
+    adding.m_putCheck = m_hasChecks && adding.m_insert ? file.Prepare(m_checks->PutSql()) : nullptr;
     return adding.m_insert && (adding.m_putCheck || !m_hasChecks);
 }
 
@@ -171,10 +171,11 @@ void CStoreTable::Adding::Run(const CStoredRows& rows) {
 /// isn't left behind in a batch that goes on: the batch is undone, as SQLite does by itself after other
 /// failures of the disk.
 bool CStoreTable::Finish(CSqliteFile& file, Adding& adding) const {
-    if (!adding.m_failed) return true;
+    sqlite3_stmt* failed = adding.m_failed;
+    if (!failed) return true;
     file.NoteError();
-    sqlite3_reset(adding.m_failed);
-    if (adding.m_failed == adding.m_putCheck) file.Undo();
+    sqlite3_reset(failed);
+    if (failed == adding.m_putCheck) file.Undo();
     return false;
 }
 

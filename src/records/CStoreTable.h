@@ -8,6 +8,7 @@
 #include <QByteArrayList>
 #include <QString>
 #include <QStringList>
+#include <atomic>
 #include <optional>
 #include <span>
 #include <vector>
@@ -40,14 +41,17 @@ class CStoreTable {
     /// Adding rows to the table, in three steps: the one between the other two may be another thread's.
     class Adding {
      public:
-        /// Touches nothing but these statements and the rows. It ends with the first row that can't be added.
+        /// Touches nothing but these statements and the rows. It ends with the first row that can't be added,
+        /// and nothing is added after that.
         void Run(const CStoredRows& rows);
+        /// May be asked by any thread.
+        [[nodiscard]] bool HasFailed() const { return m_failed != nullptr; }
 
      private:
         friend class CStoreTable;
         sqlite3_stmt* m_insert = nullptr;
-        sqlite3_stmt* m_putCheck = nullptr;  ///< null where the table has no checksums
-        sqlite3_stmt* m_failed = nullptr;    ///< one of them
+        sqlite3_stmt* m_putCheck = nullptr;             ///< null where the table has no checksums
+        std::atomic<sqlite3_stmt*> m_failed = nullptr;  ///< one of them
     };
     /// Each is false on failure: the file has noted why.
     [[nodiscard]] bool Prepare(CSqliteFile& file, Adding& adding) const;

@@ -41,7 +41,7 @@ class CVOSrcMgr::Impl {
     [[nodiscard]] bool Settle() { return !m_bulk || m_bulk->Settle(); }
     /// Without waiting for what is on its way into it.
     [[nodiscard]] bool InTransaction() const {
-        return (m_bulk && m_bulk->IsUnderWay()) || m_file.InTransaction();
+        return (m_bulk && m_bulk->IsBusy()) || m_file.InTransaction();
     }
     [[nodiscard]] bool Insert(const Table& table, std::span<const VARIANT> values);
     [[nodiscard]] const CStoredRows& AsStored(std::span<const VARIANT> values);
