@@ -7,6 +7,7 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <utility>
 
 bool CVORecordset::TakeRecord(const CVORec& record) {
     m_fields = record.GetFieldDefs();
@@ -20,7 +21,7 @@ bool CVORecordset::TakeRecord(const CVORec& record) {
     return false;
 }
 
-bool CVORecordset::SetFieldValue(const QString& name, const VARIANT& value) {
+bool CVORecordset::SetFieldValue(const QString& name, VARIANT value) {
     // Mostly the very text of the library: it need not be read.
     const auto isNamed = [&name](const FieldDef& field) {
         const QString& text = LoadText(field.nameId);
@@ -30,7 +31,7 @@ bool CVORecordset::SetFieldValue(const QString& name, const VARIANT& value) {
     if (column >= m_fields.size() || !isNamed(m_fields[column]))
         column = static_cast<std::size_t>(std::ranges::find_if(m_fields, isNamed) - m_fields.begin());
     if (column == m_fields.size() || IsTooLong(column, value)) return false;
-    m_written[column] = value;
+    m_written[column] = std::move(value);
     m_nextColumn = column + 1;
     return true;
 }

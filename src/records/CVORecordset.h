@@ -31,7 +31,7 @@ class CVORecordset {
     [[nodiscard]] bool TakeRecord(const CVORec& record);
     /// Sets a column of the row being written, by name. False for a name that the record lacks or a text too
     /// long for it.
-    [[nodiscard]] bool SetFieldValue(const QString& name, const VARIANT& value);
+    [[nodiscard]] bool SetFieldValue(const QString& name, VARIANT value);
     /// A value of the current row.
     [[nodiscard]] VARIANT GetFieldValue(int index) const { return m_cursor.Value(index); }
     [[nodiscard]] QString GetFieldValueString(int index) const { return ToText(m_cursor.Value(index)); }

@@ -2,9 +2,11 @@
 
 #include "lang/LoadText.h"
 
-void RowWriter::Put(const VARIANT& value) {
-    m_good =
-        m_good && m_next < m_fields.size() && m_row.SetFieldValue(LoadText(m_fields[m_next].nameId), value);
+#include <utility>
+
+void RowWriter::Put(VARIANT value) {
+    m_good = m_good && m_next < m_fields.size() &&
+             m_row.SetFieldValue(LoadText(m_fields[m_next].nameId), std::move(value));
     ++m_next;
 }
 

@@ -23,7 +23,7 @@ class RowWriter {
     [[nodiscard]] bool AllSet() const { return m_good; }
 
  private:
-    void Put(const VARIANT& value);
+    void Put(VARIANT value);
     CVORecordset& m_row;
     std::span<const FieldDef> m_fields;
     std::size_t m_next = 0;
