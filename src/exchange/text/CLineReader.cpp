@@ -28,13 +28,23 @@ CLineReader::Next CLineReader::ReadLine(QString& line) {
 
 /// Where what is left of the piece ends its line, or else the end of the piece.
 qsizetype CLineReader::EndOfRun(bool& isQuoted) const {
-    qsizetype place = m_place;
-    for (; place < m_piece.size(); ++place) {
-        const QChar character = m_piece[place];
-        if (m_hasQualifier && character == m_qualifier) isQuoted = !isQuoted;
-        if (!isQuoted && EndsLine(character)) break;
+    const QStringView piece = m_piece;
+    for (qsizetype place = m_place;;) {
+        const qsizetype end = NextEnd(place);
+        const QStringView run = piece.sliced(place, std::min(end + 1, piece.size()) - place);
+        if (m_hasQualifier && std::ranges::count(run, m_qualifier) % 2 != 0) isQuoted = !isQuoted;
+        if (!isQuoted || end == piece.size()) return end;
+        place = end + 1;
     }
-    return place;
+}
+
+/// The next character that may end a line, or the end of the piece.
+qsizetype CLineReader::NextEnd(qsizetype from) const {
+    const QStringView rest = QStringView(m_piece).sliced(from);
+    const qsizetype found = rest.indexOf(m_lineEnd);
+    const qsizetype end = found < 0 ? rest.size() : found;
+    const qsizetype cr = m_endsAtCr ? rest.first(end).indexOf(u'\r') : -1;
+    return from + (cr < 0 ? end : cr);
 }
 
 /// Of a line that is too long the beginning stays.
@@ -65,8 +75,4 @@ CLineReader::Next CLineReader::EndOfText() const {
         default:
             return Next::End;
     }
-}
-
-bool CLineReader::EndsLine(QChar character) const {
-    return m_endsAtCr ? character == u'\n' || character == u'\r' : character == m_lineEnd;
 }

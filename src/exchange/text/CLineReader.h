@@ -38,8 +38,8 @@ class CLineReader {
  private:
     [[nodiscard]] bool HasCharacter();
     [[nodiscard]] Next EndOfText() const;
-    [[nodiscard]] bool EndsLine(QChar character) const;
     [[nodiscard]] qsizetype EndOfRun(bool& isQuoted) const;
+    [[nodiscard]] qsizetype NextEnd(qsizetype from) const;
     void Take(QStringView run, QString& line);
 
     CTextSource& m_source;
