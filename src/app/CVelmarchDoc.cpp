@@ -189,13 +189,16 @@ bool CVelmarchDoc::IsLoadedKind(RecordKind kind) const {
 // --- Changes: the store first, then memory, then the views
 
 bool CVelmarchDoc::AddRecord(const CVORec& record, const AddChoice& choice, QString* newId) {
-    std::unique_ptr<CVORec> clone = CloneRecord(record);
-    if (!clone) return false;
-    if (choice.identity == Identity::New) clone->GenUnique();
+    return AddRecord(CloneRecord(record), choice, newId);
+}
+
+bool CVelmarchDoc::AddRecord(std::unique_ptr<CVORec> record, const AddChoice& choice, QString* newId) {
+    if (!record) return false;
+    if (choice.identity == Identity::New) record->GenUnique();
     // A row that was taken in, and whose commit failed, is gone again.
-    if (!IsStored(m_store.InsertRecord(*clone, choice.commit))) return false;
-    const QString id = clone->GetId();
-    if (choice.hold == Hold::Yes) Accommodate(std::move(clone));
+    if (!IsStored(m_store.InsertRecord(*record, choice.commit))) return false;
+    const QString id = record->GetId();
+    if (choice.hold == Hold::Yes) Accommodate(std::move(record));
     if (newId) *newId = id;
     Announce(Hint::Added, id, choice.notify);
     return true;

@@ -103,6 +103,9 @@ class CVelmarchDoc {
     /// Adds a copy of the record, visible whatever the filter says. newId receives the identity under which
     /// it was stored.
     [[nodiscard]] bool AddRecord(const CVORec& record, const AddChoice& choice, QString* newId = nullptr);
+    /// Adds the record itself.
+    [[nodiscard]] bool AddRecord(std::unique_ptr<CVORec> record, const AddChoice& choice,
+                                 QString* newId = nullptr);
     /// After a failure the visible record shows the change that could not be stored, until the next reload.
     [[nodiscard]] bool ModifyRecord(const CVORec& record, const QString& id, const ModifyChoice& choice);
     [[nodiscard]] bool DeleteRecord(RecordKind kind, const QString& id, Notify notify);

@@ -170,7 +170,7 @@ void CRecordChanges::WalkSource(CRecordSource& source, Hold hold, Outcome& outco
         if (next == CRecordSource::Next::End) return;
         QString id;
         if (next == CRecordSource::Next::Failed ||
-            !m_context.document.AddRecord(source.Record(), {notify, ::Commit::Later, Identity::New, hold},
+            !m_context.document.AddRecord(source.TakeRecord(), {notify, ::Commit::Later, Identity::New, hold},
                                           &id)) {
             outcome = Outcome::Failed(Outcome::Failure::Record);
             return;

@@ -31,8 +31,8 @@ class CRecordSource {
 
     virtual ~CRecordSource() = default;
     [[nodiscard]] virtual Next Read() = 0;
-    /// The one that was read last.
-    [[nodiscard]] virtual const CVORec& Record() const = 0;
+    /// The one that was read last, once.
+    [[nodiscard]] virtual std::unique_ptr<CVORec> TakeRecord() = 0;
     /// It was written, under this identity. None of them is stored before all are.
     virtual void NoteAdded(const QString& id) = 0;
     /// After the last: what goes into the pick lists with them, as far as the lists take it.

@@ -94,10 +94,17 @@ void CRecordImport::CListTexts::Add(const CVORec& record) {
         const int list = column.field->list;
         if (list == ListId::kNone) continue;
         const QString text = TextOf(record, *column.field);
-        if (text.isEmpty() || text.size() > kTextLength || m_known.contains({list, text})) continue;
-        m_known.insert({list, text});
-        if (list != ListId::kDistance || !IsKnownDistance(text)) m_texts.push_back({list, text});
+        static_cast<void>(m_met[list].Get(text, [&] {
+            AddText(list, text);
+            return true;
+        }));
     }
+}
+
+void CRecordImport::CListTexts::AddText(int list, const QString& text) {
+    if (text.isEmpty() || text.size() > kTextLength || m_known.contains({list, text})) return;
+    m_known.insert({list, text});
+    if (list != ListId::kDistance || !IsKnownDistance(text)) m_texts.push_back({list, text});
 }
 
 // --- Storing
@@ -123,7 +130,7 @@ class CRecordImport::CSource final : public CRecordSource {
         }
         return m_import.m_file.HasChanged() ? Changed() : Next::End;
     }
-    [[nodiscard]] const CVORec& Record() const override { return m_lines.Record(); }
+    [[nodiscard]] std::unique_ptr<CVORec> TakeRecord() override { return m_lines.TakeRecord(); }
     void NoteAdded(const QString& id) override {
         if (m_added) m_added(id);
     }

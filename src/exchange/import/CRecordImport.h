@@ -5,10 +5,12 @@
 #include "exchange/import/CRecordLines.h"
 #include "exchange/import/CStoredContents.h"
 #include "exchange/text/CTextFile.h"
+#include "records/TextAddressCache.h"
 
 #include <QSet>
 #include <QStringList>
 #include <functional>
+#include <map>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -86,8 +88,12 @@ class CRecordImport {
         [[nodiscard]] std::vector<ListText> Take() { return std::exchange(m_texts, {}); }
 
      private:
+        /// The texts that were met last, by where they lie: most are met again and again.
+        using Met = TextAddressCache<bool, 1024>;
+        void AddText(int list, const QString& text);
         [[nodiscard]] bool IsKnownDistance(const QString& text);
 
+        std::map<int, Met> m_met;  ///< by list
         std::vector<ListText> m_texts;
         QSet<std::pair<int, QString>> m_known;
         QSet<float> m_distances;

@@ -5,6 +5,7 @@
 #include "records/CVORec.h"
 
 #include <memory>
+#include <utility>
 
 /// The records of a text, line by line. A head line is passed over; where it begins with a column of numbers
 /// each line loses its first field. An empty line ends the text.
@@ -29,6 +30,8 @@ class CRecordLines {
     [[nodiscard]] RefusedLine AsRefused() const;
     /// After Record, and after a refusal with the code Parsed.
     [[nodiscard]] const CVORec& Record() const { return *m_record; }
+    /// The same, for the caller to keep.
+    [[nodiscard]] std::unique_ptr<CVORec> TakeRecord() { return std::move(m_record); }
     /// What of that line isn't read as it is written.
     [[nodiscard]] const Misreadings& Misread() const { return m_values.Misread(); }
 

@@ -2,6 +2,9 @@
 
 #include "ImportHome.h"
 #include "exchange/import/CLineQuestion.h"
+#include "exchange/text/TextColumns.h"
+#include "fields/FieldValue.h"
+#include "platform/sqlite/CSqliteFile.h"
 #include "support/TestProgram.h"
 
 #include <QTest>
@@ -20,6 +23,15 @@ QByteArray TimeLine(int day, const QByteArray& item, const QByteArray& notes = {
 QByteArray ExpenseLine(int day, const QByteArray& item) {
     return "11/" + QByteArray::number(day) + "/2026," + item +
            ",,,n/a,n/a,n/a,n/a,,,12.50,No,No,No,No,No,note\n";
+}
+
+/// All that lists and dialogs show of a time.
+QStringList TextsOf(const CTRecord& record) {
+    QStringList texts{record.rate.text, record.amount.text};
+    for (const SpanField* span : {&record.spans.duration, &record.spans.breakTime, &record.spans.effective})
+        texts << span->clockText << span->decimal.text;
+    for (const TextColumn& column : TextColumnsOf(RecordKind::Time)) texts << TextOf(record, *column.field);
+    return texts;
 }
 
 QString Refused(const ImportPlan& plan) {
@@ -119,6 +131,58 @@ class TestCRecordImport final : public QObject {
         const ImportPlan plan = fixture->Look(import);
         QCOMPARE(plan.records, 25);
         QCOMPARE(plan.samples.size(), std::size_t{20});
+    }
+
+    /// One text may belong to several lists, whichever of them meets it first.
+    void aTextOfTwoLists() {
+        fixture->Open("11/1/2026,09:00 AM,10:00 AM,1,,Acme,Acme,,,,,,No,No,\n");
+        CRecordImport import = fixture->Importing(ImportHome::Request());
+        const std::vector<ListText> texts = fixture->Look(import).listTexts;
+        QCOMPARE(texts.size(), std::size_t{2});
+        QVERIFY(texts[0].list != texts[1].list);
+        QCOMPARE(texts[0].text, u"Acme"_s);
+        QCOMPARE(texts[1].text, u"Acme"_s);
+    }
+
+    void whatIsHeldIsWhatIsStored_data() {
+        QTest::addColumn<QByteArray>("fields");
+        QTest::newRow("all of them") << QByteArray("09:00 AM,10:15 AM,1.25,0:15,A,,,,80,80.00,,Yes,No,note");
+        QTest::newRow("a rate alone") << QByteArray("09:00 AM,10:15 AM,1.25,,A,,,,80.126,,,Yes,No,");
+        QTest::newRow("no times") << QByteArray(",,2.5,,A,,,,,20,,Yes,Yes,");
+        QTest::newRow("nothing") << QByteArray(",,,,A,,,,,,,No,No,");
+    }
+    /// Rounded and composed alike: no text changes when the records are read anew.
+    void whatIsHeldIsWhatIsStored() {
+        QFETCH(QByteArray, fields);
+        fixture->home.document->LoadRecords(RecordKind::Time);
+        fixture->Open("11/1/2026," + fields + "\n");
+        CRecordImport import = fixture->Importing(ImportHome::Request());
+        const Outcome outcome = import.Run(fixture->Look(import), fixture->changes, Hold::Yes, {});
+        QCOMPARE(outcome.ids.size(), 1);
+        const auto texts = [&] {
+            const CTRecord* held = fixture->home.document->FindTime(outcome.ids.front());
+            return held ? TextsOf(*held) : QStringList();
+        };
+        const QStringList before = texts();
+        QVERIFY(!before.isEmpty());
+        fixture->home.document->LoadRecords(RecordKind::Time);
+        QCOMPARE(before, texts());
+    }
+
+    /// The reason is told once, in its own words.
+    void aFullStore() {
+        QByteArray content;
+        for (int i = 0; i < 2000; ++i) content += TimeLine(1 + i % 28, "A", QByteArray(200, 'n'));
+        fixture->Open(content);
+        CRecordImport import = fixture->Importing(ImportHome::Request());
+        const ImportPlan plan = fixture->Look(import);
+        QVERIFY(fixture->home.store->Manager().File().Execute("PRAGMA max_page_count=60"));
+        fixture->home.prompt.ExpectTold(Text::InsertFailed);
+        const Outcome outcome = import.Run(plan, fixture->changes, Hold::No, {});
+        QVERIFY(outcome.failure == Outcome::Failure::Record);
+        QVERIFY(outcome.commit == CommitEnd::Undone);
+        QVERIFY(fixture->home.prompt.told.front().contains(u"full"_s));
+        QCOMPARE(fixture->Stored(), std::size_t{0});
     }
 
     void viewsHearOnce() {
