@@ -169,10 +169,16 @@ class TestCRecordImport final : public QObject {
         QCOMPARE(before, texts());
     }
 
+    void aFullStore_data() {
+        QTest::addColumn<int>("count");
+        QTest::newRow("met with the last record") << 400;
+        QTest::newRow("met on the way") << 2000;
+    }
     /// The reason is told once, in its own words.
     void aFullStore() {
+        QFETCH(int, count);
         QByteArray content;
-        for (int i = 0; i < 2000; ++i) content += TimeLine(1 + i % 28, "A", QByteArray(200, 'n'));
+        for (int i = 0; i < count; ++i) content += TimeLine(1 + i % 28, "A", QByteArray(700, 'n'));
         fixture->Open(content);
         CRecordImport import = fixture->Importing(ImportHome::Request());
         const ImportPlan plan = fixture->Look(import);
