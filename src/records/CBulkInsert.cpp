@@ -28,12 +28,18 @@ bool CBulkInsert::Settle() {
 
 bool CBulkInsert::HandOver() {
     if (m_isUnderWay && m_adding.HasFailed()) return Finish();
-    if (!m_isUnderWay && !m_table->Prepare(m_file, m_adding)) return GiveUp();
-    m_isUnderWay = true;
-    m_file.Lend(true);
+    if (!m_isUnderWay && !Begin()) return GiveUp();
     m_beside.Start([this, &piece = m_pieces[m_made]] { m_adding.Run(piece); });
     m_made = (m_made + 1) % m_pieces.size();
     m_pieces[m_made].Clear();
+    return true;
+}
+
+/// The file isn't this thread's own from here on.
+bool CBulkInsert::Begin() {
+    if (!m_table->Prepare(m_file, m_adding)) return false;
+    m_isUnderWay = true;
+    m_file.Lend(true);
     return true;
 }
 

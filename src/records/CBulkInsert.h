@@ -33,6 +33,7 @@ class CBulkInsert {
 
  private:
     [[nodiscard]] bool HandOver();
+    [[nodiscard]] bool Begin();
     [[nodiscard]] bool Finish();
     bool GiveUp();
 
